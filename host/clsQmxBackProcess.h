@@ -1,0 +1,63 @@
+// The service object: what a module creates to have the back process at hand. It holds almost nothing; it ties its
+// client to the process's one main form, prepares the process-wide settings, passes commands on and relays the form's
+// notifications. The COM edge wraps it; it knows nothing of COM itself.
+//
+// All members run on the thread that owns the main form. An instance must be terminated before it is destroyed.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "runtime/Text.h"
+
+namespace host {
+
+using runtime::String;
+using runtime::StringView;
+
+class frmBackProcessMain;
+
+class clsQmxBackProcess {
+   public:
+    /// Raises the instance's event at its client. Both strings are by reference: what the client changes goes on to
+    /// the next one. An error of the client is thrown after all of the instance's sinks were told.
+    using NotifyServerEvent = std::function<void(String& Aname, String& sCommand)>;
+
+    /// Creates or links to the main form, without loading it, and publishes the settings. An error (kernel, settings)
+    /// leaves no instance behind.
+    explicit clsQmxBackProcess(NotifyServerEvent notifyServer);
+    clsQmxBackProcess(const clsQmxBackProcess&) = delete;
+    clsQmxBackProcess& operator=(const clsQmxBackProcess&) = delete;
+    ~clsQmxBackProcess();
+
+    /// Unloads the shared main form while the event still reaches the client, then cuts the link. Runs once; a
+    /// second call does nothing. Errors of the unload are thrown.
+    void Terminate();
+
+    /// Brings the main form up hidden; True when it had to. Never fails. `iMode` is not used.
+    bool Load(std::int16_t& iMode);
+    /// Hands `sCommand` to the main form's command interpreter unless it is empty; `Aname` is not used.
+    /// Error 91 after Terminate.
+    void NotifyMe(String& Aname, String& sCommand);
+    /// Always empty, and forgets the stored value.
+    String SeverPath();
+    void SetSeverPath(StringView value);
+
+    /// The folder of the suite's INI file, ending in a backslash.
+    const String& SystemFolder() const { return systemFolder_; }
+    /// The file named on the host's command line, or empty.
+    const String& StartFile() const { return startFile_; }
+
+   private:
+    class Link;
+
+    void ParseCommandLine();
+    void TakeCommandLinePiece(const String& piece);
+
+    std::shared_ptr<Link> link_;
+    String systemFolder_;
+    String startFile_;
+};
+
+}  // namespace host

@@ -1,0 +1,26 @@
+// The suite's shared reader of settings and localised texts, as this component calls it.
+#pragma once
+
+#include "kernel_api/Kernel.h"
+
+namespace kernel_api {
+
+class Reader {
+   public:
+    virtual ~Reader() = default;
+
+    /// Leaves `folder` ending in one backslash: appends it only when it is missing. The reader looks for the suite's
+    /// INI file there from now on.
+    virtual void NormaliseFolder(String& folder) = 0;
+    /// The setting `key` of `application`, or `defaultValue` when it is absent.
+    virtual String GetSetting(StringView application, StringView key, StringView defaultValue) = 0;
+    /// The text at `pointer`, converted from the system's ANSI code page; "" for 0.
+    virtual String TextAt(TextPointer pointer) = 0;
+};
+
+/// The reader in use. Error 91 before one was chosen.
+Reader& CurrentReader();
+/// Chooses the reader; null takes the choice back. The caller keeps ownership.
+void UseReader(Reader* reader);
+
+}  // namespace kernel_api

@@ -1,0 +1,47 @@
+#include "runtime/Error.h"
+
+#include <utility>
+
+namespace runtime {
+namespace {
+
+struct Entry {
+    std::int32_t number;
+    StringView description;
+};
+
+constexpr Entry kDescriptions[] = {
+    {kInvalidProcedureCall, u"Invalid procedure call or argument"},
+    {kOverflow, u"Overflow"},
+    {kOutOfMemory, u"Out of memory"},
+    {kSubscriptOutOfRange, u"Subscript out of range"},
+    {kTypeMismatch, u"Type mismatch"},
+    {kErrorInLoadingDll, u"Error in loading DLL"},
+    {kInternalError, u"Internal error"},
+    {kFileNotFound, u"File not found"},
+    {kDeviceUnavailable, u"Device unavailable"},
+    {kPathFileAccessError, u"Path/File access error"},
+    {kPathNotFound, u"Path not found"},
+    {kObjectVariableNotSet, u"Object variable or With block variable not set"},
+    {kObjectWasUnloaded, u"Object was unloaded"},
+    {kInvalidPropertyValue, u"Invalid property value"},
+    {kMoveWhileMinimisedOrMaximised, u"A form can't be moved or sized while minimized or maximized"},
+    {kPropertyNotSupported, u"Object doesn't support this property or method"},
+    {kDllEntryPointNotFound, u"Can't find DLL entry point"},
+};
+
+}  // namespace
+
+String StandardDescription(std::int32_t number) {
+    for (const Entry& entry : kDescriptions) {
+        if (entry.number == number) return String(entry.description);
+    }
+    return u"Application-defined or object-defined error";
+}
+
+Error::Error(std::int32_t number) : Error(number, StandardDescription(number)) {}
+
+Error::Error(std::int32_t number, String description)
+    : number_(number), description_(std::move(description)), utf8_(ToUtf8(description_)) {}
+
+}  // namespace runtime

@@ -1,0 +1,65 @@
+// Run-time errors: a number and a description, as the classic BASIC forms runtime has them. They are thrown
+// where a caller cannot reasonably go on, and cross the component's edge as HRESULT 0x800A0000 + number.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+
+#include "runtime/Text.h"
+
+namespace runtime {
+
+/// The error numbers in use. The descriptions stand in one table in Error.cpp.
+enum ErrorNumber : std::int32_t {
+    kInvalidProcedureCall = 5,
+    kOverflow = 6,
+    kOutOfMemory = 7,
+    kSubscriptOutOfRange = 9,
+    kTypeMismatch = 13,
+    kErrorInLoadingDll = 48,
+    kInternalError = 51,
+    kFileNotFound = 53,
+    kDeviceUnavailable = 68,
+    kPathFileAccessError = 75,
+    kPathNotFound = 76,
+    kObjectVariableNotSet = 91,
+    kObjectWasUnloaded = 364,
+    kInvalidPropertyValue = 380,
+    kMoveWhileMinimisedOrMaximised = 384,
+    kPropertyNotSupported = 438,
+    kDllEntryPointNotFound = 453,
+    /// The suite's silent error: leaves a routine through its handler without any message.
+    kSilent = 9999,
+};
+
+class Error : public std::exception {
+   public:
+    /// With the standard description of `number`.
+    explicit Error(std::int32_t number);
+    Error(std::int32_t number, String description);
+
+    std::int32_t Number() const noexcept { return number_; }
+    const String& Description() const noexcept { return description_; }
+    /// The description in UTF-8.
+    const char* what() const noexcept override { return utf8_.c_str(); }
+
+   private:
+    std::int32_t number_;
+    String description_;
+    std::string utf8_;
+};
+
+/// The standard description of `number`; "Application-defined or object-defined error" for one that has none.
+String StandardDescription(std::int32_t number);
+
+/// Runs `statement` and skips its error, as a routine does that ignores errors statement by statement.
+template <typename Statement>
+void SkipError(Statement&& statement) {
+    try {
+        statement();
+    } catch (const std::exception&) {
+        // Ignored on purpose: the routine goes on with its next statement.
+    }
+}
+
+}  // namespace runtime

@@ -1,0 +1,73 @@
+// Owners of platform handles: closed exactly once, moved, never copied.
+#pragma once
+
+#include <utility>
+
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace runtime::win32 {
+
+/// Owns a handle. The policy gives its type, its invalid value and how to close it.
+template <typename Policy>
+class UniqueHandle {
+   public:
+    using Type = typename Policy::Type;
+
+    UniqueHandle() = default;
+    explicit UniqueHandle(Type handle) noexcept : handle_(handle) {}
+    UniqueHandle(UniqueHandle&& other) noexcept : handle_(other.Release()) {}
+    UniqueHandle& operator=(UniqueHandle&& other) noexcept {
+        if (this != &other) Reset(other.Release());
+        return *this;
+    }
+    ~UniqueHandle() { Reset(); }
+
+    Type Get() const noexcept { return handle_; }
+    explicit operator bool() const noexcept { return handle_ != Policy::Invalid(); }
+    Type Release() noexcept { return std::exchange(handle_, Policy::Invalid()); }
+    void Reset(Type handle = Policy::Invalid()) noexcept {
+        const Type old = std::exchange(handle_, handle);
+        if (old != Policy::Invalid()) Policy::Close(old);
+    }
+
+   private:
+    Type handle_ = Policy::Invalid();
+};
+
+struct KernelHandlePolicy {
+    using Type = HANDLE;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { CloseHandle(handle); }
+};
+/// Mutexes, sections, events, processes, threads.
+using KernelHandle = UniqueHandle<KernelHandlePolicy>;
+
+struct FileHandlePolicy {
+    using Type = HANDLE;
+    static Type Invalid() noexcept { return INVALID_HANDLE_VALUE; }
+    static void Close(Type handle) noexcept { CloseHandle(handle); }
+};
+using FileHandle = UniqueHandle<FileHandlePolicy>;
+
+struct FindHandlePolicy {
+    using Type = HANDLE;
+    static Type Invalid() noexcept { return INVALID_HANDLE_VALUE; }
+    static void Close(Type handle) noexcept { FindClose(handle); }
+};
+using FindHandle = UniqueHandle<FindHandlePolicy>;
+
+struct LibraryPolicy {
+    using Type = HMODULE;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { FreeLibrary(handle); }
+};
+using Library = UniqueHandle<LibraryPolicy>;
+
+struct RegistryKeyPolicy {
+    using Type = HKEY;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { RegCloseKey(handle); }
+};
+using RegistryKey = UniqueHandle<RegistryKeyPolicy>;
+
+}  // namespace runtime::win32
