@@ -5,8 +5,8 @@ add_library(project_options INTERFACE)
 target_compile_features(project_options INTERFACE cxx_std_20)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(project_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Wcast-qual -Wunused -Woverloaded-virtual
-    -Werror)
+    -Wall -Wextra -Wpedantic -Wshadow -Wcast-qual -Wunused -Werror
+    $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual>)
 if(WIN32)
     # Windows 7 is the oldest system served; the wide functions are the only ones called without a suffix.
     target_compile_definitions(project_options INTERFACE
@@ -17,6 +17,10 @@ if(K4T_SANITIZE)
     # Also for the test framework, so that the whole process is instrumented alike.
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
+endif()
+if(K4T_FUZZ)
+    # The libraries must tell the fuzzer which of their branches an input took.
+    add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 if(K4T_COVERAGE)
     add_compile_options(--coverage)

@@ -19,7 +19,7 @@ using runtime::StringView;
 class frmBackProcessMain;
 
 class clsQmxBackProcess {
-   public:
+ public:
     /// Raises the instance's event at its client. Both strings are by reference: what the client changes goes on to
     /// the next one. An error of the client is thrown after all of the instance's sinks were told.
     using NotifyServerEvent = std::function<void(String& Aname, String& sCommand)>;
@@ -37,8 +37,7 @@ class clsQmxBackProcess {
 
     /// Brings the main form up hidden; True when it had to. Never fails. `iMode` is not used.
     bool Load(std::int16_t& iMode);
-    /// Hands `sCommand` to the main form's command interpreter unless it is empty; `Aname` is not used.
-    /// Error 91 after Terminate.
+    /// Accepts a command for this component. An empty one does nothing; `Aname` is not used. Error 91 after Terminate.
     void NotifyMe(String& Aname, String& sCommand);
     /// Always empty, and forgets the stored value.
     String SeverPath();
@@ -49,13 +48,13 @@ class clsQmxBackProcess {
     /// The file named on the host's command line, or empty.
     const String& StartFile() const { return startFile_; }
 
-   private:
+ private:
     class Link;
 
     void ParseCommandLine();
-    void TakeCommandLinePiece(const String& piece);
 
-    std::shared_ptr<Link> link_;
+    std::unique_ptr<Link> link_;
+    bool terminating_ = false;
     String systemFolder_;
     String startFile_;
 };

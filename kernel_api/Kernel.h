@@ -16,7 +16,7 @@ using runtime::StringView;
 using TextPointer = std::intptr_t;
 
 class Kernel {
-   public:
+ public:
     virtual ~Kernel() = default;
 
     /// Stores `value` under `key` for all modules. Both cross as ANSI; the kernel may rewrite the value in place, and

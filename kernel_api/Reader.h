@@ -6,7 +6,7 @@
 namespace kernel_api {
 
 class Reader {
-   public:
+ public:
     virtual ~Reader() = default;
 
     /// Leaves `folder` ending in one backslash: appends it only when it is missing. The reader looks for the suite's
@@ -14,6 +14,8 @@ class Reader {
     virtual void NormaliseFolder(String& folder) = 0;
     /// The setting `key` of `application`, or `defaultValue` when it is absent.
     virtual String GetSetting(StringView application, StringView key, StringView defaultValue) = 0;
+    /// The text under `textId` in the current language, or `defaultText`.
+    virtual String GetText(StringView defaultText, StringView textId) = 0;
     /// The text at `pointer`, converted from the system's ANSI code page; "" for 0.
     virtual String TextAt(TextPointer pointer) = 0;
 };

@@ -33,7 +33,7 @@ enum ErrorNumber : std::int32_t {
 };
 
 class Error : public std::exception {
-   public:
+ public:
     /// With the standard description of `number`.
     explicit Error(std::int32_t number);
     Error(std::int32_t number, String description);
@@ -43,7 +43,7 @@ class Error : public std::exception {
     /// The description in UTF-8.
     const char* what() const noexcept override { return utf8_.c_str(); }
 
-   private:
+ private:
     std::int32_t number_;
     String description_;
     std::string utf8_;

@@ -17,7 +17,7 @@ struct FileStamp {
 };
 
 class FilesPort {
-   public:
+ public:
     virtual ~FilesPort() = default;
 
     /// The current folder of the process, and of its current drive.

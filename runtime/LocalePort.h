@@ -8,7 +8,7 @@
 namespace runtime {
 
 class LocalePort {
-   public:
+ public:
     virtual ~LocalePort() = default;
 
     /// Bytes in the system's ANSI code page; a character that it lacks becomes its default character ('?').

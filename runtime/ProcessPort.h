@@ -9,12 +9,12 @@ namespace runtime {
 
 /// Holds the claim of being the first instance; gives it up when destroyed.
 class InstanceClaim {
-   public:
+ public:
     virtual ~InstanceClaim() = default;
 };
 
 class ProcessPort {
-   public:
+ public:
     virtual ~ProcessPort() = default;
 
     /// The arguments of the host's command line as they were given, without the program's own path.

@@ -8,7 +8,7 @@
 namespace runtime {
 
 class SettingsPort {
-   public:
+ public:
     virtual ~SettingsPort() = default;
 
     /// None when the setting is absent.

@@ -30,7 +30,9 @@ TEST(Utf8, RoundTripsEveryLengthOfSequence) {
 
 TEST(Utf8, ReplacesLoneSurrogates) {
     const String lone = {u'a', char16_t{0xD800}, u'b', char16_t{0xDC00}};
-    EXPECT_EQ(ToUtf8(lone), "a\xEF\xBF\xBD" "b\xEF\xBF\xBD");
+    EXPECT_EQ(ToUtf8(lone),
+              "a\xEF\xBF\xBD"
+              "b\xEF\xBF\xBD");
 }
 
 TEST(Utf8, ReplacesWhatIsNotUtf8ByteByByte) {
@@ -39,7 +41,10 @@ TEST(Utf8, ReplacesWhatIsNotUtf8ByteByByte) {
     EXPECT_EQ(FromUtf8("\xC0\x80"), u"\uFFFD\uFFFD");
     EXPECT_EQ(FromUtf8("\xED\xA0\x80"), u"\uFFFD\uFFFD\uFFFD");
     EXPECT_EQ(FromUtf8("\xF4\x90\x80\x80"), u"\uFFFD\uFFFD\uFFFD\uFFFD");
-    EXPECT_EQ(FromUtf8("\xE6\x96" "a"), u"\uFFFD\uFFFD" u"a");
+    EXPECT_EQ(FromUtf8("\xE6\x96"
+                       "a"),
+              u"\uFFFD\uFFFD"
+              u"a");
 }
 
 TEST(Utf8, KeepsNul) {

@@ -10,7 +10,7 @@ namespace runtime::win32 {
 /// Owns a handle. The policy gives its type, its invalid value and how to close it.
 template <typename Policy>
 class UniqueHandle {
-   public:
+ public:
     using Type = typename Policy::Type;
 
     UniqueHandle() = default;
@@ -30,7 +30,7 @@ class UniqueHandle {
         if (old != Policy::Invalid()) Policy::Close(old);
     }
 
-   private:
+ private:
     Type handle_ = Policy::Invalid();
 };
 

@@ -11,12 +11,24 @@ namespace runtime::win32 {
 static_assert(sizeof(wchar_t) == sizeof(char16_t), "the platform's wide characters are UTF-16 units");
 
 /// `text` as the platform's functions take it; it must be zero-terminated where they want that.
-inline const wchar_t* Wide(const char16_t* text) { return reinterpret_cast<const wchar_t*>(text); }
-inline const wchar_t* Wide(const String& text) { return Wide(text.c_str()); }
-inline wchar_t* Wide(char16_t* text) { return reinterpret_cast<wchar_t*>(text); }
+inline const wchar_t* Wide(const char16_t* text) {
+    return reinterpret_cast<const wchar_t*>(text);
+}
+inline const wchar_t* Wide(const String& text) {
+    return Wide(text.c_str());
+}
+inline wchar_t* Wide(char16_t* text) {
+    return reinterpret_cast<wchar_t*>(text);
+}
 
-inline const char16_t* Narrowed(const wchar_t* text) { return reinterpret_cast<const char16_t*>(text); }
-inline String ToString(const wchar_t* text, std::size_t length) { return String(Narrowed(text), length); }
-inline String ToString(const wchar_t* text) { return String(Narrowed(text)); }
+inline const char16_t* Narrowed(const wchar_t* text) {
+    return reinterpret_cast<const char16_t*>(text);
+}
+inline String ToString(const wchar_t* text, std::size_t length) {
+    return String(Narrowed(text), length);
+}
+inline String ToString(const wchar_t* text) {
+    return String(Narrowed(text));
+}
 
 }  // namespace runtime::win32

@@ -1,0 +1,13 @@
+// The one place that chooses what the component runs on: the back ends of the forms runtime, the suite's kernel and
+// its reader.
+#pragma once
+
+namespace host {
+
+/// Composes the process once; later calls do nothing. `module` is the component's own module handle (HINSTANCE).
+void EnsureComposed(void* module);
+
+/// Takes the composition back: window classes are unregistered, libraries released. No form may be loaded.
+void Decompose();
+
+}  // namespace host

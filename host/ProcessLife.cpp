@@ -1,0 +1,45 @@
+#include "host/ProcessLife.h"
+
+#include <memory>
+
+#include "host/frmBackProcessMain.h"
+#include "routing/FieldSplitter.h"
+#include "routing/ModuleList.h"
+#include "runtime/Form.h"
+#include "runtime/LoadedForms.h"
+#include "services/NumberFormats.h"
+#include "services/ProcessValues.h"
+
+namespace host {
+namespace {
+
+std::unique_ptr<frmBackProcessMain> mainForm;
+
+}  // namespace
+
+frmBackProcessMain& MainForm() {
+    if (!mainForm) mainForm = std::make_unique<frmBackProcessMain>();
+    return *mainForm;
+}
+
+bool MainFormExists() {
+    return mainForm != nullptr;
+}
+
+std::size_t LoadedWindowCount() {
+    return runtime::LoadedForms().Count();
+}
+
+void ForgetForms() {
+    while (LoadedWindowCount() > 0) runtime::LoadedForms().At(LoadedWindowCount() - 1).Forget();
+}
+
+void ReleaseProcess() {
+    mainForm.reset();
+    services::processValues = {};
+    services::numberFormats = {};
+    routing::ResetModuleList();
+    routing::ResetFieldSplitter();
+}
+
+}  // namespace host

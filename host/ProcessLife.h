@@ -1,0 +1,23 @@
+// The process-wide main form, and what of the component is alive in this process.
+#pragma once
+
+#include <cstddef>
+
+namespace host {
+
+class frmBackProcessMain;
+
+/// The process's main form, created (not loaded) by the first call.
+frmBackProcessMain& MainForm();
+bool MainFormExists();
+
+/// How many forms have a window: while it is not 0 the component must stay in memory.
+std::size_t LoadedWindowCount();
+
+/// The thread that owned the forms has ended: none is loaded any more.
+void ForgetForms();
+
+/// Puts every process-wide value of the component back to its start value. No form may be loaded.
+void ReleaseProcess();
+
+}  // namespace host

@@ -1,0 +1,109 @@
+#include "host/clsQmxBackProcess.h"
+
+#include <exception>
+#include <utility>
+
+#include "host/HostCommandLine.h"
+#include "host/ProcessLife.h"
+#include "host/frmBackProcessMain.h"
+#include "kernel_api/Kernel.h"
+#include "kernel_api/Reader.h"
+#include "routing/ModuleList.h"
+#include "runtime/Error.h"
+#include "runtime/Screen.h"
+#include "services/NumberFormats.h"
+#include "services/ProcessValues.h"
+#include "services/modReg.h"
+
+namespace host {
+namespace {
+
+using runtime::SkipError;
+
+constexpr StringView kIniFileName = u"MARLENTO.INI";
+
+void SetKernelString(StringView key, String value) {
+    kernel_api::CurrentKernel().E_SetString(key, value);
+}
+
+}  // namespace
+
+/// What ties an instance to the main form: as long as it lives, the form's event reaches the instance's client.
+class clsQmxBackProcess::Link {
+ public:
+    Link(frmBackProcessMain& mainForm, NotifyServerEvent notifyServer)
+        : form(mainForm), connection_(mainForm.NotifyClass().Connect(std::move(notifyServer))) {}
+
+    frmBackProcessMain& form;
+
+ private:
+    frmBackProcessMain::NotifyClassEvent::Connection connection_;
+};
+
+clsQmxBackProcess::clsQmxBackProcess(NotifyServerEvent notifyServer)
+    : link_(std::make_unique<Link>(MainForm(), std::move(notifyServer))) {
+    SetKernelString(u"INITBP", u"INIT");
+    services::InitNumberFormats();
+    services::processValues.moduleName.clear();
+    ParseCommandLine();
+    kernel_api::CurrentReader().NormaliseFolder(systemFolder_);
+    SetKernelString(u"IniFile", systemFolder_ + String(kIniFileName));
+    services::processValues.installFolder = services::GetInstallFolder();
+    services::LoadDirectories();
+    services::LoadProductIdentity();
+}
+
+clsQmxBackProcess::~clsQmxBackProcess() = default;
+
+void clsQmxBackProcess::ParseCommandLine() {
+    HostCommandLine given = ReadHostCommandLine();
+    systemFolder_ = std::move(given.systemFolder);
+    startFile_ = std::move(given.startFile);
+}
+
+bool clsQmxBackProcess::Load(std::int16_t& /*iMode*/) {
+    bool broughtUp = false;
+    SkipError([] { runtime::SetMousePointer(runtime::kHourglassPointer); });
+    SkipError([&] {
+        if (!link_) throw runtime::Error(runtime::kObjectVariableNotSet);
+        frmBackProcessMain& form = link_->form;
+        if (routing::IsFormShown(form)) return;
+        SkipError([&] { form.SetState(runtime::WindowState::kMinimised); });
+        SkipError([&] { form.SetVisible(false); });
+        SkipError([&] { form.Hide(); });
+        broughtUp = true;
+    });
+    SkipError([] { runtime::SetMousePointer(runtime::kDefaultPointer); });
+    return broughtUp;
+}
+
+void clsQmxBackProcess::NotifyMe(String& /*Aname*/, String& sCommand) {
+    if (sCommand.empty()) return;
+    if (!link_) throw runtime::Error(runtime::kObjectVariableNotSet);
+}
+
+String clsQmxBackProcess::SeverPath() {
+    services::processValues.serverPath.clear();
+    return {};
+}
+
+void clsQmxBackProcess::SetSeverPath(StringView value) {
+    services::processValues.serverPath = value;
+}
+
+void clsQmxBackProcess::Terminate() {
+    if (!link_ || terminating_) return;
+    terminating_ = true;
+    std::exception_ptr error;
+    try {
+        link_->form.Unload();
+    } catch (...) {
+        error = std::current_exception();
+    }
+    link_.reset();
+    // Also after an error, a failing client's say: the suite must not take this process for a running one.
+    SetKernelString(u"INITBP", u"TERM");
+    if (error) std::rethrow_exception(error);
+}
+
+}  // namespace host

@@ -1,0 +1,407 @@
+// The service object: creation, command line, Load, events and destruction.
+#include "host/clsQmxBackProcess.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/frmBackProcessMain.h"
+#include "runtime/Screen.h"
+#include "services/NumberFormats.h"
+#include "services/ProcessValues.h"
+#include "tests/support/ComponentFixture.h"
+
+namespace host {
+namespace {
+
+using services::processValues;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// Makes instances numbered from 1 that note what they hear as "1 MODULE|COMMAND".
+template <typename Base>
+class ServiceObjectOver : public Base {
+ protected:
+    std::unique_ptr<clsQmxBackProcess> Make() {
+        const std::string number = std::to_string(++made_);
+        return std::make_unique<clsQmxBackProcess>([this, number](String& module, String& command) {
+            heard_.push_back(number + " " + runtime::ToUtf8(module) + "|" + runtime::ToUtf8(command));
+        });
+    }
+    bool Load(clsQmxBackProcess& object) {
+        std::int16_t mode = 3;
+        return object.Load(mode);
+    }
+
+    int made_ = 0;
+    std::vector<std::string> heard_;
+};
+
+using Creation = ServiceObjectOver<tests::HeadlessComponentTest>;
+
+TEST_F(Creation, MakesTheMainFormWithoutLoadingItAndSharesIt) {
+    EXPECT_FALSE(MainFormExists());
+    const auto first = Make();
+    EXPECT_TRUE(MainFormExists());
+    const auto* form = &MainForm();
+    const auto second = Make();
+    EXPECT_EQ(&MainForm(), form);
+    EXPECT_EQ(LoadedWindowCount(), 0u);
+}
+
+TEST_F(Creation, TakesItsStepsInOrder) {
+    memory_.process.SetComponentFolder(u"C:\\Pelorix");
+    const auto object = Make();
+    EXPECT_THAT(kernel_.Log(),
+                ElementsAre("E_SetString(INITBP, INIT)", "E_SetString(IniFile, C:\\Pelorix\\sys\\MARLENTO.INI)",
+                            "E_GetString(PRODUCT_NAME)", "E_GetString(PRODUCT_NAME)", "E_GetString(PRODUCT_NAME)",
+                            "E_SetString(JobDir, C:\\\\JOB)", "E_SetString(LibDir, C:\\\\LIB)",
+                            "E_SetString(EED3JobDir, C:\\\\JOB)", "E_SetString(PRODUCT_NAME, Orvane)",
+                            "E_SetString(MAKER_NAME, Harnwell)", "E_SetString(COPYRIGHT_NAME, Daventa)"));
+}
+
+TEST_F(Creation, SetsProcessWideValues) {
+    processValues.moduleName = u"left over";
+    memory_.process.SetComponentFolder(u"D:\\Suite");
+    const auto object = Make();
+    EXPECT_EQ(processValues.moduleName, u"");
+    EXPECT_EQ(processValues.installFolder, u"D:\\Suite");
+    EXPECT_EQ(services::numberFormats.coordinate, u"#0.0000#");
+}
+
+TEST_F(Creation, ReadsSettingsFromTheIniFileOfTheSystemFolder) {
+    memory_.process.SetComponentFolder(u"C:\\Pelorix");
+    memory_.files.AddFile(u"C:\\Pelorix\\sys\\MARLENTO.INI", "[Marlento]\r\nJobDir=E:\\work\r\n");
+    const auto object = Make();
+    EXPECT_EQ(Kept(u"JobDir"), u"E:\\work");
+}
+
+TEST_F(Creation, EachFailureReachesTheCreatorAndLeavesNoLink) {
+    const auto calls = [this] {
+        const auto object = Make();
+        return kernel_.Log().size();
+    }();
+    for (std::size_t call = 1; call <= calls; ++call) {
+        kernel_.FailAt(static_cast<int>(call), runtime::Error(runtime::kFileNotFound));
+        EXPECT_EQ(tests::ErrorOf([&] { Make(); }), runtime::kFileNotFound) << call;
+    }
+    String text = u"x";
+    MainForm().AP_SendCmdAll(text);
+    EXPECT_THAT(heard_, IsEmpty());
+}
+
+class HostCommandLine : public Creation {
+ protected:
+    HostCommandLine() { memory_.process.SetComponentFolder(u"C:\\Pelorix"); }
+
+    std::unique_ptr<clsQmxBackProcess> MakeWith(StringView commandLine) {
+        memory_.process.SetCommandLine(commandLine);
+        return Make();
+    }
+};
+
+TEST_F(HostCommandLine, EmptyGivesTheFolderBesideTheComponent) {
+    const auto object = MakeWith(u"");
+    EXPECT_EQ(object->SystemFolder(), u"C:\\Pelorix\\sys\\");
+    EXPECT_EQ(object->StartFile(), u"");
+}
+
+TEST_F(HostCommandLine, AcceptedSystemFolderIsTakenAsWritten) {
+    memory_.files.AddFolder(u"C:\\cad\\sys");
+    const auto object = MakeWith(u"\"/sys:C:\\cad\\sys\\\"");
+    EXPECT_EQ(object->SystemFolder(), u"C:\\cad\\sys\\");
+    EXPECT_EQ(Kept(u"IniFile"), u"C:\\cad\\sys\\MARLENTO.INI");
+}
+
+TEST_F(HostCommandLine, MissingFinalBackslashIsAdded) {
+    memory_.files.AddFolder(u"C:\\cad");
+    EXPECT_EQ(MakeWith(u"/SYS:  C:\\cad  ")->SystemFolder(), u"C:\\cad\\");
+    EXPECT_EQ(MakeWith(u"/sys:d:")->SystemFolder(), u"d:\\");
+}
+
+TEST_F(HostCommandLine, RefusedSystemFolderChangesNothing) {
+    memory_.messageBox.answers = {1};
+    const auto object = MakeWith(u"/sys:C:\\nowhere");
+    EXPECT_EQ(object->SystemFolder(), u"C:\\Pelorix\\sys\\");
+    EXPECT_EQ(memory_.messageBox.shown.size(), 1u);
+}
+
+TEST_F(HostCommandLine, ExistingFileIsTheStartFile) {
+    memory_.files.AddFile(u"C:\\Designs\\Amp One.sch");
+    EXPECT_EQ(MakeWith(u"c:\\designs\\AMP one.sch")->StartFile(), u"c:\\designs\\AMP one.sch");
+    EXPECT_EQ(MakeWith(u"\" C:\\Designs\\Amp One.sch \"")->StartFile(), u"C:\\Designs\\Amp One.sch");
+}
+
+TEST_F(HostCommandLine, PieceThatMatchesNoFileSetsNothing) {
+    EXPECT_EQ(MakeWith(u"C:\\missing.sch")->StartFile(), u"");
+}
+
+TEST_F(HostCommandLine, PatternWhoseFirstMatchItDoesNotEndWithSetsNothing) {
+    memory_.files.AddFile(u"C:\\a.sch");
+    EXPECT_EQ(MakeWith(u"C:\\*.sch")->StartFile(), u"");
+}
+
+TEST_F(HostCommandLine, IsSplitAtQuotesAndNeverAtBlanks) {
+    memory_.files.AddFile(u"C:\\a b.sch");
+    EXPECT_EQ(MakeWith(u"C:\\a b.sch")->StartFile(), u"C:\\a b.sch");
+    EXPECT_EQ(MakeWith(u"C:\\a b.sch /sys:d:")->StartFile(), u"");
+}
+
+TEST_F(HostCommandLine, TwoPiecesBothCountInEitherOrder) {
+    memory_.files.AddFile(u"C:\\a.sch");
+    auto object = MakeWith(u"\"/sys:d:\" \"C:\\a.sch\"");
+    EXPECT_EQ(object->SystemFolder(), u"d:\\");
+    EXPECT_EQ(object->StartFile(), u"C:\\a.sch");
+    object = MakeWith(u"C:\\a.sch \"/sys:e:\\\"");
+    EXPECT_EQ(object->SystemFolder(), u"e:\\");
+    EXPECT_EQ(object->StartFile(), u"C:\\a.sch");
+}
+
+TEST_F(HostCommandLine, OfTwoPiecesOfAKindTheLaterWins) {
+    memory_.files.AddFile(u"C:\\a.sch");
+    memory_.files.AddFile(u"C:\\b.sch");
+    EXPECT_EQ(MakeWith(u"\"C:\\a.sch\"\"C:\\b.sch\"")->StartFile(), u"C:\\b.sch");
+    EXPECT_EQ(MakeWith(u"\"/sys:d:\" \"/sys:e:\"")->SystemFolder(), u"e:\\");
+}
+
+TEST_F(HostCommandLine, LaterPieceThatIsRefusedLeavesTheEarlierOne) {
+    memory_.files.AddFile(u"C:\\a.sch");
+    EXPECT_EQ(MakeWith(u"\"C:\\a.sch\" \"C:\\missing.sch\"")->StartFile(), u"C:\\a.sch");
+    memory_.messageBox.answers = {1};
+    EXPECT_EQ(MakeWith(u"\"/sys:d:\" \"/sys:C:\\nowhere\"")->SystemFolder(), u"d:\\");
+}
+
+TEST_F(HostCommandLine, ThreePiecesSetNothing) {
+    memory_.files.AddFile(u"C:\\a.sch");
+    const auto object = MakeWith(u"\"/sys:d:\" \"C:\\a.sch\" \"C:\\a.sch\"");
+    EXPECT_EQ(object->SystemFolder(), u"C:\\Pelorix\\sys\\");
+    EXPECT_EQ(object->StartFile(), u"");
+}
+
+TEST_F(HostCommandLine, EmptyAndBlankPiecesDoNotCount) {
+    memory_.files.AddFile(u"C:\\a.sch");
+    const auto object = MakeWith(u"\"\" \"  \" \"C:\\a.sch\" \"\"\"/sys:d:\"");
+    EXPECT_EQ(object->SystemFolder(), u"d:\\");
+    EXPECT_EQ(object->StartFile(), u"C:\\a.sch");
+}
+
+TEST_F(HostCommandLine, OfOnlyQuotesSetsNothing) {
+    EXPECT_EQ(MakeWith(u"\"\"\"\"")->SystemFolder(), u"C:\\Pelorix\\sys\\");
+}
+
+using Loading = ServiceObjectOver<tests::ComponentTest>;
+
+TEST_F(Loading, BringsTheFormUpHiddenAndMinimised) {
+    const auto object = Make();
+    EXPECT_TRUE(Load(*object));
+    EXPECT_TRUE(MainForm().IsLoaded());
+    EXPECT_FALSE(MainForm().Visible());
+    EXPECT_EQ(MainForm().State(), runtime::WindowState::kMinimised);
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"Pelorix Background Processing Application, 0, 0, 0, 0");
+}
+
+TEST_F(Loading, OfALoadedHiddenFormIsTrueAndDoesNotLoadItAgain) {
+    const auto object = Make();
+    Load(*object);
+    kernel_.ClearLog();
+    EXPECT_TRUE(Load(*object));
+    EXPECT_THAT(kernel_.Log(), IsEmpty());
+}
+
+TEST_F(Loading, DoesNotChangeItsArgument) {
+    const auto object = Make();
+    std::int16_t mode = 7;
+    object->Load(mode);
+    EXPECT_EQ(mode, 7);
+}
+
+using LoadingInMemory = ServiceObjectOver<tests::HeadlessComponentTest>;
+
+TEST_F(LoadingInMemory, OfAVisibleFormIsFalseAndChangesNothing) {
+    const auto object = Make();
+    Load(*object);
+    // As an icon it does not become active, so it stays visible.
+    MainForm().SetVisible(true);
+    EXPECT_FALSE(Load(*object));
+    EXPECT_TRUE(MainForm().Visible());
+    EXPECT_EQ(MainForm().State(), runtime::WindowState::kMinimised);
+}
+
+TEST_F(LoadingInMemory, ShowsTheHourglassMeanwhile) {
+    const auto object = Make();
+    Load(*object);
+    EXPECT_THAT(memory_.windows.pointers, ElementsAre(11, 0));
+}
+
+TEST_F(LoadingInMemory, SwallowsEveryErrorAndResetsThePointer) {
+    const auto object = Make();
+    memory_.windows.refuseWindows = 3;
+    EXPECT_TRUE(Load(*object));
+    EXPECT_FALSE(MainForm().IsLoaded());
+    EXPECT_THAT(memory_.windows.pointers, ElementsAre(11, 0));
+    // Each of the three statements tried to load the form.
+    EXPECT_EQ(memory_.windows.refuseWindows, 0);
+}
+
+TEST_F(LoadingInMemory, BesideAnEarlierInstanceLeavesNoFormAndNoMessage) {
+    const auto object = Make();
+    memory_.process.SetEarlierInstance(true);
+    EXPECT_TRUE(Load(*object));
+    EXPECT_EQ(LoadedWindowCount(), 0u);
+    EXPECT_THAT(memory_.messageBox.shown, IsEmpty());
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
+}
+
+using Properties = ServiceObjectOver<tests::HeadlessComponentTest>;
+
+TEST_F(Properties, SeverPathReadsEmptyAndForgets) {
+    const auto object = Make();
+    object->SetSeverPath(u"X");
+    EXPECT_EQ(processValues.serverPath, u"X");
+    EXPECT_EQ(object->SeverPath(), u"");
+    EXPECT_EQ(processValues.serverPath, u"");
+    EXPECT_EQ(object->SeverPath(), u"");
+}
+
+TEST_F(Properties, NotifyMeWithoutACommandDoesNothingEvenAfterTermination) {
+    const auto object = Make();
+    object->Terminate();
+    String name = u"X";
+    String command;
+    object->NotifyMe(name, command);
+    command = u"All,SAVE";
+    EXPECT_EQ(tests::ErrorOf([&] { object->NotifyMe(name, command); }), runtime::kObjectVariableNotSet);
+}
+
+using Relaying = ServiceObjectOver<tests::HeadlessComponentTest>;
+
+TEST_F(Relaying, TellsEveryInstanceInLinkOrder) {
+    const auto first = Make();
+    const auto second = Make();
+    const auto third = Make();
+    String module = u"M";
+    MainForm().AP_Shell(module, -3, u"a,b");
+    EXPECT_THAT(heard_, ElementsAre("1 M|SHELL,-3,a,b", "2 M|SHELL,-3,a,b", "3 M|SHELL,-3,a,b"));
+}
+
+TEST_F(Relaying, WhatOneClientChangesTheNextOneSees) {
+    const clsQmxBackProcess first([](String& module, String& command) {
+        module = u"CHANGED";
+        command += u"!";
+    });
+    const auto second = Make();
+    String module = u"M";
+    String command = u"C";
+    MainForm().AP_SendCmd(module, command);
+    EXPECT_THAT(heard_, ElementsAre("1 CHANGED|C!"));
+}
+
+TEST_F(Relaying, InstanceDestroyedByAnEarlierOnesClientIsNotToldAndTheRestAre) {
+    std::unique_ptr<clsQmxBackProcess> second;
+    bool done = false;
+    const clsQmxBackProcess first([&](String&, String&) {
+        if (std::exchange(done, true)) return;
+        second->Terminate();
+        second.reset();
+    });
+    second = Make();
+    const auto third = Make();
+    String command = u"C";
+    MainForm().AP_SendCmdAll(command);
+    EXPECT_THAT(heard_, ElementsAre("2 K4TBACKPROCESS|C"));
+}
+
+TEST_F(Relaying, ClientMayRaiseTheSameCommandAgain) {
+    int depth = 0;
+    const clsQmxBackProcess first([&](String&, String& command) {
+        if (++depth < 3) MainForm().AP_SendCmdAll(command);
+    });
+    const auto second = Make();
+    String command = u"C";
+    MainForm().AP_SendCmdAll(command);
+    EXPECT_EQ(heard_.size(), 3u);
+}
+
+using Destruction = ServiceObjectOver<tests::ComponentTest>;
+
+TEST_F(Destruction, UnloadsTheFormWhileClientsListenThenSaysTerm) {
+    const auto first = Make();
+    const auto second = Make();
+    Load(*first);
+    kernel_.ClearLog();
+    first->Terminate();
+    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN", "2 K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(kernel_.Log(), ElementsAre("E_SetString(K4TBACKPROCESS, )", "E_SetString(INITBP, TERM)"));
+    EXPECT_FALSE(MainForm().IsLoaded());
+}
+
+TEST_F(Destruction, OfAnInstanceThatNeverLoadedIsSilent) {
+    const auto object = Make();
+    object->Terminate();
+    EXPECT_THAT(heard_, IsEmpty());
+    EXPECT_EQ(Kept(u"INITBP"), u"TERM");
+}
+
+TEST_F(Destruction, TerminatesOnce) {
+    const auto object = Make();
+    object->Terminate();
+    kernel_.ClearLog();
+    object->Terminate();
+    EXPECT_THAT(kernel_.Log(), IsEmpty());
+}
+
+TEST_F(Destruction, FromInsideItsOwnShutdownDoesNothingMore) {
+    std::unique_ptr<clsQmxBackProcess> object;
+    int told = 0;
+    object = std::make_unique<clsQmxBackProcess>([&](String&, String&) {
+        ++told;
+        object->Terminate();
+    });
+    Load(*object);
+    object->Terminate();
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(Kept(u"INITBP"), u"TERM");
+}
+
+TEST_F(Destruction, TerminatedInstanceHearsNothingAndLoadsNothing) {
+    const auto first = Make();
+    const auto second = Make();
+    first->Terminate();
+    EXPECT_FALSE(Load(*first));
+    EXPECT_TRUE(Load(*second));
+    String command = u"C";
+    MainForm().AP_SendCmdAll(command);
+    EXPECT_THAT(heard_, ElementsAre("2 K4TBACKPROCESS|C"));
+}
+
+TEST_F(Destruction, SurvivorLoadsTheFormAnew) {
+    const auto first = Make();
+    const auto second = Make();
+    Load(*first);
+    second->Terminate();
+    kernel_.Put(u"AllAps", u"K4TBACKPROCESS");
+    EXPECT_TRUE(Load(*first));
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"Pelorix Background Processing Application, 0, 0, 0, 0");
+    heard_.clear();
+    first->Terminate();
+    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
+}
+
+TEST_F(Destruction, NewInstanceAfterTheLastOneSaysInitAgain) {
+    Make()->Terminate();
+    const auto object = Make();
+    EXPECT_EQ(Kept(u"INITBP"), u"INIT");
+    EXPECT_TRUE(Load(*object));
+}
+
+TEST_F(Destruction, FailingKernelReachesTheCallerAndTheLinkIsCut) {
+    const auto object = Make();
+    Load(*object);
+    kernel_.FailOn("E_SetString(K4TBACKPROCESS", runtime::Error(runtime::kDllEntryPointNotFound));
+    EXPECT_EQ(tests::ErrorOf([&] { object->Terminate(); }), runtime::kDllEntryPointNotFound);
+    EXPECT_EQ(LoadedWindowCount(), 0u);
+    EXPECT_EQ(Kept(u"INITBP"), u"TERM");
+    EXPECT_FALSE(Load(*object));
+}
+
+}  // namespace
+}  // namespace host

@@ -1,0 +1,50 @@
+// Owns a BSTR, and converts between BSTRs and the runtime's strings. A null BSTR is an empty string.
+#pragma once
+
+#include <new>
+#include <utility>
+
+#include "host/com/ComHeaders.h"
+#include "runtime/Text.h"
+
+namespace host::com {
+
+using runtime::String;
+using runtime::StringView;
+
+/// The text of `bstr`, NULs inside included; of an odd number of bytes the last one is left out.
+inline String ToString(BSTR bstr) {
+    return bstr == nullptr ? String() : runtime::win32::ToString(bstr, SysStringLen(bstr));
+}
+
+class Bstr {
+ public:
+    Bstr() = default;
+    explicit Bstr(StringView text)
+        : bstr_(SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()), static_cast<UINT>(text.size()))) {
+        if (bstr_ == nullptr) throw std::bad_alloc();
+    }
+    Bstr(Bstr&& other) noexcept : bstr_(other.Detach()) {}
+    Bstr& operator=(Bstr&& other) noexcept {
+        std::swap(bstr_, other.bstr_);
+        return *this;
+    }
+    ~Bstr() { SysFreeString(bstr_); }
+
+    BSTR Get() const noexcept { return bstr_; }
+    BSTR Detach() noexcept { return std::exchange(bstr_, nullptr); }
+    /// For a callee that may replace the text.
+    BSTR* Address() noexcept { return &bstr_; }
+    String Text() const { return ToString(bstr_); }
+
+ private:
+    BSTR bstr_ = nullptr;
+};
+
+/// Puts `text` in the place of `target`'s, which is freed.
+inline void Replace(BSTR& target, StringView text) {
+    Bstr made(text);
+    SysFreeString(std::exchange(target, made.Detach()));
+}
+
+}  // namespace host::com

@@ -1,0 +1,62 @@
+#include "host/com/ClassFactory.h"
+
+#include <optional>
+
+#include "host/com/Guard.h"
+#include "host/com/Home.h"
+#include "host/com/References.h"
+
+namespace host::com {
+namespace {
+
+class ClassFactory final : public IClassFactory {
+ public:
+    explicit ClassFactory(FactoryKind kind) {
+        if (kind == FactoryKind::kClient) server_.emplace();
+    }
+    ClassFactory(const ClassFactory&) = delete;
+    ClassFactory& operator=(const ClassFactory&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        if (object == nullptr) return E_POINTER;
+        *object = nullptr;
+        if (iid != IID_IUnknown && iid != IID_IClassFactory) return E_NOINTERFACE;
+        *object = static_cast<IClassFactory*>(this);
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = references_.Drop();
+        if (left == 0) delete this;
+        return left;
+    }
+
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
+        return Guarded([&] {
+            RequirePointer(object);
+            *object = nullptr;
+            if (outer != nullptr) throw ComError(CLASS_E_NOAGGREGATION);
+            const Keep keep(*this);
+            return CreateAtHome(iid, object);
+        });
+    }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
+        com::LockServer(lock != FALSE);
+        return S_OK;
+    }
+
+ private:
+    ~ClassFactory() = default;
+
+    std::optional<ServerReference> server_;
+    References references_;
+};
+
+}  // namespace
+
+ComPtr<IClassFactory> MakeClassFactory(FactoryKind kind) {
+    return ComPtr<IClassFactory>::Attach(new ClassFactory(kind));
+}
+
+}  // namespace host::com

@@ -1,0 +1,45 @@
+// What stands behind the COM edge. The edge knows the service object only as this interface, and the functions
+// below are supplied by whoever links it: by the component itself in the DLL, by a double in the tests.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <memory>
+
+#include "runtime/Text.h"
+
+namespace host::com {
+
+using runtime::String;
+using runtime::StringView;
+
+/// Raises the event at the client; both strings are by reference. Throws the first error of a sink.
+using NotifyServerEvent = std::function<void(String& Aname, String& sCommand)>;
+
+/// The service object as the edge calls it: on the home apartment's thread only. Every method may throw.
+class ServiceObject {
+ public:
+    ServiceObject() = default;
+    ServiceObject(const ServiceObject&) = delete;
+    ServiceObject& operator=(const ServiceObject&) = delete;
+    virtual ~ServiceObject() = default;
+
+    /// Called once, before destruction, while the event still reaches the client.
+    virtual void Terminate() = 0;
+    virtual bool Load(std::int16_t& iMode) = 0;
+    virtual void NotifyMe(String& Aname, String& sCommand) = 0;
+    virtual String SeverPath() = 0;
+    virtual void SetSeverPath(StringView value) = 0;
+};
+
+/// A new service object. Throws what its creation throws.
+std::unique_ptr<ServiceObject> MakeServiceObject(NotifyServerEvent notifyServer);
+/// How many windows of the component live. Called from any thread.
+std::size_t LiveWindows() noexcept;
+/// The home thread ended without having released its instances: what lived there is gone.
+void HomeThreadLost() noexcept;
+/// The DLL is about to be unloaded. Called under the loader's lock: no waiting, no loading.
+void LeaveProcess() noexcept;
+
+}  // namespace host::com

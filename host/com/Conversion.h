@@ -1,0 +1,20 @@
+// Conversions between the variants of a late-bound client and the types of our parameters.
+#pragma once
+
+#include "host/com/Variant.h"
+
+namespace host::com {
+
+/// Whether the client left the argument out (also through a variable that is itself a left-out argument).
+bool IsMissing(const VARIANT& argument);
+
+/// `argument`, which may be by reference, as `type`. Whatever has a sensible value converts: numbers, flags, dates,
+/// texts, objects with a default property; Empty is 0 or an empty text, Null is nothing.
+/// Answers DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADVARTYPE or E_OUTOFMEMORY.
+HRESULT Convert(const VARIANT& argument, VARTYPE type, LCID lcid, Variant& converted);
+
+/// Puts `value` into the variable behind a by-reference `argument`, as that variable's type; a variant variable
+/// takes it as it is. An argument by value is left alone. Answers like Convert.
+HRESULT Store(const VARIANT& value, LCID lcid, VARIANT& argument);
+
+}  // namespace host::com

@@ -1,0 +1,103 @@
+#include "host/com/Enumerator.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "host/com/Guard.h"
+#include "host/com/Home.h"
+#include "host/com/References.h"
+
+namespace host::com {
+namespace {
+
+struct PointPolicy {
+    using Interface = IEnumConnectionPoints;
+    using Item = IConnectionPoint*;
+    using Owned = ComPtr<IConnectionPoint>;
+    static REFIID Iid() { return IID_IEnumConnectionPoints; }
+    static Item HandOut(Owned point) { return point.Detach(); }
+};
+
+struct ConnectionPolicy {
+    using Interface = IEnumConnections;
+    using Item = CONNECTDATA;
+    using Owned = Connection;
+    static REFIID Iid() { return IID_IEnumConnections; }
+    static Item HandOut(Owned connection) { return {connection.sink.Detach(), connection.cookie}; }
+};
+
+template <typename Policy>
+class Enumerator final : public Policy::Interface {
+ public:
+    using Item = typename Policy::Item;
+    using Items = std::vector<typename Policy::Owned>;
+
+    explicit Enumerator(Items items, std::size_t next = 0) : items_(std::move(items)), next_(next) {}
+    Enumerator(const Enumerator&) = delete;
+    Enumerator& operator=(const Enumerator&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        if (object == nullptr) return E_POINTER;
+        *object = nullptr;
+        if (iid != IID_IUnknown && iid != Policy::Iid()) return E_NOINTERFACE;
+        *object = static_cast<typename Policy::Interface*>(this);
+        AddRef();
+        return S_OK;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = references_.Drop();
+        if (left == 0) delete this;
+        return left;
+    }
+
+    /// `fetched` may be null only when one item is asked for.
+    HRESULT STDMETHODCALLTYPE Next(ULONG count, Item* items, ULONG* fetched) override {
+        if (fetched != nullptr) *fetched = 0;
+        if (items == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
+        const ULONG given = std::min(count, Left());
+        for (ULONG i = 0; i < given; ++i) items[i] = Policy::HandOut(items_[next_++]);
+        if (fetched != nullptr) *fetched = given;
+        return given == count ? S_OK : S_FALSE;
+    }
+    HRESULT STDMETHODCALLTYPE Skip(ULONG count) override {
+        const ULONG skipped = std::min(count, Left());
+        next_ += skipped;
+        return skipped == count ? S_OK : S_FALSE;
+    }
+    HRESULT STDMETHODCALLTYPE Reset() override {
+        next_ = 0;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE Clone(typename Policy::Interface** clone) override {
+        return Guarded([&] {
+            RequirePointer(clone);
+            *clone = nullptr;
+            *clone = new Enumerator(items_, next_);
+            return S_OK;
+        });
+    }
+
+ private:
+    ~Enumerator() = default;
+
+    ULONG Left() const { return static_cast<ULONG>(items_.size() - next_); }
+
+    // First, so that it goes last: what the items release may still need this code.
+    ServerReference server_;
+    References references_;
+    Items items_;
+    std::size_t next_;
+};
+
+}  // namespace
+
+ComPtr<IEnumConnectionPoints> EnumerateConnectionPoints(std::vector<ComPtr<IConnectionPoint>> points) {
+    return ComPtr<IEnumConnectionPoints>::Attach(new Enumerator<PointPolicy>(std::move(points)));
+}
+
+ComPtr<IEnumConnections> EnumerateConnections(std::vector<Connection> connections) {
+    return ComPtr<IEnumConnections>::Attach(new Enumerator<ConnectionPolicy>(std::move(connections)));
+}
+
+}  // namespace host::com

@@ -1,0 +1,31 @@
+// The instance's one connection point, for its event interface. A part of the instance: a reference to it is a
+// reference to the instance, though it has an identity of its own.
+#pragma once
+
+#include "host/com/Sinks.h"
+
+namespace host::com {
+
+class EventPoint final : public IConnectionPoint {
+ public:
+    EventPoint(IConnectionPointContainer& container, Sinks& sinks) noexcept : container_(container), sinks_(sinks) {}
+    EventPoint(const EventPoint&) = delete;
+    EventPoint& operator=(const EventPoint&) = delete;
+    ~EventPoint() = default;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
+    ULONG STDMETHODCALLTYPE AddRef() override { return container_.AddRef(); }
+    ULONG STDMETHODCALLTYPE Release() override { return container_.Release(); }
+
+    HRESULT STDMETHODCALLTYPE GetConnectionInterface(IID* iid) override;
+    HRESULT STDMETHODCALLTYPE GetConnectionPointContainer(IConnectionPointContainer** container) override;
+    HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override;
+    HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
+    HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** connections) override;
+
+ private:
+    IConnectionPointContainer& container_;
+    Sinks& sinks_;
+};
+
+}  // namespace host::com

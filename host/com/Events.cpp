@@ -1,0 +1,78 @@
+#include "host/com/Events.h"
+
+#include <optional>
+
+#include "host/com/Bstr.h"
+#include "host/com/Guard.h"
+
+namespace host::com {
+namespace {
+
+constexpr DISPID kNotifyServer = 1;
+
+/// What a sink says about its failure. The strings are ours to free, whatever the sink answered.
+class SinkException {
+ public:
+    SinkException() = default;
+    SinkException(const SinkException&) = delete;
+    SinkException& operator=(const SinkException&) = delete;
+    ~SinkException() {
+        SysFreeString(info_.bstrSource);
+        SysFreeString(info_.bstrDescription);
+        SysFreeString(info_.bstrHelpFile);
+    }
+
+    EXCEPINFO* Address() { return &info_; }
+
+    runtime::Error ToError() {
+        // Filling in late may fail; then what is there must do.
+        if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
+        return ErrorOf(Code(), ToString(info_.bstrDescription));
+    }
+
+ private:
+    HRESULT Code() const {
+        if (info_.wCode != 0 && !IsRuntimeError(info_.scode)) return HresultOf(runtime::Error(info_.wCode, {}));
+        return FAILED(info_.scode) ? info_.scode : DISP_E_EXCEPTION;
+    }
+
+    EXCEPINFO info_{};
+};
+
+bool IsFailure(HRESULT result) {
+    // A sink need not know the event.
+    return FAILED(result) && result != DISP_E_MEMBERNOTFOUND && result != E_NOTIMPL;
+}
+
+std::optional<runtime::Error> Tell(IDispatch* sink, Bstr& Aname, Bstr& sCommand) {
+    VARIANTARG arguments[2];  // last parameter first
+    arguments[0].vt = arguments[1].vt = VT_BSTR | VT_BYREF;
+    arguments[0].pbstrVal = sCommand.Address();
+    arguments[1].pbstrVal = Aname.Address();
+    DISPPARAMS parameters{arguments, nullptr, 2, 0};
+    SinkException exception;
+    UINT badArgument = 0;
+    const HRESULT result = sink->Invoke(kNotifyServer, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                                        nullptr, exception.Address(), &badArgument);
+    if (result == DISP_E_EXCEPTION) return exception.ToError();
+    if (IsFailure(result)) return ErrorOf(result, {});
+    return {};
+}
+
+}  // namespace
+
+void RaiseNotifyServer(const Sinks& sinks, String& Aname, String& sCommand) {
+    Bstr name(Aname);
+    Bstr command(sCommand);
+    std::optional<runtime::Error> firstFailure;
+    for (const Connection& connection : sinks.Connections()) {
+        if (!sinks.IsConnected(connection.cookie)) continue;
+        std::optional<runtime::Error> failure = Tell(connection.sink.Get(), name, command);
+        if (failure && !firstFailure) firstFailure = std::move(failure);
+    }
+    Aname = name.Text();
+    sCommand = command.Text();
+    if (firstFailure) throw std::move(*firstFailure);
+}
+
+}  // namespace host::com

@@ -1,0 +1,13 @@
+// Raises the instance's event at its sinks.
+#pragma once
+
+#include "host/com/Component.h"
+#include "host/com/Sinks.h"
+
+namespace host::com {
+
+/// Tells each sink that is connected now, and still is when its turn comes, once and in order. What one changes in
+/// the strings the next one sees, and the caller gets back. Throws the first failure, after all were told.
+void RaiseNotifyServer(const Sinks& sinks, String& Aname, String& sCommand);
+
+}  // namespace host::com

@@ -1,0 +1,23 @@
+// The DLL's exports, named without decoration in the module definition file.
+#include "host/com/Home.h"
+#include "host/com/Server.h"
+
+STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {
+    return host::com::GetClassObject(classId, iid, object);
+}
+
+STDAPI DllCanUnloadNow() {
+    return host::com::CanUnload() ? S_OK : S_FALSE;
+}
+
+STDAPI DllRegisterServer() {
+    return host::com::RegisterServer();
+}
+
+STDAPI DllUnregisterServer() {
+    return host::com::UnregisterServer();
+}
+
+STDAPI DllInstall(BOOL install, LPCWSTR commandLine) {
+    return host::com::Install(install != FALSE, commandLine);
+}

@@ -1,0 +1,104 @@
+#include "host/com/Guard.h"
+
+#include <new>
+#include <optional>
+#include <utility>
+
+#include "host/com/Bstr.h"
+#include "host/com/ComPtr.h"
+
+namespace host::com {
+namespace {
+
+constexpr std::uint32_t kRuntimeErrors = 0x800A0000;
+constexpr std::int32_t kLargestNumber = 0xFFFF;
+constexpr StringView kSource = u"K4TBackProcess";
+
+/// What went wrong, as far as a client is told. Without a description the code says it all.
+struct Failure {
+    HRESULT code;
+    std::optional<String> description;
+};
+
+Failure Described(const runtime::Error& error) {
+    return {HresultOf(error), error.Description()};
+}
+
+Failure CurrentFailure() noexcept {
+    try {
+        try {
+            throw;
+        } catch (const ComError& error) {
+            return {error.Code(), {}};
+        } catch (const runtime::Error& error) {
+            return Described(error);
+        } catch (const std::bad_alloc&) {
+            return {E_OUTOFMEMORY, {}};
+        } catch (...) {
+            return Described(runtime::Error(runtime::kInternalError));
+        }
+    } catch (...) {
+        // There was no room left for the description.
+        return {E_OUTOFMEMORY, {}};
+    }
+}
+
+/// Replaces the thread's error object; the error is only worse described when there is no memory for it.
+void SetErrorObject(const Failure& failure) noexcept try {
+    ComPtr<ICreateErrorInfo> made;
+    if (!failure.description || FAILED(CreateErrorInfo(made.Put()))) {
+        SetErrorInfo(0, nullptr);
+        return;
+    }
+    made->SetGUID(IID__clsQmxBackProcess);
+    made->SetSource(Bstr(kSource).Get());
+    made->SetDescription(Bstr(*failure.description).Get());
+    SetErrorInfo(0, Query<IErrorInfo>(made.Get(), IID_IErrorInfo).Get());
+} catch (...) {
+    SetErrorInfo(0, nullptr);
+}
+
+}  // namespace
+
+HRESULT HresultOf(const runtime::Error& error) noexcept {
+    const std::int32_t number = error.Number();
+    if (number < 0) return number;
+    const std::int32_t told = number <= kLargestNumber ? number : static_cast<std::int32_t>(runtime::kInternalError);
+    return static_cast<HRESULT>(kRuntimeErrors + static_cast<std::uint32_t>(told));
+}
+
+bool IsRuntimeError(HRESULT code) noexcept {
+    return (static_cast<std::uint32_t>(code) & ~static_cast<std::uint32_t>(kLargestNumber)) == kRuntimeErrors;
+}
+
+runtime::Error ErrorOf(HRESULT code, String description) {
+    const std::int32_t number = IsRuntimeError(code) ? code & kLargestNumber : code;
+    if (description.empty()) return runtime::Error(number);
+    return {number, std::move(description)};
+}
+
+HRESULT CurrentHresult() noexcept {
+    const Failure failure = CurrentFailure();
+    SetErrorObject(failure);
+    return failure.code;
+}
+
+HRESULT CurrentHresult(EXCEPINFO* exception) noexcept {
+    const Failure failure = CurrentFailure();
+    SetErrorObject(failure);
+    if (!failure.description) return failure.code;
+    if (exception == nullptr) return DISP_E_EXCEPTION;
+    try {
+        Bstr source(kSource);
+        Bstr description(*failure.description);
+        *exception = {};
+        exception->scode = failure.code;
+        exception->bstrSource = source.Detach();
+        exception->bstrDescription = description.Detach();
+        return DISP_E_EXCEPTION;
+    } catch (const std::bad_alloc&) {
+        return E_OUTOFMEMORY;
+    }
+}
+
+}  // namespace host::com

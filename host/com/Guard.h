@@ -1,0 +1,66 @@
+// The one place that turns what is thrown inside into what a COM client understands. Every COM method, the class
+// factory and the exports run inside the guard: an exception never leaves the component.
+//
+// An error of the runtime with number n becomes HRESULT 0x800A0000 + n; a negative number is a foreign HRESULT that
+// passed through and goes on as it is. Its description stands in the thread's error object.
+#pragma once
+
+#include <exception>
+
+#include "host/com/ComHeaders.h"
+#include "runtime/Error.h"
+
+namespace host::com {
+
+/// A call that fails with a plain HRESULT, without a description.
+class ComError : public std::exception {
+ public:
+    explicit ComError(HRESULT code) noexcept : code_(code) {}
+    HRESULT Code() const noexcept { return code_; }
+    const char* what() const noexcept override { return "a COM call failed"; }
+
+ private:
+    HRESULT code_;
+};
+
+inline void Check(HRESULT result) {
+    if (FAILED(result)) throw ComError(result);
+}
+/// E_POINTER for a place for a result that is not there.
+inline void RequirePointer(const void* pointer) {
+    if (pointer == nullptr) throw ComError(E_POINTER);
+}
+
+/// The HRESULT under which an error of the runtime crosses the edge.
+HRESULT HresultOf(const runtime::Error& error) noexcept;
+/// Whether `code` is an error of a runtime like ours: 0x800A0000 + number.
+bool IsRuntimeError(HRESULT code) noexcept;
+/// The runtime's error for a failure reported by a client; `description` may be empty.
+runtime::Error ErrorOf(HRESULT code, runtime::String description);
+
+/// What the exception in flight is for a client. Leaves its description in the thread's error object, or none.
+HRESULT CurrentHresult() noexcept;
+/// The same for a late-bound call: errors that have a description go into `exception` (which may be null), and the
+/// answer is then DISP_E_EXCEPTION.
+HRESULT CurrentHresult(EXCEPINFO* exception) noexcept;
+
+/// Runs `body`, which answers an HRESULT.
+template <typename Body>
+HRESULT Guarded(Body&& body) noexcept {
+    try {
+        return body();
+    } catch (...) {
+        return CurrentHresult();
+    }
+}
+
+template <typename Body>
+HRESULT GuardedInvoke(EXCEPINFO* exception, Body&& body) noexcept {
+    try {
+        return body();
+    } catch (...) {
+        return CurrentHresult(exception);
+    }
+}
+
+}  // namespace host::com

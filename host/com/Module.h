@@ -1,0 +1,12 @@
+// The module that this code was linked into: the component's DLL, or a program of the tests.
+#pragma once
+
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace host::com {
+
+HMODULE OwnModule();
+/// Full path of the module's file.
+runtime::String ModulePath();
+
+}  // namespace host::com

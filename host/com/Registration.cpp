@@ -1,0 +1,104 @@
+#include "host/com/Registration.h"
+
+#include "host/com/ComHeaders.h"
+#include "host/com/Guard.h"
+#include "host/com/Module.h"
+#include "runtime/win32/Handle.h"
+
+namespace host::com {
+namespace {
+
+using runtime::StringView;
+
+constexpr StringView kProgId = u"K4TBackProcess.clsQmxBackProcess";
+constexpr StringView kVersion = u"1.0";
+constexpr StringView kLibraryName = u"Pelorix Back process Manager";
+// The system's marshallers: one reads the dual interface from the type library, the other passes late-bound calls.
+constexpr StringView kTypeLibraryMarshaller = u"{00020424-0000-0000-C000-000000000046}";
+constexpr StringView kDispatchMarshaller = u"{00020420-0000-0000-C000-000000000046}";
+
+String Text(REFGUID guid) {
+    constexpr int kCapacity = 39;
+    wchar_t text[kCapacity];
+    StringFromGUID2(guid, text, kCapacity);
+    return runtime::win32::ToString(text);
+}
+
+String operator/(const String& key, StringView below) {
+    return key + u'\\' + String(below);
+}
+
+class EntryList {
+ public:
+    void Add(String key, StringView name, StringView value) {
+        entries_.push_back({std::move(key), String(name), String(value)});
+    }
+    void AddDefault(String key, StringView value) { Add(std::move(key), {}, value); }
+    std::vector<RegistryEntry> Take() { return std::move(entries_); }
+
+ private:
+    std::vector<RegistryEntry> entries_;
+};
+
+void AddClass(EntryList& list, const String& modulePath) {
+    const String classId = Text(CLSID_clsQmxBackProcess);
+    const String progIdKey(kProgId);
+    list.AddDefault(progIdKey, kProgId);
+    list.AddDefault(progIdKey / u"CLSID", classId);
+
+    const String key = String(u"CLSID") / classId;
+    list.AddDefault(key, kProgId);
+    list.AddDefault(key / u"InprocServer32", modulePath);
+    list.Add(key / u"InprocServer32", u"ThreadingModel", u"Apartment");
+    list.AddDefault(key / u"ProgID", kProgId);
+    list.AddDefault(key / u"TypeLib", Text(LIBID_K4TBackProcess));
+    list.AddDefault(key / u"Version", kVersion);
+}
+
+void AddTypeLibrary(EntryList& list, const String& modulePath) {
+    const String key = String(u"TypeLib") / Text(LIBID_K4TBackProcess) / kVersion;
+    list.AddDefault(key, kLibraryName);
+    list.AddDefault(key / u"409" / u"win32", modulePath);
+    // Marshalling looks for the library under the user's language, then under the neutral one.
+    list.AddDefault(key / u"0" / u"win32", modulePath);
+    list.AddDefault(key / u"FLAGS", u"0");
+    list.AddDefault(key / u"HELPDIR", modulePath.substr(0, modulePath.rfind(u'\\')));
+}
+
+void AddInterface(EntryList& list, REFIID iid, StringView name, StringView marshaller) {
+    const String key = String(u"Interface") / Text(iid);
+    list.AddDefault(key, name);
+    list.AddDefault(key / u"ProxyStubClsid32", marshaller);
+    list.AddDefault(key / u"TypeLib", Text(LIBID_K4TBackProcess));
+    list.Add(key / u"TypeLib", u"Version", kVersion);
+}
+
+runtime::win32::RegistryKey OpenClasses(RegistrationScope scope) {
+    const HKEY hive = scope == RegistrationScope::kMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
+    HKEY classes = nullptr;
+    const LSTATUS status =
+        RegCreateKeyExW(hive, L"Software\\Classes", 0, nullptr, 0, KEY_READ | KEY_WRITE, nullptr, &classes, nullptr);
+    Check(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
+    return runtime::win32::RegistryKey(classes);
+}
+
+}  // namespace
+
+std::vector<RegistryEntry> RegistrationEntries(const String& modulePath) {
+    EntryList list;
+    AddClass(list, modulePath);
+    AddTypeLibrary(list, modulePath);
+    AddInterface(list, IID__clsQmxBackProcess, u"_clsQmxBackProcess", kTypeLibraryMarshaller);
+    AddInterface(list, DIID___clsQmxBackProcess, u"__clsQmxBackProcess", kDispatchMarshaller);
+    return list.Take();
+}
+
+void Register(RegistrationScope scope) {
+    WriteEntries(OpenClasses(scope).Get(), RegistrationEntries(ModulePath()));
+}
+
+void Unregister(RegistrationScope scope) {
+    RemoveEntries(OpenClasses(scope).Get(), RegistrationEntries(ModulePath()));
+}
+
+}  // namespace host::com

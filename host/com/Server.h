@@ -1,0 +1,15 @@
+// What the DLL's exports do; the exports themselves only pass on.
+#pragma once
+
+#include "host/com/ComHeaders.h"
+
+namespace host::com {
+
+HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) noexcept;
+/// For the machine.
+HRESULT RegisterServer() noexcept;
+HRESULT UnregisterServer() noexcept;
+/// `commandLine` "user" means the current user; E_INVALIDARG for anything else.
+HRESULT Install(bool install, const wchar_t* commandLine) noexcept;
+
+}  // namespace host::com

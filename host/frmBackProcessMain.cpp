@@ -1,0 +1,161 @@
+#include "host/frmBackProcessMain.h"
+
+#include <exception>
+
+#include "routing/CommandText.h"
+#include "routing/ModuleList.h"
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "runtime/Ports.h"
+#include "runtime/Screen.h"
+#include "services/MessageTexts.h"
+#include "services/ProcessValues.h"
+#include "services/modReg.h"
+
+namespace host {
+namespace {
+
+using runtime::Control;
+using runtime::Twips;
+
+constexpr Twips kSmallestWidth = 8000;
+constexpr Twips kSmallestHeight = 3000;
+
+runtime::FormDesign MainFormDesign() {
+    return {
+        .name = u"frmBackProcessMain",
+        .caption = u"Form1",
+        .tag = u"561",
+        .left = 8595,
+        .top = 5070,
+        .inner = {2025, 2130},
+    };
+}
+
+runtime::ControlDesign MsgLineDesign() {
+    return {
+        .kind = runtime::ControlKind::kStatusBar,
+        .name = u"MsgLine",
+        .bounds = {0, 1800, 2025, 330},
+        .align = runtime::Align::kBottom,
+    };
+}
+
+void UnloadLastForm() {
+    if (runtime::Form* last = runtime::LoadedForms().LastToUnload()) last->Unload();
+}
+
+}  // namespace
+
+frmBackProcessMain::frmBackProcessMain() : Form(MainFormDesign()), msgLine_(AddControl(MsgLineDesign())) {}
+
+void frmBackProcessMain::EditMsgLine(StringView text) {
+    msgLine_.SetText(text);
+    msgLine_.Refresh();
+}
+
+void frmBackProcessMain::AP_SendCmd(String& module, String& command) {
+    notifyClass_.Raise(module, command);
+}
+
+void frmBackProcessMain::AP_SendCmdAll(String& command) {
+    String module(routing::kOwnModuleName);
+    notifyClass_.Raise(module, command);
+}
+
+void frmBackProcessMain::AP_Shell(String& module, std::int16_t mode, StringView commandLine) {
+    String command = routing::ShellCommand(mode, commandLine);
+    notifyClass_.Raise(module, command);
+}
+
+// Whatever fails while loading shuts the component's forms down without a message.
+void frmBackProcessMain::OnLoad() {
+    try {
+        Announce();
+    } catch (const std::exception&) {
+        runtime::SkipError([this] { UnloadAllForms(); });
+    }
+}
+
+void frmBackProcessMain::Announce() {
+    services::ProcessValues& values = services::processValues;
+    values.mainForm = this;
+    SetCaption(services::GetLocalText(u"Pelorix Background Processing Application", u"LOC"));
+    values.moduleCaption = services::GetLocalText(u"Pelorix Background process ", u"LOC");
+    values.moduleName = services::GetProductName();
+    handle_ = Handle();
+    firstInstance_ = runtime::CurrentPorts().process.ClaimFirstInstance();
+    if (!firstInstance_) throw runtime::Error(runtime::kSilent);
+    const runtime::Size screen = runtime::ScreenSize();
+    Move((screen.width - Width()) / 2.0F, (screen.height - Height()) / 2.0F);
+    SetVisible(false);
+    routing::ReadModuleList();
+    routing::PublishModuleState(-1, 0);
+    SetVisible(false);
+    values.helpFilePath = runtime::Trim(values.installFolder + u"\\" + u"Marlentine.HLP");
+}
+
+void frmBackProcessMain::UnloadAllForms() {
+    std::exception_ptr firstError;
+    const auto keepError = [&firstError](auto&& step) {
+        try {
+            step();
+        } catch (...) {
+            if (!firstError) firstError = std::current_exception();
+        }
+    };
+    const Form* last = nullptr;
+    do {
+        last = runtime::LoadedForms().LastToUnload();
+        keepError([] { UnloadLastForm(); });
+        keepError([] { runtime::DoEvents(); });
+        // A form that is still the last one refused; it would refuse for ever.
+    } while (runtime::LoadedForms().LastToUnload() && runtime::LoadedForms().LastToUnload() != last);
+    if (firstError) std::rethrow_exception(firstError);
+}
+
+void frmBackProcessMain::OnQueryUnload(bool& /*cancel*/, runtime::UnloadReason /*reason*/) {
+    services::SaveWindowPlacement(*this);
+}
+
+void frmBackProcessMain::OnUnload(bool& /*cancel*/) {
+    // The claim ends with the unload, however that ends.
+    const auto claim = std::move(firstInstance_);
+    routing::PublishModuleState(0, 0);
+    const Form* last = nullptr;
+    while (runtime::LoadedForms().LastToUnload() && runtime::LoadedForms().LastToUnload() != last) {
+        runtime::DoEvents();
+        last = runtime::LoadedForms().LastToUnload();
+        UnloadLastForm();
+    }
+    String module(routing::kOwnModuleName);
+    String command(u"SHUTDOWN");
+    notifyClass_.Raise(module, command);
+}
+
+void frmBackProcessMain::OnActivate() {
+    SetVisible(false);
+}
+
+void frmBackProcessMain::OnResize() {
+    runtime::SkipError([this] {
+        if (Width() < kSmallestWidth) SetWidth(kSmallestWidth);
+    });
+    runtime::SkipError([this] {
+        if (Height() < kSmallestHeight) SetHeight(kSmallestHeight);
+    });
+}
+
+void frmBackProcessMain::OnKeyDown(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {
+    SetVisible(false);
+}
+
+void frmBackProcessMain::OnKeyUp(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {
+    SetVisible(false);
+}
+
+void frmBackProcessMain::OnKeyPress(char16_t& /*character*/) {
+    SetVisible(false);
+}
+
+}  // namespace host

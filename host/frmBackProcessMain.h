@@ -1,0 +1,60 @@
+// The main form: the component's one hidden window. It gives the component a window handle and a status line, carries
+// the operations by which commands for other modules leave, and raises the event that every service object relays. Its
+// load announces this module to the suite; its unload withdraws it and tells the clients "SHUTDOWN".
+#pragma once
+
+#include <memory>
+
+#include "runtime/Event.h"
+#include "runtime/Form.h"
+#include "runtime/ProcessPort.h"
+
+namespace host {
+
+using runtime::String;
+using runtime::StringView;
+
+class frmBackProcessMain : public runtime::Form {
+ public:
+    /// A command for the suite's module of the given name. Both strings are by reference.
+    using NotifyClassEvent = runtime::Event<String&, String&>;
+
+    frmBackProcessMain();
+
+    NotifyClassEvent& NotifyClass() { return notifyClass_; }
+
+    /// Puts `text` into the status line and shows it at once.
+    void EditMsgLine(StringView text);
+
+    // Commands for other modules. Each raises NotifyClass once, before it returns; a client's error passes.
+
+    /// `command` for `module`, both as they are.
+    void AP_SendCmd(String& module, String& command);
+    /// `command` in this module's name.
+    void AP_SendCmdAll(String& command);
+    /// Asks `module` to start a program; `commandLine` goes unquoted, so its commas make further fields.
+    void AP_Shell(String& module, std::int16_t mode, StringView commandLine);
+
+ protected:
+    void OnLoad() override;
+    void OnQueryUnload(bool& cancel, runtime::UnloadReason reason) override;
+    void OnUnload(bool& cancel) override;
+    void OnActivate() override;
+    void OnResize() override;
+    void OnKeyDown(std::int16_t& keyCode, std::int16_t shift) override;
+    void OnKeyUp(std::int16_t& keyCode, std::int16_t shift) override;
+    void OnKeyPress(char16_t& character) override;
+
+ private:
+    void Announce();
+    /// Unloads the last loaded form until none is left, letting pending events run after each. What fails keeps none
+    /// loaded; the first error is thrown at the end.
+    void UnloadAllForms();
+
+    NotifyClassEvent notifyClass_;
+    runtime::Control& msgLine_;
+    std::unique_ptr<runtime::InstanceClaim> firstInstance_;
+    runtime::NativeHandle handle_ = 0;
+};
+
+}  // namespace host

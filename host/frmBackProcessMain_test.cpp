@@ -1,0 +1,313 @@
+// The main form's load, unload, operations and events.
+#include "host/frmBackProcessMain.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "routing/ModuleList.h"
+#include "runtime/Screen.h"
+#include "services/ProcessValues.h"
+#include "tests/support/ComponentFixture.h"
+
+namespace host {
+namespace {
+
+using runtime::WindowState;
+using services::processValues;
+using ::testing::ElementsAre;
+
+/// Listens to the main form's event.
+template <typename Base>
+class MainFormOver : public Base {
+ protected:
+    MainFormOver() {
+        connection_ = form_.NotifyClass().Connect([this](String& module, String& command) {
+            heard_.push_back(runtime::ToUtf8(module) + "|" + runtime::ToUtf8(command));
+        });
+    }
+
+    frmBackProcessMain& form_ = MainForm();
+    std::vector<std::string> heard_;
+    frmBackProcessMain::NotifyClassEvent::Connection connection_;
+};
+
+using MainFormLoad = MainFormOver<tests::ComponentTest>;
+
+TEST_F(MainFormLoad, HasItsDesignAndStaysHidden) {
+    EXPECT_EQ(form_.Name(), u"frmBackProcessMain");
+    EXPECT_EQ(form_.Tag(), u"561");
+    EXPECT_EQ(form_.InnerSize(), (runtime::Size{2025, 2130}));
+    EXPECT_FALSE(form_.Visible());
+    EXPECT_EQ(form_.State(), WindowState::kNormal);
+    const auto& bar = form_.Controls().at(0);
+    EXPECT_EQ(bar->Name(), u"MsgLine");
+    EXPECT_EQ(bar->Bounds(), (runtime::Rect{0, 1800, 2025, 330}));
+}
+
+TEST_F(MainFormLoad, SetsCaptionsAndProcessWideValues) {
+    kernel_.Put(u"PRODUCT_NAME", u"Orvane");
+    processValues.installFolder = u"D:\\Pelorix";
+    EXPECT_EQ(form_.Caption(), u"Pelorix Background Processing Application");
+    EXPECT_EQ(processValues.mainForm, &form_);
+    EXPECT_EQ(processValues.moduleCaption, u"Pelorix Background process ");
+    EXPECT_EQ(processValues.moduleName, u"Orvane");
+    EXPECT_EQ(processValues.helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
+}
+
+TEST_F(MainFormLoad, HelpFilePathIsTrimmed) {
+    processValues.installFolder = u"  D:\\Pelorix";
+    form_.EnsureLoaded();
+    EXPECT_EQ(processValues.helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
+}
+
+TEST_F(MainFormLoad, CentresTheForm) {
+    const runtime::Size screen = runtime::ScreenSize();
+    EXPECT_EQ(form_.Left(), (screen.width - form_.Width()) / 2.0F);
+    EXPECT_EQ(form_.Top(), (screen.height - form_.Height()) / 2.0F);
+    EXPECT_EQ(form_.InnerSize(), (runtime::Size{2025, 2130}));
+}
+
+TEST_F(MainFormLoad, ReadsTheListThenPublishesTheState) {
+    kernel_.Put(u"AllAps", u"EDITOR,K4TBACKPROCESS");
+    form_.EnsureLoaded();
+    EXPECT_EQ(routing::OwnModuleIndex, 2);
+    // The reader asks for the language folder for each of the two captions.
+    EXPECT_THAT(kernel_.Log(),
+                ElementsAre("E_GetString(LANGUAGEPATH)", "E_GetString(LANGUAGEPATH)", "E_GetString(PRODUCT_NAME)",
+                            "E_GetString(AllAps)",
+                            "E_SetString(K4TBACKPROCESS, Pelorix Background Processing Application, 0, 0, 0, 0)"));
+    EXPECT_TRUE(heard_.empty());
+}
+
+TEST_F(MainFormLoad, IsRepeatedAfterAnUnload) {
+    form_.EnsureLoaded();
+    form_.Unload();
+    kernel_.ClearLog();
+    kernel_.Put(u"AllAps", u"K4TBACKPROCESS");
+    form_.EnsureLoaded();
+    EXPECT_EQ(routing::ModuleCount, 1);
+    EXPECT_THAT(kernel_.Log(), ::testing::Contains("E_GetString(AllAps)").Times(1));
+}
+
+TEST_F(MainFormLoad, EarlierInstanceShutsDownWithoutAMessage) {
+    memory_.process.SetEarlierInstance(true);
+    EXPECT_EQ(tests::ErrorOf([&] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_TRUE(memory_.messageBox.shown.empty());
+    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_EQ(routing::InterModuleMessage, 0u);
+}
+
+TEST_F(MainFormLoad, ErrorOfAnyNumberUnloadsEveryFormWithoutAMessage) {
+    runtime::Form dialog({.name = u"dialog", .caption = u"", .inner = {3000, 1500}});
+    dialog.EnsureLoaded();
+    kernel_.FailOn("E_GetString(AllAps)", runtime::Error(runtime::kDllEntryPointNotFound));
+    EXPECT_EQ(tests::ErrorOf([&] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+    EXPECT_TRUE(memory_.messageBox.shown.empty());
+    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+}
+
+TEST_F(MainFormLoad, HoldsTheClaimOfTheFirstInstanceUntilItsUnload) {
+    form_.EnsureLoaded();
+    EXPECT_EQ(memory_.process.HeldClaims(), 1);
+    form_.Unload();
+    EXPECT_EQ(memory_.process.HeldClaims(), 0);
+}
+
+using MainFormUnload = MainFormOver<tests::ComponentTest>;
+
+TEST_F(MainFormUnload, WithdrawsTheRecordSavesThePlacementAndSaysShutdownOnce) {
+    form_.EnsureLoaded();
+    form_.Unload();
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
+    EXPECT_EQ(memory_.settings.Saved().size(), 4u);
+    EXPECT_EQ(memory_.settings.Saved().at(0).key, u"frmBackProcessMain_TOP");
+    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+}
+
+TEST_F(MainFormUnload, UnloadsTwoDialogsLoadedAfterIt) {
+    runtime::Form first({.name = u"first", .caption = u"", .inner = {3000, 1500}});
+    runtime::Form second({.name = u"second", .caption = u"", .inner = {3000, 1500}});
+    form_.EnsureLoaded();
+    first.EnsureLoaded();
+    second.EnsureLoaded();
+    form_.Unload();
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+}
+
+TEST_F(MainFormUnload, UnloadsDialogsLoadedBeforeIt) {
+    runtime::Form before({.name = u"before", .caption = u"", .inner = {3000, 1500}});
+    runtime::Form after({.name = u"after", .caption = u"", .inner = {3000, 1500}});
+    before.EnsureLoaded();
+    form_.EnsureLoaded();
+    after.EnsureLoaded();
+    form_.Unload();
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+}
+
+TEST_F(MainFormUnload, UnloadFromInsideShutdownIsHarmless) {
+    const auto again = form_.NotifyClass().Connect([&](String&, String&) { form_.Unload(); });
+    form_.EnsureLoaded();
+    form_.Unload();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+}
+
+TEST_F(MainFormUnload, ErrorOfAListenerLeavesNoForm) {
+    const auto failing =
+        form_.NotifyClass().Connect([](String&, String&) { throw runtime::Error(runtime::kTypeMismatch); });
+    form_.EnsureLoaded();
+    EXPECT_EQ(tests::ErrorOf([&] { form_.Unload(); }), runtime::kTypeMismatch);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(memory_.process.HeldClaims(), 0);
+}
+
+using MainFormUnloadInMemory = MainFormOver<tests::HeadlessComponentTest>;
+
+TEST_F(MainFormUnloadInMemory, LetsPendingEventsRunBetweenUnloads) {
+    runtime::Form dialog({.name = u"dialog", .caption = u"", .inner = {3000, 1500}});
+    form_.EnsureLoaded();
+    dialog.EnsureLoaded();
+    bool ran = false;
+    memory_.windows.Post([&] {
+        ran = true;
+        EXPECT_TRUE(dialog.IsLoaded());
+    });
+    form_.Unload();
+    EXPECT_TRUE(ran);
+}
+
+TEST_F(MainFormUnloadInMemory, DialogThatGoesMeanwhileIsNotUnloadedTwice) {
+    runtime::Form dialog({.name = u"dialog", .caption = u"", .inner = {3000, 1500}});
+    form_.EnsureLoaded();
+    dialog.EnsureLoaded();
+    memory_.windows.Post([&] { dialog.Unload(); });
+    form_.Unload();
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+using MainFormEvents = MainFormOver<tests::ComponentTest>;
+
+TEST_F(MainFormEvents, StatusLineShowsTheTextAndLoadsTheForm) {
+    form_.EditMsgLine(u"routing…");
+    EXPECT_TRUE(form_.IsLoaded());
+    EXPECT_EQ(form_.Controls().at(0)->Text(), u"routing…");
+}
+
+TEST_F(MainFormEvents, SmallSizeIsRaisedToTheLimits) {
+    form_.SetWidth(5000);
+    form_.SetHeight(2000);
+    EXPECT_EQ(form_.Width(), 8000);
+    EXPECT_EQ(form_.Height(), 3000);
+}
+
+TEST_F(MainFormEvents, SizeAtOrAboveTheLimitsStays) {
+    form_.SetWidth(8000);
+    form_.SetHeight(3000);
+    form_.SetWidth(9000);
+    EXPECT_EQ(form_.Width(), 9000);
+    EXPECT_EQ(form_.Height(), 3000);
+}
+
+TEST_F(MainFormEvents, ShowingTheFormHidesItAgain) {
+    form_.SetVisible(true);
+    runtime::DoEvents();
+    EXPECT_FALSE(form_.Visible());
+    EXPECT_FALSE(routing::IsFormShown(form_));
+}
+
+using MainFormEventsInMemory = MainFormOver<tests::HeadlessComponentTest>;
+
+TEST_F(MainFormEventsInMemory, StatusLineRepaintsAtOnce) {
+    form_.EditMsgLine(u"x");
+    EXPECT_EQ(memory_.windows.Last().Control(u"MsgLine").refreshes, 1);
+    EXPECT_EQ(memory_.windows.Last().Control(u"MsgLine").text, u"x");
+}
+
+TEST_F(MainFormEventsInMemory, KeysHideTheForm) {
+    form_.EnsureLoaded();
+    auto& window = memory_.windows.Last();
+    const auto hidesAfter = [&](const std::function<void(runtime::WindowEvents&)>& key) {
+        // An icon does not become active when it appears.
+        form_.SetState(WindowState::kMinimised);
+        form_.SetVisible(true);
+        EXPECT_TRUE(form_.Visible());
+        key(window.Events());
+        EXPECT_FALSE(form_.Visible());
+    };
+    std::int16_t code = 65;
+    char16_t character = u'a';
+    hidesAfter([&](auto& events) { events.KeyDown(code, 0); });
+    hidesAfter([&](auto& events) { events.KeyPress(character); });
+    hidesAfter([&](auto& events) { events.KeyUp(code, 0); });
+    EXPECT_EQ(code, 65);
+    EXPECT_EQ(character, u'a');
+}
+
+TEST_F(MainFormEventsInMemory, MinimisedFormIgnoresTheLimits) {
+    form_.EnsureLoaded();
+    form_.SetState(WindowState::kMinimised);
+    memory_.windows.Last().Events().BoundsChanged({0, 0, 600, 300}, WindowState::kMaximised);
+    EXPECT_EQ(form_.Width(), 600);
+}
+
+using MainFormCommands = MainFormOver<tests::HeadlessComponentTest>;
+
+TEST_F(MainFormCommands, SendCmdRaisesTheEventWithBothTextsAsTheyAre) {
+    String module = u"EDITOR";
+    String command = u"RD,  x";
+    form_.AP_SendCmd(module, command);
+    module.clear();
+    command.clear();
+    form_.AP_SendCmd(module, command);
+    EXPECT_THAT(heard_, ElementsAre("EDITOR|RD,  x", "|"));
+}
+
+TEST_F(MainFormCommands, SendCmdAllUsesTheOwnName) {
+    String command = u"OPEN";
+    form_.AP_SendCmdAll(command);
+    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|OPEN"));
+}
+
+TEST_F(MainFormCommands, ShellBuildsItsCommand) {
+    String module = u"M";
+    form_.AP_Shell(module, 1, u"X");
+    form_.AP_Shell(module, 0, u"");
+    form_.AP_Shell(module, -3, u"a,b");
+    EXPECT_THAT(heard_, ElementsAre("M|SHELL,1,X", "M|SHELL,0,", "M|SHELL,-3,a,b"));
+}
+
+TEST_F(MainFormCommands, DoNotLoadTheForm) {
+    String text = u"x";
+    form_.AP_SendCmdAll(text);
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(MainFormCommands, ListenersChangesReachTheCaller) {
+    const auto changing = form_.NotifyClass().Connect([](String& module, String& command) {
+        module += u"1";
+        command += u"2";
+    });
+    String module = u"M";
+    String command = u"C";
+    form_.AP_SendCmd(module, command);
+    EXPECT_EQ(module, u"M1");
+    EXPECT_EQ(command, u"C2");
+}
+
+TEST_F(MainFormCommands, ErrorOfAListenerReachesTheCallerAfterAllWereTold) {
+    connection_.Disconnect();
+    const auto failing =
+        form_.NotifyClass().Connect([](String&, String&) { throw runtime::Error(runtime::kInvalidProcedureCall); });
+    int told = 0;
+    const auto later = form_.NotifyClass().Connect([&](String&, String&) { ++told; });
+    String text = u"x";
+    EXPECT_EQ(tests::ErrorOf([&] { form_.AP_SendCmdAll(text); }), runtime::kInvalidProcedureCall);
+    EXPECT_EQ(told, 1);
+}
+
+}  // namespace
+}  // namespace host

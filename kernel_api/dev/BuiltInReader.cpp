@@ -1,0 +1,76 @@
+#include "kernel_api/dev/BuiltInReader.h"
+
+#include <new>
+#include <optional>
+#include <utility>
+
+namespace kernel_api::dev {
+namespace {
+
+constexpr StringView kIniName = u"MARLENTO.INI";
+constexpr StringView kTextsName = u"K4TBackProcess.txt";
+constexpr StringView kRegistrySection = u"Settings";
+
+/// Windows leaves the first and the last 64 KB of the address space free, so that wrong pointers are noticed.
+constexpr TextPointer kUnusedAddresses = 0x10000;
+
+}  // namespace
+
+BuiltInReader::BuiltInReader(runtime::FilesPort& files, runtime::SettingsPort& settings, runtime::LocalePort& locale)
+    : files_(files), settings_(settings), locale_(locale), ini_(locale) {}
+
+void BuiltInReader::NormaliseFolder(String& folder) {
+    if (!folder.ends_with(u'\\')) folder += u'\\';
+    iniFile_.SetPath(String(folder).append(kIniName));
+}
+
+String BuiltInReader::GetSetting(StringView application, StringView key, StringView defaultValue) {
+    FoundSetting found = Find(application, key);
+    return found.source == SettingSource::None ? String(defaultValue) : std::move(found.value);
+}
+
+String BuiltInReader::GetText(StringView defaultText, StringView textId) {
+    textsFile_.SetPath(TextsPath());
+    textsFile_.Refresh([this](const std::optional<std::string>& bytes) {
+        texts_ = {};
+        if (bytes) texts_ = TextFile(*bytes);
+    });
+    const String* text = texts_.Find(textId);
+    return text ? *text : String(defaultText);
+}
+
+String BuiltInReader::TextsPath() {
+    String folder = languageFolder_ ? languageFolder_() : String();
+    if (folder.empty()) folder = TextAt(CurrentKernel().E_GetString(u"LANGUAGEPATH"));
+    if (folder.empty()) return {};
+    if (!folder.ends_with(u'\\')) folder += u'\\';
+    return folder.append(kTextsName);
+}
+
+String BuiltInReader::TextAt(TextPointer pointer) {
+    if (pointer > -kUnusedAddresses && pointer < kUnusedAddresses) return {};
+    return locale_.FromAnsi(reinterpret_cast<const char*>(pointer));
+}
+
+FoundSetting BuiltInReader::Find(StringView application, StringView key) {
+    Refresh();
+    if (const String* const value = ini_.Find(application, key)) return {*value, SettingSource::IniFile};
+    if (auto value = settings_.Get(application, kRegistrySection, key)) {
+        return {std::move(*value), SettingSource::Registry};
+    }
+    return {};
+}
+
+void BuiltInReader::Refresh() {
+    iniFile_.Refresh([this](const std::optional<std::string>& bytes) {
+        ini_ = IniText(locale_);
+        if (!bytes) return;
+        try {
+            ini_ = IniText(locale_, DecodeIni(*bytes, locale_));
+        } catch (const std::bad_alloc&) {
+            // A file that does not fit into memory gives no settings, but must not keep the others from being found.
+        }
+    });
+}
+
+}  // namespace kernel_api::dev

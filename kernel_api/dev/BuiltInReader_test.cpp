@@ -1,0 +1,145 @@
+#include "kernel_api/dev/BuiltInReader.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+#include "runtime/headless/MemoryFiles.h"
+#include "runtime/headless/MemorySettings.h"
+#include "runtime/headless/PlainLocale.h"
+
+namespace kernel_api::dev {
+namespace {
+
+class BuiltInReaderTest : public testing::Test {
+ protected:
+    void UseFolder(StringView folder) {
+        String text(folder);
+        reader_.NormaliseFolder(text);
+    }
+    String Ver() { return reader_.GetSetting(u"Marlento", u"Ver", u"?"); }
+    std::ptrdiff_t Reads() {
+        return std::ranges::count_if(files_.Log(), [](const String& entry) { return entry.starts_with(u"Read "); });
+    }
+
+    runtime::headless::MemoryFiles files_;
+    runtime::headless::MemorySettings settings_;
+    runtime::headless::PlainLocale locale_;
+    BuiltInReader reader_{files_, settings_, locale_};
+};
+
+TEST_F(BuiltInReaderTest, FolderGetsItsBackslashOnlyWhenItLacksIt) {
+    const auto normalised = [this](String folder) {
+        reader_.NormaliseFolder(folder);
+        return folder;
+    };
+    EXPECT_EQ(normalised(u"C:\\cad\\sys"), u"C:\\cad\\sys\\");
+    EXPECT_EQ(normalised(u"C:\\cad\\sys\\"), u"C:\\cad\\sys\\");
+    EXPECT_EQ(normalised(u"C:/cad/"), u"C:/cad/\\");
+    EXPECT_EQ(normalised(u"C:"), u"C:\\");
+    EXPECT_EQ(normalised(u""), u"\\");
+}
+
+TEST_F(BuiltInReaderTest, IniFileComesFirstThenTheRegistryThenTheDefault) {
+    EXPECT_EQ(Ver(), u"?");
+    settings_.Save(u"Marlento", u"Settings", u"Ver", u"registry");
+    EXPECT_EQ(Ver(), u"registry");
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=ini\r\n");
+    UseFolder(u"C:\\sys");
+    EXPECT_EQ(Ver(), u"ini");
+}
+
+TEST_F(BuiltInReaderTest, FindTellsWhereASettingStands) {
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\nRev=\r\n");
+    settings_.Save(u"Marlento", u"Settings", u"Maker", u"Harnwell");
+    UseFolder(u"C:\\sys");
+    EXPECT_EQ(reader_.Find(u"MARLENTO", u"VER").source, SettingSource::IniFile);
+    EXPECT_EQ(reader_.Find(u"Marlento", u"Ver").value, u"1");
+    EXPECT_EQ(reader_.Find(u"Marlento", u"Rev").source, SettingSource::IniFile);
+    EXPECT_EQ(reader_.Find(u"Marlento", u"Maker").source, SettingSource::Registry);
+    EXPECT_EQ(reader_.Find(u"Marlento", u"Maker").value, u"Harnwell");
+    EXPECT_EQ(reader_.Find(u"Marlento", u"Range").source, SettingSource::None);
+}
+
+TEST_F(BuiltInReaderTest, EmptyValueIsNoReasonForTheDefault) {
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=\r\n");
+    UseFolder(u"C:\\sys");
+    EXPECT_EQ(Ver(), u"");
+}
+
+TEST_F(BuiltInReaderTest, OnlyTheRegistrySectionSettingsCounts) {
+    settings_.Save(u"Marlento", u"Other", u"Ver", u"1");
+    EXPECT_EQ(Ver(), u"?");
+}
+
+TEST_F(BuiltInReaderTest, WithoutAFolderNoFileIsAskedFor) {
+    files_.AddFile(u"C:\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
+    EXPECT_EQ(Ver(), u"?");
+    EXPECT_THAT(files_.Log(), testing::IsEmpty());
+}
+
+TEST_F(BuiltInReaderTest, FileIsReadOnce) {
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
+    UseFolder(u"C:\\sys");
+    EXPECT_EQ(Ver(), u"1");
+    EXPECT_EQ(Ver(), u"1");
+    UseFolder(u"C:\\sys\\");
+    EXPECT_EQ(Ver(), u"1");
+    EXPECT_EQ(Reads(), 1);
+}
+
+TEST_F(BuiltInReaderTest, FileIsReadAgainWhenItChanged) {
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\nRev=2\r\n");
+    UseFolder(u"C:\\sys");
+    EXPECT_EQ(Ver(), u"1");
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=3\r\n");
+    EXPECT_EQ(Ver(), u"3");
+    EXPECT_EQ(reader_.GetSetting(u"Marlento", u"Rev", u"?"), u"?");
+    EXPECT_EQ(Reads(), 2);
+}
+
+TEST_F(BuiltInReaderTest, FileMayAppearAndVanish) {
+    UseFolder(u"C:\\sys");
+    EXPECT_EQ(Ver(), u"?");
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
+    EXPECT_EQ(Ver(), u"1");
+    files_.RemoveFile(u"C:\\sys\\MARLENTO.INI");
+    EXPECT_EQ(Ver(), u"?");
+}
+
+TEST_F(BuiltInReaderTest, AnotherFolderHasItsOwnFile) {
+    files_.AddFile(u"C:\\a\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
+    files_.AddFile(u"C:\\b\\MARLENTO.INI", "[Marlento]\r\nVer=2\r\n");
+    UseFolder(u"C:\\a");
+    EXPECT_EQ(Ver(), u"1");
+    UseFolder(u"C:\\b");
+    EXPECT_EQ(Ver(), u"2");
+    UseFolder(u"C:\\none");
+    EXPECT_EQ(Ver(), u"?");
+}
+
+TEST_F(BuiltInReaderTest, FileThatCannotBeReadLeavesWhatWasReadBefore) {
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
+    UseFolder(u"C:\\sys");
+    EXPECT_EQ(Ver(), u"1");
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=2\r\n");
+    files_.FailRead(u"C:\\sys\\MARLENTO.INI");
+    EXPECT_EQ(Ver(), u"1");
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=3\r\n");
+    EXPECT_EQ(Ver(), u"3");
+}
+
+TEST_F(BuiltInReaderTest, TextIsReadFromItsAnsiBytes) {
+    const char bytes[] = "Orvane \xE4\0hidden";
+    EXPECT_EQ(reader_.TextAt(reinterpret_cast<TextPointer>(bytes)), u"Orvane \u00E4");
+    EXPECT_EQ(reader_.TextAt(reinterpret_cast<TextPointer>("")), u"");
+}
+
+TEST_F(BuiltInReaderTest, NoTextIsAtAddressesThatNothingCanHave) {
+    EXPECT_EQ(reader_.TextAt(0), u"");
+    EXPECT_EQ(reader_.TextAt(-1), u"");
+    EXPECT_EQ(reader_.TextAt(1), u"");
+}
+
+}  // namespace
+}  // namespace kernel_api::dev

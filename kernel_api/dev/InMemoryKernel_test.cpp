@@ -1,0 +1,119 @@
+#include "kernel_api/dev/InMemoryKernel.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace kernel_api::dev {
+namespace {
+
+using testing::ElementsAre;
+using testing::Optional;
+
+const char* At(TextPointer pointer) {
+    return reinterpret_cast<const char*>(pointer);
+}
+
+std::int32_t NumberOf(const std::function<void()>& failing) {
+    try {
+        failing();
+    } catch (const runtime::Error& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+TEST(InMemoryKernel, GivesBackWhatWasSet) {
+    InMemoryKernel kernel;
+    String value = u"INIT";
+    kernel.E_SetString(u"INITBP", value);
+    EXPECT_EQ(value, u"INIT");
+    EXPECT_STREQ(At(kernel.E_GetString(u"INITBP")), "INIT");
+    EXPECT_THAT(kernel.Kept(u"INITBP"), Optional(String(u"INIT")));
+}
+
+TEST(InMemoryKernel, TellsAnEmptyTextFromNone) {
+    InMemoryKernel kernel;
+    kernel.Put(u"K4TBACKPROCESS", u"");
+    EXPECT_STREQ(At(kernel.E_GetString(u"K4TBACKPROCESS")), "");
+    EXPECT_EQ(kernel.E_GetString(u"AllAps"), 0);
+    EXPECT_EQ(kernel.Kept(u"AllAps"), std::nullopt);
+}
+
+TEST(InMemoryKernel, LogsEveryCallInOrder) {
+    InMemoryKernel kernel;
+    String value = u"caf\u00E9, 1";
+    kernel.E_SetString(u"JobDir", value);
+    kernel.E_GetString(u"AllAps");
+    kernel.O_GetName(kernel.DB_DataBase());
+    EXPECT_THAT(kernel.Log(), ElementsAre("E_SetString(JobDir, caf\xC3\xA9, 1)", "E_GetString(AllAps)", "DB_DataBase()",
+                                          "O_GetName(1)"));
+    kernel.ClearLog();
+    EXPECT_THAT(kernel.Log(), ElementsAre());
+}
+
+TEST(InMemoryKernel, TakesTextAsLatin1UpToTheFirstNul) {
+    InMemoryKernel kernel;
+    String value(u"\u00FF\u0100\0rest", 7);
+    kernel.E_SetString(String(u"key\0more", 8), value);
+    EXPECT_EQ(value, u"\u00FF?");
+    EXPECT_STREQ(At(kernel.E_GetString(u"key")), "\xFF?");
+}
+
+TEST(InMemoryKernel, NamesTheOpenDesignAlone) {
+    InMemoryKernel kernel;
+    EXPECT_EQ(kernel.O_GetName(1), 0);
+    kernel.Put(u"DESIGN_NAME", u"amplifier");
+    EXPECT_STREQ(At(kernel.O_GetName(1)), "amplifier");
+    EXPECT_EQ(kernel.O_GetName(2), 0);
+}
+
+TEST(InMemoryKernel, KeepsAnAddressUntilItsKeyIsAskedForAgain) {
+    InMemoryKernel kernel;
+    kernel.Put(u"DESIGN_NAME", u"old");
+    const char* text = At(kernel.E_GetString(u"DESIGN_NAME"));
+    kernel.Put(u"DESIGN_NAME", u"new");
+    kernel.E_GetString(u"other");
+    EXPECT_STREQ(At(kernel.O_GetName(1)), "new");
+    EXPECT_STREQ(text, "old");
+    EXPECT_STREQ(At(kernel.E_GetString(u"DESIGN_NAME")), "new");
+}
+
+TEST(InMemoryKernel, FailsOnceAtTheGivenCall) {
+    InMemoryKernel kernel;
+    kernel.DB_DataBase();
+    kernel.FailAt(2, runtime::Error(runtime::kFileNotFound));
+    kernel.DB_DataBase();
+    EXPECT_EQ(NumberOf([&] { kernel.DB_DataBase(); }), 53);
+    EXPECT_EQ(kernel.DB_DataBase(), 1);
+    EXPECT_EQ(kernel.Log().size(), 4u);
+}
+
+TEST(InMemoryKernel, FailsAtCallsOfAGivenNameOrKeyWithoutKeepingTheValue) {
+    InMemoryKernel kernel;
+    kernel.FailOn("E_SetString(JobDir,", runtime::Error(runtime::kFileNotFound));
+    kernel.FailOn("O_GetName", runtime::Error(runtime::kDllEntryPointNotFound));
+    String value = u"\u0100";
+    EXPECT_EQ(NumberOf([&] { kernel.E_SetString(u"JobDir", value); }), 53);
+    EXPECT_EQ(value, u"\u0100");
+    EXPECT_EQ(kernel.Kept(u"JobDir"), std::nullopt);
+    EXPECT_EQ(NumberOf([&] { kernel.O_GetName(1); }), 453);
+    EXPECT_EQ(NumberOf([&] { kernel.E_SetString(u"JobDir2", value); }), 0);
+    kernel.StopFailing();
+    EXPECT_EQ(NumberOf([&] { kernel.E_SetString(u"JobDir", value); }), 0);
+}
+
+TEST(InMemoryKernel, RewritesValuesAsTheTestSays) {
+    InMemoryKernel kernel;
+    kernel.RewriteValues([](const std::string& key, std::string& bytes) { bytes = key == "LibDir" ? "D:\\" : bytes; });
+    String library = u"C:\\LIB";
+    String job = u"C:\\JOB";
+    kernel.E_SetString(u"LibDir", library);
+    kernel.E_SetString(u"JobDir", job);
+    EXPECT_EQ(library, u"D:\\");
+    EXPECT_EQ(job, u"C:\\JOB");
+    EXPECT_THAT(kernel.Kept(u"LibDir"), Optional(String(u"D:\\")));
+    EXPECT_THAT(kernel.Log(), ElementsAre("E_SetString(LibDir, C:\\LIB)", "E_SetString(JobDir, C:\\JOB)"));
+}
+
+}  // namespace
+}  // namespace kernel_api::dev

@@ -1,0 +1,84 @@
+#include "kernel_api/dev/IniText.h"
+
+#include <algorithm>
+
+namespace kernel_api::dev {
+namespace {
+
+StringView Trimmed(StringView text) {
+    constexpr StringView kGaps = u" \t";
+    const auto first = text.find_first_not_of(kGaps);
+    if (first == StringView::npos) return {};
+    return text.substr(first, text.find_last_not_of(kGaps) - first + 1);
+}
+
+StringView WithoutQuotes(StringView value) {
+    const bool isQuoted =
+        value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
+    return isQuoted ? value.substr(1, value.size() - 2) : value;
+}
+
+/// Takes the first line off `text`. The line feed of a CR LF leaves an empty line, which says nothing.
+StringView NextLine(StringView& text) {
+    const auto end = std::min(text.find_first_of(u"\r\n"), text.size());
+    const StringView line = text.substr(0, end);
+    text.remove_prefix(std::min(end + 1, text.size()));
+    return line;
+}
+
+String FromUtf16Bytes(std::string_view bytes, bool lowFirst) {
+    String text(bytes.size() / 2, u'\0');
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto first = static_cast<unsigned char>(bytes[2 * i]);
+        const auto second = static_cast<unsigned char>(bytes[2 * i + 1]);
+        text[i] = static_cast<char16_t>(lowFirst ? first | (second << 8) : second | (first << 8));
+    }
+    return text;
+}
+
+/// Whether `text`, decoded from `bytes`, stands for them without loss.
+bool WasUtf8(StringView text, std::string_view bytes) {
+    constexpr char16_t kReplacement = 0xFFFD;
+    return text.find(kReplacement) == StringView::npos || runtime::ToUtf8(text) == bytes;
+}
+
+}  // namespace
+
+String DecodeIni(std::string_view bytes, runtime::LocalePort& locale) {
+    if (bytes.starts_with("\xEF\xBB\xBF")) return runtime::FromUtf8(bytes.substr(3));
+    if (bytes.starts_with("\xFF\xFE")) return FromUtf16Bytes(bytes.substr(2), true);
+    if (bytes.starts_with("\xFE\xFF")) return FromUtf16Bytes(bytes.substr(2), false);
+    String text = runtime::FromUtf8(bytes);
+    if (WasUtf8(text, bytes)) return text;
+    return locale.FromAnsi(bytes);
+}
+
+IniText::IniText(runtime::LocalePort& locale, StringView text) : locale_(&locale) {
+    Section* section = nullptr;
+    while (!text.empty()) {
+        const StringView line = Trimmed(NextLine(text));
+        if (line.starts_with(u';')) continue;
+        if (!line.starts_with(u'[')) {
+            if (section) AddSetting(*section, line);
+        } else if (const auto end = line.find(u']'); end != StringView::npos) {
+            section = &sections_[locale_->LowerCase(Trimmed(line.substr(1, end - 1)))];
+        }
+    }
+}
+
+void IniText::AddSetting(Section& section, StringView line) {
+    const auto equals = line.find(u'=');
+    if (equals == StringView::npos) return;
+    const StringView key = Trimmed(line.substr(0, equals));
+    if (key.empty()) return;
+    section.try_emplace(locale_->LowerCase(key), WithoutQuotes(Trimmed(line.substr(equals + 1))));
+}
+
+const String* IniText::Find(StringView section, StringView key) const {
+    const auto foundSection = sections_.find(locale_->LowerCase(section));
+    if (foundSection == sections_.end()) return nullptr;
+    const auto found = foundSection->second.find(locale_->LowerCase(key));
+    return found == foundSection->second.end() ? nullptr : &found->second;
+}
+
+}  // namespace kernel_api::dev

@@ -1,0 +1,158 @@
+#include "kernel_api/dev/SectionMemory.h"
+
+#include <sddl.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <vector>
+
+namespace kernel_api::dev {
+namespace {
+
+using runtime::String;
+using runtime::win32::KernelHandle;
+using runtime::win32::Wide;
+
+/// Views start at multiples of this, and it is a multiple of the page size.
+constexpr std::uint32_t kGranularity = 64 * 1024;
+/// Longer than any use of the lock takes; a process that is stopped with it must not stop all others for good.
+constexpr DWORD kLockTimeout = 10'000;  // milliseconds
+
+struct LocalMemoryPolicy {
+    using Type = void*;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type address) noexcept { LocalFree(address); }
+};
+using LocalMemory = runtime::win32::UniqueHandle<LocalMemoryPolicy>;
+
+[[noreturn]] void Fail(const char* what) {
+    throw StoreError(std::string(what) + ": system error " + std::to_string(GetLastError()));
+}
+
+std::uint32_t RoundedUp(std::uint32_t size) {
+    return (size + kGranularity - 1) / kGranularity * kGranularity;
+}
+
+/// The user's own identifier, as security descriptions spell it.
+String UserSid() {
+    HANDLE opened = nullptr;
+    if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened)) Fail("the user is not known");
+    const KernelHandle token(opened);
+    DWORD size = 0;
+    GetTokenInformation(token.Get(), TokenUser, nullptr, 0, &size);
+    std::vector<std::byte> buffer(size);
+    if (!GetTokenInformation(token.Get(), TokenUser, buffer.data(), size, &size)) Fail("the user is not known");
+    LPWSTR text = nullptr;
+    if (!ConvertSidToStringSidW(reinterpret_cast<const TOKEN_USER*>(buffer.data())->User.Sid, &text)) {
+        Fail("the user is not known");
+    }
+    const LocalMemory owner(text);
+    return runtime::win32::ToString(text);
+}
+
+/// Lets every process of the user in, whether it is elevated or not, and nobody else.
+LocalMemory UserOnly() {
+    const String description = u"D:P(A;;GA;;;SY)(A;;GA;;;" + UserSid() + u")";
+    PSECURITY_DESCRIPTOR descriptor = nullptr;
+    if (!ConvertStringSecurityDescriptorToSecurityDescriptorW(Wide(description), SDDL_REVISION_1, &descriptor,
+                                                              nullptr)) {
+        Fail("the shared strings cannot be protected");
+    }
+    return LocalMemory(descriptor);
+}
+
+}  // namespace
+
+String DevelopmentStoreName() {
+    constexpr const wchar_t* kVariable = L"QMXKRN2K_STORE";
+    const String base = u"Local\\QmxKrn2K.Strings";
+    const DWORD size = GetEnvironmentVariableW(kVariable, nullptr, 0);
+    if (size == 0) return base;
+    String own(size, u'\0');
+    own.resize(GetEnvironmentVariableW(kVariable, Wide(own.data()), size));
+    std::replace(own.begin(), own.end(), u'\\', u'/');  // a backslash would name another name space
+    return base + u'.' + own;
+}
+
+SectionMemory::SectionMemory(const String& name, std::uint32_t capacity) : capacity_(capacity) {
+    const LocalMemory descriptor = UserOnly();
+    SECURITY_ATTRIBUTES userOnly{sizeof userOnly, descriptor.Get(), FALSE};
+    mutex_ = KernelHandle(CreateMutexW(&userOnly, FALSE, Wide(name + u".Lock")));
+    if (!mutex_) Fail("the lock of the shared strings cannot be had");
+    const std::uint64_t size = kGranularity + 2 * std::uint64_t{capacity};
+    section_ = KernelHandle(CreateFileMappingW(INVALID_HANDLE_VALUE, &userOnly, PAGE_READWRITE | SEC_RESERVE,
+                                               static_cast<DWORD>(size >> 32), static_cast<DWORD>(size), Wide(name)));
+    if (!section_) Fail("the memory of the shared strings cannot be had");
+    header_ = Map(0, kGranularity);
+    if (!header_ || !VirtualAlloc(header_.Get(), kGranularity, MEM_COMMIT, PAGE_READWRITE)) {
+        Fail("the memory of the shared strings cannot be seen");
+    }
+}
+
+void SectionMemory::Lock() {
+    const DWORD result = WaitForSingleObject(mutex_.Get(), kLockTimeout);
+    if (result == WAIT_OBJECT_0 || result == WAIT_ABANDONED) return;
+    if (result == WAIT_TIMEOUT) throw StoreError("another process keeps the shared strings locked");
+    Fail("the shared strings cannot be locked");
+}
+
+void SectionMemory::Unlock() noexcept {
+    ReleaseMutex(mutex_.Get());
+}
+
+std::uint32_t* SectionMemory::WordAt(Word word) const {
+    return reinterpret_cast<std::uint32_t*>(header_.Get()) + static_cast<std::uint32_t>(word);
+}
+
+std::uint32_t SectionMemory::Load(Word word) const {
+    return std::atomic_ref(*WordAt(word)).load(std::memory_order_acquire);
+}
+
+void SectionMemory::Store(Word word, std::uint32_t value) {
+    std::atomic_ref(*WordAt(word)).store(value, std::memory_order_release);
+}
+
+MappedView SectionMemory::Map(std::uint64_t offset, std::uint32_t size) const {
+    return MappedView(
+        static_cast<std::byte*>(MapViewOfFile(section_.Get(), FILE_MAP_READ | FILE_MAP_WRITE,
+                                              static_cast<DWORD>(offset >> 32), static_cast<DWORD>(offset), size)));
+}
+
+/// Maps `space` anew with at least `size` bytes, and with room for more where there is room.
+bool SectionMemory::Grow(std::uint32_t space, std::uint32_t size) {
+    Space& grown = spaces_.at(space);
+    const std::uint32_t least = RoundedUp(size);
+    const std::uint32_t generous = std::min(capacity_, std::max(least, 2 * grown.mapped));
+    grown = {};
+    const std::uint64_t offset = kGranularity + std::uint64_t{space} * capacity_;
+    for (const std::uint32_t mapped : {generous, least}) {
+        grown.view = Map(offset, mapped);
+        if (!grown.view) continue;
+        grown.mapped = mapped;
+        return true;
+    }
+    return false;
+}
+
+const std::byte* SectionMemory::View(std::uint32_t space, std::uint32_t size) {
+    Space& viewed = spaces_.at(space);
+    if (size > capacity_) return nullptr;
+    if (size > viewed.mapped && !Grow(space, size)) return nullptr;
+    if (size > viewed.committed) {
+        const std::uint32_t committed = RoundedUp(size);
+        if (!VirtualAlloc(viewed.view.Get(), committed, MEM_COMMIT, PAGE_READWRITE)) return nullptr;
+        viewed.committed = committed;
+    }
+    return viewed.view.Get();
+}
+
+void SectionMemory::Write(std::uint32_t space, std::uint32_t offset, const void* bytes, std::size_t size) {
+    if (size > 0) std::memcpy(spaces_.at(space).view.Get() + offset, bytes, size);
+}
+
+void SectionMemory::Release(std::uint32_t space) noexcept {
+    spaces_[space] = {};
+}
+
+}  // namespace kernel_api::dev

@@ -1,0 +1,198 @@
+#include "kernel_api/dev/StringStore.h"
+
+#include <cstring>
+#include <mutex>
+
+namespace kernel_api::dev {
+namespace {
+
+constexpr std::uint32_t kMagic = 0x4B584D51;  // "QMXK"
+constexpr std::uint32_t kVersion = 1;
+/// Dead bytes that are not worth a rewrite.
+constexpr std::uint64_t kSlack = 64 * 1024;
+
+/// What each record starts with; the key's bytes follow, then the value's, then padding.
+struct RecordHead {
+    std::uint32_t keySize;
+    std::uint32_t valueSize;
+};
+
+std::uint64_t RecordSize(std::uint64_t keySize, std::uint64_t valueSize) {
+    constexpr std::uint64_t kAlignment = alignof(RecordHead);
+    return (sizeof(RecordHead) + keySize + valueSize + kAlignment - 1) / kAlignment * kAlignment;
+}
+
+struct Record {
+    std::string_view key;
+    std::string_view value;
+    std::uint32_t size;  ///< bytes, all included
+};
+
+/// The record at `offset` of a log of `used` bytes; trusts nothing that it reads.
+Record ReadRecord(const std::byte* log, std::uint32_t offset, std::uint32_t used) {
+    const std::uint32_t left = used - offset;
+    RecordHead head{};
+    if (left < sizeof head) throw StoreError("a record of the shared strings is cut off");
+    std::memcpy(&head, log + offset, sizeof head);
+    const std::uint64_t size = RecordSize(head.keySize, head.valueSize);
+    if (size > left) throw StoreError("a record of the shared strings is longer than what is in use");
+    const char* text = reinterpret_cast<const char*>(log + offset + sizeof head);
+    return {{text, head.keySize}, {text + head.keySize, head.valueSize}, static_cast<std::uint32_t>(size)};
+}
+
+void WriteRecord(SharedMemory& memory, std::uint32_t space, std::uint32_t offset, std::string_view key,
+                 std::string_view value) {
+    const RecordHead head{static_cast<std::uint32_t>(key.size()), static_cast<std::uint32_t>(value.size())};
+    memory.Write(space, offset, &head, sizeof head);
+    offset += sizeof head;
+    memory.Write(space, offset, key.data(), key.size());
+    memory.Write(space, offset + head.keySize, value.data(), value.size());
+}
+
+Word UsedOf(std::uint32_t space) {
+    return space == 0 ? Word::kUsed0 : Word::kUsed1;
+}
+
+/// Gives the standard lock guards the names that they expect.
+class Lockable {
+ public:
+    explicit Lockable(SharedMemory& memory) : memory_(memory) {}
+    void lock() { memory_.Lock(); }
+    void unlock() { memory_.Unlock(); }
+
+ private:
+    SharedMemory& memory_;
+};
+
+}  // namespace
+
+bool StringStore::Set(std::string_view key, std::string_view value) {
+    Lockable lockable(memory_);
+    const std::scoped_lock lock(lockable);
+    CatchUp();
+    const auto old = index_.find(key);
+    if (old != index_.end() && ValueOf(*old) == value) return true;
+
+    const std::uint64_t needed = RecordSize(key.size(), value.size());
+    const std::uint64_t liveAfter = live_ + needed - (old == index_.end() ? 0 : old->second.size);
+    const std::uint64_t usedAfter = seen_ + needed;
+    if (liveAfter > memory_.Capacity()) return false;
+    const bool worthAppending = usedAfter <= memory_.Capacity() && usedAfter <= 2 * liveAfter + kSlack;
+    return (worthAppending && Append(key, value)) || Rewrite(key, value, static_cast<std::uint32_t>(liveAfter));
+}
+
+std::optional<std::string> StringStore::Get(std::string_view key) {
+    Lockable lockable(memory_);
+    const std::scoped_lock lock(lockable);
+    CatchUp();
+    const auto found = index_.find(key);
+    if (found == index_.end()) return std::nullopt;
+    return std::string(ValueOf(*found));
+}
+
+std::optional<std::string> StringStore::FirstKey() {
+    Lockable lockable(memory_);
+    const std::scoped_lock lock(lockable);
+    CatchUp();
+    if (index_.empty()) return std::nullopt;
+    return index_.begin()->first;
+}
+
+std::optional<std::string> StringStore::KeyAfter(std::string_view key) {
+    Lockable lockable(memory_);
+    const std::scoped_lock lock(lockable);
+    CatchUp();
+    const auto next = index_.upper_bound(key);
+    if (next == index_.end()) return std::nullopt;
+    return next->first;
+}
+
+/// Marks new memory as ours, the magic number last: whoever dies before it leaves new memory.
+void StringStore::Attach() {
+    if (memory_.Load(Word::kMagic) == 0) {
+        memory_.Store(Word::kVersion, kVersion);
+        memory_.Store(Word::kMagic, kMagic);
+    }
+    if (memory_.Load(Word::kMagic) != kMagic || memory_.Load(Word::kVersion) != kVersion) {
+        throw StoreError("the shared memory is not a string store of this version");
+    }
+}
+
+void StringStore::CatchUp() {
+    Attach();
+    const std::uint32_t generation = memory_.Load(Word::kGeneration);
+    if (generation_ != generation) StartGeneration(generation);
+
+    const std::uint32_t used = memory_.Load(UsedOf(ActiveSpace()));
+    if (used < seen_ || used > memory_.Capacity()) throw StoreError("the used size of the shared strings is wrong");
+    if (used == seen_) return;
+    const std::byte* log = memory_.View(ActiveSpace(), used);
+    if (!log) throw StoreError("the shared strings do not fit into this process");
+    while (seen_ < used) {
+        const Record record = ReadRecord(log, seen_, used);
+        auto found = index_.find(record.key);
+        if (found == index_.end()) found = index_.emplace(record.key, Entry{}).first;
+        live_ += record.size - found->second.size;
+        found->second = {seen_, record.size};
+        seen_ += record.size;
+    }
+}
+
+void StringStore::StartGeneration(std::uint32_t generation) {
+    index_.clear();
+    seen_ = 0;
+    live_ = 0;
+    generation_ = generation;
+    memory_.Release(OtherSpace());
+}
+
+const std::byte* StringStore::ViewLog() {
+    const std::byte* log = memory_.View(ActiveSpace(), seen_);
+    if (!log) throw StoreError("the shared strings do not fit into this process");
+    return log;
+}
+
+std::string_view StringStore::ValueOf(const Index::value_type& entry) {
+    const Record record = ReadRecord(ViewLog(), entry.second.offset, seen_);
+    if (record.key != entry.first) throw StoreError("a record of the shared strings was overwritten");
+    return record.value;
+}
+
+bool StringStore::Append(std::string_view key, std::string_view value) {
+    const auto usedAfter = static_cast<std::uint32_t>(seen_ + RecordSize(key.size(), value.size()));
+    if (!memory_.View(ActiveSpace(), usedAfter)) return false;
+    WriteRecord(memory_, ActiveSpace(), seen_, key, value);
+    memory_.Store(UsedOf(ActiveSpace()), usedAfter);
+    return true;
+}
+
+bool StringStore::Rewrite(std::string_view key, std::string_view value, std::uint32_t liveAfter) {
+    if (!memory_.View(OtherSpace(), liveAfter)) return false;
+    const auto kept = static_cast<std::uint32_t>(liveAfter - RecordSize(key.size(), value.size()));
+    CopyLiveRecordsExcept(key, kept);
+    WriteRecord(memory_, OtherSpace(), kept, key, value);
+    memory_.Store(UsedOf(OtherSpace()), liveAfter);
+    memory_.Store(Word::kGeneration, *generation_ + 1);
+    return true;
+}
+
+/// Copies into the other space, in the log's order; `size` bytes in all, as the index has it.
+void StringStore::CopyLiveRecordsExcept(std::string_view key, std::uint32_t size) {
+    if (size == 0) return;
+    const std::byte* log = ViewLog();
+    std::uint32_t copied = 0;
+    for (std::uint32_t offset = 0; offset < seen_;) {
+        const Record record = ReadRecord(log, offset, seen_);
+        const auto found = index_.find(record.key);
+        const bool isLive = found != index_.end() && found->second.offset == offset && record.key != key;
+        if (isLive) {
+            if (record.size > size - copied) break;
+            memory_.Write(OtherSpace(), copied, log + offset, record.size);
+            copied += record.size;
+        }
+        offset += record.size;
+    }
+    if (copied != size) throw StoreError("the records of the shared strings do not add up");
+}
+
+}  // namespace kernel_api::dev

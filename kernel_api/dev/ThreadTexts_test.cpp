@@ -1,0 +1,37 @@
+#include "kernel_api/dev/ThreadTexts.h"
+
+#include <gtest/gtest.h>
+
+namespace kernel_api::dev {
+namespace {
+
+TEST(ThreadTexts, KeepAnAddressWhileOtherNamesAndThreadsAsk) {
+    ThreadTexts texts;
+    const char* address = texts.Keep(1, "key", "short");
+    for (int i = 0; i < 100; ++i) {
+        texts.Keep(1, "other" + std::to_string(i), std::string(100, 'x'));
+        texts.Keep(2, "key", std::string(100, 'y'));
+    }
+    texts.Drop(2, "key");
+    texts.DropAll(2);
+    EXPECT_STREQ(address, "short");
+}
+
+TEST(ThreadTexts, GiveTheNewTextOnceTheThreadAsksAgain) {
+    ThreadTexts texts;
+    texts.Keep(1, "key", "old");
+    EXPECT_STREQ(texts.Keep(1, "key", "new and a good deal longer than before"),
+                 "new and a good deal longer than before");
+}
+
+TEST(ThreadTexts, StartAfreshAfterBeingDropped) {
+    ThreadTexts texts;
+    texts.Drop(1, "never asked for");
+    texts.DropAll(1);
+    texts.Keep(1, "key", "text");
+    texts.DropAll(1);
+    EXPECT_STREQ(texts.Keep(1, "key", ""), "");
+}
+
+}  // namespace
+}  // namespace kernel_api::dev

@@ -1,0 +1,47 @@
+// A file that is read once, and again when its stamp or its path changes.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <utility>
+
+#include "runtime/FilesPort.h"
+
+namespace kernel_api::dev {
+
+class WatchedFile {
+ public:
+    /// `files` must outlive the object.
+    explicit WatchedFile(runtime::FilesPort& files) : files_(files) {}
+
+    /// The path may be empty: no file.
+    void SetPath(runtime::String path) {
+        if (path == path_) return;
+        path_ = std::move(path);
+        changed_ = true;
+    }
+
+    /// Calls `take` with the file's bytes if they were not taken yet, or with none when there is no file any more. A
+    /// file that another program holds, perhaps to write it, counts as unchanged until it can be read.
+    template <typename Take>
+    void Refresh(Take&& take) {
+        const auto stamp = path_.empty() ? std::nullopt : files_.Stamp(path_);
+        if (!changed_ && stamp == stamp_) return;
+        std::optional<std::string> bytes;
+        if (stamp) {
+            bytes = files_.Read(path_);
+            if (!bytes && !changed_) return;
+        }
+        stamp_ = bytes ? stamp : std::nullopt;
+        changed_ = false;
+        take(bytes);
+    }
+
+ private:
+    runtime::FilesPort& files_;
+    runtime::String path_;
+    std::optional<runtime::FileStamp> stamp_;  ///< of what was taken
+    bool changed_ = false;                     ///< another path since then
+};
+
+}  // namespace kernel_api::dev

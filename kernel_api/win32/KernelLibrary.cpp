@@ -1,0 +1,146 @@
+#include "kernel_api/win32/KernelLibrary.h"
+
+#include <cstring>
+#include <utility>
+
+#include "runtime/Error.h"
+
+namespace kernel_api::win32 {
+namespace {
+
+using runtime::Error;
+using runtime::win32::Library;
+using runtime::win32::Wide;
+
+constexpr const char16_t* kFileName = u"QmxKrn2K.dll";
+
+/// Keeps the system from showing a message of its own about a library that will not load.
+class QuietLoading {
+ public:
+    QuietLoading() { SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &before_); }
+    QuietLoading(const QuietLoading&) = delete;
+    QuietLoading& operator=(const QuietLoading&) = delete;
+    ~QuietLoading() { SetThreadErrorMode(before_, nullptr); }
+
+ private:
+    DWORD before_ = 0;
+};
+
+String Decimal(unsigned long number) {
+    return runtime::FromAscii(std::to_string(number));
+}
+
+String PathIn(const String& folder) {
+    if (folder.empty()) return {};
+    return folder + (folder.back() == u'\\' ? u"" : u"\\") + kFileName;
+}
+
+bool IsFile(const String& path) {
+    const DWORD attributes = path.empty() ? INVALID_FILE_ATTRIBUTES : GetFileAttributesW(Wide(path));
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+Error CannotLoad(const String& path, DWORD systemError) {
+    return Error(runtime::kErrorInLoadingDll, runtime::StandardDescription(runtime::kErrorInLoadingDll) + u": " + path +
+                                                  u" (system error " + Decimal(systemError) + u")");
+}
+
+Error NotFound(const String& folder) {
+    const String places = folder.empty() ? u"" : u"in " + folder + u" or ";
+    return Error(runtime::kFileNotFound, runtime::StandardDescription(runtime::kFileNotFound) + u": " + kFileName +
+                                             u" (not " + places + u"where the system looks for libraries)");
+}
+
+bool IsWhereTheSystemLooks() {
+    return SearchPathW(nullptr, Wide(kFileName), nullptr, 0, nullptr, nullptr) != 0;
+}
+
+/// A library that is there but will not load is not replaced by one from elsewhere: that would hide the damage.
+Library Load(const String& folder) {
+    const QuietLoading quiet;
+    const String beside = PathIn(folder);
+    if (IsFile(beside)) {
+        Library library(LoadLibraryExW(Wide(beside), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+        if (!library) throw CannotLoad(beside, GetLastError());
+        return library;
+    }
+    Library library(LoadLibraryW(Wide(kFileName)));
+    if (library) return library;
+    const DWORD systemError = GetLastError();
+    // The same system error also stands for a library that is there and needs another one that is not.
+    if (systemError == ERROR_MOD_NOT_FOUND && !IsWhereTheSystemLooks()) throw NotFound(folder);
+    throw CannotLoad(kFileName, systemError);
+}
+
+String PathOf(const Library& library) {
+    String path(32768, u'\0');
+    path.resize(GetModuleFileNameW(library.Get(), Wide(path.data()), static_cast<DWORD>(path.size())));
+    return path;
+}
+
+std::string ToAnsi(StringView text) {
+    const auto length = static_cast<int>(text.size());
+    if (length == 0) return {};
+    const wchar_t* wide = Wide(text.data());
+    const int size = WideCharToMultiByte(CP_ACP, 0, wide, length, nullptr, 0, nullptr, nullptr);
+    std::string bytes(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_ACP, 0, wide, length, bytes.data(), size, nullptr, nullptr);
+    return bytes;
+}
+
+String FromAnsi(const char* bytes, std::size_t size) {
+    const auto length = static_cast<int>(size);
+    if (length == 0) return {};
+    const int units = MultiByteToWideChar(CP_ACP, 0, bytes, length, nullptr, 0);
+    String text(static_cast<std::size_t>(units), u'\0');
+    MultiByteToWideChar(CP_ACP, 0, bytes, length, Wide(text.data()), units);
+    return text;
+}
+
+}  // namespace
+
+KernelLibrary::KernelLibrary(String folder) : folder_(std::move(folder)) {}
+
+FARPROC KernelLibrary::Find(const char* name) {
+    if (!library_) library_ = Load(folder_);
+    if (const FARPROC address = GetProcAddress(library_.Get(), name)) {
+        isBound_ = true;
+        return address;
+    }
+    const Error missing(runtime::kDllEntryPointNotFound, runtime::StandardDescription(runtime::kDllEntryPointNotFound) +
+                                                             u": " + runtime::FromAscii(name) + u" in " +
+                                                             PathOf(library_));
+    // Held any longer, a wrong library could not be replaced by the right one.
+    if (!isBound_) library_.Reset();
+    throw missing;
+}
+
+template <typename Function>
+Function KernelLibrary::Bound(Function& entry, const char* name) {
+    if (!entry) entry = reinterpret_cast<Function>(reinterpret_cast<void*>(Find(name)));
+    return entry;
+}
+
+void KernelLibrary::E_SetString(StringView key, String& value) {
+    const auto call = Bound(setString_, "E_SetString");
+    std::string keyBytes = ToAnsi(key);
+    std::string buffer = ToAnsi(value) + '\0';  // the terminator is the kernel's to overwrite, too
+    call(keyBytes.data(), buffer.data());
+    value = FromAnsi(buffer.data(), strnlen(buffer.data(), buffer.size()));
+}
+
+TextPointer KernelLibrary::E_GetString(StringView key) {
+    const auto call = Bound(getString_, "E_GetString");
+    std::string keyBytes = ToAnsi(key);
+    return call(keyBytes.data());
+}
+
+std::int32_t KernelLibrary::DB_DataBase() {
+    return Bound(dataBase_, "DB_DataBase")();
+}
+
+TextPointer KernelLibrary::O_GetName(std::int32_t handle) {
+    return Bound(getName_, "O_GetName")(handle);
+}
+
+}  // namespace kernel_api::win32

@@ -1,0 +1,148 @@
+#include "routing/ModuleList.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "routing/FieldSplitter.h"
+#include "runtime/Form.h"
+#include "services/ProcessValues.h"
+#include "tests/support/ComponentFixture.h"
+
+namespace routing {
+namespace {
+
+using runtime::String;
+using ::testing::ElementsAre;
+
+class ReadingTheModuleList : public tests::HeadlessComponentTest {
+ protected:
+    void Read(runtime::StringView list) {
+        kernel_.Put(u"AllAps", list);
+        ReadModuleList();
+    }
+};
+
+TEST_F(ReadingTheModuleList, StartValuesAreEmptyOrZero) {
+    EXPECT_EQ(InterModuleMessage, 0u);
+    EXPECT_TRUE(ModuleNames.empty());
+    EXPECT_EQ(ModuleCount, 0);
+    EXPECT_EQ(OwnModuleIndex, 0);
+}
+
+TEST_F(ReadingTheModuleList, FindsTheOwnEntry) {
+    Read(u"EDITOR,K4TBACKPROCESS,LIBRARY");
+    EXPECT_EQ(ModuleCount, 3);
+    EXPECT_THAT(ModuleNames, ElementsAre(u"", u"EDITOR", u"K4TBACKPROCESS", u"LIBRARY"));
+    EXPECT_EQ(OwnModuleIndex, 2);
+}
+
+TEST_F(ReadingTheModuleList, RegistersTheSharedMessage) {
+    Read(u"");
+    EXPECT_EQ(memory_.windows.messages, (std::vector<String>{u"PELORIX"}));
+    EXPECT_EQ(InterModuleMessage, 0xC000u);
+}
+
+TEST_F(ReadingTheModuleList, OwnNameIsComparedExactly) {
+    Read(u"EDITOR,k4tbackprocess, K4TBACKPROCESS");
+    EXPECT_EQ(ModuleCount, 3);
+    EXPECT_EQ(OwnModuleIndex, 0);
+}
+
+TEST_F(ReadingTheModuleList, LastOwnEntryWins) {
+    Read(u"K4TBACKPROCESS,A,K4TBACKPROCESS,B");
+    EXPECT_EQ(OwnModuleIndex, 3);
+}
+
+TEST_F(ReadingTheModuleList, QuotedNamesMayHoldCommas) {
+    Read(u"\"A,B\",K4TBACKPROCESS");
+    EXPECT_THAT(ModuleNames, ElementsAre(u"", u"A,B", u"K4TBACKPROCESS"));
+    EXPECT_EQ(OwnModuleIndex, 2);
+}
+
+TEST_F(ReadingTheModuleList, MissingListLeavesNoModules) {
+    ReadModuleList();
+    EXPECT_EQ(ModuleCount, 0);
+    EXPECT_EQ(OwnModuleIndex, 0);
+    EXPECT_THAT(ModuleNames, ElementsAre(u""));
+}
+
+TEST_F(ReadingTheModuleList, EmptyListForgetsTheEarlierOne) {
+    Read(u"A,K4TBACKPROCESS");
+    Read(u"");
+    EXPECT_EQ(ModuleCount, 0);
+    EXPECT_EQ(OwnModuleIndex, 0);
+    EXPECT_THAT(ModuleNames, ElementsAre(u""));
+}
+
+TEST_F(ReadingTheModuleList, OnlyReadsTheList) {
+    Read(u"A,B");
+    EXPECT_THAT(kernel_.Log(), ElementsAre("E_GetString(AllAps)"));
+}
+
+TEST_F(ReadingTheModuleList, OverflowOfAFieldsNumberPasses) {
+    EXPECT_EQ(tests::ErrorOf([&] { Read(u"A,1E999"); }), runtime::kOverflow);
+}
+
+class PublishingTheState : public tests::HeadlessComponentTest {
+ protected:
+    PublishingTheState() {
+        services::processValues.mainForm = &form_;
+        form_.SetCaption(u"My, \"caption\"");
+    }
+    ~PublishingTheState() override { form_.Unload(); }
+
+    runtime::Form form_{{.name = u"form", .caption = u"", .inner = {3000, 1500}}};
+};
+
+TEST_F(PublishingTheState, RecordIsTheCaptionAndFourNumbersWithTheirBlanks) {
+    PublishModuleState(-1, 0);
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"My, \"caption\", 0, 0, 0, 0");
+}
+
+TEST_F(PublishingTheState, HoldsWindowStateAndExtraNumber) {
+    form_.SetState(runtime::WindowState::kMinimised);
+    PublishModuleState(1, -42);
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"My, \"caption\", 1, 0,-42, 0");
+    form_.SetState(runtime::WindowState::kMaximised);
+    PublishModuleState(7, 2147483647);
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"My, \"caption\", 2, 0, 2147483647, 0");
+}
+
+TEST_F(PublishingTheState, InactiveStoresTheEmptyStringThoughTheFormIsLoaded) {
+    PublishModuleState(-1, 0);
+    PublishModuleState(0, 5);
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
+}
+
+TEST_F(PublishingTheState, WithoutAMainFormIsError91) {
+    services::processValues.mainForm = nullptr;
+    EXPECT_EQ(tests::ErrorOf([] { PublishModuleState(-1, 0); }), runtime::kObjectVariableNotSet);
+    PublishModuleState(0, 0);
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
+}
+
+class FormShown : public tests::ComponentTest {
+ protected:
+    runtime::Form form_{{.name = u"form", .caption = u"", .inner = {3000, 1500}}};
+    runtime::Form other_{{.name = u"other", .caption = u"", .inner = {3000, 1500}}};
+};
+
+TEST_F(FormShown, IsFalseForAFormThatIsNotLoadedAndDoesNotLoadIt) {
+    EXPECT_FALSE(IsFormShown(form_));
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(FormShown, IsFalseWhileHiddenAndTrueWhileVisible) {
+    other_.SetVisible(true);
+    form_.EnsureLoaded();
+    EXPECT_FALSE(IsFormShown(form_));
+    form_.SetVisible(true);
+    EXPECT_TRUE(IsFormShown(form_));
+    form_.Hide();
+    EXPECT_FALSE(IsFormShown(form_));
+    form_.Unload();
+    other_.Unload();
+}
+
+}  // namespace
+}  // namespace routing

@@ -1,0 +1,121 @@
+#include "runtime/Event.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+namespace runtime {
+namespace {
+
+using ::testing::ElementsAre;
+using StringEvent = Event<std::string&>;
+
+class EventTest : public ::testing::Test {
+ protected:
+    StringEvent::Connection Listen(const std::string& name) {
+        return event_.Connect([this, name](std::string&) { told_.push_back(name); });
+    }
+    void Raise(std::string text = "x") { event_.Raise(text); }
+
+    StringEvent event_;
+    std::vector<std::string> told_;
+};
+
+TEST_F(EventTest, TellsListenersInTheOrderOfConnecting) {
+    const auto a = Listen("a");
+    const auto b = Listen("b");
+    Raise();
+    EXPECT_THAT(told_, ElementsAre("a", "b"));
+}
+
+TEST_F(EventTest, WithoutListenersDoesNothing) {
+    Raise();
+    EXPECT_TRUE(told_.empty());
+}
+
+TEST_F(EventTest, PassesWhatOneListenerChangesToTheNextAndToTheRaiser) {
+    const auto a = event_.Connect([](std::string& text) { text += "a"; });
+    const auto b = event_.Connect([](std::string& text) { text += "b"; });
+    std::string text = "x";
+    event_.Raise(text);
+    EXPECT_EQ(text, "xab");
+}
+
+TEST_F(EventTest, DoesNotTellADisconnectedListener) {
+    auto a = Listen("a");
+    const auto b = Listen("b");
+    a.Disconnect();
+    Raise();
+    EXPECT_THAT(told_, ElementsAre("b"));
+}
+
+TEST_F(EventTest, ListenerMayDisconnectItself) {
+    StringEvent::Connection a;
+    a = event_.Connect([&](std::string&) {
+        told_.push_back("a");
+        a.Disconnect();
+    });
+    const auto b = Listen("b");
+    Raise();
+    Raise();
+    EXPECT_THAT(told_, ElementsAre("a", "b", "b"));
+}
+
+TEST_F(EventTest, ListenerDisconnectedBeforeItsTurnIsNotTold) {
+    StringEvent::Connection b;
+    const auto a = event_.Connect([&](std::string&) { b.Disconnect(); });
+    b = Listen("b");
+    const auto c = Listen("c");
+    Raise();
+    EXPECT_THAT(told_, ElementsAre("c"));
+}
+
+TEST_F(EventTest, ListenerConnectedMeanwhileIsToldOnlyOfTheNextOne) {
+    StringEvent::Connection late;
+    const auto a = event_.Connect([&](std::string&) {
+        told_.push_back("a");
+        if (told_.size() == 1) late = Listen("late");
+    });
+    Raise();
+    EXPECT_THAT(told_, ElementsAre("a"));
+    Raise();
+    EXPECT_THAT(told_, ElementsAre("a", "a", "late"));
+}
+
+TEST_F(EventTest, ListenerMayRaiseAgain) {
+    bool nested = false;
+    const auto a = event_.Connect([&](std::string&) {
+        told_.push_back("a");
+        if (!std::exchange(nested, true)) Raise();
+    });
+    const auto b = Listen("b");
+    Raise();
+    EXPECT_THAT(told_, ElementsAre("a", "a", "b", "b"));
+}
+
+TEST_F(EventTest, FailureIsThrownAfterAllOthersWereTold) {
+    const auto a = event_.Connect([](std::string&) { throw std::runtime_error("first"); });
+    const auto b = event_.Connect([](std::string&) { throw std::runtime_error("second"); });
+    const auto c = Listen("c");
+    try {
+        Raise();
+        FAIL() << "no error";
+    } catch (const std::runtime_error& error) {
+        EXPECT_STREQ(error.what(), "first");
+    }
+    EXPECT_THAT(told_, ElementsAre("c"));
+}
+
+TEST_F(EventTest, ConnectionMayOutliveTheEvent) {
+    StringEvent::Connection connection;
+    {
+        StringEvent event;
+        connection = event.Connect([](std::string&) {});
+    }
+    connection.Disconnect();
+}
+
+}  // namespace
+}  // namespace runtime

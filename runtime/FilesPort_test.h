@@ -1,0 +1,51 @@
+// What every implementation of the files port must do, as tests that each of them instantiates.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "runtime/FilesPort.h"
+
+namespace runtime {
+
+/// An empty folder to test in, and ways round the port to fill it.
+class FilesBed {
+ public:
+    enum class Kind { Ordinary, Hidden, System };
+
+    virtual ~FilesBed() = default;
+    virtual FilesPort& Port() = 0;
+    /// The folder, without a final backslash.
+    virtual String Folder() = 0;
+    /// A drive that is not there, as "X:".
+    virtual String MissingDrive() = 0;
+
+    // Names are relative to the folder.
+    virtual void AddFolder(StringView name) = 0;
+    virtual void AddFile(StringView name, std::string_view contents, Kind kind) = 0;
+    virtual void RemoveFile(StringView name) = 0;
+};
+
+class FilesPortTest : public testing::TestWithParam<std::unique_ptr<FilesBed> (*)()> {
+ protected:
+    FilesPortTest() : bed_(GetParam()()), before_(Files().CurrentFolder()) {}
+    ~FilesPortTest() override { Files().ChangeFolder(before_); }
+
+    FilesPort& Files() { return bed_->Port(); }
+    String Path(StringView name) { return bed_->Folder().append(u"\\").append(name); }
+    void AddFolder(StringView name) { bed_->AddFolder(name); }
+    void AddFile(StringView name, std::string_view contents = {}, FilesBed::Kind kind = FilesBed::Kind::Ordinary) {
+        bed_->AddFile(name, contents, kind);
+    }
+    void RemoveFile(StringView name) { bed_->RemoveFile(name); }
+    String MissingDrive() { return bed_->MissingDrive(); }
+    /// The number of the error that changing to `path` raises; 0 when it succeeds.
+    std::int32_t ChangeError(StringView path);
+
+ private:
+    std::unique_ptr<FilesBed> bed_;
+    String before_;
+};
+
+}  // namespace runtime

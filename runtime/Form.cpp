@@ -1,0 +1,265 @@
+#include "runtime/Form.h"
+
+#include <exception>
+#include <utility>
+
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "runtime/Ports.h"
+
+namespace runtime {
+namespace {
+
+constexpr std::int16_t kScaleTwips = 1;
+constexpr std::int16_t kLastScaleMode = 7;
+
+/// Runs `step`; keeps its error unless an earlier one is kept already.
+template <typename Step>
+void RunKeepingError(std::exception_ptr& kept, Step&& step) {
+    try {
+        step();
+    } catch (...) {
+        if (!kept) kept = std::current_exception();
+    }
+}
+
+}  // namespace
+
+Form::Form(FormDesign design) : design_(std::move(design)) {}
+
+Form::~Form() {
+    if (window_) DestroyWindow();
+}
+
+Control& Form::AddControl(ControlDesign design) {
+    controls_.push_back(std::make_unique<Control>(*this, std::move(design)));
+    return *controls_.back();
+}
+
+void Form::EnsureLoaded() {
+    if (window_) return;
+    try {
+        MakeWindow();
+        OnLoad();
+    } catch (...) {
+        if (window_ && !unloading_) DestroyWindow();
+        throw;
+    }
+    if (!window_) throw Error(kObjectWasUnloaded);
+}
+
+void Form::MakeWindow() {
+    caption_ = design_.caption;
+    state_ = WindowState::kNormal;
+    visible_ = false;
+    wasShown_ = false;
+    backColour_ = design_.backColour;
+    scaleMode_ = kScaleTwips;
+    WindowsPort& windows = CurrentPorts().windows;
+    const Size outer = windows.OuterSize(design_.inner, design_.border);
+    bounds_ = {design_.left, design_.top, outer.width, outer.height};
+    window_ = windows.MakeWindow({caption_, design_.border, bounds_, backColour_}, *this);
+    LoadedForms().Add(*this);
+    for (const auto& control : controls_) control->Attach(*window_);
+}
+
+void Form::DestroyWindow() {
+    LoadedForms().Remove(*this);
+    for (const auto& control : controls_) control->Detach();
+    visible_ = false;
+    // Out of the member first: the window's end may still be reported, and must find the form without one.
+    const auto window = std::move(window_);
+}
+
+void Form::Unload(UnloadReason reason) {
+    if (!window_ || unloading_) return;
+    unloading_ = true;
+    bool cancel = false;
+    std::exception_ptr error;
+    RunKeepingError(error, [&] { OnQueryUnload(cancel, reason); });
+    if (!cancel) RunKeepingError(error, [&] { OnUnload(cancel); });
+    unloading_ = false;
+    if (window_ && (error || !cancel)) DestroyWindow();
+    if (error) std::rethrow_exception(error);
+}
+
+void Form::Forget() {
+    if (window_) DestroyWindow();
+}
+
+String Form::Caption() {
+    EnsureLoaded();
+    return caption_;
+}
+
+void Form::SetCaption(StringView caption) {
+    EnsureLoaded();
+    caption_ = caption;
+    window_->SetCaption(caption_);
+}
+
+String Form::Tag() {
+    EnsureLoaded();
+    return design_.tag;
+}
+
+Twips Form::Left() {
+    EnsureLoaded();
+    return bounds_.left;
+}
+
+Twips Form::Top() {
+    EnsureLoaded();
+    return bounds_.top;
+}
+
+Twips Form::Width() {
+    EnsureLoaded();
+    return bounds_.width;
+}
+
+Twips Form::Height() {
+    EnsureLoaded();
+    return bounds_.height;
+}
+
+void Form::SetWidth(Twips width) {
+    EnsureLoaded();
+    SetBounds({bounds_.left, bounds_.top, width, bounds_.height});
+}
+
+void Form::SetHeight(Twips height) {
+    EnsureLoaded();
+    SetBounds({bounds_.left, bounds_.top, bounds_.width, height});
+}
+
+void Form::Move(Twips left, Twips top) {
+    EnsureLoaded();
+    SetBounds({left, top, bounds_.width, bounds_.height});
+}
+
+void Form::SetBounds(const Rect& bounds) {
+    if (state_ != WindowState::kNormal) throw Error(kMoveWhileMinimisedOrMaximised);
+    const bool sizeChanged = bounds.Size() != bounds_.Size();
+    bounds_ = bounds;
+    window_->SetBounds(bounds_);
+    // When the window system made other bounds of it, it has reported them, and the handlers ran.
+    if (sizeChanged && window_ && bounds_ == bounds) Resized();
+}
+
+void Form::Resized() {
+    const Size inner = window_->InnerSize();
+    for (const auto& control : controls_) control->FollowForm(inner);
+    OnResize();
+}
+
+Size Form::InnerSize() {
+    EnsureLoaded();
+    return window_->InnerSize();
+}
+
+WindowState Form::State() {
+    EnsureLoaded();
+    return state_;
+}
+
+void Form::SetState(WindowState state) {
+    EnsureLoaded();
+    if (state < WindowState::kNormal || state > WindowState::kMaximised) throw Error(kInvalidPropertyValue);
+    // A visible window reports the change itself.
+    if (!visible_) state_ = state;
+    window_->SetState(state);
+}
+
+bool Form::Visible() {
+    EnsureLoaded();
+    return visible_;
+}
+
+void Form::SetVisible(bool visible) {
+    EnsureLoaded();
+    if (visible == visible_) return;
+    if (visible && !std::exchange(wasShown_, true)) {
+        Resized();
+        if (!window_) throw Error(kObjectWasUnloaded);
+    }
+    visible_ = visible;
+    window_->SetVisible(visible_);
+}
+
+void Form::Hide() {
+    SetVisible(false);
+}
+
+Colour Form::BackColour() {
+    EnsureLoaded();
+    return backColour_;
+}
+
+void Form::SetBackColour(Colour colour) {
+    EnsureLoaded();
+    backColour_ = colour;
+    window_->SetBackColour(colour);
+}
+
+std::int16_t Form::ScaleMode() {
+    EnsureLoaded();
+    return scaleMode_;
+}
+
+void Form::SetScaleMode(std::int16_t mode) {
+    EnsureLoaded();
+    if (mode < 0 || mode > kLastScaleMode) throw Error(kInvalidPropertyValue);
+    scaleMode_ = mode;
+}
+
+NativeHandle Form::Handle() {
+    EnsureLoaded();
+    return window_->Handle();
+}
+
+NativeHandle Form::DeviceContext() {
+    EnsureLoaded();
+    return window_->DeviceContext();
+}
+
+const std::vector<std::unique_ptr<Control>>& Form::Controls() {
+    EnsureLoaded();
+    return controls_;
+}
+
+void Form::Closing(UnloadReason reason) {
+    Unload(reason);
+}
+
+void Form::BoundsChanged(const Rect& outer, WindowState state) {
+    const bool stateChanged = state != state_;
+    const bool sizeChanged = outer.Size() != bounds_.Size();
+    state_ = state;
+    if (state != WindowState::kMinimised) bounds_ = outer;
+    const bool isMade = window_ != nullptr;
+    if (isMade && (stateChanged || sizeChanged)) Resized();
+}
+
+void Form::Activated() {
+    OnActivate();
+}
+
+void Form::KeyDown(std::int16_t& keyCode, std::int16_t shift) {
+    OnKeyDown(keyCode, shift);
+}
+
+void Form::KeyUp(std::int16_t& keyCode, std::int16_t shift) {
+    OnKeyUp(keyCode, shift);
+}
+
+void Form::KeyPress(char16_t& character) {
+    OnKeyPress(character);
+}
+
+void Form::Lost() {
+    SkipError([this] { Unload(UnloadReason::kSystemEnd); });
+    if (window_ && !unloading_) DestroyWindow();
+}
+
+}  // namespace runtime

@@ -1,0 +1,122 @@
+// Forms: objects that exist before they are loaded. The first access to a built-in property or to a control loads the
+// form: its window is made with the design values and its load handler runs. Unload runs query-unload and unload,
+// destroys the window and takes the form out of the loaded ones; a later access loads it anew.
+//
+// A form that is loading may be unloaded by its own load handler: the access that loaded it then fails with error 364.
+// Unloading a form whose unload is running does nothing. An error of an unload handler does not keep the form: it is
+// thrown when the form is gone. An error of the load handler takes the form back without its unload handlers.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "runtime/Control.h"
+#include "runtime/WindowsPort.h"
+
+namespace runtime {
+
+/// A form's values at design time.
+struct FormDesign {
+    String name = {};
+    String caption = {};
+    String tag = {};
+    Twips left = 0;
+    Twips top = 0;
+    Size inner;  ///< client area
+    BorderStyle border = BorderStyle::kSizable;
+    Colour backColour = kButtonFace;
+};
+
+class Form : private WindowEvents {
+ public:
+    explicit Form(FormDesign design);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    ~Form() override;
+
+    const String& Name() const { return design_.name; }
+    bool IsLoaded() const { return window_ != nullptr; }
+    /// Its unload handlers are running.
+    bool IsUnloading() const { return unloading_; }
+
+    /// Makes the window and runs the load handler unless that was done. Error 364 when the load handler unloaded it.
+    void EnsureLoaded();
+    /// Nothing for a form that is not loaded. A handler may refuse; then the form stays.
+    void Unload(UnloadReason reason = UnloadReason::kCode);
+    /// The window went with its thread: leaves the loaded forms, without any handler.
+    void Forget();
+
+    String Caption();
+    void SetCaption(StringView caption);
+    /// A text identifier for the localisation, or empty.
+    String Tag();
+
+    /// Outer bounds on the screen, in twips. While minimised: those of the normal state.
+    Twips Left();
+    Twips Top();
+    Twips Width();
+    Twips Height();
+    /// Error 384 while minimised or maximised.
+    void SetWidth(Twips width);
+    void SetHeight(Twips height);
+    void Move(Twips left, Twips top);
+    /// Size of the client area, in twips.
+    Size InnerSize();
+
+    WindowState State();
+    void SetState(WindowState state);
+    bool Visible();
+    void SetVisible(bool visible);
+    void Hide();
+    Colour BackColour();
+    void SetBackColour(Colour colour);
+    /// Unit of the form's inner coordinates, 0..7 in the classic runtime's numbers (1 = twips); else error 380.
+    std::int16_t ScaleMode();
+    void SetScaleMode(std::int16_t mode);
+    NativeHandle Handle();
+    NativeHandle DeviceContext();
+
+    /// In the order in which they were added.
+    const std::vector<std::unique_ptr<Control>>& Controls();
+
+ protected:
+    Control& AddControl(ControlDesign design);
+
+    virtual void OnLoad() {}
+    virtual void OnQueryUnload(bool& /*cancel*/, UnloadReason /*reason*/) {}
+    virtual void OnUnload(bool& /*cancel*/) {}
+    virtual void OnActivate() {}
+    virtual void OnResize() {}
+    virtual void OnKeyDown(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
+    virtual void OnKeyUp(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
+    virtual void OnKeyPress(char16_t& /*character*/) {}
+
+ private:
+    void Closing(UnloadReason reason) override;
+    void BoundsChanged(const Rect& outer, WindowState state) override;
+    void Activated() override;
+    void KeyDown(std::int16_t& keyCode, std::int16_t shift) override;
+    void KeyUp(std::int16_t& keyCode, std::int16_t shift) override;
+    void KeyPress(char16_t& character) override;
+    void Lost() override;
+
+    void MakeWindow();
+    void DestroyWindow();
+    void SetBounds(const Rect& bounds);
+    void Resized();
+
+    const FormDesign design_;
+    std::vector<std::unique_ptr<Control>> controls_;
+
+    std::unique_ptr<NativeWindow> window_;
+    bool unloading_ = false;
+    String caption_;
+    Rect bounds_;
+    WindowState state_ = WindowState::kNormal;
+    bool visible_ = false;
+    bool wasShown_ = false;
+    Colour backColour_ = kButtonFace;
+    std::int16_t scaleMode_ = 1;
+};
+
+}  // namespace runtime

@@ -1,0 +1,355 @@
+// The life cycle of forms and their properties. Where a case makes sense on real windows it runs on the build's own
+// window system (RuntimeTest), otherwise in memory (HeadlessTest).
+#include "runtime/Form.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "runtime/Screen.h"
+#include "tests/support/RuntimeFixture.h"
+
+namespace runtime {
+namespace {
+
+using ::testing::ElementsAre;
+
+/// Records its events; each handler may be given something to do.
+class ProbeForm : public Form {
+ public:
+    explicit ProbeForm(std::vector<std::string>& log, String name = u"probe")
+        : Form({.name = std::move(name), .caption = u"Design", .left = 1500, .top = 750, .inner = {3000, 1500}}),
+          log_(log) {
+        AddControl({.kind = ControlKind::kStatusBar,
+                    .name = u"bar",
+                    .bounds = {0, 1200, 3000, 300},
+                    .align = Align::kBottom,
+                    .text = u"ready"});
+    }
+
+    void PublicMethod() const {}
+    Control& Bar() { return *Controls().front(); }
+
+    std::function<void()> onLoad, onUnload, onResize, onActivate;
+    bool refuseQuery = false;
+    bool refuseUnload = false;
+
+ protected:
+    void OnLoad() override { Note("load", onLoad); }
+    void OnQueryUnload(bool& cancel, UnloadReason reason) override {
+        cancel = refuseQuery;
+        Note("query " + std::to_string(static_cast<int>(reason)), {});
+    }
+    void OnUnload(bool& cancel) override {
+        cancel = refuseUnload;
+        Note("unload", onUnload);
+    }
+    void OnResize() override { Note("resize", onResize); }
+    void OnActivate() override { Note("activate", onActivate); }
+
+ private:
+    void Note(const std::string& what, const std::function<void()>& then) {
+        log_.push_back(what);
+        if (then) then();
+    }
+    std::vector<std::string>& log_;
+};
+
+std::int32_t ErrorOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const Error& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+class FormLife : public tests::RuntimeTest {
+ protected:
+    std::vector<std::string> log_;
+    ProbeForm form_{log_};
+};
+
+TEST_F(FormLife, IsNotLoadedByCreatingItOrByItsPublicMethods) {
+    form_.PublicMethod();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+}
+
+TEST_F(FormLife, IsLoadedByTheFirstAccessToAProperty) {
+    EXPECT_EQ(form_.Caption(), u"Design");
+    EXPECT_TRUE(form_.IsLoaded());
+    EXPECT_EQ(&LoadedForms().At(0), &form_);
+    EXPECT_THAT(log_, ElementsAre("load"));
+}
+
+TEST_F(FormLife, IsLoadedByTheFirstAccessToAControl) {
+    form_.Bar().SetText(u"hello");
+    EXPECT_TRUE(form_.IsLoaded());
+    EXPECT_EQ(form_.Bar().Text(), u"hello");
+}
+
+TEST_F(FormLife, UnloadAsksThenUnloadsThenLeavesTheCollection) {
+    form_.EnsureLoaded();
+    form_.onUnload = [] { EXPECT_EQ(LoadedForms().Count(), 1u); };
+    form_.Unload();
+    EXPECT_THAT(log_, ElementsAre("load", "query 1", "unload"));
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+}
+
+TEST_F(FormLife, UnloadOfAFormThatIsNotLoadedDoesNothing) {
+    form_.Unload();
+    EXPECT_TRUE(log_.empty());
+}
+
+TEST_F(FormLife, HandlersMayRefuseToUnload) {
+    form_.EnsureLoaded();
+    form_.refuseQuery = true;
+    form_.Unload();
+    EXPECT_TRUE(form_.IsLoaded());
+    form_.refuseQuery = false;
+    form_.refuseUnload = true;
+    form_.Unload();
+    EXPECT_TRUE(form_.IsLoaded());
+    EXPECT_THAT(log_, ElementsAre("load", "query 1", "query 1", "unload"));
+}
+
+TEST_F(FormLife, LaterAccessLoadsAnewWithTheDesignValues) {
+    form_.SetCaption(u"Changed");
+    form_.Move(3000, 3000);
+    form_.SetWidth(9000);
+    form_.Bar().SetText(u"changed");
+    form_.Unload();
+    EXPECT_EQ(form_.Caption(), u"Design");
+    EXPECT_EQ(form_.Left(), 1500);
+    EXPECT_EQ(form_.Top(), 750);
+    EXPECT_EQ(form_.InnerSize(), (Size{3000, 1500}));
+    EXPECT_EQ(form_.Bar().Text(), u"ready");
+}
+
+TEST_F(FormLife, UnloadInsideTheLoadHandlerFailsTheAccess) {
+    form_.onLoad = [&] { form_.Unload(); };
+    EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kObjectWasUnloaded);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+    EXPECT_THAT(log_, ElementsAre("load", "query 1", "unload"));
+}
+
+TEST_F(FormLife, PropertiesInsideTheLoadHandlerDoNotLoadAgain) {
+    form_.onLoad = [&] { form_.SetCaption(u"From load"); };
+    EXPECT_EQ(form_.Caption(), u"From load");
+    EXPECT_THAT(log_, ElementsAre("load"));
+}
+
+TEST_F(FormLife, ErrorOfTheLoadHandlerTakesTheFormBack) {
+    form_.onLoad = [] { throw Error(kOverflow); };
+    EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kOverflow);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+    EXPECT_THAT(log_, ElementsAre("load"));
+}
+
+TEST_F(FormLife, ErrorOfTheUnloadHandlerIsThrownWhenTheFormIsGone) {
+    form_.EnsureLoaded();
+    form_.onUnload = [] { throw Error(kPathNotFound); };
+    EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), kPathNotFound);
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(FormLife, UnloadInsideTheUnloadHandlerDoesNothing) {
+    form_.EnsureLoaded();
+    form_.onUnload = [&] { form_.Unload(); };
+    form_.Unload();
+    EXPECT_THAT(log_, ElementsAre("load", "query 1", "unload"));
+}
+
+TEST_F(FormLife, PropertiesInsideTheUnloadHandlerStillWork) {
+    form_.EnsureLoaded();
+    form_.onUnload = [&] { EXPECT_EQ(form_.Caption(), u"Design"); };
+    form_.Unload();
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(FormLife, CollectionIsInLoadOrderAndNamesTheLastFormToUnload) {
+    ProbeForm second(log_, u"second");
+    form_.EnsureLoaded();
+    second.EnsureLoaded();
+    EXPECT_EQ(&LoadedForms().At(1), &second);
+    EXPECT_EQ(ErrorOf([] { LoadedForms().At(2); }), kSubscriptOutOfRange);
+    EXPECT_EQ(LoadedForms().LastToUnload(), &second);
+    second.onUnload = [&] { EXPECT_EQ(LoadedForms().LastToUnload(), &form_); };
+    second.Unload();
+    form_.onUnload = [] { EXPECT_EQ(LoadedForms().LastToUnload(), nullptr); };
+    form_.Unload();
+}
+
+TEST_F(FormLife, WindowThatTheSystemRefusesIsOutOfMemoryAndLeavesNothing) {
+    runtime::headless::MemoryWindows refusing;
+    refusing.refuseWindows = 1;
+    Ports ports{refusing, memory_.settings, memory_.files, memory_.process, memory_.locale, memory_.messageBox};
+    UsePorts(&ports);
+    EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kOutOfMemory);
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+    UsePorts(&ports_);
+}
+
+class FormProperties : public FormLife {};
+
+TEST_F(FormProperties, ClientAreaHasItsDesignSizeInsideTheFrame) {
+    EXPECT_EQ(form_.InnerSize(), (Size{3000, 1500}));
+    EXPECT_GT(form_.Width(), 3000);
+    EXPECT_GT(form_.Height(), 1500);
+}
+
+TEST_F(FormProperties, TwipsComeBackAsTheyWereSet) {
+    form_.Move(1501.5F, -7.25F);
+    EXPECT_EQ(form_.Left(), 1501.5F);
+    EXPECT_EQ(form_.Top(), -7.25F);
+}
+
+TEST_F(FormProperties, SizeMayExceedTheScreen) {
+    const Size screen = ScreenSize();
+    form_.SetWidth(screen.width * 2);
+    form_.SetHeight(screen.height * 2);
+    EXPECT_EQ(form_.Width(), screen.width * 2);
+    EXPECT_GT(form_.InnerSize().height, screen.height);
+}
+
+TEST_F(FormProperties, SizingRaisesResizeAndMovingDoesNot) {
+    form_.Move(0, 0);
+    EXPECT_THAT(log_, ElementsAre("load"));
+    form_.SetWidth(6000);
+    EXPECT_THAT(log_, ElementsAre("load", "resize"));
+    form_.SetWidth(6000);
+    EXPECT_THAT(log_, ElementsAre("load", "resize"));
+}
+
+TEST_F(FormProperties, ResizeHandlerMaySizeTheForm) {
+    form_.onResize = [&] {
+        if (form_.Width() < 8000) form_.SetWidth(8000);
+        if (form_.Height() < 3000) form_.SetHeight(3000);
+    };
+    form_.SetWidth(5000);
+    EXPECT_EQ(form_.Width(), 8000);
+    EXPECT_EQ(form_.Height(), 3000);
+}
+
+TEST_F(FormProperties, StatusBarStaysDockedAtTheBottom) {
+    form_.SetHeight(9000);
+    const Size inner = form_.InnerSize();
+    EXPECT_EQ(form_.Bar().Bounds(), (Rect{0, inner.height - 300, inner.width, 300}));
+}
+
+TEST_F(FormProperties, MinimisedOrMaximisedFormRefusesToBeMoved) {
+    form_.SetState(WindowState::kMinimised);
+    EXPECT_EQ(ErrorOf([&] { form_.Move(0, 0); }), kMoveWhileMinimisedOrMaximised);
+    form_.SetState(WindowState::kMaximised);
+    EXPECT_EQ(ErrorOf([&] { form_.SetWidth(1); }), kMoveWhileMinimisedOrMaximised);
+    form_.SetState(WindowState::kNormal);
+    EXPECT_EQ(ErrorOf([&] { form_.SetWidth(6000); }), 0);
+}
+
+TEST_F(FormProperties, HiddenMinimisedFormKeepsItsNormalBounds) {
+    form_.SetState(WindowState::kMinimised);
+    form_.SetVisible(false);
+    EXPECT_EQ(form_.State(), WindowState::kMinimised);
+    EXPECT_EQ(form_.Left(), 1500);
+    EXPECT_EQ(form_.InnerSize(), (Size{3000, 1500}));
+}
+
+TEST_F(FormProperties, VisibleFormMinimisesAndComesBack) {
+    form_.SetVisible(true);
+    form_.SetState(WindowState::kMinimised);
+    EXPECT_EQ(form_.State(), WindowState::kMinimised);
+    EXPECT_EQ(form_.Left(), 1500);
+    form_.SetState(WindowState::kNormal);
+    EXPECT_EQ(form_.State(), WindowState::kNormal);
+}
+
+TEST_F(FormProperties, FirstShowRaisesResizeThenActivate) {
+    form_.SetVisible(true);
+    DoEvents();
+    EXPECT_THAT(log_, ElementsAre("load", "resize", "activate"));
+    EXPECT_TRUE(form_.Visible());
+}
+
+TEST_F(FormProperties, ActivateHandlerMayHideTheForm) {
+    form_.onActivate = [&] { form_.SetVisible(false); };
+    form_.SetVisible(true);
+    DoEvents();
+    EXPECT_FALSE(form_.Visible());
+}
+
+TEST_F(FormProperties, ScaleModeIsKeptAndChecked) {
+    EXPECT_EQ(form_.ScaleMode(), 1);
+    form_.SetScaleMode(3);
+    EXPECT_EQ(form_.ScaleMode(), 3);
+    EXPECT_EQ(ErrorOf([&] { form_.SetScaleMode(8); }), kInvalidPropertyValue);
+    EXPECT_EQ(ErrorOf([&] { form_.SetScaleMode(-1); }), kInvalidPropertyValue);
+    EXPECT_EQ(form_.ScaleMode(), 3);
+}
+
+TEST_F(FormProperties, StateOutsideItsRangeIsRefused) {
+    EXPECT_EQ(ErrorOf([&] { form_.SetState(static_cast<WindowState>(3)); }), kInvalidPropertyValue);
+}
+
+TEST_F(FormProperties, HandleAndContextLiveAsLongAsTheWindow) {
+    const NativeHandle handle = form_.Handle();
+    EXPECT_NE(handle, 0);
+    EXPECT_NE(form_.DeviceContext(), 0);
+    EXPECT_EQ(form_.DeviceContext(), form_.DeviceContext());
+    EXPECT_EQ(form_.Handle(), handle);
+}
+
+TEST_F(FormProperties, MousePointerIsCheckedAndKept) {
+    SetMousePointer(kHourglassPointer);
+    EXPECT_EQ(MousePointer(), kHourglassPointer);
+    SetMousePointer(kDefaultPointer);
+    EXPECT_EQ(MousePointer(), kDefaultPointer);
+    EXPECT_EQ(ErrorOf([] { SetMousePointer(16); }), kInvalidPropertyValue);
+    EXPECT_EQ(ErrorOf([] { SetMousePointer(-1); }), kInvalidPropertyValue);
+}
+
+class FormEvents : public tests::HeadlessTest {
+ protected:
+    std::vector<std::string> log_;
+    ProbeForm form_{log_};
+};
+
+TEST_F(FormEvents, ClosingByTheUserUnloadsWithThatReason) {
+    form_.EnsureLoaded();
+    memory_.windows.Post([&] { memory_.windows.Last().Events().Closing(UnloadReason::kUser); });
+    EXPECT_TRUE(form_.IsLoaded());
+    DoEvents();
+    EXPECT_THAT(log_, ElementsAre("load", "query 0", "unload"));
+    EXPECT_TRUE(memory_.windows.Windows().empty());
+}
+
+TEST_F(FormEvents, SizingByTheUserIsTakenOverAndRaisesResize) {
+    form_.EnsureLoaded();
+    memory_.windows.Last().Events().BoundsChanged({15, 30, 4500, 6000}, WindowState::kNormal);
+    EXPECT_EQ(form_.Left(), 15);
+    EXPECT_EQ(form_.Height(), 6000);
+    EXPECT_THAT(log_, ElementsAre("load", "resize"));
+}
+
+TEST_F(FormEvents, WindowLostWithoutUnloadLeavesTheCollection) {
+    form_.EnsureLoaded();
+    memory_.windows.Last().Events().Lost();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+}
+
+TEST_F(FormEvents, ErrorOfAHandlerLeavesDoEvents) {
+    form_.EnsureLoaded();
+    form_.onResize = [] { throw Error(kOverflow); };
+    memory_.windows.Post([&] { form_.SetWidth(9000); });
+    EXPECT_EQ(ErrorOf([] { DoEvents(); }), kOverflow);
+}
+
+}  // namespace
+}  // namespace runtime

@@ -1,0 +1,33 @@
+// The forms that are loaded, in the order in which they were loaded.
+#pragma once
+
+#include <atomic>
+#include <cstddef>
+#include <vector>
+
+namespace runtime {
+
+class Form;
+
+class LoadedFormsCollection {
+ public:
+    /// May be asked by any thread; everything else is for the thread that owns the forms.
+    std::size_t Count() const { return count_; }
+    /// Error 9 outside 0..Count-1.
+    Form& At(std::size_t index) const;
+    /// The last form whose unload is not already running, or null. Loops that unload "the last form until none is
+    /// left" ask for this one, so that they end when only forms remain that go as soon as their handlers return.
+    Form* LastToUnload() const;
+
+    void Add(Form& form);
+    void Remove(const Form& form);
+
+ private:
+    std::vector<Form*> forms_;
+    std::atomic<std::size_t> count_ = 0;
+};
+
+/// The process's collection.
+LoadedFormsCollection& LoadedForms();
+
+}  // namespace runtime

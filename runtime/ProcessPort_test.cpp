@@ -1,0 +1,31 @@
+#include "runtime/ProcessPort_test.h"
+
+namespace runtime {
+namespace {
+
+TEST_P(ProcessPortTest, ClaimMayBeMadeAgainOnceItWasGivenUp) {
+    EXPECT_NE(process_->ClaimFirstInstance(), nullptr);
+    EXPECT_NE(process_->ClaimFirstInstance(), nullptr);
+}
+
+TEST_P(ProcessPortTest, ProcessThatHoldsTheClaimIsStillTheFirst) {
+    const auto first = process_->ClaimFirstInstance();
+    const auto second = process_->ClaimFirstInstance();
+    EXPECT_NE(first, nullptr);
+    EXPECT_NE(second, nullptr);
+}
+
+TEST_P(ProcessPortTest, ClaimOutlivesTheObjectThatGaveIt) {
+    const auto claim = process_->ClaimFirstInstance();
+    process_.reset();
+    EXPECT_NE(claim, nullptr);
+}
+
+TEST_P(ProcessPortTest, ComponentFolderHasNoFinalBackslash) {
+    const String folder = process_->ComponentFolder();
+    ASSERT_GT(folder.size(), 3u);
+    EXPECT_NE(folder.back(), u'\\');
+}
+
+}  // namespace
+}  // namespace runtime

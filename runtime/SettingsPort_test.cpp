@@ -1,0 +1,72 @@
+#include "runtime/SettingsPort_test.h"
+
+#include "runtime/Error.h"
+
+namespace runtime {
+namespace {
+
+TEST_P(SettingsPortTest, SavedValueIsFound) {
+    Save(u"frmBackProcessMain_TOP", u"1200");
+    EXPECT_EQ(Get(u"frmBackProcessMain_TOP"), u"1200");
+}
+
+TEST_P(SettingsPortTest, AbsentSettingIsNone) {
+    EXPECT_EQ(Get(u"Key"), std::nullopt);
+    Save(u"Key", u"x");
+    EXPECT_EQ(Get(u"Other"), std::nullopt);
+    EXPECT_EQ(settings_->Get(kTestApplication, u"Other", u"Key"), std::nullopt);
+}
+
+TEST_P(SettingsPortTest, LaterValueReplacesTheEarlier) {
+    Save(u"Key", u"a longer value");
+    Save(u"Key", u"x");
+    EXPECT_EQ(Get(u"Key"), u"x");
+}
+
+TEST_P(SettingsPortTest, LetterCaseOfNamesDoesNotMatter) {
+    Save(u"Key\u00E9", u"x");
+    EXPECT_EQ(Get(u"kEY\u00C9"), u"x");
+    EXPECT_EQ(settings_->Get(u"k4t SETTINGS tests", u"sECTION", u"KEY\u00C9"), u"x");
+}
+
+TEST_P(SettingsPortTest, EmptyValueIsAValue) {
+    Save(u"Key", u"");
+    EXPECT_EQ(Get(u"Key"), u"");
+}
+
+TEST_P(SettingsPortTest, AnyCharactersComeBack) {
+    const String odd = u"a\"b;\\=\r\n\t\u20AC\u4E2D\xD83D\xDE00\xD800" + String(1, u'\0') + u"z";
+    Save(u"Key", odd);
+    EXPECT_EQ(Get(u"Key"), odd);
+    const String onlyNul(1, u'\0');
+    Save(u"Key", onlyNul);
+    EXPECT_EQ(Get(u"Key"), onlyNul);
+}
+
+TEST_P(SettingsPortTest, LongValueComesBack) {
+    const String value = String(100'000, u'x') + u"end";
+    Save(u"Key", value);
+    EXPECT_TRUE(Get(u"Key") == value);
+}
+
+TEST_P(SettingsPortTest, NamesThatCannotBeAreRefusedAndNeverFound) {
+    const String withNul(u"a\0b", 3);
+    const auto saveError = [this](StringView application, StringView section, StringView key) {
+        try {
+            settings_->Save(application, section, key, u"x");
+            return 0;
+        } catch (const Error& error) {
+            return static_cast<int>(error.Number());
+        }
+    };
+    EXPECT_EQ(saveError(u"", u"Section", u"Key"), kInvalidProcedureCall);
+    EXPECT_EQ(saveError(kTestApplication, u"", u"Key"), kInvalidProcedureCall);
+    EXPECT_EQ(saveError(kTestApplication, u"Section", u""), kInvalidProcedureCall);
+    EXPECT_EQ(saveError(kTestApplication, u"Section", withNul), kInvalidProcedureCall);
+    EXPECT_EQ(settings_->Get(u"", u"Section", u"Key"), std::nullopt);
+    EXPECT_EQ(Get(u""), std::nullopt);
+    EXPECT_EQ(Get(withNul), std::nullopt);
+}
+
+}  // namespace
+}  // namespace runtime

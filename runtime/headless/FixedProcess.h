@@ -1,0 +1,31 @@
+// A process whose circumstances a test chooses.
+#pragma once
+
+#include "runtime/ProcessPort.h"
+
+namespace runtime::headless {
+
+class FixedProcess : public ProcessPort {
+ public:
+    FixedProcess();
+
+    String CommandLine() override { return commandLine_; }
+    String ComponentFolder() override { return componentFolder_; }
+    std::unique_ptr<InstanceClaim> ClaimFirstInstance() override;
+
+    void SetCommandLine(StringView arguments) { commandLine_ = arguments; }
+    void SetComponentFolder(StringView folder) { componentFolder_ = folder; }
+    /// Whether another process holds the claim.
+    void SetEarlierInstance(bool exists) { earlierInstance_ = exists; }
+
+    /// Claims that are held now.
+    int HeldClaims() const { return *heldClaims_; }
+
+ private:
+    String commandLine_;
+    String componentFolder_ = u"C:\\Pelorix";
+    bool earlierInstance_ = false;
+    std::shared_ptr<int> heldClaims_;  ///< shared with the claims, which may outlive the process object
+};
+
+}  // namespace runtime::headless

@@ -1,0 +1,14 @@
+// Letter case without a platform: ASCII, Latin-1, Greek and Cyrillic letters that have one counterpart each.
+#pragma once
+
+#include "runtime/Text.h"
+
+namespace runtime::headless {
+
+char16_t UpperCase(char16_t c);
+char16_t LowerCase(char16_t c);
+
+String UpperCase(StringView text);
+String LowerCase(StringView text);
+
+}  // namespace runtime::headless

@@ -1,0 +1,39 @@
+// Per-user settings in memory: names without regard to letter case, as in the registry, and a log of what was saved.
+#pragma once
+
+#include <map>
+#include <tuple>
+#include <vector>
+
+#include "runtime/SettingsPort.h"
+
+namespace runtime::headless {
+
+class MemorySettings : public SettingsPort {
+ public:
+    struct Setting {
+        String application;
+        String section;
+        String key;
+        String value;
+        bool operator==(const Setting&) const = default;
+    };
+
+    std::optional<String> Get(StringView application, StringView section, StringView key) override;
+    void Save(StringView application, StringView section, StringView key, StringView value) override;
+
+    /// What was saved, in order, with the names as they were given.
+    const std::vector<Setting>& Saved() const { return saved_; }
+    /// Every later Save is refused, as by a user who may not write.
+    void Refuse() { refuses_ = true; }
+
+ private:
+    using Name = std::tuple<String, String, String>;
+    static Name FoldedName(StringView application, StringView section, StringView key);
+
+    std::map<Name, String> values_;
+    std::vector<Setting> saved_;
+    bool refuses_ = false;
+};
+
+}  // namespace runtime::headless

@@ -1,0 +1,98 @@
+#include "runtime/headless/MemoryWindows.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "runtime/Error.h"
+
+namespace runtime::headless {
+namespace {
+
+// What a title bar and a frame take, in twips; round numbers make sums in tests easy to follow.
+constexpr Size kSizableFrame{120, 405};
+constexpr Size kFixedFrame{90, 375};
+constexpr std::uint32_t kFirstMessage = 0xC000;  // the range of registered messages
+constexpr NativeHandle kHandleStep = 0x10;
+
+Size FrameOf(BorderStyle border) {
+    return border == BorderStyle::kSizable ? kSizableFrame : kFixedFrame;
+}
+
+}  // namespace
+
+std::unique_ptr<NativeWindow> MemoryWindows::MakeWindow(const WindowDesign& design, WindowEvents& events) {
+    if (refuseWindows > 0) {
+        --refuseWindows;
+        throw Error(kOutOfMemory);
+    }
+    const NativeHandle handle = std::exchange(nextHandle_, nextHandle_ + kHandleStep);
+    return std::make_unique<MemoryWindow>(*this, design, events, handle);
+}
+
+Size MemoryWindows::OuterSize(Size inner, BorderStyle border) {
+    const Size frame = FrameOf(border);
+    return {inner.width + frame.width, inner.height + frame.height};
+}
+
+std::uint32_t MemoryWindows::RegisterMessage(StringView name) {
+    const auto found = std::find(messages.begin(), messages.end(), name);
+    if (found == messages.end()) {
+        messages.emplace_back(name);
+        return kFirstMessage + static_cast<std::uint32_t>(messages.size()) - 1;
+    }
+    return kFirstMessage + static_cast<std::uint32_t>(found - messages.begin());
+}
+
+void MemoryWindows::DoEvents() {
+    while (!pending_.empty()) {
+        const auto happening = std::move(pending_.front());
+        pending_.pop_front();
+        happening();
+    }
+}
+
+MemoryWindow::MemoryWindow(MemoryWindows& system, const WindowDesign& design, WindowEvents& events, NativeHandle handle)
+    : caption(design.caption),
+      border(design.border),
+      outer(design.outer),
+      backColour(design.backColour),
+      system_(system),
+      events_(events),
+      handle_(handle) {
+    system_.windows_.push_back(this);
+}
+
+MemoryWindow::~MemoryWindow() {
+    std::erase(system_.windows_, this);
+}
+
+void MemoryWindow::SetVisible(bool newVisible) {
+    const bool shown = newVisible && !visible;
+    visible = newVisible;
+    // A window that appears becomes the active one, unless it appears as an icon.
+    if (shown && state != WindowState::kMinimised) events_.Activated();
+}
+
+void MemoryWindow::SetState(WindowState newState) {
+    state = newState;
+    if (visible) events_.BoundsChanged(outer, state);
+}
+
+Size MemoryWindow::InnerSize() const {
+    const Size frame = FrameOf(border);
+    return {std::max(0.0F, outer.width - frame.width), std::max(0.0F, outer.height - frame.height)};
+}
+
+NativeControl& MemoryWindow::AddControl(ControlKind kind, const String& name) {
+    controls.push_back(std::make_unique<MemoryControl>(kind, name));
+    return *controls.back();
+}
+
+MemoryControl& MemoryWindow::Control(StringView name) const {
+    const auto found =
+        std::find_if(controls.begin(), controls.end(), [name](const auto& control) { return control->name == name; });
+    if (found == controls.end()) throw Error(kPropertyNotSupported);
+    return **found;
+}
+
+}  // namespace runtime::headless

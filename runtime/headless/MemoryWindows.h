@@ -1,0 +1,95 @@
+// The window system in memory: windows without a screen, for fast tests and for running where there is no display.
+// A test plays the user and the window system through it, and reads what forms asked of it.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <vector>
+
+#include "runtime/WindowsPort.h"
+
+namespace runtime::headless {
+
+class MemoryWindow;
+
+/// A control's values as its form last told them.
+struct MemoryControl : NativeControl {
+    MemoryControl(ControlKind controlKind, String controlName) : kind(controlKind), name(std::move(controlName)) {}
+    void SetBounds(const Rect& newBounds) override { bounds = newBounds; }
+    void SetText(const String& newText) override { text = newText; }
+    void Refresh() override { ++refreshes; }
+
+    ControlKind kind;
+    String name;
+    Rect bounds;
+    String text;
+    int refreshes = 0;
+};
+
+class MemoryWindows : public WindowsPort {
+ public:
+    std::unique_ptr<NativeWindow> MakeWindow(const WindowDesign& design, WindowEvents& events) override;
+    Size OuterSize(Size inner, BorderStyle border) override;
+    Size ScreenSize() override { return screen; }
+    std::int16_t MousePointer() override { return pointers.empty() ? std::int16_t{0} : pointers.back(); }
+    void SetMousePointer(std::int16_t shape) override { pointers.push_back(shape); }
+    std::uint32_t RegisterMessage(StringView name) override;
+    void DoEvents() override;
+
+    /// Queues what the user or the window system does; it happens at the next DoEvents.
+    void Post(std::function<void()> happening) { pending_.push_back(std::move(happening)); }
+    /// The windows that exist, in the order in which they were made.
+    const std::vector<MemoryWindow*>& Windows() const { return windows_; }
+    /// The newest window. At least one must exist.
+    MemoryWindow& Last() const { return *windows_.back(); }
+
+    Size screen{19200, 15360};
+    /// Every pointer shape that was set, in order.
+    std::vector<std::int16_t> pointers;
+    /// How many of the next windows the window system refuses.
+    int refuseWindows = 0;
+    /// The registered messages' names, in order.
+    std::vector<String> messages;
+
+ private:
+    friend class MemoryWindow;
+
+    std::vector<MemoryWindow*> windows_;
+    std::deque<std::function<void()>> pending_;
+    NativeHandle nextHandle_ = 0x1000;
+};
+
+class MemoryWindow : public NativeWindow {
+ public:
+    MemoryWindow(MemoryWindows& system, const WindowDesign& design, WindowEvents& events, NativeHandle handle);
+    ~MemoryWindow() override;
+
+    void SetCaption(const String& newCaption) override { caption = newCaption; }
+    void SetBounds(const Rect& newOuter) override { outer = newOuter; }
+    void SetVisible(bool newVisible) override;
+    void SetState(WindowState newState) override;
+    void SetBackColour(Colour colour) override { backColour = colour; }
+    Size InnerSize() const override;
+    NativeHandle Handle() const override { return handle_; }
+    NativeHandle DeviceContext() override { return handle_ + 1; }
+    NativeControl& AddControl(ControlKind kind, const String& name) override;
+
+    MemoryControl& Control(StringView name) const;
+    /// What the form is told by the window system.
+    WindowEvents& Events() const { return events_; }
+
+    String caption;
+    BorderStyle border;
+    Rect outer;
+    WindowState state = WindowState::kNormal;
+    bool visible = false;
+    Colour backColour;
+    std::vector<std::unique_ptr<MemoryControl>> controls;
+
+ private:
+    MemoryWindows& system_;
+    WindowEvents& events_;
+    NativeHandle handle_;
+};
+
+}  // namespace runtime::headless

@@ -1,0 +1,35 @@
+// The system message box in memory: logs what was shown and answers as the test says. A message that no test expected
+// has no answer and fails with error 51.
+#pragma once
+
+#include <deque>
+#include <vector>
+
+#include "runtime/Error.h"
+#include "runtime/MessageBoxPort.h"
+
+namespace runtime::headless {
+
+class ScriptedMessageBox : public MessageBoxPort {
+ public:
+    struct Message {
+        String prompt;
+        std::int32_t flags;
+        String title;
+        bool operator==(const Message&) const = default;
+    };
+
+    std::int32_t Show(StringView prompt, std::int32_t flags, StringView title) override {
+        shown.push_back({String(prompt), flags, String(title)});
+        if (answers.empty()) throw Error(kInternalError, u"a message that nobody expected: " + String(prompt));
+        const std::int32_t answer = answers.front();
+        answers.pop_front();
+        return answer;
+    }
+
+    /// What the next messages are answered with.
+    std::deque<std::int32_t> answers;
+    std::vector<Message> shown;
+};
+
+}  // namespace runtime::headless

@@ -1,0 +1,23 @@
+#include "runtime/win32/Callback.h"
+
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace runtime::win32 {
+
+thread_local Callback::Scope* Callback::Scope::innermost_ = nullptr;
+
+void Callback::Scope::Keep(std::exception_ptr error) noexcept {
+    if (innermost_) {
+        if (!innermost_->kept_) innermost_->kept_ = std::move(error);
+        return;
+    }
+    try {
+        std::rethrow_exception(error);
+    } catch (const std::exception& e) {
+        OutputDebugStringA(e.what());
+    } catch (...) {
+        OutputDebugStringA("unknown error in a window's handler");
+    }
+}
+
+}  // namespace runtime::win32

@@ -1,0 +1,24 @@
+// Texts that the system writes into a caller's buffer, of whatever length they are.
+#pragma once
+
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace runtime::win32 {
+
+/// Calls `fill(buffer, capacity)` with ever larger buffers until the text fits. `fill` returns the text's length
+/// when it fitted, the capacity or more when it did not, and 0 on failure: then the result is empty.
+template <typename Fill>
+String FillGrowing(Fill&& fill) {
+    String text(MAX_PATH, u'\0');
+    for (;;) {
+        const auto capacity = static_cast<DWORD>(text.size());
+        const DWORD length = fill(Wide(text.data()), capacity);
+        if (length < capacity) {
+            text.resize(length);
+            return text;
+        }
+        text.resize(text.size() * 2 > length ? text.size() * 2 : length + std::size_t{1});
+    }
+}
+
+}  // namespace runtime::win32

@@ -1,0 +1,71 @@
+#include "runtime/win32/RegistrySettings.h"
+
+#include <limits>
+
+#include "runtime/Error.h"
+#include "runtime/win32/Handle.h"
+
+namespace runtime::win32 {
+namespace {
+
+constexpr StringView kRoot = u"Software\\VB and VBA Program Settings\\";
+
+bool IsName(StringView name) {
+    return !name.empty() && name.find(u'\0') == StringView::npos;
+}
+
+String SectionPath(StringView application, StringView section) {
+    return String(kRoot).append(application).append(u"\\").append(section);
+}
+
+/// The bytes of a value that is text, terminators included; none when it is absent or something else.
+std::optional<String> QueryText(HKEY key, const String& name) {
+    String text;
+    DWORD bytes = 0;
+    DWORD type = REG_NONE;
+    LSTATUS status = ERROR_MORE_DATA;
+    // Another program may make the value longer between two calls.
+    while (status == ERROR_MORE_DATA) {
+        text.resize((bytes + 1) / sizeof(char16_t));
+        bytes = static_cast<DWORD>(text.size() * sizeof(char16_t));
+        status = RegQueryValueExW(key, Wide(name), nullptr, &type, reinterpret_cast<BYTE*>(text.data()), &bytes);
+    }
+    if (status != ERROR_SUCCESS || (type != REG_SZ && type != REG_EXPAND_SZ)) return std::nullopt;
+    text.resize(bytes / sizeof(char16_t));
+    return text;
+}
+
+}  // namespace
+
+std::optional<String> RegistrySettings::Get(StringView application, StringView section, StringView key) {
+    if (!IsName(application) || !IsName(section) || !IsName(key)) return std::nullopt;
+    HKEY opened = nullptr;
+    const String path = SectionPath(application, section);
+    if (RegOpenKeyExW(HKEY_CURRENT_USER, Wide(path), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS) {
+        return std::nullopt;
+    }
+    const RegistryKey owner(opened);
+    std::optional<String> text = QueryText(opened, String(key));
+    if (text && text->ends_with(u'\0')) text->pop_back();
+    return text;
+}
+
+void RegistrySettings::Save(StringView application, StringView section, StringView key, StringView value) {
+    constexpr std::size_t kLongest = std::numeric_limits<DWORD>::max() / sizeof(char16_t) - 1;
+    if (!IsName(application) || !IsName(section) || !IsName(key) || value.size() > kLongest) {
+        throw Error(kInvalidProcedureCall);
+    }
+    HKEY opened = nullptr;
+    LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, Wide(SectionPath(application, section)), 0, nullptr,
+                                     REG_OPTION_NON_VOLATILE, KEY_SET_VALUE, nullptr, &opened, nullptr);
+    const RegistryKey owner(opened);
+    if (status == ERROR_SUCCESS) {
+        const String terminated(value);
+        const auto bytes = static_cast<DWORD>((terminated.size() + 1) * sizeof(char16_t));
+        status = RegSetValueExW(opened, Wide(String(key)), 0, REG_SZ, reinterpret_cast<const BYTE*>(terminated.c_str()),
+                                bytes);
+    }
+    if (status != ERROR_SUCCESS) throw Error(kInvalidProcedureCall);
+}
+
+}  // namespace runtime::win32

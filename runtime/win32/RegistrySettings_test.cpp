@@ -1,0 +1,77 @@
+#include "runtime/win32/RegistrySettings.h"
+
+#include <gtest/gtest.h>
+
+#include "runtime/SettingsPort_test.h"
+#include "runtime/win32/Handle.h"
+
+namespace runtime::win32 {
+namespace {
+
+const String kApplicationPath = String(u"Software\\VB and VBA Program Settings\\").append(kTestApplication);
+
+void ClearTestApplication() {
+    RegDeleteTreeW(HKEY_CURRENT_USER, Wide(kApplicationPath));
+}
+
+std::shared_ptr<SettingsPort> MakeRegistrySettings() {
+    ClearTestApplication();
+    return {new RegistrySettings, [](SettingsPort* settings) {
+                ClearTestApplication();
+                delete settings;
+            }};
+}
+INSTANTIATE_TEST_SUITE_P(Registry, SettingsPortTest, testing::Values(&MakeRegistrySettings));
+
+class RegistrySettingsTest : public testing::Test {
+ protected:
+    /// Writes past the port, as another program does.
+    void Write(DWORD type, const void* data, DWORD bytes) {
+        HKEY key = nullptr;
+        ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, Wide(kApplicationPath + u"\\Section"), 0, nullptr, 0,
+                                  KEY_SET_VALUE, nullptr, &key, nullptr),
+                  ERROR_SUCCESS);
+        const RegistryKey owner(key);
+        ASSERT_EQ(RegSetValueExW(key, L"Key", 0, type, static_cast<const BYTE*>(data), bytes), ERROR_SUCCESS);
+    }
+    std::optional<String> Get() { return settings_->Get(kTestApplication, u"Section", u"Key"); }
+
+    std::shared_ptr<SettingsPort> settings_ = MakeRegistrySettings();
+};
+
+TEST_F(RegistrySettingsTest, SavesTextWhereTheClassicRuntimeKeepsIt) {
+    settings_->Save(kTestApplication, u"Section", u"Key", u"C:\\cad");
+    wchar_t value[16] = {};
+    DWORD bytes = sizeof(value);
+    ASSERT_EQ(RegGetValueW(HKEY_CURRENT_USER, L"Software\\VB and VBA Program Settings\\K4T settings tests\\Section",
+                           L"Key", RRF_RT_REG_SZ, nullptr, value, &bytes),
+              ERROR_SUCCESS);
+    EXPECT_EQ(ToString(value), u"C:\\cad");
+    EXPECT_EQ(bytes, 14u);
+}
+
+TEST_F(RegistrySettingsTest, ValueWithoutTerminatorIsRead) {
+    Write(REG_SZ, L"abcd", 6);
+    EXPECT_EQ(Get(), u"abc");
+}
+
+TEST_F(RegistrySettingsTest, ValueWithoutAnyBytesIsEmpty) {
+    Write(REG_SZ, L"", 0);
+    EXPECT_EQ(Get(), u"");
+}
+
+TEST_F(RegistrySettingsTest, VariablesAreLeftAsTheyStand) {
+    Write(REG_EXPAND_SZ, L"%TEMP%", 14);
+    EXPECT_EQ(Get(), u"%TEMP%");
+}
+
+TEST_F(RegistrySettingsTest, OtherTypesCountAsAbsent) {
+    const DWORD number = 0x00410041;
+    Write(REG_DWORD, &number, sizeof(number));
+    EXPECT_EQ(Get(), std::nullopt);
+    Write(REG_BINARY, &number, sizeof(number));
+    EXPECT_EQ(Get(), std::nullopt);
+}
+
+}  // namespace
+}  // namespace runtime::win32

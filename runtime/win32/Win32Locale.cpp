@@ -1,0 +1,53 @@
+#include "runtime/win32/Win32Locale.h"
+
+#include <limits>
+
+#include "runtime/Error.h"
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace runtime::win32 {
+namespace {
+
+int Length(std::size_t length) {
+    if (length > static_cast<std::size_t>(std::numeric_limits<int>::max())) throw Error(kOutOfMemory);
+    return static_cast<int>(length);
+}
+
+/// The length that a conversion returned: 0 is a failure, as only empty texts have none, and they are not converted.
+std::size_t Checked(int length) {
+    if (length <= 0) throw Error(kOutOfMemory);
+    return static_cast<std::size_t>(length);
+}
+
+}  // namespace
+
+std::string Win32Locale::ToAnsi(StringView text) {
+    if (text.empty()) return {};
+    const auto* const source = Wide(text.data());
+    const int length = Length(text.size());
+    std::string bytes(Checked(WideCharToMultiByte(CP_ACP, 0, source, length, nullptr, 0, nullptr, nullptr)), '\0');
+    Checked(WideCharToMultiByte(CP_ACP, 0, source, length, bytes.data(), Length(bytes.size()), nullptr, nullptr));
+    return bytes;
+}
+
+String Win32Locale::FromAnsi(std::string_view bytes) {
+    if (bytes.empty()) return {};
+    const int length = Length(bytes.size());
+    String text(Checked(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)), u'\0');
+    Checked(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, Wide(text.data()), Length(text.size())));
+    return text;
+}
+
+String Win32Locale::UpperCase(StringView text) {
+    String result(text);
+    CharUpperBuffW(Wide(result.data()), static_cast<DWORD>(result.size()));
+    return result;
+}
+
+String Win32Locale::LowerCase(StringView text) {
+    String result(text);
+    CharLowerBuffW(Wide(result.data()), static_cast<DWORD>(result.size()));
+    return result;
+}
+
+}  // namespace runtime::win32

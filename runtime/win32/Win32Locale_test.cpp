@@ -1,0 +1,32 @@
+#include "runtime/win32/Win32Locale.h"
+
+#include "runtime/LocalePort_test.h"
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace runtime::win32 {
+namespace {
+
+std::unique_ptr<LocalePort> MakeWin32Locale() {
+    if (GetACP() != 1252) return nullptr;
+    return std::make_unique<Win32Locale>();
+}
+INSTANTIATE_TEST_SUITE_P(Windows, LocalePortTest, testing::Values(&MakeWin32Locale));
+
+TEST(Win32Locale, NearestCharacterStandsInForALackingOne) {
+    if (GetACP() != 1252) GTEST_SKIP() << "the system's code page is not 1252";
+    EXPECT_EQ(Win32Locale().ToAnsi(u"\u0101"), "a");
+}
+
+TEST(Win32Locale, CaseOfPlainLettersIsTheSameInEveryLanguage) {
+    EXPECT_EQ(Win32Locale().UpperCase(u"c:\\sis"), u"C:\\SIS");
+    EXPECT_EQ(Win32Locale().LowerCase(u"C:\\SIS"), u"c:\\sis");
+}
+
+TEST(Win32Locale, DoubleByteTextComesBack) {
+    if (GetACP() != 932) GTEST_SKIP() << "the system's code page is not 932";
+    EXPECT_EQ(Win32Locale().ToAnsi(u"\u8868z"), "\x95\\z");
+    EXPECT_EQ(Win32Locale().FromAnsi("\x95\\z"), u"\u8868z");
+}
+
+}  // namespace
+}  // namespace runtime::win32

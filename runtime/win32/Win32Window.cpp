@@ -1,0 +1,209 @@
+#include "runtime/win32/Win32Window.h"
+
+#include "runtime/Error.h"
+#include "runtime/win32/Callback.h"
+#include "runtime/win32/Pixels.h"
+#include "runtime/win32/Win32Control.h"
+#include "runtime/win32/Win32Windows.h"
+
+namespace runtime::win32 {
+namespace {
+
+std::int16_t HeldModifiers() {
+    const auto held = [](int key) { return GetKeyState(key) < 0; };
+    return static_cast<std::int16_t>((held(VK_SHIFT) ? kShift : 0) | (held(VK_CONTROL) ? kCtrl : 0) |
+                                     (held(VK_MENU) ? kAlt : 0));
+}
+
+COLORREF ToColorRef(Colour colour) {
+    constexpr Colour kSystemColour = 0x80000000;
+    return (colour & kSystemColour) ? GetSysColor(static_cast<int>(colour & ~kSystemColour)) : colour;
+}
+
+int ShowCommand(WindowState state) {
+    switch (state) {
+        case WindowState::kMinimised:
+            return SW_SHOWMINIMIZED;
+        case WindowState::kMaximised:
+            return SW_SHOWMAXIMIZED;
+        case WindowState::kNormal:
+            break;
+    }
+    return SW_SHOWNORMAL;
+}
+
+}  // namespace
+
+Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, WindowEvents& events)
+    : system_(system), events_(events), known_(ToPixels(design.outer)), backColour_(design.backColour) {
+    CreateWindowExW(0, system.ClassName(), Wide(design.caption), StyleOf(design.border), static_cast<int>(known_.left),
+                    static_cast<int>(known_.top), static_cast<int>(known_.right - known_.left),
+                    static_cast<int>(known_.bottom - known_.top), nullptr, nullptr, system.Instance(), this);
+    if (!window_) throw Error(kOutOfMemory);
+}
+
+Win32Window::~Win32Window() {
+    if (!window_) return;
+    const HWND window = window_;
+    // From here on the procedure does not find this object: nothing is reported of an end that was asked for.
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    window_ = nullptr;
+    DestroyWindow(window);
+}
+
+DWORD Win32Window::StyleOf(BorderStyle border) {
+    if (border == BorderStyle::kFixedDialog) return WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+    return WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+}
+
+void Win32Window::SetCaption(const String& caption) {
+    Callback::Into([&] { SetWindowTextW(window_, Wide(caption)); });
+}
+
+void Win32Window::SetBounds(const Rect& outer) {
+    known_ = ToPixels(outer);
+    Callback::Into([&] {
+        SetWindowPos(window_, nullptr, static_cast<int>(known_.left), static_cast<int>(known_.top),
+                     static_cast<int>(known_.right - known_.left), static_cast<int>(known_.bottom - known_.top),
+                     SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+    });
+}
+
+void Win32Window::SetVisible(bool visible) {
+    Callback::Into([&] { ShowWindow(window_, visible ? ShowCommand(state_) : SW_HIDE); });
+}
+
+void Win32Window::SetState(WindowState state) {
+    if (!IsWindowVisible(window_)) {
+        state_ = state;
+        return;
+    }
+    Callback::Into([&] { ShowWindow(window_, ShowCommand(state)); });
+}
+
+void Win32Window::SetBackColour(Colour colour) {
+    backColour_ = colour;
+    InvalidateRect(window_, nullptr, TRUE);
+}
+
+Size Win32Window::InnerSize() const {
+    RECT client{};
+    GetClientRect(window_, &client);
+    return ToTwips(client).Size();
+}
+
+NativeHandle Win32Window::DeviceContext() {
+    // The class gives each window a context of its own, so this is the same one each time and needs no release.
+    return reinterpret_cast<NativeHandle>(GetDC(window_));
+}
+
+NativeControl& Win32Window::AddControl(ControlKind kind, const String& /*name*/) {
+    controls_.push_back(std::make_unique<Win32Control>(window_, kind, system_.Instance()));
+    return *controls_.back();
+}
+
+LRESULT CALLBACK Win32Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    return Callback::Guard(LRESULT{0}, [&]() -> LRESULT {
+        if (message == WM_NCCREATE) {
+            auto* created = static_cast<Win32Window*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
+            created->window_ = window;
+            SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+        }
+        auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+        return self ? self->OnMessage(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
+    });
+}
+
+LRESULT Win32Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefWindowProcW(window_, message, wParam, lParam);
+}
+
+// After an event the form may have destroyed this window: such a branch returns at once or touches locals only.
+LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    switch (message) {
+        case WM_CLOSE:
+            events_.Closing(UnloadReason::kUser);
+            return 0;
+        case WM_ENDSESSION:
+            if (wParam) events_.Closing(UnloadReason::kSystemEnd);
+            return 0;
+        case WM_DESTROY:
+            // Not asked for by the form; its handlers run while the window's children are still there.
+            SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+            window_ = nullptr;
+            events_.Lost();
+            return 0;
+        case WM_ACTIVATE: {
+            const bool activated = LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0;
+            const LRESULT result = Default(message, wParam, lParam);
+            if (activated) events_.Activated();
+            return result;
+        }
+        case WM_WINDOWPOSCHANGED: {
+            const LRESULT result = Default(message, wParam, lParam);
+            ReportBounds();
+            return result;
+        }
+        case WM_GETMINMAXINFO: {
+            // Forms may be larger than the screen.
+            auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
+            constexpr LONG kAnySize = 32767;
+            limits->ptMaxTrackSize = {kAnySize, kAnySize};
+            return 0;
+        }
+        case WM_SYSKEYDOWN:  // keys come as these to an icon, too
+        case WM_KEYDOWN: {
+            const LRESULT result = Default(message, wParam, lParam);
+            auto keyCode = static_cast<std::int16_t>(wParam);
+            events_.KeyDown(keyCode, HeldModifiers());
+            return result;
+        }
+        case WM_SYSKEYUP:
+        case WM_KEYUP: {
+            const LRESULT result = Default(message, wParam, lParam);
+            auto keyCode = static_cast<std::int16_t>(wParam);
+            events_.KeyUp(keyCode, HeldModifiers());
+            return result;
+        }
+        case WM_CHAR: {
+            auto character = static_cast<char16_t>(wParam);
+            events_.KeyPress(character);
+            return 0;
+        }
+        case WM_ERASEBKGND:
+            Erase(reinterpret_cast<HDC>(wParam));
+            return 1;
+        case WM_SETCURSOR:
+            if (LOWORD(lParam) == HTCLIENT && system_.ShowPointer()) return TRUE;
+            return Default(message, wParam, lParam);
+        default:
+            return Default(message, wParam, lParam);
+    }
+}
+
+WindowState Win32Window::CurrentState() const {
+    if (IsIconic(window_)) return WindowState::kMinimised;
+    return IsZoomed(window_) ? WindowState::kMaximised : WindowState::kNormal;
+}
+
+void Win32Window::ReportBounds() {
+    // A hidden window keeps the state in which it will be shown.
+    const WindowState state = IsWindowVisible(window_) ? CurrentState() : state_;
+    RECT outer{};
+    GetWindowRect(window_, &outer);
+    const bool moved = !IsIconic(window_) && !EqualRect(&outer, &known_);
+    if (state == state_ && !moved) return;
+    state_ = state;
+    if (moved) known_ = outer;
+    events_.BoundsChanged(ToTwips(known_), state);
+}
+
+void Win32Window::Erase(HDC context) const {
+    RECT client{};
+    GetClientRect(window_, &client);
+    SetBkColor(context, ToColorRef(backColour_));
+    // An opaque empty text fills its rectangle without a brush to make and delete.
+    ExtTextOutW(context, 0, 0, ETO_OPAQUE, &client, L"", 0, nullptr);
+}
+
+}  // namespace runtime::win32

@@ -1,0 +1,52 @@
+// A form's window and its controls' windows. The window reports what the user and the system do, and not what its
+// form asked for itself.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "runtime/WindowsPort.h"
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace runtime::win32 {
+
+class Win32Windows;
+
+class Win32Window : public NativeWindow {
+ public:
+    /// Error 7 when the system refuses. `system` outlives the window.
+    Win32Window(Win32Windows& system, const WindowDesign& design, WindowEvents& events);
+    Win32Window(const Win32Window&) = delete;
+    Win32Window& operator=(const Win32Window&) = delete;
+    ~Win32Window() override;
+
+    void SetCaption(const String& caption) override;
+    void SetBounds(const Rect& outer) override;
+    void SetVisible(bool visible) override;
+    void SetState(WindowState state) override;
+    void SetBackColour(Colour colour) override;
+    Size InnerSize() const override;
+    NativeHandle Handle() const override { return reinterpret_cast<NativeHandle>(window_); }
+    NativeHandle DeviceContext() override;
+    NativeControl& AddControl(ControlKind kind, const String& name) override;
+
+    static DWORD StyleOf(BorderStyle border);
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+
+ private:
+    LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
+    void ReportBounds();
+    void Erase(HDC context) const;
+    WindowState CurrentState() const;
+
+    Win32Windows& system_;
+    WindowEvents& events_;
+    HWND window_ = nullptr;
+    RECT known_{};  ///< outer bounds in pixels that the form knows of
+    WindowState state_ = WindowState::kNormal;
+    Colour backColour_;
+    std::vector<std::unique_ptr<NativeControl>> controls_;
+};
+
+}  // namespace runtime::win32

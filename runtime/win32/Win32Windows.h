@@ -1,0 +1,40 @@
+// The window system of Windows. One object serves the process; it belongs to the thread that makes windows.
+#pragma once
+
+#include "runtime/WindowsPort.h"
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace runtime::win32 {
+
+class Win32Windows : public WindowsPort {
+ public:
+    /// `instance` is the module that the windows belong to. The window class is registered with the first window.
+    explicit Win32Windows(HINSTANCE instance) : instance_(instance) {}
+    Win32Windows(const Win32Windows&) = delete;
+    Win32Windows& operator=(const Win32Windows&) = delete;
+    /// Unregisters the window class.
+    ~Win32Windows() override;
+
+    std::unique_ptr<NativeWindow> MakeWindow(const WindowDesign& design, WindowEvents& events) override;
+    Size OuterSize(Size inner, BorderStyle border) override;
+    Size ScreenSize() override;
+    std::int16_t MousePointer() override { return pointer_; }
+    void SetMousePointer(std::int16_t shape) override;
+    std::uint32_t RegisterMessage(StringView name) override;
+    void DoEvents() override;
+
+    HINSTANCE Instance() const { return instance_; }
+    const wchar_t* ClassName() const;
+    /// Shows the chosen pointer; false when it is the default one.
+    bool ShowPointer() const;
+
+ private:
+    void RegisterWindowClass();
+
+    HINSTANCE instance_;
+    bool classRegistered_ = false;
+    std::int16_t pointer_ = 0;
+    HCURSOR pointerBefore_ = nullptr;  ///< the shape that the client showed when a pointer of ours replaced it
+};
+
+}  // namespace runtime::win32

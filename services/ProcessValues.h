@@ -1,0 +1,43 @@
+// The component's process-wide values: shared by every instance and form in the process, as its clients see them.
+#pragma once
+
+#include "runtime/Text.h"
+
+namespace runtime {
+class Form;
+}
+
+namespace services {
+
+using runtime::String;
+using runtime::StringView;
+
+struct ProcessValues {
+    // Where things are; full paths.
+    String installFolder;  ///< holds the component's own file
+    String jobFolder;
+    String libraryFolder;
+    String systemFolder;  ///< the setting "SysDir", not the folder of the suite's INI file
+    String secondaryJobFolder;
+
+    // What the product is called.
+    String productName;
+    String makerName;
+    String copyrightHolder;
+    String version;
+    String revision;
+    String productRange;
+
+    // Set when the main form loads.
+    runtime::Form* mainForm = nullptr;
+    String moduleName;
+    String moduleCaption;
+    String helpFilePath;
+
+    String serverPath;
+};
+
+/// The values of this process; all empty at its start.
+inline ProcessValues processValues;
+
+}  // namespace services

@@ -1,0 +1,142 @@
+#include "services/modReg.h"
+
+#include "kernel_api/Kernel.h"
+#include "kernel_api/Reader.h"
+#include "runtime/Error.h"
+#include "runtime/Form.h"
+#include "runtime/Numbers.h"
+#include "runtime/Ports.h"
+#include "services/MessageTexts.h"
+#include "services/ProcessValues.h"
+
+namespace services {
+namespace {
+
+using runtime::CurrentPorts;
+
+constexpr StringView kPlacementApplication = u"Pelorix";
+constexpr StringView kPlacementSection = u"K4TBACKPROCESS";
+constexpr std::int16_t kScaleTwips = 1;
+constexpr std::int32_t kUsable = 0;
+constexpr std::int32_t kNotUsable = 1;
+
+constexpr SuiteSetting kFolderSettings[] = {
+    {u"JobDir", u"job folder", &ProcessValues::jobFolder, true, u"\\JOB"},
+    {u"LibDir", u"library folder", &ProcessValues::libraryFolder, true, u"\\LIB"},
+    {u"SysDir", u"system folder setting", &ProcessValues::systemFolder, true, u"\\SYS"},
+    {u"EED3JobDir", u"secondary job folder", &ProcessValues::secondaryJobFolder, false, u"C:\\CADJOB"},
+};
+
+constexpr SuiteSetting kIdentitySettings[] = {
+    {u"SysName", u"product name", &ProcessValues::productName, false, u"Orvane"},
+    {u"Maker", u"maker name", &ProcessValues::makerName, false, u"Harnwell"},
+    {u"Copyright", u"copyright holder", &ProcessValues::copyrightHolder, false, u"Daventa"},
+    {u"Ver", u"version", &ProcessValues::version, false, u"?"},
+    {u"Rev", u"revision", &ProcessValues::revision, false, u"?"},
+    {u"Range", u"product range", &ProcessValues::productRange, false, u"Electronic design engineering system"},
+};
+
+void ReadSettings(std::span<const SuiteSetting> settings) {
+    for (const SuiteSetting& setting : settings) {
+        const String defaultValue = DefaultOf(setting);
+        processValues.*setting.value =
+            kernel_api::CurrentReader().GetSetting(kSettingsApplication, setting.key, defaultValue);
+    }
+}
+
+void Publish(StringView key, String& value) {
+    kernel_api::CurrentKernel().E_SetString(key, value);
+}
+
+bool IsBareDrive(StringView path) {
+    const bool hasForm = path.size() == 2 || (path.size() == 3 && path[2] == u'\\');
+    // Z is left out on purpose: it goes to the disk like any folder.
+    return hasForm && path[1] == u':' && path[0] > 64 && path[0] < 90;
+}
+
+void ReportUnusableFolder(const String& path, const runtime::Error& error) {
+    const String prompt = GetLocalText(u"Path: ", u"991019 ") + path + GetLocalText(u" not available", u"99961 ");
+    ShowMessage(prompt, kExclamation | kSystemModal, error.Description());
+}
+
+}  // namespace
+
+std::span<const SuiteSetting> FolderSettings() {
+    return kFolderSettings;
+}
+
+std::span<const SuiteSetting> IdentitySettings() {
+    return kIdentitySettings;
+}
+
+String DefaultOf(const SuiteSetting& setting) {
+    if (!setting.isProductFolder) return String(setting.defaultText);
+    return u"C:\\" + GetProductName() + String(setting.defaultText);
+}
+
+void LoadDirectories() {
+    ProcessValues& values = processValues;
+    ReadSettings(kFolderSettings);
+    Publish(u"JobDir", values.jobFolder);
+    Publish(u"LibDir", values.libraryFolder);
+    // The job folder again: modules that ask for this key work in the same folder as all others.
+    Publish(u"EED3JobDir", values.jobFolder);
+}
+
+void LoadProductIdentity() {
+    ProcessValues& values = processValues;
+    ReadSettings(kIdentitySettings);
+    Publish(u"PRODUCT_NAME", values.productName);
+    Publish(u"MAKER_NAME", values.makerName);
+    Publish(u"COPYRIGHT_NAME", values.copyrightHolder);
+}
+
+String GetProductName() {
+    return kernel_api::CurrentReader().TextAt(kernel_api::CurrentKernel().E_GetString(u"PRODUCT_NAME"));
+}
+
+String GetInstallFolder() {
+    return CurrentPorts().process.ComponentFolder();
+}
+
+String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue) {
+    return CurrentPorts().settings.Get(appName, section, key).value_or(String(defaultValue));
+}
+
+void SaveAppSetting(StringView appName, StringView section, StringView key, StringView value) {
+    CurrentPorts().settings.Save(appName, section, key, value);
+}
+
+void CheckFolder(String& path, std::int32_t& result) {
+    runtime::FilesPort& files = CurrentPorts().files;
+    const String before = files.CurrentFolder();
+    path = CurrentPorts().locale.UpperCase(path);
+    if (IsBareDrive(path)) {
+        result = kUsable;
+        return;
+    }
+    try {
+        files.ChangeFolder(path);
+        files.ChangeFolder(before);
+        result = kUsable;
+    } catch (const runtime::Error& error) {
+        ReportUnusableFolder(path, error);
+        result = kNotUsable;
+    }
+}
+
+void SaveWindowPlacement(runtime::Form& form) {
+    const std::int16_t scaleMode = form.ScaleMode();
+    form.SetScaleMode(kScaleTwips);
+    const auto save = [&form](StringView suffix, runtime::Twips value) {
+        SaveAppSetting(kPlacementApplication, kPlacementSection, form.Name() + String(suffix),
+                       runtime::PlainDecimal(value));
+    };
+    save(u"_TOP", form.Top());
+    save(u"_LEFT", form.Left());
+    save(u"_HEIGHT", form.Height());
+    save(u"_WIDTH", form.Width());
+    form.SetScaleMode(scaleMode);
+}
+
+}  // namespace services

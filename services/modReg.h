@@ -1,0 +1,61 @@
+// The settings store: working folders, product identity, install folder and window placement. Settings are read through
+// the suite's reader and published as kernel strings, so that every module sees the same ones.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "runtime/Text.h"
+#include "services/ProcessValues.h"
+
+namespace runtime {
+class Form;
+}
+
+namespace services {
+
+using runtime::String;
+using runtime::StringView;
+
+/// The application whose settings are read.
+inline constexpr StringView kSettingsApplication = u"Marlento";
+
+/// A setting of the suite that this component reads.
+struct SuiteSetting {
+    StringView key;
+    StringView meaning;
+    String ProcessValues::*value;  ///< where it is kept
+    bool isProductFolder;          ///< the default is "C:\\<product's name>" followed by `defaultText`
+    StringView defaultText;
+};
+
+/// In the order in which they are read.
+std::span<const SuiteSetting> FolderSettings();
+std::span<const SuiteSetting> IdentitySettings();
+/// What counts when the setting is absent, with the product's name as the kernel has it now.
+String DefaultOf(const SuiteSetting& setting);
+
+/// Reads the folders for job, library, system and secondary job, then publishes the first two. Each published value is
+/// taken back from the kernel. The errors of kernel and reader pass.
+void LoadDirectories();
+/// Reads product name, maker, copyright holder, version, revision and range, then publishes the first three.
+void LoadProductIdentity();
+
+/// The product's name as the kernel has it now; "" when it has none.
+String GetProductName();
+/// The folder that holds the component's own file, without a final backslash unless it is a drive's root.
+String GetInstallFolder();
+
+/// A per-user setting of the runtime, or `defaultValue`.
+String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue);
+void SaveAppSetting(StringView appName, StringView section, StringView key, StringView value);
+
+/// Upper-cases `path` in place, then sets `result` to 0 when the folder is usable, else to 1 after a message. The bare
+/// drives A to Y are accepted unseen. The current folder stays what it was; a folder after which it cannot be restored
+/// counts as not usable.
+void CheckFolder(String& path, std::int32_t& result);
+
+/// Writes the form's top, left, height and width in twips to the per-user settings.
+void SaveWindowPlacement(runtime::Form& form);
+
+}  // namespace services

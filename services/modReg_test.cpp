@@ -1,0 +1,247 @@
+#include "services/modReg.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "runtime/Form.h"
+#include "services/ProcessValues.h"
+#include "tests/support/ComponentFixture.h"
+
+namespace services {
+namespace {
+
+using runtime::headless::MemorySettings;
+using ::testing::ElementsAre;
+
+class ModReg : public tests::HeadlessComponentTest {
+ protected:
+    void WriteIni(std::string_view text) {
+        String folder = u"C:\\sys\\";
+        reader_.NormaliseFolder(folder);
+        memory_.files.AddFile(u"C:\\sys\\MARLENTO.INI", text);
+    }
+};
+
+class LoadingDirectories : public ModReg {};
+
+TEST_F(LoadingDirectories, DefaultsHoldTheKernelsProductName) {
+    kernel_.Put(u"PRODUCT_NAME", u"Orvane");
+    LoadDirectories();
+    EXPECT_EQ(processValues.jobFolder, u"C:\\Orvane\\JOB");
+    EXPECT_EQ(processValues.libraryFolder, u"C:\\Orvane\\LIB");
+    EXPECT_EQ(processValues.systemFolder, u"C:\\Orvane\\SYS");
+    EXPECT_EQ(processValues.secondaryJobFolder, u"C:\\CADJOB");
+}
+
+TEST_F(LoadingDirectories, BeforeTheProductIsKnownDefaultsLackItsName) {
+    LoadDirectories();
+    EXPECT_EQ(processValues.jobFolder, u"C:\\\\JOB");
+}
+
+TEST_F(LoadingDirectories, ProductNameIsReadAnewForEachDefault) {
+    kernel_.Put(u"PRODUCT_NAME", u"Orvane");
+    LoadDirectories();
+    EXPECT_THAT(kernel_.Log(),
+                ElementsAre("E_GetString(PRODUCT_NAME)", "E_GetString(PRODUCT_NAME)", "E_GetString(PRODUCT_NAME)",
+                            "E_SetString(JobDir, C:\\Orvane\\JOB)", "E_SetString(LibDir, C:\\Orvane\\LIB)",
+                            "E_SetString(EED3JobDir, C:\\Orvane\\JOB)"));
+}
+
+TEST_F(LoadingDirectories, SettingsOverrideTheDefaults) {
+    WriteIni("[Marlento]\nJobDir=D:\\job\nLibDir=D:\\lib\nSysDir=D:\\sys\nEED3JobDir=D:\\third\n");
+    LoadDirectories();
+    EXPECT_EQ(processValues.jobFolder, u"D:\\job");
+    EXPECT_EQ(processValues.libraryFolder, u"D:\\lib");
+    EXPECT_EQ(processValues.systemFolder, u"D:\\sys");
+    EXPECT_EQ(processValues.secondaryJobFolder, u"D:\\third");
+}
+
+TEST_F(LoadingDirectories, SecondaryJobFolderIsPublishedAsTheJobFolder) {
+    WriteIni("[Marlento]\nJobDir=D:\\job\nEED3JobDir=D:\\third\n");
+    LoadDirectories();
+    EXPECT_EQ(Kept(u"JobDir"), u"D:\\job");
+    EXPECT_EQ(Kept(u"EED3JobDir"), u"D:\\job");
+    EXPECT_EQ(Kept(u"SysDir"), u"(none)");
+}
+
+TEST_F(LoadingDirectories, PublishedValuesAreTakenBackFromTheKernel) {
+    kernel_.RewriteValues([](const std::string&, std::string& value) { value += "!"; });
+    WriteIni("[Marlento]\nJobDir=J\nLibDir=L\n");
+    LoadDirectories();
+    // Twice for the job folder: it is published under two keys.
+    EXPECT_EQ(processValues.jobFolder, u"J!!");
+    EXPECT_EQ(processValues.libraryFolder, u"L!");
+    EXPECT_EQ(Kept(u"EED3JobDir"), u"J!!");
+}
+
+TEST_F(LoadingDirectories, KernelFailurePasses) {
+    kernel_.FailOn("E_SetString(LibDir", runtime::Error(runtime::kFileNotFound));
+    EXPECT_EQ(tests::ErrorOf([] { LoadDirectories(); }), runtime::kFileNotFound);
+}
+
+class LoadingProductIdentity : public ModReg {};
+
+TEST_F(LoadingProductIdentity, HasDefaults) {
+    LoadProductIdentity();
+    EXPECT_EQ(processValues.productName, u"Orvane");
+    EXPECT_EQ(processValues.makerName, u"Harnwell");
+    EXPECT_EQ(processValues.copyrightHolder, u"Daventa");
+    EXPECT_EQ(processValues.version, u"?");
+    EXPECT_EQ(processValues.revision, u"?");
+    EXPECT_EQ(processValues.productRange, u"Electronic design engineering system");
+}
+
+TEST_F(LoadingProductIdentity, ReadsEachSetting) {
+    WriteIni("[Marlento]\nSysName=N\nMaker=M\nCopyright=C\nVer=1.2\nRev=7\nRange=R\n");
+    LoadProductIdentity();
+    EXPECT_EQ(processValues.productName, u"N");
+    EXPECT_EQ(processValues.makerName, u"M");
+    EXPECT_EQ(processValues.copyrightHolder, u"C");
+    EXPECT_EQ(processValues.version, u"1.2");
+    EXPECT_EQ(processValues.revision, u"7");
+    EXPECT_EQ(processValues.productRange, u"R");
+}
+
+TEST_F(LoadingProductIdentity, PublishesThreeInOrderAndTakesThemBack) {
+    kernel_.RewriteValues([](const std::string&, std::string& value) { value += "+"; });
+    LoadProductIdentity();
+    EXPECT_THAT(kernel_.Log(), ElementsAre("E_SetString(PRODUCT_NAME, Orvane)", "E_SetString(MAKER_NAME, Harnwell)",
+                                           "E_SetString(COPYRIGHT_NAME, Daventa)"));
+    EXPECT_EQ(processValues.productName, u"Orvane+");
+    EXPECT_EQ(processValues.makerName, u"Harnwell+");
+    EXPECT_EQ(processValues.copyrightHolder, u"Daventa+");
+}
+
+TEST_F(ModReg, ProductNameIsWhatTheKernelHasNow) {
+    EXPECT_EQ(GetProductName(), u"");
+    kernel_.Put(u"PRODUCT_NAME", u"Other");
+    EXPECT_EQ(GetProductName(), u"Other");
+}
+
+TEST_F(ModReg, InstallFolderIsTheComponentsOwn) {
+    memory_.process.SetComponentFolder(u"D:\\Suite\\bin");
+    EXPECT_EQ(GetInstallFolder(), u"D:\\Suite\\bin");
+}
+
+TEST_F(ModReg, AppSettingsAreTheRuntimesPerUserSettings) {
+    EXPECT_EQ(GetAppSetting(u"App", u"Section", u"Key", u"default"), u"default");
+    SaveAppSetting(u"App", u"Section", u"Key", u"value");
+    EXPECT_EQ(GetAppSetting(u"App", u"Section", u"Key", u"default"), u"value");
+}
+
+class CheckingFolders : public ModReg {
+ protected:
+    /// The result for `path`, which comes back as CheckFolder left it.
+    std::int32_t Check(String& path) {
+        std::int32_t result = -1;
+        CheckFolder(path, result);
+        return result;
+    }
+    std::int32_t CheckOf(String path) { return Check(path); }
+    bool AskedTheDisk() {
+        for (const auto& line : memory_.files.Log())
+            if (line.starts_with(u"ChangeFolder")) return true;
+        return false;
+    }
+};
+
+TEST_F(CheckingFolders, BareDrivesAToYPassWithoutAskingTheDisk) {
+    for (const char16_t drive : {u'a', u'A', u'c', u'Y', u'y'}) {
+        EXPECT_EQ(CheckOf(String{drive, u':'}), 0);
+        EXPECT_EQ(CheckOf(String{drive, u':', u'\\'}), 0);
+    }
+    EXPECT_FALSE(AskedTheDisk());
+}
+
+TEST_F(CheckingFolders, ArgumentIsUpperCasedInPlace) {
+    String path = u"c:";
+    EXPECT_EQ(Check(path), 0);
+    EXPECT_EQ(path, u"C:");
+    memory_.files.AddFolder(u"C:\\cad\\sys");
+    path = u"c:\\cad\\sys";
+    EXPECT_EQ(Check(path), 0);
+    EXPECT_EQ(path, u"C:\\CAD\\SYS");
+}
+
+TEST_F(CheckingFolders, DriveZGoesToTheDisk) {
+    memory_.messageBox.answers = {1};
+    EXPECT_EQ(CheckOf(u"Z:"), 1);
+    EXPECT_TRUE(AskedTheDisk());
+    memory_.files.AddFolder(u"Z:\\");
+    EXPECT_EQ(CheckOf(u"z:\\"), 0);
+}
+
+TEST_F(CheckingFolders, WhatOnlyLooksLikeADriveGoesToTheDisk) {
+    for (const auto* path : {u"@:", u"[:", u"C:/", u"CC:", u"1:"}) {
+        memory_.messageBox.answers = {1};
+        memory_.files.ClearLog();
+        CheckOf(path);
+        EXPECT_TRUE(AskedTheDisk()) << runtime::ToUtf8(path);
+    }
+}
+
+TEST_F(CheckingFolders, CurrentFolderStaysWhatItWas) {
+    memory_.files.AddFolder(u"C:\\here");
+    memory_.files.AddFolder(u"D:\\there");
+    memory_.files.ChangeFolder(u"C:\\here");
+    EXPECT_EQ(CheckOf(u"D:\\there"), 0);
+    EXPECT_EQ(memory_.files.CurrentFolder(), u"C:\\here");
+    memory_.messageBox.answers = {1};
+    EXPECT_EQ(CheckOf(u"D:\\nowhere"), 1);
+    EXPECT_EQ(memory_.files.CurrentFolder(), u"C:\\here");
+}
+
+TEST_F(CheckingFolders, MissingFolderIsReported) {
+    memory_.messageBox.answers = {1};
+    EXPECT_EQ(CheckOf(u"c:\\no\\such"), 1);
+    ASSERT_EQ(memory_.messageBox.shown.size(), 1u);
+    EXPECT_EQ(memory_.messageBox.shown[0].prompt, u"Path: C:\\NO\\SUCH not available");
+    EXPECT_EQ(memory_.messageBox.shown[0].flags, 4144);
+    EXPECT_EQ(memory_.messageBox.shown[0].title, u"Path not found");
+}
+
+TEST_F(CheckingFolders, TitleIsTheDescriptionOfTheErrorThatChangingGave) {
+    memory_.files.AddFolder(u"C:\\locked");
+    memory_.files.FailChange(u"C:\\locked", runtime::kPathFileAccessError);
+    memory_.messageBox.answers = {1};
+    EXPECT_EQ(CheckOf(u"C:\\locked"), 1);
+    EXPECT_EQ(memory_.messageBox.shown.at(0).title, u"Path/File access error");
+}
+
+class SavingPlacement : public ModReg {
+ protected:
+    runtime::Form form_{{.name = u"frmAny", .caption = u"", .left = 150, .top = 300, .inner = {3000, 1500}}};
+};
+
+TEST_F(SavingPlacement, WritesTopLeftHeightWidthInThatOrder) {
+    SaveWindowPlacement(form_);
+    // The frame in memory adds 120 x 405 twips.
+    const auto setting = [](StringView key, StringView value) {
+        return MemorySettings::Setting{u"Pelorix", u"K4TBACKPROCESS", String(key), String(value)};
+    };
+    EXPECT_THAT(memory_.settings.Saved(),
+                ElementsAre(setting(u"frmAny_TOP", u"300"), setting(u"frmAny_LEFT", u"150"),
+                            setting(u"frmAny_HEIGHT", u"1905"), setting(u"frmAny_WIDTH", u"3120")));
+}
+
+TEST_F(SavingPlacement, WritesNegativeAndBrokenTwipsPlainly) {
+    form_.Move(-7.5F, -15);
+    SaveWindowPlacement(form_);
+    EXPECT_EQ(memory_.settings.Saved().at(0).value, u"-15");
+    EXPECT_EQ(memory_.settings.Saved().at(1).value, u"-7.5");
+}
+
+TEST_F(SavingPlacement, KeepsTheScaleModeOfTheForm) {
+    form_.SetScaleMode(3);
+    SaveWindowPlacement(form_);
+    EXPECT_EQ(form_.ScaleMode(), 3);
+}
+
+TEST_F(SavingPlacement, IsDoneWhateverTheWindowState) {
+    form_.SetState(runtime::WindowState::kMinimised);
+    SaveWindowPlacement(form_);
+    EXPECT_EQ(memory_.settings.Saved().size(), 4u);
+}
+
+}  // namespace
+}  // namespace services

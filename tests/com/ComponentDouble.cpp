@@ -1,0 +1,113 @@
+#include "tests/com/ComponentDouble.h"
+
+#include <new>
+
+#include "runtime/Error.h"
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace tests::com {
+namespace {
+
+using host::com::NotifyServerEvent;
+using runtime::String;
+using runtime::StringView;
+
+void Record(std::string what) {
+    TheDouble().log.push_back(std::move(what));
+    TheDouble().threads.push_back(GetCurrentThreadId());
+}
+
+struct Parts {
+    String left;
+    String right;
+};
+
+Parts SplitAtBar(const String& text) {
+    const auto bar = text.find(u'|');
+    if (bar == String::npos) return {text, {}};
+    return {text.substr(0, bar), text.substr(bar + 1)};
+}
+
+class ServiceDouble final : public host::com::ServiceObject {
+ public:
+    explicit ServiceDouble(NotifyServerEvent notifyServer) : notifyServer_(std::move(notifyServer)) { Record("made"); }
+    ~ServiceDouble() override { Record("destroyed"); }
+
+    void Terminate() override {
+        Record("terminate");
+        if (TheDouble().endsQuietly) return;
+        String name = u"K4TBACKPROCESS";
+        String command = u"SHUTDOWN";
+        notifyServer_(name, command);
+        if (TheDouble().terminateError) throw runtime::Error(*TheDouble().terminateError);
+    }
+
+    bool Load(std::int16_t& iMode) override {
+        Record("load " + std::to_string(iMode));
+        constexpr std::int16_t kChanged = 99;
+        if (iMode == kChanged) iMode = 7;
+        return true;
+    }
+
+    void NotifyMe(String& Aname, String& sCommand) override {
+        Record("notify [" + runtime::ToUtf8(Aname) + "] [" + runtime::ToUtf8(sCommand) + "]");
+        if (sCommand.starts_with(u"RAISE ")) Raise(Aname, sCommand);
+        if (sCommand.starts_with(u"FAIL ")) Fail(SplitAtBar(sCommand.substr(5)));
+        if (sCommand == u"MEMORY") throw std::bad_alloc();
+        if (sCommand == u"ODD") throw 42;
+        if (sCommand == u"CHANGE") {
+            Aname = u"12";
+            sCommand = u"34";
+        }
+    }
+
+    String SeverPath() override {
+        Record("get");
+        return u"path";
+    }
+    void SetSeverPath(StringView value) override { Record("put [" + runtime::ToUtf8(value) + "]"); }
+
+ private:
+    void Raise(String& Aname, String& sCommand) const {
+        Parts parts = SplitAtBar(sCommand.substr(6));
+        notifyServer_(parts.left, parts.right);
+        Aname = parts.left;
+        sCommand = parts.right;
+    }
+
+    [[noreturn]] static void Fail(const Parts& parts) {
+        throw runtime::Error(std::stoi(runtime::ToUtf8(parts.left)), parts.right);
+    }
+
+    NotifyServerEvent notifyServer_;
+};
+
+}  // namespace
+
+ComponentDouble& TheDouble() {
+    static ComponentDouble theDouble;
+    return theDouble;
+}
+
+}  // namespace tests::com
+
+namespace host::com {
+
+using tests::com::TheDouble;
+
+std::unique_ptr<ServiceObject> MakeServiceObject(NotifyServerEvent notifyServer) {
+    if (TheDouble().makeError) throw runtime::Error(*TheDouble().makeError);
+    return std::make_unique<tests::com::ServiceDouble>(std::move(notifyServer));
+}
+
+std::size_t LiveWindows() noexcept {
+    return TheDouble().liveWindows;
+}
+
+void HomeThreadLost() noexcept {
+    ++TheDouble().lostHomes;
+}
+
+void LeaveProcess() noexcept {}
+
+}  // namespace host::com

@@ -1,0 +1,134 @@
+// The component itself, as its clients load it: the DLL with everything behind it, beside its kernel library.
+#include <filesystem>
+
+#include "runtime/win32/Handle.h"
+#include "tests/com/ComTest.h"
+#include "tests/com/Sink.h"
+
+namespace tests::com {
+namespace {
+
+using runtime::win32::Library;
+using testing::ElementsAre;
+
+constexpr char kShutdown[] = "K4TBACKPROCESS|SHUTDOWN";
+
+std::filesystem::path ComponentDll() {
+    wchar_t path[MAX_PATH];
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return std::filesystem::path(path).parent_path() / L"K4TBackProcess.dll";
+}
+
+class Component : public testing::Test {
+ protected:
+    Component() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    ~Component() override {
+        EXPECT_EQ(S_OK, Export<HRESULT(WINAPI*)()>("DllCanUnloadNow")());
+        library_.Reset();
+        EXPECT_EQ(nullptr, GetModuleHandleW(ComponentDll().c_str()));
+        CoUninitialize();
+    }
+
+    template <typename Function>
+    Function Export(const char* name) const {
+        return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library_.Get(), name)));
+    }
+    HRESULT CanUnload() const { return Export<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
+
+    ComPtr<_clsQmxBackProcess> Create() const {
+        ComPtr<IClassFactory> factory;
+        Export<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(CLSID_clsQmxBackProcess,
+                                                                                IID_IClassFactory, factory.PutVoid());
+        ComPtr<_clsQmxBackProcess> instance;
+        EXPECT_EQ("0x00000000", Hex(factory->CreateInstance(nullptr, IID__clsQmxBackProcess, instance.PutVoid())));
+        return instance;
+    }
+
+ private:
+    Library library_{LoadLibraryW(ComponentDll().c_str())};
+};
+
+VARIANT_BOOL Load(_clsQmxBackProcess* instance) {
+    short mode = 1;
+    VARIANT_BOOL result = VARIANT_FALSE;
+    EXPECT_EQ(S_OK, instance->Load(&mode, &result));
+    EXPECT_EQ(1, mode);
+    return result;
+}
+
+TEST_F(Component, TellsTheEndToTheClientThatReleasesIt) {
+    auto instance = Create();
+    const auto sink = Sink::Make();
+    Advise(instance.Get(), sink.Get());
+    EXPECT_EQ(VARIANT_TRUE, Load(instance.Get()));
+    EXPECT_EQ(S_FALSE, CanUnload());
+    EXPECT_THAT(sink->heard, ElementsAre());
+    instance.Reset();
+    EXPECT_THAT(sink->heard, ElementsAre(kShutdown));
+}
+
+TEST_F(Component, TellsTheEndToAllClientsOfTheForm) {
+    auto first = Create();
+    const auto second = Create();
+    const auto sink = Sink::Make();
+    Advise(second.Get(), sink.Get());
+    Load(first.Get());
+    first.Reset();
+    EXPECT_THAT(sink->heard, ElementsAre(kShutdown));
+    EXPECT_EQ(VARIANT_TRUE, Load(second.Get())) << "the form is loaded anew";
+}
+
+TEST_F(Component, ForgetsItsServerPath) {
+    const auto instance = Create();
+    EXPECT_EQ(S_OK, instance->put_SeverPath(Bstr(u"X").Get()));
+    Bstr path;
+    EXPECT_EQ(S_OK, instance->get_SeverPath(path.Address()));
+    EXPECT_EQ(u"", path.Text());
+}
+
+TEST_F(Component, KeepsWorkingForASinkThatKeepsIt) {
+    auto instance = Create();
+    Load(instance.Get());
+    ComPtr<_clsQmxBackProcess> kept;
+    _clsQmxBackProcess* const source = instance.Get();
+    const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
+        kept = ComPtr<_clsQmxBackProcess>(source);
+        return S_OK;
+    });
+    Advise(source, sink.Get());
+    instance.Reset();
+    ASSERT_TRUE(kept);
+    EXPECT_EQ("0x800A005B", Hex(Notify(kept.Get(), u"QUERY")));
+}
+
+TEST_F(Component, SurvivesASinkThatReleasesItDuringAnEvent) {
+    auto instance = Create();
+    auto other = Create();
+    const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
+        other.Reset();
+        return S_OK;
+    });
+    Advise(instance.Get(), sink.Get());
+    Load(instance.Get());
+    instance.Reset();
+    EXPECT_FALSE(other);
+    EXPECT_FALSE(sink->heard.empty());
+}
+
+TEST_F(Component, StartsAnewWhenTheHomeThreadEnded) {
+    ComPtr<_clsQmxBackProcess> orphan;
+    InOtherApartment([&] {
+        orphan = Create();
+        Load(orphan.Get());
+    });
+    {
+        auto instance = Create();
+        EXPECT_EQ(VARIANT_TRUE, Load(instance.Get()));
+        EXPECT_EQ(S_OK, Notify(instance.Get(), u"All,UP"));
+    }
+    EXPECT_EQ(S_FALSE, CanUnload()) << "the orphan still lives";
+    orphan.Reset();
+}
+
+}  // namespace
+}  // namespace tests::com

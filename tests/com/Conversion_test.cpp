@@ -1,0 +1,210 @@
+// The arguments of late-bound calls: what converts, what comes back, and what is refused with which code.
+#include "tests/com/ComTest.h"
+#include "tests/com/DefaultProperty.h"
+
+namespace tests::com {
+namespace {
+
+using testing::ElementsAre;
+
+class Conversion : public ComTest {
+ protected:
+    /// The text that NotifyMe gets for `command`, or the error.
+    std::string Heard(VARIANT command) {
+        TheDouble().log.clear();
+        const Outcome outcome = Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {command, Missing()});
+        if (outcome.result != S_OK) return Hex(outcome.result) + " at " + std::to_string(outcome.badArgument);
+        return TheDouble().log.at(0);
+    }
+    /// The same for Load's number.
+    std::string Loaded(VARIANT mode) {
+        TheDouble().log.clear();
+        const Outcome outcome = Invoke(instance.Get(), kLoad, DISPATCH_METHOD, {mode});
+        if (outcome.result != S_OK) return Hex(outcome.result) + " at " + std::to_string(outcome.badArgument);
+        return TheDouble().log.at(0);
+    }
+
+    ComPtr<_clsQmxBackProcess> instance = MakeInstance();
+};
+
+constexpr char kMismatchAt0[] = "0x80020005 at 0";
+constexpr char kOverflowAt0[] = "0x8002000A at 0";
+
+TEST_F(Conversion, TakesNumbersAsText) {
+    EXPECT_EQ("notify [] [-7]", Heard(Number(-7)));
+    VARIANT real = OfType(VT_R8);
+    real.dblVal = 1.5;
+    EXPECT_EQ("notify [] [1.5]", Heard(real));
+}
+
+TEST_F(Conversion, TakesFlagsAsWords) {
+    VARIANT flag = OfType(VT_BOOL);
+    EXPECT_EQ("notify [] [False]", Heard(flag));
+    flag.boolVal = VARIANT_TRUE;
+    EXPECT_EQ("notify [] [True]", Heard(flag));
+    EXPECT_EQ("load -1", Loaded(flag));
+}
+
+TEST_F(Conversion, TakesDatesInTheClientsLocale) {
+    VARIANT date = OfType(VT_DATE);
+    date.date = 36526;  // 1 January 2000
+    EXPECT_EQ("notify [] [1/1/2000]", Heard(date));
+}
+
+TEST_F(Conversion, TakesEmptyAsNothing) {
+    EXPECT_EQ("notify [] []", Heard(OfType(VT_EMPTY)));
+    EXPECT_EQ("load 0", Loaded(OfType(VT_EMPTY)));
+}
+
+TEST_F(Conversion, RefusesWhatHasNoValue) {
+    EXPECT_EQ(kMismatchAt0, Heard(OfType(VT_NULL)));
+    EXPECT_EQ(kMismatchAt0, Loaded(OfType(VT_NULL)));
+    VARIANT error = OfType(VT_ERROR);
+    error.scode = E_FAIL;
+    EXPECT_EQ(kMismatchAt0, Heard(error));
+    EXPECT_EQ(kMismatchAt0, Heard(OfType(VT_DISPATCH)));
+    EXPECT_EQ(kMismatchAt0, Heard(OfType(VT_UNKNOWN)));
+    EXPECT_EQ(kMismatchAt0, Heard(OfType(VT_ARRAY | VT_UI1)));
+}
+
+TEST_F(Conversion, RoundsNumbersHalvesToEven) {
+    VARIANT real = OfType(VT_R8);
+    real.dblVal = 2.5;
+    EXPECT_EQ("load 2", Loaded(real));
+    real.dblVal = 3.5;
+    EXPECT_EQ("load 4", Loaded(real));
+}
+
+TEST_F(Conversion, TellsOverflowFromMismatch) {
+    VARIANT large = OfType(VT_I4);
+    large.lVal = 70000;
+    EXPECT_EQ(kOverflowAt0, Loaded(large));
+    const Bstr word(u"abc");
+    EXPECT_EQ(kMismatchAt0, Loaded(Text(word)));
+    const Bstr digits(u" 12 ");
+    EXPECT_EQ("load 12", Loaded(Text(digits)));
+}
+
+TEST_F(Conversion, ReadsThroughReferences) {
+    Bstr text(u"by reference");
+    EXPECT_EQ("notify [] [by reference]", Heard(ByReference(text.Address())));
+    VARIANT plain = Number(3);
+    EXPECT_EQ("load 3", Loaded(ByReference(&plain)));
+    VARIANT nested = ByReference(text.Address());
+    EXPECT_EQ("notify [] [by reference]", Heard(ByReference(&nested)));
+    VARIANT nothing = OfType(VT_BSTR | VT_BYREF);
+    EXPECT_EQ("0x80004003 at 0", Heard(nothing));
+}
+
+TEST_F(Conversion, KeepsNulsAndLoneSurrogates) {
+    const Bstr text(StringView(u"a\0b", 3));
+    EXPECT_EQ(std::string("notify [] [a\0b]", 15), Heard(Text(text)));
+}
+
+TEST_F(Conversion, AsksObjectsForTheirDefaultProperty) {
+    Variant inner(StringView(u"of the object"));
+    const auto object = DefaultProperty::Make(inner.Get());
+    VARIANT argument = OfType(VT_DISPATCH);
+    argument.pdispVal = object.Get();
+    EXPECT_EQ("notify [] [of the object]", Heard(argument));
+    VARIANT unknown = OfType(VT_UNKNOWN);
+    unknown.punkVal = object.Get();
+    EXPECT_EQ("notify [] [of the object]", Heard(unknown));
+}
+
+TEST_F(Conversion, RefusesObjectsThatAnswerWithThemselvesForEver) {
+    const auto object = DefaultProperty::Make(OfType(VT_EMPTY));
+    object->answersItself = true;
+    VARIANT argument = OfType(VT_DISPATCH);
+    argument.pdispVal = object.Get();
+    EXPECT_EQ(kMismatchAt0, Heard(argument));
+}
+
+TEST_F(Conversion, RefusesObjectsWhoseDefaultPropertyFails) {
+    const auto object = DefaultProperty::Make(OfType(VT_EMPTY));
+    object->failure = DISP_E_EXCEPTION;
+    VARIANT argument = OfType(VT_DISPATCH);
+    argument.pdispVal = object.Get();
+    EXPECT_EQ(kMismatchAt0, Heard(argument));
+}
+
+TEST_F(Conversion, WritesChangedTextBack) {
+    Bstr name(u"n");
+    Bstr command(u"CHANGE");
+    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD,
+                           {ByReference(command.Address()), ByReference(name.Address())})
+                        .result);
+    EXPECT_EQ(u"12", name.Text());
+    EXPECT_EQ(u"34", command.Text());
+}
+
+TEST_F(Conversion, LeavesUnchangedTextWhereItIs) {
+    Bstr command(u"QUIET");
+    const BSTR before = command.Get();
+    EXPECT_EQ("notify [] [QUIET]", Heard(ByReference(command.Address())));
+    EXPECT_EQ(before, command.Get());
+}
+
+TEST_F(Conversion, LeavesVariablesOfAFailedCallAlone) {
+    Bstr command(u"FAIL 5|no");
+    EXPECT_EQ("0x80020009 at 77", Heard(ByReference(command.Address())));
+    EXPECT_EQ(u"FAIL 5|no", command.Text());
+}
+
+TEST_F(Conversion, WritesBackIntoVariantVariables) {
+    Variant command(StringView(u"CHANGE"));
+    Variant name(short{5});
+    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD,
+                           {ByReference(command.Address()), ByReference(name.Address())})
+                        .result);
+    EXPECT_EQ(VT_BSTR, name.Get().vt);
+    EXPECT_EQ("12", Utf8(name.Get().bstrVal));
+    EXPECT_EQ("34", Utf8(command.Get().bstrVal));
+}
+
+TEST_F(Conversion, WritesBackIntoTheVariablesOwnType) {
+    const Bstr command(u"CHANGE");
+    LONG whole = 1;
+    VARIANT name = OfType(VT_I4 | VT_BYREF);
+    name.plVal = &whole;
+    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {Text(command), name}).result);
+    EXPECT_EQ(12, whole);
+
+    double real = 1;
+    name = OfType(VT_R8 | VT_BYREF);
+    name.pdblVal = &real;
+    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {Text(command), name}).result);
+    EXPECT_EQ(12.0, real);
+
+    DECIMAL decimal{};
+    name = OfType(VT_DECIMAL | VT_BYREF);
+    name.pdecVal = &decimal;
+    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {Text(command), name}).result);
+    EXPECT_EQ(12u, decimal.Lo64);
+    EXPECT_EQ(0, decimal.wReserved);
+}
+
+TEST_F(Conversion, WritesAChangedNumberBack) {
+    LONG mode = 99;
+    VARIANT argument = OfType(VT_I4 | VT_BYREF);
+    argument.plVal = &mode;
+    EXPECT_EQ("load 99", Loaded(argument));
+    EXPECT_EQ(7, mode);
+    Bstr text(u"99");
+    EXPECT_EQ("load 99", Loaded(ByReference(text.Address())));
+    EXPECT_EQ(u"7", text.Text());
+}
+
+TEST_F(Conversion, TellsWhenAResultDoesNotFitTheVariable) {
+    const Bstr command(u"RAISE text|x");
+    LONG whole = 1;
+    VARIANT name = OfType(VT_I4 | VT_BYREF);
+    name.plVal = &whole;
+    const Outcome outcome = Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {Text(command), name});
+    EXPECT_EQ("0x80020005", Hex(outcome.result));
+    EXPECT_EQ(1u, outcome.badArgument);
+    EXPECT_EQ(1, whole);
+}
+
+}  // namespace
+}  // namespace tests::com

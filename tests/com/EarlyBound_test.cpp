@@ -1,0 +1,107 @@
+// Calls through the interface's own table: missing and null strings, what comes back, errors with their object.
+#include <limits>
+
+#include "tests/com/ComTest.h"
+
+namespace tests::com {
+namespace {
+
+using testing::ElementsAre;
+
+class EarlyBound : public ComTest {
+ protected:
+    void SetUp() override { TheDouble().log.clear(); }
+
+    ComPtr<_clsQmxBackProcess> instance = MakeInstance();
+};
+
+TEST_F(EarlyBound, LoadTakesAndGivesBackItsNumber) {
+    short mode = 99;
+    VARIANT_BOOL result = VARIANT_FALSE;
+    EXPECT_EQ(S_OK, instance->Load(&mode, &result));
+    EXPECT_EQ(7, mode);
+    EXPECT_EQ(VARIANT_TRUE, result);
+}
+
+TEST_F(EarlyBound, PlacesMustBeThere) {
+    short mode = 1;
+    VARIANT_BOOL result = VARIANT_TRUE;
+    EXPECT_EQ("0x80004003", Hex(instance->Load(&mode, nullptr)));
+    EXPECT_EQ("0x80004003", Hex(instance->Load(nullptr, &result)));
+    EXPECT_EQ(VARIANT_FALSE, result);
+    EXPECT_EQ("0x80004003", Hex(instance->get_SeverPath(nullptr)));
+    EXPECT_EQ("0x80004003", Hex(instance->QueryInterface(IID_IUnknown, nullptr)));
+    EXPECT_FALSE(TakeErrorObject().isThere);
+    EXPECT_THAT(TheDouble().log, ElementsAre());
+}
+
+TEST_F(EarlyBound, NullMeansMissingAndNullStringsAreEmpty) {
+    BSTR null = nullptr;
+    EXPECT_EQ(S_OK, instance->NotifyMe(nullptr, nullptr));
+    EXPECT_EQ(S_OK, instance->NotifyMe(&null, &null));
+    EXPECT_EQ(nullptr, null);
+    EXPECT_THAT(TheDouble().log, ElementsAre("notify [] []", "notify [] []"));
+}
+
+TEST_F(EarlyBound, ChangedStringsComeBackAndOthersStay) {
+    Bstr name(u"same");
+    Bstr command(u"RAISE same|same");
+    const BSTR nameBefore = name.Get();
+    const BSTR commandBefore = command.Get();
+    EXPECT_EQ(S_OK, instance->NotifyMe(name.Address(), command.Address()));
+    EXPECT_EQ(nameBefore, name.Get());
+    EXPECT_NE(commandBefore, command.Get());
+    EXPECT_EQ(u"same", command.Text());
+}
+
+TEST_F(EarlyBound, OneVariableMayServeTwice) {
+    Bstr both(u"CHANGE");
+    EXPECT_EQ(S_OK, instance->NotifyMe(both.Address(), both.Address()));
+    EXPECT_EQ(u"34", both.Text());
+}
+
+TEST_F(EarlyBound, SeverPathIsPutAndRead) {
+    EXPECT_EQ(S_OK, instance->put_SeverPath(Bstr(u"X").Get()));
+    EXPECT_EQ(S_OK, instance->put_SeverPath(nullptr));
+    Bstr read;
+    EXPECT_EQ(S_OK, instance->get_SeverPath(read.Address()));
+    EXPECT_EQ(u"path", read.Text());
+    EXPECT_THAT(TheDouble().log, ElementsAre("put [X]", "put []", "get"));
+}
+
+TEST_F(EarlyBound, ErrorsOfTheRuntimeHaveAnErrorObject) {
+    EXPECT_EQ("0x800A270F", Hex(Notify(instance.Get(), u"FAIL 9999|silent")));
+    const ErrorObject error = TakeErrorObject();
+    EXPECT_EQ("silent", error.description);
+    EXPECT_EQ("K4TBackProcess", error.source);
+}
+
+TEST_F(EarlyBound, NumbersBeyondTheRuntimesAreInternalErrors) {
+    EXPECT_EQ("0x800AFFFF", Hex(Notify(instance.Get(), u"FAIL 65535|last")));
+    EXPECT_EQ("0x800A0033", Hex(Notify(instance.Get(), u"FAIL 65536|beyond")));
+    EXPECT_EQ("beyond", TakeErrorObject().description);
+    EXPECT_EQ("0x80004005", Hex(Notify(instance.Get(), u"FAIL -2147467259|foreign")));
+}
+
+TEST_F(EarlyBound, LackOfMemoryAndOddFailuresAreTold) {
+    SetErrorInfo(0, nullptr);
+    EXPECT_EQ("0x8007000E", Hex(Notify(instance.Get(), u"MEMORY")));
+    EXPECT_FALSE(TakeErrorObject().isThere);
+    EXPECT_EQ("0x800A0033", Hex(Notify(instance.Get(), u"ODD")));
+    EXPECT_EQ("Internal error", TakeErrorObject().description);
+}
+
+TEST_F(EarlyBound, AFailureWithoutDescriptionLeavesNoOldOne) {
+    Notify(instance.Get(), u"FAIL 5|old");
+    EXPECT_EQ("0x80004003", Hex(instance->get_SeverPath(nullptr)));
+    EXPECT_FALSE(TakeErrorObject().isThere);
+}
+
+TEST_F(EarlyBound, ErrorsAreSupportedByTheInterface) {
+    const auto support = Query<ISupportErrorInfo>(instance.Get(), IID_ISupportErrorInfo);
+    EXPECT_EQ(S_OK, support->InterfaceSupportsErrorInfo(IID__clsQmxBackProcess));
+    EXPECT_EQ(S_FALSE, support->InterfaceSupportsErrorInfo(IID_IConnectionPointContainer));
+}
+
+}  // namespace
+}  // namespace tests::com

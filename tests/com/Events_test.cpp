@@ -1,0 +1,274 @@
+// Events and the sinks that hear them, the well-behaved and the others.
+#include "tests/com/ComTest.h"
+#include "tests/com/Sink.h"
+
+namespace tests::com {
+namespace {
+
+using host::com::Replace;
+using testing::ElementsAre;
+
+class Events : public ComTest {
+ protected:
+    // The sinks' handlers refer to the test's variables, which are gone by then.
+    void TearDown() override { TheDouble().endsQuietly = true; }
+
+    HRESULT Raise(StringView what) { return Notify(instance.Get(), u"RAISE " + String(what)); }
+    void Unadvise(DWORD cookie) { EXPECT_EQ(S_OK, EventsOf(instance.Get())->Unadvise(cookie)); }
+
+    ComPtr<_clsQmxBackProcess> instance = MakeInstance();
+};
+
+HRESULT Fail(EXCEPINFO& exception, HRESULT scode, WORD code, StringView description) {
+    exception.scode = scode;
+    exception.wCode = code;
+    exception.bstrDescription = Bstr(description).Detach();
+    exception.bstrSource = Bstr(u"sink").Detach();
+    exception.bstrHelpFile = Bstr(u"help").Detach();
+    return DISP_E_EXCEPTION;
+}
+
+TEST_F(Events, ReachEachSinkInTheOrderOfConnection) {
+    std::string order;
+    const auto note = [&order](char which) {
+        return [&order, which](BSTR&, BSTR&, EXCEPINFO&) {
+            order += which;
+            return S_OK;
+        };
+    };
+    const auto first = Sink::Make(note('1'));
+    const auto second = Sink::Make(note('2'), SinkKind::kLateBoundOnly);
+    const auto third = Sink::Make(note('3'));
+    for (const auto& sink : {first, second, third}) Advise(instance.Get(), sink.Get());
+    EXPECT_EQ(S_OK, Raise(u"NAME|text"));
+    EXPECT_EQ("123", order);
+    EXPECT_THAT(second->heard, ElementsAre("NAME|text"));
+}
+
+TEST_F(Events, OneSinkMayBeConnectedTwice) {
+    const auto sink = Sink::Make();
+    const DWORD first = Advise(instance.Get(), sink.Get());
+    const DWORD second = Advise(instance.Get(), sink.Get());
+    EXPECT_NE(first, second);
+    Raise(u"a|b");
+    EXPECT_THAT(sink->heard, ElementsAre("a|b", "a|b"));
+    Unadvise(first);
+    Raise(u"c|d");
+    EXPECT_THAT(sink->heard, ElementsAre("a|b", "a|b", "c|d"));
+}
+
+TEST_F(Events, ChangesGoOnToTheNextSinkAndBack) {
+    const auto changing = Sink::Make([](BSTR& name, BSTR& command, EXCEPINFO&) {
+        Replace(name, u"N2");
+        SysFreeString(std::exchange(command, nullptr));
+        return S_OK;
+    });
+    const auto next = Sink::Make();
+    Advise(instance.Get(), changing.Get());
+    Advise(instance.Get(), next.Get());
+    Bstr name(u"");
+    Bstr command(u"RAISE N1|C1");
+    EXPECT_EQ(S_OK, instance->NotifyMe(name.Address(), command.Address()));
+    EXPECT_THAT(next->heard, ElementsAre("N2|"));
+    EXPECT_EQ(u"N2", name.Text());
+    EXPECT_EQ(u"", command.Text());
+}
+
+TEST_F(Events, ASinkConnectedByAHandlerHearsTheNextEventOnly) {
+    const auto late = Sink::Make();
+    bool isConnected = false;
+    const auto connecting = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
+        if (!std::exchange(isConnected, true)) Advise(instance.Get(), late.Get());
+        return S_OK;
+    });
+    Advise(instance.Get(), connecting.Get());
+    Raise(u"first|");
+    EXPECT_THAT(late->heard, ElementsAre());
+    Raise(u"second|");
+    EXPECT_THAT(late->heard, ElementsAre("second|"));
+}
+
+TEST_F(Events, ASinkDisconnectedBeforeItsTurnIsNotTold) {
+    DWORD cookie = 0;
+    const auto disconnecting = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
+        if (cookie != 0) Unadvise(std::exchange(cookie, 0));
+        return S_OK;
+    });
+    const auto unlucky = Sink::Make();
+    const auto last = Sink::Make();
+    Advise(instance.Get(), disconnecting.Get());
+    cookie = Advise(instance.Get(), unlucky.Get());
+    Advise(instance.Get(), last.Get());
+    Raise(u"x|");
+    EXPECT_THAT(unlucky->heard, ElementsAre());
+    EXPECT_THAT(last->heard, ElementsAre("x|"));
+}
+
+TEST_F(Events, ASinkMayDisconnectItselfAndBeGone) {
+    DWORD cookie = 0;
+    bool isReleased = false;
+    auto leaving = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
+        Unadvise(cookie);
+        EXPECT_FALSE(isReleased) << "it is being called";
+        return S_OK;
+    });
+    leaving->whenReleased = [&] { isReleased = true; };
+    const auto next = Sink::Make();
+    cookie = Advise(instance.Get(), leaving.Get());
+    Advise(instance.Get(), next.Get());
+    leaving.Reset();
+    Raise(u"x|");
+    EXPECT_TRUE(isReleased);
+    EXPECT_THAT(next->heard, ElementsAre("x|"));
+}
+
+TEST_F(Events, ASinkMayRaiseTheSameCommandAgain) {
+    int depth = 0;
+    const auto raising = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) { return ++depth < 3 ? Raise(u"again|") : S_OK; });
+    const auto next = Sink::Make();
+    Advise(instance.Get(), raising.Get());
+    Advise(instance.Get(), next.Get());
+    EXPECT_EQ(S_OK, Raise(u"first|"));
+    EXPECT_THAT(next->heard, ElementsAre("again|", "again|", "first|"));
+}
+
+TEST_F(Events, ASinkMayDestroyAnotherInstance) {
+    auto other = MakeInstance();
+    const auto listener = Sink::Make();
+    Advise(other.Get(), listener.Get());
+    const auto destroying = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
+        other.Reset();
+        return S_OK;
+    });
+    const auto next = Sink::Make();
+    Advise(instance.Get(), destroying.Get());
+    Advise(instance.Get(), next.Get());
+    EXPECT_EQ(S_OK, Raise(u"x|"));
+    EXPECT_THAT(listener->heard, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(next->heard, ElementsAre("x|"));
+}
+
+TEST_F(Events, ASinkMayReleaseTheLastReference) {
+    _clsQmxBackProcess* const last = instance.Detach();
+    bool isReleased = false;
+    const auto releasing = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
+        if (!std::exchange(isReleased, true)) last->Release();
+        return S_OK;
+    });
+    const auto next = Sink::Make();
+    Advise(last, releasing.Get());
+    Advise(last, next.Get());
+    EXPECT_EQ(S_OK, Notify(last, u"RAISE x|y"));
+    EXPECT_THAT(next->heard, ElementsAre("x|y", "K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_EQ("destroyed", TheDouble().log.back());
+}
+
+TEST_F(Events, AFailureIsThrownAfterAllWereTold) {
+    const auto failing =
+        Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) { return Fail(e, static_cast<HRESULT>(0x800A0005), 0, u"first"); });
+    const auto failingToo = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) { return Fail(e, 0, 1001, u"second"); });
+    const auto last = Sink::Make();
+    for (const auto& sink : {failing, failingToo, last}) Advise(instance.Get(), sink.Get());
+    EXPECT_EQ("0x800A0005", Hex(Raise(u"x|")));
+    EXPECT_EQ("first", TakeErrorObject().description);
+    EXPECT_THAT(last->heard, ElementsAre("x|"));
+}
+
+TEST_F(Events, FailuresKeepTheirNumbers) {
+    struct Case {
+        HRESULT scode;
+        WORD code;
+        const char* expected;
+    };
+    const Case cases[] = {{static_cast<HRESULT>(0x800A004C), 0, "0x800A004C"},
+                          {0, 1001, "0x800A03E9"},
+                          {E_FAIL, 1001, "0x800A03E9"},
+                          {E_FAIL, 0, "0x80004005"},
+                          {0, 0, "0x80020009"},
+                          {S_FALSE, 0, "0x80020009"}};
+    for (const Case& each : cases) {
+        const auto sink =
+            Sink::Make([&each](BSTR&, BSTR&, EXCEPINFO& e) { return Fail(e, each.scode, each.code, u"told"); });
+        const DWORD cookie = Advise(instance.Get(), sink.Get());
+        EXPECT_EQ(each.expected, Hex(Raise(u"x|")));
+        EXPECT_EQ("told", TakeErrorObject().description);
+        Unadvise(cookie);
+    }
+}
+
+TEST_F(Events, AFailureWithoutDescriptionGetsTheStandardOne) {
+    const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) {
+        e.scode = static_cast<HRESULT>(0x800A004C);
+        return DISP_E_EXCEPTION;
+    });
+    Advise(instance.Get(), sink.Get());
+    EXPECT_EQ("0x800A004C", Hex(Raise(u"x|")));
+    EXPECT_EQ("Path not found", TakeErrorObject().description);
+}
+
+HRESULT WINAPI FillInLate(EXCEPINFO* exception) {
+    exception->scode = static_cast<HRESULT>(0x800A0006);
+    exception->bstrDescription = Bstr(u"late").Detach();
+    return S_OK;
+}
+
+TEST_F(Events, AFailureMayBeFilledInLate) {
+    const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) {
+        e.pfnDeferredFillIn = FillInLate;
+        return DISP_E_EXCEPTION;
+    });
+    Advise(instance.Get(), sink.Get());
+    EXPECT_EQ("0x800A0006", Hex(Raise(u"x|")));
+    EXPECT_EQ("late", TakeErrorObject().description);
+}
+
+TEST_F(Events, PlainFailuresCountUnlessTheEventIsUnknown) {
+    HRESULT answer = S_OK;
+    const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) { return answer; });
+    Advise(instance.Get(), sink.Get());
+    answer = E_ACCESSDENIED;
+    EXPECT_EQ("0x80070005", Hex(Raise(u"x|")));
+    answer = DISP_E_MEMBERNOTFOUND;
+    EXPECT_EQ(S_OK, Raise(u"x|"));
+    answer = E_NOTIMPL;
+    EXPECT_EQ(S_OK, Raise(u"x|"));
+    answer = S_FALSE;
+    EXPECT_EQ(S_OK, Raise(u"x|"));
+}
+
+TEST_F(Events, WhatAFailingSinkChangedStillGoesOn) {
+    const auto failing = Sink::Make([](BSTR& name, BSTR&, EXCEPINFO&) {
+        Replace(name, u"changed");
+        return E_FAIL;
+    });
+    const auto next = Sink::Make();
+    Advise(instance.Get(), failing.Get());
+    Advise(instance.Get(), next.Get());
+    Raise(u"x|");
+    EXPECT_THAT(next->heard, ElementsAre("changed|"));
+}
+
+TEST_F(Events, ObjectsThatAreNoSinksAreRefused) {
+    const auto stranger = Sink::Make({}, SinkKind::kNoSink);
+    const auto point = EventsOf(instance.Get());
+    DWORD cookie = 5;
+    EXPECT_EQ("0x80040202", Hex(point->Advise(stranger.Get(), &cookie)));
+    EXPECT_EQ(0u, cookie);
+    EXPECT_EQ("0x80004003", Hex(point->Advise(nullptr, &cookie)));
+    EXPECT_EQ("0x80004003", Hex(point->Advise(stranger.Get(), nullptr)));
+    EXPECT_EQ("0x80040200", Hex(point->Unadvise(0)));
+    EXPECT_EQ("0x80040200", Hex(point->Unadvise(12345)));
+}
+
+TEST_F(Events, CookiesAreNeverUsedAgain) {
+    const auto sink = Sink::Make();
+    const DWORD first = Advise(instance.Get(), sink.Get());
+    Unadvise(first);
+    const DWORD second = Advise(instance.Get(), sink.Get());
+    EXPECT_NE(0u, first);
+    EXPECT_NE(first, second);
+    EXPECT_EQ("0x80040200", Hex(EventsOf(instance.Get())->Unadvise(first)));
+}
+
+}  // namespace
+}  // namespace tests::com

@@ -1,0 +1,75 @@
+// The class factory, and what keeps the server in memory.
+#include "host/com/Home.h"
+#include "host/com/Server.h"
+#include "tests/com/ComTest.h"
+
+namespace tests::com {
+namespace {
+
+using host::com::CanUnload;
+
+class FactoryTest : public ComTest {};
+
+TEST_F(FactoryTest, OneClassIsMade) {
+    ComPtr<IClassFactory> factory;
+    EXPECT_EQ("0x80040111", Hex(host::com::GetClassObject(IID_IUnknown, IID_IClassFactory, factory.PutVoid())));
+    EXPECT_EQ("0x80004002", Hex(host::com::GetClassObject(CLSID_clsQmxBackProcess, IID_IDispatch, factory.PutVoid())));
+    EXPECT_FALSE(factory);
+    EXPECT_EQ("0x80004003", Hex(host::com::GetClassObject(CLSID_clsQmxBackProcess, IID_IClassFactory, nullptr)));
+}
+
+TEST_F(FactoryTest, AggregationIsRefused) {
+    const auto outer = MakeInstance();
+    ComPtr<IUnknown> inner;
+    EXPECT_EQ("0x80040110", Hex(Factory()->CreateInstance(outer.Get(), IID_IUnknown, inner.PutVoid())));
+    EXPECT_FALSE(inner);
+}
+
+TEST_F(FactoryTest, UnknownInterfacesLeaveNoInstance) {
+    ComPtr<IUnknown> none;
+    EXPECT_EQ("0x80004002", Hex(Factory()->CreateInstance(nullptr, IID_IExternalConnection, none.PutVoid())));
+    EXPECT_EQ("0x80004003", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, nullptr)));
+    EXPECT_TRUE(CanUnload());
+}
+
+TEST_F(FactoryTest, AnErrorOfTheCreationReachesTheClient) {
+    TheDouble().makeError = 53;
+    ComPtr<IUnknown> none;
+    EXPECT_EQ("0x800A0035", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
+    EXPECT_EQ("File not found", TakeErrorObject().description);
+    EXPECT_TRUE(CanUnload());
+}
+
+TEST_F(FactoryTest, FactoriesInstancesAndLocksKeepTheServer) {
+    auto factory = Factory();
+    EXPECT_FALSE(CanUnload());
+    factory->LockServer(TRUE);
+    factory->LockServer(TRUE);
+    factory.Reset();
+    EXPECT_FALSE(CanUnload());
+    Factory()->LockServer(FALSE);
+    EXPECT_FALSE(CanUnload());
+    Factory()->LockServer(FALSE);
+    EXPECT_TRUE(CanUnload());
+    auto instance = MakeInstance();
+    EXPECT_FALSE(CanUnload());
+    instance.Reset();
+    EXPECT_TRUE(CanUnload());
+}
+
+TEST_F(FactoryTest, AWindowKeepsTheServer) {
+    TheDouble().liveWindows = 1;
+    EXPECT_FALSE(CanUnload());
+    TheDouble().liveWindows = 0;
+    EXPECT_TRUE(CanUnload());
+}
+
+TEST_F(FactoryTest, WithoutComNothingIsMade) {
+    CoUninitialize();
+    ComPtr<IUnknown> none;
+    EXPECT_EQ("0x800401F0", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+}
+
+}  // namespace
+}  // namespace tests::com

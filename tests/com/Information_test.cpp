@@ -1,0 +1,206 @@
+// What the instance tells about itself: interfaces, class information, the type library, enumerators.
+#include "host/com/Home.h"
+#include "host/com/TypeLibrary.h"
+#include "tests/com/ComTest.h"
+#include "tests/com/Sink.h"
+
+namespace tests::com {
+namespace {
+
+using testing::ElementsAre;
+
+class Information : public ComTest {
+ protected:
+    ComPtr<_clsQmxBackProcess> instance = MakeInstance();
+};
+
+ComPtr<ITypeLib> Library() {
+    ComPtr<ITypeLib> library;
+    UINT index = 0;
+    host::com::DescriptionOf(CLSID_clsQmxBackProcess)->GetContainingTypeLib(library.Put(), &index);
+    return library;
+}
+
+std::string NameOf(ITypeInfo* type) {
+    Bstr name;
+    type->GetDocumentation(MEMBERID_NIL, name.Address(), nullptr, nullptr, nullptr);
+    return Utf8(name.Get());
+}
+
+std::string NameOf(ITypeInfo* type, DISPID member) {
+    Bstr name;
+    type->GetDocumentation(member, name.Address(), nullptr, nullptr, nullptr);
+    return Utf8(name.Get());
+}
+
+TEST_F(Information, TheIdentityIsOne) {
+    const auto identity = Query<IUnknown>(instance.Get(), IID_IUnknown);
+    for (const IID* iid : {&IID_IDispatch, &IID__clsQmxBackProcess, &IID_IProvideClassInfo, &IID_IProvideClassInfo2,
+                           &IID_ISupportErrorInfo, &IID_IConnectionPointContainer}) {
+        const auto other = Query<IUnknown>(instance.Get(), *iid);
+        ASSERT_TRUE(other);
+        EXPECT_EQ(identity.Get(), Query<IUnknown>(other.Get(), IID_IUnknown).Get());
+    }
+    const auto point = EventsOf(instance.Get());
+    EXPECT_NE(identity.Get(), Query<IUnknown>(point.Get(), IID_IUnknown).Get());
+}
+
+TEST_F(Information, OtherInterfacesAreRefused) {
+    IUnknown* found = instance.Get();
+    EXPECT_EQ("0x80004002", Hex(instance->QueryInterface(IID_IExternalConnection, reinterpret_cast<void**>(&found))));
+    EXPECT_EQ(nullptr, found);
+    EXPECT_FALSE(Query<IUnknown>(instance.Get(), DIID___clsQmxBackProcess));
+    EXPECT_FALSE(Query<IUnknown>(EventsOf(instance.Get()).Get(), IID_IDispatch));
+}
+
+TEST_F(Information, TheLibraryIsTheOneDescribed) {
+    const auto library = Library();
+    TLIBATTR* attributes = nullptr;
+    ASSERT_EQ(S_OK, library->GetLibAttr(&attributes));
+    EXPECT_TRUE(attributes->guid == LIBID_K4TBackProcess);
+    EXPECT_EQ(1, attributes->wMajorVerNum);
+    EXPECT_EQ(0, attributes->wMinorVerNum);
+    EXPECT_EQ(0x409u, attributes->lcid);
+    library->ReleaseTLibAttr(attributes);
+    Bstr name;
+    Bstr help;
+    library->GetDocumentation(MEMBERID_NIL, name.Address(), help.Address(), nullptr, nullptr);
+    EXPECT_EQ(u"K4TBackProcess", name.Text());
+    EXPECT_EQ(u"Pelorix Back process Manager", help.Text());
+}
+
+TEST_F(Information, TheClassNamesItsInterfaces) {
+    const auto provider = Query<IProvideClassInfo>(instance.Get(), IID_IProvideClassInfo);
+    ComPtr<ITypeInfo> type;
+    ASSERT_EQ(S_OK, provider->GetClassInfo(type.Put()));
+    EXPECT_EQ("clsQmxBackProcess", NameOf(type.Get()));
+    EXPECT_EQ("0x80004003", Hex(provider->GetClassInfo(nullptr)));
+    const int expected[] = {IMPLTYPEFLAG_FDEFAULT, IMPLTYPEFLAG_FDEFAULT | IMPLTYPEFLAG_FSOURCE};
+    const char* const names[] = {"_clsQmxBackProcess", "__clsQmxBackProcess"};
+    for (UINT i = 0; i < 2; ++i) {
+        int flags = 0;
+        EXPECT_EQ(S_OK, type->GetImplTypeFlags(i, &flags));
+        EXPECT_EQ(expected[i], flags);
+        HREFTYPE reference = 0;
+        ComPtr<ITypeInfo> interfaceType;
+        type->GetRefTypeOfImplType(i, &reference);
+        ASSERT_EQ(S_OK, type->GetRefTypeInfo(reference, interfaceType.Put()));
+        EXPECT_EQ(names[i], NameOf(interfaceType.Get()));
+    }
+}
+
+TEST_F(Information, TheDefaultEventInterfaceIsTold) {
+    const auto provider = Query<IProvideClassInfo2>(instance.Get(), IID_IProvideClassInfo2);
+    GUID guid = GUID_NULL;
+    EXPECT_EQ(S_OK, provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &guid));
+    EXPECT_TRUE(guid == DIID___clsQmxBackProcess);
+    EXPECT_EQ("0x80070057", Hex(provider->GetGUID(2, &guid)));
+    EXPECT_TRUE(guid == GUID_NULL);
+    EXPECT_EQ("0x80004003", Hex(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, nullptr)));
+}
+
+TEST_F(Information, MembersStandInTheirOrder) {
+    ComPtr<ITypeInfo> type;
+    ASSERT_EQ(S_OK, instance->GetTypeInfo(0, 0x409, type.Put()));
+    EXPECT_EQ("_clsQmxBackProcess", NameOf(type.Get()));
+    HREFTYPE reference = 0;
+    ComPtr<ITypeInfo> table;
+    ASSERT_EQ(S_OK, type->GetRefTypeOfImplType(static_cast<UINT>(-1), &reference));
+    ASSERT_EQ(S_OK, type->GetRefTypeInfo(reference, table.Put()));
+    std::vector<std::string> members;
+    for (UINT i = 0; i < 4; ++i) {
+        FUNCDESC* function = nullptr;
+        ASSERT_EQ(S_OK, table->GetFuncDesc(i, &function));
+        members.push_back(NameOf(table.Get(), function->memid) + " " + std::to_string(function->memid) + " kind " +
+                          std::to_string(function->invkind) + " slot " + std::to_string(function->oVft / 4));
+        table->ReleaseFuncDesc(function);
+    }
+    EXPECT_THAT(members, ElementsAre("Load 1 kind 1 slot 7", "NotifyMe 2 kind 1 slot 8", "SeverPath 3 kind 2 slot 9",
+                                     "SeverPath 3 kind 4 slot 10"));
+}
+
+// Late binding has a table of its own; it must say what the library says.
+TEST_F(Information, NamesAgreeWithTheLibrary) {
+    ComPtr<ITypeInfo> type;
+    ASSERT_EQ(S_OK, instance->GetTypeInfo(0, 0, type.Put()));
+    for (const DISPID member : {kLoad, kNotifyMe, kSeverPath}) {
+        BSTR names[3] = {};
+        UINT count = 0;
+        ASSERT_EQ(S_OK, type->GetNames(member, names, 3, &count));
+        if (member == kSeverPath) count = 1;
+        DISPID ids[3] = {};
+        EXPECT_EQ(S_OK, instance->GetIDsOfNames(IID_NULL, names, count, 0, ids));
+        EXPECT_EQ(member, ids[0]);
+        for (UINT i = 1; i < count; ++i) EXPECT_EQ(static_cast<DISPID>(i - 1), ids[i]);
+        for (BSTR name : names) SysFreeString(name);
+    }
+}
+
+TEST_F(Information, ThereIsOneTypeInformation) {
+    UINT count = 0;
+    EXPECT_EQ(S_OK, instance->GetTypeInfoCount(&count));
+    EXPECT_EQ(1u, count);
+    EXPECT_EQ("0x80004003", Hex(instance->GetTypeInfoCount(nullptr)));
+    ComPtr<ITypeInfo> type;
+    EXPECT_EQ("0x8002000B", Hex(instance->GetTypeInfo(1, 0, type.Put())));
+    EXPECT_EQ("0x80004003", Hex(instance->GetTypeInfo(0, 0, nullptr)));
+}
+
+TEST_F(Information, ConnectionPointsAreFoundAndEnumerated) {
+    const auto container = Query<IConnectionPointContainer>(instance.Get(), IID_IConnectionPointContainer);
+    ComPtr<IConnectionPoint> point;
+    EXPECT_EQ("0x80040200", Hex(container->FindConnectionPoint(IID_IDispatch, point.Put())));
+    EXPECT_EQ("0x80004003", Hex(container->FindConnectionPoint(DIID___clsQmxBackProcess, nullptr)));
+    ComPtr<IEnumConnectionPoints> points;
+    ASSERT_EQ(S_OK, container->EnumConnectionPoints(points.Put()));
+    ASSERT_EQ(S_OK, points->Next(1, point.Put(), nullptr));
+    IID iid{};
+    EXPECT_EQ(S_OK, point->GetConnectionInterface(&iid));
+    EXPECT_TRUE(iid == DIID___clsQmxBackProcess);
+    ComPtr<IConnectionPointContainer> back;
+    EXPECT_EQ(S_OK, point->GetConnectionPointContainer(back.Put()));
+    EXPECT_EQ(container.Get(), back.Get());
+    ULONG fetched = 9;
+    IConnectionPoint* none[2] = {};
+    EXPECT_EQ(S_FALSE, points->Next(2, none, &fetched));
+    EXPECT_EQ(0u, fetched);
+}
+
+TEST_F(Information, ConnectionsAreEnumerated) {
+    const auto sinks = {Sink::Make(), Sink::Make(), Sink::Make()};
+    std::vector<DWORD> cookies;
+    for (const auto& sink : sinks) cookies.push_back(Advise(instance.Get(), sink.Get()));
+    ComPtr<IEnumConnections> connections;
+    ASSERT_EQ(S_OK, EventsOf(instance.Get())->EnumConnections(connections.Put()));
+    EventsOf(instance.Get())->Unadvise(cookies[0]);  // a copy is walked
+
+    CONNECTDATA data[4] = {};
+    ULONG fetched = 0;
+    EXPECT_EQ("0x80004003", Hex(connections->Next(2, data, nullptr)));
+    EXPECT_EQ(S_OK, connections->Next(1, data, &fetched));
+    EXPECT_EQ(cookies[0], data[0].dwCookie);
+    data[0].pUnk->Release();
+    ComPtr<IEnumConnections> clone;
+    EXPECT_EQ(S_OK, connections->Clone(clone.Put()));
+    EXPECT_EQ(S_OK, connections->Skip(2));
+    EXPECT_EQ(S_FALSE, connections->Skip(1));
+    EXPECT_EQ(S_FALSE, clone->Next(4, data, &fetched));
+    EXPECT_EQ(2u, fetched);
+    EXPECT_EQ(cookies[2], data[1].dwCookie);
+    for (ULONG i = 0; i < fetched; ++i) data[i].pUnk->Release();
+    EXPECT_EQ(S_OK, connections->Reset());
+    EXPECT_EQ(S_OK, connections->Skip(3));
+}
+
+TEST_F(Information, AnEnumeratorKeepsTheServerAndOutlivesTheInstance) {
+    ComPtr<IEnumConnections> connections;
+    ASSERT_EQ(S_OK, EventsOf(instance.Get())->EnumConnections(connections.Put()));
+    instance.Reset();
+    EXPECT_FALSE(host::com::CanUnload());
+    EXPECT_EQ(S_FALSE, connections->Skip(1));
+    connections.Reset();
+    EXPECT_TRUE(host::com::CanUnload());
+}
+
+}  // namespace
+}  // namespace tests::com

@@ -1,0 +1,166 @@
+// Clients in several apartments of one process: all instances live in the home apartment, and calls and events
+// cross between them.
+#include "host/com/Home.h"
+#include "host/com/Server.h"
+#include "tests/com/ComTest.h"
+#include "tests/com/Sink.h"
+
+namespace tests::com {
+namespace {
+
+using testing::Each;
+using testing::ElementsAre;
+
+/// Crossing takes the registered description of the interfaces; Wine looks for it in the machine's hive only.
+class SecondApartment : public ComTest {
+ protected:
+    SecondApartment() { EXPECT_EQ(S_OK, host::com::RegisterServer()); }
+    ~SecondApartment() override { EXPECT_EQ(S_OK, host::com::UnregisterServer()); }
+
+    const DWORD here = GetCurrentThreadId();
+};
+
+TEST_F(SecondApartment, InstancesLiveAtHome) {
+    const auto first = MakeInstance();
+    InOtherApartment([] {
+        const auto second = MakeInstance();
+        ASSERT_TRUE(second);
+        EXPECT_EQ(S_OK, Notify(second.Get(), u"QUERY"));
+        const auto third = MakeInstance();
+        EXPECT_EQ(S_OK, Notify(third.Get(), u"QUERY"));
+    });
+    EXPECT_THAT(TheDouble().threads, Each(here));
+    EXPECT_EQ("destroyed", TheDouble().log.back());
+    EXPECT_EQ(0, TheDouble().lostHomes);
+}
+
+TEST_F(SecondApartment, ArgumentsAndResultsCross) {
+    const auto first = MakeInstance();
+    InOtherApartment([] {
+        const auto second = MakeInstance();
+        short mode = 99;
+        VARIANT_BOOL result = VARIANT_FALSE;
+        EXPECT_EQ(S_OK, second->Load(&mode, &result));
+        EXPECT_EQ(7, mode);
+        EXPECT_EQ(VARIANT_TRUE, result);
+        Bstr name(u"n");
+        Bstr command(u"CHANGE");
+        EXPECT_EQ(S_OK, second->NotifyMe(name.Address(), command.Address()));
+        EXPECT_EQ(u"12", name.Text());
+        EXPECT_EQ(u"34", command.Text());
+        EXPECT_EQ("0x800A0005", Hex(second->NotifyMe(name.Address(), Bstr(u"FAIL 5|no").Address())));
+        const Outcome outcome = Invoke(second.Get(), kSeverPath, DISPATCH_PROPERTYGET, {});
+        EXPECT_EQ("path", Utf8(outcome.value.Get().bstrVal));
+    });
+    EXPECT_THAT(TheDouble().threads, Each(here));
+}
+
+TEST_F(SecondApartment, EventsCrossToTheirSinkAndBack) {
+    const auto first = MakeInstance();
+    DWORD there = 0;
+    InOtherApartment([&] {
+        there = GetCurrentThreadId();
+        auto second = MakeInstance();
+        auto sink = Sink::Make([](BSTR& name, BSTR&, EXCEPINFO&) {
+            host::com::Replace(name, u"changed");
+            return S_OK;
+        });
+        const DWORD cookie = Advise(second.Get(), sink.Get());
+        Bstr name;
+        Bstr command(u"RAISE name|text");
+        EXPECT_EQ(S_OK, second->NotifyMe(name.Address(), command.Address()));
+        EXPECT_EQ(u"changed", name.Text());
+        EXPECT_THAT(sink->heard, ElementsAre("name|text"));
+        EXPECT_EQ(there, sink->thread);
+        EXPECT_EQ(S_OK, EventsOf(second.Get())->Unadvise(cookie));
+    });
+    EXPECT_NE(here, there);
+}
+
+TEST_F(SecondApartment, TheLastReleaseTellsSinksThere) {
+    const auto first = MakeInstance();
+    InOtherApartment([] {
+        auto second = MakeInstance();
+        const auto sink = Sink::Make();
+        Advise(second.Get(), sink.Get());
+        second.Reset();
+        EXPECT_THAT(sink->heard, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+    });
+    EXPECT_THAT(TheDouble().threads, Each(here));
+}
+
+TEST_F(SecondApartment, ErrorsOfCreationCross) {
+    const auto first = MakeInstance();
+    TheDouble().makeError = 53;
+    InOtherApartment([] {
+        ComPtr<IUnknown> none;
+        EXPECT_EQ("0x800A0035", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
+        EXPECT_FALSE(none);
+    });
+}
+
+TEST_F(SecondApartment, TheHomeIsForgottenWithTheLastInstance) {
+    MakeInstance();
+    TheDouble().threads.clear();
+    DWORD there = 0;
+    InOtherApartment([&] {
+        there = GetCurrentThreadId();
+        MakeInstance();
+    });
+    EXPECT_THAT(TheDouble().threads, Each(there));
+}
+
+TEST_F(SecondApartment, AWindowKeepsTheHome) {
+    TheDouble().liveWindows = 1;
+    MakeInstance();
+    InOtherApartment([] { MakeInstance(); });
+    EXPECT_THAT(TheDouble().threads, Each(here));
+    TheDouble().liveWindows = 0;
+}
+
+TEST_F(SecondApartment, AHomeWhoseThreadEndedIsForgotten) {
+    ComPtr<_clsQmxBackProcess> orphan;
+    InOtherApartment([&] { orphan = MakeInstance(); });
+    TheDouble().threads.clear();
+    const auto next = MakeInstance();
+    EXPECT_EQ(1, TheDouble().lostHomes);
+    EXPECT_THAT(TheDouble().threads, Each(here));
+    EXPECT_FALSE(host::com::CanUnload());
+}
+
+DWORD WINAPI LeaveWithoutWord(void* orphan) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    *static_cast<ComPtr<_clsQmxBackProcess>*>(orphan) = MakeInstance();
+    return 0;
+}
+
+TEST_F(SecondApartment, AHomeWhoseThreadNeverSaidGoodbyeIsForgotten) {
+    ComPtr<_clsQmxBackProcess> orphan;
+    const HANDLE thread = CreateThread(nullptr, 0, LeaveWithoutWord, &orphan, 0, nullptr);
+    EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 10000));
+    CloseHandle(thread);
+    InOtherApartment([] { EXPECT_TRUE(MakeInstance()); });
+    EXPECT_EQ(1, TheDouble().lostHomes);
+}
+
+TEST_F(SecondApartment, AnApartmentThatWasClosedIsNoHome) {
+    ComPtr<_clsQmxBackProcess> orphan;
+    InOtherApartment([&] {
+        orphan = MakeInstance();
+        CoUninitialize();
+        InOtherApartment([] { EXPECT_TRUE(MakeInstance()); });
+        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    });
+}
+
+TEST_F(SecondApartment, OutsideASingleThreadedApartmentNothingIsMade) {
+    InOtherApartment(
+        [] {
+            ComPtr<IUnknown> none;
+            EXPECT_EQ("0x8001010E", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
+        },
+        COINIT_MULTITHREADED);
+}
+
+}  // namespace
+}  // namespace tests::com

@@ -1,0 +1,213 @@
+// The DLL itself, with the double behind it: exports, resources, registration from where it lies, activation by COM
+// and by a manifest, and leaving the process.
+#include <filesystem>
+
+#include "runtime/win32/Handle.h"
+#include "tests/com/ComTest.h"
+#include "tests/com/Sink.h"
+
+namespace tests::com {
+namespace {
+
+using runtime::win32::Library;
+namespace fs = std::filesystem;
+
+fs::path DoubleFolder() {
+    wchar_t path[MAX_PATH];
+    GetModuleFileNameW(nullptr, path, MAX_PATH);
+    return fs::path(path).parent_path() / L"com_double";
+}
+
+fs::path DoubleDll() {
+    return DoubleFolder() / L"K4TBackProcess.dll";
+}
+
+class Server : public testing::Test {
+ protected:
+    Server() {
+        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+        TheDouble() = {};
+    }
+    ~Server() override {
+        CoFreeUnusedLibrariesEx(0, 0);
+        CoUninitialize();
+    }
+
+    /// Calls one of the exports that take nothing.
+    static HRESULT Call(const Library& library, const char* name) {
+        const auto function =
+            reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(GetProcAddress(library.Get(), name)));
+        return function == nullptr ? E_NOTIMPL : function();
+    }
+};
+
+TEST_F(Server, ExportsWhatASelfRegisteringServerExports) {
+    const Library library(LoadLibraryW(DoubleDll().c_str()));
+    ASSERT_TRUE(library) << GetLastError();
+    for (const char* name :
+         {"DllGetClassObject", "DllCanUnloadNow", "DllRegisterServer", "DllUnregisterServer", "DllInstall"}) {
+        EXPECT_NE(nullptr, reinterpret_cast<void*>(GetProcAddress(library.Get(), name))) << name;
+    }
+    EXPECT_EQ(S_OK, Call(library, "DllCanUnloadNow"));
+}
+
+TEST_F(Server, LeavesTheProcessWhenItIsFreed) {
+    Library library(LoadLibraryW(DoubleDll().c_str()));
+    ASSERT_NE(nullptr, GetModuleHandleW(DoubleDll().c_str()));
+    library.Reset();
+    EXPECT_EQ(nullptr, GetModuleHandleW(DoubleDll().c_str()));
+}
+
+TEST_F(Server, HasItsTypeLibraryAndItsVersionInside) {
+    ComPtr<ITypeLib> library;
+    EXPECT_EQ(S_OK, LoadTypeLibEx(DoubleDll().c_str(), REGKIND_NONE, library.Put()));
+    DWORD ignored = 0;
+    const DWORD size = GetFileVersionInfoSizeW(DoubleDll().c_str(), &ignored);
+    std::vector<BYTE> data(size);
+    ASSERT_TRUE(GetFileVersionInfoW(DoubleDll().c_str(), 0, size, data.data()));
+    wchar_t* text = nullptr;
+    UINT length = 0;
+    ASSERT_TRUE(VerQueryValueW(data.data(), L"\\StringFileInfo\\040904B0\\OriginalFilename",
+                               reinterpret_cast<void**>(&text), &length));
+    EXPECT_STREQ(L"K4TBackProcess.dll", text);
+}
+
+/// Wine reads a library's path for marshalling in the system's code page, so crossing is tested from a plain path.
+constexpr wchar_t kPlainFolder[] = L"plain & blank";
+constexpr wchar_t kForeignFolder[] = L"f\u00FCr \u6F22\u5B57 & more";
+
+/// A copy of the DLL in a folder of that name, registered for the machine.
+class RegisteredServer : public Server {
+ protected:
+    explicit RegisteredServer(const wchar_t* folder = kForeignFolder) : folder_(DoubleFolder() / folder) {
+        fs::create_directories(folder_);
+        EXPECT_TRUE(CopyFileW(DoubleDll().c_str(), dll_.c_str(), FALSE)) << GetLastError();
+        const Library library(LoadLibraryW(dll_.c_str()));
+        EXPECT_EQ(S_OK, Call(library, "DllRegisterServer"));
+    }
+    ~RegisteredServer() override {
+        {
+            const Library library(LoadLibraryW(dll_.c_str()));
+            EXPECT_EQ(S_OK, Call(library, "DllUnregisterServer"));
+        }
+        CoFreeUnusedLibrariesEx(0, 0);
+        std::error_code ignored;
+        fs::remove_all(folder_, ignored);
+    }
+
+    static ComPtr<_clsQmxBackProcess> Create() {
+        CLSID classId{};
+        EXPECT_EQ(S_OK, CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &classId));
+        ComPtr<_clsQmxBackProcess> instance;
+        EXPECT_EQ("0x00000000", Hex(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID__clsQmxBackProcess,
+                                                     instance.PutVoid())));
+        return instance;
+    }
+    bool IsInMemory() const { return GetModuleHandleW(dll_.c_str()) != nullptr; }
+
+ private:
+    const fs::path folder_;
+    const fs::path dll_ = folder_ / L"K4TBackProcess.dll";
+};
+
+TEST_F(RegisteredServer, IsFoundByItsName) {
+    const auto instance = Create();
+    ASSERT_TRUE(instance);
+    const auto sink = Sink::Make();
+    Advise(instance.Get(), sink.Get());
+    EXPECT_EQ(S_OK, Notify(instance.Get(), u"RAISE name|text"));
+    EXPECT_THAT(sink->heard, testing::ElementsAre("name|text"));
+}
+
+TEST_F(RegisteredServer, ItsTypeLibraryIsFoundInEveryLanguage) {
+    for (const LCID language : {0x409, 0x411, 0}) {
+        ComPtr<ITypeLib> library;
+        EXPECT_EQ("0x00000000", Hex(LoadRegTypeLib(LIBID_K4TBackProcess, 1, 0, language, library.Put()))) << language;
+    }
+}
+
+TEST_F(RegisteredServer, StaysWhileItIsUsedAndGoesAfterwards) {
+    auto instance = Create();
+    ASSERT_TRUE(instance);
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_TRUE(IsInMemory());
+    instance.Reset();
+    CoFreeUnusedLibrariesEx(0, 0);
+    CoFreeUnusedLibrariesEx(0, 0);
+    EXPECT_FALSE(IsInMemory());
+}
+
+class CrossingServer : public RegisteredServer {
+ protected:
+    CrossingServer() : RegisteredServer(kPlainFolder) {}
+};
+
+TEST_F(CrossingServer, ServesTwoApartments) {
+    const auto instance = Create();
+    InOtherApartment([] {
+        const auto other = Create();
+        ASSERT_TRUE(other);
+        const auto sink = Sink::Make();
+        Advise(other.Get(), sink.Get());
+        EXPECT_EQ(S_OK, Notify(other.Get(), u"RAISE name|text"));
+        EXPECT_THAT(sink->heard, testing::ElementsAre("name|text"));
+    });
+}
+
+/// In a folder of its own: COM keeps its own thread for such clients, and with it the DLL, to the end of the process.
+class MultithreadedServer : public RegisteredServer {
+ protected:
+    MultithreadedServer() : RegisteredServer(L"plain & kept") {}
+};
+
+TEST_F(MultithreadedServer, ServesTheMultithreadedApartment) {
+    InOtherApartment(
+        [] {
+            const auto other = Create();
+            ASSERT_TRUE(other);
+            EXPECT_EQ(S_OK, Notify(other.Get(), u"QUERY"));
+        },
+        COINIT_MULTITHREADED);
+}
+
+/// The manifest beside the DLL, in force for the thread.
+class Context {
+ public:
+    Context() {
+        const std::wstring manifest = DoubleFolder() / L"K4TBackProcess.manifest";
+        ACTCTXW description{};
+        description.cbSize = sizeof description;
+        description.lpSource = manifest.c_str();
+        handle_ = CreateActCtxW(&description);
+        isActive_ = handle_ != INVALID_HANDLE_VALUE && ActivateActCtx(handle_, &cookie_);
+    }
+    Context(const Context&) = delete;
+    Context& operator=(const Context&) = delete;
+    ~Context() {
+        if (isActive_) DeactivateActCtx(0, cookie_);
+        if (handle_ != INVALID_HANDLE_VALUE) ReleaseActCtx(handle_);
+    }
+    bool IsActive() const { return isActive_; }
+
+ private:
+    HANDLE handle_ = INVALID_HANDLE_VALUE;
+    ULONG_PTR cookie_ = 0;
+    bool isActive_ = false;
+};
+
+TEST_F(Server, IsFoundThroughItsManifestWithoutRegistration) {
+    const Context context;
+    ASSERT_TRUE(context.IsActive()) << GetLastError();
+    CLSID classId{};
+    EXPECT_EQ(S_OK, CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &classId));
+    ComPtr<_clsQmxBackProcess> instance;
+    EXPECT_EQ("0x00000000", Hex(CoCreateInstance(CLSID_clsQmxBackProcess, nullptr, CLSCTX_INPROC_SERVER,
+                                                 IID__clsQmxBackProcess, instance.PutVoid())));
+    ASSERT_TRUE(instance);
+    EXPECT_EQ(S_OK, Notify(instance.Get(), u"QUERY"));
+    ComPtr<ITypeLib> library;
+    EXPECT_EQ("0x00000000", Hex(LoadRegTypeLib(LIBID_K4TBackProcess, 1, 0, 0x409, library.Put())));
+}
+
+}  // namespace
+}  // namespace tests::com

@@ -1,0 +1,115 @@
+// The field splitter: lists that are well formed by construction come apart into what they were made of, and every text
+// at all, but for those that never return, gives what the slow splitter gives.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <algorithm>
+#include <bit>
+#include <cstdio>
+#include <cstdlib>
+
+#include "routing/FieldSplitter.h"
+#include "runtime/Error.h"
+#include "tests/support/SlowFieldSplitter.h"
+
+namespace {
+
+using routing::FieldTexts;
+using routing::FieldValues;
+using runtime::String;
+
+void Require(bool isTrue, const char* law) {
+    if (isTrue) return;
+    std::fprintf(stderr, "broken: %s\n", law);
+    std::abort();
+}
+
+char16_t TakeCharacter(FuzzedDataProvider& data) {
+    // Mostly the characters that matter, to get deep into the rules.
+    static constexpr char16_t kCommon[] = {u'"', u',', u'"', u',', u' ', u'A', u'1', u'E', u'-', u'.', u'&', u'H'};
+    if (data.ConsumeIntegralInRange(0, 15) > 0) return data.PickValueInArray(kCommon);
+    return data.ConsumeIntegral<char16_t>();
+}
+
+String TakeText(FuzzedDataProvider& data, std::size_t longest) {
+    String text;
+    for (std::size_t left = data.ConsumeIntegralInRange<std::size_t>(0, longest); left > 0; --left) {
+        text += TakeCharacter(data);
+    }
+    return text;
+}
+
+bool AreSameBits(const std::vector<double>& a, const std::vector<double>& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](double x, double y) {
+        return std::bit_cast<std::uint64_t>(x) == std::bit_cast<std::uint64_t>(y);
+    });
+}
+
+/// The number of the error that ended the split; 0 for none.
+std::int32_t Split(const String& text) {
+    try {
+        routing::SplitFields(text);
+    } catch (const runtime::Error& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+void CheckAnyText(const String& text) {
+    const test_support::SlowFields slow = test_support::SlowFieldSplitter::Split(text);
+    if (slow.error == 0) {
+        Require(slow.isEndless == test_support::NeverReturns(text), "endless exactly when the walk through says so");
+    }
+    if (slow.isEndless) return;
+    Require(Split(text) == slow.error, "same error as the slow splitter");
+    Require(FieldTexts == slow.texts, "same texts as the slow splitter");
+    Require(AreSameBits(FieldValues, slow.values), "same values as the slow splitter");
+    Require(FieldTexts.size() == FieldValues.size(), "as many texts as values");
+    Require(FieldTexts.front().empty(), "entry 0 of the texts is empty");
+    if (slow.error != 0) return;
+    const auto count = FieldTexts.size() - 1;
+    const auto commas = static_cast<std::size_t>(std::count(text.begin(), text.end(), u','));
+    Require(count >= 1 && count <= commas + 1, "between one field and one more than there are commas");
+    Require(FieldValues.front() == static_cast<double>(count), "entry 0 of the values is the count");
+    std::size_t length = 0;
+    for (const String& field : FieldTexts) length += field.size();
+    Require(length + count - 1 <= text.size(), "the fields and the commas between them fit into the text");
+}
+
+void CheckWellFormedList(FuzzedDataProvider& data) {
+    String list;
+    std::vector<String> fields(1);
+    bool isQuoted = false;
+    for (auto left = data.ConsumeIntegralInRange(1, 40); left > 0; --left) {
+        String field = TakeText(data, 12);
+        isQuoted = data.ConsumeBool();
+        std::erase(field, isQuoted ? u'"' : u',');
+        if (!isQuoted && field.starts_with(u'"')) field.insert(0, 1, u' ');
+        if (fields.size() > 1) list += u',';
+        list += isQuoted ? u'"' + field + u'"' : field;
+        fields.push_back(field);
+    }
+    // A final comma behind quotes is not seen, so a list that ends in an empty plain field must not have one there.
+    if (!isQuoted && fields.back().empty()) {
+        list += u'Z';
+        fields.back() = u"Z";
+    }
+    CheckAnyText(list);
+    if (Split(list) != 0) return;
+    Require(FieldTexts == fields, "a well-formed list comes apart into its fields");
+    Require(FieldValues.front() == static_cast<double>(fields.size() - 1), "and their number is the count");
+    for (std::size_t i = 1; i < fields.size(); ++i) {
+        Require(FieldValues[i] == routing::FieldToNumber(fields[i]), "each with its own number");
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    FuzzedDataProvider data(bytes, size);
+    if (data.ConsumeBool()) {
+        CheckWellFormedList(data);
+    } else {
+        CheckAnyText(TakeText(data, 400));
+    }
+    return 0;
+}

@@ -1,0 +1,25 @@
+// Whatever bytes an INI file has, reading its settings ends, and every setting written in plain form is found.
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
+
+#include "kernel_api/dev/IniText.h"
+#include "runtime/headless/PlainLocale.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    using namespace kernel_api::dev;
+    runtime::headless::PlainLocale locale;
+    const std::string_view bytes(reinterpret_cast<const char*>(data), size);
+    String text = DecodeIni(bytes, locale);
+    const IniText settings(locale, text);
+    settings.Find(u"Marlento", u"Ver");
+    settings.Find(text, text);
+
+    // A section of its own behind any text is read as if it stood alone.
+    const bool nameIsTaken = settings.Find(u"own section", u"k") != nullptr;
+    text += u"\n[own section]\nk=v";
+    const IniText extended(locale, text);
+    const String* const value = extended.Find(u"Own Section", u"K");
+    if (!value || (!nameIsTaken && *value != u"v")) std::abort();
+    return 0;
+}

@@ -1,0 +1,159 @@
+// Val: the number it reads is the one that the C library reads from the same digits, blanks within change nothing, and
+// a double written out comes back bit by bit.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <optional>
+#include <string>
+
+#include "runtime/Error.h"
+#include "runtime/Numbers.h"
+
+namespace {
+
+using runtime::String;
+
+void Require(bool isTrue, const char* law) {
+    if (isTrue) return;
+    std::fprintf(stderr, "broken: %s\n", law);
+    std::abort();
+}
+
+char16_t TakeCharacter(FuzzedDataProvider& data) {
+    static constexpr char16_t kCommon[] = {u'0', u'1', u'2', u'3', u'4', u'5', u'7', u'8', u'9', u'0', u'0', u'.',
+                                           u'E', u'e', u'D', u'd', u'-', u'+', u'&', u'H', u'h', u'O', u'F', u' '};
+    if (data.ConsumeIntegralInRange(0, 31) > 0) return data.PickValueInArray(kCommon);
+    return data.ConsumeIntegral<char16_t>();
+}
+
+/// Nothing for an overflow, which is the only error there is.
+std::optional<double> Read(const String& text) {
+    try {
+        return runtime::Val(text);
+    } catch (const runtime::Error& error) {
+        Require(error.Number() == runtime::kOverflow, "no error but overflow");
+    }
+    return std::nullopt;
+}
+
+bool AreSame(const std::optional<double>& a, const std::optional<double>& b) {
+    if (a.has_value() != b.has_value()) return false;
+    return !a || std::bit_cast<std::uint64_t>(*a) == std::bit_cast<std::uint64_t>(*b);
+}
+
+std::string TakeDigits(const std::string& text, std::size_t& position) {
+    const std::size_t begin = position;
+    while (position < text.size() && text[position] >= '0' && text[position] <= '9') ++position;
+    return text.substr(begin, position - begin);
+}
+
+/// What the C library makes of the decimal number at the start of `text`, which has no blanks.
+std::optional<double> ReadWithLibrary(const std::string& text) {
+    std::size_t position = 0;
+    std::string number;
+    const auto takeSign = [&] {
+        if (position < text.size() && (text[position] == '+' || text[position] == '-')) number += text[position++];
+    };
+    takeSign();
+    number += TakeDigits(text, position);
+    if (position < text.size() && text[position] == '.') {
+        number += text[position++];
+        number += TakeDigits(text, position);
+    }
+    if (position < text.size() && std::string("EeDd").find(text[position]) != std::string::npos) {
+        const std::string mantissa = number;
+        number += 'e';
+        ++position;
+        takeSign();
+        const std::string exponent = TakeDigits(text, position);
+        number = exponent.empty() ? mantissa : number + exponent;
+    }
+    const double value = std::strtod(number.c_str(), nullptr);
+    if (std::isinf(value)) return std::nullopt;
+    return value == 0 ? 0 : value;
+}
+
+String WithBlanks(FuzzedDataProvider& data, const String& text) {
+    static constexpr char16_t kSkipped[] = {u' ', u'\t', u'\n'};
+    String spaced;
+    for (const char16_t character : text) {
+        for (int left = data.ConsumeIntegralInRange(0, 2); left > 0; --left) spaced += data.PickValueInArray(kSkipped);
+        spaced += character;
+    }
+    return spaced;
+}
+
+void CheckAnyText(FuzzedDataProvider& data) {
+    String text;
+    for (auto left = data.ConsumeIntegralInRange(0, 1200); left > 0; --left) text += TakeCharacter(data);
+    const std::optional<double> value = Read(text);
+    Require(!value || std::isfinite(*value), "a finite number");
+    std::erase_if(text, [](char16_t c) { return c == u' ' || c == u'\t' || c == u'\n'; });
+    Require(AreSame(value, Read(text)), "blanks, tabs and line feeds change nothing");
+    Require(AreSame(value, Read(WithBlanks(data, text))), "wherever they stand");
+    Require(AreSame(value, Read(text + u"|7")), "what cannot continue a number ends it");
+
+    // The library's number has no place for a NUL.
+    std::string narrow;
+    for (const char16_t c : text) narrow += c > 0 && c < 0x80 ? static_cast<char>(c) : '|';
+    const std::size_t first = narrow.find_first_not_of("+-");
+    const bool isRadix = first != std::string::npos && first <= 1 && narrow[first] == '&';
+    if (!isRadix) Require(AreSame(value, ReadWithLibrary(narrow)), "the nearest double");
+}
+
+void CheckRadix(FuzzedDataProvider& data) {
+    const auto bits = data.ConsumeIntegral<std::uint32_t>();
+    const int base = data.ConsumeBool() ? 16 : 8;
+    std::array<char, 16> digits{};
+    std::to_chars(digits.data(), digits.data() + digits.size(), bits, base);
+    const String text = (base == 16 ? u"&H" : u"&O") + runtime::FromAscii(digits.data());
+    const double asShort = static_cast<std::int16_t>(bits);
+    const double asLong = static_cast<std::int32_t>(bits);
+    Require(Read(text + u"&") == asLong, "32 bits with the suffix");
+    Require(Read(text) == (bits <= 0xFFFF ? asShort : asLong), "16 bits while they suffice");
+}
+
+void CheckRoundTrip(FuzzedDataProvider& data) {
+    const double number = std::bit_cast<double>(data.ConsumeIntegral<std::uint64_t>());
+    if (!std::isfinite(number) || number == 0) return;
+    std::array<char, 64> digits{};
+    std::to_chars(digits.data(), digits.data() + digits.size(), number);
+    Require(AreSame(number, Read(runtime::FromAscii(digits.data()))), "a double written out comes back");
+}
+
+/// Numbers right between two doubles, and just above the middle by a digit as far behind as may be.
+void CheckMiddle(FuzzedDataProvider& data) {
+    constexpr std::uint64_t kFirst = std::uint64_t{1} << 53;
+    const std::uint64_t middle = kFirst + 2 * data.ConsumeIntegralInRange<std::uint64_t>(0, kFirst / 2 - 1) + 1;
+    const std::uint64_t even = middle % 4 == 1 ? middle - 1 : middle + 1;
+    const String zeros(data.ConsumeIntegralInRange<std::size_t>(0, 3000), u'0');
+    const String text = runtime::FromAscii(std::to_string(middle)) + u"." + zeros;
+    Require(Read(text) == static_cast<double>(even), "the middle goes to the even one");
+    Require(Read(text + u"1") == static_cast<double>(middle + 1), "what is above the middle goes up");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    FuzzedDataProvider data(bytes, size);
+    switch (data.ConsumeIntegralInRange(0, 4)) {
+        case 0:
+            CheckRadix(data);
+            break;
+        case 1:
+            CheckRoundTrip(data);
+            break;
+        case 2:
+            CheckMiddle(data);
+            break;
+        default:
+            CheckAnyText(data);
+    }
+    return 0;
+}

@@ -1,0 +1,225 @@
+// The development kernel as its users have it: a library, loaded by several processes of one session.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <optional>
+#include <thread>
+
+#include "kernel_api/dev/SectionMemory.h"
+#include "tests/kernel/LoadedKernel.h"
+#include "tests/kernel/Peer.h"
+
+namespace {
+
+using kernel_api::dev::DevelopmentStoreName;
+using kernel_api::dev::kDevelopmentStoreCapacity;
+using kernel_api::dev::SectionMemory;
+using kernel_api::dev::Word;
+using runtime::win32::KernelHandle;
+using runtime::win32::Wide;
+
+const char* At(long address) {
+    return reinterpret_cast<const char*>(address);
+}
+
+/// Strings of its own for every test, apart from the session's.
+class DevelopmentKernel : public testing::Test {
+ protected:
+    void SetUp() override {
+        const auto* test = testing::UnitTest::GetInstance()->current_test_info();
+        const std::string name = std::string(test->name()) + std::to_string(GetCurrentProcessId());
+        SetEnvironmentVariableA("QMXKRN2K_STORE", name.c_str());
+    }
+    void TearDown() override { SetEnvironmentVariableA("QMXKRN2K_STORE", nullptr); }
+
+    static LoadedKernel Load() { return LoadedKernel(KernelFolder() + u"\\QmxKrn2K.dll"); }
+};
+
+TEST_F(DevelopmentKernel, SharesItsStringsWithOtherProcesses) {
+    const LoadedKernel kernel = Load();
+    Peer peer;
+    EXPECT_EQ(peer.Ask("get\tINITBP"), "none");
+    EXPECT_NE(kernel.E_SetString("INITBP", "INIT"), 0);
+    EXPECT_EQ(peer.Ask("get\tINITBP"), "=INIT");
+    EXPECT_EQ(peer.Ask("set\tINITBP\tTERM"), "stored");
+    EXPECT_STREQ(At(kernel.E_GetString("INITBP")), "TERM");
+}
+
+TEST_F(DevelopmentKernel, KeepsItsStringsUntilTheLastProcessEnds) {
+    auto first = std::make_unique<Peer>();
+    EXPECT_EQ(first->Ask("set\tkey\tvalue"), "stored");
+    auto second = std::make_unique<Peer>();
+    EXPECT_EQ(second->Ask("get\tkey"), "=value");
+    first.reset();
+    EXPECT_EQ(second->Ask("get\tkey"), "=value");
+    second.reset();
+    EXPECT_EQ(Peer().Ask("get\tkey"), "none");
+}
+
+TEST_F(DevelopmentKernel, LetsItsStringsGoWhenItIsUnloaded) {
+    Peer peer;
+    EXPECT_EQ(peer.Ask("set\tkey\tvalue"), "stored");
+    EXPECT_EQ(peer.Ask("unload"), "unloaded");
+    EXPECT_EQ(Load().E_GetString("key"), 0);
+}
+
+TEST_F(DevelopmentKernel, GoesOnWhenTheLocksOwnerDies) {
+    Peer peer;
+    EXPECT_EQ(peer.Ask("set\tkey\tvalue"), "stored");
+    for (int i = 0; i < 3; ++i) {
+        Peer owner;
+        EXPECT_EQ(owner.Ask("lock"), "locked");
+        owner.Die();
+        EXPECT_EQ(peer.Ask("get\tkey"), "=value");
+    }
+}
+
+TEST_F(DevelopmentKernel, NeverShowsARecordThatItsWriterDidNotFinish) {
+    Peer peer;
+    EXPECT_EQ(peer.Ask("set\tkey\told"), "stored");
+    {
+        Peer writer;
+        EXPECT_EQ(writer.Ask("half"), "written");
+        writer.Die();
+    }
+    EXPECT_EQ(peer.Ask("get\tkey"), "=old");
+    EXPECT_EQ(peer.Ask("set\tkey\tnew"), "stored");
+    EXPECT_EQ(Peer().Ask("get\tkey"), "=new");
+}
+
+TEST_F(DevelopmentKernel, NeverShowsAMixOfTwoValues) {
+    Peer writers[2];
+    Peer readers[2];
+    EXPECT_EQ(readers[0].Ask("set\tkey\t"), "stored");
+    writers[0].Tell("write\tkey\t3000\t17");
+    writers[1].Tell("write\tkey\t3000\t4242");
+    for (Peer& reader : readers) reader.Tell("watch\tkey\t3000");
+    for (Peer& reader : readers) EXPECT_EQ(reader.Answer(), "0 changing");
+    for (Peer& writer : writers) EXPECT_EQ(writer.Answer(), "done");
+}
+
+TEST_F(DevelopmentKernel, SurvivesWritersThatAreKilledAtWork) {
+    Peer reader;
+    EXPECT_EQ(reader.Ask("set\tkey\t"), "stored");
+    for (int i = 0; i < 8; ++i) {
+        SCOPED_TRACE(i);
+        {
+            Peer writer;
+            EXPECT_EQ(writer.Ask("write\tkey\t1\t5"), "done");
+            writer.Tell("write\tkey\t1000000\t" + std::to_string(i));
+            EXPECT_TRUE(reader.Ask("watch\tkey\t200").starts_with("0 "));
+            writer.Kill();
+        }
+        EXPECT_EQ(reader.Ask("watch\tkey\t20"), "0 still");
+        EXPECT_EQ(reader.Ask("write\tkey\t5\t1"), "done");
+    }
+}
+
+TEST_F(DevelopmentKernel, HoldsTenThousandStringsFromTwoProcesses) {
+    Peer one;
+    Peer two;
+    one.Tell("many\tone\t5000");
+    two.Tell("many\ttwo\t5000");
+    EXPECT_EQ(one.Answer(), "stored");
+    EXPECT_EQ(two.Answer(), "stored");
+    EXPECT_EQ(one.Ask("check\ttwo\t5000"), "5000");
+    EXPECT_EQ(two.Ask("check\tone\t5000"), "5000");
+    EXPECT_EQ(one.Ask("list"), "10000 sorted");
+}
+
+TEST_F(DevelopmentKernel, HoldsHugeStrings) {
+    Peer one;
+    Peer two;
+    EXPECT_EQ(one.Ask("fill\tbig\t1000000\tm"), "stored");
+    EXPECT_EQ(two.Ask("summary\tbig"), "1000000 m");
+    for (const char* letter : {"a", "b", "c", "d"}) {
+        EXPECT_EQ(one.Ask(std::string("fill\tbig\t40000000\t") + letter), "stored");
+        EXPECT_EQ(two.Ask("summary\tbig"), std::string("40000000 ") + letter);
+    }
+}
+
+TEST_F(DevelopmentKernel, RefusesWhatDoesNotFitAndKeepsTheOldValue) {
+    Peer one;
+    Peer two;
+    EXPECT_EQ(one.Ask("set\tkey\told"), "stored");
+    EXPECT_EQ(one.Ask("fill\tkey\t300000000\tx"), "refused");
+    EXPECT_EQ(one.Ask("fill\tbig\t150000000\tb"), "stored");
+    EXPECT_EQ(two.Ask("fill\tkey\t150000000\tx"), "refused");
+    EXPECT_EQ(two.Ask("get\tkey"), "=old");
+    EXPECT_EQ(two.Ask("summary\tbig"), "150000000 b");
+    EXPECT_EQ(one.Ask("fill\tbig\t10\tc"), "stored");
+    EXPECT_EQ(two.Ask("fill\tkey\t1000000\tx"), "stored");
+}
+
+TEST_F(DevelopmentKernel, TellsAnEmptyTextFromNone) {
+    const LoadedKernel kernel = Load();
+    EXPECT_NE(kernel.E_SetString("key", ""), 0);
+    EXPECT_STREQ(At(kernel.E_GetString("key")), "");
+    EXPECT_EQ(kernel.E_GetString("Key"), 0);
+}
+
+TEST_F(DevelopmentKernel, RefusesNullArguments) {
+    const LoadedKernel kernel = Load();
+    EXPECT_EQ(kernel.E_SetString(nullptr, "value"), 0);
+    EXPECT_EQ(kernel.E_SetString("key", nullptr), 0);
+    EXPECT_EQ(kernel.E_GetString(nullptr), 0);
+    EXPECT_EQ(kernel.E_GetString("key"), 0);
+}
+
+TEST_F(DevelopmentKernel, NamesTheOpenDesignAlone) {
+    const LoadedKernel kernel = Load();
+    EXPECT_EQ(kernel.O_GetName(kernel.DB_DataBase()), 0);
+    kernel.E_SetString("DESIGN_NAME", "amplifier");
+    EXPECT_EQ(kernel.DB_DataBase(), 1);
+    EXPECT_STREQ(At(kernel.O_GetName(1)), "amplifier");
+    EXPECT_EQ(kernel.O_GetName(0), 0);
+    EXPECT_EQ(kernel.O_GetName(2), 0);
+}
+
+TEST_F(DevelopmentKernel, KeepsAnAddressUntilItsThreadAsksForTheKeyAgain) {
+    const LoadedKernel kernel = Load();
+    kernel.E_SetString("DESIGN_NAME", "old");
+    const char* text = At(kernel.E_GetString("DESIGN_NAME"));
+    kernel.E_SetString("DESIGN_NAME", "new");
+    std::thread([&] { EXPECT_STREQ(At(kernel.E_GetString("DESIGN_NAME")), "new"); }).join();
+    EXPECT_STREQ(At(kernel.O_GetName(1)), "new");
+    kernel.E_GetString("other");
+    EXPECT_STREQ(text, "old");
+    EXPECT_STREQ(At(kernel.E_GetString("DESIGN_NAME")), "new");
+}
+
+TEST_F(DevelopmentKernel, ListsKeysOnlyIntoBuffersThatHoldThem) {
+    const LoadedKernel kernel = Load();
+    EXPECT_EQ(kernel.QmxDev_NextString(nullptr, nullptr, 0), 0);
+    kernel.E_SetString("LibDir", "1");
+    kernel.E_SetString("JobDir", "2");
+    char key[8] = "?";
+    EXPECT_EQ(kernel.QmxDev_NextString(nullptr, key, 6), 7);
+    EXPECT_STREQ(key, "?");
+    EXPECT_EQ(kernel.QmxDev_NextString(nullptr, key, 7), 7);
+    EXPECT_STREQ(key, "JobDir");
+    EXPECT_EQ(kernel.QmxDev_NextString("JobDir", key, 7), 7);
+    EXPECT_STREQ(key, "LibDir");
+    EXPECT_EQ(kernel.QmxDev_NextString("LibDir", key, 7), 0);
+}
+
+TEST_F(DevelopmentKernel, FailsCleanlyOnMemoryOfAnotherMaking) {
+    SectionMemory memory(DevelopmentStoreName(), kDevelopmentStoreCapacity);
+    memory.Lock();
+    memory.Store(Word::kMagic, 0x20202020);
+    memory.Unlock();
+    const LoadedKernel kernel = Load();
+    EXPECT_EQ(kernel.E_SetString("key", "value"), 0);
+    EXPECT_EQ(kernel.E_GetString("key"), 0);
+    EXPECT_EQ(kernel.QmxDev_NextString(nullptr, nullptr, 0), -1);
+}
+
+TEST_F(DevelopmentKernel, ConnectsOnceTheNameIsFree) {
+    std::optional<KernelHandle> event(CreateEventW(nullptr, TRUE, FALSE, Wide(DevelopmentStoreName())));
+    const LoadedKernel kernel = Load();
+    EXPECT_EQ(kernel.E_SetString("key", "value"), 0);
+    event.reset();
+    EXPECT_NE(kernel.E_SetString("key", "value"), 0);
+}
+
+}  // namespace

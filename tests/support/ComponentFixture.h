@@ -1,0 +1,56 @@
+// The whole component below the COM edge, over an in-memory kernel, files and settings and the built-in reader; each
+// test starts with a fresh process, so to speak.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "host/ProcessLife.h"
+#include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/dev/InMemoryKernel.h"
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "tests/support/RuntimeFixture.h"
+
+namespace tests {
+
+/// The number of the error that `action` raises; 0 for none.
+inline std::int32_t ErrorOf(const std::function<void()>& action) {
+    try {
+        action();
+    } catch (const runtime::Error& error) {
+        return error.Number();
+    }
+    return 0;
+}
+
+/// Base is HeadlessTest or RuntimeTest.
+template <typename Base>
+class ComponentOver : public Base {
+ protected:
+    ComponentOver() {
+        kernel_api::UseKernel(&kernel_);
+        kernel_api::UseReader(&reader_);
+    }
+    ~ComponentOver() override {
+        kernel_.StopFailing();
+        while (runtime::Form* last = runtime::LoadedForms().LastToUnload()) last->Unload();
+        host::ReleaseProcess();
+        kernel_api::UseReader(nullptr);
+        kernel_api::UseKernel(nullptr);
+    }
+
+    /// What the kernel keeps under `key`, "(none)" without it.
+    runtime::String Kept(runtime::StringView key) const { return kernel_.Kept(key).value_or(u"(none)"); }
+
+    kernel_api::dev::InMemoryKernel kernel_;
+    kernel_api::dev::BuiltInReader reader_{this->memory_.files, this->memory_.settings, this->memory_.locale};
+};
+
+/// Everything in memory.
+using HeadlessComponentTest = ComponentOver<HeadlessTest>;
+/// With the build's own window system.
+using ComponentTest = ComponentOver<RuntimeTest>;
+
+}  // namespace tests

@@ -1,0 +1,312 @@
+#!/usr/bin/env python3
+"""Runs the built tool and the example clients under Wine and compares what they print.
+
+    test_tool.py WINE_RUN BIN_FOLDER
+
+Each file in scenarios/ is one run of the tool (see Scenario); what needs more than one process stands below. The
+component is registered in the Wine prefix while the tests run that need it.
+"""
+import pathlib
+import queue
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import threading
+import unittest
+
+HERE = pathlib.Path(__file__).resolve().parent
+EXAMPLES = HERE.parent.parent / "examples"
+CLASS = "{ECD8F3EF-620B-4D2C-8D9B-9F3E96273634}"
+LIBRARY = "{525D7D67-10F8-4B05-99EF-A6A69CD0A145}"
+TIMEOUT = 120  # seconds; a run takes one or two
+
+wine_run = ""
+bin_folder = pathlib.Path()
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def run(program, *arguments, text=b""):
+    """The exit code, standard output and standard error of one run, as bytes."""
+    # Files, not pipes: helper processes of Wine inherit them and keep them open after the program has ended.
+    with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
+        given.write(text)
+        given.seek(0)
+        code = subprocess.run([wine_run, str(program), *arguments], stdin=given, stdout=output, stderr=errors,
+                              timeout=TIMEOUT).returncode
+        output.seek(0)
+        errors.seek(0)
+        return code, output.read(), errors.read()
+
+
+def tool(*arguments, text=b""):
+    return run(bin_folder / "backproc.exe", *arguments, text=text)
+
+
+class LiveHost:
+    """`backproc host` with its input held open."""
+
+    def __enter__(self):
+        self.process = subprocess.Popen([wine_run, str(bin_folder / "backproc.exe"), "host"], stdin=subprocess.PIPE,
+                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.lines = queue.Queue()
+        threading.Thread(target=self.read, daemon=True).start()
+        return self
+
+    def __exit__(self, *_):
+        self.process.stdin.close()
+        self.process.wait(timeout=TIMEOUT)
+
+    def read(self):
+        for line in self.process.stdout:
+            self.lines.put(line)
+
+    def ask(self, *commands):
+        """The first line that the host prints after `commands`."""
+        self.process.stdin.write(b"".join(command + b"\n" for command in commands))
+        self.process.stdin.flush()
+        return self.lines.get(timeout=TIMEOUT)
+
+
+class Scenario:
+    """One run: a file of sections, each headed by a line "--- name".
+
+    arguments  one a line; {bin} stands for the folder of the tool
+    input      what the tool reads
+    output     what it prints; {*} stands for any text within a line, {bin} as above
+    errors     the same for standard error; it must be empty when the section is missing
+    exit       the exit code, 0 when the section is missing
+    """
+
+    def __init__(self, path):
+        self.sections = {}
+        name = "about"
+        for line in path.read_text(encoding="utf-8").splitlines(keepends=True):
+            if line.startswith("--- "):
+                name = line[4:].strip()
+                self.sections[name] = ""
+            elif name != "about":
+                self.sections[name] += line
+
+    def arguments(self):
+        lines = self.sections.get("arguments", "").splitlines()
+        return [line.replace("{bin}", windows_path(bin_folder)) for line in lines]
+
+    def input(self):
+        return self.sections.get("input", "").encode()
+
+    def pattern(self, name):
+        text = re.escape(self.sections.get(name, "")).replace(re.escape("{*}"), "[^\n]*")
+        return text.replace(re.escape("{bin}"), re.escape(windows_path(bin_folder)))
+
+    def exit(self):
+        return int(self.sections.get("exit", "0"))
+
+
+class ToolTestCase(unittest.TestCase):
+    maxDiff = None
+
+    def check(self, scenario):
+        code, output, errors = tool(*scenario.arguments(), text=scenario.input())
+        for name, got in (("output", output), ("errors", errors)):
+            text = got.decode("utf-8")
+            if not re.fullmatch(scenario.pattern(name), text):
+                self.assertEqual(scenario.sections.get(name, ""), text, name)
+                self.fail(name)
+        self.assertEqual(scenario.exit(), code, "exit code")
+
+    def check_all(self, folder):
+        paths = sorted((HERE / "scenarios" / folder).glob("*.txt"))
+        self.assertTrue(paths, "no scenarios in " + folder)
+        for path in paths:
+            with self.subTest(path.stem):
+                self.check(Scenario(path))
+
+
+class WithoutComponent(ToolTestCase):
+    @classmethod
+    def setUpClass(cls):
+        tool("unregister")
+
+    def test_scenarios(self):
+        self.check_all("unregistered")
+
+    def test_very_long_lines_pass_through(self):
+        text = "x" * 200_000
+        code, output, errors = tool("host", text=f"set Long {text}\nget Long\n".encode())
+        self.assertEqual((code, errors), (0, b""))
+        self.assertTrue(output == f"Long=[{text}]\n".encode(), f"{len(output)} bytes")
+
+    def test_reads_files_with_byte_order_mark_and_windows_line_ends(self):
+        with tempfile.TemporaryDirectory() as folder:
+            script = pathlib.Path(folder) / "Größe 日本.txt"
+            script.write_bytes(b"\xef\xbb\xbf# comment\r\nset A one \r\nget A\r\nset A last")
+            code, output, errors = tool("host", windows_path(script))
+        self.assertEqual((code, output, errors), (0, b"A=[one ]\n", b""))
+
+    def test_strings_are_shared_while_a_process_holds_the_kernel(self):
+        with LiveHost() as holder:
+            self.assertEqual(holder.ask(b"set Held here", b"get Held"), b"Held=[here]\n")
+            self.assertEqual(tool("strings", "get", "Held"), (0, b"Held=[here]\n", b""))
+            self.assertEqual(tool("strings", "set", "Added", "by another"), (0, b"", b""))
+            self.assertEqual(holder.ask(b"get Added"), b"Added=[by another]\n")
+            self.assertEqual(tool("strings"), (0, b"Added=[by another]\nHeld=[here]\n", b""))
+        self.assertEqual(tool("strings"), (0, b"", b""))
+
+    def test_split_shows_number_text_and_value_of_each_field(self):
+        for text, fields in [
+            ("A,B,", ["A\t0", "B\t0", "\t0"]),
+            ("A", ["A\t0"]),
+            ('"A,B",C', ["A,B\t0", "C\t0"]),
+            ('"A",', ['A"\t0']),
+            ('"A"x,B', ['A"\t0', "B\t0"]),
+            ("1,5", ["1\t1", "5\t5"]),
+            ('"1,5"', ["1,5\t1.5"]),
+        ]:
+            with self.subTest(text):
+                lines = [f"{number}\t{field}\n" for number, field in enumerate(fields, 1)]
+                expected = "".join(lines) + f"{len(fields)}\n"
+                self.assertEqual(tool("split", text), (0, expected.encode(), b""))
+
+    def test_split_ends_for_a_quote_that_is_never_closed(self):
+        code, output, errors = tool("split", '"A,B')
+        self.assertEqual((code, output), (1, b""))
+        self.assertRegex(errors, rb"^backproc split: no result after ten seconds; .*not closed\n$")
+
+    def test_modules_marks_the_own_entry(self):
+        self.assertEqual(tool("modules"), (0, b"", b""))
+        with LiveHost() as holder:
+            self.assertEqual(holder.ask(b"set AllAps EDITOR,K4TBACKPROCESS,LIBRARY", b"get AllAps"),
+                             b"AllAps=[EDITOR,K4TBACKPROCESS,LIBRARY]\n")
+            self.assertEqual(tool("modules"), (0, b"1\tEDITOR\n2\tK4TBACKPROCESS\town\n3\tLIBRARY\n", b""))
+
+    def test_where_shows_each_value_with_its_source(self):
+        # A blank in the folder's name puts the argument in quotes, as the component wants it.
+        with tempfile.TemporaryDirectory(suffix=" sys") as folder:
+            ini = pathlib.Path(folder) / "MARLENTO.INI"
+            ini.write_text("[Marlento]\nJobDir=D:\\job\n", encoding="ascii")
+            code, output, errors = tool("where", "/sys:" + windows_path(folder))
+            plain = output.decode().splitlines()
+        self.assertIn(f"system folder=[{windows_path(folder)}\\] command line", plain)
+        self.assertIn("job folder=[D:\\job] INI file", plain)
+        self.assertEqual((code, errors), (0, b""))
+        self.assertEqual(plain[0], f"install folder=[{windows_path(bin_folder)}] component")
+        self.assertIn("secondary job folder=[C:\\CADJOB] default", plain)
+        self.assertIn("product name=[Orvane] default", plain)
+        self.assertEqual(len(plain), 14)
+
+    def test_a_lone_tool_says_that_the_component_is_missing(self):
+        with tempfile.TemporaryDirectory() as folder:
+            lone = pathlib.Path(folder) / "backproc.exe"
+            shutil.copy(bin_folder / "backproc.exe", lone)
+            code, output, errors = run(lone, "register", "--user")
+        self.assertEqual((code, output), (1, b""))
+        self.assertRegex(errors, rb"^backproc: cannot load Z:.*\\K4TBackProcess\.dll: ")
+
+    def test_a_lone_tool_says_that_the_kernel_is_missing(self):
+        with tempfile.TemporaryDirectory() as folder:
+            lone = pathlib.Path(folder) / "backproc.exe"
+            shutil.copy(bin_folder / "backproc.exe", lone)
+            code, output, errors = run(lone, "strings")
+        self.assertEqual((code, output), (1, b""))
+        self.assertRegex(errors, rb"^backproc: File not found: QmxKrn2K\.dll \(not in Z:.*\)\n$")
+
+    def test_a_refused_registration_names_the_way_without_rights(self):
+        with tempfile.TemporaryDirectory() as folder:
+            shutil.copy(bin_folder / "backproc.exe", folder)
+            shutil.copy(bin_folder / "test" / "refusing.dll", pathlib.Path(folder) / "K4TBackProcess.dll")
+            code, output, errors = run(pathlib.Path(folder) / "backproc.exe", "register")
+        self.assertEqual((code, output), (1, b""))
+        self.assertRegex(errors, rb"^backproc: 0x80070005 .*\n.*--user needs none\.\n$")
+
+
+class WithComponent(ToolTestCase):
+    @classmethod
+    def setUpClass(cls):
+        # For the machine: Wine's COM does not look at a user's classes.
+        code, _, errors = tool("register")
+        if code != 0:
+            raise RuntimeError("cannot register: " + errors.decode())
+
+    @classmethod
+    def tearDownClass(cls):
+        tool("unregister")
+
+    def test_scenarios(self):
+        self.check_all("registered")
+
+    def test_registers_for_the_user_and_leaves_nothing(self):
+        self.check_registration("HKEY_CURRENT_USER", "--user")
+
+    def test_registers_for_the_machine_and_leaves_nothing(self):
+        self.addCleanup(tool, "register")
+        self.check_registration("HKEY_LOCAL_MACHINE")
+
+    def check_registration(self, hive, *scope):
+        named = b"class K4TBackProcess.clsQmxBackProcess\nidentifier " + CLASS.encode() + b"\n"
+        library = windows_path(bin_folder / "K4TBackProcess.dll").encode()
+        place = hive.encode() + b"\\Software\\Classes\n"
+        for _ in range(2):
+            expected = named + b"library " + library + b"\nregistered in " + place
+            self.assertEqual(tool("register", *scope), (0, expected, b""))
+        self.assertEqual(tool("unregister", *scope), (0, named + b"removed from " + place, b""))
+        self.assertEqual(tool("unregister", *scope), (0, named + b"was not registered in " + place, b""))
+        for key in ("K4TBackProcess.clsQmxBackProcess", "CLSID\\" + CLASS, "TypeLib\\" + LIBRARY):
+            code, output, _ = run("reg.exe", "query", hive + "\\Software\\Classes\\" + key)
+            self.assertEqual(code, 1, key + " is still there: " + output.decode(errors="replace"))
+
+    def test_a_second_process_sees_the_state_that_a_load_publishes_and_a_release_withdraws(self):
+        with LiveHost() as host:
+            host.ask(b"set AllAps EDITOR,K4TBACKPROCESS,LIBRARY", b"create")
+            self.assertEqual(tool("strings", "get", "K4TBACKPROCESS")[0], 1)
+            self.assertEqual(host.ask(b"load 1"), b"1 Load True\n")
+            self.assertEqual(tool("strings", "get", "K4TBACKPROCESS"),
+                             (0, b"K4TBACKPROCESS=[Pelorix Background Processing Application, 0, 0, 0, 0]\n", b""))
+            host.ask(b"release 1")
+            self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 released\n")
+            self.assertEqual(tool("strings", "get", "K4TBACKPROCESS"), (0, b"K4TBACKPROCESS=[]\n", b""))
+
+    def test_prints_each_line_at_once(self):
+        with LiveHost() as host:
+            self.assertEqual(host.ask(b"create"), b"1 created\n")
+            self.assertEqual(host.ask(b"load 1"), b"1 Load True\n")
+            self.assertEqual(host.ask(b"release 1"), b"1 NotifyServer [K4TBACKPROCESS] [SHUTDOWN]\n")
+            self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 released\n")
+
+    def test_a_failing_creation_shows_the_component_s_own_words(self):
+        self.addCleanup(tool, "register")
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("backproc.exe", "K4TBackProcess.dll"):
+                shutil.copy(bin_folder / name, folder)
+            lone = pathlib.Path(folder) / "backproc.exe"
+            self.assertEqual(run(lone, "register")[0], 0)
+            code, output, errors = run(lone, "host", text=b"create\nrelease 1\n")
+        self.assertEqual(code, 1)
+        self.assertRegex(output, rb"^1 error 0x800A0035 File not found: QmxKrn2K\.dll[^\n]*\n$")
+        self.assertEqual(errors, b"backproc host: line 2: there is no instance 1\n")
+
+    def check_client(self, *command):
+        code, output, errors = run(*command)
+        self.assertEqual((code, errors), (0, b""), output.decode(errors="replace"))
+        self.assertIn(b"released", output.splitlines())
+        self.assertNotIn(b"failed", output)
+        return output
+
+    def test_early_bound_client(self):
+        output = self.check_client(bin_folder / "examples" / "client.exe")
+        self.assertIn(b"event NotifyServer [K4TBACKPROCESS] [SHUTDOWN]", output.splitlines())
+
+    def test_late_bound_clients(self):
+        for name in ("client.vbs", "client.js"):
+            with self.subTest(name):
+                self.check_client("cscript.exe", "//nologo", windows_path(EXAMPLES / name))
+
+
+if __name__ == "__main__":
+    wine_run, bin_folder = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
+    # Without the warnings of pipes left open: Wine's helper processes hold the other end for as long as they like.
+    unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")

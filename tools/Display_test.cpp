@@ -1,0 +1,28 @@
+#include "tools/Display.h"
+
+#include <gtest/gtest.h>
+
+namespace tools {
+namespace {
+
+TEST(Display, leaves_paths_and_other_scripts_alone) {
+    EXPECT_EQ(Display(u"C:\\new\\tab [x] \u00E9\u65E5"), "C:\\new\\tab [x] \xC3\xA9\xE6\x97\xA5");
+}
+
+TEST(Display, shows_line_ends_by_their_pictures) {
+    EXPECT_EQ(Display(u"a\r\nb"),
+              "a\xE2\x90\x8D\xE2\x90\x8A"
+              "b");
+}
+
+TEST(Display, shows_every_control_character_by_its_picture) {
+    using namespace std::string_view_literals;
+    EXPECT_EQ(Display(u"\0\x1F\x7F "sv), "\xE2\x90\x80\xE2\x90\x9F\xE2\x90\xA1 ");
+}
+
+TEST(Display, of_nothing_is_nothing) {
+    EXPECT_EQ(Display(u""), "");
+}
+
+}  // namespace
+}  // namespace tools

@@ -1,0 +1,86 @@
+// The event interface of the component, as a client implements it.
+#include "tools/EventSink.h"
+
+#include <new>
+
+#include "host/com/ComHeaders.h"
+
+namespace tools {
+
+namespace {
+
+constexpr DISPID kNotifyServer = 1;
+
+/// A string argument, whether it came by value or by reference.
+class TextArgument {
+ public:
+    explicit TextArgument(VARIANT& argument) {
+        VariantInit(&text_);
+        result_ = VariantCopyInd(&text_, &argument);
+        if (SUCCEEDED(result_)) result_ = VariantChangeType(&text_, &text_, 0, VT_BSTR);
+    }
+    TextArgument(const TextArgument&) = delete;
+    TextArgument& operator=(const TextArgument&) = delete;
+    ~TextArgument() { VariantClear(&text_); }
+
+    HRESULT Result() const { return result_; }
+    runtime::StringView Text() const { return {runtime::win32::Narrowed(text_.bstrVal), SysStringLen(text_.bstrVal)}; }
+
+ private:
+    VARIANT text_;
+    HRESULT result_;
+};
+
+}  // namespace
+
+HRESULT EventSink::QueryInterface(REFIID id, void** object) {
+    if (object == nullptr) return E_POINTER;
+    const bool known = id == __uuidof(IUnknown) || id == __uuidof(IDispatch) || id == __uuidof(__clsQmxBackProcess);
+    *object = known ? this : nullptr;
+    if (!known) return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
+
+ULONG EventSink::AddRef() {
+    return ++references_;
+}
+
+ULONG EventSink::Release() {
+    const ULONG left = --references_;
+    if (left == 0) delete this;
+    return left;
+}
+
+HRESULT EventSink::GetTypeInfoCount(UINT* count) {
+    if (count == nullptr) return E_POINTER;
+    *count = 0;
+    return S_OK;
+}
+
+HRESULT EventSink::GetTypeInfo(UINT, LCID, ITypeInfo** information) {
+    if (information != nullptr) *information = nullptr;
+    return E_NOTIMPL;
+}
+
+HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) {
+    return E_NOTIMPL;
+}
+
+HRESULT EventSink::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*, UINT*) try {
+    if (member != kNotifyServer) return DISP_E_MEMBERNOTFOUND;
+    if (parameters == nullptr || parameters->cArgs != 2) return DISP_E_BADPARAMCOUNT;
+    // Arguments arrive last first.
+    const TextArgument name(parameters->rgvarg[1]);
+    const TextArgument command(parameters->rgvarg[0]);
+    if (FAILED(name.Result())) return name.Result();
+    if (FAILED(command.Result())) return command.Result();
+    notifyServer_(name.Text(), command.Text());
+    return S_OK;
+} catch (const std::bad_alloc&) {
+    return E_OUTOFMEMORY;
+} catch (const std::exception&) {
+    return E_FAIL;
+}
+
+}  // namespace tools

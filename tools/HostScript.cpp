@@ -1,0 +1,117 @@
+// Reading of the module host's lines.
+#include "tools/HostScript.h"
+
+#include <algorithm>
+#include <array>
+
+#include "tools/Display.h"
+
+namespace tools {
+
+namespace {
+
+enum class Form {
+    kAlone,          ///< create
+    kNumber,         ///< load 1
+    kNumberAndText,  ///< notify 1 All,SAVE
+    kKey,            ///< get IniFile
+    kKeyAndText,     ///< set JobDir C:\JOB
+};
+
+struct VerbForm {
+    StringView name;
+    HostVerb verb;
+    Form form;
+};
+
+constexpr std::array kVerbs{
+    VerbForm{u"create", HostVerb::kCreate, Form::kAlone},
+    VerbForm{u"load", HostVerb::kLoad, Form::kNumber},
+    VerbForm{u"notify", HostVerb::kNotify, Form::kNumberAndText},
+    VerbForm{u"sever", HostVerb::kSever, Form::kNumberAndText},
+    VerbForm{u"release", HostVerb::kRelease, Form::kNumber},
+    VerbForm{u"set", HostVerb::kSet, Form::kKeyAndText},
+    VerbForm{u"get", HostVerb::kGet, Form::kKey},
+    VerbForm{u"strings", HostVerb::kStrings, Form::kAlone},
+    VerbForm{u"pump", HostVerb::kPump, Form::kNumber},
+};
+
+constexpr StringView kBlanks = u" \t";
+
+/// Takes words off the front of a line; what is left keeps its blanks.
+class Words {
+ public:
+    explicit Words(StringView line) : rest_(line) {}
+
+    /// "" when there is no further word.
+    StringView Next() {
+        rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
+        const StringView word = rest_.substr(0, rest_.find_first_of(kBlanks));
+        rest_.remove_prefix(word.size());
+        return word;
+    }
+
+    /// Everything after the one blank that ended the last word.
+    std::optional<String> Rest() const {
+        if (rest_.empty()) return std::nullopt;
+        return String(rest_.substr(1));
+    }
+
+ private:
+    StringView rest_;
+};
+
+const VerbForm& FindVerb(StringView name) {
+    const auto verb = std::find_if(kVerbs.begin(), kVerbs.end(), [&](const VerbForm& row) { return row.name == name; });
+    if (verb == kVerbs.end()) throw HostScriptError("there is no command '" + Display(name) + "'");
+    return *verb;
+}
+
+/// Nine digits at most, so that the value always fits.
+std::int32_t ToNumber(StringView word) {
+    constexpr std::size_t kMostDigits = 9;
+    const auto isDigit = [](char16_t unit) { return unit >= u'0' && unit <= u'9'; };
+    if (word.empty() || word.size() > kMostDigits || !std::all_of(word.begin(), word.end(), isDigit)) {
+        throw HostScriptError("'" + Display(word) + "' is not a number");
+    }
+    std::int32_t number = 0;
+    for (const char16_t digit : word) number = number * 10 + (digit - u'0');
+    return number;
+}
+
+StringView Required(StringView word, const char* what) {
+    if (word.empty()) throw HostScriptError(std::string(what) + " is missing");
+    return word;
+}
+
+bool TakesNumber(Form form) {
+    return form == Form::kNumber || form == Form::kNumberAndText;
+}
+bool TakesKey(Form form) {
+    return form == Form::kKey || form == Form::kKeyAndText;
+}
+bool TakesText(Form form) {
+    return form == Form::kNumberAndText || form == Form::kKeyAndText;
+}
+
+}  // namespace
+
+HostCommand ParseHostCommand(StringView line) {
+    Words words(line);
+    const StringView name = words.Next();
+    if (name.empty() || name.front() == u'#') return {};
+
+    const VerbForm& row = FindVerb(name);
+    HostCommand command;
+    command.verb = row.verb;
+    if (TakesNumber(row.form)) command.number = ToNumber(Required(words.Next(), "the number"));
+    if (TakesKey(row.form)) command.key = Required(words.Next(), "the key");
+    if (TakesText(row.form)) {
+        command.text = words.Rest();
+    } else if (const StringView more = words.Next(); !more.empty()) {
+        throw HostScriptError("'" + Display(more) + "' is one word too many");
+    }
+    return command;
+}
+
+}  // namespace tools

@@ -1,0 +1,119 @@
+// `backproc host`: the component hosted as a module would, driven by lines of text.
+#include <filesystem>
+#include <fstream>
+#include <istream>
+#include <ostream>
+
+#include "tools/Apartment.h"
+#include "tools/Display.h"
+#include "tools/LineReader.h"
+#include "tools/MessagePump.h"
+#include "tools/ModuleHost.h"
+#include "tools/Verbs.h"
+
+namespace tools {
+
+namespace {
+
+constexpr std::string_view kHelp =
+    R"(Usage: backproc host [FILE] ["/sys:FOLDER"]
+
+Hosts the component as a module of the suite would: in this process, through COM, with an event sink connected to
+each instance. Commands come one a line (UTF-8) from FILE, or from standard input.
+
+  create          creates an instance                         1 created
+  load N          calls Load                                  1 Load True
+  notify N TEXT   hands TEXT to NotifyMe                      1 NotifyMe
+  sever N VALUE   puts SeverPath; shows the value put         1 SeverPath [VALUE]
+  sever N         gets SeverPath                              1 SeverPath []
+  release N       releases the instance                       1 released
+  set KEY VALUE   sets a shared string of the suite
+  get KEY         shows one; 'KEY=' alone if there is none    KEY=[VALUE]
+  strings         shows them all, sorted by key               KEY=[VALUE]
+  pump MS         serves window messages for so many milliseconds
+
+Instances are numbered from 1 in the order of their 'create' lines; no number is used twice. TEXT and VALUE are the
+rest of the line after one blank, as it stands; they may be empty or absent. Blank lines and lines that start with
+'#' are skipped. Window messages are served between the lines and while waiting for one.
+
+An event is shown the moment it comes:                        1 NotifyServer [MODULE] [COMMAND]
+A call that fails, and the host goes on:                      1 error 0x800A0035 File not found
+A control character inside a text is shown by its picture, a line feed as one character, so that each fact is one line.
+
+The component reads this process's command line as it would a module's: "/sys:FOLDER", in double quotes, is its system
+folder.
+
+At the end of the input all instances are released in the order of their creation. The exit code is 1 if a call
+failed or a line could not be understood (the message names the line), else 0.
+
+Example, in a command prompt:
+  (echo create& echo load 1& echo notify 1 All,SAVE) | backproc host
+)";
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// The lines of one run, counted, and whether all went well.
+class HostRun {
+ public:
+    HostRun(std::istream& in, Console& console) : reader_(in), host_(console.out), err_(console.err) {}
+
+    bool Run() {
+        while (std::optional<std::string> line = reader_.Next()) {
+            ++count_;
+            if (count_ == 1 && line->starts_with(kByteOrderMark)) line->erase(0, kByteOrderMark.size());
+            succeeded_ = RunLine(*line) && succeeded_;
+        }
+        return host_.ReleaseAll() && succeeded_;
+    }
+
+ private:
+    bool RunLine(const std::string& line) {
+        try {
+            return host_.Run(ParseHostCommand(runtime::FromUtf8(line)));
+        } catch (const std::exception& error) {
+            err_ << "backproc host: line " << count_ << ": " << error.what() << '\n' << std::flush;
+            return false;
+        }
+    }
+
+    LineReader reader_;
+    ModuleHost host_;
+    std::ostream& err_;
+    int count_ = 0;
+    bool succeeded_ = true;
+};
+
+/// In any letter case, as the component takes it.
+bool IsSystemFolder(const String& argument) {
+    constexpr std::wstring_view kOption = L"/sys:";
+    return _wcsnicmp(runtime::win32::Wide(argument), kOption.data(), kOption.size()) == 0;
+}
+
+/// The argument that names the script; none for standard input.
+std::optional<String> ScriptFile(const Arguments& arguments) {
+    std::optional<String> file;
+    for (const String& argument : arguments) {
+        // The component itself finds this one on the process's command line.
+        if (IsSystemFolder(argument)) continue;
+        if (file) throw UsageError("takes one FILE at most");
+        file = argument;
+    }
+    return file;
+}
+
+int RunHost(const Arguments& arguments, Console& console) {
+    const std::optional<String> name = ScriptFile(arguments);
+    std::ifstream file;
+    if (name) {
+        file.open(std::filesystem::path(*name), std::ios::binary);
+        if (!file) throw std::runtime_error("cannot read '" + Display(*name) + "'");
+    }
+    const Apartment apartment;
+    return HostRun(name ? file : console.in, console).Run() ? kSuccess : kFailure;
+}
+
+}  // namespace
+
+const Verb kHostVerb = {"host", "Hosts the component and calls it, driven by lines of text", kHelp, RunHost};
+
+}  // namespace tools

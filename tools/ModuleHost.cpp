@@ -1,0 +1,171 @@
+// Instances of the component and what they say.
+#include "tools/ModuleHost.h"
+
+#include <ostream>
+
+#include "host/com/Bstr.h"
+#include "tools/ComFailure.h"
+#include "tools/Display.h"
+#include "tools/EventSink.h"
+#include "tools/MessagePump.h"
+
+namespace tools {
+
+namespace {
+
+using host::com::Bstr;
+using host::com::ComPtr;
+
+std::string Bracketed(StringView text) {
+    std::string bracketed(1, '[');
+    return bracketed.append(Display(text)).append(1, ']');
+}
+
+void Connect(_clsQmxBackProcess& instance, EventSink::NotifyServer notifyServer) {
+    ComPtr<IConnectionPointContainer> container;
+    ThrowIfFailed(instance.QueryInterface(__uuidof(IConnectionPointContainer), container.PutVoid()));
+    ComPtr<IConnectionPoint> point;
+    ThrowIfFailed(container->FindConnectionPoint(__uuidof(__clsQmxBackProcess), point.Put()));
+    const auto sink = ComPtr<EventSink>::Attach(new EventSink(std::move(notifyServer)));
+    // The connection is never cut: the instance is to be heard until its last release is over.
+    DWORD cookie = 0;
+    ThrowIfFailed(point->Advise(sink.Get(), &cookie));
+}
+
+}  // namespace
+
+bool ModuleHost::Run(const HostCommand& command) {
+    switch (command.verb) {
+        case HostVerb::kNothing:
+            return true;
+        case HostVerb::kCreate:
+            return Create();
+        case HostVerb::kLoad:
+            return Load(command.number);
+        case HostVerb::kNotify:
+            return NotifyMe(command.number, command.text);
+        case HostVerb::kSever:
+            return SeverPath(command.number, command.text);
+        case HostVerb::kRelease:
+            return Release(command.number);
+        case HostVerb::kSet:
+            strings_.Set(command.key, command.text.value_or(String()));
+            return true;
+        case HostVerb::kGet:
+            PrintString(command.key);
+            return true;
+        case HostVerb::kStrings:
+            PrintStrings();
+            return true;
+        case HostVerb::kPump:
+            PumpFor(std::chrono::milliseconds(command.number));
+            return true;
+    }
+    return false;
+}
+
+bool ModuleHost::ReleaseAll() {
+    bool released = true;
+    while (!instances_.empty()) released = Release(instances_.begin()->first) && released;
+    return released;
+}
+
+bool ModuleHost::Create() {
+    const std::int32_t number = ++lastNumber_;
+    return Report(number, [&] {
+        instances_.emplace(number, NewInstance(number));
+        return std::string("created");
+    });
+}
+
+bool ModuleHost::Load(std::int32_t number) {
+    _clsQmxBackProcess& instance = Find(number);
+    return Report(number, [&] {
+        short mode = 0;
+        VARIANT_BOOL result = VARIANT_FALSE;
+        ThrowIfFailed(instance.Load(&mode, &result));
+        return std::string(result == VARIANT_FALSE ? "Load False" : "Load True");
+    });
+}
+
+bool ModuleHost::NotifyMe(std::int32_t number, const std::optional<String>& command) {
+    _clsQmxBackProcess& instance = Find(number);
+    return Report(number, [&] {
+        Bstr name;
+        Bstr text(command.value_or(String()));
+        ThrowIfFailed(instance.NotifyMe(name.Address(), text.Address()));
+        return std::string("NotifyMe");
+    });
+}
+
+bool ModuleHost::SeverPath(std::int32_t number, const std::optional<String>& value) {
+    _clsQmxBackProcess& instance = Find(number);
+    return Report(number, [&] {
+        if (value) {
+            ThrowIfFailed(instance.put_SeverPath(Bstr(*value).Get()));
+            return "SeverPath " + Bracketed(*value);
+        }
+        Bstr path;
+        ThrowIfFailed(instance.get_SeverPath(path.Address()));
+        return "SeverPath " + Bracketed(path.Text());
+    });
+}
+
+bool ModuleHost::Release(std::int32_t number) {
+    Find(number);
+    Instance instance = std::move(instances_.extract(number).mapped());
+    const bool succeeded = Report(number, [&] {
+        instance.Reset();
+        ThrowIfErrorObject();
+        return std::string();
+    });
+    Print(std::to_string(number) + " released");
+    return succeeded;
+}
+
+void ModuleHost::PrintString(StringView key) {
+    const std::optional<String> value = strings_.Get(key);
+    Print(Display(key) + "=" + (value ? Bracketed(*value) : std::string()));
+}
+
+void ModuleHost::PrintStrings() {
+    for (const auto& [key, value] : strings_.All()) Print(Display(key) + "=" + Bracketed(value));
+}
+
+ModuleHost::Instance ModuleHost::NewInstance(std::int32_t number) {
+    CLSID identifier;
+    ThrowIfFailed(CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &identifier));
+    Instance instance;
+    ThrowIfFailed(
+        CoCreateInstance(identifier, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_clsQmxBackProcess), instance.PutVoid()));
+    Connect(*instance.Get(), [this, number](StringView Aname, StringView sCommand) {
+        Print(std::to_string(number) + " NotifyServer " + Bracketed(Aname) + " " + Bracketed(sCommand));
+    });
+    return instance;
+}
+
+_clsQmxBackProcess& ModuleHost::Find(std::int32_t number) const {
+    const auto instance = instances_.find(number);
+    if (instance == instances_.end()) throw HostScriptError("there is no instance " + std::to_string(number));
+    return *instance->second.Get();
+}
+
+/// Prints the outcome that `call` gives, unless it is empty, or its failure.
+template <typename Call>
+bool ModuleHost::Report(std::int32_t number, Call&& call) {
+    try {
+        ClearErrorObject();
+        const std::string outcome = call();
+        if (!outcome.empty()) Print(std::to_string(number) + " " + outcome);
+        return true;
+    } catch (const ComFailure& failure) {
+        Print(std::to_string(number) + " error " + failure.what());
+        return false;
+    }
+}
+
+void ModuleHost::Print(const std::string& line) {
+    out_ << line << '\n' << std::flush;
+}
+
+}  // namespace tools

@@ -1,0 +1,40 @@
+// `backproc modules`: the suite's modules as this component would find them.
+#include <ostream>
+
+#include "host/Composition.h"
+#include "routing/ModuleList.h"
+#include "runtime/win32/WindowsHeaders.h"
+#include "tools/Display.h"
+#include "tools/Verbs.h"
+
+namespace tools {
+
+namespace {
+
+constexpr std::string_view kHelp =
+    R"(Usage: backproc modules
+
+Shows the modules that the shared string "AllAps" lists, one a line with its number and a tab; this component's own
+entry is marked with a further tab and 'own'. Prints nothing when there is no list.
+
+Example:
+  backproc modules
+)";
+
+int RunModules(const Arguments& arguments, Console& console) {
+    if (!arguments.empty()) throw UsageError("takes no arguments");
+    host::EnsureComposed(GetModuleHandleW(nullptr));
+    routing::ReadModuleList();
+    for (std::int32_t i = 1; i <= routing::ModuleCount; ++i) {
+        const bool isOwn = i == routing::OwnModuleIndex;
+        console.out << i << '\t' << Display(routing::ModuleNames[static_cast<std::size_t>(i)])
+                    << (isOwn ? "\town\n" : "\n");
+    }
+    return kSuccess;
+}
+
+}  // namespace
+
+const Verb kModulesVerb = {"modules", "Shows the suite's modules", kHelp, RunModules};
+
+}  // namespace tools

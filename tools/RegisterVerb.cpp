@@ -1,0 +1,85 @@
+// `backproc register` and `backproc unregister`: the component's entries in the registry.
+#include <ostream>
+
+#include "host/com/ComHeaders.h"
+#include "tools/ComFailure.h"
+#include "tools/Display.h"
+#include "tools/Registration.h"
+#include "tools/Verbs.h"
+
+namespace tools {
+
+namespace {
+
+constexpr std::string_view kRegisterHelp =
+    R"(Usage: backproc register [--user]
+
+Registers the K4TBackProcess.dll beside the tool for all users of the machine, which needs an administrator's rights;
+with --user for the current user alone, which needs none. Shows what was registered, and where.
+
+Example:
+  backproc register --user
+)";
+
+constexpr std::string_view kUnregisterHelp =
+    R"(Usage: backproc unregister [--user]
+
+Takes the registration for all users of the machine back, which needs an administrator's rights; with --user that of
+the current user.
+
+Example:
+  backproc unregister --user
+)";
+
+Scope ReadScope(const Arguments& arguments) {
+    if (arguments.empty()) return Scope::kMachine;
+    if (arguments.size() == 1 && arguments.front() == u"--user") return Scope::kUser;
+    throw UsageError("takes nothing but --user");
+}
+
+bool IsMissingRight(HRESULT result) {
+    constexpr HRESULT kRefused[] = {E_ACCESSDENIED, TYPE_E_REGISTRYACCESS, SELFREG_E_CLASS, SELFREG_E_TYPELIB};
+    for (const HRESULT refused : kRefused) {
+        if (result == refused) return true;
+    }
+    return false;
+}
+
+/// Runs `change`; where a right is missing, the error says what can be done.
+void Change(void (*change)(Scope), Scope scope) try { change(scope); } catch (const ComFailure& failure) {
+    if (scope == Scope::kUser || !IsMissingRight(failure.Result())) throw;
+    throw std::runtime_error(std::string(failure.what()) +
+                             "\nThe machine's registration needs an administrator's rights; --user needs none.");
+}
+
+void PrintClass(std::ostream& out) {
+    out << "class K4TBackProcess.clsQmxBackProcess\n"
+        << "identifier " << Display(ClassIdentifier()) << '\n';
+}
+
+int RunRegister(const Arguments& arguments, Console& console) {
+    const Scope scope = ReadScope(arguments);
+    Change(Register, scope);
+    const std::optional<String> library = RegisteredLibrary(scope);
+    if (!library) throw std::runtime_error(std::string("nothing was registered in ") + RegistryPlace(scope));
+    PrintClass(console.out);
+    console.out << "library " << Display(*library) << '\n' << "registered in " << RegistryPlace(scope) << '\n';
+    return kSuccess;
+}
+
+int RunUnregister(const Arguments& arguments, Console& console) {
+    const Scope scope = ReadScope(arguments);
+    const bool wasThere = RegisteredLibrary(scope).has_value();
+    Change(Unregister, scope);
+    if (RegisteredLibrary(scope)) throw std::runtime_error(std::string("still registered in ") + RegistryPlace(scope));
+    PrintClass(console.out);
+    console.out << (wasThere ? "removed from " : "was not registered in ") << RegistryPlace(scope) << '\n';
+    return kSuccess;
+}
+
+}  // namespace
+
+const Verb kRegisterVerb = {"register", "Registers the component for all users or for one", kRegisterHelp, RunRegister};
+const Verb kUnregisterVerb = {"unregister", "Takes the registration back", kUnregisterHelp, RunUnregister};
+
+}  // namespace tools

@@ -1,0 +1,71 @@
+// Looking at the suite's shared strings.
+#include "tools/SharedStrings.h"
+
+#include <stdexcept>
+
+#include "runtime/Error.h"
+#include "runtime/win32/Win32Process.h"
+
+namespace tools {
+
+namespace {
+
+constexpr const char* kListEntry = "QmxDev_NextString";
+/// Gives the key after `afterKey`, the first one for null: the bytes that it takes with its NUL, 0 after the last key.
+/// A buffer that is too small is left alone.
+using NextString = long __stdcall(const char* afterKey, char* keyBuffer, long size);
+
+NextString& ListEntry() {
+    // The library is loaded: a string was asked for before.
+    const FARPROC entry = GetProcAddress(GetModuleHandleW(L"QmxKrn2K.dll"), kListEntry);
+    if (entry == nullptr) {
+        throw runtime::Error(runtime::kDllEntryPointNotFound,
+                             runtime::StandardDescription(runtime::kDllEntryPointNotFound) + u": " +
+                                 runtime::FromAscii(kListEntry) + u"; this kernel does not list its strings");
+    }
+    return *reinterpret_cast<NextString*>(reinterpret_cast<void*>(entry));
+}
+
+}  // namespace
+
+SharedStrings::SharedStrings() : kernel_(runtime::win32::Win32Process(nullptr).ComponentFolder()) {}
+
+std::optional<String> SharedStrings::Get(StringView key) {
+    const kernel_api::TextPointer text = kernel_.E_GetString(key);
+    if (text <= 0) return std::nullopt;
+    return locale_.FromAnsi(reinterpret_cast<const char*>(text));
+}
+
+void SharedStrings::Set(StringView key, StringView value) {
+    String text(value);
+    kernel_.E_SetString(key, text);
+}
+
+std::map<String, String> SharedStrings::All() {
+    std::map<String, String> strings;
+    Get(u"");
+    std::optional<std::string> key = KeyAfter(nullptr);
+    while (key) {
+        const String name = locale_.FromAnsi(*key);
+        // Another process may have taken it away meanwhile.
+        if (std::optional<String> value = Get(name)) strings.emplace(name, *std::move(value));
+        key = KeyAfter(key->c_str());
+    }
+    return strings;
+}
+
+std::optional<std::string> SharedStrings::KeyAfter(const char* key) {
+    NextString& nextString = ListEntry();
+    std::string buffer(64, '\0');
+    for (;;) {
+        const auto size = static_cast<long>(buffer.size());
+        const long needed = nextString(key, buffer.data(), size);
+        if (needed < 0) throw std::runtime_error("the kernel cannot reach its strings");
+        if (needed == 0) return std::nullopt;
+        const auto bytes = static_cast<std::size_t>(needed);
+        if (needed <= size) return buffer.substr(0, bytes - 1);
+        buffer.resize(bytes);
+    }
+}
+
+}  // namespace tools

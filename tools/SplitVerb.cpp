@@ -1,0 +1,62 @@
+// `backproc split`: a text's comma fields, as the suite's modules read them.
+#include <chrono>
+#include <cstdlib>
+#include <future>
+#include <iomanip>
+#include <limits>
+#include <ostream>
+#include <thread>
+
+#include "routing/FieldSplitter.h"
+#include "tools/Display.h"
+#include "tools/Verbs.h"
+
+namespace tools {
+
+namespace {
+
+constexpr std::string_view kHelp =
+    R"(Usage: backproc split TEXT
+
+Splits TEXT into comma fields as the suite's modules read them: a line a field with its number, a tab, its text, a
+tab and its numeric value; then the number of fields. A field may stand in double quotes. For a quoted field that is
+never closed the splitter does not return; the tool waits ten seconds and fails.
+
+Example:
+  backproc split "A,B,"
+)";
+
+constexpr std::chrono::seconds kLongestWait{10};
+
+/// Splits on another thread, because the splitter does not return for an unclosed quote. Such a thread cannot be
+/// ended, so the process is.
+void SplitOrEnd(const String& text, Console& console) {
+    std::packaged_task<void()> task([&text] { routing::SplitFields(text); });
+    std::future<void> done = task.get_future();
+    std::thread worker(std::move(task));
+    if (done.wait_for(kLongestWait) == std::future_status::timeout) {
+        console.err << "backproc split: no result after ten seconds; a double quote that opens a field is not closed\n"
+                    << std::flush;
+        std::_Exit(kFailure);
+    }
+    worker.join();
+    done.get();
+}
+
+int RunSplit(const Arguments& arguments, Console& console) {
+    if (arguments.size() != 1) throw UsageError("takes one TEXT");
+    SplitOrEnd(arguments[0], console);
+    const std::size_t count = routing::FieldTexts.size() - 1;
+    console.out << std::setprecision(std::numeric_limits<double>::digits10);
+    for (std::size_t i = 1; i <= count; ++i) {
+        console.out << i << '\t' << Display(routing::FieldTexts[i]) << '\t' << routing::FieldValues[i] << '\n';
+    }
+    console.out << count << '\n';
+    return kSuccess;
+}
+
+}  // namespace
+
+const Verb kSplitVerb = {"split", "Splits a text into comma fields", kHelp, RunSplit};
+
+}  // namespace tools

@@ -1,0 +1,45 @@
+// What a verb of the tool is: its name, what `help` says about it, and the function that carries it out. The table of
+// all verbs stands in Verbs.cpp; a new verb is one file and one row there.
+#pragma once
+
+#include <iosfwd>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+#include "runtime/Text.h"
+
+namespace tools {
+
+using runtime::String;
+using runtime::StringView;
+
+/// What follows the verb on the command line.
+using Arguments = std::vector<String>;
+
+/// The standard streams. They carry UTF-8 bytes as they are, with line feeds alone as line ends.
+struct Console {
+    std::istream& in;
+    std::ostream& out;
+    std::ostream& err;
+};
+
+enum ExitCode : int { kSuccess = 0, kFailure = 1, kBadUsage = 2 };
+
+struct Verb {
+    std::string_view name;
+    /// One line, without a full stop.
+    std::string_view summary;
+    /// Usage, then what it does, then an example; ends with a line feed.
+    std::string_view help;
+    /// Gives the exit code. An exception ends the tool with kFailure and its text, a UsageError with kBadUsage.
+    int (*run)(const Arguments& arguments, Console& console);
+};
+
+/// The arguments cannot be understood. The text (UTF-8) says why.
+class UsageError : public std::runtime_error {
+ public:
+    using std::runtime_error::runtime_error;
+};
+
+}  // namespace tools

@@ -1,0 +1,19 @@
+// The verbs that the tool has.
+#include "tools/Verbs.h"
+
+namespace tools {
+
+std::vector<Verb> AllVerbs() {
+    return {
+        kHostVerb,
+        kRaiseVerb,
+        kStringsVerb,
+        kModulesVerb,
+        kSplitVerb,
+        kWhereVerb,
+        kRegisterVerb,
+        kUnregisterVerb,
+    };
+}
+
+}  // namespace tools

@@ -1,0 +1,23 @@
+// The table of all verbs.
+#pragma once
+
+#include <vector>
+
+#include "tools/Verb.h"
+
+namespace tools {
+
+/// In the order in which the overview lists them.
+std::vector<Verb> AllVerbs();
+
+// Each is defined in the file of its name.
+extern const Verb kHostVerb;
+extern const Verb kRaiseVerb;
+extern const Verb kStringsVerb;
+extern const Verb kModulesVerb;
+extern const Verb kSplitVerb;
+extern const Verb kWhereVerb;
+extern const Verb kRegisterVerb;
+extern const Verb kUnregisterVerb;
+
+}  // namespace tools

@@ -1,0 +1,82 @@
+// `backproc where`: the folders and names that a client would get now, and where each comes from.
+#include <ostream>
+
+#include "host/Composition.h"
+#include "host/HostCommandLine.h"
+#include "kernel_api/dev/BuiltInReader.h"
+#include "runtime/Ports.h"
+#include "runtime/win32/WindowsHeaders.h"
+#include "services/modReg.h"
+#include "tools/Display.h"
+#include "tools/Verbs.h"
+
+namespace tools {
+
+namespace {
+
+using kernel_api::dev::BuiltInReader;
+using kernel_api::dev::FoundSetting;
+using kernel_api::dev::SettingSource;
+
+constexpr std::string_view kHelp =
+    R"(Usage: backproc where ["/sys:FOLDER"] ["FILE"]
+
+Shows what a client that starts now with these arguments would get: install folder, system folder, start file, INI
+file, the four folders and six identity values of the suite, one NAME=[VALUE] a line, followed by where the value
+comes from: 'command line', 'INI file', 'registry' or 'default'. Nothing is published.
+
+As on a module's command line, two arguments count only in double quotes.
+
+Example:
+  backproc where "/sys:C:\Orvane\sys"
+)";
+
+void Show(Console& console, std::string_view name, const String& value, std::string_view source) {
+    console.out << name << "=[" << Display(value) << "] " << source << '\n';
+}
+
+std::string_view NameOf(SettingSource source) {
+    switch (source) {
+        case SettingSource::IniFile:
+            return "INI file";
+        case SettingSource::Registry:
+            return "registry";
+        case SettingSource::None:
+            break;
+    }
+    return "default";
+}
+
+void ShowSettings(Console& console, BuiltInReader& reader, std::span<const services::SuiteSetting> settings) {
+    for (const services::SuiteSetting& setting : settings) {
+        const FoundSetting found = reader.Find(services::kSettingsApplication, setting.key);
+        const bool isDefault = found.source == SettingSource::None;
+        Show(console, runtime::ToUtf8(setting.meaning), isDefault ? services::DefaultOf(setting) : found.value,
+             NameOf(found.source));
+    }
+}
+
+int RunWhere(const Arguments& /*arguments*/, Console& console) {
+    host::EnsureComposed(GetModuleHandleW(nullptr));
+    const runtime::Ports& ports = runtime::CurrentPorts();
+    const String installFolder = services::GetInstallFolder();
+    host::HostCommandLine given = host::ReadHostCommandLine();
+    const bool isBeside = given.systemFolder == installFolder + u"\\sys";
+    BuiltInReader reader(ports.files, ports.settings, ports.locale);
+    reader.NormaliseFolder(given.systemFolder);
+    const String iniFile = given.systemFolder + u"MARLENTO.INI";
+
+    Show(console, "install folder", installFolder, "component");
+    Show(console, "system folder", given.systemFolder, isBeside ? "default" : "command line");
+    Show(console, "start file", given.startFile, given.startFile.empty() ? "none" : "command line");
+    Show(console, "INI file", iniFile, ports.files.Stamp(iniFile) ? "there" : "missing");
+    ShowSettings(console, reader, services::FolderSettings());
+    ShowSettings(console, reader, services::IdentitySettings());
+    return kSuccess;
+}
+
+}  // namespace
+
+const Verb kWhereVerb = {"where", "Shows the folders and names that a client would get", kHelp, RunWhere};
+
+}  // namespace tools

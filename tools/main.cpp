@@ -1,0 +1,47 @@
+// The command-line tool: the real process around Tool.
+#include "runtime/win32/WindowsHeaders.h"
+
+#include <fcntl.h>
+#include <io.h>
+#include <shellapi.h>
+
+#include <cstdio>
+#include <iostream>
+
+#include "tools/Tool.h"
+#include "tools/Verbs.h"
+
+namespace {
+
+/// Lets a console show the UTF-8 that the tool writes, and gives it its own code page back afterwards.
+class Utf8Console {
+ public:
+    Utf8Console() : former_(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
+    Utf8Console(const Utf8Console&) = delete;
+    Utf8Console& operator=(const Utf8Console&) = delete;
+    ~Utf8Console() { SetConsoleOutputCP(former_); }
+
+ private:
+    UINT former_;
+};
+
+tools::Arguments ProcessArguments() {
+    int count = 0;
+    wchar_t** texts = CommandLineToArgvW(GetCommandLineW(), &count);
+    if (texts == nullptr) throw std::bad_alloc();
+    tools::Arguments arguments;
+    for (int i = 1; i < count; ++i) arguments.push_back(runtime::win32::ToString(texts[i]));
+    LocalFree(texts);
+    return arguments;
+}
+
+}  // namespace
+
+int main() {
+    for (std::FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+    const Utf8Console utf8;
+    tools::Console console{std::cin, std::cout, std::cerr};
+    const int exitCode = tools::RunTool(tools::AllVerbs(), K4T_VERSION, ProcessArguments(), console);
+    std::cout.flush();
+    return std::cout ? exitCode : tools::kFailure;
+}
