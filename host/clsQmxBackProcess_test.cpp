@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "host/frmBackProcessMain.h"
+#include "runtime/Numbers.h"
 #include "runtime/Screen.h"
 #include "services/NumberFormats.h"
 #include "services/ProcessValues.h"
@@ -17,17 +18,30 @@ using services::processValues;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
+/// Ends an instance as its owner must: terminated first. Where that may fail, the test terminates it itself.
+struct Terminating {
+    void operator()(clsQmxBackProcess* object) const {
+        EXPECT_EQ(tests::ErrorOf([object] { object->Terminate(); }), 0);
+        delete object;
+    }
+};
+using Instance = std::unique_ptr<clsQmxBackProcess, Terminating>;
+
+Instance MakeWith(clsQmxBackProcess::NotifyServerEvent listener) {
+    return Instance(new clsQmxBackProcess(std::move(listener)));
+}
+
 /// Makes instances numbered from 1 that note what they hear as "1 MODULE|COMMAND".
 template <typename Base>
 class ServiceObjectOver : public Base {
  protected:
-    std::unique_ptr<clsQmxBackProcess> Make() {
+    Instance Make() {
         const std::string number = std::to_string(++made_);
-        return std::make_unique<clsQmxBackProcess>([this, number](String& module, String& command) {
+        return MakeWith([this, number](String& module, String& command) {
             heard_.push_back(number + " " + runtime::ToUtf8(module) + "|" + runtime::ToUtf8(command));
         });
     }
-    bool Load(clsQmxBackProcess& object) {
+    static bool Load(clsQmxBackProcess& object) {
         std::int16_t mode = 3;
         return object.Load(mode);
     }
@@ -93,65 +107,65 @@ class HostCommandLine : public Creation {
  protected:
     HostCommandLine() { memory_.process.SetComponentFolder(u"C:\\Pelorix"); }
 
-    std::unique_ptr<clsQmxBackProcess> MakeWith(StringView commandLine) {
+    Instance MakeOn(StringView commandLine) {
         memory_.process.SetCommandLine(commandLine);
         return Make();
     }
 };
 
 TEST_F(HostCommandLine, EmptyGivesTheFolderBesideTheComponent) {
-    const auto object = MakeWith(u"");
+    const auto object = MakeOn(u"");
     EXPECT_EQ(object->SystemFolder(), u"C:\\Pelorix\\sys\\");
     EXPECT_EQ(object->StartFile(), u"");
 }
 
 TEST_F(HostCommandLine, AcceptedSystemFolderIsTakenAsWritten) {
     memory_.files.AddFolder(u"C:\\cad\\sys");
-    const auto object = MakeWith(u"\"/sys:C:\\cad\\sys\\\"");
+    const auto object = MakeOn(u"\"/sys:C:\\cad\\sys\\\"");
     EXPECT_EQ(object->SystemFolder(), u"C:\\cad\\sys\\");
     EXPECT_EQ(Kept(u"IniFile"), u"C:\\cad\\sys\\MARLENTO.INI");
 }
 
 TEST_F(HostCommandLine, MissingFinalBackslashIsAdded) {
     memory_.files.AddFolder(u"C:\\cad");
-    EXPECT_EQ(MakeWith(u"/SYS:  C:\\cad  ")->SystemFolder(), u"C:\\cad\\");
-    EXPECT_EQ(MakeWith(u"/sys:d:")->SystemFolder(), u"d:\\");
+    EXPECT_EQ(MakeOn(u"/SYS:  C:\\cad  ")->SystemFolder(), u"C:\\cad\\");
+    EXPECT_EQ(MakeOn(u"/sys:d:")->SystemFolder(), u"d:\\");
 }
 
 TEST_F(HostCommandLine, RefusedSystemFolderChangesNothing) {
     memory_.messageBox.answers = {1};
-    const auto object = MakeWith(u"/sys:C:\\nowhere");
+    const auto object = MakeOn(u"/sys:C:\\nowhere");
     EXPECT_EQ(object->SystemFolder(), u"C:\\Pelorix\\sys\\");
     EXPECT_EQ(memory_.messageBox.shown.size(), 1u);
 }
 
 TEST_F(HostCommandLine, ExistingFileIsTheStartFile) {
     memory_.files.AddFile(u"C:\\Designs\\Amp One.sch");
-    EXPECT_EQ(MakeWith(u"c:\\designs\\AMP one.sch")->StartFile(), u"c:\\designs\\AMP one.sch");
-    EXPECT_EQ(MakeWith(u"\" C:\\Designs\\Amp One.sch \"")->StartFile(), u"C:\\Designs\\Amp One.sch");
+    EXPECT_EQ(MakeOn(u"c:\\designs\\AMP one.sch")->StartFile(), u"c:\\designs\\AMP one.sch");
+    EXPECT_EQ(MakeOn(u"\" C:\\Designs\\Amp One.sch \"")->StartFile(), u"C:\\Designs\\Amp One.sch");
 }
 
 TEST_F(HostCommandLine, PieceThatMatchesNoFileSetsNothing) {
-    EXPECT_EQ(MakeWith(u"C:\\missing.sch")->StartFile(), u"");
+    EXPECT_EQ(MakeOn(u"C:\\missing.sch")->StartFile(), u"");
 }
 
 TEST_F(HostCommandLine, PatternWhoseFirstMatchItDoesNotEndWithSetsNothing) {
     memory_.files.AddFile(u"C:\\a.sch");
-    EXPECT_EQ(MakeWith(u"C:\\*.sch")->StartFile(), u"");
+    EXPECT_EQ(MakeOn(u"C:\\*.sch")->StartFile(), u"");
 }
 
 TEST_F(HostCommandLine, IsSplitAtQuotesAndNeverAtBlanks) {
     memory_.files.AddFile(u"C:\\a b.sch");
-    EXPECT_EQ(MakeWith(u"C:\\a b.sch")->StartFile(), u"C:\\a b.sch");
-    EXPECT_EQ(MakeWith(u"C:\\a b.sch /sys:d:")->StartFile(), u"");
+    EXPECT_EQ(MakeOn(u"C:\\a b.sch")->StartFile(), u"C:\\a b.sch");
+    EXPECT_EQ(MakeOn(u"C:\\a b.sch /sys:d:")->StartFile(), u"");
 }
 
 TEST_F(HostCommandLine, TwoPiecesBothCountInEitherOrder) {
     memory_.files.AddFile(u"C:\\a.sch");
-    auto object = MakeWith(u"\"/sys:d:\" \"C:\\a.sch\"");
+    auto object = MakeOn(u"\"/sys:d:\" \"C:\\a.sch\"");
     EXPECT_EQ(object->SystemFolder(), u"d:\\");
     EXPECT_EQ(object->StartFile(), u"C:\\a.sch");
-    object = MakeWith(u"C:\\a.sch \"/sys:e:\\\"");
+    object = MakeOn(u"C:\\a.sch \"/sys:e:\\\"");
     EXPECT_EQ(object->SystemFolder(), u"e:\\");
     EXPECT_EQ(object->StartFile(), u"C:\\a.sch");
 }
@@ -159,33 +173,43 @@ TEST_F(HostCommandLine, TwoPiecesBothCountInEitherOrder) {
 TEST_F(HostCommandLine, OfTwoPiecesOfAKindTheLaterWins) {
     memory_.files.AddFile(u"C:\\a.sch");
     memory_.files.AddFile(u"C:\\b.sch");
-    EXPECT_EQ(MakeWith(u"\"C:\\a.sch\"\"C:\\b.sch\"")->StartFile(), u"C:\\b.sch");
-    EXPECT_EQ(MakeWith(u"\"/sys:d:\" \"/sys:e:\"")->SystemFolder(), u"e:\\");
+    EXPECT_EQ(MakeOn(u"\"C:\\a.sch\"\"C:\\b.sch\"")->StartFile(), u"C:\\b.sch");
+    EXPECT_EQ(MakeOn(u"\"/sys:d:\" \"/sys:e:\"")->SystemFolder(), u"e:\\");
 }
 
 TEST_F(HostCommandLine, LaterPieceThatIsRefusedLeavesTheEarlierOne) {
     memory_.files.AddFile(u"C:\\a.sch");
-    EXPECT_EQ(MakeWith(u"\"C:\\a.sch\" \"C:\\missing.sch\"")->StartFile(), u"C:\\a.sch");
+    EXPECT_EQ(MakeOn(u"\"C:\\a.sch\" \"C:\\missing.sch\"")->StartFile(), u"C:\\a.sch");
     memory_.messageBox.answers = {1};
-    EXPECT_EQ(MakeWith(u"\"/sys:d:\" \"/sys:C:\\nowhere\"")->SystemFolder(), u"d:\\");
+    EXPECT_EQ(MakeOn(u"\"/sys:d:\" \"/sys:C:\\nowhere\"")->SystemFolder(), u"d:\\");
 }
 
 TEST_F(HostCommandLine, ThreePiecesSetNothing) {
     memory_.files.AddFile(u"C:\\a.sch");
-    const auto object = MakeWith(u"\"/sys:d:\" \"C:\\a.sch\" \"C:\\a.sch\"");
+    const auto object = MakeOn(u"\"/sys:d:\" \"C:\\a.sch\" \"C:\\a.sch\"");
     EXPECT_EQ(object->SystemFolder(), u"C:\\Pelorix\\sys\\");
     EXPECT_EQ(object->StartFile(), u"");
 }
 
 TEST_F(HostCommandLine, EmptyAndBlankPiecesDoNotCount) {
     memory_.files.AddFile(u"C:\\a.sch");
-    const auto object = MakeWith(u"\"\" \"  \" \"C:\\a.sch\" \"\"\"/sys:d:\"");
+    const auto object = MakeOn(u"\"\" \"  \" \"C:\\a.sch\" \"\"\"/sys:d:\"");
     EXPECT_EQ(object->SystemFolder(), u"d:\\");
     EXPECT_EQ(object->StartFile(), u"C:\\a.sch");
 }
 
 TEST_F(HostCommandLine, OfOnlyQuotesSetsNothing) {
-    EXPECT_EQ(MakeWith(u"\"\"\"\"")->SystemFolder(), u"C:\\Pelorix\\sys\\");
+    EXPECT_EQ(MakeOn(u"\"\"\"\"")->SystemFolder(), u"C:\\Pelorix\\sys\\");
+}
+
+TEST_F(HostCommandLine, SystemFolderWithoutANameIsRefused) {
+    for (const auto* commandLine : {u"/sys:", u"\"/SYS:   \"", u"  /sys:  "}) {
+        memory_.messageBox.answers = {1};
+        memory_.messageBox.shown.clear();
+        EXPECT_EQ(MakeOn(commandLine)->SystemFolder(), u"C:\\Pelorix\\sys\\");
+        ASSERT_EQ(memory_.messageBox.shown.size(), 1u);
+        EXPECT_EQ(memory_.messageBox.shown[0].prompt, u"Path:  not available");
+    }
 }
 
 using Loading = ServiceObjectOver<tests::ComponentTest>;
@@ -214,7 +238,38 @@ TEST_F(Loading, DoesNotChangeItsArgument) {
     EXPECT_EQ(mode, 7);
 }
 
+TEST_F(Loading, LeavesThePlacementOfTheNormalStateToBeSaved) {
+    const Instance object = Make();
+    Load(*object);
+    ASSERT_EQ(MainForm().State(), runtime::WindowState::kMinimised);
+    const runtime::Size screen = runtime::ScreenSize();
+    const runtime::Size outer = windows_.OuterSize({2025, 2130}, runtime::BorderStyle::kSizable);
+    object->Terminate();
+    std::vector<String> values;
+    for (const auto& setting : memory_.settings.Saved()) values.push_back(setting.value);
+    EXPECT_THAT(values, ElementsAre(runtime::PlainDecimal((screen.height - outer.height) / 2.0F),
+                                    runtime::PlainDecimal((screen.width - outer.width) / 2.0F),
+                                    runtime::PlainDecimal(outer.height), runtime::PlainDecimal(outer.width)));
+}
+
 using LoadingInMemory = ServiceObjectOver<tests::HeadlessComponentTest>;
+
+TEST_F(LoadingInMemory, GoesOnWithTheNextStatementWhenSettingTheStateFailed) {
+    const Instance object = Make();
+    memory_.windows.refuseWindows = 1;
+    EXPECT_TRUE(Load(*object));
+    EXPECT_TRUE(MainForm().IsLoaded());
+    // The state is set first, so that it is the one that failed.
+    EXPECT_EQ(MainForm().State(), runtime::WindowState::kNormal);
+}
+
+TEST_F(LoadingInMemory, HidesAsItsLastStatement) {
+    const Instance object = Make();
+    memory_.windows.refuseWindows = 2;
+    EXPECT_TRUE(Load(*object));
+    EXPECT_TRUE(MainForm().IsLoaded());
+    EXPECT_FALSE(MainForm().Visible());
+}
 
 TEST_F(LoadingInMemory, OfAVisibleFormIsFalseAndChangesNothing) {
     const auto object = Make();
@@ -251,6 +306,14 @@ TEST_F(LoadingInMemory, BesideAnEarlierInstanceLeavesNoFormAndNoMessage) {
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
 }
 
+TEST_F(LoadingInMemory, BesideAnEarlierInstanceSaysShutdownForEachOfItsStatements) {
+    const Instance object = Make();
+    memory_.process.SetEarlierInstance(true);
+    Load(*object);
+    EXPECT_THAT(heard_,
+                ElementsAre("1 K4TBACKPROCESS|SHUTDOWN", "1 K4TBACKPROCESS|SHUTDOWN", "1 K4TBACKPROCESS|SHUTDOWN"));
+}
+
 using Properties = ServiceObjectOver<tests::HeadlessComponentTest>;
 
 TEST_F(Properties, SeverPathReadsEmptyAndForgets) {
@@ -284,7 +347,7 @@ TEST_F(Relaying, TellsEveryInstanceInLinkOrder) {
 }
 
 TEST_F(Relaying, WhatOneClientChangesTheNextOneSees) {
-    const clsQmxBackProcess first([](String& module, String& command) {
+    const Instance first = MakeWith([](String& module, String& command) {
         module = u"CHANGED";
         command += u"!";
     });
@@ -296,11 +359,10 @@ TEST_F(Relaying, WhatOneClientChangesTheNextOneSees) {
 }
 
 TEST_F(Relaying, InstanceDestroyedByAnEarlierOnesClientIsNotToldAndTheRestAre) {
-    std::unique_ptr<clsQmxBackProcess> second;
+    Instance second;
     bool done = false;
-    const clsQmxBackProcess first([&](String&, String&) {
+    const Instance first = MakeWith([&](String&, String&) {
         if (std::exchange(done, true)) return;
-        second->Terminate();
         second.reset();
     });
     second = Make();
@@ -312,7 +374,7 @@ TEST_F(Relaying, InstanceDestroyedByAnEarlierOnesClientIsNotToldAndTheRestAre) {
 
 TEST_F(Relaying, ClientMayRaiseTheSameCommandAgain) {
     int depth = 0;
-    const clsQmxBackProcess first([&](String&, String& command) {
+    const Instance first = MakeWith([&](String&, String& command) {
         if (++depth < 3) MainForm().AP_SendCmdAll(command);
     });
     const auto second = Make();
@@ -350,9 +412,9 @@ TEST_F(Destruction, TerminatesOnce) {
 }
 
 TEST_F(Destruction, FromInsideItsOwnShutdownDoesNothingMore) {
-    std::unique_ptr<clsQmxBackProcess> object;
+    Instance object;
     int told = 0;
-    object = std::make_unique<clsQmxBackProcess>([&](String&, String&) {
+    object = MakeWith([&](String&, String&) {
         ++told;
         object->Terminate();
     });
@@ -401,6 +463,87 @@ TEST_F(Destruction, FailingKernelReachesTheCallerAndTheLinkIsCut) {
     EXPECT_EQ(LoadedWindowCount(), 0u);
     EXPECT_EQ(Kept(u"INITBP"), u"TERM");
     EXPECT_FALSE(Load(*object));
+}
+
+TEST_F(Destruction, CutsTheLinkBeforeItSaysTerm) {
+    const Instance object = Make();
+    bool raised = false;
+    kernel_.RewriteValues([&](const std::string& key, std::string&) {
+        if (key != "INITBP") return;
+        raised = true;
+        String command = u"LATE";
+        MainForm().AP_SendCmdAll(command);
+    });
+    object->Terminate();
+    EXPECT_TRUE(raised);
+    EXPECT_THAT(heard_, IsEmpty());
+}
+
+TEST_F(Destruction, FailingClientReachesTheCallerAfterTermIsSaid) {
+    const Instance object = MakeWith([](String&, String&) { throw runtime::Error(runtime::kTypeMismatch); });
+    Load(*object);
+    EXPECT_EQ(tests::ErrorOf([&] { object->Terminate(); }), runtime::kTypeMismatch);
+    EXPECT_EQ(Kept(u"INITBP"), u"TERM");
+    EXPECT_EQ(LoadedWindowCount(), 0u);
+}
+
+TEST_F(Destruction, RefusedSettingsReachTheCallerAfterTermIsSaid) {
+    const Instance object = Make();
+    Load(*object);
+    memory_.settings.Refuse();
+    EXPECT_EQ(tests::ErrorOf([&] { object->Terminate(); }), runtime::kInvalidProcedureCall);
+    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_EQ(Kept(u"INITBP"), u"TERM");
+    EXPECT_EQ(LoadedWindowCount(), 0u);
+}
+
+/// What clients do while they hear SHUTDOWN.
+class DuringShutdown : public Destruction {
+ protected:
+    /// An instance whose client does `then` when it hears something.
+    static Instance MakeThat(std::function<void()> then) {
+        return MakeWith([then](String&, String&) { then(); });
+    }
+};
+
+TEST_F(DuringShutdown, LoadDoesNotKeepTheForm) {
+    Instance busy;
+    int told = 0;
+    busy = MakeThat([&] {
+        ++told;
+        EXPECT_TRUE(Load(*busy));
+    });
+    const Instance other = Make();
+    Load(*busy);
+    busy->Terminate();
+    EXPECT_EQ(told, 1);
+    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_EQ(LoadedWindowCount(), 0u);
+}
+
+TEST_F(DuringShutdown, NewInstanceDoesNotHearItAndCanLoadAfterwards) {
+    Instance made;
+    const Instance maker = MakeThat([&] {
+        if (!made) made = Make();
+    });
+    Load(*maker);
+    maker->Terminate();
+    EXPECT_THAT(heard_, IsEmpty());
+    EXPECT_EQ(Kept(u"INITBP"), u"TERM");
+    ASSERT_TRUE(made);
+    EXPECT_TRUE(Load(*made));
+    EXPECT_TRUE(MainForm().IsLoaded());
+}
+
+TEST_F(DuringShutdown, InstanceThatIsReleasedDoesNotHearIt) {
+    Instance released;
+    const Instance releaser = MakeThat([&] { released.reset(); });
+    released = Make();
+    const Instance last = Make();
+    Load(*releaser);
+    releaser->Terminate();
+    EXPECT_THAT(heard_, ElementsAre("2 K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_EQ(LoadedWindowCount(), 0u);
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include "runtime/Screen.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/HandledForm.h"
 
 namespace host {
 namespace {
@@ -181,12 +182,13 @@ TEST_F(MainFormUnloadInMemory, LetsPendingEventsRunBetweenUnloads) {
 }
 
 TEST_F(MainFormUnloadInMemory, DialogThatGoesMeanwhileIsNotUnloadedTwice) {
-    runtime::Form dialog({.name = u"dialog", .caption = u"", .inner = {3000, 1500}});
+    tests::HandledForm dialog;
     form_.EnsureLoaded();
     dialog.EnsureLoaded();
     memory_.windows.Post([&] { dialog.Unload(); });
     form_.Unload();
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+    EXPECT_THAT(dialog.log, ElementsAre("load", "query 1", "unload"));
 }
 
 using MainFormEvents = MainFormOver<tests::ComponentTest>;
@@ -247,11 +249,20 @@ TEST_F(MainFormEventsInMemory, KeysHideTheForm) {
     EXPECT_EQ(character, u'a');
 }
 
-TEST_F(MainFormEventsInMemory, MinimisedFormIgnoresTheLimits) {
+TEST_F(MainFormEventsInMemory, MaximisedFormIgnoresTheLimits) {
     form_.EnsureLoaded();
-    form_.SetState(WindowState::kMinimised);
     memory_.windows.Last().Events().BoundsChanged({0, 0, 600, 300}, WindowState::kMaximised);
     EXPECT_EQ(form_.Width(), 600);
+    EXPECT_EQ(form_.Height(), 300);
+}
+
+TEST_F(MainFormEventsInMemory, MinimisedFormIgnoresTheLimits) {
+    form_.EnsureLoaded();
+    const runtime::Twips width = form_.Width();
+    memory_.windows.Last().Events().BoundsChanged({0, 0, 600, 300}, WindowState::kMinimised);
+    EXPECT_EQ(form_.State(), WindowState::kMinimised);
+    EXPECT_EQ(form_.Width(), width);
+    EXPECT_EQ(memory_.windows.Last().outer.width, width);
 }
 
 using MainFormCommands = MainFormOver<tests::HeadlessComponentTest>;

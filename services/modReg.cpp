@@ -55,8 +55,9 @@ bool IsBareDrive(StringView path) {
 }
 
 void ReportUnusableFolder(const String& path, const runtime::Error& error) {
-    const String prompt = GetLocalText(u"Path: ", u"991019 ") + path + GetLocalText(u" not available", u"99961 ");
-    ShowMessage(prompt, kExclamation | kSystemModal, error.Description());
+    const String before = GetLocalText(u"Path: ", u"991019 ");
+    const String after = GetLocalText(u" not available", u"99961 ");
+    ShowMessage(before + path + after, kExclamation | kSystemModal, error.Description());
 }
 
 }  // namespace

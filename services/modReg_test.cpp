@@ -6,12 +6,15 @@
 #include "runtime/Form.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/RecordingReader.h"
 
 namespace services {
 namespace {
 
 using runtime::headless::MemorySettings;
 using ::testing::ElementsAre;
+using ::testing::Pair;
+using ::testing::UnorderedElementsAre;
 
 class ModReg : public tests::HeadlessComponentTest {
  protected:
@@ -206,6 +209,29 @@ TEST_F(CheckingFolders, TitleIsTheDescriptionOfTheErrorThatChangingGave) {
     memory_.messageBox.answers = {1};
     EXPECT_EQ(CheckOf(u"C:\\locked"), 1);
     EXPECT_EQ(memory_.messageBox.shown.at(0).title, u"Path/File access error");
+}
+
+TEST_F(CheckingFolders, FolderFromWhichThereIsNoWayBackIsReportedWithThatError) {
+    memory_.files.AddFolder(u"C:\\here");
+    memory_.files.AddFolder(u"D:\\there");
+    memory_.files.ChangeFolder(u"C:\\here");
+    memory_.files.FailChange(u"C:\\here", runtime::kDeviceUnavailable);
+    memory_.messageBox.answers = {1};
+    EXPECT_EQ(CheckOf(u"D:\\there"), 1);
+    ASSERT_EQ(memory_.messageBox.shown.size(), 1u);
+    EXPECT_EQ(memory_.messageBox.shown[0].prompt, u"Path: D:\\THERE not available");
+    EXPECT_EQ(memory_.messageBox.shown[0].title, u"Device unavailable");
+}
+
+TEST_F(CheckingFolders, TextsOfTheReportAreAskedForByTheirIdentifiers) {
+    tests::RecordingReader recording(reader_);
+    kernel_api::UseReader(&recording);
+    memory_.messageBox.answers = {1};
+    CheckOf(u"C:\\no");
+    kernel_api::UseReader(&reader_);
+    // The blank behind each identifier belongs to it.
+    EXPECT_THAT(recording.Asked(),
+                UnorderedElementsAre(Pair(u"Path: ", u"991019 "), Pair(u" not available", u"99961 ")));
 }
 
 class SavingPlacement : public ModReg {

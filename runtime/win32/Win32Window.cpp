@@ -40,6 +40,8 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
                     static_cast<int>(known_.top), static_cast<int>(known_.right - known_.left),
                     static_cast<int>(known_.bottom - known_.top), nullptr, nullptr, system.Instance(), this);
     if (!window_) throw Error(kOutOfMemory);
+    // The system limits a new window's size before the procedure can lift the limits.
+    Win32Window::SetBounds(design.outer);
 }
 
 Win32Window::~Win32Window() {
@@ -145,9 +147,10 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return result;
         }
         case WM_GETMINMAXINFO: {
-            // Forms may be larger than the screen.
+            // Forms may have any size, also one larger than the screen.
             auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
             constexpr LONG kAnySize = 32767;
+            limits->ptMinTrackSize = {1, 1};
             limits->ptMaxTrackSize = {kAnySize, kAnySize};
             return 0;
         }

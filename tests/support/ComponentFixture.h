@@ -2,28 +2,15 @@
 // test starts with a fresh process, so to speak.
 #pragma once
 
-#include <functional>
-#include <string>
-#include <vector>
-
 #include "host/ProcessLife.h"
 #include "kernel_api/dev/BuiltInReader.h"
 #include "kernel_api/dev/InMemoryKernel.h"
-#include "runtime/Error.h"
+#include "runtime/Form.h"
 #include "runtime/LoadedForms.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/RuntimeFixture.h"
 
 namespace tests {
-
-/// The number of the error that `action` raises; 0 for none.
-inline std::int32_t ErrorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const runtime::Error& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 /// Base is HeadlessTest or RuntimeTest.
 template <typename Base>

@@ -1,0 +1,204 @@
+// The main form beside other forms and beside failures: the order of its shutdown, the loops that unload all forms, and
+// loads that fail.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/frmBackProcessMain.h"
+#include "services/ProcessValues.h"
+#include "tests/support/ComponentFixture.h"
+#include "tests/support/HandledForm.h"
+#include "tests/support/RecordingReader.h"
+
+namespace host {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::Pair;
+using tests::ErrorOf;
+
+/// Listens to the main form's event; two dialogs stand ready.
+template <typename Base>
+class MainFormBesideOver : public Base {
+ protected:
+    MainFormBesideOver() {
+        connection_ = form_.NotifyClass().Connect([this](String& /*module*/, String& command) {
+            heard_.push_back(runtime::ToUtf8(command));
+            if (onHeard_) onHeard_();
+        });
+    }
+
+    static bool NoneLoaded() { return runtime::LoadedForms().Count() == 0; }
+    void FailLoads() { this->kernel_.FailOn("E_GetString(AllAps)", runtime::Error(runtime::kFileNotFound)); }
+    std::int32_t ErrorOfLoad() {
+        return ErrorOf([this] { form_.EnsureLoaded(); });
+    }
+
+    frmBackProcessMain& form_ = MainForm();
+    tests::HandledForm dialog_{u"dialog"};
+    tests::HandledForm second_{u"second"};
+    std::vector<std::string> heard_;
+    std::function<void()> onHeard_;
+    frmBackProcessMain::NotifyClassEvent::Connection connection_;
+};
+
+using Shutdown = MainFormBesideOver<tests::ComponentTest>;
+
+TEST_F(Shutdown, WithdrawsTheRecordBeforeTheDialogsUnloadAndSpeaksAfterThem) {
+    form_.EnsureLoaded();
+    dialog_.EnsureLoaded();
+    second_.EnsureLoaded();
+    EXPECT_NE(Kept(u"K4TBACKPROCESS"), u"");
+    const auto recordIsWithdrawn = [&] { EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u""); };
+    dialog_.onUnload = second_.onUnload = recordIsWithdrawn;
+    onHeard_ = [&] {
+        EXPECT_FALSE(dialog_.IsLoaded());
+        EXPECT_FALSE(second_.IsLoaded());
+        EXPECT_TRUE(form_.IsLoaded());
+    };
+    form_.Unload();
+    EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(second_.log, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Shutdown, StartsWithTheDialogThatWasLoadedLast) {
+    form_.EnsureLoaded();
+    dialog_.EnsureLoaded();
+    second_.EnsureLoaded();
+    second_.onUnload = [&] { EXPECT_TRUE(dialog_.IsLoaded()); };
+    dialog_.onUnload = [&] { EXPECT_FALSE(second_.IsLoaded()); };
+    form_.Unload();
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Shutdown, StartedInsideADialogsUnloadEnds) {
+    form_.EnsureLoaded();
+    dialog_.EnsureLoaded();
+    second_.EnsureLoaded();
+    dialog_.onUnload = [&] { form_.Unload(); };
+    dialog_.Unload();
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(second_.log, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
+TEST_F(Shutdown, EndsAtADialogThatRefuses) {
+    form_.EnsureLoaded();
+    dialog_.EnsureLoaded();
+    dialog_.refusesUnload = true;
+    form_.Unload();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_TRUE(dialog_.IsLoaded());
+    EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
+TEST_F(Shutdown, IsSaidAlthoughThePlacementCannotBeSaved) {
+    form_.EnsureLoaded();
+    memory_.settings.Refuse();
+    EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), runtime::kInvalidProcedureCall);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
+using FailingLoad = MainFormBesideOver<tests::ComponentTest>;
+
+TEST_F(FailingLoad, BesideAnEarlierInstanceHidesAFailingListener) {
+    memory_.process.SetEarlierInstance(true);
+    onHeard_ = [] { throw runtime::Error(runtime::kTypeMismatch); };
+    EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
+TEST_F(FailingLoad, HidesAKernelThatFailsInTheShutdownToo) {
+    FailLoads();
+    kernel_.FailOn("E_SetString", runtime::Error(runtime::kDllEntryPointNotFound));
+    EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_TRUE(memory_.messageBox.shown.empty());
+}
+
+TEST_F(FailingLoad, UnloadsEarlierDialogsAlthoughTheKernelFailsInTheShutdown) {
+    dialog_.EnsureLoaded();
+    second_.EnsureLoaded();
+    FailLoads();
+    kernel_.FailOn("E_SetString", runtime::Error(runtime::kDllEntryPointNotFound));
+    EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
+}
+
+TEST_F(FailingLoad, HidesADialogThatFailsToUnload) {
+    dialog_.EnsureLoaded();
+    second_.EnsureLoaded();
+    second_.onUnload = [] { throw runtime::Error(runtime::kOverflow); };
+    FailLoads();
+    EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(FailingLoad, StartedInsideADialogsUnloadEnds) {
+    dialog_.EnsureLoaded();
+    second_.EnsureLoaded();
+    FailLoads();
+    dialog_.onUnload = [&] { EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded); };
+    dialog_.Unload();
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(second_.log, ElementsAre("load", "query 1", "unload"));
+}
+
+TEST_F(FailingLoad, EndsAtADialogThatRefuses) {
+    dialog_.EnsureLoaded();
+    dialog_.refusesQuery = true;
+    FailLoads();
+    EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_TRUE(dialog_.IsLoaded());
+}
+
+using FailingLoadInMemory = MainFormBesideOver<tests::HeadlessComponentTest>;
+
+TEST_F(FailingLoadInMemory, LetsPendingEventsRunAfterEachUnload) {
+    FailLoads();
+    bool ran = false;
+    memory_.windows.Post([&] {
+        ran = true;
+        EXPECT_FALSE(form_.IsLoaded());
+    });
+    EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
+    EXPECT_TRUE(ran);
+}
+
+TEST_F(FailingLoadInMemory, UnloadsAFormThatAPendingEventLoads) {
+    FailLoads();
+    memory_.windows.Post([&] { dialog_.EnsureLoaded(); });
+    ErrorOfLoad();
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
+}
+
+TEST_F(FailingLoadInMemory, HidesAnErrorOfAPendingEvent) {
+    FailLoads();
+    memory_.windows.Post([] { throw runtime::Error(runtime::kOverflow); });
+    EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
+    EXPECT_TRUE(NoneLoaded());
+}
+
+using MainFormTexts = MainFormBesideOver<tests::HeadlessComponentTest>;
+
+TEST_F(MainFormTexts, AreAskedForByTheirIdentifiers) {
+    tests::RecordingReader recording(reader_);
+    kernel_api::UseReader(&recording);
+    form_.EnsureLoaded();
+    kernel_api::UseReader(&reader_);
+    EXPECT_THAT(recording.Asked(), ElementsAre(Pair(u"Pelorix Background Processing Application", u"LOC"),
+                                               Pair(u"Pelorix Background process ", u"LOC")));
+}
+
+}  // namespace
+}  // namespace host

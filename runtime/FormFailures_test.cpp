@@ -1,0 +1,200 @@
+// Forms when something does not go as asked: a window system that refuses or corrects, handlers that fail or unload
+// the form under the call that led to them, windows that go by themselves.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "tests/support/ErrorOf.h"
+#include "tests/support/HandledForm.h"
+#include "tests/support/RuntimeFixture.h"
+
+namespace runtime {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using tests::ErrorOf;
+
+constexpr Twips kWidestHere = 5000;
+
+/// Refuses controls, or makes no window wider than kWidestHere, as its test wants.
+class StubbornWindows : public headless::MemoryWindows {
+ public:
+    std::unique_ptr<NativeWindow> MakeWindow(const WindowDesign& design, WindowEvents& events) override {
+        return std::make_unique<Window>(*this, design, events);
+    }
+
+    int refuseControls = 0;
+    bool limitsWidth = false;
+
+ private:
+    class Window : public headless::MemoryWindow {
+     public:
+        Window(StubbornWindows& system, const WindowDesign& design, WindowEvents& events)
+            : MemoryWindow(system, design, events, kHandle), system_(system) {}
+
+        NativeControl& AddControl(ControlKind kind, const String& name) override {
+            if (system_.refuseControls > 0) {
+                --system_.refuseControls;
+                throw Error(kOutOfMemory);
+            }
+            return MemoryWindow::AddControl(kind, name);
+        }
+        void SetBounds(const Rect& newOuter) override {
+            MemoryWindow::SetBounds(newOuter);
+            if (!system_.limitsWidth || outer.width <= kWidestHere) return;
+            outer.width = kWidestHere;
+            Events().BoundsChanged(outer, state);
+        }
+
+     private:
+        static constexpr NativeHandle kHandle = 0x10;
+        StubbornWindows& system_;
+    };
+};
+
+class FormOverStubbornWindows : public tests::HeadlessTest {
+ protected:
+    FormOverStubbornWindows() { UsePorts(&stubbornPorts_); }
+
+    StubbornWindows windows_;
+    Ports stubbornPorts_{windows_,        memory_.settings, memory_.files,
+                         memory_.process, memory_.locale,   memory_.messageBox};
+    tests::HandledForm form_;
+};
+
+TEST_F(FormOverStubbornWindows, RefusedControlLeavesNothingLoadedAndTheNextAccessTriesAgain) {
+    windows_.refuseControls = 1;
+    EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kOutOfMemory);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+    EXPECT_THAT(windows_.Windows(), IsEmpty());
+    EXPECT_THAT(form_.log, IsEmpty());
+    EXPECT_EQ(form_.Caption(), u"Design");
+    EXPECT_THAT(form_.log, ElementsAre("load"));
+}
+
+TEST_F(FormOverStubbornWindows, CorrectedSizeIsTakenOverAndRaisesOneResize) {
+    form_.EnsureLoaded();
+    windows_.limitsWidth = true;
+    form_.SetWidth(9000);
+    EXPECT_EQ(form_.Width(), kWidestHere);
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
+}
+
+TEST_F(FormOverStubbornWindows, HandlerOfACorrectedSizeMayUnloadTheForm) {
+    form_.EnsureLoaded();
+    windows_.limitsWidth = true;
+    form_.onResize = [&] { form_.Unload(); };
+    form_.SetWidth(9000);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
+}
+
+class FirstShow : public tests::HeadlessTest {
+ protected:
+    tests::HandledForm form_;
+};
+
+TEST_F(FirstShow, ThatFailsInResizeLeavesTheFormInvisibleAndTheNextOneShowsIt) {
+    form_.onResize = [] { throw Error(kOverflow); };
+    EXPECT_EQ(ErrorOf([&] { form_.SetVisible(true); }), kOverflow);
+    EXPECT_FALSE(form_.Visible());
+    EXPECT_FALSE(memory_.windows.Last().visible);
+    form_.SetVisible(true);
+    EXPECT_TRUE(form_.Visible());
+    EXPECT_TRUE(memory_.windows.Last().visible);
+}
+
+TEST_F(FirstShow, MayMinimiseTheFormInResize) {
+    form_.onResize = [&] { form_.SetState(WindowState::kMinimised); };
+    form_.SetVisible(true);
+    EXPECT_EQ(form_.State(), WindowState::kMinimised);
+    EXPECT_EQ(memory_.windows.Last().state, WindowState::kMinimised);
+    EXPECT_TRUE(memory_.windows.Last().visible);
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
+}
+
+TEST_F(FirstShow, ThatUnloadsTheFormInResizeFails) {
+    form_.onResize = [&] { form_.Unload(); };
+    EXPECT_EQ(ErrorOf([&] { form_.SetVisible(true); }), kObjectWasUnloaded);
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+class WindowThatGoes : public tests::HeadlessTest {
+ protected:
+    void Lose() { memory_.windows.Last().Events().Lost(); }
+
+    tests::HandledForm form_;
+};
+
+TEST_F(WindowThatGoes, RunsTheUnloadHandlers) {
+    form_.EnsureLoaded();
+    Lose();
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "unload"));
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(WindowThatGoes, CannotBeKeptByARefusal) {
+    form_.EnsureLoaded();
+    form_.refusesQuery = true;
+    Lose();
+    EXPECT_FALSE(form_.IsLoaded());
+    form_.refusesQuery = false;
+    form_.refusesUnload = true;
+    form_.EnsureLoaded();
+    Lose();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "load", "query 2", "unload"));
+}
+
+TEST_F(WindowThatGoes, KeepsTheErrorsOfItsHandlersToItself) {
+    form_.EnsureLoaded();
+    form_.onUnload = [] { throw Error(kOverflow); };
+    Lose();
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(WindowThatGoes, IsForgottenWithoutAnyHandler) {
+    form_.EnsureLoaded();
+    form_.refusesQuery = true;
+    form_.Forget();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+    EXPECT_THAT(form_.log, ElementsAre("load"));
+    form_.Forget();
+    EXPECT_THAT(form_.log, ElementsAre("load"));
+}
+
+class FailingUnload : public tests::HeadlessTest {
+ protected:
+    FailingUnload() {
+        form_.EnsureLoaded();
+        form_.onQueryUnload = [] { throw Error(kOverflow); };
+    }
+
+    tests::HandledForm form_;
+};
+
+TEST_F(FailingUnload, ErrorOfTheQueryDoesNotKeepTheForm) {
+    EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), kOverflow);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
+}
+
+TEST_F(FailingUnload, OfTwoErrorsTheFirstIsThrown) {
+    form_.onUnload = [] { throw Error(kPathNotFound); };
+    EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), kOverflow);
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(FailingUnload, RefusalAfterAnErrorOfTheQueryDoesNotCount) {
+    form_.refusesUnload = true;
+    EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), kOverflow);
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+}  // namespace
+}  // namespace runtime

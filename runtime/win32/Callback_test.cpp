@@ -1,0 +1,83 @@
+// Who gets the error of a handler that the window system called.
+#include "runtime/win32/Callback.h"
+
+#include <gtest/gtest.h>
+
+#include "runtime/Error.h"
+#include "tests/support/ErrorOf.h"
+
+namespace runtime::win32 {
+namespace {
+
+using tests::ErrorOf;
+
+/// What the window system does when it runs a handler that fails.
+int RunFailingHandler(std::int32_t number) {
+    return Callback::Guard(-1, [number]() -> int { throw Error(number); });
+}
+
+TEST(Callback, HandlersResultPasses) {
+    EXPECT_EQ(Callback::Guard(-1, [] { return 7; }), 7);
+    EXPECT_EQ(Callback::Into([] { return 8; }), 8);
+}
+
+TEST(Callback, ErrorOfAHandlerIsThrownByTheCallThatLedToIt) {
+    int answer = 0;
+    EXPECT_EQ(ErrorOf([&] { Callback::Into([&] { answer = RunFailingHandler(kOverflow); }); }), kOverflow);
+    EXPECT_EQ(answer, -1);
+}
+
+TEST(Callback, OfTwoErrorsTheFirstIsThrown) {
+    const auto two = [] {
+        RunFailingHandler(kOverflow);
+        RunFailingHandler(kTypeMismatch);
+    };
+    EXPECT_EQ(ErrorOf([&] { Callback::Into(two); }), kOverflow);
+}
+
+TEST(Callback, NestedCallsHaveTheErrorsOfTheirOwnHandlers) {
+    std::int32_t inner = 0;
+    std::int32_t innerLater = 0;
+    const std::int32_t outer = ErrorOf([&] {
+        Callback::Into([&] {
+            RunFailingHandler(kOverflow);
+            inner = ErrorOf([] { Callback::Into([] { RunFailingHandler(kTypeMismatch); }); });
+            innerLater = ErrorOf([] { Callback::Into([] {}); });
+        });
+    });
+    EXPECT_EQ(inner, kTypeMismatch);
+    EXPECT_EQ(innerLater, 0);
+    EXPECT_EQ(outer, kOverflow);
+}
+
+TEST(Callback, ErrorOfAnInnerCallThatIsDealtWithDoesNotReachTheOuterOne) {
+    EXPECT_EQ(
+        ErrorOf([] { Callback::Into([] { ErrorOf([] { Callback::Into([] { RunFailingHandler(kOverflow); }); }); }); }),
+        0);
+}
+
+TEST(Callback, ErrorAfterAnInnerCallReachesTheOuterOne) {
+    const auto later = [] {
+        Callback::Into([] {});
+        RunFailingHandler(kOverflow);
+    };
+    EXPECT_EQ(ErrorOf([&] { Callback::Into(later); }), kOverflow);
+}
+
+TEST(Callback, OwnErrorOfACallGoesBeforeThatOfAHandlerAndNothingIsLeftOver) {
+    const auto failing = [] {
+        RunFailingHandler(kOverflow);
+        throw Error(kTypeMismatch);
+    };
+    EXPECT_EQ(ErrorOf([&] { Callback::Into(failing); }), kTypeMismatch);
+    EXPECT_EQ(ErrorOf([] { Callback::Into([] {}); }), 0);
+}
+
+TEST(Callback, ErrorThatNoCallOfOursWaitsForIsDropped) {
+    EXPECT_EQ(RunFailingHandler(kOverflow), -1);
+    EXPECT_EQ(Callback::Guard(-1, []() -> int { throw 5; }), -1);
+    EXPECT_EQ(ErrorOf([] { Callback::Into([] {}); }), 0);
+}
+
+}  // namespace
+}  // namespace runtime::win32

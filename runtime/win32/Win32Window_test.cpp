@@ -1,0 +1,237 @@
+// Forms over real windows: what the user, other programs and the system do to a window reaches the form, and no
+// window, message or class stays behind. The tests play the others by sending messages to the form's window.
+#include "runtime/win32/Win32Window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "runtime/win32/Pixels.h"
+#include "tests/support/ErrorOf.h"
+#include "tests/support/HandledForm.h"
+#include "tests/support/RuntimeFixture.h"
+
+namespace runtime::win32 {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using tests::ErrorOf;
+
+constexpr UINT kPlaceOnly = SWP_NOZORDER | SWP_NOACTIVATE;
+
+class RealWindow : public tests::RuntimeTest {
+ protected:
+    static HWND WindowOf(Form& form) { return reinterpret_cast<HWND>(form.Handle()); }
+    HWND Window() { return WindowOf(form_); }
+    void Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) { SendMessageW(Window(), message, wParam, lParam); }
+    /// The window's outer bounds as the system has them, in twips.
+    static Rect BoundsOf(HWND window) {
+        RECT outer{};
+        GetWindowRect(window, &outer);
+        return ToTwips(outer);
+    }
+    static Rect BoundsOf(Form& form) { return {form.Left(), form.Top(), form.Width(), form.Height()}; }
+
+    tests::HandledForm form_;
+};
+
+TEST_F(RealWindow, CloseUnloadsWithReasonUserInsideItsOwnMessage) {
+    const HWND window = Window();
+    SendMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 0", "unload"));
+}
+
+TEST_F(RealWindow, CloseMayBeRefused) {
+    form_.refusesQuery = true;
+    Send(WM_CLOSE);
+    EXPECT_TRUE(form_.IsLoaded());
+    EXPECT_TRUE(IsWindow(Window()));
+}
+
+TEST_F(RealWindow, ErrorOfACloseThatWeDispatchLeavesDoEvents) {
+    form_.onUnload = [] { throw Error(kOverflow); };
+    const HWND window = Window();
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    EXPECT_EQ(ErrorOf([] { CurrentPorts().windows.DoEvents(); }), kOverflow);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_EQ(ErrorOf([] { CurrentPorts().windows.DoEvents(); }), 0);
+}
+
+TEST_F(RealWindow, ErrorInAMessageOfTheClientsLoopIsDropped) {
+    form_.onUnload = [] { throw Error(kOverflow); };
+    Send(WM_CLOSE);
+    EXPECT_FALSE(form_.IsLoaded());
+    form_.onUnload = nullptr;
+    EXPECT_EQ(ErrorOf([&] { form_.SetWidth(6000); }), 0);
+}
+
+TEST_F(RealWindow, EndOfTheSessionUnloadsWithReasonSystemEnd) {
+    const HWND window = Window();
+    SendMessageW(window, WM_ENDSESSION, TRUE, 0);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "unload"));
+}
+
+TEST_F(RealWindow, EndOfTheSessionThatIsCalledOffDoesNothing) {
+    Send(WM_ENDSESSION, FALSE);
+    EXPECT_TRUE(form_.IsLoaded());
+    EXPECT_THAT(form_.log, ElementsAre("load"));
+}
+
+TEST_F(RealWindow, DestroyedByOthersUnloadsTheForm) {
+    form_.refusesQuery = true;
+    const HWND window = Window();
+    DestroyWindow(window);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 2"));
+    EXPECT_NE(Window(), nullptr);
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "load"));
+}
+
+TEST_F(RealWindow, OwnUnloadIsNotReportedAsALoss) {
+    const HWND window = Window();
+    form_.Unload();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
+}
+
+TEST_F(RealWindow, KeysReachTheHandlers) {
+    Send(WM_KEYDOWN, 'A');
+    Send(WM_CHAR, u'ä');
+    Send(WM_KEYUP, 'A');
+    Send(WM_SYSKEYDOWN, 'B');
+    Send(WM_SYSKEYUP, 'B');
+    EXPECT_THAT(form_.log, ElementsAre("load", "down 65 0", "press 228", "up 65 0", "down 66 0", "up 66 0"));
+}
+
+TEST_F(RealWindow, KeyHandlerMayUnloadTheForm) {
+    form_.onKey = [&] { form_.Unload(); };
+    for (const UINT message : {WM_KEYDOWN, WM_CHAR, WM_KEYUP, WM_SYSKEYDOWN, WM_SYSKEYUP}) {
+        const HWND window = Window();
+        SendMessageW(window, message, 'A', 0);
+        EXPECT_FALSE(IsWindow(window)) << message;
+    }
+}
+
+TEST_F(RealWindow, SizingByOthersIsTakenOverAndRaisesResize) {
+    SetWindowPos(Window(), nullptr, 10, 20, 400, 300, kPlaceOnly);
+    EXPECT_EQ(BoundsOf(form_), (Rect{ToTwips(10), ToTwips(20), ToTwips(400), ToTwips(300)}));
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
+    EXPECT_EQ(form_.Controls().front()->Bounds().width, form_.InnerSize().width);
+}
+
+TEST_F(RealWindow, MovingByOthersIsTakenOverWithoutResize) {
+    form_.EnsureLoaded();
+    SetWindowPos(Window(), nullptr, 33, 44, 0, 0, kPlaceOnly | SWP_NOSIZE);
+    EXPECT_EQ(form_.Left(), ToTwips(33));
+    EXPECT_EQ(form_.Top(), ToTwips(44));
+    EXPECT_THAT(form_.log, ElementsAre("load"));
+}
+
+TEST_F(RealWindow, ResizeHandlerMayUnloadTheForm) {
+    const HWND window = Window();
+    form_.onResize = [&] { form_.Unload(); };
+    SetWindowPos(window, nullptr, 10, 20, 400, 300, kPlaceOnly);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(RealWindow, MinimisingAndRestoringByTheUserRaiseResize) {
+    form_.SetVisible(true);
+    const Rect normal = BoundsOf(form_);
+    form_.log.clear();
+    ShowWindow(Window(), SW_MINIMIZE);
+    EXPECT_EQ(form_.State(), WindowState::kMinimised);
+    EXPECT_EQ(BoundsOf(form_), normal);
+    EXPECT_THAT(form_.log, ElementsAre("resize"));
+    form_.log.clear();
+    ShowWindow(Window(), SW_RESTORE);
+    EXPECT_EQ(form_.State(), WindowState::kNormal);
+    EXPECT_EQ(BoundsOf(form_), normal);
+    EXPECT_THAT(form_.log, Contains("resize").Times(1));
+}
+
+TEST_F(RealWindow, MinimisedInTheFirstShowAppearsAsAnIcon) {
+    form_.onResize = [&] { form_.SetState(WindowState::kMinimised); };
+    form_.SetVisible(true);
+    EXPECT_TRUE(IsIconic(Window()));
+    EXPECT_TRUE(IsWindowVisible(Window()));
+    EXPECT_EQ(form_.State(), WindowState::kMinimised);
+}
+
+TEST_F(RealWindow, HiddenIconDoesNotLendTheFormItsRectangle) {
+    form_.SetVisible(true);
+    const Rect normal = BoundsOf(form_);
+    form_.SetState(WindowState::kMinimised);
+    form_.SetVisible(false);
+    form_.SetState(WindowState::kNormal);
+    ASSERT_TRUE(IsIconic(Window()));
+    SetWindowPos(Window(), nullptr, 5, 6, 0, 0, kPlaceOnly | SWP_NOSIZE);
+    EXPECT_EQ(BoundsOf(form_), normal);
+}
+
+TEST_F(RealWindow, MayMeasureOnePixel) {
+    tests::HandledForm tiny(u"tiny", {ToTwips(1), ToTwips(1)});
+    EXPECT_EQ(tiny.InnerSize(), (Size{ToTwips(1), ToTwips(1)}));
+    EXPECT_EQ(BoundsOf(tiny), BoundsOf(WindowOf(tiny)));
+    tiny.SetWidth(ToTwips(1));
+    EXPECT_EQ(BoundsOf(tiny), BoundsOf(WindowOf(tiny)));
+    tiny.SetHeight(ToTwips(1));
+    EXPECT_EQ(BoundsOf(tiny), BoundsOf(WindowOf(tiny)));
+    tiny.SetVisible(true);
+    EXPECT_EQ(BoundsOf(tiny), BoundsOf(WindowOf(tiny)));
+}
+
+TEST_F(RealWindow, MayBeLargerThanTheScreen) {
+    const int width = GetSystemMetrics(SM_CXSCREEN) * 3;
+    const int height = GetSystemMetrics(SM_CYSCREEN) * 3;
+    tests::HandledForm huge(u"huge", {ToTwips(width), ToTwips(height)});
+    EXPECT_EQ(huge.InnerSize(), (Size{ToTwips(width), ToTwips(height)}));
+    huge.SetVisible(true);
+    EXPECT_EQ(BoundsOf(huge), BoundsOf(WindowOf(huge)));
+    EXPECT_EQ(huge.InnerSize(), (Size{ToTwips(width), ToTwips(height)}));
+}
+
+TEST_F(RealWindow, RequestToQuitStaysPendingForTheOuterLoop) {
+    form_.EnsureLoaded();
+    PostQuitMessage(7);
+    CurrentPorts().windows.DoEvents();
+    CurrentPorts().windows.DoEvents();
+    MSG message{};
+    ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 7u);
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}
+
+TEST(WindowClass, GoesWithTheWindowSystem) {
+    tests::MemoryPorts memory;
+    const HINSTANCE instance = GetModuleHandleW(nullptr);
+    const auto isRegistered = [instance](const wchar_t* name) {
+        WNDCLASSEXW found{};
+        found.cbSize = sizeof found;
+        return GetClassInfoExW(instance, name, &found) != FALSE;
+    };
+    std::wstring name;
+    for (int round = 1; round <= 2; ++round) {
+        Win32Windows windows(instance);
+        Ports ports{windows, memory.settings, memory.files, memory.process, memory.locale, memory.messageBox};
+        UsePorts(&ports);
+        {
+            tests::HandledForm form;
+            form.EnsureLoaded();
+            name = windows.ClassName();
+            EXPECT_TRUE(isRegistered(name.c_str())) << round;
+        }
+        UsePorts(nullptr);
+    }
+    EXPECT_FALSE(isRegistered(name.c_str()));
+}
+
+}  // namespace
+}  // namespace runtime::win32

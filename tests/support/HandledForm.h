@@ -1,0 +1,59 @@
+// A form that notes its events in words and does in each of its handlers what a test gives it to do.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "runtime/Form.h"
+
+namespace tests {
+
+class HandledForm : public runtime::Form {
+ public:
+    explicit HandledForm(runtime::String name = u"handled", runtime::Size inner = {3000, 1500})
+        : Form({.name = std::move(name), .caption = u"Design", .left = 1500, .top = 750, .inner = inner}) {
+        AddControl({.kind = runtime::ControlKind::kStatusBar,
+                    .name = u"bar",
+                    .bounds = {0, 1200, 3000, 300},
+                    .align = runtime::Align::kBottom});
+    }
+
+    std::function<void()> onLoad, onQueryUnload, onUnload, onResize, onActivate, onKey;
+    bool refusesQuery = false;
+    bool refusesUnload = false;
+    /// "load", "query 1" (the reason), "unload", "resize", "activate", "down 65 1" (key, modifiers), "press 97", "up 65
+    /// 0".
+    std::vector<std::string> log;
+
+ protected:
+    void OnLoad() override { Note("load", onLoad); }
+    void OnQueryUnload(bool& cancel, runtime::UnloadReason reason) override {
+        cancel = refusesQuery;
+        Note("query " + std::to_string(static_cast<int>(reason)), onQueryUnload);
+    }
+    void OnUnload(bool& cancel) override {
+        cancel = refusesUnload;
+        Note("unload", onUnload);
+    }
+    void OnResize() override { Note("resize", onResize); }
+    void OnActivate() override { Note("activate", onActivate); }
+    void OnKeyDown(std::int16_t& keyCode, std::int16_t shift) override {
+        Note("down " + std::to_string(keyCode) + " " + std::to_string(shift), onKey);
+    }
+    void OnKeyUp(std::int16_t& keyCode, std::int16_t shift) override {
+        Note("up " + std::to_string(keyCode) + " " + std::to_string(shift), onKey);
+    }
+    void OnKeyPress(char16_t& character) override {
+        Note("press " + std::to_string(static_cast<int>(character)), onKey);
+    }
+
+ private:
+    void Note(const std::string& what, const std::function<void()>& then) {
+        log.push_back(what);
+        if (then) then();
+    }
+};
+
+}  // namespace tests

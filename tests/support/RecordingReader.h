@@ -1,0 +1,37 @@
+// A reader that passes everything on to another one and notes which texts it is asked for.
+#pragma once
+
+#include <utility>
+#include <vector>
+
+#include "kernel_api/Reader.h"
+
+namespace tests {
+
+class RecordingReader : public kernel_api::Reader {
+ public:
+    /// A text's default and its identifier, both as they were given.
+    using AskedText = std::pair<runtime::String, runtime::String>;
+
+    explicit RecordingReader(kernel_api::Reader& reader) : reader_(reader) {}
+
+    void NormaliseFolder(runtime::String& folder) override { reader_.NormaliseFolder(folder); }
+    runtime::String GetSetting(runtime::StringView application, runtime::StringView key,
+                               runtime::StringView defaultValue) override {
+        return reader_.GetSetting(application, key, defaultValue);
+    }
+    runtime::String GetText(runtime::StringView defaultText, runtime::StringView textId) override {
+        asked_.emplace_back(defaultText, textId);
+        return reader_.GetText(defaultText, textId);
+    }
+    runtime::String TextAt(kernel_api::TextPointer pointer) override { return reader_.TextAt(pointer); }
+
+    /// In the order in which they were asked for.
+    const std::vector<AskedText>& Asked() const { return asked_; }
+
+ private:
+    kernel_api::Reader& reader_;
+    std::vector<AskedText> asked_;
+};
+
+}  // namespace tests
