@@ -5,14 +5,7 @@ namespace tools {
 
 std::vector<Verb> AllVerbs() {
     return {
-        kHostVerb,
-        kRaiseVerb,
-        kStringsVerb,
-        kModulesVerb,
-        kSplitVerb,
-        kWhereVerb,
-        kRegisterVerb,
-        kUnregisterVerb,
+        kHostVerb, kRaiseVerb, kStringsVerb, kModulesVerb, kSplitVerb, kWhereVerb, kRegisterVerb, kUnregisterVerb,
     };
 }
 

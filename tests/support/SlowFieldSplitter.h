@@ -1,4 +1,5 @@
-// The field splitter's rules one by one and slowly: positions from 1, every search made anew, no thought for cost. What the real splitter is compared with, in its tests and by the fuzzer.
+// The field splitter's rules one by one and slowly: positions from 1, every search made anew, no thought for cost. What
+// the real splitter is compared with, in its tests and by the fuzzer.
 #pragma once
 
 #include <cstddef>
