@@ -15,7 +15,6 @@
 namespace host {
 namespace {
 
-using runtime::Control;
 using runtime::Twips;
 
 constexpr Twips kSmallestWidth = 8000;

@@ -30,9 +30,9 @@ std::string ForLog(const std::string& bytes) {
 void InMemoryKernel::Enter(std::string line) {
     ++calls_;
     log_.push_back(std::move(line));
-    if (const auto failing = failingCalls_.extract(calls_)) throw failing.mapped();
+    if (const auto failing = failingCalls_.extract(calls_)) throw runtime::Error(failing.mapped());
     for (const auto& [start, error] : failingStarts_) {
-        if (log_.back().starts_with(start)) throw error;
+        if (log_.back().starts_with(start)) throw runtime::Error(error);
     }
 }
 

@@ -9,7 +9,7 @@ namespace {
 constexpr std::uint32_t kMagic = 0x4B584D51;  // "QMXK"
 constexpr std::uint32_t kVersion = 1;
 /// Dead bytes that are not worth a rewrite.
-constexpr std::uint64_t kSlack = 64 * 1024;
+constexpr std::uint64_t kSlack = 0x10000;
 
 /// What each record starts with; the key's bytes follow, then the value's, then padding.
 struct RecordHead {
