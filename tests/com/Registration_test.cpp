@@ -82,10 +82,20 @@ TEST_F(Entries, RemovingGoesOnAfterAFailure) {
     EXPECT_EQ(1u, Content().size()) << "the root itself";
 }
 
+/// Windows has the key for every user; a new prefix of Wine lacks it until somebody registers there.
+Hive ExistingUserClasses() {
+    HKEY key = nullptr;
+    if (RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Classes", 0, nullptr, 0, KEY_READ, nullptr, &key, nullptr) ==
+        0) {
+        RegCloseKey(key);
+    }
+    return UserClasses();
+}
+
 class Registration : public testing::Test {
  protected:
     const Hive machineBefore = MachineClasses();
-    const Hive userBefore = UserClasses();
+    const Hive userBefore = ExistingUserClasses();
 };
 
 /// How many values `after` has that `before` has not; -1 when anything else differs.
