@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "dialogs/frmQMXMsgBox.h"
 #include "host/frmBackProcessMain.h"
 #include "routing/FieldSplitter.h"
 #include "routing/ModuleList.h"
@@ -36,6 +37,7 @@ void ForgetForms() {
 
 void ReleaseProcess() {
     mainForm.reset();
+    dialogs::ReleaseSuiteBox();
     services::processValues = {};
     services::numberFormats = {};
     routing::ResetModuleList();

@@ -1,16 +1,26 @@
 #include "runtime/Control.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "runtime/Error.h"
 #include "runtime/Form.h"
+#include "runtime/Ports.h"
 
 namespace runtime {
 
-Control::Control(Form& form, ControlDesign design) : form_(form), design_(std::move(design)) {}
+Control::Control(Form& form, ControlDesign design, std::size_t position)
+    : form_(form), design_(std::move(design)), position_(position) {}
 
 Rect Control::Bounds() {
     form_.EnsureLoaded();
     return bounds_;
+}
+
+void Control::SetBounds(const Rect& bounds) {
+    form_.EnsureLoaded();
+    bounds_ = bounds;
+    native_->SetBounds(bounds_);
 }
 
 String Control::Tag() {
@@ -27,6 +37,54 @@ void Control::SetText(StringView text) {
     form_.EnsureLoaded();
     text_ = text;
     native_->SetText(text_);
+    FollowText();
+}
+
+runtime::Font Control::Font() {
+    form_.EnsureLoaded();
+    return font_;
+}
+
+void Control::SetFont(const runtime::Font& font) {
+    form_.EnsureLoaded();
+    font_ = font;
+    native_->SetFont(font_);
+    FollowText();
+}
+
+int Control::TabIndex() {
+    form_.EnsureLoaded();
+    return form_.PlaceInTabOrder(*this);
+}
+
+void Control::SetTabIndex(int index) {
+    form_.EnsureLoaded();
+    if (index < 0) throw Error(kInvalidPropertyValue);
+    form_.MoveInTabOrder(*this, index);
+}
+
+bool Control::TabStop() {
+    form_.EnsureLoaded();
+    if (!TakesFocus()) throw Error(kPropertyNotSupported);
+    return tabStop_;
+}
+
+void Control::SetTabStop(bool stop) {
+    form_.EnsureLoaded();
+    if (!TakesFocus()) throw Error(kPropertyNotSupported);
+    tabStop_ = stop;
+}
+
+char16_t Control::AccessKey() {
+    form_.EnsureLoaded();
+    if (design_.kind != ControlKind::kButton) return 0;
+    for (std::size_t i = 0; i + 1 < text_.size(); ++i) {
+        if (text_[i] != u'&') continue;
+        // A doubled mark is the character itself.
+        if (text_[++i] == u'&') continue;
+        return CurrentPorts().locale.LowerCase(StringView(text_).substr(i, 1)).front();
+    }
+    return 0;
 }
 
 void Control::Refresh() {
@@ -37,7 +95,10 @@ void Control::Refresh() {
 void Control::Attach(NativeWindow& window) {
     bounds_ = design_.bounds;
     text_ = design_.text;
-    native_ = &window.AddControl(design_.kind, design_.name);
+    font_ = {};
+    tabStop_ = true;
+    native_ = &window.AddControl({design_.kind, design_.name, design_.picture});
+    native_->SetFont(font_);
     native_->SetText(text_);
     native_->SetBounds(bounds_);
     FollowForm(window.InnerSize());
@@ -50,6 +111,16 @@ void Control::Detach() {
 void Control::FollowForm(Size inner) {
     if (design_.align != Align::kBottom) return;
     bounds_ = {0, inner.height - bounds_.height, inner.width, bounds_.height};
+    native_->SetBounds(bounds_);
+}
+
+void Control::FollowText() {
+    if (!design_.sizesItself) return;
+    WindowsPort& windows = CurrentPorts().windows;
+    const Twips besideLabel = form_.Width() - bounds_.width;
+    const Twips widest = std::max(design_.bounds.width, windows.ScreenSize().width - besideLabel);
+    const Size size = windows.TextSize(text_, font_, widest);
+    bounds_ = {bounds_.left, bounds_.top, size.width, size.height};
     native_->SetBounds(bounds_);
 }
 

@@ -26,6 +26,7 @@ constexpr Entry kDescriptions[] = {
     {kObjectWasUnloaded, u"Object was unloaded"},
     {kInvalidPropertyValue, u"Invalid property value"},
     {kMoveWhileMinimisedOrMaximised, u"A form can't be moved or sized while minimized or maximized"},
+    {kFormAlreadyDisplayed, u"Form already displayed; can't show modally"},
     {kPropertyNotSupported, u"Object doesn't support this property or method"},
     {kDllEntryPointNotFound, u"Can't find DLL entry point"},
 };

@@ -26,6 +26,7 @@ enum ErrorNumber : std::int32_t {
     kObjectWasUnloaded = 364,
     kInvalidPropertyValue = 380,
     kMoveWhileMinimisedOrMaximised = 384,
+    kFormAlreadyDisplayed = 400,
     kPropertyNotSupported = 438,
     kDllEntryPointNotFound = 453,
     /// The suite's silent error: leaves a routine through its handler without any message.

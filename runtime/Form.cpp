@@ -1,5 +1,6 @@
 #include "runtime/Form.h"
 
+#include <algorithm>
 #include <exception>
 #include <utility>
 
@@ -32,7 +33,7 @@ Form::~Form() {
 }
 
 Control& Form::AddControl(ControlDesign design) {
-    controls_.push_back(std::make_unique<Control>(*this, std::move(design)));
+    controls_.push_back(std::make_unique<Control>(*this, std::move(design), controls_.size()));
     return *controls_.back();
 }
 
@@ -61,12 +62,16 @@ void Form::MakeWindow() {
     window_ = windows.MakeWindow({caption_, design_.border, bounds_, backColour_}, *this);
     LoadedForms().Add(*this);
     for (const auto& control : controls_) control->Attach(*window_);
+    ResetTabOrder();
 }
 
 void Form::DestroyWindow() {
     LoadedForms().Remove(*this);
     for (const auto& control : controls_) control->Detach();
+    tabOrder_.clear();
+    focused_ = nullptr;
     visible_ = false;
+    if (modal_) modal_->End();
     // Out of the member first: the window's end may still be reported, and must find the form without one.
     const auto window = std::move(window_);
 }
@@ -133,6 +138,11 @@ void Form::SetHeight(Twips height) {
     SetBounds({bounds_.left, bounds_.top, bounds_.width, height});
 }
 
+void Form::SetSize(Size outer) {
+    EnsureLoaded();
+    SetBounds({bounds_.left, bounds_.top, outer.width, outer.height});
+}
+
 void Form::Move(Twips left, Twips top) {
     EnsureLoaded();
     SetBounds({left, top, bounds_.width, bounds_.height});
@@ -184,7 +194,29 @@ void Form::SetVisible(bool visible) {
         if (!window_) throw Error(kObjectWasUnloaded);
     }
     visible_ = visible;
+    // The other windows take input again before this one goes, so that one of them becomes the active one.
+    if (!visible && modal_) modal_->End();
+    if (visible && !focused_) WalkFocus(1);
     window_->SetVisible(visible_);
+}
+
+void Form::ShowModal() {
+    EnsureLoaded();
+    if (visible_) throw Error(kFormAlreadyDisplayed);
+    const auto loop = CurrentPorts().windows.BeginModal(*window_);
+    const struct ModalTime {
+        Form& form;
+        ModalTime(Form& modalForm, ModalLoop& modalLoop) : form(modalForm) { form.modal_ = &modalLoop; }
+        ModalTime(const ModalTime&) = delete;
+        ModalTime& operator=(const ModalTime&) = delete;
+        ~ModalTime() {
+            // Whatever ended the loop, the form is not left on the screen.
+            if (form.window_) SkipError([this] { form.Hide(); });
+            form.modal_ = nullptr;
+        }
+    } modalTime(*this, *loop);
+    SetVisible(true);
+    loop->Run();
 }
 
 void Form::Hide() {
@@ -243,18 +275,6 @@ void Form::BoundsChanged(const Rect& outer, WindowState state) {
 
 void Form::Activated() {
     OnActivate();
-}
-
-void Form::KeyDown(std::int16_t& keyCode, std::int16_t shift) {
-    OnKeyDown(keyCode, shift);
-}
-
-void Form::KeyUp(std::int16_t& keyCode, std::int16_t shift) {
-    OnKeyUp(keyCode, shift);
-}
-
-void Form::KeyPress(char16_t& character) {
-    OnKeyPress(character);
 }
 
 void Form::Lost() {

@@ -5,6 +5,10 @@
 // A form that is loading may be unloaded by its own load handler: the access that loaded it then fails with error 364.
 // Unloading a form whose unload is running does nothing. An error of an unload handler does not keep the form: it is
 // thrown when the form is gone. An error of the load handler takes the form back without its unload handlers.
+//
+// Keys come to the form before the focused control: first to its handlers, then Tab and the arrows walk, Enter presses
+// the focused button, Escape the cancel button, Alt with a letter the button whose caption marks it. A key that walks
+// or presses is used up and does not become a character.
 #pragma once
 
 #include <memory>
@@ -51,6 +55,11 @@ class Form : private WindowEvents {
     /// A text identifier for the localisation, or empty.
     String Tag();
 
+    /// Shows the form and lets events run until it is hidden or unloaded, or the program is asked to quit; it is not
+    /// visible afterwards. Meanwhile the thread's other windows take no input. An error of a handler ends it and is
+    /// thrown. Error 400 when the form is visible already.
+    void ShowModal();
+
     /// Outer bounds on the screen, in twips. While minimised: those of the normal state.
     Twips Left();
     Twips Top();
@@ -59,6 +68,7 @@ class Form : private WindowEvents {
     /// Error 384 while minimised or maximised.
     void SetWidth(Twips width);
     void SetHeight(Twips height);
+    void SetSize(Size outer);
     void Move(Twips left, Twips top);
     /// Size of the client area, in twips.
     Size InnerSize();
@@ -78,6 +88,9 @@ class Form : private WindowEvents {
 
     /// In the order in which they were added.
     const std::vector<std::unique_ptr<Control>>& Controls();
+    /// The control that has the focus, or has it whenever the form is active; null when none can have it.
+    Control* FocusedControl();
+    void SetFocus(Control& control);
 
  protected:
     Control& AddControl(ControlDesign design);
@@ -87,26 +100,43 @@ class Form : private WindowEvents {
     virtual void OnUnload(bool& /*cancel*/) {}
     virtual void OnActivate() {}
     virtual void OnResize() {}
+    /// A handler sets the key or character to 0 to swallow it.
     virtual void OnKeyDown(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
     virtual void OnKeyUp(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
     virtual void OnKeyPress(char16_t& /*character*/) {}
+    virtual void OnClick(Control& /*control*/) {}
 
  private:
     void Closing(UnloadReason reason) override;
     void BoundsChanged(const Rect& outer, WindowState state) override;
     void Activated() override;
-    void KeyDown(std::int16_t& keyCode, std::int16_t shift) override;
-    void KeyUp(std::int16_t& keyCode, std::int16_t shift) override;
-    void KeyPress(char16_t& character) override;
     void Lost() override;
+    bool KeyDown(std::int16_t keyCode, std::int16_t shift) override;
+    bool KeyUp(std::int16_t keyCode, std::int16_t shift) override;
+    bool KeyPress(char16_t character) override;
+    bool AccessKey(char16_t character) override;
+    void Clicked(std::size_t control) override;
+    void Focused(std::size_t control) override;
+
+    friend class Control;
+    int PlaceInTabOrder(const Control& control) const;
+    void MoveInTabOrder(Control& control, int place);
 
     void MakeWindow();
+    void ResetTabOrder();
     void DestroyWindow();
     void SetBounds(const Rect& bounds);
     void Resized();
+    bool Navigate(std::int16_t keyCode, std::int16_t shift);
+    bool Press(Control* button);
+    void WalkFocus(int step);
+    std::vector<Control*> Reachable() const;
 
     const FormDesign design_;
     std::vector<std::unique_ptr<Control>> controls_;
+    std::vector<Control*> tabOrder_;
+    Control* focused_ = nullptr;
+    ModalLoop* modal_ = nullptr;
 
     std::unique_ptr<NativeWindow> window_;
     bool unloading_ = false;

@@ -34,12 +34,12 @@ class StubbornWindows : public headless::MemoryWindows {
         Window(StubbornWindows& system, const WindowDesign& design, WindowEvents& events)
             : MemoryWindow(system, design, events, kHandle), system_(system) {}
 
-        NativeControl& AddControl(ControlKind kind, const String& name) override {
+        NativeControl& AddControl(const ControlLook& look) override {
             if (system_.refuseControls > 0) {
                 --system_.refuseControls;
                 throw Error(kOutOfMemory);
             }
-            return MemoryWindow::AddControl(kind, name);
+            return MemoryWindow::AddControl(look);
         }
         void SetBounds(const Rect& newOuter) override {
             MemoryWindow::SetBounds(newOuter);

@@ -1,11 +1,14 @@
-// The window system as forms use it: windows with controls on them, the screen, and pending events. A back end gives
-// the windows; the model (Form, Control) holds every property's value and tells the window what changed.
+// The window system as forms use it: windows with controls on them, the screen, keys, and pending events. A back end
+// gives the windows; the model (Form, Control) holds every property's value and tells the window what changed.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 
+#include "runtime/Font.h"
 #include "runtime/Geometry.h"
+#include "runtime/Picture.h"
 #include "runtime/Text.h"
 
 namespace runtime {
@@ -16,10 +19,22 @@ enum class BorderStyle : std::int32_t { kSizable = 2, kFixedDialog = 3 };
 /// Why a form is asked to unload, in the classic runtime's numbers.
 enum class UnloadReason : std::int32_t { kUser = 0, kCode = 1, kSystemEnd = 2 };
 
-enum class ControlKind { kStatusBar };
+enum class ControlKind { kStatusBar, kLabel, kButton, kPicture };
 
 /// Held modifier keys, as key events report them.
 enum ShiftState : std::int16_t { kShift = 1, kCtrl = 2, kAlt = 4 };
+
+/// Keys that forms know by themselves; the platform's virtual keys.
+enum KeyCode : std::int16_t {
+    kKeyTab = 9,
+    kKeyEnter = 13,
+    kKeyEscape = 27,
+    kKeySpace = 32,
+    kKeyLeft = 37,
+    kKeyUp = 38,
+    kKeyRight = 39,
+    kKeyDown = 40,
+};
 
 /// A platform handle (window, device context) as a number; 32 bits wide in the component.
 using NativeHandle = std::intptr_t;
@@ -34,12 +49,30 @@ class WindowEvents {
     /// The window's state changed while it is visible, or the window system moved or sized it: new outer bounds.
     virtual void BoundsChanged(const Rect& outer, WindowState state) = 0;
     virtual void Activated() = 0;
-    /// `keyCode` is the platform's virtual key.
-    virtual void KeyDown(std::int16_t& keyCode, std::int16_t shift) = 0;
-    virtual void KeyUp(std::int16_t& keyCode, std::int16_t shift) = 0;
-    virtual void KeyPress(char16_t& character) = 0;
     /// The window goes without having been unloaded: somebody else destroyed it, or its thread ends.
     virtual void Lost() = 0;
+
+    // Keys, before the focused control sees them. True: the key was used up.
+
+    /// `keyCode` is the platform's virtual key.
+    virtual bool KeyDown(std::int16_t keyCode, std::int16_t shift) = 0;
+    virtual bool KeyUp(std::int16_t keyCode, std::int16_t shift) = 0;
+    virtual bool KeyPress(char16_t character) = 0;
+    /// Alt together with `character`.
+    virtual bool AccessKey(char16_t character) = 0;
+
+    // Controls are meant by the order in which they were added, from 0.
+
+    virtual void Clicked(std::size_t control) = 0;
+    /// The control got the focus by the user's doing.
+    virtual void Focused(std::size_t control) = 0;
+};
+
+/// What a control's window is made with.
+struct ControlLook {
+    ControlKind kind;
+    String name;
+    const Picture* picture = nullptr;
 };
 
 /// A control's window. Destroyed with its NativeWindow.
@@ -50,6 +83,8 @@ class NativeControl {
     /// Place in the form's client area.
     virtual void SetBounds(const Rect& bounds) = 0;
     virtual void SetText(const String& text) = 0;
+    virtual void SetFont(const Font& font) = 0;
+    virtual void SetFocus() = 0;
     /// Repaints at once.
     virtual void Refresh() = 0;
 };
@@ -71,7 +106,7 @@ class NativeWindow {
     /// A device context that lives as long as the window.
     virtual NativeHandle DeviceContext() = 0;
     /// The window owns the control.
-    virtual NativeControl& AddControl(ControlKind kind, const String& name) = 0;
+    virtual NativeControl& AddControl(const ControlLook& look) = 0;
 };
 
 /// How a window looks when it is made; it is made hidden.
@@ -80,6 +115,18 @@ struct WindowDesign {
     BorderStyle border = BorderStyle::kSizable;
     Rect outer;
     Colour backColour = kButtonFace;
+};
+
+/// A window's modal time. While it lives and was not ended, the thread's other windows take no input.
+class ModalLoop {
+ public:
+    virtual ~ModalLoop() = default;
+
+    /// Lets events run until End was called or the program is asked to quit, which stays pending for the outer loop. An
+    /// error of a handler ends it and is thrown.
+    virtual void Run() = 0;
+    /// Gives the other windows their input back, and lets Run return. May be called more than once.
+    virtual void End() = 0;
 };
 
 class WindowsPort {
@@ -94,10 +141,16 @@ class WindowsPort {
     /// The pointer's shape while it is over the component's windows, in the classic runtime's numbers.
     virtual std::int16_t MousePointer() = 0;
     virtual void SetMousePointer(std::int16_t shape) = 0;
+    /// Size of `text` as a label shows it, its lines wrapped at `wrapWidth`.
+    virtual Size TextSize(StringView text, const Font& font, Twips wrapWidth) = 0;
     /// The number of the window message that all modules of the session know by `name`; 0 when there is none.
     virtual std::uint32_t RegisterMessage(StringView name) = 0;
     /// Lets all pending events run. An error of a handler ends it and is thrown. A request to quit stays pending.
     virtual void DoEvents() = 0;
+    /// Starts the modal time of a window that is about to be shown.
+    virtual std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) = 0;
+    /// Presses Alt together with `character` for the active window, without waiting for what comes of it.
+    virtual void SendAltKey(char16_t character) = 0;
 };
 
 }  // namespace runtime

@@ -5,7 +5,8 @@ namespace tools {
 
 std::vector<Verb> AllVerbs() {
     return {
-        kHostVerb, kRaiseVerb, kStringsVerb, kModulesVerb, kSplitVerb, kWhereVerb, kRegisterVerb, kUnregisterVerb,
+        kHostVerb, kRaiseVerb, kStringsVerb, kModulesVerb,  kSplitVerb,      kWhereVerb,
+        kTextVerb, kErrorVerb, kMsgboxVerb,  kRegisterVerb, kUnregisterVerb,
     };
 }
 

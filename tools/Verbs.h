@@ -17,6 +17,9 @@ extern const Verb kStringsVerb;
 extern const Verb kModulesVerb;
 extern const Verb kSplitVerb;
 extern const Verb kWhereVerb;
+extern const Verb kTextVerb;
+extern const Verb kErrorVerb;
+extern const Verb kMsgboxVerb;
 extern const Verb kRegisterVerb;
 extern const Verb kUnregisterVerb;
 

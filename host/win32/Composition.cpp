@@ -2,6 +2,7 @@
 
 #include <optional>
 
+#include "dialogs/frmQMXMsgBox.h"
 #include "host/ProcessLife.h"
 #include "kernel_api/dev/BuiltInReader.h"
 #include "kernel_api/win32/KernelLibrary.h"
@@ -12,6 +13,7 @@
 #include "runtime/win32/Win32MessageBox.h"
 #include "runtime/win32/Win32Process.h"
 #include "runtime/win32/Win32Windows.h"
+#include "services/MessageTexts.h"
 
 namespace host {
 namespace {
@@ -22,10 +24,12 @@ struct Composition {
         runtime::UsePorts(&ports);
         kernel_api::UseKernel(&kernel);
         kernel_api::UseReader(&reader);
+        services::UseSuiteMessageBox(dialogs::AskWithSuiteBox);
     }
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;
     ~Composition() {
+        services::UseSuiteMessageBox({});
         ReleaseProcess();
         kernel_api::UseReader(nullptr);
         kernel_api::UseKernel(nullptr);

@@ -33,7 +33,12 @@ String BuiltInReader::GetText(StringView defaultText, StringView textId) {
     textsFile_.SetPath(TextsPath());
     textsFile_.Refresh([this](const std::optional<std::string>& bytes) {
         texts_ = {};
-        if (bytes) texts_ = TextFile(*bytes);
+        if (!bytes) return;
+        try {
+            texts_ = TextFile(*bytes);
+        } catch (const std::bad_alloc&) {
+            // Texts that do not fit into memory are shown by their defaults.
+        }
     });
     const String* text = texts_.Find(textId);
     return text ? *text : String(defaultText);

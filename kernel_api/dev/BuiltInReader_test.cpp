@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "kernel_api/dev/InMemoryKernel.h"
+#include "runtime/Error.h"
 #include "runtime/headless/MemoryFiles.h"
 #include "runtime/headless/MemorySettings.h"
 #include "runtime/headless/PlainLocale.h"
@@ -139,6 +141,103 @@ TEST_F(BuiltInReaderTest, NoTextIsAtAddressesThatNothingCanHave) {
     EXPECT_EQ(reader_.TextAt(0), u"");
     EXPECT_EQ(reader_.TextAt(-1), u"");
     EXPECT_EQ(reader_.TextAt(1), u"");
+}
+
+class LocalTexts : public BuiltInReaderTest {
+ protected:
+    LocalTexts() {
+        UseKernel(&kernel_);
+        reader_.UseLanguageFolder([this] { return folder_; });
+    }
+    ~LocalTexts() override { UseKernel(nullptr); }
+
+    void WriteTexts(StringView folder, std::string_view lines) {
+        files_.AddFile(String(folder).append(u"\\K4TBackProcess.txt"), lines);
+    }
+    String Text(StringView textId) { return reader_.GetText(u"default", textId); }
+
+    InMemoryKernel kernel_;
+    String folder_;  ///< what the component holds as its language folder
+};
+
+TEST_F(LocalTexts, AreTheDefaultsWithoutALanguageFolder) {
+    files_.AddFile(u"C:\\K4TBackProcess.txt", "1 = eins\n");
+    EXPECT_EQ(Text(u"1"), u"default");
+    EXPECT_THAT(files_.Log(), testing::IsEmpty());
+}
+
+TEST_F(LocalTexts, ComeFromTheKernelsFolderWhileTheComponentHasNone) {
+    WriteTexts(u"C:\\de", "1 = eins\n");
+    WriteTexts(u"C:\\fr", "1 = un\n");
+    kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
+    EXPECT_EQ(Text(u"1"), u"eins");
+    folder_ = u"C:\\fr";
+    EXPECT_EQ(Text(u"1"), u"un");
+    folder_.clear();
+    EXPECT_EQ(Text(u"1"), u"eins");
+}
+
+TEST_F(LocalTexts, KernelIsNotAskedWhileTheComponentHasAFolder) {
+    folder_ = u"C:\\de";
+    EXPECT_EQ(Text(u"1"), u"default");
+    EXPECT_THAT(kernel_.Log(), testing::IsEmpty());
+}
+
+TEST_F(LocalTexts, KernelsFolderCountsWhenNobodySaysWhichFolderTheComponentHas) {
+    WriteTexts(u"C:\\de", "1 = eins\n");
+    kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
+    reader_.UseLanguageFolder(nullptr);
+    EXPECT_EQ(Text(u"1"), u"eins");
+}
+
+TEST_F(LocalTexts, FolderMayEndInABackslash) {
+    WriteTexts(u"C:\\de", "1 = eins\n");
+    folder_ = u"C:\\de\\";
+    EXPECT_EQ(Text(u"1"), u"eins");
+    folder_ = u"C:\\de";
+    EXPECT_EQ(Text(u"1"), u"eins");
+    EXPECT_EQ(Reads(), 1);
+}
+
+TEST_F(LocalTexts, BlanksAroundAnIdentifierDoNotCount) {
+    WriteTexts(u"C:\\de", "991019 = Pfad:\\s\n");
+    folder_ = u"C:\\de";
+    EXPECT_EQ(Text(u"991019 "), u"Pfad: ");
+    EXPECT_EQ(Text(u"  991019"), u"Pfad: ");
+    EXPECT_EQ(Text(u"9910 19"), u"default");
+}
+
+TEST_F(LocalTexts, EmptyTextIsNoReasonForTheDefault) {
+    WriteTexts(u"C:\\de", "1 =\n");
+    folder_ = u"C:\\de";
+    EXPECT_EQ(Text(u"1"), u"");
+}
+
+TEST_F(LocalTexts, FileMayAppearChangeAndVanish) {
+    folder_ = u"C:\\de";
+    EXPECT_EQ(Text(u"1"), u"default");
+    WriteTexts(u"C:\\de", "1 = eins\n2 = zwei\n");
+    EXPECT_EQ(Text(u"1"), u"eins");
+    WriteTexts(u"C:\\de", "1 = ein\n");
+    EXPECT_EQ(Text(u"1"), u"ein");
+    EXPECT_EQ(Text(u"2"), u"default");
+    files_.RemoveFile(u"C:\\de\\K4TBackProcess.txt");
+    EXPECT_EQ(Text(u"1"), u"default");
+    EXPECT_EQ(Reads(), 2);
+}
+
+TEST_F(LocalTexts, FileThatIsBeingWrittenLeavesWhatWasReadBefore) {
+    folder_ = u"C:\\de";
+    WriteTexts(u"C:\\de", "1 = eins\n");
+    EXPECT_EQ(Text(u"1"), u"eins");
+    WriteTexts(u"C:\\de", "1 = ein\n");
+    files_.FailRead(u"C:\\de\\K4TBackProcess.txt");
+    EXPECT_EQ(Text(u"1"), u"eins");
+}
+
+TEST_F(LocalTexts, FailingKernelIsTheCallersError) {
+    kernel_.FailOn("E_GetString", runtime::Error(runtime::kFileNotFound));
+    EXPECT_THROW(Text(u"1"), runtime::Error);
 }
 
 }  // namespace

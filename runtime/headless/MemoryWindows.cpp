@@ -4,6 +4,8 @@
 #include <utility>
 
 #include "runtime/Error.h"
+#include "runtime/TextLayout.h"
+#include "runtime/headless/FixedMeasure.h"
 
 namespace runtime::headless {
 namespace {
@@ -43,12 +45,74 @@ std::uint32_t MemoryWindows::RegisterMessage(StringView name) {
     return kFirstMessage + static_cast<std::uint32_t>(found - messages.begin());
 }
 
+bool MemoryWindows::RunOne() {
+    if (pending_.empty()) return false;
+    const auto happening = std::move(pending_.front());
+    pending_.pop_front();
+    happening();
+    return true;
+}
+
 void MemoryWindows::DoEvents() {
-    while (!pending_.empty()) {
-        const auto happening = std::move(pending_.front());
-        pending_.pop_front();
-        happening();
+    while (RunOne()) {
     }
+}
+
+Size MemoryWindows::TextSize(StringView text, const Font& font, Twips wrapWidth) {
+    FixedMeasure measure(font);
+    const TextLayout layout = LayOut(text, static_cast<int>(wrapWidth), measure);
+    return {static_cast<Twips>(layout.width), static_cast<Twips>(layout.height)};
+}
+
+void MemoryWindows::SendAltKey(char16_t character) {
+    altKeys += character;
+    Post([this, character] {
+        const auto active = std::find_if(windows_.rbegin(), windows_.rend(),
+                                         [](const MemoryWindow* window) { return window->visible; });
+        if (active != windows_.rend()) (*active)->Events().AccessKey(character);
+    });
+}
+
+namespace {
+
+/// Disables the other windows; runs posted events until ended.
+class MemoryModal : public ModalLoop {
+ public:
+    MemoryModal(MemoryWindows& system, NativeWindow& dialog) : system_(system) {
+        for (MemoryWindow* window : system_.Windows()) {
+            if (window == &dialog || !window->visible || !window->enabled) continue;
+            window->enabled = false;
+            disabled_.push_back(window);
+        }
+    }
+    MemoryModal(const MemoryModal&) = delete;
+    MemoryModal& operator=(const MemoryModal&) = delete;
+    ~MemoryModal() override { End(); }
+
+    void Run() override {
+        while (!ended_ && !system_.quitting) {
+            if (!system_.RunOne()) throw Error(kInternalError, u"a modal form waits for an event that never comes");
+        }
+    }
+
+    void End() override {
+        if (std::exchange(ended_, true)) return;
+        for (MemoryWindow* window : disabled_) {
+            const auto& windows = system_.Windows();
+            if (std::find(windows.begin(), windows.end(), window) != windows.end()) window->enabled = true;
+        }
+    }
+
+ private:
+    MemoryWindows& system_;
+    std::vector<MemoryWindow*> disabled_;
+    bool ended_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<ModalLoop> MemoryWindows::BeginModal(NativeWindow& window) {
+    return std::make_unique<MemoryModal>(*this, window);
 }
 
 MemoryWindow::MemoryWindow(MemoryWindows& system, const WindowDesign& design, WindowEvents& events, NativeHandle handle)
@@ -83,14 +147,14 @@ Size MemoryWindow::InnerSize() const {
     return {std::max(0.0F, outer.width - frame.width), std::max(0.0F, outer.height - frame.height)};
 }
 
-NativeControl& MemoryWindow::AddControl(ControlKind kind, const String& name) {
-    controls.push_back(std::make_unique<MemoryControl>(kind, name));
+NativeControl& MemoryWindow::AddControl(const ControlLook& look) {
+    controls.push_back(std::make_unique<MemoryControl>(look));
     return *controls.back();
 }
 
 MemoryControl& MemoryWindow::Control(StringView name) const {
-    const auto found =
-        std::find_if(controls.begin(), controls.end(), [name](const auto& control) { return control->name == name; });
+    const auto found = std::find_if(controls.begin(), controls.end(),
+                                    [name](const auto& control) { return control->look.name == name; });
     if (found == controls.end()) throw Error(kPropertyNotSupported);
     return **found;
 }

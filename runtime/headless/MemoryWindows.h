@@ -14,15 +14,18 @@ class MemoryWindow;
 
 /// A control's values as its form last told them.
 struct MemoryControl : NativeControl {
-    MemoryControl(ControlKind controlKind, String controlName) : kind(controlKind), name(std::move(controlName)) {}
+    explicit MemoryControl(ControlLook controlLook) : look(std::move(controlLook)) {}
     void SetBounds(const Rect& newBounds) override { bounds = newBounds; }
     void SetText(const String& newText) override { text = newText; }
+    void SetFont(const Font& newFont) override { font = newFont; }
+    void SetFocus() override { ++focuses; }
     void Refresh() override { ++refreshes; }
 
-    ControlKind kind;
-    String name;
+    ControlLook look;
     Rect bounds;
     String text;
+    Font font;
+    int focuses = 0;
     int refreshes = 0;
 };
 
@@ -33,11 +36,19 @@ class MemoryWindows : public WindowsPort {
     Size ScreenSize() override { return screen; }
     std::int16_t MousePointer() override { return pointers.empty() ? std::int16_t{0} : pointers.back(); }
     void SetMousePointer(std::int16_t shape) override { pointers.push_back(shape); }
+    Size TextSize(StringView text, const Font& font, Twips wrapWidth) override;
     std::uint32_t RegisterMessage(StringView name) override;
     void DoEvents() override;
+    std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override;
+    /// Happens to the newest visible window, as a posted event.
+    void SendAltKey(char16_t character) override;
 
     /// Queues what the user or the window system does; it happens at the next DoEvents.
     void Post(std::function<void()> happening) { pending_.push_back(std::move(happening)); }
+    /// Lets the next posted event happen; false when there is none.
+    bool RunOne();
+    /// A request to quit: modal loops end, and it stays pending.
+    void Quit() { quitting = true; }
     /// The windows that exist, in the order in which they were made.
     const std::vector<MemoryWindow*>& Windows() const { return windows_; }
     /// The newest window. At least one must exist.
@@ -48,6 +59,9 @@ class MemoryWindows : public WindowsPort {
     std::vector<std::int16_t> pointers;
     /// How many of the next windows the window system refuses.
     int refuseWindows = 0;
+    bool quitting = false;
+    /// What the resend of keys sent, in order.
+    String altKeys;
     /// The registered messages' names, in order.
     std::vector<String> messages;
 
@@ -72,8 +86,9 @@ class MemoryWindow : public NativeWindow {
     Size InnerSize() const override;
     NativeHandle Handle() const override { return handle_; }
     NativeHandle DeviceContext() override { return handle_ + 1; }
-    NativeControl& AddControl(ControlKind kind, const String& name) override;
+    NativeControl& AddControl(const ControlLook& look) override;
 
+    /// The first control of that name; error 438 when there is none.
     MemoryControl& Control(StringView name) const;
     /// What the form is told by the window system.
     WindowEvents& Events() const { return events_; }
@@ -83,6 +98,7 @@ class MemoryWindow : public NativeWindow {
     Rect outer;
     WindowState state = WindowState::kNormal;
     bool visible = false;
+    bool enabled = true;  ///< takes input
     Colour backColour;
     std::vector<std::unique_ptr<MemoryControl>> controls;
 

@@ -16,11 +16,12 @@ class ScriptedMessageBox : public MessageBoxPort {
         String prompt;
         std::int32_t flags;
         String title;
+        MessageHelp help = {};
         bool operator==(const Message&) const = default;
     };
 
-    std::int32_t Show(StringView prompt, std::int32_t flags, StringView title) override {
-        shown.push_back({String(prompt), flags, String(title)});
+    std::int32_t Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) override {
+        shown.push_back({String(prompt), flags, String(title), help});
         if (answers.empty()) throw Error(kInternalError, u"a message that nobody expected: " + String(prompt));
         const std::int32_t answer = answers.front();
         answers.pop_front();

@@ -1,5 +1,6 @@
 #include "runtime/win32/Pixels.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace runtime::win32 {
@@ -20,7 +21,10 @@ int ScreenDpi() {
 }
 
 int ToPixels(Twips twips) {
-    return static_cast<int>(std::lround(twips * static_cast<Twips>(ScreenDpi()) / kTwipsPerInch));
+    // What the window system can place and size.
+    constexpr Twips kFarthest = 32767;
+    const Twips pixels = twips * static_cast<Twips>(ScreenDpi()) / kTwipsPerInch;
+    return static_cast<int>(std::lround(std::clamp(pixels, -kFarthest, kFarthest)));
 }
 
 Twips ToTwips(int pixels) {

@@ -5,34 +5,57 @@
 #include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/Pixels.h"
+#include "runtime/win32/Win32Label.h"
+#include "runtime/win32/Win32Picture.h"
+#include "runtime/win32/Win32Window.h"
+#include "runtime/win32/Win32Windows.h"
 
 namespace runtime::win32 {
 namespace {
 
-HWND CreateStatusBar(HWND parent, HINSTANCE instance) {
-    const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES};
-    InitCommonControlsEx(&classes);
-    // The form places the bar; the control must not place itself.
-    constexpr DWORD kStyle = WS_CHILD | WS_VISIBLE | CCS_NORESIZE | CCS_NOPARENTALIGN;
-    const HWND bar = CreateWindowExW(0, STATUSCLASSNAMEW, L"", kStyle, 0, 0, 0, 0, parent, nullptr, instance, nullptr);
-    // One text area over the whole bar.
-    if (bar) SendMessageW(bar, SB_SIMPLE, TRUE, 0);
-    return bar;
-}
+struct WindowKind {
+    const wchar_t* className;
+    DWORD style;
+};
 
-HWND Create(HWND parent, ControlKind kind, HINSTANCE instance) {
+WindowKind KindOfWindow(ControlKind kind) {
     switch (kind) {
         case ControlKind::kStatusBar:
-            return CreateStatusBar(parent, instance);
+            // The form places the bar; the control must not place itself.
+            return {STATUSCLASSNAMEW, CCS_NORESIZE | CCS_NOPARENTALIGN};
+        case ControlKind::kLabel:
+            return {Win32Label::ClassName(), 0};
+        case ControlKind::kButton:
+            // Reports when it gets the focus, too.
+            return {L"BUTTON", BS_PUSHBUTTON | BS_NOTIFY};
+        case ControlKind::kPicture:
+            return {L"STATIC", SS_ICON};
     }
-    return nullptr;
+    return {nullptr, 0};
+}
+
+HWND CreateControl(HWND parent, HINSTANCE instance, ControlKind kind, int id) {
+    if (kind == ControlKind::kStatusBar) {
+        const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES};
+        InitCommonControlsEx(&classes);
+    }
+    const WindowKind made = KindOfWindow(kind);
+    return CreateWindowExW(0, made.className, L"", WS_CHILD | WS_VISIBLE | made.style, 0, 0, 0, 0, parent,
+                           reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance, nullptr);
 }
 
 }  // namespace
 
-Win32Control::Win32Control(HWND parent, ControlKind kind, HINSTANCE instance)
-    : window_(Create(parent, kind, instance)) {
+Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
+    : parent_(parent), system_(system), kind_(look.kind) {
+    window_ = CreateControl(reinterpret_cast<HWND>(parent.Handle()), system.Instance(), look.kind, id);
     if (!window_) throw Error(kOutOfMemory);
+    // One text area over the whole bar.
+    if (kind_ == ControlKind::kStatusBar) SendMessageW(window_, SB_SIMPLE, TRUE, 0);
+    if (look.picture) {
+        icon_ = MakeIcon(*look.picture);
+        SendMessageW(window_, STM_SETICON, reinterpret_cast<WPARAM>(icon_.Get()), 0);
+    }
 }
 
 void Win32Control::SetBounds(const Rect& bounds) {
@@ -45,7 +68,20 @@ void Win32Control::SetBounds(const Rect& bounds) {
 }
 
 void Win32Control::SetText(const String& text) {
-    SendMessageW(window_, SB_SETTEXTW, SB_SIMPLEID, reinterpret_cast<LPARAM>(Wide(text)));
+    if (kind_ == ControlKind::kStatusBar) {
+        SendMessageW(window_, SB_SETTEXTW, SB_SIMPLEID, reinterpret_cast<LPARAM>(Wide(text)));
+    } else {
+        Callback::Into([&] { SetWindowTextW(window_, Wide(text)); });
+    }
+}
+
+void Win32Control::SetFont(const Font& font) {
+    const HFONT made = system_.Fonts().Get(font);
+    Callback::Into([&] { SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(made), TRUE); });
+}
+
+void Win32Control::SetFocus() {
+    parent_.FocusControl(window_);
 }
 
 void Win32Control::Refresh() {

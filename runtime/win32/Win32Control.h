@@ -2,21 +2,39 @@
 #pragma once
 
 #include "runtime/WindowsPort.h"
-#include "runtime/win32/WindowsHeaders.h"
+#include "runtime/win32/Handle.h"
 
 namespace runtime::win32 {
 
+class Win32Window;
+class Win32Windows;
+
+struct IconPolicy {
+    using Type = HICON;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DestroyIcon(handle); }
+};
+using Icon = UniqueHandle<IconPolicy>;
+
 class Win32Control : public NativeControl {
  public:
-    /// Error 7 when the system refuses. The window goes with its parent.
-    Win32Control(HWND parent, ControlKind kind, HINSTANCE instance);
+    /// Error 7 when the system refuses. The window goes with that of `parent`; `id` is what it reports itself as.
+    Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id);
 
     void SetBounds(const Rect& bounds) override;
     void SetText(const String& text) override;
+    void SetFont(const Font& font) override;
+    void SetFocus() override;
     void Refresh() override;
 
+    HWND Window() const { return window_; }
+
  private:
-    HWND window_;
+    Win32Window& parent_;
+    Win32Windows& system_;
+    const ControlKind kind_;
+    Icon icon_;
+    HWND window_ = nullptr;
 };
 
 }  // namespace runtime::win32

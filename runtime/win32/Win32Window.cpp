@@ -1,5 +1,7 @@
 #include "runtime/win32/Win32Window.h"
 
+#include <cmath>
+
 #include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/Pixels.h"
@@ -20,6 +22,15 @@ COLORREF ToColorRef(Colour colour) {
     return (colour & kSystemColour) ? GetSysColor(static_cast<int>(colour & ~kSystemColour)) : colour;
 }
 
+/// Equal but for the rounding to pixels.
+bool IsCloseTo(const Rect& a, const Rect& b) {
+    const Twips pixel = ToTwips(1);
+    const auto isClose = [pixel](Twips x, Twips y) { return std::abs(x - y) <= pixel; };
+    return isClose(a.left, b.left) && isClose(a.top, b.top) && isClose(a.width, b.width) && isClose(a.height, b.height);
+}
+
+constexpr int kFirstControlId = 100;
+
 int ShowCommand(WindowState state) {
     switch (state) {
         case WindowState::kMinimised:
@@ -35,13 +46,17 @@ int ShowCommand(WindowState state) {
 }  // namespace
 
 Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, WindowEvents& events)
-    : system_(system), events_(events), known_(ToPixels(design.outer)), backColour_(design.backColour) {
-    CreateWindowExW(0, system.ClassName(), Wide(design.caption), StyleOf(design.border), static_cast<int>(known_.left),
-                    static_cast<int>(known_.top), static_cast<int>(known_.right - known_.left),
-                    static_cast<int>(known_.bottom - known_.top), nullptr, nullptr, system.Instance(), this);
+    : system_(system), events_(events), known_(ToPixels(design.outer)) {
+    SetBackColour(design.backColour);
+    CreateWindowExW(ExtendedStyleOf(design.border), system.ClassName(), Wide(design.caption), StyleOf(design.border),
+                    static_cast<int>(known_.left), static_cast<int>(known_.top),
+                    static_cast<int>(known_.right - known_.left), static_cast<int>(known_.bottom - known_.top), nullptr,
+                    nullptr, system.Instance(), this);
     if (!window_) throw Error(kOutOfMemory);
     // The system limits a new window's size before the procedure can lift the limits.
     Win32Window::SetBounds(design.outer);
+    // Access keys are underlined from the start, also on systems that hide them until Alt is pressed.
+    SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
 }
 
 Win32Window::~Win32Window() {
@@ -58,6 +73,11 @@ DWORD Win32Window::StyleOf(BorderStyle border) {
     return WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 }
 
+DWORD Win32Window::ExtendedStyleOf(BorderStyle border) {
+    // A dialog's frame, and no icon in its title bar.
+    return border == BorderStyle::kFixedDialog ? WS_EX_DLGMODALFRAME : 0;
+}
+
 void Win32Window::SetCaption(const String& caption) {
     Callback::Into([&] { SetWindowTextW(window_, Wide(caption)); });
 }
@@ -68,6 +88,8 @@ void Win32Window::SetBounds(const Rect& outer) {
         SetWindowPos(window_, nullptr, static_cast<int>(known_.left), static_cast<int>(known_.top),
                      static_cast<int>(known_.right - known_.left), static_cast<int>(known_.bottom - known_.top),
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+        // What the window system could not do goes back to the form: it may centre the window by its size.
+        if (window_ && !IsCloseTo(ToTwips(known_), outer)) events_.BoundsChanged(ToTwips(known_), state_);
     });
 }
 
@@ -84,8 +106,9 @@ void Win32Window::SetState(WindowState state) {
 }
 
 void Win32Window::SetBackColour(Colour colour) {
-    backColour_ = colour;
-    InvalidateRect(window_, nullptr, TRUE);
+    backColour_ = ToColorRef(colour);
+    background_.Reset(CreateSolidBrush(backColour_));
+    if (window_) InvalidateRect(window_, nullptr, TRUE);
 }
 
 Size Win32Window::InnerSize() const {
@@ -99,9 +122,22 @@ NativeHandle Win32Window::DeviceContext() {
     return reinterpret_cast<NativeHandle>(GetDC(window_));
 }
 
-NativeControl& Win32Window::AddControl(ControlKind kind, const String& /*name*/) {
-    controls_.push_back(std::make_unique<Win32Control>(window_, kind, system_.Instance()));
+NativeControl& Win32Window::AddControl(const ControlLook& look) {
+    const int id = kFirstControlId + static_cast<int>(controls_.size());
+    controls_.push_back(std::make_unique<Win32Control>(*this, system_, look, id));
     return *controls_.back();
+}
+
+void Win32Window::FocusControl(HWND control) {
+    focus_ = control;
+    if (GetActiveWindow() == window_) Callback::Into([control] { SetFocus(control); });
+}
+
+bool Win32Window::TakesKey(const MSG& message) {
+    const HWND form = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
+    if (!form || GetWindowLongPtrW(form, GWLP_WNDPROC) != reinterpret_cast<LONG_PTR>(&Procedure)) return false;
+    auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(form, GWLP_USERDATA));
+    return self && self->OnKey(message.message, message.wParam);
 }
 
 LRESULT CALLBACK Win32Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -154,25 +190,27 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             limits->ptMaxTrackSize = {kAnySize, kAnySize};
             return 0;
         }
+        case WM_KEYDOWN:
+        case WM_KEYUP:
         case WM_SYSKEYDOWN:  // keys come as these to an icon, too
-        case WM_KEYDOWN: {
-            const LRESULT result = Default(message, wParam, lParam);
-            auto keyCode = static_cast<std::int16_t>(wParam);
-            events_.KeyDown(keyCode, HeldModifiers());
-            return result;
-        }
         case WM_SYSKEYUP:
-        case WM_KEYUP: {
-            const LRESULT result = Default(message, wParam, lParam);
-            auto keyCode = static_cast<std::int16_t>(wParam);
-            events_.KeyUp(keyCode, HeldModifiers());
-            return result;
+        case WM_CHAR:
+        case WM_SYSCHAR: {
+            const HWND window = window_;
+            // The client's own message loop brings keys here without having shown them to the form.
+            const bool isNew = !system_.IsDispatchingKey();
+            if (isNew && OnKey(message, wParam)) return 0;
+            return DefWindowProcW(window, message, wParam, lParam);
         }
-        case WM_CHAR: {
-            auto character = static_cast<char16_t>(wParam);
-            events_.KeyPress(character);
+        case WM_SETFOCUS:
+            if (focus_) SetFocus(focus_);
             return 0;
-        }
+        case WM_COMMAND:
+            OnCommand(wParam, lParam);
+            return 0;
+        case WM_CTLCOLORSTATIC:
+        case WM_CTLCOLORBTN:
+            return GiveColours(reinterpret_cast<HDC>(wParam));
         case WM_ERASEBKGND:
             Erase(reinterpret_cast<HDC>(wParam));
             return 1;
@@ -182,6 +220,46 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         default:
             return Default(message, wParam, lParam);
     }
+}
+
+bool Win32Window::OnKey(UINT message, WPARAM wParam) {
+    switch (message) {
+        case WM_KEYDOWN:
+        case WM_SYSKEYDOWN:
+            return events_.KeyDown(static_cast<std::int16_t>(wParam), HeldModifiers());
+        case WM_KEYUP:
+        case WM_SYSKEYUP:
+            return events_.KeyUp(static_cast<std::int16_t>(wParam), HeldModifiers());
+        case WM_CHAR:
+            return events_.KeyPress(static_cast<char16_t>(wParam));
+        case WM_SYSCHAR:
+            return events_.AccessKey(static_cast<char16_t>(wParam));
+        default:
+            return false;
+    }
+}
+
+void Win32Window::OnCommand(WPARAM wParam, LPARAM lParam) {
+    if (!lParam) return;
+    const auto control = static_cast<std::size_t>(LOWORD(wParam)) - kFirstControlId;
+    if (control >= controls_.size()) return;
+    switch (HIWORD(wParam)) {
+        case BN_CLICKED:
+            events_.Clicked(control);
+            return;
+        case BN_SETFOCUS:
+            focus_ = reinterpret_cast<HWND>(lParam);
+            events_.Focused(control);
+            return;
+        default:
+            return;
+    }
+}
+
+LRESULT Win32Window::GiveColours(HDC context) const {
+    SetBkColor(context, backColour_);
+    SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
+    return reinterpret_cast<LRESULT>(background_.Get());
 }
 
 WindowState Win32Window::CurrentState() const {
@@ -204,9 +282,7 @@ void Win32Window::ReportBounds() {
 void Win32Window::Erase(HDC context) const {
     RECT client{};
     GetClientRect(window_, &client);
-    SetBkColor(context, ToColorRef(backColour_));
-    // An opaque empty text fills its rectangle without a brush to make and delete.
-    ExtTextOutW(context, 0, 0, ETO_OPAQUE, &client, L"", 0, nullptr);
+    FillRect(context, &client, background_.Get());
 }
 
 }  // namespace runtime::win32

@@ -6,11 +6,19 @@
 #include <vector>
 
 #include "runtime/WindowsPort.h"
+#include "runtime/win32/Handle.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
 
 class Win32Windows;
+
+struct GdiBrushPolicy {
+    using Type = HBRUSH;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DeleteObject(handle); }
+};
+using GdiBrush = UniqueHandle<GdiBrushPolicy>;
 
 class Win32Window : public NativeWindow {
  public:
@@ -28,14 +36,22 @@ class Win32Window : public NativeWindow {
     Size InnerSize() const override;
     NativeHandle Handle() const override { return reinterpret_cast<NativeHandle>(window_); }
     NativeHandle DeviceContext() override;
-    NativeControl& AddControl(ControlKind kind, const String& name) override;
+    NativeControl& AddControl(const ControlLook& look) override;
 
     static DWORD StyleOf(BorderStyle border);
+    static DWORD ExtendedStyleOf(BorderStyle border);
+    /// Gives `control` the focus now, or whenever this window becomes active.
+    void FocusControl(HWND control);
+    /// Shows a key of the queue to the form that it is meant for; true when the form used it up.
+    static bool TakesKey(const MSG& message);
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
  private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
+    bool OnKey(UINT message, WPARAM wParam);
+    void OnCommand(WPARAM wParam, LPARAM lParam);
+    LRESULT GiveColours(HDC context) const;
     void ReportBounds();
     void Erase(HDC context) const;
     WindowState CurrentState() const;
@@ -45,7 +61,9 @@ class Win32Window : public NativeWindow {
     HWND window_ = nullptr;
     RECT known_{};  ///< outer bounds in pixels that the form knows of
     WindowState state_ = WindowState::kNormal;
-    Colour backColour_;
+    COLORREF backColour_ = 0;
+    GdiBrush background_;
+    HWND focus_ = nullptr;
     std::vector<std::unique_ptr<NativeControl>> controls_;
 };
 

@@ -1,11 +1,15 @@
 #include "runtime/win32/Win32Windows.h"
 
 #include <iterator>
+#include <utility>
 
 #include "runtime/Error.h"
 #include "runtime/Screen.h"
 #include "runtime/win32/Callback.h"
+#include "runtime/win32/GdiMeasure.h"
 #include "runtime/win32/Pixels.h"
+#include "runtime/win32/Win32Label.h"
+#include "runtime/win32/Win32Modal.h"
 #include "runtime/win32/Win32Window.h"
 
 namespace runtime::win32 {
@@ -23,15 +27,17 @@ LPCWSTR SystemPointer(std::int16_t shape) {
 }  // namespace
 
 Win32Windows::~Win32Windows() {
-    if (classRegistered_) UnregisterClassW(ClassName(), instance_);
+    if (!classesRegistered_) return;
+    UnregisterClassW(ClassName(), instance_);
+    Win32Label::UnregisterWindowClass(instance_);
 }
 
 const wchar_t* Win32Windows::ClassName() const {
     return L"K4TBackProcess.Form";
 }
 
-void Win32Windows::RegisterWindowClass() {
-    if (classRegistered_) return;
+void Win32Windows::RegisterWindowClasses() {
+    if (classesRegistered_) return;
     WNDCLASSEXW windowClass{};
     windowClass.cbSize = sizeof windowClass;
     windowClass.style = CS_OWNDC | CS_DBLCLKS;
@@ -40,17 +46,21 @@ void Win32Windows::RegisterWindowClass() {
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.lpszClassName = ClassName();
     if (!RegisterClassExW(&windowClass)) throw Error(kOutOfMemory);
-    classRegistered_ = true;
+    if (!Win32Label::RegisterWindowClass(instance_)) {
+        UnregisterClassW(ClassName(), instance_);
+        throw Error(kOutOfMemory);
+    }
+    classesRegistered_ = true;
 }
 
 std::unique_ptr<NativeWindow> Win32Windows::MakeWindow(const WindowDesign& design, WindowEvents& events) {
-    RegisterWindowClass();
+    RegisterWindowClasses();
     return Callback::Into([&] { return std::make_unique<Win32Window>(*this, design, events); });
 }
 
 Size Win32Windows::OuterSize(Size inner, BorderStyle border) {
     RECT outer = ToPixels(Rect{0, 0, inner.width, inner.height});
-    AdjustWindowRectEx(&outer, Win32Window::StyleOf(border), FALSE, 0);
+    AdjustWindowRectEx(&outer, Win32Window::StyleOf(border), FALSE, Win32Window::ExtendedStyleOf(border));
     return ToTwips(outer).Size();
 }
 
@@ -86,11 +96,56 @@ void Win32Windows::DoEvents() {
             PostQuitMessage(static_cast<int>(message.wParam));
             return;
         }
-        Callback::Into([&] {
-            TranslateMessage(&message);
-            DispatchMessageW(&message);
-        });
+        Dispatch(message);
     }
+}
+
+void Win32Windows::Dispatch(const MSG& message) {
+    const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
+    if (isKey && Callback::Into([&] { return Win32Window::TakesKey(message); })) return;
+    const bool outer = std::exchange(isDispatchingKey_, isKey);
+    const struct Restore {
+        bool& flag;
+        bool value;
+        ~Restore() { flag = value; }
+    } restore{isDispatchingKey_, outer};
+    Callback::Into([&] {
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    });
+}
+
+std::unique_ptr<ModalLoop> Win32Windows::BeginModal(NativeWindow& window) {
+    return std::make_unique<Win32Modal>(*this, reinterpret_cast<HWND>(window.Handle()));
+}
+
+Size Win32Windows::TextSize(StringView text, const Font& font, Twips wrapWidth) {
+    GdiMeasure measure(fonts_.Get(font));
+    const TextLayout layout = LayOut(text, ToPixels(wrapWidth), measure);
+    return {ToTwips(layout.width), ToTwips(layout.height)};
+}
+
+void Win32Windows::SendAltKey(char16_t character) {
+    constexpr SHORT kNoKey = -1;
+    const SHORT key = VkKeyScanW(static_cast<wchar_t>(character));
+    if (key == kNoKey) {
+        // No key of the keyboard gives this character; what the keys would have become is sent instead.
+        constexpr LPARAM kAltIsDown = 1 << 29;
+        if (const HWND active = GetActiveWindow()) PostMessageW(active, WM_SYSCHAR, character, kAltIsDown | 1);
+        return;
+    }
+    INPUT inputs[4]{};
+    const auto press = [](INPUT& input, WORD virtualKey, DWORD flags) {
+        input.type = INPUT_KEYBOARD;
+        input.ki.wVk = virtualKey;
+        input.ki.dwFlags = flags;
+    };
+    const auto characterKey = static_cast<WORD>(LOBYTE(key));
+    press(inputs[0], VK_MENU, 0);
+    press(inputs[1], characterKey, 0);
+    press(inputs[2], characterKey, KEYEVENTF_KEYUP);
+    press(inputs[3], VK_MENU, KEYEVENTF_KEYUP);
+    SendInput(static_cast<UINT>(std::size(inputs)), inputs, sizeof inputs[0]);
 }
 
 }  // namespace runtime::win32

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "runtime/WindowsPort.h"
+#include "runtime/win32/Win32Fonts.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
@@ -20,19 +21,30 @@ class Win32Windows : public WindowsPort {
     Size ScreenSize() override;
     std::int16_t MousePointer() override { return pointer_; }
     void SetMousePointer(std::int16_t shape) override;
+    Size TextSize(StringView text, const Font& font, Twips wrapWidth) override;
     std::uint32_t RegisterMessage(StringView name) override;
     void DoEvents() override;
+    std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override;
+    void SendAltKey(char16_t character) override;
 
     HINSTANCE Instance() const { return instance_; }
     const wchar_t* ClassName() const;
+    Win32Fonts& Fonts() { return fonts_; }
+    /// Gives a message of the queue to the form that it is for, if it is a key, and then to its window. Throws what a
+    /// handler threw.
+    void Dispatch(const MSG& message);
+    /// A key that Dispatch has shown to its form already is on its way to a window.
+    bool IsDispatchingKey() const { return isDispatchingKey_; }
     /// Shows the chosen pointer; false when it is the default one.
     bool ShowPointer() const;
 
  private:
-    void RegisterWindowClass();
+    void RegisterWindowClasses();
 
     HINSTANCE instance_;
-    bool classRegistered_ = false;
+    bool classesRegistered_ = false;
+    bool isDispatchingKey_ = false;
+    Win32Fonts fonts_;
     std::int16_t pointer_ = 0;
     HCURSOR pointerBefore_ = nullptr;  ///< the shape that the client showed when a pointer of ours replaced it
 };

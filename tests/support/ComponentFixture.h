@@ -2,11 +2,13 @@
 // test starts with a fresh process, so to speak.
 #pragma once
 
+#include "dialogs/frmQMXMsgBox.h"
 #include "host/ProcessLife.h"
 #include "kernel_api/dev/BuiltInReader.h"
 #include "kernel_api/dev/InMemoryKernel.h"
 #include "runtime/Form.h"
 #include "runtime/LoadedForms.h"
+#include "services/MessageTexts.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/RuntimeFixture.h"
 
@@ -19,10 +21,12 @@ class ComponentOver : public Base {
     ComponentOver() {
         kernel_api::UseKernel(&kernel_);
         kernel_api::UseReader(&reader_);
+        services::UseSuiteMessageBox(dialogs::AskWithSuiteBox);
     }
     ~ComponentOver() override {
         kernel_.StopFailing();
         while (runtime::Form* last = runtime::LoadedForms().LastToUnload()) last->Unload();
+        services::UseSuiteMessageBox({});
         host::ReleaseProcess();
         kernel_api::UseReader(nullptr);
         kernel_api::UseKernel(nullptr);

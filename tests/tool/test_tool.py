@@ -157,6 +157,18 @@ class WithoutComponent(ToolTestCase):
             self.assertEqual(tool("strings"), (0, b"Added=[by another]\nHeld=[here]\n", b""))
         self.assertEqual(tool("strings"), (0, b"", b""))
 
+    def test_text_is_the_current_language_s(self):
+        with tempfile.TemporaryDirectory() as folder, LiveHost() as holder:
+            texts = pathlib.Path(folder) / "K4TBackProcess.txt"
+            texts.write_text("39171 = &Ja\n1 = eins\\nzwei\n2 =\n", encoding="utf-8")
+            holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
+            self.assertEqual(tool("text", "39171"), (0, b"&Ja\n", b""))
+            self.assertEqual(tool("text", " 39171", "&Yes"), (0, b"&Ja\n", b""))
+            self.assertEqual(tool("text", "1"), (0, "eins␍␊zwei\n".encode(), b""))
+            self.assertEqual(tool("text", "2", "default"), (0, b"\n", b""))
+            self.assertEqual(tool("text", "3", "default"), (0, b"default\n", b""))
+            self.assertEqual(tool("text", "3"), (1, b"", b"backproc: there is no text '3'\n"))
+
     def test_split_shows_number_text_and_value_of_each_field(self):
         for text, fields in [
             ("A,B,", ["A\t0", "B\t0", "\t0"]),

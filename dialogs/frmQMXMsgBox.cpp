@@ -1,0 +1,156 @@
+#include "dialogs/frmQMXMsgBox.h"
+
+#include <algorithm>
+#include <memory>
+
+#include "dialogs/QuestionIcon.h"
+#include "runtime/Error.h"
+#include "runtime/Numbers.h"
+#include "runtime/Ports.h"
+#include "runtime/Screen.h"
+
+namespace dialogs {
+namespace {
+
+using runtime::Control;
+using runtime::ControlDesign;
+using runtime::ControlKind;
+using runtime::Twips;
+
+constexpr std::int32_t kDefaultButtonBits = 0x300;
+constexpr int kCancelIndex = 3;
+
+runtime::FormDesign BoxDesign() {
+    return {
+        .name = u"frmQMXMsgBox",
+        .inner = {5085, 1425},
+        .border = runtime::BorderStyle::kFixedDialog,
+    };
+}
+
+ControlDesign ImageDesign() {
+    return {
+        .kind = ControlKind::kPicture,
+        .name = u"Image1",
+        .bounds = {180, 180, 480, 480},
+        .picture = &kQuestionIcon,
+    };
+}
+
+ControlDesign PromptDesign() {
+    return {
+        .kind = ControlKind::kLabel,
+        .name = u"lblPrompt",
+        .bounds = {945, 240, 3700, 390},
+        .text = u"########################################",
+        .tabIndex = 4,
+        .sizesItself = true,
+    };
+}
+
+/// The process's shared box. Never destroyed by itself: at the end of a process the system has its window already.
+std::unique_ptr<frmQMXMsgBox>& SharedBox() {
+    static auto* shared = new std::unique_ptr<frmQMXMsgBox>;
+    return *shared;
+}
+
+}  // namespace
+
+frmQMXMsgBox::frmQMXMsgBox() : Form(BoxDesign()) {
+    AddControl(ImageDesign());
+    lblPrompt_ = &AddControl(PromptDesign());
+    cmdBut_[0] = &AddButton(0, 180, u"&Yes", u"39171");
+    cmdBut_[1] = &AddButton(1, 1395, u"&No", u"39172");
+    cmdBut_[2] = &AddButton(2, 2610, u"Yes &To All", u"39173");
+    cmdBut_[3] = &AddButton(3, 3825, u"Cancel", u"99388");
+}
+
+Control& frmQMXMsgBox::AddButton(int index, Twips left, StringView caption, StringView tag) {
+    return AddControl({
+        .kind = ControlKind::kButton,
+        .name = u"cmdBut",
+        .index = index,
+        .bounds = {left, 915, 1125, 345},
+        .text = String(caption),
+        .tag = String(tag),
+        .tabIndex = index,
+        .isCancel = index == kCancelIndex,
+    });
+}
+
+std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringView title) {
+    if (IsLoaded() && Visible()) throw runtime::Error(runtime::kFormAlreadyDisplayed);
+    const runtime::Rect design = lblPrompt_->Bounds();
+    const std::int32_t origW = runtime::ToInt32(design.width);
+    const std::int32_t origH = runtime::ToInt32(design.height);
+    // A busy pointer of the caller would hide the box's own.
+    const struct PutBack {
+        frmQMXMsgBox& box;
+        std::int16_t pointer;
+        ~PutBack() {
+            runtime::SkipError([this] { runtime::SetMousePointer(pointer); });
+            runtime::SkipError([this] { box.Unload(); });
+        }
+    } putBack{*this, runtime::MousePointer()};
+    runtime::SetMousePointer(runtime::kDefaultPointer);
+    lblPrompt_->SetText(prompt);
+    SetCaption(title);
+    ChooseFirstButton(flags);
+    LayOut(origW, origH);
+    result_ = kCancel;
+    ShowModal();
+    return result_;
+}
+
+// Each assignment moves the other controls along, so the order of the assignments matters.
+void frmQMXMsgBox::ChooseFirstButton(std::int32_t flags) {
+    const int first = (flags & kDefaultButtonBits) >> 8;
+    if (first == 0) return;
+    for (int i = first; i < static_cast<int>(kButtons); ++i)
+        cmdBut_[static_cast<std::size_t>(i)]->SetTabIndex(i - first);
+}
+
+void frmQMXMsgBox::LayOut(std::int32_t origW, std::int32_t origH) {
+    runtime::Rect label = lblPrompt_->Bounds();
+    label.height = std::max(label.height, static_cast<Twips>(origH));
+    label.width = std::max(label.width, static_cast<Twips>(origW));
+    lblPrompt_->SetBounds(label);
+    const std::int32_t dW = runtime::ToInt32(label.width - static_cast<Twips>(origW));
+    const std::int32_t dH = runtime::ToInt32(label.height - static_cast<Twips>(origH));
+    SetHeight(Height() + static_cast<Twips>(dH));
+    SetWidth(Width() + static_cast<Twips>(dW));
+    for (Control* button : cmdBut_) {
+        runtime::Rect bounds = button->Bounds();
+        bounds.left += static_cast<Twips>(dW) / 2.0F;
+        bounds.top += static_cast<Twips>(dH);
+        button->SetBounds(bounds);
+    }
+    const runtime::Size screen = runtime::ScreenSize();
+    Move((screen.width - Width()) / 2.0F, (screen.height - Height()) / 2.0F);
+}
+
+void frmQMXMsgBox::OnClick(Control& control) {
+    const int index = control.Index();
+    if (index >= 0 && index < kCancelIndex) result_ = index + kYes;
+    if (index == kCancelIndex) result_ = kCancel;
+    Hide();
+}
+
+// A plain letter presses the button whose caption marks it: it comes back together with Alt.
+void frmQMXMsgBox::OnKeyPress(char16_t& character) {
+    runtime::SkipError([character] { runtime::CurrentPorts().windows.SendAltKey(character); });
+}
+
+std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title) {
+    std::unique_ptr<frmQMXMsgBox>& shared = SharedBox();
+    if (!shared) shared = std::make_unique<frmQMXMsgBox>();
+    if (!shared->IsLoaded()) return shared->ShowMe(prompt, flags, title);
+    frmQMXMsgBox own;
+    return own.ShowMe(prompt, flags, title);
+}
+
+void ReleaseSuiteBox() {
+    SharedBox().reset();
+}
+
+}  // namespace dialogs

@@ -1,0 +1,50 @@
+// The suite's own message box: a modal question with the four fixed answers Yes, No, Yes To All and Cancel, for
+// operations that ask the same question about many items. Services reach it through ShowMessage.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "runtime/Form.h"
+
+namespace dialogs {
+
+using runtime::String;
+using runtime::StringView;
+
+class frmQMXMsgBox : public runtime::Form {
+ public:
+    /// The answers; all but kYesToAll are the platform's own codes.
+    enum Result : std::int32_t { kCancel = 2, kYes = 6, kNo = 7, kYesToAll = 8 };
+
+    frmQMXMsgBox();
+
+    /// Asks and waits; the form is unloaded afterwards. Of `flags` only the default-button bits count (0x300). Closing
+    /// the box in any way but by a button is kCancel. Errors of controls pass and leave nothing open. Error 400 while
+    /// this very box is open.
+    std::int32_t ShowMe(StringView prompt, std::int32_t flags, StringView title);
+
+ protected:
+    void OnClick(runtime::Control& control) override;
+    void OnKeyPress(char16_t& character) override;
+
+ private:
+    static constexpr std::size_t kButtons = 4;
+
+    runtime::Control& AddButton(int index, runtime::Twips left, StringView caption, StringView tag);
+    void ChooseFirstButton(std::int32_t flags);
+    void LayOut(std::int32_t origW, std::int32_t origH);
+
+    runtime::Control* lblPrompt_ = nullptr;
+    std::array<runtime::Control*, kButtons> cmdBut_{};
+    std::int32_t result_ = kCancel;
+};
+
+/// Asks with the process's shared box, or, while that one is open, with one of its own: a question that a handler asks
+/// meanwhile is answered first and does not touch the outer one.
+std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title);
+
+/// Forgets the shared box, which must not be open.
+void ReleaseSuiteBox();
+
+}  // namespace dialogs

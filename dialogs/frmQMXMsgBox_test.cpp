@@ -1,0 +1,276 @@
+// The suite's message box, played in memory. A character is 90 twips wide and a line 195 high there.
+#include "dialogs/frmQMXMsgBox.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "runtime/Screen.h"
+#include "tests/support/RuntimeFixture.h"
+
+namespace dialogs {
+namespace {
+
+using runtime::headless::MemoryControl;
+using runtime::headless::MemoryWindow;
+using ::testing::ElementsAre;
+
+class MessageBox : public tests::HeadlessTest {
+ protected:
+    ~MessageBox() override { ReleaseSuiteBox(); }
+
+    /// Asks, and does `user` while the box is open.
+    std::int32_t Ask(std::int32_t flags, const std::function<void(MemoryWindow&)>& user,
+                     runtime::StringView prompt = u"Overwrite?") {
+        memory_.windows.Post([this, user] { user(memory_.windows.Last()); });
+        return AskWithSuiteBox(prompt, flags, u"Title");
+    }
+    std::int32_t AskAndPress(std::int32_t flags, std::int16_t key) {
+        return Ask(flags, [key](MemoryWindow& box) { box.Events().KeyDown(key, 0); });
+    }
+    static MemoryControl& Button(MemoryWindow& box, std::size_t index) { return *box.controls.at(index + 2); }
+
+    /// Walks with Tab and notes the focused buttons, beginning with the first.
+    std::vector<int> WalkOf(std::int32_t flags) {
+        std::vector<int> walk;
+        Ask(flags, [&](MemoryWindow& box) {
+            for (int i = 0; i < 5; ++i) {
+                for (int button = 0; button < 4; ++button) {
+                    if (Button(box, static_cast<std::size_t>(button)).focuses > 0) walk.push_back(button);
+                    Button(box, static_cast<std::size_t>(button)).focuses = 0;
+                }
+                box.Events().KeyDown(runtime::kKeyTab, 0);
+            }
+            box.Events().Closing(runtime::UnloadReason::kUser);
+        });
+        return walk;
+    }
+};
+
+TEST_F(MessageBox, HasItsDesign) {
+    Ask(8, [](MemoryWindow& box) {
+        EXPECT_EQ(box.InnerSize(), (runtime::Size{5085, 1425}));
+        EXPECT_EQ(box.border, runtime::BorderStyle::kFixedDialog);
+        EXPECT_EQ(box.caption, u"Title");
+        EXPECT_EQ(box.Control(u"Image1").bounds, (runtime::Rect{180, 180, 480, 480}));
+        EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 3700, 390}));
+        EXPECT_EQ(box.Control(u"lblPrompt").text, u"Overwrite?");
+        EXPECT_EQ(Button(box, 0).text, u"&Yes");
+        EXPECT_EQ(Button(box, 1).text, u"&No");
+        EXPECT_EQ(Button(box, 2).text, u"Yes &To All");
+        EXPECT_EQ(Button(box, 3).text, u"Cancel");
+        EXPECT_EQ(Button(box, 0).bounds, (runtime::Rect{180, 915, 1125, 345}));
+        EXPECT_EQ(Button(box, 3).bounds, (runtime::Rect{3825, 915, 1125, 345}));
+        box.Events().Closing(runtime::UnloadReason::kUser);
+    });
+}
+
+TEST_F(MessageBox, ClicksGiveTheCodeOfTheirButton) {
+    const auto click = [this](std::size_t button) {
+        return Ask(8, [button](MemoryWindow& box) { box.Events().Clicked(button + 2); });
+    };
+    EXPECT_EQ(click(0), 6);
+    EXPECT_EQ(click(1), 7);
+    EXPECT_EQ(click(2), 8);
+    EXPECT_EQ(click(3), 2);
+}
+
+TEST_F(MessageBox, EnterPressesTheButtonThatTheFlagsPutFirst) {
+    EXPECT_EQ(AskAndPress(8, runtime::kKeyEnter), 6);
+    EXPECT_EQ(AskAndPress(8 + 0x100, runtime::kKeyEnter), 7);
+    EXPECT_EQ(AskAndPress(8 + 0x200, runtime::kKeyEnter), 8);
+    EXPECT_EQ(AskAndPress(8 + 0x300, runtime::kKeyEnter), 2);
+}
+
+TEST_F(MessageBox, OtherFlagsDoNotMatter) {
+    EXPECT_EQ(AskAndPress(8 + 48 + 4 + 0x1000, runtime::kKeyEnter), 6);
+    EXPECT_EQ(AskAndPress(-1, runtime::kKeyEnter), 2);
+}
+
+TEST_F(MessageBox, TabWalksInTheOrderThatTheFlagsGive) {
+    EXPECT_THAT(WalkOf(8), ElementsAre(0, 1, 2, 3, 0));
+    EXPECT_THAT(WalkOf(8 + 0x100), ElementsAre(1, 2, 3, 0, 1));
+    EXPECT_THAT(WalkOf(8 + 0x200), ElementsAre(2, 3, 0, 1, 2));
+    EXPECT_THAT(WalkOf(8 + 0x300), ElementsAre(3, 0, 1, 2, 3));
+}
+
+TEST_F(MessageBox, EscapeIsCancelWhereverTheFocusIs) {
+    EXPECT_EQ(AskAndPress(8, runtime::kKeyEscape), 2);
+    EXPECT_EQ(AskAndPress(8 + 0x200, runtime::kKeyEscape), 2);
+}
+
+TEST_F(MessageBox, PlainLettersPressTheMarkedButton) {
+    const auto type = [this](char16_t letter) {
+        return Ask(8, [letter](MemoryWindow& box) { EXPECT_FALSE(box.Events().KeyPress(letter)); });
+    };
+    EXPECT_EQ(type(u'y'), 6);
+    EXPECT_EQ(type(u'n'), 7);
+    EXPECT_EQ(type(u't'), 8);
+    EXPECT_EQ(type(u'T'), 8);
+    EXPECT_EQ(memory_.windows.altKeys, u"yntT");
+}
+
+TEST_F(MessageBox, EveryCharacterIsResentAndOnesThatNoButtonHasDoNothing) {
+    const auto answer = Ask(8, [this](MemoryWindow& box) {
+        for (const char16_t character : {u'x', u'%', u'{', u'\u3042'}) box.Events().KeyPress(character);
+        memory_.windows.Post([&box] { box.Events().KeyDown(runtime::kKeyEnter, 0); });
+    });
+    EXPECT_EQ(answer, 6);
+    EXPECT_EQ(memory_.windows.altKeys, u"x%{\u3042");
+}
+
+TEST_F(MessageBox, ClosingTheWindowIsCancelEvenAfterAnEarlierAnswer) {
+    EXPECT_EQ(AskAndPress(8, runtime::kKeyEnter), 6);
+    EXPECT_EQ(Ask(8, [](MemoryWindow& box) { box.Events().Closing(runtime::UnloadReason::kUser); }), 2);
+}
+
+TEST_F(MessageBox, UnloadedBySomebodyElseIsCancel) {
+    EXPECT_EQ(Ask(8, [](MemoryWindow&) { runtime::LoadedForms().At(0).Unload(); }), 2);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(MessageBox, RequestToQuitIsCancelAndStaysPending) {
+    EXPECT_EQ(Ask(8, [this](MemoryWindow&) { memory_.windows.Quit(); }), 2);
+    EXPECT_TRUE(memory_.windows.quitting);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(MessageBox, WidePromptWidensTheFormAndShiftsTheButtonsByHalf) {
+    // 51 characters are 4590 wide: 890 more than the label's 3700. Half of it is 445.
+    const runtime::String prompt(51, u'm');
+    Ask(
+        8,
+        [](MemoryWindow& box) {
+            EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 4590, 390}));
+            EXPECT_EQ(box.InnerSize(), (runtime::Size{5085 + 890, 1425}));
+            EXPECT_EQ(Button(box, 0).bounds, (runtime::Rect{180 + 445, 915, 1125, 345}));
+            EXPECT_EQ(Button(box, 3).bounds, (runtime::Rect{3825 + 445, 915, 1125, 345}));
+            EXPECT_EQ(box.Control(u"Image1").bounds, (runtime::Rect{180, 180, 480, 480}));
+            box.Events().Closing(runtime::UnloadReason::kUser);
+        },
+        prompt);
+}
+
+TEST_F(MessageBox, OddHalvesAreTwips) {
+    // At 1 point a character is 11 twips wide: 343 of them are 3773, 73 more than the label's 3700.
+    class SmallPrint : public frmQMXMsgBox {
+        void OnLoad() override {
+            runtime::Control& prompt = *Controls().at(1);
+            const runtime::Rect design = prompt.Bounds();
+            prompt.SetFont({.size = 1});
+            prompt.SetBounds(design);
+        }
+    } box;
+    memory_.windows.Post([this] {
+        EXPECT_EQ(Button(memory_.windows.Last(), 0).bounds.left, 180 + 36.5F);
+        memory_.windows.Last().Events().KeyDown(runtime::kKeyEscape, 0);
+    });
+    box.ShowMe(runtime::String(343, u'm'), 0, u"");
+}
+
+TEST_F(MessageBox, LongPromptOfLinesLowersTheButtons) {
+    // Ten lines are 1950 high: 1560 more than the label's 390.
+    Ask(
+        8,
+        [](MemoryWindow& box) {
+            EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 3700, 1950}));
+            EXPECT_EQ(box.InnerSize(), (runtime::Size{5085, 1425 + 1560}));
+            EXPECT_EQ(Button(box, 2).bounds, (runtime::Rect{2610, 915 + 1560, 1125, 345}));
+            box.Events().Closing(runtime::UnloadReason::kUser);
+        },
+        u"1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n9\r\n10");
+}
+
+TEST_F(MessageBox, IsCentredWithoutClamping) {
+    memory_.windows.screen = {3000, 900};
+    Ask(8, [](MemoryWindow& box) {
+        // Outer size 5085 + 90 by 1425 + 375.
+        EXPECT_EQ(box.outer, (runtime::Rect{(3000 - 5175) / 2.0F, (900 - 1800) / 2.0F, 5175, 1800}));
+        box.Events().Closing(runtime::UnloadReason::kUser);
+    });
+}
+
+TEST_F(MessageBox, EachQuestionStartsFromTheDesign) {
+    Ask(
+        8 + 0x300, [](MemoryWindow& box) { box.Events().Closing(runtime::UnloadReason::kUser); },
+        runtime::String(60, u'm'));
+    Ask(8, [](MemoryWindow& box) {
+        EXPECT_EQ(box.InnerSize(), (runtime::Size{5085, 1425}));
+        box.Events().Closing(runtime::UnloadReason::kUser);
+    });
+    EXPECT_THAT(WalkOf(8), ElementsAre(0, 1, 2, 3, 0));
+}
+
+TEST_F(MessageBox, BusyPointerIsBackAfterwards) {
+    runtime::SetMousePointer(runtime::kHourglassPointer);
+    Ask(8, [](MemoryWindow& box) {
+        EXPECT_EQ(runtime::MousePointer(), runtime::kDefaultPointer);
+        box.Events().Closing(runtime::UnloadReason::kUser);
+    });
+    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
+}
+
+TEST_F(MessageBox, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheBoxGoes) {
+    runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
+    owner.SetVisible(true);
+    MemoryWindow& ownerWindow = memory_.windows.Last();
+    Ask(8, [&](MemoryWindow& box) {
+        EXPECT_FALSE(ownerWindow.enabled);
+        EXPECT_TRUE(box.enabled);
+        box.Events().Clicked(2);
+        EXPECT_TRUE(ownerWindow.enabled);
+    });
+    EXPECT_TRUE(ownerWindow.enabled);
+}
+
+TEST_F(MessageBox, ErrorOfAHandlerReachesTheCallerAndLeavesNothingOpen) {
+    runtime::SetMousePointer(runtime::kHourglassPointer);
+    const auto failing = [](MemoryWindow&) { throw runtime::Error(runtime::kOverflow); };
+    EXPECT_THROW(Ask(8, failing), runtime::Error);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
+}
+
+TEST_F(MessageBox, QuestionInsideAQuestionHasItsOwnAnswer) {
+    std::int32_t inner = 0;
+    const std::int32_t outer = Ask(8, [&](MemoryWindow& outerBox) {
+        inner = AskAndPress(8 + 0x100, runtime::kKeyEnter);
+        EXPECT_EQ(outerBox.Control(u"lblPrompt").text, u"Overwrite?");
+        outerBox.Events().Clicked(4);
+    });
+    EXPECT_EQ(inner, 7);
+    EXPECT_EQ(outer, 8);
+}
+
+TEST_F(MessageBox, ShowMeOfAnOpenBoxIsRefusedAndDoesNotTouchIt) {
+    frmQMXMsgBox box;
+    memory_.windows.Post([&] {
+        EXPECT_THROW(box.ShowMe(u"again", 0, u"again"), runtime::Error);
+        EXPECT_EQ(box.Caption(), u"Title");
+        memory_.windows.Last().Events().Clicked(2);
+    });
+    EXPECT_EQ(box.ShowMe(u"first", 8, u"Title"), 6);
+}
+
+TEST_F(MessageBox, AnswersWithAllTabStopsOff) {
+    class StoplessBox : public frmQMXMsgBox {
+        void OnLoad() override {
+            for (const auto& control : Controls())
+                if (control->TakesFocus()) control->SetTabStop(false);
+        }
+    } box;
+    memory_.windows.Post([this] {
+        auto& events = memory_.windows.Last().Events();
+        events.KeyDown(runtime::kKeyTab, 0);
+        events.KeyDown(runtime::kKeyTab, runtime::kShift);
+        events.KeyDown(runtime::kKeyTab, 0);
+        events.KeyDown(runtime::kKeyEnter, 0);
+    });
+    EXPECT_EQ(box.ShowMe(u"p", 0x100, u"t"), 8);
+}
+
+}  // namespace
+}  // namespace dialogs

@@ -1,0 +1,20 @@
+// The font of a form or a control, as a plain value; only a back end knows what it looks like.
+#pragma once
+
+#include <cstdint>
+
+#include "runtime/Text.h"
+
+namespace runtime {
+
+struct Font {
+    String name = u"MS Sans Serif";
+    /// In points (1/72 inch).
+    float size = 8.25F;
+    /// Windows character set: 0 western, 1 the system's own, 128 Japanese, 134 simplified Chinese and so on.
+    std::int16_t charset = 0;
+    bool bold = false;
+    bool operator==(const Font&) const = default;
+};
+
+}  // namespace runtime

@@ -1,0 +1,133 @@
+// What a form does by itself with keys: its tab order, where the focus is, and which keys walk or press.
+#include <algorithm>
+
+#include "runtime/Error.h"
+#include "runtime/Form.h"
+#include "runtime/Ports.h"
+
+namespace runtime {
+
+void Form::ResetTabOrder() {
+    tabOrder_.clear();
+    for (const auto& control : controls_) {
+        if (control->design_.tabIndex != ControlDesign::kNoIndex) tabOrder_.push_back(control.get());
+    }
+    std::stable_sort(tabOrder_.begin(), tabOrder_.end(),
+                     [](const Control* a, const Control* b) { return a->design_.tabIndex < b->design_.tabIndex; });
+}
+
+int Form::PlaceInTabOrder(const Control& control) const {
+    const auto found = std::find(tabOrder_.begin(), tabOrder_.end(), &control);
+    if (found == tabOrder_.end()) throw Error(kPropertyNotSupported);
+    return static_cast<int>(found - tabOrder_.begin());
+}
+
+void Form::MoveInTabOrder(Control& control, int place) {
+    tabOrder_.erase(tabOrder_.begin() + PlaceInTabOrder(control));
+    const int last = static_cast<int>(tabOrder_.size());
+    tabOrder_.insert(tabOrder_.begin() + std::min(place, last), &control);
+}
+
+/// The controls that Tab walks, in tab order: those with their tab stop on, or all that can take the focus when no
+/// control has it on.
+std::vector<Control*> Form::Reachable() const {
+    std::vector<Control*> all;
+    std::vector<Control*> stops;
+    for (Control* control : tabOrder_) {
+        if (!control->TakesFocus()) continue;
+        all.push_back(control);
+        if (control->tabStop_) stops.push_back(control);
+    }
+    return stops.empty() ? all : stops;
+}
+
+void Form::WalkFocus(int step) {
+    const std::vector<Control*> reachable = Reachable();
+    if (reachable.empty()) return;
+    const int count = static_cast<int>(reachable.size());
+    const auto found = std::find(reachable.begin(), reachable.end(), focused_);
+    int next = step > 0 ? 0 : count - 1;
+    if (found != reachable.end()) next = (static_cast<int>(found - reachable.begin()) + step + count) % count;
+    SetFocus(*reachable[static_cast<std::size_t>(next)]);
+}
+
+Control* Form::FocusedControl() {
+    EnsureLoaded();
+    return focused_;
+}
+
+void Form::SetFocus(Control& control) {
+    EnsureLoaded();
+    if (!control.TakesFocus()) throw Error(kPropertyNotSupported);
+    focused_ = &control;
+    control.native_->SetFocus();
+}
+
+bool Form::Press(Control* button) {
+    if (!button || button->Kind() != ControlKind::kButton) return false;
+    SetFocus(*button);
+    OnClick(*button);
+    return true;
+}
+
+bool Form::Navigate(std::int16_t keyCode, std::int16_t shift) {
+    if ((shift & (kCtrl | kAlt)) != 0) return false;
+    const bool onButton = focused_ && focused_->Kind() == ControlKind::kButton;
+    switch (keyCode) {
+        case kKeyTab:
+            WalkFocus((shift & kShift) != 0 ? -1 : 1);
+            return true;
+        case kKeyEnter:
+        case kKeySpace:
+            return Press(focused_);
+        case kKeyEscape: {
+            const auto cancel = std::find_if(controls_.begin(), controls_.end(),
+                                             [](const auto& control) { return control->IsCancel(); });
+            return cancel != controls_.end() && Press(cancel->get());
+        }
+        case kKeyLeft:
+        case kKeyUp:
+            if (onButton) WalkFocus(-1);
+            return onButton;
+        case kKeyRight:
+        case kKeyDown:
+            if (onButton) WalkFocus(1);
+            return onButton;
+        default:
+            return false;
+    }
+}
+
+bool Form::KeyDown(std::int16_t keyCode, std::int16_t shift) {
+    OnKeyDown(keyCode, shift);
+    // The handler may have hidden or unloaded the form.
+    return keyCode == 0 || !window_ || Navigate(keyCode, shift);
+}
+
+bool Form::KeyUp(std::int16_t keyCode, std::int16_t shift) {
+    OnKeyUp(keyCode, shift);
+    return keyCode == 0 || !window_;
+}
+
+bool Form::KeyPress(char16_t character) {
+    OnKeyPress(character);
+    return character == 0 || !window_;
+}
+
+bool Form::AccessKey(char16_t character) {
+    const char16_t wanted = CurrentPorts().locale.LowerCase(StringView(&character, 1)).front();
+    const auto marked = std::find_if(tabOrder_.begin(), tabOrder_.end(),
+                                     [wanted](Control* control) { return control->AccessKey() == wanted; });
+    return wanted != 0 && marked != tabOrder_.end() && Press(*marked);
+}
+
+void Form::Clicked(std::size_t control) {
+    OnClick(*controls_.at(control));
+}
+
+void Form::Focused(std::size_t control) {
+    Control& got = *controls_.at(control);
+    if (got.TakesFocus()) focused_ = &got;
+}
+
+}  // namespace runtime

@@ -1,0 +1,278 @@
+#include "runtime/TextLayout.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace runtime {
+namespace {
+
+using testing::ElementsAre;
+
+/// Every character is 1 wide (but those chosen), a line 2 high. Counts what it is asked.
+class UnitMeasure : public TextMeasure {
+ public:
+    int Width(StringView run) override {
+        Count(run);
+        int width = overhang;
+        for (const char16_t character : run) width += WidthOf(character);
+        return width;
+    }
+    std::size_t Fit(StringView run, int width) override {
+        Count(run);
+        EXPECT_GE(width, 0);
+        std::size_t fitting = 0;
+        while (fitting < run.size() && WidthOf(run[fitting]) <= width) width -= WidthOf(run[fitting++]);
+        return fitting;
+    }
+    int LineHeight() override { return lineHeight; }
+
+    int wideWidth = 5;
+    /// What every run is wider than Fit takes it to be, as slanted fonts are.
+    int overhang = 0;
+    int lineHeight = 2;
+    std::size_t calls = 0;
+    std::size_t units = 0;
+    std::size_t longestRun = 0;
+
+ private:
+    int WidthOf(char16_t character) const { return character == u'W' ? wideWidth : 1; }
+    void Count(StringView run) {
+        ++calls;
+        units += run.size();
+        longestRun = std::max(longestRun, run.size());
+    }
+};
+
+std::vector<String> Lines(const TextLayout& layout) {
+    std::vector<String> lines;
+    for (std::size_t i = 0; i < layout.lines.size(); ++i) lines.emplace_back(layout.Line(i));
+    return lines;
+}
+
+std::vector<String> Lines(StringView text, int wrapWidth = kNoWrap) {
+    UnitMeasure measure;
+    return Lines(LayOut(text, wrapWidth, measure));
+}
+
+TEST(TextLayout, NoTextIsOneEmptyLine) {
+    UnitMeasure measure;
+    const TextLayout layout = LayOut(u"", 10, measure);
+    EXPECT_THAT(Lines(layout), ElementsAre(u""));
+    EXPECT_EQ(layout.width, 0);
+    EXPECT_EQ(layout.height, 2);
+}
+
+TEST(TextLayout, GivesPlaceAndWidthOfEveryLine) {
+    UnitMeasure measure;
+    const TextLayout layout = LayOut(u"Save it?\r\nWell", kNoWrap, measure);
+    EXPECT_EQ(layout.text, u"Save it?Well");
+    ASSERT_EQ(layout.lines.size(), 2U);
+    EXPECT_EQ(layout.lines[1].offset, 8U);
+    EXPECT_EQ(layout.lines[1].length, 4U);
+    EXPECT_EQ(layout.lines[1].width, 8);  // the W is 5 wide
+    EXPECT_EQ(layout.width, 8);
+    EXPECT_EQ(layout.height, 4);
+}
+
+TEST(TextLayout, KnowsThreeLineEnds) {
+    EXPECT_THAT(Lines(u"a\r\nb\nc\rd"), ElementsAre(u"a", u"b", u"c", u"d"));
+    EXPECT_THAT(Lines(u"a\n\rb"), ElementsAre(u"a", u"", u"b"));
+    EXPECT_THAT(Lines(u"\r\r\n"), ElementsAre(u"", u"", u""));
+}
+
+TEST(TextLayout, FinalLineEndMakesAnEmptyLastLine) {
+    EXPECT_THAT(Lines(u"a\n"), ElementsAre(u"a", u""));
+    EXPECT_THAT(Lines(u"a\r\n", 1), ElementsAre(u"a", u""));
+    EXPECT_THAT(Lines(u"\r", 0), ElementsAre(u"", u""));
+}
+
+TEST(TextLayout, TabGoesToTheNextMultipleOfEight) {
+    EXPECT_THAT(Lines(u"\tx"), ElementsAre(u"        x"));
+    EXPECT_THAT(Lines(u"abc\tx"), ElementsAre(u"abc     x"));
+    EXPECT_THAT(Lines(u"1234567\tx"), ElementsAre(u"1234567 x"));
+    EXPECT_THAT(Lines(u"12345678\tx"), ElementsAre(u"12345678        x"));
+    EXPECT_THAT(Lines(u"abc\nde\tx"), ElementsAre(u"abc", u"de      x"));
+}
+
+TEST(TextLayout, ControlCharactersBecomeBlanks) {
+    using namespace std::string_view_literals;
+    EXPECT_THAT(Lines(u"a\0b\x1F"
+                      "c\x7F"
+                      "d\x80"
+                      "e\x9F"
+                      "f\u00A0g"sv),
+                ElementsAre(u"a b c d e f\u00A0g"));
+}
+
+TEST(TextLayout, OtherCharactersStayAsTheyAre) {
+    EXPECT_THAT(Lines(u"&Yes && <b>\\n\u65B0"), ElementsAre(u"&Yes && <b>\\n\u65B0"));
+}
+
+TEST(TextLayout, WrapsAtBlanks) {
+    EXPECT_THAT(Lines(u"one two three", 7), ElementsAre(u"one two", u"three"));
+    EXPECT_THAT(Lines(u"one two three", 8), ElementsAre(u"one two", u"three"));
+    EXPECT_THAT(Lines(u"one two three", 6), ElementsAre(u"one", u"two", u"three"));
+    EXPECT_THAT(Lines(u"one two three", 13), ElementsAre(u"one two three"));
+}
+
+TEST(TextLayout, WrapsEveryParagraphByItself) {
+    EXPECT_THAT(Lines(u"one two\nthree four", 5), ElementsAre(u"one", u"two", u"three", u"four"));
+}
+
+TEST(TextLayout, ShowsNoBlankOfABreak) {
+    UnitMeasure measure;
+    const TextLayout layout = LayOut(u"ab    cd", 4, measure);
+    EXPECT_THAT(Lines(layout), ElementsAre(u"ab", u"cd"));
+    EXPECT_EQ(layout.width, 2);
+    EXPECT_THAT(Lines(u"ab    ", 4), ElementsAre(u"ab"));
+    EXPECT_THAT(Lines(u"          ", 4), ElementsAre(u""));
+}
+
+TEST(TextLayout, KeepsBlanksThatNeedNoBreak) {
+    EXPECT_THAT(Lines(u"  ab  ", 6), ElementsAre(u"  ab  "));
+    EXPECT_THAT(Lines(u"  ab cd", 4), ElementsAre(u"  ab", u"cd"));
+}
+
+TEST(TextLayout, DropsIndentationThatLeavesNoRoom) {
+    EXPECT_THAT(Lines(u"   abc", 4), ElementsAre(u"abc"));
+    EXPECT_THAT(Lines(u"  abcdef", 4), ElementsAre(u"abcd", u"ef"));
+    EXPECT_THAT(Lines(u"a\n   bcd", 4), ElementsAre(u"a", u"bcd"));
+}
+
+TEST(TextLayout, BreaksAWordThatIsTooWide) {
+    EXPECT_THAT(Lines(u"abcdefgh", 3), ElementsAre(u"abc", u"def", u"gh"));
+    EXPECT_THAT(Lines(u"abcdef gh", 3), ElementsAre(u"abc", u"def", u"gh"));
+    EXPECT_THAT(Lines(u"a bcdefg h", 3), ElementsAre(u"a", u"bcd", u"efg", u"h"));
+    EXPECT_THAT(Lines(u"a bcdef g", 3), ElementsAre(u"a", u"bcd", u"ef", u"g"));
+}
+
+TEST(TextLayout, ShowsOneCharacterALineAtLeast) {
+    for (const int width : {0, -1, std::numeric_limits<int>::min()}) {
+        EXPECT_THAT(Lines(u"ab c ", width), ElementsAre(u"a", u"b", u"c")) << width;
+    }
+    EXPECT_THAT(Lines(u"aW  b", 2), ElementsAre(u"a", u"W", u"b"));
+}
+
+TEST(TextLayout, TellsTheWidthOfACharacterThatIsTooWide) {
+    UnitMeasure measure;
+    EXPECT_EQ(LayOut(u"aW", 2, measure).width, 5);
+}
+
+TEST(TextLayout, KeepsSurrogatePairsWhole) {
+    EXPECT_THAT(Lines(u"a\U0001F600b", 2), ElementsAre(u"a", u"\U0001F600", u"b"));
+    EXPECT_THAT(Lines(u"\U0001F600\U0001F601", 1), ElementsAre(u"\U0001F600", u"\U0001F601"));
+    EXPECT_THAT(Lines(u"\U0001F600\U0001F601", 3), ElementsAre(u"\U0001F600", u"\U0001F601"));
+}
+
+TEST(TextLayout, TakesLoneSurrogatesForCharacters) {
+    const String lows(3, char16_t{0xDC00});
+    EXPECT_THAT(Lines(lows, 1), ElementsAre(u"\xDC00", u"\xDC00", u"\xDC00"));
+}
+
+TEST(TextLayout, MeasuresNoHalfOfASurrogatePair) {
+    // Behind one plain character every even number of units would end within a pair.
+    String text = u"a";
+    for (int i = 0; i < 2000; ++i) text += u"\U0001F600";
+    class WholePairs : public UnitMeasure {
+        int Width(StringView run) override {
+            EXPECT_FALSE(run.front() >= 0xDC00 && run.front() < 0xE000);
+            EXPECT_FALSE(run.back() >= 0xD800 && run.back() < 0xDC00);
+            return UnitMeasure::Width(run);
+        }
+    } measure;
+    EXPECT_EQ(LayOut(text, kNoWrap, measure).width, 4001);
+    EXPECT_EQ(LayOut(text, 3000, measure).width, 2999);
+}
+
+TEST(TextLayout, CopesWithRunsWiderThanTheyWereSaidToFit) {
+    UnitMeasure measure;
+    measure.overhang = 1;
+    EXPECT_THAT(Lines(LayOut(u"abcdefghij", 8, measure)), ElementsAre(u"abcdefgh", u"ij"));
+    measure.wideWidth = 0;
+    EXPECT_THAT(Lines(LayOut(u"WWWWWWWWWWa", std::numeric_limits<int>::min(), measure)),
+                ElementsAre(u"WWWWWWWWWW", u"a"));
+}
+
+TEST(TextLayout, StaysAtTheEndOfTheRange) {
+    UnitMeasure measure;
+    measure.wideWidth = 2'000'000'000;
+    measure.lineHeight = 2'000'000'000;
+    const String wide = String(TextMeasure::kLongestRun - 1, u'a') + u"W" + String(1023, u'a') + u"W\n";
+    const TextLayout layout = LayOut(wide, kNoWrap, measure);
+    EXPECT_EQ(layout.width, std::numeric_limits<int>::max());
+    EXPECT_EQ(layout.height, std::numeric_limits<int>::max());
+}
+
+constexpr std::size_t kMillion = 1'000'000;
+
+TEST(TextLayoutOfAMillionCharacters, MeasuresEachOnceWithoutWrapping) {
+    UnitMeasure measure;
+    EXPECT_EQ(LayOut(String(kMillion, u'a'), kNoWrap, measure).width, 1'000'000);
+    EXPECT_EQ(measure.calls, 977U);  // 976 runs of 1024 and one of 576
+    EXPECT_EQ(measure.units, kMillion);
+    EXPECT_EQ(measure.longestRun, 1024U);
+}
+
+TEST(TextLayoutOfAMillionCharacters, OffersEightForALineOfOne) {
+    UnitMeasure measure;
+    EXPECT_EQ(LayOut(String(kMillion, u'a'), 1, measure).lines.size(), kMillion);
+    EXPECT_EQ(measure.calls, 2 * kMillion);  // what fits, and its width
+    // 8 offered and 1 measured a line; for the last seven lines 7, 6 … 1 are left to offer.
+    EXPECT_EQ(measure.units, 9 * kMillion - 28);
+}
+
+TEST(TextLayoutOfAMillionCharacters, OffersLittleMoreThanALineHolds) {
+    UnitMeasure measure;
+    EXPECT_EQ(LayOut(String(kMillion, u'a'), 100, measure).lines.size(), 10'000U);
+    // A line: 8, 16, 32 fit, 44 of the 64 behind them do; each is offered and what fits is measured.
+    EXPECT_EQ(measure.calls, 80'000U);
+    // 120 offered and 100 measured; less is left for the last line.
+    EXPECT_EQ(measure.units, 2'200'000U - 20);
+}
+
+TEST(TextLayoutOfAMillionCharacters, OffersNoMoreThanTheLongestRun) {
+    UnitMeasure measure;
+    EXPECT_EQ(LayOut(String(kMillion, u'a'), 100'000, measure).lines.size(), 10U);
+    EXPECT_EQ(measure.longestRun, 1024U);
+}
+
+TEST(TextLayoutOfAMillionCharacters, SkipsBlanksUnmeasured) {
+    UnitMeasure measure;
+    const TextLayout layout = LayOut(u"a" + String(kMillion, u' ') + u"b", 10, measure);
+    EXPECT_THAT(Lines(layout), ElementsAre(u"a", u"b"));
+    // First line: 8 and 16 offered, 8 and 2 fit, then the "a" alone; second line: the "b" twice.
+    EXPECT_EQ(measure.units, 24U + 10 + 1 + 2);
+}
+
+TEST(TextLayoutOfAMillionCharacters, MeasuresAWordAgainOnlyOnTheNextLine) {
+    constexpr std::size_t kPairs = 90'910;
+    String text;
+    for (std::size_t i = 0; i < kPairs; ++i) text += u"a bcdefghi ";
+    UnitMeasure measure;
+    EXPECT_EQ(LayOut(text, 9, measure).lines.size(), 2 * kPairs);
+    // Two offers a line, what fits of each, and the line; the last line is all that is left and needs no fifth call.
+    EXPECT_EQ(measure.calls, 2 * kPairs * 5 - 1);
+    // Offered 8 and 16, 8 and 1 fit, and the line has 1 or 8: 34 and 41. The last four lines are offered 42 less.
+    EXPECT_EQ(measure.units, kPairs * 75 - 42);
+}
+
+TEST(TextLayoutOfAMillionCharacters, MeasuresNoEmptyLines) {
+    UnitMeasure measure;
+    const TextLayout layout = LayOut(String(kMillion, u'\n'), 10, measure);
+    EXPECT_EQ(layout.lines.size(), kMillion + 1);
+    EXPECT_EQ(layout.height, 2'000'002);
+    EXPECT_EQ(measure.calls, 0U);
+}
+
+TEST(TextLayoutOfAMillionCharacters, TurnsTabsIntoEightMillionBlanks) {
+    UnitMeasure measure;
+    const TextLayout layout = LayOut(String(kMillion, u'\t') + u"x", 10, measure);
+    EXPECT_EQ(layout.text.size(), 8 * kMillion + 1);
+    EXPECT_THAT(Lines(layout), ElementsAre(u"x"));
+    EXPECT_LE(measure.units, 40U);
+}
+
+}  // namespace
+}  // namespace runtime

@@ -1,0 +1,55 @@
+#include "runtime/headless/FixedMeasure.h"
+
+#include <gtest/gtest.h>
+
+namespace runtime::headless {
+namespace {
+
+TEST(FixedMeasure, HasRoundNumbersAtTheDesignSize) {
+    FixedMeasure measure{Font{}};
+    EXPECT_EQ(measure.Width(u""), 0);
+    EXPECT_EQ(measure.Width(u"Yes"), 270);
+    EXPECT_EQ(measure.LineHeight(), 195);
+}
+
+TEST(FixedMeasure, FollowsTheFontSize) {
+    FixedMeasure large{Font{.size = 11}};
+    EXPECT_EQ(large.Width(u"ab"), 240);
+    EXPECT_EQ(large.LineHeight(), 260);
+    FixedMeasure rounded{Font{.size = 12}};
+    EXPECT_EQ(rounded.Width(u"a"), 131);   // 130.9
+    EXPECT_EQ(rounded.LineHeight(), 284);  // 283.6
+}
+
+TEST(FixedMeasure, IsNeverWithoutExtent) {
+    FixedMeasure measure{Font{.size = 0}};
+    EXPECT_EQ(measure.Width(u"abc"), 3);
+    EXPECT_EQ(measure.Fit(u"abc", 2), 2U);
+    EXPECT_EQ(measure.LineHeight(), 1);
+}
+
+TEST(FixedMeasure, FitsWholeCharactersOnly) {
+    FixedMeasure measure{Font{}};
+    EXPECT_EQ(measure.Fit(u"abc", 0), 0U);
+    EXPECT_EQ(measure.Fit(u"abc", 179), 1U);
+    EXPECT_EQ(measure.Fit(u"abc", 180), 2U);
+    EXPECT_EQ(measure.Fit(u"abc", 9999), 3U);
+}
+
+TEST(FixedMeasure, MeasuresALayoutInTwips) {
+    FixedMeasure measure{Font{}};
+    const TextLayout layout = LayOut(u"Save it?\nReally", kNoWrap, measure);
+    EXPECT_EQ(layout.width, 720);
+    EXPECT_EQ(layout.height, 390);
+}
+
+TEST(Font, IsTheSameOnlyWithEveryValueTheSame) {
+    EXPECT_EQ(Font{}, (Font{.name = u"MS Sans Serif", .size = 8.25F, .charset = 0, .bold = false}));
+    EXPECT_NE(Font{}, Font{.name = u"Tahoma"});
+    EXPECT_NE(Font{}, Font{.size = 9});
+    EXPECT_NE(Font{}, Font{.charset = 128});
+    EXPECT_NE(Font{}, Font{.bold = true});
+}
+
+}  // namespace
+}  // namespace runtime::headless

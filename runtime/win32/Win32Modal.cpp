@@ -1,0 +1,60 @@
+#include "runtime/win32/Win32Modal.h"
+
+#include "runtime/win32/Win32Windows.h"
+
+namespace runtime::win32 {
+namespace {
+
+/// The thread's active window, if a dialog can belong to it.
+HWND OwnerFor(HWND dialog) {
+    const HWND active = GetActiveWindow();
+    return active != dialog && IsWindowVisible(active) ? active : nullptr;
+}
+
+}  // namespace
+
+Win32Modal::Win32Modal(Win32Windows& system, HWND window) : system_(system), window_(window), owner_(OwnerFor(window)) {
+    // Owned, the dialog stays in front of its owner, and the owner becomes active again when the dialog goes.
+    SetWindowLongPtrW(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner_));
+    EnumThreadWindows(GetCurrentThreadId(), DisableOther, reinterpret_cast<LPARAM>(this));
+}
+
+BOOL CALLBACK Win32Modal::DisableOther(HWND window, LPARAM self) noexcept {
+    auto& modal = *reinterpret_cast<Win32Modal*>(self);
+    const bool takesInput = window != modal.window_ && IsWindowVisible(window) && IsWindowEnabled(window);
+    if (!takesInput) return TRUE;
+    try {
+        modal.disabled_.push_back(window);
+        EnableWindow(window, FALSE);
+    } catch (const std::exception&) {
+        // A window that cannot be remembered stays enabled.
+    }
+    return TRUE;
+}
+
+void Win32Modal::End() {
+    if (ended_) return;
+    ended_ = true;
+    for (const HWND window : disabled_) {
+        if (IsWindow(window)) EnableWindow(window, TRUE);
+    }
+    // A dialog that somebody else destroyed went while its owner could not become active yet.
+    if (!IsWindowVisible(window_) && owner_ && !GetActiveWindow()) SetActiveWindow(owner_);
+    // Run may wait for a message that the system has handled without handing it out.
+    PostMessageW(nullptr, WM_NULL, 0, 0);
+}
+
+void Win32Modal::Run() {
+    MSG message{};
+    while (!ended_) {
+        const BOOL got = GetMessageW(&message, nullptr, 0, 0);
+        if (got == 0) {
+            PostQuitMessage(static_cast<int>(message.wParam));
+            return;
+        }
+        if (got < 0) return;
+        system_.Dispatch(message);
+    }
+}
+
+}  // namespace runtime::win32

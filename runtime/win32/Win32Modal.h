@@ -1,0 +1,35 @@
+// The modal time of a window: it is owned by the window that was active, and all other windows of the thread are
+// disabled meanwhile.
+#pragma once
+
+#include <vector>
+
+#include "runtime/WindowsPort.h"
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace runtime::win32 {
+
+class Win32Windows;
+
+class Win32Modal : public ModalLoop {
+ public:
+    /// `window` is the dialog, still hidden.
+    Win32Modal(Win32Windows& system, HWND window);
+    Win32Modal(const Win32Modal&) = delete;
+    Win32Modal& operator=(const Win32Modal&) = delete;
+    ~Win32Modal() override { End(); }
+
+    void Run() override;
+    void End() override;
+
+ private:
+    static BOOL CALLBACK DisableOther(HWND window, LPARAM self) noexcept;
+
+    Win32Windows& system_;
+    HWND window_;
+    HWND owner_;
+    std::vector<HWND> disabled_;
+    bool ended_ = false;
+};
+
+}  // namespace runtime::win32

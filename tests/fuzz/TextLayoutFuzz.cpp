@@ -1,0 +1,223 @@
+// Laying out text: the lines hold the text in order, each as full as it can be and no fuller, surrogate pairs stay
+// whole, and the work is bounded, for any text, any wrap width and characters of different widths.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include "runtime/TextLayout.h"
+
+namespace {
+
+using runtime::String;
+using runtime::StringView;
+using runtime::TextLayout;
+
+void Require(bool isTrue, const char* law) {
+    if (isTrue) return;
+    std::fprintf(stderr, "broken: %s\n", law);
+    std::abort();
+}
+
+bool IsHigh(char16_t unit) {
+    return unit >= 0xD800 && unit <= 0xDBFF;
+}
+bool IsLow(char16_t unit) {
+    return unit >= 0xDC00 && unit <= 0xDFFF;
+}
+
+/// Units of the character at the start of `text`.
+std::size_t CharacterLength(StringView text) {
+    return text.size() > 1 && IsHigh(text[0]) && IsLow(text[1]) ? 2 : 1;
+}
+
+/// A surrogate pair is not as wide as its halves alone, so that measuring half of one shows.
+int CharacterWidth(StringView text) {
+    if (CharacterLength(text) == 2) return 9;
+    if (IsHigh(text[0]) || IsLow(text[0])) return 40;
+    return text[0] % 7;
+}
+
+int WidthOf(StringView text) {
+    int width = 0;
+    for (; !text.empty(); text.remove_prefix(CharacterLength(text))) width += CharacterWidth(text);
+    return width;
+}
+
+bool Fits(StringView text, int width) {
+    for (; !text.empty() && width >= 0; text.remove_prefix(CharacterLength(text))) width -= CharacterWidth(text);
+    return width >= 0;
+}
+
+class MixedMeasure : public runtime::TextMeasure {
+ public:
+    /// With `splitsPairs` the answer of Fit may end between the halves of a pair.
+    explicit MixedMeasure(bool splitsPairs) : splitsPairs_(splitsPairs) {}
+
+    int Width(StringView run) override {
+        Count(run);
+        return WidthOf(run);
+    }
+    std::size_t Fit(StringView run, int width) override {
+        Count(run);
+        Require(width >= 0, "no negative width to fit into");
+        std::size_t fitting = 0;
+        while (fitting < run.size()) {
+            const StringView rest = run.substr(fitting);
+            width -= CharacterWidth(rest);
+            if (width < 0) return fitting + (splitsPairs_ && CharacterLength(rest) == 2 ? 1 : 0);
+            fitting += CharacterLength(rest);
+        }
+        return fitting;
+    }
+    int LineHeight() override { return 3; }
+
+    std::size_t Units() const { return units_; }
+    std::size_t Calls() const { return calls_; }
+
+ private:
+    void Count(StringView run) {
+        Require(!run.empty() && run.size() <= kLongestRun, "runs of bounded length");
+        units_ += run.size();
+        ++calls_;
+    }
+
+    const bool splitsPairs_;
+    std::size_t units_ = 0;
+    std::size_t calls_ = 0;
+};
+
+String TakeText(FuzzedDataProvider& data) {
+    static constexpr char16_t kCommon[] = {u' ',  u' ',    u'a',   u'b',   u'c',   u'&',    u'8',   u'\n',
+                                           u'\r', u'\t',   0x0000, 0x0085, 0xD83D, 0xDE00,  0xD83D, 0xDE00,
+                                           u'g',  u'\x1F', u'~',   0x65B0, u'g',   u'\x7F', u'a',   u'-'};
+    String text;
+    while (data.remaining_bytes() > 0 && text.size() < 6'000) {
+        const bool isCommon = data.ConsumeIntegralInRange(0, 15) > 0;
+        const char16_t unit = isCommon ? data.PickValueInArray(kCommon) : data.ConsumeIntegral<char16_t>();
+        const bool isLong = data.ConsumeIntegralInRange(0, 15) == 0;
+        const std::size_t count = isLong ? data.ConsumeIntegralInRange<std::size_t>(1, 3000) : 1;
+        text.append(count, unit);
+        if (isLong && IsHigh(unit)) {
+            for (std::size_t left = count; left > 0; --left) text += u"\U0001F600";
+        }
+    }
+    return text;
+}
+
+/// The paragraphs of `text` as they are shown, taken apart in several plain passes.
+std::vector<String> Paragraphs(String text) {
+    for (std::size_t at = 0; (at = text.find(u"\r\n", at)) != String::npos;) text.erase(at, 1);
+    std::replace(text.begin(), text.end(), u'\r', u'\n');
+    std::vector<String> paragraphs(1);
+    for (const char16_t unit : text) {
+        if (unit == u'\n') {
+            paragraphs.emplace_back();
+            continue;
+        }
+        const bool isBlank = unit < u' ' || (unit > u'~' && unit < 0xA0);
+        do {
+            paragraphs.back() += isBlank ? u' ' : unit;
+        } while (unit == u'\t' && paragraphs.back().size() % 8 != 0);
+    }
+    return paragraphs;
+}
+
+/// Characters up to the next blank.
+StringView Word(StringView text) {
+    return text.substr(0, std::min(text.find(u' '), text.size()));
+}
+
+/// The lines of one paragraph, built word by word: slow, and nothing but the rules.
+std::vector<String> SlowLines(StringView rest, int wrapWidth) {
+    std::vector<String> lines;
+    while (true) {
+        if (Fits(rest, wrapWidth)) {
+            lines.emplace_back(rest);
+            return lines;
+        }
+        // Words are added while they fit, with the blanks before them.
+        std::size_t taken = 0;
+        while (taken < rest.size()) {
+            const std::size_t word = std::min(rest.find_first_not_of(u' ', taken), rest.size());
+            const std::size_t end = word + Word(rest.substr(word)).size();
+            if (word == rest.size() || !Fits(rest.substr(0, end), wrapWidth)) break;
+            taken = end;
+        }
+        if (taken == 0 && rest.front() != u' ') {
+            int width = wrapWidth;
+            do {
+                width -= CharacterWidth(rest.substr(taken));
+                taken += CharacterLength(rest.substr(taken));
+            } while (taken < rest.size() && CharacterWidth(rest.substr(taken)) <= width);
+        }
+        const std::size_t next = std::min(rest.find_first_not_of(u' ', taken), rest.size());
+        if (taken > 0 || next == rest.size()) lines.emplace_back(rest.substr(0, taken));
+        rest.remove_prefix(next);
+        if (rest.empty()) return lines;
+    }
+}
+
+void CheckLine(StringView line, int recordedWidth, int wrapWidth) {
+    Require(recordedWidth == WidthOf(line), "the width of the whole line");
+    const bool isSingle = !line.empty() && CharacterLength(line) == line.size();
+    Require(recordedWidth <= std::max(wrapWidth, 0) || isSingle, "no line wider than the wrap width");
+}
+
+/// `line` and the one behind it, of the same paragraph.
+void CheckBreak(const TextLayout& layout, std::size_t line) {
+    const runtime::TextLine& first = layout.lines[line];
+    const runtime::TextLine& second = layout.lines[line + 1];
+    if (first.offset + first.length != second.offset) return;
+    Require(first.length > 0 && second.length > 0, "a line in the middle of a word is not empty");
+    const bool isSplit = IsHigh(layout.text[second.offset - 1]) && IsLow(layout.text[second.offset]);
+    Require(!isSplit, "no surrogate pair split");
+}
+
+void CheckOrder(const TextLayout& layout, const std::vector<String>& paragraphs) {
+    String whole;
+    for (const String& paragraph : paragraphs) whole += paragraph;
+    Require(layout.text == whole, "the shown text is the text");
+    std::size_t end = 0;
+    for (const runtime::TextLine& line : layout.lines) {
+        Require(line.offset >= end && line.length <= whole.size() - line.offset, "in order and within the text");
+        Require(whole.find_first_not_of(u' ', end) >= line.offset, "only blanks are left out");
+        end = line.offset + line.length;
+    }
+    Require(whole.find_first_not_of(u' ', end) == String::npos, "to the end");
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    FuzzedDataProvider data(bytes, size);
+    const int widest = data.PickValueInArray({2, 40, 400, 20'000});
+    const int wrapWidth = data.ConsumeBool() ? data.ConsumeIntegralInRange(-1, widest) : runtime::kNoWrap;
+    MixedMeasure measure(data.ConsumeBool());
+    const String text = TakeText(data);
+    const TextLayout layout = runtime::LayOut(text, wrapWidth, measure);
+
+    const std::vector<String> paragraphs = Paragraphs(text);
+    CheckOrder(layout, paragraphs);
+    std::size_t index = 0;
+    int widestLine = 0;
+    for (const String& paragraph : paragraphs) {
+        const std::size_t first = index;
+        for (const String& line : SlowLines(paragraph, std::max(wrapWidth, 0))) {
+            Require(index < layout.lines.size() && layout.Line(index) == line, "the lines of the slow way");
+            CheckLine(layout.Line(index), layout.lines[index].width, wrapWidth);
+            widestLine = std::max(widestLine, layout.lines[index].width);
+            if (index > first) CheckBreak(layout, index - 1);
+            ++index;
+        }
+    }
+    Require(index == layout.lines.size(), "and no more");
+    Require(layout.width == widestLine, "as wide as the widest line");
+    Require(layout.height == 3 * static_cast<int>(layout.lines.size()), "as high as all lines");
+    Require(measure.Units() <= 16 * layout.text.size(), "work in proportion to the text");
+    Require(measure.Calls() <= 4 * layout.text.size(), "calls in proportion to the text");
+    return 0;
+}

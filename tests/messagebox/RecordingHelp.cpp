@@ -1,0 +1,27 @@
+// A help control that opens nothing and remembers how it was called.
+#include <cstdint>
+#include <string>
+
+namespace {
+
+std::wstring& Record() {
+    static std::wstring record;
+    return record;
+}
+
+}  // namespace
+
+extern "C" {
+
+void* __stdcall HtmlHelpW(void* owner, const wchar_t* file, unsigned command, std::uintptr_t data) {
+    Record() += std::to_wstring(reinterpret_cast<std::uintptr_t>(owner)) + L" " + file + L" " +
+                std::to_wstring(command) + L" " + std::to_wstring(data) + L"\n";
+    return nullptr;
+}
+
+/// The calls since the library was loaded, a line each: owner's window handle, file, command, data.
+const wchar_t* __stdcall Recorded() {
+    return Record().c_str();
+}
+
+}  // extern "C"

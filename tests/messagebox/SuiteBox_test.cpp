@@ -1,0 +1,189 @@
+// The suite's own message box as the user has it: keys, clicks, and all the ways in which it ends.
+#include <gtest/gtest.h>
+
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "runtime/Screen.h"
+#include "runtime/win32/Callback.h"
+#include "tests/messagebox/SuiteBoxTest.h"
+
+namespace tests {
+namespace {
+
+using runtime::win32::Callback;
+
+class SuiteBox : public SuiteBoxTest {};
+
+const Steps kEnter = {Keys({VK_RETURN})};
+const Steps kClose = {Do([](HWND box) { PostMessageW(box, WM_CLOSE, 0, 0); })};
+
+TEST_F(SuiteBox, FlagsChooseTheFocusedButtonWhichEnterPresses) {
+    EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), Keys({VK_RETURN})}), 6);
+    EXPECT_EQ(Ask(8 + 0x100, {FocusIsOn(L"&No"), Keys({VK_RETURN})}), 7);
+    EXPECT_EQ(Ask(8 + 0x200, {FocusIsOn(L"Yes &To All"), Keys({VK_RETURN})}), 8);
+    EXPECT_EQ(Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Keys({VK_RETURN})}), 2);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, TabWalksFromTheFirstButtonRound) {
+    EXPECT_EQ(Ask(8 + 0x100, {FocusIsOn(L"&No"), Keys({VK_TAB}), FocusIsOn(L"Yes &To All"), Keys({VK_TAB}),
+                              FocusIsOn(L"Cancel"), Keys({VK_TAB}), FocusIsOn(L"&Yes"), Keys({VK_TAB}),
+                              FocusIsOn(L"&No"), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"&Yes"), Keys({VK_RETURN})}),
+              6);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, ArrowsWalkToo) {
+    EXPECT_EQ(Ask(8, {Keys({VK_RIGHT}), FocusIsOn(L"&No"), Keys({VK_DOWN}), FocusIsOn(L"Yes &To All"), Keys({VK_LEFT}),
+                      FocusIsOn(L"&No"), Keys({VK_RETURN})}),
+              7);
+}
+
+TEST_F(SuiteBox, SpacePressesTheFocusedButton) {
+    EXPECT_EQ(Ask(8 + 0x200, {FocusIsOn(L"Yes &To All"), Keys({VK_SPACE})}), 8);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, ClicksGiveTheAnswerOfTheirButton) {
+    EXPECT_EQ(Ask(8, {ClickOn(L"&Yes")}), 6);
+    EXPECT_EQ(Ask(8, {ClickOn(L"&No")}), 7);
+    EXPECT_EQ(Ask(8, {ClickOn(L"Yes &To All")}), 8);
+    EXPECT_EQ(Ask(8, {ClickOn(L"Cancel")}), 2);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, EscapeAndClosingCancel) {
+    const auto closeFromMenu = [](HWND box) { PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0); };
+    EXPECT_EQ(Ask(8, {Keys({VK_ESCAPE})}), 2);
+    EXPECT_EQ(Ask(8 + 0x100, {Keys({VK_ESCAPE})}), 2);
+    EXPECT_EQ(Ask(8, {Do(closeFromMenu)}), 2);
+    EXPECT_EQ(Ask(8, {Keys({VK_MENU, VK_F4})}), 2);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, PlainLettersPressTheMarkedButton) {
+    EXPECT_EQ(Ask(8 + 0x300, {Keys({'Y'})}), 6);
+    ExpectNothingIsLeft();
+    EXPECT_EQ(Ask(8 + 0x300, {Keys({'N'})}), 7);
+    EXPECT_EQ(Ask(8 + 0x300, {Keys({'T'})}), 8);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, LettersPressTheMarkedButtonWithAltOrShiftToo) {
+    EXPECT_EQ(Ask(8, {Keys({VK_MENU, 'N'})}), 7);
+    EXPECT_EQ(Ask(8, {Keys({VK_SHIFT, 'T'})}), 8);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, OtherCharactersLeaveTheBoxAsItIs) {
+    EXPECT_EQ(Ask(8 + 0x100, {Keys({'X'}), FocusIsOn(L"&No"), Keys({'5'}), Keys({VK_ADD}), Keys({VK_BACK}),
+                              FocusIsOn(L"&No"), Keys({VK_TAB}), FocusIsOn(L"Yes &To All"), Keys({VK_RETURN})}),
+              8);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, CharacterThatNoKeyGivesLeavesTheBoxAsItIs) {
+    const auto type = Do([](HWND) { PostMessageW(GetFocus(), WM_CHAR, 0x3042, 1); });
+    EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), type, FocusIsOn(L"&Yes"), Keys({VK_RETURN})}), 6);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, OwnerTakesNoInputUntilJustBeforeTheBoxGoes) {
+    Ask(8, {Do([this](HWND box) {
+                EXPECT_FALSE(IsWindowEnabled(owner_));
+                EXPECT_EQ(GetWindow(box, GW_OWNER), owner_);
+                EXPECT_EQ(GetActiveWindow(), box);
+            }),
+            Keys({VK_RETURN})});
+    EXPECT_EQ(log_, (std::vector<std::string>{"disabled without a box", "enabled with a box", "activated"}));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, BusyPointerIsBackAfterwards) {
+    const HCURSOR busy = LoadCursorW(nullptr, IDC_WAIT);
+    runtime::SetMousePointer(runtime::kHourglassPointer);
+    EXPECT_EQ(GetCursor(), busy);
+    Ask(8, {Do([busy](HWND) { EXPECT_NE(GetCursor(), busy); }), Keys({VK_RETURN})});
+    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
+    EXPECT_EQ(GetCursor(), busy);
+    runtime::SetMousePointer(runtime::kDefaultPointer);
+}
+
+TEST_F(SuiteBox, UnloadedBySomebodyElseIsCancel) {
+    EXPECT_EQ(Ask(8, {Do([](HWND) { runtime::LoadedForms().At(0).Unload(); })}), 2);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, DestroyedBySomebodyElseIsCancel) {
+    EXPECT_EQ(Ask(8, {Do([](HWND box) { DestroyWindow(box); })}), 2);
+    ExpectNothingIsLeft();
+    EXPECT_EQ(Ask(8, kEnter), 6);
+}
+
+TEST_F(SuiteBox, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
+    EXPECT_EQ(Ask(8, {Do([](HWND) { PostQuitMessage(5); })}), 2);
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 5u);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, ErrorInsideTheLoopReachesTheCaller) {
+    const auto fail = [](HWND) { Callback::Guard(0, []() -> int { throw runtime::Error(runtime::kOverflow); }); };
+    EXPECT_THROW(Ask(8, {Do(fail)}), runtime::Error);
+    ExpectNothingIsLeft();
+    EXPECT_EQ(Ask(8, kEnter), 6);
+}
+
+TEST_F(SuiteBox, ErrorOfAHandlerReachesTheCaller) {
+    class FailingBox : public dialogs::frmQMXMsgBox {
+        void OnClick(runtime::Control&) override { throw runtime::Error(runtime::kOverflow); }
+    } box;
+    for (const auto& press : {Keys({VK_RETURN}), Keys({'N'}), ClickOn(L"Cancel")}) {
+        const BoxDriver driver({press});
+        EXPECT_THROW(box.ShowMe(u"Overwrite?", 8, u"Title"), runtime::Error);
+        ExpectNothingIsLeft();
+    }
+}
+
+TEST_F(SuiteBox, QuestionInsideAQuestionHasItsOwnAnswer) {
+    std::int32_t inner = 0;
+    HWND outerBox = nullptr;
+    const auto askInner = Do([&](HWND box) {
+        outerBox = box;
+        inner = dialogs::AskWithSuiteBox(u"Inner", 8 + 0x100, u"Inner title");
+        EXPECT_EQ(GetActiveWindow(), box);
+        EXPECT_TRUE(IsWindowEnabled(box));
+        EXPECT_FALSE(IsWindowEnabled(owner_));
+    });
+    const auto seeInner = Do([&](HWND box) {
+        EXPECT_NE(box, outerBox);
+        EXPECT_FALSE(IsWindowEnabled(outerBox));
+        EXPECT_EQ(GetWindow(box, GW_OWNER), outerBox);
+        EXPECT_EQ(TextOf(LabelOf(outerBox)), u"Overwrite?");
+        EXPECT_EQ(TextOf(box), u"Inner title");
+    });
+    const std::int32_t outer = Ask(8 + 0x200, {FocusIsOn(L"Yes &To All"), askInner, seeInner, FocusIsOn(L"&No"),
+                                               Keys({VK_RETURN}), FocusIsOn(L"Yes &To All"), Keys({VK_RETURN})});
+    EXPECT_EQ(inner, 7);
+    EXPECT_EQ(outer, 8);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, OuterBoxUnloadedBySomebodyElseCancelsTheInnerOneToo) {
+    std::int32_t inner = 0;
+    const auto askInner = Do([&](HWND) { inner = dialogs::AskWithSuiteBox(u"Inner", 8, u""); });
+    const auto unloadOuter = Do([](HWND) { runtime::LoadedForms().At(0).Unload(); });
+    EXPECT_EQ(Ask(8, {askInner, unloadOuter}), 2);
+    EXPECT_EQ(inner, 2);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBox, NeedsNoActiveWindow) {
+    ShowWindow(owner_, SW_HIDE);
+    EXPECT_EQ(Ask(8, kClose), 2);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+}  // namespace
+}  // namespace tests

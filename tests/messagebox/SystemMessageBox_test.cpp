@@ -1,0 +1,306 @@
+// The system message box as the user has it: real, shown by the runtime's port, answered from inside its modal loop.
+#include <gmock/gmock.h>
+
+#include <algorithm>
+#include <string>
+
+#include "runtime/Error.h"
+#include "runtime/win32/Callback.h"
+#include "runtime/win32/Win32MessageBox.h"
+#include "tests/messagebox/BoxDriver.h"
+
+namespace runtime::win32 {
+namespace {
+
+using testing::ElementsAre;
+using tests::BoxDriver;
+using tests::Press;
+using tests::TextOf;
+using tests::Type;
+
+constexpr std::int32_t kHelpButton = 0x4000;
+
+std::wstring ClassOf(HWND window) {
+    wchar_t name[32]{};
+    return {name, static_cast<std::size_t>(GetClassNameW(window, name, 32))};
+}
+
+/// What a box shows, taken while it is open.
+struct Seen {
+    String title;
+    String prompt;
+    LONG promptStyle = 0;
+    LONG extendedStyle = 0;
+    HWND owner = nullptr;
+    bool ownerIsEnabled = true;
+    std::vector<int> buttons;  ///< identifiers, sorted
+};
+
+BOOL CALLBACK SeeChild(HWND child, LPARAM into) noexcept {
+    if (!IsWindowVisible(child)) return TRUE;
+    Seen& seen = *reinterpret_cast<Seen*>(into);
+    if (ClassOf(child) == L"Button") seen.buttons.push_back(GetDlgCtrlID(child));
+    const bool isText = ClassOf(child) == L"Static" && (GetWindowLongW(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON;
+    if (isText) {
+        seen.prompt = TextOf(child);
+        seen.promptStyle = GetWindowLongW(child, GWL_STYLE);
+    }
+    return TRUE;
+}
+
+BoxDriver::Step See(Seen& seen) {
+    return [&seen](HWND box) {
+        seen = {};
+        seen.title = TextOf(box);
+        seen.extendedStyle = GetWindowLongW(box, GWL_EXSTYLE);
+        seen.owner = GetWindow(box, GW_OWNER);
+        seen.ownerIsEnabled = seen.owner && IsWindowEnabled(seen.owner);
+        EnumChildWindows(box, SeeChild, reinterpret_cast<LPARAM>(&seen));
+        std::ranges::sort(seen.buttons);
+        return true;
+    };
+}
+
+/// The calls of the help control that stands beside this program; it stays loaded.
+String HelpCalls() {
+    using Recorded = const wchar_t*(WINAPI*)();
+    const HMODULE control = GetModuleHandleW(L"hhctrl.ocx");
+    if (!control) return u"(not loaded)";
+    const FARPROC recorded = GetProcAddress(control, "Recorded");
+    return recorded ? ToString(reinterpret_cast<Recorded>(reinterpret_cast<void*>(recorded))()) : u"(another's)";
+}
+
+class SystemMessageBox : public testing::Test {
+ protected:
+    SystemMessageBox()
+        : owner_(CreateWindowExW(0, L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50, 300, 200, nullptr,
+                                 nullptr, GetModuleHandleW(nullptr), nullptr)) {
+        SetForegroundWindow(owner_);
+        SetActiveWindow(owner_);
+    }
+    void SetUp() override { ASSERT_EQ(GetActiveWindow(), owner_); }
+    ~SystemMessageBox() override { DestroyWindow(owner_); }
+
+    /// The answer, given by `steps`.
+    std::int32_t Show(std::int32_t flags, std::vector<BoxDriver::Step> steps, StringView prompt = u"Prompt",
+                      const MessageHelp& help = {}) {
+        const BoxDriver driver(std::move(steps));
+        return box_.Show(prompt, flags, u"Title", help);
+    }
+    Seen Look(std::int32_t flags, StringView prompt = u"Prompt") {
+        Seen seen;
+        Show(flags, {See(seen), Type(VK_RETURN)}, prompt);
+        return seen;
+    }
+
+    HWND owner_;
+    Win32MessageBox box_;
+};
+
+TEST_F(SystemMessageBox, ShowsPromptAndTitle) {
+    const Seen seen = Look(MB_OK);
+    EXPECT_EQ(seen.prompt, u"Prompt");
+    EXPECT_EQ(seen.title, u"Title");
+}
+
+TEST_F(SystemMessageBox, ShowsTheButtonsOfItsStyle) {
+    EXPECT_EQ(Look(MB_OK).buttons.size(), 1u);
+    EXPECT_THAT(Look(MB_OKCANCEL).buttons, ElementsAre(IDOK, IDCANCEL));
+    EXPECT_THAT(Look(MB_ABORTRETRYIGNORE).buttons, ElementsAre(IDABORT, IDRETRY, IDIGNORE));
+    EXPECT_THAT(Look(MB_YESNOCANCEL).buttons, ElementsAre(IDCANCEL, IDYES, IDNO));
+    EXPECT_THAT(Look(MB_YESNO).buttons, ElementsAre(IDYES, IDNO));
+    EXPECT_THAT(Look(MB_RETRYCANCEL).buttons, ElementsAre(IDCANCEL, IDRETRY));
+    EXPECT_THAT(Look(MB_YESNO | kHelpButton).buttons, ElementsAre(IDYES, IDNO, IDHELP));
+}
+
+TEST_F(SystemMessageBox, ReturnsTheCodeOfEachButton) {
+    EXPECT_EQ(Show(MB_OKCANCEL, {Press(IDOK)}), 1);
+    EXPECT_EQ(Show(MB_OKCANCEL, {Press(IDCANCEL)}), 2);
+    EXPECT_EQ(Show(MB_ABORTRETRYIGNORE, {Press(IDABORT)}), 3);
+    EXPECT_EQ(Show(MB_ABORTRETRYIGNORE, {Press(IDRETRY)}), 4);
+    EXPECT_EQ(Show(MB_ABORTRETRYIGNORE, {Press(IDIGNORE)}), 5);
+    EXPECT_EQ(Show(MB_YESNO, {Press(IDYES)}), 6);
+    EXPECT_EQ(Show(MB_YESNO, {Press(IDNO)}), 7);
+}
+
+TEST_F(SystemMessageBox, EnterPressesTheDefaultButton) {
+    EXPECT_EQ(Show(MB_OK, {Type(VK_RETURN)}), 1);
+    EXPECT_EQ(Show(MB_YESNOCANCEL, {Type(VK_RETURN)}), 6);
+    EXPECT_EQ(Show(MB_YESNOCANCEL | MB_DEFBUTTON2, {Type(VK_RETURN)}), 7);
+    EXPECT_EQ(Show(MB_YESNOCANCEL | MB_DEFBUTTON3, {Type(VK_RETURN)}), 2);
+}
+
+TEST_F(SystemMessageBox, EscapeAndClosingCancel) {
+    EXPECT_EQ(Show(MB_OKCANCEL, {Type(VK_ESCAPE)}), 2);
+    EXPECT_EQ(Show(MB_YESNOCANCEL, {[](HWND box) { return PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0) != FALSE; }}),
+              2);
+}
+
+TEST_F(SystemMessageBox, BelongsToTheActiveWindow) {
+    const Seen seen = Look(MB_OK);
+    EXPECT_EQ(seen.owner, owner_);
+    EXPECT_FALSE(seen.ownerIsEnabled);
+    EXPECT_TRUE(IsWindowEnabled(owner_));
+    EXPECT_EQ(GetActiveWindow(), owner_);
+}
+
+TEST_F(SystemMessageBox, NeedsNoActiveWindow) {
+    ShowWindow(owner_, SW_HIDE);
+    EXPECT_EQ(Show(MB_OK | MB_TASKMODAL, {Type(VK_RETURN)}), 1);
+}
+
+TEST_F(SystemMessageBox, StaysInFrontWhenSystemModal) {
+    EXPECT_FALSE(Look(MB_ICONEXCLAMATION).extendedStyle & WS_EX_TOPMOST);
+    EXPECT_TRUE(Look(MB_ICONEXCLAMATION | MB_SYSTEMMODAL).extendedStyle & WS_EX_TOPMOST);
+}
+
+TEST_F(SystemMessageBox, ShowsAnyCharacterAsGiven) {
+    const String prompt = u"a & b && \"%<\t\u65E5\u672C \U0001F600 \u05D0\u05D1 \xD800";
+    const Seen seen = Look(MB_OK, prompt);
+    EXPECT_EQ(seen.prompt, prompt);
+    EXPECT_TRUE(seen.promptStyle & SS_NOPREFIX);
+}
+
+TEST_F(SystemMessageBox, EmptyPromptIsShown) {
+    EXPECT_EQ(Look(MB_OK, u"").title, u"Title");
+}
+
+TEST_F(SystemMessageBox, PromptOfAMegabyteCanBeAnswered) {
+    String lines;
+    while (lines.size() < 1 << 20) lines += String(78, u'x') + u"\r\n";
+    EXPECT_EQ(Show(MB_YESNO | MB_DEFBUTTON2, {Type(VK_RETURN)}, lines), 7);
+}
+
+TEST_F(SystemMessageBox, UnknownSetOfButtonsIsAnInvalidArgument) {
+    for (const std::int32_t flags : {7, 15, 7 + 4096}) {
+        try {
+            Show(flags, {});
+            ADD_FAILURE() << "shown: " << flags;
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Number(), kInvalidProcedureCall);
+        }
+    }
+}
+
+TEST_F(SystemMessageBox, ErrorOfAHandlerContinuesBehindTheBox) {
+    const auto fail = [](HWND) {
+        Callback::Guard(false, []() -> bool { throw Error(kOverflow); });
+        return true;
+    };
+    EXPECT_THROW(Show(MB_OK, {fail, Type(VK_RETURN)}), Error);
+    EXPECT_EQ(Show(MB_OK, {Type(VK_RETURN)}), 1);
+}
+
+TEST_F(SystemMessageBox, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
+    const auto quit = [](HWND) {
+        PostQuitMessage(5);
+        return true;
+    };
+    EXPECT_EQ(Show(MB_YESNO, {quit}), 2);
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 5u);
+    EXPECT_TRUE(IsWindowEnabled(owner_));
+}
+
+bool IsWine() {
+    return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+/// Tells the box what the system tells it for F1 and for its Help button.
+bool AskForHelp(HWND box) {
+    HELPINFO help{};
+    help.cbSize = sizeof help;
+    help.iContextType = HELPINFO_WINDOW;
+    help.hItemHandle = box;
+    SendMessageW(box, WM_HELP, 0, reinterpret_cast<LPARAM>(&help));
+    return true;
+}
+
+/// Lets the box handle what it was sent.
+BoxDriver::Step Pause() {
+    return [ticks = 5](HWND) mutable { return --ticks == 0; };
+}
+
+class MessageBoxHelp : public SystemMessageBox {
+ protected:
+    MessageBoxHelp() : before_(HelpCalls()) {}
+
+    /// Waits until the help control has been called.
+    BoxDriver::Step HelpIsAsked() {
+        return [this](HWND) { return HelpCalls() != before_; };
+    }
+    /// The calls since the test began.
+    String NewCalls() const {
+        const String now = HelpCalls();
+        return now.starts_with(before_) ? now.substr(before_.size()) : now;
+    }
+    String Call(StringView rest) const {
+        return FromAscii(std::to_string(reinterpret_cast<std::uintptr_t>(owner_))) + u" " + String(rest) + u"\n";
+    }
+
+    String before_;
+};
+
+TEST_F(MessageBoxHelp, EventOpensTheTopicAndTheBoxStays) {
+    EXPECT_EQ(
+        Show(MB_YESNO | kHelpButton, {AskForHelp, HelpIsAsked(), Press(IDNO)}, u"", {u"C:\\Gr\u00F6\u00DFe.chm", 7}),
+        7);
+    EXPECT_EQ(NewCalls(), Call(u"C:\\Gr\u00F6\u00DFe.chm 15 7"));
+}
+
+TEST_F(MessageBoxHelp, EventOpensTheContentsWithoutAContext) {
+    Show(MB_OK | kHelpButton, {AskForHelp, HelpIsAsked(), Type(VK_RETURN)}, u"", {u"C:\\a.chm", 0});
+    EXPECT_EQ(NewCalls(), Call(u"C:\\a.chm 1 0"));
+}
+
+TEST_F(MessageBoxHelp, F1OpensItWithOrWithoutAButton) {
+    const auto pressF1 = [](HWND) {
+        INPUT keys[2]{};
+        for (INPUT& key : keys) {
+            key.type = INPUT_KEYBOARD;
+            key.ki.wVk = VK_F1;
+        }
+        keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
+        return SendInput(2, keys, sizeof keys[0]) == 2;
+    };
+    EXPECT_EQ(Show(MB_YESNO, {pressF1, HelpIsAsked(), Press(IDYES)}, u"", {u"C:\\a.chm", -1}), 6);
+    EXPECT_EQ(NewCalls(), Call(u"C:\\a.chm 15 4294967295"));
+}
+
+TEST_F(MessageBoxHelp, ButtonLeavesTheBoxOpenAndOpensTheTopicWhereTheSystemSupportsIt) {
+    EXPECT_EQ(Show(MB_YESNO | kHelpButton, {Press(IDHELP), Pause(), Press(IDNO)}, u"", {u"C:\\a.chm", 7}), 7);
+    // Wine 8 shows the button and ignores it; once it does not, this exception and its line in the list can go.
+    EXPECT_EQ(NewCalls(), IsWine() ? u"" : Call(u"C:\\a.chm 15 7"));
+}
+
+TEST_F(MessageBoxHelp, WithoutAFileNothingIsOpened) {
+    EXPECT_EQ(Show(MB_YESNO | kHelpButton, {AskForHelp, Pause(), Press(IDNO)}, u"", {u"", 7}), 7);
+    EXPECT_EQ(HelpCalls(), before_);
+}
+
+TEST_F(MessageBoxHelp, BoxWithinABoxHasItsOwn) {
+    const auto showInner = [this](HWND) {
+        EXPECT_EQ(box_.Show(u"Inner", MB_YESNO | kHelpButton, u"Title", {u"C:\\inner.chm", 2}), 7);
+        return true;
+    };
+    const auto isOuterAsked = [this](HWND) { return NewCalls().find(u"outer") != String::npos; };
+    EXPECT_EQ(Show(MB_YESNO | kHelpButton,
+                   {showInner, AskForHelp, HelpIsAsked(), Press(IDNO), AskForHelp, isOuterAsked, Press(IDYES)},
+                   u"Outer", {u"C:\\outer.chm", 1}),
+              6);
+    const String calls = NewCalls();
+    EXPECT_NE(calls.find(u" C:\\inner.chm 15 2\n"), String::npos);
+    EXPECT_TRUE(calls.ends_with(Call(u"C:\\outer.chm 15 1")));
+}
+
+TEST(HelpControl, MissingOneOpensNothing) {
+    EXPECT_FALSE(HelpControl(L"none.ocx").Open(nullptr, u"C:\\a.chm", 1));
+}
+
+TEST(HelpControl, LibraryWithoutTheEntryOpensNothing) {
+    EXPECT_FALSE(HelpControl(L"version.dll").Open(nullptr, u"C:\\a.chm", 1));
+}
+
+}  // namespace
+}  // namespace runtime::win32

@@ -1,0 +1,45 @@
+// `backproc text`: a text of the user's language.
+#include <ostream>
+
+#include "host/Composition.h"
+#include "runtime/win32/WindowsHeaders.h"
+#include "services/MessageTexts.h"
+#include "tools/Display.h"
+#include "tools/Verbs.h"
+
+namespace tools {
+
+namespace {
+
+constexpr std::string_view kHelp =
+    R"(Usage: backproc text ID [DEFAULT]
+
+Shows the text that the current language has under ID, else DEFAULT; without a DEFAULT it fails when there is no such
+text. The language is the one whose folder is in the shared string LANGUAGEPATH; its texts stand there in
+K4TBackProcess.txt. A control character inside the text is shown by its picture.
+
+Example, while another process holds the kernel:
+  backproc strings set LANGUAGEPATH "C:\Orvane\LANG\de"
+  backproc text 39171 "&Yes"
+)";
+
+/// A text that is there does not depend on the default.
+bool HasText(StringView id) {
+    return services::GetLocalText(u"0", id) == services::GetLocalText(u"1", id);
+}
+
+int RunText(const Arguments& arguments, Console& console) {
+    if (arguments.empty() || arguments.size() > 2) throw UsageError("takes ID [DEFAULT]");
+    host::EnsureComposed(GetModuleHandleW(nullptr));
+    const String& id = arguments[0];
+    const bool hasDefault = arguments.size() == 2;
+    if (!hasDefault && !HasText(id)) throw std::runtime_error("there is no text '" + Display(id) + "'");
+    console.out << Display(services::GetLocalText(hasDefault ? arguments[1] : String(), id)) << '\n';
+    return kSuccess;
+}
+
+}  // namespace
+
+const Verb kTextVerb = {"text", "Shows a text of the current language", kHelp, RunText};
+
+}  // namespace tools
