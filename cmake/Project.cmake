@@ -11,7 +11,8 @@ if(WIN32)
     # Windows 7 is the oldest system served; the wide functions are the only ones called without a suffix.
     target_compile_definitions(project_options INTERFACE
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
-    target_link_options(project_options INTERFACE -static)
+    # No compiler's DLL beside ours, and no symbols in what ships.
+    target_link_options(project_options INTERFACE -static $<$<CONFIG:Release>:-s>)
 endif()
 if(K4T_SANITIZE)
     # Also for the test framework, so that the whole process is instrumented alike.
