@@ -79,7 +79,12 @@ Control& frmQMXMsgBox::AddButton(int index, Twips left, StringView caption, Stri
 }
 
 std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringView title) {
-    if (IsLoaded() && Visible()) throw runtime::Error(runtime::kFormAlreadyDisplayed);
+    if (isAsking_) throw runtime::Error(runtime::kFormAlreadyDisplayed);
+    isAsking_ = true;
+    const struct Asked {
+        bool& isAsking;
+        ~Asked() { isAsking = false; }
+    } asked{isAsking_};
     const runtime::Rect design = lblPrompt_->Bounds();
     const std::int32_t origW = runtime::ToInt32(design.width);
     const std::int32_t origH = runtime::ToInt32(design.height);
@@ -144,7 +149,7 @@ void frmQMXMsgBox::OnKeyPress(char16_t& character) {
 std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title) {
     std::unique_ptr<frmQMXMsgBox>& shared = SharedBox();
     if (!shared) shared = std::make_unique<frmQMXMsgBox>();
-    if (!shared->IsLoaded()) return shared->ShowMe(prompt, flags, title);
+    if (!shared->IsAsking()) return shared->ShowMe(prompt, flags, title);
     frmQMXMsgBox own;
     return own.ShowMe(prompt, flags, title);
 }

@@ -21,8 +21,9 @@ class frmQMXMsgBox : public runtime::Form {
 
     /// Asks and waits; the form is unloaded afterwards. Of `flags` only the default-button bits count (0x300). Closing
     /// the box in any way but by a button is kCancel. Errors of controls pass and leave nothing open. Error 400 while
-    /// this very box is open.
+    /// this very box asks, which it does until its answer was taken.
     std::int32_t ShowMe(StringView prompt, std::int32_t flags, StringView title);
+    bool IsAsking() const { return isAsking_; }
 
  protected:
     void OnClick(runtime::Control& control) override;
@@ -38,6 +39,7 @@ class frmQMXMsgBox : public runtime::Form {
     runtime::Control* lblPrompt_ = nullptr;
     std::array<runtime::Control*, kButtons> cmdBut_{};
     std::int32_t result_ = kCancel;
+    bool isAsking_ = false;
 };
 
 /// Asks with the process's shared box, or, while that one is open, with one of its own: a question that a handler asks

@@ -255,6 +255,36 @@ TEST_F(MessageBox, ShowMeOfAnOpenBoxIsRefusedAndDoesNotTouchIt) {
     EXPECT_EQ(box.ShowMe(u"first", 8, u"Title"), 6);
 }
 
+TEST_F(MessageBox, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
+    std::int32_t inner = 0;
+    const std::int32_t outer = Ask(8, [&](MemoryWindow&) {
+        runtime::LoadedForms().At(0).Unload();
+        inner = AskAndPress(8, runtime::kKeyEnter);
+    });
+    EXPECT_EQ(inner, 6);
+    EXPECT_EQ(outer, 2);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(MessageBox, TranslatedCaptionsPressByTheirOwnLetters) {
+    class GermanBox : public frmQMXMsgBox {
+        void OnLoad() override {
+            Controls().at(2)->SetText(u"&Ja");
+            Controls().at(3)->SetText(u"A & B && &\u00DC");
+        }
+    } box;
+    const auto type = [&](char16_t letter) {
+        memory_.windows.Post([this, letter] {
+            memory_.windows.Last().Events().KeyPress(u'y');
+            memory_.windows.Last().Events().KeyPress(u' ');
+            memory_.windows.Last().Events().KeyPress(letter);
+        });
+        return box.ShowMe(u"p", 0x300, u"t");
+    };
+    EXPECT_EQ(type(u'j'), 6);
+    EXPECT_EQ(type(u'\u00FC'), 7);
+}
+
 TEST_F(MessageBox, AnswersWithAllTabStopsOff) {
     class StoplessBox : public frmQMXMsgBox {
         void OnLoad() override {

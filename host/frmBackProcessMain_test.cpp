@@ -240,7 +240,8 @@ TEST_F(MainFormEventsInMemory, KeysHideTheForm) {
         key(window.Events());
         EXPECT_FALSE(form_.Visible());
     };
-    hidesAfter([](auto& events) { EXPECT_FALSE(events.KeyDown(65, 0)); });
+    // The key that hid the form is not for anything on it.
+    hidesAfter([](auto& events) { EXPECT_TRUE(events.KeyDown(65, 0)); });
     hidesAfter([](auto& events) { EXPECT_FALSE(events.KeyPress(u'a')); });
     hidesAfter([](auto& events) { EXPECT_FALSE(events.KeyUp(65, 0)); });
 }

@@ -80,8 +80,8 @@ char16_t Control::AccessKey() {
     if (design_.kind != ControlKind::kButton) return 0;
     for (std::size_t i = 0; i + 1 < text_.size(); ++i) {
         if (text_[i] != u'&') continue;
-        // A doubled mark is the character itself.
-        if (text_[++i] == u'&') continue;
+        // A doubled mark is the character itself, and one before a blank marks nothing.
+        if (text_[++i] == u'&' || text_[i] == u' ') continue;
         return CurrentPorts().locale.LowerCase(StringView(text_).substr(i, 1)).front();
     }
     return 0;

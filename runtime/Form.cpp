@@ -197,13 +197,16 @@ void Form::SetVisible(bool visible) {
     // The other windows take input again before this one goes, so that one of them becomes the active one.
     if (!visible && modal_) modal_->End();
     if (visible && !focused_) WalkFocus(1);
-    window_->SetVisible(visible_);
+    // Windows that take input again are told so, and may have unloaded this form.
+    if (window_) window_->SetVisible(visible_);
 }
 
 void Form::ShowModal() {
     EnsureLoaded();
     if (visible_) throw Error(kFormAlreadyDisplayed);
     const auto loop = CurrentPorts().windows.BeginModal(*window_);
+    // Windows that take no more input are told so, and may have unloaded this form.
+    if (!window_) return;
     const struct ModalTime {
         Form& form;
         ModalTime(Form& modalForm, ModalLoop& modalLoop) : form(modalForm) { form.modal_ = &modalLoop; }

@@ -66,7 +66,8 @@ void Form::SetFocus(Control& control) {
 bool Form::Press(Control* button) {
     if (!button || button->Kind() != ControlKind::kButton) return false;
     SetFocus(*button);
-    OnClick(*button);
+    // What lost the focus may have unloaded the form.
+    if (window_) OnClick(*button);
     return true;
 }
 
@@ -99,9 +100,10 @@ bool Form::Navigate(std::int16_t keyCode, std::int16_t shift) {
 }
 
 bool Form::KeyDown(std::int16_t keyCode, std::int16_t shift) {
+    const bool wasVisible = visible_;
     OnKeyDown(keyCode, shift);
-    // The handler may have hidden or unloaded the form.
-    return keyCode == 0 || !window_ || Navigate(keyCode, shift);
+    const bool isGone = !window_ || (wasVisible && !visible_);
+    return keyCode == 0 || isGone || Navigate(keyCode, shift);
 }
 
 bool Form::KeyUp(std::int16_t keyCode, std::int16_t shift) {

@@ -10,12 +10,14 @@
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/RuntimeFixture.h"
 
 namespace runtime {
 namespace {
 
 using ::testing::ElementsAre;
+using tests::ErrorOf;
 
 /// Records its events; each handler may be given something to do.
 class ProbeForm : public Form {
@@ -57,15 +59,6 @@ class ProbeForm : public Form {
     }
     std::vector<std::string>& log_;
 };
-
-std::int32_t ErrorOf(const std::function<void()>& action) {
-    try {
-        action();
-    } catch (const Error& error) {
-        return error.Number();
-    }
-    return 0;
-}
 
 class FormLife : public tests::RuntimeTest {
  protected:

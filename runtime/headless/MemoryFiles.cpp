@@ -22,7 +22,7 @@ MemoryFiles::MemoryFiles() {
 }
 
 String MemoryFiles::CurrentFolder() {
-    log_.push_back(u"CurrentFolder");
+    log_.emplace_back(u"CurrentFolder");
     return current_;
 }
 
@@ -52,7 +52,7 @@ String MemoryFiles::FirstMatch(StringView pattern) {
     if (!folderKey || namePattern.find_first_of(StringView(u"\0<>\"|", 5)) != StringView::npos) return {};
     for (const auto& [key, entry] : entries_) {
         if (entry.isFolder || entry.kind != FileKind::Ordinary || ParentOf(key) != *folderKey) continue;
-        const String name = entry.path.substr(entry.path.rfind(u'\\') + 1);
+        String name = entry.path.substr(entry.path.rfind(u'\\') + 1);
         if (MatchesWildcards(name, namePattern)) return name;
     }
     return {};

@@ -76,7 +76,7 @@ void MemoryWindows::SendAltKey(char16_t character) {
 namespace {
 
 /// Disables the other windows; runs posted events until ended.
-class MemoryModal : public ModalLoop {
+class MemoryModal final : public ModalLoop {
  public:
     MemoryModal(MemoryWindows& system, NativeWindow& dialog) : system_(system) {
         for (MemoryWindow* window : system_.Windows()) {

@@ -70,4 +70,21 @@ struct RegistryKeyPolicy {
 };
 using RegistryKey = UniqueHandle<RegistryKeyPolicy>;
 
+template <typename Object>
+struct GdiObjectPolicy {
+    using Type = Object;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DeleteObject(handle); }
+};
+using GdiBitmap = UniqueHandle<GdiObjectPolicy<HBITMAP>>;
+using GdiBrush = UniqueHandle<GdiObjectPolicy<HBRUSH>>;
+using GdiFont = UniqueHandle<GdiObjectPolicy<HFONT>>;
+
+struct IconPolicy {
+    using Type = HICON;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DestroyIcon(handle); }
+};
+using Icon = UniqueHandle<IconPolicy>;
+
 }  // namespace runtime::win32

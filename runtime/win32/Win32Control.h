@@ -9,13 +9,6 @@ namespace runtime::win32 {
 class Win32Window;
 class Win32Windows;
 
-struct IconPolicy {
-    using Type = HICON;
-    static Type Invalid() noexcept { return nullptr; }
-    static void Close(Type handle) noexcept { DestroyIcon(handle); }
-};
-using Icon = UniqueHandle<IconPolicy>;
-
 class Win32Control : public NativeControl {
  public:
     /// Error 7 when the system refuses. The window goes with that of `parent`; `id` is what it reports itself as.

@@ -9,13 +9,6 @@
 
 namespace runtime::win32 {
 
-struct GdiFontPolicy {
-    using Type = HFONT;
-    static Type Invalid() noexcept { return nullptr; }
-    static void Close(Type handle) noexcept { DeleteObject(handle); }
-};
-using GdiFont = UniqueHandle<GdiFontPolicy>;
-
 class Win32Fonts {
  public:
     /// The system's own font when it cannot make this one. Valid as long as this object.

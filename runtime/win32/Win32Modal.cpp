@@ -14,9 +14,11 @@ HWND OwnerFor(HWND dialog) {
 }  // namespace
 
 Win32Modal::Win32Modal(Win32Windows& system, HWND window) : system_(system), window_(window), owner_(OwnerFor(window)) {
+    EnumThreadWindows(GetCurrentThreadId(), DisableOther, reinterpret_cast<LPARAM>(this));
+    // While another program is in front no window is the active one; the dialog must not get behind the topmost.
+    if (!owner_ && !disabled_.empty()) owner_ = disabled_.front();
     // Owned, the dialog stays in front of its owner, and the owner becomes active again when the dialog goes.
     SetWindowLongPtrW(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner_));
-    EnumThreadWindows(GetCurrentThreadId(), DisableOther, reinterpret_cast<LPARAM>(this));
 }
 
 BOOL CALLBACK Win32Modal::DisableOther(HWND window, LPARAM self) noexcept {

@@ -11,7 +11,7 @@ namespace runtime::win32 {
 
 class Win32Windows;
 
-class Win32Modal : public ModalLoop {
+class Win32Modal final : public ModalLoop {
  public:
     /// `window` is the dialog, still hidden.
     Win32Modal(Win32Windows& system, HWND window);

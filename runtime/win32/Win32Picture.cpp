@@ -5,15 +5,8 @@
 namespace runtime::win32 {
 namespace {
 
-struct BitmapPolicy {
-    using Type = HBITMAP;
-    static Type Invalid() noexcept { return nullptr; }
-    static void Close(Type handle) noexcept { DeleteObject(handle); }
-};
-using Bitmap = UniqueHandle<BitmapPolicy>;
-
 /// The picture's colours, black where it is transparent.
-Bitmap MakeColours(const Picture& picture) {
+GdiBitmap MakeColours(const Picture& picture) {
     BITMAPINFO info{};
     info.bmiHeader.biSize = sizeof info.bmiHeader;
     info.bmiHeader.biWidth = picture.Width();
@@ -21,7 +14,7 @@ Bitmap MakeColours(const Picture& picture) {
     info.bmiHeader.biPlanes = 1;
     info.bmiHeader.biBitCount = 32;
     void* bits = nullptr;
-    Bitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
+    GdiBitmap bitmap(CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0));
     if (!bitmap) return bitmap;
     auto* pixel = static_cast<std::uint32_t*>(bits);
     for (const std::string_view row : picture.rows) {
@@ -31,7 +24,7 @@ Bitmap MakeColours(const Picture& picture) {
 }
 
 /// One bit a pixel, set where the picture is transparent; each row fills whole 16-bit words.
-Bitmap MakeMask(const Picture& picture) {
+GdiBitmap MakeMask(const Picture& picture) {
     const std::size_t rowBytes = (static_cast<std::size_t>(picture.Width()) + 15) / 16 * 2;
     std::vector<std::uint8_t> bits(rowBytes * static_cast<std::size_t>(picture.Height()));
     for (std::size_t y = 0; y < picture.rows.size(); ++y) {
@@ -40,14 +33,14 @@ Bitmap MakeMask(const Picture& picture) {
                 bits[y * rowBytes + x / 8] |= static_cast<std::uint8_t>(0x80 >> x % 8);
         }
     }
-    return Bitmap(CreateBitmap(picture.Width(), picture.Height(), 1, 1, bits.data()));
+    return GdiBitmap(CreateBitmap(picture.Width(), picture.Height(), 1, 1, bits.data()));
 }
 
 }  // namespace
 
 Icon MakeIcon(const Picture& picture) {
-    const Bitmap colours = MakeColours(picture);
-    const Bitmap mask = MakeMask(picture);
+    const GdiBitmap colours = MakeColours(picture);
+    const GdiBitmap mask = MakeMask(picture);
     ICONINFO info{};
     info.fIcon = TRUE;
     info.hbmColor = colours.Get();

@@ -84,12 +84,13 @@ void Win32Window::SetCaption(const String& caption) {
 
 void Win32Window::SetBounds(const Rect& outer) {
     known_ = ToPixels(outer);
+    const HWND window = window_;
     Callback::Into([&] {
         SetWindowPos(window_, nullptr, static_cast<int>(known_.left), static_cast<int>(known_.top),
                      static_cast<int>(known_.right - known_.left), static_cast<int>(known_.bottom - known_.top),
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
         // What the window system could not do goes back to the form: it may centre the window by its size.
-        if (window_ && !IsCloseTo(ToTwips(known_), outer)) events_.BoundsChanged(ToTwips(known_), state_);
+        if (Lives(this, window) && !IsCloseTo(ToTwips(known_), outer)) events_.BoundsChanged(ToTwips(known_), state_);
     });
 }
 
@@ -152,6 +153,10 @@ LRESULT CALLBACK Win32Window::Procedure(HWND window, UINT message, WPARAM wParam
     });
 }
 
+bool Win32Window::Lives(const Win32Window* self, HWND window) {
+    return reinterpret_cast<const Win32Window*>(GetWindowLongPtrW(window, GWLP_USERDATA)) == self;
+}
+
 LRESULT Win32Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcW(window_, message, wParam, lParam);
 }
@@ -173,13 +178,15 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_ACTIVATE: {
             const bool activated = LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0;
+            const HWND window = window_;
             const LRESULT result = Default(message, wParam, lParam);
-            if (activated) events_.Activated();
+            if (activated && Lives(this, window)) events_.Activated();
             return result;
         }
         case WM_WINDOWPOSCHANGED: {
+            const HWND window = window_;
             const LRESULT result = Default(message, wParam, lParam);
-            ReportBounds();
+            if (Lives(this, window)) ReportBounds();
             return result;
         }
         case WM_GETMINMAXINFO: {
@@ -245,7 +252,8 @@ void Win32Window::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (control >= controls_.size()) return;
     switch (HIWORD(wParam)) {
         case BN_CLICKED:
-            events_.Clicked(control);
+            // A message can press a button of a window that takes no input.
+            if (IsWindowEnabled(window_)) events_.Clicked(control);
             return;
         case BN_SETFOCUS:
             focus_ = reinterpret_cast<HWND>(lParam);

@@ -13,13 +13,6 @@ namespace runtime::win32 {
 
 class Win32Windows;
 
-struct GdiBrushPolicy {
-    using Type = HBRUSH;
-    static Type Invalid() noexcept { return nullptr; }
-    static void Close(Type handle) noexcept { DeleteObject(handle); }
-};
-using GdiBrush = UniqueHandle<GdiBrushPolicy>;
-
 class Win32Window : public NativeWindow {
  public:
     /// Error 7 when the system refuses. `system` outlives the window.
@@ -49,6 +42,8 @@ class Win32Window : public NativeWindow {
  private:
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
+    /// `self` still exists and has the window; for use after a call in which others may have destroyed it.
+    static bool Lives(const Win32Window* self, HWND window);
     bool OnKey(UINT message, WPARAM wParam);
     void OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT GiveColours(HDC context) const;

@@ -15,6 +15,10 @@
 namespace runtime::win32 {
 namespace {
 
+constexpr char16_t kDelete = 0x7F;
+constexpr SHORT kNoKey = -1;
+constexpr int kShiftIsDown = 1;
+
 /// The system's shapes for the classic runtime's pointer numbers 0..15.
 LPCWSTR SystemPointer(std::int16_t shape) {
     const LPCWSTR kShapes[] = {IDC_ARROW,    IDC_ARROW,       IDC_CROSS,    IDC_IBEAM,  IDC_ICON,    IDC_SIZEALL,
@@ -126,10 +130,12 @@ Size Win32Windows::TextSize(StringView text, const Font& font, Twips wrapWidth) 
 }
 
 void Win32Windows::SendAltKey(char16_t character) {
-    constexpr SHORT kNoKey = -1;
+    // Alt with a blank would open the system menu, Alt with a control character switch to another program.
+    if (character <= u' ' || character == kDelete) return;
     const SHORT key = VkKeyScanW(static_cast<wchar_t>(character));
-    if (key == kNoKey) {
-        // No key of the keyboard gives this character; what the keys would have become is sent instead.
+    const bool isPlainKey = key != kNoKey && (HIBYTE(key) & ~kShiftIsDown) == 0;
+    if (!isPlainKey || GetForegroundWindow() != GetActiveWindow()) {
+        // Not a key of its own, or one that another program would get: what the keys would have become is sent.
         constexpr LPARAM kAltIsDown = 1 << 29;
         if (const HWND active = GetActiveWindow()) PostMessageW(active, WM_SYSCHAR, character, kAltIsDown | 1);
         return;
