@@ -2,6 +2,7 @@
 #pragma once
 
 #include "runtime/FilesPort.h"
+#include "runtime/HelpPort.h"
 #include "runtime/LocalePort.h"
 #include "runtime/MessageBoxPort.h"
 #include "runtime/ProcessPort.h"
@@ -18,6 +19,7 @@ struct Ports {
     ProcessPort& process;
     LocalePort& locale;
     MessageBoxPort& messageBox;
+    HelpPort& help;
 };
 
 /// The ports in use. Error 91 before they were chosen.

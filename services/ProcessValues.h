@@ -1,6 +1,8 @@
 // The component's process-wide values: shared by every instance and form in the process, as its clients see them.
 #pragma once
 
+#include <cstdint>
+
 #include "runtime/Text.h"
 
 namespace runtime {
@@ -32,7 +34,10 @@ struct ProcessValues {
     runtime::Form* mainForm = nullptr;
     String moduleName;
     String moduleCaption;
-    String helpFilePath;
+    String helpFilePath;  ///< of the old help format; what is opened bears the extension "chm"
+
+    /// Help has been opened in a way that the main form's unload ends: -1, else 0.
+    std::int16_t helpIsOpen = 0;
 
     String serverPath;
 };

@@ -5,8 +5,10 @@
 #include "dialogs/frmQMXMsgBox.h"
 #include "host/ProcessLife.h"
 #include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/dev/BuiltInSplitter.h"
 #include "kernel_api/win32/KernelLibrary.h"
 #include "runtime/Ports.h"
+#include "runtime/win32/HelpControl.h"
 #include "runtime/win32/RegistrySettings.h"
 #include "runtime/win32/Win32Files.h"
 #include "runtime/win32/Win32Locale.h"
@@ -24,6 +26,7 @@ struct Composition {
         runtime::UsePorts(&ports);
         kernel_api::UseKernel(&kernel);
         kernel_api::UseReader(&reader);
+        kernel_api::UseSplitter(&splitter);
         services::UseSuiteMessageBox(dialogs::AskWithSuiteBox);
     }
     Composition(const Composition&) = delete;
@@ -31,6 +34,7 @@ struct Composition {
     ~Composition() {
         services::UseSuiteMessageBox({});
         ReleaseProcess();
+        kernel_api::UseSplitter(nullptr);
         kernel_api::UseReader(nullptr);
         kernel_api::UseKernel(nullptr);
         runtime::UsePorts(nullptr);
@@ -41,10 +45,12 @@ struct Composition {
     runtime::win32::Win32Files files;
     runtime::win32::Win32Process process;
     runtime::win32::Win32Locale locale;
-    runtime::win32::Win32MessageBox messageBox;
-    runtime::Ports ports{windows, settings, files, process, locale, messageBox};
+    runtime::win32::HelpControl help;
+    runtime::win32::Win32MessageBox messageBox{help};
+    runtime::Ports ports{windows, settings, files, process, locale, messageBox, help};
     kernel_api::win32::KernelLibrary kernel;
     kernel_api::dev::BuiltInReader reader;
+    kernel_api::dev::BuiltInSplitter splitter;
 };
 
 std::optional<Composition>& Current() {

@@ -1,6 +1,9 @@
 #include "runtime/win32/HelpControl.h"
 
-#include "runtime/win32/Handle.h"
+#include <string>
+
+#include "runtime/win32/Callback.h"
+#include "runtime/win32/Win32Locale.h"
 
 namespace runtime::win32 {
 namespace {
@@ -8,23 +11,37 @@ namespace {
 /// Commands of the control.
 constexpr UINT kDisplayContents = 0x1;
 constexpr UINT kDisplayContext = 0xF;
+constexpr UINT kCloseAll = 0x12;
 
 }  // namespace
 
+void HelpControl::OpenContents(NativeHandle owner, StringView file) {
+    Call(owner, file, kDisplayContents);
+}
+
+void HelpControl::CloseAll(NativeHandle owner) {
+    Call(owner, {}, kCloseAll);
+}
+
+void HelpControl::Call(NativeHandle owner, StringView file, UINT command) {
+    const auto htmlHelp = Entry<HtmlHelp<char>>("HtmlHelpA");
+    if (!htmlHelp) return;
+    const std::string name = Win32Locale().ToAnsi(file);
+    Callback::Into([&] { htmlHelp(reinterpret_cast<HWND>(owner), name.c_str(), command, 0); });
+}
+
 bool HelpControl::Open(HWND owner, const String& file, std::int32_t context) {
-    const HtmlHelp htmlHelp = Bound();
+    const auto htmlHelp = Entry<HtmlHelp<wchar_t>>("HtmlHelpW");
     if (!htmlHelp) return false;
     htmlHelp(owner, Wide(file), context == 0 ? kDisplayContents : kDisplayContext, static_cast<DWORD>(context));
     return true;
 }
 
-HelpControl::HtmlHelp HelpControl::Bound() {
-    if (htmlHelp_) return htmlHelp_;
-    Library library(LoadLibraryW(library_));
-    if (!library) return nullptr;
-    htmlHelp_ = reinterpret_cast<HtmlHelp>(reinterpret_cast<void*>(GetProcAddress(library.Get(), "HtmlHelpW")));
-    if (htmlHelp_) library.Release();
-    return htmlHelp_;
+template <typename Function>
+Function HelpControl::Entry(const char* name) {
+    if (!control_) control_ = LoadLibraryW(library_);
+    if (!control_) return nullptr;
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(control_, name)));
 }
 
 }  // namespace runtime::win32

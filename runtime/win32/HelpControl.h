@@ -4,26 +4,35 @@
 
 #include <cstdint>
 
-#include "runtime/Text.h"
+#include "runtime/HelpPort.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
 
-class HelpControl {
+class HelpControl : public HelpPort {
  public:
     explicit HelpControl(const wchar_t* library = L"hhctrl.ocx") : library_(library) {}
 
+    // In the system's ANSI code page, as the suite's programs call the control.
+
+    void OpenContents(NativeHandle owner, StringView file) override;
+    void CloseAll(NativeHandle owner) override;
+
     /// Opens `file` at the topic numbered `context`, or at its table of contents for 0. False, and nothing more, on a
-    /// system without the control. A file that is missing is the control's to report.
+    /// system without the control.
     bool Open(HWND owner, const String& file, std::int32_t context);
 
  private:
-    using HtmlHelp = HWND(WINAPI*)(HWND owner, const wchar_t* file, UINT command, DWORD_PTR data);
+    template <typename Character>
+    using HtmlHelp = HWND(WINAPI*)(HWND owner, const Character* file, UINT command, DWORD_PTR data);
 
-    HtmlHelp Bound();
+    /// Null on a system without the control.
+    template <typename Function>
+    Function Entry(const char* name);
+    void Call(NativeHandle owner, StringView file, UINT command);
 
     const wchar_t* library_;
-    HtmlHelp htmlHelp_ = nullptr;
+    HMODULE control_ = nullptr;
 };
 
 }  // namespace runtime::win32

@@ -14,6 +14,7 @@
 #include "runtime/headless/MemoryFiles.h"
 #include "runtime/headless/MemorySettings.h"
 #include "runtime/headless/PlainLocale.h"
+#include "runtime/headless/RecordingHelp.h"
 #include "runtime/headless/ScriptedMessageBox.h"
 #include "runtime/win32/Win32Windows.h"
 
@@ -102,7 +103,8 @@ int main(int argc, char** argv) {
     headless::FixedProcess process;
     headless::PlainLocale locale;
     headless::ScriptedMessageBox messageBox;
-    const runtime::Ports ports{windows, settings, files, process, locale, messageBox};
+    headless::RecordingHelp help;
+    const runtime::Ports ports{windows, settings, files, process, locale, messageBox, help};
     runtime::UsePorts(&ports);
     owner = MakeOwner();
     const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, SeeMessage, nullptr, GetCurrentThreadId());

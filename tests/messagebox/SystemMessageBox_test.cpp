@@ -94,7 +94,8 @@ class SystemMessageBox : public testing::Test {
     }
 
     HWND owner_;
-    Win32MessageBox box_;
+    HelpControl helpControl_;
+    Win32MessageBox box_{helpControl_};
 };
 
 TEST_F(SystemMessageBox, ShowsPromptAndTitle) {

@@ -5,6 +5,7 @@
 #include "dialogs/frmQMXMsgBox.h"
 #include "host/ProcessLife.h"
 #include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/dev/BuiltInSplitter.h"
 #include "kernel_api/dev/InMemoryKernel.h"
 #include "runtime/Form.h"
 #include "runtime/LoadedForms.h"
@@ -21,6 +22,7 @@ class ComponentOver : public Base {
     ComponentOver() {
         kernel_api::UseKernel(&kernel_);
         kernel_api::UseReader(&reader_);
+        kernel_api::UseSplitter(&splitter_);
         services::UseSuiteMessageBox(dialogs::AskWithSuiteBox);
     }
     ~ComponentOver() override {
@@ -28,6 +30,7 @@ class ComponentOver : public Base {
         while (runtime::Form* last = runtime::LoadedForms().LastToUnload()) last->Unload();
         services::UseSuiteMessageBox({});
         host::ReleaseProcess();
+        kernel_api::UseSplitter(nullptr);
         kernel_api::UseReader(nullptr);
         kernel_api::UseKernel(nullptr);
     }
@@ -37,6 +40,7 @@ class ComponentOver : public Base {
 
     kernel_api::dev::InMemoryKernel kernel_;
     kernel_api::dev::BuiltInReader reader_{this->memory_.files, this->memory_.settings, this->memory_.locale};
+    kernel_api::dev::BuiltInSplitter splitter_;
 };
 
 /// Everything in memory.

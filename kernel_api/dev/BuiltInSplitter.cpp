@@ -1,0 +1,48 @@
+#include "kernel_api/dev/BuiltInSplitter.h"
+
+#include <vector>
+
+#include "kernel_api/CommaFields.h"
+
+namespace kernel_api::dev {
+namespace {
+
+/// Walks the text only as far as it is asked, and no part of it twice.
+class BuiltInFieldParser : public FieldParser {
+ public:
+    void SetText(StringView text) override {
+        text_ = text;
+        fields_ = CommaFields(text_);
+        taken_.clear();
+    }
+
+    String Field(std::int32_t number) override {
+        if (number < 1) return {};
+        const auto wanted = static_cast<std::size_t>(number);
+        while (taken_.size() < wanted && !fields_.AtEnd()) taken_.push_back(fields_.Take().text);
+        return taken_.size() < wanted ? String() : String(taken_[wanted - 1]);
+    }
+
+ private:
+    String text_;
+    CommaFields fields_{text_};
+    std::vector<StringView> taken_;
+};
+
+}  // namespace
+
+std::unique_ptr<FieldParser> BuiltInSplitter::MakeFieldParser() {
+    return std::make_unique<BuiltInFieldParser>();
+}
+
+std::int32_t BuiltInSplitter::CountPieces(StringView text, StringView separator) {
+    std::int32_t pieces = 1;
+    if (separator.empty()) return pieces;
+    for (std::size_t at = text.find(separator); at != StringView::npos;
+         at = text.find(separator, at + separator.size())) {
+        ++pieces;
+    }
+    return pieces;
+}
+
+}  // namespace kernel_api::dev

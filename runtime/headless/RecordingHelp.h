@@ -1,0 +1,25 @@
+// A help viewer that opens nothing and notes what it was asked to do.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "runtime/HelpPort.h"
+
+namespace runtime::headless {
+
+class RecordingHelp : public HelpPort {
+ public:
+    struct Call {
+        NativeHandle owner;
+        std::optional<String> opened;  ///< none for the closing of all windows
+        bool operator==(const Call&) const = default;
+    };
+
+    void OpenContents(NativeHandle owner, StringView file) override { calls.push_back({owner, String(file)}); }
+    void CloseAll(NativeHandle owner) override { calls.push_back({owner, std::nullopt}); }
+
+    std::vector<Call> calls;
+};
+
+}  // namespace runtime::headless

@@ -1,0 +1,44 @@
+#include "services/QMXHLP.h"
+
+#include "runtime/Error.h"
+#include "runtime/Form.h"
+#include "runtime/Ports.h"
+#include "services/ProcessValues.h"
+
+namespace services {
+namespace {
+
+/// The suite's true, with all bits set.
+constexpr std::int16_t kTrue = -1;
+
+String CompiledHelpName() {
+    constexpr std::size_t kExtension = 3;
+    const String& name = processValues.helpFilePath;
+    if (name.size() < kExtension) throw runtime::Error(runtime::kInvalidProcedureCall);
+    return name.substr(0, name.size() - kExtension) + u"chm";
+}
+
+runtime::NativeHandle MainWindow() {
+    return processValues.mainForm ? processValues.mainForm->Handle() : 0;
+}
+
+}  // namespace
+
+void ShowHelpContents() {
+    const String name = CompiledHelpName();
+    runtime::CurrentPorts().help.OpenContents(MainWindow(), name);
+}
+
+void ShowHelpTopic(StringView /*file*/, std::int32_t /*topic*/, std::int16_t& wanted) {
+    if (wanted == 0) return;
+    ShowHelpContents();
+    processValues.helpIsOpen = kTrue;
+}
+
+void CloseHelp(runtime::NativeHandle window) {
+    if (processValues.helpIsOpen == 0) return;
+    runtime::CurrentPorts().help.CloseAll(window);
+    processValues.helpIsOpen = 0;
+}
+
+}  // namespace services

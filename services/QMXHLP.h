@@ -1,0 +1,25 @@
+// Help: opens the suite's compiled help from the component's windows, and closes it when the main form unloads. The
+// name of the help file (ProcessValues::helpFilePath) has the extension of the old help format; what is opened is the
+// file of the same name with "chm" in place of its last three characters.
+#pragma once
+
+#include <cstdint>
+
+#include "runtime/WindowsPort.h"
+
+namespace services {
+
+// Both open the table of contents, owned by the main form's window. As any access to its window, that loads a main form
+// which has been unloaded; before its first load the help has no owner. Error 5 for a help file name of less than three
+// characters.
+
+/// The help stays open when the main form unloads.
+void ShowHelpContents();
+/// Nothing unless `wanted`; the unload of the main form closes help that was opened in this way. `file` and `topic`,
+/// which callers name, are not used: there is one help file, and it opens at its contents.
+void ShowHelpTopic(runtime::StringView file, std::int32_t topic, std::int16_t& wanted);
+
+/// Closes all help windows when ShowHelpTopic has opened help since the last call.
+void CloseHelp(runtime::NativeHandle window);
+
+}  // namespace services

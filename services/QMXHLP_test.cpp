@@ -1,0 +1,117 @@
+#include "services/QMXHLP.h"
+
+#include <gmock/gmock.h>
+
+#include "runtime/Error.h"
+#include "services/ProcessValues.h"
+#include "tests/support/ErrorOf.h"
+#include "tests/support/HandledForm.h"
+#include "tests/support/RuntimeFixture.h"
+
+namespace services {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using Call = runtime::headless::RecordingHelp::Call;
+
+class HelpTest : public tests::HeadlessTest {
+ protected:
+    HelpTest() { processValues.helpFilePath = u"D:\\Pelorix\\Marlentine.HLP"; }
+    ~HelpTest() override { processValues = {}; }
+
+    const std::vector<Call>& Calls() const { return memory_.help.calls; }
+    void ShowTopic(std::int16_t wanted = -1) { ShowHelpTopic(u"", 0, wanted); }
+};
+
+const Call kOpened{0, u"D:\\Pelorix\\Marlentine.chm"};
+
+TEST_F(HelpTest, ContentsAreOfTheCompiledFile) {
+    ShowHelpContents();
+    EXPECT_THAT(Calls(), ElementsAre(kOpened));
+    EXPECT_EQ(processValues.helpIsOpen, 0);
+}
+
+TEST_F(HelpTest, WantedTopicOpensTheContentsAndIsNoted) {
+    ShowTopic();
+    EXPECT_THAT(Calls(), ElementsAre(kOpened));
+    EXPECT_EQ(processValues.helpIsOpen, -1);
+}
+
+TEST_F(HelpTest, AnyValueButZeroIsTrue) {
+    ShowTopic(1);
+    EXPECT_THAT(Calls(), ElementsAre(kOpened));
+}
+
+TEST_F(HelpTest, TopicThatIsNotWantedDoesNothing) {
+    ShowTopic(0);
+    EXPECT_THAT(Calls(), IsEmpty());
+    EXPECT_EQ(processValues.helpIsOpen, 0);
+}
+
+TEST_F(HelpTest, LeadingArgumentsChangeNothing) {
+    std::int16_t wanted = -1;
+    ShowHelpTopic(u"C:\\other.chm", 4711, wanted);
+    EXPECT_THAT(Calls(), ElementsAre(kOpened));
+    EXPECT_EQ(wanted, -1);
+}
+
+TEST_F(HelpTest, MainFormOwnsTheHelp) {
+    tests::HandledForm form;
+    processValues.mainForm = &form;
+    const runtime::NativeHandle window = form.Handle();
+    ShowHelpContents();
+    EXPECT_THAT(Calls(), ElementsAre(Call{window, kOpened.opened}));
+}
+
+TEST_F(HelpTest, UnloadedMainFormIsLoadedForItsWindow) {
+    tests::HandledForm form;
+    processValues.mainForm = &form;
+    ShowHelpContents();
+    EXPECT_TRUE(form.IsLoaded());
+    EXPECT_THAT(Calls(), ElementsAre(Call{form.Handle(), kOpened.opened}));
+}
+
+TEST_F(HelpTest, LastThreeCharactersGoWhateverTheyAre) {
+    processValues.helpFilePath = u"abc";
+    ShowHelpContents();
+    processValues.helpFilePath = u"C:\\help";
+    ShowHelpContents();
+    EXPECT_THAT(Calls(), ElementsAre(Call{0, u"chm"}, Call{0, u"C:\\hchm"}));
+}
+
+TEST_F(HelpTest, NameOfLessThanThreeCharactersIsError5) {
+    processValues.helpFilePath = u"ab";
+    EXPECT_EQ(tests::ErrorOf([] { ShowHelpContents(); }), runtime::kInvalidProcedureCall);
+    EXPECT_EQ(tests::ErrorOf([this] { ShowTopic(); }), runtime::kInvalidProcedureCall);
+    ShowTopic(0);
+    EXPECT_THAT(Calls(), IsEmpty());
+    EXPECT_EQ(processValues.helpIsOpen, 0);
+}
+
+TEST_F(HelpTest, ClosesOnceWhatATopicOpened) {
+    ShowTopic();
+    ShowTopic();
+    memory_.help.calls.clear();
+    CloseHelp(42);
+    CloseHelp(42);
+    EXPECT_THAT(Calls(), ElementsAre(Call{42, std::nullopt}));
+}
+
+TEST_F(HelpTest, DoesNotCloseContentsThatWereAskedForAlone) {
+    ShowHelpContents();
+    CloseHelp(42);
+    EXPECT_THAT(Calls(), ElementsAre(kOpened));
+}
+
+TEST_F(HelpTest, ClosesAgainWhatWasOpenedAgain) {
+    ShowTopic();
+    CloseHelp(42);
+    ShowTopic();
+    memory_.help.calls.clear();
+    CloseHelp(43);
+    EXPECT_THAT(Calls(), ElementsAre(Call{43, std::nullopt}));
+}
+
+}  // namespace
+}  // namespace services

@@ -1,0 +1,64 @@
+// The built-in field parser: any text gives what the slow splitter gives, a quote that never closes takes the rest, and
+// fields asked for in any order are the same.
+#include <fuzzer/FuzzedDataProvider.h>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "kernel_api/dev/BuiltInSplitter.h"
+#include "tests/support/SlowFieldSplitter.h"
+
+namespace {
+
+using runtime::String;
+
+void Require(bool isTrue, const char* law) {
+    if (isTrue) return;
+    std::fprintf(stderr, "broken: %s\n", law);
+    std::abort();
+}
+
+String TakeText(FuzzedDataProvider& data) {
+    static constexpr char16_t kCommon[] = {u'"', u',', u'"', u',', u' ', u'A', u'l', u'\0'};
+    String text;
+    for (std::size_t left = data.ConsumeIntegralInRange<std::size_t>(0, 200); left > 0; --left) {
+        const bool isCommon = data.ConsumeIntegralInRange(0, 15) > 0;
+        text += isCommon ? data.PickValueInArray(kCommon) : data.ConsumeIntegral<char16_t>();
+    }
+    return text;
+}
+
+/// The number of fields that `parser`'s text must have, all of them as the slow splitter gives them; the rest behind an
+/// unclosed quote is the last one.
+std::size_t CheckFields(kernel_api::FieldParser& parser, const String& text) {
+    const test_support::SlowFields slow = test_support::SlowFieldSplitter::Split(text);
+    std::size_t begin = 0;
+    const std::size_t closedFields = slow.error == 0 ? slow.texts.size() - 1 : 0;
+    for (std::size_t i = 1; i <= closedFields; ++i) {
+        const String field = parser.Field(static_cast<std::int32_t>(i));
+        Require(field == slow.texts[i], "same fields as the slow splitter");
+        begin = text.find(field, begin);
+        Require(begin != String::npos, "each field stands in the text, behind the one before");
+        begin += field.size();
+    }
+    if (!slow.isEndless) return closedFields;
+    const String rest = parser.Field(static_cast<std::int32_t>(closedFields + 1));
+    Require(text.ends_with(u'"' + rest), "a quote that never closes takes the rest");
+    Require(rest.find(u'"') == String::npos, "and there is no quote in it");
+    return closedFields + 1;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    FuzzedDataProvider data(bytes, size);
+    static const auto parser = kernel_api::dev::BuiltInSplitter().MakeFieldParser();
+    const auto early = data.ConsumeIntegral<std::int32_t>();
+    const String text = TakeText(data);
+    parser->SetText(text);
+    const String asked = parser->Field(early);
+    const std::size_t count = CheckFields(*parser, text);
+    Require(parser->Field(static_cast<std::int32_t>(count + 1)).empty() || count == 0, "no field behind the last one");
+    Require(parser->Field(early) == asked, "a field asked for again is the same");
+    return 0;
+}
