@@ -1,6 +1,5 @@
 #include "host/clsQmxBackProcess.h"
 
-#include <exception>
 #include <utility>
 
 #include "host/HostCommandLine.h"
@@ -94,16 +93,12 @@ void clsQmxBackProcess::SetSeverPath(StringView value) {
 void clsQmxBackProcess::Terminate() {
     if (!link_ || terminating_) return;
     terminating_ = true;
-    std::exception_ptr error;
-    try {
-        link_->form.Unload();
-    } catch (...) {
-        error = std::current_exception();
-    }
+    runtime::FirstError error;
+    error.Run([this] { link_->form.Unload(); });
     link_.reset();
     // Also after an error, a failing client's say: the suite must not take this process for a running one.
-    SetKernelString(u"INITBP", u"TERM");
-    if (error) std::rethrow_exception(error);
+    error.Run([] { SetKernelString(u"INITBP", u"TERM"); });
+    error.Rethrow();
 }
 
 }  // namespace host

@@ -95,22 +95,15 @@ void frmBackProcessMain::Announce() {
 }
 
 void frmBackProcessMain::UnloadAllForms() {
-    std::exception_ptr firstError;
-    const auto keepError = [&firstError](auto&& step) {
-        try {
-            step();
-        } catch (...) {
-            if (!firstError) firstError = std::current_exception();
-        }
-    };
+    runtime::FirstError error;
     const Form* last = nullptr;
     do {
         last = runtime::LoadedForms().LastToUnload();
-        keepError([] { UnloadLastForm(); });
-        keepError([] { runtime::DoEvents(); });
+        error.Run([] { UnloadLastForm(); });
+        error.Run([] { runtime::DoEvents(); });
         // A form that is still the last one refused; it would refuse for ever.
     } while (runtime::LoadedForms().LastToUnload() && runtime::LoadedForms().LastToUnload() != last);
-    if (firstError) std::rethrow_exception(firstError);
+    error.Rethrow();
 }
 
 void frmBackProcessMain::OnQueryUnload(bool& /*cancel*/, runtime::UnloadReason /*reason*/) {

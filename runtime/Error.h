@@ -63,4 +63,26 @@ void SkipError(Statement&& statement) {
     }
 }
 
+/// For steps that must all run although one fails: keeps the first error until the last step is done.
+class FirstError {
+ public:
+    template <typename Step>
+    void Run(Step&& step) {
+        try {
+            step();
+        } catch (...) {
+            if (!kept_) kept_ = std::current_exception();
+        }
+    }
+
+    bool IsKept() const noexcept { return kept_ != nullptr; }
+    /// Throws the kept error; nothing when every step went well.
+    void Rethrow() const {
+        if (kept_) std::rethrow_exception(kept_);
+    }
+
+ private:
+    std::exception_ptr kept_;
+};
+
 }  // namespace runtime

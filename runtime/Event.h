@@ -2,11 +2,12 @@
 // while they are being told: connect, disconnect themselves or another, raise the event again, fail.
 #pragma once
 
-#include <exception>
 #include <functional>
 #include <memory>
 #include <utility>
 #include <vector>
+
+#include "runtime/Error.h"
 
 namespace runtime {
 
@@ -53,16 +54,11 @@ class Event {
     /// listener's error is thrown after all others were told.
     void Raise(Args... args) {
         const auto slots = slots_;
-        std::exception_ptr firstError;
+        FirstError error;
         for (const auto& slot : slots) {
-            if (!slot->connected) continue;
-            try {
-                slot->listener(args...);
-            } catch (...) {
-                if (!firstError) firstError = std::current_exception();
-            }
+            if (slot->connected) error.Run([&] { slot->listener(args...); });
         }
-        if (firstError) std::rethrow_exception(firstError);
+        error.Rethrow();
     }
 
  private:

@@ -1,7 +1,6 @@
 #include "runtime/Form.h"
 
 #include <algorithm>
-#include <exception>
 #include <utility>
 
 #include "runtime/Error.h"
@@ -13,16 +12,6 @@ namespace {
 
 constexpr std::int16_t kScaleTwips = 1;
 constexpr std::int16_t kLastScaleMode = 7;
-
-/// Runs `step`; keeps its error unless an earlier one is kept already.
-template <typename Step>
-void RunKeepingError(std::exception_ptr& kept, Step&& step) {
-    try {
-        step();
-    } catch (...) {
-        if (!kept) kept = std::current_exception();
-    }
-}
 
 }  // namespace
 
@@ -80,12 +69,12 @@ void Form::Unload(UnloadReason reason) {
     if (!window_ || unloading_) return;
     unloading_ = true;
     bool cancel = false;
-    std::exception_ptr error;
-    RunKeepingError(error, [&] { OnQueryUnload(cancel, reason); });
-    if (!cancel) RunKeepingError(error, [&] { OnUnload(cancel); });
+    FirstError error;
+    error.Run([&] { OnQueryUnload(cancel, reason); });
+    if (!cancel) error.Run([&] { OnUnload(cancel); });
     unloading_ = false;
-    if (window_ && (error || !cancel)) DestroyWindow();
-    if (error) std::rethrow_exception(error);
+    if (window_ && (error.IsKept() || !cancel)) DestroyWindow();
+    error.Rethrow();
 }
 
 void Form::Forget() {

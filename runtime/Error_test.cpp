@@ -1,0 +1,39 @@
+// Keeping the first error of several steps that must all run.
+#include "runtime/Error.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/ErrorOf.h"
+
+namespace runtime {
+namespace {
+
+TEST(FirstErrorTest, ThrowsNothingWhenEveryStepWentWell) {
+    FirstError error;
+    error.Run([] {});
+
+    EXPECT_FALSE(error.IsKept());
+    EXPECT_NO_THROW(error.Rethrow());
+}
+
+TEST(FirstErrorTest, RunsTheStepsAfterAFailedOneAndThrowsTheFirstError) {
+    FirstError error;
+    int ran = 0;
+    error.Run([] { throw Error(kOverflow); });
+    error.Run([&ran] { ++ran; });
+    error.Run([] { throw Error(kTypeMismatch); });
+
+    EXPECT_EQ(ran, 1);
+    EXPECT_TRUE(error.IsKept());
+    EXPECT_EQ(tests::ErrorOf([&error] { error.Rethrow(); }), kOverflow);
+}
+
+TEST(FirstErrorTest, KeepsWhatIsNoErrorOfTheRuntimeToo) {
+    FirstError error;
+    error.Run([] { throw 7; });
+
+    EXPECT_THROW(error.Rethrow(), int);
+}
+
+}  // namespace
+}  // namespace runtime
