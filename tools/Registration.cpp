@@ -55,6 +55,30 @@ HKEY Root(Scope scope) {
     return scope == Scope::kUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
 
+/// A text below the scope's classes; the key's default value for a null `name`.
+std::optional<String> ClassesText(Scope scope, const String& key, const wchar_t* name = nullptr) {
+    const String path = u"Software\\Classes\\" + key;
+    DWORD bytes = 0;
+    if (RegGetValueW(Root(scope), Wide(path), name, RRF_RT_REG_SZ, nullptr, nullptr, &bytes) != ERROR_SUCCESS)
+        return {};
+    String text(bytes / sizeof(char16_t), u'\0');
+    if (RegGetValueW(Root(scope), Wide(path), name, RRF_RT_REG_SZ, nullptr, text.data(), &bytes) != ERROR_SUCCESS) {
+        return {};
+    }
+    text.resize(text.find(u'\0'));
+    return text;
+}
+
+String Braced(REFGUID guid) {
+    wchar_t text[39];
+    StringFromGUID2(guid, text, static_cast<int>(std::size(text)));
+    return runtime::win32::ToString(text);
+}
+
+String ServerKey() {
+    return u"CLSID\\" + ClassIdentifier() + u"\\InprocServer32";
+}
+
 }  // namespace
 
 void Register(Scope scope) {
@@ -66,20 +90,22 @@ void Unregister(Scope scope) {
 }
 
 std::optional<String> RegisteredLibrary(Scope scope) {
-    const String key = u"Software\\Classes\\CLSID\\" + ClassIdentifier() + u"\\InprocServer32";
-    constexpr DWORD kText = RRF_RT_REG_SZ;
-    DWORD bytes = 0;
-    if (RegGetValueW(Root(scope), Wide(key), nullptr, kText, nullptr, nullptr, &bytes) != ERROR_SUCCESS) return {};
-    String path(bytes / sizeof(char16_t), u'\0');
-    if (RegGetValueW(Root(scope), Wide(key), nullptr, kText, nullptr, path.data(), &bytes) != ERROR_SUCCESS) return {};
-    path.resize(path.find(u'\0'));
-    return path;
+    return ClassesText(scope, ServerKey());
+}
+
+std::optional<ClassEntry> RegisteredClass(Scope scope) {
+    const std::optional<String> library = RegisteredLibrary(scope);
+    if (!library) return {};
+    const String typeLibraryKey = u"TypeLib\\" + Braced(LIBID_K4TBackProcess) + u"\\1.0\\409\\win32";
+    return ClassEntry{
+        .library = *library,
+        .threadingModel = ClassesText(scope, ServerKey(), L"ThreadingModel").value_or(u""),
+        .typeLibrary = ClassesText(scope, typeLibraryKey).value_or(u""),
+    };
 }
 
 String ClassIdentifier() {
-    wchar_t text[39];
-    StringFromGUID2(__uuidof(clsQmxBackProcess), text, static_cast<int>(std::size(text)));
-    return runtime::win32::ToString(text);
+    return Braced(__uuidof(clsQmxBackProcess));
 }
 
 const char* RegistryPlace(Scope scope) {

@@ -3,11 +3,9 @@
 
 #include <optional>
 
-#include "runtime/Text.h"
+#include "tools/Diagnosis.h"
 
 namespace tools {
-
-using runtime::String;
 
 enum class Scope { kMachine, kUser };
 
@@ -19,6 +17,8 @@ void Unregister(Scope scope);
 
 /// The component's file that is registered for `scope`; none when it is not registered there.
 std::optional<String> RegisteredLibrary(Scope scope);
+/// The whole entry; none when the class is not registered there.
+std::optional<ClassEntry> RegisteredClass(Scope scope);
 /// The component's class identifier, in braces.
 String ClassIdentifier();
 /// Where a scope's classes stand in the registry.

@@ -6,7 +6,7 @@ namespace tools {
 std::vector<Verb> AllVerbs() {
     return {
         kHostVerb, kRaiseVerb, kStringsVerb, kModulesVerb,  kSplitVerb,      kWhereVerb,
-        kTextVerb, kErrorVerb, kMsgboxVerb,  kRegisterVerb, kUnregisterVerb,
+        kTextVerb, kErrorVerb, kMsgboxVerb,  kRegisterVerb, kUnregisterVerb, kDoctorVerb,
     };
 }
 

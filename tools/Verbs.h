@@ -22,5 +22,6 @@ extern const Verb kErrorVerb;
 extern const Verb kMsgboxVerb;
 extern const Verb kRegisterVerb;
 extern const Verb kUnregisterVerb;
+extern const Verb kDoctorVerb;
 
 }  // namespace tools

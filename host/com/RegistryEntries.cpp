@@ -1,6 +1,6 @@
 #include "host/com/RegistryEntries.h"
 
-#include <ranges>
+#include <algorithm>
 
 #include "host/com/Guard.h"
 #include "runtime/win32/Handle.h"
@@ -107,20 +107,20 @@ void WriteEntries(HKEY root, const std::vector<RegistryEntry>& entries) {
             changes.emplace_back(root, entry).Write();
         }
     } catch (...) {
-        for (const Change& change : changes | std::views::reverse) change.Undo();
+        std::for_each(changes.rbegin(), changes.rend(), [](const Change& change) { change.Undo(); });
         throw;
     }
 }
 
 void RemoveEntries(HKEY root, const std::vector<RegistryEntry>& entries) {
     HRESULT firstFailure = S_OK;
-    for (const RegistryEntry& entry : entries | std::views::reverse) {
+    std::for_each(entries.rbegin(), entries.rend(), [&](const RegistryEntry& entry) {
         const HRESULT result = Guarded([&] {
             RemoveEntry(root, entry);
             return S_OK;
         });
         if (FAILED(result) && SUCCEEDED(firstFailure)) firstFailure = result;
-    }
+    });
     Check(firstFailure);
 }
 

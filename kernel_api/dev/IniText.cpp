@@ -53,6 +53,18 @@ String DecodeIni(std::string_view bytes, runtime::LocalePort& locale) {
     return locale.FromAnsi(bytes);
 }
 
+std::string_view IniProblem(std::string_view bytes) {
+    if (bytes.starts_with("\xEF\xBB\xBF")) {
+        const std::string_view text = bytes.substr(3);
+        return WasUtf8(runtime::FromUtf8(text), text) ? "" : "it says that it is UTF-8, but is not throughout";
+    }
+    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
+        return bytes.size() % 2 == 0 ? "" : "it says that it is UTF-16, but ends within a character";
+    }
+    if (bytes.find('\0') == std::string_view::npos) return "";
+    return "it has zero bytes: UTF-16 without a byte order mark, or no text at all";
+}
+
 IniText::IniText(runtime::LocalePort& locale, StringView text) : locale_(&locale) {
     Section* section = nullptr;
     while (!text.empty()) {

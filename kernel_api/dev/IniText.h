@@ -14,6 +14,9 @@ using runtime::StringView;
 /// system's ANSI code page. An odd last byte of UTF-16 is left out.
 String DecodeIni(std::string_view bytes, runtime::LocalePort& locale);
 
+/// Why the bytes cannot be read as they were meant, for the person who wrote them; "" when they can.
+std::string_view IniProblem(std::string_view bytes);
+
 /// "[section]" lines and "key = value" lines below them; ";" starts a comment line, and lines that are none of these
 /// are skipped, as are keys above the first section. Names are found whatever their letter case, and the first of
 /// several equal ones counts. Blanks and tabs around names and values do not belong to them, nor does one pair of

@@ -14,6 +14,23 @@ String Decoded(std::string_view bytes) {
     return DecodeIni(bytes, locale);
 }
 
+TEST(IniProblem, WhatIsReadAsMeantHasNone) {
+    EXPECT_EQ(IniProblem(""), "");
+    EXPECT_EQ(IniProblem("[a]\nk=\xFC\n"), "");  // the ANSI code page
+    EXPECT_EQ(IniProblem("\xEF\xBB\xBFk=\xC3\xBC"), "");
+    EXPECT_EQ(IniProblem(std::string_view("\xFF\xFE\x61\x00", 4)), "");
+}
+
+TEST(IniProblem, AMarkThatIsNotTrueIsNamed) {
+    EXPECT_THAT(IniProblem("\xEF\xBB\xBFk=\xFC"), ::testing::HasSubstr("UTF-8, but is not"));
+    EXPECT_THAT(IniProblem(std::string_view("\xFF\xFE\x61", 3)), ::testing::HasSubstr("within a character"));
+    EXPECT_THAT(IniProblem(std::string_view("\xFE\xFF\x61", 3)), ::testing::HasSubstr("within a character"));
+}
+
+TEST(IniProblem, Utf16WithoutItsMarkIsNamed) {
+    EXPECT_THAT(IniProblem(std::string_view("k\0=\0", 4)), ::testing::HasSubstr("zero bytes"));
+}
+
 TEST(DecodeIni, PlainTextIsItself) {
     EXPECT_EQ(Decoded("[Marlento]\r\nVer=1"), u"[Marlento]\r\nVer=1");
     EXPECT_EQ(Decoded(""), u"");

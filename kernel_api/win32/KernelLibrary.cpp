@@ -101,8 +101,26 @@ String FromAnsi(const char* bytes, std::size_t size) {
 
 KernelLibrary::KernelLibrary(String folder) : folder_(std::move(folder)) {}
 
-FARPROC KernelLibrary::Find(const char* name) {
+void KernelLibrary::EnsureLoaded() {
     if (!library_) library_ = Load(folder_);
+}
+
+String KernelLibrary::Path() {
+    EnsureLoaded();
+    return PathOf(library_);
+}
+
+std::vector<std::string> KernelLibrary::MissingEntries() {
+    EnsureLoaded();
+    std::vector<std::string> missing;
+    for (const char* name : {"E_SetString", "E_GetString", "DB_DataBase", "O_GetName"}) {
+        if (GetProcAddress(library_.Get(), name) == nullptr) missing.emplace_back(name);
+    }
+    return missing;
+}
+
+FARPROC KernelLibrary::Find(const char* name) {
+    EnsureLoaded();
     if (const FARPROC address = GetProcAddress(library_.Get(), name)) {
         isBound_ = true;
         return address;

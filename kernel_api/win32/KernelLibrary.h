@@ -4,6 +4,9 @@
 // For one thread at a time. The library stays loaded, and the addresses that it handed out hold, while this lives.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "kernel_api/Kernel.h"
 #include "runtime/win32/Handle.h"
 
@@ -20,7 +23,13 @@ class KernelLibrary : public Kernel {
     std::int32_t DB_DataBase() override;
     TextPointer O_GetName(std::int32_t handle) override;
 
+    /// Full path of the library. Errors 53 and 48.
+    String Path();
+    /// The names of those of the four entries that it lacks. Errors 53 and 48.
+    std::vector<std::string> MissingEntries();
+
  private:
+    void EnsureLoaded();
     template <typename Function>
     Function Bound(Function& entry, const char* name);
     FARPROC Find(const char* name);

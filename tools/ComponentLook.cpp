@@ -1,0 +1,85 @@
+#include "tools/ComponentLook.h"
+
+#include "host/com/ComHeaders.h"
+#include "host/com/ComPtr.h"
+#include "runtime/win32/Handle.h"
+#include "tools/ComFailure.h"
+
+namespace tools {
+
+namespace {
+
+using host::com::ComPtr;
+using runtime::win32::Library;
+using runtime::win32::Wide;
+
+std::optional<Version> VersionOf(const String& path) {
+    DWORD ignored = 0;
+    const DWORD size = GetFileVersionInfoSizeW(Wide(path), &ignored);
+    std::string data(size, '\0');
+    if (size == 0 || !GetFileVersionInfoW(Wide(path), 0, size, data.data())) return {};
+    void* found = nullptr;
+    UINT length = 0;
+    if (!VerQueryValueW(data.data(), L"\\", &found, &length) || length < sizeof(VS_FIXEDFILEINFO)) return {};
+    const DWORD version = static_cast<const VS_FIXEDFILEINFO*>(found)->dwFileVersionMS;
+    return Version{HIWORD(version), LOWORD(version)};
+}
+
+/// The type library's attributes, which belong to it.
+class Attributes {
+ public:
+    explicit Attributes(ITypeLib& library) : library_(library) { ThrowIfFailed(library.GetLibAttr(&attributes_)); }
+    Attributes(const Attributes&) = delete;
+    Attributes& operator=(const Attributes&) = delete;
+    ~Attributes() { library_.ReleaseTLibAttr(attributes_); }
+
+    const TLIBATTR& operator*() const { return *attributes_; }
+
+ private:
+    ITypeLib& library_;
+    TLIBATTR* attributes_ = nullptr;
+};
+
+std::optional<Version> TypeLibraryOf(const String& path) {
+    ComPtr<ITypeLib> library;
+    if (FAILED(LoadTypeLibEx(Wide(path), REGKIND_NONE, library.Put()))) return {};
+    const Attributes attributes(*library.Get());
+    if ((*attributes).guid != LIBID_K4TBackProcess) return {};
+    return Version{(*attributes).wMajorVerNum, (*attributes).wMinorVerNum};
+}
+
+std::string LoadFailureOf(const String& path) {
+    using GetClass = HRESULT STDAPICALLTYPE(REFCLSID, REFIID, void**);
+
+    const Library library(LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    if (!library) return "it cannot be loaded: " + SystemText(HRESULT_FROM_WIN32(GetLastError()));
+    const FARPROC entry = GetProcAddress(library.Get(), "DllGetClassObject");
+    if (entry == nullptr) return "it has no entry DllGetClassObject";
+    ComPtr<IUnknown> factory;
+    const HRESULT result = (*reinterpret_cast<GetClass*>(reinterpret_cast<void*>(entry)))(
+        __uuidof(clsQmxBackProcess), IID_IClassFactory, factory.PutVoid());
+    return SUCCEEDED(result) ? "" : "it does not have the class: " + SystemText(result);
+}
+
+}  // namespace
+
+ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path) {
+    ComponentFile component;
+    component.path = path;
+    component.exists = files.Stamp(path).has_value();
+    if (!component.exists) return component;
+    component.bits = BitsOfProgram(files.Read(path).value_or(""));
+    component.version = VersionOf(path);
+    component.typeLibrary = TypeLibraryOf(path);
+    component.loadFailure = LoadFailureOf(path);
+    return component;
+}
+
+std::string ActivationFailure() {
+    ComPtr<IUnknown> factory;
+    const HRESULT result = CoGetClassObject(__uuidof(clsQmxBackProcess), CLSCTX_INPROC_SERVER, nullptr,
+                                            IID_IClassFactory, factory.PutVoid());
+    return SUCCEEDED(result) ? "" : ComFailure(result, SystemText(result)).what();
+}
+
+}  // namespace tools

@@ -1,0 +1,14 @@
+// Looking at the component's file and at what COM makes of its registration, without creating an instance.
+#pragma once
+
+#include "runtime/FilesPort.h"
+#include "tools/Diagnosis.h"
+
+namespace tools {
+
+ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path);
+
+/// What COM says when it is asked for the class, for a thread in an apartment; "" when it gives the class.
+std::string ActivationFailure();
+
+}  // namespace tools
