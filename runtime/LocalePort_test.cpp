@@ -40,6 +40,16 @@ TEST_P(LocalePortTest, LongTextsCross) {
     EXPECT_TRUE(locale_->UpperCase(text) == String(1'000'000, u'\u00C4'));
 }
 
+TEST_P(LocalePortTest, LocalesOfSystemAndUserAreKnown) {
+    EXPECT_NE(locale_->SystemDefaultLcid(), 0);
+    EXPECT_NE(locale_->UserDefaultLcid(), 0);
+    EXPECT_EQ(locale_->CharsetOf(locale_->UserDefaultLcid()), std::int16_t{0});
+}
+
+TEST_P(LocalePortTest, LocaleThatDoesNotExistHasNoCharacterSet) {
+    EXPECT_EQ(locale_->CharsetOf(0x3BFF), std::nullopt);
+}
+
 TEST_P(LocalePortTest, LettersChangeCaseAndOthersStay) {
     EXPECT_EQ(locale_->UpperCase(u"c:\\cad_1 zZ"), u"C:\\CAD_1 ZZ");
     EXPECT_EQ(locale_->LowerCase(u"/SYS:C:\\Cad@[`{"), u"/sys:c:\\cad@[`{");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "runtime/FilesPort.h"
+#include "runtime/FontsPort.h"
 #include "runtime/HelpPort.h"
 #include "runtime/LocalePort.h"
 #include "runtime/MessageBoxPort.h"
@@ -18,6 +19,7 @@ struct Ports {
     FilesPort& files;
     ProcessPort& process;
     LocalePort& locale;
+    FontsPort& fonts;
     MessageBoxPort& messageBox;
     HelpPort& help;
 };

@@ -8,6 +8,7 @@
 #include "kernel_api/dev/BuiltInSplitter.h"
 #include "kernel_api/win32/KernelLibrary.h"
 #include "runtime/Ports.h"
+#include "runtime/win32/GdiFonts.h"
 #include "runtime/win32/HelpControl.h"
 #include "runtime/win32/RegistrySettings.h"
 #include "runtime/win32/Win32Files.h"
@@ -45,9 +46,10 @@ struct Composition {
     runtime::win32::Win32Files files;
     runtime::win32::Win32Process process;
     runtime::win32::Win32Locale locale;
+    runtime::win32::GdiFonts fonts;
     runtime::win32::HelpControl help;
     runtime::win32::Win32MessageBox messageBox{help};
-    runtime::Ports ports{windows, settings, files, process, locale, messageBox, help};
+    runtime::Ports ports{windows, settings, files, process, locale, fonts, messageBox, help};
     kernel_api::win32::KernelLibrary kernel;
     kernel_api::dev::BuiltInReader reader;
     kernel_api::dev::BuiltInSplitter splitter;

@@ -42,6 +42,12 @@ String PlainLocale::FromAnsi(std::string_view bytes) {
     return text;
 }
 
+std::optional<std::int16_t> PlainLocale::CharsetOf(std::int32_t lcid) {
+    const auto found = charsets.find(lcid);
+    if (found == charsets.end()) return std::nullopt;
+    return found->second;
+}
+
 String PlainLocale::UpperCase(StringView text) {
     return headless::UpperCase(text);
 }

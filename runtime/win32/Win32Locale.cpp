@@ -1,5 +1,6 @@
 #include "runtime/win32/Win32Locale.h"
 
+#include <cstring>
 #include <limits>
 
 #include "runtime/Error.h"
@@ -19,6 +20,9 @@ std::size_t Checked(int length) {
     return static_cast<std::size_t>(length);
 }
 
+constexpr int kSignatureCharacters = 32;
+static_assert(sizeof(LOCALESIGNATURE) == kSignatureCharacters);
+
 }  // namespace
 
 std::string Win32Locale::ToAnsi(StringView text) {
@@ -36,6 +40,25 @@ String Win32Locale::FromAnsi(std::string_view bytes) {
     String text(Checked(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, nullptr, 0)), u'\0');
     Checked(MultiByteToWideChar(CP_ACP, 0, bytes.data(), length, Wide(text.data()), Length(text.size())));
     return text;
+}
+
+std::int32_t Win32Locale::SystemDefaultLcid() {
+    return static_cast<std::int32_t>(GetSystemDefaultLCID());
+}
+
+std::int32_t Win32Locale::UserDefaultLcid() {
+    return static_cast<std::int32_t>(GetUserDefaultLCID());
+}
+
+std::optional<std::int16_t> Win32Locale::CharsetOf(std::int32_t lcid) {
+    // The signature is no text: its bits come in as many bytes as the buffer has characters.
+    char bytes[kSignatureCharacters] = {};
+    if (GetLocaleInfoA(static_cast<LCID>(lcid), LOCALE_FONTSIGNATURE, bytes, kSignatureCharacters) == 0) return {};
+    LOCALESIGNATURE signature{};
+    std::memcpy(&signature, bytes, sizeof signature);
+    CHARSETINFO found{};
+    if (!TranslateCharsetInfo(signature.lsCsbDefault, &found, TCI_SRCFONTSIG)) return {};
+    return static_cast<std::int16_t>(found.ciCharset);
 }
 
 String Win32Locale::UpperCase(StringView text) {

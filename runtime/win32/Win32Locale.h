@@ -12,6 +12,10 @@ class Win32Locale : public LocalePort {
     std::string ToAnsi(StringView text) override;
     String FromAnsi(std::string_view bytes) override;
 
+    std::int32_t SystemDefaultLcid() override;
+    std::int32_t UserDefaultLcid() override;
+    std::optional<std::int16_t> CharsetOf(std::int32_t lcid) override;
+
     // Case as the file system has it, not by a language's rules: a Turkish system would else turn "sis" into a name
     // that no folder has. A text keeps its length.
     String UpperCase(StringView text) override;

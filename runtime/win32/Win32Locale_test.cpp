@@ -22,6 +22,17 @@ TEST(Win32Locale, CaseOfPlainLettersIsTheSameInEveryLanguage) {
     EXPECT_EQ(Win32Locale().LowerCase(u"C:\\SIS"), u"c:\\sis");
 }
 
+TEST(Win32Locale, CharacterSetFollowsTheLocale) {
+    Win32Locale locale;
+    EXPECT_EQ(locale.CharsetOf(0x0407), std::int16_t{0});    // German
+    EXPECT_EQ(locale.CharsetOf(0x0408), std::int16_t{161});  // Greek
+    EXPECT_EQ(locale.CharsetOf(0x0419), std::int16_t{204});  // Russian
+    EXPECT_EQ(locale.CharsetOf(0x0411), std::int16_t{128});  // Japanese
+    EXPECT_EQ(locale.CharsetOf(0x0412), std::int16_t{129});  // Korean
+    EXPECT_EQ(locale.CharsetOf(0x0404), std::int16_t{136});  // Chinese of Taiwan
+    EXPECT_EQ(locale.CharsetOf(0x0804), std::int16_t{134});  // Chinese of China
+}
+
 TEST(Win32Locale, DoubleByteTextComesBack) {
     if (GetACP() != 932) GTEST_SKIP() << "the system's code page is not 932";
     EXPECT_EQ(Win32Locale().ToAnsi(u"\u8868z"), "\x95\\z");

@@ -220,8 +220,8 @@ TEST(WindowClass, GoesWithTheWindowSystem) {
     std::wstring name;
     for (int round = 1; round <= 2; ++round) {
         Win32Windows windows(instance);
-        Ports ports{windows,       memory.settings,   memory.files, memory.process,
-                    memory.locale, memory.messageBox, memory.help};
+        Ports ports{windows,       memory.settings, memory.files,      memory.process,
+                    memory.locale, memory.fonts,    memory.messageBox, memory.help};
         UsePorts(&ports);
         {
             tests::HandledForm form;

@@ -9,12 +9,15 @@
 #include <vector>
 
 #include "dialogs/frmQMXMsgBox.h"
+#include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/dev/InMemoryKernel.h"
 #include "runtime/Ports.h"
 #include "runtime/headless/FixedProcess.h"
 #include "runtime/headless/MemoryFiles.h"
 #include "runtime/headless/MemorySettings.h"
 #include "runtime/headless/PlainLocale.h"
 #include "runtime/headless/RecordingHelp.h"
+#include "runtime/headless/ScriptedFonts.h"
 #include "runtime/headless/ScriptedMessageBox.h"
 #include "runtime/win32/Win32Windows.h"
 
@@ -102,10 +105,15 @@ int main(int argc, char** argv) {
     headless::MemoryFiles files;
     headless::FixedProcess process;
     headless::PlainLocale locale;
+    headless::ScriptedFonts fonts;
     headless::ScriptedMessageBox messageBox;
     headless::RecordingHelp help;
-    const runtime::Ports ports{windows, settings, files, process, locale, messageBox, help};
+    const runtime::Ports ports{windows, settings, files, process, locale, fonts, messageBox, help};
     runtime::UsePorts(&ports);
+    kernel_api::dev::InMemoryKernel kernel;
+    kernel_api::dev::BuiltInReader reader(files, settings, locale);
+    kernel_api::UseKernel(&kernel);
+    kernel_api::UseReader(&reader);
     owner = MakeOwner();
     const HHOOK hook = SetWindowsHookExW(WH_CALLWNDPROC, SeeMessage, nullptr, GetCurrentThreadId());
 
@@ -124,5 +132,7 @@ int main(int argc, char** argv) {
     UnhookWindowsHookEx(hook);
     dialogs::ReleaseSuiteBox();
     DestroyWindow(owner);
+    kernel_api::UseReader(nullptr);
+    kernel_api::UseKernel(nullptr);
     runtime::UsePorts(nullptr);
 }

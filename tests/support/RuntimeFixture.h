@@ -11,6 +11,7 @@
 #include "runtime/headless/MemoryWindows.h"
 #include "runtime/headless/PlainLocale.h"
 #include "runtime/headless/RecordingHelp.h"
+#include "runtime/headless/ScriptedFonts.h"
 #include "runtime/headless/ScriptedMessageBox.h"
 
 #ifdef _WIN32
@@ -26,6 +27,7 @@ struct MemoryPorts {
     runtime::headless::MemoryFiles files;
     runtime::headless::FixedProcess process;
     runtime::headless::PlainLocale locale;
+    runtime::headless::ScriptedFonts fonts;
     runtime::headless::ScriptedMessageBox messageBox;
     runtime::headless::RecordingHelp help;
 };
@@ -37,8 +39,8 @@ class HeadlessTest : public ::testing::Test {
     ~HeadlessTest() override { runtime::UsePorts(nullptr); }
 
     MemoryPorts memory_;
-    runtime::Ports ports_{memory_.windows, memory_.settings,   memory_.files, memory_.process,
-                          memory_.locale,  memory_.messageBox, memory_.help};
+    runtime::Ports ports_{memory_.windows, memory_.settings, memory_.files,      memory_.process,
+                          memory_.locale,  memory_.fonts,    memory_.messageBox, memory_.help};
 };
 
 /// The build's own window system, real windows under Windows; the other ports in memory.
@@ -53,8 +55,8 @@ class RuntimeTest : public ::testing::Test {
 #else
     runtime::headless::MemoryWindows& windows_ = memory_.windows;
 #endif
-    runtime::Ports ports_{windows_,       memory_.settings,   memory_.files, memory_.process,
-                          memory_.locale, memory_.messageBox, memory_.help};
+    runtime::Ports ports_{windows_,       memory_.settings, memory_.files,      memory_.process,
+                          memory_.locale, memory_.fonts,    memory_.messageBox, memory_.help};
 };
 
 }  // namespace tests

@@ -1,0 +1,28 @@
+// What every implementation of the fonts port must do, as tests that each of them instantiates.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "runtime/FontsPort.h"
+
+namespace runtime {
+
+/// An implementation with a device context to try it on. The context is released by a test, or goes with the process.
+struct TriedFonts {
+    virtual ~TriedFonts() = default;
+    virtual FontsPort& Port() = 0;
+    virtual NativeHandle Context() = 0;
+    /// A face that is installed.
+    virtual String KnownFace() = 0;
+};
+
+class FontsPortTest : public testing::TestWithParam<std::unique_ptr<TriedFonts> (*)()> {
+ protected:
+    std::unique_ptr<TriedFonts> tried_ = GetParam()();
+    FontsPort& fonts_ = tried_->Port();
+    NativeHandle context_ = tried_->Context();
+};
+
+}  // namespace runtime

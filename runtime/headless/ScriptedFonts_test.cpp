@@ -1,0 +1,42 @@
+#include "runtime/headless/ScriptedFonts.h"
+
+#include <gmock/gmock.h>
+
+#include "runtime/FontsPort_test.h"
+
+namespace runtime::headless {
+namespace {
+
+using ::testing::ElementsAre;
+
+struct TriedScriptedFonts : TriedFonts {
+    FontsPort& Port() override { return fonts; }
+    NativeHandle Context() override { return 7; }
+    String KnownFace() override { return u"Arial"; }
+    ScriptedFonts fonts;
+};
+
+std::unique_ptr<TriedFonts> MakeScriptedFonts() {
+    return std::make_unique<TriedScriptedFonts>();
+}
+INSTANTIATE_TEST_SUITE_P(Scripted, FontsPortTest, testing::Values(&MakeScriptedFonts));
+
+TEST(ScriptedFonts, NotesEachCall) {
+    ScriptedFonts fonts;
+    fonts.IsInstalled(u"Arial");
+    fonts.Select(7, fonts.StockGuiFont());
+    fonts.FaceName(7);
+    fonts.ReleaseContext(6, 7);
+    fonts.Delete(fonts.MakeIconTitleFont());
+    EXPECT_THAT(fonts.log, ElementsAre("installed Arial", "stock", "select 81 in 7", "face of 7", "release 7 of 6",
+                                       "make icon title", "delete 82"));
+}
+
+TEST(ScriptedFonts, GivesNoFontOfIconTitlesThatItDoesNotDescribe) {
+    ScriptedFonts fonts;
+    fonts.describesIconTitles = false;
+    EXPECT_EQ(fonts.MakeIconTitleFont(), 0);
+}
+
+}  // namespace
+}  // namespace runtime::headless

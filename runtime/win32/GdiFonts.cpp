@@ -1,0 +1,88 @@
+#include "runtime/win32/GdiFonts.h"
+
+#include <algorithm>
+#include <iterator>
+
+#include "runtime/win32/Handle.h"
+#include "runtime/win32/Win32Locale.h"
+
+namespace runtime::win32 {
+namespace {
+
+constexpr UINT kIconTitleSize = 61;
+constexpr std::size_t kFaceBuffer = 80;
+
+/// Room for as many bytes as the system is told that there are.
+struct IconTitleDescription {
+    LOGFONTA font;
+    char spare[4];
+};
+static_assert(sizeof(IconTitleDescription) >= kIconTitleSize);
+
+HGDIOBJ Object(NativeHandle handle) {
+    return reinterpret_cast<HGDIOBJ>(handle);
+}
+
+NativeHandle Number(HGDIOBJ object) {
+    return reinterpret_cast<NativeHandle>(object);
+}
+
+HDC Context(NativeHandle handle) {
+    return reinterpret_cast<HDC>(handle);
+}
+
+bool EqualNames(StringView one, StringView other) {
+    return CompareStringOrdinal(Wide(one.data()), static_cast<int>(one.size()), Wide(other.data()),
+                                static_cast<int>(other.size()), TRUE) == CSTR_EQUAL;
+}
+
+}  // namespace
+
+bool GdiFonts::IsInstalled(StringView face) {
+    if (face.empty() || face.size() >= LF_FACESIZE) return false;
+    LOGFONTW description{};
+    description.lfCharSet = DEFAULT_CHARSET;
+    std::copy(face.begin(), face.end(), description.lfFaceName);
+    const GdiFont font(CreateFontIndirectW(&description));
+    const HDC context = CreateCompatibleDC(nullptr);
+    if (!font || !context) {
+        DeleteDC(context);
+        return false;
+    }
+    const HGDIOBJ before = SelectObject(context, font.Get());
+    wchar_t got[LF_FACESIZE] = {};
+    const int length = GetTextFaceW(context, static_cast<int>(std::size(got)), got);
+    SelectObject(context, before);
+    DeleteDC(context);
+    return length > 0 && EqualNames(face, ToString(got));
+}
+
+NativeHandle GdiFonts::MakeIconTitleFont() {
+    IconTitleDescription description{};
+    if (!SystemParametersInfoA(SPI_GETICONTITLELOGFONT, kIconTitleSize, &description, 0)) return 0;
+    return Number(CreateFontIndirectA(&description.font));
+}
+
+NativeHandle GdiFonts::StockGuiFont() {
+    return Number(GetStockObject(DEFAULT_GUI_FONT));
+}
+
+NativeHandle GdiFonts::Select(NativeHandle context, NativeHandle font) {
+    return Number(SelectObject(Context(context), Object(font)));
+}
+
+String GdiFonts::FaceName(NativeHandle context) {
+    std::string buffer(kFaceBuffer, ' ');
+    GetTextFaceA(Context(context), static_cast<int>(buffer.size()), buffer.data());
+    return Win32Locale().FromAnsi(buffer.substr(0, buffer.find('\0')));
+}
+
+void GdiFonts::ReleaseContext(NativeHandle window, NativeHandle context) {
+    ReleaseDC(reinterpret_cast<HWND>(window), Context(context));
+}
+
+void GdiFonts::Delete(NativeHandle font) {
+    DeleteObject(Object(font));
+}
+
+}  // namespace runtime::win32
