@@ -47,6 +47,7 @@ runtime::Font Control::Font() {
 
 void Control::SetFont(const runtime::Font& font) {
     form_.EnsureLoaded();
+    if (font == font_) return;
     font_ = font;
     native_->SetFont(font_);
     FollowText();

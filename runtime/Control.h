@@ -18,7 +18,7 @@ struct ControlDesign {
     ControlKind kind;
     String name = {};
     int index = kNoIndex;  ///< in its control array
-    Rect bounds;
+    Rect bounds = {};
     Align align = Align::kNone;
     String text = {};  ///< caption or text
     String tag = {};
