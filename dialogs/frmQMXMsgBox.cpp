@@ -8,6 +8,7 @@
 #include "runtime/Numbers.h"
 #include "runtime/Ports.h"
 #include "runtime/Screen.h"
+#include "services/Localisation.h"
 
 namespace dialogs {
 namespace {
@@ -132,6 +133,13 @@ void frmQMXMsgBox::LayOut(std::int32_t origW, std::int32_t origH) {
     }
     const runtime::Size screen = runtime::ScreenSize();
     Move((screen.width - Width()) / 2.0F, (screen.height - Height()) / 2.0F);
+}
+
+void frmQMXMsgBox::OnLoad() {
+    const runtime::Rect design = lblPrompt_->Bounds();
+    services::LocaliseForm(*this);
+    // Another font makes the label follow its placeholder text, but what a prompt is measured against is the design.
+    lblPrompt_->SetBounds(design);
 }
 
 void frmQMXMsgBox::OnClick(Control& control) {

@@ -26,6 +26,7 @@ class frmQMXMsgBox : public runtime::Form {
     bool IsAsking() const { return isAsking_; }
 
  protected:
+    void OnLoad() override;
     void OnClick(runtime::Control& control) override;
     void OnKeyPress(char16_t& character) override;
 

@@ -197,7 +197,8 @@ TEST_F(MainFormTexts, AreAskedForByTheirIdentifiers) {
     form_.EnsureLoaded();
     kernel_api::UseReader(&reader_);
     EXPECT_THAT(recording.Asked(), ElementsAre(Pair(u"Pelorix Background Processing Application", u"LOC"),
-                                               Pair(u"Pelorix Background process ", u"LOC")));
+                                               Pair(u"Pelorix Background process ", u"LOC"),
+                                               Pair(u"Pelorix Background Processing Application", u"561")));
 }
 
 }  // namespace

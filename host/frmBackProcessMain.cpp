@@ -8,6 +8,7 @@
 #include "runtime/LoadedForms.h"
 #include "runtime/Ports.h"
 #include "runtime/Screen.h"
+#include "services/Localisation.h"
 #include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
 #include "services/modReg.h"
@@ -48,6 +49,10 @@ void UnloadLastForm() {
 
 frmBackProcessMain::frmBackProcessMain() : Form(MainFormDesign()), msgLine_(AddControl(MsgLineDesign())) {}
 
+void frmBackProcessMain::SetForm(runtime::Form& form) {
+    services::SetForm(form);
+}
+
 void frmBackProcessMain::EditMsgLine(StringView text) {
     msgLine_.SetText(text);
     msgLine_.Refresh();
@@ -87,7 +92,9 @@ void frmBackProcessMain::Announce() {
     if (!firstInstance_) throw runtime::Error(runtime::kSilent);
     const runtime::Size screen = runtime::ScreenSize();
     Move((screen.width - Width()) / 2.0F, (screen.height - Height()) / 2.0F);
+    services::ChooseUiFont(Handle(), DeviceContext());
     SetVisible(false);
+    services::LocaliseForm(*this);
     routing::ReadModuleList();
     routing::PublishModuleState(-1, 0);
     SetVisible(false);

@@ -23,6 +23,8 @@ class frmBackProcessMain : public runtime::Form {
 
     NotifyClassEvent& NotifyClass() { return notifyClass_; }
 
+    /// Moves `form` to the middle of the screen; a form that is larger moves down and right.
+    static void SetForm(runtime::Form& form);
     /// Puts `text` into the status line and shows it at once.
     void EditMsgLine(StringView text);
 

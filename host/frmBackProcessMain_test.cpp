@@ -72,12 +72,36 @@ TEST_F(MainFormLoad, ReadsTheListThenPublishesTheState) {
     kernel_.Put(u"AllAps", u"EDITOR,K4TBACKPROCESS");
     form_.EnsureLoaded();
     EXPECT_EQ(routing::OwnModuleIndex, 2);
-    // The reader asks for the language folder for each of the two captions.
+    // The reader asks for the language folder for each of the two captions, and for the one of the form's tag.
     EXPECT_THAT(kernel_.Log(),
                 ElementsAre("E_GetString(LANGUAGEPATH)", "E_GetString(LANGUAGEPATH)", "E_GetString(PRODUCT_NAME)",
-                            "E_GetString(AllAps)",
+                            "E_GetString(LANGUAGEPATH)", "E_GetString(AllAps)",
                             "E_SetString(K4TBACKPROCESS, Pelorix Background Processing Application, 0, 0, 0, 0)"));
     EXPECT_TRUE(heard_.empty());
+}
+
+TEST_F(MainFormLoad, ChoosesTheFontAndGivesItToTheStatusLine) {
+    memory_.locale.systemLcid = 0x0411;
+    form_.EnsureLoaded();
+    EXPECT_EQ(processValues.uiFont.size, 9);
+    EXPECT_EQ(processValues.uiFont.characterSet, 128);
+    const runtime::Font font = form_.Controls().at(0)->Font();
+    EXPECT_EQ(font, (runtime::Font{processValues.uiFont.name, 9, 128, false}));
+}
+
+TEST_F(MainFormLoad, TakesTheCaptionOfItsTag) {
+    kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
+    memory_.files.AddFile(u"C:\\de\\K4TBackProcess.txt", "561 = Hintergrund\n");
+    EXPECT_EQ(form_.Caption(), u"Hintergrund");
+}
+
+TEST_F(MainFormLoad, CentresAnyForm) {
+    tests::HandledForm dialog;
+    frmBackProcessMain::SetForm(dialog);
+    const runtime::Size screen = runtime::ScreenSize();
+    EXPECT_EQ(dialog.Left(), (screen.width - dialog.Width()) / 2.0F);
+    EXPECT_EQ(dialog.Top(), (screen.height - dialog.Height()) / 2.0F);
+    EXPECT_FALSE(form_.IsLoaded());
 }
 
 TEST_F(MainFormLoad, IsRepeatedAfterAnUnload) {

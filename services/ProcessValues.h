@@ -14,6 +14,14 @@ namespace services {
 using runtime::String;
 using runtime::StringView;
 
+/// The font for every control; empty until it is chosen.
+struct UiFont {
+    String name;
+    std::int16_t size = 0;  ///< in points
+    std::int16_t characterSet = 0;
+    bool operator==(const UiFont&) const = default;
+};
+
 struct ProcessValues {
     // Where things are; full paths.
     String installFolder;  ///< holds the component's own file
@@ -38,6 +46,8 @@ struct ProcessValues {
 
     /// Help has been opened in a way that the main form's unload ends: -1, else 0.
     std::int16_t helpIsOpen = 0;
+
+    UiFont uiFont;
 
     String serverPath;
 };

@@ -1,0 +1,175 @@
+#include "services/Localisation.h"
+
+#include <cmath>
+
+#include "runtime/Error.h"
+#include "runtime/Form.h"
+#include "runtime/LateBound.h"
+#include "runtime/Numbers.h"
+#include "runtime/Ports.h"
+#include "runtime/Screen.h"
+#include "services/MessageTexts.h"
+#include "services/ProcessValues.h"
+
+namespace services {
+namespace {
+
+using runtime::Control;
+using runtime::Font;
+using runtime::NativeHandle;
+using runtime::PropertyValue;
+
+constexpr std::int32_t kPrimaryLanguageBits = 0x3FF;
+constexpr double kLanguagesPerSubLanguage = 1024.0;
+
+enum Language : std::int32_t { kChinese = 0x04, kJapanese = 0x11, kKorean = 0x12 };
+
+constexpr std::int16_t kEastAsianSize = 9;
+constexpr std::int16_t kWesternSize = 8;
+
+/// What the fixed rules choose, by language and sublanguage; a language's last row is for its other sublanguages.
+struct FixedFont {
+    std::int32_t language;
+    std::int32_t subLanguage;
+    FontRule rule;
+    StringView name;
+    std::int16_t size;
+    std::int16_t characterSet;
+};
+
+constexpr std::int32_t kAnyOther = -1;
+
+constexpr StringView kKoreanFace = u"\uAD74\uB9BC";
+
+constexpr FixedFont kFixedFonts[] = {
+    {kChinese, 1, FontRule::kTraditionalChinese, u"\u65B0\u7D30\u660E\u9AD4", kEastAsianSize, 136},
+    {kChinese, 2, FontRule::kSimplifiedChinese, u"\u5B8B\u4F53", kEastAsianSize, 134},
+    {kChinese, kAnyOther, FontRule::kOtherChinese, u"", 0, 0},
+    {kJapanese, kAnyOther, FontRule::kJapanese, u"\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF", kEastAsianSize, 128},
+    {kKorean, 1, FontRule::kKorean, kKoreanFace, kEastAsianSize, 129},
+    {kKorean, 2, FontRule::kKorean, kKoreanFace, kEastAsianSize, 129},
+    {kKorean, kAnyOther, FontRule::kOtherKorean, u"", kEastAsianSize, 129},
+};
+
+constexpr StringView kWesternFaces[] = {u"MS Sans Serif", u"Arial", u"System"};
+
+/// Null for a language that the fixed rules do not know.
+const FixedFont* FindFixed(std::int32_t lcid) {
+    const std::int32_t language = PrimaryLanguage(lcid);
+    const std::int32_t subLanguage = SubLanguage(lcid);
+    for (const FixedFont& fixed : kFixedFonts) {
+        if (fixed.language != language) continue;
+        if (fixed.subLanguage == subLanguage || fixed.subLanguage == kAnyOther) return &fixed;
+    }
+    return nullptr;
+}
+
+struct FoundFace {
+    FontRule rule;
+    String name;
+};
+
+/// The face of the system's own font, read from the context, which is released.
+FoundFace SystemFace(NativeHandle window, NativeHandle context) {
+    runtime::FontsPort& fonts = runtime::CurrentPorts().fonts;
+    const NativeHandle made = fonts.MakeIconTitleFont();
+    const NativeHandle before = fonts.Select(context, made != 0 ? made : fonts.StockGuiFont());
+    FoundFace face{made != 0 ? FontRule::kIconTitleFont : FontRule::kStockFont, fonts.FaceName(context)};
+    fonts.Select(context, before);
+    fonts.ReleaseContext(window, context);
+    if (made != 0) fonts.Delete(made);
+    return face;
+}
+
+FoundFace WesternFace(NativeHandle window, NativeHandle context) {
+    for (const StringView face : kWesternFaces) {
+        if (runtime::CurrentPorts().fonts.IsInstalled(face)) return {FontRule::kInstalledFace, String(face)};
+    }
+    return SystemFace(window, context);
+}
+
+/// A new font object with the process's font. It refuses an empty name and a size of 0 and keeps its own, which leaves
+/// a usable font where no rule named one.
+Font NewFont(const UiFont& uiFont) {
+    Font font;
+    runtime::PutFontProperty(font, u"Name", uiFont.name);
+    runtime::PutFontProperty(font, u"Size", uiFont.size);
+    runtime::PutFontProperty(font, u"Charset", uiFont.characterSet);
+    return font;
+}
+
+// A control has few of these properties; it refuses the others, and the next one is tried.
+void ApplyFont(Control& control, const UiFont& uiFont, const Font& font) {
+    runtime::PutProperty(control, u"FontName", uiFont.name);
+    for (const StringView object : {u"Font", u"HeadFont", u"ControlFont"}) {
+        runtime::PutFontProperty(control, object, u"Name", uiFont.name);
+    }
+    runtime::PutProperty(control, u"Font", font);
+    runtime::PutProperty(control, u"TabStop", false);
+    runtime::PutProperty(control, u"HeadFont", font);
+    runtime::PutProperty(control, u"Charset", uiFont.characterSet);
+    for (const StringView object : {u"Font", u"ControlFont"}) {
+        runtime::PutFontProperty(control, object, u"Charset", uiFont.characterSet);
+    }
+    runtime::PutProperty(control, u"FontBold", false);
+    runtime::PutProperty(control, u"Bold", false);
+}
+
+void LocaliseCaption(Control& control) {
+    PropertyValue tag;
+    PropertyValue caption;
+    if (runtime::GetProperty(control, u"Tag", tag) != runtime::kNoError || std::get<String>(tag).empty()) return;
+    if (runtime::GetProperty(control, u"Caption", caption) != runtime::kNoError) return;
+    runtime::PutProperty(control, u"Caption", GetLocalText(std::get<String>(caption), std::get<String>(tag)));
+}
+
+}  // namespace
+
+std::int32_t PrimaryLanguage(std::int32_t lcid) {
+    return lcid & kPrimaryLanguageBits;
+}
+
+std::int32_t SubLanguage(std::int32_t lcid) {
+    return runtime::ToInt32(lcid / kLanguagesPerSubLanguage);
+}
+
+std::int16_t UserCharset() {
+    runtime::LocalePort& locale = runtime::CurrentPorts().locale;
+    return locale.CharsetOf(locale.UserDefaultLcid()).value_or(std::int16_t{0});
+}
+
+FontRule ChooseUiFont(NativeHandle window, NativeHandle deviceContext) {
+    UiFont& uiFont = processValues.uiFont;
+    if (const FixedFont* const fixed = FindFixed(runtime::CurrentPorts().locale.SystemDefaultLcid())) {
+        uiFont = {String(fixed->name), fixed->size, fixed->characterSet};
+        return fixed->rule;
+    }
+    FoundFace face = WesternFace(window, deviceContext);
+    uiFont = {std::move(face.name), kWesternSize, UserCharset()};
+    return face.rule;
+}
+
+void LocaliseForm(runtime::Form& form) {
+    using runtime::SkipError;
+    SkipError([&form] {
+        const String tag = form.Tag();
+        if (!tag.empty()) form.SetCaption(GetLocalText(form.Caption(), tag));
+    });
+    SkipError([&form] {
+        if (form.BackColour() == runtime::kLightGrey) form.SetBackColour(runtime::kButtonFace);
+    });
+    const UiFont uiFont = processValues.uiFont;
+    const Font font = NewFont(uiFont);
+    for (const auto& control : form.Controls()) {
+        SkipError([&] { ApplyFont(*control, uiFont, font); });
+        SkipError([&] { LocaliseCaption(*control); });
+    }
+}
+
+void SetForm(runtime::Form& form) {
+    const runtime::Size screen = runtime::ScreenSize();
+    form.Move(form.Left(), std::fabs(screen.height - form.Height()) / 2.0F);
+    form.Move(std::fabs(screen.width - form.Width()) / 2.0F, form.Top());
+}
+
+}  // namespace services

@@ -1,0 +1,49 @@
+// Forms in the user's language: the font that can show it, chosen from the system's locale; a form's captions, colour
+// and fonts; its place in the middle of the screen.
+#pragma once
+
+#include <cstdint>
+
+#include "runtime/WindowsPort.h"
+
+namespace runtime {
+class Form;
+}
+
+namespace services {
+
+/// The low ten bits of a locale identifier.
+std::int32_t PrimaryLanguage(std::int32_t lcid);
+/// A locale identifier divided by 1024 and rounded to the nearest, halves to even. Bits above the language, as those
+/// of a sort order, are part of it.
+std::int32_t SubLanguage(std::int32_t lcid);
+/// The character set of the user's default locale, 0 when it cannot be found.
+std::int16_t UserCharset();
+
+/// What decided the user-interface font. The first six name the system's language; under any other one it is the first
+/// installed face of a list, or else the system's own font.
+enum class FontRule {
+    kTraditionalChinese,
+    kSimplifiedChinese,
+    kOtherChinese,
+    kJapanese,
+    kKorean,
+    kOtherKorean,
+    kInstalledFace,
+    kIconTitleFont,
+    kStockFont,
+};
+
+/// Decides the process's user-interface font. `deviceContext`, a context of `window`, is released when the system's own
+/// font had to be asked for its face (kIconTitleFont, kStockFont), and only then.
+FontRule ChooseUiFont(runtime::NativeHandle window, runtime::NativeHandle deviceContext);
+
+/// Gives a form and all its controls the user-interface font and the captions of their tags, the current caption being
+/// the default; turns bold and tab stop off, and light grey into the system's button colour. What fails is passed over.
+void LocaliseForm(runtime::Form& form);
+
+/// Moves a form to half the difference between the screen's size and its own. A form that is larger than the screen
+/// moves down and right. Error 384 while it is minimised or maximised.
+void SetForm(runtime::Form& form);
+
+}  // namespace services

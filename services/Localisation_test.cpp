@@ -1,0 +1,336 @@
+// The choice of the font over all its branches, and forms in several languages.
+#include "services/Localisation.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "runtime/Form.h"
+#include "services/ProcessValues.h"
+#include "tests/support/ComponentFixture.h"
+#include "tests/support/RecordingReader.h"
+
+namespace services {
+namespace {
+
+using runtime::Control;
+using runtime::ControlKind;
+using runtime::Font;
+using runtime::headless::MemoryWindow;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::Pair;
+
+TEST(Language, PrimaryIsTheLowTenBits) {
+    EXPECT_EQ(PrimaryLanguage(0x0404), 0x04);
+    EXPECT_EQ(PrimaryLanguage(0x0804), 0x04);
+    EXPECT_EQ(PrimaryLanguage(0x0411), 0x11);
+    EXPECT_EQ(PrimaryLanguage(0x0812), 0x12);
+    EXPECT_EQ(PrimaryLanguage(0x07FF), 0x3FF);
+    EXPECT_EQ(PrimaryLanguage(0x30404), 0x04);
+}
+
+TEST(Language, SubLanguageIsTheQuotientRounded) {
+    EXPECT_EQ(SubLanguage(0x0404), 1);  // 1028 / 1024 = 1.004
+    EXPECT_EQ(SubLanguage(0x0804), 2);  // 2052 / 1024 = 2.004
+    EXPECT_EQ(SubLanguage(0x0C04), 3);  // 3076 / 1024 = 3.004
+    EXPECT_EQ(SubLanguage(0x0411), 1);  // 1041 / 1024 = 1.017
+    EXPECT_EQ(SubLanguage(0x0412), 1);  // 1042 / 1024 = 1.018
+    EXPECT_EQ(SubLanguage(0x0812), 2);  // 2066 / 1024 = 2.018
+    EXPECT_EQ(SubLanguage(0x0C12), 3);  // 3090 / 1024 = 3.018
+    EXPECT_EQ(SubLanguage(0x0004), 0);  // 4 / 1024 = 0.004
+}
+
+TEST(Language, SubLanguageIsTheNextOneFromTheMiddleOn) {
+    EXPECT_EQ(SubLanguage(0x05FF), 1);  // 1535 / 1024 = 1.499
+    EXPECT_EQ(SubLanguage(0x0600), 2);  // 1536 / 1024 = 1.5
+    EXPECT_EQ(SubLanguage(0x0601), 2);  // 1537 / 1024 = 1.501
+    EXPECT_EQ(SubLanguage(0x0A00), 2);  // 2560 / 1024 = 2.5
+    EXPECT_EQ(SubLanguage(0x0A01), 3);  // 2561 / 1024 = 2.501
+    EXPECT_EQ(SubLanguage(0x0200), 0);  // 512 / 1024 = 0.5
+}
+
+TEST(Language, SubLanguageHasTheSortOrdersBits) {
+    EXPECT_EQ(SubLanguage(0x30404), 193);  // 197636 / 1024 = 193.004
+    EXPECT_EQ(SubLanguage(0x10412), 65);   // 66578 / 1024 = 65.018
+}
+
+constexpr runtime::NativeHandle kWindow = 4096;
+constexpr runtime::NativeHandle kContext = 4097;
+
+class UiFontChoice : public tests::HeadlessComponentTest {
+ protected:
+    FontRule ChooseFor(std::int32_t systemLcid) {
+        memory_.locale.systemLcid = systemLcid;
+        return ChooseUiFont(kWindow, kContext);
+    }
+    const std::vector<std::string>& Log() const { return memory_.fonts.log; }
+};
+
+struct FixedChoice {
+    std::int32_t lcid;
+    FontRule rule;
+    UiFont font;
+};
+
+constexpr StringView kJapaneseFace = u"\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF";
+
+const FixedChoice kFixedChoices[] = {
+    {0x0404, FontRule::kTraditionalChinese, {u"\u65B0\u7D30\u660E\u9AD4", 9, 136}},
+    {0x0804, FontRule::kSimplifiedChinese, {u"\u5B8B\u4F53", 9, 134}},
+    {0x0C04, FontRule::kOtherChinese, {u"", 0, 0}},
+    {0x1004, FontRule::kOtherChinese, {u"", 0, 0}},
+    {0x0004, FontRule::kOtherChinese, {u"", 0, 0}},
+    {0x30404, FontRule::kOtherChinese, {u"", 0, 0}},
+    {0x0411, FontRule::kJapanese, {String(kJapaneseFace), 9, 128}},
+    {0x0811, FontRule::kJapanese, {String(kJapaneseFace), 9, 128}},
+    {0x10411, FontRule::kJapanese, {String(kJapaneseFace), 9, 128}},
+    {0x0412, FontRule::kKorean, {u"\uAD74\uB9BC", 9, 129}},
+    {0x0812, FontRule::kKorean, {u"\uAD74\uB9BC", 9, 129}},
+    {0x0C12, FontRule::kOtherKorean, {u"", 9, 129}},
+    {0x0012, FontRule::kOtherKorean, {u"", 9, 129}},
+};
+
+class FixedUiFont : public UiFontChoice, public testing::WithParamInterface<FixedChoice> {};
+
+TEST_P(FixedUiFont, IsChosenByTheSystemsLanguageWhateverIsInstalled) {
+    memory_.fonts.installed.clear();
+    memory_.locale.charsets.clear();
+    processValues.uiFont = {u"Arial", 8, 77};
+    EXPECT_EQ(ChooseFor(GetParam().lcid), GetParam().rule);
+    EXPECT_EQ(processValues.uiFont, GetParam().font);
+    EXPECT_THAT(Log(), IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Languages, FixedUiFont, testing::ValuesIn(kFixedChoices), [](const auto& choice) {
+    char name[16];
+    std::snprintf(name, sizeof name, "x%05X", static_cast<unsigned>(choice.param.lcid));
+    return std::string(name);
+});
+
+TEST_F(UiFontChoice, JapaneseFaceHasEightCharactersAndABlankInTheThirdPlace) {
+    ChooseFor(0x0411);
+    EXPECT_EQ(processValues.uiFont.name.size(), 8u);
+    EXPECT_EQ(processValues.uiFont.name[2], u' ');
+}
+
+TEST_F(UiFontChoice, WesternIsTheFirstInstalledFaceOfTheList) {
+    EXPECT_EQ(ChooseFor(0x0407), FontRule::kInstalledFace);
+    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
+    memory_.fonts.installed = {u"System", u"Arial"};
+    ChooseFor(0x0407);
+    EXPECT_EQ(processValues.uiFont, (UiFont{u"Arial", 8, 0}));
+    memory_.fonts.installed = {u"System"};
+    memory_.fonts.log.clear();
+    ChooseFor(0x0407);
+    EXPECT_EQ(processValues.uiFont, (UiFont{u"System", 8, 0}));
+    EXPECT_THAT(Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System"));
+}
+
+TEST_F(UiFontChoice, WesternCharacterSetIsTheUsersAndNotTheSystems) {
+    memory_.locale.charsets = {{0x0407, 0}, {0x0419, 204}};
+    memory_.locale.userLcid = 0x0419;
+    ChooseFor(0x0407);
+    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Sans Serif", 8, 204}));
+    EXPECT_EQ(UserCharset(), 204);
+    memory_.locale.charsets.clear();
+    ChooseFor(0x0407);
+    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
+    EXPECT_EQ(UserCharset(), 0);
+}
+
+TEST_F(UiFontChoice, FixedCharacterSetDoesNotFollowTheUser) {
+    memory_.locale.charsets = {{0x0419, 204}};
+    memory_.locale.userLcid = 0x0419;
+    ChooseFor(0x0411);
+    EXPECT_EQ(processValues.uiFont.characterSet, 128);
+}
+
+TEST_F(UiFontChoice, UnknownSystemLocaleIsWestern) {
+    EXPECT_EQ(ChooseFor(0), FontRule::kInstalledFace);
+    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
+}
+
+// 81 is the stock font, 82 the one that was made, 80 what the context had selected.
+
+TEST_F(UiFontChoice, LastResortReadsTheFaceOfIconTitlesAndLeavesNothingBehind) {
+    memory_.fonts.installed.clear();
+    memory_.fonts.iconTitleFace = u"Segoe UI";
+    EXPECT_EQ(ChooseFor(0x0407), FontRule::kIconTitleFont);
+    EXPECT_EQ(processValues.uiFont, (UiFont{u"Segoe UI", 8, 0}));
+    EXPECT_THAT(Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System", "make icon title",
+                                   "select 82 in 4097", "face of 4097", "select 80 in 4097", "release 4097 of 4096",
+                                   "delete 82"));
+}
+
+TEST_F(UiFontChoice, LastResortWithoutIconTitlesTakesTheStockFontAndDeletesNothing) {
+    memory_.fonts.installed.clear();
+    memory_.fonts.describesIconTitles = false;
+    EXPECT_EQ(ChooseFor(0x0407), FontRule::kStockFont);
+    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Shell Dlg", 8, 0}));
+    EXPECT_THAT(
+        Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System", "make icon title", "stock",
+                           "select 81 in 4097", "face of 4097", "select 80 in 4097", "release 4097 of 4096"));
+}
+
+TEST_F(UiFontChoice, FaceThatTheSystemDoesNotNameIsTheBuffersBlanks) {
+    memory_.fonts.installed.clear();
+    memory_.locale.systemLcid = 0x0407;
+    EXPECT_EQ(ChooseUiFont(kWindow, 0), FontRule::kIconTitleFont);
+    EXPECT_EQ(processValues.uiFont, (UiFont{String(80, u' '), 8, 0}));
+}
+
+/// One of each kind, all with a tag but the last button.
+class TaggedForm : public runtime::Form {
+ public:
+    explicit TaggedForm(runtime::Colour backColour = runtime::kLightGrey)
+        : Form({.name = u"tagged",
+                .caption = u"Title",
+                .tag = u"561",
+                .left = 300,
+                .top = 300,
+                .inner = {6000, 3000},
+                .backColour = backColour}) {
+        label = &AddControl({.kind = ControlKind::kLabel, .name = u"label", .text = u"Name", .tag = u"1"});
+        picture = &AddControl({.kind = ControlKind::kPicture, .name = u"picture", .tag = u"2"});
+        bar = &AddControl({.kind = ControlKind::kStatusBar, .name = u"bar", .text = u"Ready", .tag = u"3"});
+        yes = &AddControl(
+            {.kind = ControlKind::kButton, .name = u"yes", .text = u"&Yes", .tag = u"39171", .tabIndex = 0});
+        plain = &AddControl({.kind = ControlKind::kButton, .name = u"plain", .text = u"Plain", .tabIndex = 1});
+    }
+    Control* label;
+    Control* picture;
+    Control* bar;
+    Control* yes;
+    Control* plain;
+};
+
+class FormLocalisation : public tests::HeadlessComponentTest {
+ protected:
+    FormLocalisation() { processValues.uiFont = {u"Arial", 9, 161}; }
+
+    void Speak(StringView folder) { kernel_.Put(u"LANGUAGEPATH", folder); }
+    void Learn(StringView folder, std::string_view texts) {
+        memory_.files.AddFile(String(folder) + u"\\K4TBackProcess.txt", texts);
+        Speak(folder);
+    }
+    MemoryWindow& Window() const { return memory_.windows.Last(); }
+
+    TaggedForm form_;
+};
+
+TEST_F(FormLocalisation, CaptionsAreTheLanguages) {
+    Learn(u"C:\\de", "561 = Titel\n1 = Name:\n39171 = &Ja\n2 = Bild\n3 = Bereit\n");
+    LocaliseForm(form_);
+    EXPECT_EQ(form_.Caption(), u"Titel");
+    EXPECT_EQ(Window().Control(u"label").text, u"Name:");
+    EXPECT_EQ(Window().Control(u"yes").text, u"&Ja");
+    EXPECT_EQ(Window().Control(u"plain").text, u"Plain");
+    // A status bar and a picture have no caption.
+    EXPECT_EQ(Window().Control(u"bar").text, u"Ready");
+    EXPECT_EQ(Window().Control(u"picture").text, u"");
+}
+
+TEST_F(FormLocalisation, TextsAreAskedForInTheControlsOrderWithTheCurrentCaptions) {
+    tests::RecordingReader recording(reader_);
+    form_.yes->SetText(u"&Sure");
+    kernel_api::UseReader(&recording);
+    LocaliseForm(form_);
+    kernel_api::UseReader(&reader_);
+    EXPECT_THAT(recording.Asked(), ElementsAre(Pair(u"Title", u"561"), Pair(u"Name", u"1"), Pair(u"&Sure", u"39171")));
+}
+
+TEST_F(FormLocalisation, CaptionsOfALanguageStayWhereTheNextOneHasNoText) {
+    Learn(u"C:\\de", "561 = Titel\n39171 = &Ja\n1 = Name:\n");
+    LocaliseForm(form_);
+    Learn(u"C:\\fr", "39171 = &Oui\n");
+    LocaliseForm(form_);
+    EXPECT_EQ(form_.Caption(), u"Titel");
+    EXPECT_EQ(form_.label->Text(), u"Name:");
+    EXPECT_EQ(form_.yes->Text(), u"&Oui");
+    Speak(u"");
+    LocaliseForm(form_);
+    EXPECT_EQ(form_.Caption(), u"Titel");
+    EXPECT_EQ(form_.yes->Text(), u"&Oui");
+}
+
+TEST_F(FormLocalisation, DesignCaptionsReturnWhenTheFormIsLoadedAnew) {
+    Learn(u"C:\\de", "561 = Titel\n39171 = &Ja\n");
+    LocaliseForm(form_);
+    form_.Unload();
+    Speak(u"");
+    LocaliseForm(form_);
+    EXPECT_EQ(form_.Caption(), u"Title");
+    EXPECT_EQ(form_.yes->Text(), u"&Yes");
+}
+
+TEST_F(FormLocalisation, OnlyLightGreyBecomesTheButtonsColour) {
+    LocaliseForm(form_);
+    EXPECT_EQ(Window().backColour, 0x8000000Fu);
+    TaggedForm nearly(0x00C0C0C1);
+    LocaliseForm(nearly);
+    EXPECT_EQ(nearly.BackColour(), 0x00C0C0C1u);
+}
+
+TEST_F(FormLocalisation, EveryControlGetsTheFontWithoutBoldAndNoTabStop) {
+    for (Control* control : {form_.label, form_.bar, form_.yes, form_.plain}) {
+        control->SetFont({u"Courier", 12, 2, true});
+    }
+    LocaliseForm(form_);
+    const Font expected{u"Arial", 9, 161, false};
+    for (const char16_t* name : {u"label", u"bar", u"yes", u"plain"}) {
+        EXPECT_EQ(Window().Control(name).font, expected) << runtime::ToUtf8(name);
+    }
+    EXPECT_FALSE(form_.yes->TabStop());
+    EXPECT_FALSE(form_.plain->TabStop());
+    EXPECT_NE(Window().Control(u"picture").font, expected);
+}
+
+TEST_F(FormLocalisation, WithoutAFaceAndSizeControlsHaveThatOfANewFont) {
+    processValues.uiFont = {};
+    form_.yes->SetFont({u"Courier", 12, 2, true});
+    LocaliseForm(form_);
+    EXPECT_EQ(form_.yes->Font(), (Font{u"MS Sans Serif", 8.25F, 0, false}));
+    processValues.uiFont = {u"", 9, 129};
+    LocaliseForm(form_);
+    EXPECT_EQ(form_.yes->Font(), (Font{u"MS Sans Serif", 9, 129, false}));
+}
+
+/// A reader whose every text fails.
+class BrokenReader : public kernel_api::dev::BuiltInReader {
+ public:
+    using BuiltInReader::BuiltInReader;
+    String GetText(StringView, StringView) override { throw runtime::Error(runtime::kPropertyNotSupported); }
+};
+
+TEST_F(FormLocalisation, GoesOnWhereTextsFail) {
+    BrokenReader broken(memory_.files, memory_.settings, memory_.locale);
+    kernel_api::UseReader(&broken);
+    LocaliseForm(form_);
+    kernel_api::UseReader(&reader_);
+    EXPECT_EQ(form_.Caption(), u"Title");
+    EXPECT_EQ(form_.yes->Text(), u"&Yes");
+    EXPECT_EQ(form_.plain->Font(), (Font{u"Arial", 9, 161, false}));
+    EXPECT_EQ(form_.BackColour(), runtime::kButtonFace);
+}
+
+using FormPlace = FormLocalisation;
+
+// The screen is 19200 x 15360; a frame adds 120 to the width and 405 to the height.
+
+TEST_F(FormPlace, IsTheMiddleOfTheScreen) {
+    SetForm(form_);
+    EXPECT_EQ(form_.Left(), (19200 - 6120) / 2);
+    EXPECT_EQ(form_.Top(), 5977.5F);  // (15360 - 3405) / 2
+    EXPECT_EQ(form_.Width(), 6120);
+    EXPECT_EQ(form_.Height(), 3405);
+}
+
+TEST_F(FormPlace, OfAFormLargerThanTheScreenIsDownAndRight) {
+    form_.SetSize({20000, 16000});
+    SetForm(form_);
+    EXPECT_EQ(form_.Left(), 400);
+    EXPECT_EQ(form_.Top(), 320);
+}
+
+}  // namespace
+}  // namespace services
