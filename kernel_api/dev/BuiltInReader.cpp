@@ -16,6 +16,12 @@ constexpr TextPointer kUnusedAddresses = 0x10000;
 
 }  // namespace
 
+String TextsPathIn(StringView languageFolder) {
+    String path(languageFolder);
+    if (!path.ends_with(u'\\')) path += u'\\';
+    return path.append(kTextsName);
+}
+
 BuiltInReader::BuiltInReader(runtime::FilesPort& files, runtime::SettingsPort& settings, runtime::LocalePort& locale)
     : files_(files), settings_(settings), locale_(locale), ini_(locale) {}
 
@@ -30,7 +36,16 @@ String BuiltInReader::GetSetting(StringView application, StringView key, StringV
 }
 
 String BuiltInReader::GetText(StringView defaultText, StringView textId) {
-    textsFile_.SetPath(TextsPath());
+    RefreshTexts();
+    const String* text = texts_.Find(textId);
+    return text ? *text : String(defaultText);
+}
+
+void BuiltInReader::RefreshTexts() {
+    if (String folder = LanguageFolder(); folder != textsFolder_) {
+        textsFile_.SetPath(folder.empty() ? String() : TextsPathIn(folder));
+        textsFolder_ = std::move(folder);
+    }
     textsFile_.Refresh([this](const std::optional<std::string>& bytes) {
         texts_ = {};
         if (!bytes) return;
@@ -40,16 +55,11 @@ String BuiltInReader::GetText(StringView defaultText, StringView textId) {
             // Texts that do not fit into memory are shown by their defaults.
         }
     });
-    const String* text = texts_.Find(textId);
-    return text ? *text : String(defaultText);
 }
 
-String BuiltInReader::TextsPath() {
+String BuiltInReader::LanguageFolder() {
     String folder = languageFolder_ ? languageFolder_() : String();
-    if (folder.empty()) folder = TextAt(CurrentKernel().E_GetString(u"LANGUAGEPATH"));
-    if (folder.empty()) return {};
-    if (!folder.ends_with(u'\\')) folder += u'\\';
-    return folder.append(kTextsName);
+    return folder.empty() ? TextAt(CurrentKernel().E_GetString(u"LANGUAGEPATH")) : folder;
 }
 
 String BuiltInReader::TextAt(TextPointer pointer) {

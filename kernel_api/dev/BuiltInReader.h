@@ -2,6 +2,7 @@
 // user's registry settings; texts from K4TBackProcess.txt in the language folder.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 
 #include "kernel_api/Reader.h"
@@ -13,6 +14,13 @@
 #include "runtime/SettingsPort.h"
 
 namespace kernel_api::dev {
+
+/// More than this is no language file: it would take hundreds of megabytes of a module's memory and seconds of its
+/// time. It holds about 300,000 texts of ordinary length.
+constexpr std::uint64_t kMostTextsBytes = 16u << 20;
+
+/// Path of the texts in a language folder, which may end in a backslash.
+String TextsPathIn(StringView languageFolder);
 
 enum class SettingSource { None, IniFile, Registry };
 
@@ -41,8 +49,10 @@ class BuiltInReader : public Reader {
  private:
     /// Reads the INI file again if it is no longer the one that was read.
     void Refresh();
-    /// Path of the language's texts; empty while no language folder is known.
-    String TextsPath();
+    /// Makes the texts those of the current language folder as it is now.
+    void RefreshTexts();
+    /// Empty while no language folder is known.
+    String LanguageFolder();
 
     runtime::FilesPort& files_;
     runtime::SettingsPort& settings_;
@@ -50,7 +60,8 @@ class BuiltInReader : public Reader {
     WatchedFile iniFile_{files_};
     IniText ini_;
     std::function<String()> languageFolder_;
-    WatchedFile textsFile_{files_};
+    String textsFolder_;  ///< the folder whose file is watched
+    WatchedFile textsFile_{files_, kMostTextsBytes};
     TextFile texts_;
 };
 

@@ -235,6 +235,78 @@ TEST_F(LocalTexts, FileThatIsBeingWrittenLeavesWhatWasReadBefore) {
     EXPECT_EQ(Text(u"1"), u"eins");
 }
 
+TEST_F(LocalTexts, FileThatCannotBeReadGivesTheDefaultsUntilItCan) {
+    folder_ = u"C:\\de";
+    WriteTexts(u"C:\\de", "1 = eins\n");
+    files_.FailRead(u"C:\\de\\K4TBackProcess.txt");
+    EXPECT_EQ(Text(u"1"), u"default");
+    EXPECT_EQ(Text(u"1"), u"default");
+    WriteTexts(u"C:\\de", "1 = eins\n");
+    EXPECT_EQ(Text(u"1"), u"eins");
+}
+
+TEST_F(LocalTexts, FolderInTheFilesPlaceGivesTheDefaults) {
+    files_.AddFolder(u"C:\\de\\K4TBackProcess.txt");
+    folder_ = u"C:\\de";
+    EXPECT_EQ(Text(u"1"), u"default");
+    EXPECT_EQ(Reads(), 0);
+}
+
+TEST_F(LocalTexts, FolderThatIsNoPathGivesTheDefaults) {
+    for (const String& folder : {String(u"Q:\\none"), String(u"C:\\a|b\0c", 8), String(u":"), String(40'000, u'x')}) {
+        folder_ = folder;
+        EXPECT_EQ(Text(u"1"), u"default");
+    }
+}
+
+TEST_F(LocalTexts, FileTooLargeIsNotRead) {
+    folder_ = u"C:\\de";
+    std::string lines = "1 = eins\n# ";
+    lines.resize(kMostTextsBytes, 'x');
+    WriteTexts(u"C:\\de", lines);
+    EXPECT_EQ(Text(u"1"), u"eins");
+    files_.ClearLog();
+    WriteTexts(u"C:\\de", lines + "x");
+    EXPECT_EQ(Text(u"1"), u"default");
+    EXPECT_EQ(Text(u"1"), u"default");
+    EXPECT_EQ(Reads(), 0);
+    WriteTexts(u"C:\\de", "1 = ein\n");
+    EXPECT_EQ(Text(u"1"), u"ein");
+}
+
+TEST_F(LocalTexts, LookupCostsOneQuestionToTheFileSystem) {
+    folder_ = u"C:\\de";
+    WriteTexts(u"C:\\de", "1 = eins\n");
+    Text(u"1");
+    files_.ClearLog();
+    Text(u"1");
+    Text(u"2");
+    EXPECT_THAT(files_.Log(), testing::Each(String(u"Stamp C:\\de\\K4TBackProcess.txt")));
+    EXPECT_EQ(files_.Log().size(), 2u);
+}
+
+TEST_F(LocalTexts, FolderThatComesBackIsReadAgain) {
+    WriteTexts(u"C:\\de", "1 = eins\n");
+    WriteTexts(u"C:\\fr", "1 = un\n");
+    for (const StringView folder : {u"C:\\de", u"C:\\fr", u"C:\\de", u"C:\\none", u"C:\\fr"}) {
+        folder_ = folder;
+        const StringView expected = folder == u"C:\\de" ? u"eins" : folder == u"C:\\fr" ? u"un" : u"default";
+        EXPECT_EQ(Text(u"1"), expected);
+    }
+}
+
+TEST_F(LocalTexts, TruncatedAtEveryByteAreDefaultsFromTheCutOn) {
+    folder_ = u"C:\\de";
+    const std::string whole = "39171 = &Ja\n39172 = &Nein\\s\n";
+    for (std::size_t length = 0; length <= whole.size(); ++length) {
+        WriteTexts(u"C:\\de", whole.substr(0, length));
+        const std::size_t shown = length <= 8 ? 0 : std::min<std::size_t>(length - 8, 3);
+        EXPECT_EQ(Text(u"39171"), length < 7 ? u"default" : String(u"&Ja").substr(0, shown)) << length;
+        // At 26 the cut goes through an escape.
+        EXPECT_EQ(Text(u"39172") == u"default", length < 19 || length == 26) << length;
+    }
+}
+
 TEST_F(LocalTexts, FailingKernelIsTheCallersError) {
     kernel_.FailOn("E_GetString", runtime::Error(runtime::kFileNotFound));
     EXPECT_THROW(Text(u"1"), runtime::Error);

@@ -10,17 +10,29 @@ using runtime::String;
 using runtime::StringView;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kAround = " \t\r";
+constexpr std::string_view kAround = " \t";
+constexpr StringView kAroundText = u" \t";
 constexpr char32_t kReplacement = 0xFFFD;
 
-std::string_view TrimAround(std::string_view text) {
-    const auto first = text.find_first_not_of(kAround);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(kAround) - first + 1);
+template <typename View>
+View Trimmed(View text, View around) {
+    const auto first = text.find_first_not_of(around);
+    if (first == View::npos) return {};
+    return text.substr(first, text.find_last_not_of(around) - first + 1);
+}
+
+/// Takes the first line, with its end, off `bytes`.
+std::string_view TakeLine(std::string_view& bytes) {
+    const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
+    const std::string_view line = bytes.substr(0, end);
+    const std::size_t ending = bytes.substr(end).starts_with("\r\n") ? 2 : 1;
+    bytes.remove_prefix(std::min(end + ending, bytes.size()));
+    return line;
 }
 
 /// None for bytes that are not UTF-8.
 std::optional<String> Decode(std::string_view bytes) {
+    if (bytes.find('\0') != std::string_view::npos) return std::nullopt;
     String text = runtime::FromUtf8(bytes);
     // A replacement character that the bytes do not spell out stands for bytes that are not UTF-8.
     const bool isReplaced = text.find(static_cast<char16_t>(kReplacement)) != String::npos;
@@ -60,29 +72,55 @@ std::optional<String> Unescape(StringView text) {
 
 }  // namespace
 
-TextFile::TextFile(std::string_view bytes) {
+TextFile::TextFile(std::string_view bytes, const FaultSink& onFault) {
     if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
-    while (!bytes.empty()) {
-        const std::size_t end = std::min(bytes.find('\n'), bytes.size());
-        if (!Take(TrimAround(bytes.substr(0, end)))) ++skippedLines_;
-        bytes.remove_prefix(std::min(end + 1, bytes.size()));
+    for (std::size_t number = 1; !bytes.empty(); ++number) {
+        const auto fault = Take(Trimmed(TakeLine(bytes), kAround));
+        if (!fault) continue;
+        ++skippedLines_;
+        if (onFault) onFault(number, *fault);
     }
 }
 
-bool TextFile::Take(std::string_view line) {
-    if (line.empty() || line.front() == '#') return true;
-    const std::size_t equals = line.find('=');
-    if (equals == std::string_view::npos) return false;
-    const auto identifier = Decode(TrimAround(line.substr(0, equals)));
-    const auto escaped = Decode(TrimAround(line.substr(equals + 1)));
-    if (!identifier || identifier->empty() || !escaped) return false;
-    auto text = Unescape(*escaped);
-    return text && texts_.try_emplace(*identifier, std::move(*text)).second;
+std::optional<LineFault> TextFile::Take(std::string_view line) {
+    if (line.empty() || line.front() == '#') return std::nullopt;
+    const auto decoded = Decode(line);
+    if (!decoded) return LineFault::kNotUtf8;
+    const std::size_t equals = decoded->find(u'=');
+    if (equals == String::npos) return LineFault::kNoEqualsSign;
+    const StringView identifier = Trimmed(StringView(*decoded).substr(0, equals), kAroundText);
+    if (identifier.empty()) return LineFault::kNoIdentifier;
+    auto text = Unescape(Trimmed(StringView(*decoded).substr(equals + 1), kAroundText));
+    if (!text) return LineFault::kUnknownEscape;
+    if (!texts_.try_emplace(String(identifier), std::move(*text)).second) return LineFault::kTwice;
+    return std::nullopt;
 }
 
 const String* TextFile::Find(StringView identifier) const {
-    const auto found = texts_.find(runtime::Trim(identifier));
+    const auto found = texts_.find(Trimmed(identifier, StringView(u" ")));
     return found == texts_.end() ? nullptr : &found->second;
+}
+
+String EscapeText(StringView text) {
+    String escaped;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool isAtEnd = i == 0 || i + 1 == text.size();
+        if (text[i] == u'\\') {
+            escaped += u"\\\\";
+        } else if (text[i] == u'\t') {
+            escaped += u"\\t";
+        } else if (text[i] == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') {
+            escaped += u"\\n";
+            ++i;
+        } else if (text[i] == u'\r' || text[i] == u'\n') {
+            escaped += u"\\n";
+        } else if (text[i] == u' ' && isAtEnd) {
+            escaped += u"\\s";
+        } else {
+            escaped += text[i];
+        }
+    }
+    return escaped;
 }
 
 }  // namespace kernel_api::dev

@@ -1,6 +1,9 @@
 #include "kernel_api/dev/TextFile.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+
+#include <utility>
+#include <vector>
 
 namespace kernel_api::dev {
 namespace {
@@ -75,12 +78,74 @@ TEST(TextFile, KeepsAnyCharacters) {
     EXPECT_EQ(TextIn(file, u"1"), u"\u306F\u3044(&Y) \U0001F600 \uFFFD");
 }
 
-TEST(TextFile, TruncatedAtEveryByteNeverFails) {
-    const std::string whole = "\xEF\xBB\xBF# c\n1 = \xE3\x81\xAF\\s\n2 = b\n";
+TEST(TextFile, LinesEndAtCrLfOrBoth) {
+    const TextFile file("1 = a\r2 = b\n3 = c\r\n\r4 = d");
+    EXPECT_EQ(TextIn(file, u"1"), u"a");
+    EXPECT_EQ(TextIn(file, u"2"), u"b");
+    EXPECT_EQ(TextIn(file, u"3"), u"c");
+    EXPECT_EQ(TextIn(file, u"4"), u"d");
+}
+
+TEST(TextFile, TellsWhichLinesItSkipsAndWhy) {
+    std::vector<std::pair<std::size_t, LineFault>> faults;
+    const TextFile file("# c\r\n1 = a\r\nwords\n= b\n\n1 = c\r2 = \\x\n3 = \xE4\n4 = a\\\n",
+                        [&faults](std::size_t line, LineFault fault) { faults.emplace_back(line, fault); });
+    using Fault = std::pair<std::size_t, LineFault>;
+    EXPECT_THAT(faults, testing::ElementsAre(Fault{3, LineFault::kNoEqualsSign}, Fault{4, LineFault::kNoIdentifier},
+                                             Fault{6, LineFault::kTwice}, Fault{7, LineFault::kUnknownEscape},
+                                             Fault{8, LineFault::kNotUtf8}, Fault{9, LineFault::kUnknownEscape}));
+}
+
+TEST(TextFile, TruncatedAtEveryByteHasWholeTextsOrNone) {
+    const std::string whole = "\xEF\xBB\xBF# c\n1 = \xE3\x81\xAF\\s\n22 = b\\n\n";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         const TextFile file(std::string_view(whole).substr(0, length));
-        EXPECT_LE(file.Count(), 2u);
+        const String first = TextIn(file, u"1");
+        const bool isCut = first == u"" || first == u"\u306F";
+        EXPECT_TRUE(first == u"(none)" || first == u"\u306F " || (isCut && length < 19)) << length;
+        EXPECT_EQ(TextIn(file, u"2"), u"(none)") << length;
     }
+}
+
+TEST(TextFile, Utf16HasNoTexts) {
+    std::string little = "\xFF\xFE";
+    std::string big = "\xFE\xFF";
+    for (const char c : std::string("\r\n1 = a\r\n39171 = &Ja\r\n")) {
+        little.append({c, '\0'});
+        big.append({'\0', c});
+    }
+    for (const std::string& bytes : {little, big, little.substr(2), big.substr(2)}) {
+        EXPECT_EQ(TextFile(bytes).Count(), 0u);
+        EXPECT_GE(TextFile(bytes).SkippedLines(), 2u);
+    }
+}
+
+TEST(TextFile, OtherEncodingsCostTheLinesThatAreNotAscii) {
+    const TextFile latin1("1 = &Nein\n2 = &\xC4ndern\n3 = Abl\xF6sen\n");
+    EXPECT_EQ(TextIn(latin1, u"1"), u"&Nein");
+    EXPECT_EQ(latin1.Count(), 1u);
+    const TextFile shiftJis("1 = OK\n2 = \x82\xCD\x82\xA2(&Y)\n3 = \x95\x5C\x8E\xA6\n");
+    EXPECT_EQ(TextIn(shiftJis, u"1"), u"OK");
+    EXPECT_EQ(shiftJis.Count(), 1u);
+}
+
+TEST(TextFile, FindsEachOfManyTexts) {
+    std::string lines;
+    for (int i = 0; i < 100'000; ++i) lines += std::to_string(i) + " = text " + std::to_string(i) + "\n";
+    const TextFile file(lines);
+    EXPECT_EQ(file.Count(), 100'000u);
+    EXPECT_EQ(TextIn(file, u"0"), u"text 0");
+    EXPECT_EQ(TextIn(file, u" 99999 "), u"text 99999");
+    EXPECT_EQ(TextIn(file, u"100000"), u"(none)");
+}
+
+TEST(EscapeText, WritesWhatReadingGivesBack) {
+    for (const String& text : {String(u"Path: "), String(u" not available"), String(u" "), String(u"  a  b  "),
+                               String(u"a\r\nb\tc\\n"), String(u"\\"), String(u""), String(u"a = # b")}) {
+        const TextFile file("1 = " + runtime::ToUtf8(EscapeText(text)) + "\n");
+        EXPECT_EQ(TextIn(file, u"1"), text);
+    }
+    EXPECT_EQ(EscapeText(u"Path: "), u"Path:\\s");
 }
 
 TEST(TextFile, EmptyFileHasNoTexts) {

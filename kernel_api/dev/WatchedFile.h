@@ -1,6 +1,8 @@
 // A file that is read once, and again when its stamp or its path changes.
 #pragma once
 
+#include <cstdint>
+#include <limits>
 #include <optional>
 #include <string>
 #include <utility>
@@ -11,8 +13,11 @@ namespace kernel_api::dev {
 
 class WatchedFile {
  public:
-    /// `files` must outlive the object.
-    explicit WatchedFile(runtime::FilesPort& files) : files_(files) {}
+    static constexpr std::uint64_t kAnySize = std::numeric_limits<std::uint64_t>::max();
+
+    /// `files` must outlive the object. A file of more than `mostBytes` is treated as none, unread.
+    explicit WatchedFile(runtime::FilesPort& files, std::uint64_t mostBytes = kAnySize)
+        : files_(files), mostBytes_(mostBytes) {}
 
     /// The path may be empty: no file.
     void SetPath(runtime::String path) {
@@ -28,17 +33,20 @@ class WatchedFile {
         const auto stamp = path_.empty() ? std::nullopt : files_.Stamp(path_);
         if (!changed_ && stamp == stamp_) return;
         std::optional<std::string> bytes;
-        if (stamp) {
+        const bool isTooLarge = stamp && stamp->size > mostBytes_;
+        if (stamp && !isTooLarge) {
             bytes = files_.Read(path_);
             if (!bytes && !changed_) return;
         }
-        stamp_ = bytes ? stamp : std::nullopt;
+        // A file that could not be read is tried again; one that is too large is not, until it changes.
+        stamp_ = bytes || isTooLarge ? stamp : std::nullopt;
         changed_ = false;
         take(bytes);
     }
 
  private:
     runtime::FilesPort& files_;
+    const std::uint64_t mostBytes_;
     runtime::String path_;
     std::optional<runtime::FileStamp> stamp_;  ///< of what was taken
     bool changed_ = false;                     ///< another path since then
