@@ -136,10 +136,9 @@ void frmQMXMsgBox::LayOut(std::int32_t origW, std::int32_t origH) {
 }
 
 void frmQMXMsgBox::OnLoad() {
-    const runtime::Rect design = lblPrompt_->Bounds();
     services::LocaliseForm(*this);
-    // Another font makes the label follow its placeholder text, but what a prompt is measured against is the design.
-    lblPrompt_->SetBounds(design);
+    // With another font the label has followed its placeholder text, but prompts are measured against the design.
+    lblPrompt_->SetBounds(PromptDesign().bounds);
 }
 
 void frmQMXMsgBox::OnClick(Control& control) {

@@ -285,6 +285,66 @@ TEST_F(MessageBox, TranslatedCaptionsPressByTheirOwnLetters) {
     EXPECT_EQ(type(u'\u00FC'), 7);
 }
 
+TEST_F(MessageBox, KeysHeldSinceBeforeItOpenedAnswerNothing) {
+    const auto answer = Ask(8 + 0x100, [this](MemoryWindow& box) {
+        for (const auto key : {runtime::kKeyEnter, runtime::kKeySpace, runtime::kKeyEscape}) {
+            EXPECT_TRUE(box.Events().KeyDown(key, 0, true)) << key;
+        }
+        EXPECT_TRUE(box.visible);
+        memory_.windows.Post([&box] { box.Events().KeyDown(runtime::kKeyEnter, 0); });
+    });
+    EXPECT_EQ(answer, 7);
+}
+
+TEST_F(MessageBox, HeldKeysThatWalkGoOn) {
+    EXPECT_EQ(Ask(8,
+                  [](MemoryWindow& box) {
+                      box.Events().KeyDown(runtime::kKeyTab, 0);
+                      box.Events().KeyDown(runtime::kKeyTab, 0, true);
+                      box.Events().KeyDown(runtime::kKeyEnter, 0);
+                  }),
+              8);
+}
+
+TEST_F(MessageBox, LetterThatSeveralButtonsMarkWalksAmongThemAndPressesNone) {
+    class DoubtfulBox : public frmQMXMsgBox {
+        void OnLoad() override {
+            Controls().at(2)->SetText(u"&Same");
+            Controls().at(4)->SetText(u"The &same");
+        }
+    } box;
+    const auto typeAndEnter = [&](int times) {
+        memory_.windows.Post([this, times] {
+            auto& events = memory_.windows.Last().Events();
+            for (int i = 0; i < times; ++i) events.KeyPress(u's');
+            memory_.windows.Post([&events] { events.KeyDown(runtime::kKeyEnter, 0); });
+        });
+        return box.ShowMe(u"p", 0x100, u"t");
+    };
+    // The focus starts on No; in tab order behind it are the third button, Cancel and the first.
+    EXPECT_EQ(typeAndEnter(1), 8);
+    EXPECT_EQ(typeAndEnter(2), 6);
+    EXPECT_EQ(typeAndEnter(3), 8);
+}
+
+TEST_F(MessageBox, FontSetWhileLoadingLeavesTheDesignSize) {
+    class LargePrint : public frmQMXMsgBox {
+        void OnLoad() override {
+            for (const auto& control : Controls()) control->SetFont({.size = 24});
+            frmQMXMsgBox::OnLoad();
+        }
+    } box;
+    EXPECT_EQ(box.Controls().at(1)->Bounds(), (runtime::Rect{945, 240, 3700, 390}));
+    memory_.windows.Post([this] {
+        MemoryWindow& shown = memory_.windows.Last();
+        EXPECT_EQ(shown.InnerSize(), (runtime::Size{5085, 1425}));
+        EXPECT_EQ(shown.Control(u"lblPrompt").font.size, 24);
+        EXPECT_EQ(Button(shown, 0).bounds, (runtime::Rect{180, 915, 1125, 345}));
+        shown.Events().KeyDown(runtime::kKeyEscape, 0);
+    });
+    EXPECT_EQ(box.ShowMe(u"p", 8, u"t"), 2);
+}
+
 TEST_F(MessageBox, AnswersWithAllTabStopsOff) {
     class StoplessBox : public frmQMXMsgBox {
         void OnLoad() override {

@@ -7,8 +7,9 @@
 // thrown when the form is gone. An error of the load handler takes the form back without its unload handlers.
 //
 // Keys come to the form before the focused control: first to its handlers, then Tab and the arrows walk, Enter presses
-// the focused button, Escape the cancel button, Alt with a letter the button whose caption marks it. A key that walks
-// or presses is used up and does not become a character.
+// the focused button, Escape the cancel button, Alt with a letter the button whose caption marks it; when several mark
+// it, the focus walks among them and none is pressed. A key that walks or presses is used up and does not become a
+// character. A key that is held walks on, but presses nothing: it may be held since another form had the focus.
 #pragma once
 
 #include <memory>
@@ -111,7 +112,7 @@ class Form : private WindowEvents {
     void BoundsChanged(const Rect& outer, WindowState state) override;
     void Activated() override;
     void Lost() override;
-    bool KeyDown(std::int16_t keyCode, std::int16_t shift) override;
+    bool KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated) override;
     bool KeyUp(std::int16_t keyCode, std::int16_t shift) override;
     bool KeyPress(char16_t character) override;
     bool AccessKey(char16_t character) override;
@@ -127,7 +128,7 @@ class Form : private WindowEvents {
     void DestroyWindow();
     void SetBounds(const Rect& bounds);
     void Resized();
-    bool Navigate(std::int16_t keyCode, std::int16_t shift);
+    bool Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated);
     bool Press(Control* button);
     void WalkFocus(int step);
     std::vector<Control*> Reachable() const;

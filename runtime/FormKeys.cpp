@@ -71,7 +71,7 @@ bool Form::Press(Control* button) {
     return true;
 }
 
-bool Form::Navigate(std::int16_t keyCode, std::int16_t shift) {
+bool Form::Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
     if ((shift & (kCtrl | kAlt)) != 0) return false;
     const bool onButton = focused_ && focused_->Kind() == ControlKind::kButton;
     switch (keyCode) {
@@ -80,11 +80,11 @@ bool Form::Navigate(std::int16_t keyCode, std::int16_t shift) {
             return true;
         case kKeyEnter:
         case kKeySpace:
-            return Press(focused_);
+            return onButton && (isRepeated || Press(focused_));
         case kKeyEscape: {
             const auto cancel = std::find_if(controls_.begin(), controls_.end(),
                                              [](const auto& control) { return control->IsCancel(); });
-            return cancel != controls_.end() && Press(cancel->get());
+            return cancel != controls_.end() && (isRepeated || Press(cancel->get()));
         }
         case kKeyLeft:
         case kKeyUp:
@@ -99,11 +99,11 @@ bool Form::Navigate(std::int16_t keyCode, std::int16_t shift) {
     }
 }
 
-bool Form::KeyDown(std::int16_t keyCode, std::int16_t shift) {
+bool Form::KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
     const bool wasVisible = visible_;
     OnKeyDown(keyCode, shift);
     const bool isGone = !window_ || (wasVisible && !visible_);
-    return keyCode == 0 || isGone || Navigate(keyCode, shift);
+    return keyCode == 0 || isGone || Navigate(keyCode, shift, isRepeated);
 }
 
 bool Form::KeyUp(std::int16_t keyCode, std::int16_t shift) {
@@ -118,9 +118,16 @@ bool Form::KeyPress(char16_t character) {
 
 bool Form::AccessKey(char16_t character) {
     const char16_t wanted = CurrentPorts().locale.LowerCase(StringView(&character, 1)).front();
-    const auto marked = std::find_if(tabOrder_.begin(), tabOrder_.end(),
-                                     [wanted](Control* control) { return control->AccessKey() == wanted; });
-    return wanted != 0 && marked != tabOrder_.end() && Press(*marked);
+    const auto end = tabOrder_.end();
+    const auto isMarked = [wanted](Control* control) { return control->AccessKey() == wanted; };
+    const auto first = std::find_if(tabOrder_.begin(), end, isMarked);
+    if (wanted == 0 || first == end) return false;
+    const bool isOnlyOne = std::none_of(first + 1, end, isMarked);
+    if (isOnlyOne) return Press(*first);
+    const auto focused = std::find(tabOrder_.begin(), end, focused_);
+    const auto next = focused == end ? end : std::find_if(focused + 1, end, isMarked);
+    SetFocus(next == end ? **first : **next);
+    return true;
 }
 
 void Form::Clicked(std::size_t control) {

@@ -1,5 +1,7 @@
 #include "runtime/Text.h"
 
+#include <algorithm>
+
 namespace runtime {
 namespace {
 
@@ -76,6 +78,12 @@ Decoded DecodeUtf8(std::string_view bytes) {
 }
 
 }  // namespace
+
+String NulsAsBlanks(StringView text) {
+    String shown(text);
+    std::replace(shown.begin(), shown.end(), u'\0', u' ');
+    return shown;
+}
 
 String Trim(StringView text) {
     const auto first = text.find_first_not_of(kBlank);

@@ -15,6 +15,9 @@ String Trim(StringView text);
 /// Removes trailing blanks (U+0020 only).
 String RTrim(StringView text);
 
+/// `text` with a blank for each NUL, at which the platform's texts end: what stands behind it is shown, too.
+String NulsAsBlanks(StringView text);
+
 /// UTF-8 of `text`; a lone surrogate becomes U+FFFD.
 std::string ToUtf8(StringView text);
 /// UTF-16 of `bytes`; what is not UTF-8 becomes U+FFFD, one for each offending byte.

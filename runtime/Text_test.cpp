@@ -22,6 +22,11 @@ TEST(RTrim, RemovesTrailingBlanksOnly) {
     EXPECT_EQ(RTrim(u""), u"");
 }
 
+TEST(NulsAsBlanks, KeepsWhatStandsBehindANul) {
+    EXPECT_EQ(NulsAsBlanks(StringView(u"\0a\0\0b\0", 6)), u" a  b ");
+    EXPECT_EQ(NulsAsBlanks(u""), u"");
+}
+
 TEST(Utf8, RoundTripsEveryLengthOfSequence) {
     const String text = u"a\u00E9\u65B0\U0001F600";
     EXPECT_EQ(ToUtf8(text), "a\xC3\xA9\xE6\x96\xB0\xF0\x9F\x98\x80");

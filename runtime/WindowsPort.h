@@ -54,8 +54,9 @@ class WindowEvents {
 
     // Keys, before the focused control sees them. True: the key was used up.
 
-    /// `keyCode` is the platform's virtual key.
-    virtual bool KeyDown(std::int16_t keyCode, std::int16_t shift) = 0;
+    /// `keyCode` is the platform's virtual key. `isRepeated`: it was down before, and is reported again because it is
+    /// held.
+    virtual bool KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated = false) = 0;
     virtual bool KeyUp(std::int16_t keyCode, std::int16_t shift) = 0;
     virtual bool KeyPress(char16_t character) = 0;
     /// Alt together with `character`.

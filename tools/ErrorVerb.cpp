@@ -9,20 +9,22 @@ namespace tools {
 namespace {
 
 constexpr std::string_view kHelp =
-    R"(Usage: backproc error NUMBER DETAIL
+    R"(Usage: backproc error [--] NUMBER DETAIL
 
 Shows the component's error message NUMBER with DETAIL and waits until it is closed. Known are 1, 2, 3, 4, 21, 22, 23,
 24 and 101; any other number shows an empty message, as in the component. NUMBER is decimal, or hexadecimal after 0x.
+DETAIL may begin with '--'; a '--' before NUMBER is skipped.
 
 Example:
   backproc error 101 R1
 )";
 
 int RunError(const Arguments& arguments, Console& /*console*/) {
-    if (arguments.size() != 2) throw UsageError("takes NUMBER DETAIL");
-    std::int32_t number = ReadNumber(arguments[0], "NUMBER");
+    const std::size_t first = !arguments.empty() && arguments[0] == kEndOfOptions ? 1 : 0;
+    if (arguments.size() != first + 2) throw UsageError("takes [--] NUMBER DETAIL");
+    std::int32_t number = ReadNumber(arguments[first], "NUMBER");
     PrepareMessages();
-    services::ShowError(number, arguments[1]);
+    services::ShowError(number, arguments[first + 1]);
     return kSuccess;
 }
 

@@ -61,8 +61,11 @@ MessageArguments ReadMessageArguments(const Arguments& arguments) {
             break;
         }
     }
-    const bool isOnlyPromptLeft = next + 1 == arguments.size() && !arguments[next].starts_with(u"--");
-    if (!isOnlyPromptLeft) throw UsageError("takes [--flags N] [--title T] PROMPT");
+    const bool areOptionsEnded = next < arguments.size() && arguments[next] == kEndOfOptions;
+    if (areOptionsEnded) ++next;
+    const bool isOnlyPromptLeft =
+        next + 1 == arguments.size() && (areOptionsEnded || !arguments[next].starts_with(u"--"));
+    if (!isOnlyPromptLeft) throw UsageError("takes [--flags N] [--title T] [--] PROMPT");
     message.prompt = WithLineBreaks(arguments[next]);
     return message;
 }

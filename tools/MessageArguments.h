@@ -15,7 +15,10 @@ struct MessageArguments {
     bool operator==(const MessageArguments&) const = default;
 };
 
-/// Reads "[--flags N] [--title T] PROMPT"; in PROMPT "\n" becomes a line break. UsageError for anything else.
+/// What ends the options: the argument behind it is none, whatever it looks like.
+inline constexpr StringView kEndOfOptions = u"--";
+
+/// Reads "[--flags N] [--title T] [--] PROMPT"; in PROMPT "\n" becomes a line break. UsageError for anything else.
 MessageArguments ReadMessageArguments(const Arguments& arguments);
 
 /// The 32-bit number that `text` is, decimal with or without a sign, or hexadecimal after "0x" up to 0xFFFFFFFF;

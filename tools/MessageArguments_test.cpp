@@ -20,6 +20,15 @@ TEST(MessageArguments, TextsMayBeEmptyAndLookLikeAnything) {
     EXPECT_EQ(ReadMessageArguments({u"--title", u"--flags", u"-x"}), (MessageArguments{u"-x", 0, u"--flags"}));
 }
 
+TEST(MessageArguments, TwoDashesEndTheOptions) {
+    EXPECT_EQ(ReadMessageArguments({u"--", u"--flags"}), (MessageArguments{u"--flags", 0, std::nullopt}));
+    EXPECT_EQ(ReadMessageArguments({u"--", u"a"}), (MessageArguments{u"a", 0, std::nullopt}));
+    EXPECT_EQ(ReadMessageArguments({u"--", u"--"}), (MessageArguments{u"--", 0, std::nullopt}));
+    EXPECT_EQ(ReadMessageArguments({u"--flags", u"8", u"--", u"--a\\nb"}),
+              (MessageArguments{u"--a\r\nb", 8, std::nullopt}));
+    EXPECT_EQ(ReadMessageArguments({u"--title", u"--", u"a"}), (MessageArguments{u"a", 0, u"--"}));
+}
+
 TEST(MessageArguments, BackslashWithNIsALineBreakInThePromptOnly) {
     EXPECT_EQ(ReadMessageArguments({u"a\\nb\\n\\nc\\"}).prompt, u"a\r\nb\r\n\r\nc\\");
     EXPECT_EQ(ReadMessageArguments({u"\\n"}).prompt, u"\r\n");
@@ -34,6 +43,9 @@ TEST(MessageArguments, AnythingElseIsBadUsage) {
                                {u"--flags"},
                                {u"--flag", u"8", u"a"},
                                {u"a", u"--flags", u"8"},
+                               {u"--"},
+                               {u"--", u"--flags", u"8"},
+                               {u"a", u"--"},
                                {u"--flags", u"8", u"a", u"b"}};
     for (const Arguments& arguments : wrong) EXPECT_THROW(ReadMessageArguments(arguments), UsageError);
 }

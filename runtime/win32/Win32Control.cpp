@@ -68,10 +68,11 @@ void Win32Control::SetBounds(const Rect& bounds) {
 }
 
 void Win32Control::SetText(const String& text) {
+    const String shown = NulsAsBlanks(text);
     if (kind_ == ControlKind::kStatusBar) {
-        SendMessageW(window_, SB_SETTEXTW, SB_SIMPLEID, reinterpret_cast<LPARAM>(Wide(text)));
+        SendMessageW(window_, SB_SETTEXTW, SB_SIMPLEID, reinterpret_cast<LPARAM>(Wide(shown)));
     } else {
-        Callback::Into([&] { SetWindowTextW(window_, Wide(text)); });
+        Callback::Into([&] { SetWindowTextW(window_, Wide(shown)); });
     }
 }
 

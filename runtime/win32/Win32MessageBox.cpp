@@ -1,5 +1,7 @@
 #include "runtime/win32/Win32MessageBox.h"
 
+#include <vector>
+
 #include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/WindowsHeaders.h"
@@ -41,20 +43,39 @@ bool HasKnownButtons(UINT style) {
     return (style & MB_TYPEMASK) <= MB_CANCELTRYCONTINUE;
 }
 
-/// Leaves the owner enabled as it was; not every system does that when the thread is told to end.
-class OwnerState {
+/// The thread's windows that take input. They do so again afterwards; not every system sees to that when the thread is
+/// told to end. A box without an owner does not keep them from it, so they are disabled for it: a handler of theirs
+/// could run into the question that is open.
+class EnabledWindows {
  public:
-    explicit OwnerState(HWND owner) : owner_(owner && IsWindowEnabled(owner) ? owner : nullptr) {}
-    OwnerState(const OwnerState&) = delete;
-    OwnerState& operator=(const OwnerState&) = delete;
-    ~OwnerState() {
-        if (owner_ && IsWindow(owner_)) EnableWindow(owner_, TRUE);
+    explicit EnabledWindows(bool disable) : disable_(disable) {
+        EnumThreadWindows(GetCurrentThreadId(), Remember, reinterpret_cast<LPARAM>(this));
+    }
+    EnabledWindows(const EnabledWindows&) = delete;
+    EnabledWindows& operator=(const EnabledWindows&) = delete;
+    ~EnabledWindows() {
+        for (const HWND window : enabled_) {
+            if (IsWindow(window) && !IsWindowEnabled(window)) EnableWindow(window, TRUE);
+        }
     }
 
  private:
-    HWND owner_;
+    static BOOL CALLBACK Remember(HWND window, LPARAM self) noexcept {
+        if (!IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
+        return Callback::Guard(TRUE, [&]() -> BOOL {
+            auto& windows = *reinterpret_cast<EnabledWindows*>(self);
+            windows.enabled_.push_back(window);
+            if (windows.disable_) EnableWindow(window, FALSE);
+            return TRUE;
+        });
+    }
+
+    const bool disable_;
+    std::vector<HWND> enabled_;
 };
 
+/// The system closes its box for WM_QUIT and puts the message back for the outer loop. It is looked at and left there:
+/// taking it here would end nothing but this box.
 bool IsQuitting() {
     MSG message;
     return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != FALSE;
@@ -66,10 +87,11 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     const auto style = static_cast<UINT>(flags);
     // Systems differ in what they make of such a style.
     if (!HasKnownButtons(style)) throw Error(kInvalidProcedureCall);
-    const String promptText(prompt);
-    const String titleText(title);
+    const String promptText = NulsAsBlanks(prompt);
+    const String titleText = NulsAsBlanks(title);
     // A box on behalf of a service stands on whatever desktop is in use, and may have no owner.
-    const HWND owner = style & MB_SERVICE_NOTIFICATION ? nullptr : GetActiveWindow();
+    const bool isForService = (style & MB_SERVICE_NOTIFICATION) != 0;
+    const HWND owner = isForService ? nullptr : GetActiveWindow();
     MSGBOXPARAMSW box{};
     box.cbSize = sizeof box;
     box.hwndOwner = owner;
@@ -79,7 +101,7 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     box.dwContextHelpId = static_cast<DWORD>(help.context);
     box.lpfnMsgBoxCallback = ShownHelp::Open;
     const ShownHelp shownHelp(helpControl_, owner, help);
-    const OwnerState ownerState(owner);
+    const EnabledWindows enabledWindows(!owner && !isForService);
     const int answer = Callback::Into([&] { return MessageBoxIndirectW(&box); });
     // The box went because the thread is to end: nobody has answered it, whatever the system says.
     if (IsQuitting()) return IDCANCEL;

@@ -1,5 +1,6 @@
 #include "runtime/win32/Win32Modal.h"
 
+#include "runtime/Screen.h"
 #include "runtime/win32/Win32Windows.h"
 
 namespace runtime::win32 {
@@ -19,6 +20,13 @@ Win32Modal::Win32Modal(Win32Windows& system, HWND window) : system_(system), win
     if (!owner_ && !disabled_.empty()) owner_ = disabled_.front();
     // Owned, the dialog stays in front of its owner, and the owner becomes active again when the dialog goes.
     SetWindowLongPtrW(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner_));
+    if (system_.MousePointer() == kDefaultPointer) pointerBefore_ = SetCursor(LoadCursorW(nullptr, IDC_ARROW));
+}
+
+Win32Modal::~Win32Modal() {
+    End();
+    // Only now: the window is hidden, and the windows below it were asked for a pointer already.
+    if (pointerBefore_ && system_.MousePointer() == kDefaultPointer) SetCursor(*pointerBefore_);
 }
 
 BOOL CALLBACK Win32Modal::DisableOther(HWND window, LPARAM self) noexcept {

@@ -1,7 +1,8 @@
 // The modal time of a window: it is owned by the window that was active, and all other windows of the thread are
-// disabled meanwhile.
+// disabled meanwhile. The client's own pointer, a busy one perhaps, is an arrow for that time.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "runtime/WindowsPort.h"
@@ -17,7 +18,7 @@ class Win32Modal final : public ModalLoop {
     Win32Modal(Win32Windows& system, HWND window);
     Win32Modal(const Win32Modal&) = delete;
     Win32Modal& operator=(const Win32Modal&) = delete;
-    ~Win32Modal() override { End(); }
+    ~Win32Modal() override;
 
     void Run() override;
     void End() override;
@@ -29,6 +30,7 @@ class Win32Modal final : public ModalLoop {
     HWND window_;
     HWND owner_;
     std::vector<HWND> disabled_;
+    std::optional<HCURSOR> pointerBefore_;  ///< none when a pointer of ours was shown, which forms keep
     bool ended_ = false;
 };
 

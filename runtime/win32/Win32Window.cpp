@@ -17,6 +17,10 @@ std::int16_t HeldModifiers() {
                                      (held(VK_MENU) ? kAlt : 0));
 }
 
+bool IsRepeated(LPARAM keyMessage) {
+    return (HIWORD(keyMessage) & KF_REPEAT) != 0;
+}
+
 COLORREF ToColorRef(Colour colour) {
     constexpr Colour kSystemColour = 0x80000000;
     return (colour & kSystemColour) ? GetSysColor(static_cast<int>(colour & ~kSystemColour)) : colour;
@@ -48,8 +52,8 @@ int ShowCommand(WindowState state) {
 Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, WindowEvents& events)
     : system_(system), events_(events), known_(ToPixels(design.outer)) {
     SetBackColour(design.backColour);
-    CreateWindowExW(ExtendedStyleOf(design.border), system.ClassName(), Wide(design.caption), StyleOf(design.border),
-                    static_cast<int>(known_.left), static_cast<int>(known_.top),
+    CreateWindowExW(ExtendedStyleOf(design.border), system.ClassName(), Wide(NulsAsBlanks(design.caption)),
+                    StyleOf(design.border), static_cast<int>(known_.left), static_cast<int>(known_.top),
                     static_cast<int>(known_.right - known_.left), static_cast<int>(known_.bottom - known_.top), nullptr,
                     nullptr, system.Instance(), this);
     if (!window_) throw Error(kOutOfMemory);
@@ -79,7 +83,7 @@ DWORD Win32Window::ExtendedStyleOf(BorderStyle border) {
 }
 
 void Win32Window::SetCaption(const String& caption) {
-    Callback::Into([&] { SetWindowTextW(window_, Wide(caption)); });
+    Callback::Into([&] { SetWindowTextW(window_, Wide(NulsAsBlanks(caption))); });
 }
 
 void Win32Window::SetBounds(const Rect& outer) {
@@ -138,7 +142,7 @@ bool Win32Window::TakesKey(const MSG& message) {
     const HWND form = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
     if (!form || GetWindowLongPtrW(form, GWLP_WNDPROC) != reinterpret_cast<LONG_PTR>(&Procedure)) return false;
     auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(form, GWLP_USERDATA));
-    return self && self->OnKey(message.message, message.wParam);
+    return self && self->OnKey(message.message, message.wParam, message.lParam);
 }
 
 LRESULT CALLBACK Win32Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
@@ -206,7 +210,7 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             const HWND window = window_;
             // The client's own message loop brings keys here without having shown them to the form.
             const bool isNew = !system_.IsDispatchingKey();
-            if (isNew && OnKey(message, wParam)) return 0;
+            if (isNew && OnKey(message, wParam, lParam)) return 0;
             return DefWindowProcW(window, message, wParam, lParam);
         }
         case WM_SETFOCUS:
@@ -229,11 +233,11 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-bool Win32Window::OnKey(UINT message, WPARAM wParam) {
+bool Win32Window::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:
-            return events_.KeyDown(static_cast<std::int16_t>(wParam), HeldModifiers());
+            return events_.KeyDown(static_cast<std::int16_t>(wParam), HeldModifiers(), IsRepeated(lParam));
         case WM_KEYUP:
         case WM_SYSKEYUP:
             return events_.KeyUp(static_cast<std::int16_t>(wParam), HeldModifiers());

@@ -44,7 +44,7 @@ class Win32Window : public NativeWindow {
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
     /// `self` still exists and has the window; for use after a call in which others may have destroyed it.
     static bool Lives(const Win32Window* self, HWND window);
-    bool OnKey(UINT message, WPARAM wParam);
+    bool OnKey(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT GiveColours(HDC context) const;
     void ReportBounds();

@@ -15,7 +15,7 @@
 namespace runtime::win32 {
 namespace {
 
-constexpr char16_t kDelete = 0x7F;
+constexpr char16_t kDelete = 0x7F;  // the last one of ASCII
 constexpr SHORT kNoKey = -1;
 constexpr int kShiftIsDown = 1;
 
@@ -132,7 +132,8 @@ Size Win32Windows::TextSize(StringView text, const Font& font, Twips wrapWidth) 
 void Win32Windows::SendAltKey(char16_t character) {
     // Alt with a blank would open the system menu, Alt with a control character switch to another program.
     if (character <= u' ' || character == kDelete) return;
-    const SHORT key = VkKeyScanW(static_cast<wchar_t>(character));
+    // For a character outside the locale's set the system may name the key of a question mark.
+    const SHORT key = character < kDelete ? VkKeyScanW(static_cast<wchar_t>(character)) : kNoKey;
     const bool isPlainKey = key != kNoKey && (HIBYTE(key) & ~kShiftIsDown) == 0;
     if (!isPlainKey || GetForegroundWindow() != GetActiveWindow()) {
         // Not a key of its own, or one that another program would get: what the keys would have become is sent.

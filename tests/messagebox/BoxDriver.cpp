@@ -9,9 +9,8 @@ namespace tests {
 
 namespace {
 
-constexpr UINT kTick = 10;                  // milliseconds
-constexpr ULONGLONG kLongestWait = 30'000;  // milliseconds
-constexpr INT_PTR kTimedOut = 99;
+constexpr UINT kTick = 10;  // milliseconds
+constexpr int kTimedOut = 99;
 
 bool IsClass(HWND window, std::wstring_view name) {
     wchar_t its[32]{};
@@ -37,14 +36,16 @@ BOOL CALLBACK TakeBox(HWND window, LPARAM found) noexcept {
 
 BoxDriver* BoxDriver::current_ = nullptr;
 
-BoxDriver::BoxDriver(std::vector<Step> steps)
-    : steps_(std::move(steps)), end_(GetTickCount64() + kLongestWait), timer_(SetTimer(nullptr, 0, kTick, OnTimer)) {
+BoxDriver::BoxDriver(std::vector<Step> steps, ULONGLONG longestWait)
+    : steps_(std::move(steps)), end_(GetTickCount64() + longestWait), timer_(SetTimer(nullptr, 0, kTick, OnTimer)) {
     current_ = this;
 }
 
 BoxDriver::~BoxDriver() {
     KillTimer(nullptr, timer_);
     current_ = nullptr;
+    MSG quit{};
+    if (hasAskedToQuit_) PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
     EXPECT_EQ(next_, steps_.size()) << "steps done, and steps that there are";
 }
 
@@ -54,17 +55,27 @@ void CALLBACK BoxDriver::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
 
 void BoxDriver::Tick() {
     const HWND box = ShownBox();
-    if (!box) return;
     if (GetTickCount64() > end_) {
-        ADD_FAILURE() << "a box is still open in step " << next_;
-        if (IsSuiteBox(box)) PostMessageW(box, WM_CLOSE, 0, 0);
-        if (IsSystemBox(box)) EndDialog(box, kTimedOut);
+        GiveUp(box);
         return;
     }
-    if (next_ == steps_.size()) return;
+    if (!box || next_ == steps_.size()) return;
     // Counted first: the step may show a box of its own, on which the next steps run meanwhile.
     const std::size_t step = next_++;
     if (!steps_[step](box)) next_ = step;
+}
+
+void BoxDriver::GiveUp(HWND box) {
+    if (!box) {
+        if (hasAskedToQuit_) return;
+        ADD_FAILURE() << "something still waits, without a box, in step " << next_;
+        hasAskedToQuit_ = true;
+        PostQuitMessage(kTimedOut);
+        return;
+    }
+    ADD_FAILURE() << "a box is still open in step " << next_;
+    if (IsSuiteBox(box)) PostMessageW(box, WM_CLOSE, 0, 0);
+    if (IsSystemBox(box)) EndDialog(box, kTimedOut);
 }
 
 HWND ShownBox() {

@@ -1,6 +1,6 @@
 // Answers the message boxes that the thread shows, the system's and the suite's own, from inside their modal loops: a
 // list of steps, which run one after the other on the innermost box. Boxes that are still open after the time given are
-// closed, and the test fails.
+// closed, and the test fails; when none is shown then, the loop that still waits is ended by a request to quit.
 #pragma once
 
 #include <functional>
@@ -16,7 +16,8 @@ class BoxDriver {
     /// True when it is done; else it is run again a little later.
     using Step = std::function<bool(HWND box)>;
 
-    explicit BoxDriver(std::vector<Step> steps);
+    /// `longestWait` in milliseconds.
+    explicit BoxDriver(std::vector<Step> steps, ULONGLONG longestWait = 30'000);
     BoxDriver(const BoxDriver&) = delete;
     BoxDriver& operator=(const BoxDriver&) = delete;
     /// Fails the test unless every step has run.
@@ -25,11 +26,13 @@ class BoxDriver {
  private:
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept;
     void Tick();
+    void GiveUp(HWND box);
 
     static BoxDriver* current_;
 
     std::vector<Step> steps_;
     std::size_t next_ = 0;
+    bool hasAskedToQuit_ = false;
     ULONGLONG end_;
     UINT_PTR timer_;
 };

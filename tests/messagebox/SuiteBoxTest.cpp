@@ -53,6 +53,18 @@ BoxDriver::Step Keys(std::vector<WORD> keys) {
     };
 }
 
+BoxDriver::Step Repeated(WORD key) {
+    return [key](HWND box) {
+        constexpr LPARAM kOnce = 1;
+        return HasKeyboard(box) && PostMessageW(GetFocus(), WM_KEYDOWN, key, KF_REPEAT << 16 | kOnce) != FALSE;
+    };
+}
+
+BoxDriver::Step Character(wchar_t character) {
+    return
+        [character](HWND box) { return HasKeyboard(box) && PostMessageW(GetFocus(), WM_CHAR, character, 1) != FALSE; };
+}
+
 BoxDriver::Step ClickOn(const wchar_t* caption) {
     return [caption](HWND box) {
         RECT button{};
@@ -94,6 +106,7 @@ SuiteBoxTest::SuiteBoxTest() {
 }
 
 SuiteBoxTest::~SuiteBoxTest() {
+    onDisabled_ = onEnabled_ = onActivated_ = nullptr;
     dialogs::ReleaseSuiteBox();
     DestroyWindow(owner_);
     UnregisterClassW(kOwnerClass, GetModuleHandleW(nullptr));
@@ -108,8 +121,12 @@ LRESULT CALLBACK SuiteBoxTest::OwnerProcedure(HWND window, UINT message, WPARAM 
     if (message == WM_ENABLE) {
         const std::string box = ShownBox() ? " with a box" : " without a box";
         current_->log_.push_back((wParam ? "enabled" : "disabled") + box);
+        if (const auto& then = wParam ? current_->onEnabled_ : current_->onDisabled_) then();
     }
-    if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE) current_->log_.push_back("activated");
+    if (message == WM_ACTIVATE && LOWORD(wParam) != WA_INACTIVE) {
+        current_->log_.push_back("activated");
+        if (current_->onActivated_) current_->onActivated_();
+    }
     if (message == kPressYes) PostMessageW(ButtonOf(ShownBox(), L"&Yes"), BM_CLICK, 0, 0);
     return DefWindowProcW(window, message, wParam, lParam);
 }

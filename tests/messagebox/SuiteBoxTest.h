@@ -2,6 +2,7 @@
 // use the keyboard and the mouse as the user does, through the system's input queue.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,10 @@ HWND LabelOf(HWND box);
 
 /// Presses and releases the keys, the last one released first: {VK_MENU, VK_F4} is Alt+F4.
 BoxDriver::Step Keys(std::vector<WORD> keys);
+/// What the keyboard's repetition of a held key becomes.
+BoxDriver::Step Repeated(WORD key);
+/// A character that comes to the focused window without a key, as an input method sends it.
+BoxDriver::Step Character(wchar_t character);
 /// Presses the mouse button over a button of the box.
 BoxDriver::Step ClickOn(const wchar_t* caption);
 /// Waits until the button has the focus in the active box.
@@ -41,6 +46,8 @@ class SuiteBoxTest : public RuntimeTest {
 
     HWND owner_ = nullptr;
     std::vector<std::string> log_;  ///< what happened to the owner
+    /// What the owner does when it is told that.
+    std::function<void()> onDisabled_, onEnabled_, onActivated_;
 
  private:
     static LRESULT CALLBACK OwnerProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;

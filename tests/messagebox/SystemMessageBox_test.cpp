@@ -150,6 +150,36 @@ TEST_F(SystemMessageBox, NeedsNoActiveWindow) {
     EXPECT_EQ(Show(MB_OK | MB_TASKMODAL, {Type(VK_RETURN)}), 1);
 }
 
+TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesTheThreadsWindowsAllTheSame) {
+    SetActiveWindow(nullptr);
+    SetForegroundWindow(GetDesktopWindow());
+    ASSERT_EQ(GetActiveWindow(), nullptr);
+    for (const std::int32_t mode : {MB_APPLMODAL, MB_SYSTEMMODAL, MB_TASKMODAL}) {
+        const auto look = [this, mode](HWND box) {
+            EXPECT_EQ(GetWindow(box, GW_OWNER), nullptr);
+            EXPECT_FALSE(IsWindowEnabled(owner_)) << mode;
+            EXPECT_EQ((GetWindowLongW(box, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0, mode == MB_SYSTEMMODAL);
+            return true;
+        };
+        EXPECT_EQ(Show(MB_YESNO | mode, {look, Press(IDNO)}), 7);
+        EXPECT_TRUE(IsWindowEnabled(owner_)) << mode;
+    }
+}
+
+TEST_F(SystemMessageBox, EndOfTheProgramEnablesTheThreadsWindowsWithoutAnOwnerToo) {
+    SetActiveWindow(nullptr);
+    SetForegroundWindow(GetDesktopWindow());
+    ASSERT_EQ(GetActiveWindow(), nullptr);
+    const auto quit = [](HWND) {
+        PostQuitMessage(5);
+        return true;
+    };
+    EXPECT_EQ(Show(MB_YESNO, {quit}), 2);
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_TRUE(IsWindowEnabled(owner_));
+}
+
 TEST_F(SystemMessageBox, StaysInFrontWhenSystemModal) {
     EXPECT_FALSE(Look(MB_ICONEXCLAMATION).extendedStyle & WS_EX_TOPMOST);
     EXPECT_TRUE(Look(MB_ICONEXCLAMATION | MB_SYSTEMMODAL).extendedStyle & WS_EX_TOPMOST);
@@ -160,6 +190,10 @@ TEST_F(SystemMessageBox, ShowsAnyCharacterAsGiven) {
     const Seen seen = Look(MB_OK, prompt);
     EXPECT_EQ(seen.prompt, prompt);
     EXPECT_TRUE(seen.promptStyle & SS_NOPREFIX);
+}
+
+TEST_F(SystemMessageBox, ShowsWhatStandsBehindANul) {
+    EXPECT_EQ(Look(MB_OK, StringView(u"first\0second", 12)).prompt, u"first second");
 }
 
 TEST_F(SystemMessageBox, EmptyPromptIsShown) {

@@ -1,0 +1,47 @@
+// The driver of the message boxes itself: a test that waits for ever must fail instead.
+#include "tests/messagebox/BoxDriver.h"
+
+#include <gtest/gtest-spi.h>
+#include <gtest/gtest.h>
+
+namespace tests {
+namespace {
+
+constexpr ULONGLONG kShortWait = 50;  // milliseconds
+
+/// Waits for messages until it is asked to quit; false when it is not within ten seconds.
+bool LoopUntilQuit() {
+    const UINT_PTR limit = SetTimer(nullptr, 0, 10'000, nullptr);
+    MSG message{};
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+        if (message.message == WM_TIMER && message.wParam == limit) break;
+        DispatchMessageW(&message);
+    }
+    KillTimer(nullptr, limit);
+    return message.message == WM_QUIT;
+}
+
+TEST(BoxDriver, EndsALoopThatWaitsWithoutABox) {
+    bool hasQuit = false;
+    const auto wait = [&hasQuit] {
+        const BoxDriver driver({}, kShortWait);
+        hasQuit = LoopUntilQuit();
+    };
+    EXPECT_NONFATAL_FAILURE(wait(), "without a box");
+    EXPECT_TRUE(hasQuit);
+    MSG message{};
+    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}
+
+TEST(BoxDriver, ClosesABoxThatNobodyAnswers) {
+    int answer = 0;
+    const auto wait = [&answer] {
+        const BoxDriver driver({}, kShortWait);
+        answer = MessageBoxW(nullptr, L"Prompt", L"Title", MB_OKCANCEL);
+    };
+    EXPECT_NONFATAL_FAILURE(wait(), "a box is still open");
+    EXPECT_EQ(answer, 99);
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,99 @@
+// The suite's message box when its owner, the client or another window interferes while it is open.
+#include <gtest/gtest.h>
+
+#include "runtime/LoadedForms.h"
+#include "tests/messagebox/SuiteBoxTest.h"
+
+namespace tests {
+namespace {
+
+class SuiteBoxInterference : public SuiteBoxTest {
+ protected:
+    static void UnloadTheBox() {
+        if (runtime::LoadedForms().Count() > 0) runtime::LoadedForms().At(0).Unload();
+    }
+    void DestroyTheOwner() { DestroyWindow(owner_); }
+};
+
+const Steps kNobody = {};
+const Steps kEnter = {Keys({VK_RETURN})};
+
+TEST_F(SuiteBoxInterference, UnloadedByTheOwnerThatIsDisabledIsCancel) {
+    onDisabled_ = UnloadTheBox;
+    EXPECT_EQ(Ask(8, kNobody), 2);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBoxInterference, UnloadedByTheOwnerThatIsEnabledKeepsTheAnswer) {
+    onEnabled_ = UnloadTheBox;
+    EXPECT_EQ(Ask(8, kEnter), 6);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBoxInterference, UnloadedByTheOwnerThatIsActivatedKeepsTheAnswer) {
+    onActivated_ = UnloadTheBox;
+    EXPECT_EQ(Ask(8, kEnter), 6);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBoxInterference, OwnerThatGoesWhenItIsDisabledLeavesTheQuestion) {
+    onDisabled_ = [this] { DestroyTheOwner(); };
+    EXPECT_EQ(Ask(8, kEnter), 6);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(SuiteBoxInterference, OwnerThatGoesWhenItIsEnabledKeepsTheAnswer) {
+    onEnabled_ = [this] { DestroyTheOwner(); };
+    EXPECT_EQ(Ask(8, kEnter), 6);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(SuiteBoxInterference, OwnerThatGoesWhenItIsActivatedKeepsTheAnswer) {
+    onActivated_ = [this] { DestroyTheOwner(); };
+    EXPECT_EQ(Ask(8, kEnter), 6);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(SuiteBoxInterference, OwnerThatGoesWhileItIsOpenCancels) {
+    EXPECT_EQ(Ask(8, {Do([this](HWND) { DestroyTheOwner(); })}), 2);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(SuiteBoxInterference, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
+    std::int32_t inner = 0;
+    const auto unloadAndAsk = Do([&](HWND) {
+        UnloadTheBox();
+        inner = dialogs::AskWithSuiteBox(u"Inner", 8 + 0x100, u"");
+    });
+    EXPECT_EQ(Ask(8, {unloadAndAsk, FocusIsOn(L"&No"), Keys({VK_RETURN})}), 2);
+    EXPECT_EQ(inner, 7);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBoxInterference, ButtonOfADisabledOuterBoxCannotBeClickedByAMessage) {
+    std::int32_t inner = 0;
+    HWND outerBox = nullptr;
+    const auto askInner = Do([&](HWND box) {
+        outerBox = box;
+        inner = dialogs::AskWithSuiteBox(u"Inner", 8, u"");
+    });
+    const auto clickOuter = Do([&](HWND) { SendMessageW(ButtonOf(outerBox, L"Yes &To All"), BM_CLICK, 0, 0); });
+    EXPECT_EQ(Ask(8, {askInner, clickOuter, FocusIsOn(L"&Yes"), Keys({'N'}), FocusIsOn(L"&Yes"), Keys({VK_RETURN})}),
+              6);
+    EXPECT_EQ(inner, 7);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBoxInterference, BusyPointerOfTheClientIsAnArrowMeanwhileAndBackAfterwards) {
+    const HCURSOR busy = LoadCursorW(nullptr, IDC_WAIT);
+    const HCURSOR before = SetCursor(busy);
+    const auto seeArrow = Do([](HWND) { EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW)); });
+    EXPECT_EQ(Ask(8, {seeArrow, Keys({VK_RETURN})}), 6);
+    EXPECT_EQ(GetCursor(), busy);
+    EXPECT_EQ(Ask(8, {Do([](HWND) { UnloadTheBox(); })}), 2);
+    EXPECT_EQ(GetCursor(), busy);
+    SetCursor(before);
+}
+
+}  // namespace
+}  // namespace tests
