@@ -1,6 +1,6 @@
 #include "kernel_api/dev/IniText.h"
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "runtime/headless/PlainLocale.h"
 
