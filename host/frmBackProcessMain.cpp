@@ -8,8 +8,8 @@
 #include "runtime/LoadedForms.h"
 #include "runtime/Ports.h"
 #include "runtime/Screen.h"
+#include "services/LocalTexts.h"
 #include "services/Localisation.h"
-#include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
 #include "services/modReg.h"
 
@@ -84,8 +84,8 @@ void frmBackProcessMain::OnLoad() {
 void frmBackProcessMain::Announce() {
     services::ProcessValues& values = services::processValues;
     values.mainForm = this;
-    SetCaption(services::GetLocalText(u"Pelorix Background Processing Application", u"LOC"));
-    values.moduleCaption = services::GetLocalText(u"Pelorix Background process ", u"LOC");
+    SetCaption(services::GetLocalText(services::kApplicationCaption));
+    values.moduleCaption = services::GetLocalText(services::kModuleCaption);
     values.moduleName = services::GetProductName();
     handle_ = Handle();
     firstInstance_ = runtime::CurrentPorts().process.ClaimFirstInstance();

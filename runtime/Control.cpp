@@ -78,12 +78,15 @@ void Control::SetTabStop(bool stop) {
 
 char16_t Control::AccessKey() {
     form_.EnsureLoaded();
-    if (design_.kind != ControlKind::kButton) return 0;
-    for (std::size_t i = 0; i + 1 < text_.size(); ++i) {
-        if (text_[i] != u'&') continue;
+    const char16_t marked = design_.kind == ControlKind::kButton ? MarkedCharacter(text_) : u'\0';
+    return marked == 0 ? marked : CurrentPorts().locale.LowerCase(StringView(&marked, 1)).front();
+}
+
+char16_t MarkedCharacter(StringView caption) {
+    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+        if (caption[i] != u'&') continue;
         // A doubled mark is the character itself, and one before a blank marks nothing.
-        if (text_[++i] == u'&' || text_[i] == u' ') continue;
-        return CurrentPorts().locale.LowerCase(StringView(text_).substr(i, 1)).front();
+        if (caption[++i] != u'&' && caption[i] != u' ') return caption[i];
     }
     return 0;
 }

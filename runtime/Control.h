@@ -30,6 +30,9 @@ struct ControlDesign {
     static constexpr int kNoIndex = -1;
 };
 
+/// The character that `caption` marks with '&' as the one to press together with Alt; 0 for none.
+char16_t MarkedCharacter(StringView caption);
+
 class Control {
  public:
     /// `position` is the control's place among the form's controls, from 0.
@@ -39,6 +42,7 @@ class Control {
     virtual ~Control() = default;
 
     const String& Name() const { return design_.name; }
+    const ControlDesign& Design() const { return design_; }
     int Index() const { return design_.index; }
     ControlKind Kind() const { return design_.kind; }
     bool IsCancel() const { return design_.isCancel; }

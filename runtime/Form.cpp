@@ -21,6 +21,13 @@ Form::~Form() {
     if (window_) DestroyWindow();
 }
 
+std::vector<const ControlDesign*> Form::ControlDesigns() const {
+    std::vector<const ControlDesign*> designs;
+    designs.reserve(controls_.size());
+    for (const auto& control : controls_) designs.push_back(&control->Design());
+    return designs;
+}
+
 Control& Form::AddControl(ControlDesign design) {
     controls_.push_back(std::make_unique<Control>(*this, std::move(design), controls_.size()));
     return *controls_.back();

@@ -40,6 +40,9 @@ class Form : private WindowEvents {
     ~Form() override;
 
     const String& Name() const { return design_.name; }
+    /// What the form and its controls were designed with; looking does not load it.
+    const FormDesign& Design() const { return design_; }
+    std::vector<const ControlDesign*> ControlDesigns() const;
     bool IsLoaded() const { return window_ != nullptr; }
     /// Its unload handlers are running.
     bool IsUnloading() const { return unloading_; }

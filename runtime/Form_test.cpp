@@ -72,6 +72,15 @@ TEST_F(FormLife, IsNotLoadedByCreatingItOrByItsPublicMethods) {
     EXPECT_EQ(LoadedForms().Count(), 0u);
 }
 
+TEST_F(FormLife, IsNotLoadedByLookingAtItsDesign) {
+    form_.SetCaption(u"Shown");
+    form_.Unload();
+    EXPECT_EQ(form_.Design().caption, u"Design");
+    ASSERT_EQ(form_.ControlDesigns().size(), 1u);
+    EXPECT_EQ(form_.ControlDesigns()[0]->text, u"ready");
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
 TEST_F(FormLife, IsLoadedByTheFirstAccessToAProperty) {
     EXPECT_EQ(form_.Caption(), u"Design");
     EXPECT_TRUE(form_.IsLoaded());

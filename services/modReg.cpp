@@ -6,6 +6,7 @@
 #include "runtime/Form.h"
 #include "runtime/Numbers.h"
 #include "runtime/Ports.h"
+#include "services/LocalTexts.h"
 #include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
 
@@ -55,8 +56,8 @@ bool IsBareDrive(StringView path) {
 }
 
 void ReportUnusableFolder(const String& path, const runtime::Error& error) {
-    const String before = GetLocalText(u"Path: ", u"991019 ");
-    const String after = GetLocalText(u" not available", u"99961 ");
+    const String before = GetLocalText(kFolderLead);
+    const String after = GetLocalText(kFolderNotAvailable);
     ShowMessage(before + path + after, kExclamation | kSystemModal, error.Description());
 }
 

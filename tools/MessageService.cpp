@@ -2,7 +2,7 @@
 
 #include "host/Composition.h"
 #include "runtime/win32/WindowsHeaders.h"
-#include "services/MessageTexts.h"
+#include "services/LocalTexts.h"
 #include "services/ProcessValues.h"
 #include "services/modReg.h"
 
@@ -12,7 +12,7 @@ void PrepareMessages() {
     host::EnsureComposed(GetModuleHandleW(nullptr));
     if (services::GetProductName().empty()) services::LoadProductIdentity();
     services::processValues.moduleName = services::GetProductName();
-    services::processValues.moduleCaption = services::GetLocalText(u"Pelorix Background process ", u"LOC");
+    services::processValues.moduleCaption = services::GetLocalText(services::kModuleCaption);
 }
 
 }  // namespace tools

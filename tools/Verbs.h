@@ -18,6 +18,7 @@ extern const Verb kModulesVerb;
 extern const Verb kSplitVerb;
 extern const Verb kWhereVerb;
 extern const Verb kTextVerb;
+extern const Verb kTextsVerb;
 extern const Verb kErrorVerb;
 extern const Verb kMsgboxVerb;
 extern const Verb kRegisterVerb;

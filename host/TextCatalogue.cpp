@@ -1,0 +1,49 @@
+#include "host/TextCatalogue.h"
+
+#include "dialogs/frmQMXMsgBox.h"
+#include "host/frmBackProcessMain.h"
+#include "services/LocalTexts.h"
+
+namespace host {
+namespace {
+
+using runtime::String;
+
+String UseOf(const runtime::ControlDesign& control, const String& form) {
+    String use = control.name;
+    if (control.index != runtime::ControlDesign::kNoIndex) {
+        use.append(u"(").append(runtime::FromAscii(std::to_string(control.index))).append(u")");
+    }
+    return use.append(u" of ").append(form);
+}
+
+/// Whatever carries an identifier in its tag is translated when the form loads.
+void AppendTags(std::vector<CatalogueText>& texts, const runtime::Form& form, runtime::StringView formDefault = {}) {
+    const runtime::FormDesign& design = form.Design();
+    if (!design.tag.empty()) {
+        const String caption(formDefault.empty() ? runtime::StringView(design.caption) : formDefault);
+        texts.push_back({design.tag, caption, u"caption of " + design.name, {}});
+    }
+    for (const runtime::ControlDesign* const control : form.ControlDesigns()) {
+        if (control->tag.empty()) continue;
+        texts.push_back({control->tag, control->text, UseOf(*control, design.name), design.name});
+    }
+}
+
+}  // namespace
+
+std::vector<CatalogueText> TextCatalogue() {
+    std::vector<CatalogueText> texts;
+    for (const services::LocalText& text : services::CodeTexts()) {
+        texts.push_back({String(text.id), String(text.defaultText), String(text.use), {}});
+    }
+    // Its load has given the main form another caption by the time its tag is looked up.
+    AppendTags(texts, frmBackProcessMain(), services::kApplicationCaption.defaultText);
+    AppendTags(texts, dialogs::frmQMXMsgBox());
+    // The query dialog's two captions.
+    texts.push_back({u"99177", u"Accept", u"cmdAccept of Qmxquery", u"Qmxquery"});
+    texts.push_back({u"99388 ", u"Cancel", u"cmdCancel of Qmxquery", u"Qmxquery"});
+    return texts;
+}
+
+}  // namespace host

@@ -1,0 +1,21 @@
+// The list of all texts that the component asks the suite's reader for: what a language file has to translate. It is
+// made from where the texts stand, the tables of the services and the designs of the forms, so that it cannot miss one.
+#pragma once
+
+#include <vector>
+
+#include "runtime/Text.h"
+
+namespace host {
+
+struct CatalogueText {
+    runtime::String id;  ///< as it is asked for
+    runtime::String defaultText;
+    runtime::String use;     ///< where it is shown, for translators
+    runtime::String dialog;  ///< for a control's caption: the form whose access keys it shares; else empty
+};
+
+/// An identifier that is used with several defaults is there with each. No form is loaded.
+std::vector<CatalogueText> TextCatalogue();
+
+}  // namespace host
