@@ -169,6 +169,58 @@ class WithoutComponent(ToolTestCase):
             self.assertEqual(tool("text", "3", "default"), (0, b"default\n", b""))
             self.assertEqual(tool("text", "3"), (1, b"", b"backproc: there is no text '3'\n"))
 
+    def test_texts_finds_each_example_language_complete_and_in_order(self):
+        for language in ("German", "French", "Japanese"):
+            with self.subTest(language):
+                folder = windows_path(EXAMPLES / "languages" / language)
+                code, output, errors = tool("texts", "--folder", folder)
+                lines = output.decode().splitlines()
+                self.assertEqual((code, errors, lines[-1]), (0, b"", "19 of 19 identifiers translated"))
+                self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated"}, lines)
+
+    def test_texts_takes_the_current_language(self):
+        with tempfile.TemporaryDirectory() as folder, LiveHost() as holder:
+            (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("39171 = &Ja\nwords\n7 = x\n", encoding="utf-8")
+            self.assertEqual(tool("texts")[0], 1)
+            holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
+            code, output, errors = tool("texts")
+        lines = output.decode().splitlines()
+        self.assertEqual((code, errors), (1, b""))
+        self.assertIn("translated\t39171\t[&Yes]\t[&Ja]\tcmdBut(0) of frmQMXMsgBox", lines)
+        self.assertIn("missing\t39172\t[&No]\t\tcmdBut(1) of frmQMXMsgBox", lines)
+        self.assertEqual(lines[-3:], ["unreadable\tline 2\thas no '='", "unknown\t7\t[x]",
+                                      "1 of 19 identifiers translated"])
+
+    def test_texts_names_a_file_that_it_cannot_take(self):
+        with tempfile.TemporaryDirectory() as folder:
+            texts = pathlib.Path(folder) / "K4TBackProcess.txt"
+            path = windows_path(texts)
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+            self.assertEqual((code, output, errors), (1, b"", f"backproc: there is no file {path}\n".encode()))
+            with open(texts, "wb") as huge:
+                huge.truncate(100 << 20)
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+            self.assertEqual((code, output), (1, b""))
+            self.assertIn(b"has more than 16777216 bytes", errors)
+            with LiveHost() as holder:
+                holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
+                self.assertEqual(tool("text", "39171", "&Yes"), (0, b"&Yes\n", b""))
+
+    def test_pseudo_language_made_from_the_template_is_complete(self):
+        code, template, errors = tool("texts", "--template")
+        self.assertEqual((code, errors), (0, b""))
+        with tempfile.TemporaryDirectory() as folder:
+            english = pathlib.Path(folder) / "english.txt"
+            english.write_bytes(template)
+            script = HERE.parent.parent / "scripts" / "make-pseudo-language"
+            subprocess.run([script, "--template", english, "--folder", folder], check=True, timeout=TIMEOUT,
+                           stdout=subprocess.DEVNULL)
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+        lines = output.decode().splitlines()
+        self.assertEqual((code, errors, lines[-1]), (0, b"", "19 of 19 identifiers translated"))
+        self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated"}, lines)
+        self.assertIn("translated\t39173\t[Yes &To All]\t[[Ýéš &Tó Áll~~]]\tcmdBut(2) of frmQMXMsgBox", lines)
+
     def test_split_shows_number_text_and_value_of_each_field(self):
         for text, fields in [
             ("A,B,", ["A\t0", "B\t0", "\t0"]),
