@@ -10,7 +10,7 @@ class FontsPort {
  public:
     virtual ~FontsPort() = default;
 
-    /// A font that is asked for by this face name has it; the system would else substitute another face.
+    /// The system has fonts of this face, and need not substitute another one for it.
     virtual bool IsInstalled(StringView face) = 0;
     /// Makes the font of icon titles, which the caller deletes; 0 when the system does not describe or make it.
     virtual NativeHandle MakeIconTitleFont() = 0;

@@ -3,7 +3,7 @@
 namespace runtime {
 namespace {
 
-TEST_P(FontsPortTest, FaceIsInstalledWhenAFontKeepsItsName) {
+TEST_P(FontsPortTest, OnlyFacesThatThereAreAreInstalled) {
     EXPECT_TRUE(fonts_.IsInstalled(tried_->KnownFace()));
     EXPECT_FALSE(fonts_.IsInstalled(u"No Such Face"));
     EXPECT_FALSE(fonts_.IsInstalled(u""));

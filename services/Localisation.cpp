@@ -139,8 +139,12 @@ std::int16_t UserCharset() {
 }
 
 FontRule ChooseUiFont(NativeHandle window, NativeHandle deviceContext) {
+    return ChooseUiFontFor(runtime::CurrentPorts().locale.SystemDefaultLcid(), window, deviceContext);
+}
+
+FontRule ChooseUiFontFor(std::int32_t systemLcid, NativeHandle window, NativeHandle deviceContext) {
     UiFont& uiFont = processValues.uiFont;
-    if (const FixedFont* const fixed = FindFixed(runtime::CurrentPorts().locale.SystemDefaultLcid())) {
+    if (const FixedFont* const fixed = FindFixed(systemLcid)) {
         uiFont = {String(fixed->name), fixed->size, fixed->characterSet};
         return fixed->rule;
     }

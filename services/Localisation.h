@@ -34,9 +34,16 @@ enum class FontRule {
     kStockFont,
 };
 
-/// Decides the process's user-interface font. `deviceContext`, a context of `window`, is released when the system's own
-/// font had to be asked for its face (kIconTitleFont, kStockFont), and only then.
+/// The system's own font had to be asked for its face.
+inline bool ReleasesContext(FontRule rule) {
+    return rule == FontRule::kIconTitleFont || rule == FontRule::kStockFont;
+}
+
+/// Decides the process's user-interface font by the system's locale. `deviceContext`, a context of `window`, is
+/// released if the deciding rule is one that does so, and only then.
 FontRule ChooseUiFont(runtime::NativeHandle window, runtime::NativeHandle deviceContext);
+/// The same as it is on a system of the locale `systemLcid`.
+FontRule ChooseUiFontFor(std::int32_t systemLcid, runtime::NativeHandle window, runtime::NativeHandle deviceContext);
 
 /// Gives a form and all its controls the user-interface font and the captions of their tags, the current caption being
 /// the default; turns bold and tab stop off, and light grey into the system's button colour. What fails is passed over.

@@ -57,6 +57,8 @@ MessageArguments ReadMessageArguments(const Arguments& arguments) {
             message.flags = ReadNumber(value, "--flags");
         } else if (arguments[next] == u"--title") {
             message.title = value;
+        } else if (arguments[next] == u"--language") {
+            message.languageFolder = value;
         } else {
             break;
         }
@@ -65,7 +67,7 @@ MessageArguments ReadMessageArguments(const Arguments& arguments) {
     if (areOptionsEnded) ++next;
     const bool isOnlyPromptLeft =
         next + 1 == arguments.size() && (areOptionsEnded || !arguments[next].starts_with(u"--"));
-    if (!isOnlyPromptLeft) throw UsageError("takes [--flags N] [--title T] [--] PROMPT");
+    if (!isOnlyPromptLeft) throw UsageError("takes [--flags N] [--title T] [--language FOLDER] [--] PROMPT");
     message.prompt = WithLineBreaks(arguments[next]);
     return message;
 }

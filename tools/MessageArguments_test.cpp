@@ -6,18 +6,23 @@ namespace tools {
 namespace {
 
 TEST(MessageArguments, PromptAloneIsEnough) {
-    EXPECT_EQ(ReadMessageArguments({u"Overwrite?"}), (MessageArguments{u"Overwrite?", 0, std::nullopt}));
+    EXPECT_EQ(ReadMessageArguments({u"Overwrite?"}), (MessageArguments{u"Overwrite?", 0, {}, {}}));
 }
 
 TEST(MessageArguments, OptionsComeBeforeThePromptInAnyOrder) {
-    const MessageArguments both{u"Overwrite?", 264, u"T"};
+    const MessageArguments both{u"Overwrite?", 264, u"T", {}};
     EXPECT_EQ(ReadMessageArguments({u"--flags", u"264", u"--title", u"T", u"Overwrite?"}), both);
     EXPECT_EQ(ReadMessageArguments({u"--title", u"T", u"--flags", u"0x108", u"Overwrite?"}), both);
 }
 
+TEST(MessageArguments, LanguageIsAFolder) {
+    const MessageArguments german{u"Overwrite?", 0, {}, u"C:\\de"};
+    EXPECT_EQ(ReadMessageArguments({u"--language", u"C:\\de", u"Overwrite?"}), german);
+}
+
 TEST(MessageArguments, TextsMayBeEmptyAndLookLikeAnything) {
-    EXPECT_EQ(ReadMessageArguments({u"--title", u"", u""}), (MessageArguments{u"", 0, u""}));
-    EXPECT_EQ(ReadMessageArguments({u"--title", u"--flags", u"-x"}), (MessageArguments{u"-x", 0, u"--flags"}));
+    EXPECT_EQ(ReadMessageArguments({u"--title", u"", u""}), (MessageArguments{u"", 0, u"", {}}));
+    EXPECT_EQ(ReadMessageArguments({u"--title", u"--flags", u"-x"}), (MessageArguments{u"-x", 0, u"--flags", {}}));
 }
 
 TEST(MessageArguments, TwoDashesEndTheOptions) {

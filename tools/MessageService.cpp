@@ -1,15 +1,38 @@
 #include "tools/MessageService.h"
 
+#include <stdexcept>
+
 #include "host/Composition.h"
+#include "kernel_api/dev/BuiltInReader.h"
+#include "runtime/Ports.h"
 #include "runtime/win32/WindowsHeaders.h"
 #include "services/LocalTexts.h"
 #include "services/ProcessValues.h"
 #include "services/modReg.h"
+#include "tools/Display.h"
+#include "tools/UiFont.h"
 
 namespace tools {
 
-void PrepareMessages() {
+namespace {
+
+/// Texts from `folder` for this process, whatever language the modules share.
+void Speak(const runtime::String& folder) {
+    const runtime::Ports& ports = runtime::CurrentPorts();
+    const bool endsFolder = folder.ends_with(u'\\') || folder.ends_with(u'/');
+    const runtime::String texts = folder + (endsFolder ? u"" : u"\\") + u"K4TBackProcess.txt";
+    if (!ports.files.Stamp(texts)) throw std::runtime_error("there is no language file '" + Display(texts) + "'");
+    static kernel_api::dev::BuiltInReader reader(ports.files, ports.settings, ports.locale);
+    reader.UseLanguageFolder([folder] { return folder; });
+    kernel_api::UseReader(&reader);
+}
+
+}  // namespace
+
+void PrepareMessages(const std::optional<runtime::String>& languageFolder) {
     host::EnsureComposed(GetModuleHandleW(nullptr));
+    if (languageFolder) Speak(*languageFolder);
+    ChooseFont();
     if (services::GetProductName().empty()) services::LoadProductIdentity();
     services::processValues.moduleName = services::GetProductName();
     services::processValues.moduleCaption = services::GetLocalText(services::kModuleCaption);

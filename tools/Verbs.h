@@ -20,6 +20,7 @@ extern const Verb kWhereVerb;
 extern const Verb kTextVerb;
 extern const Verb kTextsVerb;
 extern const Verb kErrorVerb;
+extern const Verb kLocaleVerb;
 extern const Verb kMsgboxVerb;
 extern const Verb kRegisterVerb;
 extern const Verb kUnregisterVerb;

@@ -1,10 +1,9 @@
 #include "runtime/win32/GdiFonts.h"
 
 #include <algorithm>
-#include <iterator>
 
-#include "runtime/win32/Handle.h"
 #include "runtime/win32/Win32Locale.h"
+#include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
 namespace {
@@ -31,9 +30,9 @@ HDC Context(NativeHandle handle) {
     return reinterpret_cast<HDC>(handle);
 }
 
-bool EqualNames(StringView one, StringView other) {
-    return CompareStringOrdinal(Wide(one.data()), static_cast<int>(one.size()), Wide(other.data()),
-                                static_cast<int>(other.size()), TRUE) == CSTR_EQUAL;
+int CALLBACK NoteFound(const LOGFONTW* /*font*/, const TEXTMETRICW* /*metric*/, DWORD /*type*/, LPARAM found) noexcept {
+    *reinterpret_cast<bool*>(found) = true;
+    return 0;
 }
 
 }  // namespace
@@ -41,20 +40,14 @@ bool EqualNames(StringView one, StringView other) {
 bool GdiFonts::IsInstalled(StringView face) {
     if (face.empty() || face.size() >= LF_FACESIZE) return false;
     LOGFONTW description{};
+    // In whatever character set: the system would rather change the face of a font than do without its character set.
     description.lfCharSet = DEFAULT_CHARSET;
     std::copy(face.begin(), face.end(), description.lfFaceName);
-    const GdiFont font(CreateFontIndirectW(&description));
-    const HDC context = CreateCompatibleDC(nullptr);
-    if (!font || !context) {
-        DeleteDC(context);
-        return false;
-    }
-    const HGDIOBJ before = SelectObject(context, font.Get());
-    wchar_t got[LF_FACESIZE] = {};
-    const int length = GetTextFaceW(context, static_cast<int>(std::size(got)), got);
-    SelectObject(context, before);
-    DeleteDC(context);
-    return length > 0 && EqualNames(face, ToString(got));
+    bool found = false;
+    const HDC screen = GetDC(nullptr);
+    EnumFontFamiliesExW(screen, &description, NoteFound, reinterpret_cast<LPARAM>(&found), 0);
+    ReleaseDC(nullptr, screen);
+    return found;
 }
 
 NativeHandle GdiFonts::MakeIconTitleFont() {

@@ -1,6 +1,7 @@
 #include "runtime/win32/GdiFonts.h"
 
 #include "runtime/FontsPort_test.h"
+#include "runtime/win32/Win32Locale.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
@@ -9,7 +10,14 @@ namespace {
 struct TriedGdiFonts : TriedFonts {
     FontsPort& Port() override { return fonts; }
     NativeHandle Context() override { return reinterpret_cast<NativeHandle>(GetDC(nullptr)); }
-    String KnownFace() override { return u"Tahoma"; }
+    /// The face that the system's own font really has.
+    String KnownFace() override {
+        const NativeHandle context = Context();
+        fonts.Select(context, fonts.StockGuiFont());
+        const String face = fonts.FaceName(context);
+        fonts.ReleaseContext(0, context);
+        return face;
+    }
     GdiFonts fonts;
 };
 
@@ -19,7 +27,9 @@ std::unique_ptr<TriedFonts> MakeGdiFonts() {
 INSTANTIATE_TEST_SUITE_P(Windows, FontsPortTest, testing::Values(&MakeGdiFonts));
 
 TEST(GdiFonts, FindsAFaceInAnyLetterCase) {
-    EXPECT_TRUE(GdiFonts().IsInstalled(u"tahoma"));
+    const String face = TriedGdiFonts().KnownFace();
+    EXPECT_TRUE(GdiFonts().IsInstalled(Win32Locale().LowerCase(face)));
+    EXPECT_TRUE(GdiFonts().IsInstalled(Win32Locale().UpperCase(face)));
 }
 
 }  // namespace

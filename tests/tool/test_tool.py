@@ -6,6 +6,7 @@
 Each file in scenarios/ is one run of the tool (see Scenario); what needs more than one process stands below. The
 component is registered in the Wine prefix while the tests run that need it.
 """
+import os
 import pathlib
 import queue
 import re
@@ -14,6 +15,7 @@ import subprocess
 import sys
 import tempfile
 import threading
+import time
 import unittest
 
 HERE = pathlib.Path(__file__).resolve().parent
@@ -220,6 +222,32 @@ class WithoutComponent(ToolTestCase):
         self.assertEqual((code, errors, lines[-1]), (0, b"", "19 of 19 identifiers translated"))
         self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated"}, lines)
         self.assertIn("translated\t39173\t[Yes &To All]\t[[Ýéš &Tó Áll~~]]\tcmdBut(2) of frmQMXMsgBox", lines)
+
+    def test_msgbox_wants_the_language_file_that_it_is_given(self):
+        with tempfile.TemporaryDirectory() as folder:
+            code, output, errors = tool("msgbox", "--language", windows_path(folder), "Overwrite?")
+        expected = f"backproc: there is no language file '{windows_path(folder)}\\K4TBackProcess.txt'\n"
+        self.assertEqual((code, output, errors.decode()), (1, b"", expected))
+
+    def test_msgbox_speaks_the_language_of_a_folder(self):
+        title = f"Sprache {os.getpid()}"
+        display = os.environ.get("DISPLAY") or subprocess.check_output(
+            [pathlib.Path(wine_run).parent / "start-display"], text=True, timeout=TIMEOUT).strip()
+        screen = {**os.environ, "DISPLAY": display}
+        with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryFile() as output:
+            (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("39171 = &Ja\n", encoding="utf-8")
+            box = subprocess.Popen([wine_run, str(bin_folder / "backproc.exe"), "msgbox", "--title", title, "--language",
+                                    windows_path(folder), "Overwrite?"], stdout=output, env=screen)
+            self.addCleanup(box.kill)
+            # The English box has no button for this letter.
+            end = time.monotonic() + TIMEOUT
+            while box.poll() is None and time.monotonic() < end:
+                subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title, "windowfocus", "key", "j"],
+                               env=screen, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=TIMEOUT)
+                time.sleep(0.3)
+            self.assertEqual(box.poll(), 6)
+            output.seek(0)
+            self.assertEqual(output.read(), b"6\n")
 
     def test_split_shows_number_text_and_value_of_each_field(self):
         for text, fields in [

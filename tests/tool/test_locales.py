@@ -1,0 +1,124 @@
+#!/usr/bin/env python3
+"""Runs the built tool on systems of several languages: Wine takes the system's locale from its environment.
+
+    test_locales.py WINE_RUN BIN_FOLDER LOCALE_FOLDER
+
+The locales are generated into LOCALE_FOLDER, unless they are there already.
+"""
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+TIMEOUT = 120  # seconds; a run takes one or two
+JAPANESE_FACE = "\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF"
+WINE_FONTS = pathlib.Path("/usr/share/wine/fonts")
+
+wine_run = ""
+bin_folder = pathlib.Path()
+locale_folder = pathlib.Path()
+
+
+def environment_of(locale):
+    """What a program runs with on a system of that locale, as "ja_JP"."""
+    path = locale_folder / (locale + ".UTF-8")
+    if not path.exists():
+        locale_folder.mkdir(parents=True, exist_ok=True)
+        # Under another name first: a run that is cut short leaves no half locale.
+        new = locale_folder / f"{locale}.{os.getpid()}.UTF-8"
+        subprocess.run(["localedef", "-i", locale, "-f", "UTF-8", str(new)], check=True, timeout=TIMEOUT)
+        new.rename(path)
+    return {**os.environ, "LOCPATH": str(locale_folder), "LC_ALL": locale + ".UTF-8"}
+
+
+def lines_of(locale, *arguments):
+    """What `backproc locale` prints, by the names of its lines."""
+    # Files, not pipes: helper processes of Wine inherit them and keep them open after the program has ended.
+    with tempfile.TemporaryFile() as output:
+        subprocess.run([wine_run, str(bin_folder / "backproc.exe"), "locale", *arguments], stdin=subprocess.DEVNULL,
+                       stdout=output, env=environment_of(locale), check=True, timeout=TIMEOUT)
+        output.seek(0)
+        return dict(line.split("=", 1) for line in output.read().decode("utf-8").splitlines())
+
+
+def end_wine():
+    """Lets the server of the prefix end, which it does some seconds after its last program."""
+    subprocess.run(["wineserver", "-w"], check=True, timeout=TIMEOUT)
+
+
+class LocaleTestCase(unittest.TestCase):
+    def check(self, locale, lcid, face, size, character_set, rule):
+        expected = {"system locale": lcid, "user locale": lcid, "face": f"[{face}]", "size": size,
+                    "character set": character_set, "rule": rule}
+        self.assertEqual(lines_of(locale), expected)
+
+
+class SystemLocale(LocaleTestCase):
+    def test_japanese(self):
+        self.check("ja_JP", "0x0411", JAPANESE_FACE, "9", "128", "Japanese")
+
+    def test_korean(self):
+        self.check("ko_KR", "0x0412", "\uAD74\uB9BC", "9", "129", "Korean")
+
+    def test_traditional_chinese(self):
+        self.check("zh_TW", "0x0404", "\u65B0\u7D30\u660E\u9AD4", "9", "136", "Traditional Chinese")
+
+    def test_simplified_chinese(self):
+        self.check("zh_CN", "0x0804", "\u5B8B\u4F53", "9", "134", "Simplified Chinese")
+
+    def test_other_chinese(self):
+        self.check("zh_HK", "0x0C04", "", "0", "0", "other Chinese")
+
+    def test_german_without_a_western_face(self):
+        lines = lines_of("de_DE")
+        if lines["rule"] == "first installed face":
+            self.skipTest("this system has " + lines["face"])
+        self.assertEqual((lines["system locale"], lines["size"], lines["character set"], lines["rule"]),
+                         ("0x0407", "8", "0", "font of icon titles"))
+        self.assertRegex(lines["face"], r"^\[[^ ].*\]$")
+
+    def test_pretended_locale_decides_alone(self):
+        self.assertEqual(lines_of("de_DE", "--lcid", "3090")["rule"], "other Korean")
+        self.assertEqual(lines_of("de_DE", "--lcid", "0x30404")["rule"], "other Chinese")
+
+
+class SystemLocaleWithMsSansSerif(LocaleTestCase):
+    @classmethod
+    def setUpClass(cls):
+        lines_of("de_DE")  # makes the prefix
+        folder = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "Fonts")
+        # The western, the Greek and the Cyrillic one: a system shows those of its own code page.
+        cls.fonts = [folder / name for name in ("sserife.fon", "sserifeg.fon", "sserifer.fon")]
+        # Wine lists the fonts when its server starts.
+        end_wine()
+        for font in cls.fonts:
+            shutil.copy(WINE_FONTS / font.name, font)
+
+    @classmethod
+    def tearDownClass(cls):
+        end_wine()
+        for font in cls.fonts:
+            font.unlink()
+
+    def test_german(self):
+        self.check("de_DE", "0x0407", "MS Sans Serif", "8", "0", "first installed face")
+
+    def test_japanese_does_not_look_for_it(self):
+        self.check("ja_JP", "0x0411", JAPANESE_FACE, "9", "128", "Japanese")
+
+    def test_character_set_is_the_user_s(self):
+        for locale, character_set in (("el_GR", "161"), ("ru_RU", "204"), ("ja_JP", "128")):
+            with self.subTest(locale):
+                lines = lines_of(locale, "--lcid", "0x0407")
+                self.assertEqual((lines["system locale"], lines["face"], lines["character set"]),
+                                 ("0x0407", "[MS Sans Serif]", character_set))
+
+
+if __name__ == "__main__":
+    wine_run = sys.argv[1]
+    bin_folder, locale_folder = (pathlib.Path(folder).resolve() for folder in sys.argv[2:4])
+    # Without the warnings of pipes left open: Wine's helper processes hold the other end for as long as they like.
+    unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")
