@@ -1,0 +1,92 @@
+// The suite's message box in the user's language and font, played in memory.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "dialogs/frmQMXMsgBox.h"
+#include "services/ProcessValues.h"
+#include "tests/support/ComponentFixture.h"
+
+namespace dialogs {
+namespace {
+
+using runtime::Font;
+using runtime::headless::MemoryControl;
+using runtime::headless::MemoryWindow;
+using services::processValues;
+using ::testing::ElementsAre;
+
+class LocalisedBox : public tests::HeadlessComponentTest {
+ protected:
+    /// Asks, looks at the open box and closes it.
+    void Look(StringView prompt, const std::function<void(MemoryWindow&)>& look) {
+        memory_.windows.Post([this, look] {
+            MemoryWindow& box = memory_.windows.Last();
+            look(box);
+            box.Events().Closing(runtime::UnloadReason::kUser);
+        });
+        EXPECT_EQ(AskWithSuiteBox(prompt, 0, u"Title"), 2);
+    }
+    std::vector<String> Captions() {
+        std::vector<String> captions;
+        Look(u"Overwrite?", [&](MemoryWindow& box) {
+            for (const auto& control : box.controls) {
+                if (control->look.kind == runtime::ControlKind::kButton) captions.push_back(control->text);
+            }
+        });
+        return captions;
+    }
+    void Learn(StringView folder, std::string_view texts) {
+        memory_.files.AddFile(String(folder) + u"\\K4TBackProcess.txt", texts);
+        kernel_.Put(u"LANGUAGEPATH", folder);
+    }
+};
+
+TEST_F(LocalisedBox, ButtonsHaveTheLanguagesCaptions) {
+    Learn(u"C:\\de", "39171 = &Ja\n39172 = &Nein\n39173 = Ja zu &allem\n99388 = Abbrechen\n");
+    EXPECT_THAT(Captions(), ElementsAre(u"&Ja", u"&Nein", u"Ja zu &allem", u"Abbrechen"));
+}
+
+TEST_F(LocalisedBox, EachQuestionStartsAgainFromTheDesignCaptions) {
+    Learn(u"C:\\de", "39171 = &Ja\n39172 = &Nein\n39173 = Ja zu &allem\n99388 = Abbrechen\n");
+    Captions();
+    Learn(u"C:\\fr", "39171 = &Oui\n");
+    EXPECT_THAT(Captions(), ElementsAre(u"&Oui", u"&No", u"Yes &To All", u"Cancel"));
+    kernel_.Put(u"LANGUAGEPATH", u"");
+    EXPECT_THAT(Captions(), ElementsAre(u"&Yes", u"&No", u"Yes &To All", u"Cancel"));
+}
+
+TEST_F(LocalisedBox, TranslatedAccessKeyPressesItsButton) {
+    Learn(u"C:\\de", "39171 = &Ja\n");
+    memory_.windows.Post([&] { memory_.windows.Last().Events().AccessKey(u'j'); });
+    EXPECT_EQ(AskWithSuiteBox(u"Overwrite?", 0, u"Title"), 6);
+}
+
+TEST_F(LocalisedBox, LoadLeavesTheLabelAtItsDesignSize) {
+    processValues.uiFont = {u"Arial", 16, 161};
+    // A short prompt: what it is measured against is the design, not the placeholder in the new font.
+    Look(u"A?", [](MemoryWindow& box) {
+        EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 3700, 390}));
+        EXPECT_EQ(box.Control(u"lblPrompt").font, (Font{u"Arial", 16, 161, false}));
+        EXPECT_EQ(box.InnerSize(), (runtime::Size{5085, 1425}));
+    });
+}
+
+TEST_F(LocalisedBox, PromptIsMeasuredInTheLanguagesFont) {
+    processValues.uiFont = {u"Arial", 16, 0};
+    // At 16 points a character is 175 wide (90 * 16 / 8.25 = 174.5) and a line 378 high (195 * 16 / 8.25 = 378.2).
+    Look(String(30, u'x'), [](MemoryWindow& box) {
+        EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 5250, 390}));
+        EXPECT_EQ(box.InnerSize(), (runtime::Size{5085 + 1550, 1425}));
+    });
+}
+
+TEST_F(LocalisedBox, WithoutAChosenFontItStaysUsable) {
+    Look(u"Overwrite?", [](MemoryWindow& box) {
+        EXPECT_EQ(box.Control(u"lblPrompt").font, Font{});
+        EXPECT_EQ(box.Control(u"cmdBut").font, Font{});
+        EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 3700, 390}));
+    });
+}
+
+}  // namespace
+}  // namespace dialogs
