@@ -35,6 +35,12 @@ Control& Form::AddControl(ControlDesign design) {
 
 void Form::EnsureLoaded() {
     if (window_) return;
+    if (loading_) throw Error(kObjectWasUnloaded);
+    loading_ = true;
+    const struct LoadTime {
+        Form& form;
+        ~LoadTime() { form.loading_ = false; }
+    } loadTime{*this};
     try {
         MakeWindow();
         OnLoad();

@@ -2,7 +2,8 @@
 // form: its window is made with the design values and its load handler runs. Unload runs query-unload and unload,
 // destroys the window and takes the form out of the loaded ones; a later access loads it anew.
 //
-// A form that is loading may be unloaded by its own load handler: the access that loaded it then fails with error 364.
+// A form that is loading may be unloaded by its own load handler: the access that loaded it then fails with error 364,
+// and so does every access from inside the handler, which would else load the form a second time.
 // Unloading a form whose unload is running does nothing. An error of an unload handler does not keep the form: it is
 // thrown when the form is gone. An error of the load handler takes the form back without its unload handlers.
 //
@@ -143,6 +144,7 @@ class Form : private WindowEvents {
     ModalLoop* modal_ = nullptr;
 
     std::unique_ptr<NativeWindow> window_;
+    bool loading_ = false;
     bool unloading_ = false;
     String caption_;
     Rect bounds_;

@@ -122,6 +122,20 @@ TEST_F(FirstShow, ThatUnloadsTheFormInResizeFails) {
     EXPECT_FALSE(form_.IsLoaded());
 }
 
+TEST_F(FirstShow, LoadHandlerThatUnloadedTheFormCannotLoadItAgain) {
+    std::int32_t error = 0;
+    form_.onLoad = [&] {
+        form_.Unload();
+        error = ErrorOf([&] { form_.Caption(); });
+    };
+    EXPECT_EQ(ErrorOf([&] { form_.EnsureLoaded(); }), kObjectWasUnloaded);
+    EXPECT_EQ(error, kObjectWasUnloaded);
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
+    form_.onLoad = {};
+    form_.EnsureLoaded();
+    EXPECT_TRUE(form_.IsLoaded());
+}
+
 class WindowThatGoes : public tests::HeadlessTest {
  protected:
     void Lose() { memory_.windows.Last().Events().Lost(); }
