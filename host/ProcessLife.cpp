@@ -4,6 +4,7 @@
 
 #include "dialogs/frmQMXMsgBox.h"
 #include "host/frmBackProcessMain.h"
+#include "routing/CommandInterpreter.h"
 #include "routing/FieldSplitter.h"
 #include "routing/ModuleList.h"
 #include "runtime/Form.h"
@@ -40,6 +41,7 @@ void ReleaseProcess() {
     dialogs::ReleaseSuiteBox();
     services::processValues = {};
     services::numberFormats = {};
+    routing::ResetCommandInterpreter();
     routing::ResetModuleList();
     routing::ResetFieldSplitter();
 }

@@ -79,6 +79,7 @@ bool clsQmxBackProcess::Load(std::int16_t& /*iMode*/) {
 void clsQmxBackProcess::NotifyMe(String& /*Aname*/, String& sCommand) {
     if (sCommand.empty()) return;
     if (!link_) throw runtime::Error(runtime::kObjectVariableNotSet);
+    link_->form.AP_ExeCmd(sCommand);
 }
 
 String clsQmxBackProcess::SeverPath() {

@@ -2,6 +2,7 @@
 
 #include <exception>
 
+#include "routing/CommandInterpreter.h"
 #include "routing/CommandText.h"
 #include "routing/ModuleList.h"
 #include "runtime/Error.h"
@@ -11,6 +12,7 @@
 #include "services/LocalTexts.h"
 #include "services/Localisation.h"
 #include "services/ProcessValues.h"
+#include "services/QMXHLP.h"
 #include "services/modReg.h"
 
 namespace host {
@@ -56,6 +58,10 @@ void frmBackProcessMain::SetForm(runtime::Form& form) {
 void frmBackProcessMain::EditMsgLine(StringView text) {
     msgLine_.SetText(text);
     msgLine_.Refresh();
+}
+
+void frmBackProcessMain::AP_ExeCmd(String& command) {
+    routing::ExecuteCommand(command, {*this, staysLoaded_, [this] { UnloadAllForms(); }});
 }
 
 void frmBackProcessMain::AP_SendCmd(String& module, String& command) {
@@ -121,6 +127,7 @@ void frmBackProcessMain::OnUnload(bool& /*cancel*/) {
     // The claim ends with the unload, however that ends.
     const auto claim = std::move(firstInstance_);
     routing::PublishModuleState(0, 0);
+    services::CloseHelp(Handle());
     const Form* last = nullptr;
     while (runtime::LoadedForms().LastToUnload() && runtime::LoadedForms().LastToUnload() != last) {
         runtime::DoEvents();

@@ -28,6 +28,9 @@ class frmBackProcessMain : public runtime::Form {
     /// Puts `text` into the status line and shows it at once.
     void EditMsgLine(StringView text);
 
+    /// Carries out a command from another module. Does not load the form, unless the command does.
+    void AP_ExeCmd(String& command);
+
     // Commands for other modules. Each raises NotifyClass once, before it returns; a client's error passes.
 
     /// `command` for `module`, both as they are.
@@ -57,6 +60,8 @@ class frmBackProcessMain : public runtime::Form {
     runtime::Control& msgLine_;
     std::unique_ptr<runtime::InstanceClaim> firstInstance_;
     runtime::NativeHandle handle_ = 0;
+    /// Never set by anything so far; EX looks at it.
+    bool staysLoaded_ = false;
 };
 
 }  // namespace host

@@ -7,6 +7,7 @@
 #include "kernel_api/dev/BuiltInReader.h"
 #include "kernel_api/dev/BuiltInSplitter.h"
 #include "kernel_api/win32/KernelLibrary.h"
+#include "routing/CommandInterpreter.h"
 #include "runtime/Ports.h"
 #include "runtime/win32/GdiFonts.h"
 #include "runtime/win32/HelpControl.h"
@@ -24,6 +25,7 @@ namespace {
 struct Composition {
     explicit Composition(HINSTANCE module)
         : windows(module), process(module), kernel(process.ComponentFolder()), reader(files, settings, locale) {
+        reader.UseLanguageFolder([] { return routing::LanguagePath; });
         runtime::UsePorts(&ports);
         kernel_api::UseKernel(&kernel);
         kernel_api::UseReader(&reader);

@@ -7,6 +7,7 @@
 #include "kernel_api/dev/BuiltInReader.h"
 #include "kernel_api/dev/BuiltInSplitter.h"
 #include "kernel_api/dev/InMemoryKernel.h"
+#include "routing/CommandInterpreter.h"
 #include "runtime/Form.h"
 #include "runtime/LoadedForms.h"
 #include "services/MessageTexts.h"
@@ -20,6 +21,7 @@ template <typename Base>
 class ComponentOver : public Base {
  protected:
     ComponentOver() {
+        reader_.UseLanguageFolder([] { return routing::LanguagePath; });
         kernel_api::UseKernel(&kernel_);
         kernel_api::UseReader(&reader_);
         kernel_api::UseSplitter(&splitter_);

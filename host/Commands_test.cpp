@@ -1,0 +1,398 @@
+// Commands from clients, through the service object to the main form: what they do, whatever the component is doing
+// when they come. And the help that the main form's unload closes.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "host/clsQmxBackProcess.h"
+#include "host/frmBackProcessMain.h"
+#include "routing/CommandInterpreter.h"
+#include "services/ProcessValues.h"
+#include "services/QMXHLP.h"
+#include "tests/support/ComponentFixture.h"
+#include "tests/support/HandledForm.h"
+
+namespace host {
+namespace {
+
+using runtime::Error;
+using services::processValues;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using tests::ErrorOf;
+
+/// Passes everything on to another reader; something may happen when a text is asked for.
+class InterruptedReader : public kernel_api::Reader {
+ public:
+    explicit InterruptedReader(kernel_api::Reader& reader) : reader_(reader) {}
+
+    void NormaliseFolder(String& folder) override { reader_.NormaliseFolder(folder); }
+    String GetSetting(StringView application, StringView key, StringView defaultValue) override {
+        return reader_.GetSetting(application, key, defaultValue);
+    }
+    String GetText(StringView defaultText, StringView textId) override {
+        if (const auto then = std::exchange(onNextText, {})) then();
+        return reader_.GetText(defaultText, textId);
+    }
+    String TextAt(kernel_api::TextPointer pointer) override { return reader_.TextAt(pointer); }
+
+    std::function<void()> onNextText;
+
+ private:
+    kernel_api::Reader& reader_;
+};
+
+/// A message box that lets something happen while it is open.
+class InterruptedMessageBox : public runtime::MessageBoxPort {
+ public:
+    std::int32_t Show(StringView prompt, std::int32_t /*flags*/, StringView /*title*/,
+                      const runtime::MessageHelp& /*help*/) override {
+        prompts.emplace_back(prompt);
+        if (const auto then = std::exchange(onNextMessage, {})) then();
+        return 1;
+    }
+
+    std::vector<String> prompts;
+    std::function<void()> onNextMessage;
+};
+
+/// One instance, which notes the commands that it hears; a dialog stands ready.
+template <typename Base>
+class CommandsOver : public Base {
+ protected:
+    CommandsOver() {
+        this->kernel_.Put(u"DESIGN_NAME", u"amplifier");
+        kernel_api::UseReader(&interruptedReader_);
+        runtime::UsePorts(&interruptedPorts_);
+    }
+    ~CommandsOver() override {
+        this->kernel_.StopFailing();
+        onHeard_ = {};
+        object_.Terminate();
+        runtime::UsePorts(&this->ports_);
+        kernel_api::UseReader(&this->reader_);
+    }
+
+    void Notify(StringView text) {
+        String name;
+        String command(text);
+        object_.NotifyMe(name, command);
+        EXPECT_EQ(command, text);
+    }
+    std::function<void()> Notifying(StringView text) {
+        return [this, text] { Notify(text); };
+    }
+    std::int32_t ErrorOfNotifying(StringView text) { return ErrorOf(Notifying(text)); }
+    void FailSave(std::int32_t number = runtime::kFileNotFound) {
+        this->kernel_.FailOn("DB_DataBase", Error(number, u"no database"));
+    }
+    static bool NoneLoaded() { return runtime::LoadedForms().Count() == 0; }
+
+    InterruptedReader interruptedReader_{this->reader_};
+    InterruptedMessageBox box_;
+    runtime::Ports interruptedPorts_{this->ports_.windows,
+                                     this->ports_.settings,
+                                     this->ports_.files,
+                                     this->ports_.process,
+                                     this->ports_.locale,
+                                     this->ports_.fonts,
+                                     box_,
+                                     this->ports_.help};
+    std::vector<std::string> heard_;
+    std::function<void()> onHeard_;
+    clsQmxBackProcess object_{[this](String& /*module*/, String& command) {
+        heard_.push_back(runtime::ToUtf8(command));
+        if (const auto then = std::exchange(onHeard_, {})) then();
+    }};
+    frmBackProcessMain& form_ = MainForm();
+    tests::HandledForm dialog_{u"dialog"};
+};
+
+using Commands = CommandsOver<tests::ComponentTest>;
+
+TEST_F(Commands, SaveTakesTheDesignsNameWithoutLoadingTheForm) {
+    Notify(u"K4TBACKPROCESS,SAVE");
+    EXPECT_EQ(routing::CurrentDesignName, u"amplifier");
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, EmptyOneDoesNothingAtAll) {
+    kernel_api::UseSplitter(nullptr);
+    Notify(u"");
+    EXPECT_THAT(box_.prompts, IsEmpty());
+}
+
+TEST_F(Commands, ExSaysShutdownOnceAndWithdrawsTheRecord) {
+    form_.EnsureLoaded();
+    EXPECT_NE(Kept(u"K4TBACKPROCESS"), u"");
+    Notify(u"All,EX");
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, ExWithoutALoadedFormDoesNothing) {
+    Notify(u"All,EX");
+    EXPECT_THAT(heard_, IsEmpty());
+    EXPECT_THAT(box_.prompts, IsEmpty());
+}
+
+TEST_F(Commands, ExUnloadsDialogsThoughTheMainFormIsNotLoaded) {
+    dialog_.EnsureLoaded();
+    Notify(u"All,EX");
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(heard_, IsEmpty());
+}
+
+TEST_F(Commands, FormIsLoadedAnewAfterEx) {
+    form_.EnsureLoaded();
+    Notify(u"All,EX");
+    form_.EnsureLoaded();
+    EXPECT_NE(Kept(u"K4TBACKPROCESS"), u"");
+    Notify(u"All,EX");
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN", "SHUTDOWN"));
+}
+
+TEST_F(Commands, ExInsideAnEventHandlerLetsTheOperationEnd) {
+    form_.EnsureLoaded();
+    onHeard_ = Notifying(u"All,EX");
+    String command = u"OPEN";
+    form_.AP_SendCmdAll(command);
+    EXPECT_THAT(heard_, ElementsAre("OPEN", "SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, ExInsideTheShutdownEnds) {
+    form_.EnsureLoaded();
+    onHeard_ = Notifying(u"All,EX");
+    Notify(u"All,EX");
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, ExInsideADialogsUnloadEnds) {
+    form_.EnsureLoaded();
+    dialog_.EnsureLoaded();
+    dialog_.onUnload = Notifying(u"All,EX");
+    dialog_.Unload();
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
+TEST_F(Commands, ExDuringTheFormsOwnLoadTakesItBack) {
+    interruptedReader_.onNextText = Notifying(u"All,EX");
+    EXPECT_EQ(ErrorOf([this] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
+    EXPECT_THAT(box_.prompts, IsEmpty());
+}
+
+TEST_F(Commands, ExEndsAtADialogThatRefuses) {
+    form_.EnsureLoaded();
+    dialog_.EnsureLoaded();
+    dialog_.refusesUnload = true;
+    Notify(u"All,EX");
+    EXPECT_TRUE(dialog_.IsLoaded());
+    dialog_.refusesUnload = false;
+    Notify(u"All,EX");
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
+TEST_F(Commands, ErrorIsShownAndEndsTheComponent) {
+    form_.EnsureLoaded();
+    FailSave();
+    Notify(u"All,SAVE");
+    EXPECT_THAT(box_.prompts, ElementsAre(u"no database"));
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, SilentErrorEndsTheComponentWithoutAMessage) {
+    form_.EnsureLoaded();
+    FailSave(runtime::kSilent);
+    Notify(u"All,SAVE");
+    EXPECT_THAT(box_.prompts, IsEmpty());
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, ErrorWithoutALoadedFormIsShown) {
+    FailSave();
+    Notify(u"All,SAVE");
+    EXPECT_THAT(box_.prompts, ElementsAre(u"no database"));
+    EXPECT_THAT(heard_, IsEmpty());
+}
+
+TEST_F(Commands, ErrorDuringTheFormsOwnLoadTakesItBack) {
+    FailSave();
+    interruptedReader_.onNextText = Notifying(u"All,SAVE");
+    EXPECT_EQ(ErrorOf([this] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
+    EXPECT_THAT(box_.prompts, ElementsAre(u"no database"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, ErrorInsideAnEventHandlerLetsTheOperationEnd) {
+    form_.EnsureLoaded();
+    FailSave();
+    onHeard_ = Notifying(u"All,SAVE");
+    String command = u"OPEN";
+    form_.AP_SendCmdAll(command);
+    EXPECT_THAT(heard_, ElementsAre("OPEN", "SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, ExWhileTheMessageOfAnErrorIsOpenComesFirst) {
+    form_.EnsureLoaded();
+    FailSave();
+    box_.onNextMessage = [this] {
+        Notify(u"All,EX");
+        EXPECT_TRUE(NoneLoaded());
+    };
+    Notify(u"All,SAVE");
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
+TEST_F(Commands, ErrorWhileTheMessageOfAnErrorIsOpenIsShownToo) {
+    form_.EnsureLoaded();
+    FailSave();
+    box_.onNextMessage = Notifying(u"All,OPEN");
+    Notify(u"All,SAVE");
+    EXPECT_THAT(box_.prompts, ElementsAre(u"no database", u"no database"));
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
+TEST_F(Commands, ErrorOfTheMessageReachesTheClientAfterTheShutdown) {
+    form_.EnsureLoaded();
+    FailSave();
+    box_.onNextMessage = [] { throw Error(runtime::kOutOfMemory); };
+    EXPECT_EQ(ErrorOfNotifying(u"All,SAVE"), runtime::kOutOfMemory);
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, ErrorOfAClientThatHearsTheShutdownIsShown) {
+    form_.EnsureLoaded();
+    onHeard_ = [] { throw Error(runtime::kTypeMismatch); };
+    Notify(u"All,EX");
+    EXPECT_THAT(box_.prompts, ElementsAre(u"Type mismatch"));
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, ErrorOfTheShutdownAfterAnErrorReachesTheClient) {
+    form_.EnsureLoaded();
+    FailSave(runtime::kSilent);
+    kernel_.FailOn("E_SetString(K4TBACKPROCESS,", Error(runtime::kDllEntryPointNotFound));
+    EXPECT_EQ(ErrorOfNotifying(u"All,SAVE"), runtime::kDllEntryPointNotFound);
+    EXPECT_TRUE(NoneLoaded());
+}
+
+class Language : public CommandsOver<tests::ComponentTest> {
+ protected:
+    Language() {
+        memory_.files.AddFile(u"C:\\de\\K4TBackProcess.txt", "561 = Hintergrund\n");
+        memory_.files.AddFile(u"C:\\en\\K4TBackProcess.txt", "561 = Background\n");
+    }
+    String CaptionAfterLz(StringView folder) {
+        kernel_.Put(u"LANGUAGEPATH", folder);
+        Notify(u"All,LZ");
+        return form_.Caption();
+    }
+};
+
+TEST_F(Language, LzSwitchesTheCaptionAndBack) {
+    form_.EnsureLoaded();
+    EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
+    EXPECT_EQ(CaptionAfterLz(u"C:\\en"), u"Background");
+    EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
+    EXPECT_THAT(heard_, IsEmpty());
+}
+
+TEST_F(Language, LzLocalisesThoughTheFolderIsTheSame) {
+    CaptionAfterLz(u"C:\\de");
+    form_.SetCaption(u"changed");
+    EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
+}
+
+TEST_F(Language, LzChoosesTheFontAgain) {
+    form_.EnsureLoaded();
+    memory_.locale.systemLcid = 0x0411;
+    Notify(u"All,LZ");
+    EXPECT_EQ(processValues.uiFont.size, 9);
+    EXPECT_EQ(processValues.uiFont.characterSet, 128);
+}
+
+TEST_F(Language, LzLeavesThePublishedRecordAlone) {
+    form_.EnsureLoaded();
+    const String record = Kept(u"K4TBACKPROCESS");
+    CaptionAfterLz(u"C:\\de");
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), record);
+}
+
+TEST_F(Language, LzOnAFormThatIsNotLoadedLoadsIt) {
+    EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
+    EXPECT_TRUE(form_.IsLoaded());
+}
+
+TEST_F(Language, TextsFollowTheCommandAndNotTheKernelAfterwards) {
+    CaptionAfterLz(u"C:\\de");
+    kernel_.Put(u"LANGUAGEPATH", u"C:\\en");
+    EXPECT_EQ(services::GetLocalText(u"", u"561"), u"Hintergrund");
+}
+
+TEST_F(Language, LzBesideAnEarlierInstanceFailsAsTheLoadDoes) {
+    memory_.process.SetEarlierInstance(true);
+    Notify(u"All,LZ");
+    EXPECT_THAT(box_.prompts, ElementsAre(u"Object was unloaded"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+using CommandsInMemory = CommandsOver<tests::HeadlessComponentTest>;
+
+TEST_F(CommandsInMemory, ExWhileTheSuitesBoxIsOpenAnswersItWithCancel) {
+    form_.EnsureLoaded();
+    memory_.windows.Post(Notifying(u"All,EX"));
+    EXPECT_EQ(services::ShowMessage(u"Overwrite?", services::kSuiteBox), 2);
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(CommandsInMemory, ErrorWhileTheSuitesBoxIsOpenIsShownAndAnswersItWithCancel) {
+    form_.EnsureLoaded();
+    FailSave();
+    memory_.windows.Post(Notifying(u"All,SAVE"));
+    EXPECT_EQ(services::ShowMessage(u"Overwrite?", services::kSuiteBox), 2);
+    EXPECT_THAT(box_.prompts, ElementsAre(u"no database"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+using Help = CommandsOver<tests::ComponentTest>;
+
+TEST_F(Help, OpenedForATopicIsClosedOnceByTheUnload) {
+    std::int16_t wanted = -1;
+    form_.EnsureLoaded();
+    services::ShowHelpTopic(u"", 0, wanted);
+    const runtime::NativeHandle window = form_.Handle();
+    dialog_.EnsureLoaded();
+    dialog_.onUnload = [this] {
+        EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
+        EXPECT_EQ(memory_.help.calls.size(), 2U);
+    };
+    form_.Unload();
+    EXPECT_THAT(memory_.help.calls,
+                ElementsAre(runtime::headless::RecordingHelp::Call{window, u"C:\\Pelorix\\Marlentine.chm"},
+                            runtime::headless::RecordingHelp::Call{window, std::nullopt}));
+    form_.EnsureLoaded();
+    form_.Unload();
+    EXPECT_EQ(memory_.help.calls.size(), 2U);
+}
+
+TEST_F(Help, OpenedAtItsContentsOutlivesTheUnload) {
+    form_.EnsureLoaded();
+    services::ShowHelpContents();
+    form_.Unload();
+    EXPECT_EQ(memory_.help.calls.size(), 1U);
+}
+
+}  // namespace
+}  // namespace host

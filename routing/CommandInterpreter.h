@@ -1,0 +1,39 @@
+// The interpreter of commands that come to this component from other modules. A command is a list of comma fields: the
+// addressee, the verb, and what belongs to the verb. It is carried out when it is addressed to this module or to all;
+// every other command, and every verb that is not this component's business, is ignored.
+//
+// An error is answered severely, and on purpose: its description is shown, unless it is the silent one, and then all
+// forms of the component are unloaded.
+#pragma once
+
+#include <functional>
+
+#include "runtime/Text.h"
+
+namespace runtime {
+class Form;
+}
+
+namespace routing {
+
+/// Name of the design that the suite had open at the last SAVE or OPEN, without leading and trailing blanks.
+inline runtime::String CurrentDesignName;
+/// The language folder since the last LZ, exactly as the kernel had it; empty before.
+inline runtime::String LanguagePath;
+
+/// The main form as commands act on it.
+struct CommandReceiver {
+    runtime::Form& mainForm;
+    /// EX leaves the forms alone.
+    bool staysLoaded = false;
+    std::function<void()> unloadAllForms;
+};
+
+/// Carries `command` out; nothing for an empty one. Throws only what fails while an error is being answered, after the
+/// forms are unloaded: the message's error, or else that of the unload.
+void ExecuteCommand(runtime::StringView command, const CommandReceiver& receiver);
+
+/// All values as they are at the start of the process.
+void ResetCommandInterpreter();
+
+}  // namespace routing

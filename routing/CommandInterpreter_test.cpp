@@ -1,0 +1,356 @@
+#include "routing/CommandInterpreter.h"
+
+#include <gmock/gmock.h>
+
+#include <new>
+
+#include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/dev/BuiltInSplitter.h"
+#include "kernel_api/dev/InMemoryKernel.h"
+#include "runtime/Error.h"
+#include "services/ProcessValues.h"
+#include "tests/support/ErrorOf.h"
+#include "tests/support/HandledForm.h"
+#include "tests/support/RuntimeFixture.h"
+
+namespace routing {
+namespace {
+
+using runtime::Error;
+using runtime::String;
+using runtime::StringView;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using tests::ErrorOf;
+
+/// Notes what its parsers are asked, and fails where a test says so.
+class RecordingSplitter : public kernel_api::Splitter {
+ public:
+    std::unique_ptr<kernel_api::FieldParser> MakeFieldParser() override {
+        ++made;
+        return std::make_unique<Parser>(*this);
+    }
+    std::int32_t CountPieces(StringView text, StringView separator) override {
+        return splitter_.CountPieces(text, separator);
+    }
+
+    int made = 0;
+    std::vector<std::string> asked;
+    std::function<void()> onField;
+
+ private:
+    class Parser : public kernel_api::FieldParser {
+     public:
+        explicit Parser(RecordingSplitter& splitter)
+            : splitter_(splitter), parser_(splitter.splitter_.MakeFieldParser()) {}
+
+        void SetText(StringView text) override {
+            splitter_.asked.push_back("text " + runtime::ToUtf8(text));
+            parser_->SetText(text);
+        }
+        String Field(std::int32_t number) override {
+            splitter_.asked.push_back("field " + std::to_string(number));
+            if (splitter_.onField) splitter_.onField();
+            return parser_->Field(number);
+        }
+
+     private:
+        RecordingSplitter& splitter_;
+        std::unique_ptr<kernel_api::FieldParser> parser_;
+    };
+
+    kernel_api::dev::BuiltInSplitter splitter_;
+};
+
+class InterpreterTest : public tests::HeadlessTest {
+ protected:
+    InterpreterTest() {
+        kernel_api::UseKernel(&kernel_);
+        kernel_api::UseReader(&reader_);
+        kernel_api::UseSplitter(&splitter_);
+        kernel_.Put(u"DESIGN_NAME", u"amplifier");
+        kernel_.Put(u"PRODUCT_NAME", u"Orvane");
+    }
+    ~InterpreterTest() override {
+        ResetCommandInterpreter();
+        services::processValues = {};
+        kernel_api::UseSplitter(nullptr);
+        kernel_api::UseReader(nullptr);
+        kernel_api::UseKernel(nullptr);
+    }
+
+    void Execute(StringView command) {
+        ExecuteCommand(command, {form_, staysLoaded_, [this] {
+                                     ++unloads_;
+                                     if (onUnload_) onUnload_();
+                                 }});
+    }
+    std::int32_t ErrorOfExecuting(StringView command) {
+        return ErrorOf([&] { Execute(command); });
+    }
+    /// The prompts of the messages that were shown.
+    std::vector<String> Messages() const {
+        std::vector<String> prompts;
+        for (const auto& message : memory_.messageBox.shown) prompts.push_back(message.prompt);
+        return prompts;
+    }
+    /// What a command left that the component ignores.
+    void ExpectNothingDone() const {
+        EXPECT_EQ(CurrentDesignName, u"");
+        EXPECT_EQ(LanguagePath, u"");
+        EXPECT_EQ(unloads_, 0);
+        EXPECT_FALSE(form_.IsLoaded());
+        EXPECT_THAT(kernel_.Log(), IsEmpty());
+        EXPECT_THAT(Messages(), IsEmpty());
+    }
+
+    kernel_api::dev::InMemoryKernel kernel_;
+    kernel_api::dev::BuiltInReader reader_{memory_.files, memory_.settings, memory_.locale};
+    RecordingSplitter splitter_;
+    tests::HandledForm form_;
+    bool staysLoaded_ = false;
+    int unloads_ = 0;
+    std::function<void()> onUnload_;
+};
+
+using Addressee = InterpreterTest;
+
+TEST_F(Addressee, ThisModuleAndAllAreHeard) {
+    for (const StringView command : {u"K4TBACKPROCESS,SAVE", u"All,SAVE", u"\"All\",\"SAVE\""}) {
+        CurrentDesignName.clear();
+        Execute(command);
+        EXPECT_EQ(CurrentDesignName, u"amplifier") << runtime::ToUtf8(command);
+    }
+}
+
+TEST_F(Addressee, AnyOtherIsIgnored) {
+    for (const StringView command :
+         {u"Editor,SAVE", u"all,SAVE", u"ALL,SAVE", u"k4tbackprocess,SAVE", u" All,SAVE", u"All ,SAVE", u",SAVE", u"Al",
+          u"SAVE", u",", u"\"", u"\"All,SAVE", u"K4TBACKPROCESS;SAVE"}) {
+        Execute(command);
+        ExpectNothingDone();
+    }
+}
+
+TEST_F(Addressee, IsAskedForOncePerComparisonAndTheVerbOnce) {
+    Execute(u"All,UP,3,4");
+    EXPECT_THAT(splitter_.asked, ElementsAre("text All,UP,3,4", "field 1", "field 1", "field 2"));
+    splitter_.asked.clear();
+    Execute(u"K4TBACKPROCESS,RD");
+    EXPECT_THAT(splitter_.asked, ElementsAre("text K4TBACKPROCESS,RD", "field 1", "field 1", "field 2"));
+}
+
+TEST_F(Addressee, OfAnotherModuleLeavesTheVerbUnread) {
+    Execute(u"Editor,SAVE");
+    EXPECT_THAT(splitter_.asked, ElementsAre("text Editor,SAVE", "field 1", "field 1"));
+}
+
+TEST_F(Addressee, IsReadByOneParserMadeForTheFirstCommand) {
+    EXPECT_EQ(splitter_.made, 0);
+    Execute(u"");
+    EXPECT_EQ(splitter_.made, 0);
+    Execute(u"All");
+    Execute(u"All");
+    EXPECT_EQ(splitter_.made, 1);
+}
+
+using Verbs = InterpreterTest;
+
+TEST_F(Verbs, SaveAndOpenTakeTheTrimmedNameOfTheDesign) {
+    kernel_.Put(u"DESIGN_NAME", u"  big board ");
+    Execute(u"All,SAVE");
+    EXPECT_EQ(CurrentDesignName, u"big board");
+    EXPECT_THAT(kernel_.Log(), ElementsAre("DB_DataBase()", "O_GetName(1)"));
+    kernel_.Put(u"DESIGN_NAME", u"other");
+    Execute(u"K4TBACKPROCESS,OPEN,C:\\x");
+    EXPECT_EQ(CurrentDesignName, u"other");
+}
+
+TEST_F(Verbs, DesignWithoutANameGivesAnEmptyOne) {
+    CurrentDesignName = u"before";
+    kernel_api::dev::InMemoryKernel empty;
+    kernel_api::UseKernel(&empty);
+    Execute(u"All,SAVE");
+    EXPECT_EQ(CurrentDesignName, u"");
+    EXPECT_EQ(unloads_, 0);
+}
+
+TEST_F(Verbs, InertOnesAndUnknownOnesDoNothing) {
+    for (const StringView command :
+         {u"All", u"All,", u"All,RD", u"All,UP", u"All,FMVHDLED,WIRELIST", u"All,FMVHDLED,XILINX", u"All,FMVHDLED,CUPL",
+          u"All,save", u"All,SAVE ", u"All, SAVE", u"All,SAVEAS", u"All,Ex", u"All,,SAVE", u"All,\"SAVE,x"}) {
+        Execute(command);
+        ExpectNothingDone();
+    }
+}
+
+TEST_F(Verbs, UnclosedQuoteTakesTheRestAsTheVerb) {
+    Execute(u"All,\"SAVE");
+    EXPECT_EQ(CurrentDesignName, u"amplifier");
+}
+
+TEST_F(Verbs, ExUnloadsAllFormsOnce) {
+    Execute(u"All,EX");
+    EXPECT_EQ(unloads_, 1);
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(Verbs, ExLeavesTheFormsThatAreToStay) {
+    staysLoaded_ = true;
+    Execute(u"All,EX");
+    EXPECT_EQ(unloads_, 0);
+}
+
+TEST_F(Verbs, LzTakesTheLanguageFolderAsItIs) {
+    kernel_.Put(u"LANGUAGEPATH", u" C:\\lang ");
+    Execute(u"All,LZ");
+    EXPECT_EQ(LanguagePath, u" C:\\lang ");
+}
+
+TEST_F(Verbs, LzWithoutALanguageFolderEmptiesIt) {
+    LanguagePath = u"C:\\lang";
+    Execute(u"All,LZ");
+    EXPECT_EQ(LanguagePath, u"");
+    EXPECT_EQ(unloads_, 0);
+}
+
+using Failure = InterpreterTest;
+
+TEST_F(Failure, IsShownAndThenAllFormsAreUnloaded) {
+    kernel_.FailOn("DB_DataBase", Error(runtime::kDllEntryPointNotFound, u"no database"));
+    memory_.messageBox.answers = {1};
+    onUnload_ = [this] { EXPECT_THAT(Messages(), ElementsAre(u"no database")); };
+    Execute(u"All,SAVE");
+    EXPECT_EQ(unloads_, 1);
+    EXPECT_EQ(CurrentDesignName, u"");
+    const auto& message = memory_.messageBox.shown.at(0);
+    EXPECT_EQ(message.flags, 0);
+    EXPECT_EQ(message.title, u"Orvane");
+    EXPECT_EQ(message.help, runtime::MessageHelp());
+}
+
+TEST_F(Failure, OfTheSilentNumberShowsNothing) {
+    kernel_.FailOn("O_GetName", Error(runtime::kSilent));
+    Execute(u"All,OPEN");
+    EXPECT_EQ(unloads_, 1);
+    EXPECT_THAT(Messages(), IsEmpty());
+}
+
+TEST_F(Failure, UnloadsWhateverIsToStay) {
+    staysLoaded_ = true;
+    kernel_.FailOn("DB_DataBase", Error(runtime::kSilent));
+    Execute(u"All,SAVE");
+    EXPECT_EQ(unloads_, 1);
+}
+
+TEST_F(Failure, OfEachKernelCallIsAnswered) {
+    const std::pair<StringView, const char*> calls[] = {
+        {u"All,SAVE", "DB_DataBase"}, {u"All,SAVE", "O_GetName"}, {u"All,LZ", "E_GetString(LANGUAGEPATH)"}};
+    for (const auto& [command, call] : calls) {
+        for (const bool isSilent : {false, true}) {
+            memory_.messageBox.shown.clear();
+            memory_.messageBox.answers = {1};
+            unloads_ = 0;
+            kernel_.FailOn(call, Error(isSilent ? runtime::kSilent : runtime::kFileNotFound));
+            Execute(command);
+            EXPECT_EQ(Messages().size(), isSilent ? 0U : 1U) << call;
+            EXPECT_EQ(unloads_, 1) << call;
+            kernel_.StopFailing();
+        }
+    }
+}
+
+TEST_F(Failure, OfTheParserIsAnswered) {
+    memory_.messageBox.answers = {1};
+    splitter_.onField = [] { throw Error(runtime::kTypeMismatch); };
+    Execute(u"Editor,SAVE");
+    EXPECT_THAT(Messages(), ElementsAre(u"Type mismatch"));
+    EXPECT_EQ(unloads_, 1);
+}
+
+TEST_F(Failure, WithoutASplitterIsAnswered) {
+    memory_.messageBox.answers = {1};
+    kernel_api::UseSplitter(nullptr);
+    Execute(u"All,SAVE");
+    EXPECT_THAT(Messages(), ElementsAre(u"Object variable or With block variable not set"));
+    EXPECT_EQ(unloads_, 1);
+}
+
+TEST_F(Failure, ThatIsNoneOfTheRuntimeIsOneOfMemory) {
+    memory_.messageBox.answers = {1};
+    splitter_.onField = [] { throw std::bad_alloc(); };
+    Execute(u"All,SAVE");
+    EXPECT_THAT(Messages(), ElementsAre(u"Out of memory"));
+    EXPECT_EQ(unloads_, 1);
+}
+
+TEST_F(Failure, OfTheUnloadThatExAskedForIsShownAndTheUnloadTriedOnceMore) {
+    memory_.messageBox.answers = {1};
+    onUnload_ = [this] {
+        if (unloads_ == 1) throw Error(runtime::kOverflow);
+    };
+    Execute(u"All,EX");
+    EXPECT_THAT(Messages(), ElementsAre(u"Overflow"));
+    EXPECT_EQ(unloads_, 2);
+}
+
+TEST_F(Failure, OfTheMessageItselfIsTheCallersAfterTheUnload) {
+    kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
+    EXPECT_EQ(ErrorOfExecuting(u"All,SAVE"), runtime::kInternalError);  // the box has no answer
+    EXPECT_EQ(Messages().size(), 1U);
+    EXPECT_EQ(unloads_, 1);
+}
+
+TEST_F(Failure, OfTheMessagesTitleIsTheCallersAfterTheUnload) {
+    kernel_.FailOn("E_GetString", Error(runtime::kDllEntryPointNotFound));
+    EXPECT_EQ(ErrorOfExecuting(u"All,LZ"), runtime::kDllEntryPointNotFound);
+    EXPECT_THAT(Messages(), IsEmpty());
+    EXPECT_EQ(unloads_, 1);
+}
+
+TEST_F(Failure, OfTheUnloadIsTheCallers) {
+    memory_.messageBox.answers = {1};
+    onUnload_ = [] { throw Error(runtime::kOverflow); };
+    EXPECT_EQ(ErrorOfExecuting(u"All,EX"), runtime::kOverflow);
+    EXPECT_EQ(unloads_, 2);
+}
+
+TEST_F(Failure, OfMessageAndUnloadIsTheMessages) {
+    onUnload_ = [] { throw Error(runtime::kOverflow); };
+    EXPECT_EQ(ErrorOfExecuting(u"All,EX"), runtime::kInternalError);
+    EXPECT_EQ(unloads_, 2);
+}
+
+TEST_F(Failure, DoesNotSpoilTheNextCommand) {
+    memory_.messageBox.answers = {1};
+    kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
+    Execute(u"All,SAVE");
+    kernel_.StopFailing();
+    Execute(u"All,SAVE");
+    EXPECT_EQ(CurrentDesignName, u"amplifier");
+}
+
+using Reentered = InterpreterTest;
+
+TEST_F(Reentered, CommandInsideACommandHasItsOwnVerb) {
+    onUnload_ = [this] {
+        if (unloads_ == 1) Execute(u"K4TBACKPROCESS,SAVE");
+    };
+    Execute(u"All,EX");
+    EXPECT_EQ(CurrentDesignName, u"amplifier");
+    EXPECT_EQ(unloads_, 1);
+}
+
+TEST_F(Reentered, CommandWhileAFailureIsAnsweredIsCarriedOut) {
+    memory_.messageBox.answers = {1};
+    kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
+    onUnload_ = [this] {
+        kernel_.StopFailing();
+        if (unloads_ == 1) Execute(u"All,EX");
+    };
+    Execute(u"All,SAVE");
+    EXPECT_EQ(unloads_, 2);
+}
+
+}  // namespace
+}  // namespace routing
