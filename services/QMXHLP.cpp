@@ -11,18 +11,18 @@ namespace {
 /// The suite's true, with all bits set.
 constexpr std::int16_t kTrue = -1;
 
+runtime::NativeHandle MainWindow() {
+    return processValues.mainForm ? processValues.mainForm->Handle() : 0;
+}
+
+}  // namespace
+
 String CompiledHelpName() {
     constexpr std::size_t kExtension = 3;
     const String& name = processValues.helpFilePath;
     if (name.size() < kExtension) throw runtime::Error(runtime::kInvalidProcedureCall);
     return name.substr(0, name.size() - kExtension) + u"chm";
 }
-
-runtime::NativeHandle MainWindow() {
-    return processValues.mainForm ? processValues.mainForm->Handle() : 0;
-}
-
-}  // namespace
 
 void ShowHelpContents() {
     const String name = CompiledHelpName();

@@ -9,9 +9,11 @@
 
 namespace services {
 
+/// The file that is opened. Error 5 while the help file name has less than three characters.
+runtime::String CompiledHelpName();
+
 // Both open the table of contents, owned by the main form's window. As any access to its window, that loads a main form
-// which has been unloaded; before its first load the help has no owner. Error 5 for a help file name of less than three
-// characters.
+// which has been unloaded; before its first load the help has no owner. Error 5 as above.
 
 /// The help stays open when the main form unloads.
 void ShowHelpContents();

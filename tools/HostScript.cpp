@@ -33,6 +33,7 @@ constexpr std::array kVerbs{
     VerbForm{u"set", HostVerb::kSet, Form::kKeyAndText},
     VerbForm{u"get", HostVerb::kGet, Form::kKey},
     VerbForm{u"strings", HostVerb::kStrings, Form::kAlone},
+    VerbForm{u"state", HostVerb::kState, Form::kAlone},
     VerbForm{u"pump", HostVerb::kPump, Form::kNumber},
 };
 

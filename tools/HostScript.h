@@ -12,7 +12,7 @@ namespace tools {
 using runtime::String;
 using runtime::StringView;
 
-enum class HostVerb { kNothing, kCreate, kLoad, kNotify, kSever, kRelease, kSet, kGet, kStrings, kPump };
+enum class HostVerb { kNothing, kCreate, kLoad, kNotify, kSever, kRelease, kSet, kGet, kStrings, kState, kPump };
 
 struct HostCommand {
     HostVerb verb = HostVerb::kNothing;

@@ -31,6 +31,7 @@ TEST(HostScript, skips_blank_lines_and_comments) {
 TEST(HostScript, reads_commands_that_stand_alone) {
     EXPECT_EQ(ParseHostCommand(u"create").verb, HostVerb::kCreate);
     EXPECT_EQ(ParseHostCommand(u" \tstrings ").verb, HostVerb::kStrings);
+    EXPECT_EQ(ParseHostCommand(u"state").verb, HostVerb::kState);
 }
 
 TEST(HostScript, reads_commands_with_a_number) {

@@ -30,6 +30,8 @@ each instance. Commands come one a line (UTF-8) from FILE, or from standard inpu
   set KEY VALUE   sets a shared string of the suite
   get KEY         shows one; 'KEY=' alone if there is none    KEY=[VALUE]
   strings         shows them all, sorted by key               KEY=[VALUE]
+  state           shows what commands have set in the component, and the main form's caption while it is loaded:
+                  CurrentDesignName=[NAME]  LanguagePath=[FOLDER]  Caption=[TEXT], a line each
   pump MS         serves window messages for so many milliseconds
 
 Instances are numbered from 1 in the order of their 'create' lines; no number is used twice. TEXT and VALUE are the

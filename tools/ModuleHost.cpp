@@ -4,6 +4,7 @@
 #include <ostream>
 
 #include "host/com/Bstr.h"
+#include "host/com/DevelopmentExports.h"
 #include "tools/ComFailure.h"
 #include "tools/Display.h"
 #include "tools/EventSink.h"
@@ -32,6 +33,17 @@ void Connect(_clsQmxBackProcess& instance, EventSink::NotifyServer notifyServer)
     ThrowIfFailed(point->Advise(sink.Get(), &cookie));
 }
 
+/// The entry of the very library that made `instance`: its methods lie in it.
+decltype(&K4TDev_Value) DevelopmentEntry(_clsQmxBackProcess& instance) {
+    const void* const method = **reinterpret_cast<const void* const* const*>(&instance);
+    HMODULE library = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       static_cast<const wchar_t*>(method), &library);
+    const FARPROC entry = library ? GetProcAddress(library, "K4TDev_Value") : nullptr;
+    if (!entry) throw HostScriptError("the component does not show its state");
+    return reinterpret_cast<decltype(&K4TDev_Value)>(reinterpret_cast<void*>(entry));
+}
+
 }  // namespace
 
 bool ModuleHost::Run(const HostCommand& command) {
@@ -56,6 +68,9 @@ bool ModuleHost::Run(const HostCommand& command) {
             return true;
         case HostVerb::kStrings:
             PrintStrings();
+            return true;
+        case HostVerb::kState:
+            PrintState();
             return true;
         case HostVerb::kPump:
             PumpFor(std::chrono::milliseconds(command.number));
@@ -130,6 +145,15 @@ void ModuleHost::PrintString(StringView key) {
 
 void ModuleHost::PrintStrings() {
     for (const auto& [key, value] : strings_.All()) Print(Display(key) + "=" + Bracketed(value));
+}
+
+void ModuleHost::PrintState() {
+    if (instances_.empty()) throw HostScriptError("there is no instance whose component could be looked at");
+    const auto valueOf = DevelopmentEntry(*instances_.begin()->second.Get());
+    for (const StringView name : {u"CurrentDesignName", u"LanguagePath", u"Caption"}) {
+        const auto value = Bstr::Attach(valueOf(runtime::win32::Wide(String(name))));
+        Print(Display(name) + "=" + (value.Get() ? Bracketed(value.Text()) : std::string()));
+    }
 }
 
 ModuleHost::Instance ModuleHost::NewInstance(std::int32_t number) {

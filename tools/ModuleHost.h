@@ -33,6 +33,7 @@ class ModuleHost {
     bool Release(std::int32_t number);
     void PrintString(StringView key);
     void PrintStrings();
+    void PrintState();
 
     Instance NewInstance(std::int32_t number);
     _clsQmxBackProcess& Find(std::int32_t number) const;

@@ -24,6 +24,12 @@ class Bstr {
         : bstr_(SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()), static_cast<UINT>(text.size()))) {
         if (bstr_ == nullptr) throw std::bad_alloc();
     }
+    /// Takes over what a callee made.
+    static Bstr Attach(BSTR bstr) noexcept {
+        Bstr attached;
+        attached.bstr_ = bstr;
+        return attached;
+    }
     Bstr(Bstr&& other) noexcept : bstr_(other.Detach()) {}
     Bstr& operator=(Bstr&& other) noexcept {
         std::swap(bstr_, other.bstr_);

@@ -1,5 +1,6 @@
 // A help control that opens nothing and remembers how it was called.
 #include <cstdint>
+#include <cstring>
 #include <string>
 
 namespace {
@@ -17,6 +18,12 @@ void* __stdcall HtmlHelpW(void* owner, const wchar_t* file, unsigned command, st
     Record() += std::to_wstring(reinterpret_cast<std::uintptr_t>(owner)) + L" " + file + L" " +
                 std::to_wstring(command) + L" " + std::to_wstring(data) + L"\n";
     return nullptr;
+}
+
+/// Its calls stand in the same record, each behind an "A " that tells them apart.
+void* __stdcall HtmlHelpA(void* owner, const char* file, unsigned command, std::uintptr_t data) {
+    Record() += L"A ";
+    return HtmlHelpW(owner, std::wstring(file, file + std::strlen(file)).c_str(), command, data);
 }
 
 /// The calls since the library was loaded, a line each: owner's window handle, file, command, data.

@@ -32,14 +32,14 @@ def windows_path(path):
     return "Z:" + str(path).replace("/", "\\")
 
 
-def run(program, *arguments, text=b""):
+def run(program, *arguments, text=b"", environment=None):
     """The exit code, standard output and standard error of one run, as bytes."""
     # Files, not pipes: helper processes of Wine inherit them and keep them open after the program has ended.
     with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
         given.write(text)
         given.seek(0)
         code = subprocess.run([wine_run, str(program), *arguments], stdin=given, stdout=output, stderr=errors,
-                              timeout=TIMEOUT).returncode
+                              timeout=TIMEOUT, env=dict(os.environ, **(environment or {}))).returncode
         output.seek(0)
         errors.seek(0)
         return code, output.read(), errors.read()
@@ -248,6 +248,18 @@ class WithoutComponent(ToolTestCase):
             self.assertEqual(box.poll(), 6)
             output.seek(0)
             self.assertEqual(output.read(), b"6\n")
+
+    def test_help_file_needs_a_viewer(self):
+        # Its window is Windows' own business; here only that the tool does not wait for one that never comes.
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("backproc.exe", "QmxKrn2K.dll"):
+                shutil.copy(bin_folder / name, folder)
+            shutil.copy(bin_folder / "messagebox" / "hhctrl.ocx", folder)
+            name = windows_path(folder) + "\\Marlentine.chm"
+            overrides = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
+            code, output, errors = run(pathlib.Path(folder) / "backproc.exe", "help-file", environment=overrides)
+        self.assertEqual((code, output), (1, name.encode() + b"\n"))
+        self.assertEqual(errors, b"backproc: no help window came up\n")
 
     def test_split_shows_number_text_and_value_of_each_field(self):
         for text, fields in [
@@ -460,6 +472,33 @@ class WithComponent(ToolTestCase):
             host.ask(b"release 1")
             self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 released\n")
             self.assertEqual(tool("strings", "get", "K4TBACKPROCESS"), (0, b"K4TBACKPROCESS=[]\n", b""))
+
+    def test_lz_switches_the_caption_and_back(self):
+        with tempfile.TemporaryDirectory() as folder:
+            lines = ["create", "load 1"]
+            for language, text in (("de", "Hintergrund"), ("en", "Background"), ("de", "Hintergrund")):
+                texts = pathlib.Path(folder) / language / "K4TBackProcess.txt"
+                texts.parent.mkdir(exist_ok=True)
+                texts.write_text(f"561 = {text}\n", encoding="utf-8")
+                lines += [f"set LANGUAGEPATH {windows_path(texts.parent)}", "notify 1 All,LZ", "state"]
+            lines.append("get K4TBACKPROCESS")
+            code, output, errors = tool("host", text="\n".join(lines).encode())
+            shown = output.decode().splitlines()
+        self.assertEqual((code, errors), (0, b""))
+        self.assertEqual([line for line in shown if line.startswith("Caption")],
+                         ["Caption=[Hintergrund]", "Caption=[Background]", "Caption=[Hintergrund]"])
+        folders = [line for line in shown if line.startswith("LanguagePath")]
+        self.assertEqual([line[-3:] for line in folders], ["de]", "en]", "de]"])
+        # What the load published stays.
+        self.assertIn("K4TBACKPROCESS=[Pelorix Background Processing Application, 0, 0, 0, 0]", shown)
+
+    def test_the_help_file_has_its_topics(self):
+        listing = subprocess.run(["chmls", "list", str(bin_folder / "Marlentine.chm")], capture_output=True, text=True,
+                                 check=True, timeout=TIMEOUT).stdout
+        for topic in ("welcome", "message-box", "query-dialog", "commands", "status", "languages"):
+            self.assertIn(f"/{topic}.html", listing)
+        self.assertIn("/contents.hhc", listing)
+        self.assertIn("/index.hhk", listing)
 
     def test_prints_each_line_at_once(self):
         with LiveHost() as host:
