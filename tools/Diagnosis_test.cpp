@@ -124,7 +124,7 @@ TEST(Diagnosis, EntriesMustBeWhole) {
 TEST(Diagnosis, AKernelMustBeThereAndWhole) {
     MachineState machine = Sound();
     machine.kernel.missing = {"DB_DataBase", "O_GetName"};
-    ExpectBad(machine, "kernel", "QmxKrn2K.dll lacks DB_DataBase O_GetName", "beside");
+    ExpectBad(machine, "kernel", "QmxKrn2K.dll lacks DB_DataBase O_GetName", "put the suite's QmxKrn2K.dll there");
     machine.kernel.failure = "File not found: QmxKrn2K.dll";
     ExpectBad(machine, "kernel", "File not found", "beside the component");
 }

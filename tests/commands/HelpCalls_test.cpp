@@ -1,0 +1,91 @@
+// Help as it leaves the process: a recording help control beside this program stands in for the system's.
+#include <gtest/gtest.h>
+
+#include "host/frmBackProcessMain.h"
+#include "runtime/win32/HelpControl.h"
+#include "services/ProcessValues.h"
+#include "services/QMXHLP.h"
+#include "tests/support/ComponentFixture.h"
+
+namespace host {
+namespace {
+
+class HelpCalls : public tests::ComponentTest {
+ protected:
+    HelpCalls() {
+        runtime::UsePorts(&helpingPorts_);
+        services::processValues.installFolder = u"D:\\Pelorix";
+        form_.EnsureLoaded();
+        window_ = runtime::FromAscii(std::to_string(form_.Handle()));
+        before_ = Recorded().size();
+    }
+    ~HelpCalls() override {
+        form_.Unload();
+        runtime::UsePorts(&ports_);
+    }
+
+    /// The calls of the control; none before it is loaded.
+    static String Recorded() {
+        const HMODULE control = GetModuleHandleW(L"hhctrl.ocx");
+        const FARPROC recorded = control ? GetProcAddress(control, "Recorded") : nullptr;
+        if (!recorded) return {};
+        return runtime::win32::ToString(
+            reinterpret_cast<const wchar_t*(WINAPI*)()>(reinterpret_cast<void*>(recorded))());
+    }
+    String NewCalls() const { return Recorded().substr(before_); }
+    String Opened() const { return u"A " + window_ + u" D:\\Pelorix\\Marlentine.chm 1 0\n"; }
+    String Closed() const { return u"A " + window_ + u"  18 0\n"; }
+    static void ShowTopic() {
+        std::int16_t wanted = -1;
+        services::ShowHelpTopic(u"", 0, wanted);
+    }
+
+    runtime::win32::HelpControl control_;
+    runtime::Ports helpingPorts_{ports_.windows, ports_.settings, ports_.files,      ports_.process,
+                                 ports_.locale,  ports_.fonts,    ports_.messageBox, control_};
+    frmBackProcessMain& form_ = MainForm();
+    String window_;
+    std::size_t before_ = 0;
+};
+
+TEST_F(HelpCalls, ContentsAreOpenedAndNotClosedByTheUnload) {
+    services::ShowHelpContents();
+    form_.Unload();
+    EXPECT_EQ(NewCalls(), Opened());
+}
+
+TEST_F(HelpCalls, TopicIsOpenedAndClosedOnceByTheUnload) {
+    ShowTopic();
+    ShowTopic();
+    form_.Unload();
+    EXPECT_EQ(NewCalls(), Opened() + Opened() + Closed());
+    form_.EnsureLoaded();
+    form_.Unload();
+    EXPECT_EQ(NewCalls(), Opened() + Opened() + Closed());
+}
+
+TEST_F(HelpCalls, TopicThatIsNotWantedCallsNothing) {
+    std::int16_t wanted = 0;
+    services::ShowHelpTopic(u"", 0, wanted);
+    form_.Unload();
+    EXPECT_EQ(NewCalls(), u"");
+}
+
+TEST_F(HelpCalls, NamesAreAnsi) {
+    services::processValues.helpFilePath = u"C:\\Größe\\\u65B0.HLP";
+    services::ShowHelpContents();
+    EXPECT_EQ(NewCalls().find(u"\u65B0"), String::npos);
+    EXPECT_TRUE(NewCalls().ends_with(u".chm 1 0\n"));
+}
+
+TEST(HelpControlInTheComponent, MissingOneDoesNothing) {
+    runtime::win32::HelpControl missing(L"none.ocx");
+    missing.OpenContents(0, u"C:\\a.chm");
+    missing.CloseAll(0);
+    runtime::win32::HelpControl another(L"version.dll");
+    another.OpenContents(0, u"C:\\a.chm");
+    another.CloseAll(0);
+}
+
+}  // namespace
+}  // namespace host
