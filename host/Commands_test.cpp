@@ -287,9 +287,9 @@ TEST_F(Commands, ErrorOfTheShutdownAfterAnErrorReachesTheClient) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-class Language : public CommandsOver<tests::ComponentTest> {
+class LanguageCommands : public CommandsOver<tests::ComponentTest> {
  protected:
-    Language() {
+    LanguageCommands() {
         memory_.files.AddFile(u"C:\\de\\K4TBackProcess.txt", "561 = Hintergrund\n");
         memory_.files.AddFile(u"C:\\en\\K4TBackProcess.txt", "561 = Background\n");
     }
@@ -300,7 +300,7 @@ class Language : public CommandsOver<tests::ComponentTest> {
     }
 };
 
-TEST_F(Language, LzSwitchesTheCaptionAndBack) {
+TEST_F(LanguageCommands, LzSwitchesTheCaptionAndBack) {
     form_.EnsureLoaded();
     EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
     EXPECT_EQ(CaptionAfterLz(u"C:\\en"), u"Background");
@@ -308,13 +308,13 @@ TEST_F(Language, LzSwitchesTheCaptionAndBack) {
     EXPECT_THAT(heard_, IsEmpty());
 }
 
-TEST_F(Language, LzLocalisesThoughTheFolderIsTheSame) {
+TEST_F(LanguageCommands, LzLocalisesThoughTheFolderIsTheSame) {
     CaptionAfterLz(u"C:\\de");
     form_.SetCaption(u"changed");
     EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
 }
 
-TEST_F(Language, LzChoosesTheFontAgain) {
+TEST_F(LanguageCommands, LzChoosesTheFontAgain) {
     form_.EnsureLoaded();
     memory_.locale.systemLcid = 0x0411;
     Notify(u"All,LZ");
@@ -322,25 +322,25 @@ TEST_F(Language, LzChoosesTheFontAgain) {
     EXPECT_EQ(processValues.uiFont.characterSet, 128);
 }
 
-TEST_F(Language, LzLeavesThePublishedRecordAlone) {
+TEST_F(LanguageCommands, LzLeavesThePublishedRecordAlone) {
     form_.EnsureLoaded();
     const String record = Kept(u"K4TBACKPROCESS");
     CaptionAfterLz(u"C:\\de");
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), record);
 }
 
-TEST_F(Language, LzOnAFormThatIsNotLoadedLoadsIt) {
+TEST_F(LanguageCommands, LzOnAFormThatIsNotLoadedLoadsIt) {
     EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
     EXPECT_TRUE(form_.IsLoaded());
 }
 
-TEST_F(Language, TextsFollowTheCommandAndNotTheKernelAfterwards) {
+TEST_F(LanguageCommands, TextsFollowTheCommandAndNotTheKernelAfterwards) {
     CaptionAfterLz(u"C:\\de");
     kernel_.Put(u"LANGUAGEPATH", u"C:\\en");
     EXPECT_EQ(services::GetLocalText(u"", u"561"), u"Hintergrund");
 }
 
-TEST_F(Language, LzBesideAnEarlierInstanceFailsAsTheLoadDoes) {
+TEST_F(LanguageCommands, LzBesideAnEarlierInstanceFailsAsTheLoadDoes) {
     memory_.process.SetEarlierInstance(true);
     Notify(u"All,LZ");
     EXPECT_THAT(box_.prompts, ElementsAre(u"Object was unloaded"));

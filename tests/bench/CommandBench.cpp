@@ -5,18 +5,13 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <vector>
 
 #include "host/com/Bstr.h"
 #include "host/com/ComPtr.h"
 
-namespace {
-
-using host::com::Bstr;
-using host::com::ComPtr;
-
-/// The dictionary's own interface, as far as it is called.
+/// The dictionary's own interface, as far as it is called. Not in the unnamed namespace: the compiler would know of no
+/// class that implements it.
 struct IDictionary : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE putref_Item(VARIANT* key, VARIANT* item) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Item(VARIANT* key, VARIANT* item) = 0;
@@ -25,6 +20,11 @@ struct IDictionary : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE get_Count(long* count) = 0;
     virtual HRESULT STDMETHODCALLTYPE Exists(VARIANT* key, VARIANT_BOOL* exists) = 0;
 };
+namespace {
+
+using host::com::Bstr;
+using host::com::ComPtr;
+
 constexpr IID kDictionaryInterface = {0x42C642C1, 0x97E1, 0x11CF, {0x97, 0x8F, 0x00, 0xA0, 0x24, 0x63, 0xE0, 0x6F}};
 
 constexpr runtime::StringView kCommand = u"Editor,SAVE";
@@ -59,7 +59,8 @@ ComPtr<IDictionary> MakeDictionary() {
 }
 
 VARIANT Text(const Bstr& bstr) {
-    VARIANT variant{};
+    VARIANT variant;
+    VariantInit(&variant);
     variant.vt = VT_BSTR;
     variant.bstrVal = bstr.Get();
     return variant;
@@ -81,7 +82,8 @@ void Invoke(IDispatch& object, DISPID member, VARIANT* arguments, UINT count) {
 }
 
 /// Nanoseconds a call.
-double TimeOf(int calls, const std::function<void()>& call) {
+template <typename Call>
+double TimeOf(int calls, Call&& call) {
     LARGE_INTEGER frequency{};
     LARGE_INTEGER start{};
     LARGE_INTEGER end{};
@@ -98,7 +100,8 @@ double MedianOf(std::vector<double> times) {
     return *middle;
 }
 
-void Compare(const char* way, int calls, const std::function<void()>& ours, const std::function<void()>& theirs) {
+template <typename Ours, typename Theirs>
+void Compare(const char* way, int calls, Ours&& ours, Theirs&& theirs) {
     constexpr int kRounds = 15;
     std::vector<double> our;
     std::vector<double> their;
@@ -126,7 +129,9 @@ void Run(int calls) {
 
     const DISPID notifyMe = MemberOf(*component.Get(), L"NotifyMe");
     const DISPID exists = MemberOf(*dictionary.Get(), L"Exists");
-    VARIANT arguments[] = {Text(command), Text(name)};
+    VARIANT arguments[2];
+    arguments[0] = Text(command);
+    arguments[1] = Text(name);
     Compare(
         "Invoke", calls, [&] { Invoke(*component.Get(), notifyMe, arguments, 2); },
         [&] { Invoke(*dictionary.Get(), exists, &key, 1); });
