@@ -327,24 +327,6 @@ TEST_F(MessageBox, LetterThatSeveralButtonsMarkWalksAmongThemAndPressesNone) {
     EXPECT_EQ(typeAndEnter(3), 8);
 }
 
-TEST_F(MessageBox, FontSetWhileLoadingLeavesTheDesignSize) {
-    class LargePrint : public frmQMXMsgBox {
-        void OnLoad() override {
-            for (const auto& control : Controls()) control->SetFont({.size = 24});
-            frmQMXMsgBox::OnLoad();
-        }
-    } box;
-    EXPECT_EQ(box.Controls().at(1)->Bounds(), (runtime::Rect{945, 240, 3700, 390}));
-    memory_.windows.Post([this] {
-        MemoryWindow& shown = memory_.windows.Last();
-        EXPECT_EQ(shown.InnerSize(), (runtime::Size{5085, 1425}));
-        EXPECT_EQ(shown.Control(u"lblPrompt").font.size, 24);
-        EXPECT_EQ(Button(shown, 0).bounds, (runtime::Rect{180, 915, 1125, 345}));
-        shown.Events().KeyDown(runtime::kKeyEscape, 0);
-    });
-    EXPECT_EQ(box.ShowMe(u"p", 8, u"t"), 2);
-}
-
 TEST_F(MessageBox, AnswersWithAllTabStopsOff) {
     class StoplessBox : public frmQMXMsgBox {
         void OnLoad() override {
