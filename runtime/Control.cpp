@@ -21,6 +21,42 @@ void Control::SetBounds(const Rect& bounds) {
     form_.EnsureLoaded();
     bounds_ = bounds;
     native_->SetBounds(bounds_);
+    FollowOwnHeight();
+}
+
+void Control::SetLeft(Twips left) {
+    const Rect now = Bounds();
+    SetBounds({left, now.top, now.width, now.height});
+}
+
+void Control::SetTop(Twips top) {
+    const Rect now = Bounds();
+    SetBounds({now.left, top, now.width, now.height});
+}
+
+void Control::SetWidth(Twips width) {
+    const Rect now = Bounds();
+    SetBounds({now.left, now.top, width, now.height});
+}
+
+void Control::SetHeight(Twips height) {
+    const Rect now = Bounds();
+    SetBounds({now.left, now.top, now.width, height});
+}
+
+bool Control::Visible() {
+    form_.EnsureLoaded();
+    return visible_;
+}
+
+void Control::SetVisible(bool visible) {
+    form_.EnsureLoaded();
+    if (visible == visible_) return;
+    visible_ = visible;
+    // The focus leaves before the window goes: the window system would give it to nobody.
+    if (!visible) form_.LoseFocus(*this);
+    // What lost or got the focus may have unloaded the form.
+    if (native_) native_->SetVisible(visible);
 }
 
 String Control::Tag() {
@@ -30,12 +66,22 @@ String Control::Tag() {
 
 String Control::Text() {
     form_.EnsureLoaded();
+    if (HasList(design_.kind) && !HasEdit(design_.kind)) return SelectedItem();
+    TakeUsersText();
     return text_;
 }
 
 void Control::SetText(StringView text) {
     form_.EnsureLoaded();
+    if (HasList(design_.kind) && !HasEdit(design_.kind)) {
+        const auto found = std::find(items_.begin(), items_.end(), text);
+        if (found == items_.end()) throw Error(kPropertyIsReadOnly);
+        Select(static_cast<int>(found - items_.begin()));
+        return;
+    }
     text_ = text;
+    userHasText_ = false;
+    listIndex_ = kNoItem;
     native_->SetText(text_);
     FollowText();
 }
@@ -51,6 +97,7 @@ void Control::SetFont(const runtime::Font& font) {
     font_ = font;
     native_->SetFont(font_);
     FollowText();
+    FollowOwnHeight();
 }
 
 int Control::TabIndex() {
@@ -101,10 +148,16 @@ void Control::Attach(NativeWindow& window) {
     text_ = design_.text;
     font_ = {};
     tabStop_ = true;
+    visible_ = design_.visible;
+    items_.clear();
+    listIndex_ = kNoItem;
+    userHasText_ = false;
     native_ = &window.AddControl({design_.kind, design_.name, design_.picture});
     native_->SetFont(font_);
     native_->SetText(text_);
     native_->SetBounds(bounds_);
+    if (!visible_) native_->SetVisible(false);
+    FollowOwnHeight();
     FollowForm(window.InnerSize());
 }
 
@@ -126,6 +179,10 @@ void Control::FollowText() {
     const Size size = windows.TextSize(text_, font_, widest);
     bounds_ = {bounds_.left, bounds_.top, size.width, size.height};
     native_->SetBounds(bounds_);
+}
+
+void Control::FollowOwnHeight() {
+    if (DropsDown(design_.kind)) bounds_.height = native_->List()->ClosedHeight();
 }
 
 }  // namespace runtime

@@ -1,6 +1,11 @@
 // Controls: what stands on a form. A control exists as long as its form object; touching one of its properties loads
 // the form, and each load starts again from the design values.
+//
+// Texts and items of input controls are held as they were given, whatever the window system makes of them, until the
+// user changes them. A property that a kind of control lacks raises error 438.
 #pragma once
+
+#include <vector>
 
 #include "runtime/Font.h"
 #include "runtime/Geometry.h"
@@ -25,6 +30,7 @@ struct ControlDesign {
     int tabIndex = kNoIndex;   ///< place in the form's tab order; none for a control that has no such place
     bool sizesItself = false;  ///< a label that follows its text
     bool isCancel = false;     ///< the button that Escape presses
+    bool visible = true;
     const Picture* picture = nullptr;
 
     static constexpr int kNoIndex = -1;
@@ -47,14 +53,28 @@ class Control {
     ControlKind Kind() const { return design_.kind; }
     bool IsCancel() const { return design_.isCancel; }
     /// The user can type or press here.
-    bool TakesFocus() const { return design_.kind == ControlKind::kButton; }
+    bool TakesFocus() const { return design_.kind == ControlKind::kButton || IsInput(design_.kind); }
 
-    /// Place in the form's client area.
+    /// Place in the form's client area. A control whose list drops down has a height of its own, that of its closed
+    /// state, which follows its font; another height is not taken over.
     Rect Bounds();
     void SetBounds(const Rect& bounds);
+    Twips Left() { return Bounds().left; }
+    Twips Top() { return Bounds().top; }
+    Twips Width() { return Bounds().width; }
+    Twips Height() { return Bounds().height; }
+    void SetLeft(Twips left);
+    void SetTop(Twips top);
+    void SetWidth(Twips width);
+    void SetHeight(Twips height);
+    /// A hidden control is reached by no key.
+    bool Visible();
+    void SetVisible(bool visible);
     String Tag();
-    /// Caption of a label or button, text of a status bar. A label that sizes itself follows its text: its width grows
-    /// up to what the screen holds, then its lines wrap.
+    /// Caption of a label or button, text of a status bar, content of a text box or an editable combo, the selected
+    /// item of a list. A label that sizes itself follows its text: its width grows up to what the screen holds, then
+    /// its lines wrap. Setting it on a list selects the first item of that text, error 383 when there is none; on an
+    /// editable combo no item is selected afterwards.
     String Text();
     void SetText(StringView text);
     runtime::Font Font();
@@ -70,6 +90,30 @@ class Control {
     char16_t AccessKey();
     /// Repaints the control at once.
     void Refresh();
+    /// What a screen reader calls an input control.
+    void SetAccessibleName(StringView name);
+
+    // Controls with an edit part. Places are in UTF-16 units; they stay within the text.
+
+    std::size_t SelStart();
+    /// Nothing is selected afterwards. Error 380 for a negative one.
+    void SetSelStart(std::ptrdiff_t start);
+    std::size_t SelLength();
+    /// Error 380 for a negative one.
+    void SetSelLength(std::ptrdiff_t length);
+
+    // Controls with a list. Items count from 0.
+
+    void AddItem(StringView item);
+    /// Empties the text of an editable combo, too.
+    void ClearItems();
+    int ItemCount();
+    /// Error 381 outside the list.
+    String Item(int index);
+    /// The selected item; -1 for none.
+    int ListIndex();
+    /// Error 380 outside the list. An editable combo gets the item's text.
+    void SetListIndex(int index);
 
  private:
     friend class Form;
@@ -79,6 +123,19 @@ class Control {
     /// Docks an aligned control anew after the client area changed.
     void FollowForm(Size inner);
     void FollowText();
+    void FollowOwnHeight();
+    /// The user's doing.
+    void OnEdited();
+    void OnChosen(int item);
+    bool HasOpenList() const;
+    void CloseList(bool choose);
+    NativeEdit& LoadedEdit();
+    NativeList& LoadedList();
+    void Select(int index);
+    String SelectedItem() const;
+    void TakeUsersText();
+
+    static constexpr int kNoItem = -1;
 
     Form& form_;
     const ControlDesign design_;
@@ -87,6 +144,10 @@ class Control {
     String text_;
     runtime::Font font_;
     bool tabStop_ = true;
+    bool visible_ = true;
+    std::vector<String> items_;
+    int listIndex_ = kNoItem;
+    bool userHasText_ = false;  ///< the window's text is newer than text_
     NativeControl* native_ = nullptr;
 };
 

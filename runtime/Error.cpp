@@ -25,6 +25,8 @@ constexpr Entry kDescriptions[] = {
     {kObjectVariableNotSet, u"Object variable or With block variable not set"},
     {kObjectWasUnloaded, u"Object was unloaded"},
     {kInvalidPropertyValue, u"Invalid property value"},
+    {kInvalidPropertyIndex, u"Invalid property array index"},
+    {kPropertyIsReadOnly, u"Set not supported (read-only property)"},
     {kMoveWhileMinimisedOrMaximised, u"A form can't be moved or sized while minimized or maximized"},
     {kFormAlreadyDisplayed, u"Form already displayed; can't show modally"},
     {kPropertyNotSupported, u"Object doesn't support this property or method"},

@@ -25,6 +25,8 @@ enum ErrorNumber : std::int32_t {
     kObjectVariableNotSet = 91,
     kObjectWasUnloaded = 364,
     kInvalidPropertyValue = 380,
+    kInvalidPropertyIndex = 381,
+    kPropertyIsReadOnly = 383,
     kMoveWhileMinimisedOrMaximised = 384,
     kFormAlreadyDisplayed = 400,
     kPropertyNotSupported = 438,

@@ -57,6 +57,7 @@ void Form::MakeWindow() {
     visible_ = false;
     wasShown_ = false;
     backColour_ = design_.backColour;
+    font_ = {};
     scaleMode_ = kScaleTwips;
     WindowsPort& windows = CurrentPorts().windows;
     const Size outer = windows.OuterSize(design_.inner, design_.border);
@@ -248,6 +249,26 @@ void Form::SetScaleMode(std::int16_t mode) {
     EnsureLoaded();
     if (mode < 0 || mode > kLastScaleMode) throw Error(kInvalidPropertyValue);
     scaleMode_ = mode;
+}
+
+Font Form::Font() {
+    EnsureLoaded();
+    return font_;
+}
+
+void Form::SetFont(const runtime::Font& font) {
+    EnsureLoaded();
+    font_ = font;
+}
+
+Size Form::TextSize(StringView text) {
+    EnsureLoaded();
+    return CurrentPorts().windows.TextSize(text, font_, kEndlessWidth);
+}
+
+void Form::SetTopMost(bool onTop) {
+    EnsureLoaded();
+    window_->SetTopMost(onTop);
 }
 
 NativeHandle Form::Handle() {

@@ -11,6 +11,8 @@
 // the focused button, Escape the cancel button, Alt with a letter the button whose caption marks it; when several mark
 // it, the focus walks among them and none is pressed. A key that walks or presses is used up and does not become a
 // character. A key that is held walks on, but presses nothing: it may be held since another form had the focus.
+// While a list has dropped down, Enter chooses its item before it becomes a character, and Escape does nothing but take
+// the list away.
 #pragma once
 
 #include <memory>
@@ -88,6 +90,13 @@ class Form : private WindowEvents {
     /// Unit of the form's inner coordinates, 0..7 in the classic runtime's numbers (1 = twips); else error 380.
     std::int16_t ScaleMode();
     void SetScaleMode(std::int16_t mode);
+    /// The font that TextSize measures with; the controls have fonts of their own.
+    runtime::Font Font();
+    void SetFont(const runtime::Font& font);
+    /// Width of the widest line and height of all lines of `text` in the form's font; no text is one line high.
+    Size TextSize(StringView text);
+    /// Puts the window above all windows that are not topmost, or takes it back among them.
+    void SetTopMost(bool onTop);
     NativeHandle Handle();
     NativeHandle DeviceContext();
 
@@ -95,6 +104,7 @@ class Form : private WindowEvents {
     const std::vector<std::unique_ptr<Control>>& Controls();
     /// The control that has the focus, or has it whenever the form is active; null when none can have it.
     Control* FocusedControl();
+    /// Error 438 for a control that never takes the focus, 5 for a hidden one.
     void SetFocus(Control& control);
 
  protected:
@@ -109,6 +119,8 @@ class Form : private WindowEvents {
     virtual void OnKeyDown(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
     virtual void OnKeyUp(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
     virtual void OnKeyPress(char16_t& /*character*/) {}
+    /// The focused control's own handler; comes after OnKeyPress unless that swallowed the character.
+    virtual void OnControlKeyPress(Control& /*control*/, char16_t& /*character*/) {}
     virtual void OnClick(Control& /*control*/) {}
 
  private:
@@ -122,10 +134,14 @@ class Form : private WindowEvents {
     bool AccessKey(char16_t character) override;
     void Clicked(std::size_t control) override;
     void Focused(std::size_t control) override;
+    void Edited(std::size_t control) override;
+    void Chosen(std::size_t control, int item) override;
 
     friend class Control;
     int PlaceInTabOrder(const Control& control) const;
     void MoveInTabOrder(Control& control, int place);
+    /// Gives the focus to another control when this one has it.
+    void LoseFocus(Control& control);
 
     void MakeWindow();
     void ResetTabOrder();
@@ -134,6 +150,7 @@ class Form : private WindowEvents {
     void Resized();
     bool Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated);
     bool Press(Control* button);
+    bool PressCancel(bool isRepeated);
     void WalkFocus(int step);
     std::vector<Control*> Reachable() const;
 
@@ -152,6 +169,7 @@ class Form : private WindowEvents {
     bool visible_ = false;
     bool wasShown_ = false;
     Colour backColour_ = kButtonFace;
+    runtime::Font font_;
     std::int16_t scaleMode_ = 1;
 };
 

@@ -34,7 +34,7 @@ std::vector<Control*> Form::Reachable() const {
     std::vector<Control*> all;
     std::vector<Control*> stops;
     for (Control* control : tabOrder_) {
-        if (!control->TakesFocus()) continue;
+        if (!control->TakesFocus() || !control->visible_) continue;
         all.push_back(control);
         if (control->tabStop_) stops.push_back(control);
     }
@@ -59,33 +59,52 @@ Control* Form::FocusedControl() {
 void Form::SetFocus(Control& control) {
     EnsureLoaded();
     if (!control.TakesFocus()) throw Error(kPropertyNotSupported);
+    if (!control.visible_) throw Error(kInvalidProcedureCall);
     focused_ = &control;
     control.native_->SetFocus();
 }
 
+void Form::LoseFocus(Control& control) {
+    if (focused_ != &control) return;
+    focused_ = nullptr;
+    // A form that is not shown chooses when it is.
+    if (visible_) WalkFocus(1);
+}
+
 bool Form::Press(Control* button) {
-    if (!button || button->Kind() != ControlKind::kButton) return false;
+    if (!button || button->Kind() != ControlKind::kButton || !button->visible_) return false;
     SetFocus(*button);
     // What lost the focus may have unloaded the form.
     if (window_) OnClick(*button);
     return true;
 }
 
+bool Form::PressCancel(bool isRepeated) {
+    const auto cancel =
+        std::find_if(controls_.begin(), controls_.end(), [](const auto& control) { return control->IsCancel(); });
+    const bool canBePressed = cancel != controls_.end() && (*cancel)->visible_;
+    return canBePressed && (isRepeated || Press(cancel->get()));
+}
+
 bool Form::Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
     if ((shift & (kCtrl | kAlt)) != 0) return false;
     const bool onButton = focused_ && focused_->Kind() == ControlKind::kButton;
+    const bool onOpenList = focused_ && focused_->HasOpenList();
     switch (keyCode) {
         case kKeyTab:
             WalkFocus((shift & kShift) != 0 ? -1 : 1);
             return true;
         case kKeyEnter:
+            // Here and not by the character: its handlers must find the item chosen.
+            if (onOpenList) focused_->CloseList(true);
+            if (onButton) return isRepeated || Press(focused_);
+            // Held, it may have been meant for another form; only a new line cannot do harm.
+            return isRepeated && focused_ && focused_->Kind() != ControlKind::kTextBlock;
         case kKeySpace:
             return onButton && (isRepeated || Press(focused_));
-        case kKeyEscape: {
-            const auto cancel = std::find_if(controls_.begin(), controls_.end(),
-                                             [](const auto& control) { return control->IsCancel(); });
-            return cancel != controls_.end() && (isRepeated || Press(cancel->get()));
-        }
+        case kKeyEscape:
+            if (onOpenList) focused_->CloseList(false);
+            return onOpenList || PressCancel(isRepeated);
         case kKeyLeft:
         case kKeyUp:
             if (onButton) WalkFocus(-1);
@@ -113,13 +132,14 @@ bool Form::KeyUp(std::int16_t keyCode, std::int16_t shift) {
 
 bool Form::KeyPress(char16_t character) {
     OnKeyPress(character);
+    if (character != 0 && window_ && focused_) OnControlKeyPress(*focused_, character);
     return character == 0 || !window_;
 }
 
 bool Form::AccessKey(char16_t character) {
     const char16_t wanted = CurrentPorts().locale.LowerCase(StringView(&character, 1)).front();
     const auto end = tabOrder_.end();
-    const auto isMarked = [wanted](Control* control) { return control->AccessKey() == wanted; };
+    const auto isMarked = [wanted](Control* control) { return control->visible_ && control->AccessKey() == wanted; };
     const auto first = std::find_if(tabOrder_.begin(), end, isMarked);
     if (wanted == 0 || first == end) return false;
     const bool isOnlyOne = std::none_of(first + 1, end, isMarked);
@@ -137,6 +157,14 @@ void Form::Clicked(std::size_t control) {
 void Form::Focused(std::size_t control) {
     Control& got = *controls_.at(control);
     if (got.TakesFocus()) focused_ = &got;
+}
+
+void Form::Edited(std::size_t control) {
+    controls_.at(control)->OnEdited();
+}
+
+void Form::Chosen(std::size_t control, int item) {
+    controls_.at(control)->OnChosen(item);
 }
 
 }  // namespace runtime

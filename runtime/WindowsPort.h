@@ -4,11 +4,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 
 #include "runtime/Font.h"
 #include "runtime/Geometry.h"
-#include "runtime/Picture.h"
+#include "runtime/NativeControl.h"
 #include "runtime/Text.h"
 
 namespace runtime {
@@ -19,8 +20,6 @@ enum class BorderStyle : std::int32_t { kSizable = 2, kFixedDialog = 3 };
 /// Why a form is asked to unload, in the classic runtime's numbers.
 enum class UnloadReason : std::int32_t { kUser = 0, kCode = 1, kSystemEnd = 2 };
 
-enum class ControlKind { kStatusBar, kLabel, kButton, kPicture };
-
 /// Held modifier keys, as key events report them.
 enum ShiftState : std::int16_t { kShift = 1, kCtrl = 2, kAlt = 4 };
 
@@ -30,10 +29,13 @@ enum KeyCode : std::int16_t {
     kKeyEnter = 13,
     kKeyEscape = 27,
     kKeySpace = 32,
+    kKeyEnd = 35,
+    kKeyHome = 36,
     kKeyLeft = 37,
     kKeyUp = 38,
     kKeyRight = 39,
     kKeyDown = 40,
+    kKeyF4 = 115,
 };
 
 /// A platform handle (window, device context) as a number; 32 bits wide in the component.
@@ -67,27 +69,10 @@ class WindowEvents {
     virtual void Clicked(std::size_t control) = 0;
     /// The control got the focus by the user's doing.
     virtual void Focused(std::size_t control) = 0;
-};
-
-/// What a control's window is made with.
-struct ControlLook {
-    ControlKind kind;
-    String name;
-    const Picture* picture = nullptr;
-};
-
-/// A control's window. Destroyed with its NativeWindow.
-class NativeControl {
- public:
-    virtual ~NativeControl() = default;
-
-    /// Place in the form's client area.
-    virtual void SetBounds(const Rect& bounds) = 0;
-    virtual void SetText(const String& text) = 0;
-    virtual void SetFont(const Font& font) = 0;
-    virtual void SetFocus() = 0;
-    /// Repaints at once.
-    virtual void Refresh() = 0;
+    /// The user changed the text of a control with an edit part.
+    virtual void Edited(std::size_t control) = 0;
+    /// The user selected an item of the control's list, from 0; -1 for none. An editable combo shows the item's text.
+    virtual void Chosen(std::size_t control, int item) = 0;
 };
 
 /// A form's window. Destroying it closes the window without asking anybody.
@@ -101,6 +86,8 @@ class NativeWindow {
     /// Takes effect, and is reported, at once on a visible window; otherwise when it is shown.
     virtual void SetState(WindowState state) = 0;
     virtual void SetBackColour(Colour colour) = 0;
+    /// Above all windows that are not topmost, or among them again; nothing else changes.
+    virtual void SetTopMost(bool onTop) = 0;
     /// Size of the client area.
     virtual Size InnerSize() const = 0;
     virtual NativeHandle Handle() const = 0;
@@ -130,6 +117,9 @@ class ModalLoop {
     virtual void End() = 0;
 };
 
+/// The width for texts whose lines break at line ends only.
+inline constexpr Twips kEndlessWidth = std::numeric_limits<Twips>::infinity();
+
 class WindowsPort {
  public:
     virtual ~WindowsPort() = default;
@@ -142,7 +132,7 @@ class WindowsPort {
     /// The pointer's shape while it is over the component's windows, in the classic runtime's numbers.
     virtual std::int16_t MousePointer() = 0;
     virtual void SetMousePointer(std::int16_t shape) = 0;
-    /// Size of `text` as a label shows it, its lines wrapped at `wrapWidth`.
+    /// Size of `text` as a label shows it, its lines wrapped at `wrapWidth` (kEndlessWidth: not at all).
     virtual Size TextSize(StringView text, const Font& font, Twips wrapWidth) = 0;
     /// The number of the window message that all modules of the session know by `name`; 0 when there is none.
     virtual std::uint32_t RegisterMessage(StringView name) = 0;

@@ -60,7 +60,7 @@ void MemoryWindows::DoEvents() {
 
 Size MemoryWindows::TextSize(StringView text, const Font& font, Twips wrapWidth) {
     FixedMeasure measure(font);
-    const TextLayout layout = LayOut(text, static_cast<int>(wrapWidth), measure);
+    const TextLayout layout = LayOut(text, wrapWidth == kEndlessWidth ? kNoWrap : static_cast<int>(wrapWidth), measure);
     return {static_cast<Twips>(layout.width), static_cast<Twips>(layout.height)};
 }
 
@@ -148,7 +148,7 @@ Size MemoryWindow::InnerSize() const {
 }
 
 NativeControl& MemoryWindow::AddControl(const ControlLook& look) {
-    controls.push_back(std::make_unique<MemoryControl>(look));
+    controls.push_back(std::make_unique<MemoryControl>(*this, look));
     return *controls.back();
 }
 

@@ -7,27 +7,9 @@
 #include <vector>
 
 #include "runtime/WindowsPort.h"
+#include "runtime/headless/MemoryControl.h"
 
 namespace runtime::headless {
-
-class MemoryWindow;
-
-/// A control's values as its form last told them.
-struct MemoryControl : NativeControl {
-    explicit MemoryControl(ControlLook controlLook) : look(std::move(controlLook)) {}
-    void SetBounds(const Rect& newBounds) override { bounds = newBounds; }
-    void SetText(const String& newText) override { text = newText; }
-    void SetFont(const Font& newFont) override { font = newFont; }
-    void SetFocus() override { ++focuses; }
-    void Refresh() override { ++refreshes; }
-
-    ControlLook look;
-    Rect bounds;
-    String text;
-    Font font;
-    int focuses = 0;
-    int refreshes = 0;
-};
 
 class MemoryWindows : public WindowsPort {
  public:
@@ -83,6 +65,7 @@ class MemoryWindow : public NativeWindow {
     void SetVisible(bool newVisible) override;
     void SetState(WindowState newState) override;
     void SetBackColour(Colour colour) override { backColour = colour; }
+    void SetTopMost(bool onTop) override { topMost.push_back(onTop); }
     Size InnerSize() const override;
     NativeHandle Handle() const override { return handle_; }
     NativeHandle DeviceContext() override { return handle_ + 1; }
@@ -92,6 +75,11 @@ class MemoryWindow : public NativeWindow {
     MemoryControl& Control(StringView name) const;
     /// What the form is told by the window system.
     WindowEvents& Events() const { return events_; }
+    /// The user presses and releases a key. Enter, Space, Escape and Tab become characters, too, unless the form uses
+    /// them up.
+    void Press(std::int16_t keyCode, std::int16_t shift = 0);
+    /// The user writes characters.
+    void Type(StringView text);
 
     String caption;
     BorderStyle border;
@@ -101,8 +89,14 @@ class MemoryWindow : public NativeWindow {
     bool enabled = true;  ///< takes input
     Colour backColour;
     std::vector<std::unique_ptr<MemoryControl>> controls;
+    MemoryControl* focused = nullptr;
+    /// Every call of SetTopMost, in order.
+    std::vector<bool> topMost;
 
  private:
+    static bool Lives(const MemoryWindows& system, const MemoryWindow* window);
+    void TypeOne(char16_t character);
+
     MemoryWindows& system_;
     WindowEvents& events_;
     NativeHandle handle_;

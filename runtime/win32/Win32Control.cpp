@@ -2,54 +2,67 @@
 
 #include <commctrl.h>
 
+#include <algorithm>
+
 #include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/Pixels.h"
+#include "runtime/win32/Win32Combo.h"
 #include "runtime/win32/Win32Label.h"
+#include "runtime/win32/Win32ListBox.h"
 #include "runtime/win32/Win32Picture.h"
+#include "runtime/win32/Win32TextBox.h"
 #include "runtime/win32/Win32Window.h"
 #include "runtime/win32/Win32Windows.h"
 
 namespace runtime::win32 {
 namespace {
 
-struct WindowKind {
-    const wchar_t* className;
-    DWORD style;
-};
-
-WindowKind KindOfWindow(ControlKind kind) {
-    switch (kind) {
-        case ControlKind::kStatusBar:
-            // The form places the bar; the control must not place itself.
-            return {STATUSCLASSNAMEW, CCS_NORESIZE | CCS_NOPARENTALIGN};
-        case ControlKind::kLabel:
-            return {Win32Label::ClassName(), 0};
-        case ControlKind::kButton:
-            // Reports when it gets the focus, too.
-            return {L"BUTTON", BS_PUSHBUTTON | BS_NOTIFY};
-        case ControlKind::kPicture:
-            return {L"STATIC", SS_ICON};
-    }
-    return {nullptr, 0};
-}
-
-HWND CreateControl(HWND parent, HINSTANCE instance, ControlKind kind, int id) {
-    if (kind == ControlKind::kStatusBar) {
-        const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES};
-        InitCommonControlsEx(&classes);
-    }
-    const WindowKind made = KindOfWindow(kind);
-    return CreateWindowExW(0, made.className, L"", WS_CHILD | WS_VISIBLE | made.style, 0, 0, 0, 0, parent,
+HWND CreateChild(HWND parent, HINSTANCE instance, const wchar_t* className, const wchar_t* text, DWORD style,
+                 DWORD extendedStyle, int id) {
+    return CreateWindowExW(extendedStyle, className, text, WS_CHILD | style, 0, 0, 0, 0, parent,
                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance, nullptr);
 }
 
 }  // namespace
 
-Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
-    : parent_(parent), system_(system), kind_(look.kind) {
-    window_ = CreateControl(reinterpret_cast<HWND>(parent.Handle()), system.Instance(), look.kind, id);
+Win32Control::WindowKind Win32Control::KindOfWindow(ControlKind kind) {
+    switch (kind) {
+        case ControlKind::kStatusBar:
+            // The form places the bar; the control must not place itself.
+            return {STATUSCLASSNAMEW, CCS_NORESIZE | CCS_NOPARENTALIGN, 0};
+        case ControlKind::kLabel:
+            return {Win32Label::ClassName(), 0, 0};
+        case ControlKind::kPicture:
+            return {WC_STATICW, SS_ICON, 0};
+        default:
+            // A button; it reports when it gets the focus, too.
+            return {WC_BUTTONW, BS_PUSHBUTTON | BS_NOTIFY, 0};
+    }
+}
+
+std::unique_ptr<Win32Control> Win32Control::Make(Win32Window& parent, Win32Windows& system, const ControlLook& look,
+                                                 int id) {
+    if (DropsDown(look.kind)) return std::make_unique<Win32Combo>(parent, system, look, id);
+    if (HasEdit(look.kind)) return std::make_unique<Win32TextBox>(parent, system, look, id);
+    if (HasList(look.kind)) return std::make_unique<Win32ListBox>(parent, system, look, id);
+    return std::unique_ptr<Win32Control>(new Win32Control(parent, system, look, id));
+}
+
+Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKind kind, int id,
+                           const WindowKind& windowKind)
+    : parent_(parent), system_(system), kind_(kind) {
+    if (kind == ControlKind::kStatusBar) {
+        const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES};
+        InitCommonControlsEx(&classes);
+    }
+    window_ = CreateChild(reinterpret_cast<HWND>(parent.Handle()), system.Instance(), windowKind.className, L"",
+                          WS_VISIBLE | windowKind.style, windowKind.extendedStyle, id);
     if (!window_) throw Error(kOutOfMemory);
+}
+
+Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
+    : Win32Control(parent, system, look.kind, id, KindOfWindow(look.kind)) {
     // One text area over the whole bar.
     if (kind_ == ControlKind::kStatusBar) SendMessageW(window_, SB_SIMPLE, TRUE, 0);
     if (look.picture) {
@@ -81,6 +94,10 @@ void Win32Control::SetFont(const Font& font) {
     Callback::Into([&] { SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(made), TRUE); });
 }
 
+void Win32Control::SetVisible(bool visible) {
+    Callback::Into([&] { ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE); });
+}
+
 void Win32Control::SetFocus() {
     parent_.FocusControl(window_);
 }
@@ -88,6 +105,57 @@ void Win32Control::SetFocus() {
 void Win32Control::Refresh() {
     InvalidateRect(window_, nullptr, TRUE);
     UpdateWindow(window_);
+}
+
+void Win32Control::SetAccessibleName(const String& name) {
+    if (name_) {
+        SetWindowTextW(name_, Wide(name));
+        return;
+    }
+    name_ = CreateChild(GetParent(window_), system_.Instance(), WC_STATICW, Wide(name), 0, 0, -1);
+    if (!name_) throw Error(kOutOfMemory);
+    const auto putBehind = [](HWND window, HWND before) {
+        SetWindowPos(window, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    };
+    const HWND before = GetWindow(window_, GW_HWNDPREV);
+    putBehind(name_, before ? before : HWND_TOP);
+}
+
+Notice Win32Control::NoticeOf(WORD code) {
+    if (kind_ != ControlKind::kButton) return Notice::kNone;
+    switch (code) {
+        case BN_CLICKED:
+            return Notice::kClicked;
+        case BN_SETFOCUS:
+            return Notice::kFocused;
+        default:
+            return Notice::kNone;
+    }
+}
+
+String Shown(const String& text) {
+    String shown = text;
+    std::replace(shown.begin(), shown.end(), u'\0', u' ');
+    return shown;
+}
+
+String TextOf(HWND window) {
+    String text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, u'\0');
+    const int taken = GetWindowTextW(window, Wide(text.data()), static_cast<int>(text.size()));
+    text.resize(static_cast<std::size_t>(taken));
+    return text;
+}
+
+TextRange SelectionOf(HWND edit) {
+    DWORD start = 0;
+    DWORD end = 0;
+    SendMessageW(edit, EM_GETSEL, reinterpret_cast<WPARAM>(&start), reinterpret_cast<LPARAM>(&end));
+    return {start, end - start};
+}
+
+void SelectIn(HWND edit, TextRange range) {
+    SendMessageW(edit, EM_SETSEL, range.start, static_cast<LPARAM>(range.start + range.length));
+    SendMessageW(edit, EM_SCROLLCARET, 0, 0);
 }
 
 }  // namespace runtime::win32

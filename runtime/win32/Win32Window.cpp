@@ -116,6 +116,13 @@ void Win32Window::SetBackColour(Colour colour) {
     if (window_) InvalidateRect(window_, nullptr, TRUE);
 }
 
+void Win32Window::SetTopMost(bool onTop) {
+    Callback::Into([&] {
+        SetWindowPos(window_, onTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
+                     SWP_NOSIZE | SWP_NOMOVE | SWP_NOOWNERZORDER);
+    });
+}
+
 Size Win32Window::InnerSize() const {
     RECT client{};
     GetClientRect(window_, &client);
@@ -129,7 +136,7 @@ NativeHandle Win32Window::DeviceContext() {
 
 NativeControl& Win32Window::AddControl(const ControlLook& look) {
     const int id = kFirstControlId + static_cast<int>(controls_.size());
-    controls_.push_back(std::make_unique<Win32Control>(*this, system_, look, id));
+    controls_.push_back(Win32Control::Make(*this, system_, look, id));
     return *controls_.back();
 }
 
@@ -214,7 +221,7 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return DefWindowProcW(window, message, wParam, lParam);
         }
         case WM_SETFOCUS:
-            if (focus_) SetFocus(focus_);
+            if (focus_ && (GetWindowLongW(focus_, GWL_STYLE) & WS_VISIBLE)) SetFocus(focus_);
             return 0;
         case WM_COMMAND:
             OnCommand(wParam, lParam);
@@ -254,16 +261,22 @@ void Win32Window::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (!lParam) return;
     const auto control = static_cast<std::size_t>(LOWORD(wParam)) - kFirstControlId;
     if (control >= controls_.size()) return;
-    switch (HIWORD(wParam)) {
-        case BN_CLICKED:
+    switch (controls_[control]->NoticeOf(HIWORD(wParam))) {
+        case Notice::kClicked:
             // A message can press a button of a window that takes no input.
             if (IsWindowEnabled(window_)) events_.Clicked(control);
             return;
-        case BN_SETFOCUS:
+        case Notice::kFocused:
             focus_ = reinterpret_cast<HWND>(lParam);
             events_.Focused(control);
             return;
-        default:
+        case Notice::kEdited:
+            events_.Edited(control);
+            return;
+        case Notice::kChosen:
+            events_.Chosen(control, controls_[control]->ChosenItem());
+            return;
+        case Notice::kNone:
             return;
     }
 }

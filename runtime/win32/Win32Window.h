@@ -11,6 +11,7 @@
 
 namespace runtime::win32 {
 
+class Win32Control;
 class Win32Windows;
 
 class Win32Window : public NativeWindow {
@@ -26,6 +27,7 @@ class Win32Window : public NativeWindow {
     void SetVisible(bool visible) override;
     void SetState(WindowState state) override;
     void SetBackColour(Colour colour) override;
+    void SetTopMost(bool onTop) override;
     Size InnerSize() const override;
     NativeHandle Handle() const override { return reinterpret_cast<NativeHandle>(window_); }
     NativeHandle DeviceContext() override;
@@ -59,7 +61,7 @@ class Win32Window : public NativeWindow {
     COLORREF backColour_ = 0;
     GdiBrush background_;
     HWND focus_ = nullptr;
-    std::vector<std::unique_ptr<NativeControl>> controls_;
+    std::vector<std::unique_ptr<Win32Control>> controls_;
 };
 
 }  // namespace runtime::win32

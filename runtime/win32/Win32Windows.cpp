@@ -125,7 +125,7 @@ std::unique_ptr<ModalLoop> Win32Windows::BeginModal(NativeWindow& window) {
 
 Size Win32Windows::TextSize(StringView text, const Font& font, Twips wrapWidth) {
     GdiMeasure measure(fonts_.Get(font));
-    const TextLayout layout = LayOut(text, ToPixels(wrapWidth), measure);
+    const TextLayout layout = LayOut(text, wrapWidth == kEndlessWidth ? kNoWrap : ToPixels(wrapWidth), measure);
     return {ToTwips(layout.width), ToTwips(layout.height)};
 }
 

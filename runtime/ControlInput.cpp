@@ -1,0 +1,126 @@
+// What only input controls have: texts that the user changes, their selected part, and lists of items.
+#include <algorithm>
+#include <cstddef>
+
+#include "runtime/Control.h"
+#include "runtime/Error.h"
+#include "runtime/Form.h"
+
+namespace runtime {
+
+NativeEdit& Control::LoadedEdit() {
+    form_.EnsureLoaded();
+    if (!HasEdit(design_.kind)) throw Error(kPropertyNotSupported);
+    return *native_->Edit();
+}
+
+NativeList& Control::LoadedList() {
+    form_.EnsureLoaded();
+    if (!HasList(design_.kind)) throw Error(kPropertyNotSupported);
+    return *native_->List();
+}
+
+void Control::SetAccessibleName(StringView name) {
+    form_.EnsureLoaded();
+    if (!IsInput(design_.kind)) throw Error(kPropertyNotSupported);
+    native_->SetAccessibleName(String(name));
+}
+
+void Control::TakeUsersText() {
+    if (!userHasText_) return;
+    text_ = native_->Edit()->Text();
+    userHasText_ = false;
+}
+
+void Control::OnEdited() {
+    userHasText_ = true;
+    listIndex_ = kNoItem;
+}
+
+void Control::OnChosen(int item) {
+    listIndex_ = item >= 0 && static_cast<std::size_t>(item) < items_.size() ? item : kNoItem;
+    userHasText_ = false;
+    if (HasEdit(design_.kind)) text_ = SelectedItem();
+}
+
+bool Control::HasOpenList() const {
+    return HasList(design_.kind) && native_->List()->IsOpen();
+}
+
+void Control::CloseList(bool choose) {
+    native_->List()->Close(choose);
+}
+
+std::size_t Control::SelStart() {
+    return LoadedEdit().Selection().start;
+}
+
+void Control::SetSelStart(std::ptrdiff_t start) {
+    NativeEdit& edit = LoadedEdit();
+    if (start < 0) throw Error(kInvalidPropertyValue);
+    TakeUsersText();
+    edit.SetSelection({std::min(static_cast<std::size_t>(start), text_.size()), 0});
+}
+
+std::size_t Control::SelLength() {
+    return LoadedEdit().Selection().length;
+}
+
+void Control::SetSelLength(std::ptrdiff_t length) {
+    NativeEdit& edit = LoadedEdit();
+    if (length < 0) throw Error(kInvalidPropertyValue);
+    TakeUsersText();
+    const std::size_t start = std::min(edit.Selection().start, text_.size());
+    edit.SetSelection({start, std::min(static_cast<std::size_t>(length), text_.size() - start)});
+}
+
+void Control::AddItem(StringView item) {
+    NativeList& list = LoadedList();
+    items_.emplace_back(item);
+    try {
+        list.Add(items_.back());
+    } catch (...) {
+        items_.pop_back();
+        throw;
+    }
+}
+
+void Control::ClearItems() {
+    NativeList& list = LoadedList();
+    items_.clear();
+    OnChosen(kNoItem);
+    list.Clear();
+}
+
+int Control::ItemCount() {
+    LoadedList();
+    return static_cast<int>(items_.size());
+}
+
+String Control::Item(int index) {
+    LoadedList();
+    if (index < 0 || index >= ItemCount()) throw Error(kInvalidPropertyIndex);
+    return items_[static_cast<std::size_t>(index)];
+}
+
+int Control::ListIndex() {
+    LoadedList();
+    return listIndex_;
+}
+
+void Control::SetListIndex(int index) {
+    LoadedList();
+    if (index < kNoItem || index >= ItemCount()) throw Error(kInvalidPropertyValue);
+    Select(index);
+}
+
+void Control::Select(int index) {
+    OnChosen(index);
+    native_->List()->Choose(index);
+}
+
+String Control::SelectedItem() const {
+    return listIndex_ == kNoItem ? String() : items_[static_cast<std::size_t>(listIndex_)];
+}
+
+}  // namespace runtime

@@ -1,0 +1,128 @@
+#include "runtime/win32/Win32Combo.h"
+
+#include <commctrl.h>
+
+#include "runtime/Error.h"
+#include "runtime/win32/Callback.h"
+#include "runtime/win32/Pixels.h"
+
+namespace runtime::win32 {
+namespace {
+
+constexpr int kItemsInList = 8;
+
+DWORD StyleOf(ControlKind kind) {
+    const DWORD both = CBS_HASSTRINGS | WS_VSCROLL;
+    return kind == ControlKind::kCombo ? both | CBS_DROPDOWN | CBS_AUTOHSCROLL : both | CBS_DROPDOWNLIST;
+}
+
+}  // namespace
+
+Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
+    : Win32Control(parent, system, look.kind, id, {WC_COMBOBOXW, StyleOf(look.kind), 0}) {
+    if (look.kind != ControlKind::kCombo) return;
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    GetComboBoxInfo(Window(), &parts);
+    edit_ = parts.hwndItem;
+    if (!edit_) throw Error(kOutOfMemory);
+    // As long as memory holds it.
+    SendMessageW(edit_, EM_SETLIMITTEXT, 0, 0);
+}
+
+void Win32Combo::SetBounds(const Rect& bounds) {
+    bounds_ = bounds;
+    const RECT closed = ToPixels(bounds);
+    const auto itemHeight = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, 0, 0));
+    // The window system takes the height of the open control, and gives the closed one its own.
+    const int open = ToPixels(ClosedHeight()) + kItemsInList * itemHeight + 2 * GetSystemMetrics(SM_CYBORDER);
+    Callback::Into([&] {
+        SetWindowPos(Window(), nullptr, static_cast<int>(closed.left), static_cast<int>(closed.top),
+                     static_cast<int>(closed.right - closed.left), open, SWP_NOZORDER | SWP_NOACTIVATE);
+    });
+}
+
+void Win32Combo::SetFont(const Font& font) {
+    Win32Control::SetFont(font);
+    SetBounds(bounds_);
+}
+
+void Win32Combo::SetText(const String& text) {
+    if (!edit_) return;
+    const Whilst setting(isSetting_);
+    SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
+    Win32Control::SetText(Shown(text));
+    SetSelection({});
+}
+
+void Win32Combo::Add(const String& item) {
+    const LRESULT place = SendMessageW(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(Shown(item))));
+    if (place < 0) throw Error(kOutOfMemory);
+}
+
+void Win32Combo::Clear() {
+    const Whilst setting(isSetting_);
+    SendMessageW(Window(), CB_RESETCONTENT, 0, 0);
+    if (edit_) SetWindowTextW(edit_, L"");
+}
+
+void Win32Combo::Choose(int index) {
+    const Whilst setting(isSetting_);
+    SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+}
+
+bool Win32Combo::IsOpen() {
+    return SendMessageW(Window(), CB_GETDROPPEDSTATE, 0, 0) != FALSE;
+}
+
+void Win32Combo::Close(bool choose) {
+    // The one message after which the window itself tells a choice from a cancelled one.
+    Callback::Into([&] { SendMessageW(Window(), WM_KEYDOWN, choose ? VK_RETURN : VK_ESCAPE, 1); });
+}
+
+Twips Win32Combo::ClosedHeight() {
+    RECT outer{};
+    GetWindowRect(Window(), &outer);
+    return ToTwips(outer).height;
+}
+
+int Win32Combo::ChosenItem() {
+    return static_cast<int>(SendMessageW(Window(), CB_GETCURSEL, 0, 0));
+}
+
+Notice Win32Combo::NoticeOf(WORD code) {
+    if (code == CBN_SETFOCUS) return Notice::kFocused;
+    if (isSetting_) return Notice::kNone;
+    switch (code) {
+        case CBN_SELCHANGE:
+            return Notice::kChosen;
+        case CBN_EDITCHANGE:
+            return Notice::kEdited;
+        case CBN_DROPDOWN:
+            textAtOpening_ = Text();
+            itemAtOpening_ = ChosenItem();
+            return Notice::kNone;
+        case CBN_CLOSEUP:
+            return NoticeOfClosing();
+        default:
+            return Notice::kNone;
+    }
+}
+
+String Win32Combo::TextOfItem(int item) const {
+    const LRESULT length = SendMessageW(Window(), CB_GETLBTEXTLEN, static_cast<WPARAM>(item), 0);
+    if (length < 0) return {};
+    String text(static_cast<std::size_t>(length), u'\0');
+    SendMessageW(Window(), CB_GETLBTEXT, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(Wide(text.data())));
+    return text;
+}
+
+Notice Win32Combo::NoticeOfClosing() {
+    const int item = ChosenItem();
+    const String text = Text();
+    if (item == itemAtOpening_ && text == textAtOpening_) return Notice::kNone;
+    const bool isItem = !edit_ || (item >= 0 && text == TextOfItem(item));
+    return isItem ? Notice::kChosen : Notice::kEdited;
+}
+
+}  // namespace runtime::win32

@@ -1,0 +1,249 @@
+// Input controls as real windows: how they look to the window system, to screen readers and to the system's own input
+// queue, and that none stays behind.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <utility>
+
+#include "runtime/win32/Handle.h"
+#include "runtime/win32/Win32Control.h"
+#include "tests/support/InputForm.h"
+#include "tests/support/RuntimeFixture.h"
+#include "tests/support/TypingUser.h"
+
+// clang-format off
+#include <initguid.h>
+#include <oleacc.h>
+// clang-format on
+
+namespace runtime::win32 {
+namespace {
+
+using ::testing::ElementsAre;
+
+class RealInputs : public tests::RuntimeTest {
+ protected:
+    HWND Window() { return reinterpret_cast<HWND>(form_.Handle()); }
+    /// The window of the n-th control, in the order in which they were added.
+    HWND WindowOf(int number) {
+        constexpr int kFirstId = 100;
+        return GetDlgItem(Window(), kFirstId + number);
+    }
+    HWND TextWindow() { return WindowOf(0); }
+    HWND ComboWindow() { return WindowOf(1); }
+    HWND BlockWindow() { return WindowOf(3); }
+    HWND ListWindow() { return WindowOf(4); }
+    void ShowOn(Control& control) {
+        form_.SetVisible(true);
+        SetForegroundWindow(Window());
+        form_.SetFocus(control);
+        DoEvents();
+        form_.log.clear();
+    }
+
+    tests::InputForm form_;
+    tests::TypingUser user_{form_};
+};
+
+/// What a screen reader is told of a window.
+String AccessibleNameOf(HWND window) {
+    const Library oleacc(LoadLibraryW(L"oleacc.dll"));
+    const Library automation(LoadLibraryW(L"oleaut32.dll"));
+    using FromWindow = HRESULT(WINAPI*)(HWND, DWORD, REFIID, void**);
+    using FreeText = void(WINAPI*)(BSTR);
+    const auto fromWindow = reinterpret_cast<FromWindow>(
+        reinterpret_cast<void*>(GetProcAddress(oleacc.Get(), "AccessibleObjectFromWindow")));
+    const auto freeText =
+        reinterpret_cast<FreeText>(reinterpret_cast<void*>(GetProcAddress(automation.Get(), "SysFreeString")));
+    IAccessible* accessible = nullptr;
+    if (FAILED(fromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                          reinterpret_cast<void**>(&accessible))))
+        return u"(no object)";
+    VARIANT self{};
+    self.vt = VT_I4;
+    self.lVal = CHILDID_SELF;
+    BSTR name = nullptr;
+    const HRESULT result = accessible->get_accName(self, &name);
+    accessible->Release();
+    if (result != S_OK || !name) return u"(no name)";
+    const String text = ToString(name);
+    freeText(name);
+    return text;
+}
+
+TEST_F(RealInputs, AreCalledByTheirAccessibleName) {
+    form_.text.SetAccessibleName(u"Old");
+    for (Control* control : {&form_.text, &form_.block}) control->SetAccessibleName(u"Value of " + control->Name());
+    EXPECT_EQ(AccessibleNameOf(TextWindow()), u"Value of text");
+    EXPECT_EQ(AccessibleNameOf(BlockWindow()), u"Value of block");
+}
+
+// Wine's own reader of names looks for the label of an edit window only, so the other kinds are shown here.
+TEST_F(RealInputs, NameStandsDirectlyBeforeItsControlAndIsNotShown) {
+    for (const int number : {0, 1, 2, 3, 4}) {
+        Control& control = *form_.Controls()[static_cast<std::size_t>(number)];
+        const HWND before = GetWindow(WindowOf(number), GW_HWNDPREV);
+        control.SetAccessibleName(u"First");
+        control.SetAccessibleName(u"Second");
+        const HWND label = GetWindow(WindowOf(number), GW_HWNDPREV);
+        EXPECT_EQ(TextOf(label), u"Second");
+        EXPECT_TRUE(SendMessageW(label, WM_GETDLGCODE, 0, 0) & DLGC_STATIC);
+        EXPECT_FALSE(GetWindowLongW(label, GWL_STYLE) & WS_VISIBLE);
+        EXPECT_EQ(GetWindow(label, GW_HWNDPREV), before);
+    }
+}
+
+TEST_F(RealInputs, TopMostChangesNothingButTheOrderOfWindows) {
+    form_.SetVisible(true);
+    const auto isTopMost = [this] { return (GetWindowLongW(Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
+    RECT before{};
+    GetWindowRect(Window(), &before);
+    form_.SetTopMost(true);
+    EXPECT_TRUE(isTopMost());
+    RECT after{};
+    GetWindowRect(Window(), &after);
+    EXPECT_TRUE(EqualRect(&before, &after));
+    form_.SetTopMost(false);
+    EXPECT_FALSE(isTopMost());
+}
+
+TEST_F(RealInputs, HiddenOnesHaveNoVisibleWindow) {
+    form_.text.SetVisible(false);
+    form_.SetVisible(true);
+    EXPECT_FALSE(IsWindowVisible(TextWindow()));
+    form_.text.SetVisible(true);
+    EXPECT_TRUE(IsWindowVisible(TextWindow()));
+}
+
+TEST_F(RealInputs, OpenListShowsEightItems) {
+    for (int i = 0; i < 50; ++i) form_.combo.AddItem(u"item");
+    ShowOn(form_.combo);
+    user_.Press(kKeyF4);
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    ASSERT_TRUE(GetComboBoxInfo(ComboWindow(), &parts));
+    EXPECT_TRUE(IsWindowVisible(parts.hwndList));
+    RECT client{};
+    GetClientRect(parts.hwndList, &client);
+    EXPECT_EQ(client.bottom / SendMessageW(parts.hwndList, LB_GETITEMHEIGHT, 0, 0), 8);
+    user_.Press(kKeyEscape);
+    EXPECT_FALSE(IsWindowVisible(parts.hwndList));
+}
+
+TEST_F(RealInputs, NulIsShownAsABlankAndBecomesOneWhenTheUserWrites) {
+    form_.text.SetText(StringView(u"a\0b", 3));
+    EXPECT_EQ(TextOf(TextWindow()), u"a b");
+    ShowOn(form_.text);
+    form_.text.SetSelStart(3);
+    user_.Type(u"c");
+    EXPECT_EQ(form_.text.Text(), u"a bc");
+}
+
+TEST_F(RealInputs, FocusByTheUserIsKnown) {
+    ShowOn(form_.text);
+    for (const HWND window : {ComboWindow(), BlockWindow(), ListWindow()}) SetFocus(window);
+    EXPECT_EQ(form_.FocusedControl(), &form_.list);
+    SetFocus(BlockWindow());
+    EXPECT_EQ(form_.FocusedControl(), &form_.block);
+    SetFocus(ComboWindow());
+    EXPECT_EQ(form_.FocusedControl(), &form_.combo);
+}
+
+TEST_F(RealInputs, FontsReachTheWindows) {
+    form_.text.SetFont({.name = u"Arial", .size = 20});
+    const auto font = reinterpret_cast<HFONT>(SendMessageW(TextWindow(), WM_GETFONT, 0, 0));
+    LOGFONTW description{};
+    GetObjectW(font, sizeof description, &description);
+    EXPECT_STREQ(description.lfFaceName, L"Arial");
+}
+
+/// Types through the system's input queue, and waits until the form saw `log`.
+class KeyboardInputs : public RealInputs {
+ protected:
+    void Send(std::vector<WORD> keys, std::size_t logged) {
+        std::vector<INPUT> inputs;
+        const auto add = [&inputs](WORD key, DWORD flags) {
+            INPUT& input = inputs.emplace_back();
+            input.type = INPUT_KEYBOARD;
+            input.ki.wVk = key;
+            input.ki.dwFlags = flags;
+        };
+        for (const WORD key : keys) add(key, 0);
+        for (auto key = keys.rbegin(); key != keys.rend(); ++key) add(*key, KEYEVENTF_KEYUP);
+        SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof inputs[0]);
+        const ULONGLONG end = GetTickCount64() + 10'000;
+        while (form_.log.size() < logged && GetTickCount64() < end) {
+            DoEvents();
+            Sleep(5);
+        }
+    }
+};
+
+TEST_F(KeyboardInputs, LettersOfTheInnerEditReachTheFormFirst) {
+    ShowOn(form_.combo);
+    form_.combo.SetSelStart(0);
+    form_.combo.SetSelLength(6);
+    Send({'Q'}, 2);
+    EXPECT_THAT(form_.log, ElementsAre("form 113", "combo 113"));
+    Send({VK_RETURN}, 4);
+    EXPECT_THAT(form_.log, ElementsAre("form 113", "combo 113", "form 13", "combo 13"));
+    EXPECT_EQ(form_.combo.Text(), u"q");
+}
+
+TEST_F(KeyboardInputs, AltAndALetterPressTheMarkedButtonFromEveryKind) {
+    for (Control* control : {&form_.text, &form_.combo, &form_.dropDown, &form_.block, &form_.list}) {
+        ShowOn(*control);
+        Send({VK_MENU, 'A'}, 1);
+        EXPECT_THAT(form_.log, ElementsAre("click button")) << ToUtf8(control->Name());
+    }
+    EXPECT_EQ(form_.text.Text(), u"");
+}
+
+TEST_F(KeyboardInputs, AltAndDownOpensTheList) {
+    form_.dropDown.AddItem(u"Alpha");
+    form_.dropDown.AddItem(u"Beta");
+    ShowOn(form_.dropDown);
+    const auto isOpen = [this] { return SendMessageW(WindowOf(2), CB_GETDROPPEDSTATE, 0, 0) != FALSE; };
+    PostMessageW(WindowOf(2), WM_SYSKEYDOWN, VK_DOWN, 1 << 29 | 1);
+    DoEvents();
+    EXPECT_TRUE(isOpen());
+    user_.Press(kKeyDown);
+    Send({VK_RETURN}, 2);
+    EXPECT_FALSE(isOpen());
+    EXPECT_THAT(form_.log, ElementsAre("form 13", "dropDown 13"));
+    EXPECT_EQ(form_.dropDown.Text(), u"Alpha");
+}
+
+BOOL CALLBACK CountWindow(HWND, LPARAM count) noexcept {
+    ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+TEST_F(RealInputs, LeaveNothingBehind) {
+    const auto counts = [] {
+        const HANDLE self = GetCurrentProcess();
+        return std::pair(GetGuiResources(self, GR_GDIOBJECTS), GetGuiResources(self, GR_USEROBJECTS));
+    };
+    const auto windowCount = [] {
+        int count = 0;
+        EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&count));
+        return count;
+    };
+    const auto openAndClose = [this] {
+        form_.list.AddItem(u"item");
+        form_.text.SetAccessibleName(u"name");
+        form_.SetVisible(true);
+        form_.Unload();
+    };
+    openAndClose();
+    DoEvents();
+    const auto before = counts();
+    const int windowsBefore = windowCount();
+    for (int i = 0; i < 100; ++i) openAndClose();
+    DoEvents();
+    EXPECT_EQ(counts(), before);
+    EXPECT_EQ(windowCount(), windowsBefore);
+}
+
+}  // namespace
+}  // namespace runtime::win32

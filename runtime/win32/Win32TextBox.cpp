@@ -1,0 +1,37 @@
+#include "runtime/win32/Win32TextBox.h"
+
+#include <commctrl.h>
+
+namespace runtime::win32 {
+namespace {
+
+DWORD StyleOf(ControlKind kind) {
+    if (kind == ControlKind::kTextBlock) return ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL;
+    return ES_AUTOHSCROLL;
+}
+
+}  // namespace
+
+Win32TextBox::Win32TextBox(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
+    : Win32Control(parent, system, look.kind, id, {WC_EDITW, StyleOf(look.kind), WS_EX_CLIENTEDGE}) {
+    // As long as memory holds it.
+    SendMessageW(Window(), EM_SETLIMITTEXT, 0, 0);
+}
+
+void Win32TextBox::SetText(const String& text) {
+    const Whilst setting(isSetting_);
+    Win32Control::SetText(Shown(text));
+}
+
+Notice Win32TextBox::NoticeOf(WORD code) {
+    switch (code) {
+        case EN_SETFOCUS:
+            return Notice::kFocused;
+        case EN_CHANGE:
+            return isSetting_ ? Notice::kNone : Notice::kEdited;
+        default:
+            return Notice::kNone;
+    }
+}
+
+}  // namespace runtime::win32

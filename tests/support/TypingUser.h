@@ -1,0 +1,68 @@
+// Plays the user at the keyboard in the build's own window system: keys come to the newest form, as they do from the
+// queue of its window.
+#pragma once
+
+#include "runtime/Form.h"
+#include "runtime/Ports.h"
+
+#ifdef _WIN32
+#include "runtime/win32/WindowsHeaders.h"
+#else
+#include "runtime/headless/MemoryWindows.h"
+#endif
+
+namespace tests {
+
+class TypingUser {
+ public:
+    /// `form` is visible; its focused control gets the keys.
+    explicit TypingUser(runtime::Form& form) : form_(form) {}
+
+    /// Presses and releases a key; Enter, Space, Escape and Tab become characters unless the form uses them up.
+    void Press(std::int16_t keyCode);
+    void Type(runtime::StringView text);
+
+ private:
+    runtime::Form& form_;
+};
+
+#ifdef _WIN32
+
+inline void TypingUser::Press(std::int16_t keyCode) {
+    runtime::DoEvents();
+    const HWND focus = GetFocus();
+    const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(keyCode), MAPVK_VK_TO_VSC)) << 16;
+    PostMessageW(focus, WM_KEYDOWN, static_cast<WPARAM>(keyCode), scan | 1);
+    PostMessageW(focus, WM_KEYUP, static_cast<WPARAM>(keyCode), scan | static_cast<LPARAM>(0xC0000001));
+    runtime::DoEvents();
+}
+
+inline void TypingUser::Type(runtime::StringView text) {
+    runtime::DoEvents();
+    for (const char16_t character : text) {
+        PostMessageW(GetFocus(), WM_CHAR, character, 1);
+        runtime::DoEvents();
+    }
+}
+
+#else
+
+inline runtime::headless::MemoryWindow& WindowOf(runtime::Form& form) {
+    auto& windows = dynamic_cast<runtime::headless::MemoryWindows&>(runtime::CurrentPorts().windows);
+    for (runtime::headless::MemoryWindow* window : windows.Windows()) {
+        if (window->Handle() == form.Handle()) return *window;
+    }
+    return windows.Last();
+}
+
+inline void TypingUser::Press(std::int16_t keyCode) {
+    WindowOf(form_).Press(keyCode);
+}
+
+inline void TypingUser::Type(runtime::StringView text) {
+    WindowOf(form_).Type(text);
+}
+
+#endif
+
+}  // namespace tests
