@@ -1,11 +1,15 @@
 // `backproc doctor`: what a client would get, and why. It looks without creating an instance, so that it changes none
 // of the strings that running modules share.
 #include <ostream>
+#include <set>
 
+#include "host/TextCatalogue.h"
+#include "kernel_api/dev/BuiltInReader.h"
 #include "kernel_api/dev/IniText.h"
 #include "kernel_api/win32/KernelLibrary.h"
 #include "runtime/Error.h"
 #include "runtime/win32/Win32Files.h"
+#include "runtime/win32/Win32Locale.h"
 #include "runtime/win32/Win32Process.h"
 #include "tools/Apartment.h"
 #include "tools/ComFailure.h"
@@ -53,6 +57,25 @@ IniFile LookAtIni(Win32Files& files, const String& folder) {
     return ini;
 }
 
+/// The folder that the shared string names, as a client would take it.
+LanguageFolder LookAtLanguage(Win32Files& files, kernel_api::win32::KernelLibrary& kernel) {
+    LanguageFolder language;
+    const kernel_api::TextPointer text = kernel.E_GetString(u"LANGUAGEPATH");
+    if (text > 0) language.folder = runtime::win32::Win32Locale().FromAnsi(reinterpret_cast<const char*>(text));
+    if (language.folder.empty()) return language;
+    const auto bytes = files.Read(kernel_api::dev::TextsPathIn(language.folder));
+    language.hasFile = bytes && bytes->size() <= kernel_api::dev::kMostTextsBytes;
+    if (!language.hasFile) return language;
+    const kernel_api::dev::TextFile texts(*bytes);
+    language.skipped = texts.SkippedLines();
+    std::set<String> lacking;
+    for (const host::CatalogueText& wanted : host::TextCatalogue()) {
+        if (!texts.Find(wanted.id)) lacking.insert(runtime::Trim(wanted.id));
+    }
+    language.lacking = lacking.size();
+    return language;
+}
+
 MachineState Look() {
     Win32Files files;
     const String toolFolder = runtime::win32::Win32Process(nullptr).ComponentFolder();
@@ -67,6 +90,9 @@ MachineState Look() {
     kernel_api::win32::KernelLibrary kernel(folder);
     machine.kernel = LookAtKernel(kernel);
     machine.ini = LookAtIni(files, folder);
+    if (machine.kernel.failure.empty() && machine.kernel.missing.empty()) {
+        machine.language = LookAtLanguage(files, kernel);
+    }
     return machine;
 }
 

@@ -19,13 +19,14 @@ using kernel_api::dev::FoundSetting;
 using kernel_api::dev::SettingSource;
 
 constexpr std::string_view kHelp =
-    R"(Usage: backproc where ["/sys:FOLDER"] ["FILE"]
+    R"(Usage: backproc where ["/sys:FOLDER" | "FILE"]
 
-Shows what a client that starts now with these arguments would get: install folder, system folder, start file, INI
+Shows what a client that starts now with this argument would get: install folder, system folder, start file, INI
 file, the four folders and six identity values of the suite, one NAME=[VALUE] a line, followed by where the value
 comes from: 'command line', 'INI file', 'registry' or 'default'. Nothing is published.
 
-As on a module's command line, two arguments count only in double quotes.
+As on a module's command line, the argument counts only in double quotes. A module takes up to two of them; here the
+verb is the first.
 
 Example:
   backproc where "/sys:C:\Orvane\sys"

@@ -22,6 +22,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 EXAMPLES = HERE.parent.parent / "examples"
 CLASS = "{ECD8F3EF-620B-4D2C-8D9B-9F3E96273634}"
 LIBRARY = "{525D7D67-10F8-4B05-99EF-A6A69CD0A145}"
+TEXTS = 19  # identifiers that a language file translates
 TIMEOUT = 120  # seconds; a run takes one or two
 
 wine_run = ""
@@ -177,7 +178,7 @@ class WithoutComponent(ToolTestCase):
                 folder = windows_path(EXAMPLES / "languages" / language)
                 code, output, errors = tool("texts", "--folder", folder)
                 lines = output.decode().splitlines()
-                self.assertEqual((code, errors, lines[-1]), (0, b"", "19 of 19 identifiers translated"))
+                self.assertEqual((code, errors, lines[-1]), (0, b"", f"{TEXTS} of {TEXTS} identifiers translated"))
                 self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated"}, lines)
 
     def test_texts_takes_the_current_language(self):
@@ -191,7 +192,7 @@ class WithoutComponent(ToolTestCase):
         self.assertIn("translated\t39171\t[&Yes]\t[&Ja]\tcmdBut(0) of frmQMXMsgBox", lines)
         self.assertIn("missing\t39172\t[&No]\t\tcmdBut(1) of frmQMXMsgBox", lines)
         self.assertEqual(lines[-3:], ["unreadable\tline 2\thas no '='", "unknown\t7\t[x]",
-                                      "1 of 19 identifiers translated"])
+                                      f"1 of {TEXTS} identifiers translated"])
 
     def test_texts_names_a_file_that_it_cannot_take(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -219,7 +220,7 @@ class WithoutComponent(ToolTestCase):
                            stdout=subprocess.DEVNULL)
             code, output, errors = tool("texts", "--folder", windows_path(folder))
         lines = output.decode().splitlines()
-        self.assertEqual((code, errors, lines[-1]), (0, b"", "19 of 19 identifiers translated"))
+        self.assertEqual((code, errors, lines[-1]), (0, b"", f"{TEXTS} of {TEXTS} identifiers translated"))
         self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated"}, lines)
         self.assertIn("translated\t39173\t[Yes &To All]\t[[Ýéš &Tó Áll~~]]\tcmdBut(2) of frmQMXMsgBox", lines)
 
@@ -425,6 +426,20 @@ class Doctor(ToolTestCase):
         self.assertEqual(self.diagnose(program)["INI file"], "ok   INI file: " + windows_path(ini))
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-16-le")
         self.assert_bad(self.diagnose(program)["INI file"], "zero bytes", "UTF-8")
+
+    def test_language_folder(self):
+        program = copy_package(self.folder)
+        texts = self.folder / "K4TBackProcess.txt"
+        with LiveHost() as holder:
+            self.assertIn("no folder is chosen", self.diagnose(program)["language"])
+            folder = windows_path(self.folder)
+            holder.ask(f"set LANGUAGEPATH {folder}".encode(), b"get LANGUAGEPATH")
+            self.assert_bad(self.diagnose(program)["language"], "no K4TBackProcess.txt", "LANGUAGEPATH")
+            texts.write_text("39171 = &Ja\n39172 = &Nein\n", encoding="utf-8")
+            self.assertEqual(self.diagnose(program)["language"],
+                             f"ok   language: {folder}, {TEXTS - 2} texts are lacking")
+            texts.write_text("39171 = &Ja\nwords\n", encoding="utf-8")
+            self.assert_bad(self.diagnose(program)["language"], "1 lines cannot be read", "backproc texts")
 
 
 class WithComponent(ToolTestCase):
