@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "dialogs/Qmxquery.h"
 #include "dialogs/frmQMXMsgBox.h"
 #include "host/frmBackProcessMain.h"
 #include "routing/CommandInterpreter.h"
@@ -39,6 +40,7 @@ void ForgetForms() {
 void ReleaseProcess() {
     mainForm.reset();
     dialogs::ReleaseSuiteBox();
+    dialogs::ReleaseQuery();
     services::processValues = {};
     services::numberFormats = {};
     routing::ResetCommandInterpreter();

@@ -1,5 +1,6 @@
 #include "host/TextCatalogue.h"
 
+#include "dialogs/Qmxquery.h"
 #include "dialogs/frmQMXMsgBox.h"
 #include "host/frmBackProcessMain.h"
 #include "services/LocalTexts.h"
@@ -40,9 +41,7 @@ std::vector<CatalogueText> TextCatalogue() {
     // Its load has given the main form another caption by the time its tag is looked up.
     AppendTags(texts, frmBackProcessMain(), services::kApplicationCaption.defaultText);
     AppendTags(texts, dialogs::frmQMXMsgBox());
-    // The query dialog's two captions.
-    texts.push_back({u"99177", u"Accept", u"cmdAccept of Qmxquery", u"Qmxquery"});
-    texts.push_back({u"99388 ", u"Cancel", u"cmdCancel of Qmxquery", u"Qmxquery"});
+    AppendTags(texts, dialogs::Qmxquery());
     return texts;
 }
 

@@ -1,0 +1,282 @@
+#include "dialogs/Qmxquery.h"
+
+#include <memory>
+
+#include "kernel_api/Splitter.h"
+#include "runtime/Error.h"
+#include "runtime/Screen.h"
+#include "services/Localisation.h"
+#include "services/QMXHLP.h"
+#include "services/WindowOrder.h"
+
+namespace dialogs {
+namespace {
+
+using runtime::Control;
+using runtime::ControlDesign;
+using runtime::ControlKind;
+using runtime::Rect;
+using runtime::Twips;
+
+constexpr char16_t kEnter = 13;
+constexpr std::int16_t kKeyF1 = 112;
+constexpr StringView kLineBreak = u"\r\n";
+constexpr StringView kExtraButtonText = u"\x01";
+
+/// All input controls lie on the same spot, and one of them is shown.
+constexpr Rect InputSpot(Twips height) {
+    return {60, 1170, 5475, height};
+}
+
+runtime::FormDesign DialogDesign() {
+    return {
+        .name = u"Qmxquery",
+        .inner = {5595, 2415},
+        .border = runtime::BorderStyle::kFixedDialog,
+    };
+}
+
+ControlDesign PromptDesign() {
+    return {
+        .kind = ControlKind::kLabel,
+        .name = u"lblPrompt",
+        .bounds = {60, 60, 4155, 1065},
+        .tabIndex = 3,
+    };
+}
+
+ControlDesign AcceptDesign() {
+    return {
+        .kind = ControlKind::kButton,
+        .name = u"cmdAccept",
+        .bounds = {4320, 210, 1125, 345},
+        .text = u"Accept",
+        .tag = u"99177",
+        .tabIndex = 4,
+    };
+}
+
+ControlDesign CancelDesign() {
+    return {
+        .kind = ControlKind::kButton,
+        .name = u"cmdCancel",
+        .bounds = {4320, 690, 1125, 345},
+        .text = u"Cancel",
+        .tag = u"99388 ",
+        .tabIndex = 5,
+        .isCancel = true,
+    };
+}
+
+ControlDesign InputDesign(ControlKind kind, StringView name, Twips height, int tabIndex, StringView text = {}) {
+    return {
+        .kind = kind,
+        .name = String(name),
+        .bounds = InputSpot(height),
+        .text = String(text),
+        .tabIndex = tabIndex,
+        .visible = false,
+    };
+}
+
+ControlDesign ExtraButtonDesign() {
+    return {
+        .kind = ControlKind::kButton,
+        .name = u"F_Button",
+        .bounds = {120, 2040, 5415, 375},
+        .tabIndex = 8,
+        .visible = false,
+    };
+}
+
+bool IsFixedList(std::int32_t kind) {
+    return kind == kDropDown || kind == kList;
+}
+
+bool HasItems(std::int32_t kind) {
+    return IsFixedList(kind) || kind == kCombo;
+}
+
+String& InitialText(std::vector<String>& values) {
+    if (values.empty()) throw runtime::Error(runtime::kSubscriptOutOfRange);
+    return values.front();
+}
+
+/// The process's shared dialog. Never destroyed by itself: at the end of a process the system has its window already.
+std::unique_ptr<Qmxquery>& SharedDialog() {
+    static auto* shared = new std::unique_ptr<Qmxquery>;
+    return *shared;
+}
+
+}  // namespace
+
+Qmxquery::Qmxquery() : Form(DialogDesign()) {
+    lblPrompt_ = &AddControl(PromptDesign());
+    cmdAccept_ = &AddControl(AcceptDesign());
+    cmdCancel_ = &AddControl(CancelDesign());
+    txtText_ = &AddControl(InputDesign(ControlKind::kTextBox, u"txtText", 315, 0));
+    cboDropdown_ = &AddControl(InputDesign(ControlKind::kDropDownList, u"cboDropdown", 315, 1));
+    cboCombo_ = &AddControl(InputDesign(ControlKind::kCombo, u"cboCombo", 315, 2, u"Combo1"));
+    txtTextBlock_ = &AddControl(InputDesign(ControlKind::kTextBlock, u"txtTextBlock", 765, 6));
+    cboList_ = &AddControl(InputDesign(ControlKind::kListBox, u"cboList", 840, 7));
+    F_Button_ = &AddControl(ExtraButtonDesign());
+}
+
+String Qmxquery::QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
+                       std::int32_t& index, bool showButton, const String& buttonCaption) {
+    if (isAsking_) throw runtime::Error(runtime::kFormAlreadyDisplayed);
+    isAsking_ = true;
+    isAnswered_ = false;
+    const struct Asked {
+        Qmxquery& dialog;
+        ~Asked() {
+            runtime::SkipError([this] { dialog.Unload(); });
+            dialog.isAsking_ = false;
+        }
+    } asked{*this};
+    layoutHeight_ = LayOut(kind, prompt, showButton);
+    SetCaption(title);
+    kind_ = kind;
+    resultText_.clear();
+    InitialText(values) = runtime::RTrim(InitialText(values));
+    Fill(values, index);
+    lblPrompt_->SetText(prompt);
+    InputFor(kind_).SetAccessibleName(prompt);
+    if (showButton) F_Button_->SetText(buttonCaption);
+    services::SetForm(*this);
+    Wait();
+    InitialText(values) = resultText_;
+    index = resultIndex_;
+    return resultText_;
+}
+
+std::int32_t Qmxquery::LayOut(std::int32_t kind, StringView prompt, bool showButton) {
+    const QueryMeasures measures{
+        .kind = kind,
+        .labelWidth = lblPrompt_->Bounds().width,
+        .promptWidth = TextSize(prompt).width,
+        .promptPieces = kernel_api::CurrentSplitter().CountPieces(prompt, kLineBreak),
+        .lineHeight = TextSize(u"R").height,
+        .inputHeight = MeasuredInputFor(kind).Bounds().height,
+        .buttonHeight = F_Button_->Bounds().height,
+        .showsButton = showButton,
+        .screenHeight = runtime::ScreenSize().height,
+    };
+    const std::int32_t height = QueryFormHeight(measures);
+    SetHeight(static_cast<Twips>(height));
+    const QueryPlaces places = PlacesInQuery(InnerSize().height, measures);
+    if (showButton) {
+        F_Button_->SetTop(places.buttonTop);
+        F_Button_->SetVisible(true);
+    }
+    lblPrompt_->SetHeight(places.labelHeight);
+    InputFor(kind).SetTop(places.inputTop);
+    return height;
+}
+
+Control& Qmxquery::InputFor(std::int32_t kind) const {
+    switch (kind) {
+        case kCombo:
+            return *cboCombo_;
+        case kDropDown:
+            return *cboDropdown_;
+        case kTextBlock:
+            return *txtTextBlock_;
+        case kList:
+            return *cboList_;
+        default:
+            return *txtText_;
+    }
+}
+
+Control& Qmxquery::MeasuredInputFor(std::int32_t kind) const {
+    return kind == kCombo || kind == kDropDown ? *txtText_ : InputFor(kind);
+}
+
+void Qmxquery::Fill(const std::vector<String>& values, std::int32_t index) {
+    Control& input = InputFor(kind_);
+    if (HasItems(kind_)) {
+        input.ClearItems();
+        for (std::size_t i = 1; i < values.size(); ++i) input.AddItem(values[i]);
+    }
+    if (IsFixedList(kind_)) {
+        input.SetListIndex(index);
+    } else {
+        input.SetText(values.front());
+        input.SetSelStart(0);
+        input.SetSelLength(static_cast<std::int32_t>(values.front().size()));
+    }
+    input.SetVisible(true);
+}
+
+// A busy pointer of the caller would hide the dialog's own.
+void Qmxquery::Wait() {
+    const struct PutBack {
+        std::int16_t pointer;
+        ~PutBack() {
+            runtime::SkipError([this] { runtime::SetMousePointer(pointer); });
+        }
+    } putBack{runtime::MousePointer()};
+    runtime::SetMousePointer(runtime::kDefaultPointer);
+    ShowModal();
+    if (!isAnswered_) Answer({}, kCancelled);
+}
+
+void Qmxquery::Accept() {
+    // One Enter reaches the form and then the combo box.
+    if (isAnswered_) return;
+    Control& input = InputFor(kind_);
+    const String text = input.Text();
+    const std::int32_t index = IsFixedList(kind_) ? input.ListIndex() + 1 : kNothingChosen;
+    input.SetVisible(false);
+    if (HasItems(kind_)) input.ClearItems();
+    Answer(text, index);
+}
+
+void Qmxquery::Answer(StringView text, std::int32_t index) {
+    resultText_ = text;
+    resultIndex_ = index;
+    isAnswered_ = true;
+    Unload();
+}
+
+void Qmxquery::OnLoad() {
+    services::LocaliseForm(*this);
+}
+
+void Qmxquery::OnActivate() {
+    services::SetWindowTopMost(*this, true);
+}
+
+void Qmxquery::OnClick(Control& control) {
+    if (&control == cmdAccept_) Accept();
+    if (&control == cmdCancel_) Answer({}, kCancelled);
+    if (&control == F_Button_) Answer(kExtraButtonText, kExtraButton);
+}
+
+void Qmxquery::OnKeyPress(char16_t& character) {
+    if (kind_ != kTextBlock && character == kEnter) Accept();
+}
+
+void Qmxquery::OnControlKeyPress(Control& control, char16_t& character) {
+    if (&control == cboCombo_ && character == kEnter) Accept();
+}
+
+void Qmxquery::OnKeyUp(std::int16_t& keyCode, std::int16_t shift) {
+    if (keyCode == kKeyF1 && shift == runtime::kCtrl) services::ShowHelpContents();
+}
+
+String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
+                std::int32_t& index, bool showButton, const String& buttonCaption) {
+    std::unique_ptr<Qmxquery>& shared = SharedDialog();
+    if (!shared) shared = std::make_unique<Qmxquery>();
+    if (!shared->IsAsking()) return shared->QUERY(title, prompt, values, kind, index, showButton, buttonCaption);
+    Qmxquery own;
+    return own.QUERY(title, prompt, values, kind, index, showButton, buttonCaption);
+}
+
+void ReleaseQuery() {
+    SharedDialog().reset();
+}
+
+}  // namespace dialogs

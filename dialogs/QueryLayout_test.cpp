@@ -1,0 +1,107 @@
+// The query dialog's arithmetic, beside numbers worked out by hand: the design's measures, lines 195 high.
+#include "dialogs/QueryLayout.h"
+
+#include <gtest/gtest.h>
+
+#include "runtime/Error.h"
+#include "tests/support/ErrorOf.h"
+
+namespace dialogs {
+namespace {
+
+QueryMeasures Measures(std::int32_t kind, runtime::Twips promptWidth, std::int32_t pieces) {
+    return {
+        .kind = kind,
+        .labelWidth = 4155,
+        .promptWidth = promptWidth,
+        .promptPieces = pieces,
+        .lineHeight = 195,
+        .inputHeight = kind == kTextBlock ? 765.0F
+                       : kind == kList    ? 840.0F
+                                          : 315.0F,
+        .buttonHeight = 375,
+        .screenHeight = 15360,
+    };
+}
+
+QueryMeasures WithButton(QueryMeasures measures) {
+    measures.showsButton = true;
+    return measures;
+}
+
+TEST(QueryLayout, ShortPromptGivesTheLowestHeightOfItsKind) {
+    // One piece and three spare lines: 4 x 195 = 780, and 315, 765 or 840 of the control.
+    for (const std::int32_t kind : {0, 1, 2, 3, 6, 9, -1}) EXPECT_EQ(QueryFormHeight(Measures(kind, 450, 1)), 2000);
+    EXPECT_EQ(QueryFormHeight(Measures(kTextBlock, 450, 1)), 2400);
+    EXPECT_EQ(QueryFormHeight(Measures(kList, 450, 1)), 2400);
+}
+
+TEST(QueryLayout, TenLinesGiveTheirHeightAndTheControls) {
+    // 5400 / 4035 = 1.34, so 1 + 10 + 3 lines are 14 x 195 = 2730.
+    EXPECT_EQ(QueryFormHeight(Measures(kText, 5400, 10)), 2730 + 315);
+    EXPECT_EQ(QueryFormHeight(Measures(kDropDown, 5400, 10)), 2730 + 315);
+    EXPECT_EQ(QueryFormHeight(Measures(kTextBlock, 5400, 10)), 2730 + 765);
+    EXPECT_EQ(QueryFormHeight(Measures(kList, 5400, 10)), 2730 + 840);
+}
+
+TEST(QueryLayout, WidthOverTheLabelsRoundsHalvesToEven) {
+    const auto linesFor = [](runtime::Twips width) {
+        return (QueryFormHeight(Measures(kText, width, 20)) - 315) / 195;
+    };
+    EXPECT_EQ(linesFor(0), 23);
+    EXPECT_EQ(linesFor(2017.5F), 23);   // a half
+    EXPECT_EQ(linesFor(2018), 24);      // a little more
+    EXPECT_EQ(linesFor(6052.5F), 25);   // one and a half
+    EXPECT_EQ(linesFor(10087.5F), 25);  // two and a half
+    EXPECT_EQ(linesFor(40350), 33);
+}
+
+TEST(QueryLayout, HeightItselfRoundsHalvesToEven) {
+    QueryMeasures measures = Measures(kText, 0, 17);  // 20 lines
+    measures.lineHeight = 195.125F;                   // 3902.5 and 315 are 4217.5
+    EXPECT_EQ(QueryFormHeight(measures), 4218);
+    measures.lineHeight = 195.375F;  // 3907.5 and 315 are 4222.5
+    EXPECT_EQ(QueryFormHeight(measures), 4222);
+}
+
+TEST(QueryLayout, ExtraButtonAddsItsHeightAndAGapAboveTheLowestHeight) {
+    EXPECT_EQ(QueryFormHeight(WithButton(Measures(kText, 450, 1))), 2000 + 120 + 375);
+    EXPECT_EQ(QueryFormHeight(WithButton(Measures(kList, 450, 1))), 2400 + 120 + 375);
+    EXPECT_EQ(QueryFormHeight(WithButton(Measures(kText, 5400, 10))), 3045 + 120 + 375);
+}
+
+TEST(QueryLayout, HigherThanTheScreenIsLimitedWithRoomLeft) {
+    // 103 lines are 20085 high.
+    EXPECT_EQ(QueryFormHeight(Measures(kText, 90, 100)), 15360 - 1200);
+    EXPECT_EQ(QueryFormHeight(WithButton(Measures(kList, 90, 100))), 15360 - 1200);
+}
+
+TEST(QueryLayout, LimitIsForWhatIsHigherThanTheScreenOnly) {
+    QueryMeasures measures = Measures(kText, 450, 1);
+    measures.screenHeight = 2000;
+    EXPECT_EQ(QueryFormHeight(measures), 2000);
+    measures.screenHeight = 1999;
+    EXPECT_EQ(QueryFormHeight(measures), 799);
+    EXPECT_EQ(QueryFormHeight(WithButton(measures)), 799);
+}
+
+TEST(QueryLayout, HeightBeyondTheNumbersIsAnOverflow) {
+    EXPECT_EQ(tests::ErrorOf([] { QueryFormHeight(Measures(kText, 0, 2'147'483'647)); }), runtime::kOverflow);
+    EXPECT_EQ(tests::ErrorOf([] { QueryFormHeight(Measures(kText, 0, 20'000'000)); }), runtime::kOverflow);
+    EXPECT_EQ(tests::ErrorOf([] { QueryFormHeight(Measures(kText, 1e20F, 1)); }), runtime::kOverflow);
+}
+
+TEST(QueryLayout, ControlsStandAtTheBottomAndTheLabelTakesTheRest) {
+    // 1625 is what 2000 leaves when frame and title bar take 375.
+    EXPECT_EQ(PlacesInQuery(1625, Measures(kText, 0, 1)), (QueryPlaces{1190, 1250, 1625}));
+    EXPECT_EQ(PlacesInQuery(2025, Measures(kTextBlock, 0, 1)), (QueryPlaces{1140, 1200, 2025}));
+    EXPECT_EQ(PlacesInQuery(2025, Measures(kList, 0, 1)), (QueryPlaces{1065, 1125, 2025}));
+}
+
+TEST(QueryLayout, ExtraButtonStandsBelowThem) {
+    EXPECT_EQ(PlacesInQuery(2120, WithButton(Measures(kText, 0, 1))), (QueryPlaces{1310, 1370, 1745}));
+    EXPECT_EQ(PlacesInQuery(2520, WithButton(Measures(kList, 0, 1))), (QueryPlaces{1185, 1245, 2145}));
+}
+
+}  // namespace
+}  // namespace dialogs

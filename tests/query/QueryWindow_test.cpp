@@ -1,0 +1,241 @@
+// The query dialog in pixels, what its controls hold, and what it costs the system. All numbers are for 96 DPI: 15
+// twips a pixel.
+#include <gtest/gtest.h>
+#include <oleacc.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "runtime/LoadedForms.h"
+#include "tests/messagebox/LiveObjects.h"
+#include "tests/query/QueryTest.h"
+
+namespace tests {
+namespace {
+
+using runtime::String;
+
+constexpr std::int32_t kKinds[] = {1, 2, 3, 4, 5};
+
+struct Place {
+    long left;
+    long top;
+    long width;
+    long height;
+    bool operator==(const Place&) const = default;
+};
+
+void PrintTo(const Place& place, std::ostream* out) {
+    *out << place.left << ", " << place.top << ", " << place.width << " x " << place.height;
+}
+
+Place PlaceOf(HWND dialog, HWND child) {
+    RECT rect{};
+    GetWindowRect(child, &rect);
+    POINT corner{rect.left, rect.top};
+    ScreenToClient(dialog, &corner);
+    return {corner.x, corner.y, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+long OuterHeightOf(HWND dialog) {
+    RECT outer{};
+    GetWindowRect(dialog, &outer);
+    return outer.bottom - outer.top;
+}
+
+long InnerHeightOf(HWND dialog) {
+    RECT client{};
+    GetClientRect(dialog, &client);
+    return client.bottom;
+}
+
+String Lines(int count, const String& line) {
+    String text = line;
+    for (int i = 1; i < count; ++i) text += u"\r\n" + line;
+    return text;
+}
+
+class QueryWindow : public QueryTest {
+ protected:
+    /// Looks at the open dialog, then leaves it.
+    static void Look(const Question& question, const std::function<void(HWND dialog)>& look) {
+        EXPECT_EQ(Ask(question, {Do(look), Keys({VK_ESCAPE})}), kNoAnswer);
+    }
+    static Question Of(std::int32_t kind) { return {.kind = kind, .values = {u"abc", u"A", u"B"}, .index = 0}; }
+};
+
+TEST_F(QueryWindow, ShortPromptGivesTheLowestHeight) {
+    for (const std::int32_t kind : kKinds) {
+        Question question = Of(kind);
+        // 2000 and 2400 twips, and 495 more for the button.
+        const long height = kind < 4 ? 133 : 160;
+        Look(question, [height](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), height); });
+        question.button = u"More";
+        Look(question, [height](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), height + 33); });
+    }
+}
+
+TEST_F(QueryWindow, ControlsStandWhereTheInnerHeightPutsThem) {
+    Question question{.values = {u"abc"}, .button = u"More"};
+    Look(question, [](HWND dialog) {
+        const long inner = InnerHeightOf(dialog);
+        EXPECT_EQ(PlaceOf(dialog, ButtonOf(dialog, L"Accept")), (Place{288, 14, 75, 23}));
+        EXPECT_EQ(PlaceOf(dialog, ButtonOf(dialog, L"Cancel")), (Place{288, 46, 75, 23}));
+        // The button is 25 high, the text box 21; gaps are 4 and 8.
+        EXPECT_EQ(PlaceOf(dialog, ButtonOf(dialog, L"More")), (Place{8, inner - 25, 361, 25}));
+        EXPECT_EQ(PlaceOf(dialog, InputOf(dialog)), (Place{4, inner - 21 - 4 - 25, 365, 21}));
+        EXPECT_EQ(PlaceOf(dialog, LabelOf(dialog)), (Place{4, 4, 277, inner - 21 - 8 - 25}));
+        EXPECT_EQ(TextOf(dialog), u"Title");
+        EXPECT_EQ(TextOf(LabelOf(dialog)), u"Name?");
+    });
+    for (const std::int32_t kind : {2, 3}) {
+        Look(Of(kind),
+             [](HWND dialog) { EXPECT_EQ(PlaceOf(dialog, InputOf(dialog)).top, InnerHeightOf(dialog) - 21 - 4); });
+    }
+    Look(Of(4), [](HWND dialog) {
+        EXPECT_EQ(PlaceOf(dialog, InputOf(dialog)), (Place{4, InnerHeightOf(dialog) - 51 - 4, 365, 51}));
+        EXPECT_EQ(PlaceOf(dialog, LabelOf(dialog)).height, InnerHeightOf(dialog) - 51 - 8);
+    });
+    Look(Of(5), [](HWND dialog) {
+        EXPECT_EQ(PlaceOf(dialog, InputOf(dialog)).top, InnerHeightOf(dialog) - 56 - 4);
+        EXPECT_EQ(PlaceOf(dialog, LabelOf(dialog)).height, InnerHeightOf(dialog) - 56 - 8);
+    });
+}
+
+TEST_F(QueryWindow, TenLinesMakeItHigherByTheirsInTheFormsFont) {
+    // MS Sans Serif of 8.25 points has lines of 13 pixels; ten pieces and three more of them, and the text box of 315
+    // twips: 13 x 195 + 315 = 2850 twips.
+    Question question{.values = {u"abc"}, .prompt = Lines(10, u"line")};
+    Look(question, [](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), 190); });
+    question.kind = 5;  // 13 x 195 + 840 = 3375
+    Look(question, [](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), 225); });
+}
+
+TEST_F(QueryWindow, GrowsToTheScreensHeightLessItsMargin) {
+    const long screen = GetSystemMetrics(SM_CYSCREEN);
+    for (const int lines : {100, 2000}) {
+        Look({.values = {u"abc"}, .prompt = Lines(lines, u"line"), .button = u"More"}, [screen](HWND dialog) {
+            EXPECT_EQ(OuterHeightOf(dialog), screen - 80);
+            EXPECT_EQ(PlaceOf(dialog, ButtonOf(dialog, L"More")).top, InnerHeightOf(dialog) - 25);
+        });
+    }
+}
+
+TEST_F(QueryWindow, IsCentred) {
+    Look({}, [](HWND dialog) {
+        RECT outer{};
+        GetWindowRect(dialog, &outer);
+        EXPECT_NEAR(outer.left, (GetSystemMetrics(SM_CXSCREEN) - (outer.right - outer.left)) / 2.0, 1);
+        EXPECT_NEAR(outer.top, (GetSystemMetrics(SM_CYSCREEN) - (outer.bottom - outer.top)) / 2.0, 1);
+    });
+}
+
+TEST_F(QueryWindow, AnyCharactersComeBackAsTheyWentIn) {
+    const String texts[] = {
+        u"\"quoted\" 'text' && a & b %d {ENTER}",
+        u"a\tb\t\tc",
+        u"\u05D0\u05D1\u05D2 \u202Eabc\u202C \u0645\u0631\u062D\u0628\u0627",
+        u"\U0001F600\U0001F468\u200D\U0001F469\u200D\U0001F467",
+        u"\u65E5\u672C\u8A9E\u306E\u8CEA\u554F\uFF1F",
+        u" leading blanks, and a no-break one at the end\u00A0",
+    };
+    for (const String& text : texts) {
+        for (const std::int32_t kind : kKinds) {
+            Question question{.kind = kind, .values = {text, u"other", text}, .index = 1};
+            const std::int32_t index = kind == 3 || kind == 5 ? 2 : 0;
+            EXPECT_EQ(AskQuickly(question), (Answer{text, index})) << kind << runtime::ToUtf8(text);
+        }
+    }
+}
+
+TEST_F(QueryWindow, LineBreaksOfATextBlockComeBack) {
+    for (const String& text : {String(u"a\r\nb\r\n\r\nc"), String(u"\r\n"), String(u"a\r\n")}) {
+        EXPECT_EQ(AskQuickly({.kind = 4, .values = {text}}), (Answer{text, 0}));
+    }
+}
+
+TEST_F(QueryWindow, MegabyteComesBack) {
+    constexpr std::size_t kMegabyte = 1 << 20;
+    String lines;
+    while (lines.size() < kMegabyte) lines += String(78, u'x') + u"\r\n";
+    EXPECT_EQ(AskQuickly({.kind = 4, .values = {lines}}), (Answer{lines, 0}));
+    const String line(kMegabyte, u'm');
+    for (const std::int32_t kind : {1, 2}) {
+        EXPECT_EQ(AskQuickly({.kind = kind, .values = {line}}), (Answer{line, 0}));
+    }
+    ExpectNothingIsLeft();
+}
+
+TEST_F(QueryWindow, TenThousandItemsComeBack) {
+    Question question{.index = 9'999};
+    for (int i = 1; i <= 10'000; ++i) question.values.push_back(u"item " + runtime::FromAscii(std::to_string(i)));
+    for (const std::int32_t kind : {3, 5}) {
+        question.kind = kind;
+        EXPECT_EQ(AskQuickly(question), (Answer{u"item 10000", 10'000}));
+    }
+    question.kind = 2;
+    EXPECT_EQ(AskQuickly(question), (Answer{u"", 0}));
+}
+
+String AccessibleNameOf(HWND control) {
+    IAccessible* object = nullptr;
+    const HRESULT got = AccessibleObjectFromWindow(control, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                                                   reinterpret_cast<void**>(&object));
+    if (FAILED(got)) return u"(no object)";
+    VARIANT self{};
+    self.vt = VT_I4;
+    BSTR name = nullptr;
+    object->get_accName(self, &name);
+    object->Release();
+    const String text = name ? runtime::win32::ToString(name) : String(u"(no name)");
+    SysFreeString(name);
+    return text;
+}
+
+bool IsClass(HWND window, std::wstring_view name) {
+    wchar_t its[32]{};
+    return name == std::wstring_view(its, static_cast<std::size_t>(GetClassNameW(window, its, 32)));
+}
+
+TEST_F(QueryWindow, PromptIsTheInputsNameForScreenReaders) {
+    for (const std::int32_t kind : kKinds) {
+        Question question = Of(kind);
+        question.prompt = u"Which of these? " + runtime::FromAscii(std::to_string(kind));
+        Look(question, [&](HWND dialog) {
+            const HWND input = InputOf(dialog);
+            // The static text before a control is what the system takes its name from.
+            const HWND before = GetWindow(input, GW_HWNDPREV);
+            EXPECT_TRUE(IsClass(before, L"Static"));
+            EXPECT_EQ(TextOf(before), question.prompt);
+            if (IsClass(input, L"Edit")) {
+                EXPECT_EQ(AccessibleNameOf(input), question.prompt);
+            }
+        });
+    }
+}
+
+TEST_F(QueryWindow, TwoThousandQuestionsLeaveNothingBehind) {
+    const auto askAll = [this](int rounds) {
+        for (int i = 0; i < rounds; ++i) {
+            for (const std::int32_t kind : kKinds) {
+                Question question = Of(kind);
+                if (i % 2 == 1) question.button = u"More";
+                const Answer expected = kind == 3 || kind == 5 ? Answer{u"A", 1} : Answer{u"abc", 0};
+                ASSERT_EQ(AskQuickly(question), expected);
+            }
+        }
+    };
+    askAll(10);
+    const long gdi = GdiObjects();
+    const long user = UserObjects();
+    const long windows = Windows();
+    askAll(400);
+    // The system itself keeps a few objects more or less.
+    EXPECT_NEAR(static_cast<double>(GdiObjects()), static_cast<double>(gdi), 20);
+    EXPECT_NEAR(static_cast<double>(UserObjects()), static_cast<double>(user), 20);
+    EXPECT_EQ(Windows(), windows);
+    ExpectNothingIsLeft();
+}
+
+}  // namespace
+}  // namespace tests

@@ -1,0 +1,306 @@
+// The query dialog as the user has it: what each kind shows and gives, keys, clicks, and all the ways in which it ends.
+#include <gtest/gtest.h>
+
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "runtime/Screen.h"
+#include "runtime/win32/Callback.h"
+#include "services/ProcessValues.h"
+#include "tests/query/QueryTest.h"
+
+namespace tests {
+namespace {
+
+using runtime::String;
+
+class Query : public QueryTest {};
+
+const BoxDriver::Step kEnter = Keys({VK_RETURN});
+const BoxDriver::Step kEscape = Keys({VK_ESCAPE});
+const BoxDriver::Step kTab = Keys({VK_TAB});
+
+/// Waits until the control that takes the value shows `text`.
+BoxDriver::Step Shows(const String& text) {
+    return [text](HWND dialog) { return ContentOf(InputOf(dialog)) == text; };
+}
+
+/// The first and the last character selected in an edit control, or in that of a combo box.
+BoxDriver::Step IsSelected(DWORD from, DWORD to) {
+    return Do([from, to](HWND dialog) {
+        const HWND edit = FindWindowExW(InputOf(dialog), nullptr, L"Edit", nullptr);
+        DWORD first = 0;
+        DWORD last = 0;
+        SendMessageW(edit ? edit : InputOf(dialog), EM_GETSEL, reinterpret_cast<WPARAM>(&first),
+                     reinterpret_cast<LPARAM>(&last));
+        EXPECT_EQ(first, from);
+        EXPECT_EQ(last, to);
+    });
+}
+
+TEST_F(Query, TextIsShownSelectedAndReplacedByTyping) {
+    EXPECT_EQ(Ask({.values = {u"abc   "}}, {FocusIsOnInput(), Shows(u"abc"), IsSelected(0, 3), kEnter}),
+              (Answer{u"abc", 0}));
+    EXPECT_EQ(Ask({.values = {u"abc   "}}, {FocusIsOnInput(), Keys({'Q'}), kEnter}), (Answer{u"q", 0}));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, OtherKindsAreText) {
+    for (const std::int32_t kind : {0, 9, -3}) {
+        EXPECT_EQ(Ask({.kind = kind, .values = {u"abc", u"X"}}, {Shows(u"abc"), Keys({'Q'}), kEnter}),
+                  (Answer{u"q", 0}));
+    }
+}
+
+TEST_F(Query, ComboGivesWhatIsTyped) {
+    const Question question{.kind = 2, .values = {u"X", u"Y", u"Z"}};
+    EXPECT_EQ(Ask(question, {FocusIsOnInput(), Shows(u"X"), IsSelected(0, 1), Keys({VK_SHIFT, 'Q'}), kEnter}),
+              (Answer{u"Q", 0}));
+    EXPECT_EQ(Ask(question, {FocusIsOnInput(), kEnter}), (Answer{u"X", 0}));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, ComboGivesWhatIsPicked) {
+    const Question question{.kind = 2, .values = {u"X", u"Y", u"Z"}};
+    EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({VK_DOWN}), Shows(u"Y"), Keys({VK_DOWN}), Shows(u"Z"), kEnter}),
+              (Answer{u"Z", 0}));
+}
+
+TEST_F(Query, DropDownListStartsAtTheIndexAndGivesTheSubscript) {
+    const Question question{.kind = 3, .values = {u"not shown", u"A", u"B", u"C"}, .index = 1};
+    EXPECT_EQ(Ask(question, {FocusIsOnInput(), Shows(u"B"), kEnter}), (Answer{u"B", 2}));
+    EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({VK_DOWN}), Shows(u"C"), ClickOn(L"Accept")}), (Answer{u"C", 3}));
+    EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({'A'}), Shows(u"A"), kEnter}), (Answer{u"A", 1}));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, DropDownListMayStartWithoutASelection) {
+    EXPECT_EQ(Ask({.kind = 3, .values = {u"x", u"A"}}, {FocusIsOnInput(), Shows(u""), kEnter}), (Answer{u"", 0}));
+}
+
+TEST_F(Query, ListGivesTheSubscriptOfTheSelectedItem) {
+    const Question question{.kind = 5, .values = {u"not shown", u"Ant", u"Bee", u"Cat"}, .index = 1};
+    EXPECT_EQ(Ask(question, {ClickOn(L"Accept")}), (Answer{u"Bee", 2}));
+    EXPECT_EQ(Ask(question, {kTab, kTab, FocusIsOnInput(), Keys({'C'}), kEnter}), (Answer{u"Cat", 3}));
+    EXPECT_EQ(Ask(question, {kTab, kTab, FocusIsOnInput(), Keys({VK_UP}), kEnter}), (Answer{u"Ant", 1}));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, ListWithoutASelectionGivesNothing) {
+    EXPECT_EQ(Ask({.kind = 5, .values = {u"x", u"A", u"B"}}, {ClickOn(L"Accept")}), (Answer{u"", 0}));
+    EXPECT_EQ(Ask({.kind = 5, .values = {u"x"}}, {ClickOn(L"Accept")}), (Answer{u"", 0}));
+}
+
+TEST_F(Query, EnterInTheTextBlockMakesALine) {
+    EXPECT_EQ(Ask({.kind = 4, .values = {u"abc"}},
+                  {kTab, kTab, FocusIsOnInput(), IsSelected(0, 3), Keys({VK_CONTROL, VK_END}), kEnter, Keys({'D'}),
+                   Shows(u"abc\r\nd"), kTab, FocusIsOn(L"Accept"), kEnter}),
+              (Answer{u"abc\r\nd", 0}));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, EscapeAndClosingCancel) {
+    const Question question{.kind = 3, .values = {u"abc   ", u"A", u"B"}, .index = 1};
+    EXPECT_EQ(Ask(question, {kEscape}), kNoAnswer);
+    EXPECT_EQ(Ask(question, {ClickOn(L"Cancel")}), kNoAnswer);
+    EXPECT_EQ(Ask(question, {Do([](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); })}), kNoAnswer);
+    EXPECT_EQ(Ask(question, {Do([](HWND dialog) { PostMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0); })}), kNoAnswer);
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), Keys({VK_MENU, VK_F4})}), kNoAnswer);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, EscapeCancelsWhateverHasTheFocus) {
+    for (const std::int32_t kind : {1, 2, 3, 4, 5}) {
+        for (int tabs = 0; tabs < 3; ++tabs) {
+            Steps steps(static_cast<std::size_t>(tabs), kTab);
+            steps.push_back(kEscape);
+            EXPECT_EQ(Ask({.kind = kind, .values = {u"abc", u"A"}}, steps), kNoAnswer) << kind << " " << tabs;
+        }
+    }
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, ExtraButtonGivesItsOwnAnswer) {
+    const Question question{.values = {u"abc"}, .button = u"More"};
+    EXPECT_EQ(Ask(question, {ClickOn(L"More")}), kButtonAnswer);
+    EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"More"), Keys({VK_SPACE})}),
+              kButtonAnswer);
+    EXPECT_EQ(Ask({.values = {u"abc"}, .button = u"&More"}, {FocusIsOnInput(), Keys({VK_MENU, 'M'})}), kButtonAnswer);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, TabWalksRoundTheShownControls) {
+    for (const std::int32_t kind : {1, 2, 3}) {
+        EXPECT_EQ(
+            Ask({.kind = kind, .values = {u"abc", u"A"}, .button = u"More"},
+                {FocusIsOnInput(), kTab, FocusIsOn(L"Accept"), kTab, FocusIsOn(L"Cancel"), kTab, FocusIsOn(L"More"),
+                 kTab, FocusIsOnInput(), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"More"), kEscape}),
+            kNoAnswer);
+    }
+    for (const std::int32_t kind : {4, 5}) {
+        EXPECT_EQ(
+            Ask({.kind = kind, .values = {u"abc", u"A"}, .button = u"More"},
+                {FocusIsOn(L"Accept"), kTab, FocusIsOn(L"Cancel"), kTab, FocusIsOnInput(), kTab, FocusIsOn(L"More"),
+                 kTab, FocusIsOn(L"Accept"), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"More"), kEscape}),
+            kNoAnswer);
+    }
+}
+
+TEST_F(Query, EnterPressesTheFocusedButton) {
+    const Question question{.values = {u"abc"}, .button = u"More"};
+    EXPECT_EQ(Ask(question, {kTab, FocusIsOn(L"Accept"), kEnter}), (Answer{u"abc", 0}));
+    EXPECT_EQ(Ask(question, {kTab, kTab, FocusIsOn(L"Cancel"), kEnter}), kNoAnswer);
+    EXPECT_EQ(Ask(question, {kTab, kTab, kTab, FocusIsOn(L"More"), kEnter}), kButtonAnswer);
+}
+
+TEST_F(Query, OneEnterAcceptsOnceWithTheListOpen) {
+    for (const std::int32_t kind : {2, 3}) {
+        EXPECT_EQ(Ask({.kind = kind, .values = {u"X", u"Y", u"Z"}, .index = 0},
+                      {FocusIsOnInput(), Keys({VK_F4}),
+                       [](HWND dialog) { return SendMessageW(InputOf(dialog), CB_GETDROPPEDSTATE, 0, 0) != 0; },
+                       Keys({VK_DOWN}), Keys({VK_RETURN})}),
+                  kind == 2 ? (Answer{u"Y", 0}) : (Answer{u"Z", 2}));
+        ExpectNothingIsLeft();
+    }
+}
+
+TEST_F(Query, HeldEnterIsNoAnswer) {
+    for (const std::int32_t kind : {1, 2}) {
+        EXPECT_EQ(Ask({.kind = kind, .values = {u"abc"}},
+                      {FocusIsOnInput(), Repeated(VK_RETURN), Keys({'Q'}), Shows(u"q"), kEnter}),
+                  (Answer{u"q", 0}));
+    }
+}
+
+TEST_F(Query, ControlF1OpensHelpAndF1AloneDoesNot) {
+    services::processValues.helpFilePath = u"D:\\Pelorix\\Marlentine.HLP";
+    const auto calls = [this] { return memory_.help.calls.size(); };
+    const auto isOpened = [calls](HWND) { return calls() == 1; };
+    EXPECT_EQ(Ask({}, {FocusIsOnInput(), Keys({VK_F1}), Keys({VK_SHIFT, VK_F1}), Keys({'A'}), Shows(u"a"),
+                       Do([calls](HWND) { EXPECT_EQ(calls(), 0u); }), Keys({VK_CONTROL, VK_F1}), isOpened, kEnter}),
+              (Answer{u"a", 0}));
+    ASSERT_EQ(calls(), 1u);
+    EXPECT_EQ(memory_.help.calls[0].opened, u"D:\\Pelorix\\Marlentine.chm");
+}
+
+TEST_F(Query, IsTopmostOnEveryActivation) {
+    const auto isTopmost = [](HWND dialog) { return (GetWindowLongW(dialog, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
+    HWND other = nullptr;
+    const auto goAway = Do([&](HWND dialog) {
+        SetWindowPos(dialog, HWND_NOTOPMOST, 0, 0, 0, 0, SWP_NOSIZE | SWP_NOMOVE | SWP_NOACTIVATE);
+        EXPECT_FALSE(isTopmost(dialog));
+        other = CreateWindowExW(0, L"STATIC", L"other", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100, nullptr,
+                                nullptr, GetModuleHandleW(nullptr), nullptr);
+        SetActiveWindow(other);
+        EXPECT_EQ(GetActiveWindow(), other);
+    });
+    const auto comeBack = Do([&](HWND dialog) {
+        SetActiveWindow(dialog);
+        DestroyWindow(other);
+    });
+    EXPECT_EQ(Ask({}, {FocusIsOnInput(), isTopmost, goAway, comeBack, isTopmost, kEscape}), kNoAnswer);
+    EXPECT_FALSE(isTopmost(owner_));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, OwnerTakesNoInputMeanwhile) {
+    Ask({}, {Do([this](HWND dialog) {
+                 EXPECT_FALSE(IsWindowEnabled(owner_));
+                 EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner_);
+                 EXPECT_EQ(GetActiveWindow(), dialog);
+             }),
+             kEscape});
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, ErrorsLeaveTheCallerAndNothingOpen) {
+    Question empty{.values = {}};
+    EXPECT_EQ(ErrorOf([&] { AskFor(empty); }), runtime::kSubscriptOutOfRange);
+    for (const std::int32_t kind : {3, 5}) {
+        for (const std::int32_t index : {2, -2, 100'000}) {
+            Question outside{.kind = kind, .values = {u"abc  ", u"A", u"B"}, .index = index};
+            EXPECT_EQ(ErrorOf([&] { AskFor(outside); }), runtime::kInvalidPropertyValue) << kind << " " << index;
+            EXPECT_EQ(outside.index, index);
+            EXPECT_EQ(outside.values[0], u"abc");
+            ExpectNothingIsLeft();
+        }
+    }
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {kEnter}), (Answer{u"abc", 0}));
+}
+
+TEST_F(Query, BusyPointerIsBackAfterwards) {
+    const HCURSOR busy = LoadCursorW(nullptr, IDC_WAIT);
+    runtime::SetMousePointer(runtime::kHourglassPointer);
+    Ask({}, {FocusIsOnInput(), Do([busy](HWND) { EXPECT_NE(GetCursor(), busy); }), kEscape});
+    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
+    EXPECT_EQ(GetCursor(), busy);
+    runtime::SetMousePointer(runtime::kDefaultPointer);
+}
+
+TEST_F(Query, EndOfAllFormsCancels) {
+    const auto unloadAll = Do([](HWND) {
+        while (runtime::Form* last = runtime::LoadedForms().LastToUnload()) last->Unload();
+    });
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), Keys({'Q'}), unloadAll}), kNoAnswer);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, DestroyedBySomebodyElseCancels) {
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {Do([](HWND dialog) { DestroyWindow(dialog); })}), kNoAnswer);
+    ExpectNothingIsLeft();
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {kEnter}), (Answer{u"abc", 0}));
+}
+
+TEST_F(Query, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {Do([](HWND) { PostQuitMessage(5); })}), kNoAnswer);
+    MSG message{};
+    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(message.wParam, 5u);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, ErrorInsideTheLoopReachesTheCaller) {
+    const auto fail = [](HWND) {
+        runtime::win32::Callback::Guard(0, []() -> int { throw runtime::Error(runtime::kOverflow); });
+    };
+    Question question{.values = {u"abc  "}, .index = 7};
+    {
+        const BoxDriver driver({Do(fail)});
+        EXPECT_EQ(ErrorOf([&] { AskFor(question); }), runtime::kOverflow);
+    }
+    EXPECT_EQ(question.values[0], u"abc");
+    EXPECT_EQ(question.index, 7);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, QuestionInsideAQuestionHasItsOwnAnswer) {
+    Answer inner = kNoAnswer;
+    HWND outerDialog = nullptr;
+    const auto askInner = Do([&](HWND dialog) {
+        outerDialog = dialog;
+        Question question{.kind = 3, .values = {u"", u"A", u"B"}, .index = 1};
+        inner = AskFor(question);
+        EXPECT_EQ(GetActiveWindow(), dialog);
+        EXPECT_TRUE(IsWindowEnabled(dialog));
+        EXPECT_FALSE(IsWindowEnabled(owner_));
+    });
+    const auto seeInner = Do([&](HWND dialog) {
+        EXPECT_NE(dialog, outerDialog);
+        EXPECT_FALSE(IsWindowEnabled(outerDialog));
+        EXPECT_EQ(GetWindow(dialog, GW_OWNER), outerDialog);
+    });
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), askInner, seeInner, FocusIsOnInput(), kEnter, Shows(u"abc"),
+                                         FocusIsOnInput(), Keys({'Q'}), kEnter}),
+              (Answer{u"q", 0}));
+    EXPECT_EQ(inner, (Answer{u"B", 2}));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, NeedsNoVisibleOwner) {
+    ShowWindow(owner_, SW_HIDE);
+    const auto see = Do([](HWND dialog) { EXPECT_TRUE(IsWindowVisible(dialog)); });
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {see, ClickOn(L"Accept")}), (Answer{u"abc", 0}));
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+}  // namespace
+}  // namespace tests
