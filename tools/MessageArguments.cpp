@@ -29,6 +29,14 @@ std::optional<std::int32_t> Number(std::string_view text) {
     return static_cast<std::int32_t>(*bits);
 }
 
+}  // namespace
+
+std::int32_t ReadNumber(StringView text, std::string_view name) {
+    const std::optional<std::int32_t> number = Number(runtime::ToUtf8(text));
+    if (!number) throw UsageError(std::string(name) + " is not a 32-bit number: '" + Display(text) + "'");
+    return *number;
+}
+
 String WithLineBreaks(StringView written) {
     String text;
     for (;;) {
@@ -38,14 +46,6 @@ String WithLineBreaks(StringView written) {
         text += kLineBreak;
         written.remove_prefix(position + kWrittenBreak.size());
     }
-}
-
-}  // namespace
-
-std::int32_t ReadNumber(StringView text, std::string_view name) {
-    const std::optional<std::int32_t> number = Number(runtime::ToUtf8(text));
-    if (!number) throw UsageError(std::string(name) + " is not a 32-bit number: '" + Display(text) + "'");
-    return *number;
 }
 
 MessageArguments ReadMessageArguments(const Arguments& arguments) {

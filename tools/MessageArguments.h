@@ -27,4 +27,7 @@ MessageArguments ReadMessageArguments(const Arguments& arguments);
 /// UsageError, which calls it `name`, when it is none.
 std::int32_t ReadNumber(StringView text, std::string_view name);
 
+/// `written` with a line break (CR LF) for each "\n".
+String WithLineBreaks(StringView written);
+
 }  // namespace tools

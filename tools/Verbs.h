@@ -22,6 +22,7 @@ extern const Verb kTextsVerb;
 extern const Verb kErrorVerb;
 extern const Verb kLocaleVerb;
 extern const Verb kMsgboxVerb;
+extern const Verb kQueryVerb;
 extern const Verb kHelpFileVerb;
 extern const Verb kRegisterVerb;
 extern const Verb kUnregisterVerb;

@@ -249,6 +249,31 @@ class WithoutComponent(ToolTestCase):
             self.assertEqual(box.poll(), 6)
             output.seek(0)
             self.assertEqual(output.read(), b"6\n")
+    def ask(self, key, *arguments):
+        """Exit code and output of the query dialog that is answered with `key`."""
+        title = f"Frage {os.getpid()}"
+        display = os.environ.get("DISPLAY") or subprocess.check_output(
+            [pathlib.Path(wine_run).parent / "start-display"], text=True, timeout=TIMEOUT).strip()
+        screen = {**os.environ, "DISPLAY": display}
+        with tempfile.TemporaryFile() as output:
+            dialog = subprocess.Popen([wine_run, str(bin_folder / "backproc.exe"), "query", "--title", title, *arguments],
+                                      stdout=output, stderr=output, env=screen)
+            self.addCleanup(dialog.kill)
+            end = time.monotonic() + TIMEOUT
+            while dialog.poll() is None and time.monotonic() < end:
+                subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title, "windowfocus", "key", key],
+                               env=screen, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=TIMEOUT)
+                time.sleep(0.3)
+            output.seek(0)
+            return dialog.poll(), output.read().decode()
+
+    def test_query_tells_its_ends_apart(self):
+        self.assertEqual(self.ask("Return", "--kind", "1", "abc  "), (0, "text=abc\nindex=0\n"))
+        self.assertEqual(self.ask("Return", "--kind", "1", ""), (0, "text=\nindex=0\n"))
+        self.assertEqual(self.ask("Escape", "--kind", "1", "abc"), (1, "text=\nindex=-1\n"))
+        self.assertEqual(self.ask("alt+m", "--kind", "1", "--button", "&More", "abc"), (3, "text=␁\nindex=-100\n"))
+        self.assertEqual(self.ask("Return", "--kind", "3", "--index", "1", "", "A", "B\\nC"),
+                         (0, "text=B␍␊C\nindex=2\n"))
 
     def test_help_file_needs_a_viewer(self):
         # Its window is Windows' own business; here only that the tool does not wait for one that never comes.

@@ -1,0 +1,78 @@
+#include "tools/QueryArguments.h"
+
+#include <gtest/gtest.h>
+
+namespace tools {
+namespace {
+
+QueryArguments Plain(std::int32_t kind, std::vector<String> values) {
+    QueryArguments query;
+    query.kind = kind;
+    query.values = std::move(values);
+    return query;
+}
+
+std::string ComplaintAbout(const Arguments& arguments) {
+    try {
+        ReadQueryArguments(arguments);
+    } catch (const UsageError& error) {
+        return error.what();
+    }
+    return "(none)";
+}
+
+TEST(QueryArguments, KindAndInitialTextAreEnough) {
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"abc"}), Plain(1, {u"abc"}));
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"-7", u""}), Plain(-7, {u""}));
+}
+
+TEST(QueryArguments, ItemsFollowTheInitialText) {
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"3", u"", u"A", u"B"}), Plain(3, {u"", u"A", u"B"}));
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"3", u"x", u"--", u"--kind"}), Plain(3, {u"x", u"--", u"--kind"}));
+}
+
+TEST(QueryArguments, OptionsStandBeforeTheTextsInAnyOrder) {
+    QueryArguments all = Plain(5, {u"", u"A"});
+    all.title = u"T";
+    all.prompt = u"P";
+    all.index = 0;
+    all.buttonCaption = u"More";
+    all.languageFolder = u"C:\\new";
+    EXPECT_EQ(ReadQueryArguments({u"--language", u"C:\\new", u"--button", u"More", u"--index", u"0", u"--prompt", u"P",
+                                  u"--title", u"T", u"--kind", u"5", u"", u"A"}),
+              all);
+}
+
+TEST(QueryArguments, EmptyCaptionIsAButtonAllTheSame) {
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"--button", u"", u"x"}).buttonCaption, u"");
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"x"}).buttonCaption, std::nullopt);
+}
+
+TEST(QueryArguments, TwoHyphensEndTheOptions) {
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"--", u"--title"}), Plain(1, {u"--title"}));
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"--", u"--"}), Plain(1, {u"--"}));
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"-x"}), Plain(1, {u"-x"}));
+}
+
+TEST(QueryArguments, BackslashWithNIsALineBreakInEveryTextButTheFolder) {
+    const auto query = ReadQueryArguments(
+        {u"--kind", u"4", u"--prompt", u"a\\nb", u"--language", u"C:\\n", u"--button", u"c\\nd", u"\\n", u"e\\nf"});
+    EXPECT_EQ(query.prompt, u"a\r\nb");
+    EXPECT_EQ(query.buttonCaption, u"c\r\nd");
+    EXPECT_EQ(query.values, (std::vector<String>{u"\r\n", u"e\r\nf"}));
+    EXPECT_EQ(query.languageFolder, u"C:\\n");
+}
+
+TEST(QueryArguments, BadUsageIsNamed) {
+    EXPECT_EQ(ComplaintAbout({}), "--kind is missing");
+    EXPECT_EQ(ComplaintAbout({u"x"}), "--kind is missing");
+    EXPECT_EQ(ComplaintAbout({u"--kind", u"1"}), "VALUE0 is missing");
+    EXPECT_EQ(ComplaintAbout({u"--kind", u"1", u"--"}), "VALUE0 is missing");
+    EXPECT_EQ(ComplaintAbout({u"--kind"}), "'--kind' takes a value");
+    EXPECT_EQ(ComplaintAbout({u"--kind", u"one", u"x"}), "--kind is not a 32-bit number: 'one'");
+    EXPECT_EQ(ComplaintAbout({u"--kind", u"3", u"--index", u"", u"x"}), "--index is not a 32-bit number: ''");
+    EXPECT_EQ(ComplaintAbout({u"--kinds", u"3", u"x"}), "there is no option '--kinds'");
+}
+
+}  // namespace
+}  // namespace tools

@@ -1,0 +1,65 @@
+// `backproc query`: the suite's query dialog.
+#include <exception>
+#include <ostream>
+
+#include "dialogs/Qmxquery.h"
+#include "services/modReg.h"
+#include "tools/Display.h"
+#include "tools/MessageService.h"
+#include "tools/QueryArguments.h"
+#include "tools/Verbs.h"
+
+namespace tools {
+
+namespace {
+
+constexpr int kAccepted = 0;
+constexpr int kCancelled = 1;
+constexpr int kFailed = 2;
+constexpr int kExtraButton = 3;
+
+constexpr std::string_view kHelp =
+    R"(Usage: backproc query --kind K [--title T] [--prompt P] [--index I] [--button CAPTION] [--language FOLDER]
+                      [--] VALUE0 [ITEM...]
+
+Asks for a value with the suite's query dialog and prints the answer's text and index, control characters as pictures.
+K is 1 for a line of text, 2 an editable combo box, 3 a drop-down list, 4 a block of text, 5 a list box; anything else
+is 1. VALUE0 is the initial text of 1, 2 and 4; the ITEMs fill 2, 3 and 5; I is the item selected at first in 3 and 5,
+counted from 0, -1 for none. CAPTION gives the dialog an extra button. FOLDER holds the language file. Without a title
+the dialog has the product's name. In all texts '\n' is a line break; '--' ends the options.
+
+Exit code: 0 accepted, 1 cancelled, 3 the extra button, 2 bad usage or an error, with its text on standard error.
+
+Example:
+  backproc query --kind 3 --prompt "Which side?" --index 0 "" Top Bottom
+)";
+
+int ExitCodeFor(std::int32_t index) {
+    if (index == dialogs::Qmxquery::kCancelled) return kCancelled;
+    return index == dialogs::Qmxquery::kExtraButton ? kExtraButton : kAccepted;
+}
+
+int Ask(QueryArguments& query, Console& console) {
+    PrepareMessages(query.languageFolder);
+    const String title = query.title ? *query.title : services::GetProductName();
+    const String text = dialogs::AskQuery(title, query.prompt, query.values, query.kind, query.index,
+                                          query.buttonCaption.has_value(), query.buttonCaption.value_or(u""));
+    console.out << "text=" << Display(text) << "\nindex=" << query.index << '\n';
+    return ExitCodeFor(query.index);
+}
+
+int RunQuery(const Arguments& arguments, Console& console) {
+    QueryArguments query = ReadQueryArguments(arguments);
+    try {
+        return Ask(query, console);
+    } catch (const std::exception& error) {
+        console.err << "backproc query: " << error.what() << '\n';
+        return kFailed;
+    }
+}
+
+}  // namespace
+
+const Verb kQueryVerb = {"query", "Shows the suite's query dialog and its answer", kHelp, RunQuery};
+
+}  // namespace tools
