@@ -17,8 +17,8 @@ import zipfile
 TIMEOUT = 180  # seconds; a run takes a few
 NAME = "Pelorix Back Process Manager"
 
-# What Wine itself writes anew at each start of a prefix.
-WRITTEN_BY_WINE = r"System\\CurrentControlSet"
+# What Wine itself writes anew when a prefix starts and when a console ends.
+WRITTEN_BY_WINE = (r"System\\CurrentControlSet", "Console")
 
 wine_run = ""
 packages = pathlib.Path()
@@ -76,6 +76,8 @@ class RoundTrip(unittest.TestCase):
         cls.setup = next(packages.glob("*-setup.exe"))
         # What every user of Windows has, and what the script host leaves behind when it first runs.
         run("reg.exe", "add", r"HKCU\Software\Classes", "/f")
+        for hive in ("HKCU", "HKLM"):
+            run("reg.exe", "add", hive + r"\Software\Microsoft\Windows\CurrentVersion\Uninstall", "/f")
         with tempfile.NamedTemporaryFile("w", suffix=".vbs") as script:
             script.write("' Nothing to do.\n")
             script.flush()
