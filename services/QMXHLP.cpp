@@ -8,10 +8,12 @@
 namespace services {
 namespace {
 
+using runtime::NativeHandle;
+
 /// The suite's true, with all bits set.
 constexpr std::int16_t kTrue = -1;
 
-runtime::NativeHandle MainWindow() {
+NativeHandle MainWindow() {
     return processValues.mainForm ? processValues.mainForm->Handle() : 0;
 }
 
@@ -31,14 +33,21 @@ void ShowHelpContents() {
 
 void ShowHelpTopic(StringView /*file*/, std::int32_t /*topic*/, std::int16_t& wanted) {
     if (wanted == 0) return;
-    ShowHelpContents();
+    const String name = CompiledHelpName();
+    const NativeHandle window = MainWindow();
+    // Noted before the viewer is called, as it may fail with its window open; and once more behind it, as the main form
+    // may be unloaded, and the note cleared, while the viewer opens its window.
+    processValues.helpIsOpen = kTrue;
+    runtime::CurrentPorts().help.OpenContents(window, name);
     processValues.helpIsOpen = kTrue;
 }
 
-void CloseHelp(runtime::NativeHandle window) {
+void CloseHelp(NativeHandle window) {
     if (processValues.helpIsOpen == 0) return;
-    runtime::CurrentPorts().help.CloseAll(window);
+    runtime::FirstError error;
+    error.Run([window] { runtime::CurrentPorts().help.CloseAll(window); });
     processValues.helpIsOpen = 0;
+    error.Rethrow();
 }
 
 }  // namespace services

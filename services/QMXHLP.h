@@ -13,7 +13,7 @@ namespace services {
 runtime::String CompiledHelpName();
 
 // Both open the table of contents, owned by the main form's window. As any access to its window, that loads a main form
-// which has been unloaded; before its first load the help has no owner. Error 5 as above.
+// which has been unloaded. Error 5 as above, so also before the first load of the main form, which sets the name.
 
 /// The help stays open when the main form unloads.
 void ShowHelpContents();

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 #include "runtime/Error.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ErrorOf.h"
@@ -22,6 +24,31 @@ class HelpTest : public tests::HeadlessTest {
 
     const std::vector<Call>& Calls() const { return memory_.help.calls; }
     void ShowTopic(std::int16_t wanted = -1) { ShowHelpTopic(u"", 0, wanted); }
+};
+
+/// A help viewer in whose calls something happens.
+class InterruptedHelp : public runtime::headless::RecordingHelp {
+ public:
+    void OpenContents(runtime::NativeHandle owner, StringView file) override {
+        RecordingHelp::OpenContents(owner, file);
+        if (onCall) onCall();
+    }
+    void CloseAll(runtime::NativeHandle owner) override {
+        RecordingHelp::CloseAll(owner);
+        if (onCall) onCall();
+    }
+
+    std::function<void()> onCall;
+};
+
+class InterruptedHelpTest : public HelpTest {
+ protected:
+    InterruptedHelpTest() { runtime::UsePorts(&interruptedPorts_); }
+    ~InterruptedHelpTest() override { runtime::UsePorts(&ports_); }
+
+    InterruptedHelp help_;
+    runtime::Ports interruptedPorts_{memory_.windows, memory_.settings, memory_.files,      memory_.process,
+                                     memory_.locale,  memory_.fonts,    memory_.messageBox, help_};
 };
 
 const Call kOpened{0, u"D:\\Pelorix\\Marlentine.chm"};
@@ -111,6 +138,32 @@ TEST_F(HelpTest, ClosesAgainWhatWasOpenedAgain) {
     memory_.help.calls.clear();
     CloseHelp(43);
     EXPECT_THAT(Calls(), ElementsAre(Call{43, std::nullopt}));
+}
+
+TEST_F(InterruptedHelpTest, TopicIsClosedLaterThoughTheViewerFailed) {
+    help_.onCall = [] { throw runtime::Error(runtime::kInternalError); };
+    EXPECT_EQ(tests::ErrorOf([this] { ShowTopic(); }), runtime::kInternalError);
+    help_.onCall = {};
+    CloseHelp(42);
+    EXPECT_THAT(help_.calls, ElementsAre(kOpened, Call{42, std::nullopt}));
+}
+
+TEST_F(InterruptedHelpTest, TopicThatWasOpeningDuringACloseIsClosedByTheNext) {
+    help_.onCall = [this] {
+        help_.onCall = {};
+        CloseHelp(42);
+    };
+    ShowTopic();
+    CloseHelp(43);
+    EXPECT_THAT(help_.calls, ElementsAre(kOpened, Call{42, std::nullopt}, Call{43, std::nullopt}));
+}
+
+TEST_F(InterruptedHelpTest, CloseThatFailsIsNotTriedAgain) {
+    ShowTopic();
+    help_.onCall = [] { throw runtime::Error(runtime::kInternalError); };
+    EXPECT_EQ(tests::ErrorOf([] { CloseHelp(42); }), runtime::kInternalError);
+    CloseHelp(43);
+    EXPECT_THAT(help_.calls, ElementsAre(kOpened, Call{42, std::nullopt}));
 }
 
 }  // namespace

@@ -105,6 +105,8 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     const int answer = Callback::Into([&] { return MessageBoxIndirectW(&box); });
     // The box went because the thread is to end: nobody has answered it, whatever the system says.
     if (IsQuitting()) return IDCANCEL;
+    // With its owner the box goes, too: an owner may be unloaded while the question is open.
+    if (answer == 0 && owner && !IsWindow(owner)) return IDCANCEL;
     if (answer == 0) throw Error(kOutOfMemory);
     return answer;
 }

@@ -79,12 +79,12 @@ TEST_F(HelpCalls, NamesAreAnsi) {
 }
 
 TEST(HelpControlInTheComponent, MissingOneDoesNothing) {
-    runtime::win32::HelpControl missing(L"none.ocx");
-    missing.OpenContents(0, u"C:\\a.chm");
-    missing.CloseAll(0);
-    runtime::win32::HelpControl another(L"version.dll");
-    another.OpenContents(0, u"C:\\a.chm");
-    another.CloseAll(0);
+    for (const wchar_t* library : {L"none.ocx", L"version.dll"}) {
+        runtime::win32::HelpControl control(library);
+        EXPECT_NO_THROW(control.OpenContents(0, u"C:\\a.chm"));
+        EXPECT_NO_THROW(control.CloseAll(0));
+        EXPECT_FALSE(control.Open(nullptr, u"C:\\a.chm", 0));
+    }
 }
 
 }  // namespace

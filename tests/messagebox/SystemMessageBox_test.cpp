@@ -15,6 +15,7 @@ namespace {
 using testing::ElementsAre;
 using tests::BoxDriver;
 using tests::Press;
+using tests::ShownBox;
 using tests::TextOf;
 using tests::Type;
 
@@ -236,6 +237,12 @@ TEST_F(SystemMessageBox, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
     EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
     EXPECT_EQ(message.wParam, 5u);
     EXPECT_TRUE(IsWindowEnabled(owner_));
+}
+
+TEST_F(SystemMessageBox, OwnerThatGoesMeanwhileCancels) {
+    const auto destroyOwner = [this](HWND) { return DestroyWindow(owner_) != FALSE; };
+    EXPECT_EQ(Show(MB_YESNO, {destroyOwner}), 2);
+    EXPECT_EQ(ShownBox(), nullptr);
 }
 
 bool IsWine() {
