@@ -48,9 +48,11 @@ class InterruptedMessageBox : public runtime::MessageBoxPort {
                       const runtime::MessageHelp& /*help*/) override {
         prompts.emplace_back(prompt);
         if (const auto then = std::exchange(onNextMessage, {})) then();
+        if (onEachMessage) onEachMessage();
         return 1;
     }
 
+    std::function<void()> onEachMessage;
     std::vector<String> prompts;
     std::function<void()> onNextMessage;
 };
@@ -72,12 +74,7 @@ class CommandsOver : public Base {
         kernel_api::UseReader(&this->reader_);
     }
 
-    void Notify(StringView text) {
-        String name;
-        String command(text);
-        object_.NotifyMe(name, command);
-        EXPECT_EQ(command, text);
-    }
+    void Notify(StringView text) { object_.NotifyMe(u"", text); }
     std::function<void()> Notifying(StringView text) {
         return [this, text] { Notify(text); };
     }
@@ -261,6 +258,21 @@ TEST_F(Commands, ErrorWhileTheMessageOfAnErrorIsOpenIsShownToo) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
+TEST_F(Commands, ErrorsFromInsideOpenMessagesAreShownUpToADepthAndUnloadBeyondIt) {
+    form_.EnsureLoaded();
+    FailSave();
+    int commands = 1;
+    box_.onEachMessage = [&] {
+        if (++commands <= 100) Notify(u"All,SAVE");
+    };
+    Notify(u"All,SAVE");
+    EXPECT_EQ(box_.prompts.size(), 8U);
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    box_.onEachMessage = {};
+    Notify(u"All,SAVE");
+    EXPECT_EQ(box_.prompts.size(), 9U);
+}
+
 TEST_F(Commands, ErrorOfTheMessageReachesTheClientAfterTheShutdown) {
     form_.EnsureLoaded();
     FailSave();
@@ -285,6 +297,29 @@ TEST_F(Commands, ErrorOfTheShutdownAfterAnErrorReachesTheClient) {
     kernel_.FailOn("E_SetString(K4TBACKPROCESS,", Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(ErrorOfNotifying(u"All,SAVE"), runtime::kDllEntryPointNotFound);
     EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(Commands, RecordThatCannotBeWithdrawnKeepsNoStepOfTheShutdown) {
+    form_.EnsureLoaded();
+    dialog_.EnsureLoaded();
+    std::int16_t wanted = -1;
+    services::ShowHelpTopic(u"", 0, wanted);
+    kernel_.FailOn("E_SetString(K4TBACKPROCESS,", Error(runtime::kDllEntryPointNotFound));
+    EXPECT_EQ(ErrorOf([this] { form_.Unload(); }), runtime::kDllEntryPointNotFound);
+    EXPECT_EQ(memory_.help.calls.size(), 2U);
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
+TEST_F(Commands, DialogThatFailsInItsUnloadKeepsNoStepOfTheShutdown) {
+    form_.EnsureLoaded();
+    tests::HandledForm second(u"second");
+    dialog_.EnsureLoaded();
+    second.EnsureLoaded();
+    second.onUnload = [] { throw Error(runtime::kOverflow); };
+    EXPECT_EQ(ErrorOf([this] { form_.Unload(); }), runtime::kOverflow);
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
 class LanguageCommands : public CommandsOver<tests::ComponentTest> {
@@ -364,6 +399,65 @@ TEST_F(CommandsInMemory, ErrorWhileTheSuitesBoxIsOpenIsShownAndAnswersItWithCanc
     EXPECT_EQ(services::ShowMessage(u"Overwrite?", services::kSuiteBox), 2);
     EXPECT_THAT(box_.prompts, ElementsAre(u"no database"));
     EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(CommandsInMemory, ExUnloadsAFormAgainThatAPendingEventLoads) {
+    form_.EnsureLoaded();
+    memory_.windows.Post([this] { form_.EnsureLoaded(); });
+    Notify(u"All,EX");
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN", "SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(CommandsInMemory, ExEndsThoughAClientLoadsTheFormAfterEachUnload) {
+    const auto loading = form_.NotifyClass().Connect(
+        [this](String&, String&) { memory_.windows.Post([this] { form_.EnsureLoaded(); }); });
+    form_.EnsureLoaded();
+    Notify(u"All,EX");
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_EQ(heard_.size(), 101U);
+}
+
+TEST_F(CommandsInMemory, LzChoosesTheFontInTheFormsContextBeforeItLocalises) {
+    form_.EnsureLoaded();
+    const std::string context = std::to_string(form_.DeviceContext());
+    const std::string window = std::to_string(form_.Handle());
+    memory_.fonts.installed.clear();
+    memory_.fonts.log.clear();
+    kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
+    interruptedReader_.onNextText = [&] {
+        EXPECT_EQ(routing::LanguagePath, u"C:\\de");
+        EXPECT_EQ(processValues.uiFont.name, u"Tahoma");
+        EXPECT_NE(form_.Controls().at(0)->Font().name, u"Tahoma");
+    };
+    Notify(u"All,LZ");
+    EXPECT_FALSE(interruptedReader_.onNextText);
+    EXPECT_THAT(memory_.fonts.log, ::testing::Contains("release " + context + " of " + window));
+    EXPECT_EQ(form_.Controls().at(0)->Font().name, u"Tahoma");
+}
+
+TEST_F(CommandsInMemory, LzReadsTheFolderBeforeItChoosesTheFont) {
+    form_.EnsureLoaded();
+    memory_.fonts.log.clear();
+    kernel_.FailOn("E_GetString(LANGUAGEPATH)", Error(runtime::kSilent));
+    Notify(u"All,LZ");
+    EXPECT_THAT(memory_.fonts.log, IsEmpty());
+    EXPECT_TRUE(NoneLoaded());
+}
+
+class StayingMainForm : public frmBackProcessMain {
+ public:
+    StayingMainForm() { staysLoaded_ = true; }
+};
+
+TEST_F(CommandsInMemory, ExLeavesAFormThatIsToStayAndAnErrorDoesNot) {
+    StayingMainForm staying;
+    staying.EnsureLoaded();
+    staying.AP_ExeCmd(u"All,EX");
+    EXPECT_TRUE(staying.IsLoaded());
+    FailSave(runtime::kSilent);
+    staying.AP_ExeCmd(u"All,SAVE");
+    EXPECT_FALSE(staying.IsLoaded());
 }
 
 using Help = CommandsOver<tests::ComponentTest>;

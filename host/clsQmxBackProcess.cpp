@@ -76,7 +76,7 @@ bool clsQmxBackProcess::Load(std::int16_t& /*iMode*/) {
     return broughtUp;
 }
 
-void clsQmxBackProcess::NotifyMe(String& /*Aname*/, String& sCommand) {
+void clsQmxBackProcess::NotifyMe(StringView /*Aname*/, StringView sCommand) {
     if (sCommand.empty()) return;
     if (!link_) throw runtime::Error(runtime::kObjectVariableNotSet);
     link_->form.AP_ExeCmd(sCommand);

@@ -38,8 +38,8 @@ class clsQmxBackProcess {
     /// Brings the main form up hidden; True when it had to. Never fails. `iMode` is not used.
     bool Load(std::int16_t& iMode);
     /// Has the main form carry out a command for this component. An empty one does nothing; `Aname` is not used. Error
-    /// 91 after Terminate.
-    void NotifyMe(String& Aname, String& sCommand);
+    /// 91 after Terminate. The texts are not looked at any more once client code runs.
+    void NotifyMe(StringView Aname, StringView sCommand);
     /// Always empty, and forgets the stored value.
     String SeverPath();
     void SetSeverPath(StringView value);

@@ -23,6 +23,9 @@ using runtime::Twips;
 constexpr Twips kSmallestWidth = 8000;
 constexpr Twips kSmallestHeight = 3000;
 
+/// Far more than there are forms: only a client that loads the main form again after every unload gets there.
+constexpr int kMostRoundsWithEvents = 100;
+
 runtime::FormDesign MainFormDesign() {
     return {
         .name = u"frmBackProcessMain",
@@ -43,9 +46,26 @@ runtime::ControlDesign MsgLineDesign() {
     };
 }
 
-void UnloadLastForm() {
-    if (runtime::Form* last = runtime::LoadedForms().LastToUnload()) last->Unload();
-}
+/// Unloads forms from the last loaded one on. One that refused would refuse for ever, so that it is not tried again;
+/// one that an event loads anew after its unload is.
+class Unloading {
+ public:
+    bool HasMore() const {
+        const runtime::Form* const next = runtime::LoadedForms().LastToUnload();
+        return next && next != refused_;
+    }
+    void UnloadLast(runtime::FirstError& error) {
+        runtime::Form* const last = runtime::LoadedForms().LastToUnload();
+        refused_ = nullptr;
+        if (!last) return;
+        error.Run([&] {
+            if (!last->Unload()) refused_ = last;
+        });
+    }
+
+ private:
+    const runtime::Form* refused_ = nullptr;
+};
 
 }  // namespace
 
@@ -60,8 +80,8 @@ void frmBackProcessMain::EditMsgLine(StringView text) {
     msgLine_.Refresh();
 }
 
-void frmBackProcessMain::AP_ExeCmd(String& command) {
-    routing::ExecuteCommand(command, {*this, staysLoaded_, [this] { UnloadAllForms(); }});
+void frmBackProcessMain::AP_ExeCmd(StringView command) {
+    routing::ExecuteCommand(command, {*this, staysLoaded_, unloadAllForms_});
 }
 
 void frmBackProcessMain::AP_SendCmd(String& module, String& command) {
@@ -109,13 +129,13 @@ void frmBackProcessMain::Announce() {
 
 void frmBackProcessMain::UnloadAllForms() {
     runtime::FirstError error;
-    const Form* last = nullptr;
+    Unloading forms;
+    int rounds = 0;
     do {
-        last = runtime::LoadedForms().LastToUnload();
-        error.Run([] { UnloadLastForm(); });
-        error.Run([] { runtime::DoEvents(); });
-        // A form that is still the last one refused; it would refuse for ever.
-    } while (runtime::LoadedForms().LastToUnload() && runtime::LoadedForms().LastToUnload() != last);
+        forms.UnloadLast(error);
+        // Who loads the form again in each event shall not keep the loop from ending, nor a form from going.
+        if (++rounds <= kMostRoundsWithEvents) error.Run([] { runtime::DoEvents(); });
+    } while (forms.HasMore());
     error.Rethrow();
 }
 
@@ -126,17 +146,21 @@ void frmBackProcessMain::OnQueryUnload(bool& /*cancel*/, runtime::UnloadReason /
 void frmBackProcessMain::OnUnload(bool& /*cancel*/) {
     // The claim ends with the unload, however that ends.
     const auto claim = std::move(firstInstance_);
-    routing::PublishModuleState(0, 0);
-    services::CloseHelp(Handle());
-    const Form* last = nullptr;
-    while (runtime::LoadedForms().LastToUnload() && runtime::LoadedForms().LastToUnload() != last) {
-        runtime::DoEvents();
-        last = runtime::LoadedForms().LastToUnload();
-        UnloadLastForm();
+    // No step is left out for an error of another one: the clients are told in any case.
+    runtime::FirstError error;
+    error.Run([] { routing::PublishModuleState(0, 0); });
+    error.Run([this] { services::CloseHelp(Handle()); });
+    Unloading others;
+    while (others.HasMore()) {
+        error.Run([] { runtime::DoEvents(); });
+        others.UnloadLast(error);
     }
-    String module(routing::kOwnModuleName);
-    String command(u"SHUTDOWN");
-    notifyClass_.Raise(module, command);
+    error.Run([this] {
+        String module(routing::kOwnModuleName);
+        String command(u"SHUTDOWN");
+        notifyClass_.Raise(module, command);
+    });
+    error.Rethrow();
 }
 
 void frmBackProcessMain::OnActivate() {

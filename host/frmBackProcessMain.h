@@ -3,6 +3,7 @@
 // load announces this module to the suite; its unload withdraws it and tells the clients "SHUTDOWN".
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include "runtime/Event.h"
@@ -29,7 +30,7 @@ class frmBackProcessMain : public runtime::Form {
     void EditMsgLine(StringView text);
 
     /// Carries out a command from another module. Does not load the form, unless the command does.
-    void AP_ExeCmd(String& command);
+    void AP_ExeCmd(StringView command);
 
     // Commands for other modules. Each raises NotifyClass once, before it returns; a client's error passes.
 
@@ -50,6 +51,9 @@ class frmBackProcessMain : public runtime::Form {
     void OnKeyUp(std::int16_t& keyCode, std::int16_t shift) override;
     void OnKeyPress(char16_t& character) override;
 
+    /// Never set by anything so far; EX looks at it.
+    bool staysLoaded_ = false;
+
  private:
     void Announce();
     /// Unloads the last loaded form until none is left, letting pending events run after each. What fails keeps none
@@ -60,8 +64,7 @@ class frmBackProcessMain : public runtime::Form {
     runtime::Control& msgLine_;
     std::unique_ptr<runtime::InstanceClaim> firstInstance_;
     runtime::NativeHandle handle_ = 0;
-    /// Never set by anything so far; EX looks at it.
-    bool staysLoaded_ = false;
+    const std::function<void()> unloadAllForms_ = [this] { UnloadAllForms(); };
 };
 
 }  // namespace host

@@ -19,8 +19,8 @@ class FieldParser {
 
     /// From now on the fields are those of `text`, of which the parser keeps a copy.
     virtual void SetText(StringView text) = 0;
-    /// Field `number`, from 1; "" for one that is not there.
-    virtual String Field(std::int32_t number) = 0;
+    /// Field `number`, from 1; "" for one that is not there. It holds until the next SetText.
+    virtual StringView Field(std::int32_t number) = 0;
 };
 
 class Splitter {

@@ -1,7 +1,8 @@
 #include "routing/CommandInterpreter.h"
 
+#include <exception>
 #include <memory>
-#include <optional>
+#include <new>
 
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"
@@ -66,29 +67,45 @@ void Interpret(StringView command, const CommandReceiver& receiver) {
     const bool isForThisModule = parser.Field(1) == kOwnModuleName;
     const bool isForAll = parser.Field(1) == u"All";
     if (!isForThisModule && !isForAll) return;
-    const String name = parser.Field(2);
+    const StringView name = parser.Field(2);
     for (const Verb& verb : kVerbs) {
         if (name == verb.name) return verb.carryOut(receiver);
     }
 }
 
-/// None when all went well. What is no error of the runtime is one of memory.
-std::optional<Error> ErrorOfInterpreting(StringView command, const CommandReceiver& receiver) {
-    try {
-        Interpret(command, receiver);
-    } catch (const Error& error) {
-        return error;
-    } catch (const std::exception&) {
-        return Error(runtime::kOutOfMemory);
-    }
-    return std::nullopt;
+/// A client may send failing commands as long as a message is open, from a timer say. Each message needs room on the
+/// stack until the ones above it are answered, so there is an end to them.
+constexpr int kMostOpenMessages = 8;
+int openMessages = 0;
+
+void Show(const String& description) {
+    if (openMessages >= kMostOpenMessages) return;
+    const struct OpenMessage {
+        OpenMessage() { ++openMessages; }
+        OpenMessage(const OpenMessage&) = delete;
+        OpenMessage& operator=(const OpenMessage&) = delete;
+        ~OpenMessage() { --openMessages; }
+    } openMessage;
+    services::ShowMessage(description, 0);
 }
 
-void Answer(const Error& error, const CommandReceiver& receiver) {
+/// What is no error of the runtime is shown under the numbers that it has at the component's edge.
+void ShowFailure(const std::exception_ptr& failure) {
+    try {
+        std::rethrow_exception(failure);
+    } catch (const Error& error) {
+        if (error.Number() != runtime::kSilent) Show(error.Description());
+    } catch (const std::bad_alloc&) {
+        Show(runtime::StandardDescription(runtime::kOutOfMemory));
+    } catch (...) {
+        Show(runtime::StandardDescription(runtime::kInternalError));
+    }
+}
+
+// The failure is kept as it is: when memory is short even a copy of it could fail, and the forms must go all the same.
+void Answer(const std::exception_ptr& failure, const CommandReceiver& receiver) {
     runtime::FirstError firstError;
-    firstError.Run([&] {
-        if (error.Number() != runtime::kSilent) services::ShowMessage(error.Description(), 0);
-    });
+    firstError.Run([&] { ShowFailure(failure); });
     firstError.Run(receiver.unloadAllForms);
     firstError.Rethrow();
 }
@@ -97,7 +114,9 @@ void Answer(const Error& error, const CommandReceiver& receiver) {
 
 void ExecuteCommand(StringView command, const CommandReceiver& receiver) {
     if (command.empty()) return;
-    if (const std::optional<Error> error = ErrorOfInterpreting(command, receiver)) Answer(*error, receiver);
+    runtime::FirstError failure;
+    failure.Run([&] { Interpret(command, receiver); });
+    if (failure.IsKept()) Answer(failure.Kept(), receiver);
 }
 
 void ResetCommandInterpreter() {

@@ -26,7 +26,7 @@ struct CommandReceiver {
     runtime::Form& mainForm;
     /// EX leaves the forms alone.
     bool staysLoaded = false;
-    std::function<void()> unloadAllForms;
+    const std::function<void()>& unloadAllForms;
 };
 
 /// Carries `command` out; nothing for an empty one. Throws only what fails while an error is being answered, after the

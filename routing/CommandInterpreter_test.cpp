@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <new>
+#include <stdexcept>
 
 #include "kernel_api/dev/BuiltInReader.h"
 #include "kernel_api/dev/BuiltInSplitter.h"
@@ -48,7 +49,7 @@ class RecordingSplitter : public kernel_api::Splitter {
             splitter_.asked.push_back("text " + runtime::ToUtf8(text));
             parser_->SetText(text);
         }
-        String Field(std::int32_t number) override {
+        StringView Field(std::int32_t number) override {
             splitter_.asked.push_back("field " + std::to_string(number));
             if (splitter_.onField) splitter_.onField();
             return parser_->Field(number);
@@ -276,12 +277,22 @@ TEST_F(Failure, WithoutASplitterIsAnswered) {
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Failure, ThatIsNoneOfTheRuntimeIsOneOfMemory) {
+TEST_F(Failure, ForWantOfMemoryIsShownAsSuch) {
     memory_.messageBox.answers = {1};
     splitter_.onField = [] { throw std::bad_alloc(); };
     Execute(u"All,SAVE");
     EXPECT_THAT(Messages(), ElementsAre(u"Out of memory"));
     EXPECT_EQ(unloads_, 1);
+}
+
+TEST_F(Failure, ThatNobodyKnowsIsAnInternalError) {
+    memory_.messageBox.answers = {1, 1};
+    splitter_.onField = [] { throw std::logic_error("odd"); };
+    Execute(u"All,SAVE");
+    splitter_.onField = [] { throw 42; };
+    Execute(u"All,SAVE");
+    EXPECT_THAT(Messages(), ElementsAre(u"Internal error", u"Internal error"));
+    EXPECT_EQ(unloads_, 2);
 }
 
 TEST_F(Failure, OfTheUnloadThatExAskedForIsShownAndTheUnloadTriedOnceMore) {

@@ -78,6 +78,7 @@ class FirstError {
     }
 
     bool IsKept() const noexcept { return kept_ != nullptr; }
+    const std::exception_ptr& Kept() const noexcept { return kept_; }
     /// Throws the kept error; nothing when every step went well.
     void Rethrow() const {
         if (kept_) std::rethrow_exception(kept_);

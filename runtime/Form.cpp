@@ -79,16 +79,18 @@ void Form::DestroyWindow() {
     const auto window = std::move(window_);
 }
 
-void Form::Unload(UnloadReason reason) {
-    if (!window_ || unloading_) return;
+bool Form::Unload(UnloadReason reason) {
+    if (!window_ || unloading_) return true;
     unloading_ = true;
     bool cancel = false;
     FirstError error;
     error.Run([&] { OnQueryUnload(cancel, reason); });
     if (!cancel) error.Run([&] { OnUnload(cancel); });
     unloading_ = false;
-    if (window_ && (error.IsKept() || !cancel)) DestroyWindow();
+    const bool isRefused = window_ && cancel && !error.IsKept();
+    if (window_ && !isRefused) DestroyWindow();
     error.Rethrow();
+    return !isRefused;
 }
 
 void Form::Forget() {

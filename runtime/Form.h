@@ -52,8 +52,8 @@ class Form : private WindowEvents {
 
     /// Makes the window and runs the load handler unless that was done. Error 364 when the load handler unloaded it.
     void EnsureLoaded();
-    /// Nothing for a form that is not loaded. A handler may refuse; then the form stays.
-    void Unload(UnloadReason reason = UnloadReason::kCode);
+    /// Nothing for a form that is not loaded. A handler may refuse; then the form stays, and the answer is false.
+    bool Unload(UnloadReason reason = UnloadReason::kCode);
     /// The window went with its thread: leaves the loaded forms, without any handler.
     void Forget();
 

@@ -11,19 +11,23 @@ namespace {
 class BuiltInFieldParser : public FieldParser {
  public:
     void SetText(StringView text) override {
+        if (text_.capacity() > kRoomKept && text.size() <= kRoomKept) String().swap(text_);
         text_ = text;
         fields_ = CommaFields(text_);
         taken_.clear();
     }
 
-    String Field(std::int32_t number) override {
+    StringView Field(std::int32_t number) override {
         if (number < 1) return {};
         const auto wanted = static_cast<std::size_t>(number);
         while (taken_.size() < wanted && !fields_.AtEnd()) taken_.push_back(fields_.Take().text);
-        return taken_.size() < wanted ? String() : String(taken_[wanted - 1]);
+        return taken_.size() < wanted ? StringView() : taken_[wanted - 1];
     }
 
  private:
+    /// In characters. Room for a larger text is given back when a smaller one comes.
+    static constexpr std::size_t kRoomKept = 65536;
+
     String text_;
     CommaFields fields_{text_};
     std::vector<StringView> taken_;

@@ -20,7 +20,7 @@ class FieldParserTest : public ::testing::Test {
     std::vector<String> Fields(StringView text, std::int32_t count) {
         parser_->SetText(text);
         std::vector<String> fields;
-        for (std::int32_t i = 1; i <= count; ++i) fields.push_back(parser_->Field(i));
+        for (std::int32_t i = 1; i <= count; ++i) fields.emplace_back(parser_->Field(i));
         return fields;
     }
 

@@ -1,19 +1,15 @@
 // Kernel libraries that lack one entry each: the command that needs it ends in a message and in the shutdown.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-#include "kernel_api/dev/BuiltInReader.h"
-#include "kernel_api/dev/BuiltInSplitter.h"
+#include "host/clsQmxBackProcess.h"
+#include "host/frmBackProcessMain.h"
 #include "kernel_api/win32/KernelLibrary.h"
-#include "routing/CommandInterpreter.h"
-#include "tests/support/ErrorOf.h"
-#include "tests/support/HandledForm.h"
-#include "tests/support/RuntimeFixture.h"
+#include "tests/support/ComponentFixture.h"
 
-namespace routing {
+namespace host {
 namespace {
 
-using runtime::String;
-using runtime::StringView;
+using ::testing::ElementsAre;
 
 String Beside(StringView folder) {
     String path(MAX_PATH, u'\0');
@@ -28,63 +24,89 @@ class TitleReader : public kernel_api::dev::BuiltInReader {
     String TextAt(kernel_api::TextPointer /*pointer*/) override { return u"text"; }
 };
 
-class KernelWithout : public tests::HeadlessTest {
+/// The real main form, announced to a kernel that works, then over one that lacks an entry.
+class KernelWithout : public tests::HeadlessComponentTest {
  protected:
     KernelWithout() {
-        kernel_api::UseReader(&reader_);
-        kernel_api::UseSplitter(&splitter_);
+        kernel_api::UseReader(&titles_);
+        form_.EnsureLoaded();
     }
     ~KernelWithout() override {
-        ResetCommandInterpreter();
-        kernel_api::UseSplitter(nullptr);
-        kernel_api::UseReader(nullptr);
-        kernel_api::UseKernel(nullptr);
+        connection_.Disconnect();
+        kernel_api::UseKernel(&kernel_);
+        kernel_api::UseReader(&reader_);
     }
 
+    void UseKernelWithout(StringView entry) {
+        partial_ = std::make_unique<kernel_api::win32::KernelLibrary>(Beside(entry));
+        kernel_api::UseKernel(partial_.get());
+    }
     /// The error that the command's sender gets; 0 for none.
     std::int32_t Execute(StringView command, StringView missing) {
-        kernel_api::win32::KernelLibrary kernel(Beside(missing));
-        kernel_api::UseKernel(&kernel);
-        const std::int32_t error = tests::ErrorOf([&] {
-            ExecuteCommand(command, {form_, false, [this] { ++unloads_; }});
-        });
-        kernel_api::UseKernel(nullptr);
-        return error;
-    }
-
-    TitleReader reader_{memory_.files, memory_.settings, memory_.locale};
-    kernel_api::dev::BuiltInSplitter splitter_;
-    tests::HandledForm form_;
-    int unloads_ = 0;
-};
-
-TEST_F(KernelWithout, ItsDatabaseOrNamesShowsTheErrorAndUnloads) {
-    for (const StringView missing : {u"DB_DataBase", u"O_GetName"}) {
+        UseKernelWithout(missing);
         memory_.messageBox.answers = {1};
-        memory_.messageBox.shown.clear();
-        unloads_ = 0;
-        EXPECT_EQ(Execute(u"All,SAVE", missing), 0);
+        return tests::ErrorOf([&] { form_.AP_ExeCmd(command); });
+    }
+    void ExpectShutdown() const {
+        EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+        EXPECT_EQ(runtime::LoadedForms().Count(), 0U);
+    }
+    void ExpectMessageAbout(StringView entry) const {
         ASSERT_EQ(memory_.messageBox.shown.size(), 1U);
         const auto& message = memory_.messageBox.shown.front();
-        EXPECT_TRUE(message.prompt.starts_with(u"Can't find DLL entry point: " + String(missing)));
+        EXPECT_TRUE(message.prompt.starts_with(u"Can't find DLL entry point: " + String(entry)));
         EXPECT_EQ(message.title, u"text");
-        EXPECT_EQ(unloads_, 1);
-        EXPECT_EQ(CurrentDesignName, u"");
     }
+
+    TitleReader titles_{memory_.files, memory_.settings, memory_.locale};
+    std::unique_ptr<kernel_api::win32::KernelLibrary> partial_;
+    frmBackProcessMain& form_ = MainForm();
+    std::vector<std::string> heard_;
+    frmBackProcessMain::NotifyClassEvent::Connection connection_ =
+        form_.NotifyClass().Connect([this](String&, String& command) { heard_.push_back(runtime::ToUtf8(command)); });
+};
+
+TEST_F(KernelWithout, ItsDatabaseShowsTheErrorAndShutsDown) {
+    EXPECT_EQ(Execute(u"All,SAVE", u"DB_DataBase"), 0);
+    ExpectMessageAbout(u"DB_DataBase");
+    ExpectShutdown();
+    EXPECT_EQ(routing::CurrentDesignName, u"");
 }
 
-TEST_F(KernelWithout, ItsStringsHasNoTitleForTheMessageAndUnloadsAllTheSame) {
+TEST_F(KernelWithout, ItsNamesShowsTheErrorAndShutsDown) {
+    EXPECT_EQ(Execute(u"All,OPEN", u"O_GetName"), 0);
+    ExpectMessageAbout(u"O_GetName");
+    ExpectShutdown();
+}
+
+TEST_F(KernelWithout, TheReadingOfStringsHasNoTitleForTheMessageAndShutsDownAllTheSame) {
     EXPECT_EQ(Execute(u"All,LZ", u"E_GetString"), runtime::kDllEntryPointNotFound);
     EXPECT_TRUE(memory_.messageBox.shown.empty());
-    EXPECT_EQ(unloads_, 1);
+    ExpectShutdown();
+}
+
+TEST_F(KernelWithout, TheWritingOfStringsCannotWithdrawTheRecordSaysSoAndShutsDown) {
+    EXPECT_EQ(Execute(u"All,EX", u"E_SetString"), 0);
+    ExpectMessageAbout(u"E_SetString");
+    ExpectShutdown();
+}
+
+TEST_F(KernelWithout, TheWritingOfStringsCannotLoadTheFormNorCreateAnInstance) {
+    form_.Unload();
+    heard_.clear();
+    UseKernelWithout(u"E_SetString");
+    EXPECT_EQ(tests::ErrorOf([this] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
+    ExpectShutdown();
+    EXPECT_EQ(tests::ErrorOf([] { clsQmxBackProcess([](String&, String&) {}); }), runtime::kDllEntryPointNotFound);
 }
 
 TEST_F(KernelWithout, AnyEntryStillIgnoresWhatNeedsNone) {
     for (const StringView command : {u"All,RD", u"All,FMVHDLED,CUPL", u"Editor,SAVE"}) {
         EXPECT_EQ(Execute(command, u"DB_DataBase"), 0);
     }
-    EXPECT_EQ(unloads_, 0);
+    EXPECT_THAT(heard_, ElementsAre());
+    EXPECT_TRUE(form_.IsLoaded());
 }
 
 }  // namespace
-}  // namespace routing
+}  // namespace host
