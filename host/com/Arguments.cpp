@@ -20,14 +20,15 @@ Arguments::Arguments(const DISPPARAMS& parameters, std::size_t parameterCount, L
     }
 }
 
-String Arguments::OptionalText(std::size_t parameter) const {
-    return Find(parameter) == nullptr ? String() : Text(parameter);
+StringView Arguments::OptionalText(std::size_t parameter, Variant& converted) const {
+    return Find(parameter) == nullptr ? StringView() : Text(parameter, converted);
 }
 
-String Arguments::Text(std::size_t parameter) const {
-    Variant text;
-    CheckConversion(Convert(Require(parameter), VT_BSTR, lcid_, text), parameter);
-    return ToString(text.Get().bstrVal);
+StringView Arguments::Text(std::size_t parameter, Variant& converted) const {
+    const VARIANT& argument = Require(parameter);
+    if (const BSTR* const text = FindText(argument)) return ViewOf(*text);
+    CheckConversion(Convert(argument, VT_BSTR, lcid_, converted), parameter);
+    return ViewOf(converted.Get().bstrVal);
 }
 
 std::int16_t Arguments::Number(std::size_t parameter) const {

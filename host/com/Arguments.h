@@ -19,10 +19,11 @@ class Arguments {
     /// whose parameter has its argument already. `badArgument` may be null.
     Arguments(const DISPPARAMS& parameters, std::size_t parameterCount, LCID lcid, UINT* badArgument);
 
-    /// A parameter's text; an empty one for an optional parameter left out.
-    String OptionalText(std::size_t parameter) const;
+    /// A parameter's text; an empty one for an optional parameter left out. It stands in the client's own variable, or
+    /// in `converted` when the client gave something else.
+    StringView OptionalText(std::size_t parameter, Variant& converted) const;
     /// These throw DISP_E_PARAMNOTOPTIONAL when left out.
-    String Text(std::size_t parameter) const;
+    StringView Text(std::size_t parameter, Variant& converted) const;
     std::int16_t Number(std::size_t parameter) const;
     /// Puts a changed value into the client's variable, if it gave one.
     void WriteBack(std::size_t parameter, const Variant& value) const;

@@ -13,21 +13,13 @@ namespace host::com {
 namespace {
 
 /// A by-reference string of an early-bound call: a null pointer is a missing argument, a null string an empty one.
-class StringInOut {
- public:
-    explicit StringInOut(BSTR* place) : place_(place), before_(place == nullptr ? String() : ToString(*place)) {
-        value = before_;
-    }
-    void WriteBack() {
-        if (place_ != nullptr && value != before_) Replace(*place_, value);
-    }
+StringView TextAt(const BSTR* place) {
+    return place == nullptr ? StringView() : ViewOf(*place);
+}
 
-    String value;
-
- private:
-    BSTR* place_;
-    String before_;
-};
+void WriteBack(const TextInOut& text, BSTR* place) {
+    if (place != nullptr && text.Changed()) Replace(*place, *text.Changed());
+}
 
 }  // namespace
 
@@ -144,11 +136,11 @@ HRESULT BackProcessObject::Load(short* iMode, VARIANT_BOOL* result) {
 HRESULT BackProcessObject::NotifyMe(BSTR* Aname, BSTR* sCommand) {
     return Guarded([&] {
         const Keep keep(Identity());
-        StringInOut name(Aname);
-        StringInOut command(sCommand);
-        Service().NotifyMe(name.value, command.value);
-        name.WriteBack();
-        command.WriteBack();
+        TextInOut name(TextAt(Aname));
+        TextInOut command(TextAt(sCommand));
+        Service().NotifyMe(name, command);
+        WriteBack(name, Aname);
+        WriteBack(command, sCommand);
         return S_OK;
     });
 }

@@ -13,8 +13,11 @@ using runtime::String;
 using runtime::StringView;
 
 /// The text of `bstr`, NULs inside included; of an odd number of bytes the last one is left out.
+inline StringView ViewOf(BSTR bstr) {
+    return bstr == nullptr ? StringView() : StringView(runtime::win32::Narrowed(bstr), SysStringLen(bstr));
+}
 inline String ToString(BSTR bstr) {
-    return bstr == nullptr ? String() : runtime::win32::ToString(bstr, SysStringLen(bstr));
+    return String(ViewOf(bstr));
 }
 
 class Bstr {

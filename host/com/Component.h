@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
+#include <utility>
 
 #include "runtime/Text.h"
 
@@ -16,6 +18,21 @@ using runtime::StringView;
 
 /// Raises the event at the client; both strings are by reference. Throws the first error of a sink.
 using NotifyServerEvent = std::function<void(String& Aname, String& sCommand)>;
+
+/// A by-reference text: what the client gave, and what the call makes of it, if it makes anything.
+class TextInOut {
+ public:
+    explicit TextInOut(StringView given) : given_(given) {}
+
+    /// The client's own text; it holds until client code runs.
+    StringView Given() const { return given_; }
+    void Change(String text) { changed_ = std::move(text); }
+    const std::optional<String>& Changed() const { return changed_; }
+
+ private:
+    StringView given_;
+    std::optional<String> changed_;
+};
 
 /// The service object as the edge calls it: on the home apartment's thread only. Every method may throw.
 class ServiceObject {
@@ -28,7 +45,7 @@ class ServiceObject {
     /// Called once, before destruction, while the event still reaches the client.
     virtual void Terminate() = 0;
     virtual bool Load(std::int16_t& iMode) = 0;
-    virtual void NotifyMe(String& Aname, String& sCommand) = 0;
+    virtual void NotifyMe(TextInOut& Aname, TextInOut& sCommand) = 0;
     virtual String SeverPath() = 0;
     virtual void SetSeverPath(StringView value) = 0;
 };

@@ -134,6 +134,12 @@ bool IsMissing(const VARIANT& argument) {
     return inner.vt == (VT_ERROR | VT_BYREF) && inner.pscode != nullptr && *inner.pscode == DISP_E_PARAMNOTFOUND;
 }
 
+const BSTR* FindText(const VARIANT& argument) {
+    const VARIANT& inner = Inner(argument);
+    if (inner.vt == VT_BSTR) return &inner.bstrVal;
+    return inner.vt == (VT_BSTR | VT_BYREF) ? inner.pbstrVal : nullptr;
+}
+
 HRESULT Convert(const VARIANT& argument, VARTYPE type, LCID lcid, Variant& converted) {
     const VARIANT& inner = Inner(argument);
     if ((inner.vt & VT_BYREF) == 0) return ConvertValue(inner, type, lcid, converted, 0);

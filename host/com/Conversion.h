@@ -8,6 +8,9 @@ namespace host::com {
 /// Whether the client left the argument out (also through a variable that is itself a left-out argument).
 bool IsMissing(const VARIANT& argument);
 
+/// Where the text of an argument stands that is a text and needs no conversion; null for any other.
+const BSTR* FindText(const VARIANT& argument);
+
 /// `argument`, which may be by reference, as `type`. Whatever has a sensible value converts: numbers, flags, dates,
 /// texts, objects with a default property; Empty is 0 or an empty text, Null is nothing.
 /// Answers DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADVARTYPE or E_OUTOFMEMORY.

@@ -29,22 +29,9 @@ bool SameName(const wchar_t* left, const wchar_t* right) {
     return left != nullptr && right != nullptr && CompareStringOrdinal(left, -1, right, -1, TRUE) == CSTR_EQUAL;
 }
 
-/// A by-reference text: what the client gave, and back to it what the call made of it.
-class TextArgument {
- public:
-    TextArgument(const Arguments& arguments, std::size_t parameter)
-        : value(arguments.OptionalText(parameter)), arguments_(arguments), parameter_(parameter), before_(value) {}
-    void WriteBack() const {
-        if (value != before_) arguments_.WriteBack(parameter_, Variant(value));
-    }
-
-    String value;
-
- private:
-    const Arguments& arguments_;
-    std::size_t parameter_;
-    String before_;
-};
+void WriteBack(const TextInOut& text, const Arguments& arguments, std::size_t parameter) {
+    if (text.Changed()) arguments.WriteBack(parameter, Variant(*text.Changed()));
+}
 
 void RequireFlag(const Call& call, WORD flag) {
     if ((call.flags & flag) == 0) throw ComError(DISP_E_MEMBERNOTFOUND);
@@ -67,11 +54,13 @@ void InvokeLoad(ServiceObject& service, const Call& call) {
 void InvokeNotifyMe(ServiceObject& service, const Call& call) {
     RequireFlag(call, DISPATCH_METHOD);
     const Arguments arguments(call.parameters, 2, call.lcid, call.badArgument);
-    TextArgument name(arguments, 0);
-    TextArgument command(arguments, 1);
-    service.NotifyMe(name.value, command.value);
-    name.WriteBack();
-    command.WriteBack();
+    Variant convertedName;
+    Variant convertedCommand;
+    TextInOut name(arguments.OptionalText(0, convertedName));
+    TextInOut command(arguments.OptionalText(1, convertedCommand));
+    service.NotifyMe(name, command);
+    WriteBack(name, arguments, 0);
+    WriteBack(command, arguments, 1);
 }
 
 void GetSeverPath(ServiceObject& service, const Call& call) {
@@ -88,7 +77,8 @@ void PutSeverPath(ServiceObject& service, const Call& call) {
     if (!isNamed) throw ComError(DISP_E_PARAMNOTFOUND);
     const DISPPARAMS positional{given.rgvarg, nullptr, 1, 0};
     const Arguments arguments(positional, 1, call.lcid, call.badArgument);
-    service.SetSeverPath(arguments.Text(0));
+    Variant converted;
+    service.SetSeverPath(arguments.Text(0, converted));
 }
 
 void InvokeSeverPath(ServiceObject& service, const Call& call) {

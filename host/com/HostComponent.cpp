@@ -15,7 +15,7 @@ class HostedServiceObject final : public ServiceObject {
 
     void Terminate() override { object_.Terminate(); }
     bool Load(std::int16_t& iMode) override { return object_.Load(iMode); }
-    void NotifyMe(String& Aname, String& sCommand) override { object_.NotifyMe(Aname, sCommand); }
+    void NotifyMe(TextInOut& Aname, TextInOut& sCommand) override { object_.NotifyMe(Aname.Given(), sCommand.Given()); }
     String SeverPath() override { return object_.SeverPath(); }
     void SetSeverPath(StringView value) override { object_.SetSeverPath(value); }
 

@@ -9,6 +9,7 @@ namespace tests::com {
 namespace {
 
 using host::com::NotifyServerEvent;
+using host::com::TextInOut;
 using runtime::String;
 using runtime::StringView;
 
@@ -49,15 +50,16 @@ class ServiceDouble final : public host::com::ServiceObject {
         return true;
     }
 
-    void NotifyMe(String& Aname, String& sCommand) override {
-        Record("notify [" + runtime::ToUtf8(Aname) + "] [" + runtime::ToUtf8(sCommand) + "]");
-        if (sCommand.starts_with(u"RAISE ")) Raise(Aname, sCommand);
-        if (sCommand.starts_with(u"FAIL ")) Fail(SplitAtBar(sCommand.substr(5)));
-        if (sCommand == u"MEMORY") throw std::bad_alloc();
-        if (sCommand == u"ODD") throw 42;
-        if (sCommand == u"CHANGE") {
-            Aname = u"12";
-            sCommand = u"34";
+    void NotifyMe(TextInOut& Aname, TextInOut& sCommand) override {
+        const String command(sCommand.Given());
+        Record("notify [" + runtime::ToUtf8(Aname.Given()) + "] [" + runtime::ToUtf8(command) + "]");
+        if (command.starts_with(u"RAISE ")) Raise(Aname, sCommand);
+        if (command.starts_with(u"FAIL ")) Fail(SplitAtBar(command.substr(5)));
+        if (command == u"MEMORY") throw std::bad_alloc();
+        if (command == u"ODD") throw 42;
+        if (command == u"CHANGE") {
+            Aname.Change(u"12");
+            sCommand.Change(u"34");
         }
     }
 
@@ -68,11 +70,14 @@ class ServiceDouble final : public host::com::ServiceObject {
     void SetSeverPath(StringView value) override { Record("put [" + runtime::ToUtf8(value) + "]"); }
 
  private:
-    void Raise(String& Aname, String& sCommand) const {
-        Parts parts = SplitAtBar(sCommand.substr(6));
+    void Raise(TextInOut& Aname, TextInOut& sCommand) const {
+        // Copied first: sinks may do away with the client's texts.
+        const String name(Aname.Given());
+        const String command(sCommand.Given());
+        Parts parts = SplitAtBar(command.substr(6));
         notifyServer_(parts.left, parts.right);
-        Aname = parts.left;
-        sCommand = parts.right;
+        if (parts.left != name) Aname.Change(parts.left);
+        if (parts.right != command) sCommand.Change(parts.right);
     }
 
     [[noreturn]] static void Fail(const Parts& parts) {

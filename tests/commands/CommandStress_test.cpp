@@ -1,21 +1,21 @@
-// A million commands of every shape: none hangs, and memory stays what it was.
-#include "runtime/win32/WindowsHeaders.h"
+// A million commands of every shape through the component's DLL, over the development kernel and its real main form:
+// none hangs, and memory stays what it was.
+#include "host/com/ComHeaders.h"
 
 #include <gtest/gtest.h>
 #include <psapi.h>
 
-#include <random>
+#include "host/com/Bstr.h"
+#include "host/com/ComPtr.h"
+#include "runtime/win32/Handle.h"
+#include "tests/support/CommandMaker.h"
 
-#include "host/clsQmxBackProcess.h"
-#include "host/frmBackProcessMain.h"
-#include "routing/CommandInterpreter.h"
-#include "tests/support/ComponentFixture.h"
-
-namespace host {
+namespace host::com {
 namespace {
 
 constexpr int kCommands = 1'000'000;
 constexpr std::size_t kMegabyte = 1024 * 1024;
+constexpr std::size_t kSlack = 8 * kMegabyte;
 
 std::size_t PrivateBytes() {
     PROCESS_MEMORY_COUNTERS counters{};
@@ -23,57 +23,103 @@ std::size_t PrivateBytes() {
     return counters.PagefileUsage;
 }
 
-/// Mixed addressees, verbs and rubbish. EX is not among them: that the component ends and comes back is another story.
-class CommandMaker {
- public:
-    String Next() {
-        static constexpr StringView kStarts[] = {
-            u"All", u"K4TBACKPROCESS",     u"Editor", u"all", u"\"All\"", u"\"All,", u"", u"\"",
-            u",",   u"\"K4TBACKPROCESS\"x"};
-        static constexpr StringView kVerbs[] = {u"SAVE", u"OPEN", u"RD",       u"UP",   u"FMVHDLED,WIRELIST",
-                                                u"save", u"",     u"\"SAVE\"", u"\"UP", u"NONE"};
-        String command = String(kStarts[Pick(std::size(kStarts))]) + u',';
-        command += kVerbs[Pick(std::size(kVerbs))];
-        if (Pick(3) == 0) AddRubbish(command, Pick(20));
-        if (Pick(20'000) == 0) AddRubbish(command, kMegabyte);
-        return command;
+/// What ships, in the folder above this program's.
+String Shipped(StringView file) {
+    String path(MAX_PATH, u'\0');
+    path.resize(GetModuleFileNameW(nullptr, runtime::win32::Wide(path.data()), MAX_PATH));
+    path.resize(path.rfind(u'\\'));
+    return path.substr(0, path.rfind(u'\\') + 1).append(file);
+}
+
+template <typename Function>
+Function Entry(const runtime::win32::Library& library, const char* name) {
+    const FARPROC entry = library ? GetProcAddress(library.Get(), name) : nullptr;
+    EXPECT_NE(entry, nullptr) << name;
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(entry));
+}
+
+/// An instance of what ships, over strings of this process's own.
+class ShippedComponent : public ::testing::Test {
+ protected:
+    void SetUp() override {
+        ASSERT_EQ(OleInitialize(nullptr), S_OK);
+        ASSERT_TRUE(SetEnvironmentVariableW(L"QMXKRN2K_STORE", L"command-stress"));
+        kernel_ = runtime::win32::Library(LoadLibraryW(runtime::win32::Wide(Shipped(u"QmxKrn2K.dll"))));
+        component_ = runtime::win32::Library(LoadLibraryW(runtime::win32::Wide(Shipped(u"K4TBackProcess.dll"))));
+        ASSERT_TRUE(kernel_ && component_);
+        Put("DESIGN_NAME", "amplifier");
+        Put("LANGUAGEPATH", "C:\\none");
+        using GetClassObject = HRESULT(STDAPICALLTYPE*)(REFCLSID, REFIID, void**);
+        ComPtr<IClassFactory> factory;
+        ASSERT_EQ(Entry<GetClassObject>(component_, "DllGetClassObject")(__uuidof(clsQmxBackProcess), IID_IClassFactory,
+                                                                         factory.PutVoid()),
+                  S_OK);
+        ASSERT_EQ(factory->CreateInstance(nullptr, __uuidof(_clsQmxBackProcess), object_.PutVoid()), S_OK);
+        short mode = 1;
+        VARIANT_BOOL broughtUp = VARIANT_FALSE;
+        ASSERT_EQ(object_->Load(&mode, &broughtUp), S_OK);
+        ASSERT_EQ(broughtUp, VARIANT_TRUE);
+    }
+    void TearDown() override {
+        object_.Reset();
+        component_.Reset();
+        kernel_.Reset();
+        SetEnvironmentVariableW(L"QMXKRN2K_STORE", nullptr);
+        OleUninitialize();
     }
 
- private:
-    std::size_t Pick(std::size_t count) { return random_() % count; }
-
-    void AddRubbish(String& command, std::size_t length) {
-        static constexpr char16_t kUnits[] = {u',', u'"', u'\0', 0xD800, 0xDC00, u'A', u' ', 0xFFFF};
-        for (; length > 0; --length) command += kUnits[Pick(std::size(kUnits))];
+    void Put(const char* key, const char* value) {
+        Entry<long(__stdcall*)(const char*, const char*)>(kernel_, "E_SetString")(key, value);
+    }
+    String Value(const wchar_t* name) {
+        return Bstr::Attach(Entry<BSTR (*)(const wchar_t*)>(component_, "K4TDev_Value")(name)).Text();
+    }
+    HRESULT NotifyEarly(Bstr& command) { return object_->NotifyMe(name_.Address(), command.Address()); }
+    /// The arguments stand in reverse: the command by reference, then the name by value.
+    HRESULT NotifyLate(Bstr& command) {
+        constexpr DISPID kNotifyMe = 2;
+        VARIANT arguments[2]{};
+        arguments[0].vt = VT_BSTR | VT_BYREF;
+        arguments[0].pbstrVal = command.Address();
+        arguments[1].vt = VT_BSTR;
+        DISPPARAMS parameters{arguments, nullptr, 2, 0};
+        return object_->Invoke(kNotifyMe, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, nullptr, nullptr,
+                               nullptr);
     }
 
-    std::minstd_rand random_{4711};
+    runtime::win32::Library kernel_;
+    runtime::win32::Library component_;
+    ComPtr<_clsQmxBackProcess> object_;
+    Bstr name_;
 };
 
-using CommandStress = tests::HeadlessComponentTest;
-
-TEST_F(CommandStress, AMillionCommandsLeaveMemoryFlat) {
-    kernel_.Put(u"DESIGN_NAME", u"amplifier");
-    clsQmxBackProcess object([](String&, String&) {});
-    MainForm().EnsureLoaded();
-    CommandMaker maker;
+TEST_F(ShippedComponent, AMillionCommandsLeaveMemoryFlat) {
+    tests::CommandMaker maker(20'000, 10'000);
     std::size_t before = 0;
     for (int i = 0; i < kCommands; ++i) {
         // What the first of them ask for once, the largest text above all, is there by then.
         if (i == kCommands / 5) before = PrivateBytes();
-        String name;
-        String command = maker.Next();
-        const String given = command;
-        object.NotifyMe(name, command);
-        ASSERT_EQ(command, given);
-        if (i % 1000 == 0) kernel_.ClearLog();
+        const String given = maker.Next();
+        Bstr command(given);
+        ASSERT_EQ(i % 2 == 0 ? NotifyEarly(command) : NotifyLate(command), S_OK);
+        ASSERT_EQ(command.Text(), given);
     }
-    EXPECT_LT(PrivateBytes(), before + 8 * kMegabyte);
-    EXPECT_EQ(routing::CurrentDesignName, u"amplifier");
-    EXPECT_TRUE(MainForm().IsLoaded());
-    EXPECT_TRUE(memory_.messageBox.shown.empty());
-    object.Terminate();
+    EXPECT_LT(PrivateBytes(), before + kSlack);
+    EXPECT_EQ(Value(L"CurrentDesignName"), u"amplifier");
+    EXPECT_EQ(Value(L"LanguagePath"), u"C:\\none");
+    EXPECT_EQ(Value(L"Caption"), u"Pelorix Background Processing Application");
+}
+
+TEST_F(ShippedComponent, RoomOfAGiantCommandIsGivenBackAtTheNextOne) {
+    const std::size_t before = PrivateBytes();
+    {
+        Bstr giant(String(32 * kMegabyte, u'x'));
+        EXPECT_EQ(NotifyEarly(giant), S_OK);
+    }
+    Bstr small(u"All,RD");
+    EXPECT_EQ(NotifyEarly(small), S_OK);
+    EXPECT_LT(PrivateBytes(), before + kSlack);
 }
 
 }  // namespace
-}  // namespace host
+}  // namespace host::com

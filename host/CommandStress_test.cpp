@@ -1,0 +1,33 @@
+// Thousands of commands of every shape, with the sanitizers looking on where the build has them: none hangs or fails.
+#include <gtest/gtest.h>
+
+#include "host/clsQmxBackProcess.h"
+#include "host/frmBackProcessMain.h"
+#include "tests/support/CommandMaker.h"
+#include "tests/support/ComponentFixture.h"
+
+namespace host {
+namespace {
+
+using CommandStress = tests::HeadlessComponentTest;
+
+TEST_F(CommandStress, CommandsOfEveryShapeLeaveTheComponentWorking) {
+    constexpr int kCommands = 20'000;
+    kernel_.Put(u"DESIGN_NAME", u"amplifier");
+    clsQmxBackProcess object([](String&, String&) {});
+    MainForm().EnsureLoaded();
+    tests::CommandMaker maker(4'000, 200);
+    for (int i = 0; i < kCommands; ++i) {
+        // So that what is handed over is looked at no further than it goes.
+        const String command = maker.Next();
+        object.NotifyMe({}, command);
+        if (i % 1000 == 0) kernel_.ClearLog();
+    }
+    EXPECT_EQ(routing::CurrentDesignName, u"amplifier");
+    EXPECT_TRUE(MainForm().IsLoaded());
+    EXPECT_TRUE(memory_.messageBox.shown.empty());
+    object.Terminate();
+}
+
+}  // namespace
+}  // namespace host

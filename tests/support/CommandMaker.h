@@ -1,0 +1,50 @@
+// Makes commands of every shape, always the same ones: mixed addressees, verbs and rubbish, a very long one now and
+// then.
+#pragma once
+
+#include <iterator>
+#include <random>
+
+#include "runtime/Text.h"
+
+namespace tests {
+
+/// EX is not among them: that the component ends and comes back is another story.
+class CommandMaker {
+ public:
+    static constexpr std::size_t kLongest = 1024 * 1024;  ///< characters of rubbish
+
+    /// One command in about `commandsPerLong` is a very long one, one in about `commandsPerLz` says LZ.
+    CommandMaker(std::size_t commandsPerLong, std::size_t commandsPerLz)
+        : commandsPerLong_(commandsPerLong), commandsPerLz_(commandsPerLz) {}
+
+    runtime::String Next() {
+        using runtime::String;
+        using runtime::StringView;
+        static constexpr StringView kStarts[] = {
+            u"All", u"K4TBACKPROCESS",     u"Editor", u"all", u"\"All\"", u"\"All,", u"", u"\"",
+            u",",   u"\"K4TBACKPROCESS\"x"};
+        static constexpr StringView kVerbs[] = {u"SAVE", u"OPEN", u"RD",       u"UP",   u"FMVHDLED,WIRELIST",
+                                                u"save", u"",     u"\"SAVE\"", u"\"UP", u"NONE"};
+        if (Pick(commandsPerLz_) == 0) return u"All,LZ";
+        String command = String(kStarts[Pick(std::size(kStarts))]) + u',';
+        command += kVerbs[Pick(std::size(kVerbs))];
+        if (Pick(3) == 0) AddRubbish(command, Pick(20));
+        if (Pick(commandsPerLong_) == 0) AddRubbish(command, kLongest);
+        return command;
+    }
+
+ private:
+    std::size_t Pick(std::size_t count) { return random_() % count; }
+
+    void AddRubbish(runtime::String& command, std::size_t length) {
+        static constexpr char16_t kUnits[] = {u',', u'"', u'\0', 0xD800, 0xDC00, u'A', u' ', 0xFFFF};
+        for (; length > 0; --length) command += kUnits[Pick(std::size(kUnits))];
+    }
+
+    std::size_t commandsPerLong_;
+    std::size_t commandsPerLz_;
+    std::minstd_rand random_{4711};
+};
+
+}  // namespace tests
