@@ -1,5 +1,5 @@
-// The one place that chooses what the component runs on: the back ends of the forms runtime, the suite's kernel and
-// its reader.
+// The one place that chooses what the component runs on: the back ends of the forms runtime, the suite's
+// kernel, its reader and its splitter, and the suite's message box behind the services.
 #pragma once
 
 namespace host {

@@ -1,9 +1,12 @@
 // `backproc help-file`: the suite's help, opened as the component opens it.
 #include <chrono>
 #include <ostream>
+#include <stdexcept>
 
 #include "host/Composition.h"
+#include "host/ProcessLife.h"
 #include "host/clsQmxBackProcess.h"
+#include "host/frmBackProcessMain.h"
 #include "runtime/Error.h"
 #include "runtime/win32/WindowsHeaders.h"
 #include "services/ProcessValues.h"
@@ -22,7 +25,8 @@ constexpr std::string_view kHelp = R"(Usage: backproc help-file
 Opens the suite's help, Marlentine.chm beside the component, at its table of contents: as the component opens it, owned by
 the main form of an instance in this process. Shows the file's name, and waits until the help window is closed.
 
-The exit code is 1 when no help window comes up within five seconds: the file or the system's HTML Help is missing.
+The exit code is 1 when no help window comes up within five seconds: the file or the system's HTML Help is missing. It is 1
+at once when the main form does not come up: one backproc of a session has it, so end the other one first.
 
 Example:
   backproc help-file
@@ -34,6 +38,9 @@ class LoadedComponent {
     LoadedComponent() : object_([](String&, String&) {}) {
         std::int16_t mode = 0;
         object_.Load(mode);
+        if (host::MainForm().IsLoaded()) return;
+        object_.Terminate();
+        throw std::runtime_error("the main form did not come up: another backproc of this session has it");
     }
     LoadedComponent(const LoadedComponent&) = delete;
     LoadedComponent& operator=(const LoadedComponent&) = delete;

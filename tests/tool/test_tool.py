@@ -287,6 +287,17 @@ class WithoutComponent(ToolTestCase):
         self.assertEqual((code, output), (1, name.encode() + b"\n"))
         self.assertEqual(errors, b"backproc: no help window came up\n")
 
+    def test_help_file_opens_help_and_closes_it(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("backproc.exe", "QmxKrn2K.dll", "test/hhctrl.ocx"):
+                shutil.copy(bin_folder / name, folder)
+            name = windows_path(folder) + "\\Marlentine.chm"
+            overrides = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
+            result = run(pathlib.Path(folder) / "backproc.exe", "help-file", environment=overrides)
+            calls = (pathlib.Path(folder) / "hhctrl.ocx.txt").read_text(encoding="ascii")
+        self.assertEqual(result, (0, name.encode() + b"\n", b""))
+        self.assertEqual(calls.splitlines(), [f"owned [{name}] 1", "owned [] 18"])
+
     def test_split_shows_number_text_and_value_of_each_field(self):
         for text, fields in [
             ("A,B,", ["A\t0", "B\t0", "\t0"]),
@@ -512,6 +523,14 @@ class WithComponent(ToolTestCase):
             host.ask(b"release 1")
             self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 released\n")
             self.assertEqual(tool("strings", "get", "K4TBACKPROCESS"), (0, b"K4TBACKPROCESS=[]\n", b""))
+
+    def test_help_file_beside_another_one_says_so(self):
+        with LiveHost() as holder:
+            self.assertEqual(holder.ask(b"create"), b"1 created\n")
+            self.assertEqual(holder.ask(b"load 1"), b"1 Load True\n")
+            code, output, errors = tool("help-file")
+        self.assertEqual((code, output), (1, b""))
+        self.assertEqual(errors, b"backproc: the main form did not come up: another backproc of this session has it\n")
 
     def test_lz_switches_the_caption_and_back(self):
         with tempfile.TemporaryDirectory() as folder:

@@ -1,0 +1,33 @@
+// A help control that shows a plain window in help's place, closes it after a moment, and notes its calls in a file
+// beside itself: whether there is an owner, the file, the command.
+#include "runtime/win32/WindowsHeaders.h"
+
+#include <fstream>
+#include <string>
+
+namespace {
+
+constexpr UINT kDisplayContents = 1;
+constexpr UINT kShownFor = 500;  // milliseconds
+
+std::string NotesFile() {
+    char path[MAX_PATH]{};
+    GetModuleFileNameA(GetModuleHandleW(L"hhctrl.ocx"), path, MAX_PATH);
+    return std::string(path) + ".txt";
+}
+
+void CALLBACK Close(HWND window, UINT, UINT_PTR, DWORD) noexcept {
+    DestroyWindow(window);
+}
+
+}  // namespace
+
+extern "C" HWND __stdcall HtmlHelpA(HWND owner, const char* file, UINT command, DWORD_PTR) {
+    std::ofstream(NotesFile(), std::ios::app)
+        << (IsWindow(owner) ? "owned" : "ownerless") << " [" << file << "] " << command << "\n";
+    if (command != kDisplayContents) return nullptr;
+    const HWND window = CreateWindowExW(0, L"STATIC", L"help", WS_POPUP | WS_VISIBLE, 0, 0, 100, 100, nullptr, nullptr,
+                                        nullptr, nullptr);
+    SetTimer(window, 1, kShownFor, Close);
+    return window;
+}
