@@ -79,6 +79,10 @@ Control& frmQMXMsgBox::AddButton(int index, Twips left, StringView caption, Stri
     });
 }
 
+void frmQMXMsgBox::SetForm(runtime::Form& form) {
+    services::SetForm(form);
+}
+
 std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringView title) {
     if (isAsking_) throw runtime::Error(runtime::kFormAlreadyDisplayed);
     isAsking_ = true;

@@ -24,6 +24,8 @@ class frmQMXMsgBox : public runtime::Form {
     /// this very box asks, which it does until its answer was taken.
     std::int32_t ShowMe(StringView prompt, std::int32_t flags, StringView title);
     bool IsAsking() const { return isAsking_; }
+    /// Moves `form` to the middle of the screen; a form that is larger moves down and right.
+    static void SetForm(runtime::Form& form);
 
  protected:
     void OnLoad() override;

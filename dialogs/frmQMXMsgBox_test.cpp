@@ -9,6 +9,7 @@
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"
+#include "tests/support/HandledForm.h"
 #include "tests/support/RuntimeFixture.h"
 
 namespace dialogs {
@@ -49,6 +50,16 @@ class MessageBox : public tests::HeadlessTest {
         return walk;
     }
 };
+
+TEST_F(MessageBox, CentresAnyFormWithoutLoadingItself) {
+    tests::HandledForm other;
+    frmQMXMsgBox box;
+    box.SetForm(other);
+    const runtime::Size screen = runtime::ScreenSize();
+    EXPECT_EQ(other.Left(), (screen.width - other.Width()) / 2.0F);
+    EXPECT_EQ(other.Top(), (screen.height - other.Height()) / 2.0F);
+    EXPECT_FALSE(box.IsLoaded());
+}
 
 TEST_F(MessageBox, HasItsDesign) {
     Ask(8, [](MemoryWindow& box) {

@@ -33,6 +33,7 @@ class MainFormOver : public Base {
 };
 
 using MainFormLoad = MainFormOver<tests::ComponentTest>;
+using MainFormInMemory = MainFormOver<tests::HeadlessComponentTest>;
 
 TEST_F(MainFormLoad, HasItsDesignAndStaysHidden) {
     EXPECT_EQ(form_.Name(), u"frmBackProcessMain");
@@ -87,6 +88,15 @@ TEST_F(MainFormLoad, ChoosesTheFontAndGivesItToTheStatusLine) {
     EXPECT_EQ(processValues.uiFont.characterSet, 128);
     const runtime::Font font = form_.Controls().at(0)->Font();
     EXPECT_EQ(font, (runtime::Font{processValues.uiFont.name, 9, 128, false}));
+}
+
+TEST_F(MainFormInMemory, HandsItsWindowAndContextToTheChoiceOfTheFont) {
+    memory_.fonts.installed.clear();
+    form_.EnsureLoaded();
+    const std::string release =
+        "release " + std::to_string(form_.DeviceContext()) + " of " + std::to_string(form_.Handle());
+    EXPECT_NE(form_.DeviceContext(), 0);
+    EXPECT_THAT(memory_.fonts.log, ::testing::Contains(release).Times(1));
 }
 
 TEST_F(MainFormLoad, TakesTheCaptionOfItsTag) {

@@ -29,7 +29,7 @@ void Form::MoveInTabOrder(Control& control, int place) {
 }
 
 /// The controls that Tab walks, in tab order: those with their tab stop on, or all that can take the focus when no
-/// control has it on.
+/// control has it on. Localising a form turns every tab stop off, and its dialog must still be usable by keyboard.
 std::vector<Control*> Form::Reachable() const {
     std::vector<Control*> all;
     std::vector<Control*> stops;

@@ -30,4 +30,30 @@ AccessError PutFontProperty(Control& control, StringView fontProperty, StringVie
 /// 1..2160; the font then stays as it is.
 AccessError PutFontProperty(Font& font, StringView name, const PropertyValue& value);
 
+/// What late-bound code reaches of an object, whatever that is.
+class Properties {
+ public:
+    virtual ~Properties() = default;
+
+    virtual AccessError Put(StringView name, const PropertyValue& value) = 0;
+    virtual AccessError Get(StringView name, PropertyValue& value) = 0;
+    /// Sets the property `name` of the font object that is the property `fontProperty`.
+    virtual AccessError PutOfFont(StringView fontProperty, StringView name, const PropertyValue& value) = 0;
+};
+
+/// Those of a control, which must outlive this.
+class ControlProperties final : public Properties {
+ public:
+    explicit ControlProperties(Control& control) : control_(control) {}
+
+    AccessError Put(StringView name, const PropertyValue& value) override { return PutProperty(control_, name, value); }
+    AccessError Get(StringView name, PropertyValue& value) override { return GetProperty(control_, name, value); }
+    AccessError PutOfFont(StringView fontProperty, StringView name, const PropertyValue& value) override {
+        return PutFontProperty(control_, fontProperty, name, value);
+    }
+
+ private:
+    Control& control_;
+};
+
 }  // namespace runtime

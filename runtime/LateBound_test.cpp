@@ -6,6 +6,7 @@
 
 #include "runtime/Error.h"
 #include "runtime/Form.h"
+#include "tests/support/InputForm.h"
 #include "tests/support/RuntimeFixture.h"
 
 namespace runtime {
@@ -67,6 +68,26 @@ TEST_F(LateBound, EachKindTakesItsPropertiesAndRefusesTheOthers) {
     EXPECT_THAT(Takes(*form_.button), ElementsAre("Caption", "Font", "FontBold", "FontName", "TabStop"));
     EXPECT_THAT(Takes(*form_.picture), IsEmpty());
     EXPECT_THAT(Takes(*form_.bar), ElementsAre("Font"));
+}
+
+TEST_F(LateBound, EachInputKindTakesAndGivesFontAndTabStopButNoCaption) {
+    tests::InputForm inputs;
+    for (Control* control : {&inputs.text, &inputs.block, &inputs.combo, &inputs.dropDown, &inputs.list}) {
+        SCOPED_TRACE(ToUtf8(control->Name()));
+        EXPECT_THAT(Takes(*control), ElementsAre("Font", "FontBold", "FontName", "TabStop"));
+        EXPECT_THAT(Gives(*control), ElementsAre("Font", "FontBold", "FontName", "TabStop", "Tag"));
+    }
+}
+
+TEST_F(LateBound, ObjectOfAControlReachesItsProperties) {
+    ControlProperties properties(*form_.button);
+    PropertyValue value;
+    EXPECT_EQ(properties.Put(u"Caption", Text(u"&Ja")), kNoError);
+    EXPECT_EQ(properties.Get(u"Caption", value), kNoError);
+    EXPECT_EQ(value, Text(u"&Ja"));
+    EXPECT_EQ(properties.PutOfFont(u"Font", u"Name", Text(u"Tahoma")), kNoError);
+    EXPECT_EQ(form_.button->Font().name, u"Tahoma");
+    EXPECT_EQ(properties.PutOfFont(u"HeadFont", u"Name", Text(u"Tahoma")), kPropertyNotSupported);
 }
 
 TEST_F(LateBound, EachKindGivesItsPropertiesAndRefusesTheOthers) {

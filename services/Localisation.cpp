@@ -14,9 +14,9 @@
 namespace services {
 namespace {
 
-using runtime::Control;
 using runtime::Font;
 using runtime::NativeHandle;
+using runtime::Properties;
 using runtime::PropertyValue;
 
 constexpr std::int32_t kPrimaryLanguageBits = 0x3FF;
@@ -69,23 +69,39 @@ struct FoundFace {
     String name;
 };
 
-/// The face of the system's own font, read from the context, which is released.
-FoundFace SystemFace(NativeHandle window, NativeHandle context) {
-    runtime::FontsPort& fonts = runtime::CurrentPorts().fonts;
-    const NativeHandle made = fonts.MakeIconTitleFont();
-    const NativeHandle before = fonts.Select(context, made != 0 ? made : fonts.StockGuiFont());
-    FoundFace face{made != 0 ? FontRule::kIconTitleFont : FontRule::kStockFont, fonts.FaceName(context)};
-    fonts.Select(context, before);
-    fonts.ReleaseContext(window, context);
-    if (made != 0) fonts.Delete(made);
-    return face;
-}
+/// The system's own font in a context of `window`. In the end the context has its former font again and is released.
+class SystemFontInContext {
+ public:
+    SystemFontInContext(NativeHandle window, NativeHandle context)
+        : window_(window),
+          context_(context),
+          made_(fonts_.MakeIconTitleFont()),
+          before_(fonts_.Select(context, made_ != 0 ? made_ : fonts_.StockGuiFont())) {}
+    SystemFontInContext(const SystemFontInContext&) = delete;
+    SystemFontInContext& operator=(const SystemFontInContext&) = delete;
+    ~SystemFontInContext() {
+        fonts_.Select(context_, before_);
+        fonts_.ReleaseContext(window_, context_);
+        if (made_ != 0) fonts_.Delete(made_);
+    }
+
+    FoundFace Face() const {
+        return {made_ != 0 ? FontRule::kIconTitleFont : FontRule::kStockFont, fonts_.FaceName(context_)};
+    }
+
+ private:
+    runtime::FontsPort& fonts_ = runtime::CurrentPorts().fonts;
+    NativeHandle window_;
+    NativeHandle context_;
+    NativeHandle made_;  ///< 0 for the stock font, which is not deleted
+    NativeHandle before_;
+};
 
 FoundFace WesternFace(NativeHandle window, NativeHandle context) {
     for (const StringView face : kWesternFaces) {
         if (runtime::CurrentPorts().fonts.IsInstalled(face)) return {FontRule::kInstalledFace, String(face)};
     }
-    return SystemFace(window, context);
+    return SystemFontInContext(window, context).Face();
 }
 
 /// A new font object with the process's font. It refuses an empty name and a size of 0 and keeps its own, which leaves
@@ -98,29 +114,28 @@ Font NewFont(const UiFont& uiFont) {
     return font;
 }
 
-// A control has few of these properties; it refuses the others, and the next one is tried.
-void ApplyFont(Control& control, const UiFont& uiFont, const Font& font) {
-    runtime::PutProperty(control, u"FontName", uiFont.name);
+void ApplyFont(Properties& control, const UiFont& uiFont, const Font& font) {
+    control.Put(u"FontName", uiFont.name);
     for (const StringView object : {u"Font", u"HeadFont", u"ControlFont"}) {
-        runtime::PutFontProperty(control, object, u"Name", uiFont.name);
+        control.PutOfFont(object, u"Name", uiFont.name);
     }
-    runtime::PutProperty(control, u"Font", font);
-    runtime::PutProperty(control, u"TabStop", false);
-    runtime::PutProperty(control, u"HeadFont", font);
-    runtime::PutProperty(control, u"Charset", uiFont.characterSet);
+    control.Put(u"Font", font);
+    control.Put(u"TabStop", false);
+    control.Put(u"HeadFont", font);
+    control.Put(u"Charset", uiFont.characterSet);
     for (const StringView object : {u"Font", u"ControlFont"}) {
-        runtime::PutFontProperty(control, object, u"Charset", uiFont.characterSet);
+        control.PutOfFont(object, u"Charset", uiFont.characterSet);
     }
-    runtime::PutProperty(control, u"FontBold", false);
-    runtime::PutProperty(control, u"Bold", false);
+    control.Put(u"FontBold", false);
+    control.Put(u"Bold", false);
 }
 
-void LocaliseCaption(Control& control) {
+void LocaliseCaption(Properties& control) {
     PropertyValue tag;
     PropertyValue caption;
-    if (runtime::GetProperty(control, u"Tag", tag) != runtime::kNoError || std::get<String>(tag).empty()) return;
-    if (runtime::GetProperty(control, u"Caption", caption) != runtime::kNoError) return;
-    runtime::PutProperty(control, u"Caption", GetLocalText(std::get<String>(caption), std::get<String>(tag)));
+    if (control.Get(u"Tag", tag) != runtime::kNoError || std::get<String>(tag).empty()) return;
+    if (control.Get(u"Caption", caption) != runtime::kNoError) return;
+    control.Put(u"Caption", GetLocalText(std::get<String>(caption), std::get<String>(tag)));
 }
 
 }  // namespace
@@ -162,12 +177,16 @@ void LocaliseForm(runtime::Form& form) {
     SkipError([&form] {
         if (form.BackColour() == runtime::kLightGrey) form.SetBackColour(runtime::kButtonFace);
     });
-    const UiFont uiFont = processValues.uiFont;
-    const Font font = NewFont(uiFont);
+    const Font font = NewFont(processValues.uiFont);
     for (const auto& control : form.Controls()) {
-        SkipError([&] { ApplyFont(*control, uiFont, font); });
-        SkipError([&] { LocaliseCaption(*control); });
+        runtime::ControlProperties properties(*control);
+        LocaliseControl(properties, font);
     }
+}
+
+void LocaliseControl(Properties& control, const Font& font) {
+    runtime::SkipError([&] { ApplyFont(control, processValues.uiFont, font); });
+    runtime::SkipError([&] { LocaliseCaption(control); });
 }
 
 void SetForm(runtime::Form& form) {

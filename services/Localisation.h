@@ -7,8 +7,10 @@
 #include "runtime/WindowsPort.h"
 
 namespace runtime {
+struct Font;
 class Form;
-}
+class Properties;
+}  // namespace runtime
 
 namespace services {
 
@@ -45,9 +47,13 @@ FontRule ChooseUiFont(runtime::NativeHandle window, runtime::NativeHandle device
 /// The same as it is on a system of the locale `systemLcid`.
 FontRule ChooseUiFontFor(std::int32_t systemLcid, runtime::NativeHandle window, runtime::NativeHandle deviceContext);
 
-/// Gives a form and all its controls the user-interface font and the captions of their tags, the current caption being
-/// the default; turns bold and tab stop off, and light grey into the system's button colour. What fails is passed over.
+/// Gives a form and its controls the captions of their tags, the current caption being the default, and all the
+/// controls the user-interface font without bold, and no tab stop. Turns a light grey form into the system's button
+/// colour. What fails is passed over.
 void LocaliseForm(runtime::Form& form);
+/// The same for one control; `font` is a font with the name, size and character set of the user-interface font. A
+/// control has few of the properties that are tried: it refuses the others, and the next one is tried.
+void LocaliseControl(runtime::Properties& control, const runtime::Font& font);
 
 /// Moves a form to half the difference between the screen's size and its own. A form that is larger than the screen
 /// moves down and right. Error 384 while it is minimised or maximised.

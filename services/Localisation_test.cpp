@@ -5,8 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "runtime/Form.h"
+#include "runtime/LateBound.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/InputForm.h"
 #include "tests/support/RecordingReader.h"
 
 namespace services {
@@ -15,6 +17,7 @@ namespace {
 using runtime::Control;
 using runtime::ControlKind;
 using runtime::Font;
+using runtime::PropertyValue;
 using runtime::headless::MemoryWindow;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
@@ -172,11 +175,93 @@ TEST_F(UiFontChoice, LastResortWithoutIconTitlesTakesTheStockFontAndDeletesNothi
                            "select 81 in 4097", "face of 4097", "select 80 in 4097", "release 4097 of 4096"));
 }
 
+TEST_F(UiFontChoice, LastResortThatFailsLeavesNothingBehindAndKeepsTheFont) {
+    memory_.fonts.installed.clear();
+    memory_.fonts.failsFaceName = true;
+    processValues.uiFont = {u"Arial", 9, 161};
+    EXPECT_EQ(tests::ErrorOf([this] { ChooseFor(0x0407); }), runtime::kOutOfMemory);
+    EXPECT_EQ(processValues.uiFont, (UiFont{u"Arial", 9, 161}));
+    EXPECT_THAT(Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System", "make icon title",
+                                   "select 82 in 4097", "face of 4097", "select 80 in 4097", "release 4097 of 4096",
+                                   "delete 82"));
+}
+
 TEST_F(UiFontChoice, FaceThatTheSystemDoesNotNameIsTheBuffersBlanks) {
     memory_.fonts.installed.clear();
     memory_.locale.systemLcid = 0x0407;
     EXPECT_EQ(ChooseUiFont(kWindow, 0), FontRule::kIconTitleFont);
     EXPECT_EQ(processValues.uiFont, (UiFont{String(80, u' '), 8, 0}));
+}
+
+/// An object that notes each access and answers as it is told to.
+class NotingObject : public runtime::Properties {
+ public:
+    runtime::AccessError Put(StringView name, const PropertyValue& value) override {
+        return Note(runtime::ToUtf8(name) + " = " + Words(value));
+    }
+    runtime::AccessError Get(StringView name, PropertyValue& value) override {
+        value = name == u"Tag" ? tag : u"&Yes";
+        return Note(runtime::ToUtf8(name) + "?");
+    }
+    runtime::AccessError PutOfFont(StringView fontProperty, StringView name, const PropertyValue& value) override {
+        return Note(runtime::ToUtf8(fontProperty) + "." + runtime::ToUtf8(name) + " = " + Words(value));
+    }
+
+    String tag = u"39171";
+    runtime::AccessError answer = runtime::kNoError;
+    std::vector<std::string> log;
+
+ private:
+    static std::string Words(const PropertyValue& value) {
+        if (const auto* const text = std::get_if<String>(&value)) return runtime::ToUtf8(*text);
+        if (const auto* const number = std::get_if<std::int16_t>(&value)) return std::to_string(*number);
+        if (const auto* const font = std::get_if<Font>(&value)) return "a font " + runtime::ToUtf8(font->name);
+        return std::get<bool>(value) ? "on" : "off";
+    }
+    runtime::AccessError Note(std::string access) {
+        log.push_back(std::move(access));
+        return answer;
+    }
+};
+
+class ControlLocalisation : public tests::HeadlessComponentTest {
+ protected:
+    ControlLocalisation() {
+        processValues.uiFont = {u"Arial", 9, 161};
+        memory_.files.AddFile(u"C:\\de\\K4TBackProcess.txt", "39171 = &Ja\n");
+        kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
+    }
+    const std::vector<std::string>& Accesses() {
+        LocaliseControl(object_, Font{u"Tahoma", 9, 161, false});
+        return object_.log;
+    }
+
+    NotingObject object_;
+    const std::vector<std::string> fontAccesses_ = {
+        "FontName = Arial",          "Font.Name = Arial",    "HeadFont.Name = Arial",
+        "ControlFont.Name = Arial",  "Font = a font Tahoma", "TabStop = off",
+        "HeadFont = a font Tahoma",  "Charset = 161",        "Font.Charset = 161",
+        "ControlFont.Charset = 161", "FontBold = off",       "Bold = off"};
+};
+
+TEST_F(ControlLocalisation, SetsPropertyAfterPropertyInOneOrder) {
+    std::vector<std::string> expected = fontAccesses_;
+    expected.insert(expected.end(), {"Tag?", "Caption?", "Caption = &Ja"});
+    EXPECT_EQ(Accesses(), expected);
+}
+
+TEST_F(ControlLocalisation, GoesOnAfterEachRefusal) {
+    object_.answer = runtime::kPropertyNotSupported;
+    std::vector<std::string> expected = fontAccesses_;
+    expected.emplace_back("Tag?");
+    EXPECT_EQ(Accesses(), expected);
+}
+
+TEST_F(ControlLocalisation, WithoutATagLeavesTheCaption) {
+    object_.tag = u"";
+    std::vector<std::string> expected = fontAccesses_;
+    expected.emplace_back("Tag?");
+    EXPECT_EQ(Accesses(), expected);
 }
 
 /// One of each kind, all with a tag but the last button.
@@ -295,6 +380,18 @@ TEST_F(FormLocalisation, WithoutAFaceAndSizeControlsHaveThatOfANewFont) {
     EXPECT_EQ(form_.yes->Font(), (Font{u"MS Sans Serif", 9, 129, false}));
 }
 
+TEST_F(FormLocalisation, InputControlsGetTheFontAndKeepTheirTexts) {
+    tests::InputForm inputs;
+    inputs.text.SetText(u"R1");
+    LocaliseForm(inputs);
+    for (Control* control : {&inputs.text, &inputs.block, &inputs.combo, &inputs.dropDown, &inputs.list}) {
+        EXPECT_EQ(control->Font(), (Font{u"Arial", 9, 161, false})) << runtime::ToUtf8(control->Name());
+        EXPECT_FALSE(control->TabStop());
+    }
+    EXPECT_EQ(inputs.text.Text(), u"R1");
+    EXPECT_EQ(inputs.combo.Text(), u"Combo1");
+}
+
 /// A reader whose every text fails.
 class BrokenReader : public kernel_api::dev::BuiltInReader {
  public:
@@ -323,6 +420,22 @@ TEST_F(FormPlace, IsTheMiddleOfTheScreen) {
     EXPECT_EQ(form_.Top(), 5977.5F);  // (15360 - 3405) / 2
     EXPECT_EQ(form_.Width(), 6120);
     EXPECT_EQ(form_.Height(), 3405);
+}
+
+TEST_F(FormPlace, IsSetFromTheTopThenFromTheLeft) {
+    form_.EnsureLoaded();
+    Window().places.clear();
+    SetForm(form_);
+    EXPECT_THAT(Window().places, ElementsAre(Pair(300, 5977.5F), Pair(6540, 5977.5F)));
+}
+
+TEST_F(FormPlace, OfAMinimisedOrMaximisedFormIsAnError) {
+    for (const runtime::WindowState state : {runtime::WindowState::kMinimised, runtime::WindowState::kMaximised}) {
+        form_.SetState(state);
+        EXPECT_EQ(tests::ErrorOf([this] { SetForm(form_); }), runtime::kMoveWhileMinimisedOrMaximised);
+        EXPECT_EQ(form_.Left(), 300);
+        EXPECT_EQ(form_.Top(), 300);
+    }
 }
 
 TEST_F(FormPlace, OfAFormLargerThanTheScreenIsDownAndRight) {

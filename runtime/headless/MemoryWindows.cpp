@@ -130,6 +130,11 @@ MemoryWindow::~MemoryWindow() {
     std::erase(system_.windows_, this);
 }
 
+void MemoryWindow::SetBounds(const Rect& newOuter) {
+    outer = newOuter;
+    places.emplace_back(outer.left, outer.top);
+}
+
 void MemoryWindow::SetVisible(bool newVisible) {
     const bool shown = newVisible && !visible;
     visible = newVisible;

@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "runtime/WindowsPort.h"
@@ -61,7 +62,7 @@ class MemoryWindow : public NativeWindow {
     ~MemoryWindow() override;
 
     void SetCaption(const String& newCaption) override { caption = newCaption; }
-    void SetBounds(const Rect& newOuter) override { outer = newOuter; }
+    void SetBounds(const Rect& newOuter) override;
     void SetVisible(bool newVisible) override;
     void SetState(WindowState newState) override;
     void SetBackColour(Colour colour) override { backColour = colour; }
@@ -84,6 +85,8 @@ class MemoryWindow : public NativeWindow {
     String caption;
     BorderStyle border;
     Rect outer;
+    /// Left and top at every call of SetBounds, in order.
+    std::vector<std::pair<Twips, Twips>> places;
     WindowState state = WindowState::kNormal;
     bool visible = false;
     bool enabled = true;  ///< takes input

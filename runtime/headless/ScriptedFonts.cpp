@@ -1,5 +1,7 @@
 #include "runtime/headless/ScriptedFonts.h"
 
+#include "runtime/Error.h"
+
 namespace runtime::headless {
 namespace {
 constexpr std::size_t kFaceBuffer = 80;
@@ -32,6 +34,7 @@ NativeHandle ScriptedFonts::Select(NativeHandle context, NativeHandle font) {
 
 String ScriptedFonts::FaceName(NativeHandle context) {
     log.push_back("face of " + std::to_string(context));
+    if (failsFaceName) throw Error(kOutOfMemory);
     const auto found = selected_.find(context);
     if (found == selected_.end()) return String(kFaceBuffer, u' ');
     return found->second == kIconTitleFont ? iconTitleFace : stockFace;

@@ -28,6 +28,8 @@ class ScriptedFonts : public FontsPort {
     bool describesIconTitles = true;
     String iconTitleFace = u"Tahoma";
     String stockFace = u"MS Shell Dlg";
+    /// Asking for a face name is error 7.
+    bool failsFaceName = false;
     /// "installed Arial", "make icon title", "stock", "select 81 in 4097", "face of 4097", "release 4097 of 4096",
     /// "delete 82".
     std::vector<std::string> log;
