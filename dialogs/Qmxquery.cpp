@@ -122,6 +122,10 @@ Qmxquery::Qmxquery() : Form(DialogDesign()) {
     F_Button_ = &AddControl(ExtraButtonDesign());
 }
 
+void Qmxquery::SetForm(runtime::Form& form) {
+    services::SetForm(form);
+}
+
 String Qmxquery::QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                        std::int32_t& index, bool showButton, const String& buttonCaption) {
     if (isAsking_) throw runtime::Error(runtime::kFormAlreadyDisplayed);
@@ -143,7 +147,7 @@ String Qmxquery::QUERY(const String& title, const String& prompt, std::vector<St
     lblPrompt_->SetText(prompt);
     InputFor(kind_).SetAccessibleName(prompt);
     if (showButton) F_Button_->SetText(buttonCaption);
-    services::SetForm(*this);
+    SetForm(*this);
     Wait();
     InitialText(values) = resultText_;
     index = resultIndex_;

@@ -30,6 +30,8 @@ class Qmxquery : public runtime::Form {
     String QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                  std::int32_t& index, bool showButton, const String& buttonCaption);
     bool IsAsking() const { return isAsking_; }
+    /// Moves `form` to the middle of the screen; a form that is larger moves down and right.
+    static void SetForm(runtime::Form& form);
 
     // What the last question left; it outlives the window.
 

@@ -13,6 +13,7 @@
 #include "runtime/Screen.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/HandledForm.h"
 #include "tests/support/Question.h"
 
 namespace dialogs {
@@ -98,6 +99,16 @@ class Query : public tests::HeadlessComponentTest {
         return walk;
     }
 };
+
+TEST_F(Query, CentresAnyFormWithoutLoadingItself) {
+    tests::HandledForm other;
+    Qmxquery dialog;
+    dialog.SetForm(other);
+    const runtime::Size screen = runtime::ScreenSize();
+    EXPECT_EQ(other.Left(), (screen.width - other.Width()) / 2.0F);
+    EXPECT_EQ(other.Top(), (screen.height - other.Height()) / 2.0F);
+    EXPECT_FALSE(dialog.IsLoaded());
+}
 
 TEST_F(Query, HasItsDesign) {
     Qmxquery dialog;
