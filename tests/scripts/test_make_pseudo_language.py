@@ -3,6 +3,7 @@
 import importlib.machinery
 import importlib.util
 import pathlib
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -61,6 +62,16 @@ class Files(unittest.TestCase):
     def test_comments_and_empty_lines_stay(self):
         self.assertEqual(script.pseudo_file("# can\n\n1=on\n2 = a = b\n"), "# can\n\n1 = [óñ]\n2 = [á = b]\n")
 
+    def test_blanks_before_a_comment_do_not_count(self):
+        self.assertEqual(script.pseudo_file(" \t# can\n \t\n1 = on\n"), "# can\n\n1 = [óñ]\n")
+
+    def test_lines_end_at_cr_and_lf_alone(self):
+        self.assertEqual(script.pseudo_file("1 = on\r2 = on\r\n3 = x\u2028y\x0bz"),
+                         "1 = [óñ]\n2 = [óñ]\n3 = [x\u2028ý\x0bž]\n")
+
+    def test_other_white_space_belongs_to_the_text(self):
+        self.assertEqual(script.pseudo_file("1 = \u00a0on\n"), "1 = [\u00a0óñ]\n")
+
     def test_line_without_an_identifier_is_refused(self):
         for bad in ("words\n", "= a\n"):
             with self.assertRaisesRegex(ValueError, "^line 2 "):
@@ -76,6 +87,15 @@ class Files(unittest.TestCase):
             made = place / "K4TBackProcess.txt"
             self.assertEqual(printed, f"{made}\n")
             self.assertEqual(made.read_bytes(), "39171 = [&Yéš]\n".encode())
+
+    def test_tool_that_is_not_built_is_named(self):
+        with tempfile.TemporaryDirectory() as folder:
+            (pathlib.Path(folder) / "scripts").mkdir()
+            copy = shutil.copy(SCRIPT, pathlib.Path(folder) / "scripts")
+            run = subprocess.run([copy], capture_output=True, text=True)
+            tool = pathlib.Path(folder).resolve() / "build" / "windows" / "bin" / "backproc.exe"
+        self.assertEqual((run.returncode, run.stdout), (1, ""))
+        self.assertEqual(run.stderr, f"make-pseudo-language: there is no {tool}: build it, or name a --template\n")
 
     def test_bad_template_is_named(self):
         with tempfile.TemporaryDirectory() as folder:

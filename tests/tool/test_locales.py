@@ -16,6 +16,8 @@ import unittest
 TIMEOUT = 120  # seconds; a run takes one or two
 JAPANESE_FACE = "\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF"
 WINE_FONTS = pathlib.Path("/usr/share/wine/fonts")
+# MS Sans Serif: the western, the Greek and the Cyrillic one. A system shows those of its own code page.
+MS_SANS_SERIF = ("sserife.fon", "sserifeg.fon", "sserifer.fon")
 
 wine_run = ""
 bin_folder = pathlib.Path()
@@ -47,6 +49,26 @@ def lines_of(locale, *arguments):
 def end_wine():
     """Lets the server of the prefix end, which it does some seconds after its last program."""
     subprocess.run(["wineserver", "-w"], check=True, timeout=TIMEOUT)
+
+
+def installed_fonts():
+    """Where the prefix has, or would have, its own MS Sans Serif."""
+    folder = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "Fonts")
+    return [folder / name for name in MS_SANS_SERIF]
+
+
+def remove_fonts():
+    # Wine lists the fonts when its server starts.
+    end_wine()
+    for font in installed_fonts():
+        font.unlink(missing_ok=True)
+
+
+def setUpModule():
+    lines_of("de_DE")  # makes the prefix
+    # Those of a run that was cut short would hide the last resort.
+    if any(font.exists() for font in installed_fonts()):
+        remove_fonts()
 
 
 class LocaleTestCase(unittest.TestCase):
@@ -88,20 +110,10 @@ class SystemLocale(LocaleTestCase):
 class SystemLocaleWithMsSansSerif(LocaleTestCase):
     @classmethod
     def setUpClass(cls):
-        lines_of("de_DE")  # makes the prefix
-        folder = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "Fonts")
-        # The western, the Greek and the Cyrillic one: a system shows those of its own code page.
-        cls.fonts = [folder / name for name in ("sserife.fon", "sserifeg.fon", "sserifer.fon")]
-        # Wine lists the fonts when its server starts.
+        cls.addClassCleanup(remove_fonts)
         end_wine()
-        for font in cls.fonts:
+        for font in installed_fonts():
             shutil.copy(WINE_FONTS / font.name, font)
-
-    @classmethod
-    def tearDownClass(cls):
-        end_wine()
-        for font in cls.fonts:
-            font.unlink()
 
     def test_german(self):
         self.check("de_DE", "0x0407", "MS Sans Serif", "8", "0", "first installed face")
