@@ -50,6 +50,8 @@ LRESULT Win32Label::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             font_ = reinterpret_cast<HFONT>(wParam);
             LayOutAgain();
             return 0;
+        case WM_GETFONT:
+            return reinterpret_cast<LRESULT>(font_);
         case WM_SIZE:
             LayOutAgain();
             return 0;

@@ -1,6 +1,12 @@
 // The user-interface font as it reaches the windows of the suite's message box.
 #include <gtest/gtest.h>
 
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "kernel_api/Reader.h"
+#include "kernel_api/dev/TextFile.h"
 #include "services/ProcessValues.h"
 #include "tests/messagebox/SuiteBoxTest.h"
 
@@ -40,6 +46,88 @@ TEST_F(SuiteBoxFont, IsTheDesignsWhileNoneWasChosen) {
         EXPECT_EQ(font.lfHeight, -11);
     };
     EXPECT_EQ(Ask(8, {Do(look), Keys({VK_ESCAPE})}), 2);
+}
+
+/// The texts of one language.
+class OneLanguage : public kernel_api::Reader {
+ public:
+    explicit OneLanguage(std::string_view bytes) : texts_(bytes) { kernel_api::UseReader(this); }
+    ~OneLanguage() override { kernel_api::UseReader(nullptr); }
+
+    void NormaliseFolder(runtime::String&) override {}
+    runtime::String GetSetting(runtime::StringView, runtime::StringView, runtime::StringView value) override {
+        return runtime::String(value);
+    }
+    runtime::String GetText(runtime::StringView defaultText, runtime::StringView id) override {
+        const runtime::String* const text = texts_.Find(id);
+        return text ? *text : runtime::String(defaultText);
+    }
+    runtime::String TextAt(kernel_api::TextPointer) override { return {}; }
+
+ private:
+    kernel_api::dev::TextFile texts_;
+};
+
+std::string ExampleLanguage(const std::string& name) {
+    std::ifstream file(K4T_LANGUAGES "/" + name + "/K4TBackProcess.txt", std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Width of a button's caption in its font, with the '&' taken as a mark.
+int CaptionWidth(HWND button) {
+    const HDC context = GetDC(button);
+    const HGDIOBJ former = SelectObject(context, reinterpret_cast<HFONT>(SendMessageW(button, WM_GETFONT, 0, 0)));
+    RECT drawn{};
+    const runtime::String caption = TextOf(button);
+    DrawTextW(context, runtime::win32::Wide(caption.data()), static_cast<int>(caption.size()), &drawn,
+              DT_CALCRECT | DT_SINGLELINE);
+    SelectObject(context, former);
+    ReleaseDC(button, context);
+    return static_cast<int>(drawn.right);
+}
+
+/// Every button has a caption that its frame leaves room for, and shows its access key.
+void ExpectWholeCaptions(HWND box) {
+    int buttons = 0;
+    for (HWND button = nullptr; (button = FindWindowExW(box, button, L"BUTTON", nullptr)) != nullptr; ++buttons) {
+        RECT client{};
+        GetClientRect(button, &client);
+        const int frame = 2 * GetSystemMetrics(SM_CXEDGE);
+        const std::string caption = runtime::ToUtf8(TextOf(button));
+        EXPECT_GT(CaptionWidth(button), 0);
+        EXPECT_LE(CaptionWidth(button), client.right - frame) << caption;
+        EXPECT_EQ(SendMessageW(button, WM_QUERYUISTATE, 0, 0) & UISF_HIDEACCEL, 0) << caption;
+    }
+    EXPECT_EQ(buttons, 4);
+}
+
+TEST_F(SuiteBoxFont, LeavesRoomForTheCaptionsOfEachLanguage) {
+    struct {
+        const char* name;
+        services::UiFont font;
+        const wchar_t* yes;
+    } const languages[] = {
+        {"German", {u"MS Sans Serif", 8, ANSI_CHARSET}, L"&Ja"},
+        {"French", {u"MS Sans Serif", 8, ANSI_CHARSET}, L"&Oui"},
+        {"Japanese", {u"\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF", 9, SHIFTJIS_CHARSET}, L"\u306F\u3044(&Y)"},
+    };
+    for (const auto& language : languages) {
+        SCOPED_TRACE(language.name);
+        const OneLanguage spoken(ExampleLanguage(language.name));
+        services::processValues.uiFont = language.font;
+        const auto look = [&](HWND box) {
+            EXPECT_NE(ButtonOf(box, language.yes), nullptr);
+            ExpectWholeCaptions(box);
+        };
+        EXPECT_EQ(Ask(8, {Do(look), Keys({VK_ESCAPE})}), 2);
+    }
+}
+
+TEST_F(SuiteBoxFont, LeavesRoomForShortCaptionsOfThePseudoLanguage) {
+    const OneLanguage spoken(
+        "39171 = [&Y\u00E9\u0161]\n39172 = [&\u00D1\u00F3]\n99388 = [\u00C7\u00E1\u00F1\u00E7\u00E9l]\n");
+    services::processValues.uiFont = {u"MS Sans Serif", 8, ANSI_CHARSET};
+    EXPECT_EQ(Ask(8, {Do(ExpectWholeCaptions), Keys({VK_ESCAPE})}), 2);
 }
 
 TEST_F(SuiteBoxFont, KeyboardStillWalksTheButtons) {
