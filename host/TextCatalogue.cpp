@@ -31,6 +31,12 @@ void AppendTags(std::vector<CatalogueText>& texts, const runtime::Form& form, ru
     }
 }
 
+/// The main form's caption is whichever of these has a text; the published state has it unquoted.
+void MarkPublished(std::vector<CatalogueText>& texts) {
+    const String tag = frmBackProcessMain().Design().tag;
+    for (CatalogueText& text : texts) text.isPublished = text.id == services::kApplicationCaption.id || text.id == tag;
+}
+
 }  // namespace
 
 std::vector<CatalogueText> TextCatalogue() {
@@ -42,6 +48,7 @@ std::vector<CatalogueText> TextCatalogue() {
     AppendTags(texts, frmBackProcessMain(), services::kApplicationCaption.defaultText);
     AppendTags(texts, dialogs::frmQMXMsgBox());
     AppendTags(texts, dialogs::Qmxquery());
+    MarkPublished(texts);
     return texts;
 }
 

@@ -11,8 +11,9 @@ namespace host {
 struct CatalogueText {
     runtime::String id;  ///< as it is asked for
     runtime::String defaultText;
-    runtime::String use;     ///< where it is shown, for translators
-    runtime::String dialog;  ///< for a control's caption: the form whose access keys it shares; else empty
+    runtime::String use;       ///< where it is shown, for translators
+    runtime::String dialog;    ///< for a control's caption: the form whose access keys it shares; else empty
+    bool isPublished = false;  ///< stands between commas, as it is, in the state that the suite's modules read
 };
 
 /// An identifier that is used with several defaults is there with each. No form is loaded.

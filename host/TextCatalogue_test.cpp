@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <set>
 
 #include "dialogs/Qmxquery.h"
 #include "dialogs/frmQMXMsgBox.h"
@@ -96,6 +97,14 @@ TEST(TextCatalogue, ListsEachTextWithWhereItIsShown) {
             "39173|Yes &To All|cmdBut(2) of frmQMXMsgBox|frmQMXMsgBox",
             "99388|Cancel|cmdBut(3) of frmQMXMsgBox|frmQMXMsgBox", "99177|Accept|cmdAccept of Qmxquery|Qmxquery",
             "99388 |Cancel|cmdCancel of Qmxquery|Qmxquery"));
+}
+
+TEST(TextCatalogue, MarksTheCaptionsThatThePublishedStateMayHave) {
+    std::set<String> published;
+    for (const CatalogueText& text : TextCatalogue()) {
+        if (text.isPublished) published.insert(text.id);
+    }
+    EXPECT_THAT(published, testing::ElementsAre(u"561", u"LOC"));
 }
 
 TEST_F(AskedTexts, ListIsMadeWithoutLoadingAForm) {

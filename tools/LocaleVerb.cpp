@@ -21,7 +21,7 @@ constexpr std::string_view kHelp =
 Shows the font that the component gives its forms: face, size in points and Windows character set, and the rule that
 chose it. The system's locale decides the language; under a language that has no font of its own, the user's locale
 decides the character set. With --lcid the choice is shown as it were on a system of that locale; N is decimal, or
-hexadecimal after 0x. An empty face and a size of 0 leave the forms' own font.
+hexadecimal after 0x. Where the face is empty or the size 0, the forms get that of a new font: MS Sans Serif, 8.25.
 
 Example:
   backproc locale --lcid 0x0411

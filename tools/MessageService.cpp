@@ -1,7 +1,5 @@
 #include "tools/MessageService.h"
 
-#include <stdexcept>
-
 #include "host/Composition.h"
 #include "kernel_api/dev/BuiltInReader.h"
 #include "runtime/Ports.h"
@@ -9,7 +7,7 @@
 #include "services/LocalTexts.h"
 #include "services/ProcessValues.h"
 #include "services/modReg.h"
-#include "tools/Display.h"
+#include "tools/LanguageFile.h"
 #include "tools/UiFont.h"
 
 namespace tools {
@@ -19,9 +17,7 @@ namespace {
 /// Texts from `folder` for this process, whatever language the modules share.
 void Speak(const runtime::String& folder) {
     const runtime::Ports& ports = runtime::CurrentPorts();
-    const bool endsFolder = folder.ends_with(u'\\') || folder.ends_with(u'/');
-    const runtime::String texts = folder + (endsFolder ? u"" : u"\\") + u"K4TBackProcess.txt";
-    if (!ports.files.Stamp(texts)) throw std::runtime_error("there is no language file '" + Display(texts) + "'");
+    LanguageFileIn(ports.files, folder);
     static kernel_api::dev::BuiltInReader reader(ports.files, ports.settings, ports.locale);
     reader.UseLanguageFolder([folder] { return folder; });
     kernel_api::UseReader(&reader);

@@ -28,6 +28,8 @@ std::string_view Words(LineFault fault) {
             return "has no '='";
         case LineFault::kNoIdentifier:
             return "has no identifier before its '='";
+        case LineFault::kNoText:
+            return "has no text behind its '='";
         case LineFault::kTwice:
             return "has an identifier that stands above already";
         case LineFault::kUnknownEscape:
@@ -106,6 +108,24 @@ void WriteLostBlanks(std::ostream& out, Catalogue catalogue, const TextFile& fil
     }
 }
 
+/// Other modules take the state apart at commas and quote marks; one that they cannot read keeps them waiting.
+void WriteBrokenStates(std::ostream& out, Catalogue catalogue, const TextFile& file) {
+    constexpr std::pair<StringView, std::string_view> kBreaking[] = {
+        {u",", "a comma"}, {u"\"", "a quote mark"}, {u"\r\n", "a line break"}};
+    std::set<String> published;
+    for (const CatalogueText& text : catalogue) {
+        if (text.isPublished) published.insert(runtime::Trim(text.id));
+    }
+    for (const String& id : published) {
+        const String* const translation = file.Find(id);
+        if (!translation) continue;
+        for (const auto& [units, words] : kBreaking) {
+            if (translation->find(units) == String::npos) continue;
+            out << "state\t" << Display(id) << "\thas " << words << '\n';
+        }
+    }
+}
+
 }  // namespace
 
 std::size_t WriteTextReport(std::ostream& out, Catalogue catalogue, const std::optional<std::string>& bytes,
@@ -119,6 +139,7 @@ std::size_t WriteTextReport(std::ostream& out, Catalogue catalogue, const std::o
     WriteUnknown(out, known, file);
     WriteClashes(out, catalogue, file, locale);
     WriteLostBlanks(out, catalogue, file);
+    WriteBrokenStates(out, catalogue, file);
     const auto missing =
         static_cast<std::size_t>(std::ranges::count_if(known, [&file](const String& id) { return !file.Find(id); }));
     out << known.size() - missing << " of " << known.size() << " identifiers translated\n";
@@ -126,9 +147,8 @@ std::size_t WriteTextReport(std::ostream& out, Catalogue catalogue, const std::o
 }
 
 void WriteTextTemplate(std::ostream& out, Catalogue catalogue) {
-    out << "# Texts of the back process: identifier = text, in UTF-8. A blank at either end of a text is written \\s, "
-           "a "
-           "line\n# break \\n, a tab \\t, a backslash \\\\. The letter after & is the access key.\n";
+    out << "# Texts of the back process: identifier = text, in UTF-8. A blank at either end of a text is written \\s,\n"
+           "# a line break \\n, a tab \\t, a backslash \\\\. The letter after & is the access key.\n";
     std::set<String> written;
     for (const CatalogueText& text : catalogue) {
         const String id = runtime::Trim(text.id);

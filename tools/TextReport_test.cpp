@@ -65,12 +65,13 @@ TEST_F(TextReport, IdentifierWithSeveralUsesCountsOnce) {
 }
 
 TEST_F(TextReport, NamesUnreadableLinesWithTheirReasons) {
-    const std::string report = Report("1 = &Ja\n= x\nwords\n1 = b\n2 = \\x\n2 = \xE4\n");
+    const std::string report = Report("1 = &Ja\n= x\nwords\n1 = b\n2 = \\x\n2 = \xE4\n3 =\n");
     EXPECT_THAT(report, HasSubstr("unreadable\tline 2\thas no identifier before its '='\n"
                                   "unreadable\tline 3\thas no '='\n"
                                   "unreadable\tline 4\thas an identifier that stands above already\n"
                                   "unreadable\tline 5\thas a backslash that is not one of \\n \\t \\s \\\\\n"
-                                  "unreadable\tline 6\tis not UTF-8\n"));
+                                  "unreadable\tline 6\tis not UTF-8\n"
+                                  "unreadable\tline 7\thas no text behind its '='\n"));
     EXPECT_EQ(missing_, 2u);
 }
 
@@ -91,6 +92,16 @@ TEST_F(TextReport, NamesLostBlanksBetweenJoinedTexts) {
                 HasSubstr("blank\t1\tmissing at the end\nblank\t2\tmissing at the start\n"));
     EXPECT_THAT(Report("1 = Pfad:\\s\n2 = \\sgibt es\n", joined), Not(HasSubstr("blank")));
     EXPECT_THAT(Report("1 = \xEF\xBC\x9A\n2 = \xE3\x81\xAF\n", joined), Not(HasSubstr("blank")));
+}
+
+TEST_F(TextReport, NamesCaptionsThatBreakThePublishedState) {
+    const std::vector<CatalogueText> captions = {
+        {u"L", u"Process", u"", u"", true}, {u"L", u"Process ", u"", u"", true}, {u"1", u"Path", u"", u"", false}};
+    EXPECT_THAT(Report("L = Pelorix, hinten\n1 = a, b\n", captions), HasSubstr("\nstate\tL\thas a comma\n2 of 2"));
+    EXPECT_THAT(Report("L = 19\"\n1 = \"\n", captions), HasSubstr("\nstate\tL\thas a quote mark\n2 of 2"));
+    EXPECT_THAT(Report("L = a\\nb\n1 = a\\nb\n", captions), HasSubstr("\nstate\tL\thas a line break\n2 of 2"));
+    EXPECT_THAT(Report("L = Pelorix 'hinten'; \\t\n", captions), Not(HasSubstr("state")));
+    EXPECT_THAT(Report("1 = a,b\n", captions), Not(HasSubstr("state")));
 }
 
 TEST_F(TextReport, BlankMayGoWhereOneUseHasNone) {

@@ -1,22 +1,21 @@
 // `backproc texts`: all texts that the component asks for, and what a language makes of them.
 #include <optional>
 #include <ostream>
+#include <stdexcept>
 
 #include "host/Composition.h"
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"
-#include "kernel_api/dev/BuiltInReader.h"
 #include "runtime/Ports.h"
 #include "runtime/win32/WindowsHeaders.h"
 #include "tools/Display.h"
+#include "tools/LanguageFile.h"
 #include "tools/TextReport.h"
 #include "tools/Verbs.h"
 
 namespace tools {
 
 namespace {
-
-using kernel_api::dev::kMostTextsBytes;
 
 constexpr std::string_view kHelp =
     R"(Usage: backproc texts [--folder F]
@@ -30,6 +29,7 @@ the shared string LANGUAGEPATH; without both everything is missing. Then what is
   unknown     an identifier that the component does not ask for
   clash       two captions of a dialog that have the same access key
   blank       a text that is joined with others and has lost the blank in between
+  state       a caption that breaks the state which the modules read: it has a comma, a quote mark or a line break
 
 The last line counts. The exit code is 0 when nothing is missing.
 
@@ -48,13 +48,7 @@ std::optional<String> LanguageFolder(const Arguments& arguments) {
 
 std::string ReadTexts(const String& folder) {
     runtime::FilesPort& files = runtime::CurrentPorts().files;
-    const String path = kernel_api::dev::TextsPathIn(folder);
-    const auto stamp = files.Stamp(path);
-    if (!stamp) throw std::runtime_error("there is no file " + Display(path));
-    if (stamp->size > kMostTextsBytes) {
-        throw std::runtime_error(Display(path) + " has more than " + std::to_string(kMostTextsBytes) +
-                                 " bytes and is not read");
-    }
+    const String path = LanguageFileIn(files, folder);
     auto bytes = files.Read(path);
     if (!bytes) throw std::runtime_error("cannot read " + Display(path));
     return *std::move(bytes);

@@ -7,9 +7,16 @@ namespace tools {
 
 services::FontRule ChooseFont(std::optional<std::int32_t> systemLcid) {
     const std::int32_t lcid = systemLcid ? *systemLcid : runtime::CurrentPorts().locale.SystemDefaultLcid();
-    const HDC screen = GetDC(nullptr);
-    const services::FontRule rule = services::ChooseUiFontFor(lcid, 0, reinterpret_cast<runtime::NativeHandle>(screen));
-    if (!services::ReleasesContext(rule)) ReleaseDC(nullptr, screen);
+    struct Screen {
+        HDC context = GetDC(nullptr);
+        bool isReleased = false;
+        ~Screen() {
+            if (!isReleased) ReleaseDC(nullptr, context);
+        }
+    } screen;
+    const auto context = reinterpret_cast<runtime::NativeHandle>(screen.context);
+    const services::FontRule rule = services::ChooseUiFontFor(lcid, 0, context);
+    screen.isReleased = services::ReleasesContext(rule);
     return rule;
 }
 

@@ -207,12 +207,6 @@ TEST_F(LocalTexts, BlanksAroundAnIdentifierDoNotCount) {
     EXPECT_EQ(Text(u"9910 19"), u"default");
 }
 
-TEST_F(LocalTexts, EmptyTextIsNoReasonForTheDefault) {
-    WriteTexts(u"C:\\de", "1 =\n");
-    folder_ = u"C:\\de";
-    EXPECT_EQ(Text(u"1"), u"");
-}
-
 TEST_F(LocalTexts, FileMayAppearChangeAndVanish) {
     folder_ = u"C:\\de";
     EXPECT_EQ(Text(u"1"), u"default");
@@ -295,16 +289,23 @@ TEST_F(LocalTexts, FolderThatComesBackIsReadAgain) {
     }
 }
 
-TEST_F(LocalTexts, TruncatedAtEveryByteAreDefaultsFromTheCutOn) {
+TEST_F(LocalTexts, CutInALineShowTheStartOfItsTextAndDefaultsBehindIt) {
     folder_ = u"C:\\de";
     const std::string whole = "39171 = &Ja\n39172 = &Nein\\s\n";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         WriteTexts(u"C:\\de", whole.substr(0, length));
         const std::size_t shown = length <= 8 ? 0 : std::min<std::size_t>(length - 8, 3);
-        EXPECT_EQ(Text(u"39171"), length < 7 ? u"default" : String(u"&Ja").substr(0, shown)) << length;
+        EXPECT_EQ(Text(u"39171"), shown == 0 ? u"default" : String(u"&Ja").substr(0, shown)) << length;
         // At 26 the cut goes through an escape.
-        EXPECT_EQ(Text(u"39172") == u"default", length < 19 || length == 26) << length;
+        EXPECT_EQ(Text(u"39172") == u"default", length < 21 || length == 26) << length;
     }
+}
+
+TEST_F(LocalTexts, LineWithoutATextLeavesTheDefault) {
+    folder_ = u"C:\\de";
+    WriteTexts(u"C:\\de", "1 =\n2 = \n");
+    EXPECT_EQ(Text(u"1"), u"default");
+    EXPECT_EQ(Text(u"2"), u"default");
 }
 
 TEST_F(LocalTexts, FailingKernelIsTheCallersError) {

@@ -90,7 +90,9 @@ std::optional<LineFault> TextFile::Take(std::string_view line) {
     if (equals == String::npos) return LineFault::kNoEqualsSign;
     const StringView identifier = Trimmed(StringView(*decoded).substr(0, equals), kAroundText);
     if (identifier.empty()) return LineFault::kNoIdentifier;
-    auto text = Unescape(Trimmed(StringView(*decoded).substr(equals + 1), kAroundText));
+    const StringView written = Trimmed(StringView(*decoded).substr(equals + 1), kAroundText);
+    if (written.empty()) return LineFault::kNoText;
+    auto text = Unescape(written);
     if (!text) return LineFault::kUnknownEscape;
     if (!texts_.try_emplace(String(identifier), std::move(*text)).second) return LineFault::kTwice;
     return std::nullopt;

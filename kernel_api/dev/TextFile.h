@@ -15,8 +15,9 @@
 
 namespace kernel_api::dev {
 
-/// Why a line cannot be read. A NUL counts as "not UTF-8": the file is in another encoding then.
-enum class LineFault { kNoEqualsSign, kNoIdentifier, kTwice, kUnknownEscape, kNotUtf8 };
+/// Why a line cannot be read. One without a text would leave a button without a caption; what nobody has translated yet
+/// is shown by its default. A NUL counts as "not UTF-8": the file is in another encoding then.
+enum class LineFault { kNoEqualsSign, kNoIdentifier, kNoText, kTwice, kUnknownEscape, kNotUtf8 };
 
 /// Hears of each line that is skipped; lines are numbered from 1.
 using FaultSink = std::function<void(std::size_t line, LineFault fault)>;

@@ -1,9 +1,10 @@
 // Whatever bytes a language file has, reading its texts ends, no line is counted twice, every text written in plain
-// form is found, every text that was read comes back from its written form, and a report about it can be made.
+// form is found, and every text that was read says something and comes back from its written form.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <string_view>
 
 #include "kernel_api/dev/TextFile.h"
 
@@ -12,6 +13,7 @@ namespace {
 using kernel_api::dev::LineFault;
 using kernel_api::dev::TextFile;
 using runtime::String;
+using namespace std::string_view_literals;
 
 void Require(bool holds) {
     if (!holds) std::abort();
@@ -20,7 +22,8 @@ void Require(bool holds) {
 /// A lone CR or LF cannot stand in a text that was read.
 void CheckWrittenForm(const TextFile& texts) {
     for (const auto& [identifier, text] : texts.All()) {
-        Require(identifier.find_first_of(u"\r\n=\0") == String::npos);
+        Require(identifier.find_first_of(u"\r\n=\0"sv) == String::npos);
+        Require(!text.empty());
         const TextFile again("1 = " + runtime::ToUtf8(kernel_api::dev::EscapeText(text)));
         const String* const found = again.Find(u"1");
         Require(found && *found == text && again.SkippedLines() == 0);

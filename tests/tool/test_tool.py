@@ -163,12 +163,13 @@ class WithoutComponent(ToolTestCase):
     def test_text_is_the_current_language_s(self):
         with tempfile.TemporaryDirectory() as folder, LiveHost() as holder:
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"
-            texts.write_text("39171 = &Ja\n1 = eins\\nzwei\n2 =\n", encoding="utf-8")
+            texts.write_text("39171 = &Ja\n1 = eins\\nzwei\n2 =\n4 = \\s\n", encoding="utf-8")
             holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
             self.assertEqual(tool("text", "39171"), (0, b"&Ja\n", b""))
             self.assertEqual(tool("text", " 39171", "&Yes"), (0, b"&Ja\n", b""))
             self.assertEqual(tool("text", "1"), (0, "eins␍␊zwei\n".encode(), b""))
-            self.assertEqual(tool("text", "2", "default"), (0, b"\n", b""))
+            self.assertEqual(tool("text", "2", "default"), (0, b"default\n", b""))
+            self.assertEqual(tool("text", "4", "default"), (0, b" \n", b""))
             self.assertEqual(tool("text", "3", "default"), (0, b"default\n", b""))
             self.assertEqual(tool("text", "3"), (1, b"", b"backproc: there is no text '3'\n"))
 
@@ -199,12 +200,13 @@ class WithoutComponent(ToolTestCase):
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"
             path = windows_path(texts)
             code, output, errors = tool("texts", "--folder", windows_path(folder))
-            self.assertEqual((code, output, errors), (1, b"", f"backproc: there is no file {path}\n".encode()))
+            self.assertEqual((code, output, errors), (1, b"", f"backproc: there is no language file '{path}'\n".encode()))
             with open(texts, "wb") as huge:
                 huge.truncate(100 << 20)
             code, output, errors = tool("texts", "--folder", windows_path(folder))
             self.assertEqual((code, output), (1, b""))
             self.assertIn(b"has more than 16777216 bytes", errors)
+            self.assertEqual(tool("msgbox", "--language", windows_path(folder), "Overwrite?"), (1, b"", errors))
             with LiveHost() as holder:
                 holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
                 self.assertEqual(tool("text", "39171", "&Yes"), (0, b"&Yes\n", b""))
@@ -229,6 +231,25 @@ class WithoutComponent(ToolTestCase):
             code, output, errors = tool("msgbox", "--language", windows_path(folder), "Overwrite?")
         expected = f"backproc: there is no language file '{windows_path(folder)}\\K4TBackProcess.txt'\n"
         self.assertEqual((code, output, errors.decode()), (1, b"", expected))
+
+    def test_language_folder_without_a_name_is_refused(self):
+        for arguments in (("texts", "--folder", ""), ("msgbox", "--language", "", "Overwrite?")):
+            with self.subTest(arguments[0]):
+                self.assertEqual(tool(*arguments), (1, b"", b"backproc: the language folder has no name\n"))
+
+    def test_texts_tells_by_its_exit_code_what_is_missing_alone(self):
+        german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
+        with tempfile.TemporaryDirectory() as folder:
+            texts = pathlib.Path(folder) / "K4TBackProcess.txt"
+            texts.write_text(german.replace("561 = ", "561 = Hinten, ").replace("&Nein", "&Jein") + "words\n",
+                             encoding="utf-8")
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+            kinds = [line.split("\t")[0] for line in output.decode().splitlines() if not line.startswith("translated")]
+            self.assertEqual((code, kinds), (0, ["unreadable", "clash", "state", "19 of 19 identifiers translated"]))
+            texts.write_text(german.replace("39171 = &Ja", "39171 ="), encoding="utf-8")
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+            self.assertEqual((code, output.decode().splitlines()[-1]), (1, "18 of 19 identifiers translated"))
+        self.assertEqual(tool("texts", "--nothing")[0], 2)
 
     def test_msgbox_speaks_the_language_of_a_folder(self):
         title = f"Sprache {os.getpid()}"

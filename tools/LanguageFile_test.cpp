@@ -1,0 +1,51 @@
+#include "tools/LanguageFile.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "runtime/headless/MemoryFiles.h"
+
+namespace tools {
+namespace {
+
+class LanguageFile : public testing::Test {
+ protected:
+    /// What the user is told; empty when the file is taken.
+    std::string Complaint(runtime::StringView folder) {
+        try {
+            LanguageFileIn(files_, folder);
+        } catch (const std::runtime_error& error) {
+            return error.what();
+        }
+        return {};
+    }
+
+    runtime::headless::MemoryFiles files_;
+};
+
+TEST_F(LanguageFile, StandsInItsFolder) {
+    files_.AddFile(u"C:\\de\\K4TBackProcess.txt", "1 = a\n");
+    EXPECT_EQ(LanguageFileIn(files_, u"C:\\de"), u"C:\\de\\K4TBackProcess.txt");
+    EXPECT_EQ(LanguageFileIn(files_, u"C:\\de\\"), u"C:\\de\\K4TBackProcess.txt");
+}
+
+TEST_F(LanguageFile, ThatIsNotThereIsNamed) {
+    EXPECT_EQ(Complaint(u"C:\\fr"), "there is no language file 'C:\\fr\\K4TBackProcess.txt'");
+}
+
+TEST_F(LanguageFile, OfMoreBytesThanTheReaderTakesIsRefused) {
+    files_.AddFile(u"C:\\full\\K4TBackProcess.txt", std::string(16 << 20, '#'));
+    EXPECT_EQ(Complaint(u"C:\\full"), "");
+    files_.AddFile(u"C:\\more\\K4TBackProcess.txt", std::string((16 << 20) + 1, '#'));
+    EXPECT_EQ(Complaint(u"C:\\more"),
+              "the language file 'C:\\more\\K4TBackProcess.txt' has more than 16777216 bytes and is not read");
+}
+
+TEST_F(LanguageFile, OfNoFolderIsRefused) {
+    files_.AddFile(u"\\K4TBackProcess.txt", "1 = a\n");
+    EXPECT_EQ(Complaint(u""), "the language folder has no name");
+}
+
+}  // namespace
+}  // namespace tools
