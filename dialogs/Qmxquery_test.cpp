@@ -211,6 +211,56 @@ TEST_F(Query, IndexDoesNotMatterWhereTextIsTyped) {
     }
 }
 
+/// Notes what its controls are like when it goes.
+class LeavingDialog : public Qmxquery {
+ public:
+    struct Input {
+        String name;
+        bool isVisible;
+        int items;
+        bool operator==(const Input&) const = default;
+    };
+    std::vector<Input> left;
+
+ private:
+    void OnUnload(bool&) override {
+        for (const auto& control : Controls()) {
+            if (!runtime::IsInput(control->Kind())) continue;
+            const int items = runtime::HasList(control->Kind()) ? control->ItemCount() : 0;
+            if (control->Visible() || items > 0) left.push_back({control->Name(), control->Visible(), items});
+        }
+    }
+};
+
+void PrintTo(const LeavingDialog::Input& input, std::ostream* out) {
+    *out << runtime::ToUtf8(input.name) << (input.isVisible ? " visible, " : " hidden, ") << input.items;
+}
+
+TEST_F(Query, AcceptHidesTheInputAndClearsItsItemsAndOtherEndsDoNot) {
+    const auto leftBy = [this](std::int32_t kind, const User& user) {
+        LeavingDialog dialog;
+        std::vector<String> values = {u"x", u"A", u"B"};
+        std::int32_t index = 0;
+        Queue(user);
+        dialog.QUERY(u"Title", u"Name?", values, kind, index, true, u"More");
+        return dialog.left;
+    };
+    using Input = LeavingDialog::Input;
+    const Input inputs[] = {{u"txtText", true, 0},
+                            {u"cboCombo", true, 2},
+                            {u"cboDropdown", true, 2},
+                            {u"txtTextBlock", true, 0},
+                            {u"cboList", true, 2}};
+    std::int32_t kind = 1;
+    for (const Input& input : inputs) {
+        EXPECT_THAT(leftBy(kind, Clicks(u"cmdAccept")), IsEmpty());
+        for (const StringView other : {u"cmdCancel", u"F_Button"}) {
+            EXPECT_THAT(leftBy(kind, Clicks(other)), ElementsAre(input));
+        }
+        ++kind;
+    }
+}
+
 TEST_F(Query, CancelExtraButtonAndAcceptedEmptyTextAreToldApart) {
     const Question question{.values = {u"abc"}, .button = u"More"};
     EXPECT_EQ(Ask(question, Clicks(u"cmdCancel")), kNoAnswer);
@@ -321,6 +371,8 @@ TEST_F(Query, HeldEnterIsNoAnswerButWritesLines) {
     Look({.kind = 4}, [](MemoryWindow& dialog) {
         dialog.Press(runtime::kKeyTab);
         dialog.Press(runtime::kKeyTab);
+        EXPECT_TRUE(dialog.Events().KeyDown(runtime::kKeyEnter, 0, true));
+        PressEnter(dialog);
         EXPECT_FALSE(dialog.Events().KeyDown(runtime::kKeyEnter, 0, true));
     });
 }
@@ -425,6 +477,14 @@ TEST_F(Query, IsCentred) {
     });
 }
 
+TEST_F(Query, CentresAnyForm) {
+    runtime::Form form({.name = u"any", .caption = u"", .inner = {3000, 1500}});
+    Qmxquery::SetForm(form);
+    EXPECT_EQ(form.Left(), (19200 - form.Width()) / 2);
+    EXPECT_EQ(form.Top(), (15360 - form.Height()) / 2);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 1u);
+}
+
 TEST_F(Query, EachQuestionStartsFromTheDesign) {
     Look({.kind = 5, .values = {u"", u"A"}, .prompt = String(600, u'm'), .button = u"More"}, [](MemoryWindow&) {});
     Look({}, [](MemoryWindow& dialog) {
@@ -498,11 +558,25 @@ TEST_F(Query, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheDialogGoes) {
     runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
     owner.SetVisible(true);
     MemoryWindow& ownerWindow = memory_.windows.Last();
+    std::vector<bool> enabledWhenWindowsGo;
+    memory_.windows.onWindowGoes = [&] { enabledWhenWindowsGo.push_back(ownerWindow.enabled); };
     Look({}, [&](MemoryWindow& dialog) {
         EXPECT_FALSE(ownerWindow.enabled);
         EXPECT_TRUE(dialog.enabled);
     });
-    EXPECT_TRUE(ownerWindow.enabled);
+    memory_.windows.onWindowGoes = nullptr;
+    EXPECT_THAT(enabledWhenWindowsGo, ElementsAre(true));
+}
+
+TEST_F(Query, HiddenWindowTakesNoInputEitherWhenItIsShownMeanwhile) {
+    runtime::Form other({.name = u"other", .caption = u"", .inner = {3000, 1500}});
+    other.EnsureLoaded();
+    MemoryWindow& otherWindow = memory_.windows.Last();
+    Look({}, [&](MemoryWindow&) {
+        other.SetVisible(true);
+        EXPECT_FALSE(otherWindow.enabled);
+    });
+    EXPECT_TRUE(otherWindow.enabled);
 }
 
 TEST_F(Query, QuestionInsideAQuestionHasItsOwnAnswer) {

@@ -56,6 +56,7 @@ void Form::MakeWindow() {
     state_ = WindowState::kNormal;
     visible_ = false;
     wasShown_ = false;
+    enterWentDown_ = false;
     backColour_ = design_.backColour;
     font_ = {};
     scaleMode_ = kScaleTwips;

@@ -151,6 +151,7 @@ class Form : private WindowEvents {
     bool Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated);
     bool Press(Control* button);
     bool PressCancel(bool isRepeated);
+    bool WritesHeldEnter() const;
     void WalkFocus(int step);
     std::vector<Control*> Reachable() const;
 
@@ -168,6 +169,7 @@ class Form : private WindowEvents {
     WindowState state_ = WindowState::kNormal;
     bool visible_ = false;
     bool wasShown_ = false;
+    bool enterWentDown_ = false;  ///< since the form was loaded, and not as a repetition
     Colour backColour_ = kButtonFace;
     runtime::Font font_;
     std::int16_t scaleMode_ = 1;

@@ -86,6 +86,11 @@ bool Form::PressCancel(bool isRepeated) {
     return canBePressed && (isRepeated || Press(cancel->get()));
 }
 
+// A held Enter may have been meant for another form. One that has gone down here writes lines as long as it is held.
+bool Form::WritesHeldEnter() const {
+    return !focused_ || (enterWentDown_ && focused_->Kind() == ControlKind::kTextBlock);
+}
+
 bool Form::Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
     if ((shift & (kCtrl | kAlt)) != 0) return false;
     const bool onButton = focused_ && focused_->Kind() == ControlKind::kButton;
@@ -98,8 +103,8 @@ bool Form::Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
             // Here and not by the character: its handlers must find the item chosen.
             if (onOpenList) focused_->CloseList(true);
             if (onButton) return isRepeated || Press(focused_);
-            // Held, it may have been meant for another form; only a new line cannot do harm.
-            return isRepeated && focused_ && focused_->Kind() != ControlKind::kTextBlock;
+            if (!isRepeated) enterWentDown_ = true;
+            return isRepeated && !WritesHeldEnter();
         case kKeySpace:
             return onButton && (isRepeated || Press(focused_));
         case kKeyEscape:

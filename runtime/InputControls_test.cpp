@@ -338,6 +338,47 @@ TEST_F(InputControls, EscapeTakesAnOpenListAwayAndPressesNothing) {
     }
 }
 
+TEST_F(InputControls, EscapeOnAnOpenListPutsBackWhatWasThereBefore) {
+    for (Control* control : {&form_.combo, &form_.dropDown}) {
+        Fill(*control);
+        control->SetListIndex(0);
+        ShowOn(*control);
+        user_.Press(kKeyF4);
+        user_.Press(kKeyDown);
+        user_.Press(kKeyDown);
+        EXPECT_EQ(control->ListIndex(), 2) << ToUtf8(control->Name());
+        user_.Press(kKeyEscape);
+        EXPECT_EQ(control->ListIndex(), 0) << ToUtf8(control->Name());
+        EXPECT_EQ(control->Text(), u"Alpha");
+        user_.Press(kKeyDown);
+        EXPECT_EQ(control->ListIndex(), 1) << "the window has another item than the form";
+    }
+}
+
+TEST_F(InputControls, EscapeOnAnOpenListPutsBackThatNothingWasSelected) {
+    Fill(form_.dropDown);
+    ShowOn(form_.dropDown);
+    user_.Press(kKeyF4);
+    user_.Press(kKeyDown);
+    user_.Press(kKeyEscape);
+    EXPECT_EQ(form_.dropDown.ListIndex(), -1);
+    EXPECT_EQ(form_.dropDown.Text(), u"");
+}
+
+TEST_F(InputControls, EscapeOnAnOpenListPutsBackTheTextOfACombo) {
+    Fill(form_.combo);
+    form_.combo.SetText(u"own");
+    ShowOn(form_.combo);
+    user_.Press(kKeyF4);
+    user_.Press(kKeyDown);
+    EXPECT_EQ(form_.combo.Text(), u"Alpha");
+    user_.Press(kKeyEscape);
+    EXPECT_EQ(form_.combo.Text(), u"own");
+    EXPECT_EQ(form_.combo.ListIndex(), -1);
+    user_.Type(u"x");
+    EXPECT_EQ(form_.combo.Text(), u"x") << "all of it was selected";
+}
+
 TEST_F(InputControls, EnterOnAnOpenListChoosesBeforeItIsACharacter) {
     for (Control* control : {&form_.combo, &form_.dropDown}) {
         Fill(*control);
@@ -414,10 +455,22 @@ class InputControlsInMemory : public tests::HeadlessTest {
 TEST_F(InputControlsInMemory, HeldEnterIsNoCharacterOutsideTheTextBlock) {
     form_.SetVisible(true);
     WindowEvents& events = memory_.windows.Last().Events();
-    EXPECT_TRUE(events.KeyDown(kKeyEnter, 0, true));
     EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, false));
+    EXPECT_TRUE(events.KeyDown(kKeyEnter, 0, true));
     form_.SetFocus(form_.block);
     EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, true));
+}
+
+TEST_F(InputControlsInMemory, EnterHeldSinceBeforeTheFormWasShownWritesNoLine) {
+    for (int loads = 0; loads < 2; ++loads) {
+        form_.SetVisible(true);
+        form_.SetFocus(form_.block);
+        WindowEvents& events = memory_.windows.Last().Events();
+        EXPECT_TRUE(events.KeyDown(kKeyEnter, 0, true));
+        EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, false));
+        EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, true));
+        form_.Unload();
+    }
 }
 
 TEST_F(InputControlsInMemory, TopMostIsPassedOnEachTime) {

@@ -69,7 +69,8 @@ class NativeList {
     virtual void Choose(int index) = 0;
     /// The list has dropped down.
     virtual bool IsOpen() { return false; }
-    /// Takes a list that has dropped down away: the item that it shows as selected is chosen, or not.
+    /// Takes a list that has dropped down away: the item that it shows as selected is chosen, or the item and the text
+    /// are put back that were there before.
     virtual void Close(bool /*choose*/) {}
     /// Height of a control that drops down, its list apart; it follows the font alone.
     virtual Twips ClosedHeight() { return 0; }

@@ -38,9 +38,16 @@ void MemoryControl::Choose(int index) {
 }
 
 void MemoryControl::Close(bool choose) {
-    if (!std::exchange(isOpen, false) || choose || listIndex == indexAtOpening_) return;
+    if (!std::exchange(isOpen, false) || choose) return;
+    if (listIndex == indexAtOpening_ && text == textAtOpening_) return;
     Choose(indexAtOpening_);
-    window.Events().Chosen(Number(), listIndex);
+    if (text == textAtOpening_) {
+        window.Events().Chosen(Number(), listIndex);
+        return;
+    }
+    text = textAtOpening_;
+    selection = {0, text.size()};
+    window.Events().Edited(Number());
 }
 
 Twips MemoryControl::ClosedHeight() {
@@ -90,6 +97,7 @@ void MemoryControl::OnKey(std::int16_t keyCode, std::int16_t shift) {
         } else {
             isOpen = true;
             indexAtOpening_ = listIndex;
+            textAtOpening_ = text;
         }
         return;
     }

@@ -62,6 +62,7 @@ struct MemoryControl : NativeControl, NativeEdit, NativeList {
     void PickByLetter(char16_t letter);
 
     int indexAtOpening_ = -1;
+    String textAtOpening_;
 };
 
 }  // namespace runtime::headless

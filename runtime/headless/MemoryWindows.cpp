@@ -80,7 +80,8 @@ class MemoryModal final : public ModalLoop {
  public:
     MemoryModal(MemoryWindows& system, NativeWindow& dialog) : system_(system) {
         for (MemoryWindow* window : system_.Windows()) {
-            if (window == &dialog || !window->visible || !window->enabled) continue;
+            // Hidden ones, too: they may be shown while the dialog is open.
+            if (window == &dialog || !window->enabled) continue;
             window->enabled = false;
             disabled_.push_back(window);
         }
@@ -128,6 +129,7 @@ MemoryWindow::MemoryWindow(MemoryWindows& system, const WindowDesign& design, Wi
 
 MemoryWindow::~MemoryWindow() {
     std::erase(system_.windows_, this);
+    if (visible && system_.onWindowGoes) system_.onWindowGoes();
 }
 
 void MemoryWindow::SetBounds(const Rect& newOuter) {
@@ -137,7 +139,9 @@ void MemoryWindow::SetBounds(const Rect& newOuter) {
 
 void MemoryWindow::SetVisible(bool newVisible) {
     const bool shown = newVisible && !visible;
+    const bool goes = !newVisible && visible;
     visible = newVisible;
+    if (goes && system_.onWindowGoes) system_.onWindowGoes();
     // A window that appears becomes the active one, unless it appears as an icon.
     if (shown && state != WindowState::kMinimised) events_.Activated();
 }

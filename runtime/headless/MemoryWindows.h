@@ -40,6 +40,8 @@ class MemoryWindows : public WindowsPort {
     Size screen{19200, 15360};
     /// Every pointer shape that was set, in order.
     std::vector<std::int16_t> pointers;
+    /// Told of each window that is on the screen no more, when it is hidden or destroyed.
+    std::function<void()> onWindowGoes;
     /// How many of the next windows the window system refuses.
     int refuseWindows = 0;
     bool quitting = false;

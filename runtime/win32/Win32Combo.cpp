@@ -51,12 +51,12 @@ void Win32Combo::SetText(const String& text) {
     if (!edit_) return;
     const Whilst setting(isSetting_);
     SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
-    Win32Control::SetText(Shown(text));
+    Win32Control::SetText(text);
     SetSelection({});
 }
 
 void Win32Combo::Add(const String& item) {
-    const LRESULT place = SendMessageW(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(Shown(item))));
+    const LRESULT place = SendMessageW(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(NulsAsBlanks(item))));
     if (place < 0) throw Error(kOutOfMemory);
 }
 
@@ -76,8 +76,38 @@ bool Win32Combo::IsOpen() {
 }
 
 void Win32Combo::Close(bool choose) {
+    const auto press = [this](WPARAM key) { Callback::Into([&] { SendMessageW(Window(), WM_KEYDOWN, key, 1); }); };
     // The one message after which the window itself tells a choice from a cancelled one.
-    Callback::Into([&] { SendMessageW(Window(), WM_KEYDOWN, choose ? VK_RETURN : VK_ESCAPE, 1); });
+    if (choose) {
+        press(VK_RETURN);
+        return;
+    }
+    {
+        const Whilst setting(isSetting_);
+        press(VK_ESCAPE);
+        if (!HasChangedSinceOpening()) return;
+        PutBackOpening();
+    }
+    // The arrow keys have reported their items already.
+    const WORD code = ShowsItem() ? CBN_SELCHANGE : CBN_EDITCHANGE;
+    const auto id = static_cast<WORD>(GetDlgCtrlID(Window()));
+    SendMessageW(GetParent(Window()), WM_COMMAND, MAKEWPARAM(id, code), reinterpret_cast<LPARAM>(Window()));
+}
+
+void Win32Combo::PutBackOpening() {
+    SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(itemAtOpening_), 0);
+    if (!edit_ || Text() == textAtOpening_) return;
+    SetWindowTextW(edit_, Wide(textAtOpening_));
+    SetSelection({0, textAtOpening_.size()});
+}
+
+bool Win32Combo::HasChangedSinceOpening() {
+    return ChosenItem() != itemAtOpening_ || Text() != textAtOpening_;
+}
+
+bool Win32Combo::ShowsItem() {
+    const int item = ChosenItem();
+    return !edit_ || (item >= 0 && Text() == TextOfItem(item));
 }
 
 Twips Win32Combo::ClosedHeight() {
@@ -118,11 +148,8 @@ String Win32Combo::TextOfItem(int item) const {
 }
 
 Notice Win32Combo::NoticeOfClosing() {
-    const int item = ChosenItem();
-    const String text = Text();
-    if (item == itemAtOpening_ && text == textAtOpening_) return Notice::kNone;
-    const bool isItem = !edit_ || (item >= 0 && text == TextOfItem(item));
-    return isItem ? Notice::kChosen : Notice::kEdited;
+    if (!HasChangedSinceOpening()) return Notice::kNone;
+    return ShowsItem() ? Notice::kChosen : Notice::kEdited;
 }
 
 }  // namespace runtime::win32

@@ -31,6 +31,10 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
 
     /// What the user did meanwhile when the list goes away. The window system may have completed the text on its own.
     Notice NoticeOfClosing();
+    void PutBackOpening();
+    bool HasChangedSinceOpening();
+    /// It is an item of the list that the control shows, or nothing where it can show nothing else.
+    bool ShowsItem();
     String TextOfItem(int item) const;
 
     HWND edit_ = nullptr;  ///< the window in which the user writes; null for a list without one

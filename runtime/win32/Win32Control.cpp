@@ -2,8 +2,6 @@
 
 #include <commctrl.h>
 
-#include <algorithm>
-
 #include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/Pixels.h"
@@ -108,11 +106,12 @@ void Win32Control::Refresh() {
 }
 
 void Win32Control::SetAccessibleName(const String& name) {
+    const String shown = NulsAsBlanks(name);
     if (name_) {
-        SetWindowTextW(name_, Wide(name));
+        SetWindowTextW(name_, Wide(shown));
         return;
     }
-    name_ = CreateChild(GetParent(window_), system_.Instance(), WC_STATICW, Wide(name), 0, 0, -1);
+    name_ = CreateChild(GetParent(window_), system_.Instance(), WC_STATICW, Wide(shown), SS_NOPREFIX, 0, -1);
     if (!name_) throw Error(kOutOfMemory);
     const auto putBehind = [](HWND window, HWND before) {
         SetWindowPos(window, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
@@ -131,12 +130,6 @@ Notice Win32Control::NoticeOf(WORD code) {
         default:
             return Notice::kNone;
     }
-}
-
-String Shown(const String& text) {
-    String shown = text;
-    std::replace(shown.begin(), shown.end(), u'\0', u' ');
-    return shown;
 }
 
 String TextOf(HWND window) {

@@ -68,8 +68,6 @@ class Win32Control : public NativeControl {
     HWND name_ = nullptr;  ///< a hidden label: screen readers call a control by the label before it
 };
 
-/// `text` as the system's windows can hold it, in its full length: a NUL, which would end it, is a blank.
-String Shown(const String& text);
 /// The text of a window of any length.
 String TextOf(HWND window);
 /// The selected part of an edit window.

@@ -93,6 +93,67 @@ TEST_F(RealInputs, NameStandsDirectlyBeforeItsControlAndIsNotShown) {
     }
 }
 
+// A blank is what is left of a NUL, and what stands behind it is not lost.
+TEST_F(RealInputs, NameKeepsAllItsCharacters) {
+    for (const StringView name : {StringView(u"Save\0as & where?", 16), StringView(u"R&D\0", 4)}) {
+        form_.text.SetAccessibleName(name);
+        const HWND label = GetWindow(TextWindow(), GW_HWNDPREV);
+        EXPECT_EQ(TextOf(label), NulsAsBlanks(name));
+        EXPECT_TRUE(GetWindowLongW(label, GWL_STYLE) & SS_NOPREFIX);
+    }
+}
+
+/// Notes what the system is asked for when a window's place or order is to change.
+class OrderSpy {
+ public:
+    struct Request {
+        HWND insertAfter;
+        UINT flags;
+        bool operator==(const Request&) const = default;
+    };
+
+    explicit OrderSpy(HWND window) : window_(window) {
+        current_ = this;
+        before_ = SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&Procedure));
+    }
+    OrderSpy(const OrderSpy&) = delete;
+    OrderSpy& operator=(const OrderSpy&) = delete;
+    ~OrderSpy() {
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, before_);
+        current_ = nullptr;
+    }
+    std::vector<Request> requests;
+
+ private:
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+        if (message == WM_WINDOWPOSCHANGING) {
+            const auto& place = *reinterpret_cast<const WINDOWPOS*>(lParam);
+            current_->requests.push_back({place.hwndInsertAfter, place.flags});
+        }
+        return CallWindowProcW(reinterpret_cast<WNDPROC>(current_->before_), window, message, wParam, lParam);
+    }
+
+    static OrderSpy* current_;
+    HWND window_;
+    LONG_PTR before_;
+};
+
+OrderSpy* OrderSpy::current_ = nullptr;
+
+TEST_F(RealInputs, TopMostAsksForTheOrderAlone) {
+    form_.SetVisible(true);
+    DoEvents();
+    OrderSpy spy(Window());
+    form_.SetTopMost(true);
+    form_.SetTopMost(false);
+    constexpr UINT kFlags = 515;  // no size, no move, no order of the owner
+    ASSERT_EQ(spy.requests.size(), 2u);
+    EXPECT_EQ(spy.requests[0].insertAfter, HWND_TOPMOST);
+    EXPECT_EQ(spy.requests[0].flags, kFlags);
+    EXPECT_EQ(spy.requests[1].insertAfter, HWND_NOTOPMOST);
+    EXPECT_EQ(spy.requests[1].flags, kFlags);
+}
+
 TEST_F(RealInputs, TopMostChangesNothingButTheOrderOfWindows) {
     form_.SetVisible(true);
     const auto isTopMost = [this] { return (GetWindowLongW(Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };

@@ -22,7 +22,7 @@ void Win32ListBox::SetFont(const Font& font) {
 }
 
 void Win32ListBox::Add(const String& item) {
-    const LRESULT place = SendMessageW(Window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(Shown(item))));
+    const LRESULT place = SendMessageW(Window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(NulsAsBlanks(item))));
     if (place < 0) throw Error(kOutOfMemory);
 }
 

@@ -1,5 +1,7 @@
 #include "runtime/win32/Win32Modal.h"
 
+#include <algorithm>
+
 #include "runtime/Screen.h"
 #include "runtime/win32/Win32Windows.h"
 
@@ -12,12 +14,19 @@ HWND OwnerFor(HWND dialog) {
     return active != dialog && IsWindowVisible(active) ? active : nullptr;
 }
 
+/// Windows with a title bar are for the user, also while they are hidden: they may be shown while the dialog is open.
+/// The other hidden windows are parts of the system, such as those of input methods.
+bool IsForTheUser(HWND window) {
+    return IsWindowVisible(window) || (GetWindowLongW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+}
+
 }  // namespace
 
 Win32Modal::Win32Modal(Win32Windows& system, HWND window) : system_(system), window_(window), owner_(OwnerFor(window)) {
     EnumThreadWindows(GetCurrentThreadId(), DisableOther, reinterpret_cast<LPARAM>(this));
     // While another program is in front no window is the active one; the dialog must not get behind the topmost.
-    if (!owner_ && !disabled_.empty()) owner_ = disabled_.front();
+    const auto visible = std::find_if(disabled_.begin(), disabled_.end(), IsWindowVisible);
+    if (!owner_ && visible != disabled_.end()) owner_ = *visible;
     // Owned, the dialog stays in front of its owner, and the owner becomes active again when the dialog goes.
     SetWindowLongPtrW(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner_));
     if (system_.MousePointer() == kDefaultPointer) pointerBefore_ = SetCursor(LoadCursorW(nullptr, IDC_ARROW));
@@ -31,7 +40,7 @@ Win32Modal::~Win32Modal() {
 
 BOOL CALLBACK Win32Modal::DisableOther(HWND window, LPARAM self) noexcept {
     auto& modal = *reinterpret_cast<Win32Modal*>(self);
-    const bool takesInput = window != modal.window_ && IsWindowVisible(window) && IsWindowEnabled(window);
+    const bool takesInput = window != modal.window_ && IsForTheUser(window) && IsWindowEnabled(window);
     if (!takesInput) return TRUE;
     try {
         modal.disabled_.push_back(window);

@@ -20,7 +20,7 @@ Win32TextBox::Win32TextBox(Win32Window& parent, Win32Windows& system, const Cont
 
 void Win32TextBox::SetText(const String& text) {
     const Whilst setting(isSetting_);
-    Win32Control::SetText(Shown(text));
+    Win32Control::SetText(text);
 }
 
 Notice Win32TextBox::NoticeOf(WORD code) {

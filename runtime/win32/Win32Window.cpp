@@ -223,6 +223,9 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETFOCUS:
             if (focus_ && (GetWindowLongW(focus_, GWL_STYLE) & WS_VISIBLE)) SetFocus(focus_);
             return 0;
+        case WM_HELP:
+            // The default passes it on to the owner: F1 is the form's own, and its handlers have seen it.
+            return TRUE;
         case WM_COMMAND:
             OnCommand(wParam, lParam);
             return 0;

@@ -46,6 +46,13 @@ TEST_F(RealWindow, CloseUnloadsWithReasonUserInsideItsOwnMessage) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 0", "unload"));
 }
 
+// The system would hand the request on to the window's owner.
+TEST_F(RealWindow, RequestForHelpEndsHere) {
+    HELPINFO help{};
+    help.cbSize = sizeof help;
+    EXPECT_EQ(SendMessageW(Window(), WM_HELP, 0, reinterpret_cast<LPARAM>(&help)), TRUE);
+}
+
 TEST_F(RealWindow, CloseMayBeRefused) {
     form_.refusesQuery = true;
     Send(WM_CLOSE);

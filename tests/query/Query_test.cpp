@@ -1,6 +1,8 @@
 // The query dialog as the user has it: what each kind shows and gives, keys, clicks, and all the ways in which it ends.
 #include <gtest/gtest.h>
 
+#include "host/ProcessLife.h"
+#include "host/frmBackProcessMain.h"
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"
@@ -163,6 +165,18 @@ TEST_F(Query, OneEnterAcceptsOnceWithTheListOpen) {
     }
 }
 
+TEST_F(Query, EscapeOnAnOpenListPutsBackWhatWasThereBefore) {
+    const Question question{.kind = 3, .values = {u"", u"A", u"B", u"C"}, .index = 0};
+    const auto isOpen = [](HWND dialog) { return SendMessageW(InputOf(dialog), CB_GETDROPPEDSTATE, 0, 0) != 0; };
+    EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({VK_F4}), isOpen, Keys({VK_DOWN}), Shows(u"B"), kEscape,
+                             Shows(u"A"), kEnter}),
+              (Answer{u"A", 1}));
+    EXPECT_EQ(Ask({.kind = 2, .values = {u"X", u"Y"}}, {FocusIsOnInput(), Keys({VK_F4}), isOpen, Keys({VK_DOWN}),
+                                                        Shows(u"Y"), kEscape, Shows(u"X"), kEnter}),
+              (Answer{u"X", 0}));
+    ExpectNothingIsLeft();
+}
+
 TEST_F(Query, HeldEnterIsNoAnswer) {
     for (const std::int32_t kind : {1, 2}) {
         EXPECT_EQ(Ask({.kind = kind, .values = {u"abc"}},
@@ -244,6 +258,18 @@ TEST_F(Query, EndOfAllFormsCancels) {
     ExpectNothingIsLeft();
 }
 
+// The main form goes with the dialog, and its clients are told.
+TEST_F(Query, ExCommandCancels) {
+    host::MainForm().EnsureLoaded();
+    const auto endAll = Do([](HWND) {
+        String command = u"All,EX";
+        host::MainForm().AP_ExeCmd(command);
+    });
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), Keys({'Q'}), Shows(u"q"), endAll}), kNoAnswer);
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
+    ExpectNothingIsLeft();
+}
+
 TEST_F(Query, DestroyedBySomebodyElseCancels) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, {Do([](HWND dialog) { DestroyWindow(dialog); })}), kNoAnswer);
     ExpectNothingIsLeft();
@@ -293,6 +319,44 @@ TEST_F(Query, QuestionInsideAQuestionHasItsOwnAnswer) {
               (Answer{u"q", 0}));
     EXPECT_EQ(inner, (Answer{u"B", 2}));
     ExpectNothingIsLeft();
+}
+
+/// A hidden window is shown while the dialog is open, by a timer say.
+TEST_F(Query, WindowShownMeanwhileTakesNoInput) {
+    ShowWindow(owner_, SW_HIDE);
+    const auto showOwner = Do([this](HWND dialog) {
+        ShowWindow(owner_, SW_SHOWNA);
+        EXPECT_FALSE(IsWindowEnabled(owner_));
+        EXPECT_TRUE(IsWindowEnabled(dialog));
+    });
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {showOwner, ClickOn(L"Accept")}), (Answer{u"abc", 0}));
+    EXPECT_TRUE(IsWindowEnabled(owner_));
+}
+
+TEST_F(Query, WindowThatTookNoInputBeforeTakesNoneAfterwards) {
+    ShowWindow(owner_, SW_HIDE);
+    EnableWindow(owner_, FALSE);
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {ClickOn(L"Accept")}), (Answer{u"abc", 0}));
+    EXPECT_FALSE(IsWindowEnabled(owner_));
+}
+
+TEST_F(Query, OwnerHiddenMeanwhileLeavesTheQuestion) {
+    const auto hideOwner = Do([this](HWND dialog) {
+        ShowWindow(owner_, SW_HIDE);
+        EXPECT_TRUE(IsWindowVisible(dialog));
+    });
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), hideOwner, Keys({'Q'}), Shows(u"q"), kEnter}),
+              (Answer{u"q", 0}));
+    EXPECT_TRUE(IsWindowEnabled(owner_));
+    EXPECT_FALSE(IsWindowVisible(owner_));
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(Query, OwnerDestroyedMeanwhileCancels) {
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), Do([this](HWND) { DestroyWindow(owner_); })}), kNoAnswer);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+    EXPECT_EQ(ShownBox(), nullptr);
+    EXPECT_EQ(Ask({.values = {u"abc"}}, {ClickOn(L"Accept")}), (Answer{u"abc", 0}));
 }
 
 TEST_F(Query, NeedsNoVisibleOwner) {
