@@ -124,7 +124,7 @@ void frmBackProcessMain::Announce() {
     routing::ReadModuleList();
     routing::PublishModuleState(-1, 0);
     SetVisible(false);
-    values.helpFilePath = runtime::Trim(values.installFolder + u"\\" + u"Marlentine.HLP");
+    values.helpFilePath = services::HelpFileOfInstallation();
 }
 
 void frmBackProcessMain::UnloadAllForms() {

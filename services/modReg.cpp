@@ -101,6 +101,10 @@ String GetInstallFolder() {
     return CurrentPorts().process.ComponentFolder();
 }
 
+String HelpFileOfInstallation() {
+    return runtime::Trim(processValues.installFolder + u"\\Marlentine.HLP");
+}
+
 String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue) {
     return CurrentPorts().settings.Get(appName, section, key).value_or(String(defaultValue));
 }

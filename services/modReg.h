@@ -46,6 +46,9 @@ String GetProductName();
 /// The folder that holds the component's own file, without a final backslash unless it is a drive's root.
 String GetInstallFolder();
 
+/// The name of the suite's help file in ProcessValues::installFolder, as ProcessValues::helpFilePath holds it.
+String HelpFileOfInstallation();
+
 /// A per-user setting of the runtime, or `defaultValue`.
 String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue);
 void SaveAppSetting(StringView appName, StringView section, StringView key, StringView value);

@@ -30,6 +30,8 @@ void PrepareMessages(const std::optional<runtime::String>& languageFolder) {
     if (languageFolder) Speak(*languageFolder);
     ChooseFont();
     if (services::GetProductName().empty()) services::LoadProductIdentity();
+    services::processValues.installFolder = services::GetInstallFolder();
+    services::processValues.helpFilePath = services::HelpFileOfInstallation();
     services::processValues.moduleName = services::GetProductName();
     services::processValues.moduleCaption = services::GetLocalText(services::kModuleCaption);
 }

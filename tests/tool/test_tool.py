@@ -251,42 +251,51 @@ class WithoutComponent(ToolTestCase):
             self.assertEqual((code, output.decode().splitlines()[-1]), (1, "18 of 19 identifiers translated"))
         self.assertEqual(tool("texts", "--nothing")[0], 2)
 
-    def test_msgbox_speaks_the_language_of_a_folder(self):
-        title = f"Sprache {os.getpid()}"
-        display = os.environ.get("DISPLAY") or subprocess.check_output(
-            [pathlib.Path(wine_run).parent / "start-display"], text=True, timeout=TIMEOUT).strip()
-        screen = {**os.environ, "DISPLAY": display}
-        with tempfile.TemporaryDirectory() as folder, tempfile.TemporaryFile() as output:
-            (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("39171 = &Ja\n", encoding="utf-8")
-            box = subprocess.Popen([wine_run, str(bin_folder / "backproc.exe"), "msgbox", "--title", title, "--language",
-                                    windows_path(folder), "Overwrite?"], stdout=output, env=screen)
-            self.addCleanup(box.kill)
-            # The English box has no button for this letter.
-            end = time.monotonic() + TIMEOUT
-            while box.poll() is None and time.monotonic() < end:
-                subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title, "windowfocus", "key", "j"],
-                               env=screen, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=TIMEOUT)
-                time.sleep(0.3)
-            self.assertEqual(box.poll(), 6)
-            output.seek(0)
-            self.assertEqual(output.read(), b"6\n")
-    def ask(self, key, *arguments):
-        """Exit code and output of the query dialog that is answered with `key`."""
+    def answer(self, keys, verb, *arguments, folder=None, environment=None):
+        """Exit code and output of a verb whose dialog is answered with `keys`; the tool is that in `folder`."""
         title = f"Frage {os.getpid()}"
         display = os.environ.get("DISPLAY") or subprocess.check_output(
             [pathlib.Path(wine_run).parent / "start-display"], text=True, timeout=TIMEOUT).strip()
-        screen = {**os.environ, "DISPLAY": display}
+        screen = {**os.environ, "DISPLAY": display, **(environment or {})}
+        program = str((folder or bin_folder) / "backproc.exe")
         with tempfile.TemporaryFile() as output:
-            dialog = subprocess.Popen([wine_run, str(bin_folder / "backproc.exe"), "query", "--title", title, *arguments],
-                                      stdout=output, stderr=output, env=screen)
+            dialog = subprocess.Popen([wine_run, program, verb, "--title", title, *arguments], stdout=output,
+                                      stderr=output, env=screen)
             self.addCleanup(dialog.kill)
             end = time.monotonic() + TIMEOUT
+
+            def press(*command):
+                subprocess.run(["xdotool", *command, *keys], env=screen, stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL, timeout=TIMEOUT)
+
             while dialog.poll() is None and time.monotonic() < end:
-                subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title, "windowfocus", "key", key],
-                               env=screen, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=TIMEOUT)
+                press("search", "--onlyvisible", "--name", title, "windowfocus", "key")
                 time.sleep(0.3)
+            # A window that goes ends xdotool between down and up, and the next dialog would get a key that is held.
+            press("keyup")
             output.seek(0)
             return dialog.poll(), output.read().decode()
+
+    def test_msgbox_speaks_the_language_of_a_folder(self):
+        with tempfile.TemporaryDirectory() as folder:
+            (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("39171 = &Ja\n", encoding="utf-8")
+            # The English box has no button for this letter.
+            answer = self.answer(["j"], "msgbox", "--language", windows_path(folder), "Overwrite?")
+        self.assertEqual(answer, (6, "6\n"))
+
+    def ask(self, key, *arguments):
+        return self.answer([key], "query", *arguments)
+
+    def test_query_opens_the_help_of_its_own_folder(self):
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name)
+            for file in ("backproc.exe", "QmxKrn2K.dll"):
+                shutil.copy(bin_folder / file, folder)
+            # A viewer that opens nothing; the character tells that the keys have arrived.
+            shutil.copy(bin_folder / "messagebox" / "hhctrl.ocx", folder)
+            answer = self.answer(["a", "ctrl+F1", "Return"], "query", "--kind", "1", "", folder=folder,
+                                 environment={"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"})
+        self.assertEqual(answer, (0, "text=a\nindex=0\n"))
 
     def test_query_tells_its_ends_apart(self):
         self.assertEqual(self.ask("Return", "--kind", "1", "abc  "), (0, "text=abc\nindex=0\n"))
