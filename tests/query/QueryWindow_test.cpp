@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "runtime/LoadedForms.h"
+#include "runtime/win32/Handle.h"
 #include "tests/messagebox/LiveObjects.h"
 #include "tests/query/QueryTest.h"
 
@@ -109,6 +110,41 @@ TEST_F(QueryWindow, TenLinesMakeItHigherByTheirsInTheFormsFont) {
     Look(question, [](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), 190); });
     question.kind = 5;  // 13 x 195 + 840 = 3375
     Look(question, [](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), 225); });
+}
+
+/// In the font of the form, which is not that of its controls.
+long WidthInTheFormsFont(const String& line) {
+    const runtime::win32::GdiFont font(
+        CreateFontW(-11, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"MS Sans Serif"));
+    const HDC context = GetDC(nullptr);
+    const HGDIOBJ before = SelectObject(context, font.Get());
+    SIZE size{};
+    GetTextExtentPoint32W(context, runtime::win32::Wide(line), static_cast<int>(line.size()), &size);
+    SelectObject(context, before);
+    ReleaseDC(nullptr, context);
+    return size.cx;
+}
+
+// A digit of MS Sans Serif is 7 pixels wide, and the label takes 269. Eight pieces and three more lines, and as many as
+// the widest one has widths of the label, rounded; each of 195 twips, and 315 of the text box.
+TEST_F(QueryWindow, WideLineMakesItHigherByItsShareOfTheLabel) {
+    const struct {
+        std::size_t digits;
+        long width;
+        long height;
+    } cases[] = {
+        {15, 105, 164},  // 0.4: 11 x 195 + 315 = 2460
+        {54, 378, 177},  // 1.4: 12 x 195 + 315 = 2655
+        {58, 406, 190},  // 1.5: 13 x 195 + 315 = 2850
+        {100, 700, 203}  // 2.6: 14 x 195 + 315 = 3045
+    };
+    for (const auto& [digits, width, height] : cases) {
+        const String line(digits, u'0');
+        EXPECT_EQ(WidthInTheFormsFont(line), width);
+        const Question question{.values = {u"abc"}, .prompt = Lines(7, u"line") + u"\r\n" + line};
+        const long expected = height;
+        Look(question, [expected](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), expected); });
+    }
 }
 
 TEST_F(QueryWindow, GrowsToTheScreensHeightLessItsMargin) {
