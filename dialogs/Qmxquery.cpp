@@ -154,10 +154,6 @@ String Qmxquery::QUERY(const String& title, const String& prompt, std::vector<St
     return resultText_;
 }
 
-void Qmxquery::SetForm(runtime::Form& form) {
-    services::SetForm(form);
-}
-
 std::int32_t Qmxquery::LayOut(std::int32_t kind, StringView prompt, bool showButton) {
     const QueryMeasures measures{
         .kind = kind,
