@@ -477,14 +477,6 @@ TEST_F(Query, IsCentred) {
     });
 }
 
-TEST_F(Query, CentresAnyForm) {
-    runtime::Form form({.name = u"any", .caption = u"", .inner = {3000, 1500}});
-    Qmxquery::SetForm(form);
-    EXPECT_EQ(form.Left(), (19200 - form.Width()) / 2);
-    EXPECT_EQ(form.Top(), (15360 - form.Height()) / 2);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 1u);
-}
-
 TEST_F(Query, EachQuestionStartsFromTheDesign) {
     Look({.kind = 5, .values = {u"", u"A"}, .prompt = String(600, u'm'), .button = u"More"}, [](MemoryWindow&) {});
     Look({}, [](MemoryWindow& dialog) {
