@@ -31,8 +31,8 @@ constexpr std::int16_t kWesternSize = 8;
 struct FixedFont {
     std::int32_t language;
     std::int32_t subLanguage;
-    FontRule rule;
     StringView name;
+    FontRule rule;
     std::int16_t size;
     std::int16_t characterSet;
 };
@@ -42,13 +42,13 @@ constexpr std::int32_t kAnyOther = -1;
 constexpr StringView kKoreanFace = u"\uAD74\uB9BC";
 
 constexpr FixedFont kFixedFonts[] = {
-    {kChinese, 1, FontRule::kTraditionalChinese, u"\u65B0\u7D30\u660E\u9AD4", kEastAsianSize, 136},
-    {kChinese, 2, FontRule::kSimplifiedChinese, u"\u5B8B\u4F53", kEastAsianSize, 134},
-    {kChinese, kAnyOther, FontRule::kOtherChinese, u"", 0, 0},
-    {kJapanese, kAnyOther, FontRule::kJapanese, u"\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF", kEastAsianSize, 128},
-    {kKorean, 1, FontRule::kKorean, kKoreanFace, kEastAsianSize, 129},
-    {kKorean, 2, FontRule::kKorean, kKoreanFace, kEastAsianSize, 129},
-    {kKorean, kAnyOther, FontRule::kOtherKorean, u"", kEastAsianSize, 129},
+    {kChinese, 1, u"\u65B0\u7D30\u660E\u9AD4", FontRule::kTraditionalChinese, kEastAsianSize, 136},
+    {kChinese, 2, u"\u5B8B\u4F53", FontRule::kSimplifiedChinese, kEastAsianSize, 134},
+    {kChinese, kAnyOther, u"", FontRule::kOtherChinese, 0, 0},
+    {kJapanese, kAnyOther, u"\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF", FontRule::kJapanese, kEastAsianSize, 128},
+    {kKorean, 1, kKoreanFace, FontRule::kKorean, kEastAsianSize, 129},
+    {kKorean, 2, kKoreanFace, FontRule::kKorean, kEastAsianSize, 129},
+    {kKorean, kAnyOther, u"", FontRule::kOtherKorean, kEastAsianSize, 129},
 };
 
 constexpr StringView kWesternFaces[] = {u"MS Sans Serif", u"Arial", u"System"};

@@ -33,7 +33,7 @@ std::string_view Words(LineFault fault) {
         case LineFault::kTwice:
             return "has an identifier that stands above already";
         case LineFault::kUnknownEscape:
-            return "has a backslash that is not one of \\n \\t \\s \\\\";
+            return R"(has a backslash that is not one of \n \t \s \\)";
         case LineFault::kNotUtf8:
             return "is not UTF-8";
     }
