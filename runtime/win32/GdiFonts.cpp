@@ -66,7 +66,10 @@ NativeHandle GdiFonts::Select(NativeHandle context, NativeHandle font) {
 
 String GdiFonts::FaceName(NativeHandle context) {
     std::string buffer(kFaceBuffer, ' ');
-    GetTextFaceA(Context(context), static_cast<int>(buffer.size()), buffer.data());
+    // Wine writes whatever its memory holds when the context is none.
+    if (GetObjectType(Context(context)) != 0) {
+        GetTextFaceA(Context(context), static_cast<int>(buffer.size()), buffer.data());
+    }
     return Win32Locale().FromAnsi(buffer.substr(0, buffer.find('\0')));
 }
 
