@@ -47,7 +47,8 @@ class RealInputs : public tests::RuntimeTest {
 
 /// What a screen reader is told of a window.
 String AccessibleNameOf(HWND window) {
-    const Library oleacc(LoadLibraryW(L"oleacc.dll"));
+    // Stays loaded: windows may go on asking it after the answer.
+    static const Library oleacc(LoadLibraryW(L"oleacc.dll"));
     const Library automation(LoadLibraryW(L"oleaut32.dll"));
     using FromWindow = HRESULT(WINAPI*)(HWND, DWORD, REFIID, void**);
     using FreeText = void(WINAPI*)(BSTR);
