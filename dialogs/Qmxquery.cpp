@@ -1,7 +1,5 @@
 #include "dialogs/Qmxquery.h"
 
-#include <memory>
-
 #include "kernel_api/Splitter.h"
 #include "runtime/Error.h"
 #include "runtime/Screen.h"
@@ -45,27 +43,26 @@ ControlDesign PromptDesign() {
     };
 }
 
-ControlDesign AcceptDesign() {
+/// One of the two buttons beside the prompt.
+ControlDesign AnswerDesign(StringView name, Twips top, StringView caption, StringView tag, int tabIndex) {
     return {
         .kind = ControlKind::kButton,
-        .name = u"cmdAccept",
-        .bounds = {4320, 210, 1125, 345},
-        .text = u"Accept",
-        .tag = u"99177",
-        .tabIndex = 4,
+        .name = String(name),
+        .bounds = {4320, top, 1125, 345},
+        .text = String(caption),
+        .tag = String(tag),
+        .tabIndex = tabIndex,
     };
 }
 
+ControlDesign AcceptDesign() {
+    return AnswerDesign(u"cmdAccept", 210, u"Accept", u"99177", 4);
+}
+
 ControlDesign CancelDesign() {
-    return {
-        .kind = ControlKind::kButton,
-        .name = u"cmdCancel",
-        .bounds = {4320, 690, 1125, 345},
-        .text = u"Cancel",
-        .tag = u"99388 ",
-        .tabIndex = 5,
-        .isCancel = true,
-    };
+    ControlDesign design = AnswerDesign(u"cmdCancel", 690, u"Cancel", u"99388 ", 5);
+    design.isCancel = true;
+    return design;
 }
 
 ControlDesign InputDesign(ControlKind kind, StringView name, Twips height, int tabIndex, StringView text = {}) {
@@ -102,15 +99,9 @@ String& InitialText(std::vector<String>& values) {
     return values.front();
 }
 
-/// The process's shared dialog. Never destroyed by itself: at the end of a process the system has its window already.
-std::unique_ptr<Qmxquery>& SharedDialog() {
-    static auto* shared = new std::unique_ptr<Qmxquery>;
-    return *shared;
-}
-
 }  // namespace
 
-Qmxquery::Qmxquery() : Form(DialogDesign()) {
+Qmxquery::Qmxquery() : AskingForm(DialogDesign()) {
     lblPrompt_ = &AddControl(PromptDesign());
     cmdAccept_ = &AddControl(AcceptDesign());
     cmdCancel_ = &AddControl(CancelDesign());
@@ -122,22 +113,10 @@ Qmxquery::Qmxquery() : Form(DialogDesign()) {
     F_Button_ = &AddControl(ExtraButtonDesign());
 }
 
-void Qmxquery::SetForm(runtime::Form& form) {
-    services::SetForm(form);
-}
-
 String Qmxquery::QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                        std::int32_t& index, bool showButton, const String& buttonCaption) {
-    if (isAsking_) throw runtime::Error(runtime::kFormAlreadyDisplayed);
-    isAsking_ = true;
+    const Asking asking(*this);
     isAnswered_ = false;
-    const struct Asked {
-        Qmxquery& dialog;
-        ~Asked() {
-            runtime::SkipError([this] { dialog.Unload(); });
-            dialog.isAsking_ = false;
-        }
-    } asked{*this};
     layoutHeight_ = LayOut(kind, prompt, showButton);
     SetCaption(title);
     kind_ = kind;
@@ -213,15 +192,8 @@ void Qmxquery::Fill(const std::vector<String>& values, std::int32_t index) {
     input.SetVisible(true);
 }
 
-// A busy pointer of the caller would hide the dialog's own.
 void Qmxquery::Wait() {
-    const struct PutBack {
-        std::int16_t pointer;
-        ~PutBack() {
-            runtime::SkipError([this] { runtime::SetMousePointer(pointer); });
-        }
-    } putBack{runtime::MousePointer()};
-    runtime::SetMousePointer(runtime::kDefaultPointer);
+    const runtime::DefaultPointer pointer;
     ShowModal();
     if (!isAnswered_) Answer({}, kCancelled);
 }
@@ -272,15 +244,12 @@ void Qmxquery::OnKeyUp(std::int16_t& keyCode, std::int16_t shift) {
 
 String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                 std::int32_t& index, bool showButton, const String& buttonCaption) {
-    std::unique_ptr<Qmxquery>& shared = SharedDialog();
-    if (!shared) shared = std::make_unique<Qmxquery>();
-    if (!shared->IsAsking()) return shared->QUERY(title, prompt, values, kind, index, showButton, buttonCaption);
-    Qmxquery own;
-    return own.QUERY(title, prompt, values, kind, index, showButton, buttonCaption);
+    return AskWithShared<Qmxquery>(
+        [&](Qmxquery& dialog) { return dialog.QUERY(title, prompt, values, kind, index, showButton, buttonCaption); });
 }
 
 void ReleaseQuery() {
-    SharedDialog().reset();
+    SharedDialog<Qmxquery>().reset();
 }
 
 }  // namespace dialogs

@@ -5,15 +5,15 @@
 #include <cstdint>
 #include <vector>
 
+#include "dialogs/AskingForm.h"
 #include "dialogs/QueryLayout.h"
-#include "runtime/Form.h"
 
 namespace dialogs {
 
 using runtime::String;
 using runtime::StringView;
 
-class Qmxquery : public runtime::Form {
+class Qmxquery : public AskingForm {
  public:
     /// What `index` is afterwards when it is no place among the values.
     enum Result : std::int32_t { kNothingChosen = 0, kCancelled = -1, kExtraButton = -100 };
@@ -29,9 +29,6 @@ class Qmxquery : public runtime::Form {
     /// open: 9 without a `values[0]`, 380 for an `index` outside a list. Error 400 while this very dialog asks.
     String QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                  std::int32_t& index, bool showButton, const String& buttonCaption);
-    bool IsAsking() const { return isAsking_; }
-    /// Moves `form` to the middle of the screen; a form that is larger moves down and right.
-    static void SetForm(runtime::Form& form);
 
     // What the last question left; it outlives the window.
 
@@ -74,12 +71,10 @@ class Qmxquery : public runtime::Form {
     std::int32_t kind_ = 0;
     std::int32_t resultIndex_ = 0;
     String resultText_;
-    bool isAsking_ = false;
     bool isAnswered_ = false;
 };
 
-/// Asks with the process's shared dialog, or, while that one is open, with one of its own: a question that a handler
-/// asks meanwhile is answered first and does not touch the outer one.
+/// Asks with the process's shared dialog, or, while that one is open, with one of its own.
 String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                 std::int32_t& index, bool showButton, const String& buttonCaption);
 

@@ -1,7 +1,6 @@
 #include "dialogs/frmQMXMsgBox.h"
 
 #include <algorithm>
-#include <memory>
 
 #include "dialogs/QuestionIcon.h"
 #include "runtime/Error.h"
@@ -49,15 +48,9 @@ ControlDesign PromptDesign() {
     };
 }
 
-/// The process's shared box. Never destroyed by itself: at the end of a process the system has its window already.
-std::unique_ptr<frmQMXMsgBox>& SharedBox() {
-    static auto* shared = new std::unique_ptr<frmQMXMsgBox>;
-    return *shared;
-}
-
 }  // namespace
 
-frmQMXMsgBox::frmQMXMsgBox() : Form(BoxDesign()) {
+frmQMXMsgBox::frmQMXMsgBox() : AskingForm(BoxDesign()) {
     AddControl(ImageDesign());
     lblPrompt_ = &AddControl(PromptDesign());
     cmdBut_[0] = &AddButton(0, 180, u"&Yes", u"39171");
@@ -79,30 +72,12 @@ Control& frmQMXMsgBox::AddButton(int index, Twips left, StringView caption, Stri
     });
 }
 
-void frmQMXMsgBox::SetForm(runtime::Form& form) {
-    services::SetForm(form);
-}
-
 std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringView title) {
-    if (isAsking_) throw runtime::Error(runtime::kFormAlreadyDisplayed);
-    isAsking_ = true;
-    const struct Asked {
-        bool& isAsking;
-        ~Asked() { isAsking = false; }
-    } asked{isAsking_};
+    const Asking asking(*this);
     const runtime::Rect design = lblPrompt_->Bounds();
     const std::int32_t origW = runtime::ToInt32(design.width);
     const std::int32_t origH = runtime::ToInt32(design.height);
-    // A busy pointer of the caller would hide the box's own.
-    const struct PutBack {
-        frmQMXMsgBox& box;
-        std::int16_t pointer;
-        ~PutBack() {
-            runtime::SkipError([this] { runtime::SetMousePointer(pointer); });
-            runtime::SkipError([this] { box.Unload(); });
-        }
-    } putBack{*this, runtime::MousePointer()};
-    runtime::SetMousePointer(runtime::kDefaultPointer);
+    const runtime::DefaultPointer pointer;
     lblPrompt_->SetText(prompt);
     SetCaption(title);
     ChooseFirstButton(flags);
@@ -158,15 +133,11 @@ void frmQMXMsgBox::OnKeyPress(char16_t& character) {
 }
 
 std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title) {
-    std::unique_ptr<frmQMXMsgBox>& shared = SharedBox();
-    if (!shared) shared = std::make_unique<frmQMXMsgBox>();
-    if (!shared->IsAsking()) return shared->ShowMe(prompt, flags, title);
-    frmQMXMsgBox own;
-    return own.ShowMe(prompt, flags, title);
+    return AskWithShared<frmQMXMsgBox>([&](frmQMXMsgBox& box) { return box.ShowMe(prompt, flags, title); });
 }
 
 void ReleaseSuiteBox() {
-    SharedBox().reset();
+    SharedDialog<frmQMXMsgBox>().reset();
 }
 
 }  // namespace dialogs

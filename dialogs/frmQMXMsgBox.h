@@ -5,14 +5,14 @@
 #include <array>
 #include <cstdint>
 
-#include "runtime/Form.h"
+#include "dialogs/AskingForm.h"
 
 namespace dialogs {
 
 using runtime::String;
 using runtime::StringView;
 
-class frmQMXMsgBox : public runtime::Form {
+class frmQMXMsgBox : public AskingForm {
  public:
     /// The answers; all but kYesToAll are the platform's own codes.
     enum Result : std::int32_t { kCancel = 2, kYes = 6, kNo = 7, kYesToAll = 8 };
@@ -23,9 +23,6 @@ class frmQMXMsgBox : public runtime::Form {
     /// the box in any way but by a button is kCancel. Errors of controls pass and leave nothing open. Error 400 while
     /// this very box asks, which it does until its answer was taken.
     std::int32_t ShowMe(StringView prompt, std::int32_t flags, StringView title);
-    bool IsAsking() const { return isAsking_; }
-    /// Moves `form` to the middle of the screen; a form that is larger moves down and right.
-    static void SetForm(runtime::Form& form);
 
  protected:
     void OnLoad() override;
@@ -42,11 +39,9 @@ class frmQMXMsgBox : public runtime::Form {
     runtime::Control* lblPrompt_ = nullptr;
     std::array<runtime::Control*, kButtons> cmdBut_{};
     std::int32_t result_ = kCancel;
-    bool isAsking_ = false;
 };
 
-/// Asks with the process's shared box, or, while that one is open, with one of its own: a question that a handler asks
-/// meanwhile is answered first and does not touch the outer one.
+/// Asks with the process's shared box, or, while that one is open, with one of its own.
 std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title);
 
 /// Forgets the shared box, which must not be open.

@@ -23,4 +23,12 @@ void SetMousePointer(std::int16_t shape) {
     CurrentPorts().windows.SetMousePointer(shape);
 }
 
+DefaultPointer::DefaultPointer() : former_(MousePointer()) {
+    SetMousePointer(kDefaultPointer);
+}
+
+DefaultPointer::~DefaultPointer() {
+    SkipError([this] { SetMousePointer(former_); });
+}
+
 }  // namespace runtime

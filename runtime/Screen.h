@@ -15,4 +15,17 @@ std::int16_t MousePointer();
 /// 0..15 or 99; else error 380.
 void SetMousePointer(std::int16_t shape);
 
+/// The default pointer for the time of a question, whose own pointers a caller's busy one would hide; then the caller's
+/// again.
+class DefaultPointer {
+ public:
+    DefaultPointer();
+    ~DefaultPointer();
+    DefaultPointer(const DefaultPointer&) = delete;
+    DefaultPointer& operator=(const DefaultPointer&) = delete;
+
+ private:
+    std::int16_t former_;
+};
+
 }  // namespace runtime
