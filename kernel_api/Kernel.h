@@ -20,7 +20,8 @@ class Kernel {
     virtual ~Kernel() = default;
 
     /// Stores `value` under `key` for all modules. Both cross as ANSI; the kernel may rewrite the value in place, and
-    /// `value` is what it left, up to the first NUL. Error 53 (no kernel library) or 453 (an entry is missing).
+    /// `value` is what it left, up to the first NUL. Error 53 (no kernel library),
+    /// 48 (it will not load) or 453 (an entry is missing).
     virtual void E_SetString(StringView key, String& value) = 0;
     /// The text under `key`, or a value <= 0 when there is none. Errors as above.
     virtual TextPointer E_GetString(StringView key) = 0;

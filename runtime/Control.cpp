@@ -64,15 +64,20 @@ String Control::Tag() {
     return design_.tag;
 }
 
-String Control::Text() {
+void Control::RequireText() {
     form_.EnsureLoaded();
+    if (design_.kind == ControlKind::kPicture) throw Error(kPropertyNotSupported);
+}
+
+String Control::Text() {
+    RequireText();
     if (HasList(design_.kind) && !HasEdit(design_.kind)) return SelectedItem();
     TakeUsersText();
     return text_;
 }
 
 void Control::SetText(StringView text) {
-    form_.EnsureLoaded();
+    RequireText();
     if (HasList(design_.kind) && !HasEdit(design_.kind)) {
         const auto found = std::find(items_.begin(), items_.end(), text);
         if (found == items_.end()) throw Error(kPropertyIsReadOnly);
@@ -87,22 +92,17 @@ void Control::SetText(StringView text) {
 }
 
 runtime::Font Control::Font() {
-    form_.EnsureLoaded();
+    RequireText();
     return font_;
 }
 
 void Control::SetFont(const runtime::Font& font) {
-    form_.EnsureLoaded();
+    RequireText();
     if (font == font_) return;
     font_ = font;
     native_->SetFont(font_);
     FollowText();
     FollowOwnHeight();
-}
-
-int Control::TabIndex() {
-    form_.EnsureLoaded();
-    return form_.PlaceInTabOrder(*this);
 }
 
 void Control::SetTabIndex(int index) {

@@ -74,14 +74,13 @@ class Control {
     /// Caption of a label or button, text of a status bar, content of a text box or an editable combo, the selected
     /// item of a list. A label that sizes itself follows its text: its width grows up to what the screen holds, then
     /// its lines wrap. Setting it on a list selects the first item of that text, error 383 when there is none; on an
-    /// editable combo no item is selected afterwards.
+    /// editable combo no item is selected afterwards. Error 438 for a picture, which has no font either.
     String Text();
     void SetText(StringView text);
     runtime::Font Font();
     void SetFont(const runtime::Font& font);
-    /// Place in the form's tab order, from 0. Setting it moves the others along; a number behind the last one is the
-    /// last place. Error 380 for a negative one, 438 for a control without a place.
-    int TabIndex();
+    /// Place in the form's tab order, from 0; the others move along. A number behind the last one is the last place.
+    /// Error 380 for a negative one, 438 for a control without a place.
     void SetTabIndex(int index);
     /// The user reaches it with Tab. Error 438 for a control that never takes the focus.
     bool TabStop();
@@ -118,6 +117,7 @@ class Control {
  private:
     friend class Form;
 
+    void RequireText();
     void Attach(NativeWindow& window);
     void Detach();
     /// Docks an aligned control anew after the client area changed.

@@ -44,7 +44,9 @@ String StandardDescription(std::int32_t number) {
 
 Error::Error(std::int32_t number) : Error(number, StandardDescription(number)) {}
 
-Error::Error(std::int32_t number, String description)
-    : number_(number), description_(std::move(description)), utf8_(ToUtf8(description_)) {}
+Error::Error(std::int32_t number, String description) : number_(number) {
+    std::string utf8 = ToUtf8(description);
+    texts_ = std::make_shared<const Texts>(Texts{std::move(description), std::move(utf8)});
+}
 
 }  // namespace runtime

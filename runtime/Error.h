@@ -4,6 +4,9 @@
 
 #include <cstdint>
 #include <exception>
+#include <memory>
+#include <string>
+#include <type_traits>
 
 #include "runtime/Text.h"
 
@@ -35,22 +38,31 @@ enum ErrorNumber : std::int32_t {
     kSilent = 9999,
 };
 
+/// Its copies share the texts: passing an error on takes no memory, which may be what is short.
 class Error : public std::exception {
  public:
     /// With the standard description of `number`.
     explicit Error(std::int32_t number);
     Error(std::int32_t number, String description);
+    Error(const Error&) noexcept = default;
+    Error& operator=(const Error&) noexcept = default;
+    ~Error() override = default;
 
     std::int32_t Number() const noexcept { return number_; }
-    const String& Description() const noexcept { return description_; }
+    const String& Description() const noexcept { return texts_->description; }
     /// The description in UTF-8.
-    const char* what() const noexcept override { return utf8_.c_str(); }
+    const char* what() const noexcept override { return texts_->utf8.c_str(); }
 
  private:
+    struct Texts {
+        String description;
+        std::string utf8;
+    };
+
     std::int32_t number_;
-    String description_;
-    std::string utf8_;
+    std::shared_ptr<const Texts> texts_;
 };
+static_assert(std::is_nothrow_copy_constructible_v<Error>);
 
 /// The standard description of `number`; "Application-defined or object-defined error" for one that has none.
 String StandardDescription(std::int32_t number);

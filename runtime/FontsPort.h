@@ -2,7 +2,8 @@
 // of the system, so that a twin's log shows what was selected, put back, released and deleted, and in which order.
 #pragma once
 
-#include "runtime/WindowsPort.h"
+#include "runtime/NativeHandle.h"
+#include "runtime/Text.h"
 
 namespace runtime {
 

@@ -29,6 +29,7 @@ std::vector<const ControlDesign*> Form::ControlDesigns() const {
 }
 
 Control& Form::AddControl(ControlDesign design) {
+    if (window_) throw Error(kInvalidProcedureCall);
     controls_.push_back(std::make_unique<Control>(*this, std::move(design), controls_.size()));
     return *controls_.back();
 }
@@ -57,6 +58,7 @@ void Form::MakeWindow() {
     visible_ = false;
     wasShown_ = false;
     enterWentDown_ = false;
+    isLost_ = false;
     backColour_ = design_.backColour;
     font_ = {};
     scaleMode_ = kScaleTwips;
@@ -75,9 +77,9 @@ void Form::DestroyWindow() {
     tabOrder_.clear();
     focused_ = nullptr;
     visible_ = false;
-    if (modal_) modal_->End();
-    // Out of the member first: the window's end may still be reported, and must find the form without one.
+    // Out of the member first: whoever is told of its end, or takes input again before it, finds the form without one.
     const auto window = std::move(window_);
+    if (modal_) modal_->End();
 }
 
 bool Form::Unload(UnloadReason reason) {
@@ -88,13 +90,17 @@ bool Form::Unload(UnloadReason reason) {
     error.Run([&] { OnQueryUnload(cancel, reason); });
     if (!cancel) error.Run([&] { OnUnload(cancel); });
     unloading_ = false;
-    const bool isRefused = window_ && cancel && !error.IsKept();
+    const bool isRefused = window_ && cancel && !isLost_ && !error.IsKept();
     if (window_ && !isRefused) DestroyWindow();
     error.Rethrow();
     return !isRefused;
 }
 
 void Form::Forget() {
+    // Whatever was going on ended with the thread, and what it had on its stack is gone.
+    modal_ = nullptr;
+    loading_ = false;
+    unloading_ = false;
     if (window_) DestroyWindow();
 }
 
@@ -307,8 +313,8 @@ void Form::Activated() {
 }
 
 void Form::Lost() {
+    isLost_ = true;
     SkipError([this] { Unload(UnloadReason::kSystemEnd); });
-    if (window_ && !unloading_) DestroyWindow();
 }
 
 }  // namespace runtime

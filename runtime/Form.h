@@ -108,6 +108,7 @@ class Form : private WindowEvents {
     void SetFocus(Control& control);
 
  protected:
+    /// Error 5 while the form is loaded.
     Control& AddControl(ControlDesign design);
 
     virtual void OnLoad() {}
@@ -170,6 +171,7 @@ class Form : private WindowEvents {
     bool visible_ = false;
     bool wasShown_ = false;
     bool enterWentDown_ = false;  ///< since the form was loaded, and not as a repetition
+    bool isLost_ = false;         ///< somebody else destroyed the window; an unload cannot be refused
     Colour backColour_ = kButtonFace;
     runtime::Font font_;
     std::int16_t scaleMode_ = 1;

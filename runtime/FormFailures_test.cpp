@@ -3,6 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <memory>
+#include <utility>
+
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "tests/support/ErrorOf.h"
@@ -18,17 +22,37 @@ using tests::ErrorOf;
 
 constexpr Twips kWidestHere = 5000;
 
-/// Refuses controls, or makes no window wider than kWidestHere, as its test wants.
+/// Refuses controls, makes no window wider than kWidestHere, or lets something happen when other windows take input
+/// again, as its test wants.
 class StubbornWindows : public headless::MemoryWindows {
  public:
+    std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override {
+        return std::make_unique<Loop>(*this, MemoryWindows::BeginModal(window));
+    }
     std::unique_ptr<NativeWindow> MakeWindow(const WindowDesign& design, WindowEvents& events) override {
         return std::make_unique<Window>(*this, design, events);
     }
 
     int refuseControls = 0;
     bool limitsWidth = false;
+    std::function<void()> onModalEnd;
 
  private:
+    class Loop : public ModalLoop {
+     public:
+        Loop(StubbornWindows& system, std::unique_ptr<ModalLoop> loop) : system_(system), loop_(std::move(loop)) {}
+
+        void Run() override { loop_->Run(); }
+        void End() override {
+            loop_->End();
+            if (const auto happening = std::exchange(system_.onModalEnd, {})) happening();
+        }
+
+     private:
+        StubbornWindows& system_;
+        std::unique_ptr<ModalLoop> loop_;
+    };
+
     class Window : public headless::MemoryWindow {
      public:
         Window(StubbornWindows& system, const WindowDesign& design, WindowEvents& events)
@@ -89,6 +113,18 @@ TEST_F(FormOverStubbornWindows, HandlerOfACorrectedSizeMayUnloadTheForm) {
     form_.onResize = [&] { form_.Unload(); };
     form_.SetWidth(9000);
     EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
+}
+
+TEST_F(FormOverStubbornWindows, WhoTakesInputAgainWhileTheFormGoesFindsItGone) {
+    bool wasLoaded = true;
+    windows_.onModalEnd = [&] {
+        wasLoaded = form_.IsLoaded();
+        form_.Unload();
+    };
+    windows_.Post([&] { form_.Unload(); });
+    form_.ShowModal();
+    EXPECT_FALSE(wasLoaded);
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
 }
 
@@ -164,6 +200,19 @@ TEST_F(WindowThatGoes, CannotBeKeptByARefusal) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "load", "query 2", "unload"));
 }
 
+TEST_F(WindowThatGoes, CannotBeKeptByARefusalOfAnUnloadThatRuns) {
+    form_.EnsureLoaded();
+    form_.refusesUnload = true;
+    form_.onUnload = [this] { Lose(); };
+    EXPECT_TRUE(form_.Unload());
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+    form_.onUnload = {};
+    form_.EnsureLoaded();
+    EXPECT_FALSE(form_.Unload());  // the window is a new one, which may be kept
+    form_.refusesUnload = false;
+}
+
 TEST_F(WindowThatGoes, KeepsTheErrorsOfItsHandlersToItself) {
     form_.EnsureLoaded();
     form_.onUnload = [] { throw Error(kOverflow); };
@@ -180,6 +229,41 @@ TEST_F(WindowThatGoes, IsForgottenWithoutAnyHandler) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
     form_.Forget();
     EXPECT_THAT(form_.log, ElementsAre("load"));
+}
+
+TEST_F(WindowThatGoes, IsForgottenWithWhateverWasGoingOn) {
+    form_.onLoad = [this] {
+        form_.Forget();
+        form_.onLoad = {};
+        EXPECT_EQ(form_.Caption(), u"Design");  // loads it anew: that load is over
+    };
+    form_.EnsureLoaded();
+    form_.onUnload = [this] {
+        form_.Forget();
+        EXPECT_FALSE(form_.IsUnloading());
+    };
+    form_.Unload();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
+}
+
+class LateControl : public tests::HeadlessTest {
+ protected:
+    class Extensible : public Form {
+     public:
+        Extensible() : Form({.name = u"extensible", .inner = {3000, 1500}}) {}
+        void Extend() { AddControl({.kind = ControlKind::kLabel, .name = u"late", .bounds = {0, 0, 300, 300}}); }
+    };
+    Extensible form_;
+};
+
+TEST_F(LateControl, IsRefusedWhileTheFormIsLoaded) {
+    form_.EnsureLoaded();
+    EXPECT_EQ(ErrorOf([&] { form_.Extend(); }), kInvalidProcedureCall);
+    EXPECT_TRUE(form_.Controls().empty());
+    form_.Unload();
+    form_.Extend();
+    EXPECT_EQ(form_.Controls().size(), 1u);
 }
 
 class FailingUnload : public tests::HeadlessTest {

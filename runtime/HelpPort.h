@@ -1,7 +1,8 @@
 // The system's viewer of compiled help files.
 #pragma once
 
-#include "runtime/WindowsPort.h"
+#include "runtime/NativeHandle.h"
+#include "runtime/Text.h"
 
 namespace runtime {
 

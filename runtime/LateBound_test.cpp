@@ -6,6 +6,7 @@
 
 #include "runtime/Error.h"
 #include "runtime/Form.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/InputForm.h"
 #include "tests/support/RuntimeFixture.h"
 
@@ -62,6 +63,13 @@ class LateBound : public tests::RuntimeTest {
 
     AllKinds form_;
 };
+
+TEST_F(LateBound, PictureHasNeitherTextNorFontEarlyBoundEither) {
+    EXPECT_EQ(tests::ErrorOf([&] { form_.picture->Text(); }), kPropertyNotSupported);
+    EXPECT_EQ(tests::ErrorOf([&] { form_.picture->SetText(u"x"); }), kPropertyNotSupported);
+    EXPECT_EQ(tests::ErrorOf([&] { form_.picture->Font(); }), kPropertyNotSupported);
+    EXPECT_EQ(tests::ErrorOf([&] { form_.picture->SetFont({}); }), kPropertyNotSupported);
+}
 
 TEST_F(LateBound, EachKindTakesItsPropertiesAndRefusesTheOthers) {
     EXPECT_THAT(Takes(*form_.label), ElementsAre("Caption", "Font", "FontBold", "FontName"));

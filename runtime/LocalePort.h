@@ -13,7 +13,8 @@ class LocalePort {
  public:
     virtual ~LocalePort() = default;
 
-    /// Bytes in the system's ANSI code page; a character that it lacks becomes its default character ('?').
+    /// Bytes in the system's ANSI code page; a character that it lacks becomes its default character ('?'). Error 7 for
+    /// texts that are too long to convert.
     virtual std::string ToAnsi(StringView text) = 0;
     virtual String FromAnsi(std::string_view bytes) = 0;
 

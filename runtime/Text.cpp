@@ -1,6 +1,7 @@
 #include "runtime/Text.h"
 
 #include <algorithm>
+#include <cstddef>
 
 namespace runtime {
 namespace {
@@ -118,6 +119,14 @@ String FromUtf8(std::string_view bytes) {
         AppendUtf16(text, next.character);
         bytes.remove_prefix(next.length);
     }
+    return text;
+}
+
+std::optional<String> FromStrictUtf8(std::string_view bytes) {
+    String text = FromUtf8(bytes);
+    // A replacement character that the bytes do not spell out stands for bytes that are not UTF-8.
+    const bool isReplaced = text.find(static_cast<char16_t>(kReplacement)) != String::npos;
+    if (isReplaced && ToUtf8(text) != bytes) return std::nullopt;
     return text;
 }
 

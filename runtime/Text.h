@@ -2,6 +2,7 @@
 // NUL and lone surrogates included; lengths and positions are counted in units ("characters").
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -22,6 +23,9 @@ String NulsAsBlanks(StringView text);
 std::string ToUtf8(StringView text);
 /// UTF-16 of `bytes`; what is not UTF-8 becomes U+FFFD, one for each offending byte.
 String FromUtf8(std::string_view bytes);
+
+/// UTF-16 of `bytes`; none for bytes that are not UTF-8.
+std::optional<String> FromStrictUtf8(std::string_view bytes);
 
 /// Widens plain ASCII text, for literals that are only known as char.
 String FromAscii(std::string_view ascii);

@@ -10,6 +10,7 @@
 #include "runtime/Font.h"
 #include "runtime/Geometry.h"
 #include "runtime/NativeControl.h"
+#include "runtime/NativeHandle.h"
 #include "runtime/Text.h"
 
 namespace runtime {
@@ -37,9 +38,6 @@ enum KeyCode : std::int16_t {
     kKeyDown = 40,
     kKeyF4 = 115,
 };
-
-/// A platform handle (window, device context) as a number; 32 bits wide in the component.
-using NativeHandle = std::intptr_t;
 
 /// What the window system tells a form. Called only while the window exists, on its thread.
 class WindowEvents {

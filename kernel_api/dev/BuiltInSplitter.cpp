@@ -11,7 +11,10 @@ namespace {
 class BuiltInFieldParser : public FieldParser {
  public:
     void SetText(StringView text) override {
-        if (text_.capacity() > kRoomKept && text.size() <= kRoomKept) String().swap(text_);
+        if (text_.capacity() > kRoomKept && text.size() <= kRoomKept) {
+            String().swap(text_);
+            std::vector<StringView>().swap(taken_);
+        }
         text_ = text;
         fields_ = CommaFields(text_);
         taken_.clear();

@@ -95,7 +95,7 @@ TEST_F(FieldParserTest, SplitsAsTheFieldSplitterDoes) {
         for (std::size_t rest = number; rest > 1; rest /= kCharacters.size()) {
             text += kCharacters[rest % kCharacters.size()];
         }
-        const test_support::SlowFields slow = test_support::SlowFieldSplitter::Split(text);
+        const tests::SlowFields slow = tests::SlowFieldSplitter::Split(text);
         if (slow.isEndless) continue;
         const auto count = static_cast<std::int32_t>(slow.texts.size()) - 1;
         Texts expected(slow.texts.begin() + 1, slow.texts.end());

@@ -1,6 +1,9 @@
 #include "kernel_api/dev/IniText.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <optional>
+#include <utility>
 
 namespace kernel_api::dev {
 namespace {
@@ -36,27 +39,19 @@ String FromUtf16Bytes(std::string_view bytes, bool lowFirst) {
     return text;
 }
 
-/// Whether `text`, decoded from `bytes`, stands for them without loss.
-bool WasUtf8(StringView text, std::string_view bytes) {
-    constexpr char16_t kReplacement = 0xFFFD;
-    return text.find(kReplacement) == StringView::npos || runtime::ToUtf8(text) == bytes;
-}
-
 }  // namespace
 
 String DecodeIni(std::string_view bytes, runtime::LocalePort& locale) {
     if (bytes.starts_with("\xEF\xBB\xBF")) return runtime::FromUtf8(bytes.substr(3));
     if (bytes.starts_with("\xFF\xFE")) return FromUtf16Bytes(bytes.substr(2), true);
     if (bytes.starts_with("\xFE\xFF")) return FromUtf16Bytes(bytes.substr(2), false);
-    String text = runtime::FromUtf8(bytes);
-    if (WasUtf8(text, bytes)) return text;
+    if (std::optional<String> text = runtime::FromStrictUtf8(bytes)) return *std::move(text);
     return locale.FromAnsi(bytes);
 }
 
 std::string_view IniProblem(std::string_view bytes) {
     if (bytes.starts_with("\xEF\xBB\xBF")) {
-        const std::string_view text = bytes.substr(3);
-        return WasUtf8(runtime::FromUtf8(text), text) ? "" : "it says that it is UTF-8, but is not throughout";
+        return runtime::FromStrictUtf8(bytes.substr(3)) ? "" : "it says that it is UTF-8, but is not throughout";
     }
     if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
         return bytes.size() % 2 == 0 ? "" : "it says that it is UTF-16, but ends within a character";

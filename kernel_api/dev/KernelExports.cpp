@@ -4,7 +4,6 @@
 // No entry lets an exception out: what cannot be done is answered with the entry's failure value.
 #include <atomic>
 #include <cstring>
-#include <memory>
 #include <mutex>
 
 #include "kernel_api/dev/SectionMemory.h"
@@ -37,7 +36,7 @@ std::atomic<Connection*> connection = nullptr;
 /// Made at the first call, and tried again at the next when it could not be made.
 Connection& Connected() {
     const std::scoped_lock lock(connecting);
-    if (!connection) connection = std::make_unique<Connection>().release();
+    if (!connection) connection = new Connection;
     return *connection;
 }
 
@@ -107,7 +106,12 @@ long __stdcall QmxDev_NextString(const char* afterKey, char* keyBuffer, long siz
 }
 
 BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* processEnds) {
-    if (reason == DLL_THREAD_DETACH && connection) connection.load()->texts.DropAll(GetCurrentThreadId());
+    if (reason == DLL_THREAD_DETACH && connection) {
+        Guarded(0, [] {
+            connection.load()->texts.DropAll(GetCurrentThreadId());
+            return 0L;
+        });
+    }
     // A process that ends has stopped its threads anywhere, and the system takes everything back.
     if (reason == DLL_PROCESS_DETACH && !processEnds) delete connection.exchange(nullptr);
     return TRUE;

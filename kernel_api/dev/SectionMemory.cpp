@@ -27,7 +27,8 @@ struct LocalMemoryPolicy {
 using LocalMemory = runtime::win32::UniqueHandle<LocalMemoryPolicy>;
 
 [[noreturn]] void Fail(const char* what) {
-    throw StoreError(std::string(what) + ": system error " + std::to_string(GetLastError()));
+    const DWORD error = GetLastError();
+    throw StoreError(std::string(what) + ": system error " + std::to_string(error));
 }
 
 std::uint32_t RoundedUp(std::uint32_t size) {
@@ -78,7 +79,8 @@ String DevelopmentStoreName() {
 SectionMemory::SectionMemory(const String& name, std::uint32_t capacity) : capacity_(capacity) {
     const LocalMemory descriptor = UserOnly();
     SECURITY_ATTRIBUTES userOnly{sizeof userOnly, descriptor.Get(), FALSE};
-    mutex_ = KernelHandle(CreateMutexW(&userOnly, FALSE, Wide(name + u".Lock")));
+    const String lockName = name + u".Lock";
+    mutex_ = KernelHandle(CreateMutexW(&userOnly, FALSE, Wide(lockName)));
     if (!mutex_) Fail("the lock of the shared strings cannot be had");
     const std::uint64_t size = kGranularity + 2 * std::uint64_t{capacity};
     section_ = KernelHandle(CreateFileMappingW(INVALID_HANDLE_VALUE, &userOnly, PAGE_READWRITE | SEC_RESERVE,

@@ -17,7 +17,7 @@ class StoreError : public std::runtime_error {
 
 /// The header's words, all 0 in new memory.
 enum class Word : std::uint32_t { kMagic, kVersion, kGeneration, kUsed0, kUsed1 };
-inline constexpr std::uint32_t kWordCount = 5;
+inline constexpr std::uint32_t kWordCount = static_cast<std::uint32_t>(Word::kUsed1) + 1;
 
 /// Everything but the lock itself is called with the lock held.
 class SharedMemory {

@@ -1,7 +1,9 @@
 #include "kernel_api/dev/TextFile.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <optional>
+#include <utility>
 
 namespace kernel_api::dev {
 namespace {
@@ -12,7 +14,6 @@ using runtime::StringView;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kAround = " \t";
 constexpr StringView kAroundText = u" \t";
-constexpr char32_t kReplacement = 0xFFFD;
 
 template <typename View>
 View Trimmed(View text, View around) {
@@ -30,14 +31,10 @@ std::string_view TakeLine(std::string_view& bytes) {
     return line;
 }
 
-/// None for bytes that are not UTF-8.
+/// None for bytes that are not UTF-8, or no text.
 std::optional<String> Decode(std::string_view bytes) {
     if (bytes.find('\0') != std::string_view::npos) return std::nullopt;
-    String text = runtime::FromUtf8(bytes);
-    // A replacement character that the bytes do not spell out stands for bytes that are not UTF-8.
-    const bool isReplaced = text.find(static_cast<char16_t>(kReplacement)) != String::npos;
-    if (isReplaced && runtime::ToUtf8(text) != bytes) return std::nullopt;
-    return text;
+    return runtime::FromStrictUtf8(bytes);
 }
 
 /// None for an unknown escape, and for a backslash at the end.

@@ -1,30 +1,23 @@
 #include "kernel_api/win32/KernelLibrary.h"
 
-#include <cstring>
+#include <string_view>
 #include <utility>
 
 #include "runtime/Error.h"
+#include "runtime/win32/ModulePath.h"
+#include "runtime/win32/QuietErrors.h"
+#include "runtime/win32/Win32Locale.h"
 
 namespace kernel_api::win32 {
 namespace {
 
 using runtime::Error;
 using runtime::win32::Library;
+using runtime::win32::ModulePath;
+using runtime::win32::QuietErrors;
 using runtime::win32::Wide;
 
 constexpr const char16_t* kFileName = u"QmxKrn2K.dll";
-
-/// Keeps the system from showing a message of its own about a library that will not load.
-class QuietLoading {
- public:
-    QuietLoading() { SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &before_); }
-    QuietLoading(const QuietLoading&) = delete;
-    QuietLoading& operator=(const QuietLoading&) = delete;
-    ~QuietLoading() { SetThreadErrorMode(before_, nullptr); }
-
- private:
-    DWORD before_ = 0;
-};
 
 String Decimal(unsigned long number) {
     return runtime::FromAscii(std::to_string(number));
@@ -57,7 +50,7 @@ bool IsWhereTheSystemLooks() {
 
 /// A library that is there but will not load is not replaced by one from elsewhere: that would hide the damage.
 Library Load(const String& folder) {
-    const QuietLoading quiet;
+    const QuietErrors quiet(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     const String beside = PathIn(folder);
     if (IsFile(beside)) {
         Library library(LoadLibraryExW(Wide(beside), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
@@ -72,29 +65,13 @@ Library Load(const String& folder) {
     throw CannotLoad(kFileName, systemError);
 }
 
-String PathOf(const Library& library) {
-    String path(32768, u'\0');
-    path.resize(GetModuleFileNameW(library.Get(), Wide(path.data()), static_cast<DWORD>(path.size())));
-    return path;
-}
-
 std::string ToAnsi(StringView text) {
-    const auto length = static_cast<int>(text.size());
-    if (length == 0) return {};
-    const wchar_t* wide = Wide(text.data());
-    const int size = WideCharToMultiByte(CP_ACP, 0, wide, length, nullptr, 0, nullptr, nullptr);
-    std::string bytes(static_cast<std::size_t>(size), '\0');
-    WideCharToMultiByte(CP_ACP, 0, wide, length, bytes.data(), size, nullptr, nullptr);
-    return bytes;
+    return runtime::win32::Win32Locale().ToAnsi(text);
 }
 
-String FromAnsi(const char* bytes, std::size_t size) {
-    const auto length = static_cast<int>(size);
-    if (length == 0) return {};
-    const int units = MultiByteToWideChar(CP_ACP, 0, bytes, length, nullptr, 0);
-    String text(static_cast<std::size_t>(units), u'\0');
-    MultiByteToWideChar(CP_ACP, 0, bytes, length, Wide(text.data()), units);
-    return text;
+/// Up to the first NUL.
+String FromAnsi(std::string_view bytes) {
+    return runtime::win32::Win32Locale().FromAnsi(bytes.substr(0, bytes.find('\0')));
 }
 
 }  // namespace
@@ -107,7 +84,7 @@ void KernelLibrary::EnsureLoaded() {
 
 String KernelLibrary::Path() {
     EnsureLoaded();
-    return PathOf(library_);
+    return ModulePath(library_.Get());
 }
 
 std::vector<std::string> KernelLibrary::MissingEntries() {
@@ -127,7 +104,7 @@ FARPROC KernelLibrary::Find(const char* name) {
     }
     const Error missing(runtime::kDllEntryPointNotFound, runtime::StandardDescription(runtime::kDllEntryPointNotFound) +
                                                              u": " + runtime::FromAscii(name) + u" in " +
-                                                             PathOf(library_));
+                                                             ModulePath(library_.Get()));
     // Held any longer, a wrong library could not be replaced by the right one.
     if (!isBound_) library_.Reset();
     throw missing;
@@ -144,7 +121,7 @@ void KernelLibrary::E_SetString(StringView key, String& value) {
     std::string keyBytes = ToAnsi(key);
     std::string buffer = ToAnsi(value) + '\0';  // the terminator is the kernel's to overwrite, too
     call(keyBytes.data(), buffer.data());
-    value = FromAnsi(buffer.data(), strnlen(buffer.data(), buffer.size()));
+    value = FromAnsi(buffer);
 }
 
 TextPointer KernelLibrary::E_GetString(StringView key) {

@@ -51,7 +51,7 @@ String MemoryFiles::FirstMatch(StringView pattern) {
     const std::optional<String> folderKey = Key(folder);
     if (!folderKey || namePattern.find_first_of(StringView(u"\0<>\"|", 5)) != StringView::npos) return {};
     for (const auto& [key, entry] : entries_) {
-        if (entry.isFolder || entry.kind != FileKind::Ordinary || ParentOf(key) != *folderKey) continue;
+        if (entry.isFolder || entry.kind != FileKind::kOrdinary || ParentOf(key) != *folderKey) continue;
         String name = entry.path.substr(entry.path.rfind(u'\\') + 1);
         if (MatchesWildcards(name, namePattern)) return name;
     }

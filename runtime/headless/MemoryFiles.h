@@ -10,7 +10,7 @@
 
 namespace runtime::headless {
 
-enum class FileKind { Ordinary, Hidden, System };
+enum class FileKind { kOrdinary, kHidden, kSystem };
 
 class MemoryFiles : public FilesPort {
  public:
@@ -26,7 +26,7 @@ class MemoryFiles : public FilesPort {
     /// Makes the folder, those above it, and its drive.
     void AddFolder(StringView path);
     /// Makes or replaces the file, with a newer stamp each time, and its folder.
-    void AddFile(StringView path, std::string_view contents = {}, FileKind kind = FileKind::Ordinary);
+    void AddFile(StringView path, std::string_view contents = {}, FileKind kind = FileKind::kOrdinary);
     void RemoveFile(StringView path);
     /// Changing to `path` raises error `number` from now on; 0 lets it succeed again if the folder is there.
     void FailChange(StringView path, std::int32_t number);
@@ -41,7 +41,7 @@ class MemoryFiles : public FilesPort {
     struct Entry {
         String path;  ///< full, in the letter case it was made with
         bool isFolder = true;
-        FileKind kind = FileKind::Ordinary;
+        FileKind kind = FileKind::kOrdinary;
         std::string contents;
         FileStamp stamp;
         bool readFails = false;

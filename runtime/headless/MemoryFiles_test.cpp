@@ -17,7 +17,7 @@ class MemoryBed : public FilesBed {
     String MissingDrive() override { return u"Q:"; }
     void AddFolder(StringView name) override { files_.AddFolder(Full(name)); }
     void AddFile(StringView name, std::string_view contents, Kind kind) override {
-        constexpr FileKind kKinds[] = {FileKind::Ordinary, FileKind::Hidden, FileKind::System};
+        constexpr FileKind kKinds[] = {FileKind::kOrdinary, FileKind::kHidden, FileKind::kSystem};
         files_.AddFile(Full(name), contents, kKinds[static_cast<int>(kind)]);
     }
     void RemoveFile(StringView name) override { files_.RemoveFile(Full(name)); }

@@ -18,7 +18,7 @@ String SectionPath(StringView application, StringView section) {
     return String(kRoot).append(application).append(u"\\").append(section);
 }
 
-/// The bytes of a value that is text, terminators included; none when it is absent or something else.
+/// A value that is text, terminators included; none when it is absent or something else.
 std::optional<String> QueryText(HKEY key, const String& name) {
     String text;
     DWORD bytes = 0;

@@ -1,25 +1,15 @@
 #include "runtime/win32/Win32Files.h"
 
 #include <algorithm>
+#include <new>
 
 #include "runtime/Error.h"
 #include "runtime/win32/GrowingBuffer.h"
 #include "runtime/win32/Handle.h"
+#include "runtime/win32/QuietErrors.h"
 
 namespace runtime::win32 {
 namespace {
-
-/// Keeps the system from showing "There is no disk in the drive" while it lives.
-class QuietDiskErrors {
- public:
-    QuietDiskErrors() { SetThreadErrorMode(GetThreadErrorMode() | SEM_FAILCRITICALERRORS, &old_); }
-    ~QuietDiskErrors() { SetThreadErrorMode(old_, nullptr); }
-    QuietDiskErrors(const QuietDiskErrors&) = delete;
-    QuietDiskErrors& operator=(const QuietDiskErrors&) = delete;
-
- private:
-    DWORD old_ = 0;
-};
 
 /// The system's own limit, which not every one of its functions checks.
 constexpr std::size_t kLongestPath = 32767;
@@ -104,8 +94,9 @@ String Win32Files::CurrentFolder() {
 
 void Win32Files::ChangeFolder(StringView path) {
     if (!CanBePath(path)) throw Error(kPathNotFound);
-    const QuietDiskErrors quiet;
-    if (SetCurrentDirectoryW(Wide(String(path)))) return;
+    const QuietErrors quiet(SEM_FAILCRITICALERRORS);
+    const String folder(path);
+    if (SetCurrentDirectoryW(Wide(folder))) return;
     const DWORD systemError = GetLastError();
     throw Error(IsOnMissingDrive(path) ? kDeviceUnavailable : ChangeFolderError(systemError));
 }
@@ -115,7 +106,7 @@ String Win32Files::FirstMatch(StringView pattern) {
     if (!CanBePath(pattern) || pattern.find_first_of(u"<>\"") != StringView::npos) return {};
     String sought(pattern);
     if (StringView(u"\\/:").find(sought.back()) != StringView::npos) sought += u'*';
-    const QuietDiskErrors quiet;
+    const QuietErrors quiet(SEM_FAILCRITICALERRORS);
     WIN32_FIND_DATAW found{};
     const FindHandle search(FindFirstFileW(Wide(AnyLength(sought)), &found));
     if (!search) return {};
@@ -127,7 +118,7 @@ String Win32Files::FirstMatch(StringView pattern) {
 
 std::optional<FileStamp> Win32Files::Stamp(StringView path) {
     if (!CanBePath(path)) return std::nullopt;
-    const QuietDiskErrors quiet;
+    const QuietErrors quiet(SEM_FAILCRITICALERRORS);
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!GetFileAttributesExW(Wide(AnyLength(path)), GetFileExInfoStandard, &data)) return std::nullopt;
     if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return std::nullopt;
@@ -137,7 +128,7 @@ std::optional<FileStamp> Win32Files::Stamp(StringView path) {
 
 std::optional<std::string> Win32Files::Read(StringView path) {
     if (!CanBePath(path)) return std::nullopt;
-    const QuietDiskErrors quiet;
+    const QuietErrors quiet(SEM_FAILCRITICALERRORS);
     constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const FileHandle file(CreateFileW(Wide(AnyLength(path)), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_SEQUENTIAL_SCAN, nullptr));

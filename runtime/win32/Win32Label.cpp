@@ -27,7 +27,7 @@ LRESULT CALLBACK Win32Label::Procedure(HWND window, UINT message, WPARAM wParam,
     return Callback::Guard(LRESULT{0}, [&]() -> LRESULT {
         auto* self = reinterpret_cast<Win32Label*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         if (message == WM_NCCREATE) {
-            self = std::unique_ptr<Win32Label>(new Win32Label(window)).release();
+            self = new Win32Label(window);  // until WM_NCDESTROY
             SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
         }
         if (message == WM_NCDESTROY) {

@@ -1,9 +1,8 @@
 #include "runtime/win32/Win32MessageBox.h"
 
-#include <vector>
-
 #include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
+#include "runtime/win32/InputWindows.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
@@ -43,37 +42,6 @@ bool HasKnownButtons(UINT style) {
     return (style & MB_TYPEMASK) <= MB_CANCELTRYCONTINUE;
 }
 
-/// The thread's windows that take input. They do so again afterwards; not every system sees to that when the thread is
-/// told to end. A box without an owner does not keep them from it, so they are disabled for it: a handler of theirs
-/// could run into the question that is open.
-class EnabledWindows {
- public:
-    explicit EnabledWindows(bool disable) : disable_(disable) {
-        EnumThreadWindows(GetCurrentThreadId(), Remember, reinterpret_cast<LPARAM>(this));
-    }
-    EnabledWindows(const EnabledWindows&) = delete;
-    EnabledWindows& operator=(const EnabledWindows&) = delete;
-    ~EnabledWindows() {
-        for (const HWND window : enabled_) {
-            if (IsWindow(window) && !IsWindowEnabled(window)) EnableWindow(window, TRUE);
-        }
-    }
-
- private:
-    static BOOL CALLBACK Remember(HWND window, LPARAM self) noexcept {
-        if (!IsWindowVisible(window) || !IsWindowEnabled(window)) return TRUE;
-        return Callback::Guard(TRUE, [&]() -> BOOL {
-            auto& windows = *reinterpret_cast<EnabledWindows*>(self);
-            windows.enabled_.push_back(window);
-            if (windows.disable_) EnableWindow(window, FALSE);
-            return TRUE;
-        });
-    }
-
-    const bool disable_;
-    std::vector<HWND> enabled_;
-};
-
 /// The system closes its box for WM_QUIT and puts the message back for the outer loop. It is looked at and left there:
 /// taking it here would end nothing but this box.
 bool IsQuitting() {
@@ -101,7 +69,10 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     box.dwContextHelpId = static_cast<DWORD>(help.context);
     box.lpfnMsgBoxCallback = ShownHelp::Open;
     const ShownHelp shownHelp(helpControl_, owner, help);
-    const EnabledWindows enabledWindows(!owner && !isForService);
+    // They take input again afterwards; not every system sees to that when the thread is told to end.
+    InputWindows inputWindows(nullptr);
+    // A box without an owner keeps no window from its input by itself.
+    if (!owner && !isForService) inputWindows.Disable();
     const int answer = Callback::Into([&] { return MessageBoxIndirectW(&box); });
     // The box went because the thread is to end: nobody has answered it, whatever the system says.
     if (IsQuitting()) return IDCANCEL;

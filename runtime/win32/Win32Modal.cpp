@@ -1,7 +1,5 @@
 #include "runtime/win32/Win32Modal.h"
 
-#include <algorithm>
-
 #include "runtime/Screen.h"
 #include "runtime/win32/Win32Windows.h"
 
@@ -14,19 +12,13 @@ HWND OwnerFor(HWND dialog) {
     return active != dialog && IsWindowVisible(active) ? active : nullptr;
 }
 
-/// Windows with a title bar are for the user, also while they are hidden: they may be shown while the dialog is open.
-/// The other hidden windows are parts of the system, such as those of input methods.
-bool IsForTheUser(HWND window) {
-    return IsWindowVisible(window) || (GetWindowLongW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
-}
-
 }  // namespace
 
-Win32Modal::Win32Modal(Win32Windows& system, HWND window) : system_(system), window_(window), owner_(OwnerFor(window)) {
-    EnumThreadWindows(GetCurrentThreadId(), DisableOther, reinterpret_cast<LPARAM>(this));
+Win32Modal::Win32Modal(Win32Windows& system, HWND window)
+    : system_(system), window_(window), owner_(OwnerFor(window)), others_(window) {
+    others_.Disable();
     // While another program is in front no window is the active one; the dialog must not get behind the topmost.
-    const auto visible = std::find_if(disabled_.begin(), disabled_.end(), IsWindowVisible);
-    if (!owner_ && visible != disabled_.end()) owner_ = *visible;
+    if (!owner_) owner_ = others_.FirstVisible();
     // Owned, the dialog stays in front of its owner, and the owner becomes active again when the dialog goes.
     SetWindowLongPtrW(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner_));
     if (system_.MousePointer() == kDefaultPointer) pointerBefore_ = SetCursor(LoadCursorW(nullptr, IDC_ARROW));
@@ -38,25 +30,10 @@ Win32Modal::~Win32Modal() {
     if (pointerBefore_ && system_.MousePointer() == kDefaultPointer) SetCursor(*pointerBefore_);
 }
 
-BOOL CALLBACK Win32Modal::DisableOther(HWND window, LPARAM self) noexcept {
-    auto& modal = *reinterpret_cast<Win32Modal*>(self);
-    const bool takesInput = window != modal.window_ && IsForTheUser(window) && IsWindowEnabled(window);
-    if (!takesInput) return TRUE;
-    try {
-        modal.disabled_.push_back(window);
-        EnableWindow(window, FALSE);
-    } catch (const std::exception&) {
-        // A window that cannot be remembered stays enabled.
-    }
-    return TRUE;
-}
-
 void Win32Modal::End() {
     if (ended_) return;
     ended_ = true;
-    for (const HWND window : disabled_) {
-        if (IsWindow(window)) EnableWindow(window, TRUE);
-    }
+    others_.Enable();
     // A dialog that somebody else destroyed went while its owner could not become active yet.
     if (!IsWindowVisible(window_) && owner_ && !GetActiveWindow()) SetActiveWindow(owner_);
     // Run may wait for a message that the system has handled without handing it out.

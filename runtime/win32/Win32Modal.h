@@ -3,9 +3,9 @@
 #pragma once
 
 #include <optional>
-#include <vector>
 
 #include "runtime/WindowsPort.h"
+#include "runtime/win32/InputWindows.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
@@ -24,12 +24,10 @@ class Win32Modal final : public ModalLoop {
     void End() override;
 
  private:
-    static BOOL CALLBACK DisableOther(HWND window, LPARAM self) noexcept;
-
     Win32Windows& system_;
     HWND window_;
     HWND owner_;
-    std::vector<HWND> disabled_;
+    InputWindows others_;
     std::optional<HCURSOR> pointerBefore_;  ///< none when a pointer of ours was shown, which forms keep
     bool ended_ = false;
 };

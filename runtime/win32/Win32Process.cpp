@@ -7,23 +7,18 @@
 #include "runtime/Error.h"
 #include "runtime/win32/GrowingBuffer.h"
 #include "runtime/win32/Handle.h"
+#include "runtime/win32/ModulePath.h"
+#include "runtime/win32/Win32Locale.h"
 
 namespace runtime::win32 {
 namespace {
 
-String ModulePath(HMODULE module) {
-    return FillGrowing(
-        [module](wchar_t* buffer, DWORD capacity) { return GetModuleFileNameW(module, buffer, capacity); });
-}
-
 /// The program's file, spelt alike however it was started: no short names, one letter case.
 String ProgramPath() {
     const String path = ModulePath(nullptr);
-    String longPath = FillGrowing(
+    const String longPath = FillGrowing(
         [&path](wchar_t* buffer, DWORD capacity) { return GetLongPathNameW(Wide(path), buffer, capacity); });
-    if (longPath.empty()) longPath = path;
-    CharLowerBuffW(Wide(longPath.data()), static_cast<DWORD>(longPath.size()));
-    return longPath;
+    return Win32Locale().LowerCase(longPath.empty() ? path : longPath);
 }
 
 /// FNV-1a: the same in every build of the component, as two builds may run side by side.
@@ -48,7 +43,8 @@ String MutexName() {
 /// Null when another process has it. The mutex is never waited for, as owning it would tie the claim to a thread:
 /// that it exists is the claim, and the system removes it with the last handle, however a process ends.
 std::shared_ptr<KernelHandle> CreateFirst() {
-    KernelHandle mutex(CreateMutexW(nullptr, FALSE, Wide(MutexName())));
+    const String name = MutexName();
+    KernelHandle mutex(CreateMutexW(nullptr, FALSE, Wide(name)));
     const DWORD error = GetLastError();
     if (mutex && error != ERROR_ALREADY_EXISTS) return std::make_shared<KernelHandle>(std::move(mutex));
     // Refused access: a process of the session with higher rights made it.
@@ -76,15 +72,11 @@ class SharedClaim : public InstanceClaim {
 }  // namespace
 
 String Win32Process::CommandLine() {
-    return String(WithoutProgramName(Narrowed(GetCommandLineW())));
+    return String(WithoutProgramName(Utf16(GetCommandLineW())));
 }
 
 String Win32Process::ComponentFolder() {
-    const String path = ModulePath(component_);
-    const auto slash = path.rfind(u'\\');
-    if (slash == String::npos) return {};
-    const bool isDriveRoot = slash > 0 && path[slash - 1] == u':';
-    return path.substr(0, isDriveRoot ? slash + 1 : slash);
+    return FolderOf(ModulePath(component_));
 }
 
 std::unique_ptr<InstanceClaim> Win32Process::ClaimFirstInstance() {

@@ -147,7 +147,8 @@ void Win32Window::FocusControl(HWND control) {
 
 bool Win32Window::TakesKey(const MSG& message) {
     const HWND form = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
-    if (!form || GetWindowLongPtrW(form, GWLP_WNDPROC) != reinterpret_cast<LONG_PTR>(&Procedure)) return false;
+    // By its class: the window's own procedure may be somebody else's, who passes on to ours.
+    if (!form || GetClassLongPtrW(form, GCLP_WNDPROC) != reinterpret_cast<ULONG_PTR>(&Procedure)) return false;
     auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(form, GWLP_USERDATA));
     return self && self->OnKey(message.message, message.wParam, message.lParam);
 }
@@ -182,24 +183,12 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             if (wParam) events_.Closing(UnloadReason::kSystemEnd);
             return 0;
         case WM_DESTROY:
-            // Not asked for by the form; its handlers run while the window's children are still there.
-            SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
-            window_ = nullptr;
-            events_.Lost();
+            OnDestroy();
             return 0;
-        case WM_ACTIVATE: {
-            const bool activated = LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0;
-            const HWND window = window_;
-            const LRESULT result = Default(message, wParam, lParam);
-            if (activated && Lives(this, window)) events_.Activated();
-            return result;
-        }
-        case WM_WINDOWPOSCHANGED: {
-            const HWND window = window_;
-            const LRESULT result = Default(message, wParam, lParam);
-            if (Lives(this, window)) ReportBounds();
-            return result;
-        }
+        case WM_ACTIVATE:
+            return OnActivate(wParam, lParam);
+        case WM_WINDOWPOSCHANGED:
+            return OnPlaceChanged(wParam, lParam);
         case WM_GETMINMAXINFO: {
             // Forms may have any size, also one larger than the screen.
             auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
@@ -213,13 +202,8 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SYSKEYDOWN:  // keys come as these to an icon, too
         case WM_SYSKEYUP:
         case WM_CHAR:
-        case WM_SYSCHAR: {
-            const HWND window = window_;
-            // The client's own message loop brings keys here without having shown them to the form.
-            const bool isNew = !system_.IsDispatchingKey();
-            if (isNew && OnKey(message, wParam, lParam)) return 0;
-            return DefWindowProcW(window, message, wParam, lParam);
-        }
+        case WM_SYSCHAR:
+            return OnKeyMessage(message, wParam, lParam);
         case WM_SETFOCUS:
             if (focus_ && (GetWindowLongW(focus_, GWL_STYLE) & WS_VISIBLE)) SetFocus(focus_);
             return 0;
@@ -241,6 +225,36 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         default:
             return Default(message, wParam, lParam);
     }
+}
+
+// Not asked for by the form; its handlers run while the window's children are still there.
+void Win32Window::OnDestroy() {
+    SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
+    window_ = nullptr;
+    events_.Lost();
+}
+
+LRESULT Win32Window::OnActivate(WPARAM wParam, LPARAM lParam) {
+    const bool activated = LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0;
+    const HWND window = window_;
+    const LRESULT result = Default(WM_ACTIVATE, wParam, lParam);
+    if (activated && Lives(this, window)) events_.Activated();
+    return result;
+}
+
+LRESULT Win32Window::OnPlaceChanged(WPARAM wParam, LPARAM lParam) {
+    const HWND window = window_;
+    const LRESULT result = Default(WM_WINDOWPOSCHANGED, wParam, lParam);
+    if (Lives(this, window)) ReportBounds();
+    return result;
+}
+
+// The client's own message loop brings keys here without having shown them to the form.
+LRESULT Win32Window::OnKeyMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = window_;
+    const bool isNew = !system_.IsDispatchingKey();
+    if (isNew && OnKey(message, wParam, lParam)) return 0;
+    return DefWindowProcW(window, message, wParam, lParam);
 }
 
 bool Win32Window::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -46,6 +46,10 @@ class Win32Window : public NativeWindow {
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
     /// `self` still exists and has the window; for use after a call in which others may have destroyed it.
     static bool Lives(const Win32Window* self, HWND window);
+    void OnDestroy();
+    LRESULT OnActivate(WPARAM wParam, LPARAM lParam);
+    LRESULT OnPlaceChanged(WPARAM wParam, LPARAM lParam);
+    LRESULT OnKeyMessage(UINT message, WPARAM wParam, LPARAM lParam);
     bool OnKey(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT GiveColours(HDC context) const;

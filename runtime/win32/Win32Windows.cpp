@@ -107,12 +107,12 @@ void Win32Windows::DoEvents() {
 void Win32Windows::Dispatch(const MSG& message) {
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
     if (isKey && Callback::Into([&] { return Win32Window::TakesKey(message); })) return;
-    const bool outer = std::exchange(isDispatchingKey_, isKey);
+    const DWORD outer = std::exchange(dispatchingThread_, isKey ? GetCurrentThreadId() : 0);
     const struct Restore {
-        bool& flag;
-        bool value;
-        ~Restore() { flag = value; }
-    } restore{isDispatchingKey_, outer};
+        DWORD& thread;
+        DWORD value;
+        ~Restore() { thread = value; }
+    } restore{dispatchingThread_, outer};
     Callback::Into([&] {
         TranslateMessage(&message);
         DispatchMessageW(&message);

@@ -9,11 +9,11 @@ namespace runtime::win32 {
 
 class Win32Windows : public WindowsPort {
  public:
-    /// `instance` is the module that the windows belong to. The window class is registered with the first window.
+    /// `instance` is the module that the windows belong to. The window classes are registered with the first window.
     explicit Win32Windows(HINSTANCE instance) : instance_(instance) {}
     Win32Windows(const Win32Windows&) = delete;
     Win32Windows& operator=(const Win32Windows&) = delete;
-    /// Unregisters the window class.
+    /// Unregisters the window classes.
     ~Win32Windows() override;
 
     std::unique_ptr<NativeWindow> MakeWindow(const WindowDesign& design, WindowEvents& events) override;
@@ -34,7 +34,7 @@ class Win32Windows : public WindowsPort {
     /// handler threw.
     void Dispatch(const MSG& message);
     /// A key that Dispatch has shown to its form already is on its way to a window.
-    bool IsDispatchingKey() const { return isDispatchingKey_; }
+    bool IsDispatchingKey() const { return dispatchingThread_ == GetCurrentThreadId(); }
     /// Shows the chosen pointer; false when it is the default one.
     bool ShowPointer() const;
 
@@ -43,7 +43,7 @@ class Win32Windows : public WindowsPort {
 
     HINSTANCE instance_;
     bool classesRegistered_ = false;
-    bool isDispatchingKey_ = false;
+    DWORD dispatchingThread_ = 0;  ///< may have ended meanwhile
     Win32Fonts fonts_;
     std::int16_t pointer_ = 0;
     HCURSOR pointerBefore_ = nullptr;  ///< the shape that the client showed when a pointer of ours replaced it

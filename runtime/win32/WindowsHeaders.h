@@ -1,8 +1,10 @@
-// The one place that includes the platform's headers, with what they need to be included alike everywhere, and the
-// conversions between its character type and ours.
+// The one place that includes the platform's headers, which need the build's definitions (UNICODE, NOMINMAX, …), and
+// the conversions between its character type and ours.
 #pragma once
 
 #include <windows.h>
+
+#include <cstddef>
 
 #include "runtime/Text.h"
 
@@ -21,14 +23,14 @@ inline wchar_t* Wide(char16_t* text) {
     return reinterpret_cast<wchar_t*>(text);
 }
 
-inline const char16_t* Narrowed(const wchar_t* text) {
+inline const char16_t* Utf16(const wchar_t* text) {
     return reinterpret_cast<const char16_t*>(text);
 }
 inline String ToString(const wchar_t* text, std::size_t length) {
-    return String(Narrowed(text), length);
+    return String(Utf16(text), length);
 }
 inline String ToString(const wchar_t* text) {
-    return String(Narrowed(text));
+    return String(Utf16(text));
 }
 
 }  // namespace runtime::win32

@@ -9,6 +9,7 @@
 #include "host/com/ComPtr.h"
 #include "runtime/win32/Handle.h"
 #include "tests/support/CommandMaker.h"
+#include "tests/support/TestFolder.h"
 
 namespace host::com {
 namespace {
@@ -25,10 +26,7 @@ std::size_t PrivateBytes() {
 
 /// What ships, in the folder above this program's.
 String Shipped(StringView file) {
-    String path(MAX_PATH, u'\0');
-    path.resize(GetModuleFileNameW(nullptr, runtime::win32::Wide(path.data()), MAX_PATH));
-    path.resize(path.rfind(u'\\'));
-    return path.substr(0, path.rfind(u'\\') + 1).append(file);
+    return runtime::win32::FolderOf(tests::TestFolder()) + u'\\' + String(file);
 }
 
 template <typename Function>

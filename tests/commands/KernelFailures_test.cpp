@@ -5,6 +5,7 @@
 #include "host/frmBackProcessMain.h"
 #include "kernel_api/win32/KernelLibrary.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/TestFolder.h"
 
 namespace host {
 namespace {
@@ -12,9 +13,7 @@ namespace {
 using ::testing::ElementsAre;
 
 String Beside(StringView folder) {
-    String path(MAX_PATH, u'\0');
-    path.resize(GetModuleFileNameW(nullptr, runtime::win32::Wide(path.data()), MAX_PATH));
-    return path.substr(0, path.rfind(u'\\') + 1).append(folder);
+    return tests::TestFolder() + u'\\' + String(folder);
 }
 
 /// Titles would need the kernel, so they do not: the message is what is looked at.

@@ -1,31 +1,15 @@
-// A command that fails while memory is short still ends in the shutdown. This program's allocations fail on demand.
+// A command that fails while memory is short still ends in the shutdown.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
+#include <memory>
 #include <new>
 
 #include "kernel_api/Splitter.h"
 #include "routing/CommandInterpreter.h"
 #include "runtime/Error.h"
+#include "tests/commands/FailingMemory.h"
 #include "tests/support/HandledForm.h"
 #include "tests/support/RuntimeFixture.h"
-
-namespace {
-bool isShort = false;
-}
-
-// Not inlined: the compiler would see one half of a pair without the other and warn.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-    void* const room = isShort ? nullptr : std::malloc(size);
-    if (!room) throw std::bad_alloc();
-    return room;
-}
-[[gnu::noinline]] void operator delete(void* room) noexcept {
-    std::free(room);
-}
-[[gnu::noinline]] void operator delete(void* room, std::size_t) noexcept {
-    std::free(room);
-}
 
 namespace routing {
 namespace {
@@ -42,7 +26,7 @@ class ShortSplitter : public kernel_api::Splitter {
         void SetText(runtime::StringView) override {}
         runtime::StringView Field(std::int32_t) override {
             const struct Shortage {
-                ~Shortage() { isShort = true; }
+                ~Shortage() { tests::MakeMemoryShort(true); }
             } beginsWithTheError;
             throw runtime::Error(runtime::kFileNotFound, runtime::String(100, u'x'));
         }
@@ -53,7 +37,7 @@ class ShortMemory : public tests::HeadlessTest {
  protected:
     ShortMemory() { kernel_api::UseSplitter(&splitter_); }
     ~ShortMemory() override {
-        isShort = false;
+        tests::MakeMemoryShort(false);
         ResetCommandInterpreter();
         kernel_api::UseSplitter(nullptr);
     }
@@ -70,7 +54,7 @@ TEST_F(ShortMemory, DoesNotKeepAFailedCommandFromUnloadingAllForms) {
     } catch (const std::bad_alloc&) {
         isReported = true;
     }
-    isShort = false;
+    tests::MakeMemoryShort(false);
     EXPECT_TRUE(isReported);
     EXPECT_EQ(unloads, 1);
 }

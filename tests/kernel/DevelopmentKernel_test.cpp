@@ -9,6 +9,7 @@
 #include "tests/kernel/LoadedKernel.h"
 #include "tests/kernel/Peer.h"
 
+namespace tests::kernel {
 namespace {
 
 using kernel_api::dev::DevelopmentStoreName;
@@ -223,3 +224,4 @@ TEST_F(DevelopmentKernel, ConnectsOnceTheNameIsFree) {
 }
 
 }  // namespace
+}  // namespace tests::kernel

@@ -6,7 +6,7 @@
 
 #include "runtime/Error.h"
 #include "runtime/win32/Handle.h"
-#include "tests/kernel/Peer.h"
+#include "tests/support/TestFolder.h"
 
 namespace kernel_api::win32 {
 namespace {
@@ -51,9 +51,10 @@ class KernelLibraryTest : public testing::Test {
         ASSERT_TRUE(WriteFile(file.Get(), "not a library", 13, &written, nullptr));
     }
 
-    const String folder_ = TestFolder() + u"\\come_and_go" + runtime::FromAscii(std::to_string(GetCurrentProcessId()));
-    const String recording_ = TestFolder() + u"\\recording";
-    const String partial_ = TestFolder() + u"\\partial";
+    const String folder_ =
+        tests::TestFolder() + u"\\come_and_go" + runtime::FromAscii(std::to_string(GetCurrentProcessId()));
+    const String recording_ = tests::TestFolder() + u"\\recording";
+    const String partial_ = tests::TestFolder() + u"\\partial";
     String value_ = u"value";
 };
 

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <stdexcept>
+#include <string>
 
 #include "runtime/win32/Handle.h"
+
+namespace tests::kernel {
 
 class LoadedKernel {
  public:
@@ -32,3 +35,5 @@ class LoadedKernel {
     long(__stdcall* O_GetName)(long handle);
     long(__stdcall* QmxDev_NextString)(const char* afterKey, char* keyBuffer, long size);
 };
+
+}  // namespace tests::kernel

@@ -4,11 +4,14 @@
 
 #include <stdexcept>
 
+#include "tests/support/TestFolder.h"
+
+namespace tests::kernel {
+namespace {
+
 using runtime::String;
 using runtime::win32::KernelHandle;
 using runtime::win32::Wide;
-
-namespace {
 
 constexpr DWORD kPatience = 60'000;  // milliseconds
 
@@ -31,15 +34,8 @@ HANDLE Inherited(const KernelHandle& handle) {
 
 }  // namespace
 
-String TestFolder() {
-    String path(MAX_PATH, u'\0');
-    path.resize(GetModuleFileNameW(nullptr, Wide(path.data()), MAX_PATH));
-    return path.substr(0, path.rfind(u'\\'));
-}
-
-String KernelFolder() {
-    const String folder = TestFolder();
-    return folder.substr(0, folder.rfind(u'\\'));
+runtime::String KernelFolder() {
+    return runtime::win32::FolderOf(TestFolder());
 }
 
 Peer::Peer() {
@@ -114,3 +110,5 @@ void Peer::Kill() {
     TerminateProcess(process_.Get(), 1);
     WaitForEnd();
 }
+
+}  // namespace tests::kernel

@@ -1,12 +1,12 @@
-// Another process with the development kernel, driven through pipes: see kernel_peer.cpp for what it can be asked.
+// Another process with the development kernel, driven through pipes: see KernelPeer.cpp for what it can be asked.
 #pragma once
 
 #include <string>
 
 #include "runtime/win32/Handle.h"
 
-/// Folder of this test program, without a backslash at its end.
-runtime::String TestFolder();
+namespace tests::kernel {
+
 /// Folder of the development kernel.
 runtime::String KernelFolder();
 
@@ -35,3 +35,5 @@ class Peer {
     runtime::win32::KernelHandle toPeer_;
     runtime::win32::KernelHandle fromPeer_;
 };
+
+}  // namespace tests::kernel

@@ -16,6 +16,7 @@
 #include "kernel_api/dev/SectionMemory.h"
 #include "tests/kernel/LoadedKernel.h"
 
+namespace tests::kernel {
 namespace {
 
 using namespace kernel_api::dev;
@@ -164,8 +165,10 @@ class PeerProcess {
 };
 
 }  // namespace
+}  // namespace tests::kernel
 
 int main(int argc, char** argv) {
+    using namespace tests::kernel;
     if (argc != 2) return EXIT_FAILURE;
     try {
         PeerProcess process(argv[1]);

@@ -1,0 +1,50 @@
+#include "runtime/win32/InputWindows.h"
+
+#include <algorithm>
+
+#include "runtime/win32/Callback.h"
+
+namespace runtime::win32 {
+namespace {
+
+/// Windows with a title bar are for the user, also while they are hidden: they may be shown while the question is open.
+/// The other hidden windows are parts of the system, such as those of input methods.
+bool IsForTheUser(HWND window) {
+    return IsWindowVisible(window) || (GetWindowLongW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
+}
+
+}  // namespace
+
+InputWindows::InputWindows(HWND question) : question_(question) {
+    Callback::Into(
+        [this] { return EnumThreadWindows(GetCurrentThreadId(), Remember, reinterpret_cast<LPARAM>(this)); });
+}
+
+BOOL CALLBACK InputWindows::Remember(HWND window, LPARAM self) noexcept {
+    return Callback::Guard(FALSE, [window, self]() -> BOOL {
+        auto& windows = *reinterpret_cast<InputWindows*>(self);
+        if (window != windows.question_ && IsForTheUser(window) && IsWindowEnabled(window)) {
+            windows.windows_.push_back(window);
+        }
+        return TRUE;
+    });
+}
+
+void InputWindows::Disable() {
+    for (const HWND window : windows_) {
+        if (IsWindow(window)) EnableWindow(window, FALSE);
+    }
+}
+
+void InputWindows::Enable() {
+    for (const HWND window : windows_) {
+        if (IsWindow(window) && !IsWindowEnabled(window)) EnableWindow(window, TRUE);
+    }
+}
+
+HWND InputWindows::FirstVisible() const {
+    const auto visible = std::find_if(windows_.begin(), windows_.end(), IsWindowVisible);
+    return visible == windows_.end() ? nullptr : *visible;
+}
+
+}  // namespace runtime::win32
