@@ -2,6 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <string_view>
+#include <vector>
+
 #include "dialogs/frmQMXMsgBox.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
@@ -19,12 +23,15 @@ class LocalisedBox : public tests::HeadlessComponentTest {
  protected:
     /// Asks, looks at the open box and closes it.
     void Look(StringView prompt, const std::function<void(MemoryWindow&)>& look) {
-        memory_.windows.Post([this, look] {
+        bool wasOpen = false;
+        memory_.windows.Post([this, look, &wasOpen] {
+            wasOpen = true;
             MemoryWindow& box = memory_.windows.Last();
             look(box);
             box.Events().Closing(runtime::UnloadReason::kUser);
         });
         EXPECT_EQ(AskWithSuiteBox(prompt, 0, u"Title"), 2);
+        EXPECT_TRUE(wasOpen);
     }
     std::vector<String> Captions() {
         std::vector<String> captions;

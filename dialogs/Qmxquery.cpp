@@ -1,5 +1,7 @@
 #include "dialogs/Qmxquery.h"
 
+#include <cstddef>
+
 #include "kernel_api/Splitter.h"
 #include "runtime/Error.h"
 #include "runtime/Screen.h"

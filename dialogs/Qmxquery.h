@@ -20,13 +20,15 @@ class Qmxquery : public AskingForm {
 
     Qmxquery();
 
-    /// Asks and waits. `values` holds the initial text and, behind it, the items of a list; on entry `index` is the
-    /// selected item counted from 0, -1 for none. Afterwards `index` is the subscript of the chosen value or a Result,
-    /// and `values[0]`, which is returned as well, the answer: empty when cancelled, the character 1 for the extra
-    /// button. Closing the dialog in any way but by a button or Enter cancels.
+    /// Asks and waits. `kind` is a QueryKind; any other number is kText. `values` holds the initial text and, behind
+    /// it, the items of a list; on entry `index` is the selected item counted from 0, -1 for none. Afterwards `index`
+    /// is the subscript of the chosen value or a Result, and `values[0]`, which is returned as well, the answer: empty
+    /// when cancelled, the character 1 for the extra button. Closing the dialog in any way but by a button or Enter
+    /// cancels.
     ///
     /// Trailing blanks of `values[0]` are gone even when nobody is asked. Errors of controls pass and leave nothing
-    /// open: 9 without a `values[0]`, 380 for an `index` outside a list. Error 400 while this very dialog asks.
+    /// open, and `index` is what it was: 6 for a prompt too long for 32 bits of height, 9 without a `values[0]`, 380
+    /// for an `index` outside a list. Error 400 while this very dialog asks.
     String QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                  std::int32_t& index, bool showButton, const String& buttonCaption);
 

@@ -7,6 +7,9 @@
 
 #include <algorithm>
 #include <functional>
+#include <ostream>
+#include <utility>
+#include <vector>
 
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
@@ -68,12 +71,18 @@ class Query : public tests::HeadlessComponentTest {
     ~Query() override { ReleaseQuery(); }
 
     void Queue(const User& user) {
-        memory_.windows.Post([this, user] { user(memory_.windows.Last()); });
+        wasOpen_ = false;
+        memory_.windows.Post([this, user] {
+            wasOpen_ = true;
+            user(memory_.windows.Last());
+        });
     }
     /// Asks, and does `user` while the dialog is open.
     Answer Ask(Question question, const User& user) {
         Queue(user);
-        return tests::AskFor(question);
+        const Answer answer = tests::AskFor(question);
+        EXPECT_TRUE(wasOpen_);
+        return answer;
     }
     /// Looks at the open dialog, then closes it.
     void Look(const Question& question, const User& look) {
@@ -98,6 +107,8 @@ class Query : public tests::HeadlessComponentTest {
         });
         return walk;
     }
+
+    bool wasOpen_ = false;
 };
 
 TEST_F(Query, CentresAnyFormWithoutLoadingItself) {

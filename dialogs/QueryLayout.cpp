@@ -12,14 +12,14 @@ using runtime::Twips;
 
 constexpr Twips kLabelMargin = 120;
 constexpr double kSpareLines = 3;
-constexpr std::int32_t kLowest = 2000;
-constexpr std::int32_t kLowestWithLines = 2400;
+constexpr std::int32_t kSmallestHeight = 2000;
+constexpr std::int32_t kSmallestHeightOfTall = 2400;
 constexpr Twips kButtonGap = 120;
-constexpr Twips kLeftOfScreen = 1200;
+constexpr Twips kRoomLeftOnScreen = 1200;
 constexpr Twips kInputGap = 120;
 constexpr Twips kBottomGap = 60;
 
-bool HasLines(std::int32_t kind) {
+bool IsTall(std::int32_t kind) {
     return kind == kTextBlock || kind == kList;
 }
 
@@ -33,10 +33,10 @@ std::int32_t LinesFor(const QueryMeasures& measures) {
 std::int32_t QueryFormHeight(const QueryMeasures& measures) {
     const double lines = LinesFor(measures);
     const std::int32_t natural = ToInt32(lines * measures.lineHeight + measures.inputHeight);
-    std::int32_t height = std::max(natural, HasLines(measures.kind) ? kLowestWithLines : kLowest);
+    std::int32_t height = std::max(natural, IsTall(measures.kind) ? kSmallestHeightOfTall : kSmallestHeight);
     if (measures.showsButton) height = ToInt32(static_cast<double>(height) + kButtonGap + measures.buttonHeight);
     const bool isTooHigh = static_cast<double>(measures.screenHeight) < height;
-    return isTooHigh ? ToInt32(measures.screenHeight - kLeftOfScreen) : height;
+    return isTooHigh ? ToInt32(measures.screenHeight - kRoomLeftOnScreen) : height;
 }
 
 QueryPlaces PlacesInQuery(Twips innerHeight, const QueryMeasures& measures) {

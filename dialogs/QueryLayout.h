@@ -14,7 +14,7 @@ enum QueryKind : std::int32_t { kText = 1, kCombo = 2, kDropDown = 3, kTextBlock
 /// What a form's height depends on.
 struct QueryMeasures {
     std::int32_t kind = kText;
-    runtime::Twips labelWidth = 0;
+    runtime::Twips labelWidth = 0;   ///< above 120
     runtime::Twips promptWidth = 0;  ///< of its widest line, not wrapped
     std::int32_t promptPieces = 0;   ///< between line breaks
     runtime::Twips lineHeight = 0;

@@ -1,5 +1,10 @@
 #include "dialogs/QuestionIcon.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <iterator>
+#include <string_view>
+
 namespace dialogs {
 namespace {
 
@@ -41,6 +46,10 @@ constexpr std::string_view kRows[] = {
     ".........................8......",
 };
 // clang-format on
+
+constexpr std::size_t kSide = 32;
+static_assert(std::size(kRows) == kSide);
+static_assert(std::ranges::all_of(kRows, [](std::string_view row) { return row.size() == kSide; }));
 
 }  // namespace
 

@@ -9,6 +9,7 @@
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/HandledForm.h"
 #include "tests/support/RuntimeFixture.h"
 
@@ -26,8 +27,14 @@ class MessageBox : public tests::HeadlessTest {
     /// Asks, and does `user` while the box is open.
     std::int32_t Ask(std::int32_t flags, const std::function<void(MemoryWindow&)>& user,
                      runtime::StringView prompt = u"Overwrite?") {
-        memory_.windows.Post([this, user] { user(memory_.windows.Last()); });
-        return AskWithSuiteBox(prompt, flags, u"Title");
+        wasOpen_ = false;
+        memory_.windows.Post([this, user] {
+            wasOpen_ = true;
+            user(memory_.windows.Last());
+        });
+        const std::int32_t answer = AskWithSuiteBox(prompt, flags, u"Title");
+        EXPECT_TRUE(wasOpen_);
+        return answer;
     }
     std::int32_t AskAndPress(std::int32_t flags, std::int16_t key) {
         return Ask(flags, [key](MemoryWindow& box) { box.Events().KeyDown(key, 0); });
@@ -49,6 +56,8 @@ class MessageBox : public tests::HeadlessTest {
         });
         return walk;
     }
+
+    bool wasOpen_ = false;
 };
 
 TEST_F(MessageBox, CentresAnyFormWithoutLoadingItself) {
@@ -240,7 +249,7 @@ TEST_F(MessageBox, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheBoxGoes) {
 TEST_F(MessageBox, ErrorOfAHandlerReachesTheCallerAndLeavesNothingOpen) {
     runtime::SetMousePointer(runtime::kHourglassPointer);
     const auto failing = [](MemoryWindow&) { throw runtime::Error(runtime::kOverflow); };
-    EXPECT_THROW(Ask(8, failing), runtime::Error);
+    EXPECT_EQ(tests::ErrorOf([&] { Ask(8, failing); }), runtime::kOverflow);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
     EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
 }
@@ -259,7 +268,7 @@ TEST_F(MessageBox, QuestionInsideAQuestionHasItsOwnAnswer) {
 TEST_F(MessageBox, ShowMeOfAnOpenBoxIsRefusedAndDoesNotTouchIt) {
     frmQMXMsgBox box;
     memory_.windows.Post([&] {
-        EXPECT_THROW(box.ShowMe(u"again", 0, u"again"), runtime::Error);
+        EXPECT_EQ(tests::ErrorOf([&] { box.ShowMe(u"again", 0, u"again"); }), runtime::kFormAlreadyDisplayed);
         EXPECT_EQ(box.Caption(), u"Title");
         memory_.windows.Last().Events().Clicked(2);
     });

@@ -1,6 +1,8 @@
 #include "host/HostCommandLine.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <utility>
 #include <vector>
 
 #include "runtime/Ports.h"

@@ -35,6 +35,10 @@ std::size_t LoadedWindowCount() {
 
 void ForgetForms() {
     while (LoadedWindowCount() > 0) runtime::LoadedForms().At(LoadedWindowCount() - 1).Forget();
+    if (!mainForm) return;
+    // It may have been on its way in or out, without a window.
+    mainForm->Forget();
+    mainForm->GiveUpClaim();
 }
 
 void ReleaseProcess() {

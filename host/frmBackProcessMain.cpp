@@ -1,6 +1,7 @@
 #include "host/frmBackProcessMain.h"
 
 #include <exception>
+#include <utility>
 
 #include "routing/CommandInterpreter.h"
 #include "routing/CommandText.h"
@@ -75,6 +76,10 @@ void frmBackProcessMain::SetForm(runtime::Form& form) {
     services::SetForm(form);
 }
 
+void frmBackProcessMain::GiveUpClaim() {
+    firstInstance_.reset();
+}
+
 void frmBackProcessMain::EditMsgLine(StringView text) {
     msgLine_.SetText(text);
     msgLine_.Refresh();
@@ -89,7 +94,7 @@ void frmBackProcessMain::AP_SendCmd(String& module, String& command) {
 }
 
 void frmBackProcessMain::AP_SendCmdAll(String& command) {
-    String module(routing::kOwnModuleName);
+    String module(services::kOwnModuleName);
     notifyClass_.Raise(module, command);
 }
 
@@ -149,14 +154,14 @@ void frmBackProcessMain::OnUnload(bool& /*cancel*/) {
     // No step is left out for an error of another one: the clients are told in any case.
     runtime::FirstError error;
     error.Run([] { routing::PublishModuleState(0, 0); });
-    error.Run([this] { services::CloseHelp(Handle()); });
+    error.Run([this] { services::CloseHelp(handle_); });
     Unloading others;
     while (others.HasMore()) {
         error.Run([] { runtime::DoEvents(); });
         others.UnloadLast(error);
     }
     error.Run([this] {
-        String module(routing::kOwnModuleName);
+        String module(services::kOwnModuleName);
         String command(u"SHUTDOWN");
         notifyClass_.Raise(module, command);
     });

@@ -26,6 +26,8 @@ class frmBackProcessMain : public runtime::Form {
 
     /// Moves `form` to the middle of the screen; a form that is larger moves down and right.
     static void SetForm(runtime::Form& form);
+    /// For a form that went without its unload: another process may be the first instance now.
+    void GiveUpClaim();
     /// Puts `text` into the status line and shows it at once.
     void EditMsgLine(StringView text);
 

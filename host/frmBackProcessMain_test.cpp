@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/ProcessLife.h"
 #include "routing/ModuleList.h"
 #include "runtime/Screen.h"
 #include "services/ProcessValues.h"
@@ -349,6 +350,15 @@ TEST_F(MainFormCommands, ErrorOfAListenerReachesTheCallerAfterAllWereTold) {
     String text = u"x";
     EXPECT_EQ(tests::ErrorOf([&] { form_.AP_SendCmdAll(text); }), runtime::kInvalidProcedureCall);
     EXPECT_EQ(told, 1);
+}
+
+TEST_F(MainFormInMemory, GivesUpItsClaimWhenItsThreadIsGone) {
+    form_.EnsureLoaded();
+    EXPECT_EQ(memory_.process.HeldClaims(), 1);
+    ForgetForms();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(memory_.process.HeldClaims(), 0);
+    EXPECT_THAT(heard_, ElementsAre());
 }
 
 }  // namespace

@@ -3,15 +3,16 @@
 #include <exception>
 #include <memory>
 #include <new>
+#include <optional>
 
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"
 #include "kernel_api/Splitter.h"
-#include "routing/ModuleList.h"
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "services/Localisation.h"
 #include "services/MessageTexts.h"
+#include "services/ProcessValues.h"
 
 namespace routing {
 namespace {
@@ -37,7 +38,7 @@ void TakeDesignName(const CommandReceiver& /*receiver*/) {
     CurrentDesignName = runtime::Trim(TextAt(kernel.O_GetName(kernel.DB_DataBase())));
 }
 
-void Leave(const CommandReceiver& receiver) {
+void UnloadUnlessStaying(const CommandReceiver& receiver) {
     if (!receiver.staysLoaded) receiver.unloadAllForms();
 }
 
@@ -56,15 +57,15 @@ struct Verb {
 
 /// In the order in which a command's verb is compared with them.
 constexpr Verb kVerbs[] = {
-    {u"SAVE", TakeDesignName}, {u"RD", DoNothing},       {u"OPEN", TakeDesignName}, {u"UP", DoNothing}, {u"EX", Leave},
-    {u"LZ", SwitchLanguage},   {u"FMVHDLED", DoNothing},
+    {u"SAVE", TakeDesignName},    {u"RD", DoNothing},      {u"OPEN", TakeDesignName}, {u"UP", DoNothing},
+    {u"EX", UnloadUnlessStaying}, {u"LZ", SwitchLanguage}, {u"FMVHDLED", DoNothing},
 };
 
 void Interpret(StringView command, const CommandReceiver& receiver) {
     kernel_api::FieldParser& parser = Parser();
     parser.SetText(command);
-    // The parser is asked anew for each comparison, whatever the first one gave.
-    const bool isForThisModule = parser.Field(1) == kOwnModuleName;
+    // Two requests for the first field, even if the first one settles it: the order of calls is what parsers rely on.
+    const bool isForThisModule = parser.Field(1) == services::kOwnModuleName;
     const bool isForAll = parser.Field(1) == u"All";
     if (!isForThisModule && !isForAll) return;
     const StringView name = parser.Field(2);
@@ -89,17 +90,22 @@ void Show(const String& description) {
     services::ShowMessage(description, 0);
 }
 
-/// What is no error of the runtime is shown under the numbers that it has at the component's edge.
-void ShowFailure(const std::exception_ptr& failure) {
+/// None for the silent error. What is no error of the runtime has the number that it has at the component's edge.
+std::optional<String> MessageFor(const std::exception_ptr& failure) {
     try {
         std::rethrow_exception(failure);
     } catch (const Error& error) {
-        if (error.Number() != runtime::kSilent) Show(error.Description());
+        return error.Number() == runtime::kSilent ? std::nullopt : std::optional(error.Description());
     } catch (const std::bad_alloc&) {
-        Show(runtime::StandardDescription(runtime::kOutOfMemory));
+        return runtime::StandardDescription(runtime::kOutOfMemory);
     } catch (...) {
-        Show(runtime::StandardDescription(runtime::kInternalError));
+        return runtime::StandardDescription(runtime::kInternalError);
     }
+}
+
+void ShowFailure(const std::exception_ptr& failure) {
+    const std::optional<String> message = MessageFor(failure);
+    if (message) Show(*message);
 }
 
 // The failure is kept as it is: when memory is short even a copy of it could fail, and the forms must go all the same.

@@ -2,8 +2,13 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+#include <memory>
 #include <new>
 #include <stdexcept>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "kernel_api/dev/BuiltInReader.h"
 #include "kernel_api/dev/BuiltInSplitter.h"

@@ -1,6 +1,7 @@
 #include "routing/FieldSplitter.h"
 
 #include <chrono>
+#include <cstddef>
 #include <thread>
 #include <utility>
 
@@ -12,9 +13,6 @@ namespace routing {
 
 using runtime::String;
 using runtime::StringView;
-
-std::vector<String> FieldTexts;
-std::vector<double> FieldValues;
 
 namespace {
 
@@ -47,8 +45,8 @@ const Entry& EntryOf(const std::vector<Entry>& entries, std::int32_t index) {
 
 }  // namespace
 
-void SplitFields(const String& text) {
-    // Kept until the end, because `text` may be one of its entries.
+void SplitFields(StringView text) {
+    // Kept until the end, because `text` may lie in one of its entries.
     const std::vector<String> previous = std::exchange(FieldTexts, std::vector<String>(1));
     FieldValues.assign(1, 0);
     for (kernel_api::CommaFields fields(text); !fields.AtEnd();) {

@@ -10,16 +10,16 @@
 namespace routing {
 
 /// The fields' texts: entry i (from 1) is field i, entry 0 stays empty. No entries before the first split.
-extern std::vector<runtime::String> FieldTexts;
+inline std::vector<runtime::String> FieldTexts;
 /// Entry 0 is the number of fields, entry i the number that field i's text starts with.
-extern std::vector<double> FieldValues;
+inline std::vector<double> FieldValues;
 
 /// Splits `text` into FieldTexts and FieldValues, whose previous contents are gone. What lies between a closing quote
 /// and the next comma belongs to the field, but then the character before the comma does not. The last character
 /// of the text neither opens a quoted field nor ends one: `"A",` is the one field `A"`.
 /// Never returns for a text whose quoted field is not closed. Error 6 for a number that is too large: the count is
 /// then 0, and the arrays end with that field.
-void SplitFields(const runtime::String& text);
+void SplitFields(runtime::StringView text);
 
 /// The number that `text` starts with, its first comma read as a period; 0 for none. Error 6 when it is too large.
 double FieldToNumber(runtime::StringView text);

@@ -5,9 +5,10 @@
 #include <chrono>
 #include <cstdlib>
 #include <thread>
-#include <utility>
+#include <vector>
 
 #include "runtime/Error.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/SlowFieldSplitter.h"
 
 namespace routing {
@@ -16,6 +17,7 @@ namespace {
 using runtime::String;
 using runtime::StringView;
 using runtime::ToUtf8;
+using tests::ErrorOf;
 
 struct Row {
     const char16_t* text;
@@ -100,24 +102,12 @@ const StringView kEndless[] = {uR"("A)",     uR"(",)",      uR"(A,"B)", uR"("A",
 
 class FieldSplitter : public testing::Test {
  protected:
-    void SetUp() override { ResetFieldSplitter(); }
     void TearDown() override { ResetFieldSplitter(); }
 };
 
 std::vector<String> WithEntryZero(std::vector<String> fields) {
     fields.insert(fields.begin(), String());
     return fields;
-}
-
-/// The number of the error that `action` throws; 0 for none.
-template <typename Action>
-std::int32_t ErrorOf(Action&& action) {
-    try {
-        action();
-    } catch (const runtime::Error& error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 TEST_F(FieldSplitter, SplitsEveryRowOfTheTable) {
@@ -132,18 +122,20 @@ TEST_F(FieldSplitter, SplitsEveryRowOfTheTable) {
 TEST_F(FieldSplitter, AgreesWithTheSlowSplitterThatTheFuzzerUses) {
     for (const Row& row : Rows()) {
         SplitFields(row.text);
-        const test_support::SlowFields slow = test_support::SlowFieldSplitter::Split(row.text);
+        const tests::SlowFields slow = tests::SlowFieldSplitter::Split(row.text);
         EXPECT_EQ(slow.texts, WithEntryZero(row.fields)) << ToUtf8(row.text);
         EXPECT_EQ(slow.values, FieldValues) << ToUtf8(row.text);
-        EXPECT_FALSE(slow.isEndless || test_support::NeverReturns(row.text)) << ToUtf8(row.text);
+        EXPECT_FALSE(slow.isEndless || tests::NeverReturns(row.text)) << ToUtf8(row.text);
     }
     for (const StringView text : kEndless) {
-        EXPECT_TRUE(test_support::SlowFieldSplitter::Split(text).isEndless) << ToUtf8(text);
-        EXPECT_TRUE(test_support::NeverReturns(text)) << ToUtf8(text);
+        EXPECT_TRUE(tests::SlowFieldSplitter::Split(text).isEndless) << ToUtf8(text);
+        EXPECT_TRUE(tests::NeverReturns(text)) << ToUtf8(text);
     }
 }
 
-TEST_F(FieldSplitter, HasNoEntriesAtTheStart) {
+TEST_F(FieldSplitter, HasNoEntriesAfterAReset) {
+    SplitFields(u"1,2,3");
+    ResetFieldSplitter();
     EXPECT_TRUE(FieldTexts.empty());
     EXPECT_TRUE(FieldValues.empty());
 }
@@ -224,11 +216,13 @@ TEST(FieldToNumber, IgnoresTheLeadingBlankOfWrittenNumbers) {
 
 constexpr int kStillRunning = 42;
 constexpr int kReturned = 43;
+constexpr std::chrono::milliseconds kLongEnough{500};
+constexpr std::chrono::seconds kHang{30};
 
 /// Splits in a process of its own, which this ends after a while.
-[[noreturn]] void SplitUnderWatch(const String& text) {
-    std::thread([] {
-        std::this_thread::sleep_for(std::chrono::milliseconds(500));
+[[noreturn]] void SplitUnderWatch(const String& text, std::chrono::milliseconds watch) {
+    std::thread([watch] {
+        std::this_thread::sleep_for(watch);
         std::_Exit(kStillRunning);
     }).detach();
     SplitFields(text);
@@ -236,12 +230,12 @@ constexpr int kReturned = 43;
 }
 
 TEST(FieldSplitterDeathTest, NeverReturnsWithoutTheClosingQuote) {
-    EXPECT_EXIT(SplitUnderWatch(uR"("A,B)"), testing::ExitedWithCode(kStillRunning), "");
-    EXPECT_EXIT(SplitUnderWatch(uR"(A,"B",C,"D)"), testing::ExitedWithCode(kStillRunning), "");
+    EXPECT_EXIT(SplitUnderWatch(uR"("A,B)", kLongEnough), testing::ExitedWithCode(kStillRunning), "");
+    EXPECT_EXIT(SplitUnderWatch(uR"(A,"B",C,"D)", kLongEnough), testing::ExitedWithCode(kStillRunning), "");
 }
 
 TEST(FieldSplitterDeathTest, ReturnsWithTheClosingQuote) {
-    EXPECT_EXIT(SplitUnderWatch(uR"(A,"B",C,"D")"), testing::ExitedWithCode(kReturned), "");
+    EXPECT_EXIT(SplitUnderWatch(uR"(A,"B",C,"D")", kHang), testing::ExitedWithCode(kReturned), "");
 }
 
 }  // namespace

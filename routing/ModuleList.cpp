@@ -1,5 +1,7 @@
 #include "routing/ModuleList.h"
 
+#include <cstddef>
+
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"
 #include "routing/FieldSplitter.h"
@@ -20,8 +22,10 @@ using runtime::String;
 constexpr std::int32_t kSpareA = 0;
 constexpr std::int32_t kSpareB = 0;
 
-void SizeModuleNames(std::int32_t count) {
+/// Makes room for `count` names, none of which is known yet.
+void StartModuleNames(std::int32_t count) {
     ModuleNames.assign(static_cast<std::size_t>(count) + 1, String());
+    ModuleCount = count;
     OwnModuleIndex = 0;
 }
 
@@ -35,26 +39,24 @@ String StateRecord(std::int32_t extra) {
 }  // namespace
 
 void ReadModuleList() {
-    SizeModuleNames(0);
-    ModuleCount = 0;
+    StartModuleNames(0);
     InterModuleMessage = runtime::CurrentPorts().windows.RegisterMessage(u"PELORIX");
     const kernel_api::TextPointer list = kernel_api::CurrentKernel().E_GetString(u"AllAps");
     if (list <= 0) return;
     const String text = kernel_api::CurrentReader().TextAt(list);
     if (text.empty()) return;
     SplitFields(text);
-    ModuleCount = runtime::ToInt32(FieldValue(0));
-    SizeModuleNames(ModuleCount);
+    StartModuleNames(runtime::ToInt32(FieldValue(0)));
     for (std::int32_t i = 1; i <= ModuleCount; ++i) {
         String& name = ModuleNames[static_cast<std::size_t>(i)];
         name = FieldText(i);
-        if (name == kOwnModuleName) OwnModuleIndex = i;
+        if (name == services::kOwnModuleName) OwnModuleIndex = i;
     }
 }
 
 void PublishModuleState(std::int32_t active, std::int32_t extra) {
     String record = active == 0 ? String() : StateRecord(extra);
-    kernel_api::CurrentKernel().E_SetString(kOwnModuleName, record);
+    kernel_api::CurrentKernel().E_SetString(services::kOwnModuleName, record);
 }
 
 bool IsFormShown(runtime::Form& form) {

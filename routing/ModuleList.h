@@ -13,22 +13,21 @@ class Form;
 
 namespace routing {
 
-/// This module's name: its entry in the list, the kernel key of its state, an addressee of commands.
-inline constexpr runtime::StringView kOwnModuleName = u"K4TBACKPROCESS";
-
 /// Number of the message registered under "PELORIX"; kept so that all modules agree on it, never sent from here.
 inline std::uint32_t InterModuleMessage = 0;
 /// Entries 1..ModuleCount are the modules' names in list order; entry 0 stays empty. No entries before the first read.
 inline std::vector<runtime::String> ModuleNames;
 inline std::int32_t ModuleCount = 0;
-/// Index of kOwnModuleName in ModuleNames, the last one if it is there more than once; 0 when absent.
+/// Index of services::kOwnModuleName in ModuleNames, the last one if it is there more than once; 0 when absent.
 inline std::int32_t OwnModuleIndex = 0;
 
-/// Registers the shared message and reads the kernel string "AllAps". The errors of the field splitter pass.
+/// Registers the shared message and reads the kernel string "AllAps". The errors of kernel, reader and field splitter
+/// pass.
 void ReadModuleList();
 
 /// Publishes the main form's caption and window state together with `extra` under the module's name, or the empty
-/// string when `active` is 0: the module is not running. Error 91 when there is no main form.
+/// string when `active` is 0: the module is not running. Else the main form is loaded if it is not; error 91 when there
+/// is none. The errors of the kernel pass.
 void PublishModuleState(std::int32_t active, std::int32_t extra);
 
 /// `form` is among the loaded forms and visible. Does not load it.

@@ -6,7 +6,9 @@
 #include "routing/FieldSplitter.h"
 #include "runtime/Form.h"
 #include "services/ProcessValues.h"
+#include "tests/support/BrokenReader.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/ReaderInUse.h"
 
 namespace routing {
 namespace {
@@ -64,6 +66,28 @@ TEST_F(ReadingTheModuleList, MissingListLeavesNoModules) {
     EXPECT_EQ(ModuleCount, 0);
     EXPECT_EQ(OwnModuleIndex, 0);
     EXPECT_THAT(ModuleNames, ElementsAre(u""));
+}
+
+/// A kernel whose strings lie at an address that means none.
+class KernelWithoutText : public kernel_api::dev::InMemoryKernel {
+ public:
+    explicit KernelWithoutText(kernel_api::TextPointer none) : none_(none) {}
+    kernel_api::TextPointer E_GetString(runtime::StringView /*key*/) override { return none_; }
+
+ private:
+    kernel_api::TextPointer none_;
+};
+
+TEST_F(ReadingTheModuleList, AddressOfZeroOrBelowIsNotRead) {
+    tests::BrokenReader broken;
+    const tests::ReaderInUse inUse(broken);
+    for (const kernel_api::TextPointer none : {0, -5}) {
+        KernelWithoutText kernel(none);
+        kernel_api::UseKernel(&kernel);
+        EXPECT_EQ(tests::ErrorOf([] { ReadModuleList(); }), 0) << none;
+        EXPECT_EQ(ModuleCount, 0) << none;
+        kernel_api::UseKernel(&kernel_);
+    }
 }
 
 TEST_F(ReadingTheModuleList, EmptyListForgetsTheEarlierOne) {

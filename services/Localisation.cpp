@@ -1,6 +1,8 @@
 #include "services/Localisation.h"
 
 #include <cmath>
+#include <utility>
+#include <variant>
 
 #include "runtime/Error.h"
 #include "runtime/Form.h"
@@ -115,19 +117,21 @@ Font NewFont(const UiFont& uiFont) {
 }
 
 void ApplyFont(Properties& control, const UiFont& uiFont, const Font& font) {
-    control.Put(u"FontName", uiFont.name);
-    for (const StringView object : {u"Font", u"HeadFont", u"ControlFont"}) {
-        control.PutOfFont(object, u"Name", uiFont.name);
-    }
-    control.Put(u"Font", font);
-    control.Put(u"TabStop", false);
-    control.Put(u"HeadFont", font);
-    control.Put(u"Charset", uiFont.characterSet);
-    for (const StringView object : {u"Font", u"ControlFont"}) {
-        control.PutOfFont(object, u"Charset", uiFont.characterSet);
-    }
-    control.Put(u"FontBold", false);
-    control.Put(u"Bold", false);
+    const auto put = [&control](StringView name, const PropertyValue& value) {
+        runtime::SkipError([&] { control.Put(name, value); });
+    };
+    const auto putOfFont = [&control](StringView object, StringView name, const PropertyValue& value) {
+        runtime::SkipError([&] { control.PutOfFont(object, name, value); });
+    };
+    put(u"FontName", uiFont.name);
+    for (const StringView object : {u"Font", u"HeadFont", u"ControlFont"}) putOfFont(object, u"Name", uiFont.name);
+    put(u"Font", font);
+    put(u"TabStop", false);
+    put(u"HeadFont", font);
+    put(u"Charset", uiFont.characterSet);
+    for (const StringView object : {u"Font", u"ControlFont"}) putOfFont(object, u"Charset", uiFont.characterSet);
+    put(u"FontBold", false);
+    put(u"Bold", false);
 }
 
 void LocaliseCaption(Properties& control) {
@@ -185,7 +189,7 @@ void LocaliseForm(runtime::Form& form) {
 }
 
 void LocaliseControl(Properties& control, const Font& font) {
-    runtime::SkipError([&] { ApplyFont(control, processValues.uiFont, font); });
+    ApplyFont(control, processValues.uiFont, font);
     runtime::SkipError([&] { LocaliseCaption(control); });
 }
 

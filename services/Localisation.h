@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "runtime/WindowsPort.h"
+#include "runtime/NativeHandle.h"
 
 namespace runtime {
 struct Font;
@@ -36,20 +36,20 @@ enum class FontRule {
     kStockFont,
 };
 
-/// The system's own font had to be asked for its face.
-inline bool ReleasesContext(FontRule rule) {
+/// The choice that `rule` decided has released the context that it was given.
+constexpr bool ReleasesContext(FontRule rule) {
     return rule == FontRule::kIconTitleFont || rule == FontRule::kStockFont;
 }
 
 /// Decides the process's user-interface font by the system's locale. `deviceContext`, a context of `window`, is
-/// released if the deciding rule is one that does so, and only then.
+/// released if the deciding rule is one that does so, and only then. Errors of the fonts pass; the former font stays.
 FontRule ChooseUiFont(runtime::NativeHandle window, runtime::NativeHandle deviceContext);
 /// The same as it is on a system of the locale `systemLcid`.
 FontRule ChooseUiFontFor(std::int32_t systemLcid, runtime::NativeHandle window, runtime::NativeHandle deviceContext);
 
 /// Gives a form and its controls the captions of their tags, the current caption being the default, and all the
 /// controls the user-interface font without bold, and no tab stop. Turns a light grey form into the system's button
-/// colour. What fails is passed over.
+/// colour. What fails is passed over, but for the form's loading, whose errors pass.
 void LocaliseForm(runtime::Form& form);
 /// The same for one control; `font` is a font with the name, size and character set of the user-interface font. A
 /// control has few of the properties that are tried: it refuses the others, and the next one is tried.

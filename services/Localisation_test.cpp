@@ -4,6 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdio>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
 #include "runtime/Form.h"
 #include "runtime/LateBound.h"
 #include "services/ProcessValues.h"

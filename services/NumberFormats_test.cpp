@@ -5,9 +5,7 @@
 namespace services {
 namespace {
 
-TEST(NumberFormats, AreEmptyUntilSetUp) {
-    numberFormats = {};
-    EXPECT_TRUE(numberFormats.coordinate.empty());
+TEST(NumberFormats, SetUpGivesTheSuitesPatterns) {
     InitNumberFormats();
     EXPECT_EQ(numberFormats.coordinate, u"#0.0000#");
     EXPECT_EQ(numberFormats.value, u"###0.000#");

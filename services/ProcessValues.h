@@ -14,6 +14,10 @@ namespace services {
 using runtime::String;
 using runtime::StringView;
 
+/// This component as a module of the suite: its entry in the list of modules, the kernel key of its state, an addressee
+/// of commands, the section of its settings.
+inline constexpr StringView kOwnModuleName = u"K4TBACKPROCESS";
+
 /// The font for every control; empty until it is chosen.
 struct UiFont {
     String name;

@@ -1,5 +1,7 @@
 #include "services/QMXHLP.h"
 
+#include <cstddef>
+
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "runtime/Ports.h"
@@ -18,6 +20,10 @@ NativeHandle MainWindow() {
 }
 
 }  // namespace
+
+String HelpFileOfInstallation() {
+    return runtime::Trim(processValues.installFolder + u"\\Marlentine.HLP");
+}
 
 String CompiledHelpName() {
     constexpr std::size_t kExtension = 3;

@@ -5,9 +5,13 @@
 
 #include <cstdint>
 
-#include "runtime/WindowsPort.h"
+#include "runtime/NativeHandle.h"
+#include "runtime/Text.h"
 
 namespace services {
+
+/// The name of the suite's help file in ProcessValues::installFolder, as ProcessValues::helpFilePath holds it.
+runtime::String HelpFileOfInstallation();
 
 /// The file that is opened. Error 5 while the help file name has less than three characters.
 runtime::String CompiledHelpName();
@@ -21,7 +25,8 @@ void ShowHelpContents();
 /// which callers name, are not used: there is one help file, and it opens at its contents.
 void ShowHelpTopic(runtime::StringView file, std::int32_t topic, std::int16_t& wanted);
 
-/// Closes all help windows when ShowHelpTopic has opened help since the last call.
+/// Closes all help windows when ShowHelpTopic has opened help since the last call. An error of the viewer passes; the
+/// next call does nothing all the same.
 void CloseHelp(runtime::NativeHandle window);
 
 }  // namespace services

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <optional>
+#include <vector>
 
 #include "runtime/Error.h"
 #include "services/ProcessValues.h"

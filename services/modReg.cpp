@@ -1,5 +1,7 @@
 #include "services/modReg.h"
 
+#include <optional>
+
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"
 #include "runtime/Error.h"
@@ -16,7 +18,6 @@ namespace {
 using runtime::CurrentPorts;
 
 constexpr StringView kPlacementApplication = u"Pelorix";
-constexpr StringView kPlacementSection = u"K4TBACKPROCESS";
 constexpr std::int16_t kScaleTwips = 1;
 constexpr std::int32_t kUsable = 0;
 constexpr std::int32_t kNotUsable = 1;
@@ -52,13 +53,25 @@ void Publish(StringView key, String& value) {
 bool IsBareDrive(StringView path) {
     const bool hasForm = path.size() == 2 || (path.size() == 3 && path[2] == u'\\');
     // Z is left out on purpose: it goes to the disk like any folder.
-    return hasForm && path[1] == u':' && path[0] > 64 && path[0] < 90;
+    return hasForm && path[1] == u':' && path[0] >= u'A' && path[0] <= u'Y';
 }
 
-void ReportUnusableFolder(const String& path, const runtime::Error& error) {
+/// Makes `path` the current folder and then `before` again. The description of the error if that fails.
+std::optional<String> FailureOfVisit(const String& path, const String& before) {
+    runtime::FilesPort& files = CurrentPorts().files;
+    try {
+        files.ChangeFolder(path);
+        files.ChangeFolder(before);
+        return std::nullopt;
+    } catch (const runtime::Error& error) {
+        return error.Description();
+    }
+}
+
+void ReportUnusableFolder(const String& path, const String& failure) {
     const String before = GetLocalText(kFolderLead);
     const String after = GetLocalText(kFolderNotAvailable);
-    ShowMessage(before + path + after, kExclamation | kSystemModal, error.Description());
+    ShowMessage(before + path + after, kExclamation | kSystemModal, failure);
 }
 
 }  // namespace
@@ -101,10 +114,6 @@ String GetInstallFolder() {
     return CurrentPorts().process.ComponentFolder();
 }
 
-String HelpFileOfInstallation() {
-    return runtime::Trim(processValues.installFolder + u"\\Marlentine.HLP");
-}
-
 String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue) {
     return CurrentPorts().settings.Get(appName, section, key).value_or(String(defaultValue));
 }
@@ -114,28 +123,22 @@ void SaveAppSetting(StringView appName, StringView section, StringView key, Stri
 }
 
 void CheckFolder(String& path, std::int32_t& result) {
-    runtime::FilesPort& files = CurrentPorts().files;
-    const String before = files.CurrentFolder();
+    const String before = CurrentPorts().files.CurrentFolder();
     path = CurrentPorts().locale.UpperCase(path);
     if (IsBareDrive(path)) {
         result = kUsable;
         return;
     }
-    try {
-        files.ChangeFolder(path);
-        files.ChangeFolder(before);
-        result = kUsable;
-    } catch (const runtime::Error& error) {
-        ReportUnusableFolder(path, error);
-        result = kNotUsable;
-    }
+    const std::optional<String> failure = FailureOfVisit(path, before);
+    result = failure ? kNotUsable : kUsable;
+    if (failure) ReportUnusableFolder(path, *failure);
 }
 
 void SaveWindowPlacement(runtime::Form& form) {
     const std::int16_t scaleMode = form.ScaleMode();
     form.SetScaleMode(kScaleTwips);
     const auto save = [&form](StringView suffix, runtime::Twips value) {
-        SaveAppSetting(kPlacementApplication, kPlacementSection, form.Name() + String(suffix),
+        SaveAppSetting(kPlacementApplication, kOwnModuleName, form.Name() + String(suffix),
                        runtime::PlainDecimal(value));
     };
     save(u"_TOP", form.Top());

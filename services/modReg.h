@@ -23,9 +23,9 @@ inline constexpr StringView kSettingsApplication = u"Marlento";
 /// A setting of the suite that this component reads.
 struct SuiteSetting {
     StringView key;
-    StringView meaning;
+    StringView meaning;            ///< in a few words, for people
     String ProcessValues::*value;  ///< where it is kept
-    bool isProductFolder;          ///< the default is "C:\\<product's name>" followed by `defaultText`
+    bool isProductFolder;          ///< the default is C:\, the product's name and `defaultText`
     StringView defaultText;
 };
 
@@ -38,16 +38,14 @@ String DefaultOf(const SuiteSetting& setting);
 /// Reads the folders for job, library, system and secondary job, then publishes the first two. Each published value is
 /// taken back from the kernel. The errors of kernel and reader pass.
 void LoadDirectories();
-/// Reads product name, maker, copyright holder, version, revision and range, then publishes the first three.
+/// Reads product name, maker, copyright holder, version, revision and range, then publishes the first three. Errors as
+/// above.
 void LoadProductIdentity();
 
-/// The product's name as the kernel has it now; "" when it has none.
+/// The product's name as the kernel has it now; "" when it has none. The errors of kernel and reader pass.
 String GetProductName();
 /// The folder that holds the component's own file, without a final backslash unless it is a drive's root.
 String GetInstallFolder();
-
-/// The name of the suite's help file in ProcessValues::installFolder, as ProcessValues::helpFilePath holds it.
-String HelpFileOfInstallation();
 
 /// A per-user setting of the runtime, or `defaultValue`.
 String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue);
@@ -55,10 +53,10 @@ void SaveAppSetting(StringView appName, StringView section, StringView key, Stri
 
 /// Upper-cases `path` in place, then sets `result` to 0 when the folder is usable, else to 1 after a message. The bare
 /// drives A to Y are accepted unseen. The current folder stays what it was; a folder after which it cannot be restored
-/// counts as not usable.
+/// counts as not usable. The errors of the report pass; `result` is 1 then.
 void CheckFolder(String& path, std::int32_t& result);
 
-/// Writes the form's top, left, height and width in twips to the per-user settings.
+/// Writes the form's top, left, height and width in twips to the per-user settings. Error 5 when they refuse it.
 void SaveWindowPlacement(runtime::Form& form);
 
 }  // namespace services

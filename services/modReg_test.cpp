@@ -3,9 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <string_view>
+#include <vector>
+
 #include "runtime/Form.h"
 #include "services/ProcessValues.h"
+#include "tests/support/BrokenReader.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/ReaderInUse.h"
 #include "tests/support/RecordingReader.h"
 
 namespace services {
@@ -13,6 +18,7 @@ namespace {
 
 using runtime::headless::MemorySettings;
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 using ::testing::Pair;
 using ::testing::UnorderedElementsAre;
 
@@ -82,7 +88,21 @@ TEST_F(LoadingDirectories, KernelFailurePasses) {
     EXPECT_EQ(tests::ErrorOf([] { LoadDirectories(); }), runtime::kFileNotFound);
 }
 
+TEST_F(LoadingDirectories, ReadersFailurePassesAndNothingIsPublished) {
+    tests::BrokenReader broken;
+    const tests::ReaderInUse inUse(broken);
+    EXPECT_EQ(tests::ErrorOf([] { LoadDirectories(); }), runtime::kPropertyNotSupported);
+    EXPECT_EQ(Kept(u"JobDir"), u"(none)");
+}
+
 class LoadingProductIdentity : public ModReg {};
+
+TEST_F(LoadingProductIdentity, ReadersFailurePassesAndNothingIsPublished) {
+    tests::BrokenReader broken;
+    const tests::ReaderInUse inUse(broken);
+    EXPECT_EQ(tests::ErrorOf([] { LoadProductIdentity(); }), runtime::kPropertyNotSupported);
+    EXPECT_THAT(kernel_.Log(), IsEmpty());
+}
 
 TEST_F(LoadingProductIdentity, HasDefaults) {
     LoadProductIdentity();
@@ -225,13 +245,20 @@ TEST_F(CheckingFolders, FolderFromWhichThereIsNoWayBackIsReportedWithThatError) 
 
 TEST_F(CheckingFolders, TextsOfTheReportAreAskedForByTheirIdentifiers) {
     tests::RecordingReader recording(reader_);
-    kernel_api::UseReader(&recording);
+    const tests::ReaderInUse inUse(recording);
     memory_.messageBox.answers = {1};
     CheckOf(u"C:\\no");
-    kernel_api::UseReader(&reader_);
     // The blank behind each identifier belongs to it.
     EXPECT_THAT(recording.Asked(),
                 UnorderedElementsAre(Pair(u"Path: ", u"991019 "), Pair(u" not available", u"99961 ")));
+}
+
+TEST_F(CheckingFolders, FolderIsNotUsableThoughItsReportFails) {
+    String path = u"C:\\no";
+    std::int32_t result = 0;
+    // Nobody answers the message, which is error 51 here.
+    EXPECT_EQ(tests::ErrorOf([&] { CheckFolder(path, result); }), runtime::kInternalError);
+    EXPECT_EQ(result, 1);
 }
 
 class SavingPlacement : public ModReg {
@@ -261,6 +288,31 @@ TEST_F(SavingPlacement, KeepsTheScaleModeOfTheForm) {
     form_.SetScaleMode(3);
     SaveWindowPlacement(form_);
     EXPECT_EQ(form_.ScaleMode(), 3);
+}
+
+/// Notes the form's scale mode at each setting saved.
+class ScaleModeSettings : public runtime::headless::MemorySettings {
+ public:
+    explicit ScaleModeSettings(runtime::Form& form) : form_(form) {}
+    void Save(StringView application, StringView section, StringView key, StringView value) override {
+        scaleModes.push_back(form_.ScaleMode());
+        MemorySettings::Save(application, section, key, value);
+    }
+    std::vector<std::int16_t> scaleModes;
+
+ private:
+    runtime::Form& form_;
+};
+
+TEST_F(SavingPlacement, SwitchesTheFormToTwipsMeanwhile) {
+    ScaleModeSettings settings(form_);
+    const runtime::Ports ports{ports_.windows, settings,     ports_.files,      ports_.process,
+                               ports_.locale,  ports_.fonts, ports_.messageBox, ports_.help};
+    form_.SetScaleMode(3);
+    runtime::UsePorts(&ports);
+    SaveWindowPlacement(form_);
+    runtime::UsePorts(&ports_);
+    EXPECT_THAT(settings.scaleModes, ElementsAre(1, 1, 1, 1));
 }
 
 TEST_F(SavingPlacement, IsDoneWhateverTheWindowState) {

@@ -31,7 +31,7 @@ String TakeText(FuzzedDataProvider& data) {
 /// The number of fields that `parser`'s text must have, all of them as the slow splitter gives them; the rest behind an
 /// unclosed quote is the last one.
 std::size_t CheckFields(kernel_api::FieldParser& parser, const String& text) {
-    const test_support::SlowFields slow = test_support::SlowFieldSplitter::Split(text);
+    const tests::SlowFields slow = tests::SlowFieldSplitter::Split(text);
     std::size_t begin = 0;
     const std::size_t closedFields = slow.error == 0 ? slow.texts.size() - 1 : 0;
     for (std::size_t i = 1; i <= closedFields; ++i) {

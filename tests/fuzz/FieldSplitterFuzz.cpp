@@ -55,9 +55,9 @@ std::int32_t Split(const String& text) {
 }
 
 void CheckAnyText(const String& text) {
-    const test_support::SlowFields slow = test_support::SlowFieldSplitter::Split(text);
+    const tests::SlowFields slow = tests::SlowFieldSplitter::Split(text);
     if (slow.error == 0) {
-        Require(slow.isEndless == test_support::NeverReturns(text), "endless exactly when the walk through says so");
+        Require(slow.isEndless == tests::NeverReturns(text), "endless exactly when the walk through says so");
     }
     if (slow.isEndless) return;
     Require(Split(text) == slow.error, "same error as the slow splitter");

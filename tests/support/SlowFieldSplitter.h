@@ -10,7 +10,7 @@
 #include "runtime/Numbers.h"
 #include "runtime/Text.h"
 
-namespace test_support {
+namespace tests {
 
 struct SlowFields {
     std::vector<runtime::String> texts;
@@ -155,4 +155,4 @@ inline bool NeverReturns(runtime::StringView text) {
     return !isOpenedByLast;
 }
 
-}  // namespace test_support
+}  // namespace tests

@@ -1,0 +1,21 @@
+// Another reader in the place of the current one, until the end of the block.
+#pragma once
+
+#include "kernel_api/Reader.h"
+
+namespace tests {
+
+class ReaderInUse {
+ public:
+    explicit ReaderInUse(kernel_api::Reader& reader) : former_(kernel_api::CurrentReader()) {
+        kernel_api::UseReader(&reader);
+    }
+    ~ReaderInUse() { kernel_api::UseReader(&former_); }
+    ReaderInUse(const ReaderInUse&) = delete;
+    ReaderInUse& operator=(const ReaderInUse&) = delete;
+
+ private:
+    kernel_api::Reader& former_;
+};
+
+}  // namespace tests
