@@ -4,15 +4,25 @@
 add_library(project_options INTERFACE)
 target_compile_features(project_options INTERFACE cxx_std_20)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
-target_compile_options(project_options INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wcast-qual -Wunused -Werror
-    $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual>)
+if(MSVC)
+    target_compile_options(project_options INTERFACE /W4 /WX /permissive- /EHsc /utf-8)
+else()
+    target_compile_options(project_options INTERFACE
+        -Wall -Wextra -Wpedantic -Wshadow -Wcast-qual -Wunused -Werror
+        $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual>)
+endif()
 if(WIN32)
     # Windows 7 is the oldest system served; the wide functions are the only ones called without a suffix.
     target_compile_definitions(project_options INTERFACE
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
-    # No compiler's DLL beside ours, and no symbols in what ships.
-    target_link_options(project_options INTERFACE -static $<$<CONFIG:Release>:-s>)
+    # No compiler's DLL beside ours, and no symbols in what ships. Definition files give the plain names of exports, for
+    # which the linker finds the decorated ones.
+    if(MSVC)
+        set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
+    else()
+        target_link_options(project_options INTERFACE
+            -static $<$<CONFIG:Release>:-s> -Wl,--enable-stdcall-fixup)
+    endif()
 endif()
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 folds functions whose code is alike although they are called differently: an empty lambda in a std::function

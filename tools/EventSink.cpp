@@ -24,7 +24,7 @@ class TextArgument {
     ~TextArgument() { VariantClear(&text_); }
 
     HRESULT Result() const { return result_; }
-    runtime::StringView Text() const { return {runtime::win32::Narrowed(text_.bstrVal), SysStringLen(text_.bstrVal)}; }
+    runtime::StringView Text() const { return {runtime::win32::Utf16(text_.bstrVal), SysStringLen(text_.bstrVal)}; }
 
  private:
     VARIANT text_;

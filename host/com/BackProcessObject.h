@@ -8,10 +8,10 @@
 
 #include <memory>
 
-#include "host/com/Component.h"
 #include "host/com/EventPoint.h"
-#include "host/com/Home.h"
+#include "host/com/HomeApartment.h"
 #include "host/com/References.h"
+#include "host/com/ServiceObject.h"
 #include "host/com/Sinks.h"
 
 namespace host::com {

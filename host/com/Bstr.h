@@ -14,7 +14,7 @@ using runtime::StringView;
 
 /// The text of `bstr`, NULs inside included; of an odd number of bytes the last one is left out.
 inline StringView ViewOf(BSTR bstr) {
-    return bstr == nullptr ? StringView() : StringView(runtime::win32::Narrowed(bstr), SysStringLen(bstr));
+    return bstr == nullptr ? StringView() : StringView(runtime::win32::Utf16(bstr), SysStringLen(bstr));
 }
 inline String ToString(BSTR bstr) {
     return String(ViewOf(bstr));

@@ -3,7 +3,7 @@
 #include <optional>
 
 #include "host/com/Guard.h"
-#include "host/com/Home.h"
+#include "host/com/HomeApartment.h"
 #include "host/com/References.h"
 
 namespace host::com {

@@ -13,7 +13,8 @@ const BSTR* FindText(const VARIANT& argument);
 
 /// `argument`, which may be by reference, as `type`. Whatever has a sensible value converts: numbers, flags, dates,
 /// texts, objects with a default property; Empty is 0 or an empty text, Null is nothing.
-/// Answers DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADVARTYPE or E_OUTOFMEMORY.
+/// Answers DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADVARTYPE, E_OUTOFMEMORY, or E_POINTER for a reference to
+/// null.
 HRESULT Convert(const VARIANT& argument, VARTYPE type, LCID lcid, Variant& converted);
 
 /// Puts `value` into the variable behind a by-reference `argument`, as that variable's type; a variant variable

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/com/ComHeaders.h"
-#include "host/com/Component.h"
+#include "host/com/ServiceObject.h"
 
 namespace host::com {
 

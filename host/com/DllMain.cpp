@@ -2,7 +2,7 @@
 // classes refer to our code and must go with it. When the process ends, the system takes everything back itself.
 //
 // Thread notifications stay on: the statically linked language runtime frees a thread's data by them.
-#include "host/com/Component.h"
+#include "host/com/ServiceObject.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE, DWORD reason, LPVOID reserved) {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "host/com/Guard.h"
-#include "host/com/Home.h"
+#include "host/com/HomeApartment.h"
 #include "host/com/References.h"
 
 namespace host::com {

@@ -45,7 +45,7 @@ bool IsFailure(HRESULT result) {
 }
 
 std::optional<runtime::Error> Tell(IDispatch* sink, Bstr& Aname, Bstr& sCommand) {
-    VARIANTARG arguments[2];  // last parameter first
+    VARIANTARG arguments[2]{};  // last parameter first
     arguments[0].vt = arguments[1].vt = VT_BSTR | VT_BYREF;
     arguments[0].pbstrVal = sCommand.Address();
     arguments[1].pbstrVal = Aname.Address();

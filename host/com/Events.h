@@ -1,7 +1,7 @@
 // Raises the instance's event at its sinks.
 #pragma once
 
-#include "host/com/Component.h"
+#include "host/com/ServiceObject.h"
 #include "host/com/Sinks.h"
 
 namespace host::com {

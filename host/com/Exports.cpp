@@ -1,5 +1,5 @@
 // The DLL's exports, named without decoration in the module definition file.
-#include "host/com/Home.h"
+#include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 
 STDAPI DllGetClassObject(REFCLSID classId, REFIID iid, LPVOID* object) {

@@ -1,7 +1,7 @@
 #include "host/com/Module.h"
 
 #include "host/com/Guard.h"
-#include "runtime/win32/GrowingBuffer.h"
+#include "runtime/win32/ModulePath.h"
 
 namespace host::com {
 namespace {
@@ -20,9 +20,7 @@ HMODULE OwnModule() {
 }
 
 runtime::String ModulePath() {
-    const HMODULE module = OwnModule();
-    const runtime::String path = runtime::win32::FillGrowing(
-        [module](wchar_t* buffer, DWORD capacity) { return GetModuleFileNameW(module, buffer, capacity); });
+    const runtime::String path = runtime::win32::ModulePath(OwnModule());
     if (path.empty()) ThrowLastError();
     return path;
 }

@@ -1,5 +1,7 @@
 #include "host/com/Registration.h"
 
+#include <utility>
+
 #include "host/com/ComHeaders.h"
 #include "host/com/Guard.h"
 #include "host/com/Module.h"

@@ -1,6 +1,7 @@
 #include "host/com/RegistryEntries.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "host/com/Guard.h"
 #include "runtime/win32/Handle.h"

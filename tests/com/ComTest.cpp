@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "host/com/Home.h"
+#include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 #include "runtime/win32/Handle.h"
 

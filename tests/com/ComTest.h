@@ -5,7 +5,6 @@
 #include <gmock/gmock.h>
 
 #include <functional>
-#include <initializer_list>
 #include <string>
 #include <vector>
 

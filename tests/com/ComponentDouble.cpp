@@ -52,6 +52,7 @@ class ServiceDouble final : public host::com::ServiceObject {
 
     void NotifyMe(TextInOut& Aname, TextInOut& sCommand) override {
         const String command(sCommand.Given());
+        TheDouble().lastCommand = command;
         Record("notify [" + runtime::ToUtf8(Aname.Given()) + "] [" + runtime::ToUtf8(command) + "]");
         if (command.starts_with(u"RAISE ")) Raise(Aname, sCommand);
         if (command.starts_with(u"FAIL ")) Fail(SplitAtBar(command.substr(5)));

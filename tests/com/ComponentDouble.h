@@ -6,17 +6,19 @@
 //     CHANGE            changes both strings
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "host/com/Component.h"
+#include "host/com/ServiceObject.h"
 
 namespace tests::com {
 
 struct ComponentDouble {
     std::vector<std::string> log;
     std::vector<unsigned long> threads;  ///< on which service objects were made, called and terminated
+    host::com::String lastCommand;       ///< of NotifyMe, unit by unit
     std::size_t liveWindows = 0;
     int lostHomes = 0;
     bool endsQuietly = false;  ///< service objects do not say SHUTDOWN

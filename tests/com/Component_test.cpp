@@ -4,6 +4,7 @@
 #include "runtime/win32/Handle.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
+#include "tests/support/TestFolder.h"
 
 namespace tests::com {
 namespace {
@@ -14,9 +15,7 @@ using testing::ElementsAre;
 constexpr char kShutdown[] = "K4TBACKPROCESS|SHUTDOWN";
 
 std::filesystem::path ComponentDll() {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return std::filesystem::path(path).parent_path() / L"K4TBackProcess.dll";
+    return std::filesystem::path(TestFolder()) / L"K4TBackProcess.dll";
 }
 
 class Component : public testing::Test {

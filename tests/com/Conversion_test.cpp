@@ -97,8 +97,9 @@ TEST_F(Conversion, ReadsThroughReferences) {
 }
 
 TEST_F(Conversion, KeepsNulsAndLoneSurrogates) {
-    const Bstr text(StringView(u"a\0b", 3));
-    EXPECT_EQ(std::string("notify [] [a\0b]", 15), Heard(Text(text)));
+    const String text = {u'a', u'\0', char16_t{0xD800}, u'b'};
+    Heard(Text(Bstr(text)));
+    EXPECT_EQ(TheDouble().lastCommand, text);
 }
 
 TEST_F(Conversion, AsksObjectsForTheirDefaultProperty) {

@@ -1,5 +1,5 @@
 // The class factory, and what keeps the server in memory.
-#include "host/com/Home.h"
+#include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
 

@@ -1,5 +1,5 @@
 // The end of an instance: who hears it, what still works meanwhile, and what is left.
-#include "host/com/Home.h"
+#include "host/com/HomeApartment.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
 

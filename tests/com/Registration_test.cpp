@@ -1,4 +1,7 @@
 // Registration in the real registry: one hive at a time, and nothing left behind.
+#include <algorithm>
+#include <cwchar>
+
 #include "host/com/Registration.h"
 
 #include "host/com/Guard.h"

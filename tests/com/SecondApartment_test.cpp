@@ -1,6 +1,6 @@
 // Clients in several apartments of one process: all instances live in the home apartment, and calls and events
 // cross between them.
-#include "host/com/Home.h"
+#include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"

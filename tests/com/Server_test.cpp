@@ -1,10 +1,14 @@
 // The DLL itself, with the double behind it: exports, resources, registration from where it lies, activation by COM
 // and by a manifest, and leaving the process.
 #include <filesystem>
+#include <string>
+#include <system_error>
+#include <vector>
 
 #include "runtime/win32/Handle.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
+#include "tests/support/TestFolder.h"
 
 namespace tests::com {
 namespace {
@@ -13,9 +17,7 @@ using runtime::win32::Library;
 namespace fs = std::filesystem;
 
 fs::path DoubleFolder() {
-    wchar_t path[MAX_PATH];
-    GetModuleFileNameW(nullptr, path, MAX_PATH);
-    return fs::path(path).parent_path() / L"com_double";
+    return fs::path(TestFolder()) / L"com_double";
 }
 
 fs::path DoubleDll() {
@@ -24,10 +26,7 @@ fs::path DoubleDll() {
 
 class Server : public testing::Test {
  protected:
-    Server() {
-        CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-        TheDouble() = {};
-    }
+    Server() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
     ~Server() override {
         CoFreeUnusedLibrariesEx(0, 0);
         CoUninitialize();

@@ -2,8 +2,8 @@
 #include "host/Composition.h"
 #include "host/ProcessLife.h"
 #include "host/clsQmxBackProcess.h"
-#include "host/com/Component.h"
 #include "host/com/Module.h"
+#include "host/com/ServiceObject.h"
 #include "runtime/Error.h"
 
 namespace host::com {

@@ -1,13 +1,14 @@
-#include "host/com/Home.h"
+#include "host/com/HomeApartment.h"
 
 #include <atomic>
+#include <utility>
 
 #include "host/com/BackProcessObject.h"
 #include "host/com/ClassFactory.h"
 #include "host/com/ComPtr.h"
-#include "host/com/Component.h"
 #include "host/com/Guard.h"
 #include "host/com/HomeRegister.h"
+#include "host/com/ServiceObject.h"
 
 namespace host::com {
 namespace {

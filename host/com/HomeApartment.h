@@ -16,18 +16,14 @@ namespace host::com {
 /// An instance's right to live at home, and its place in the count.
 class Residence {
  public:
-    Residence() = default;
     /// Of the home of that generation; counted already.
     explicit Residence(unsigned generation) noexcept : generation_(generation) {}
     Residence(Residence&& other) noexcept : generation_(std::exchange(other.generation_, 0)) {}
-    Residence& operator=(Residence&& other) noexcept {
-        std::swap(generation_, other.generation_);
-        return *this;
-    }
+    Residence& operator=(Residence&&) = delete;
     ~Residence();
 
  private:
-    unsigned generation_ = 0;
+    unsigned generation_;
 };
 
 /// A factory or an enumerator: keeps the DLL, but no home.
