@@ -1,0 +1,51 @@
+#!/usr/bin/env python3
+"""Tests of every script's --help, and of what it says to an argument that it does not take: it does nothing else."""
+import pathlib
+import subprocess
+import unittest
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
+SCRIPTS = ["demo", "test"] + sorted(
+    f"scripts/{path.name}" for path in (ROOT / "scripts").iterdir() if path.is_file() and path.stat().st_mode & 0o100)
+TIMEOUT = 60
+
+
+def run(script, *arguments):
+    return subprocess.run([ROOT / script, *arguments], cwd="/", capture_output=True, text=True, timeout=TIMEOUT)
+
+
+class Help(unittest.TestCase):
+    def test_there_are_scripts(self):
+        self.assertIn("scripts/build", SCRIPTS)
+
+    def test_help_says_what_a_script_does_and_how_it_is_called(self):
+        for script in SCRIPTS:
+            with self.subTest(script):
+                done = run(script, "--help")
+                self.assertEqual((done.returncode, done.stderr), (0, ""))
+                self.assertIn(pathlib.Path(script).name, done.stdout)
+                self.assertGreaterEqual(len(done.stdout.splitlines()), 2)
+                self.assertNotIn("set -", done.stdout)
+
+    def test_an_unknown_option_is_named_and_refused(self):
+        for script in SCRIPTS:
+            # What follows wine-run is the program's.
+            if script == "scripts/wine-run":
+                continue
+            with self.subTest(script):
+                done = run(script, "--sideways")
+                self.assertEqual((done.returncode, done.stdout), (2, ""))
+                self.assertIn("--sideways", done.stderr)
+                self.assertRegex(done.stderr, "--help|-h")
+
+    def test_surplus_and_missing_arguments_are_named(self):
+        for script, arguments, named in (("test", ["a", "b"], "'b'"), ("scripts/build", ["--shipped", "x"], "'x'"),
+                                         ("scripts/wine-run", [], "EXE")):
+            with self.subTest(script):
+                done = run(script, *arguments)
+                self.assertEqual((done.returncode, done.stdout), (2, ""))
+                self.assertIn(named, done.stderr)
+
+
+if __name__ == "__main__":
+    unittest.main()
