@@ -78,7 +78,9 @@ bool clsQmxBackProcess::Load(std::int16_t& /*iMode*/) {
 
 void clsQmxBackProcess::NotifyMe(StringView /*Aname*/, StringView sCommand) {
     if (sCommand.empty()) return;
-    if (!link_) throw runtime::Error(runtime::kObjectVariableNotSet);
+    if (!link_) {
+        throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"this instance has ended; create a new one");
+    }
     link_->form.AP_ExeCmd(sCommand);
 }
 

@@ -8,7 +8,7 @@ Kernel* currentKernel = nullptr;
 }
 
 Kernel& CurrentKernel() {
-    if (!currentKernel) throw runtime::Error(runtime::kObjectVariableNotSet);
+    if (!currentKernel) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"the kernel");
     return *currentKernel;
 }
 

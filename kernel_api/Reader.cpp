@@ -8,7 +8,7 @@ Reader* currentReader = nullptr;
 }
 
 Reader& CurrentReader() {
-    if (!currentReader) throw runtime::Error(runtime::kObjectVariableNotSet);
+    if (!currentReader) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"the settings and text reader");
     return *currentReader;
 }
 

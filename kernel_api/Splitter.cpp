@@ -8,7 +8,7 @@ Splitter* currentSplitter = nullptr;
 }
 
 Splitter& CurrentSplitter() {
-    if (!currentSplitter) throw runtime::Error(runtime::kObjectVariableNotSet);
+    if (!currentSplitter) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"the string splitter");
     return *currentSplitter;
 }
 

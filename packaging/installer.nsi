@@ -58,7 +58,7 @@ Function ChooseUser
   StrCpy $scopeOption "--user"
   ReadRegStr $0 HKLM "${CLASS_KEY}" ""
   ${If} $0 != ""
-    !insertmacro GiveUp "The component is registered for all users of this machine already. Remove that first."
+    !insertmacro GiveUp "The component is registered for all users of this machine already. Remove that installation first, or run 'backproc unregister' as an administrator."
   ${EndIf}
   ${If} $INSTDIR == ""
     StrCpy $INSTDIR "$LOCALAPPDATA\Programs\${PRODUCT}"
@@ -71,11 +71,11 @@ Function ChooseMachine
   UserInfo::GetAccountType
   Pop $0
   ${If} $0 != "Admin"
-    !insertmacro GiveUp "Installing for all users needs an administrator's rights. Without /AllUsers it needs none."
+    !insertmacro GiveUp "Installing for all users needs an administrator's rights. Run this as one, or without /AllUsers."
   ${EndIf}
   ReadRegStr $0 HKCU "${CLASS_KEY}" ""
   ${If} $0 != ""
-    !insertmacro GiveUp "The component is registered for the current user already. Remove that first."
+    !insertmacro GiveUp "The component is registered for the current user already. Remove that installation first, or run 'backproc unregister --user'."
   ${EndIf}
   ${If} $INSTDIR == ""
     StrCpy $INSTDIR "$PROGRAMFILES32\${PRODUCT}"
@@ -95,7 +95,7 @@ Section
   nsExec::ExecToLog '"$INSTDIR\backproc.exe" register $scopeOption'
   Pop $0
   ${If} $0 != 0
-    !insertmacro GiveUp "The component could not be registered. 'backproc doctor' in $INSTDIR tells more."
+    !insertmacro GiveUp "The component could not be registered. Run 'backproc doctor' in $INSTDIR: it tells what to do."
   ${EndIf}
 
   WriteRegStr SHCTX "${REMOVAL_KEY}" DisplayName "${PRODUCT}"
@@ -124,7 +124,7 @@ Section Uninstall
   nsExec::ExecToLog '"$INSTDIR\backproc.exe" unregister $scopeOption'
   Pop $0
   ${If} $0 != 0
-    !insertmacro GiveUp "The registration could not be taken back; nothing was removed."
+    !insertmacro GiveUp "The registration could not be taken back; nothing was removed. 'backproc unregister $scopeOption' in $INSTDIR tells why."
   ${EndIf}
   !insertmacro RemoveFiles
   Delete "$INSTDIR\uninstall.exe"

@@ -38,7 +38,7 @@ void Add(StringView field) {
 template <typename Entry>
 const Entry& EntryOf(const std::vector<Entry>& entries, std::int32_t index) {
     if (index < 0 || static_cast<std::size_t>(index) >= entries.size()) {
-        throw runtime::Error(runtime::kSubscriptOutOfRange);
+        throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange, u"there is no field" + runtime::Str(index));
     }
     return entries[static_cast<std::size_t>(index)];
 }

@@ -80,7 +80,7 @@ void Control::SetText(StringView text) {
     RequireText();
     if (HasList(design_.kind) && !HasEdit(design_.kind)) {
         const auto found = std::find(items_.begin(), items_.end(), text);
-        if (found == items_.end()) throw Error(kPropertyIsReadOnly);
+        if (found == items_.end()) throw ErrorAbout(kPropertyIsReadOnly, Name() + u" has no item of this text");
         Select(static_cast<int>(found - items_.begin()));
         return;
     }
@@ -107,19 +107,19 @@ void Control::SetFont(const runtime::Font& font) {
 
 void Control::SetTabIndex(int index) {
     form_.EnsureLoaded();
-    if (index < 0) throw Error(kInvalidPropertyValue);
+    if (index < 0) throw ErrorAbout(kInvalidPropertyValue, u"TabIndex of " + Name());
     form_.MoveInTabOrder(*this, index);
 }
 
 bool Control::TabStop() {
     form_.EnsureLoaded();
-    if (!TakesFocus()) throw Error(kPropertyNotSupported);
+    if (!TakesFocus()) throw ErrorAbout(kPropertyNotSupported, Name());
     return tabStop_;
 }
 
 void Control::SetTabStop(bool stop) {
     form_.EnsureLoaded();
-    if (!TakesFocus()) throw Error(kPropertyNotSupported);
+    if (!TakesFocus()) throw ErrorAbout(kPropertyNotSupported, Name());
     tabStop_ = stop;
 }
 

@@ -133,6 +133,7 @@ class Control {
     NativeList& LoadedList();
     void Select(int index);
     String SelectedItem() const;
+    String MustBePlace(int least, int index) const;
     void TakeUsersText();
 
     static constexpr int kNoItem = -1;

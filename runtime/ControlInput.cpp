@@ -1,6 +1,7 @@
 // What only input controls have: texts that the user changes, their selected part, and lists of items.
 #include <algorithm>
 #include <cstddef>
+#include <string>
 
 #include "runtime/Control.h"
 #include "runtime/Error.h"
@@ -10,19 +11,19 @@ namespace runtime {
 
 NativeEdit& Control::LoadedEdit() {
     form_.EnsureLoaded();
-    if (!HasEdit(design_.kind)) throw Error(kPropertyNotSupported);
+    if (!HasEdit(design_.kind)) throw ErrorAbout(kPropertyNotSupported, Name());
     return *native_->Edit();
 }
 
 NativeList& Control::LoadedList() {
     form_.EnsureLoaded();
-    if (!HasList(design_.kind)) throw Error(kPropertyNotSupported);
+    if (!HasList(design_.kind)) throw ErrorAbout(kPropertyNotSupported, Name());
     return *native_->List();
 }
 
 void Control::SetAccessibleName(StringView name) {
     form_.EnsureLoaded();
-    if (!IsInput(design_.kind)) throw Error(kPropertyNotSupported);
+    if (!IsInput(design_.kind)) throw ErrorAbout(kPropertyNotSupported, Name());
     native_->SetAccessibleName(String(name));
 }
 
@@ -57,7 +58,7 @@ std::size_t Control::SelStart() {
 
 void Control::SetSelStart(std::ptrdiff_t start) {
     NativeEdit& edit = LoadedEdit();
-    if (start < 0) throw Error(kInvalidPropertyValue);
+    if (start < 0) throw ErrorAbout(kInvalidPropertyValue, u"SelStart of " + Name());
     TakeUsersText();
     edit.SetSelection({std::min(static_cast<std::size_t>(start), text_.size()), 0});
 }
@@ -68,7 +69,7 @@ std::size_t Control::SelLength() {
 
 void Control::SetSelLength(std::ptrdiff_t length) {
     NativeEdit& edit = LoadedEdit();
-    if (length < 0) throw Error(kInvalidPropertyValue);
+    if (length < 0) throw ErrorAbout(kInvalidPropertyValue, u"SelLength of " + Name());
     TakeUsersText();
     const std::size_t start = std::min(edit.Selection().start, text_.size());
     edit.SetSelection({start, std::min(static_cast<std::size_t>(length), text_.size() - start)});
@@ -99,7 +100,7 @@ int Control::ItemCount() {
 
 String Control::Item(int index) {
     LoadedList();
-    if (index < 0 || index >= ItemCount()) throw Error(kInvalidPropertyIndex);
+    if (index < 0 || index >= ItemCount()) throw ErrorAbout(kInvalidPropertyIndex, u"item of " + MustBePlace(0, index));
     return items_[static_cast<std::size_t>(index)];
 }
 
@@ -110,13 +111,21 @@ int Control::ListIndex() {
 
 void Control::SetListIndex(int index) {
     LoadedList();
-    if (index < kNoItem || index >= ItemCount()) throw Error(kInvalidPropertyValue);
+    if (index < kNoItem || index >= ItemCount()) {
+        throw ErrorAbout(kInvalidPropertyValue, u"ListIndex of " + MustBePlace(kNoItem, index));
+    }
     Select(index);
 }
 
 void Control::Select(int index) {
     OnChosen(index);
     native_->List()->Choose(index);
+}
+
+String Control::MustBePlace(int least, int index) const {
+    const auto decimal = [](std::ptrdiff_t number) { return FromAscii(std::to_string(number)); };
+    return Name() + u" must be " + decimal(least) + u" to " + decimal(std::ssize(items_) - 1) + u", not " +
+           decimal(index);
 }
 
 String Control::SelectedItem() const {

@@ -67,6 +67,9 @@ static_assert(std::is_nothrow_copy_constructible_v<Error>);
 /// The standard description of `number`; "Application-defined or object-defined error" for one that has none.
 String StandardDescription(std::int32_t number);
 
+/// With the standard description of `number`, a colon and `about`: what it happened to, and what to do.
+Error ErrorAbout(std::int32_t number, StringView about);
+
 /// Runs `statement` and skips its error, as a routine does that ignores errors statement by statement.
 template <typename Statement>
 void SkipError(Statement&& statement) {

@@ -1,4 +1,4 @@
-// Keeping the first error of several steps that must all run.
+// What an error says, and keeping the first one of several steps that must all run.
 #include "runtime/Error.h"
 
 #include <gtest/gtest.h>
@@ -33,6 +33,12 @@ TEST(FirstErrorTest, KeepsWhatIsNoErrorOfTheRuntimeToo) {
     error.Run([] { throw 7; });
 
     EXPECT_THROW(error.Rethrow(), int);
+}
+
+TEST(Error, SaysWhatItIsAbout) {
+    const Error error = ErrorAbout(kFileNotFound, u"QmxKrn2K.dll");
+    EXPECT_EQ(error.Number(), 53);
+    EXPECT_STREQ(error.what(), "File not found: QmxKrn2K.dll");
 }
 
 }  // namespace

@@ -36,7 +36,7 @@ Control& Form::AddControl(ControlDesign design) {
 
 void Form::EnsureLoaded() {
     if (window_) return;
-    if (loading_) throw Error(kObjectWasUnloaded);
+    if (loading_) throw ErrorAbout(kObjectWasUnloaded, Name());
     loading_ = true;
     const struct LoadTime {
         Form& form;
@@ -49,7 +49,7 @@ void Form::EnsureLoaded() {
         if (window_ && !unloading_) DestroyWindow();
         throw;
     }
-    if (!window_) throw Error(kObjectWasUnloaded);
+    if (!window_) throw ErrorAbout(kObjectWasUnloaded, Name());
 }
 
 void Form::MakeWindow() {
@@ -161,7 +161,7 @@ void Form::Move(Twips left, Twips top) {
 }
 
 void Form::SetBounds(const Rect& bounds) {
-    if (state_ != WindowState::kNormal) throw Error(kMoveWhileMinimisedOrMaximised);
+    if (state_ != WindowState::kNormal) throw ErrorAbout(kMoveWhileMinimisedOrMaximised, Name());
     const bool sizeChanged = bounds.Size() != bounds_.Size();
     bounds_ = bounds;
     window_->SetBounds(bounds_);
@@ -187,7 +187,9 @@ WindowState Form::State() {
 
 void Form::SetState(WindowState state) {
     EnsureLoaded();
-    if (state < WindowState::kNormal || state > WindowState::kMaximised) throw Error(kInvalidPropertyValue);
+    if (state < WindowState::kNormal || state > WindowState::kMaximised) {
+        throw ErrorAbout(kInvalidPropertyValue, u"WindowState of " + Name());
+    }
     // A visible window reports the change itself.
     if (!visible_) state_ = state;
     window_->SetState(state);
@@ -203,7 +205,7 @@ void Form::SetVisible(bool visible) {
     if (visible == visible_) return;
     if (visible && !std::exchange(wasShown_, true)) {
         Resized();
-        if (!window_) throw Error(kObjectWasUnloaded);
+        if (!window_) throw ErrorAbout(kObjectWasUnloaded, Name());
     }
     visible_ = visible;
     // The other windows take input again before this one goes, so that one of them becomes the active one.
@@ -215,7 +217,7 @@ void Form::SetVisible(bool visible) {
 
 void Form::ShowModal() {
     EnsureLoaded();
-    if (visible_) throw Error(kFormAlreadyDisplayed);
+    if (visible_) throw ErrorAbout(kFormAlreadyDisplayed, Name());
     const auto loop = CurrentPorts().windows.BeginModal(*window_);
     // Windows that take no more input are told so, and may have unloaded this form.
     if (!window_) return;
@@ -256,7 +258,7 @@ std::int16_t Form::ScaleMode() {
 
 void Form::SetScaleMode(std::int16_t mode) {
     EnsureLoaded();
-    if (mode < 0 || mode > kLastScaleMode) throw Error(kInvalidPropertyValue);
+    if (mode < 0 || mode > kLastScaleMode) throw ErrorAbout(kInvalidPropertyValue, u"ScaleMode of " + Name());
     scaleMode_ = mode;
 }
 

@@ -18,7 +18,7 @@ void Form::ResetTabOrder() {
 
 int Form::PlaceInTabOrder(const Control& control) const {
     const auto found = std::find(tabOrder_.begin(), tabOrder_.end(), &control);
-    if (found == tabOrder_.end()) throw Error(kPropertyNotSupported);
+    if (found == tabOrder_.end()) throw ErrorAbout(kPropertyNotSupported, control.Name());
     return static_cast<int>(found - tabOrder_.begin());
 }
 
@@ -58,8 +58,10 @@ Control* Form::FocusedControl() {
 
 void Form::SetFocus(Control& control) {
     EnsureLoaded();
-    if (!control.TakesFocus()) throw Error(kPropertyNotSupported);
-    if (!control.visible_) throw Error(kInvalidProcedureCall);
+    if (!control.TakesFocus()) throw ErrorAbout(kPropertyNotSupported, control.Name());
+    if (!control.visible_) {
+        throw ErrorAbout(kInvalidProcedureCall, control.Name() + u" is hidden and cannot take the focus");
+    }
     focused_ = &control;
     control.native_->SetFocus();
 }

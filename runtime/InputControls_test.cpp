@@ -104,6 +104,17 @@ TEST_F(InputControls, NewTextHasNothingSelectedAtItsStart) {
     EXPECT_EQ(form_.text.SelLength(), 0u);
 }
 
+TEST_F(InputControls, AWrongListIndexIsNamedWithItsControl) {
+    form_.list.AddItem(u"A");
+    try {
+        form_.list.SetListIndex(4);
+        FAIL() << "taken";
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Description(),
+                  u"Invalid property value: ListIndex of " + form_.list.Name() + u" must be -1 to 0, not 4");
+    }
+}
+
 TEST_F(InputControls, ListIndexIsCheckedAndSelectsTheText) {
     for (Control* control : {&form_.combo, &form_.dropDown, &form_.list}) {
         Fill(*control);

@@ -8,7 +8,7 @@ const Ports* currentPorts = nullptr;
 }
 
 const Ports& CurrentPorts() {
-    if (!currentPorts) throw Error(kObjectVariableNotSet);
+    if (!currentPorts) throw ErrorAbout(kObjectVariableNotSet, u"the ports to the system");
     return *currentPorts;
 }
 

@@ -48,7 +48,7 @@ std::int32_t ShowMessage(StringView prompt, std::int32_t flags, const std::optio
                          const MessageHelp& help) {
     const String shownTitle = title ? *title : GetProductName();
     if ((flags & kSuiteBox) == 0) return runtime::CurrentPorts().messageBox.Show(prompt, flags, shownTitle, help);
-    if (!suiteMessageBox) throw runtime::Error(runtime::kObjectVariableNotSet);
+    if (!suiteMessageBox) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"the suite's message box");
     // A copy: while the box is open, the one connected may be taken back.
     const SuiteMessageBox box = suiteMessageBox;
     return box(prompt, flags, shownTitle);

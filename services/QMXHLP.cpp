@@ -28,7 +28,8 @@ String HelpFileOfInstallation() {
 String CompiledHelpName() {
     constexpr std::size_t kExtension = 3;
     const String& name = processValues.helpFilePath;
-    if (name.size() < kExtension) throw runtime::Error(runtime::kInvalidProcedureCall);
+    if (name.size() < kExtension)
+        throw runtime::ErrorAbout(runtime::kInvalidProcedureCall, u"the help file's name is '" + name + u"'");
     return name.substr(0, name.size() - kExtension) + u"chm";
 }
 

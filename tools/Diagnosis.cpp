@@ -39,7 +39,7 @@ Finding OfRegistration(const MachineState& machine) {
 Finding OfFile(const ComponentFile& component) {
     const std::string path = Display(component.path);
     if (component.exists) return Good("file", path);
-    return Bad("file", path + " is not there", "put it back, or " + std::string(kRegister) + " where it is now");
+    return Bad("file", path + " is not there", "put it back, or run 'backproc register' in the folder where it is now");
 }
 
 Finding OfBits(const ComponentFile& component) {
@@ -68,7 +68,8 @@ Finding OfLoading(const ComponentFile& component) {
 Finding OfThreading(const ClassEntry& entry) {
     const std::string model = Display(entry.threadingModel);
     if (model == "Apartment") return Good("threading", model);
-    return Bad("threading", model.empty() ? "no model is registered" : model, kRegister);
+    return Bad("threading", model.empty() ? "no model is registered" : model + " is registered, not Apartment",
+               kRegister);
 }
 
 Finding OfTypeLibrary(const ClassEntry& entry) {
@@ -86,7 +87,8 @@ Finding OfActivation(const MachineState& machine) {
 
 Finding OfKernel(const KernelFile& kernel) {
     if (!kernel.failure.empty()) {
-        return Bad("kernel", kernel.failure, "put the suite's QmxKrn2K.dll beside the component");
+        // The kernel's own error says what to do.
+        return Bad("kernel", kernel.failure, "");
     }
     const std::string path = Display(kernel.path);
     if (kernel.missing.empty()) return Good("kernel", path);
@@ -98,6 +100,9 @@ Finding OfKernel(const KernelFile& kernel) {
 Finding OfIni(const IniFile& ini) {
     const std::string path = Display(ini.path);
     if (!ini.exists) return Good("INI file", path + " is not there: registry settings and defaults count");
+    if (!ini.canBeRead) {
+        return Bad("INI file", path + " cannot be read", "check that you may read it and that no program locks it");
+    }
     if (ini.problem.empty()) return Good("INI file", path);
     return Bad("INI file", path + ": " + ini.problem, "save it as UTF-8");
 }
@@ -127,6 +132,10 @@ const ClassEntry* EntryInForce(const MachineState& machine) {
     return machine.forMachine ? &*machine.forMachine : nullptr;
 }
 
+bool HasKernel(const KernelFile& kernel) {
+    return kernel.failure.empty() && kernel.missing.empty();
+}
+
 std::vector<Finding> Diagnose(const MachineState& machine) {
     std::vector<Finding> findings = {OfRegistration(machine), OfFile(machine.component)};
     if (machine.component.exists) {
@@ -141,7 +150,8 @@ std::vector<Finding> Diagnose(const MachineState& machine) {
     }
     findings.push_back(OfKernel(machine.kernel));
     findings.push_back(OfIni(machine.ini));
-    findings.push_back(OfLanguage(machine.language));
+    // Only the kernel knows which language it is.
+    if (HasKernel(machine.kernel)) findings.push_back(OfLanguage(machine.language));
     return findings;
 }
 

@@ -44,7 +44,8 @@ struct KernelFile {
 struct IniFile {
     String path;
     bool exists = false;
-    std::string problem;  ///< why it cannot be read as it was meant; empty when it can
+    bool canBeRead = true;
+    std::string problem = {};  ///< why it is not read as it was meant; empty when it is
 };
 
 struct LanguageFolder {
@@ -76,6 +77,9 @@ struct Finding {
 
 /// The entry that COM takes: the user's hides the machine's. None when there is neither.
 const ClassEntry* EntryInForce(const MachineState& machine);
+
+/// There is a kernel, and it is whole.
+bool HasKernel(const KernelFile& kernel);
 
 std::vector<Finding> Diagnose(const MachineState& machine);
 

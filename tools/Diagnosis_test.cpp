@@ -26,7 +26,7 @@ MachineState Sound() {
                          .typeLibrary = Version{1, 0},
                          .loadFailure = {}};
     machine.kernel = {.path = u"C:\\Orvane\\QmxKrn2K.dll", .failure = {}, .missing = {}};
-    machine.ini = {.path = u"C:\\Orvane\\sys\\MARLENTO.INI", .exists = true, .problem = {}};
+    machine.ini = {.path = u"C:\\Orvane\\sys\\MARLENTO.INI", .exists = true};
     return machine;
 }
 
@@ -77,7 +77,7 @@ TEST(Diagnosis, AMovedFileIsNotLookedInto) {
     MachineState machine = Sound();
     machine.component = {
         .path = kPath, .exists = false, .bits = 0, .version = {}, .typeLibrary = {}, .loadFailure = {}};
-    ExpectBad(machine, "file", "is not there", "put it back");
+    ExpectBad(machine, "file", "is not there", "put it back, or run 'backproc register' in the folder");
     EXPECT_EQ(FindingOf(machine, "bitness").subject, "no finding about bitness");
 }
 
@@ -114,7 +114,7 @@ TEST(Diagnosis, EntriesMustBeWhole) {
     machine.forUser->threadingModel.clear();
     ExpectBad(machine, "threading", "no model", "register");
     machine.forUser->threadingModel = u"Free";
-    ExpectBad(machine, "threading", "Free", "register");
+    ExpectBad(machine, "threading", "Free is registered, not Apartment", "register");
     machine.forUser->typeLibrary.clear();
     ExpectBad(machine, "type library", "not registered", "register");
     machine.forUser->typeLibrary = u"D:\\old.dll";
@@ -126,13 +126,24 @@ TEST(Diagnosis, AKernelMustBeThereAndWhole) {
     machine.kernel.missing = {"DB_DataBase", "O_GetName"};
     ExpectBad(machine, "kernel", "QmxKrn2K.dll lacks DB_DataBase O_GetName", "put the suite's QmxKrn2K.dll there");
     machine.kernel.failure = "File not found: QmxKrn2K.dll";
-    ExpectBad(machine, "kernel", "File not found", "beside the component");
+    ExpectBad(machine, "kernel", "File not found", "");
+}
+
+TEST(Diagnosis, WithoutAKernelNothingIsSaidOfTheLanguage) {
+    MachineState machine = Sound();
+    machine.kernel.failure = "File not found: QmxKrn2K.dll";
+    EXPECT_EQ(FindingOf(machine, "language").subject, "no finding about language");
+    machine.kernel.failure.clear();
+    machine.kernel.missing = {"E_GetString"};
+    EXPECT_EQ(FindingOf(machine, "language").subject, "no finding about language");
 }
 
 TEST(Diagnosis, AMissingIniFileIsGoodAndADamagedOneIsNot) {
     MachineState machine = Sound();
-    machine.ini.problem = "zero bytes";
-    ExpectBad(machine, "INI file", "zero bytes", "UTF-8");
+    machine.ini.problem = "NUL characters";
+    ExpectBad(machine, "INI file", "NUL characters", "UTF-8");
+    machine.ini.canBeRead = false;
+    ExpectBad(machine, "INI file", "cannot be read", "locks");
     machine.ini.exists = false;
     EXPECT_TRUE(FindingOf(machine, "INI file").isGood);
 }

@@ -11,4 +11,7 @@ namespace tools {
 /// reads "␊" and a carriage return "␍". Everything else stands as it is, backslashes too.
 std::string Display(runtime::StringView text);
 
+/// Display of a name or value within a sentence: in single quotes, and cut off behind its first 200 characters.
+std::string Quoted(runtime::StringView text);
+
 }  // namespace tools

@@ -24,5 +24,23 @@ TEST(Display, of_nothing_is_nothing) {
     EXPECT_EQ(Display(u""), "");
 }
 
+TEST(Display, quotes_a_name_in_a_sentence) {
+    EXPECT_EQ(Quoted(u""), "''");
+    EXPECT_EQ(Quoted(u"a\tb"),
+              "'a\xE2\x90\x89"
+              "b'");
+}
+
+TEST(Display, cuts_a_quoted_name_behind_200_characters) {
+    const runtime::String longest(200, u'x');
+    EXPECT_EQ(Quoted(longest), "'" + std::string(200, 'x') + "'");
+    EXPECT_EQ(Quoted(longest + u"y"), "'" + std::string(200, 'x') + "\xE2\x80\xA6'");
+}
+
+TEST(Display, does_not_cut_a_pair_of_units) {
+    const runtime::String text = runtime::String(199, u'x') + u"\U0001F600";
+    EXPECT_EQ(Quoted(text), "'" + std::string(199, 'x') + "\xE2\x80\xA6'");
+}
+
 }  // namespace
 }  // namespace tools

@@ -17,6 +17,7 @@
 #include "tools/Diagnosis.h"
 #include "tools/Display.h"
 #include "tools/Registration.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -29,10 +30,11 @@ constexpr std::string_view kHelp =
     R"(Usage: backproc doctor
 
 Shows what a program of the suite would get here that creates the component, one line for each thing that it needs:
-registration, file, version, kernel library, INI file, language. Each line begins with 'ok', or with 'BAD' and then says
-what to do. Without a registration the file beside the tool is looked at. The exit code is 0 when all is well, else 1.
+registration, file, version, kernel library, INI file, language. Each line begins with 'ok', or with 'BAD' and then
+says what to do. Without a registration the file beside the tool is looked at. Nothing is changed, and no instance is
+created.
 
-Nothing is changed, and no instance is created.
+Exit code: 0 all is well, 1 there is a BAD line, 2 bad usage.
 
 Example:
   backproc doctor
@@ -49,11 +51,12 @@ KernelFile LookAtKernel(kernel_api::win32::KernelLibrary& kernel) try {
 }
 
 IniFile LookAtIni(Win32Files& files, const String& folder) {
-    IniFile ini{.path = folder + u"\\sys\\MARLENTO.INI", .exists = false, .problem = {}};
+    IniFile ini{.path = folder + u"\\sys\\MARLENTO.INI"};
     ini.exists = files.Stamp(ini.path).has_value();
     if (!ini.exists) return ini;
     const std::optional<std::string> bytes = files.Read(ini.path);
-    ini.problem = bytes ? std::string(kernel_api::dev::IniProblem(*bytes)) : "it cannot be read";
+    ini.canBeRead = bytes.has_value();
+    if (bytes) ini.problem = kernel_api::dev::IniProblem(*bytes);
     return ini;
 }
 
@@ -90,14 +93,12 @@ MachineState Look() {
     kernel_api::win32::KernelLibrary kernel(folder);
     machine.kernel = LookAtKernel(kernel);
     machine.ini = LookAtIni(files, folder);
-    if (machine.kernel.failure.empty() && machine.kernel.missing.empty()) {
-        machine.language = LookAtLanguage(files, kernel);
-    }
+    if (HasKernel(machine.kernel)) machine.language = LookAtLanguage(files, kernel);
     return machine;
 }
 
 int RunDoctor(const Arguments& arguments, Console& console) {
-    if (!arguments.empty()) throw UsageError("takes no argument");
+    AtMost(0, arguments);
     const Apartment apartment;
     int code = kSuccess;
     for (const Finding& finding : Diagnose(Look())) {

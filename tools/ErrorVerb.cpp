@@ -1,7 +1,7 @@
 // `backproc error`: an error reported to the user as the component reports it.
 #include "services/MessageTexts.h"
-#include "tools/MessageArguments.h"
 #include "tools/MessageService.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -11,9 +11,14 @@ namespace {
 constexpr std::string_view kHelp =
     R"(Usage: backproc error [--] NUMBER DETAIL
 
-Shows the component's error message NUMBER with DETAIL and waits until it is closed. Known are 1, 2, 3, 4, 21, 22, 23,
-24 and 101; any other number shows an empty message, as in the component. NUMBER is decimal, or hexadecimal after 0x.
-DETAIL may begin with '--'; a '--' before NUMBER is skipped.
+Shows the component's error message NUMBER with DETAIL and waits until it is closed.
+
+  NUMBER  1, 2, 3, 4, 21, 22, 23, 24 or 101; any other 32-bit number shows an empty message, as in the component.
+          Decimal, or hexadecimal after 0x
+  DETAIL  what the message is about; may begin with '--', and may be empty: ""
+  --      before a NUMBER; it is skipped
+
+Exit code: 0 shown and closed, 1 failed, 2 bad usage.
 
 Example:
   backproc error 101 R1
@@ -21,7 +26,9 @@ Example:
 
 int RunError(const Arguments& arguments, Console& /*console*/) {
     const std::size_t first = !arguments.empty() && arguments[0] == kEndOfOptions ? 1 : 0;
-    if (arguments.size() != first + 2) throw UsageError("takes [--] NUMBER DETAIL");
+    if (arguments.size() == first) throw Missing("NUMBER");
+    if (arguments.size() == first + 1) throw Missing("DETAIL");
+    AtMost(first + 2, arguments);
     std::int32_t number = ReadNumber(arguments[first], "NUMBER");
     PrepareMessages();
     services::ShowError(number, arguments[first + 1]);

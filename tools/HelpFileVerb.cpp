@@ -8,25 +8,28 @@
 #include "host/clsQmxBackProcess.h"
 #include "host/frmBackProcessMain.h"
 #include "runtime/Error.h"
+#include "runtime/Ports.h"
 #include "runtime/win32/WindowsHeaders.h"
 #include "services/ProcessValues.h"
 #include "services/QMXHLP.h"
 #include "tools/Apartment.h"
 #include "tools/Display.h"
 #include "tools/MessagePump.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
 
 namespace {
 
-constexpr std::string_view kHelp = R"(Usage: backproc help-file
+constexpr std::string_view kHelp =
+    R"(Usage: backproc help-file
 
-Opens the suite's help, Marlentine.chm beside the component, at its table of contents: as the component opens it, owned by
-the main form of an instance in this process. Shows the file's name, and waits until the help window is closed.
+Opens the suite's help, Marlentine.chm beside the component, at its table of contents: as the component opens it, owned
+by the main form of an instance in this process. Shows the file's name, and waits until the help window is closed.
 
-The exit code is 1 when no help window comes up within five seconds: the file or the system's HTML Help is missing. It is 1
-at once when the main form does not come up: one backproc of a session has it, so end the other one first.
+Exit code: 0 shown and closed, 2 bad usage, 1 failed: no help window within five seconds, because the file or the
+system's HTML Help is missing; or no main form, because another backproc of the session has it.
 
 Example:
   backproc help-file
@@ -40,7 +43,8 @@ class LoadedComponent {
         object_.Load(mode);
         if (host::MainForm().IsLoaded()) return;
         object_.Terminate();
-        throw std::runtime_error("the main form did not come up: another backproc of this session has it");
+        throw std::runtime_error(
+            "the main form did not come up: another backproc of this session has it; end that one first");
     }
     LoadedComponent(const LoadedComponent&) = delete;
     LoadedComponent& operator=(const LoadedComponent&) = delete;
@@ -67,12 +71,20 @@ bool IsHelpShown() {
     return isShown;
 }
 
+std::string WhyNoHelp() {
+    const String file = services::CompiledHelpName();
+    if (!runtime::CurrentPorts().files.Stamp(file)) {
+        return "there is no help file " + Quoted(file) + "; put that of the package there";
+    }
+    return "no help window came up within five seconds for " + Quoted(file) + "; is the system's HTML Help installed?";
+}
+
 int RunHelpFile(const Arguments& arguments, Console& console) {
     using namespace std::chrono_literals;
     constexpr auto kStep = 100ms;
     constexpr auto kLongestWait = 5s;
 
-    if (!arguments.empty()) throw UsageError("takes no arguments");
+    AtMost(0, arguments);
     const Apartment apartment;
     host::EnsureComposed(GetModuleHandleW(nullptr));
     const LoadedComponent component;
@@ -80,7 +92,7 @@ int RunHelpFile(const Arguments& arguments, Console& console) {
     services::ShowHelpTopic(u"", 0, wanted);
     console.out << Display(services::CompiledHelpName()) << '\n' << std::flush;
     for (auto waited = 0ms; !IsHelpShown() && waited < kLongestWait; waited += kStep) PumpFor(kStep);
-    if (!IsHelpShown()) throw std::runtime_error("no help window came up");
+    if (!IsHelpShown()) throw std::runtime_error(WhyNoHelp());
     while (IsHelpShown()) PumpFor(kStep);
     return kSuccess;
 }

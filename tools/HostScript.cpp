@@ -64,24 +64,25 @@ class Words {
 
 const VerbForm& FindVerb(StringView name) {
     const auto verb = std::find_if(kVerbs.begin(), kVerbs.end(), [&](const VerbForm& row) { return row.name == name; });
-    if (verb == kVerbs.end()) throw HostScriptError("there is no command '" + Display(name) + "'");
+    if (verb == kVerbs.end())
+        throw HostScriptError("there is no command " + Quoted(name) + "; 'backproc help host' lists them");
     return *verb;
 }
 
 /// Nine digits at most, so that the value always fits.
-std::int32_t ToNumber(StringView word) {
+std::int32_t ToNumber(const std::string& command, StringView word) {
     constexpr std::size_t kMostDigits = 9;
     const auto isDigit = [](char16_t unit) { return unit >= u'0' && unit <= u'9'; };
     if (word.empty() || word.size() > kMostDigits || !std::all_of(word.begin(), word.end(), isDigit)) {
-        throw HostScriptError("'" + Display(word) + "' is not a number");
+        throw HostScriptError("'" + command + "' takes a whole number from 0 to 999999999, not " + Quoted(word));
     }
     std::int32_t number = 0;
     for (const char16_t digit : word) number = number * 10 + (digit - u'0');
     return number;
 }
 
-StringView Required(StringView word, const char* what) {
-    if (word.empty()) throw HostScriptError(std::string(what) + " is missing");
+StringView Required(const std::string& command, StringView word, const char* what) {
+    if (word.empty()) throw HostScriptError("'" + command + "' needs a " + what);
     return word;
 }
 
@@ -103,14 +104,15 @@ HostCommand ParseHostCommand(StringView line) {
     if (name.empty() || name.front() == u'#') return {};
 
     const VerbForm& row = FindVerb(name);
+    const std::string given = runtime::ToUtf8(name);
     HostCommand command;
     command.verb = row.verb;
-    if (TakesNumber(row.form)) command.number = ToNumber(Required(words.Next(), "the number"));
-    if (TakesKey(row.form)) command.key = Required(words.Next(), "the key");
+    if (TakesNumber(row.form)) command.number = ToNumber(given, Required(given, words.Next(), "number"));
+    if (TakesKey(row.form)) command.key = Required(given, words.Next(), "key");
     if (TakesText(row.form)) {
         command.text = words.Rest();
     } else if (const StringView more = words.Next(); !more.empty()) {
-        throw HostScriptError("'" + Display(more) + "' is one word too many");
+        throw HostScriptError(Quoted(more) + " is one word too many for '" + given + "'");
     }
     return command;
 }

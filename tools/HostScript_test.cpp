@@ -57,21 +57,21 @@ TEST(HostScript, takes_very_long_texts) {
 }
 
 TEST(HostScript, refuses_unknown_commands_by_name) {
-    EXPECT_EQ(ErrorOf(u"Create"), "there is no command 'Create'");
-    EXPECT_EQ(ErrorOf(u"loadx 1"), "there is no command 'loadx'");
+    EXPECT_EQ(ErrorOf(u"Create"), "there is no command 'Create'; 'backproc help host' lists them");
+    EXPECT_EQ(ErrorOf(u"loadx 1"), "there is no command 'loadx'; 'backproc help host' lists them");
 }
 
 TEST(HostScript, refuses_what_is_not_a_number) {
-    EXPECT_EQ(ErrorOf(u"load one"), "'one' is not a number");
-    EXPECT_EQ(ErrorOf(u"load -1"), "'-1' is not a number");
-    EXPECT_EQ(ErrorOf(u"pump 1000000000"), "'1000000000' is not a number");
+    EXPECT_EQ(ErrorOf(u"load one"), "'load' takes a whole number from 0 to 999999999, not 'one'");
+    EXPECT_EQ(ErrorOf(u"load -1"), "'load' takes a whole number from 0 to 999999999, not '-1'");
+    EXPECT_EQ(ErrorOf(u"pump 1000000000"), "'pump' takes a whole number from 0 to 999999999, not '1000000000'");
 }
 
 TEST(HostScript, refuses_missing_and_surplus_words) {
-    EXPECT_EQ(ErrorOf(u"notify"), "the number is missing");
-    EXPECT_EQ(ErrorOf(u"get "), "the key is missing");
-    EXPECT_EQ(ErrorOf(u"create 1"), "'1' is one word too many");
-    EXPECT_EQ(ErrorOf(u"get a b"), "'b' is one word too many");
+    EXPECT_EQ(ErrorOf(u"notify"), "'notify' needs a number");
+    EXPECT_EQ(ErrorOf(u"get "), "'get' needs a key");
+    EXPECT_EQ(ErrorOf(u"create 1"), "'1' is one word too many for 'create'");
+    EXPECT_EQ(ErrorOf(u"get a b"), "'b' is one word too many for 'get'");
 }
 
 }  // namespace

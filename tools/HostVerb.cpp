@@ -19,7 +19,8 @@ constexpr std::string_view kHelp =
     R"(Usage: backproc host [FILE] ["/sys:FOLDER"]
 
 Hosts the component as a module of the suite would: in this process, through COM, with an event sink connected to
-each instance. Commands come one a line (UTF-8) from FILE, or from standard input.
+each instance. Commands come one a line (UTF-8) from FILE, or from standard input. The component reads this process's
+command line as it would a module's: "/sys:FOLDER", in double quotes, is its system folder.
 
   create          creates an instance                         1 created
   load N          calls Load                                  1 Load True
@@ -34,22 +35,20 @@ each instance. Commands come one a line (UTF-8) from FILE, or from standard inpu
                   CurrentDesignName=[NAME]  LanguagePath=[FOLDER]  Caption=[TEXT], a line each
   pump MS         serves window messages for so many milliseconds
 
-Instances are numbered from 1 in the order of their 'create' lines; no number is used twice. TEXT and VALUE are the
-rest of the line after one blank, as it stands; they may be empty or absent. Blank lines and lines that start with
-'#' are skipped. Window messages are served between the lines and while waiting for one.
+N is the number of an instance: the first 'create' makes 1, and no number is used twice. MS is at most 999999999. TEXT
+and VALUE are the rest of the line after one blank, as it stands; they may be empty or absent. Blank lines and lines
+that start with '#' are skipped. Window messages are served between the lines and while waiting for one.
 
 An event is shown the moment it comes:                        1 NotifyServer [MODULE] [COMMAND]
 A call that fails, and the host goes on:                      1 error 0x800A0035 File not found
 A control character inside a text is shown by its picture, a line feed as one character, so that each fact is one line.
 
-The component reads this process's command line as it would a module's: "/sys:FOLDER", in double quotes, is its system
-folder.
+At the end of the input all instances are released in the order of their creation.
 
-At the end of the input all instances are released in the order of their creation. The exit code is 1 if a call
-failed or a line could not be understood (the message names the line), else 0.
+Exit code: 0 done, 1 a call failed or a line could not be understood (the message names the line), 2 bad usage.
 
 Example, in a command prompt:
-  (echo create& echo load 1& echo notify 1 All,SAVE) | backproc host
+  echo create| backproc host
 )";
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
@@ -97,10 +96,19 @@ std::optional<String> ScriptFile(const Arguments& arguments) {
     for (const String& argument : arguments) {
         // The component itself finds this one on the process's command line.
         if (IsSystemFolder(argument)) continue;
-        if (file) throw UsageError("takes one FILE at most");
+        if (file) throw UsageError("takes one FILE at most; " + Quoted(argument) + " is another one");
         file = argument;
     }
     return file;
+}
+
+std::string WhyUnreadable(const String& name) {
+    const DWORD attributes = GetFileAttributesW(runtime::win32::Wide(name));
+    if (attributes == INVALID_FILE_ATTRIBUTES) return "there is no file " + Quoted(name) + "; check the name";
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
+        return Quoted(name) + " is a folder; give a file with a command on each line";
+    }
+    return "cannot read the file " + Quoted(name) + "; check that you may read it and that no program locks it";
 }
 
 int RunHost(const Arguments& arguments, Console& console) {
@@ -108,7 +116,7 @@ int RunHost(const Arguments& arguments, Console& console) {
     std::ifstream file;
     if (name) {
         file.open(std::filesystem::path(*name), std::ios::binary);
-        if (!file) throw std::runtime_error("cannot read '" + Display(*name) + "'");
+        if (!file) throw std::runtime_error(WhyUnreadable(*name));
     }
     const Apartment apartment;
     return HostRun(name ? file : console.in, console).Run() ? kSuccess : kFailure;

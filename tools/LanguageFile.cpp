@@ -10,13 +10,17 @@ namespace tools {
 runtime::String LanguageFileIn(runtime::FilesPort& files, runtime::StringView folder) {
     using kernel_api::dev::kMostTextsBytes;
     // An empty folder would mean that of the suite's current language to the reader.
-    if (folder.empty()) throw std::runtime_error("the language folder has no name");
+    if (folder.empty())
+        throw std::runtime_error(
+            "the name of the language folder is empty; give a folder that has a K4TBackProcess.txt");
     runtime::String path = kernel_api::dev::TextsPathIn(folder);
     const auto stamp = files.Stamp(path);
-    if (!stamp) throw std::runtime_error("there is no language file '" + Display(path) + "'");
+    if (!stamp)
+        throw std::runtime_error("there is no language file " + Quoted(path) +
+                                 "; 'backproc texts --template' writes one to start from");
     if (stamp->size > kMostTextsBytes) {
-        throw std::runtime_error("the language file '" + Display(path) + "' has more than " +
-                                 std::to_string(kMostTextsBytes) + " bytes and is not read");
+        throw std::runtime_error("the language file " + Quoted(path) + " has " + std::to_string(stamp->size) +
+                                 " bytes; make it no larger than " + std::to_string(kMostTextsBytes));
     }
     return path;
 }

@@ -31,7 +31,9 @@ TEST_F(LanguageFile, StandsInItsFolder) {
 }
 
 TEST_F(LanguageFile, ThatIsNotThereIsNamed) {
-    EXPECT_EQ(Complaint(u"C:\\fr"), "there is no language file 'C:\\fr\\K4TBackProcess.txt'");
+    EXPECT_EQ(
+        Complaint(u"C:\\fr"),
+        "there is no language file 'C:\\fr\\K4TBackProcess.txt'; 'backproc texts --template' writes one to start from");
 }
 
 TEST_F(LanguageFile, OfMoreBytesThanTheReaderTakesIsRefused) {
@@ -39,12 +41,12 @@ TEST_F(LanguageFile, OfMoreBytesThanTheReaderTakesIsRefused) {
     EXPECT_EQ(Complaint(u"C:\\full"), "");
     files_.AddFile(u"C:\\more\\K4TBackProcess.txt", std::string((16 << 20) + 1, '#'));
     EXPECT_EQ(Complaint(u"C:\\more"),
-              "the language file 'C:\\more\\K4TBackProcess.txt' has more than 16777216 bytes and is not read");
+              "the language file 'C:\\more\\K4TBackProcess.txt' has 16777217 bytes; make it no larger than 16777216");
 }
 
 TEST_F(LanguageFile, OfNoFolderIsRefused) {
     files_.AddFile(u"\\K4TBackProcess.txt", "1 = a\n");
-    EXPECT_EQ(Complaint(u""), "the language folder has no name");
+    EXPECT_EQ(Complaint(u""), "the name of the language folder is empty; give a folder that has a K4TBackProcess.txt");
 }
 
 }  // namespace

@@ -7,8 +7,8 @@
 #include "runtime/win32/WindowsHeaders.h"
 #include "services/ProcessValues.h"
 #include "tools/Display.h"
-#include "tools/MessageArguments.h"
 #include "tools/UiFont.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -20,8 +20,11 @@ constexpr std::string_view kHelp =
 
 Shows the font that the component gives its forms: face, size in points and Windows character set, and the rule that
 chose it. The system's locale decides the language; under a language that has no font of its own, the user's locale
-decides the character set. With --lcid the choice is shown as it were on a system of that locale; N is decimal, or
-hexadecimal after 0x. Where the face is empty or the size 0, the forms get that of a new font: MS Sans Serif, 8.25.
+decides the character set. Where the face is empty or the size 0, the forms get that of a new font: MS Sans Serif, 8.25.
+
+  --lcid N  the choice as it were on a system of the locale N, 0 to 0xFFFFFFFF: decimal, or hexadecimal after 0x
+
+Exit code: 0 done, 1 failed, 2 bad usage.
 
 Example:
   backproc locale --lcid 0x0411
@@ -59,10 +62,12 @@ std::string Hexadecimal(std::int32_t lcid) {
 }
 
 int RunLocale(const Arguments& arguments, Console& console) {
-    const bool pretends = arguments.size() == 2 && arguments[0] == u"--lcid";
-    if (!arguments.empty() && !pretends) throw UsageError("takes [--lcid N]");
     std::optional<std::int32_t> lcid;
-    if (pretends) lcid = ReadNumber(arguments[1], "--lcid");
+    if (!arguments.empty()) {
+        if (arguments[0] != u"--lcid") throw UnknownOption(arguments[0]);
+        lcid = ReadNumber(ValueOf(arguments, 0), "--lcid");
+        AtMost(2, arguments);
+    }
     host::EnsureComposed(GetModuleHandleW(nullptr));
     const services::FontRule rule = ChooseFont(lcid);
     runtime::LocalePort& locale = runtime::CurrentPorts().locale;

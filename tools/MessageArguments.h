@@ -16,16 +16,9 @@ struct MessageArguments {
     bool operator==(const MessageArguments&) const = default;
 };
 
-/// What ends the options: the argument behind it is none, whatever it looks like.
-inline constexpr StringView kEndOfOptions = u"--";
-
 /// Reads "[--flags N] [--title T] [--language FOLDER] [--] PROMPT"; in PROMPT "\n" becomes a line break. UsageError for
 /// anything else.
 MessageArguments ReadMessageArguments(const Arguments& arguments);
-
-/// The 32-bit number that `text` is, decimal with or without a sign, or hexadecimal after "0x" up to 0xFFFFFFFF;
-/// UsageError, which calls it `name`, when it is none.
-std::int32_t ReadNumber(StringView text, std::string_view name);
 
 /// `written` with a line break (CR LF) for each "\n".
 String WithLineBreaks(StringView written);

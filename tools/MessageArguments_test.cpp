@@ -5,6 +5,15 @@
 namespace tools {
 namespace {
 
+std::string ComplaintAbout(const Arguments& arguments) {
+    try {
+        ReadMessageArguments(arguments);
+    } catch (const UsageError& error) {
+        return error.what();
+    }
+    return "(none)";
+}
+
 TEST(MessageArguments, PromptAloneIsEnough) {
     EXPECT_EQ(ReadMessageArguments({u"Overwrite?"}), (MessageArguments{u"Overwrite?", 0, {}, {}}));
 }
@@ -40,39 +49,18 @@ TEST(MessageArguments, BackslashWithNIsALineBreakInThePromptOnly) {
     EXPECT_EQ(ReadMessageArguments({u"--title", u"a\\nb", u"c"}).title, u"a\\nb");
 }
 
-TEST(MessageArguments, AnythingElseIsBadUsage) {
-    const Arguments wrong[] = {{},
-                               {u"a", u"b"},
-                               {u"--flags", u"8"},
-                               {u"--title", u"T"},
-                               {u"--flags"},
-                               {u"--flag", u"8", u"a"},
-                               {u"a", u"--flags", u"8"},
-                               {u"--"},
-                               {u"--", u"--flags", u"8"},
-                               {u"a", u"--"},
-                               {u"--flags", u"8", u"a", u"b"}};
-    for (const Arguments& arguments : wrong) EXPECT_THROW(ReadMessageArguments(arguments), UsageError);
-}
-
-TEST(MessageArguments, NumbersAreDecimalOrHexadecimal) {
-    EXPECT_EQ(ReadNumber(u"0", "N"), 0);
-    EXPECT_EQ(ReadNumber(u"-101", "N"), -101);
-    EXPECT_EQ(ReadNumber(u"2147483647", "N"), 2147483647);
-    EXPECT_EQ(ReadNumber(u"0x1f", "N"), 31);
-    EXPECT_EQ(ReadNumber(u"0XFFFFFFF7", "N"), ~8);
-}
-
-TEST(MessageArguments, WhatIsNoNumberIsNamed) {
-    for (const auto* text : {u"", u"x", u"8 ", u"+8", u"0x", u"0x-1", u"2147483648", u"0x100000000", u"１"}) {
-        EXPECT_THROW(ReadNumber(text, "N"), UsageError) << runtime::ToUtf8(text);
-    }
-    try {
-        ReadMessageArguments({u"--flags", u"many", u"a"});
-        FAIL() << "read";
-    } catch (const UsageError& error) {
-        EXPECT_STREQ(error.what(), "--flags is not a 32-bit number: 'many'");
-    }
+TEST(MessageArguments, BadUsageIsNamed) {
+    EXPECT_EQ(ComplaintAbout({}), "PROMPT is missing");
+    EXPECT_EQ(ComplaintAbout({u"--"}), "PROMPT is missing");
+    EXPECT_EQ(ComplaintAbout({u"--flags", u"8"}), "PROMPT is missing");
+    EXPECT_EQ(ComplaintAbout({u"a", u"b"}), "'b' is one argument too many");
+    EXPECT_EQ(ComplaintAbout({u"a", u"--"}), "'--' is one argument too many");
+    EXPECT_EQ(ComplaintAbout({u"a", u"--flags", u"8"}), "'--flags' is one argument too many");
+    EXPECT_EQ(ComplaintAbout({u"--", u"--flags", u"8"}), "'8' is one argument too many");
+    EXPECT_EQ(ComplaintAbout({u"--flags"}), "'--flags' needs a value");
+    EXPECT_EQ(ComplaintAbout({u"--flag", u"8", u"a"}), "there is no option '--flag'");
+    EXPECT_EQ(ComplaintAbout({u"--flags", u"", u"a"}),
+              "--flags must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not ''");
 }
 
 }  // namespace

@@ -22,6 +22,12 @@ std::string Bracketed(StringView text) {
     return bracketed.append(Display(text)).append(1, ']');
 }
 
+/// Throws for every failure; for one that comes of the registration the system has no useful words.
+void ThrowIfNotMade(HRESULT result) {
+    if (result != CO_E_CLASSSTRING && result != REGDB_E_CLASSNOTREG) return ThrowIfFailed(result);
+    throw ComFailure(result, "the component is not registered; 'backproc doctor' tells what to do");
+}
+
 void Connect(_clsQmxBackProcess& instance, EventSink::NotifyServer notifyServer) {
     ComPtr<IConnectionPointContainer> container;
     ThrowIfFailed(instance.QueryInterface(__uuidof(IConnectionPointContainer), container.PutVoid()));
@@ -40,7 +46,7 @@ decltype(&K4TDev_Value) DevelopmentEntry(_clsQmxBackProcess& instance) {
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
                        static_cast<const wchar_t*>(method), &library);
     const FARPROC entry = library ? GetProcAddress(library, "K4TDev_Value") : nullptr;
-    if (!entry) throw HostScriptError("the component does not show its state");
+    if (!entry) throw HostScriptError("this component does not show its state; take the one of the package");
     return reinterpret_cast<decltype(&K4TDev_Value)>(reinterpret_cast<void*>(entry));
 }
 
@@ -148,7 +154,7 @@ void ModuleHost::PrintStrings() {
 }
 
 void ModuleHost::PrintState() {
-    if (instances_.empty()) throw HostScriptError("there is no instance whose component could be looked at");
+    if (instances_.empty()) throw HostScriptError("'state' needs an instance; 'create' makes one");
     const auto valueOf = DevelopmentEntry(*instances_.begin()->second.Get());
     for (const StringView name : {u"CurrentDesignName", u"LanguagePath", u"Caption"}) {
         const auto value = Bstr::Attach(valueOf(runtime::win32::Wide(String(name))));
@@ -158,9 +164,9 @@ void ModuleHost::PrintState() {
 
 ModuleHost::Instance ModuleHost::NewInstance(std::int32_t number) {
     CLSID identifier;
-    ThrowIfFailed(CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &identifier));
+    ThrowIfNotMade(CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &identifier));
     Instance instance;
-    ThrowIfFailed(
+    ThrowIfNotMade(
         CoCreateInstance(identifier, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_clsQmxBackProcess), instance.PutVoid()));
     Connect(*instance.Get(), [this, number](StringView Aname, StringView sCommand) {
         Print(std::to_string(number) + " NotifyServer " + Bracketed(Aname) + " " + Bracketed(sCommand));
@@ -170,7 +176,8 @@ ModuleHost::Instance ModuleHost::NewInstance(std::int32_t number) {
 
 _clsQmxBackProcess& ModuleHost::Find(std::int32_t number) const {
     const auto instance = instances_.find(number);
-    if (instance == instances_.end()) throw HostScriptError("there is no instance " + std::to_string(number));
+    if (instance == instances_.end())
+        throw HostScriptError("there is no instance " + std::to_string(number) + "; 'create' makes one");
     return *instance->second.Get();
 }
 

@@ -5,6 +5,7 @@
 #include "routing/ModuleList.h"
 #include "runtime/win32/WindowsHeaders.h"
 #include "tools/Display.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -17,12 +18,14 @@ constexpr std::string_view kHelp =
 Shows the modules that the shared string "AllAps" lists, one a line with its number and a tab; this component's own
 entry is marked with a further tab and 'own'. Prints nothing when there is no list.
 
+Exit code: 0 done, 1 failed, 2 bad usage.
+
 Example:
   backproc modules
 )";
 
 int RunModules(const Arguments& arguments, Console& console) {
-    if (!arguments.empty()) throw UsageError("takes no arguments");
+    AtMost(0, arguments);
     host::EnsureComposed(GetModuleHandleW(nullptr));
     routing::ReadModuleList();
     for (std::int32_t i = 1; i <= routing::ModuleCount; ++i) {

@@ -13,12 +13,17 @@ namespace {
 constexpr std::string_view kHelp =
     R"(Usage: backproc msgbox [--flags N] [--title T] [--language FOLDER] [--] PROMPT
 
-Shows the suite's message box and prints the code of its answer, which is also the exit code: Yes 6, No 7,
-Yes To All 8, Cancel or closed 2. In PROMPT '\n' is a line break. N is decimal, or hexadecimal after 0x; of its bits
-the box looks at those that choose the first button: 0 Yes, 0x100 No, 0x200 Yes To All, 0x300 Cancel. Without a title
-the box has the product's name. With --language the captions come from K4TBackProcess.txt in FOLDER; the language that
-the modules share stays as it is. What fails before the box is answered prints nothing but a message on standard error.
-A PROMPT that begins with '--' stands behind a '--' of its own.
+Shows the suite's message box, waits for its answer and prints the answer's code.
+
+  --flags N          which button is chosen first: 0 Yes, 0x100 No, 0x200 Yes To All, 0x300 Cancel; other bits of the
+                     32-bit number do nothing. Decimal, or hexadecimal after 0x
+  --title T          the box's title; without it, the product's name
+  --language FOLDER  takes the captions from K4TBackProcess.txt in FOLDER; the language that the modules share stays
+  --                 ends the options, for a PROMPT that begins with '--'
+  PROMPT             the message; '\n' in it is a line break
+
+Exit code: that of the answer: 6 Yes, 7 No, 8 Yes To All, 2 Cancel or closed. 2 is bad usage, too, and 1 a failure;
+both print nothing but a message on standard error.
 
 Example:
   backproc msgbox --flags 0x100 --title Orvane "Overwrite?\nR1 is in the library already."

@@ -2,31 +2,30 @@
 
 #include <utility>
 
-#include "tools/Display.h"
 #include "tools/MessageArguments.h"
+#include "tools/Usage.h"
 
 namespace tools {
 
 namespace {
 
-constexpr StringView kOptionMark = u"--";
-
-void TakeOption(QueryArguments& query, bool& hasKind, StringView option, const String& value) {
+void TakeOption(QueryArguments& query, bool& hasKind, const Arguments& arguments, std::size_t place) {
+    const String& option = arguments[place];
     if (option == u"--kind") {
-        query.kind = ReadNumber(value, "--kind");
+        query.kind = ReadNumber(ValueOf(arguments, place), "--kind");
         hasKind = true;
     } else if (option == u"--title") {
-        query.title = WithLineBreaks(value);
+        query.title = WithLineBreaks(ValueOf(arguments, place));
     } else if (option == u"--prompt") {
-        query.prompt = WithLineBreaks(value);
+        query.prompt = WithLineBreaks(ValueOf(arguments, place));
     } else if (option == u"--index") {
-        query.index = ReadNumber(value, "--index");
+        query.index = ReadNumber(ValueOf(arguments, place), "--index");
     } else if (option == u"--button") {
-        query.buttonCaption = WithLineBreaks(value);
+        query.buttonCaption = WithLineBreaks(ValueOf(arguments, place));
     } else if (option == u"--language") {
-        query.languageFolder = value;
+        query.languageFolder = ValueOf(arguments, place);
     } else {
-        throw UsageError("there is no option '" + Display(option) + "'");
+        throw UnknownOption(option);
     }
 }
 
@@ -36,16 +35,15 @@ QueryArguments ReadQueryArguments(const Arguments& arguments) {
     QueryArguments query;
     bool hasKind = false;
     std::size_t next = 0;
-    for (; next < arguments.size() && arguments[next].starts_with(kOptionMark); next += 2) {
-        if (arguments[next] == kOptionMark) {
+    for (; next < arguments.size() && arguments[next].starts_with(kEndOfOptions); next += 2) {
+        if (arguments[next] == kEndOfOptions) {
             ++next;
             break;
         }
-        if (next + 1 == arguments.size()) throw UsageError("'" + Display(arguments[next]) + "' takes a value");
-        TakeOption(query, hasKind, arguments[next], arguments[next + 1]);
+        TakeOption(query, hasKind, arguments, next);
     }
-    if (!hasKind) throw UsageError("--kind is missing");
-    if (next == arguments.size()) throw UsageError("VALUE0 is missing");
+    if (!hasKind) throw Missing("--kind");
+    if (next == arguments.size()) throw Missing("VALUE0");
     for (; next < arguments.size(); ++next) query.values.push_back(WithLineBreaks(arguments[next]));
     return query;
 }

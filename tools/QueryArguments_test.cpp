@@ -68,10 +68,13 @@ TEST(QueryArguments, BadUsageIsNamed) {
     EXPECT_EQ(ComplaintAbout({u"x"}), "--kind is missing");
     EXPECT_EQ(ComplaintAbout({u"--kind", u"1"}), "VALUE0 is missing");
     EXPECT_EQ(ComplaintAbout({u"--kind", u"1", u"--"}), "VALUE0 is missing");
-    EXPECT_EQ(ComplaintAbout({u"--kind"}), "'--kind' takes a value");
-    EXPECT_EQ(ComplaintAbout({u"--kind", u"one", u"x"}), "--kind is not a 32-bit number: 'one'");
-    EXPECT_EQ(ComplaintAbout({u"--kind", u"3", u"--index", u"", u"x"}), "--index is not a 32-bit number: ''");
+    EXPECT_EQ(ComplaintAbout({u"--kind"}), "'--kind' needs a value");
+    EXPECT_EQ(ComplaintAbout({u"--kind", u"one", u"x"}),
+              "--kind must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not 'one'");
+    EXPECT_EQ(ComplaintAbout({u"--kind", u"3", u"--index", u"", u"x"}),
+              "--index must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not ''");
     EXPECT_EQ(ComplaintAbout({u"--kinds", u"3", u"x"}), "there is no option '--kinds'");
+    EXPECT_EQ(ComplaintAbout({u"--kinds"}), "there is no option '--kinds'");
 }
 
 }  // namespace

@@ -22,13 +22,22 @@ constexpr std::string_view kHelp =
     R"(Usage: backproc query --kind K [--title T] [--prompt P] [--index I] [--button CAPTION] [--language FOLDER]
                       [--] VALUE0 [ITEM...]
 
-Asks for a value with the suite's query dialog and prints the answer's text and index, control characters as pictures.
-K is 1 for a line of text, 2 an editable combo box, 3 a drop-down list, 4 a block of text, 5 a list box; anything else
-is 1. VALUE0 is the initial text of 1, 2 and 4; the ITEMs fill 2, 3 and 5; I is the item selected at first in 3 and 5,
-counted from 0, -1 for none. CAPTION gives the dialog an extra button. FOLDER holds the language file. Without a title
-the dialog has the product's name. In all texts '\n' is a line break; '--' ends the options.
+Asks for a value with the suite's query dialog and prints the answer's text, control characters as pictures, and its
+index: of a chosen ITEM, counted from 1, else 0; -1 cancelled, -100 the extra button. In all texts but FOLDER '\n' is a
+line break.
 
-Exit code: 0 accepted, 1 cancelled, 3 the extra button, 2 bad usage or an error, with its text on standard error.
+  --kind K           1 a line of text, 2 an editable combo box, 3 a drop-down list, 4 a block of text, 5 a list box;
+                     any other 32-bit number is 1
+  --title T          the dialog's title; without it, the product's name
+  --prompt P         what is asked for
+  --index I          in 3 and 5 the item selected at first, from 0; -1 for none
+  --button CAPTION   gives the dialog an extra button
+  --language FOLDER  takes the captions from K4TBackProcess.txt in FOLDER; the language that the modules share stays
+  --                 ends the options, for a VALUE0 that begins with '--'
+  VALUE0             the initial text of 1, 2 and 4; may be empty: ""
+  ITEM...            the items of 2, 3 and 5
+
+Exit code: 0 accepted, 1 cancelled, 3 the extra button, 2 bad usage or a failure, with its text on standard error.
 
 Example:
   backproc query --kind 3 --prompt "Which side?" --index 0 "" Top Bottom

@@ -1,5 +1,6 @@
 // `backproc raise`: commands for other modules, raised in this process and heard by its instances.
-#include <charconv>
+#include <initializer_list>
+#include <limits>
 #include <memory>
 #include <ostream>
 
@@ -10,6 +11,7 @@
 #include "runtime/Error.h"
 #include "runtime/win32/WindowsHeaders.h"
 #include "tools/Display.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -21,14 +23,21 @@ constexpr std::string_view kHelp =
        backproc raise all COMMAND             [--instances N]
        backproc raise shell MODULE MODE LINE  [--instances N]
 
-Creates N instances (1 unless told) in this process and raises a command for another module: COMMAND for MODULE,
-COMMAND in this component's own name, or the request to MODULE to start a program. MODE is a whole number from -32768
-to 32767. Shows each event in the form that 'backproc host' has:
+Creates instances in this process and raises a command for another module: COMMAND for MODULE, COMMAND in this
+component's own name, or the request to MODULE to start a program with the command line LINE.
 
-  1 NotifyServer [M] [SHELL,-3,a,b]
+  MODULE         name of a module, such as EDITOR
+  MODE           a whole number from -32768 to 32767; what it means is MODULE's affair
+  --instances N  how many instances, 0 to 1000; 1 without it
+
+Each event is shown in the form that 'backproc host' has:
+
+  1 NotifyServer [EDITOR] [SHELL,1,amp.sch]
+
+Exit code: 0 done, 1 failed, 2 bad usage.
 
 Example:
-  backproc raise shell EDITOR 1 "amp.sch" --instances 2
+  backproc raise shell EDITOR 1 amp.sch --instances 2
 )";
 
 constexpr std::uint32_t kMostInstances = 1000;
@@ -38,16 +47,6 @@ struct Request {
     std::uint32_t instances = 1;
 };
 
-template <typename Number>
-Number ParseNumber(const String& text, std::string_view what) {
-    const std::string digits = runtime::ToUtf8(text);
-    Number number{};
-    const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
-    const bool isNumber = error == std::errc{} && end == digits.data() + digits.size();
-    if (!isNumber) throw UsageError(std::string(what) + " must be a whole number in its range, not '" + digits + "'");
-    return number;
-}
-
 Request ParseRequest(const Arguments& arguments) {
     Request request;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
@@ -55,23 +54,35 @@ Request ParseRequest(const Arguments& arguments) {
             request.words.push_back(arguments[i]);
             continue;
         }
-        if (++i == arguments.size()) throw UsageError("--instances needs a number");
-        request.instances = ParseNumber<std::uint32_t>(arguments[i], "N");
-        if (request.instances > kMostInstances) throw UsageError("N must be at most 1000");
+        request.instances =
+            static_cast<std::uint32_t>(ReadWhole(ValueOf(arguments, i), "--instances", 0, kMostInstances));
+        ++i;
     }
     return request;
 }
 
+/// Throws UsageError unless the request's words are its kind and one for each of `names`.
+void Require(const Arguments& words, std::initializer_list<std::string_view> names) {
+    if (words.size() <= names.size()) throw Missing(names.begin()[words.size() - 1]);
+    AtMost(names.size() + 1, words);
+}
+
 void RaiseCommand(Arguments& words) {
+    constexpr std::int64_t kLeast = std::numeric_limits<std::int16_t>::min();
+    constexpr std::int64_t kGreatest = std::numeric_limits<std::int16_t>::max();
     host::frmBackProcessMain& form = host::MainForm();
-    if (words.size() == 3 && words[0] == u"send") {
+    if (words.empty()) throw Missing("'send', 'all' or 'shell'");
+    if (words[0] == u"send") {
+        Require(words, {"MODULE", "COMMAND"});
         form.AP_SendCmd(words[1], words[2]);
-    } else if (words.size() == 2 && words[0] == u"all") {
+    } else if (words[0] == u"all") {
+        Require(words, {"COMMAND"});
         form.AP_SendCmdAll(words[1]);
-    } else if (words.size() == 4 && words[0] == u"shell") {
-        form.AP_Shell(words[1], ParseNumber<std::int16_t>(words[2], "MODE"), words[3]);
+    } else if (words[0] == u"shell") {
+        Require(words, {"MODULE", "MODE", "LINE"});
+        form.AP_Shell(words[1], static_cast<std::int16_t>(ReadWhole(words[2], "MODE", kLeast, kGreatest)), words[3]);
     } else {
-        throw UsageError("takes 'send MODULE COMMAND', 'all COMMAND' or 'shell MODULE MODE LINE'");
+        throw UsageError("cannot raise " + Quoted(words[0]) + "; it takes 'send', 'all' or 'shell'");
     }
 }
 

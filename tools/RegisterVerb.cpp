@@ -5,6 +5,7 @@
 #include "tools/ComFailure.h"
 #include "tools/Display.h"
 #include "tools/Registration.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -14,8 +15,12 @@ namespace {
 constexpr std::string_view kRegisterHelp =
     R"(Usage: backproc register [--user]
 
-Registers the K4TBackProcess.dll beside the tool for all users of the machine, which needs an administrator's rights;
-with --user for the current user alone, which needs none. Shows what was registered, and where.
+Registers the K4TBackProcess.dll beside the tool for all users of the machine, which needs an administrator's rights.
+Shows what was registered, and where.
+
+  --user  for the current user alone, which needs no special rights
+
+Exit code: 0 done, 1 failed, 2 bad usage.
 
 Example:
   backproc register --user
@@ -24,17 +29,24 @@ Example:
 constexpr std::string_view kUnregisterHelp =
     R"(Usage: backproc unregister [--user]
 
-Takes the registration for all users of the machine back, which needs an administrator's rights; with --user that of
-the current user.
+Takes the registration for all users of the machine back, which needs an administrator's rights. Does nothing when there
+is none.
+
+  --user  takes back that of the current user, which needs no special rights
+
+Exit code: 0 done, 1 failed, 2 bad usage.
 
 Example:
   backproc unregister --user
 )";
 
+constexpr const char* kLookFurther = "run 'backproc doctor' to see why";
+
 Scope ReadScope(const Arguments& arguments) {
     if (arguments.empty()) return Scope::kMachine;
-    if (arguments.size() == 1 && arguments.front() == u"--user") return Scope::kUser;
-    throw UsageError("takes nothing but --user");
+    if (arguments.front() != u"--user") throw UnknownOption(arguments.front());
+    AtMost(1, arguments);
+    return Scope::kUser;
 }
 
 bool IsMissingRight(HRESULT result) {
@@ -48,8 +60,10 @@ bool IsMissingRight(HRESULT result) {
 /// Runs `change`; where a right is missing, the error says what can be done.
 void Change(void (*change)(Scope), Scope scope) try { change(scope); } catch (const ComFailure& failure) {
     if (scope == Scope::kUser || !IsMissingRight(failure.Result())) throw;
-    throw std::runtime_error(std::string(failure.what()) +
-                             "\nThe machine's registration needs an administrator's rights; --user needs none.");
+    throw std::runtime_error(
+        std::string(failure.what()) +
+        "\nThe machine's registration needs an administrator's rights: run this as one, or with --user, "
+        "which needs none.");
 }
 
 void PrintClass(std::ostream& out) {
@@ -61,7 +75,9 @@ int RunRegister(const Arguments& arguments, Console& console) {
     const Scope scope = ReadScope(arguments);
     Change(Register, scope);
     const std::optional<String> library = RegisteredLibrary(scope);
-    if (!library) throw std::runtime_error(std::string("nothing was registered in ") + RegistryPlace(scope));
+    if (!library)
+        throw std::runtime_error(std::string("nothing was registered in ") + RegistryPlace(scope) + "; " +
+                                 kLookFurther);
     PrintClass(console.out);
     console.out << "library " << Display(*library) << '\n' << "registered in " << RegistryPlace(scope) << '\n';
     return kSuccess;
@@ -71,7 +87,9 @@ int RunUnregister(const Arguments& arguments, Console& console) {
     const Scope scope = ReadScope(arguments);
     const bool wasThere = RegisteredLibrary(scope).has_value();
     Change(Unregister, scope);
-    if (RegisteredLibrary(scope)) throw std::runtime_error(std::string("still registered in ") + RegistryPlace(scope));
+    if (RegisteredLibrary(scope))
+        throw std::runtime_error(std::string("it is still registered in ") + RegistryPlace(scope) + "; " +
+                                 kLookFurther);
     PrintClass(console.out);
     console.out << (wasThere ? "removed from " : "was not registered in ") << RegistryPlace(scope) << '\n';
     return kSuccess;

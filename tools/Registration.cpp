@@ -16,6 +16,8 @@ namespace {
 using runtime::win32::Library;
 using runtime::win32::Wide;
 
+constexpr const char16_t* kFileName = u"K4TBackProcess.dll";
+
 String BesideTheTool(const String& name) {
     String folder = runtime::win32::Win32Process(nullptr).ComponentFolder();
     if (!folder.ends_with(u'\\')) folder += u'\\';
@@ -23,17 +25,21 @@ String BesideTheTool(const String& name) {
 }
 
 Library LoadComponent() {
-    const String path = BesideTheTool(u"K4TBackProcess.dll");
+    const String path = BesideTheTool(kFileName);
     Library library(LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     if (library) return library;
     const std::string reason = SystemText(HRESULT_FROM_WIN32(GetLastError()));
-    throw std::runtime_error("cannot load " + Display(path) + ": " + reason);
+    throw std::runtime_error("cannot load " + Quoted(path) + ": " + reason +
+                             " Put the K4TBackProcess.dll of the package there.");
 }
 
 template <typename Function>
 Function* Entry(const Library& library, const char* name) {
     const FARPROC entry = GetProcAddress(library.Get(), name);
-    if (entry == nullptr) throw std::runtime_error(std::string("K4TBackProcess.dll has no entry ") + name);
+    if (entry == nullptr) {
+        throw std::runtime_error(Quoted(BesideTheTool(kFileName)) + " has no entry " + name +
+                                 "; put the K4TBackProcess.dll of the package there");
+    }
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(entry));
 }
 

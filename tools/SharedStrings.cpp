@@ -19,9 +19,9 @@ NextString& ListEntry() {
     // The library is loaded: a string was asked for before.
     const FARPROC entry = GetProcAddress(GetModuleHandleW(L"QmxKrn2K.dll"), kListEntry);
     if (entry == nullptr) {
-        throw runtime::Error(runtime::kDllEntryPointNotFound,
-                             runtime::StandardDescription(runtime::kDllEntryPointNotFound) + u": " +
-                                 runtime::FromAscii(kListEntry) + u"; this kernel does not list its strings");
+        throw runtime::ErrorAbout(
+            runtime::kDllEntryPointNotFound,
+            runtime::FromAscii(kListEntry) + u"; this kernel does not list its strings, ask it for one with 'get'");
     }
     return *reinterpret_cast<NextString*>(reinterpret_cast<void*>(entry));
 }
@@ -60,7 +60,9 @@ std::optional<std::string> SharedStrings::KeyAfter(const char* key) {
     for (;;) {
         const auto size = static_cast<long>(buffer.size());
         const long needed = nextString(key, buffer.data(), size);
-        if (needed < 0) throw std::runtime_error("the kernel cannot reach its strings");
+        if (needed < 0)
+            throw std::runtime_error(
+                "the kernel cannot reach its strings; end the programs that use it, and try again");
         if (needed == 0) return std::nullopt;
         const auto bytes = static_cast<std::size_t>(needed);
         if (needed <= size) return buffer.substr(0, bytes - 1);

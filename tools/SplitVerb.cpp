@@ -9,6 +9,7 @@
 
 #include "routing/FieldSplitter.h"
 #include "tools/Display.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -21,6 +22,8 @@ constexpr std::string_view kHelp =
 Splits TEXT into comma fields as the suite's modules read them: a line a field with its number, a tab, its text, a
 tab and its numeric value; then the number of fields. A field may stand in double quotes. For a quoted field that is
 never closed the splitter does not return; the tool waits ten seconds and fails.
+
+Exit code: 0 done, 1 failed, 2 bad usage.
 
 Example:
   backproc split "A,B,"
@@ -35,7 +38,8 @@ void SplitOrEnd(const String& text, Console& console) {
     std::future<void> done = task.get_future();
     std::thread worker(std::move(task));
     if (done.wait_for(kLongestWait) == std::future_status::timeout) {
-        console.err << "backproc split: no result after ten seconds; a double quote that opens a field is not closed\n"
+        console.err << "backproc split: no result after ten seconds; a double quote that opens a field is not closed: "
+                       "close it\n"
                     << std::flush;
         std::_Exit(kFailure);
     }
@@ -44,7 +48,8 @@ void SplitOrEnd(const String& text, Console& console) {
 }
 
 int RunSplit(const Arguments& arguments, Console& console) {
-    if (arguments.size() != 1) throw UsageError("takes one TEXT");
+    if (arguments.empty()) throw Missing("TEXT");
+    AtMost(1, arguments);
     SplitOrEnd(arguments[0], console);
     const std::size_t count = routing::FieldTexts.size() - 1;
     console.out << std::setprecision(std::numeric_limits<double>::digits10);

@@ -3,6 +3,7 @@
 
 #include "tools/Display.h"
 #include "tools/SharedStrings.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -20,6 +21,8 @@ or sets one. 'get' fails when there is no such string. A control character insid
 The strings live as long as a process uses the kernel: what is set here is gone with this process unless another one
 (a module, 'backproc host') holds the kernel meanwhile.
 
+Exit code: 0 done, 1 failed, 2 bad usage.
+
 Example:
   backproc strings set LANGUAGEPATH "C:\Orvane\LANG\de"
 )";
@@ -33,20 +36,26 @@ int ShowAll(SharedStrings& strings, Console& console) {
 
 int ShowOne(SharedStrings& strings, const String& key, Console& console) {
     const std::optional<String> value = strings.Get(key);
-    if (!value) throw std::runtime_error("there is no string '" + Display(key) + "'");
+    if (!value)
+        throw std::runtime_error("there is no string " + Quoted(key) +
+                                 "; 'backproc strings' shows those that there are");
     console.out << Display(key) << "=[" << Display(*value) << "]\n";
     return kSuccess;
 }
 
 int RunStrings(const Arguments& arguments, Console& console) {
+    const bool sets = !arguments.empty() && arguments[0] == u"set";
+    if (!arguments.empty() && !sets && arguments[0] != u"get") {
+        throw UsageError("takes 'get', 'set' or nothing, not " + Quoted(arguments[0]));
+    }
+    if (arguments.size() == 1) throw Missing("KEY");
+    if (sets && arguments.size() == 2) throw Missing("VALUE");
+    AtMost(sets ? 3 : 2, arguments);
     SharedStrings strings;
     if (arguments.empty()) return ShowAll(strings, console);
-    if (arguments[0] == u"get" && arguments.size() == 2) return ShowOne(strings, arguments[1], console);
-    if (arguments[0] == u"set" && arguments.size() == 3) {
-        strings.Set(arguments[1], arguments[2]);
-        return kSuccess;
-    }
-    throw UsageError("takes nothing, 'get KEY' or 'set KEY VALUE'");
+    if (!sets) return ShowOne(strings, arguments[1], console);
+    strings.Set(arguments[1], arguments[2]);
+    return kSuccess;
 }
 
 }  // namespace

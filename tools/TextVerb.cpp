@@ -5,6 +5,7 @@
 #include "runtime/win32/WindowsHeaders.h"
 #include "services/MessageTexts.h"
 #include "tools/Display.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -18,8 +19,12 @@ Shows the text that the current language has under ID, else DEFAULT; without a D
 text. The language is the one whose folder is in the shared string LANGUAGEPATH; its texts stand there in
 K4TBackProcess.txt. A control character inside the text is shown by its picture.
 
-Example, while another process holds the kernel:
-  backproc strings set LANGUAGEPATH "C:\Orvane\LANG\de"
+  ID       identifier of a text, as 'backproc texts' lists them
+  DEFAULT  any text; may be empty: ""
+
+Exit code: 0 done, 1 there is no such text, or a failure, 2 bad usage.
+
+Example:
   backproc text 39171 "&Yes"
 )";
 
@@ -29,11 +34,14 @@ bool HasText(StringView id) {
 }
 
 int RunText(const Arguments& arguments, Console& console) {
-    if (arguments.empty() || arguments.size() > 2) throw UsageError("takes ID [DEFAULT]");
+    if (arguments.empty()) throw Missing("ID");
+    AtMost(2, arguments);
     host::EnsureComposed(GetModuleHandleW(nullptr));
     const String& id = arguments[0];
     const bool hasDefault = arguments.size() == 2;
-    if (!hasDefault && !HasText(id)) throw std::runtime_error("there is no text '" + Display(id) + "'");
+    if (!hasDefault && !HasText(id))
+        throw std::runtime_error("there is no text " + Quoted(id) +
+                                 " in the current language; give a DEFAULT, or see 'backproc texts'");
     console.out << Display(services::GetLocalText(hasDefault ? arguments[1] : String(), id)) << '\n';
     return kSuccess;
 }

@@ -11,6 +11,7 @@
 #include "tools/Display.h"
 #include "tools/LanguageFile.h"
 #include "tools/TextReport.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -31,13 +32,24 @@ the shared string LANGUAGEPATH; without both everything is missing. Then what is
   blank       a text that is joined with others and has lost the blank in between
   state       a caption that breaks the state which the modules read: it has a comma, a quote mark or a line break
 
-The last line counts. The exit code is 0 when nothing is missing.
+The last line counts.
 
-With --template it writes a language file with the English texts, to start a translation from.
+  --folder F  the folder to look into; without it, the one of LANGUAGEPATH
+  --template  writes a language file with the English texts instead, to start a translation from
+
+Exit code: 0 nothing is missing, 1 something is missing or the file cannot be read, 2 bad usage.
 
 Example:
-  backproc texts --folder "C:\Orvane\LANG\German"
+  backproc texts --folder examples\languages\German
 )";
+
+void CheckArguments(const Arguments& arguments) {
+    if (arguments.empty()) return;
+    const bool namesFolder = arguments[0] == u"--folder";
+    if (!namesFolder && arguments[0] != u"--template") throw UnknownOption(arguments[0]);
+    if (namesFolder) ValueOf(arguments, 0);
+    AtMost(namesFolder ? 2 : 1, arguments);
+}
 
 std::optional<String> LanguageFolder(const Arguments& arguments) {
     if (arguments.size() == 2) return arguments[1];
@@ -50,16 +62,16 @@ std::string ReadTexts(const String& folder) {
     runtime::FilesPort& files = runtime::CurrentPorts().files;
     const String path = LanguageFileIn(files, folder);
     auto bytes = files.Read(path);
-    if (!bytes) throw std::runtime_error("cannot read " + Display(path));
+    if (!bytes)
+        throw std::runtime_error("cannot read " + Quoted(path) +
+                                 "; check that you may read it and that no program locks it");
     return *std::move(bytes);
 }
 
 int RunTexts(const Arguments& arguments, Console& console) {
-    const bool isTemplate = arguments.size() == 1 && arguments[0] == u"--template";
-    const bool hasFolder = arguments.size() == 2 && arguments[0] == u"--folder";
-    if (!arguments.empty() && !isTemplate && !hasFolder) throw UsageError("takes --folder F or --template");
+    CheckArguments(arguments);
     const auto catalogue = host::TextCatalogue();
-    if (isTemplate) {
+    if (!arguments.empty() && arguments[0] == u"--template") {
         WriteTextTemplate(console.out, catalogue);
         return kSuccess;
     }

@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <exception>
+#include <new>
 #include <ostream>
 
 #include "tools/Display.h"
+#include "tools/Usage.h"
 
 namespace tools {
 
@@ -36,12 +38,13 @@ class Tool {
     const Verb& Find(const String& name) const {
         const auto isMeant = [wanted = runtime::ToUtf8(name)](const Verb& verb) { return verb.name == wanted; };
         const auto verb = std::find_if(verbs_.begin(), verbs_.end(), isMeant);
-        if (verb == verbs_.end()) throw UsageError("there is no verb '" + Display(name) + "'");
+        if (verb == verbs_.end())
+            throw name.starts_with(u'-') ? UnknownOption(name) : UsageError("there is no verb " + Quoted(name));
         return *verb;
     }
 
     int Help(const Arguments& arguments) const {
-        if (arguments.size() > 1) throw UsageError("help takes one verb");
+        AtMost(1, arguments);
         if (arguments.empty()) {
             PrintOverview(console_.out);
         } else {
@@ -51,13 +54,13 @@ class Tool {
     }
 
     int Version(const Arguments& arguments) const {
-        if (!arguments.empty()) throw UsageError("--version takes no argument");
+        AtMost(0, arguments);
         console_.out << "backproc " << version_ << '\n';
         return kSuccess;
     }
 
     int RunVerb(const Verb& verb, const Arguments& arguments) const {
-        if (arguments.size() == 1 && AsksForHelp(arguments.front())) {
+        if (!arguments.empty() && AsksForHelp(arguments.front())) {
             console_.out << verb.help;
             return kSuccess;
         }
@@ -67,7 +70,12 @@ class Tool {
             console_.err << "backproc " << verb.name << ": " << error.what() << "\nTry 'backproc help " << verb.name
                          << "'.\n";
             return kBadUsage;
+        } catch (const std::bad_alloc&) {
+            console_.err << "backproc " << verb.name << ": there is not enough memory for this\n";
+        } catch (const std::exception& error) {
+            console_.err << "backproc " << verb.name << ": " << error.what() << '\n';
         }
+        return kFailure;
     }
 
     void PrintOverview(std::ostream& stream) const {
@@ -80,8 +88,11 @@ class Tool {
         for (const Verb& verb : verbs_) {
             stream << "  " << verb.name << std::string(width - verb.name.size(), ' ') << "  " << verb.summary << '\n';
         }
-        stream << "\nOutput is UTF-8, one fact a line; errors go to standard error.\n"
-                  "Exit code: 0 done, 1 failed, 2 the command line cannot be understood.\n";
+        stream << "\n'backproc help VERB' and 'backproc VERB --help' show a verb's arguments, an example and its exit "
+                  "codes.\n"
+                  "Output is UTF-8, one fact a line; errors go to standard error.\n"
+                  "Exit code: 0 done, 1 failed, 2 the command line cannot be understood; 'msgbox' and 'query' have "
+                  "their own.\n";
     }
 
     std::span<const Verb> verbs_;
@@ -97,9 +108,6 @@ int RunTool(std::span<const Verb> verbs, std::string_view version, const Argumen
     } catch (const UsageError& error) {
         console.err << "backproc: " << error.what() << "\nTry 'backproc help'.\n";
         return kBadUsage;
-    } catch (const std::exception& error) {
-        console.err << "backproc: " << error.what() << '\n';
-        return kFailure;
     }
 }
 

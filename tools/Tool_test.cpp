@@ -23,10 +23,15 @@ int Failing(const Arguments&, Console&) {
     throw std::runtime_error("no kernel");
 }
 
+int Huge(const Arguments&, Console&) {
+    throw std::bad_alloc();
+}
+
 constexpr Verb kTestVerbs[] = {
     {"echo", "Prints its arguments", "Usage: backproc echo\n", Echo},
     {"misused", "Wants a key", "Usage: backproc misused KEY\n", Misused},
     {"failing", "Fails", "Usage: backproc failing\n", Failing},
+    {"huge", "Wants too much", "Usage: backproc huge\n", Huge},
 };
 
 struct ToolTest : testing::Test {
@@ -74,6 +79,29 @@ TEST_F(ToolTest, help_of_an_unknown_verb_is_bad_usage) {
     EXPECT_EQ(Run({u"help", u"hosst"}), 2);
 }
 
+TEST_F(ToolTest, an_option_without_a_verb_is_called_one) {
+    EXPECT_EQ(Run({u"--verbose"}), 2);
+    EXPECT_EQ(err.str(), "backproc: there is no option '--verbose'\nTry 'backproc help'.\n");
+}
+
+TEST_F(ToolTest, help_and_version_name_what_is_too_much) {
+    EXPECT_EQ(Run({u"--help", u"echo", u"misused"}), 2);
+    EXPECT_EQ(Run({u"--version", u"1"}), 2);
+    EXPECT_EQ(err.str(),
+              "backproc: 'misused' is one argument too many\nTry 'backproc help'.\n"
+              "backproc: '1' is one argument too many\nTry 'backproc help'.\n");
+}
+
+TEST_F(ToolTest, help_is_given_whatever_follows_it) {
+    EXPECT_EQ(Run({u"misused", u"--help", u"KEY"}), 0);
+    EXPECT_EQ(out.str(), "Usage: backproc misused KEY\n");
+}
+
+TEST_F(ToolTest, a_lack_of_memory_is_said_in_words) {
+    EXPECT_EQ(Run({u"huge"}), 1);
+    EXPECT_EQ(err.str(), "backproc huge: there is not enough memory for this\n");
+}
+
 TEST_F(ToolTest, bad_usage_of_a_verb_points_to_its_help) {
     EXPECT_EQ(Run({u"misused"}), 2);
     EXPECT_EQ(err.str(), "backproc misused: KEY is missing\nTry 'backproc help misused'.\n");
@@ -81,7 +109,7 @@ TEST_F(ToolTest, bad_usage_of_a_verb_points_to_its_help) {
 
 TEST_F(ToolTest, a_failing_verb_gives_its_text_and_one) {
     EXPECT_EQ(Run({u"failing"}), 1);
-    EXPECT_EQ(err.str(), "backproc: no kernel\n");
+    EXPECT_EQ(err.str(), "backproc failing: no kernel\n");
     EXPECT_EQ(out.str(), "");
 }
 

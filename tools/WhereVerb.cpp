@@ -8,6 +8,7 @@
 #include "runtime/win32/WindowsHeaders.h"
 #include "services/modReg.h"
 #include "tools/Display.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -25,11 +26,16 @@ Shows what a client that starts now with this argument would get: install folder
 file, the four folders and six identity values of the suite, one NAME=[VALUE] a line, followed by where the value
 comes from: 'command line', 'INI file', 'registry' or 'default'. Nothing is published.
 
+  "/sys:FOLDER"  FOLDER as the system folder; a message box tells when it cannot be used
+  "FILE"         an existing file, as the start file
+
 As on a module's command line, the argument counts only in double quotes. A module takes up to two of them; here the
 verb is the first.
 
+Exit code: 0 done, 1 failed, 2 bad usage.
+
 Example:
-  backproc where "/sys:C:\Orvane\sys"
+  backproc where "/sys:C:\Windows"
 )";
 
 void Show(Console& console, std::string_view name, const String& value, std::string_view source) {
@@ -57,9 +63,13 @@ void ShowSettings(Console& console, BuiltInReader& reader, std::span<const servi
     }
 }
 
-int RunWhere(const Arguments& /*arguments*/, Console& console) {
+int RunWhere(const Arguments& arguments, Console& console) {
+    AtMost(1, arguments);
     host::EnsureComposed(GetModuleHandleW(nullptr));
     const runtime::Ports& ports = runtime::CurrentPorts();
+    if (!arguments.empty() && ports.process.CommandLine().find(u'"') == String::npos) {
+        console.err << "backproc where: " << Quoted(arguments[0]) << " does not count: it is not in double quotes\n";
+    }
     const String installFolder = services::GetInstallFolder();
     host::HostCommandLine given = host::ReadHostCommandLine();
     const bool isBeside = given.systemFolder == installFolder + u"\\sys";

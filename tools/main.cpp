@@ -43,5 +43,7 @@ int main() {
     tools::Console console{std::cin, std::cout, std::cerr};
     const int exitCode = tools::RunTool(tools::AllVerbs(), K4T_VERSION, ProcessArguments(), console);
     std::cout.flush();
-    return std::cout ? exitCode : tools::kFailure;
+    if (std::cout) return exitCode;
+    std::cerr << "backproc: not all of the output could be written; is the disk full, or the reader gone?\n";
+    return tools::kFailure;
 }

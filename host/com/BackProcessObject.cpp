@@ -85,7 +85,7 @@ void BackProcessObject::Retire() {
 }
 
 ServiceObject& BackProcessObject::Service() {
-    if (!service_) throw runtime::Error(runtime::kObjectVariableNotSet);
+    if (!service_) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, kInstanceHasEnded);
     return *service_;
 }
 

@@ -36,7 +36,10 @@ class ClassFactory final : public IClassFactory {
         return Guarded([&] {
             RequirePointer(object);
             *object = nullptr;
-            if (outer != nullptr) throw ComError(CLASS_E_NOAGGREGATION);
+            if (outer != nullptr) {
+                throw ComError(CLASS_E_NOAGGREGATION,
+                               u"the class cannot be aggregated; create it without an outer object");
+            }
             const Keep keep(*this);
             return CreateAtHome(iid, object);
         });

@@ -1,6 +1,9 @@
 #include "host/com/Events.h"
 
+#include <cstdio>
 #include <optional>
+#include <string>
+#include <utility>
 
 #include "host/com/Bstr.h"
 #include "host/com/Guard.h"
@@ -24,18 +27,19 @@ class SinkException {
 
     EXCEPINFO* Address() { return &info_; }
 
-    runtime::Error ToError() {
-        // Filling in late may fail; then what is there must do.
+    /// Filling in late may fail; then what is there must do.
+    void FillIn() {
         if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
-        return ErrorOf(Code(), ToString(info_.bstrDescription));
     }
 
- private:
+    String Description() const { return ToString(info_.bstrDescription); }
+
     HRESULT Code() const {
         if (info_.wCode != 0 && !IsRuntimeError(info_.scode)) return HresultOf(runtime::Error(info_.wCode, {}));
         return FAILED(info_.scode) ? info_.scode : DISP_E_EXCEPTION;
     }
 
+ private:
     EXCEPINFO info_{};
 };
 
@@ -44,7 +48,18 @@ bool IsFailure(HRESULT result) {
     return FAILED(result) && result != DISP_E_MEMBERNOTFOUND && result != E_NOTIMPL;
 }
 
-std::optional<runtime::Error> Tell(IDispatch* sink, Bstr& Aname, Bstr& sCommand) {
+/// The sink's own words; without any, which sink it was and what it answered.
+runtime::Error FailureOf(const Connection& connection, HRESULT code, String description) {
+    const std::int32_t number = NumberOf(code);
+    if (!description.empty()) return {number, std::move(description)};
+    char answer[sizeof "0x80000000"];
+    std::snprintf(answer, sizeof answer, "0x%08lX", static_cast<unsigned long>(code));
+    return runtime::ErrorAbout(
+        number, u"the event sink of connection " + runtime::FromAscii(std::to_string(connection.cookie)) +
+                    u" answered NotifyServer with " + runtime::FromAscii(answer) + u"; look into the client's handler");
+}
+
+std::optional<runtime::Error> Tell(const Connection& connection, Bstr& Aname, Bstr& sCommand) {
     VARIANTARG arguments[2]{};  // last parameter first
     arguments[0].vt = arguments[1].vt = VT_BSTR | VT_BYREF;
     arguments[0].pbstrVal = sCommand.Address();
@@ -52,11 +67,12 @@ std::optional<runtime::Error> Tell(IDispatch* sink, Bstr& Aname, Bstr& sCommand)
     DISPPARAMS parameters{arguments, nullptr, 2, 0};
     SinkException exception;
     UINT badArgument = 0;
-    const HRESULT result = sink->Invoke(kNotifyServer, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
-                                        nullptr, exception.Address(), &badArgument);
-    if (result == DISP_E_EXCEPTION) return exception.ToError();
-    if (IsFailure(result)) return ErrorOf(result, {});
-    return {};
+    const HRESULT result = connection.sink->Invoke(kNotifyServer, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                                                   &parameters, nullptr, exception.Address(), &badArgument);
+    if (!IsFailure(result)) return {};
+    if (result != DISP_E_EXCEPTION) return FailureOf(connection, result, {});
+    exception.FillIn();
+    return FailureOf(connection, exception.Code(), exception.Description());
 }
 
 }  // namespace
@@ -67,7 +83,7 @@ void RaiseNotifyServer(const Sinks& sinks, String& Aname, String& sCommand) {
     std::optional<runtime::Error> firstFailure;
     for (const Connection& connection : sinks.Connections()) {
         if (!sinks.IsConnected(connection.cookie)) continue;
-        std::optional<runtime::Error> failure = Tell(connection.sink.Get(), name, command);
+        std::optional<runtime::Error> failure = Tell(connection, name, command);
         if (failure && !firstFailure) firstFailure = std::move(failure);
     }
     Aname = name.Text();

@@ -1,7 +1,6 @@
 #include "host/com/Guard.h"
 
 #include <new>
-#include <optional>
 #include <utility>
 
 #include "host/com/Bstr.h"
@@ -29,11 +28,13 @@ Failure CurrentFailure() noexcept {
         try {
             throw;
         } catch (const ComError& error) {
-            return {error.Code(), {}};
+            return {error.Code(), error.Description()};
         } catch (const runtime::Error& error) {
             return Described(error);
         } catch (const std::bad_alloc&) {
             return {E_OUTOFMEMORY, {}};
+        } catch (const std::exception& error) {
+            return Described(runtime::ErrorAbout(runtime::kInternalError, runtime::FromUtf8(error.what())));
         } catch (...) {
             return Described(runtime::Error(runtime::kInternalError));
         }
@@ -71,10 +72,8 @@ bool IsRuntimeError(HRESULT code) noexcept {
     return (static_cast<std::uint32_t>(code) & ~static_cast<std::uint32_t>(kLargestNumber)) == kRuntimeErrors;
 }
 
-runtime::Error ErrorOf(HRESULT code, String description) {
-    const std::int32_t number = IsRuntimeError(code) ? code & kLargestNumber : code;
-    if (description.empty()) return runtime::Error(number);
-    return {number, std::move(description)};
+std::int32_t NumberOf(HRESULT code) noexcept {
+    return IsRuntimeError(code) ? code & kLargestNumber : code;
 }
 
 HRESULT CurrentHresult() noexcept {

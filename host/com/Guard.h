@@ -6,21 +6,27 @@
 #pragma once
 
 #include <exception>
+#include <optional>
+#include <utility>
 
 #include "host/com/ComHeaders.h"
 #include "runtime/Error.h"
 
 namespace host::com {
 
-/// A call that fails with a plain HRESULT, without a description.
+/// A call that fails with a plain HRESULT. It needs a description where the code alone does not tell a client what to
+/// change; not in a late-bound call, whose code the client would then not see.
 class ComError : public std::exception {
  public:
     explicit ComError(HRESULT code) noexcept : code_(code) {}
+    ComError(HRESULT code, runtime::String description) : code_(code), description_(std::move(description)) {}
     HRESULT Code() const noexcept { return code_; }
+    const std::optional<runtime::String>& Description() const noexcept { return description_; }
     const char* what() const noexcept override { return "a COM call failed"; }
 
  private:
     HRESULT code_;
+    std::optional<runtime::String> description_;
 };
 
 inline void Check(HRESULT result) {
@@ -35,8 +41,8 @@ inline void RequirePointer(const void* pointer) {
 HRESULT HresultOf(const runtime::Error& error) noexcept;
 /// Whether `code` is an error of a runtime like ours: 0x800A0000 + number.
 bool IsRuntimeError(HRESULT code) noexcept;
-/// The runtime's error for a failure reported by a client; `description` may be empty.
-runtime::Error ErrorOf(HRESULT code, runtime::String description);
+/// The runtime's number for a failure reported by a client.
+std::int32_t NumberOf(HRESULT code) noexcept;
 
 /// What the exception in flight is for a client. Leaves its description in the thread's error object, or none.
 HRESULT CurrentHresult() noexcept;

@@ -37,7 +37,11 @@ void RequireSingleThreadedApartment() {
     APTTYPE type{};
     APTTYPEQUALIFIER qualifier{};
     Check(CoGetApartmentType(&type, &qualifier));
-    if (type != APTTYPE_STA && type != APTTYPE_MAINSTA) throw ComError(RPC_E_WRONG_THREAD);
+    if (type != APTTYPE_STA && type != APTTYPE_MAINSTA) {
+        throw ComError(RPC_E_WRONG_THREAD,
+                       u"this thread is in no single-threaded apartment; call CoInitialize or OleInitialize on it, or "
+                       u"CoCreateInstance instead of the class factory");
+    }
 }
 
 /// The way home; makes the calling thread's apartment the home when there is none.

@@ -34,6 +34,9 @@ class TextInOut {
     std::optional<String> changed_;
 };
 
+/// What a client is told that calls an instance after its last release.
+inline constexpr StringView kInstanceHasEnded = u"this instance has ended; create a new one";
+
 /// The service object as the edge calls it: on the home apartment's thread only. Every method may throw.
 class ServiceObject {
  public:

@@ -1,19 +1,23 @@
 #include "host/com/Sinks.h"
 
 #include <algorithm>
+#include <string>
 
+#include "host/com/Component.h"
 #include "host/com/Guard.h"
 
 namespace host::com {
 
 DWORD Sinks::Connect(IUnknown* sink) {
-    if (isClosed_) throw ComError(CONNECT_E_CANNOTCONNECT);
+    RequireOpen();
     ComPtr<IDispatch> listener = Query<IDispatch>(sink, DIID___clsQmxBackProcess);
     // Scripting clients answer for plain late binding only.
     if (!listener) listener = Query<IDispatch>(sink, IID_IDispatch);
-    if (!listener) throw ComError(CONNECT_E_CANNOTCONNECT);
+    if (!listener) {
+        throw ComError(CONNECT_E_CANNOTCONNECT, u"the event sink has neither __clsQmxBackProcess nor IDispatch");
+    }
     // Asking the sink may have ended the instance.
-    if (isClosed_) throw ComError(CONNECT_E_CANNOTCONNECT);
+    RequireOpen();
     const DWORD cookie = NextCookie();
     connections_.push_back({cookie, std::move(listener)});
     return cookie;
@@ -21,7 +25,9 @@ DWORD Sinks::Connect(IUnknown* sink) {
 
 void Sinks::Disconnect(DWORD cookie) {
     const auto found = std::ranges::find(connections_, cookie, &Connection::cookie);
-    if (found == connections_.end()) throw ComError(CONNECT_E_NOCONNECTION);
+    if (found == connections_.end()) {
+        throw ComError(CONNECT_E_NOCONNECTION, u"there is no connection " + runtime::FromAscii(std::to_string(cookie)));
+    }
     const Connection leaving = std::move(*found);
     connections_.erase(found);
 }
@@ -29,6 +35,10 @@ void Sinks::Disconnect(DWORD cookie) {
 void Sinks::Close() {
     isClosed_ = true;
     const std::vector<Connection> leaving = std::exchange(connections_, {});
+}
+
+void Sinks::RequireOpen() const {
+    if (isClosed_) throw ComError(CONNECT_E_CANNOTCONNECT, runtime::String(kInstanceHasEnded));
 }
 
 bool Sinks::IsConnected(DWORD cookie) const {

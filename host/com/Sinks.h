@@ -29,6 +29,7 @@ class Sinks {
     std::vector<Connection> Connections() const { return connections_; }
 
  private:
+    void RequireOpen() const;
     DWORD NextCookie();
 
     std::vector<Connection> connections_;

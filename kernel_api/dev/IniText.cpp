@@ -57,7 +57,7 @@ std::string_view IniProblem(std::string_view bytes) {
         return bytes.size() % 2 == 0 ? "" : "it says that it is UTF-16, but ends within a character";
     }
     if (bytes.find('\0') == std::string_view::npos) return "";
-    return "it has zero bytes: UTF-16 without a byte order mark, or no text at all";
+    return "it has NUL characters: UTF-16 without a byte order mark, or no text at all";
 }
 
 IniText::IniText(runtime::LocalePort& locale, StringView text) : locale_(&locale) {

@@ -28,7 +28,7 @@ TEST(IniProblem, AMarkThatIsNotTrueIsNamed) {
 }
 
 TEST(IniProblem, Utf16WithoutItsMarkIsNamed) {
-    EXPECT_THAT(IniProblem(std::string_view("k\0=\0", 4)), ::testing::HasSubstr("zero bytes"));
+    EXPECT_THAT(IniProblem(std::string_view("k\0=\0", 4)), ::testing::HasSubstr("NUL characters"));
 }
 
 TEST(DecodeIni, PlainTextIsItself) {

@@ -34,14 +34,16 @@ bool IsFile(const String& path) {
 }
 
 Error CannotLoad(const String& path, DWORD systemError) {
-    return Error(runtime::kErrorInLoadingDll, runtime::StandardDescription(runtime::kErrorInLoadingDll) + u": " + path +
-                                                  u" (system error " + Decimal(systemError) + u")");
+    return runtime::ErrorAbout(runtime::kErrorInLoadingDll, path + u" (system error " + Decimal(systemError) +
+                                                                u"); put the suite's 32-bit QmxKrn2K.dll there");
 }
 
 Error NotFound(const String& folder) {
     const String places = folder.empty() ? u"" : u"in " + folder + u" or ";
-    return Error(runtime::kFileNotFound, runtime::StandardDescription(runtime::kFileNotFound) + u": " + kFileName +
-                                             u" (not " + places + u"where the system looks for libraries)");
+    return runtime::ErrorAbout(runtime::kFileNotFound,
+                               kFileName + (u" (not " + places) +
+                                   u"where the system looks for libraries); put the suite's one "
+                                   u"beside the component");
 }
 
 bool IsWhereTheSystemLooks() {
@@ -102,9 +104,9 @@ FARPROC KernelLibrary::Find(const char* name) {
         isBound_ = true;
         return address;
     }
-    const Error missing(runtime::kDllEntryPointNotFound, runtime::StandardDescription(runtime::kDllEntryPointNotFound) +
-                                                             u": " + runtime::FromAscii(name) + u" in " +
-                                                             ModulePath(library_.Get()));
+    const Error missing = runtime::ErrorAbout(
+        runtime::kDllEntryPointNotFound,
+        runtime::FromAscii(name) + u" in " + ModulePath(library_.Get()) + u"; put the suite's QmxKrn2K.dll there");
     // Held any longer, a wrong library could not be replaced by the right one.
     if (!isBound_) library_.Reset();
     throw missing;

@@ -53,7 +53,7 @@ std::optional<String> RegistrySettings::Get(StringView application, StringView s
 void RegistrySettings::Save(StringView application, StringView section, StringView key, StringView value) {
     constexpr std::size_t kLongest = std::numeric_limits<DWORD>::max() / sizeof(char16_t) - 1;
     if (!IsName(application) || !IsName(section) || !IsName(key) || value.size() > kLongest) {
-        throw Error(kInvalidProcedureCall);
+        throw ErrorAbout(kInvalidProcedureCall, u"'" + String(key) + u"' cannot be the name of a setting");
     }
     HKEY opened = nullptr;
     LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, Wide(SectionPath(application, section)), 0, nullptr,
@@ -65,7 +65,11 @@ void RegistrySettings::Save(StringView application, StringView section, StringVi
         status = RegSetValueExW(opened, Wide(String(key)), 0, REG_SZ, reinterpret_cast<const BYTE*>(terminated.c_str()),
                                 bytes);
     }
-    if (status != ERROR_SUCCESS) throw Error(kInvalidProcedureCall);
+    if (status != ERROR_SUCCESS) {
+        throw ErrorAbout(kInvalidProcedureCall, u"HKEY_CURRENT_USER\\" + SectionPath(application, section) +
+                                                    u" cannot be written (system error " +
+                                                    FromAscii(std::to_string(status)) + u")");
+    }
 }
 
 }  // namespace runtime::win32

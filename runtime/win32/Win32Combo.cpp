@@ -2,9 +2,9 @@
 
 #include <commctrl.h>
 
-#include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/Pixels.h"
+#include "runtime/win32/SystemFailure.h"
 
 namespace runtime::win32 {
 namespace {
@@ -25,7 +25,7 @@ Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlL
     parts.cbSize = sizeof parts;
     GetComboBoxInfo(Window(), &parts);
     edit_ = parts.hwndItem;
-    if (!edit_) throw Error(kOutOfMemory);
+    if (!edit_) throw SystemFailure(u"no text box in a combo box");
     // As long as memory holds it.
     SendMessageW(edit_, EM_SETLIMITTEXT, 0, 0);
 }
@@ -57,7 +57,7 @@ void Win32Combo::SetText(const String& text) {
 
 void Win32Combo::Add(const String& item) {
     const LRESULT place = SendMessageW(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(NulsAsBlanks(item))));
-    if (place < 0) throw Error(kOutOfMemory);
+    if (place < 0) throw ErrorAbout(kOutOfMemory, u"no room for an item of a list");
 }
 
 void Win32Combo::Clear() {

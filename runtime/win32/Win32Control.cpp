@@ -2,9 +2,9 @@
 
 #include <commctrl.h>
 
-#include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/Pixels.h"
+#include "runtime/win32/SystemFailure.h"
 #include "runtime/win32/Win32Combo.h"
 #include "runtime/win32/Win32Label.h"
 #include "runtime/win32/Win32ListBox.h"
@@ -56,7 +56,7 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKin
     }
     window_ = CreateChild(reinterpret_cast<HWND>(parent.Handle()), system.Instance(), windowKind.className, L"",
                           WS_VISIBLE | windowKind.style, windowKind.extendedStyle, id);
-    if (!window_) throw Error(kOutOfMemory);
+    if (!window_) throw SystemFailure(u"no window for a control");
 }
 
 Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
@@ -112,7 +112,7 @@ void Win32Control::SetAccessibleName(const String& name) {
         return;
     }
     name_ = CreateChild(GetParent(window_), system_.Instance(), WC_STATICW, Wide(shown), SS_NOPREFIX, 0, -1);
-    if (!name_) throw Error(kOutOfMemory);
+    if (!name_) throw SystemFailure(u"no window for a control's name");
     const auto putBehind = [](HWND window, HWND before) {
         SetWindowPos(window, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     };

@@ -3,6 +3,7 @@
 #include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/InputWindows.h"
+#include "runtime/win32/SystemFailure.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
@@ -54,7 +55,7 @@ bool IsQuitting() {
 std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) {
     const auto style = static_cast<UINT>(flags);
     // Systems differ in what they make of such a style.
-    if (!HasKnownButtons(style)) throw Error(kInvalidProcedureCall);
+    if (!HasKnownButtons(style)) throw ErrorAbout(kInvalidProcedureCall, u"no message box has such buttons");
     const String promptText = NulsAsBlanks(prompt);
     const String titleText = NulsAsBlanks(title);
     // A box on behalf of a service stands on whatever desktop is in use, and may have no owner.
@@ -78,7 +79,7 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     if (IsQuitting()) return IDCANCEL;
     // With its owner the box goes, too: an owner may be unloaded while the question is open.
     if (answer == 0 && owner && !IsWindow(owner)) return IDCANCEL;
-    if (answer == 0) throw Error(kOutOfMemory);
+    if (answer == 0) throw SystemFailure(u"no message box");
     return answer;
 }
 

@@ -4,10 +4,10 @@
 #include <utility>
 
 #include "runtime/CommandLine.h"
-#include "runtime/Error.h"
 #include "runtime/win32/GrowingBuffer.h"
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/ModulePath.h"
+#include "runtime/win32/SystemFailure.h"
 #include "runtime/win32/Win32Locale.h"
 
 namespace runtime::win32 {
@@ -49,7 +49,7 @@ std::shared_ptr<KernelHandle> CreateFirst() {
     if (mutex && error != ERROR_ALREADY_EXISTS) return std::make_shared<KernelHandle>(std::move(mutex));
     // Refused access: a process of the session with higher rights made it.
     if (mutex || error == ERROR_ACCESS_DENIED) return nullptr;
-    throw Error(kOutOfMemory);
+    throw SystemFailure(u"no mark for the first process of a program");
 }
 
 /// Taken to claim and to give up, so that no claim meets a mutex of this process that is just being closed.

@@ -2,9 +2,9 @@
 
 #include <cmath>
 
-#include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/Pixels.h"
+#include "runtime/win32/SystemFailure.h"
 #include "runtime/win32/Win32Control.h"
 #include "runtime/win32/Win32Windows.h"
 
@@ -56,7 +56,7 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
                     StyleOf(design.border), static_cast<int>(known_.left), static_cast<int>(known_.top),
                     static_cast<int>(known_.right - known_.left), static_cast<int>(known_.bottom - known_.top), nullptr,
                     nullptr, system.Instance(), this);
-    if (!window_) throw Error(kOutOfMemory);
+    if (!window_) throw SystemFailure(u"no window for a form");
     // The system limits a new window's size before the procedure can lift the limits.
     Win32Window::SetBounds(design.outer);
     // Access keys are underlined from the start, also on systems that hide them until Alt is pressed.

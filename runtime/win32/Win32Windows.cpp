@@ -3,11 +3,11 @@
 #include <iterator>
 #include <utility>
 
-#include "runtime/Error.h"
 #include "runtime/Screen.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/GdiMeasure.h"
 #include "runtime/win32/Pixels.h"
+#include "runtime/win32/SystemFailure.h"
 #include "runtime/win32/Win32Label.h"
 #include "runtime/win32/Win32Modal.h"
 #include "runtime/win32/Win32Window.h"
@@ -49,10 +49,11 @@ void Win32Windows::RegisterWindowClasses() {
     windowClass.hInstance = instance_;
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.lpszClassName = ClassName();
-    if (!RegisterClassExW(&windowClass)) throw Error(kOutOfMemory);
+    if (!RegisterClassExW(&windowClass)) throw SystemFailure(u"no window class for forms");
     if (!Win32Label::RegisterWindowClass(instance_)) {
+        const Error failure = SystemFailure(u"no window class for labels");
         UnregisterClassW(ClassName(), instance_);
-        throw Error(kOutOfMemory);
+        throw failure;
     }
     classesRegistered_ = true;
 }

@@ -1,6 +1,7 @@
 #include "tests/com/ComponentDouble.h"
 
 #include <new>
+#include <stdexcept>
 
 #include "runtime/Error.h"
 #include "runtime/win32/WindowsHeaders.h"
@@ -58,6 +59,7 @@ class ServiceDouble final : public host::com::ServiceObject {
         if (command.starts_with(u"FAIL ")) Fail(SplitAtBar(command.substr(5)));
         if (command == u"MEMORY") throw std::bad_alloc();
         if (command == u"ODD") throw 42;
+        if (command == u"STRANGE") throw std::out_of_range("no such place");
         if (command == u"CHANGE") {
             Aname.Change(u"12");
             sCommand.Change(u"34");

@@ -89,6 +89,8 @@ TEST_F(EarlyBound, LackOfMemoryAndOddFailuresAreTold) {
     EXPECT_FALSE(TakeErrorObject().isThere);
     EXPECT_EQ("0x800A0033", Hex(Notify(instance.Get(), u"ODD")));
     EXPECT_EQ("Internal error", TakeErrorObject().description);
+    EXPECT_EQ("0x800A0033", Hex(Notify(instance.Get(), u"STRANGE")));
+    EXPECT_EQ("Internal error: no such place", TakeErrorObject().description);
 }
 
 TEST_F(EarlyBound, AFailureWithoutDescriptionLeavesNoOldOne) {

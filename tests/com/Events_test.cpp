@@ -203,7 +203,10 @@ TEST_F(Events, AFailureWithoutDescriptionGetsTheStandardOne) {
     });
     Advise(instance.Get(), sink.Get());
     EXPECT_EQ("0x800A004C", Hex(Raise(u"x|")));
-    EXPECT_EQ("Path not found", TakeErrorObject().description);
+    EXPECT_EQ(
+        "Path not found: the event sink of connection 1 answered NotifyServer with 0x800A004C; look into the "
+        "client's handler",
+        TakeErrorObject().description);
 }
 
 HRESULT WINAPI FillInLate(EXCEPINFO* exception) {
@@ -228,6 +231,10 @@ TEST_F(Events, PlainFailuresCountUnlessTheEventIsUnknown) {
     Advise(instance.Get(), sink.Get());
     answer = E_ACCESSDENIED;
     EXPECT_EQ("0x80070005", Hex(Raise(u"x|")));
+    EXPECT_EQ(
+        "Application-defined or object-defined error: the event sink of connection 1 answered NotifyServer with "
+        "0x80070005; look into the client's handler",
+        TakeErrorObject().description);
     answer = DISP_E_MEMBERNOTFOUND;
     EXPECT_EQ(S_OK, Raise(u"x|"));
     answer = E_NOTIMPL;
@@ -253,11 +260,13 @@ TEST_F(Events, ObjectsThatAreNoSinksAreRefused) {
     const auto point = EventsOf(instance.Get());
     DWORD cookie = 5;
     EXPECT_EQ("0x80040202", Hex(point->Advise(stranger.Get(), &cookie)));
+    EXPECT_EQ("the event sink has neither __clsQmxBackProcess nor IDispatch", TakeErrorObject().description);
     EXPECT_EQ(0u, cookie);
     EXPECT_EQ("0x80004003", Hex(point->Advise(nullptr, &cookie)));
     EXPECT_EQ("0x80004003", Hex(point->Advise(stranger.Get(), nullptr)));
     EXPECT_EQ("0x80040200", Hex(point->Unadvise(0)));
     EXPECT_EQ("0x80040200", Hex(point->Unadvise(12345)));
+    EXPECT_EQ("there is no connection 12345", TakeErrorObject().description);
 }
 
 TEST_F(Events, CookiesAreNeverUsedAgain) {

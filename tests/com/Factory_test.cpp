@@ -22,6 +22,7 @@ TEST_F(FactoryTest, AggregationIsRefused) {
     const auto outer = MakeInstance();
     ComPtr<IUnknown> inner;
     EXPECT_EQ("0x80040110", Hex(Factory()->CreateInstance(outer.Get(), IID_IUnknown, inner.PutVoid())));
+    EXPECT_EQ("the class cannot be aggregated; create it without an outer object", TakeErrorObject().description);
     EXPECT_FALSE(inner);
 }
 

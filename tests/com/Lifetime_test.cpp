@@ -68,10 +68,12 @@ TEST_F(Lifetime, AReferenceKeptMeanwhileIsAShell) {
     EXPECT_FALSE(host::com::CanUnload());
 
     EXPECT_EQ("0x800A005B", Hex(Notify(kept.Get(), u"QUERY")));
-    EXPECT_EQ("Object variable or With block variable not set", TakeErrorObject().description);
+    EXPECT_EQ("Object variable or With block variable not set: this instance has ended; create a new one",
+              TakeErrorObject().description);
     EXPECT_EQ("0x800A005B", Hex(Invoke(kept.Get(), kNotifyMe, DISPATCH_METHOD, {}).scode));
     DWORD cookie = 0;
     EXPECT_EQ("0x80040202", Hex(EventsOf(kept.Get())->Advise(sink.Get(), &cookie)));
+    EXPECT_EQ("this instance has ended; create a new one", TakeErrorObject().description);
     kept.Reset();
     EXPECT_EQ(1u, sink->heard.size()) << "it ends once";
 }

@@ -158,6 +158,7 @@ TEST_F(SecondApartment, OutsideASingleThreadedApartmentNothingIsMade) {
         [] {
             ComPtr<IUnknown> none;
             EXPECT_EQ("0x8001010E", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
+            EXPECT_TRUE(TakeErrorObject().description.starts_with("this thread is in no single-threaded apartment; "));
         },
         COINIT_MULTITHREADED);
 }

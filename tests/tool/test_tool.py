@@ -171,7 +171,8 @@ class WithoutComponent(ToolTestCase):
             self.assertEqual(tool("text", "2", "default"), (0, b"default\n", b""))
             self.assertEqual(tool("text", "4", "default"), (0, b" \n", b""))
             self.assertEqual(tool("text", "3", "default"), (0, b"default\n", b""))
-            self.assertEqual(tool("text", "3"), (1, b"", b"backproc: there is no text '3'\n"))
+            self.assertEqual(tool("text", "3"), (1, b"", b"backproc text: there is no text '3' in the current language; "
+                                                         b"give a DEFAULT, or see 'backproc texts'\n"))
 
     def test_texts_finds_each_example_language_complete_and_in_order(self):
         for language in ("German", "French", "Japanese"):
@@ -200,13 +201,15 @@ class WithoutComponent(ToolTestCase):
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"
             path = windows_path(texts)
             code, output, errors = tool("texts", "--folder", windows_path(folder))
-            self.assertEqual((code, output, errors), (1, b"", f"backproc: there is no language file '{path}'\n".encode()))
+            missing = f"there is no language file '{path}'; 'backproc texts --template' writes one to start from\n"
+            self.assertEqual((code, output, errors.decode()), (1, b"", "backproc texts: " + missing))
             with open(texts, "wb") as huge:
                 huge.truncate(100 << 20)
             code, output, errors = tool("texts", "--folder", windows_path(folder))
             self.assertEqual((code, output), (1, b""))
-            self.assertIn(b"has more than 16777216 bytes", errors)
-            self.assertEqual(tool("msgbox", "--language", windows_path(folder), "Overwrite?"), (1, b"", errors))
+            self.assertIn(b"has 104857600 bytes; make it no larger than 16777216", errors)
+            self.assertEqual(tool("msgbox", "--language", windows_path(folder), "Overwrite?"),
+                             (1, b"", errors.replace(b"backproc texts:", b"backproc msgbox:")))
             with LiveHost() as holder:
                 holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
                 self.assertEqual(tool("text", "39171", "&Yes"), (0, b"&Yes\n", b""))
@@ -229,13 +232,16 @@ class WithoutComponent(ToolTestCase):
     def test_msgbox_wants_the_language_file_that_it_is_given(self):
         with tempfile.TemporaryDirectory() as folder:
             code, output, errors = tool("msgbox", "--language", windows_path(folder), "Overwrite?")
-        expected = f"backproc: there is no language file '{windows_path(folder)}\\K4TBackProcess.txt'\n"
+        expected = (f"backproc msgbox: there is no language file '{windows_path(folder)}\\K4TBackProcess.txt'; "
+                    "'backproc texts --template' writes one to start from\n")
         self.assertEqual((code, output, errors.decode()), (1, b"", expected))
 
     def test_language_folder_without_a_name_is_refused(self):
         for arguments in (("texts", "--folder", ""), ("msgbox", "--language", "", "Overwrite?")):
             with self.subTest(arguments[0]):
-                self.assertEqual(tool(*arguments), (1, b"", b"backproc: the language folder has no name\n"))
+                expected = (f"backproc {arguments[0]}: the name of the language folder is empty; "
+                            "give a folder that has a K4TBackProcess.txt\n")
+                self.assertEqual(tool(*arguments), (1, b"", expected.encode()))
 
     def test_texts_tells_by_its_exit_code_what_is_missing_alone(self):
         german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
@@ -313,9 +319,15 @@ class WithoutComponent(ToolTestCase):
             shutil.copy(bin_folder / "messagebox" / "hhctrl.ocx", folder)
             name = windows_path(folder) + "\\Marlentine.chm"
             overrides = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
-            code, output, errors = run(pathlib.Path(folder) / "backproc.exe", "help-file", environment=overrides)
-        self.assertEqual((code, output), (1, name.encode() + b"\n"))
-        self.assertEqual(errors, b"backproc: no help window came up\n")
+            program = pathlib.Path(folder) / "backproc.exe"
+            without = run(program, "help-file", environment=overrides)
+            (pathlib.Path(folder) / "Marlentine.chm").touch()
+            unshown = run(program, "help-file", environment=overrides)
+        missing = f"backproc help-file: there is no help file '{name}'; put that of the package there\n"
+        self.assertEqual(without, (1, name.encode() + b"\n", missing.encode()))
+        silent = f"backproc help-file: no help window came up within five seconds for '{name}'; "
+        self.assertEqual((unshown[0], unshown[1]), (1, name.encode() + b"\n"))
+        self.assertTrue(unshown[2].decode().startswith(silent), unshown[2])
 
     def test_help_file_opens_help_and_closes_it(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -346,7 +358,7 @@ class WithoutComponent(ToolTestCase):
     def test_split_ends_for_a_quote_that_is_never_closed(self):
         code, output, errors = tool("split", '"A,B')
         self.assertEqual((code, output), (1, b""))
-        self.assertRegex(errors, rb"^backproc split: no result after ten seconds; .*not closed\n$")
+        self.assertRegex(errors, rb"^backproc split: no result after ten seconds; .*not closed: close it\n$")
 
     def test_modules_marks_the_own_entry(self):
         self.assertEqual(tool("modules"), (0, b"", b""))
@@ -376,7 +388,7 @@ class WithoutComponent(ToolTestCase):
             shutil.copy(bin_folder / "backproc.exe", lone)
             code, output, errors = run(lone, "register", "--user")
         self.assertEqual((code, output), (1, b""))
-        self.assertRegex(errors, rb"^backproc: cannot load Z:.*\\K4TBackProcess\.dll: ")
+        self.assertRegex(errors, rb"^backproc register: cannot load 'Z:.*\\K4TBackProcess\.dll': .* Put the K4TBackProcess\.dll")
 
     def test_a_lone_tool_says_that_the_kernel_is_missing(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -384,7 +396,7 @@ class WithoutComponent(ToolTestCase):
             shutil.copy(bin_folder / "backproc.exe", lone)
             code, output, errors = run(lone, "strings")
         self.assertEqual((code, output), (1, b""))
-        self.assertRegex(errors, rb"^backproc: File not found: QmxKrn2K\.dll \(not in Z:.*\)\n$")
+        self.assertRegex(errors, rb"^backproc strings: File not found: QmxKrn2K\.dll \(not in Z:.*\); put .*beside the component\n$")
 
     def test_a_refused_registration_names_the_way_without_rights(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -392,7 +404,7 @@ class WithoutComponent(ToolTestCase):
             shutil.copy(bin_folder / "test" / "refusing.dll", pathlib.Path(folder) / "K4TBackProcess.dll")
             code, output, errors = run(pathlib.Path(folder) / "backproc.exe", "register")
         self.assertEqual((code, output), (1, b""))
-        self.assertRegex(errors, rb"^backproc: 0x80070005 .*\n.*--user needs none\.\n$")
+        self.assertRegex(errors, rb"^backproc register: 0x80070005 .*\n.*--user, which needs none\.\n$")
 
 
 def copy_package(folder, *left_out):
@@ -475,8 +487,9 @@ class Doctor(ToolTestCase):
         self.assert_bad(self.diagnose(program)["loading"], "DllGetClassObject")
 
     def test_missing_kernel(self):
-        self.assert_bad(self.diagnose(copy_package(self.folder, "QmxKrn2K.dll"))["kernel"], "QmxKrn2K.dll",
-                        "beside the component")
+        lines = self.diagnose(copy_package(self.folder, "QmxKrn2K.dll"))
+        self.assert_bad(lines["kernel"], "QmxKrn2K.dll", "beside the component")
+        self.assertNotIn("language", lines)
 
     def test_kernel_that_lacks_entries(self):
         program = copy_package(self.folder)
@@ -491,7 +504,7 @@ class Doctor(ToolTestCase):
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-8")
         self.assertEqual(self.diagnose(program)["INI file"], "ok   INI file: " + windows_path(ini))
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-16-le")
-        self.assert_bad(self.diagnose(program)["INI file"], "zero bytes", "UTF-8")
+        self.assert_bad(self.diagnose(program)["INI file"], "NUL characters", "UTF-8")
 
     def test_language_folder(self):
         program = copy_package(self.folder)
@@ -560,7 +573,8 @@ class WithComponent(ToolTestCase):
             self.assertEqual(holder.ask(b"load 1"), b"1 Load True\n")
             code, output, errors = tool("help-file")
         self.assertEqual((code, output), (1, b""))
-        self.assertEqual(errors, b"backproc: the main form did not come up: another backproc of this session has it\n")
+        self.assertEqual(errors, b"backproc help-file: the main form did not come up: another backproc of this session has it; "
+                                 b"end that one first\n")
 
     def test_lz_switches_the_caption_and_back(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -606,7 +620,7 @@ class WithComponent(ToolTestCase):
             code, output, errors = run(lone, "host", text=b"create\nrelease 1\n")
         self.assertEqual(code, 1)
         self.assertRegex(output, rb"^1 error 0x800A0035 File not found: QmxKrn2K\.dll[^\n]*\n$")
-        self.assertEqual(errors, b"backproc host: line 2: there is no instance 1\n")
+        self.assertEqual(errors, b"backproc host: line 2: there is no instance 1; 'create' makes one\n")
 
     def check_client(self, *command):
         code, output, errors = run(*command)

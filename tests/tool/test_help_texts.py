@@ -1,0 +1,119 @@
+#!/usr/bin/env python3
+"""Runs the examples of the tool's own help texts as they are written there, so that none can rot.
+
+    test_help_texts.py WINE_RUN BIN_FOLDER
+
+They run in the order of the overview, in a folder that has what is handed out, with the component registered.
+"""
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+import test_tool
+
+# What a verb's example gives; the others end with 0 and are not asked anything.
+EXIT_CODES = {"msgbox": 7}
+DIALOGS = {"error", "msgbox", "query"}
+PRINTED = {
+    "host": "1 created\n1 released\n",
+    "raise": "1 NotifyServer [EDITOR] [SHELL,1,amp.sch]\n2 NotifyServer [EDITOR] [SHELL,1,amp.sch]\n",
+    "split": "1\tA\t0\n2\tB\t0\n3\t\t0\n3\n",
+    "text": "&Yes\n",
+    "msgbox": "7\n",
+    "query": "text=Top\nindex=1\n",
+}
+SHOWS_HELP = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
+
+
+def help_of(verb):
+    code, output, errors = test_tool.tool(verb, "--help")
+    assert (code, errors) == (0, b""), verb
+    return output.decode("utf-8")
+
+
+def verbs():
+    overview = test_tool.tool("--help")[1].decode("utf-8")
+    return re.findall(r"^  ([a-z-]+)  ", overview[overview.index("Verbs:"):], re.M)
+
+
+def examples(text):
+    return re.findall(r"^  (.*)$", text[text.index("\nExample"):], re.M)
+
+
+class HelpTexts(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
+        for name in ("backproc.exe", "K4TBackProcess.dll", "QmxKrn2K.dll"):
+            shutil.copy(test_tool.bin_folder / name, cls.folder)
+        # A help viewer that shows a window of its own for a moment.
+        shutil.copy(test_tool.bin_folder / "test" / "hhctrl.ocx", cls.folder)
+        shutil.copytree(test_tool.EXAMPLES / "languages", cls.folder / "examples" / "languages")
+        cls.tool = cls.folder / "backproc.exe"
+        assert test_tool.run(cls.tool, "register")[0] == 0
+
+    @classmethod
+    def tearDownClass(cls):
+        test_tool.run(cls.tool, "unregister")
+
+    def test_every_verb_explains_itself_in_the_same_form(self):
+        self.assertEqual(len(verbs()), 16)
+        for verb in verbs():
+            with self.subTest(verb):
+                text = help_of(verb)
+                self.assertEqual(text.encode(), test_tool.tool("help", verb)[1])
+                self.assertTrue(text.startswith(f"Usage: backproc {verb}"))
+                self.assertIn("\n\nExit code: ", text)
+                self.assertTrue(examples(text))
+                self.assertLessEqual(max(map(len, text.splitlines())), 120)
+                usage = text[:text.index("\n\n")]
+                for option in re.findall(r"--[a-z]+", usage):
+                    self.assertRegex(text, rf"\n  {option}\b")
+
+    def answer(self, example, environment):
+        """The example's process, whose dialog gets Return until it ends."""
+        while example.poll() is None:
+            subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Orvane", "windowfocus", "key", "Return"],
+                           env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=60)
+            time.sleep(0.3)
+        subprocess.run(["xdotool", "keyup", "Return"], env=environment, timeout=60)
+
+    def run_example(self, verb, line):
+        """Exit code, output and errors of a command line, given to the command interpreter as it stands."""
+        batch = self.folder / "example.bat"
+        batch.write_text(f"@{line}\n@exit %errorlevel%\n", encoding="ascii", newline="\r\n")
+        display = os.environ.get("DISPLAY") or subprocess.check_output(
+            [pathlib.Path(test_tool.wine_run).parent / "start-display"], text=True, timeout=60).strip()
+        environment = {**os.environ, "DISPLAY": display, **(SHOWS_HELP if verb == "help-file" else {})}
+        with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
+            example = subprocess.Popen(["timeout", str(test_tool.TIMEOUT), test_tool.wine_run, "cmd.exe", "/c", "example.bat"],
+                                       cwd=self.folder, stdin=subprocess.DEVNULL, stdout=output, stderr=errors,
+                                       env=environment)
+            if verb in DIALOGS:
+                self.answer(example, environment)
+            code = example.wait()
+            output.seek(0)
+            errors.seek(0)
+            return code, output.read().decode("utf-8"), errors.read().decode("utf-8")
+
+    def test_every_example_works_as_it_is_written(self):
+        for verb in verbs():
+            for line in examples(help_of(verb)):
+                with self.subTest(line):
+                    code, output, errors = self.run_example(verb, line)
+                    self.assertEqual((code, errors), (EXIT_CODES.get(verb, 0), ""), output)
+                    self.assertIn("backproc " + verb, line)
+                    if verb in PRINTED:
+                        self.assertEqual(output, PRINTED[verb])
+
+
+if __name__ == "__main__":
+    test_tool.wine_run, test_tool.bin_folder = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
+    # Without the warnings of pipes left open, which Wine's helper processes hold.
+    unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")

@@ -1,0 +1,67 @@
+// Complaints about command lines, and the numbers on them.
+#include "tools/Usage.h"
+
+#include <charconv>
+#include <optional>
+
+#include "tools/Display.h"
+
+namespace tools {
+
+namespace {
+
+/// None unless all of `digits` is one number.
+template <typename Number>
+std::optional<Number> Whole(std::string_view digits, int base) {
+    Number number{};
+    const char* const end = digits.data() + digits.size();
+    const auto [stop, error] = std::from_chars(digits.data(), end, number, base);
+    if (error != std::errc() || stop != end) return std::nullopt;
+    return number;
+}
+
+std::optional<std::int32_t> Number(std::string_view text) {
+    if (!text.starts_with("0x") && !text.starts_with("0X")) return Whole<std::int32_t>(text, 10);
+    const auto bits = Whole<std::uint32_t>(text.substr(2), 16);
+    if (!bits) return std::nullopt;
+    return static_cast<std::int32_t>(*bits);
+}
+
+}  // namespace
+
+UsageError Missing(std::string_view name) {
+    return UsageError(std::string(name) + " is missing");
+}
+
+UsageError Surplus(StringView argument) {
+    return UsageError(Quoted(argument) + " is one argument too many");
+}
+
+UsageError UnknownOption(StringView option) {
+    return UsageError("there is no option " + Quoted(option));
+}
+
+const String& ValueOf(const Arguments& arguments, std::size_t place) {
+    if (place + 1 == arguments.size()) throw UsageError(Quoted(arguments[place]) + " needs a value");
+    return arguments[place + 1];
+}
+
+void AtMost(std::size_t most, const Arguments& arguments) {
+    if (arguments.size() > most) throw Surplus(arguments[most]);
+}
+
+std::int64_t ReadWhole(StringView text, std::string_view name, std::int64_t least, std::int64_t greatest) {
+    const auto number = Whole<std::int64_t>(runtime::ToUtf8(text), 10);
+    if (number && *number >= least && *number <= greatest) return *number;
+    throw UsageError(std::string(name) + " must be a whole number from " + std::to_string(least) + " to " +
+                     std::to_string(greatest) + ", not " + Quoted(text));
+}
+
+std::int32_t ReadNumber(StringView text, std::string_view name) {
+    if (const std::optional<std::int32_t> number = Number(runtime::ToUtf8(text))) return *number;
+    throw UsageError(std::string(name) +
+                     " must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not " +
+                     Quoted(text));
+}
+
+}  // namespace tools

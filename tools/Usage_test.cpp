@@ -1,0 +1,65 @@
+#include "tools/Usage.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+namespace tools {
+namespace {
+
+std::string ComplaintOf(const std::function<void()>& reading) {
+    try {
+        reading();
+    } catch (const UsageError& error) {
+        return error.what();
+    }
+    return "(none)";
+}
+
+TEST(Usage, EveryComplaintNamesTheArgument) {
+    EXPECT_STREQ(Missing("KEY").what(), "KEY is missing");
+    EXPECT_STREQ(Surplus(u"a b").what(), "'a b' is one argument too many");
+    EXPECT_STREQ(UnknownOption(u"--kinds").what(), "there is no option '--kinds'");
+}
+
+TEST(Usage, AnOptionsValueStandsBehindIt) {
+    EXPECT_EQ(ValueOf({u"--kind", u"1"}, 0), u"1");
+    EXPECT_EQ(ComplaintOf([] { ValueOf({u"1", u"--kind"}, 1); }), "'--kind' needs a value");
+}
+
+TEST(Usage, TheFirstArgumentBehindTheWantedOnesIsTooMany) {
+    EXPECT_EQ(ComplaintOf([] { AtMost(2, {u"a", u"b"}); }), "(none)");
+    EXPECT_EQ(ComplaintOf([] { AtMost(2, {u"a", u"b", u"c", u"d"}); }), "'c' is one argument too many");
+    EXPECT_EQ(ComplaintOf([] { AtMost(0, {u""}); }), "'' is one argument too many");
+}
+
+TEST(Usage, WholeNumbersAreTakenUpToTheEndsOfTheirRange) {
+    EXPECT_EQ(ReadWhole(u"-32768", "MODE", -32768, 32767), -32768);
+    EXPECT_EQ(ReadWhole(u"32767", "MODE", -32768, 32767), 32767);
+}
+
+TEST(Usage, WhatIsNoWholeNumberOfTheRangeIsNamedWithIt) {
+    for (const std::string text : {"-32769", "32768", "", "1.5", "0x1", "9999999999999999999", " 1", "1 "}) {
+        EXPECT_EQ(ComplaintOf([&] { ReadWhole(runtime::FromUtf8(text), "MODE", -32768, 32767); }),
+                  "MODE must be a whole number from -32768 to 32767, not '" + text + "'");
+    }
+}
+
+TEST(Usage, NumbersAreDecimalOrHexadecimal) {
+    EXPECT_EQ(ReadNumber(u"0", "N"), 0);
+    EXPECT_EQ(ReadNumber(u"-101", "N"), -101);
+    EXPECT_EQ(ReadNumber(u"2147483647", "N"), 2147483647);
+    EXPECT_EQ(ReadNumber(u"0x1f", "N"), 31);
+    EXPECT_EQ(ReadNumber(u"0XFFFFFFF7", "N"), ~8);
+}
+
+TEST(Usage, WhatIsNoNumberIsNamed) {
+    for (const std::string text : {"", "x", "8 ", "+8", "0x", "0x-1", "2147483648", "0x100000000", "\xEF\xBC\x91"}) {
+        EXPECT_EQ(
+            ComplaintOf([&] { ReadNumber(runtime::FromUtf8(text), "--flags"); }),
+            "--flags must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not '" + text + "'");
+    }
+}
+
+}  // namespace
+}  // namespace tools
