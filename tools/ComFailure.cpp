@@ -53,7 +53,7 @@ std::string SystemText(HRESULT result) {
         FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, static_cast<DWORD>(result),
                        0, text, static_cast<DWORD>(std::size(text)), nullptr);
     runtime::StringView line(runtime::win32::Utf16(text), length);
-    while (!line.empty() && line.back() <= u' ') line.remove_suffix(1);
+    while (!line.empty() && (line.back() <= u' ' || line.back() == u'.')) line.remove_suffix(1);
     return Display(line);
 }
 

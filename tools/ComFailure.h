@@ -30,7 +30,8 @@ void ClearErrorObject();
 /// Throws a ComFailure when there is something in the thread's error object: for a call that has no result.
 void ThrowIfErrorObject();
 
-/// The system's text for an HRESULT or Windows error, in UTF-8 and on one line; "" when it has none.
+/// The system's text for an HRESULT or Windows error, in UTF-8, on one line and without the full stop at its end; ""
+/// when it has none.
 std::string SystemText(HRESULT result);
 
 }  // namespace tools

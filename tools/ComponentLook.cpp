@@ -79,7 +79,10 @@ std::string ActivationFailure() {
     ComPtr<IUnknown> factory;
     const HRESULT result = CoGetClassObject(__uuidof(clsQmxBackProcess), CLSCTX_INPROC_SERVER, nullptr,
                                             IID_IClassFactory, factory.PutVoid());
-    return SUCCEEDED(result) ? "" : ComFailure(result, SystemText(result)).what();
+    if (SUCCEEDED(result)) return "";
+    // Not every system has words for it.
+    const std::string words = result == REGDB_E_CLASSNOTREG ? "COM does not find the class" : SystemText(result);
+    return ComFailure(result, words).what();
 }
 
 }  // namespace tools

@@ -81,8 +81,10 @@ Finding OfTypeLibrary(const ClassEntry& entry) {
 
 Finding OfActivation(const MachineState& machine) {
     if (machine.activationFailure.empty()) return Good("activation", "COM gives the class");
-    return Bad("activation", machine.activationFailure,
-               machine.forUser ? "this system may not look at a user's classes: run 'backproc register'" : kRegister);
+    if (!machine.component.exists) return Bad("activation", machine.activationFailure, "see 'file' above");
+    constexpr const char* kForAll =
+        "this system may not look at a user's classes: run 'backproc register' as an administrator";
+    return Bad("activation", machine.activationFailure, machine.forUser ? kForAll : kRegister);
 }
 
 Finding OfKernel(const KernelFile& kernel) {

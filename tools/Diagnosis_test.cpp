@@ -79,6 +79,8 @@ TEST(Diagnosis, AMovedFileIsNotLookedInto) {
         .path = kPath, .exists = false, .bits = 0, .version = {}, .typeLibrary = {}, .loadFailure = {}};
     ExpectBad(machine, "file", "is not there", "put it back, or run 'backproc register' in the folder");
     EXPECT_EQ(FindingOf(machine, "bitness").subject, "no finding about bitness");
+    machine.activationFailure = "0x80070005 Access denied";
+    ExpectBad(machine, "activation", "0x80070005", "see 'file' above");
 }
 
 TEST(Diagnosis, AFileOfAnotherKindIsNamed) {

@@ -30,7 +30,7 @@ Library LoadComponent() {
     if (library) return library;
     const std::string reason = SystemText(HRESULT_FROM_WIN32(GetLastError()));
     throw std::runtime_error("cannot load " + Quoted(path) + ": " + reason +
-                             " Put the K4TBackProcess.dll of the package there.");
+                             "; put the K4TBackProcess.dll of the package there");
 }
 
 template <typename Function>

@@ -388,7 +388,7 @@ class WithoutComponent(ToolTestCase):
             shutil.copy(bin_folder / "backproc.exe", lone)
             code, output, errors = run(lone, "register", "--user")
         self.assertEqual((code, output), (1, b""))
-        self.assertRegex(errors, rb"^backproc register: cannot load 'Z:.*\\K4TBackProcess\.dll': .* Put the K4TBackProcess\.dll")
+        self.assertRegex(errors, rb"^backproc register: cannot load 'Z:.*\\K4TBackProcess\.dll': .*; put the K4TBackProcess\.dll")
 
     def test_a_lone_tool_says_that_the_kernel_is_missing(self):
         with tempfile.TemporaryDirectory() as folder:
