@@ -140,9 +140,9 @@ TEST_F(KernelLibraryTest, PrefersTheLibraryBesideTheComponent) {
 
 TEST_F(KernelLibraryTest, SaysWhichEntryOfWhichLibraryIsMissing) {
     KernelLibrary kernel(partial_);
-    EXPECT_EQ(ErrorOf([&] { kernel.O_GetName(1); }),
-              "453: Can't find DLL entry point: O_GetName in " + runtime::ToUtf8(partial_ + kFile) +
-                  "; put the suite's QmxKrn2K.dll there");
+    EXPECT_EQ(ErrorOf([&] { kernel.O_GetName(1); }), "453: Can't find DLL entry point: O_GetName in " +
+                                                         runtime::ToUtf8(partial_ + kFile) +
+                                                         "; put the suite's QmxKrn2K.dll there");
     EXPECT_EQ(kernel.DB_DataBase(), -7);
     EXPECT_TRUE(ErrorOf([&] { kernel.E_SetString(u"key", value_); }).starts_with("453: "));
     EXPECT_EQ(value_, u"value");

@@ -95,7 +95,8 @@ class Files(unittest.TestCase):
             run = subprocess.run([copy], capture_output=True, text=True)
             tool = pathlib.Path(folder).resolve() / "build" / "windows" / "bin" / "backproc.exe"
         self.assertEqual((run.returncode, run.stdout), (1, ""))
-        self.assertEqual(run.stderr, f"make-pseudo-language: there is no {tool}: build it with scripts/build, or name a --template\n")
+        self.assertEqual(run.stderr, f"make-pseudo-language: there is no {tool}: "
+                                     "build it with scripts/build, or name a --template\n")
 
     def test_bad_template_is_named(self):
         with tempfile.TemporaryDirectory() as folder:

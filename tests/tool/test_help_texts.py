@@ -92,8 +92,8 @@ class HelpTexts(unittest.TestCase):
             [pathlib.Path(test_tool.wine_run).parent / "start-display"], text=True, timeout=60).strip()
         environment = {**os.environ, "DISPLAY": display, **(SHOWS_HELP if verb == "help-file" else {})}
         with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
-            example = subprocess.Popen(["timeout", str(test_tool.TIMEOUT), test_tool.wine_run, "cmd.exe", "/c", "example.bat"],
-                                       cwd=self.folder, stdin=subprocess.DEVNULL, stdout=output, stderr=errors,
+            command = ["timeout", str(test_tool.TIMEOUT), test_tool.wine_run, "cmd.exe", "/c", batch.name]
+            example = subprocess.Popen(command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=output, stderr=errors,
                                        env=environment)
             if verb in DIALOGS:
                 self.answer(example, environment)
