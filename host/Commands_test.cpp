@@ -378,7 +378,7 @@ TEST_F(LanguageCommands, TextsFollowTheCommandAndNotTheKernelAfterwards) {
 TEST_F(LanguageCommands, LzBesideAnEarlierInstanceFailsAsTheLoadDoes) {
     memory_.process.SetEarlierInstance(true);
     Notify(u"All,LZ");
-    EXPECT_THAT(box_.prompts, ElementsAre(u"Object was unloaded"));
+    EXPECT_THAT(box_.prompts, ElementsAre(u"Object was unloaded: frmBackProcessMain"));
     EXPECT_TRUE(NoneLoaded());
 }
 

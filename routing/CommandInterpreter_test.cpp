@@ -278,7 +278,7 @@ TEST_F(Failure, WithoutASplitterIsAnswered) {
     memory_.messageBox.answers = {1};
     kernel_api::UseSplitter(nullptr);
     Execute(u"All,SAVE");
-    EXPECT_THAT(Messages(), ElementsAre(u"Object variable or With block variable not set"));
+    EXPECT_THAT(Messages(), ElementsAre(u"Object variable or With block variable not set: the string splitter"));
     EXPECT_EQ(unloads_, 1);
 }
 
