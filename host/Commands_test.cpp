@@ -86,14 +86,7 @@ class CommandsOver : public Base {
 
     InterruptedReader interruptedReader_{this->reader_};
     InterruptedMessageBox box_;
-    runtime::Ports interruptedPorts_{this->ports_.windows,
-                                     this->ports_.settings,
-                                     this->ports_.files,
-                                     this->ports_.process,
-                                     this->ports_.locale,
-                                     this->ports_.fonts,
-                                     box_,
-                                     this->ports_.help};
+    runtime::Ports interruptedPorts_ = tests::WithPort(this->ports_, box_);
     std::vector<std::string> heard_;
     std::function<void()> onHeard_;
     clsQmxBackProcess object_{[this](String& /*module*/, String& command) {

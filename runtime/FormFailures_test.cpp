@@ -83,8 +83,7 @@ class FormOverStubbornWindows : public tests::HeadlessTest {
     FormOverStubbornWindows() { UsePorts(&stubbornPorts_); }
 
     StubbornWindows windows_;
-    Ports stubbornPorts_{windows_,       memory_.settings, memory_.files,      memory_.process,
-                         memory_.locale, memory_.fonts,    memory_.messageBox, memory_.help};
+    Ports stubbornPorts_ = tests::WithPort(ports_, windows_);
     tests::HandledForm form_;
 };
 

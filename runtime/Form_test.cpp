@@ -192,8 +192,7 @@ TEST_F(FormLife, CollectionIsInLoadOrderAndNamesTheLastFormToUnload) {
 TEST_F(FormLife, WindowThatTheSystemRefusesIsOutOfMemoryAndLeavesNothing) {
     runtime::headless::MemoryWindows refusing;
     refusing.refuseWindows = 1;
-    Ports ports{refusing,       memory_.settings, memory_.files,      memory_.process,
-                memory_.locale, memory_.fonts,    memory_.messageBox, memory_.help};
+    const Ports ports = tests::WithPort(ports_, refusing);
     UsePorts(&ports);
     EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kOutOfMemory);
     EXPECT_EQ(LoadedForms().Count(), 0u);

@@ -49,8 +49,7 @@ class InterruptedHelpTest : public HelpTest {
     ~InterruptedHelpTest() override { runtime::UsePorts(&ports_); }
 
     InterruptedHelp help_;
-    runtime::Ports interruptedPorts_{memory_.windows, memory_.settings, memory_.files,      memory_.process,
-                                     memory_.locale,  memory_.fonts,    memory_.messageBox, help_};
+    runtime::Ports interruptedPorts_ = tests::WithPort(ports_, help_);
 };
 
 const Call kOpened{0, u"D:\\Pelorix\\Marlentine.chm"};

@@ -227,8 +227,7 @@ TEST(WindowClass, GoesWithTheWindowSystem) {
     std::wstring name;
     for (int round = 1; round <= 2; ++round) {
         Win32Windows windows(instance);
-        Ports ports{windows,       memory.settings, memory.files,      memory.process,
-                    memory.locale, memory.fonts,    memory.messageBox, memory.help};
+        const Ports ports = tests::WithPort(memory.All(), windows);
         UsePorts(&ports);
         {
             tests::HandledForm form;

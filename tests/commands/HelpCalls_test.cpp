@@ -41,8 +41,7 @@ class HelpCalls : public tests::ComponentTest {
     }
 
     runtime::win32::HelpControl control_;
-    runtime::Ports helpingPorts_{ports_.windows, ports_.settings, ports_.files,      ports_.process,
-                                 ports_.locale,  ports_.fonts,    ports_.messageBox, control_};
+    runtime::Ports helpingPorts_ = tests::WithPort(ports_, control_);
     frmBackProcessMain& form_ = MainForm();
     String window_;
     std::size_t before_ = 0;

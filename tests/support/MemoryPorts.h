@@ -1,0 +1,45 @@
+// In-memory twins of all ports, on whatever system they run, and sets of ports with one of them exchanged.
+#pragma once
+
+#include <type_traits>
+
+#include "runtime/Ports.h"
+#include "runtime/headless/FixedProcess.h"
+#include "runtime/headless/MemoryFiles.h"
+#include "runtime/headless/MemorySettings.h"
+#include "runtime/headless/MemoryWindows.h"
+#include "runtime/headless/PlainLocale.h"
+#include "runtime/headless/RecordingHelp.h"
+#include "runtime/headless/ScriptedFonts.h"
+#include "runtime/headless/ScriptedMessageBox.h"
+
+namespace tests {
+
+struct MemoryPorts {
+    runtime::headless::MemoryWindows windows;
+    runtime::headless::MemorySettings settings;
+    runtime::headless::MemoryFiles files;
+    runtime::headless::FixedProcess process;
+    runtime::headless::PlainLocale locale;
+    runtime::headless::ScriptedFonts fonts;
+    runtime::headless::ScriptedMessageBox messageBox;
+    runtime::headless::RecordingHelp help;
+
+    runtime::Ports All() { return {windows, settings, files, process, locale, fonts, messageBox, help}; }
+};
+
+/// `ports` with `other` in the place of the port whose interface it has.
+template <typename Other>
+runtime::Ports WithPort(const runtime::Ports& ports, Other& other) {
+    const auto choose = [&other]<typename Port>(Port& own) -> Port& {
+        if constexpr (std::is_base_of_v<Port, Other>) {
+            return other;
+        } else {
+            return own;
+        }
+    };
+    return {choose(ports.windows), choose(ports.settings), choose(ports.files),      choose(ports.process),
+            choose(ports.locale),  choose(ports.fonts),    choose(ports.messageBox), choose(ports.help)};
+}
+
+}  // namespace tests
