@@ -10,6 +10,7 @@
 #include "services/QMXHLP.h"
 #include "tests/support/ComponentFixture.h"
 #include "tests/support/HandledForm.h"
+#include "tests/support/RecordingReader.h"
 
 namespace host {
 namespace {
@@ -19,27 +20,6 @@ using services::processValues;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tests::ErrorOf;
-
-/// Passes everything on to another reader; something may happen when a text is asked for.
-class InterruptedReader : public kernel_api::Reader {
- public:
-    explicit InterruptedReader(kernel_api::Reader& reader) : reader_(reader) {}
-
-    void NormaliseFolder(String& folder) override { reader_.NormaliseFolder(folder); }
-    String GetSetting(StringView application, StringView key, StringView defaultValue) override {
-        return reader_.GetSetting(application, key, defaultValue);
-    }
-    String GetText(StringView defaultText, StringView textId) override {
-        if (const auto then = std::exchange(onNextText, {})) then();
-        return reader_.GetText(defaultText, textId);
-    }
-    String TextAt(kernel_api::TextPointer pointer) override { return reader_.TextAt(pointer); }
-
-    std::function<void()> onNextText;
-
- private:
-    kernel_api::Reader& reader_;
-};
 
 /// A message box that lets something happen while it is open.
 class InterruptedMessageBox : public runtime::MessageBoxPort {
@@ -84,7 +64,7 @@ class CommandsOver : public Base {
     }
     static bool NoneLoaded() { return runtime::LoadedForms().Count() == 0; }
 
-    InterruptedReader interruptedReader_{this->reader_};
+    tests::RecordingReader interruptedReader_{this->reader_};
     InterruptedMessageBox box_;
     runtime::Ports interruptedPorts_ = tests::WithPort(this->ports_, box_);
     std::vector<std::string> heard_;

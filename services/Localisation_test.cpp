@@ -398,15 +398,9 @@ TEST_F(FormLocalisation, InputControlsGetTheFontAndKeepTheirTexts) {
     EXPECT_EQ(inputs.combo.Text(), u"Combo1");
 }
 
-/// A reader whose every text fails.
-class BrokenReader : public kernel_api::dev::BuiltInReader {
- public:
-    using BuiltInReader::BuiltInReader;
-    String GetText(StringView, StringView) override { throw runtime::Error(runtime::kPropertyNotSupported); }
-};
-
 TEST_F(FormLocalisation, GoesOnWhereTextsFail) {
-    BrokenReader broken(memory_.files, memory_.settings, memory_.locale);
+    tests::RecordingReader broken(reader_);
+    broken.onEachText = [] { throw runtime::Error(runtime::kPropertyNotSupported); };
     kernel_api::UseReader(&broken);
     LocaliseForm(form_);
     kernel_api::UseReader(&reader_);

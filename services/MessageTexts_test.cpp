@@ -5,6 +5,7 @@
 #include "runtime/Form.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/RecordingReader.h"
 
 namespace services {
 namespace {
@@ -14,13 +15,6 @@ using testing::ElementsAre;
 using Message = runtime::headless::ScriptedMessageBox::Message;
 
 constexpr StringView kTitle = u"Orvane - Orvane (Pelorix Background process )";
-
-/// A reader that finds nothing because it is broken.
-class BrokenReader : public kernel_api::dev::BuiltInReader {
- public:
-    using BuiltInReader::BuiltInReader;
-    String GetText(StringView, StringView) override { throw runtime::Error(runtime::kPropertyNotSupported); }
-};
 
 class MessageTexts : public tests::HeadlessComponentTest {
  protected:
@@ -147,7 +141,8 @@ TEST_F(ErrorReports, KeepADetailThatLiesInWhatTheLookupChanges) {
 }
 
 TEST_F(ErrorReports, ErrorOfTheReaderPassesAndNothingIsShown) {
-    BrokenReader broken{memory_.files, memory_.settings, memory_.locale};
+    tests::RecordingReader broken(reader_);
+    broken.onEachText = [] { throw runtime::Error(runtime::kPropertyNotSupported); };
     kernel_api::UseReader(&broken);
     std::int32_t number = 2;
     EXPECT_EQ(tests::ErrorOf([&] { ShowError(number, u"x"); }), runtime::kPropertyNotSupported);

@@ -1,6 +1,8 @@
-// A reader that passes everything on to another one and notes which texts it is asked for.
+// A reader that passes everything on to another one, notes which texts it is asked for, and lets something happen or
+// fail when it is.
 #pragma once
 
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -22,12 +24,17 @@ class RecordingReader : public kernel_api::Reader {
     }
     runtime::String GetText(runtime::StringView defaultText, runtime::StringView textId) override {
         asked_.emplace_back(defaultText, textId);
+        if (const auto then = std::exchange(onNextText, {})) then();
+        if (onEachText) onEachText();
         return reader_.GetText(defaultText, textId);
     }
     runtime::String TextAt(kernel_api::TextPointer pointer) override { return reader_.TextAt(pointer); }
 
     /// In the order in which they were asked for.
     const std::vector<AskedText>& Asked() const { return asked_; }
+
+    std::function<void()> onNextText;
+    std::function<void()> onEachText;
 
  private:
     kernel_api::Reader& reader_;
