@@ -3,23 +3,21 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <utility>
-
-#include "runtime/win32/Handle.h"
 #include "runtime/win32/Win32Control.h"
 #include "tests/support/InputForm.h"
 #include "tests/support/RuntimeFixture.h"
 #include "tests/support/TypingUser.h"
-
-// clang-format off
-#include <initguid.h>
-#include <oleacc.h>
-// clang-format on
+#include "tests/windows/LiveObjects.h"
+#include "tests/windows/Places.h"
+#include "tests/windows/Queues.h"
+#include "tests/windows/WindowTexts.h"
 
 namespace runtime::win32 {
 namespace {
 
 using ::testing::ElementsAre;
+using tests::AccessibleNameOf;
+using tests::PlaceOf;
 
 class RealInputs : public tests::RuntimeTest {
  protected:
@@ -44,33 +42,6 @@ class RealInputs : public tests::RuntimeTest {
     tests::InputForm form_;
     tests::TypingUser user_{form_};
 };
-
-/// What a screen reader is told of a window.
-String AccessibleNameOf(HWND window) {
-    // Stays loaded: windows may go on asking it after the answer.
-    static const Library oleacc(LoadLibraryW(L"oleacc.dll"));
-    const Library automation(LoadLibraryW(L"oleaut32.dll"));
-    using FromWindow = HRESULT(WINAPI*)(HWND, DWORD, REFIID, void**);
-    using FreeText = void(WINAPI*)(BSTR);
-    const auto fromWindow = reinterpret_cast<FromWindow>(
-        reinterpret_cast<void*>(GetProcAddress(oleacc.Get(), "AccessibleObjectFromWindow")));
-    const auto freeText =
-        reinterpret_cast<FreeText>(reinterpret_cast<void*>(GetProcAddress(automation.Get(), "SysFreeString")));
-    IAccessible* accessible = nullptr;
-    if (FAILED(fromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                          reinterpret_cast<void**>(&accessible))))
-        return u"(no object)";
-    VARIANT self{};
-    self.vt = VT_I4;
-    self.lVal = CHILDID_SELF;
-    BSTR name = nullptr;
-    const HRESULT result = accessible->get_accName(self, &name);
-    accessible->Release();
-    if (result != S_OK || !name) return u"(no name)";
-    const String text = ToString(name);
-    freeText(name);
-    return text;
-}
 
 TEST_F(RealInputs, AreCalledByTheirAccessibleName) {
     form_.text.SetAccessibleName(u"Old");
@@ -158,13 +129,10 @@ TEST_F(RealInputs, TopMostAsksForTheOrderAlone) {
 TEST_F(RealInputs, TopMostChangesNothingButTheOrderOfWindows) {
     form_.SetVisible(true);
     const auto isTopMost = [this] { return (GetWindowLongW(Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
-    RECT before{};
-    GetWindowRect(Window(), &before);
+    const tests::Place before = PlaceOf(Window());
     form_.SetTopMost(true);
     EXPECT_TRUE(isTopMost());
-    RECT after{};
-    GetWindowRect(Window(), &after);
-    EXPECT_TRUE(EqualRect(&before, &after));
+    EXPECT_EQ(PlaceOf(Window()), before);
     form_.SetTopMost(false);
     EXPECT_FALSE(isTopMost());
 }
@@ -213,26 +181,14 @@ TEST_F(RealInputs, FocusByTheUserIsKnown) {
 
 TEST_F(RealInputs, FontsReachTheWindows) {
     form_.text.SetFont({.name = u"Arial", .size = 20});
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(TextWindow(), WM_GETFONT, 0, 0));
-    LOGFONTW description{};
-    GetObjectW(font, sizeof description, &description);
-    EXPECT_STREQ(description.lfFaceName, L"Arial");
+    EXPECT_STREQ(tests::FontDescriptionOf(TextWindow()).lfFaceName, L"Arial");
 }
 
 /// Types through the system's input queue, and waits until the form saw `log`.
 class KeyboardInputs : public RealInputs {
  protected:
-    void Send(std::vector<WORD> keys, std::size_t logged) {
-        std::vector<INPUT> inputs;
-        const auto add = [&inputs](WORD key, DWORD flags) {
-            INPUT& input = inputs.emplace_back();
-            input.type = INPUT_KEYBOARD;
-            input.ki.wVk = key;
-            input.ki.dwFlags = flags;
-        };
-        for (const WORD key : keys) add(key, 0);
-        for (auto key = keys.rbegin(); key != keys.rend(); ++key) add(*key, KEYEVENTF_KEYUP);
-        SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof inputs[0]);
+    void Send(const std::vector<WORD>& keys, std::size_t logged) {
+        tests::SendKeys(keys);
         const ULONGLONG end = GetTickCount64() + 10'000;
         while (form_.log.size() < logged && GetTickCount64() < end) {
             DoEvents();
@@ -276,35 +232,14 @@ TEST_F(KeyboardInputs, AltAndDownOpensTheList) {
     EXPECT_EQ(form_.dropDown.Text(), u"Alpha");
 }
 
-BOOL CALLBACK CountWindow(HWND, LPARAM count) noexcept {
-    ++*reinterpret_cast<int*>(count);
-    return TRUE;
-}
-
 TEST_F(RealInputs, LeaveNothingBehind) {
-    const auto counts = [] {
-        const HANDLE self = GetCurrentProcess();
-        return std::pair(GetGuiResources(self, GR_GDIOBJECTS), GetGuiResources(self, GR_USEROBJECTS));
-    };
-    const auto windowCount = [] {
-        int count = 0;
-        EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&count));
-        return count;
-    };
-    const auto openAndClose = [this] {
+    tests::ExpectNothingStays(200, [this](int) {
         form_.list.AddItem(u"item");
         form_.text.SetAccessibleName(u"name");
         form_.SetVisible(true);
         form_.Unload();
-    };
-    openAndClose();
-    DoEvents();
-    const auto before = counts();
-    const int windowsBefore = windowCount();
-    for (int i = 0; i < 100; ++i) openAndClose();
-    DoEvents();
-    EXPECT_EQ(counts(), before);
-    EXPECT_EQ(windowCount(), windowsBefore);
+        DoEvents();
+    });
 }
 
 }  // namespace

@@ -11,6 +11,7 @@
 #include "tests/support/ErrorOf.h"
 #include "tests/support/HandledForm.h"
 #include "tests/support/RuntimeFixture.h"
+#include "tests/windows/Queues.h"
 
 namespace runtime::win32 {
 namespace {
@@ -210,10 +211,8 @@ TEST_F(RealWindow, RequestToQuitStaysPendingForTheOuterLoop) {
     PostQuitMessage(7);
     CurrentPorts().windows.DoEvents();
     CurrentPorts().windows.DoEvents();
-    MSG message{};
-    ASSERT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-    EXPECT_EQ(message.wParam, 7u);
-    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(tests::TakeQuit(), 7);
+    EXPECT_EQ(tests::TakeQuit(), std::nullopt);
 }
 
 TEST(WindowClass, GoesWithTheWindowSystem) {

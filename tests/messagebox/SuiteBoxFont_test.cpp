@@ -9,6 +9,7 @@
 #include "kernel_api/dev/TextFile.h"
 #include "services/ProcessValues.h"
 #include "tests/messagebox/SuiteBoxTest.h"
+#include "tests/windows/WindowTexts.h"
 
 namespace tests {
 namespace {
@@ -18,18 +19,11 @@ class SuiteBoxFont : public SuiteBoxTest {
     ~SuiteBoxFont() override { services::processValues = {}; }
 };
 
-LOGFONTW FontOf(HWND window) {
-    LOGFONTW font{};
-    const auto handle = reinterpret_cast<HFONT>(SendMessageW(window, WM_GETFONT, 0, 0));
-    EXPECT_NE(GetObjectW(handle, sizeof font, &font), 0);
-    return font;
-}
-
 TEST_F(SuiteBoxFont, IsTheProcesssOnLabelAndButtons) {
     services::processValues.uiFont = {u"Tahoma", 12, GREEK_CHARSET};
     const auto look = [](HWND box) {
         for (const HWND window : {LabelOf(box), ButtonOf(box, L"&Yes"), ButtonOf(box, L"Cancel")}) {
-            const LOGFONTW font = FontOf(window);
+            const LOGFONTW font = FontDescriptionOf(window);
             EXPECT_STREQ(font.lfFaceName, L"Tahoma");
             EXPECT_EQ(font.lfHeight, -16);  // 12 points at 96 dots an inch
             EXPECT_EQ(font.lfCharSet, GREEK_CHARSET);
@@ -41,7 +35,7 @@ TEST_F(SuiteBoxFont, IsTheProcesssOnLabelAndButtons) {
 
 TEST_F(SuiteBoxFont, IsTheDesignsWhileNoneWasChosen) {
     const auto look = [](HWND box) {
-        const LOGFONTW font = FontOf(ButtonOf(box, L"&Yes"));
+        const LOGFONTW font = FontDescriptionOf(ButtonOf(box, L"&Yes"));
         EXPECT_STREQ(font.lfFaceName, L"MS Sans Serif");
         EXPECT_EQ(font.lfHeight, -11);
     };
@@ -76,7 +70,7 @@ std::string ExampleLanguage(const std::string& name) {
 /// Width of a button's caption in its font, with the '&' taken as a mark.
 int CaptionWidth(HWND button) {
     const HDC context = GetDC(button);
-    const HGDIOBJ former = SelectObject(context, reinterpret_cast<HFONT>(SendMessageW(button, WM_GETFONT, 0, 0)));
+    const HGDIOBJ former = SelectObject(context, FontOf(button));
     RECT drawn{};
     const runtime::String caption = TextOf(button);
     DrawTextW(context, runtime::win32::Wide(caption.data()), static_cast<int>(caption.size()), &drawn,

@@ -16,7 +16,7 @@ class ChangedBox : public dialogs::frmQMXMsgBox {
     explicit ChangedBox(std::function<void(ChangedBox&)> change) : change_(std::move(change)) {}
 
     std::int32_t Ask(std::int32_t flags, Steps steps) {
-        const BoxDriver driver(std::move(steps));
+        const DialogDriver driver(std::move(steps));
         return ShowMe(u"Overwrite?", flags, u"Title");
     }
     void Caption(std::size_t button, runtime::StringView caption) { Controls().at(button + 2)->SetText(caption); }

@@ -1,41 +1,20 @@
 // The suite's own message box in pixels, and what it costs the system. All numbers are for 96 DPI: 15 twips a pixel.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "tests/messagebox/LiveObjects.h"
 #include "tests/messagebox/SuiteBoxTest.h"
+#include "tests/windows/LiveObjects.h"
+#include "tests/windows/Places.h"
+#include "tests/windows/WindowTexts.h"
 
 namespace tests {
 namespace {
 
 using runtime::String;
 
-struct Place {
-    long left;
-    long top;
-    long width;
-    long height;
-    bool operator==(const Place&) const = default;
-};
-
-void PrintTo(const Place& place, std::ostream* out) {
-    *out << place.left << ", " << place.top << ", " << place.width << " x " << place.height;
-}
-
-Place PlaceOf(HWND box, HWND child) {
-    RECT rect{};
-    GetWindowRect(child, &rect);
-    POINT corner{rect.left, rect.top};
-    ScreenToClient(box, &corner);
-    return {corner.x, corner.y, rect.right - rect.left, rect.bottom - rect.top};
-}
-
 /// Size of `text` in the font of the box's buttons, which is its label's too.
 SIZE SizeIn(HWND box, runtime::StringView text) {
     const HDC context = GetDC(box);
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(ButtonOf(box, L"&Yes"), WM_GETFONT, 0, 0));
-    const HGDIOBJ former = SelectObject(context, font);
+    const HGDIOBJ former = SelectObject(context, FontOf(ButtonOf(box, L"&Yes")));
     SIZE size{};
     GetTextExtentPoint32W(context, runtime::win32::Wide(text.data()), static_cast<int>(text.size()), &size);
     SelectObject(context, former);
@@ -58,24 +37,16 @@ void ExpectClient(HWND box, long width, long height) {
     EXPECT_EQ(client.bottom, height);
 }
 
-/// Half a pixel may go either way; positions off the screen count, too.
-void ExpectCentred(HWND box) {
-    RECT outer{};
-    GetWindowRect(box, &outer);
-    EXPECT_NEAR(outer.left, (GetSystemMetrics(SM_CXSCREEN) - (outer.right - outer.left)) / 2.0, 1);
-    EXPECT_NEAR(outer.top, (GetSystemMetrics(SM_CYSCREEN) - (outer.bottom - outer.top)) / 2.0, 1);
-}
-
 TEST_F(SuiteBoxLayout, OneWordLeavesTheDesign) {
     Look(u"Overwrite?", [](HWND box) {
         ExpectClient(box, 339, 95);
         ExpectCentred(box);
-        EXPECT_EQ(PlaceOf(box, ButtonOf(box, L"&Yes")), (Place{12, 61, 75, 23}));
-        EXPECT_EQ(PlaceOf(box, ButtonOf(box, L"&No")), (Place{93, 61, 75, 23}));
-        EXPECT_EQ(PlaceOf(box, ButtonOf(box, L"Yes &To All")), (Place{174, 61, 75, 23}));
-        EXPECT_EQ(PlaceOf(box, ButtonOf(box, L"Cancel")), (Place{255, 61, 75, 23}));
-        EXPECT_EQ(PlaceOf(box, FindWindowExW(box, nullptr, L"STATIC", nullptr)), (Place{12, 12, 32, 32}));
-        EXPECT_EQ(PlaceOf(box, LabelOf(box)), (Place{63, 16, 247, 26}));
+        EXPECT_EQ(PlaceIn(box, ButtonOf(box, L"&Yes")), (Place{12, 61, 75, 23}));
+        EXPECT_EQ(PlaceIn(box, ButtonOf(box, L"&No")), (Place{93, 61, 75, 23}));
+        EXPECT_EQ(PlaceIn(box, ButtonOf(box, L"Yes &To All")), (Place{174, 61, 75, 23}));
+        EXPECT_EQ(PlaceIn(box, ButtonOf(box, L"Cancel")), (Place{255, 61, 75, 23}));
+        EXPECT_EQ(PlaceIn(box, FindWindowExW(box, nullptr, L"STATIC", nullptr)), (Place{12, 12, 32, 32}));
+        EXPECT_EQ(PlaceIn(box, LabelOf(box)), (Place{63, 16, 247, 26}));
         EXPECT_EQ(TextOf(box), u"Title");
     });
 }
@@ -86,22 +57,22 @@ TEST_F(SuiteBoxLayout, WidePromptWidensItAndShiftsTheButtonsByHalf) {
         const long width = SizeIn(box, prompt).cx;
         ASSERT_GT(width, 247);
         // The label was 3700 twips wide, 246 2/3 pixels.
-        EXPECT_EQ(PlaceOf(box, LabelOf(box)), (Place{63, 16, width, 26}));
+        EXPECT_EQ(PlaceIn(box, LabelOf(box)), (Place{63, 16, width, 26}));
         ExpectClient(box, width + 92, 95);
         ExpectCentred(box);
-        EXPECT_EQ(PlaceOf(box, ButtonOf(box, L"&Yes")), (Place{width / 2 - 111, 61, 75, 23}));
-        EXPECT_EQ(PlaceOf(box, ButtonOf(box, L"Cancel")), (Place{width / 2 + 132, 61, 75, 23}));
-        EXPECT_EQ(PlaceOf(box, FindWindowExW(box, nullptr, L"STATIC", nullptr)), (Place{12, 12, 32, 32}));
+        EXPECT_EQ(PlaceIn(box, ButtonOf(box, L"&Yes")), (Place{width / 2 - 111, 61, 75, 23}));
+        EXPECT_EQ(PlaceIn(box, ButtonOf(box, L"Cancel")), (Place{width / 2 + 132, 61, 75, 23}));
+        EXPECT_EQ(PlaceIn(box, FindWindowExW(box, nullptr, L"STATIC", nullptr)), (Place{12, 12, 32, 32}));
     });
 }
 
 TEST_F(SuiteBoxLayout, TenLinesLowerTheButtons) {
     Look(u"1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n9\r\n10", [](HWND box) {
         const long height = 10 * SizeIn(box, u"1").cy;
-        EXPECT_EQ(PlaceOf(box, LabelOf(box)), (Place{63, 16, 247, height}));
+        EXPECT_EQ(PlaceIn(box, LabelOf(box)), (Place{63, 16, 247, height}));
         ExpectClient(box, 339, height + 69);
         ExpectCentred(box);
-        EXPECT_EQ(PlaceOf(box, ButtonOf(box, L"Yes &To All")), (Place{174, height + 35, 75, 23}));
+        EXPECT_EQ(PlaceIn(box, ButtonOf(box, L"Yes &To All")), (Place{174, height + 35, 75, 23}));
     });
 }
 
@@ -138,29 +109,8 @@ TEST_F(SuiteBoxLayout, PromptOfAMegabyteIsShownAndAnswered) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxLayout, CountOfLiveObjectsSeesThem) {
-    const long gdi = GdiObjects();
-    const long user = UserObjects();
-    std::vector<HRGN> regions(100);
-    std::vector<HMENU> menus(100);
-    std::ranges::generate(regions, [] { return CreateRectRgn(0, 0, 1, 1); });
-    std::ranges::generate(menus, [] { return CreateMenu(); });
-    EXPECT_NEAR(GdiObjects() - gdi, 100, 10);
-    EXPECT_NEAR(UserObjects() - user, 100, 10);
-    for (const HRGN region : regions) DeleteObject(region);
-    for (const HMENU menu : menus) DestroyMenu(menu);
-}
-
 TEST_F(SuiteBoxLayout, TwoThousandQuestionsLeaveNothingBehind) {
-    for (int i = 0; i < 50; ++i) AskQuickly();
-    const long gdi = GdiObjects();
-    const long user = UserObjects();
-    const long windows = Windows();
-    for (int i = 0; i < 2000; ++i) ASSERT_EQ(AskQuickly(), 6);
-    // The system itself keeps a few objects more or less.
-    EXPECT_NEAR(static_cast<double>(GdiObjects()), static_cast<double>(gdi), 20);
-    EXPECT_NEAR(static_cast<double>(UserObjects()), static_cast<double>(user), 20);
-    EXPECT_EQ(Windows(), windows);
+    ExpectNothingStays(2000, [this](int) { ASSERT_EQ(AskQuickly(), 6); });
     ExpectNothingIsLeft();
 }
 

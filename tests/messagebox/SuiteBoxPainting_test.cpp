@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "tests/messagebox/SuiteBoxTest.h"
+#include "tests/windows/WindowTexts.h"
 
 namespace tests {
 namespace {
@@ -67,8 +68,7 @@ Pixels Drawn(HWND box, const String& text, UINT how) {
     FillRect(canvas.Context(), &area, GetSysColorBrush(COLOR_BTNFACE));
     SetBkColor(canvas.Context(), GetSysColor(COLOR_BTNFACE));
     SetTextColor(canvas.Context(), GetSysColor(COLOR_BTNTEXT));
-    const auto font = reinterpret_cast<HFONT>(SendMessageW(ButtonOf(box, L"&Yes"), WM_GETFONT, 0, 0));
-    const HGDIOBJ former = SelectObject(canvas.Context(), font);
+    const HGDIOBJ former = SelectObject(canvas.Context(), FontOf(ButtonOf(box, L"&Yes")));
     DrawTextW(canvas.Context(), runtime::win32::Wide(text), static_cast<int>(text.size()), &area, how);
     SelectObject(canvas.Context(), former);
     return PixelsOf(canvas.Context(), size);
@@ -100,7 +100,7 @@ TEST_F(SuiteBoxPainting, DrawsNulsAsBlanksAndWhatStandsBehindThem) {
 }
 
 TEST_F(SuiteBoxPainting, TitleShowsWhatStandsBehindANul) {
-    const BoxDriver driver({Do([](HWND box) { EXPECT_EQ(TextOf(box), u"first second"); }), Keys({VK_ESCAPE})});
+    const DialogDriver driver({Do([](HWND box) { EXPECT_EQ(TextOf(box), u"first second"); }), Keys({VK_ESCAPE})});
     EXPECT_EQ(dialogs::AskWithSuiteBox(u"prompt", 8, StringView(u"first\0second", 12)), 2);
 }
 

@@ -6,6 +6,8 @@
 #include "runtime/Screen.h"
 #include "runtime/win32/Callback.h"
 #include "tests/messagebox/SuiteBoxTest.h"
+#include "tests/windows/Queues.h"
+#include "tests/windows/WindowTexts.h"
 
 namespace tests {
 namespace {
@@ -122,9 +124,7 @@ TEST_F(SuiteBox, DestroyedBySomebodyElseIsCancel) {
 
 TEST_F(SuiteBox, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
     EXPECT_EQ(Ask(8, {Do([](HWND) { PostQuitMessage(5); })}), 2);
-    MSG message{};
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-    EXPECT_EQ(message.wParam, 5u);
+    EXPECT_EQ(TakeQuit(), 5);
     ExpectNothingIsLeft();
 }
 
@@ -140,7 +140,7 @@ TEST_F(SuiteBox, ErrorOfAHandlerReachesTheCaller) {
         void OnClick(runtime::Control&) override { throw runtime::Error(runtime::kOverflow); }
     } box;
     for (const auto& press : {Keys({VK_RETURN}), Keys({'N'}), ClickOn(L"Cancel")}) {
-        const BoxDriver driver({press});
+        const DialogDriver driver({press});
         EXPECT_THROW(box.ShowMe(u"Overwrite?", 8, u"Title"), runtime::Error);
         ExpectNothingIsLeft();
     }

@@ -7,24 +7,27 @@
 #include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/Win32MessageBox.h"
-#include "tests/messagebox/BoxDriver.h"
+#include "tests/windows/AboveOwner.h"
+#include "tests/windows/DialogSteps.h"
+#include "tests/windows/Queues.h"
+#include "tests/windows/WindowTexts.h"
 
 namespace runtime::win32 {
 namespace {
 
 using testing::ElementsAre;
-using tests::BoxDriver;
+using tests::DialogDriver;
+using tests::Do;
+using tests::IsClass;
 using tests::Press;
-using tests::ShownBox;
-using tests::TextOf;
+using tests::SendKeys;
+using tests::ShownDialog;
+using tests::Steps;
+using tests::TakeQuit;
 using tests::Type;
 
 constexpr std::int32_t kHelpButton = 0x4000;
-
-std::wstring ClassOf(HWND window) {
-    wchar_t name[32]{};
-    return {name, static_cast<std::size_t>(GetClassNameW(window, name, 32))};
-}
+const DialogDriver::Step kQuit = Do([](HWND) { PostQuitMessage(5); });
 
 /// What a box shows, taken while it is open.
 struct Seen {
@@ -40,8 +43,8 @@ struct Seen {
 BOOL CALLBACK SeeChild(HWND child, LPARAM into) noexcept {
     if (!IsWindowVisible(child)) return TRUE;
     Seen& seen = *reinterpret_cast<Seen*>(into);
-    if (ClassOf(child) == L"Button") seen.buttons.push_back(GetDlgCtrlID(child));
-    const bool isText = ClassOf(child) == L"Static" && (GetWindowLongW(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON;
+    if (IsClass(child, L"Button")) seen.buttons.push_back(GetDlgCtrlID(child));
+    const bool isText = IsClass(child, L"Static") && (GetWindowLongW(child, GWL_STYLE) & SS_TYPEMASK) != SS_ICON;
     if (isText) {
         seen.prompt = TextOf(child);
         seen.promptStyle = GetWindowLongW(child, GWL_STYLE);
@@ -49,7 +52,7 @@ BOOL CALLBACK SeeChild(HWND child, LPARAM into) noexcept {
     return TRUE;
 }
 
-BoxDriver::Step See(Seen& seen) {
+DialogDriver::Step See(Seen& seen) {
     return [&seen](HWND box) {
         seen = {};
         seen.title = TextOf(box);
@@ -71,21 +74,11 @@ String HelpCalls() {
     return recorded ? ToString(reinterpret_cast<Recorded>(reinterpret_cast<void*>(recorded))()) : u"(another's)";
 }
 
-class SystemMessageBox : public testing::Test {
+class SystemMessageBox : public tests::AboveOwner<testing::Test> {
  protected:
-    SystemMessageBox()
-        : owner_(CreateWindowExW(0, L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 50, 50, 300, 200, nullptr,
-                                 nullptr, GetModuleHandleW(nullptr), nullptr)) {
-        SetForegroundWindow(owner_);
-        SetActiveWindow(owner_);
-    }
-    void SetUp() override { ASSERT_EQ(GetActiveWindow(), owner_); }
-    ~SystemMessageBox() override { DestroyWindow(owner_); }
-
     /// The answer, given by `steps`.
-    std::int32_t Show(std::int32_t flags, std::vector<BoxDriver::Step> steps, StringView prompt = u"Prompt",
-                      const MessageHelp& help = {}) {
-        const BoxDriver driver(std::move(steps));
+    std::int32_t Show(std::int32_t flags, Steps steps, StringView prompt = u"Prompt", const MessageHelp& help = {}) {
+        const DialogDriver driver(std::move(steps));
         return box_.Show(prompt, flags, u"Title", help);
     }
     Seen Look(std::int32_t flags, StringView prompt = u"Prompt") {
@@ -94,7 +87,12 @@ class SystemMessageBox : public testing::Test {
         return seen;
     }
 
-    HWND owner_;
+    static void LeaveNoWindowActive() {
+        SetActiveWindow(nullptr);
+        SetForegroundWindow(GetDesktopWindow());
+        ASSERT_EQ(GetActiveWindow(), nullptr);
+    }
+
     HelpControl helpControl_;
     Win32MessageBox box_{helpControl_};
 };
@@ -152,9 +150,7 @@ TEST_F(SystemMessageBox, NeedsNoActiveWindow) {
 }
 
 TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesTheThreadsWindowsAllTheSame) {
-    SetActiveWindow(nullptr);
-    SetForegroundWindow(GetDesktopWindow());
-    ASSERT_EQ(GetActiveWindow(), nullptr);
+    LeaveNoWindowActive();
     for (const std::int32_t mode : {MB_APPLMODAL, MB_SYSTEMMODAL, MB_TASKMODAL}) {
         const auto look = [this, mode](HWND box) {
             EXPECT_EQ(GetWindow(box, GW_OWNER), nullptr);
@@ -168,16 +164,9 @@ TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesTheThreadsWindowsAllTheSam
 }
 
 TEST_F(SystemMessageBox, EndOfTheProgramEnablesTheThreadsWindowsWithoutAnOwnerToo) {
-    SetActiveWindow(nullptr);
-    SetForegroundWindow(GetDesktopWindow());
-    ASSERT_EQ(GetActiveWindow(), nullptr);
-    const auto quit = [](HWND) {
-        PostQuitMessage(5);
-        return true;
-    };
-    EXPECT_EQ(Show(MB_YESNO, {quit}), 2);
-    MSG message{};
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    LeaveNoWindowActive();
+    EXPECT_EQ(Show(MB_YESNO, {kQuit}), 2);
+    EXPECT_EQ(TakeQuit(), 5);
     EXPECT_TRUE(IsWindowEnabled(owner_));
 }
 
@@ -219,30 +208,21 @@ TEST_F(SystemMessageBox, UnknownSetOfButtonsIsAnInvalidArgument) {
 }
 
 TEST_F(SystemMessageBox, ErrorOfAHandlerContinuesBehindTheBox) {
-    const auto fail = [](HWND) {
-        Callback::Guard(false, []() -> bool { throw Error(kOverflow); });
-        return true;
-    };
+    const auto fail = Do([](HWND) { Callback::Guard(false, []() -> bool { throw Error(kOverflow); }); });
     EXPECT_THROW(Show(MB_OK, {fail, Type(VK_RETURN)}), Error);
     EXPECT_EQ(Show(MB_OK, {Type(VK_RETURN)}), 1);
 }
 
 TEST_F(SystemMessageBox, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
-    const auto quit = [](HWND) {
-        PostQuitMessage(5);
-        return true;
-    };
-    EXPECT_EQ(Show(MB_YESNO, {quit}), 2);
-    MSG message{};
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-    EXPECT_EQ(message.wParam, 5u);
+    EXPECT_EQ(Show(MB_YESNO, {kQuit}), 2);
+    EXPECT_EQ(TakeQuit(), 5);
     EXPECT_TRUE(IsWindowEnabled(owner_));
 }
 
 TEST_F(SystemMessageBox, OwnerThatGoesMeanwhileCancels) {
     const auto destroyOwner = [this](HWND) { return DestroyWindow(owner_) != FALSE; };
     EXPECT_EQ(Show(MB_YESNO, {destroyOwner}), 2);
-    EXPECT_EQ(ShownBox(), nullptr);
+    EXPECT_EQ(ShownDialog(), nullptr);
 }
 
 bool IsWine() {
@@ -260,7 +240,7 @@ bool AskForHelp(HWND box) {
 }
 
 /// Lets the box handle what it was sent.
-BoxDriver::Step Pause() {
+DialogDriver::Step Pause() {
     return [ticks = 5](HWND) mutable { return --ticks == 0; };
 }
 
@@ -269,7 +249,7 @@ class MessageBoxHelp : public SystemMessageBox {
     MessageBoxHelp() : before_(HelpCalls()) {}
 
     /// Waits until the help control has been called.
-    BoxDriver::Step HelpIsAsked() {
+    DialogDriver::Step HelpIsAsked() {
         return [this](HWND) { return HelpCalls() != before_; };
     }
     /// The calls since the test began.
@@ -297,15 +277,7 @@ TEST_F(MessageBoxHelp, EventOpensTheContentsWithoutAContext) {
 }
 
 TEST_F(MessageBoxHelp, F1OpensItWithOrWithoutAButton) {
-    const auto pressF1 = [](HWND) {
-        INPUT keys[2]{};
-        for (INPUT& key : keys) {
-            key.type = INPUT_KEYBOARD;
-            key.ki.wVk = VK_F1;
-        }
-        keys[1].ki.dwFlags = KEYEVENTF_KEYUP;
-        return SendInput(2, keys, sizeof keys[0]) == 2;
-    };
+    const auto pressF1 = [](HWND) { return SendKeys({VK_F1}); };
     EXPECT_EQ(Show(MB_YESNO, {pressF1, HelpIsAsked(), Press(IDYES)}, u"", {u"C:\\a.chm", -1}), 6);
     EXPECT_EQ(NewCalls(), Call(u"C:\\a.chm 15 4294967295"));
 }

@@ -1,15 +1,12 @@
 // The query dialog in pixels, what its controls hold, and what it costs the system. All numbers are for 96 DPI: 15
 // twips a pixel.
 #include <gtest/gtest.h>
-#include <oleacc.h>
 
-#include <algorithm>
-#include <string_view>
-
-#include "runtime/LoadedForms.h"
 #include "runtime/win32/Handle.h"
-#include "tests/messagebox/LiveObjects.h"
 #include "tests/query/QueryTest.h"
+#include "tests/windows/LiveObjects.h"
+#include "tests/windows/Places.h"
+#include "tests/windows/WindowTexts.h"
 
 namespace tests {
 namespace {
@@ -17,32 +14,6 @@ namespace {
 using runtime::String;
 
 constexpr std::int32_t kKinds[] = {1, 2, 3, 4, 5};
-
-struct Place {
-    long left;
-    long top;
-    long width;
-    long height;
-    bool operator==(const Place&) const = default;
-};
-
-void PrintTo(const Place& place, std::ostream* out) {
-    *out << place.left << ", " << place.top << ", " << place.width << " x " << place.height;
-}
-
-Place PlaceOf(HWND dialog, HWND child) {
-    RECT rect{};
-    GetWindowRect(child, &rect);
-    POINT corner{rect.left, rect.top};
-    ScreenToClient(dialog, &corner);
-    return {corner.x, corner.y, rect.right - rect.left, rect.bottom - rect.top};
-}
-
-long OuterHeightOf(HWND dialog) {
-    RECT outer{};
-    GetWindowRect(dialog, &outer);
-    return outer.bottom - outer.top;
-}
 
 long InnerHeightOf(HWND dialog) {
     RECT client{};
@@ -70,9 +41,9 @@ TEST_F(QueryWindow, ShortPromptGivesTheLowestHeight) {
         Question question = Of(kind);
         // 2000 and 2400 twips, and 495 more for the button.
         const long height = kind < 4 ? 133 : 160;
-        Look(question, [height](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), height); });
+        Look(question, [height](HWND dialog) { EXPECT_EQ(PlaceOf(dialog).height, height); });
         question.button = u"More";
-        Look(question, [height](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), height + 33); });
+        Look(question, [height](HWND dialog) { EXPECT_EQ(PlaceOf(dialog).height, height + 33); });
     }
 }
 
@@ -80,26 +51,26 @@ TEST_F(QueryWindow, ControlsStandWhereTheInnerHeightPutsThem) {
     Question question{.values = {u"abc"}, .button = u"More"};
     Look(question, [](HWND dialog) {
         const long inner = InnerHeightOf(dialog);
-        EXPECT_EQ(PlaceOf(dialog, ButtonOf(dialog, L"Accept")), (Place{288, 14, 75, 23}));
-        EXPECT_EQ(PlaceOf(dialog, ButtonOf(dialog, L"Cancel")), (Place{288, 46, 75, 23}));
+        EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"Accept")), (Place{288, 14, 75, 23}));
+        EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"Cancel")), (Place{288, 46, 75, 23}));
         // The button is 25 high, the text box 21; gaps are 4 and 8.
-        EXPECT_EQ(PlaceOf(dialog, ButtonOf(dialog, L"More")), (Place{8, inner - 25, 361, 25}));
-        EXPECT_EQ(PlaceOf(dialog, InputOf(dialog)), (Place{4, inner - 21 - 4 - 25, 365, 21}));
-        EXPECT_EQ(PlaceOf(dialog, LabelOf(dialog)), (Place{4, 4, 277, inner - 21 - 8 - 25}));
+        EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"More")), (Place{8, inner - 25, 361, 25}));
+        EXPECT_EQ(PlaceIn(dialog, InputOf(dialog)), (Place{4, inner - 21 - 4 - 25, 365, 21}));
+        EXPECT_EQ(PlaceIn(dialog, LabelOf(dialog)), (Place{4, 4, 277, inner - 21 - 8 - 25}));
         EXPECT_EQ(TextOf(dialog), u"Title");
         EXPECT_EQ(TextOf(LabelOf(dialog)), u"Name?");
     });
     for (const std::int32_t kind : {2, 3}) {
         Look(Of(kind),
-             [](HWND dialog) { EXPECT_EQ(PlaceOf(dialog, InputOf(dialog)).top, InnerHeightOf(dialog) - 21 - 4); });
+             [](HWND dialog) { EXPECT_EQ(PlaceIn(dialog, InputOf(dialog)).top, InnerHeightOf(dialog) - 21 - 4); });
     }
     Look(Of(4), [](HWND dialog) {
-        EXPECT_EQ(PlaceOf(dialog, InputOf(dialog)), (Place{4, InnerHeightOf(dialog) - 51 - 4, 365, 51}));
-        EXPECT_EQ(PlaceOf(dialog, LabelOf(dialog)).height, InnerHeightOf(dialog) - 51 - 8);
+        EXPECT_EQ(PlaceIn(dialog, InputOf(dialog)), (Place{4, InnerHeightOf(dialog) - 51 - 4, 365, 51}));
+        EXPECT_EQ(PlaceIn(dialog, LabelOf(dialog)).height, InnerHeightOf(dialog) - 51 - 8);
     });
     Look(Of(5), [](HWND dialog) {
-        EXPECT_EQ(PlaceOf(dialog, InputOf(dialog)).top, InnerHeightOf(dialog) - 56 - 4);
-        EXPECT_EQ(PlaceOf(dialog, LabelOf(dialog)).height, InnerHeightOf(dialog) - 56 - 8);
+        EXPECT_EQ(PlaceIn(dialog, InputOf(dialog)).top, InnerHeightOf(dialog) - 56 - 4);
+        EXPECT_EQ(PlaceIn(dialog, LabelOf(dialog)).height, InnerHeightOf(dialog) - 56 - 8);
     });
 }
 
@@ -107,9 +78,9 @@ TEST_F(QueryWindow, TenLinesMakeItHigherByTheirsInTheFormsFont) {
     // MS Sans Serif of 8.25 points has lines of 13 pixels; ten pieces and three more of them, and the text box of 315
     // twips: 13 x 195 + 315 = 2850 twips.
     Question question{.values = {u"abc"}, .prompt = Lines(10, u"line")};
-    Look(question, [](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), 190); });
+    Look(question, [](HWND dialog) { EXPECT_EQ(PlaceOf(dialog).height, 190); });
     question.kind = 5;  // 13 x 195 + 840 = 3375
-    Look(question, [](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), 225); });
+    Look(question, [](HWND dialog) { EXPECT_EQ(PlaceOf(dialog).height, 225); });
 }
 
 /// In the font of the form, which is not that of its controls.
@@ -143,7 +114,7 @@ TEST_F(QueryWindow, WideLineMakesItHigherByItsShareOfTheLabel) {
         EXPECT_EQ(WidthInTheFormsFont(line), width);
         const Question question{.values = {u"abc"}, .prompt = Lines(7, u"line") + u"\r\n" + line};
         const long expected = height;
-        Look(question, [expected](HWND dialog) { EXPECT_EQ(OuterHeightOf(dialog), expected); });
+        Look(question, [expected](HWND dialog) { EXPECT_EQ(PlaceOf(dialog).height, expected); });
     }
 }
 
@@ -151,19 +122,14 @@ TEST_F(QueryWindow, GrowsToTheScreensHeightLessItsMargin) {
     const long screen = GetSystemMetrics(SM_CYSCREEN);
     for (const int lines : {100, 2000}) {
         Look({.values = {u"abc"}, .prompt = Lines(lines, u"line"), .button = u"More"}, [screen](HWND dialog) {
-            EXPECT_EQ(OuterHeightOf(dialog), screen - 80);
-            EXPECT_EQ(PlaceOf(dialog, ButtonOf(dialog, L"More")).top, InnerHeightOf(dialog) - 25);
+            EXPECT_EQ(PlaceOf(dialog).height, screen - 80);
+            EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"More")).top, InnerHeightOf(dialog) - 25);
         });
     }
 }
 
 TEST_F(QueryWindow, IsCentred) {
-    Look({}, [](HWND dialog) {
-        RECT outer{};
-        GetWindowRect(dialog, &outer);
-        EXPECT_NEAR(outer.left, (GetSystemMetrics(SM_CXSCREEN) - (outer.right - outer.left)) / 2.0, 1);
-        EXPECT_NEAR(outer.top, (GetSystemMetrics(SM_CYSCREEN) - (outer.bottom - outer.top)) / 2.0, 1);
-    });
+    Look({}, ExpectCentred);
 }
 
 TEST_F(QueryWindow, AnyCharactersComeBackAsTheyWentIn) {
@@ -213,26 +179,6 @@ TEST_F(QueryWindow, TenThousandItemsComeBack) {
     EXPECT_EQ(AskQuickly(question), (Answer{u"", 0}));
 }
 
-String AccessibleNameOf(HWND control) {
-    IAccessible* object = nullptr;
-    const HRESULT got = AccessibleObjectFromWindow(control, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                                   reinterpret_cast<void**>(&object));
-    if (FAILED(got)) return u"(no object)";
-    VARIANT self{};
-    self.vt = VT_I4;
-    BSTR name = nullptr;
-    object->get_accName(self, &name);
-    object->Release();
-    const String text = name ? runtime::win32::ToString(name) : String(u"(no name)");
-    SysFreeString(name);
-    return text;
-}
-
-bool IsClass(HWND window, std::wstring_view name) {
-    wchar_t its[32]{};
-    return name == std::wstring_view(its, static_cast<std::size_t>(GetClassNameW(window, its, 32)));
-}
-
 TEST_F(QueryWindow, PromptIsTheInputsNameForScreenReaders) {
     for (const std::int32_t kind : kKinds) {
         Question question = Of(kind);
@@ -251,25 +197,14 @@ TEST_F(QueryWindow, PromptIsTheInputsNameForScreenReaders) {
 }
 
 TEST_F(QueryWindow, TwoThousandQuestionsLeaveNothingBehind) {
-    const auto askAll = [this](int rounds) {
-        for (int i = 0; i < rounds; ++i) {
-            for (const std::int32_t kind : kKinds) {
-                Question question = Of(kind);
-                if (i % 2 == 1) question.button = u"More";
-                const Answer expected = kind == 3 || kind == 5 ? Answer{u"A", 1} : Answer{u"abc", 0};
-                ASSERT_EQ(AskQuickly(question), expected);
-            }
+    ExpectNothingStays(400, [this](int round) {
+        for (const std::int32_t kind : kKinds) {
+            Question question = Of(kind);
+            if (round % 2 == 1) question.button = u"More";
+            const Answer expected = kind == 3 || kind == 5 ? Answer{u"A", 1} : Answer{u"abc", 0};
+            ASSERT_EQ(AskQuickly(question), expected);
         }
-    };
-    askAll(10);
-    const long gdi = GdiObjects();
-    const long user = UserObjects();
-    const long windows = Windows();
-    askAll(400);
-    // The system itself keeps a few objects more or less.
-    EXPECT_NEAR(static_cast<double>(GdiObjects()), static_cast<double>(gdi), 20);
-    EXPECT_NEAR(static_cast<double>(UserObjects()), static_cast<double>(user), 20);
-    EXPECT_EQ(Windows(), windows);
+    });
     ExpectNothingIsLeft();
 }
 

@@ -9,6 +9,8 @@
 #include "runtime/win32/Callback.h"
 #include "services/ProcessValues.h"
 #include "tests/query/QueryTest.h"
+#include "tests/windows/Queues.h"
+#include "tests/windows/WindowTexts.h"
 
 namespace tests {
 namespace {
@@ -17,17 +19,17 @@ using runtime::String;
 
 class Query : public QueryTest {};
 
-const BoxDriver::Step kEnter = Keys({VK_RETURN});
-const BoxDriver::Step kEscape = Keys({VK_ESCAPE});
-const BoxDriver::Step kTab = Keys({VK_TAB});
+const DialogDriver::Step kEnter = Keys({VK_RETURN});
+const DialogDriver::Step kEscape = Keys({VK_ESCAPE});
+const DialogDriver::Step kTab = Keys({VK_TAB});
 
 /// Waits until the control that takes the value shows `text`.
-BoxDriver::Step Shows(const String& text) {
-    return [text](HWND dialog) { return ContentOf(InputOf(dialog)) == text; };
+DialogDriver::Step Shows(const String& text) {
+    return [text](HWND dialog) { return TextOf(InputOf(dialog)) == text; };
 }
 
 /// The first and the last character selected in an edit control, or in that of a combo box.
-BoxDriver::Step IsSelected(DWORD from, DWORD to) {
+DialogDriver::Step IsSelected(DWORD from, DWORD to) {
     return Do([from, to](HWND dialog) {
         const HWND edit = FindWindowExW(InputOf(dialog), nullptr, L"Edit", nullptr);
         DWORD first = 0;
@@ -278,9 +280,7 @@ TEST_F(Query, DestroyedBySomebodyElseCancels) {
 
 TEST_F(Query, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, {Do([](HWND) { PostQuitMessage(5); })}), kNoAnswer);
-    MSG message{};
-    EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-    EXPECT_EQ(message.wParam, 5u);
+    EXPECT_EQ(TakeQuit(), 5);
     ExpectNothingIsLeft();
 }
 
@@ -290,7 +290,7 @@ TEST_F(Query, ErrorInsideTheLoopReachesTheCaller) {
     };
     Question question{.values = {u"abc  "}, .index = 7};
     {
-        const BoxDriver driver({Do(fail)});
+        const DialogDriver driver({Do(fail)});
         EXPECT_EQ(ErrorOf([&] { AskFor(question); }), runtime::kOverflow);
     }
     EXPECT_EQ(question.values[0], u"abc");
@@ -355,7 +355,7 @@ TEST_F(Query, OwnerHiddenMeanwhileLeavesTheQuestion) {
 TEST_F(Query, OwnerDestroyedMeanwhileCancels) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), Do([this](HWND) { DestroyWindow(owner_); })}), kNoAnswer);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-    EXPECT_EQ(ShownBox(), nullptr);
+    EXPECT_EQ(ShownDialog(), nullptr);
     EXPECT_EQ(Ask({.values = {u"abc"}}, {ClickOn(L"Accept")}), (Answer{u"abc", 0}));
 }
 

@@ -1,8 +1,10 @@
-// The driver of the message boxes itself: a test that waits for ever must fail instead.
-#include "tests/messagebox/BoxDriver.h"
+// The driver itself: a test that waits for ever must fail instead.
+#include "tests/windows/DialogDriver.h"
 
 #include <gtest/gtest-spi.h>
 #include <gtest/gtest.h>
+
+#include "tests/windows/Queues.h"
 
 namespace tests {
 namespace {
@@ -21,25 +23,24 @@ bool LoopUntilQuit() {
     return message.message == WM_QUIT;
 }
 
-TEST(BoxDriver, EndsALoopThatWaitsWithoutABox) {
+TEST(DialogDriver, EndsALoopThatWaitsWithoutADialog) {
     bool hasQuit = false;
     const auto wait = [&hasQuit] {
-        const BoxDriver driver({}, kShortWait);
+        const DialogDriver driver({}, kShortWait);
         hasQuit = LoopUntilQuit();
     };
-    EXPECT_NONFATAL_FAILURE(wait(), "without a box");
+    EXPECT_NONFATAL_FAILURE(wait(), "without a dialog");
     EXPECT_TRUE(hasQuit);
-    MSG message{};
-    EXPECT_FALSE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    EXPECT_EQ(TakeQuit(), std::nullopt);
 }
 
-TEST(BoxDriver, ClosesABoxThatNobodyAnswers) {
+TEST(DialogDriver, ClosesADialogThatNobodyAnswers) {
     int answer = 0;
     const auto wait = [&answer] {
-        const BoxDriver driver({}, kShortWait);
+        const DialogDriver driver({}, kShortWait);
         answer = MessageBoxW(nullptr, L"Prompt", L"Title", MB_OKCANCEL);
     };
-    EXPECT_NONFATAL_FAILURE(wait(), "a box is still open");
+    EXPECT_NONFATAL_FAILURE(wait(), "a dialog is still open");
     EXPECT_EQ(answer, 99);
 }
 
