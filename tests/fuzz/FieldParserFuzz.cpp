@@ -2,21 +2,14 @@
 // fields asked for in any order are the same.
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include <cstdio>
-#include <cstdlib>
-
 #include "kernel_api/dev/BuiltInSplitter.h"
+#include "tests/fuzz/Require.h"
 #include "tests/support/SlowFieldSplitter.h"
 
 namespace {
 
 using runtime::String;
-
-void Require(bool isTrue, const char* law) {
-    if (isTrue) return;
-    std::fprintf(stderr, "broken: %s\n", law);
-    std::abort();
-}
+using tests::Require;
 
 String TakeText(FuzzedDataProvider& data) {
     static constexpr char16_t kCommon[] = {u'"', u',', u'"', u',', u' ', u'A', u'l', u'\0'};

@@ -4,11 +4,10 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstdio>
-#include <cstdlib>
 
 #include "routing/FieldSplitter.h"
 #include "runtime/Error.h"
+#include "tests/fuzz/Require.h"
 #include "tests/support/SlowFieldSplitter.h"
 
 namespace {
@@ -16,12 +15,7 @@ namespace {
 using routing::FieldTexts;
 using routing::FieldValues;
 using runtime::String;
-
-void Require(bool isTrue, const char* law) {
-    if (isTrue) return;
-    std::fprintf(stderr, "broken: %s\n", law);
-    std::abort();
-}
+using tests::Require;
 
 char16_t TakeCharacter(FuzzedDataProvider& data) {
     // Mostly the characters that matter, to get deep into the rules.

@@ -4,23 +4,17 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
-#include <cstdlib>
 #include <vector>
 
 #include "runtime/TextLayout.h"
+#include "tests/fuzz/Require.h"
 
 namespace {
 
 using runtime::String;
 using runtime::StringView;
 using runtime::TextLayout;
-
-void Require(bool isTrue, const char* law) {
-    if (isTrue) return;
-    std::fprintf(stderr, "broken: %s\n", law);
-    std::abort();
-}
+using tests::Require;
 
 bool IsHigh(char16_t unit) {
     return unit >= 0xD800 && unit <= 0xDBFF;

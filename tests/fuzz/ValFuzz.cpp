@@ -7,23 +7,18 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <optional>
 #include <string>
 
 #include "runtime/Error.h"
 #include "runtime/Numbers.h"
+#include "tests/fuzz/Require.h"
 
 namespace {
 
 using runtime::String;
-
-void Require(bool isTrue, const char* law) {
-    if (isTrue) return;
-    std::fprintf(stderr, "broken: %s\n", law);
-    std::abort();
-}
+using tests::Require;
 
 char16_t TakeCharacter(FuzzedDataProvider& data) {
     static constexpr char16_t kCommon[] = {u'0', u'1', u'2', u'3', u'4', u'5', u'7', u'8', u'9', u'0', u'0', u'.',
