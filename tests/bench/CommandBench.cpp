@@ -2,13 +2,12 @@
 // system's Scripting.Dictionary called in the same two ways in the same process. They take turns; medians and ratios
 // are printed.
 //     command_bench [CALLS A ROUND]
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
-#include <vector>
 
 #include "host/com/Bstr.h"
 #include "host/com/ComPtr.h"
+#include "tests/bench/Timing.h"
 
 /// The dictionary's own interface, as far as it is called. Not in the unnamed namespace: the compiler would know of no
 /// class that implements it.
@@ -83,34 +82,19 @@ void Invoke(IDispatch& object, DISPID member, VARIANT* arguments, UINT count) {
 
 /// Nanoseconds a call.
 template <typename Call>
-double TimeOf(int calls, Call&& call) {
-    LARGE_INTEGER frequency{};
-    LARGE_INTEGER start{};
-    LARGE_INTEGER end{};
-    QueryPerformanceFrequency(&frequency);
-    QueryPerformanceCounter(&start);
-    for (int i = 0; i < calls; ++i) call();
-    QueryPerformanceCounter(&end);
-    return static_cast<double>(end.QuadPart - start.QuadPart) * 1e9 / static_cast<double>(frequency.QuadPart) / calls;
-}
-
-double MedianOf(std::vector<double> times) {
-    const auto middle = times.begin() + static_cast<std::ptrdiff_t>(times.size() / 2);
-    std::nth_element(times.begin(), middle, times.end());
-    return *middle;
+double TimeOfCall(int calls, Call&& call) {
+    return tests::TimeOf<std::nano>([&] {
+               for (int i = 0; i < calls; ++i) call();
+           }) /
+           calls;
 }
 
 template <typename Ours, typename Theirs>
 void Compare(const char* way, int calls, Ours&& ours, Theirs&& theirs) {
     constexpr int kRounds = 15;
-    std::vector<double> our;
-    std::vector<double> their;
-    for (int round = 0; round < kRounds; ++round) {
-        our.push_back(TimeOf(calls, ours));
-        their.push_back(TimeOf(calls, theirs));
-    }
-    std::printf("%-16s NotifyMe %.0f ns, Exists %.0f ns, ratio %.2f\n", way, MedianOf(our), MedianOf(their),
-                MedianOf(our) / MedianOf(their));
+    const tests::Medians times = tests::InTurns(
+        0, kRounds, [&] { return TimeOfCall(calls, ours); }, [&] { return TimeOfCall(calls, theirs); });
+    std::printf("%-16s NotifyMe %.0f ns, Exists %.0f ns, ratio %.2f\n", way, times.ours, times.theirs, times.Ratio());
 }
 
 void Run(int calls) {
@@ -142,6 +126,6 @@ void Run(int calls) {
 int main(int argc, char** argv) {
     constexpr int kCalls = 50'000;
     Check(OleInitialize(nullptr), "OLE");
-    Run(argc > 1 ? std::max(1, std::atoi(argv[1])) : kCalls);
+    Run(tests::CountFrom(argc, argv, kCalls));
     OleUninitialize();
 }
