@@ -1,5 +1,7 @@
 #include "tests/windows/Queues.h"
 
+#include <utility>
+
 namespace tests {
 namespace {
 
