@@ -45,6 +45,7 @@ using ComString = std::unique_ptr<OLECHAR, FreeString>;
 class Events final : public IDispatch {
  public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
+        if (object == nullptr) return E_POINTER;
         const bool known = id == __uuidof(IUnknown) || id == __uuidof(IDispatch) || id == __uuidof(__clsQmxBackProcess);
         *object = known ? this : nullptr;
         if (!known) return E_NOINTERFACE;
@@ -58,10 +59,14 @@ class Events final : public IDispatch {
         return left;
     }
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
+        if (count == nullptr) return E_POINTER;
         *count = 0;
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo** information) override {
+        if (information != nullptr) *information = nullptr;
+        return E_NOTIMPL;
+    }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*,
                                      UINT*) override {

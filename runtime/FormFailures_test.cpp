@@ -124,7 +124,7 @@ TEST_F(FormOverStubbornWindows, WhoTakesInputAgainWhileTheFormGoesFindsItGone) {
     windows_.Post([&] { form_.Unload(); });
     form_.ShowModal();
     EXPECT_FALSE(wasLoaded);
-    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "activate", "query 1", "unload"));
 }
 
 class FirstShow : public tests::HeadlessTest {

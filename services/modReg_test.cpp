@@ -306,8 +306,7 @@ class ScaleModeSettings : public runtime::headless::MemorySettings {
 
 TEST_F(SavingPlacement, SwitchesTheFormToTwipsMeanwhile) {
     ScaleModeSettings settings(form_);
-    const runtime::Ports ports{ports_.windows, settings,     ports_.files,      ports_.process,
-                               ports_.locale,  ports_.fonts, ports_.messageBox, ports_.help};
+    const runtime::Ports ports = tests::WithPort(ports_, settings);
     form_.SetScaleMode(3);
     runtime::UsePorts(&ports);
     SaveWindowPlacement(form_);

@@ -6,6 +6,7 @@
 #include "runtime/win32/WindowsHeaders.h"
 #include "services/LocalTexts.h"
 #include "services/ProcessValues.h"
+#include "services/QMXHLP.h"
 #include "services/modReg.h"
 #include "tools/LanguageFile.h"
 #include "tools/UiFont.h"

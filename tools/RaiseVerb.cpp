@@ -1,8 +1,13 @@
 // `backproc raise`: commands for other modules, raised in this process and heard by its instances.
+#include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <limits>
 #include <memory>
 #include <ostream>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "host/Composition.h"
 #include "host/ProcessLife.h"
@@ -42,24 +47,13 @@ Example:
 
 constexpr std::uint32_t kMostInstances = 1000;
 
+/// What is to be raised, at the main form.
+using Raise = std::function<void(host::frmBackProcessMain& form)>;
+
 struct Request {
-    Arguments words;
+    Raise raise;
     std::uint32_t instances = 1;
 };
-
-Request ParseRequest(const Arguments& arguments) {
-    Request request;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        if (arguments[i] != u"--instances") {
-            request.words.push_back(arguments[i]);
-            continue;
-        }
-        request.instances =
-            static_cast<std::uint32_t>(ReadWhole(ValueOf(arguments, i), "--instances", 0, kMostInstances));
-        ++i;
-    }
-    return request;
-}
 
 /// Throws UsageError unless the request's words are its kind and one for each of `names`.
 void Require(const Arguments& words, std::initializer_list<std::string_view> names) {
@@ -67,37 +61,46 @@ void Require(const Arguments& words, std::initializer_list<std::string_view> nam
     AtMost(names.size() + 1, words);
 }
 
-void RaiseCommand(Arguments& words) {
+Raise ParseRaise(Arguments words) {
     constexpr std::int64_t kLeast = std::numeric_limits<std::int16_t>::min();
     constexpr std::int64_t kGreatest = std::numeric_limits<std::int16_t>::max();
-    host::frmBackProcessMain& form = host::MainForm();
     if (words.empty()) throw Missing("'send', 'all' or 'shell'");
     if (words[0] == u"send") {
         Require(words, {"MODULE", "COMMAND"});
-        form.AP_SendCmd(words[1], words[2]);
-    } else if (words[0] == u"all") {
-        Require(words, {"COMMAND"});
-        form.AP_SendCmdAll(words[1]);
-    } else if (words[0] == u"shell") {
-        Require(words, {"MODULE", "MODE", "LINE"});
-        form.AP_Shell(words[1], static_cast<std::int16_t>(ReadWhole(words[2], "MODE", kLeast, kGreatest)), words[3]);
-    } else {
-        throw UsageError("cannot raise " + Quoted(words[0]) + "; it takes 'send', 'all' or 'shell'");
+        return [words](host::frmBackProcessMain& form) mutable { form.AP_SendCmd(words[1], words[2]); };
     }
+    if (words[0] == u"all") {
+        Require(words, {"COMMAND"});
+        return [words](host::frmBackProcessMain& form) mutable { form.AP_SendCmdAll(words[1]); };
+    }
+    if (words[0] == u"shell") {
+        Require(words, {"MODULE", "MODE", "LINE"});
+        const auto mode = static_cast<std::int16_t>(ReadWhole(words[2], "MODE", kLeast, kGreatest));
+        return [words, mode](host::frmBackProcessMain& form) mutable { form.AP_Shell(words[1], mode, words[3]); };
+    }
+    throw UsageError("cannot raise " + Quoted(words[0]) + "; it takes 'send', 'all' or 'shell'");
+}
+
+Request ParseRequest(const Arguments& arguments) {
+    Request request;
+    Arguments words;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] != u"--instances") {
+            words.push_back(arguments[i]);
+            continue;
+        }
+        request.instances =
+            static_cast<std::uint32_t>(ReadWhole(ValueOf(arguments, i), "--instances", 0, kMostInstances));
+        ++i;
+    }
+    request.raise = ParseRaise(std::move(words));
+    return request;
 }
 
 /// The instances of this run; they are terminated in the order of their creation.
 class Instances {
  public:
-    Instances(std::uint32_t count, std::ostream& out) {
-        for (std::uint32_t number = 1; number <= count; ++number) {
-            instances_.push_back(
-                std::make_unique<host::clsQmxBackProcess>([number, &out](String& module, String& command) {
-                    out << number << " NotifyServer [" << Display(module) << "] [" << Display(command) << "]\n"
-                        << std::flush;
-                }));
-        }
-    }
+    Instances() = default;
     Instances(const Instances&) = delete;
     Instances& operator=(const Instances&) = delete;
     /// After an error only: it is that one that the tool reports.
@@ -105,6 +108,11 @@ class Instances {
         for (const auto& instance : instances_) runtime::SkipError([&] { instance->Terminate(); });
     }
 
+    void Create(std::uint32_t number, std::ostream& out) {
+        instances_.push_back(std::make_unique<host::clsQmxBackProcess>([number, &out](String& module, String& command) {
+            out << number << " NotifyServer [" << Display(module) << "] [" << Display(command) << "]\n" << std::flush;
+        }));
+    }
     void Terminate() {
         for (const auto& instance : instances_) instance->Terminate();
     }
@@ -114,10 +122,11 @@ class Instances {
 };
 
 int RunRaise(const Arguments& arguments, Console& console) {
-    Request request = ParseRequest(arguments);
+    const Request request = ParseRequest(arguments);
     host::EnsureComposed(GetModuleHandleW(nullptr));
-    Instances instances(request.instances, console.out);
-    RaiseCommand(request.words);
+    Instances instances;
+    for (std::uint32_t number = 1; number <= request.instances; ++number) instances.Create(number, console.out);
+    request.raise(host::MainForm());
     instances.Terminate();
     return kSuccess;
 }

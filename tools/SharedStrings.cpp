@@ -2,6 +2,8 @@
 #include "tools/SharedStrings.h"
 
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 #include "runtime/Error.h"
 #include "runtime/win32/Win32Process.h"
@@ -15,15 +17,31 @@ constexpr const char* kListEntry = "QmxDev_NextString";
 /// A buffer that is too small is left alone.
 using NextString = long __stdcall(const char* afterKey, char* keyBuffer, long size);
 
-NextString& ListEntry() {
-    // The library is loaded: a string was asked for before.
-    const FARPROC entry = GetProcAddress(GetModuleHandleW(L"QmxKrn2K.dll"), kListEntry);
+/// Of the library at `path`, which is loaded; the process may have another one of its name.
+NextString& ListEntry(const String& path) {
+    const FARPROC entry = GetProcAddress(GetModuleHandleW(runtime::win32::Wide(path)), kListEntry);
     if (entry == nullptr) {
         throw runtime::ErrorAbout(
             runtime::kDllEntryPointNotFound,
             runtime::FromAscii(kListEntry) + u"; this kernel does not list its strings, ask it for one with 'get'");
     }
     return *reinterpret_cast<NextString*>(reinterpret_cast<void*>(entry));
+}
+
+/// The key after `key`, the first one for null; none after the last.
+std::optional<std::string> KeyAfter(NextString& nextString, const char* key) {
+    std::string buffer(64, '\0');
+    for (;;) {
+        const auto size = static_cast<long>(buffer.size());
+        const long needed = nextString(key, buffer.data(), size);
+        if (needed < 0)
+            throw std::runtime_error(
+                "the kernel cannot reach its strings; end the programs that use it, and try again");
+        if (needed == 0) return std::nullopt;
+        const auto bytes = static_cast<std::size_t>(needed);
+        if (needed <= size) return buffer.substr(0, bytes - 1);
+        buffer.resize(bytes);
+    }
 }
 
 }  // namespace
@@ -43,31 +61,15 @@ void SharedStrings::Set(StringView key, StringView value) {
 
 std::map<String, String> SharedStrings::All() {
     std::map<String, String> strings;
-    Get(u"");
-    std::optional<std::string> key = KeyAfter(nullptr);
+    NextString& nextString = ListEntry(kernel_.Path());
+    std::optional<std::string> key = KeyAfter(nextString, nullptr);
     while (key) {
         const String name = locale_.FromAnsi(*key);
         // Another process may have taken it away meanwhile.
         if (std::optional<String> value = Get(name)) strings.emplace(name, *std::move(value));
-        key = KeyAfter(key->c_str());
+        key = KeyAfter(nextString, key->c_str());
     }
     return strings;
-}
-
-std::optional<std::string> SharedStrings::KeyAfter(const char* key) {
-    NextString& nextString = ListEntry();
-    std::string buffer(64, '\0');
-    for (;;) {
-        const auto size = static_cast<long>(buffer.size());
-        const long needed = nextString(key, buffer.data(), size);
-        if (needed < 0)
-            throw std::runtime_error(
-                "the kernel cannot reach its strings; end the programs that use it, and try again");
-        if (needed == 0) return std::nullopt;
-        const auto bytes = static_cast<std::size_t>(needed);
-        if (needed <= size) return buffer.substr(0, bytes - 1);
-        buffer.resize(bytes);
-    }
 }
 
 }  // namespace tools

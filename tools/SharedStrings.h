@@ -3,7 +3,6 @@
 
 #include <map>
 #include <optional>
-#include <string>
 
 #include "kernel_api/win32/KernelLibrary.h"
 #include "runtime/win32/Win32Locale.h"
@@ -27,8 +26,6 @@ class SharedStrings {
     std::map<String, String> All();
 
  private:
-    std::optional<std::string> KeyAfter(const char* key);
-
     kernel_api::win32::KernelLibrary kernel_;
     runtime::win32::Win32Locale locale_;
 };

@@ -5,8 +5,11 @@
 #include <io.h>
 #include <shellapi.h>
 
+#include <cstddef>
 #include <cstdio>
 #include <iostream>
+#include <memory>
+#include <new>
 
 #include "tools/Tool.h"
 #include "tools/Verbs.h"
@@ -25,19 +28,22 @@ class Utf8Console {
     UINT former_;
 };
 
+struct LocalFreer {
+    void operator()(wchar_t** memory) const { LocalFree(memory); }
+};
+
 tools::Arguments ProcessArguments() {
     int count = 0;
-    wchar_t** texts = CommandLineToArgvW(GetCommandLineW(), &count);
-    if (texts == nullptr) throw std::bad_alloc();
+    const std::unique_ptr<wchar_t*[], LocalFreer> texts(CommandLineToArgvW(GetCommandLineW(), &count));
+    if (!texts) throw std::bad_alloc();
     tools::Arguments arguments;
-    for (int i = 1; i < count; ++i) arguments.push_back(runtime::win32::ToString(texts[i]));
-    LocalFree(texts);
+    for (int i = 1; i < count; ++i) arguments.push_back(runtime::win32::ToString(texts[static_cast<std::size_t>(i)]));
     return arguments;
 }
 
 }  // namespace
 
-int main() {
+int main() try {
     for (std::FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
     const Utf8Console utf8;
     tools::Console console{std::cin, std::cout, std::cerr};
@@ -45,5 +51,8 @@ int main() {
     std::cout.flush();
     if (std::cout) return exitCode;
     std::cerr << "backproc: not all of the output could be written; is the disk full, or the reader gone?\n";
+    return tools::kFailure;
+} catch (const std::bad_alloc&) {
+    std::cerr << "backproc: there is not enough memory; end other programs, and try again\n";
     return tools::kFailure;
 }

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "host/com/Component.h"
+#include "host/com/ServiceObject.h"
 #include "host/com/Guard.h"
 
 namespace host::com {
