@@ -182,6 +182,21 @@ TEST_F(FailingLoadInMemory, UnloadsAFormThatAPendingEventLoads) {
     EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
 }
 
+TEST_F(FailingLoadInMemory, TriesADialogThatRefusedOnceMoreWhenAnotherOneWent) {
+    dialog_.EnsureLoaded();
+    dialog_.refusesQuery = true;
+    // The main form's own unload asks first, the loop over all forms second.
+    int queries = 0;
+    dialog_.onQueryUnload = [&] {
+        if (++queries == 2) memory_.windows.Post([&] { second_.EnsureLoaded(); });
+    };
+    second_.onUnload = [&] { dialog_.refusesQuery = false; };
+    FailLoads();
+    ErrorOfLoad();
+    EXPECT_EQ(queries, 3);
+    EXPECT_TRUE(NoneLoaded());
+}
+
 TEST_F(FailingLoadInMemory, HidesAnErrorOfAPendingEvent) {
     FailLoads();
     memory_.windows.Post([] { throw runtime::Error(runtime::kOverflow); });

@@ -8,6 +8,11 @@
 namespace runtime {
 namespace {
 
+TEST(Error, SaysItsDescriptionInUtf8) {
+    EXPECT_STREQ(Error(kOverflow).what(), "Overflow");
+    EXPECT_STREQ(Error(kPathNotFound, u"\u00C4").what(), "\xC3\x84");
+}
+
 TEST(FirstErrorTest, ThrowsNothingWhenEveryStepWentWell) {
     FirstError error;
     error.Run([] {});

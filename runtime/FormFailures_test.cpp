@@ -11,6 +11,7 @@
 #include "runtime/LoadedForms.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/HandledForm.h"
+#include "tests/support/InputForm.h"
 #include "tests/support/RuntimeFixture.h"
 
 namespace runtime {
@@ -22,8 +23,21 @@ using tests::ErrorOf;
 
 constexpr Twips kWidestHere = 5000;
 
-/// Refuses controls, makes no window wider than kWidestHere, or lets something happen when other windows take input
-/// again, as its test wants.
+/// A list into which nothing more goes when `isFull`.
+struct FullControl : headless::MemoryControl {
+    FullControl(headless::MemoryWindow& formWindow, const ControlLook& controlLook, const bool& full)
+        : MemoryControl(formWindow, controlLook), isFull(full) {}
+
+    void Add(const String& item) override {
+        if (isFull) throw Error(kOutOfMemory);
+        MemoryControl::Add(item);
+    }
+
+    const bool& isFull;
+};
+
+/// Refuses controls or items, makes no window wider than kWidestHere, or lets something happen when other windows take
+/// input again, as its test wants.
 class StubbornWindows : public headless::MemoryWindows {
  public:
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override {
@@ -34,6 +48,7 @@ class StubbornWindows : public headless::MemoryWindows {
     }
 
     int refuseControls = 0;
+    bool refusesItems = false;
     bool limitsWidth = false;
     std::function<void()> onModalEnd;
 
@@ -63,7 +78,8 @@ class StubbornWindows : public headless::MemoryWindows {
                 --system_.refuseControls;
                 throw Error(kOutOfMemory);
             }
-            return MemoryWindow::AddControl(look);
+            controls.push_back(std::make_unique<FullControl>(*this, look, system_.refusesItems));
+            return *controls.back();
         }
         void SetBounds(const Rect& newOuter) override {
             MemoryWindow::SetBounds(newOuter);
@@ -125,6 +141,62 @@ TEST_F(FormOverStubbornWindows, WhoTakesInputAgainWhileTheFormGoesFindsItGone) {
     form_.ShowModal();
     EXPECT_FALSE(wasLoaded);
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "activate", "query 1", "unload"));
+}
+
+class FormOverStubbornLists : public FormOverStubbornWindows {
+ protected:
+    tests::InputForm inputs_;
+};
+
+TEST_F(FormOverStubbornLists, RefusedItemIsNotKept) {
+    inputs_.list.AddItem(u"A");
+    windows_.refusesItems = true;
+    EXPECT_EQ(ErrorOf([&] { inputs_.list.AddItem(u"B"); }), kOutOfMemory);
+    EXPECT_EQ(inputs_.list.ItemCount(), 1);
+    windows_.refusesItems = false;
+    inputs_.list.AddItem(u"C");
+    EXPECT_EQ(inputs_.list.Item(1), u"C");
+}
+
+/// Has a button and no handler but one that swallows the letter a.
+class SilentForm : public Form {
+ public:
+    SilentForm() : Form({.name = u"silent", .inner = {3000, 1500}}) {
+        AddControl({.kind = ControlKind::kButton, .name = u"button", .bounds = {60, 60, 1125, 345}, .tabIndex = 0});
+    }
+
+ protected:
+    static constexpr std::int16_t kKeyA = 65;
+    void OnKeyDown(std::int16_t& keyCode, std::int16_t) override { keyCode = keyCode == kKeyA ? 0 : keyCode; }
+    void OnKeyUp(std::int16_t& keyCode, std::int16_t) override { keyCode = keyCode == kKeyA ? 0 : keyCode; }
+};
+
+class FormWithoutHandlers : public tests::HeadlessTest {
+ protected:
+    WindowEvents& Events() { return memory_.windows.Last().Events(); }
+
+    SilentForm form_;
+};
+
+TEST_F(FormWithoutHandlers, LeavesCharactersAndClicksAlone) {
+    form_.SetVisible(true);
+    EXPECT_FALSE(Events().KeyPress(u'a'));
+    Events().Clicked(0);
+    EXPECT_TRUE(form_.IsLoaded());
+}
+
+TEST_F(FormWithoutHandlers, SwallowedKeysAreUsedUpGoingDownAndComingUp) {
+    form_.SetVisible(true);
+    EXPECT_TRUE(Events().KeyDown(65, 0));
+    EXPECT_FALSE(Events().KeyDown(66, 0));
+    EXPECT_TRUE(Events().KeyUp(65, 0));
+    EXPECT_FALSE(Events().KeyUp(66, 0));
+}
+
+TEST_F(FormWithoutHandlers, CannotBeShownModallyWhileItIsVisible) {
+    form_.SetVisible(true);
+    EXPECT_EQ(ErrorOf([&] { form_.ShowModal(); }), kFormAlreadyDisplayed);
+    EXPECT_TRUE(form_.Visible());
 }
 
 class FirstShow : public tests::HeadlessTest {

@@ -177,6 +177,16 @@ TEST_F(InputControls, PropertiesOfOtherKindsAreNotSupported) {
     EXPECT_EQ(ErrorOf([&] { form_.list.SelStart(); }), kPropertyNotSupported);
     EXPECT_EQ(ErrorOf([&] { form_.dropDown.SetSelLength(0); }), kPropertyNotSupported);
     EXPECT_EQ(ErrorOf([&] { form_.button.SetAccessibleName(u"x"); }), kPropertyNotSupported);
+    EXPECT_EQ(ErrorOf([&] { form_.label.TabStop(); }), kPropertyNotSupported);
+    EXPECT_EQ(ErrorOf([&] { form_.label.SetTabStop(true); }), kPropertyNotSupported);
+    EXPECT_EQ(ErrorOf([&] { form_.label.SetTabIndex(0); }), kPropertyNotSupported);
+    EXPECT_EQ(ErrorOf([&] { form_.SetFocus(form_.label); }), kPropertyNotSupported);
+}
+
+TEST_F(InputControls, TabIndexBelowZeroIsRefused) {
+    EXPECT_EQ(ErrorOf([&] { form_.block.SetTabIndex(-1); }), kInvalidPropertyValue);
+    form_.SetVisible(true);
+    EXPECT_EQ(form_.FocusedControl(), &form_.text);
 }
 
 TEST_F(InputControls, ControlsThatDropDownKeepTheirOwnHeight) {
@@ -206,6 +216,12 @@ TEST_F(InputControls, FirstFocusIsTheFirstVisibleOneInTabOrder) {
     form_.text.SetVisible(false);
     form_.combo.SetVisible(false);
     form_.dropDown.SetTabIndex(3);
+    form_.SetVisible(true);
+    EXPECT_EQ(form_.FocusedControl(), &form_.block);
+}
+
+TEST_F(InputControls, FocusGivenBeforeTheFormIsShownStays) {
+    form_.SetFocus(form_.block);
     form_.SetVisible(true);
     EXPECT_EQ(form_.FocusedControl(), &form_.block);
 }
@@ -325,6 +341,19 @@ TEST_F(InputControls, ListsSelectByFirstLetterAndEnds) {
     }
 }
 
+TEST_F(InputControls, BackspaceTakesTheSelectedPartOrTheCharacterBeforeIt) {
+    for (Control* control : {&form_.text, &form_.block, &form_.combo}) {
+        ShowOn(*control);
+        control->SetText(u"abcdef");
+        control->SetSelStart(1);
+        control->SetSelLength(3);
+        user_.Type(u"\b");
+        EXPECT_EQ(control->Text(), u"aef") << ToUtf8(control->Name());
+        user_.Type(u"\b\b");
+        EXPECT_EQ(control->Text(), u"ef") << ToUtf8(control->Name());
+    }
+}
+
 TEST_F(InputControls, WritingInAComboDeselectsItsItem) {
     Fill(form_.combo);
     form_.combo.SetListIndex(1);
@@ -408,6 +437,20 @@ TEST_F(InputControls, EnterOnAnOpenListChoosesBeforeItIsACharacter) {
     }
 }
 
+TEST_F(InputControls, F4TakesAnOpenListAwayAndKeepsWhatItShows) {
+    for (Control* control : {&form_.combo, &form_.dropDown}) {
+        Fill(*control);
+        control->SetListIndex(0);
+        ShowOn(*control);
+        user_.Press(kKeyF4);
+        user_.Press(kKeyDown);
+        user_.Press(kKeyF4);
+        EXPECT_EQ(control->ListIndex(), 1) << ToUtf8(control->Name());
+        user_.Press(kKeyEscape);
+        EXPECT_THAT(form_.log, ElementsAre("click cancel")) << "the list is still open";
+    }
+}
+
 TEST_F(InputControls, HandlerMayUnloadTheForm) {
     ShowOn(form_.combo);
     form_.onKeyPress = [&](char16_t&) { form_.Unload(); };
@@ -482,6 +525,88 @@ TEST_F(InputControlsInMemory, EnterHeldSinceBeforeTheFormWasShownWritesNoLine) {
         EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, true));
         form_.Unload();
     }
+}
+
+TEST_F(InputControlsInMemory, HeldKeysPressNoButton) {
+    form_.SetVisible(true);
+    form_.SetFocus(form_.button);
+    WindowEvents& events = memory_.windows.Last().Events();
+    for (const std::int16_t key : {kKeyEnter, kKeySpace, kKeyEscape}) EXPECT_TRUE(events.KeyDown(key, 0, true)) << key;
+    EXPECT_THAT(form_.log, IsEmpty());
+    EXPECT_TRUE(events.KeyDown(kKeySpace, 0, false));
+    EXPECT_THAT(form_.log, ElementsAre("click button"));
+}
+
+TEST_F(InputControlsInMemory, ArrowsWalkTheFocusFromButtonsOnly) {
+    form_.SetVisible(true);
+    form_.SetFocus(form_.button);
+    WindowEvents& events = memory_.windows.Last().Events();
+    EXPECT_TRUE(events.KeyDown(kKeyRight, 0));
+    EXPECT_EQ(form_.FocusedControl(), &form_.cancel);
+    EXPECT_TRUE(events.KeyDown(kKeyUp, 0));
+    EXPECT_TRUE(events.KeyDown(kKeyLeft, 0));
+    EXPECT_EQ(form_.FocusedControl(), &form_.list);
+    for (const std::int16_t key : {kKeyLeft, kKeyRight, kKeyUp, kKeyDown}) EXPECT_FALSE(events.KeyDown(key, 0)) << key;
+    EXPECT_EQ(form_.FocusedControl(), &form_.list);
+}
+
+TEST_F(InputControlsInMemory, KeysTogetherWithControlOrAltAreTheSystems) {
+    form_.SetVisible(true);
+    WindowEvents& events = memory_.windows.Last().Events();
+    for (const std::int16_t shift : {kCtrl, kAlt}) {
+        EXPECT_FALSE(events.KeyDown(kKeyTab, shift)) << shift;
+        EXPECT_FALSE(events.KeyDown(kKeyEscape, shift)) << shift;
+    }
+    EXPECT_EQ(form_.FocusedControl(), &form_.text);
+    EXPECT_THAT(form_.log, IsEmpty());
+}
+
+TEST_F(InputControlsInMemory, BackwardsFromNoFocusIsTheLastControl) {
+    for (const auto& control : form_.Controls()) control->SetVisible(false);
+    form_.SetVisible(true);
+    form_.block.SetVisible(true);
+    form_.list.SetVisible(true);
+    EXPECT_EQ(form_.FocusedControl(), nullptr);
+    memory_.windows.Last().Press(kKeyTab, kShift);
+    EXPECT_EQ(form_.FocusedControl(), &form_.list);
+}
+
+TEST_F(InputControlsInMemory, ClickIntoAControlGivesItTheFocusIfItTakesIt) {
+    form_.SetVisible(true);
+    WindowEvents& events = memory_.windows.Last().Events();
+    events.Focused(4);
+    EXPECT_EQ(form_.FocusedControl(), &form_.list);
+    events.Focused(7);
+    EXPECT_EQ(form_.FocusedControl(), &form_.list) << "a label takes none";
+}
+
+TEST_F(InputControlsInMemory, HiddenButtonHasNoAccessKey) {
+    form_.SetVisible(true);
+    WindowEvents& events = memory_.windows.Last().Events();
+    form_.button.SetVisible(false);
+    EXPECT_FALSE(events.AccessKey(u'a'));
+    form_.button.SetVisible(true);
+    EXPECT_TRUE(events.AccessKey(u'A'));
+    EXPECT_THAT(form_.log, ElementsAre("click button"));
+}
+
+TEST_F(InputControlsInMemory, AccessKeyOfSeveralButtonsWalksAmongThem) {
+    form_.cancel.SetText(u"C&ancel");
+    form_.SetVisible(true);
+    WindowEvents& events = memory_.windows.Last().Events();
+    for (const Control* expected : {&form_.button, &form_.cancel, &form_.button}) {
+        EXPECT_TRUE(events.AccessKey(u'a'));
+        EXPECT_EQ(form_.FocusedControl(), expected);
+    }
+    EXPECT_THAT(form_.log, IsEmpty());
+}
+
+TEST_F(InputControlsInMemory, FontThatIsThereAlreadyIsNotSetAgain) {
+    form_.text.SetFont({.size = 20});
+    headless::MemoryControl& window = memory_.windows.Last().Control(u"text");
+    window.font.size = 5;
+    form_.text.SetFont({.size = 20});
+    EXPECT_EQ(window.font.size, 5);
 }
 
 TEST_F(InputControlsInMemory, TopMostIsPassedOnEachTime) {

@@ -134,6 +134,7 @@ TEST_F(LateBound, ValueOfAnotherTypeIsRefused) {
     EXPECT_EQ(PutProperty(*form_.button, u"Font", Text(u"Arial")), kTypeMismatch);
     EXPECT_EQ(PutProperty(*form_.button, u"TabStop", std::int16_t{0}), kTypeMismatch);
     EXPECT_EQ(PutProperty(*form_.button, u"FontName", std::int16_t{8}), kTypeMismatch);
+    EXPECT_EQ(PutFontProperty(*form_.button, u"Font", u"Size", Text(u"8")), kTypeMismatch);
     EXPECT_EQ(form_.button->Text(), u"&B");
 }
 

@@ -18,9 +18,10 @@ class Cursor {
 
     char16_t Peek() const { return rest_.empty() ? u'\0' : rest_.front(); }
 
+    /// Not to be called at the end.
     char16_t Next() {
-        const char16_t character = Peek();
-        if (!rest_.empty()) rest_.remove_prefix(1);
+        const char16_t character = rest_.front();
+        rest_.remove_prefix(1);
         Skip();
         return character;
     }

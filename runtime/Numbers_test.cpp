@@ -111,6 +111,7 @@ TEST(Val, IgnoresAnExponentWithoutDigits) {
 TEST(Val, ReadsHexadecimalAndOctal) {
     EXPECT_EQ(Val(u"&H1f"), 31);
     EXPECT_EQ(Val(u"&hFFG"), 255);
+    EXPECT_EQ(Val(u"&hffg"), 255);
     EXPECT_EQ(Val(u"&O17"), 15);
     EXPECT_EQ(Val(u"&o178"), 15);
     EXPECT_EQ(Val(u"&17"), 15);
@@ -182,6 +183,7 @@ TEST(Val, LooksAtDigitsFarBehindTheKeptOnes) {
     const String half = u"9007199254740993." + String(2000, u'0');
     EXPECT_EQ(Val(half), 9007199254740992.0);
     EXPECT_EQ(Val(half + u"1"), 9007199254740994.0);
+    EXPECT_EQ(Val(half + u"10"), 9007199254740994.0);
 }
 
 TEST(Val, TakesAMillionDigits) {

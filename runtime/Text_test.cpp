@@ -38,6 +38,7 @@ TEST(Utf8, ReplacesLoneSurrogates) {
     EXPECT_EQ(ToUtf8(lone),
               "a\xEF\xBF\xBD"
               "b\xEF\xBF\xBD");
+    EXPECT_EQ(ToUtf8(String(1, char16_t{0xD800})), "\xEF\xBF\xBD");
 }
 
 TEST(Utf8, ReplacesWhatIsNotUtf8ByteByByte) {

@@ -141,6 +141,16 @@ TEST_F(ModReg, ProductNameIsWhatTheKernelHasNow) {
     EXPECT_EQ(GetProductName(), u"Other");
 }
 
+TEST_F(ModReg, SettingsAreListedInTheOrderInWhichTheyAreRead) {
+    const auto keysOf = [](std::span<const SuiteSetting> settings) {
+        std::vector<String> keys;
+        for (const SuiteSetting& setting : settings) keys.emplace_back(setting.key);
+        return keys;
+    };
+    EXPECT_THAT(keysOf(FolderSettings()), ElementsAre(u"JobDir", u"LibDir", u"SysDir", u"EED3JobDir"));
+    EXPECT_THAT(keysOf(IdentitySettings()), ElementsAre(u"SysName", u"Maker", u"Copyright", u"Ver", u"Rev", u"Range"));
+}
+
 TEST_F(ModReg, InstallFolderIsTheComponentsOwn) {
     memory_.process.SetComponentFolder(u"D:\\Suite\\bin");
     EXPECT_EQ(GetInstallFolder(), u"D:\\Suite\\bin");

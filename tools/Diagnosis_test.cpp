@@ -176,6 +176,7 @@ TEST(Diagnosis, BitsAreReadFromTheProgramsHeader) {
     EXPECT_EQ(BitsOfProgram(Program("\x4C\x01")), 32);
     EXPECT_EQ(BitsOfProgram(Program("\x64\x86")), 64);
     EXPECT_EQ(BitsOfProgram(Program("\xC4\x01")), 0);
+    EXPECT_EQ(BitsOfProgram(Program("\x4C\x01").substr(0, 0x7E)), 32);
 }
 
 TEST(Diagnosis, WhatIsNoProgramHasNoBits) {

@@ -35,9 +35,9 @@ std::string_view Words(LineFault fault) {
         case LineFault::kUnknownEscape:
             return R"(has a backslash that is not one of \n \t \s \\)";
         case LineFault::kNotUtf8:
-            return "is not UTF-8";
+            break;
     }
-    return "cannot be read";
+    return "is not UTF-8";
 }
 
 std::string Bracketed(StringView text) {

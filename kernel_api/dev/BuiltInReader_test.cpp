@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <new>
 
 #include "kernel_api/dev/InMemoryKernel.h"
 #include "runtime/Error.h"
@@ -131,6 +132,22 @@ TEST_F(BuiltInReaderTest, FileThatCannotBeReadLeavesWhatWasReadBefore) {
     EXPECT_EQ(Ver(), u"3");
 }
 
+/// Has no room for texts in the system's code page.
+class ShortOfMemory : public runtime::headless::PlainLocale {
+ public:
+    String FromAnsi(std::string_view) override { throw std::bad_alloc(); }
+};
+
+TEST_F(BuiltInReaderTest, FileThatDoesNotFitIntoMemoryLeavesTheOtherSettings) {
+    ShortOfMemory locale;
+    BuiltInReader reader(files_, settings_, locale);
+    files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\nVer=\xE4\n");
+    settings_.Save(u"Marlento", u"Settings", u"Ver", u"registry");
+    String folder = u"C:\\sys";
+    reader.NormaliseFolder(folder);
+    EXPECT_EQ(reader.GetSetting(u"Marlento", u"Ver", u"?"), u"registry");
+}
+
 TEST_F(BuiltInReaderTest, TextIsReadFromItsAnsiBytes) {
     const char bytes[] = "Orvane \xE4\0hidden";
     EXPECT_EQ(reader_.TextAt(reinterpret_cast<TextPointer>(bytes)), u"Orvane \u00E4");
@@ -175,6 +192,15 @@ TEST_F(LocalTexts, ComeFromTheKernelsFolderWhileTheComponentHasNone) {
     EXPECT_EQ(Text(u"1"), u"un");
     folder_.clear();
     EXPECT_EQ(Text(u"1"), u"eins");
+}
+
+TEST_F(LocalTexts, AreTheDefaultsAgainWhenTheFolderIsTakenBack) {
+    files_.AddFile(u"C:\\K4TBackProcess.txt", "1 = of no folder\n");
+    WriteTexts(u"C:\\de", "1 = eins\n");
+    folder_ = u"C:\\de";
+    EXPECT_EQ(Text(u"1"), u"eins");
+    folder_.clear();
+    EXPECT_EQ(Text(u"1"), u"default");
 }
 
 TEST_F(LocalTexts, KernelIsNotAskedWhileTheComponentHasAFolder) {

@@ -48,7 +48,7 @@ class HeapMemory : public SharedMemory {
             spaces_.at(space).at(offset + i) = static_cast<const std::byte*>(bytes)[i];
         }
     }
-    void Release(std::uint32_t) noexcept override {}
+    void Release(std::uint32_t space) noexcept override { released.push_back(space); }
 
     void Overwrite(Word word, std::uint32_t value) { words_[static_cast<std::size_t>(word)] = value; }
     void OverwriteBytes(std::uint32_t space, std::uint32_t offset, std::uint32_t value) {
@@ -58,6 +58,7 @@ class HeapMemory : public SharedMemory {
     std::uint32_t available = UINT32_MAX;  ///< bytes of a space that the system grants
     std::uint32_t peak = 0;                ///< most bytes of a space that were used
     std::size_t stepsLeft = SIZE_MAX;
+    std::vector<std::uint32_t> released;  ///< spaces
 
  private:
     using Bytes = std::vector<std::byte>;
@@ -183,6 +184,25 @@ TEST(StringStore, ReplacesAValueThatFillsTheMemory) {
     EXPECT_TRUE(store.Set("a", std::string(900, 'a')));
     EXPECT_TRUE(store.Set("a", std::string(980, 'b')));
     EXPECT_THAT(store.Get("a"), Optional(std::string(980, 'b')));
+}
+
+TEST(StringStore, TakesValuesUpToTheLastByte) {
+    HeapMemory memory(1000);
+    StringStore store(memory);
+    // A record has 8 bytes before its key and ends at a multiple of 4: 8 + 1 + 991 = 1000.
+    EXPECT_FALSE(store.Set("a", std::string(992, 'a')));
+    EXPECT_TRUE(store.Set("a", std::string(991, 'a')));
+    EXPECT_THAT(store.Get("a"), Optional(std::string(991, 'a')));
+}
+
+TEST(StringStore, ReleasesTheSpaceThatItHasLeft) {
+    HeapMemory memory(1000);
+    StringStore store(memory);
+    store.Set("a", std::string(900, 'a'));
+    store.Set("a", std::string(900, 'b'));
+    memory.released.clear();
+    EXPECT_THAT(store.Get("a"), Optional(std::string(900, 'b')));
+    EXPECT_EQ(memory.released, std::vector<std::uint32_t>{0});
 }
 
 TEST(StringStore, LeavesTheOldValueWhenTheSystemGrantsNoMemory) {

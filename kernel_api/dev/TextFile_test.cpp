@@ -159,6 +159,10 @@ TEST(EscapeText, WritesWhatReadingGivesBack) {
     EXPECT_EQ(EscapeText(u"Path: "), u"Path:\\s");
 }
 
+TEST(EscapeText, WritesEveryKindOfLineEndAlike) {
+    EXPECT_EQ(EscapeText(u"a\nb\rc\r\nd\n\re\r"), u"a\\nb\\nc\\nd\\n\\ne\\n");
+}
+
 TEST(TextFile, EmptyFileHasNoTexts) {
     EXPECT_EQ(TextFile("").Count(), 0u);
     EXPECT_EQ(TextFile().Count(), 0u);

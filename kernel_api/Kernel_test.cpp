@@ -1,0 +1,21 @@
+// What the suite supplies may be missing: each of its three parts then fails alike.
+#include "kernel_api/Kernel.h"
+
+#include <gtest/gtest.h>
+
+#include "kernel_api/Reader.h"
+#include "kernel_api/Splitter.h"
+#include "runtime/Error.h"
+#include "tests/support/ErrorOf.h"
+
+namespace kernel_api {
+namespace {
+
+TEST(SuiteParts, ThatAreMissingAreError91) {
+    EXPECT_EQ(tests::ErrorOf([] { CurrentKernel(); }), runtime::kObjectVariableNotSet);
+    EXPECT_EQ(tests::ErrorOf([] { CurrentReader(); }), runtime::kObjectVariableNotSet);
+    EXPECT_EQ(tests::ErrorOf([] { CurrentSplitter(); }), runtime::kObjectVariableNotSet);
+}
+
+}  // namespace
+}  // namespace kernel_api
