@@ -1,5 +1,6 @@
 ; The installer of the component. scripts/package builds it and gives it:
 ;     VERSION   "1.0.0"
+;     CLASS_ID  of the component's class, without braces
 ;     FILES     a script with the macros InstallFiles and RemoveFiles, made from what ships
 ;     OUTPUT    the installer's file
 ;
@@ -14,6 +15,7 @@ SetCompressor /SOLID lzma
 !define PRODUCT "Pelorix Back Process Manager"
 !define REMOVAL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\K4TBackProcess"
 !define CLASS_KEY "Software\Classes\K4TBackProcess.clsQmxBackProcess"
+!define SERVER_KEY "Software\Classes\CLSID\{${CLASS_ID}}\InprocServer32"
 ; Where the component keeps the place of its window, in the user's settings.
 !define SETTINGS_KEY "Software\VB and VBA Program Settings"
 
@@ -108,7 +110,8 @@ Section
   WriteRegDWORD SHCTX "${REMOVAL_KEY}" NoRepair 1
 SectionEnd
 
-; What is removed is what this folder's own installation entered.
+; What is removed is what this folder's own installation entered. A registration that has been made from another folder
+; since then stays.
 Function un.onInit
   SetShellVarContext current
   StrCpy $scopeOption "--user"
@@ -119,12 +122,36 @@ Function un.onInit
   ${EndIf}
 FunctionEnd
 
-Section Uninstall
+Function un.TakeRegistrationBack
   DetailPrint "Taking the registration back"
   nsExec::ExecToLog '"$INSTDIR\backproc.exe" unregister $scopeOption'
   Pop $0
   ${If} $0 != 0
     !insertmacro GiveUp "The registration could not be taken back; nothing was removed. 'backproc unregister $scopeOption' in $INSTDIR tells why."
+  ${EndIf}
+FunctionEnd
+
+; $1 becomes "yes" when the class is registered from a file of another folder that is there.
+Function un.IsRegisteredElsewhere
+  StrCpy $1 "no"
+  ReadRegStr $0 SHCTX "${SERVER_KEY}" ""
+  ${If} $0 != ""
+  ${AndIf} ${FileExists} "$0"
+    ; Short names, as a folder has several long ones.
+    GetFullPathName /SHORT $0 "$0"
+    GetFullPathName /SHORT $2 "$INSTDIR\K4TBackProcess.dll"
+    ${If} $0 != $2
+      StrCpy $1 "yes"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+Section Uninstall
+  Call un.IsRegisteredElsewhere
+  ${If} $1 == "yes"
+    DetailPrint "The component is registered from another folder by now, and stays so"
+  ${Else}
+    Call un.TakeRegistrationBack
   ${EndIf}
   !insertmacro RemoveFiles
   Delete "$INSTDIR\uninstall.exe"

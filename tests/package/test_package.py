@@ -121,13 +121,34 @@ class RoundTrip(unittest.TestCase):
         folder.parent.rmdir()
         self.assert_as_before()
 
-    def test_one_scope_refuses_beside_the_other(self):
+    def test_the_user_is_refused_beside_the_machine(self):
         folder = prefix / "drive_c" / "Program Files" / NAME
         self.assertEqual(run(self.setup, "/S", "/AllUsers")[0], 0)
         installed = files()
         self.assertEqual(run(self.setup, "/S")[0], 2)
         self.assertEqual(sorted(installed ^ files()), [])
         self.remove(folder)
+        self.assert_as_before()
+
+    def test_the_machine_is_refused_beside_the_user(self):
+        folder = prefix / "drive_c" / "own"
+        self.assertEqual(run(self.setup, "/S", r"/D=C:\own")[0], 0)
+        installed = files()
+        self.assertEqual(run(self.setup, "/S", "/AllUsers")[0], 2)
+        self.assertEqual(sorted(installed ^ files()), [])
+        self.remove(folder)
+        self.assert_as_before()
+
+    def test_removal_leaves_a_registration_from_another_folder_alone(self):
+        folder = prefix / "drive_c" / "Program Files" / NAME
+        self.assertEqual(run(self.setup, "/S", "/AllUsers")[0], 0)
+        with tempfile.TemporaryDirectory() as other, zipfile.ZipFile(next(packages.glob("*.zip"))) as archive:
+            archive.extractall(other)
+            program = next(pathlib.Path(other).rglob("backproc.exe"))
+            self.assertEqual(run(program, "register")[0], 0)
+            self.remove(folder)
+            self.assertEqual(run(program, "doctor")[0], 0)
+            self.assertEqual(run(program, "unregister")[0], 0)
         self.assert_as_before()
 
     def test_installing_again_over_itself_is_no_error(self):
