@@ -30,6 +30,7 @@ NOT_FOLLOWED = {
     "cmake --preset": BUILDS,
     "cmake --build": BUILDS,
     "scripts/build": BUILDS,
+    "scripts/coverage": BUILDS,
     "build/fuzz/": NEEDS_THE_BUILD,
     "build/bench/": NEEDS_THE_BUILD,
     "for file in backproc.exe": NEEDS_THE_BUILD,

@@ -121,7 +121,7 @@ class Tables(unittest.TestCase):
 
     def test_shared_strings(self):
         used = self.literals(r'(?:Publish|SetKernelString|E_GetString)\(u"(\w+)"|kOwnModuleName = u"(\w+)"', "services/modReg.cpp",
-                             "routing/ModuleList.h", "routing/ModuleList.cpp", "routing/CommandInterpreter.cpp",
+                             "services/ProcessValues.h", "routing/ModuleList.cpp", "routing/CommandInterpreter.cpp",
                              "host/clsQmxBackProcess.cpp")
         self.assertEqual(self.table("README.md", "Shared strings"), {name or own for name, own in used})
 
