@@ -10,7 +10,10 @@ void AskingForm::SetForm(runtime::Form& form) {
 }
 
 AskingForm::Asking::Asking(AskingForm& form) : form_(form) {
-    if (form_.isAsking_) throw runtime::Error(runtime::kFormAlreadyDisplayed);
+    if (form_.isAsking_) {
+        throw runtime::ErrorAbout(runtime::kFormAlreadyDisplayed,
+                                  form_.Name() + u"; its question must be answered first");
+    }
     form_.isAsking_ = true;
 }
 

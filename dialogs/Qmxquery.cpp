@@ -97,7 +97,9 @@ bool HasItems(std::int32_t kind) {
 }
 
 String& InitialText(std::vector<String>& values) {
-    if (values.empty()) throw runtime::Error(runtime::kSubscriptOutOfRange);
+    if (values.empty()) {
+        throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange, u"the first of the values, which is the initial text");
+    }
     return values.front();
 }
 

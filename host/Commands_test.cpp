@@ -418,6 +418,16 @@ TEST_F(CommandsInMemory, LzReadsTheFolderBeforeItChoosesTheFont) {
     EXPECT_TRUE(NoneLoaded());
 }
 
+TEST_F(CommandsInMemory, LzWhoseFontCannotBeSetUpIsReportedAndUnloadsAllForms) {
+    form_.EnsureLoaded();
+    memory_.fonts.installed.clear();
+    memory_.fonts.failsFaceName = true;
+    Notify(u"All,LZ");
+    EXPECT_THAT(box_.prompts, ElementsAre(u"Out of memory"));
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
 class StayingMainForm : public frmBackProcessMain {
  public:
     StayingMainForm() { staysLoaded_ = true; }

@@ -66,7 +66,7 @@ String Control::Tag() {
 
 void Control::RequireText() {
     form_.EnsureLoaded();
-    if (design_.kind == ControlKind::kPicture) throw Error(kPropertyNotSupported);
+    if (design_.kind == ControlKind::kPicture) throw ErrorAbout(kPropertyNotSupported, Name());
 }
 
 String Control::Text() {

@@ -29,7 +29,7 @@ std::vector<const ControlDesign*> Form::ControlDesigns() const {
 }
 
 Control& Form::AddControl(ControlDesign design) {
-    if (window_) throw Error(kInvalidProcedureCall);
+    if (window_) throw ErrorAbout(kInvalidProcedureCall, Name() + u" is loaded and takes no more controls");
     controls_.push_back(std::make_unique<Control>(*this, std::move(design), controls_.size()));
     return *controls_.back();
 }

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <new>
 #include <string>
 #include <utility>
 #include <variant>
@@ -215,6 +216,7 @@ class NotingObject : public runtime::Properties {
 
     String tag = u"39171";
     runtime::AccessError answer = runtime::kNoError;
+    bool throwsAtEach = false;
     std::vector<std::string> log;
 
  private:
@@ -226,6 +228,7 @@ class NotingObject : public runtime::Properties {
     }
     runtime::AccessError Note(std::string access) {
         log.push_back(std::move(access));
+        if (throwsAtEach) throw std::bad_alloc();
         return answer;
     }
 };
@@ -258,6 +261,13 @@ TEST_F(ControlLocalisation, SetsPropertyAfterPropertyInOneOrder) {
 
 TEST_F(ControlLocalisation, GoesOnAfterEachRefusal) {
     object_.answer = runtime::kPropertyNotSupported;
+    std::vector<std::string> expected = fontAccesses_;
+    expected.emplace_back("Tag?");
+    EXPECT_EQ(Accesses(), expected);
+}
+
+TEST_F(ControlLocalisation, GoesOnAfterAccessesThatCannotBeTried) {
+    object_.throwsAtEach = true;
     std::vector<std::string> expected = fontAccesses_;
     expected.emplace_back("Tag?");
     EXPECT_EQ(Accesses(), expected);

@@ -126,6 +126,14 @@ TEST_F(RealInputs, TopMostAsksForTheOrderAlone) {
     EXPECT_EQ(spy.requests[1].flags, kFlags);
 }
 
+TEST_F(RealInputs, KeysReachAFormWhoseWindowAClientHasSubclassed) {
+    ShowOn(form_.text);
+    const OrderSpy spy(Window());
+    user_.Type(u"a");
+    EXPECT_THAT(form_.log, ElementsAre("form 97", "text 97"));
+    EXPECT_EQ(form_.text.Text(), u"a");
+}
+
 TEST_F(RealInputs, TopMostChangesNothingButTheOrderOfWindows) {
     form_.SetVisible(true);
     const auto isTopMost = [this] { return (GetWindowLongW(Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };

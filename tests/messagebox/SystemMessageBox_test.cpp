@@ -163,6 +163,16 @@ TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesTheThreadsWindowsAllTheSam
     }
 }
 
+TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesAlsoWhatMayBeShownMeanwhile) {
+    ShowWindow(owner_, SW_HIDE);
+    const auto look = [this](HWND) {
+        EXPECT_FALSE(IsWindowEnabled(owner_));
+        return true;
+    };
+    EXPECT_EQ(Show(MB_YESNO, {look, Press(IDNO)}), 7);
+    EXPECT_TRUE(IsWindowEnabled(owner_));
+}
+
 TEST_F(SystemMessageBox, EndOfTheProgramEnablesTheThreadsWindowsWithoutAnOwnerToo) {
     LeaveNoWindowActive();
     EXPECT_EQ(Show(MB_YESNO, {kQuit}), 2);
