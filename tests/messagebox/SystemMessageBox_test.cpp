@@ -164,8 +164,10 @@ TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesTheThreadsWindowsAllTheSam
 }
 
 TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesAlsoWhatMayBeShownMeanwhile) {
+    LeaveNoWindowActive();
     ShowWindow(owner_, SW_HIDE);
-    const auto look = [this](HWND) {
+    const auto look = [this](HWND box) {
+        EXPECT_EQ(GetWindow(box, GW_OWNER), nullptr);
         EXPECT_FALSE(IsWindowEnabled(owner_));
         return true;
     };
