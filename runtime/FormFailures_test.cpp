@@ -255,6 +255,7 @@ TEST_F(WindowThatGoes, RunsTheUnloadHandlers) {
     Lose();
     EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "unload"));
     EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(LoadedForms().Count(), 0u);
 }
 
 TEST_F(WindowThatGoes, CannotBeKeptByARefusal) {

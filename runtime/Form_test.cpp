@@ -5,70 +5,32 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"
 #include "tests/support/ErrorOf.h"
+#include "tests/support/HandledForm.h"
 #include "tests/support/RuntimeFixture.h"
 
 namespace runtime {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 using tests::ErrorOf;
-
-/// Records its events; each handler may be given something to do.
-class ProbeForm : public Form {
- public:
-    explicit ProbeForm(std::vector<std::string>& log, String name = u"probe")
-        : Form({.name = std::move(name), .caption = u"Design", .left = 1500, .top = 750, .inner = {3000, 1500}}),
-          log_(log) {
-        AddControl({.kind = ControlKind::kStatusBar,
-                    .name = u"bar",
-                    .bounds = {0, 1200, 3000, 300},
-                    .align = Align::kBottom,
-                    .text = u"ready"});
-    }
-
-    void PublicMethod() const {}
-    Control& Bar() { return *Controls().front(); }
-
-    std::function<void()> onLoad, onUnload, onResize, onActivate;
-    bool refuseQuery = false;
-    bool refuseUnload = false;
-
- protected:
-    void OnLoad() override { Note("load", onLoad); }
-    void OnQueryUnload(bool& cancel, UnloadReason reason) override {
-        cancel = refuseQuery;
-        Note("query " + std::to_string(static_cast<int>(reason)), {});
-    }
-    void OnUnload(bool& cancel) override {
-        cancel = refuseUnload;
-        Note("unload", onUnload);
-    }
-    void OnResize() override { Note("resize", onResize); }
-    void OnActivate() override { Note("activate", onActivate); }
-
- private:
-    void Note(const std::string& what, const std::function<void()>& then) {
-        log_.push_back(what);
-        if (then) then();
-    }
-    std::vector<std::string>& log_;
-};
 
 class FormLife : public tests::RuntimeTest {
  protected:
-    std::vector<std::string> log_;
-    ProbeForm form_{log_};
+    tests::HandledForm form_;
 };
 
-TEST_F(FormLife, IsNotLoadedByCreatingItOrByItsPublicMethods) {
-    form_.PublicMethod();
+TEST_F(FormLife, IsNotLoadedByCreatingItOrByWhatTellsOfItsState) {
+    EXPECT_EQ(form_.Name(), u"handled");
     EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_FALSE(form_.IsUnloading());
+    EXPECT_TRUE(form_.Unload());
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_THAT(form_.log, IsEmpty());
     EXPECT_EQ(LoadedForms().Count(), 0u);
 }
 
@@ -85,7 +47,7 @@ TEST_F(FormLife, IsLoadedByTheFirstAccessToAProperty) {
     EXPECT_EQ(form_.Caption(), u"Design");
     EXPECT_TRUE(form_.IsLoaded());
     EXPECT_EQ(&LoadedForms().At(0), &form_);
-    EXPECT_THAT(log_, ElementsAre("load"));
+    EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
 TEST_F(FormLife, IsLoadedByTheFirstAccessToAControl) {
@@ -98,26 +60,21 @@ TEST_F(FormLife, UnloadAsksThenUnloadsThenLeavesTheCollection) {
     form_.EnsureLoaded();
     form_.onUnload = [] { EXPECT_EQ(LoadedForms().Count(), 1u); };
     form_.Unload();
-    EXPECT_THAT(log_, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_EQ(LoadedForms().Count(), 0u);
 }
 
-TEST_F(FormLife, UnloadOfAFormThatIsNotLoadedDoesNothing) {
-    form_.Unload();
-    EXPECT_TRUE(log_.empty());
-}
-
 TEST_F(FormLife, HandlersMayRefuseToUnload) {
     form_.EnsureLoaded();
-    form_.refuseQuery = true;
+    form_.refusesQuery = true;
     form_.Unload();
     EXPECT_TRUE(form_.IsLoaded());
-    form_.refuseQuery = false;
-    form_.refuseUnload = true;
+    form_.refusesQuery = false;
+    form_.refusesUnload = true;
     form_.Unload();
     EXPECT_TRUE(form_.IsLoaded());
-    EXPECT_THAT(log_, ElementsAre("load", "query 1", "query 1", "unload"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "query 1", "unload"));
 }
 
 TEST_F(FormLife, LaterAccessLoadsAnewWithTheDesignValues) {
@@ -138,13 +95,13 @@ TEST_F(FormLife, UnloadInsideTheLoadHandlerFailsTheAccess) {
     EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kObjectWasUnloaded);
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_EQ(LoadedForms().Count(), 0u);
-    EXPECT_THAT(log_, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
 }
 
 TEST_F(FormLife, PropertiesInsideTheLoadHandlerDoNotLoadAgain) {
     form_.onLoad = [&] { form_.SetCaption(u"From load"); };
     EXPECT_EQ(form_.Caption(), u"From load");
-    EXPECT_THAT(log_, ElementsAre("load"));
+    EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
 TEST_F(FormLife, ErrorOfTheLoadHandlerTakesTheFormBack) {
@@ -152,7 +109,7 @@ TEST_F(FormLife, ErrorOfTheLoadHandlerTakesTheFormBack) {
     EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kOverflow);
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_EQ(LoadedForms().Count(), 0u);
-    EXPECT_THAT(log_, ElementsAre("load"));
+    EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
 TEST_F(FormLife, ErrorOfTheUnloadHandlerIsThrownWhenTheFormIsGone) {
@@ -166,7 +123,7 @@ TEST_F(FormLife, UnloadInsideTheUnloadHandlerDoesNothing) {
     form_.EnsureLoaded();
     form_.onUnload = [&] { form_.Unload(); };
     form_.Unload();
-    EXPECT_THAT(log_, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
 }
 
 TEST_F(FormLife, PropertiesInsideTheUnloadHandlerStillWork) {
@@ -174,10 +131,11 @@ TEST_F(FormLife, PropertiesInsideTheUnloadHandlerStillWork) {
     form_.onUnload = [&] { EXPECT_EQ(form_.Caption(), u"Design"); };
     form_.Unload();
     EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
 }
 
 TEST_F(FormLife, CollectionIsInLoadOrderAndNamesTheLastFormToUnload) {
-    ProbeForm second(log_, u"second");
+    tests::HandledForm second(u"second");
     form_.EnsureLoaded();
     second.EnsureLoaded();
     EXPECT_EQ(&LoadedForms().At(1), &second);
@@ -187,6 +145,8 @@ TEST_F(FormLife, CollectionIsInLoadOrderAndNamesTheLastFormToUnload) {
     second.Unload();
     form_.onUnload = [] { EXPECT_EQ(LoadedForms().LastToUnload(), nullptr); };
     form_.Unload();
+    EXPECT_THAT(second.log, ElementsAre("load", "query 1", "unload"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
 }
 
 TEST_F(FormLife, WindowThatTheSystemRefusesIsOutOfMemoryAndLeavesNothing) {
@@ -223,11 +183,11 @@ TEST_F(FormProperties, SizeMayExceedTheScreen) {
 
 TEST_F(FormProperties, SizingRaisesResizeAndMovingDoesNot) {
     form_.Move(0, 0);
-    EXPECT_THAT(log_, ElementsAre("load"));
+    EXPECT_THAT(form_.log, ElementsAre("load"));
     form_.SetWidth(6000);
-    EXPECT_THAT(log_, ElementsAre("load", "resize"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
     form_.SetWidth(6000);
-    EXPECT_THAT(log_, ElementsAre("load", "resize"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
 }
 
 TEST_F(FormProperties, ResizeHandlerMaySizeTheForm) {
@@ -275,7 +235,7 @@ TEST_F(FormProperties, VisibleFormMinimisesAndComesBack) {
 TEST_F(FormProperties, FirstShowRaisesResizeThenActivate) {
     form_.SetVisible(true);
     DoEvents();
-    EXPECT_THAT(log_, ElementsAre("load", "resize", "activate"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "activate"));
     EXPECT_TRUE(form_.Visible());
 }
 
@@ -318,8 +278,7 @@ TEST_F(FormProperties, MousePointerIsCheckedAndKept) {
 
 class FormEvents : public tests::HeadlessTest {
  protected:
-    std::vector<std::string> log_;
-    ProbeForm form_{log_};
+    tests::HandledForm form_;
 };
 
 TEST_F(FormEvents, ClosingByTheUserUnloadsWithThatReason) {
@@ -327,7 +286,7 @@ TEST_F(FormEvents, ClosingByTheUserUnloadsWithThatReason) {
     memory_.windows.Post([&] { memory_.windows.Last().Events().Closing(UnloadReason::kUser); });
     EXPECT_TRUE(form_.IsLoaded());
     DoEvents();
-    EXPECT_THAT(log_, ElementsAre("load", "query 0", "unload"));
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 0", "unload"));
     EXPECT_TRUE(memory_.windows.Windows().empty());
 }
 
@@ -336,14 +295,7 @@ TEST_F(FormEvents, SizingByTheUserIsTakenOverAndRaisesResize) {
     memory_.windows.Last().Events().BoundsChanged({15, 30, 4500, 6000}, WindowState::kNormal);
     EXPECT_EQ(form_.Left(), 15);
     EXPECT_EQ(form_.Height(), 6000);
-    EXPECT_THAT(log_, ElementsAre("load", "resize"));
-}
-
-TEST_F(FormEvents, WindowLostWithoutUnloadLeavesTheCollection) {
-    form_.EnsureLoaded();
-    memory_.windows.Last().Events().Lost();
-    EXPECT_FALSE(form_.IsLoaded());
-    EXPECT_EQ(LoadedForms().Count(), 0u);
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
 }
 
 TEST_F(FormEvents, ErrorOfAHandlerLeavesDoEvents) {

@@ -84,8 +84,9 @@ TEST(Win32Files, CurrentFolderIsTheProcesss) {
 }
 
 TEST(Win32Files, DevicesAndPipesAreNeverRead) {
-    const KernelHandle pipe(
+    const FileHandle pipe(
         CreateNamedPipeW(L"\\\\.\\pipe\\k4t-files-test", PIPE_ACCESS_OUTBOUND, 0, 1, 16, 16, 0, nullptr));
+    ASSERT_TRUE(pipe) << GetLastError();
     EXPECT_EQ(Win32Files().Read(u"\\\\.\\pipe\\k4t-files-test"), std::nullopt);
     EXPECT_EQ(Win32Files().Read(u"NUL"), std::nullopt);
 }

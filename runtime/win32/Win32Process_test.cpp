@@ -36,6 +36,8 @@ class Holder {
             FromAscii("Local\\k4t-claim-" + std::to_string(GetCurrentProcessId()) + "-" + std::to_string(++count));
         claimed_ = MakeEvent(name + u"-claimed");
         refused_ = MakeEvent(name + u"-refused");
+        giveUp_ = MakeEvent(name + u"-give-up");
+        givenUp_ = MakeEvent(name + u"-given-up");
         end_ = MakeEvent(name + u"-end");
         String commandLine = String(u"\"").append(program).append(u"\" ").append(name);
         STARTUPINFOW startup{};
@@ -68,6 +70,11 @@ class Holder {
                 return "no answer";
         }
     }
+    /// Whether it gave its claim up; it runs on.
+    bool GiveUp() {
+        SetEvent(giveUp_.Get());
+        return WaitForSingleObject(givenUp_.Get(), kLongestWait) == WAIT_OBJECT_0;
+    }
     void End() {
         SetEvent(end_.Get());
         WaitForSingleObject(process_.Get(), kLongestWait);
@@ -84,6 +91,8 @@ class Holder {
 
     KernelHandle claimed_;
     KernelHandle refused_;
+    KernelHandle giveUp_;
+    KernelHandle givenUp_;
     KernelHandle end_;
     KernelHandle process_;
 };
@@ -95,6 +104,14 @@ TEST(FirstInstanceClaim, SecondProcessOfTheSameProgramIsRefused) {
     EXPECT_EQ(second.Answer(), "refused");
     Holder third;
     EXPECT_EQ(third.Answer(), "refused");
+}
+
+TEST(FirstInstanceClaim, IsFreeOnceItsProcessGaveItUp) {
+    Holder first;
+    ASSERT_EQ(first.Answer(), "claimed");
+    ASSERT_TRUE(first.GiveUp());
+    Holder second;
+    EXPECT_EQ(second.Answer(), "claimed");
 }
 
 TEST(FirstInstanceClaim, IsFreeWhenItsProcessEnded) {

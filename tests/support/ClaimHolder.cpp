@@ -1,7 +1,8 @@
 // A program for tests of the first-instance claim: claims, tells by its events what came of it, and keeps what it got
-// until it is told to end.
+// until it is told to give it up or to end.
 //     claim_holder NAME
-// sets the event NAME-claimed or NAME-refused, and ends when NAME-end is set, at the latest after 30 seconds.
+// sets the event NAME-claimed or NAME-refused. It gives its claim up when NAME-give-up is set, and sets NAME-given-up.
+// It ends when NAME-end is set, at the latest after 30 seconds without an order.
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/Win32Process.h"
 
@@ -15,10 +16,19 @@ int main() {
     const auto open = [&name](StringView what) {
         return KernelHandle(OpenEventW(EVENT_ALL_ACCESS, FALSE, Wide(String(name).append(what))));
     };
-    const auto claim = process.ClaimFirstInstance();
+    auto claim = process.ClaimFirstInstance();
     const KernelHandle answer = open(claim ? u"-claimed" : u"-refused");
+    const KernelHandle giveUp = open(u"-give-up");
+    const KernelHandle givenUp = open(u"-given-up");
     const KernelHandle end = open(u"-end");
-    if (!answer || !end) return 2;
+    if (!answer || !giveUp || !givenUp || !end) return 2;
     SetEvent(answer.Get());
-    return WaitForSingleObject(end.Get(), kLongestWait) == WAIT_OBJECT_0 ? 0 : 1;
+    const HANDLE orders[] = {end.Get(), giveUp.Get()};
+    DWORD order = WaitForMultipleObjects(2, orders, FALSE, kLongestWait);
+    if (order == WAIT_OBJECT_0 + 1) {
+        claim.reset();
+        SetEvent(givenUp.Get());
+        order = WaitForSingleObject(end.Get(), kLongestWait);
+    }
+    return order == WAIT_OBJECT_0 ? 0 : 1;
 }

@@ -17,8 +17,11 @@ class HandledForm : public runtime::Form {
         AddControl({.kind = runtime::ControlKind::kStatusBar,
                     .name = u"bar",
                     .bounds = {0, 1200, 3000, 300},
-                    .align = runtime::Align::kBottom});
+                    .align = runtime::Align::kBottom,
+                    .text = u"ready"});
     }
+
+    runtime::Control& Bar() { return *Controls().front(); }
 
     std::function<void()> onLoad, onQueryUnload, onUnload, onResize, onActivate, onKey;
     bool refusesQuery = false;
