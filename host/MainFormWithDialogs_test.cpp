@@ -7,6 +7,7 @@
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
 #include "tests/support/HandledForm.h"
+#include "tests/support/ReaderInUse.h"
 #include "tests/support/RecordingReader.h"
 
 namespace host {
@@ -208,9 +209,8 @@ using MainFormTexts = MainFormBesideOver<tests::HeadlessComponentTest>;
 
 TEST_F(MainFormTexts, AreAskedForByTheirIdentifiers) {
     tests::RecordingReader recording(reader_);
-    kernel_api::UseReader(&recording);
+    const tests::ReaderInUse inUse(recording);
     form_.EnsureLoaded();
-    kernel_api::UseReader(&reader_);
     EXPECT_THAT(recording.Asked(), ElementsAre(Pair(u"Pelorix Background Processing Application", u"LOC"),
                                                Pair(u"Pelorix Background process ", u"LOC"),
                                                Pair(u"Pelorix Background Processing Application", u"561")));

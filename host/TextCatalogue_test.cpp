@@ -12,6 +12,7 @@
 #include "services/LocalTexts.h"
 #include "services/modReg.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/ReaderInUse.h"
 #include "tests/support/RecordingReader.h"
 
 namespace host {
@@ -28,7 +29,6 @@ bool Lists(const std::vector<CatalogueText>& catalogue, const String& defaultTex
 class AskedTexts : public tests::HeadlessComponentTest {
  protected:
     AskedTexts() {
-        kernel_api::UseReader(&recording_);
         MainForm().EnsureLoaded();
         for (std::int32_t number = -1; number <= 130; ++number) {
             memory_.messageBox.answers = {1};
@@ -47,6 +47,7 @@ class AskedTexts : public tests::HeadlessComponentTest {
     }
 
     tests::RecordingReader recording_{reader_};
+    const tests::ReaderInUse inUse_{recording_};
 };
 
 TEST_F(AskedTexts, AreAllListed) {

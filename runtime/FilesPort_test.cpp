@@ -1,18 +1,6 @@
 #include "runtime/FilesPort_test.h"
 
-#include "runtime/Error.h"
-
 namespace runtime {
-
-std::int32_t FilesPortTest::ChangeError(StringView path) {
-    try {
-        Files().ChangeFolder(path);
-        return 0;
-    } catch (const Error& error) {
-        return error.Number();
-    }
-}
-
 namespace {
 
 TEST_P(FilesPortTest, ChangedFolderIsTheCurrentOne) {
@@ -106,8 +94,8 @@ TEST_P(FilesPortTest, FolderWithItsSeparatorStandsForItsFiles) {
 
 TEST_P(FilesPortTest, FoldersHiddenAndSystemFilesAreNoMatch) {
     AddFolder(u"a.sch");
-    AddFile(u"b.sch", "x", FilesBed::Kind::Hidden);
-    AddFile(u"c.sch", "x", FilesBed::Kind::System);
+    AddFile(u"b.sch", "x", FilesBed::Kind::kHidden);
+    AddFile(u"c.sch", "x", FilesBed::Kind::kSystem);
     EXPECT_EQ(Files().FirstMatch(Path(u"*.sch")), u"");
     AddFile(u"d.sch", "x");
     EXPECT_EQ(Files().FirstMatch(Path(u"*.sch")), u"d.sch");

@@ -6,13 +6,14 @@
 #include <memory>
 
 #include "runtime/FilesPort.h"
+#include "tests/support/ErrorOf.h"
 
 namespace runtime {
 
 /// An empty folder to test in, and ways round the port to fill it.
 class FilesBed {
  public:
-    enum class Kind { Ordinary, Hidden, System };
+    enum class Kind { kOrdinary, kHidden, kSystem };
 
     virtual ~FilesBed() = default;
     virtual FilesPort& Port() = 0;
@@ -35,13 +36,15 @@ class FilesPortTest : public testing::TestWithParam<std::unique_ptr<FilesBed> (*
     FilesPort& Files() { return bed_->Port(); }
     String Path(StringView name) { return bed_->Folder().append(u"\\").append(name); }
     void AddFolder(StringView name) { bed_->AddFolder(name); }
-    void AddFile(StringView name, std::string_view contents = {}, FilesBed::Kind kind = FilesBed::Kind::Ordinary) {
+    void AddFile(StringView name, std::string_view contents = {}, FilesBed::Kind kind = FilesBed::Kind::kOrdinary) {
         bed_->AddFile(name, contents, kind);
     }
     void RemoveFile(StringView name) { bed_->RemoveFile(name); }
     String MissingDrive() { return bed_->MissingDrive(); }
     /// The number of the error that changing to `path` raises; 0 when it succeeds.
-    std::int32_t ChangeError(StringView path);
+    std::int32_t ChangeError(StringView path) {
+        return tests::ErrorOf([&] { Files().ChangeFolder(path); });
+    }
 
  private:
     std::unique_ptr<FilesBed> bed_;

@@ -6,21 +6,12 @@
 #include <cmath>
 #include <limits>
 
-#include "runtime/Error.h"
+#include "tests/support/ErrorOf.h"
 
 namespace runtime {
 namespace {
 
-/// The number of the error that `action` throws; 0 for none.
-template <typename Action>
-std::int32_t ErrorOf(Action&& action) {
-    try {
-        action();
-    } catch (const Error& error) {
-        return error.Number();
-    }
-    return 0;
-}
+using tests::ErrorOf;
 
 TEST(Str, PutsABlankInPlaceOfTheSign) {
     EXPECT_EQ(Str(0), u" 0");

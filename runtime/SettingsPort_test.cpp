@@ -1,6 +1,6 @@
 #include "runtime/SettingsPort_test.h"
 
-#include "runtime/Error.h"
+#include "tests/support/ErrorOf.h"
 
 namespace runtime {
 namespace {
@@ -52,12 +52,7 @@ TEST_P(SettingsPortTest, LongValueComesBack) {
 TEST_P(SettingsPortTest, NamesThatCannotBeAreRefusedAndNeverFound) {
     const String withNul(u"a\0b", 3);
     const auto saveError = [this](StringView application, StringView section, StringView key) {
-        try {
-            settings_->Save(application, section, key, u"x");
-            return 0;
-        } catch (const Error& error) {
-            return static_cast<int>(error.Number());
-        }
+        return tests::ErrorOf([&] { settings_->Save(application, section, key, u"x"); });
     };
     EXPECT_EQ(saveError(u"", u"Section", u"Key"), kInvalidProcedureCall);
     EXPECT_EQ(saveError(kTestApplication, u"", u"Key"), kInvalidProcedureCall);

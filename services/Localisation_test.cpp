@@ -16,6 +16,7 @@
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
 #include "tests/support/InputForm.h"
+#include "tests/support/ReaderInUse.h"
 #include "tests/support/RecordingReader.h"
 
 namespace services {
@@ -333,10 +334,9 @@ TEST_F(FormLocalisation, CaptionsAreTheLanguages) {
 
 TEST_F(FormLocalisation, TextsAreAskedForInTheControlsOrderWithTheCurrentCaptions) {
     tests::RecordingReader recording(reader_);
+    const tests::ReaderInUse inUse(recording);
     form_.yes->SetText(u"&Sure");
-    kernel_api::UseReader(&recording);
     LocaliseForm(form_);
-    kernel_api::UseReader(&reader_);
     EXPECT_THAT(recording.Asked(), ElementsAre(Pair(u"Title", u"561"), Pair(u"Name", u"1"), Pair(u"&Sure", u"39171")));
 }
 
@@ -411,9 +411,8 @@ TEST_F(FormLocalisation, InputControlsGetTheFontAndKeepTheirTexts) {
 TEST_F(FormLocalisation, GoesOnWhereTextsFail) {
     tests::RecordingReader broken(reader_);
     broken.onEachText = [] { throw runtime::Error(runtime::kPropertyNotSupported); };
-    kernel_api::UseReader(&broken);
+    const tests::ReaderInUse inUse(broken);
     LocaliseForm(form_);
-    kernel_api::UseReader(&reader_);
     EXPECT_EQ(form_.Caption(), u"Title");
     EXPECT_EQ(form_.yes->Text(), u"&Yes");
     EXPECT_EQ(form_.plain->Font(), (Font{u"Arial", 9, 161, false}));

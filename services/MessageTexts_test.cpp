@@ -5,6 +5,7 @@
 #include "runtime/Form.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/ReaderInUse.h"
 #include "tests/support/RecordingReader.h"
 
 namespace services {
@@ -143,7 +144,7 @@ TEST_F(ErrorReports, KeepADetailThatLiesInWhatTheLookupChanges) {
 TEST_F(ErrorReports, ErrorOfTheReaderPassesAndNothingIsShown) {
     tests::RecordingReader broken(reader_);
     broken.onEachText = [] { throw runtime::Error(runtime::kPropertyNotSupported); };
-    kernel_api::UseReader(&broken);
+    const tests::ReaderInUse inUse(broken);
     std::int32_t number = 2;
     EXPECT_EQ(tests::ErrorOf([&] { ShowError(number, u"x"); }), runtime::kPropertyNotSupported);
     EXPECT_TRUE(Shown().empty());

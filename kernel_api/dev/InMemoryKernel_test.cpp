@@ -3,23 +3,17 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "tests/support/ErrorOf.h"
+
 namespace kernel_api::dev {
 namespace {
 
 using testing::ElementsAre;
 using testing::Optional;
+using tests::ErrorOf;
 
 const char* At(TextPointer pointer) {
     return reinterpret_cast<const char*>(pointer);
-}
-
-std::int32_t NumberOf(const std::function<void()>& failing) {
-    try {
-        failing();
-    } catch (const runtime::Error& error) {
-        return error.Number();
-    }
-    return 0;
 }
 
 TEST(InMemoryKernel, GivesBackWhatWasSet) {
@@ -83,7 +77,7 @@ TEST(InMemoryKernel, FailsOnceAtTheGivenCall) {
     kernel.DB_DataBase();
     kernel.FailAt(2, runtime::Error(runtime::kFileNotFound));
     kernel.DB_DataBase();
-    EXPECT_EQ(NumberOf([&] { kernel.DB_DataBase(); }), 53);
+    EXPECT_EQ(ErrorOf([&] { kernel.DB_DataBase(); }), 53);
     EXPECT_EQ(kernel.DB_DataBase(), 1);
     EXPECT_EQ(kernel.Log().size(), 4u);
 }
@@ -93,13 +87,13 @@ TEST(InMemoryKernel, FailsAtCallsOfAGivenNameOrKeyWithoutKeepingTheValue) {
     kernel.FailOn("E_SetString(JobDir,", runtime::Error(runtime::kFileNotFound));
     kernel.FailOn("O_GetName", runtime::Error(runtime::kDllEntryPointNotFound));
     String value = u"\u0100";
-    EXPECT_EQ(NumberOf([&] { kernel.E_SetString(u"JobDir", value); }), 53);
+    EXPECT_EQ(ErrorOf([&] { kernel.E_SetString(u"JobDir", value); }), 53);
     EXPECT_EQ(value, u"\u0100");
     EXPECT_EQ(kernel.Kept(u"JobDir"), std::nullopt);
-    EXPECT_EQ(NumberOf([&] { kernel.O_GetName(1); }), 453);
-    EXPECT_EQ(NumberOf([&] { kernel.E_SetString(u"JobDir2", value); }), 0);
+    EXPECT_EQ(ErrorOf([&] { kernel.O_GetName(1); }), 453);
+    EXPECT_EQ(ErrorOf([&] { kernel.E_SetString(u"JobDir2", value); }), 0);
     kernel.StopFailing();
-    EXPECT_EQ(NumberOf([&] { kernel.E_SetString(u"JobDir", value); }), 0);
+    EXPECT_EQ(ErrorOf([&] { kernel.E_SetString(u"JobDir", value); }), 0);
 }
 
 TEST(InMemoryKernel, RewritesValuesAsTheTestSays) {

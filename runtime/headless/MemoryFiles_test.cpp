@@ -8,6 +8,18 @@
 namespace runtime::headless {
 namespace {
 
+FileKind FileKindOf(FilesBed::Kind kind) {
+    switch (kind) {
+        case FilesBed::Kind::kHidden:
+            return FileKind::kHidden;
+        case FilesBed::Kind::kSystem:
+            return FileKind::kSystem;
+        case FilesBed::Kind::kOrdinary:
+            break;
+    }
+    return FileKind::kOrdinary;
+}
+
 class MemoryBed : public FilesBed {
  public:
     MemoryBed() { files_.AddFolder(Folder()); }
@@ -17,8 +29,7 @@ class MemoryBed : public FilesBed {
     String MissingDrive() override { return u"Q:"; }
     void AddFolder(StringView name) override { files_.AddFolder(Full(name)); }
     void AddFile(StringView name, std::string_view contents, Kind kind) override {
-        constexpr FileKind kKinds[] = {FileKind::kOrdinary, FileKind::kHidden, FileKind::kSystem};
-        files_.AddFile(Full(name), contents, kKinds[static_cast<int>(kind)]);
+        files_.AddFile(Full(name), contents, FileKindOf(kind));
     }
     void RemoveFile(StringView name) override { files_.RemoveFile(Full(name)); }
 

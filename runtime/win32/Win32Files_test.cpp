@@ -29,6 +29,18 @@ void DeleteFolder(const String& folder) {
     RemoveDirectoryW(Wide(folder));
 }
 
+DWORD AttributesOf(FilesBed::Kind kind) {
+    switch (kind) {
+        case FilesBed::Kind::kHidden:
+            return FILE_ATTRIBUTE_HIDDEN;
+        case FilesBed::Kind::kSystem:
+            return FILE_ATTRIBUTE_SYSTEM;
+        case FilesBed::Kind::kOrdinary:
+            break;
+    }
+    return FILE_ATTRIBUTE_NORMAL;
+}
+
 class RealBed : public FilesBed {
  public:
     RealBed() {
@@ -55,10 +67,9 @@ class RealBed : public FilesBed {
         EXPECT_TRUE(CreateDirectoryW(Wide(Full(name)), nullptr)) << GetLastError();
     }
     void AddFile(StringView name, std::string_view contents, Kind kind) override {
-        constexpr DWORD kAttributes[] = {FILE_ATTRIBUTE_NORMAL, FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_SYSTEM};
         if (const auto end = name.rfind(u'\\'); end != StringView::npos) AddFolder(name.substr(0, end));
-        const FileHandle file(CreateFileW(Wide(Full(name)), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                          kAttributes[static_cast<int>(kind)], nullptr));
+        const FileHandle file(
+            CreateFileW(Wide(Full(name)), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, AttributesOf(kind), nullptr));
         DWORD written = 0;
         WriteFile(file.Get(), contents.data(), static_cast<DWORD>(contents.size()), &written, nullptr);
         EXPECT_EQ(written, contents.size());
@@ -93,7 +104,7 @@ TEST(Win32Files, DevicesAndPipesAreNeverRead) {
 
 TEST(Win32Files, FileThatIsBeingWrittenIsReadAllTheSame) {
     RealBed bed;
-    bed.AddFile(u"a.ini", "[Marlento]", FilesBed::Kind::Ordinary);
+    bed.AddFile(u"a.ini", "[Marlento]", FilesBed::Kind::kOrdinary);
     const String path = bed.Folder() + u"\\a.ini";
     const FileHandle writer(
         CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr));
@@ -103,7 +114,7 @@ TEST(Win32Files, FileThatIsBeingWrittenIsReadAllTheSame) {
 
 TEST(Win32Files, FileHeldForItselfHasAStampButNoContents) {
     RealBed bed;
-    bed.AddFile(u"a.ini", "[Marlento]", FilesBed::Kind::Ordinary);
+    bed.AddFile(u"a.ini", "[Marlento]", FilesBed::Kind::kOrdinary);
     const String path = bed.Folder() + u"\\a.ini";
     const FileHandle holder(CreateFileW(Wide(path), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
     ASSERT_TRUE(holder);
