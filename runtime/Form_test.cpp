@@ -267,6 +267,23 @@ TEST_F(FormProperties, HandleAndContextLiveAsLongAsTheWindow) {
     EXPECT_EQ(form_.Handle(), handle);
 }
 
+TEST_F(FormProperties, TextIsMeasuredInTheFontOfTheForm) {
+    const Size one = form_.TextSize(u"R");
+    EXPECT_GT(one.width, 0);
+    EXPECT_GT(one.height, 0);
+    EXPECT_EQ(form_.TextSize(u"").width, 0);
+    EXPECT_EQ(form_.TextSize(u"").height, one.height);
+    EXPECT_EQ(form_.TextSize(u"R\r\nRRR\r\nRR").height, one.height * 3);
+    EXPECT_EQ(form_.TextSize(u"R\r\nRRR\r\nRR").width, form_.TextSize(u"RRR").width);
+    // Wider than anything that a window can show.
+    EXPECT_EQ(form_.TextSize(String(10'000, u'R')).height, one.height);
+    form_.SetFont({.size = 20});
+    EXPECT_EQ(form_.Font().size, 20);
+    EXPECT_GT(form_.TextSize(u"R").height, one.height);
+    form_.Unload();
+    EXPECT_EQ(form_.TextSize(u"R"), one);
+}
+
 TEST_F(FormProperties, MousePointerIsCheckedAndKept) {
     SetMousePointer(kHourglassPointer);
     EXPECT_EQ(MousePointer(), kHourglassPointer);
@@ -276,12 +293,12 @@ TEST_F(FormProperties, MousePointerIsCheckedAndKept) {
     EXPECT_EQ(ErrorOf([] { SetMousePointer(-1); }), kInvalidPropertyValue);
 }
 
-class FormEvents : public tests::HeadlessTest {
+class FormInMemory : public tests::HeadlessTest {
  protected:
     tests::HandledForm form_;
 };
 
-TEST_F(FormEvents, ClosingByTheUserUnloadsWithThatReason) {
+TEST_F(FormInMemory, ClosingByTheUserUnloadsWithThatReason) {
     form_.EnsureLoaded();
     memory_.windows.Post([&] { memory_.windows.Last().Events().Closing(UnloadReason::kUser); });
     EXPECT_TRUE(form_.IsLoaded());
@@ -290,7 +307,7 @@ TEST_F(FormEvents, ClosingByTheUserUnloadsWithThatReason) {
     EXPECT_TRUE(memory_.windows.Windows().empty());
 }
 
-TEST_F(FormEvents, SizingByTheUserIsTakenOverAndRaisesResize) {
+TEST_F(FormInMemory, SizingByTheUserIsTakenOverAndRaisesResize) {
     form_.EnsureLoaded();
     memory_.windows.Last().Events().BoundsChanged({15, 30, 4500, 6000}, WindowState::kNormal);
     EXPECT_EQ(form_.Left(), 15);
@@ -298,7 +315,14 @@ TEST_F(FormEvents, SizingByTheUserIsTakenOverAndRaisesResize) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
 }
 
-TEST_F(FormEvents, ErrorOfAHandlerLeavesDoEvents) {
+TEST_F(FormInMemory, TopMostIsPassedOnEachTime) {
+    form_.SetTopMost(true);
+    form_.SetTopMost(true);
+    form_.SetTopMost(false);
+    EXPECT_THAT(memory_.windows.Last().topMost, ElementsAre(true, true, false));
+}
+
+TEST_F(FormInMemory, ErrorOfAHandlerLeavesDoEvents) {
     form_.EnsureLoaded();
     form_.onResize = [] { throw Error(kOverflow); };
     memory_.windows.Post([&] { form_.SetWidth(9000); });

@@ -484,23 +484,6 @@ TEST_F(InputControls, ManyItemsAreHeld) {
     }
 }
 
-TEST_F(InputControls, TextIsMeasuredInTheFontOfTheForm) {
-    const Size one = form_.TextSize(u"R");
-    EXPECT_GT(one.width, 0);
-    EXPECT_GT(one.height, 0);
-    EXPECT_EQ(form_.TextSize(u"").width, 0);
-    EXPECT_EQ(form_.TextSize(u"").height, one.height);
-    EXPECT_EQ(form_.TextSize(u"R\r\nRRR\r\nRR").height, one.height * 3);
-    EXPECT_EQ(form_.TextSize(u"R\r\nRRR\r\nRR").width, form_.TextSize(u"RRR").width);
-    // Wider than anything that a window can show.
-    EXPECT_EQ(form_.TextSize(String(10'000, u'R')).height, one.height);
-    form_.SetFont({.size = 20});
-    EXPECT_EQ(form_.Font().size, 20);
-    EXPECT_GT(form_.TextSize(u"R").height, one.height);
-    form_.Unload();
-    EXPECT_EQ(form_.TextSize(u"R"), one);
-}
-
 class InputControlsInMemory : public tests::HeadlessTest {
  protected:
     tests::InputForm form_;
@@ -607,13 +590,6 @@ TEST_F(InputControlsInMemory, FontThatIsThereAlreadyIsNotSetAgain) {
     window.font.size = 5;
     form_.text.SetFont({.size = 20});
     EXPECT_EQ(window.font.size, 5);
-}
-
-TEST_F(InputControlsInMemory, TopMostIsPassedOnEachTime) {
-    form_.SetTopMost(true);
-    form_.SetTopMost(true);
-    form_.SetTopMost(false);
-    EXPECT_THAT(memory_.windows.Last().topMost, ElementsAre(true, true, false));
 }
 
 TEST_F(InputControlsInMemory, NamesForScreenReadersAreToldToTheWindow) {
