@@ -1,23 +1,15 @@
-// The query dialog, played in memory. A character is 90 twips wide and a line 195 high there, frame and title bar take
-// 375 of a form's height.
-#include "dialogs/Qmxquery.h"
-
+// What the query dialog answers: to each of its buttons, to keys, and for each kind of input.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <functional>
 #include <ostream>
 #include <utility>
 #include <vector>
 
+#include "dialogs/Qmxquery_test.h"
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
-#include "runtime/Screen.h"
 #include "services/ProcessValues.h"
-#include "tests/support/ComponentFixture.h"
-#include "tests/support/HandledForm.h"
-#include "tests/support/Question.h"
 
 namespace dialogs {
 namespace {
@@ -32,146 +24,9 @@ using tests::kButtonAnswer;
 using tests::kNoAnswer;
 using tests::Question;
 
+using Query = QueryTest;
+
 constexpr std::int16_t kF1 = 112;
-
-using User = std::function<void(MemoryWindow& dialog)>;
-
-std::vector<StringView> ShownInputs(const MemoryWindow& dialog) {
-    std::vector<StringView> shown;
-    for (const StringView name : {u"txtText", u"cboDropdown", u"cboCombo", u"txtTextBlock", u"cboList"}) {
-        if (dialog.Control(name).visible) shown.push_back(name);
-    }
-    return shown;
-}
-
-std::size_t PlaceOf(const MemoryWindow& dialog, StringView name) {
-    const auto& all = dialog.controls;
-    const auto found = std::find_if(all.begin(), all.end(), [name](const auto& c) { return c->look.name == name; });
-    return static_cast<std::size_t>(found - all.begin());
-}
-
-void Click(MemoryWindow& dialog, StringView name) {
-    dialog.Events().Clicked(PlaceOf(dialog, name));
-}
-
-User Clicks(StringView name) {
-    return [name](MemoryWindow& dialog) { Click(dialog, name); };
-}
-
-void Close(MemoryWindow& dialog) {
-    dialog.Events().Closing(runtime::UnloadReason::kUser);
-}
-
-void PressEnter(MemoryWindow& dialog) {
-    dialog.Press(runtime::kKeyEnter);
-}
-
-class Query : public tests::HeadlessComponentTest {
- protected:
-    ~Query() override { ReleaseQuery(); }
-
-    void Queue(const User& user) {
-        wasOpen_ = false;
-        memory_.windows.Post([this, user] {
-            wasOpen_ = true;
-            user(memory_.windows.Last());
-        });
-    }
-    /// Asks, and does `user` while the dialog is open.
-    Answer Ask(Question question, const User& user) {
-        Queue(user);
-        const Answer answer = tests::AskFor(question);
-        EXPECT_TRUE(wasOpen_);
-        return answer;
-    }
-    /// Looks at the open dialog, then closes it.
-    void Look(const Question& question, const User& look) {
-        EXPECT_EQ(Ask(question,
-                      [&look](MemoryWindow& dialog) {
-                          look(dialog);
-                          Close(dialog);
-                      }),
-                  kNoAnswer);
-    }
-    /// The names of the controls that Tab walks, beginning with the one that has the focus at first.
-    std::vector<String> WalkOf(const Question& question) {
-        std::vector<String> walk;
-        Look(question, [&walk](MemoryWindow& dialog) {
-            for (int i = 0; i < 5; ++i) {
-                for (const auto& control : dialog.controls) {
-                    if (control->focuses > 0) walk.push_back(control->look.name);
-                    control->focuses = 0;
-                }
-                dialog.Events().KeyDown(runtime::kKeyTab, 0);
-            }
-        });
-        return walk;
-    }
-
-    bool wasOpen_ = false;
-};
-
-TEST_F(Query, CentresAnyFormWithoutLoadingItself) {
-    tests::HandledForm other;
-    Qmxquery dialog;
-    dialog.SetForm(other);
-    const runtime::Size screen = runtime::ScreenSize();
-    EXPECT_EQ(other.Left(), (screen.width - other.Width()) / 2.0F);
-    EXPECT_EQ(other.Top(), (screen.height - other.Height()) / 2.0F);
-    EXPECT_FALSE(dialog.IsLoaded());
-}
-
-TEST_F(Query, HasItsDesign) {
-    Qmxquery dialog;
-    EXPECT_EQ(dialog.InnerSize(), (runtime::Size{5595, 2415}));
-    const MemoryWindow& window = memory_.windows.Last();
-    EXPECT_EQ(window.border, runtime::BorderStyle::kFixedDialog);
-    EXPECT_EQ(window.Control(u"lblPrompt").bounds, (runtime::Rect{60, 60, 4155, 1065}));
-    EXPECT_EQ(window.Control(u"cmdAccept").bounds, (runtime::Rect{4320, 210, 1125, 345}));
-    EXPECT_EQ(window.Control(u"cmdAccept").text, u"Accept");
-    EXPECT_EQ(window.Control(u"cmdCancel").bounds, (runtime::Rect{4320, 690, 1125, 345}));
-    EXPECT_EQ(window.Control(u"cmdCancel").text, u"Cancel");
-    for (const StringView name : {u"txtText", u"cboDropdown", u"cboCombo"}) {
-        EXPECT_EQ(window.Control(name).bounds, (runtime::Rect{60, 1170, 5475, 315}));
-    }
-    EXPECT_EQ(window.Control(u"cboCombo").text, u"Combo1");
-    EXPECT_EQ(window.Control(u"txtTextBlock").bounds, (runtime::Rect{60, 1170, 5475, 765}));
-    EXPECT_EQ(window.Control(u"cboList").bounds, (runtime::Rect{60, 1170, 5475, 840}));
-    EXPECT_EQ(window.Control(u"F_Button").bounds, (runtime::Rect{120, 2040, 5415, 375}));
-    EXPECT_THAT(ShownInputs(window), IsEmpty());
-    EXPECT_FALSE(window.Control(u"F_Button").visible);
-}
-
-TEST_F(Query, TagsNameTheCaptions) {
-    Qmxquery dialog;
-    std::vector<String> tags;
-    for (const auto& control : dialog.Controls()) tags.push_back(control->Tag());
-    EXPECT_THAT(tags, ElementsAre(u"", u"99177", u"99388 ", u"", u"", u"", u"", u"", u""));
-}
-
-TEST_F(Query, EachKindShowsItsOwnControl) {
-    const auto shown = [this](std::int32_t kind) {
-        std::vector<StringView> names;
-        Look({.kind = kind}, [&names](MemoryWindow& dialog) { names = ShownInputs(dialog); });
-        return names;
-    };
-    EXPECT_THAT(shown(1), ElementsAre(u"txtText"));
-    EXPECT_THAT(shown(2), ElementsAre(u"cboCombo"));
-    EXPECT_THAT(shown(3), ElementsAre(u"cboDropdown"));
-    EXPECT_THAT(shown(4), ElementsAre(u"txtTextBlock"));
-    EXPECT_THAT(shown(5), ElementsAre(u"cboList"));
-    for (const std::int32_t other : {0, 6, 9, -1}) EXPECT_THAT(shown(other), ElementsAre(u"txtText"));
-}
-
-TEST_F(Query, ShowsTitlePromptAndButton) {
-    Look({.prompt = u"Name?", .button = u"More"}, [](MemoryWindow& dialog) {
-        EXPECT_EQ(dialog.caption, u"Title");
-        EXPECT_EQ(dialog.Control(u"lblPrompt").text, u"Name?");
-        EXPECT_TRUE(dialog.Control(u"F_Button").visible);
-        EXPECT_EQ(dialog.Control(u"F_Button").text, u"More");
-    });
-    Look({}, [](MemoryWindow& dialog) { EXPECT_FALSE(dialog.Control(u"F_Button").visible); });
-}
 
 TEST_F(Query, InitialTextLosesTrailingBlanksAndIsSelected) {
     for (const auto& [kind, name] : {std::pair{1, u"txtText"}, {2, u"cboCombo"}, {4, u"txtTextBlock"}}) {
@@ -192,13 +47,6 @@ TEST_F(Query, OnlyBlanksAreStripped) {
         EXPECT_EQ(Ask({.values = {text + u"  "}}, PressEnter), (Answer{text, 0}));
     }
     EXPECT_EQ(Ask({.values = {u"    "}}, PressEnter), (Answer{u"", 0}));
-}
-
-TEST_F(Query, ListsShowTheItemsAndNotTheInitialText) {
-    for (const auto& [kind, name] : {std::pair{2, u"cboCombo"}, {3, u"cboDropdown"}, {5, u"cboList"}}) {
-        Look({.kind = kind, .values = {u"X", u"Y", u"", u"Z  "}},
-             [name](MemoryWindow& dialog) { EXPECT_THAT(dialog.Control(name).items, ElementsAre(u"Y", u"", u"Z  ")); });
-    }
 }
 
 TEST_F(Query, IndexCountsFromNothingOnEntryAndIsASubscriptAfterwards) {
@@ -283,17 +131,6 @@ TEST_F(Query, CancelExtraButtonAndAcceptedEmptyTextAreToldApart) {
 TEST_F(Query, ClosingTheWindowCancelsEvenAfterAnEarlierAnswer) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, PressEnter), (Answer{u"abc", 0}));
     EXPECT_EQ(Ask({.values = {u"abc"}}, Close), kNoAnswer);
-}
-
-TEST_F(Query, UnloadedBySomebodyElseCancels) {
-    EXPECT_EQ(Ask({.values = {u"abc"}}, [](MemoryWindow&) { runtime::LoadedForms().At(0).Unload(); }), kNoAnswer);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-}
-
-TEST_F(Query, RequestToQuitCancelsAndStaysPending) {
-    EXPECT_EQ(Ask({.values = {u"abc"}}, [this](MemoryWindow&) { memory_.windows.Quit(); }), kNoAnswer);
-    EXPECT_TRUE(memory_.windows.quitting);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
 TEST_F(Query, EnterInTheComboAccepts) {
@@ -396,17 +233,6 @@ TEST_F(Query, OtherCharactersReachTheControls) {
     });
 }
 
-TEST_F(Query, TabWalksInTheDesignsOrder) {
-    const auto walk = [this](std::int32_t kind) {
-        return WalkOf({.kind = kind, .values = {u"abc", u"A"}, .button = u"More"});
-    };
-    EXPECT_THAT(walk(1), ElementsAre(u"txtText", u"cmdAccept", u"cmdCancel", u"F_Button", u"txtText"));
-    EXPECT_THAT(walk(2), ElementsAre(u"cboCombo", u"cmdAccept", u"cmdCancel", u"F_Button", u"cboCombo"));
-    EXPECT_THAT(walk(3), ElementsAre(u"cboDropdown", u"cmdAccept", u"cmdCancel", u"F_Button", u"cboDropdown"));
-    EXPECT_THAT(walk(4), ElementsAre(u"cmdAccept", u"cmdCancel", u"txtTextBlock", u"F_Button", u"cmdAccept"));
-    EXPECT_THAT(walk(5), ElementsAre(u"cmdAccept", u"cmdCancel", u"cboList", u"F_Button", u"cmdAccept"));
-}
-
 TEST_F(Query, ControlAndF1OpenHelpAndNothingElseDoes) {
     services::processValues.helpFilePath = u"D:\\Pelorix\\Marlentine.HLP";
     Look({}, [this](MemoryWindow& dialog) {
@@ -419,83 +245,6 @@ TEST_F(Query, ControlAndF1OpenHelpAndNothingElseDoes) {
         EXPECT_TRUE(dialog.visible);
     });
     EXPECT_EQ(memory_.help.calls.at(0).opened, u"D:\\Pelorix\\Marlentine.chm");
-}
-
-TEST_F(Query, IsPutOnTopAtEachActivation) {
-    Look({}, [](MemoryWindow& dialog) {
-        EXPECT_THAT(dialog.topMost, ElementsAre(true));
-        dialog.Events().Activated();
-        EXPECT_THAT(dialog.topMost, ElementsAre(true, true));
-    });
-}
-
-TEST_F(Query, PromptIsTheInputsName) {
-    for (const std::int32_t kind : {1, 2, 3, 4, 5}) {
-        Look({.kind = kind, .prompt = u"Which?"}, [](MemoryWindow& dialog) {
-            EXPECT_EQ(dialog.Control(ShownInputs(dialog).at(0)).accessibleName, u"Which?");
-        });
-    }
-}
-
-TEST_F(Query, ShortPromptLaysOutTheLowestForm) {
-    // Outer 2000: inner 1625.
-    Look({}, [](MemoryWindow& dialog) {
-        EXPECT_EQ(dialog.outer.height, 2000);
-        EXPECT_EQ(dialog.InnerSize().width, 5595);
-        EXPECT_EQ(dialog.Control(u"lblPrompt").bounds, (runtime::Rect{60, 60, 4155, 1190}));
-        EXPECT_EQ(dialog.Control(u"txtText").bounds, (runtime::Rect{60, 1250, 5475, 315}));
-        EXPECT_EQ(dialog.Control(u"cmdAccept").bounds.top, 210);
-        EXPECT_EQ(dialog.Control(u"cmdCancel").bounds.top, 690);
-    });
-    // Outer 2400 + 495: inner 2520.
-    Look({.kind = 5, .button = u"More"}, [](MemoryWindow& dialog) {
-        EXPECT_EQ(dialog.outer.height, 2895);
-        EXPECT_EQ(dialog.Control(u"F_Button").bounds, (runtime::Rect{120, 2145, 5415, 375}));
-        EXPECT_EQ(dialog.Control(u"lblPrompt").bounds, (runtime::Rect{60, 60, 4155, 1185}));
-        EXPECT_EQ(dialog.Control(u"cboList").bounds, (runtime::Rect{60, 1245, 5475, 840}));
-    });
-}
-
-TEST_F(Query, LongPromptOfLinesMakesItHigher) {
-    // Ten lines of 60 characters, 5400 wide: 1 + 10 + 3 lines of 195, and 765 of the block: 3495. Inner 3120.
-    String prompt(60, u'm');
-    for (int i = 1; i < 10; ++i) prompt += u"\r\n" + String(60, u'm');
-    Look({.kind = 4, .prompt = prompt}, [](MemoryWindow& dialog) {
-        EXPECT_EQ(dialog.outer.height, 3495);
-        EXPECT_EQ(dialog.Control(u"lblPrompt").bounds.height, 2235);
-        EXPECT_EQ(dialog.Control(u"txtTextBlock").bounds, (runtime::Rect{60, 2295, 5475, 765}));
-    });
-}
-
-TEST_F(Query, HigherThanTheScreenIsLimited) {
-    String prompt;
-    for (int i = 0; i < 100; ++i) prompt += u"line\r\n";
-    Look({.kind = 3, .prompt = prompt}, [](MemoryWindow& dialog) {
-        EXPECT_EQ(dialog.outer.height, 15360 - 1200);
-        EXPECT_EQ(dialog.Control(u"cboDropdown").bounds.top, 14160 - 375 - 315 - 60);
-    });
-}
-
-TEST_F(Query, IsMeasuredInTheFormsFontAndNotInTheLabels) {
-    services::processValues.uiFont = {u"Arial", 80, 0};
-    Look({.prompt = String(60, u'm')}, [](MemoryWindow& dialog) { EXPECT_EQ(dialog.outer.height, 2000); });
-}
-
-TEST_F(Query, IsCentred) {
-    // Outer size 5595 + 90 by 2000 on 19200 by 15360.
-    Look({}, [](MemoryWindow& dialog) {
-        EXPECT_EQ(dialog.outer, (runtime::Rect{(19200 - 5685) / 2.0F, 6680, 5685, 2000}));
-    });
-}
-
-TEST_F(Query, EachQuestionStartsFromTheDesign) {
-    Look({.kind = 5, .values = {u"", u"A"}, .prompt = String(600, u'm'), .button = u"More"}, [](MemoryWindow&) {});
-    Look({}, [](MemoryWindow& dialog) {
-        EXPECT_EQ(dialog.outer.height, 2000);
-        EXPECT_THAT(ShownInputs(dialog), ElementsAre(u"txtText"));
-        EXPECT_THAT(dialog.Control(u"cboList").items, IsEmpty());
-        EXPECT_FALSE(dialog.Control(u"F_Button").visible);
-    });
 }
 
 TEST_F(Query, StateOutlivesTheWindow) {
@@ -517,111 +266,6 @@ TEST_F(Query, StateOutlivesTheWindow) {
     EXPECT_EQ(dialog.ResultText(), u"");
 }
 
-TEST_F(Query, ArrayWithoutItsFirstElementFailsBeforeAnythingShows) {
-    Question question{.values = {}, .index = 4};
-    EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kSubscriptOutOfRange);
-    EXPECT_EQ(question.index, 4);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-}
-
-TEST_F(Query, IndexOutsideTheListFailsAndLeavesNothingOpen) {
-    runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
-    owner.SetVisible(true);
-    for (const std::int32_t kind : {3, 5}) {
-        for (const std::int32_t index : {2, -2}) {
-            Question question{.kind = kind, .values = {u"abc  ", u"A", u"B"}, .index = index};
-            EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kInvalidPropertyValue);
-            EXPECT_EQ(question.index, index);
-            EXPECT_EQ(question.values[0], u"abc");
-            EXPECT_EQ(runtime::LoadedForms().Count(), 1u);
-            EXPECT_TRUE(memory_.windows.Last().enabled);
-        }
-    }
-    EXPECT_EQ(Ask({.values = {u"abc"}}, PressEnter), (Answer{u"abc", 0}));
-}
-
-TEST_F(Query, ErrorInsideTheWaitReachesTheCallerWhoseValuesStay) {
-    runtime::SetMousePointer(runtime::kHourglassPointer);
-    Question question{.values = {u"abc "}, .index = 7};
-    Queue([](MemoryWindow&) { throw runtime::Error(runtime::kOverflow); });
-    EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kOverflow);
-    EXPECT_EQ(question.values[0], u"abc");
-    EXPECT_EQ(question.index, 7);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
-}
-
-TEST_F(Query, BusyPointerIsBackAfterwards) {
-    runtime::SetMousePointer(runtime::kHourglassPointer);
-    Look({}, [](MemoryWindow&) { EXPECT_EQ(runtime::MousePointer(), runtime::kDefaultPointer); });
-    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
-}
-
-TEST_F(Query, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheDialogGoes) {
-    runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
-    owner.SetVisible(true);
-    MemoryWindow& ownerWindow = memory_.windows.Last();
-    std::vector<bool> enabledWhenWindowsGo;
-    memory_.windows.onWindowGoes = [&] { enabledWhenWindowsGo.push_back(ownerWindow.enabled); };
-    Look({}, [&](MemoryWindow& dialog) {
-        EXPECT_FALSE(ownerWindow.enabled);
-        EXPECT_TRUE(dialog.enabled);
-    });
-    memory_.windows.onWindowGoes = nullptr;
-    EXPECT_THAT(enabledWhenWindowsGo, ElementsAre(true));
-}
-
-TEST_F(Query, HiddenWindowTakesNoInputEitherWhenItIsShownMeanwhile) {
-    runtime::Form other({.name = u"other", .caption = u"", .inner = {3000, 1500}});
-    other.EnsureLoaded();
-    MemoryWindow& otherWindow = memory_.windows.Last();
-    Look({}, [&](MemoryWindow&) {
-        other.SetVisible(true);
-        EXPECT_FALSE(otherWindow.enabled);
-    });
-    EXPECT_TRUE(otherWindow.enabled);
-}
-
-TEST_F(Query, QuestionInsideAQuestionHasItsOwnAnswer) {
-    Answer inner = kNoAnswer;
-    const Answer outer = Ask({.values = {u"outer"}}, [&](MemoryWindow& dialog) {
-        inner = Ask({.kind = 3, .values = {u"", u"A", u"B"}, .index = 1}, PressEnter);
-        EXPECT_EQ(dialog.Control(u"txtText").text, u"outer");
-        Click(dialog, u"cmdAccept");
-    });
-    EXPECT_EQ(inner, (Answer{u"B", 2}));
-    EXPECT_EQ(outer, (Answer{u"outer", 0}));
-}
-
-TEST_F(Query, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
-    Answer inner = kNoAnswer;
-    const Answer outer = Ask({.values = {u"outer"}}, [&](MemoryWindow&) {
-        runtime::LoadedForms().At(0).Unload();
-        inner = Ask({.values = {u"inner"}}, PressEnter);
-    });
-    EXPECT_EQ(inner, (Answer{u"inner", 0}));
-    EXPECT_EQ(outer, kNoAnswer);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-}
-
-TEST_F(Query, OpenDialogRefusesAnotherQuestionAndIsNotTouched) {
-    Qmxquery dialog;
-    std::vector<String> values = {u"first"};
-    std::int32_t index = 0;
-    Queue([&](MemoryWindow& window) {
-        std::vector<String> others = {u"second  "};
-        std::int32_t other = 5;
-        EXPECT_EQ(ErrorOf([&] { dialog.QUERY(u"again", u"again", others, 4, other, true, u"again"); }),
-                  runtime::kFormAlreadyDisplayed);
-        EXPECT_EQ(others[0], u"second  ");
-        EXPECT_EQ(window.caption, u"Title");
-        EXPECT_THAT(ShownInputs(window), ElementsAre(u"txtText"));
-        PressEnter(window);
-    });
-    EXPECT_EQ(dialog.QUERY(u"Title", u"Name?", values, kText, index, false, u""), u"first");
-    EXPECT_EQ(index, 0);
-}
-
 TEST_F(Query, PromptMayBeTheValueItself) {
     std::vector<String> values = {u"Name?" + String(40, u' ')};
     std::int32_t index = 0;
@@ -630,15 +274,6 @@ TEST_F(Query, PromptMayBeTheValueItself) {
         PressEnter(dialog);
     });
     EXPECT_EQ(AskQuery(values[0], values[0], values, kText, index, false, values[0]), u"Name?");
-}
-
-TEST_F(Query, TakesCaptionsFromTheLanguage) {
-    kernel_.Put(u"LANGUAGEPATH", u"C:\\lang");
-    memory_.files.AddFile(u"C:\\lang\\K4TBackProcess.txt", "99177 = OK\n99388 = Abbruch\n");
-    Look({}, [](MemoryWindow& dialog) {
-        EXPECT_EQ(dialog.Control(u"cmdAccept").text, u"OK");
-        EXPECT_EQ(dialog.Control(u"cmdCancel").text, u"Abbruch");
-    });
 }
 
 }  // namespace

@@ -1,38 +1,18 @@
-// Text boxes, combos and lists: their properties, and what the user's keys make of them, on the build's own window
-// system.
+// Text boxes, combos and lists: their properties and what they hold, on the build's own window system.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "runtime/Error.h"
 #include "runtime/Form.h"
+#include "runtime/InputControls_test.h"
 #include "tests/support/ErrorOf.h"
-#include "tests/support/InputForm.h"
-#include "tests/support/RuntimeFixture.h"
-#include "tests/support/TypingUser.h"
 
 namespace runtime {
 namespace {
 
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 using tests::ErrorOf;
 
-class InputControls : public tests::RuntimeTest {
- protected:
-    /// Shows the form with the focus on `control`.
-    void ShowOn(Control& control) {
-        form_.SetVisible(true);
-        form_.SetFocus(control);
-        DoEvents();
-        form_.log.clear();
-    }
-    static void Fill(Control& control) {
-        for (const StringView item : {u"Alpha", u"Beta", u"Bravo", u"Gamma"}) control.AddItem(item);
-    }
-
-    tests::InputForm form_;
-    tests::TypingUser user_{form_};
-};
+using InputControls = InputControlsTest;
 
 /// Characters of all kinds, with every special one of the controls.
 const String kAnyText = u"\"quotes\" & && \t tab \u65E5\u672C\u8A9E \U0001F600 \u05E9\u05DC\u05D5\u05DD \xD800 'end' ";
@@ -226,239 +206,6 @@ TEST_F(InputControls, FocusGivenBeforeTheFormIsShownStays) {
     EXPECT_EQ(form_.FocusedControl(), &form_.block);
 }
 
-TEST_F(InputControls, TabWalksTheVisibleControlsFromEveryKind) {
-    form_.text.SetVisible(false);
-    ShowOn(form_.combo);
-    std::vector<Control*> walked;
-    for (int i = 0; i < 6; ++i) {
-        user_.Press(kKeyTab);
-        walked.push_back(form_.FocusedControl());
-    }
-    EXPECT_THAT(walked,
-                ElementsAre(&form_.dropDown, &form_.block, &form_.list, &form_.button, &form_.cancel, &form_.combo));
-    EXPECT_EQ(form_.block.Text(), u"");
-}
-
-TEST_F(InputControls, HiddenControlsTakeNoFocusAndAreNotPressed) {
-    ShowOn(form_.text);
-    form_.cancel.SetVisible(false);
-    EXPECT_EQ(ErrorOf([&] { form_.SetFocus(form_.cancel); }), kInvalidProcedureCall);
-    user_.Press(kKeyEscape);
-    EXPECT_THAT(form_.log, ElementsAre("form 27", "text 27"));
-    form_.text.SetVisible(false);
-    EXPECT_EQ(form_.FocusedControl(), &form_.combo);
-}
-
-TEST_F(InputControls, WrittenCharactersReachTheFormThenTheControlThenTheText) {
-    form_.onControlKeyPress = [](Control& control, char16_t&) { EXPECT_EQ(control.Text(), u""); };
-    ShowOn(form_.text);
-    user_.Type(u"Q");
-    EXPECT_THAT(form_.log, ElementsAre("form 81", "text 81"));
-    EXPECT_EQ(form_.text.Text(), u"Q");
-    EXPECT_EQ(form_.text.SelStart(), 1u);
-}
-
-TEST_F(InputControls, CharactersThatAreSwallowedAreNotWritten) {
-    ShowOn(form_.text);
-    form_.onKeyPress = [](char16_t& character) {
-        if (character == u'x') character = 0;
-    };
-    form_.onControlKeyPress = [](Control&, char16_t& character) {
-        if (character == u'y') character = 0;
-    };
-    user_.Type(u"xyz");
-    EXPECT_THAT(form_.log, ElementsAre("form 120", "form 121", "text 121", "form 122", "text 122"));
-    EXPECT_EQ(form_.text.Text(), u"z");
-}
-
-TEST_F(InputControls, WritingReplacesTheSelectedPart) {
-    for (Control* control : {&form_.text, &form_.block, &form_.combo}) {
-        ShowOn(*control);
-        control->SetText(u"abcdef");
-        control->SetSelStart(1);
-        control->SetSelLength(4);
-        user_.Type(u"\u65E5\u05E9");
-        EXPECT_EQ(control->Text(), u"a\u65E5\u05E9f");
-    }
-}
-
-TEST_F(InputControls, LettersInATextAreNoAccessKeys) {
-    ShowOn(form_.text);
-    user_.Type(u"a");
-    EXPECT_EQ(form_.text.Text(), u"a");
-    EXPECT_EQ(form_.FocusedControl(), &form_.text);
-}
-
-TEST_F(InputControls, EnterIsANewLineInTheTextBlockAlone) {
-    ShowOn(form_.block);
-    user_.Type(u"a");
-    user_.Press(kKeyEnter);
-    user_.Type(u"b");
-    EXPECT_EQ(form_.block.Text(), u"a\r\nb");
-    form_.log.clear();
-    for (Control* control : {&form_.text, &form_.combo, &form_.dropDown, &form_.list}) {
-        form_.SetFocus(*control);
-        user_.Press(kKeyEnter);
-    }
-    EXPECT_THAT(form_.log, ElementsAre("form 13", "text 13", "form 13", "combo 13", "form 13", "dropDown 13", "form 13",
-                                       "list 13"));
-    EXPECT_EQ(form_.text.Text(), u"");
-}
-
-TEST_F(InputControls, EscapePressesTheCancelButtonFromEveryKind) {
-    for (Control* control : {&form_.text, &form_.combo, &form_.dropDown, &form_.block, &form_.list}) {
-        ShowOn(*control);
-        user_.Press(kKeyEscape);
-        EXPECT_THAT(form_.log, ElementsAre("click cancel")) << ToUtf8(control->Name());
-    }
-}
-
-TEST_F(InputControls, ArrowsWalkTheItemsAndNotTheFocus) {
-    for (Control* control : {&form_.combo, &form_.dropDown, &form_.list}) {
-        Fill(*control);
-        ShowOn(*control);
-        control->SetListIndex(0);
-        user_.Press(kKeyDown);
-        user_.Press(kKeyDown);
-        EXPECT_EQ(control->ListIndex(), 2) << ToUtf8(control->Name());
-        EXPECT_EQ(control->Text(), u"Bravo");
-        user_.Press(kKeyUp);
-        EXPECT_EQ(control->Text(), u"Beta");
-        EXPECT_EQ(form_.FocusedControl(), control);
-    }
-}
-
-TEST_F(InputControls, ListsSelectByFirstLetterAndEnds) {
-    for (Control* control : {&form_.dropDown, &form_.list}) {
-        Fill(*control);
-        ShowOn(*control);
-        user_.Type(u"g");
-        EXPECT_EQ(control->Text(), u"Gamma") << ToUtf8(control->Name());
-        user_.Press(kKeyHome);
-        EXPECT_EQ(control->ListIndex(), 0);
-        user_.Press(kKeyEnd);
-        EXPECT_EQ(control->ListIndex(), 3);
-    }
-}
-
-TEST_F(InputControls, BackspaceTakesTheSelectedPartOrTheCharacterBeforeIt) {
-    for (Control* control : {&form_.text, &form_.block, &form_.combo}) {
-        ShowOn(*control);
-        control->SetText(u"abcdef");
-        control->SetSelStart(1);
-        control->SetSelLength(3);
-        user_.Type(u"\b");
-        EXPECT_EQ(control->Text(), u"aef") << ToUtf8(control->Name());
-        user_.Type(u"\b\b");
-        EXPECT_EQ(control->Text(), u"ef") << ToUtf8(control->Name());
-    }
-}
-
-TEST_F(InputControls, WritingInAComboDeselectsItsItem) {
-    Fill(form_.combo);
-    form_.combo.SetListIndex(1);
-    ShowOn(form_.combo);
-    form_.combo.SetSelStart(4);
-    user_.Type(u"x");
-    EXPECT_EQ(form_.combo.Text(), u"Betax");
-    EXPECT_EQ(form_.combo.ListIndex(), -1);
-}
-
-TEST_F(InputControls, EscapeTakesAnOpenListAwayAndPressesNothing) {
-    for (Control* control : {&form_.combo, &form_.dropDown}) {
-        Fill(*control);
-        control->SetListIndex(1);
-        ShowOn(*control);
-        user_.Press(kKeyF4);
-        user_.Press(kKeyEscape);
-        EXPECT_THAT(form_.log, IsEmpty()) << ToUtf8(control->Name());
-        EXPECT_EQ(control->Text(), u"Beta");
-        user_.Press(kKeyEscape);
-        EXPECT_THAT(form_.log, ElementsAre("click cancel"));
-    }
-}
-
-TEST_F(InputControls, EscapeOnAnOpenListPutsBackWhatWasThereBefore) {
-    for (Control* control : {&form_.combo, &form_.dropDown}) {
-        Fill(*control);
-        control->SetListIndex(0);
-        ShowOn(*control);
-        user_.Press(kKeyF4);
-        user_.Press(kKeyDown);
-        user_.Press(kKeyDown);
-        EXPECT_EQ(control->ListIndex(), 2) << ToUtf8(control->Name());
-        user_.Press(kKeyEscape);
-        EXPECT_EQ(control->ListIndex(), 0) << ToUtf8(control->Name());
-        EXPECT_EQ(control->Text(), u"Alpha");
-        user_.Press(kKeyDown);
-        EXPECT_EQ(control->ListIndex(), 1) << "the window has another item than the form";
-    }
-}
-
-TEST_F(InputControls, EscapeOnAnOpenListPutsBackThatNothingWasSelected) {
-    Fill(form_.dropDown);
-    ShowOn(form_.dropDown);
-    user_.Press(kKeyF4);
-    user_.Press(kKeyDown);
-    user_.Press(kKeyEscape);
-    EXPECT_EQ(form_.dropDown.ListIndex(), -1);
-    EXPECT_EQ(form_.dropDown.Text(), u"");
-}
-
-TEST_F(InputControls, EscapeOnAnOpenListPutsBackTheTextOfACombo) {
-    Fill(form_.combo);
-    form_.combo.SetText(u"own");
-    ShowOn(form_.combo);
-    user_.Press(kKeyF4);
-    user_.Press(kKeyDown);
-    EXPECT_EQ(form_.combo.Text(), u"Alpha");
-    user_.Press(kKeyEscape);
-    EXPECT_EQ(form_.combo.Text(), u"own");
-    EXPECT_EQ(form_.combo.ListIndex(), -1);
-    user_.Type(u"x");
-    EXPECT_EQ(form_.combo.Text(), u"x") << "all of it was selected";
-}
-
-TEST_F(InputControls, EnterOnAnOpenListChoosesBeforeItIsACharacter) {
-    for (Control* control : {&form_.combo, &form_.dropDown}) {
-        Fill(*control);
-        control->SetListIndex(1);
-        ShowOn(*control);
-        std::vector<String> seen;
-        form_.onKeyPress = [&](char16_t&) { seen.push_back(control->Text()); };
-        user_.Press(kKeyF4);
-        user_.Press(kKeyDown);
-        user_.Press(kKeyEnter);
-        EXPECT_THAT(seen, ElementsAre(u"Bravo")) << ToUtf8(control->Name());
-        EXPECT_EQ(control->ListIndex(), 2);
-        form_.log.clear();
-        user_.Press(kKeyEscape);
-        EXPECT_THAT(form_.log, ElementsAre("click cancel")) << "the list is still open";
-    }
-}
-
-TEST_F(InputControls, F4TakesAnOpenListAwayAndKeepsWhatItShows) {
-    for (Control* control : {&form_.combo, &form_.dropDown}) {
-        Fill(*control);
-        control->SetListIndex(0);
-        ShowOn(*control);
-        user_.Press(kKeyF4);
-        user_.Press(kKeyDown);
-        user_.Press(kKeyF4);
-        EXPECT_EQ(control->ListIndex(), 1) << ToUtf8(control->Name());
-        user_.Press(kKeyEscape);
-        EXPECT_THAT(form_.log, ElementsAre("click cancel")) << "the list is still open";
-    }
-}
-
-TEST_F(InputControls, HandlerMayUnloadTheForm) {
-    ShowOn(form_.combo);
-    form_.onKeyPress = [&](char16_t&) { form_.Unload(); };
-    user_.Press(kKeyEnter);
-    EXPECT_THAT(form_.log, ElementsAre("form 13"));
-    EXPECT_FALSE(form_.IsLoaded());
-}
-
 TEST_F(InputControls, LargeTextsAreHeld) {
     String lines;
     while (lines.size() < 1'000'000) lines += u"words & \u65E5\u672C\u8A9E \U0001F600\r\n";
@@ -489,71 +236,6 @@ class InputControlsInMemory : public tests::HeadlessTest {
     tests::InputForm form_;
 };
 
-TEST_F(InputControlsInMemory, HeldEnterIsNoCharacterOutsideTheTextBlock) {
-    form_.SetVisible(true);
-    WindowEvents& events = memory_.windows.Last().Events();
-    EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, false));
-    EXPECT_TRUE(events.KeyDown(kKeyEnter, 0, true));
-    form_.SetFocus(form_.block);
-    EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, true));
-}
-
-TEST_F(InputControlsInMemory, EnterHeldSinceBeforeTheFormWasShownWritesNoLine) {
-    for (int loads = 0; loads < 2; ++loads) {
-        form_.SetVisible(true);
-        form_.SetFocus(form_.block);
-        WindowEvents& events = memory_.windows.Last().Events();
-        EXPECT_TRUE(events.KeyDown(kKeyEnter, 0, true));
-        EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, false));
-        EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, true));
-        form_.Unload();
-    }
-}
-
-TEST_F(InputControlsInMemory, HeldKeysPressNoButton) {
-    form_.SetVisible(true);
-    form_.SetFocus(form_.button);
-    WindowEvents& events = memory_.windows.Last().Events();
-    for (const std::int16_t key : {kKeyEnter, kKeySpace, kKeyEscape}) EXPECT_TRUE(events.KeyDown(key, 0, true)) << key;
-    EXPECT_THAT(form_.log, IsEmpty());
-    EXPECT_TRUE(events.KeyDown(kKeySpace, 0, false));
-    EXPECT_THAT(form_.log, ElementsAre("click button"));
-}
-
-TEST_F(InputControlsInMemory, ArrowsWalkTheFocusFromButtonsOnly) {
-    form_.SetVisible(true);
-    form_.SetFocus(form_.button);
-    WindowEvents& events = memory_.windows.Last().Events();
-    EXPECT_TRUE(events.KeyDown(kKeyRight, 0));
-    EXPECT_EQ(form_.FocusedControl(), &form_.cancel);
-    EXPECT_TRUE(events.KeyDown(kKeyUp, 0));
-    EXPECT_TRUE(events.KeyDown(kKeyLeft, 0));
-    EXPECT_EQ(form_.FocusedControl(), &form_.list);
-    for (const std::int16_t key : {kKeyLeft, kKeyRight, kKeyUp, kKeyDown}) EXPECT_FALSE(events.KeyDown(key, 0)) << key;
-    EXPECT_EQ(form_.FocusedControl(), &form_.list);
-}
-
-TEST_F(InputControlsInMemory, KeysTogetherWithControlOrAltAreTheSystems) {
-    form_.SetVisible(true);
-    WindowEvents& events = memory_.windows.Last().Events();
-    for (const std::int16_t shift : {kCtrl, kAlt}) {
-        EXPECT_FALSE(events.KeyDown(kKeyTab, shift)) << shift;
-        EXPECT_FALSE(events.KeyDown(kKeyEscape, shift)) << shift;
-    }
-    EXPECT_EQ(form_.FocusedControl(), &form_.text);
-    EXPECT_THAT(form_.log, IsEmpty());
-}
-
-TEST_F(InputControlsInMemory, BackwardsFromNoFocusIsTheLastControl) {
-    for (const auto& control : form_.Controls()) control->SetVisible(false);
-    form_.SetVisible(true);
-    form_.block.SetVisible(true);
-    form_.list.SetVisible(true);
-    EXPECT_EQ(form_.FocusedControl(), nullptr);
-    memory_.windows.Last().Press(kKeyTab, kShift);
-    EXPECT_EQ(form_.FocusedControl(), &form_.list);
-}
-
 TEST_F(InputControlsInMemory, ClickIntoAControlGivesItTheFocusIfItTakesIt) {
     form_.SetVisible(true);
     WindowEvents& events = memory_.windows.Last().Events();
@@ -561,27 +243,6 @@ TEST_F(InputControlsInMemory, ClickIntoAControlGivesItTheFocusIfItTakesIt) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
     events.Focused(7);
     EXPECT_EQ(form_.FocusedControl(), &form_.list) << "a label takes none";
-}
-
-TEST_F(InputControlsInMemory, HiddenButtonHasNoAccessKey) {
-    form_.SetVisible(true);
-    WindowEvents& events = memory_.windows.Last().Events();
-    form_.button.SetVisible(false);
-    EXPECT_FALSE(events.AccessKey(u'a'));
-    form_.button.SetVisible(true);
-    EXPECT_TRUE(events.AccessKey(u'A'));
-    EXPECT_THAT(form_.log, ElementsAre("click button"));
-}
-
-TEST_F(InputControlsInMemory, AccessKeyOfSeveralButtonsWalksAmongThem) {
-    form_.cancel.SetText(u"C&ancel");
-    form_.SetVisible(true);
-    WindowEvents& events = memory_.windows.Last().Events();
-    for (const Control* expected : {&form_.button, &form_.cancel, &form_.button}) {
-        EXPECT_TRUE(events.AccessKey(u'a'));
-        EXPECT_EQ(form_.FocusedControl(), expected);
-    }
-    EXPECT_THAT(form_.log, IsEmpty());
 }
 
 TEST_F(InputControlsInMemory, FontThatIsThereAlreadyIsNotSetAgain) {

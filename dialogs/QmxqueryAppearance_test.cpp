@@ -1,0 +1,189 @@
+// How the query dialog looks: its design, what each kind of input shows, its layout and place.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <utility>
+#include <vector>
+
+#include "dialogs/Qmxquery_test.h"
+#include "runtime/Screen.h"
+#include "services/ProcessValues.h"
+#include "tests/support/HandledForm.h"
+
+namespace dialogs {
+namespace {
+
+using runtime::headless::MemoryWindow;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+using Query = QueryTest;
+
+TEST_F(Query, CentresAnyFormWithoutLoadingItself) {
+    tests::HandledForm other;
+    Qmxquery dialog;
+    dialog.SetForm(other);
+    const runtime::Size screen = runtime::ScreenSize();
+    EXPECT_EQ(other.Left(), (screen.width - other.Width()) / 2.0F);
+    EXPECT_EQ(other.Top(), (screen.height - other.Height()) / 2.0F);
+    EXPECT_FALSE(dialog.IsLoaded());
+}
+
+TEST_F(Query, HasItsDesign) {
+    Qmxquery dialog;
+    EXPECT_EQ(dialog.InnerSize(), (runtime::Size{5595, 2415}));
+    const MemoryWindow& window = memory_.windows.Last();
+    EXPECT_EQ(window.border, runtime::BorderStyle::kFixedDialog);
+    EXPECT_EQ(window.Control(u"lblPrompt").bounds, (runtime::Rect{60, 60, 4155, 1065}));
+    EXPECT_EQ(window.Control(u"cmdAccept").bounds, (runtime::Rect{4320, 210, 1125, 345}));
+    EXPECT_EQ(window.Control(u"cmdAccept").text, u"Accept");
+    EXPECT_EQ(window.Control(u"cmdCancel").bounds, (runtime::Rect{4320, 690, 1125, 345}));
+    EXPECT_EQ(window.Control(u"cmdCancel").text, u"Cancel");
+    for (const StringView name : {u"txtText", u"cboDropdown", u"cboCombo"}) {
+        EXPECT_EQ(window.Control(name).bounds, (runtime::Rect{60, 1170, 5475, 315}));
+    }
+    EXPECT_EQ(window.Control(u"cboCombo").text, u"Combo1");
+    EXPECT_EQ(window.Control(u"txtTextBlock").bounds, (runtime::Rect{60, 1170, 5475, 765}));
+    EXPECT_EQ(window.Control(u"cboList").bounds, (runtime::Rect{60, 1170, 5475, 840}));
+    EXPECT_EQ(window.Control(u"F_Button").bounds, (runtime::Rect{120, 2040, 5415, 375}));
+    EXPECT_THAT(ShownInputs(window), IsEmpty());
+    EXPECT_FALSE(window.Control(u"F_Button").visible);
+}
+
+TEST_F(Query, TagsNameTheCaptions) {
+    Qmxquery dialog;
+    std::vector<String> tags;
+    for (const auto& control : dialog.Controls()) tags.push_back(control->Tag());
+    EXPECT_THAT(tags, ElementsAre(u"", u"99177", u"99388 ", u"", u"", u"", u"", u"", u""));
+}
+
+TEST_F(Query, EachKindShowsItsOwnControl) {
+    const auto shown = [this](std::int32_t kind) {
+        std::vector<StringView> names;
+        Look({.kind = kind}, [&names](MemoryWindow& dialog) { names = ShownInputs(dialog); });
+        return names;
+    };
+    EXPECT_THAT(shown(1), ElementsAre(u"txtText"));
+    EXPECT_THAT(shown(2), ElementsAre(u"cboCombo"));
+    EXPECT_THAT(shown(3), ElementsAre(u"cboDropdown"));
+    EXPECT_THAT(shown(4), ElementsAre(u"txtTextBlock"));
+    EXPECT_THAT(shown(5), ElementsAre(u"cboList"));
+    for (const std::int32_t other : {0, 6, 9, -1}) EXPECT_THAT(shown(other), ElementsAre(u"txtText"));
+}
+
+TEST_F(Query, ShowsTitlePromptAndButton) {
+    Look({.prompt = u"Name?", .button = u"More"}, [](MemoryWindow& dialog) {
+        EXPECT_EQ(dialog.caption, u"Title");
+        EXPECT_EQ(dialog.Control(u"lblPrompt").text, u"Name?");
+        EXPECT_TRUE(dialog.Control(u"F_Button").visible);
+        EXPECT_EQ(dialog.Control(u"F_Button").text, u"More");
+    });
+    Look({}, [](MemoryWindow& dialog) { EXPECT_FALSE(dialog.Control(u"F_Button").visible); });
+}
+
+TEST_F(Query, ListsShowTheItemsAndNotTheInitialText) {
+    for (const auto& [kind, name] : {std::pair{2, u"cboCombo"}, {3, u"cboDropdown"}, {5, u"cboList"}}) {
+        Look({.kind = kind, .values = {u"X", u"Y", u"", u"Z  "}},
+             [name](MemoryWindow& dialog) { EXPECT_THAT(dialog.Control(name).items, ElementsAre(u"Y", u"", u"Z  ")); });
+    }
+}
+
+TEST_F(Query, TabWalksInTheDesignsOrder) {
+    const auto walk = [this](std::int32_t kind) {
+        return WalkOf({.kind = kind, .values = {u"abc", u"A"}, .button = u"More"});
+    };
+    EXPECT_THAT(walk(1), ElementsAre(u"txtText", u"cmdAccept", u"cmdCancel", u"F_Button", u"txtText"));
+    EXPECT_THAT(walk(2), ElementsAre(u"cboCombo", u"cmdAccept", u"cmdCancel", u"F_Button", u"cboCombo"));
+    EXPECT_THAT(walk(3), ElementsAre(u"cboDropdown", u"cmdAccept", u"cmdCancel", u"F_Button", u"cboDropdown"));
+    EXPECT_THAT(walk(4), ElementsAre(u"cmdAccept", u"cmdCancel", u"txtTextBlock", u"F_Button", u"cmdAccept"));
+    EXPECT_THAT(walk(5), ElementsAre(u"cmdAccept", u"cmdCancel", u"cboList", u"F_Button", u"cmdAccept"));
+}
+
+TEST_F(Query, IsPutOnTopAtEachActivation) {
+    Look({}, [](MemoryWindow& dialog) {
+        EXPECT_THAT(dialog.topMost, ElementsAre(true));
+        dialog.Events().Activated();
+        EXPECT_THAT(dialog.topMost, ElementsAre(true, true));
+    });
+}
+
+TEST_F(Query, PromptIsTheInputsName) {
+    for (const std::int32_t kind : {1, 2, 3, 4, 5}) {
+        Look({.kind = kind, .prompt = u"Which?"}, [](MemoryWindow& dialog) {
+            EXPECT_EQ(dialog.Control(ShownInputs(dialog).at(0)).accessibleName, u"Which?");
+        });
+    }
+}
+
+TEST_F(Query, ShortPromptLaysOutTheLowestForm) {
+    // Outer 2000: inner 1625.
+    Look({}, [](MemoryWindow& dialog) {
+        EXPECT_EQ(dialog.outer.height, 2000);
+        EXPECT_EQ(dialog.InnerSize().width, 5595);
+        EXPECT_EQ(dialog.Control(u"lblPrompt").bounds, (runtime::Rect{60, 60, 4155, 1190}));
+        EXPECT_EQ(dialog.Control(u"txtText").bounds, (runtime::Rect{60, 1250, 5475, 315}));
+        EXPECT_EQ(dialog.Control(u"cmdAccept").bounds.top, 210);
+        EXPECT_EQ(dialog.Control(u"cmdCancel").bounds.top, 690);
+    });
+    // Outer 2400 + 495: inner 2520.
+    Look({.kind = 5, .button = u"More"}, [](MemoryWindow& dialog) {
+        EXPECT_EQ(dialog.outer.height, 2895);
+        EXPECT_EQ(dialog.Control(u"F_Button").bounds, (runtime::Rect{120, 2145, 5415, 375}));
+        EXPECT_EQ(dialog.Control(u"lblPrompt").bounds, (runtime::Rect{60, 60, 4155, 1185}));
+        EXPECT_EQ(dialog.Control(u"cboList").bounds, (runtime::Rect{60, 1245, 5475, 840}));
+    });
+}
+
+TEST_F(Query, LongPromptOfLinesMakesItHigher) {
+    // Ten lines of 60 characters, 5400 wide: 1 + 10 + 3 lines of 195, and 765 of the block: 3495. Inner 3120.
+    String prompt(60, u'm');
+    for (int i = 1; i < 10; ++i) prompt += u"\r\n" + String(60, u'm');
+    Look({.kind = 4, .prompt = prompt}, [](MemoryWindow& dialog) {
+        EXPECT_EQ(dialog.outer.height, 3495);
+        EXPECT_EQ(dialog.Control(u"lblPrompt").bounds.height, 2235);
+        EXPECT_EQ(dialog.Control(u"txtTextBlock").bounds, (runtime::Rect{60, 2295, 5475, 765}));
+    });
+}
+
+TEST_F(Query, HigherThanTheScreenIsLimited) {
+    String prompt;
+    for (int i = 0; i < 100; ++i) prompt += u"line\r\n";
+    Look({.kind = 3, .prompt = prompt}, [](MemoryWindow& dialog) {
+        EXPECT_EQ(dialog.outer.height, 15360 - 1200);
+        EXPECT_EQ(dialog.Control(u"cboDropdown").bounds.top, 14160 - 375 - 315 - 60);
+    });
+}
+
+TEST_F(Query, IsMeasuredInTheFormsFontAndNotInTheLabels) {
+    services::processValues.uiFont = {u"Arial", 80, 0};
+    Look({.prompt = String(60, u'm')}, [](MemoryWindow& dialog) { EXPECT_EQ(dialog.outer.height, 2000); });
+}
+
+TEST_F(Query, IsCentred) {
+    // Outer size 5595 + 90 by 2000 on 19200 by 15360.
+    Look({}, [](MemoryWindow& dialog) {
+        EXPECT_EQ(dialog.outer, (runtime::Rect{(19200 - 5685) / 2.0F, 6680, 5685, 2000}));
+    });
+}
+
+TEST_F(Query, EachQuestionStartsFromTheDesign) {
+    Look({.kind = 5, .values = {u"", u"A"}, .prompt = String(600, u'm'), .button = u"More"}, [](MemoryWindow&) {});
+    Look({}, [](MemoryWindow& dialog) {
+        EXPECT_EQ(dialog.outer.height, 2000);
+        EXPECT_THAT(ShownInputs(dialog), ElementsAre(u"txtText"));
+        EXPECT_THAT(dialog.Control(u"cboList").items, IsEmpty());
+        EXPECT_FALSE(dialog.Control(u"F_Button").visible);
+    });
+}
+
+TEST_F(Query, TakesCaptionsFromTheLanguage) {
+    kernel_.Put(u"LANGUAGEPATH", u"C:\\lang");
+    memory_.files.AddFile(u"C:\\lang\\K4TBackProcess.txt", "99177 = OK\n99388 = Abbruch\n");
+    Look({}, [](MemoryWindow& dialog) {
+        EXPECT_EQ(dialog.Control(u"cmdAccept").text, u"OK");
+        EXPECT_EQ(dialog.Control(u"cmdCancel").text, u"Abbruch");
+    });
+}
+
+}  // namespace
+}  // namespace dialogs

@@ -1,0 +1,142 @@
+// The query dialog when something else comes between: errors, questions inside questions, other windows, an unload from
+// outside and the end of the program.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "dialogs/Qmxquery_test.h"
+#include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
+#include "runtime/Screen.h"
+
+namespace dialogs {
+namespace {
+
+using runtime::headless::MemoryWindow;
+using ::testing::ElementsAre;
+using tests::Answer;
+using tests::ErrorOf;
+using tests::kNoAnswer;
+using tests::Question;
+
+using Query = QueryTest;
+
+TEST_F(Query, UnloadedBySomebodyElseCancels) {
+    EXPECT_EQ(Ask({.values = {u"abc"}}, [](MemoryWindow&) { runtime::LoadedForms().At(0).Unload(); }), kNoAnswer);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(Query, RequestToQuitCancelsAndStaysPending) {
+    EXPECT_EQ(Ask({.values = {u"abc"}}, [this](MemoryWindow&) { memory_.windows.Quit(); }), kNoAnswer);
+    EXPECT_TRUE(memory_.windows.quitting);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(Query, ArrayWithoutItsFirstElementFailsBeforeAnythingShows) {
+    Question question{.values = {}, .index = 4};
+    EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kSubscriptOutOfRange);
+    EXPECT_EQ(question.index, 4);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(Query, IndexOutsideTheListFailsAndLeavesNothingOpen) {
+    runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
+    owner.SetVisible(true);
+    for (const std::int32_t kind : {3, 5}) {
+        for (const std::int32_t index : {2, -2}) {
+            Question question{.kind = kind, .values = {u"abc  ", u"A", u"B"}, .index = index};
+            EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kInvalidPropertyValue);
+            EXPECT_EQ(question.index, index);
+            EXPECT_EQ(question.values[0], u"abc");
+            EXPECT_EQ(runtime::LoadedForms().Count(), 1u);
+            EXPECT_TRUE(memory_.windows.Last().enabled);
+        }
+    }
+    EXPECT_EQ(Ask({.values = {u"abc"}}, PressEnter), (Answer{u"abc", 0}));
+}
+
+TEST_F(Query, ErrorInsideTheWaitReachesTheCallerWhoseValuesStay) {
+    runtime::SetMousePointer(runtime::kHourglassPointer);
+    Question question{.values = {u"abc "}, .index = 7};
+    Queue([](MemoryWindow&) { throw runtime::Error(runtime::kOverflow); });
+    EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kOverflow);
+    EXPECT_EQ(question.values[0], u"abc");
+    EXPECT_EQ(question.index, 7);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
+}
+
+TEST_F(Query, BusyPointerIsBackAfterwards) {
+    runtime::SetMousePointer(runtime::kHourglassPointer);
+    Look({}, [](MemoryWindow&) { EXPECT_EQ(runtime::MousePointer(), runtime::kDefaultPointer); });
+    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
+}
+
+TEST_F(Query, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheDialogGoes) {
+    runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
+    owner.SetVisible(true);
+    MemoryWindow& ownerWindow = memory_.windows.Last();
+    std::vector<bool> enabledWhenWindowsGo;
+    memory_.windows.onWindowGoes = [&] { enabledWhenWindowsGo.push_back(ownerWindow.enabled); };
+    Look({}, [&](MemoryWindow& dialog) {
+        EXPECT_FALSE(ownerWindow.enabled);
+        EXPECT_TRUE(dialog.enabled);
+    });
+    memory_.windows.onWindowGoes = nullptr;
+    EXPECT_THAT(enabledWhenWindowsGo, ElementsAre(true));
+}
+
+TEST_F(Query, HiddenWindowTakesNoInputEitherWhenItIsShownMeanwhile) {
+    runtime::Form other({.name = u"other", .caption = u"", .inner = {3000, 1500}});
+    other.EnsureLoaded();
+    MemoryWindow& otherWindow = memory_.windows.Last();
+    Look({}, [&](MemoryWindow&) {
+        other.SetVisible(true);
+        EXPECT_FALSE(otherWindow.enabled);
+    });
+    EXPECT_TRUE(otherWindow.enabled);
+}
+
+TEST_F(Query, QuestionInsideAQuestionHasItsOwnAnswer) {
+    Answer inner = kNoAnswer;
+    const Answer outer = Ask({.values = {u"outer"}}, [&](MemoryWindow& dialog) {
+        inner = Ask({.kind = 3, .values = {u"", u"A", u"B"}, .index = 1}, PressEnter);
+        EXPECT_EQ(dialog.Control(u"txtText").text, u"outer");
+        Click(dialog, u"cmdAccept");
+    });
+    EXPECT_EQ(inner, (Answer{u"B", 2}));
+    EXPECT_EQ(outer, (Answer{u"outer", 0}));
+}
+
+TEST_F(Query, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
+    Answer inner = kNoAnswer;
+    const Answer outer = Ask({.values = {u"outer"}}, [&](MemoryWindow&) {
+        runtime::LoadedForms().At(0).Unload();
+        inner = Ask({.values = {u"inner"}}, PressEnter);
+    });
+    EXPECT_EQ(inner, (Answer{u"inner", 0}));
+    EXPECT_EQ(outer, kNoAnswer);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+TEST_F(Query, OpenDialogRefusesAnotherQuestionAndIsNotTouched) {
+    Qmxquery dialog;
+    std::vector<String> values = {u"first"};
+    std::int32_t index = 0;
+    Queue([&](MemoryWindow& window) {
+        std::vector<String> others = {u"second  "};
+        std::int32_t other = 5;
+        EXPECT_EQ(ErrorOf([&] { dialog.QUERY(u"again", u"again", others, 4, other, true, u"again"); }),
+                  runtime::kFormAlreadyDisplayed);
+        EXPECT_EQ(others[0], u"second  ");
+        EXPECT_EQ(window.caption, u"Title");
+        EXPECT_THAT(ShownInputs(window), ElementsAre(u"txtText"));
+        PressEnter(window);
+    });
+    EXPECT_EQ(dialog.QUERY(u"Title", u"Name?", values, kText, index, false, u""), u"first");
+    EXPECT_EQ(index, 0);
+}
+
+}  // namespace
+}  // namespace dialogs

@@ -1,0 +1,27 @@
+// The form with input controls on the build's own window system, and a user who types into it.
+#pragma once
+
+#include "tests/support/InputForm.h"
+#include "tests/support/RuntimeFixture.h"
+#include "tests/support/TypingUser.h"
+
+namespace runtime {
+
+class InputControlsTest : public tests::RuntimeTest {
+ protected:
+    /// Shows the form with the focus on `control`.
+    void ShowOn(Control& control) {
+        form_.SetVisible(true);
+        form_.SetFocus(control);
+        DoEvents();
+        form_.log.clear();
+    }
+    static void Fill(Control& control) {
+        for (const StringView item : {u"Alpha", u"Beta", u"Bravo", u"Gamma"}) control.AddItem(item);
+    }
+
+    tests::InputForm form_;
+    tests::TypingUser user_{form_};
+};
+
+}  // namespace runtime
