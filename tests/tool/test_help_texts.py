@@ -10,12 +10,11 @@ import pathlib
 import re
 import shutil
 import subprocess
-import sys
 import tempfile
 import time
 import unittest
 
-import test_tool
+import running
 
 # What a verb's example gives; the others end with 0 and are not asked anything.
 EXIT_CODES = {"msgbox": 7}
@@ -32,13 +31,13 @@ SHOWS_HELP = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
 
 
 def help_of(verb):
-    code, output, errors = test_tool.tool(verb, "--help")
+    code, output, errors = running.tool(verb, "--help")
     assert (code, errors) == (0, b""), verb
     return output.decode("utf-8")
 
 
 def verbs():
-    overview = test_tool.tool("--help")[1].decode("utf-8")
+    overview = running.tool("--help")[1].decode("utf-8")
     return re.findall(r"^  ([a-z-]+)  ", overview[overview.index("Verbs:"):], re.M)
 
 
@@ -51,23 +50,23 @@ class HelpTexts(unittest.TestCase):
     def setUpClass(cls):
         cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         for name in ("backproc.exe", "K4TBackProcess.dll", "QmxKrn2K.dll"):
-            shutil.copy(test_tool.bin_folder / name, cls.folder)
+            shutil.copy(running.bin_folder / name, cls.folder)
         # A help viewer that shows a window of its own for a moment.
-        shutil.copy(test_tool.bin_folder / "test" / "hhctrl.ocx", cls.folder)
-        shutil.copytree(test_tool.EXAMPLES / "languages", cls.folder / "examples" / "languages")
+        shutil.copy(running.bin_folder / "test" / "hhctrl.ocx", cls.folder)
+        shutil.copytree(running.EXAMPLES / "languages", cls.folder / "examples" / "languages")
         cls.tool = cls.folder / "backproc.exe"
-        assert test_tool.run(cls.tool, "register")[0] == 0
+        assert running.run(cls.tool, "register")[0] == 0
 
     @classmethod
     def tearDownClass(cls):
-        test_tool.run(cls.tool, "unregister")
+        running.run(cls.tool, "unregister")
 
     def test_every_verb_explains_itself_in_the_same_form(self):
         self.assertEqual(len(verbs()), 16)
         for verb in verbs():
             with self.subTest(verb):
                 text = help_of(verb)
-                self.assertEqual(text.encode(), test_tool.tool("help", verb)[1])
+                self.assertEqual(text.encode(), running.tool("help", verb)[1])
                 self.assertTrue(text.startswith(f"Usage: backproc {verb}"))
                 self.assertIn("\n\nExit code: ", text)
                 self.assertTrue(examples(text))
@@ -89,10 +88,10 @@ class HelpTexts(unittest.TestCase):
         batch = self.folder / "example.bat"
         batch.write_text(f"@{line}\n@exit %errorlevel%\n", encoding="ascii", newline="\r\n")
         display = os.environ.get("DISPLAY") or subprocess.check_output(
-            [pathlib.Path(test_tool.wine_run).parent / "start-display"], text=True, timeout=60).strip()
+            [pathlib.Path(running.wine_run).parent / "start-display"], text=True, timeout=60).strip()
         environment = {**os.environ, "DISPLAY": display, **(SHOWS_HELP if verb == "help-file" else {})}
         with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
-            command = ["timeout", str(test_tool.TIMEOUT), test_tool.wine_run, "cmd.exe", "/c", batch.name]
+            command = ["timeout", str(running.TIMEOUT), running.wine_run, "cmd.exe", "/c", batch.name]
             example = subprocess.Popen(command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=output, stderr=errors,
                                        env=environment)
             if verb in DIALOGS:
@@ -114,6 +113,4 @@ class HelpTexts(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    test_tool.wine_run, test_tool.bin_folder = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
-    # Without the warnings of pipes left open, which Wine's helper processes hold.
-    unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")
+    running.main()

@@ -1,0 +1,103 @@
+#!/usr/bin/env python3
+"""Runs the verbs that show windows, dialogs and help, and answers them with keys.
+
+    test_dialogs.py WINE_RUN BIN_FOLDER
+"""
+import os
+import pathlib
+import shutil
+import subprocess
+import tempfile
+import time
+
+import running
+from running import TIMEOUT, ToolTestCase, main, run, windows_path
+
+
+class Dialogs(ToolTestCase):
+    def answer(self, keys, verb, *arguments, folder=None, environment=None):
+        """Exit code and output of a verb whose dialog is answered with `keys`; the tool is that in `folder`."""
+        title = f"Frage {os.getpid()}"
+        display = os.environ.get("DISPLAY") or subprocess.check_output(
+            [pathlib.Path(running.wine_run).parent / "start-display"], text=True, timeout=TIMEOUT).strip()
+        screen = {**os.environ, "DISPLAY": display, **(environment or {})}
+        program = str((folder or running.bin_folder) / "backproc.exe")
+        with tempfile.TemporaryFile() as output:
+            dialog = subprocess.Popen([running.wine_run, program, verb, "--title", title, *arguments], stdout=output,
+                                      stderr=output, env=screen)
+            self.addCleanup(dialog.kill)
+            end = time.monotonic() + TIMEOUT
+
+            def press(*command):
+                subprocess.run(["xdotool", *command, *keys], env=screen, stdout=subprocess.DEVNULL,
+                               stderr=subprocess.DEVNULL, timeout=TIMEOUT)
+
+            while dialog.poll() is None and time.monotonic() < end:
+                press("search", "--onlyvisible", "--name", title, "windowfocus", "key")
+                time.sleep(0.3)
+            # A window that goes ends xdotool between down and up, and the next dialog would get a key that is held.
+            press("keyup")
+            output.seek(0)
+            return dialog.poll(), output.read().decode()
+
+    def test_msgbox_speaks_the_language_of_a_folder(self):
+        with tempfile.TemporaryDirectory() as folder:
+            (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("39171 = &Ja\n", encoding="utf-8")
+            # The English box has no button for this letter.
+            answer = self.answer(["j"], "msgbox", "--language", windows_path(folder), "Overwrite?")
+        self.assertEqual(answer, (6, "6\n"))
+
+    def ask(self, key, *arguments):
+        return self.answer([key], "query", *arguments)
+
+    def test_query_opens_the_help_of_its_own_folder(self):
+        with tempfile.TemporaryDirectory() as name:
+            folder = pathlib.Path(name)
+            for file in ("backproc.exe", "QmxKrn2K.dll"):
+                shutil.copy(running.bin_folder / file, folder)
+            # A viewer that opens nothing; the character tells that the keys have arrived.
+            shutil.copy(running.bin_folder / "messagebox" / "hhctrl.ocx", folder)
+            answer = self.answer(["a", "ctrl+F1", "Return"], "query", "--kind", "1", "", folder=folder,
+                                 environment={"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"})
+        self.assertEqual(answer, (0, "text=a\nindex=0\n"))
+
+    def test_query_tells_its_ends_apart(self):
+        self.assertEqual(self.ask("Return", "--kind", "1", "abc  "), (0, "text=abc\nindex=0\n"))
+        self.assertEqual(self.ask("Return", "--kind", "1", ""), (0, "text=\nindex=0\n"))
+        self.assertEqual(self.ask("Escape", "--kind", "1", "abc"), (1, "text=\nindex=-1\n"))
+        self.assertEqual(self.ask("alt+m", "--kind", "1", "--button", "&More", "abc"), (3, "text=␁\nindex=-100\n"))
+        self.assertEqual(self.ask("Return", "--kind", "3", "--index", "1", "", "A", "B\\nC"),
+                         (0, "text=B␍␊C\nindex=2\n"))
+
+    def test_help_file_needs_a_viewer(self):
+        # Its window is Windows' own business; here only that the tool does not wait for one that never comes.
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("backproc.exe", "QmxKrn2K.dll"):
+                shutil.copy(running.bin_folder / name, folder)
+            shutil.copy(running.bin_folder / "messagebox" / "hhctrl.ocx", folder)
+            name = windows_path(folder) + "\\Marlentine.chm"
+            overrides = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
+            program = pathlib.Path(folder) / "backproc.exe"
+            without = run(program, "help-file", environment=overrides)
+            (pathlib.Path(folder) / "Marlentine.chm").touch()
+            unshown = run(program, "help-file", environment=overrides)
+        missing = f"backproc help-file: there is no help file '{name}'; put that of the package there\n"
+        self.assertEqual(without, (1, name.encode() + b"\n", missing.encode()))
+        silent = f"backproc help-file: no help window came up within five seconds for '{name}'; "
+        self.assertEqual((unshown[0], unshown[1]), (1, name.encode() + b"\n"))
+        self.assertTrue(unshown[2].decode().startswith(silent), unshown[2])
+
+    def test_help_file_opens_help_and_closes_it(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("backproc.exe", "QmxKrn2K.dll", "test/hhctrl.ocx"):
+                shutil.copy(running.bin_folder / name, folder)
+            name = windows_path(folder) + "\\Marlentine.chm"
+            overrides = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
+            result = run(pathlib.Path(folder) / "backproc.exe", "help-file", environment=overrides)
+            calls = (pathlib.Path(folder) / "hhctrl.ocx.txt").read_text(encoding="ascii")
+        self.assertEqual(result, (0, name.encode() + b"\n", b""))
+        self.assertEqual(calls.splitlines(), [f"owned [{name}] 1", "owned [] 18"])
+
+
+if __name__ == "__main__":
+    main()

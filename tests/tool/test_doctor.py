@@ -1,0 +1,129 @@
+#!/usr/bin/env python3
+"""Runs the doctor in each state of a machine that keeps a client from the component.
+
+    test_doctor.py WINE_RUN BIN_FOLDER
+"""
+import pathlib
+import shutil
+import tempfile
+
+import running
+from running import LiveHost, TEXTS, ToolTestCase, main, run, tool, windows_path
+
+
+def copy_package(folder, *left_out):
+    """The component, its kernel and the tool in a folder of their own; gives the path of the tool there."""
+    for name in ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "QmxKrn2K.dll"):
+        if name not in left_out:
+            shutil.copy(running.bin_folder / name, folder)
+    return pathlib.Path(folder) / "backproc.exe"
+
+
+class Doctor(ToolTestCase):
+    """Each state of a machine that keeps a client from the component, and what the tool says to it."""
+
+    def setUp(self):
+        self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        self.addCleanup(tool, "unregister")
+        self.addCleanup(tool, "unregister", "--user")
+
+    def diagnose(self, program):
+        code, output, errors = run(program, "doctor")
+        self.assertEqual(errors, b"")
+        lines = output.decode().splitlines()
+        self.assertEqual(code, 1 if any(line.startswith("BAD") for line in lines) else 0)
+        return {line[5:].split(":")[0]: line for line in lines}
+
+    def assert_bad(self, line, *parts):
+        self.assertEqual(line[:5], "BAD  ", line)
+        for part in parts:
+            self.assertIn(part, line)
+
+    def test_registered_for_the_machine_all_is_well(self):
+        program = copy_package(self.folder)
+        self.assertEqual(run(program, "register")[0], 0)
+        lines = self.diagnose(program)
+        self.assertEqual([line for line in lines.values() if not line.startswith("ok   ")], [])
+        self.assertEqual(lines["registration"], "ok   registration: for the machine")
+        self.assertEqual(lines["file"], "ok   file: " + windows_path(self.folder / "K4TBackProcess.dll"))
+        self.assertEqual(lines["version"], "ok   version: 1.0, and so is its type library")
+        self.assertEqual(lines["kernel"], "ok   kernel: " + windows_path(self.folder / "QmxKrn2K.dll"))
+
+    def test_not_registered(self):
+        lines = self.diagnose(copy_package(self.folder))
+        self.assert_bad(lines["registration"], "manifest names K4TBackProcess", "backproc register --user")
+        self.assertEqual(lines["loading"], "ok   loading: it loads and has the class")
+        lines = self.diagnose(running.bin_folder / "backproc.exe")
+        self.assert_bad(lines["registration"])
+
+    def test_registered_for_the_user(self):
+        program = copy_package(self.folder)
+        self.assertEqual(run(program, "register", "--user")[0], 0)
+        lines = self.diagnose(program)
+        self.assertEqual(lines["registration"], "ok   registration: for the user")
+        self.assertEqual(lines["type library"], "ok   type library: registered for the same file")
+        # Wine's COM does not look at a user's classes, and the doctor says so.
+        self.assert_bad(lines["activation"], "0x80040154", "backproc register")
+
+    def test_registered_for_user_and_machine(self):
+        program = copy_package(self.folder)
+        run(program, "register")
+        run(program, "register", "--user")
+        self.assert_bad(self.diagnose(program)["registration"], "hides", "unregister")
+
+    def test_moved_component(self):
+        program = copy_package(self.folder)
+        run(program, "register")
+        (self.folder / "K4TBackProcess.dll").rename(self.folder / "moved.dll")
+        lines = self.diagnose(program)
+        self.assert_bad(lines["file"], "K4TBackProcess.dll is not there", "put it back")
+        self.assert_bad(lines["activation"], "0x")
+
+    def test_another_file_in_its_place(self):
+        program = copy_package(self.folder)
+        run(program, "register")
+        (self.folder / "K4TBackProcess.dll").write_bytes(b"MZ no program")
+        lines = self.diagnose(program)
+        self.assert_bad(lines["bitness"], "no program", "32-bit")
+        self.assert_bad(lines["version"], "says none")
+        self.assert_bad(lines["loading"], "cannot be loaded")
+        shutil.copy(running.bin_folder / "test" / "refusing.dll", self.folder / "K4TBackProcess.dll")
+        self.assert_bad(self.diagnose(program)["loading"], "DllGetClassObject")
+
+    def test_missing_kernel(self):
+        lines = self.diagnose(copy_package(self.folder, "QmxKrn2K.dll"))
+        self.assert_bad(lines["kernel"], "QmxKrn2K.dll", "beside the component")
+        self.assertNotIn("language", lines)
+
+    def test_kernel_that_lacks_entries(self):
+        program = copy_package(self.folder)
+        shutil.copy(running.bin_folder / "test" / "refusing.dll", self.folder / "QmxKrn2K.dll")
+        self.assert_bad(self.diagnose(program)["kernel"], "E_SetString E_GetString DB_DataBase O_GetName")
+
+    def test_ini_file(self):
+        program = copy_package(self.folder)
+        ini = self.folder / "sys" / "MARLENTO.INI"
+        self.assertIn("is not there: registry settings", self.diagnose(program)["INI file"])
+        ini.parent.mkdir()
+        ini.write_text("[Marlento]\nVer=1\n", encoding="utf-8")
+        self.assertEqual(self.diagnose(program)["INI file"], "ok   INI file: " + windows_path(ini))
+        ini.write_text("[Marlento]\nVer=1\n", encoding="utf-16-le")
+        self.assert_bad(self.diagnose(program)["INI file"], "NUL characters", "UTF-8")
+
+    def test_language_folder(self):
+        program = copy_package(self.folder)
+        texts = self.folder / "K4TBackProcess.txt"
+        with LiveHost() as holder:
+            self.assertIn("no folder is chosen", self.diagnose(program)["language"])
+            folder = windows_path(self.folder)
+            holder.ask(f"set LANGUAGEPATH {folder}".encode(), b"get LANGUAGEPATH")
+            self.assert_bad(self.diagnose(program)["language"], "no K4TBackProcess.txt", "LANGUAGEPATH")
+            texts.write_text("39171 = &Ja\n39172 = &Nein\n", encoding="utf-8")
+            self.assertEqual(self.diagnose(program)["language"],
+                             f"ok   language: {folder}, {TEXTS - 2} texts are lacking")
+            texts.write_text("39171 = &Ja\nwords\n", encoding="utf-8")
+            self.assert_bad(self.diagnose(program)["language"], "1 lines cannot be read", "backproc texts")
+
+
+if __name__ == "__main__":
+    main()

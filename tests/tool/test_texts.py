@@ -1,0 +1,113 @@
+#!/usr/bin/env python3
+"""Runs the tool's verbs for texts and language files, without a registered component.
+
+    test_texts.py WINE_RUN BIN_FOLDER
+"""
+import pathlib
+import subprocess
+import tempfile
+
+from running import EXAMPLES, HERE, LiveHost, TEXTS, TIMEOUT, ToolTestCase, main, tool, windows_path
+
+
+class Texts(ToolTestCase):
+    def test_text_is_the_current_language_s(self):
+        with tempfile.TemporaryDirectory() as folder, LiveHost() as holder:
+            texts = pathlib.Path(folder) / "K4TBackProcess.txt"
+            texts.write_text("39171 = &Ja\n1 = eins\\nzwei\n2 =\n4 = \\s\n", encoding="utf-8")
+            holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
+            self.assertEqual(tool("text", "39171"), (0, b"&Ja\n", b""))
+            self.assertEqual(tool("text", " 39171", "&Yes"), (0, b"&Ja\n", b""))
+            self.assertEqual(tool("text", "1"), (0, "eins␍␊zwei\n".encode(), b""))
+            self.assertEqual(tool("text", "2", "default"), (0, b"default\n", b""))
+            self.assertEqual(tool("text", "4", "default"), (0, b" \n", b""))
+            self.assertEqual(tool("text", "3", "default"), (0, b"default\n", b""))
+            self.assertEqual(tool("text", "3"), (1, b"", b"backproc text: there is no text '3' in the current language; "
+                                                         b"give a DEFAULT, or see 'backproc texts'\n"))
+
+    def test_texts_finds_each_example_language_complete_and_in_order(self):
+        for language in ("German", "French", "Japanese"):
+            with self.subTest(language):
+                folder = windows_path(EXAMPLES / "languages" / language)
+                code, output, errors = tool("texts", "--folder", folder)
+                lines = output.decode().splitlines()
+                self.assertEqual((code, errors, lines[-1]), (0, b"", f"{TEXTS} of {TEXTS} identifiers translated"))
+                self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated"}, lines)
+
+    def test_texts_takes_the_current_language(self):
+        with tempfile.TemporaryDirectory() as folder, LiveHost() as holder:
+            (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("39171 = &Ja\nwords\n7 = x\n", encoding="utf-8")
+            self.assertEqual(tool("texts")[0], 1)
+            holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
+            code, output, errors = tool("texts")
+        lines = output.decode().splitlines()
+        self.assertEqual((code, errors), (1, b""))
+        self.assertIn("translated\t39171\t[&Yes]\t[&Ja]\tcmdBut(0) of frmQMXMsgBox", lines)
+        self.assertIn("missing\t39172\t[&No]\t\tcmdBut(1) of frmQMXMsgBox", lines)
+        self.assertEqual(lines[-3:], ["unreadable\tline 2\thas no '='", "unknown\t7\t[x]",
+                                      f"1 of {TEXTS} identifiers translated"])
+
+    def test_texts_names_a_file_that_it_cannot_take(self):
+        with tempfile.TemporaryDirectory() as folder:
+            texts = pathlib.Path(folder) / "K4TBackProcess.txt"
+            path = windows_path(texts)
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+            missing = f"there is no language file '{path}'; 'backproc texts --template' writes one to start from\n"
+            self.assertEqual((code, output, errors.decode()), (1, b"", "backproc texts: " + missing))
+            with open(texts, "wb") as huge:
+                huge.truncate(100 << 20)
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+            self.assertEqual((code, output), (1, b""))
+            self.assertIn(b"has 104857600 bytes; make it no larger than 16777216", errors)
+            self.assertEqual(tool("msgbox", "--language", windows_path(folder), "Overwrite?"),
+                             (1, b"", errors.replace(b"backproc texts:", b"backproc msgbox:")))
+            with LiveHost() as holder:
+                holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
+                self.assertEqual(tool("text", "39171", "&Yes"), (0, b"&Yes\n", b""))
+
+    def test_pseudo_language_made_from_the_template_is_complete(self):
+        code, template, errors = tool("texts", "--template")
+        self.assertEqual((code, errors), (0, b""))
+        with tempfile.TemporaryDirectory() as folder:
+            english = pathlib.Path(folder) / "english.txt"
+            english.write_bytes(template)
+            script = HERE.parent.parent / "scripts" / "make-pseudo-language"
+            subprocess.run([script, "--template", english, "--folder", folder], check=True, timeout=TIMEOUT,
+                           stdout=subprocess.DEVNULL)
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+        lines = output.decode().splitlines()
+        self.assertEqual((code, errors, lines[-1]), (0, b"", f"{TEXTS} of {TEXTS} identifiers translated"))
+        self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated"}, lines)
+        self.assertIn("translated\t39173\t[Yes &To All]\t[[Ýéš &Tó Áll~~]]\tcmdBut(2) of frmQMXMsgBox", lines)
+
+    def test_msgbox_wants_the_language_file_that_it_is_given(self):
+        with tempfile.TemporaryDirectory() as folder:
+            code, output, errors = tool("msgbox", "--language", windows_path(folder), "Overwrite?")
+        expected = (f"backproc msgbox: there is no language file '{windows_path(folder)}\\K4TBackProcess.txt'; "
+                    "'backproc texts --template' writes one to start from\n")
+        self.assertEqual((code, output, errors.decode()), (1, b"", expected))
+
+    def test_language_folder_without_a_name_is_refused(self):
+        for arguments in (("texts", "--folder", ""), ("msgbox", "--language", "", "Overwrite?")):
+            with self.subTest(arguments[0]):
+                expected = (f"backproc {arguments[0]}: the name of the language folder is empty; "
+                            "give a folder that has a K4TBackProcess.txt\n")
+                self.assertEqual(tool(*arguments), (1, b"", expected.encode()))
+
+    def test_texts_tells_by_its_exit_code_what_is_missing_alone(self):
+        german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
+        with tempfile.TemporaryDirectory() as folder:
+            texts = pathlib.Path(folder) / "K4TBackProcess.txt"
+            texts.write_text(german.replace("561 = ", "561 = Hinten, ").replace("&Nein", "&Jein") + "words\n",
+                             encoding="utf-8")
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+            kinds = [line.split("\t")[0] for line in output.decode().splitlines() if not line.startswith("translated")]
+            self.assertEqual((code, kinds), (0, ["unreadable", "clash", "state", "19 of 19 identifiers translated"]))
+            texts.write_text(german.replace("39171 = &Ja", "39171 ="), encoding="utf-8")
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+            self.assertEqual((code, output.decode().splitlines()[-1]), (1, "18 of 19 identifiers translated"))
+        self.assertEqual(tool("texts", "--nothing")[0], 2)
+
+
+if __name__ == "__main__":
+    main()
