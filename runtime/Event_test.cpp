@@ -1,3 +1,4 @@
+// Events whose listeners come, go, fail and raise again while they are being told.
 #include "runtime/Event.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,5 @@
+// What every implementation of the files port must do. Runs once for each of them: in memory everywhere, on the real
+// file system under Windows.
 #include "runtime/FilesPort_test.h"
 
 namespace runtime {

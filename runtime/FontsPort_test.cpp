@@ -1,3 +1,5 @@
+// What every implementation of the fonts port must do. Runs once for each of them: scripted everywhere, over GDI under
+// Windows.
 #include "runtime/FontsPort_test.h"
 
 namespace runtime {

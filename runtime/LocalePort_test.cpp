@@ -1,3 +1,5 @@
+// What every implementation of the locale port must do. Runs once for each of them: the plain one everywhere, the
+// system's under Windows.
 #include "runtime/LocalePort_test.h"
 
 namespace runtime {

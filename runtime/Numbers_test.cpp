@@ -1,3 +1,4 @@
+// Numbers as text and text as numbers in the classic runtime's way, to the last bit on every floating-point unit.
 #include "runtime/Numbers.h"
 
 #include <gtest/gtest.h>

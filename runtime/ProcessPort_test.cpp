@@ -1,3 +1,5 @@
+// What every implementation of the process port must do. Runs once for each of them: the fixed one everywhere, the
+// system's under Windows. What other processes see of a claim takes several of them: Win32Process_test.cpp.
 #include "runtime/ProcessPort_test.h"
 
 namespace runtime {

@@ -1,3 +1,5 @@
+// What every implementation of the settings port must do. Runs once for each of them: in memory everywhere, in the
+// registry under Windows.
 #include "runtime/SettingsPort_test.h"
 
 #include "tests/support/ErrorOf.h"

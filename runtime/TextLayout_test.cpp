@@ -1,3 +1,4 @@
+// Lines and wrapping, with a measure of round numbers that counts how often it is asked.
 #include "runtime/TextLayout.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,5 @@
+// The reader of settings and texts over files and settings in memory: where each value comes from, and when a file is
+// read again.
 #include "kernel_api/dev/BuiltInReader.h"
 
 #include <gmock/gmock.h>

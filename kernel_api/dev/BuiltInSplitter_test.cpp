@@ -1,3 +1,4 @@
+// Texts split into fields, at last every short one in comparison with the slow splitter of the tests.
 #include "kernel_api/dev/BuiltInSplitter.h"
 
 #include <gtest/gtest.h>

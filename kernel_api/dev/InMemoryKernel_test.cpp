@@ -1,3 +1,5 @@
+// The kernel in memory: what it keeps as a real one does, and what tests have of it besides, its log and ordered
+// failures.
 #include "kernel_api/dev/InMemoryKernel.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// How the bytes of an INI file become text, whatever wrote it: UTF-8, UTF-16 and ANSI, with marks and without.
 #include "kernel_api/dev/IniText.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// The strings that processes share, over plain memory in which a writer can be made to die after any of its steps.
 #include "kernel_api/dev/StringStore.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// How long the address of a text holds while its own and other threads ask for more.
 #include "kernel_api/dev/ThreadTexts.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// The file system in memory as a files port, and what only it has: chosen failures and a log.
 #include "runtime/headless/MemoryFiles.h"
 
 #include <gmock/gmock.h>

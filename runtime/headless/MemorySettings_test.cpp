@@ -1,3 +1,4 @@
+// The settings in memory as a settings port, and what only they have: a refusal and a log of saves.
 #include "runtime/headless/MemorySettings.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// The fonts in memory as a fonts port, and the log that they keep of each call.
 #include "runtime/headless/ScriptedFonts.h"
 
 #include <gmock/gmock.h>

@@ -1,3 +1,4 @@
+// The system's rules of paths and wildcards, for the file system in memory to follow.
 #include "runtime/headless/WindowsPath.h"
 
 #include <gtest/gtest.h>

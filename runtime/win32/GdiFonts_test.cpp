@@ -1,3 +1,4 @@
+// The system's fonts as a fonts port, with whatever faces this system has.
 #include "runtime/win32/GdiFonts.h"
 
 #include "runtime/FontsPort_test.h"

@@ -1,3 +1,5 @@
+// The registry as a settings port, and values there that others wrote. All of it lies under an application of the
+// tests' own, which is cleared before and after.
 #include "runtime/win32/RegistrySettings.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// The real file system as a files port, in a temporary folder, and what only it has: pipes, locked files, long paths.
 #include "runtime/win32/Win32Files.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// The system's locale as a locale port where its code page is 1252, and what depends on the system.
 #include "runtime/win32/Win32Locale.h"
 
 #include "runtime/LocalePort_test.h"

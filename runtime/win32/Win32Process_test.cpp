@@ -1,3 +1,5 @@
+// The real process as a process port. Claims are tried between processes: claim_holder.exe, which the build puts beside
+// the tests, claims and answers by named events.
 #include "runtime/win32/Win32Process.h"
 
 #include <gtest/gtest.h>
