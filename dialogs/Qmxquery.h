@@ -1,5 +1,5 @@
 // The suite's query dialog: asks for one value as a line of text, in a combo box, a drop-down list, a block of text or
-// a list box, with an extra button when the caller wants one. It is one of the suite's common dialogs, for any feature.
+// a list box, with an extra button when the caller wants one.
 #pragma once
 
 #include <cstdint>

@@ -87,7 +87,7 @@ std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringV
     return result_;
 }
 
-// Each assignment moves the other controls along, so the order of the assignments matters.
+// In ascending order: a button that gets a place pushes those behind it on.
 void frmQMXMsgBox::ChooseFirstButton(std::int32_t flags) {
     const int first = (flags & kDefaultButtonBits) >> 8;
     if (first == 0) return;

@@ -1,5 +1,5 @@
-// The suite's own message box: a modal question with the four fixed answers Yes, No, Yes To All and Cancel, for
-// operations that ask the same question about many items. Services reach it through ShowMessage.
+// The suite's own message box: a modal question with the answers Yes, No, Yes To All and Cancel, for work that would
+// else have to ask again and again. Services reach it through ShowMessage.
 #pragma once
 
 #include <array>

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/HostCommandLine.h"
+#include "host/InstanceEnded.h"
 #include "host/ProcessLife.h"
 #include "host/frmBackProcessMain.h"
 #include "kernel_api/Kernel.h"
@@ -78,9 +79,7 @@ bool clsQmxBackProcess::Load(std::int16_t& /*iMode*/) {
 
 void clsQmxBackProcess::NotifyMe(StringView /*Aname*/, StringView sCommand) {
     if (sCommand.empty()) return;
-    if (!link_) {
-        throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"this instance has ended; create a new one");
-    }
+    if (!link_) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, kInstanceHasEnded);
     link_->form.AP_ExeCmd(sCommand);
 }
 

@@ -1,6 +1,6 @@
-// The service object: what a module creates to have the back process at hand. It holds almost nothing; it ties its
-// client to the process's one main form, prepares the process-wide settings, passes commands on and relays the form's
-// notifications. The COM edge wraps it; it knows nothing of COM itself.
+// The service object: what a module creates to have the back process at hand. The first one reads the settings that all
+// share; each hands its client's commands to the main form, and the form's commands to its client. It has no state of
+// its own beyond that link. The COM edge wraps it; it knows nothing of COM itself.
 //
 // All members run on the thread that owns the main form. An instance must be terminated before it is destroyed.
 #pragma once

@@ -1,6 +1,6 @@
-// The main form: the component's one hidden window. It gives the component a window handle and a status line, carries
-// the operations by which commands for other modules leave, and raises the event that every service object relays. Its
-// load announces this module to the suite; its unload withdraws it and tells the clients "SHUTDOWN".
+// The main form: the component's one window, which nobody sees. It is what the process has a handle, a status line and
+// an event for: commands for other modules go out through it, to every service object at once. While it is loaded the
+// suite knows this module; the clients hear "SHUTDOWN" when it goes.
 #pragma once
 
 #include <functional>

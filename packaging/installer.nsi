@@ -30,6 +30,7 @@ VIAddVersionKey FileDescription "Installs the ${PRODUCT}"
 VIAddVersionKey FileVersion "${VERSION}.0"
 VIAddVersionKey LegalCopyright "Daventa"
 
+Var hasEntries ; "yes" when the entry for the removal is this folder's
 Var scopeOption ; what the tool is told: "--user", or nothing for the machine
 
 Page directory
@@ -110,15 +111,20 @@ Section
   WriteRegDWORD SHCTX "${REMOVAL_KEY}" NoRepair 1
 SectionEnd
 
-; What is removed is what this folder's own installation entered. A registration that has been made from another folder
-; since then stays.
+; What is removed is what this folder's own installation entered. When a later one went into another folder, the entries
+; are that one's, and only the files go. A registration that was made from another folder stays while its file is there.
 Function un.onInit
+  StrCpy $hasEntries "yes"
   SetShellVarContext current
   StrCpy $scopeOption "--user"
   ReadRegStr $0 HKCU "${REMOVAL_KEY}" InstallLocation
   ${If} $0 != $INSTDIR
     SetShellVarContext all
     StrCpy $scopeOption ""
+    ReadRegStr $0 HKLM "${REMOVAL_KEY}" InstallLocation
+    ${If} $0 != $INSTDIR
+      StrCpy $hasEntries "no"
+    ${EndIf}
   ${EndIf}
 FunctionEnd
 
@@ -146,18 +152,27 @@ Function un.IsRegisteredElsewhere
   ${EndIf}
 FunctionEnd
 
+; The registration first: once it is taken back nothing starts the component's file any more.
 Section Uninstall
-  Call un.IsRegisteredElsewhere
-  ${If} $1 == "yes"
-    DetailPrint "The component is registered from another folder by now, and stays so"
-  ${Else}
-    Call un.TakeRegistrationBack
+  ${If} $hasEntries == "yes"
+    Call un.IsRegisteredElsewhere
+    ${If} $1 == "yes"
+      DetailPrint "The component is registered from another folder by now, and stays so"
+    ${Else}
+      Call un.TakeRegistrationBack
+    ${EndIf}
   ${EndIf}
   !insertmacro RemoveFiles
   Delete "$INSTDIR\uninstall.exe"
   RMDir "$INSTDIR"
+  ${If} $hasEntries == "yes"
+    Call un.RemoveEntries
+  ${EndIf}
+SectionEnd
+
+Function un.RemoveEntries
   DeleteRegKey SHCTX "${REMOVAL_KEY}"
   DeleteRegKey HKCU "${SETTINGS_KEY}\Pelorix\K4TBACKPROCESS"
   DeleteRegKey /ifempty HKCU "${SETTINGS_KEY}\Pelorix"
   DeleteRegKey /ifempty HKCU "${SETTINGS_KEY}"
-SectionEnd
+FunctionEnd

@@ -34,7 +34,7 @@ enum ErrorNumber : std::int32_t {
     kFormAlreadyDisplayed = 400,
     kPropertyNotSupported = 438,
     kDllEntryPointNotFound = 453,
-    /// The suite's silent error: leaves a routine through its handler without any message.
+    /// The suite's own, for leaving what is going on without a word to the user.
     kSilent = 9999,
 };
 

@@ -36,10 +36,12 @@ Finding OfRegistration(const MachineState& machine) {
     return Bad(subject, without, kRegister);
 }
 
-Finding OfFile(const ComponentFile& component) {
-    const std::string path = Display(component.path);
-    if (component.exists) return Good("file", path);
-    return Bad("file", path + " is not there", "put it back, or run 'backproc register' in the folder where it is now");
+Finding OfFile(const MachineState& machine) {
+    const std::string path = Display(machine.component.path);
+    if (machine.component.exists) return Good("file", path);
+    const std::string again =
+        machine.forUser ? "'backproc register --user'" : "'backproc register', as an administrator,";
+    return Bad("file", path + " is not there", "put it back, or run " + again + " in the folder where it is now");
 }
 
 Finding OfBits(const ComponentFile& component) {
@@ -83,7 +85,9 @@ Finding OfActivation(const MachineState& machine) {
     if (machine.activationFailure.empty()) return Good("activation", "COM gives the class");
     if (!machine.component.exists) return Bad("activation", machine.activationFailure, "see 'file' above");
     constexpr const char* kForAll =
-        "this system may not look at a user's classes: run 'backproc register' as an administrator";
+        "this system may not look at a user's classes: run 'backproc unregister --user', then 'backproc register' as "
+        "an "
+        "administrator";
     return Bad("activation", machine.activationFailure, machine.forUser ? kForAll : kRegister);
 }
 
@@ -139,7 +143,7 @@ bool HasKernel(const KernelFile& kernel) {
 }
 
 std::vector<Finding> Diagnose(const MachineState& machine) {
-    std::vector<Finding> findings = {OfRegistration(machine), OfFile(machine.component)};
+    std::vector<Finding> findings = {OfRegistration(machine), OfFile(machine)};
     if (machine.component.exists) {
         findings.push_back(OfBits(machine.component));
         findings.push_back(OfVersions(machine.component));

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace tools {
 namespace {
@@ -77,10 +79,12 @@ TEST(Diagnosis, AMovedFileIsNotLookedInto) {
     MachineState machine = Sound();
     machine.component = {
         .path = kPath, .exists = false, .bits = 0, .version = {}, .typeLibrary = {}, .loadFailure = {}};
-    ExpectBad(machine, "file", "is not there", "put it back, or run 'backproc register' in the folder");
+    ExpectBad(machine, "file", "is not there", "put it back, or run 'backproc register --user' in the folder");
     EXPECT_EQ(FindingOf(machine, "bitness").subject, "no finding about bitness");
     machine.activationFailure = "0x80070005 Access denied";
     ExpectBad(machine, "activation", "0x80070005", "see 'file' above");
+    machine.forMachine = std::exchange(machine.forUser, std::nullopt);
+    ExpectBad(machine, "file", "is not there", "or run 'backproc register', as an administrator, in the folder");
 }
 
 TEST(Diagnosis, AFileOfAnotherKindIsNamed) {

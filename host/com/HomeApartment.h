@@ -1,7 +1,6 @@
-// The home apartment. The main form belongs to the thread that made it, so all instances of the process live in one
-// single-threaded apartment: that of the thread that made the first one. A client in another apartment gets a proxy
-// to an instance living there, and calls and events cross on COM's own terms. The home is forgotten when the last
-// instance and the last window are gone; the next client's thread becomes home then.
+// The home apartment: the single-threaded one in which all instances of the process live, since a window is its own
+// thread's alone. It is that of whoever came first. Others are handed a proxy, and COM sees to it that calls and events
+// change threads. Without instances and windows there is no home, and the next client's apartment becomes it.
 //
 // The same place counts what lives, because "may the DLL go" and "is the home still needed" hang together. All
 // functions may be called from any thread.

@@ -9,6 +9,7 @@
 #include <optional>
 #include <utility>
 
+#include "host/InstanceEnded.h"
 #include "runtime/Text.h"
 
 namespace host::com {
@@ -33,9 +34,6 @@ class TextInOut {
     StringView given_;
     std::optional<String> changed_;
 };
-
-/// What a client is told that calls an instance after its last release.
-inline constexpr StringView kInstanceHasEnded = u"this instance has ended; create a new one";
 
 /// The service object as the edge calls it: on the home apartment's thread only. Every method may throw.
 class ServiceObject {

@@ -1,6 +1,7 @@
 #include "runtime/win32/InputWindows.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "runtime/win32/Callback.h"
 
@@ -37,7 +38,7 @@ void InputWindows::Disable() {
 }
 
 void InputWindows::Enable() {
-    for (const HWND window : windows_) {
+    for (const HWND window : std::exchange(windows_, {})) {
         if (IsWindow(window) && !IsWindowEnabled(window)) EnableWindow(window, TRUE);
     }
 }

@@ -8,7 +8,8 @@
 
 namespace runtime::win32 {
 
-/// Those of this thread that take input when it is made. At its end they do so again, whoever kept them from it.
+/// Those of this thread that take input when it is made. At its end they do so again, whoever kept them from it, unless
+/// they were enabled before: what happens to them from then on is their owners' affair.
 class InputWindows {
  public:
     /// `question` is not among them; null leaves none out.
@@ -19,6 +20,7 @@ class InputWindows {
 
     /// Windows are told of it, and their handlers may do anything.
     void Disable();
+    /// Once; none is left then.
     void Enable();
     /// Null when none of them is visible.
     HWND FirstVisible() const;

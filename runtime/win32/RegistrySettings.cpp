@@ -52,8 +52,12 @@ std::optional<String> RegistrySettings::Get(StringView application, StringView s
 
 void RegistrySettings::Save(StringView application, StringView section, StringView key, StringView value) {
     constexpr std::size_t kLongest = std::numeric_limits<DWORD>::max() / sizeof(char16_t) - 1;
-    if (!IsName(application) || !IsName(section) || !IsName(key) || value.size() > kLongest) {
-        throw ErrorAbout(kInvalidProcedureCall, u"'" + String(key) + u"' cannot be the name of a setting");
+    if (!IsName(application) || !IsName(section) || !IsName(key)) {
+        const String path = String(application) + u'\\' + String(section) + u'\\' + String(key);
+        throw ErrorAbout(kInvalidProcedureCall, u"'" + path + u"' cannot be the name of a setting");
+    }
+    if (value.size() > kLongest) {
+        throw ErrorAbout(kInvalidProcedureCall, u"the value of '" + String(key) + u"' is too long");
     }
     HKEY opened = nullptr;
     LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, Wide(SectionPath(application, section)), 0, nullptr,

@@ -7,7 +7,11 @@
 namespace runtime::win32 {
 
 Error SystemFailure(StringView what) {
-    const String number = FromAscii(std::to_string(GetLastError()));
+    return SystemFailure(what, GetLastError());
+}
+
+Error SystemFailure(StringView what, std::uint32_t systemError) {
+    const String number = FromAscii(std::to_string(systemError));
     return ErrorAbout(kOutOfMemory, String(what) + u" (system error " + number + u")");
 }
 

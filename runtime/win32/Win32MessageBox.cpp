@@ -74,12 +74,17 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     InputWindows inputWindows(nullptr);
     // A box without an owner keeps no window from its input by itself.
     if (!owner && !isForService) inputWindows.Disable();
-    const int answer = Callback::Into([&] { return MessageBoxIndirectW(&box); });
+    DWORD systemError = 0;
+    const int answer = Callback::Into([&] {
+        const int given = MessageBoxIndirectW(&box);
+        systemError = GetLastError();
+        return given;
+    });
     // The box went because the thread is to end: nobody has answered it, whatever the system says.
     if (IsQuitting()) return IDCANCEL;
     // With its owner the box goes, too: an owner may be unloaded while the question is open.
     if (answer == 0 && owner && !IsWindow(owner)) return IDCANCEL;
-    if (answer == 0) throw SystemFailure(u"no message box");
+    if (answer == 0) throw SystemFailure(u"no message box", systemError);
     return answer;
 }
 

@@ -36,6 +36,14 @@ TEST_F(SuiteBoxInterference, UnloadedByTheOwnerThatIsActivatedKeepsTheAnswer) {
     ExpectNothingIsLeft();
 }
 
+TEST_F(SuiteBoxInterference, OwnerThatDisablesItselfAfterwardsStaysDisabled) {
+    onEnabled_ = [this] { EnableWindow(owner_, FALSE); };
+    EXPECT_EQ(Ask(8, kEnter), 6);
+    EXPECT_FALSE(IsWindowEnabled(owner_));
+    onEnabled_ = nullptr;
+    EnableWindow(owner_, TRUE);
+}
+
 TEST_F(SuiteBoxInterference, OwnerThatGoesWhenItIsDisabledLeavesTheQuestion) {
     onDisabled_ = [this] { DestroyTheOwner(); };
     EXPECT_EQ(Ask(8, kEnter), 6);

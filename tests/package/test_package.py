@@ -151,6 +151,21 @@ class RoundTrip(unittest.TestCase):
             self.assertEqual(run(program, "unregister")[0], 0)
         self.assert_as_before()
 
+    def test_removal_leaves_a_later_installation_in_another_folder_alone(self):
+        first, second = prefix / "drive_c" / "first", prefix / "drive_c" / "second"
+        for scope in (["/AllUsers"], []):
+            with self.subTest(scope):
+                self.assertEqual(run(self.setup, "/S", *scope, r"/D=C:\first")[0], 0)
+                self.assertEqual(run(self.setup, "/S", *scope, r"/D=C:\second")[0], 0)
+                settle()
+                entered = registry()
+                self.remove(first)
+                self.assertFalse(first.exists())
+                settle()
+                self.assertEqual(changes(entered, registry()), [])
+                self.remove(second)
+                self.assert_as_before()
+
     def test_installing_again_over_itself_is_no_error(self):
         folder = prefix / "drive_c" / "Program Files" / NAME
         for _ in range(2):

@@ -5,7 +5,7 @@ import subprocess
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent.parent
-SCRIPTS = ["demo", "test"] + sorted(
+SCRIPTS = ["demo", "test", ".ci/run"] + sorted(
     f"scripts/{path.name}" for path in (ROOT / "scripts").iterdir() if path.is_file() and path.stat().st_mode & 0o100)
 TIMEOUT = 60
 
