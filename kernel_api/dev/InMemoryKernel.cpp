@@ -81,12 +81,12 @@ std::optional<String> InMemoryKernel::Kept(StringView key) const {
     return FromBytes(found->second);
 }
 
-void InMemoryKernel::FailAt(int call, runtime::Error error) {
-    failingCalls_.insert_or_assign(calls_ + call, std::move(error));
+void InMemoryKernel::FailAt(int call, const runtime::Error& error) {
+    failingCalls_.insert_or_assign(calls_ + call, error);
 }
 
-void InMemoryKernel::FailOn(std::string start, runtime::Error error) {
-    failingStarts_.emplace_back(std::move(start), std::move(error));
+void InMemoryKernel::FailOn(std::string start, const runtime::Error& error) {
+    failingStarts_.emplace_back(std::move(start), error);
 }
 
 void InMemoryKernel::StopFailing() {

@@ -36,9 +36,9 @@ class InMemoryKernel : public Kernel {
     std::optional<String> Kept(StringView key) const;
 
     /// Makes the call number `call` fail once; 1 is the next one.
-    void FailAt(int call, runtime::Error error);
+    void FailAt(int call, const runtime::Error& error);
     /// Makes every call fail whose log line starts with `start`, such as "DB_DataBase" or "E_SetString(JobDir,".
-    void FailOn(std::string start, runtime::Error error);
+    void FailOn(std::string start, const runtime::Error& error);
     void StopFailing();
     void RewriteValues(Rewrite rewrite) { rewrite_ = std::move(rewrite); }
 

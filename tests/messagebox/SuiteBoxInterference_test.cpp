@@ -37,10 +37,13 @@ TEST_F(SuiteBoxInterference, UnloadedByTheOwnerThatIsActivatedKeepsTheAnswer) {
 }
 
 TEST_F(SuiteBoxInterference, OwnerThatDisablesItselfAfterwardsStaysDisabled) {
-    onEnabled_ = [this] { EnableWindow(owner_, FALSE); };
+    int enablings = 0;
+    onEnabled_ = [&] {
+        if (++enablings == 1) EnableWindow(owner_, FALSE);
+    };
     EXPECT_EQ(Ask(8, kEnter), 6);
     EXPECT_FALSE(IsWindowEnabled(owner_));
-    onEnabled_ = nullptr;
+    EXPECT_EQ(enablings, 1);
     EnableWindow(owner_, TRUE);
 }
 
