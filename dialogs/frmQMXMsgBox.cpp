@@ -37,7 +37,7 @@ ControlDesign ImageDesign() {
     };
 }
 
-ControlDesign PromptDesign() {
+ControlDesign BoxPromptDesign() {
     return {
         .kind = ControlKind::kLabel,
         .name = u"lblPrompt",
@@ -52,7 +52,7 @@ ControlDesign PromptDesign() {
 
 frmQMXMsgBox::frmQMXMsgBox() : AskingForm(BoxDesign()) {
     AddControl(ImageDesign());
-    lblPrompt_ = &AddControl(PromptDesign());
+    lblPrompt_ = &AddControl(BoxPromptDesign());
     cmdBut_[0] = &AddButton(0, 180, u"&Yes", u"39171");
     cmdBut_[1] = &AddButton(1, 1395, u"&No", u"39172");
     cmdBut_[2] = &AddButton(2, 2610, u"Yes &To All", u"39173");
@@ -117,7 +117,7 @@ void frmQMXMsgBox::LayOut(std::int32_t origW, std::int32_t origH) {
 void frmQMXMsgBox::OnLoad() {
     services::LocaliseForm(*this);
     // With another font the label has followed its placeholder text, but prompts are measured against the design.
-    lblPrompt_->SetBounds(PromptDesign().bounds);
+    lblPrompt_->SetBounds(BoxPromptDesign().bounds);
 }
 
 void frmQMXMsgBox::OnClick(Control& control) {

@@ -2,17 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include "tools/ComplaintOf_test.h"
+
 namespace tools {
 namespace {
-
-std::string ComplaintAbout(const Arguments& arguments) {
-    try {
-        ReadMessageArguments(arguments);
-    } catch (const UsageError& error) {
-        return error.what();
-    }
-    return "(none)";
-}
 
 TEST(MessageArguments, PromptAloneIsEnough) {
     EXPECT_EQ(ReadMessageArguments({u"Overwrite?"}), (MessageArguments{u"Overwrite?", 0, {}, {}}));
@@ -50,16 +43,16 @@ TEST(MessageArguments, BackslashWithNIsALineBreakInThePromptOnly) {
 }
 
 TEST(MessageArguments, BadUsageIsNamed) {
-    EXPECT_EQ(ComplaintAbout({}), "PROMPT is missing");
-    EXPECT_EQ(ComplaintAbout({u"--"}), "PROMPT is missing");
-    EXPECT_EQ(ComplaintAbout({u"--flags", u"8"}), "PROMPT is missing");
-    EXPECT_EQ(ComplaintAbout({u"a", u"b"}), "'b' is one argument too many");
-    EXPECT_EQ(ComplaintAbout({u"a", u"--"}), "'--' is one argument too many");
-    EXPECT_EQ(ComplaintAbout({u"a", u"--flags", u"8"}), "'--flags' is one argument too many");
-    EXPECT_EQ(ComplaintAbout({u"--", u"--flags", u"8"}), "'8' is one argument too many");
-    EXPECT_EQ(ComplaintAbout({u"--flags"}), "'--flags' needs a value");
-    EXPECT_EQ(ComplaintAbout({u"--flag", u"8", u"a"}), "there is no option '--flag'");
-    EXPECT_EQ(ComplaintAbout({u"--flags", u"", u"a"}),
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({}), "PROMPT is missing");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--"}), "PROMPT is missing");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags", u"8"}), "PROMPT is missing");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"b"}), "'b' is one argument too many");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"--"}), "'--' is one argument too many");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"--flags", u"8"}), "'--flags' is one argument too many");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--", u"--flags", u"8"}), "'8' is one argument too many");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags"}), "'--flags' needs a value");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flag", u"8", u"a"}), "there is no option '--flag'");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags", u"", u"a"}),
               "--flags must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not ''");
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "tools/ComplaintOf_test.h"
+
 namespace tools {
 namespace {
 
@@ -10,15 +12,6 @@ QueryArguments Plain(std::int32_t kind, std::vector<String> values) {
     query.kind = kind;
     query.values = std::move(values);
     return query;
-}
-
-std::string ComplaintAbout(const Arguments& arguments) {
-    try {
-        ReadQueryArguments(arguments);
-    } catch (const UsageError& error) {
-        return error.what();
-    }
-    return "(none)";
 }
 
 TEST(QueryArguments, KindAndInitialTextAreEnough) {
@@ -64,17 +57,17 @@ TEST(QueryArguments, BackslashWithNIsALineBreakInEveryTextButTheFolder) {
 }
 
 TEST(QueryArguments, BadUsageIsNamed) {
-    EXPECT_EQ(ComplaintAbout({}), "--kind is missing");
-    EXPECT_EQ(ComplaintAbout({u"x"}), "--kind is missing");
-    EXPECT_EQ(ComplaintAbout({u"--kind", u"1"}), "VALUE0 is missing");
-    EXPECT_EQ(ComplaintAbout({u"--kind", u"1", u"--"}), "VALUE0 is missing");
-    EXPECT_EQ(ComplaintAbout({u"--kind"}), "'--kind' needs a value");
-    EXPECT_EQ(ComplaintAbout({u"--kind", u"one", u"x"}),
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({}), "--kind is missing");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"x"}), "--kind is missing");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"1"}), "VALUE0 is missing");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"1", u"--"}), "VALUE0 is missing");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind"}), "'--kind' needs a value");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"one", u"x"}),
               "--kind must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not 'one'");
-    EXPECT_EQ(ComplaintAbout({u"--kind", u"3", u"--index", u"", u"x"}),
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"3", u"--index", u"", u"x"}),
               "--index must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not ''");
-    EXPECT_EQ(ComplaintAbout({u"--kinds", u"3", u"x"}), "there is no option '--kinds'");
-    EXPECT_EQ(ComplaintAbout({u"--kinds"}), "there is no option '--kinds'");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kinds", u"3", u"x"}), "there is no option '--kinds'");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kinds"}), "there is no option '--kinds'");
 }
 
 }  // namespace

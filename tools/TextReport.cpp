@@ -22,7 +22,7 @@ using runtime::StringView;
 
 using Catalogue = std::span<const CatalogueText>;
 
-std::string_view Words(LineFault fault) {
+std::string_view WordsFor(LineFault fault) {
     switch (fault) {
         case LineFault::kNoEqualsSign:
             return "has no '='";
@@ -135,7 +135,7 @@ std::size_t WriteTextReport(std::ostream& out, Catalogue catalogue, const std::o
                         [&faults](std::size_t line, LineFault fault) { faults.emplace_back(line, fault); });
     const std::set<String> known = IdentifiersOf(catalogue);
     WriteTexts(out, catalogue, file);
-    for (const auto& [line, fault] : faults) out << "unreadable\tline " << line << '\t' << Words(fault) << '\n';
+    for (const auto& [line, fault] : faults) out << "unreadable\tline " << line << '\t' << WordsFor(fault) << '\n';
     WriteUnknown(out, known, file);
     WriteClashes(out, catalogue, file, locale);
     WriteLostBlanks(out, catalogue, file);

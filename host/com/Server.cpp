@@ -7,7 +7,7 @@
 namespace host::com {
 namespace {
 
-HRESULT Change(bool install, RegistrationScope scope) noexcept {
+HRESULT ChangeRegistration(bool install, RegistrationScope scope) noexcept {
     return Guarded([=] {
         if (install) {
             Register(scope);
@@ -34,14 +34,14 @@ HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) noexcept {
 }
 
 HRESULT RegisterServer() noexcept {
-    return Change(true, RegistrationScope::kMachine);
+    return ChangeRegistration(true, RegistrationScope::kMachine);
 }
 HRESULT UnregisterServer() noexcept {
-    return Change(false, RegistrationScope::kMachine);
+    return ChangeRegistration(false, RegistrationScope::kMachine);
 }
 
 HRESULT Install(bool install, const wchar_t* commandLine) noexcept {
-    return MeansUser(commandLine) ? Change(install, RegistrationScope::kUser) : E_INVALIDARG;
+    return MeansUser(commandLine) ? ChangeRegistration(install, RegistrationScope::kUser) : E_INVALIDARG;
 }
 
 }  // namespace host::com

@@ -11,7 +11,7 @@ namespace {
 
 constexpr int kItemsInList = 8;
 
-DWORD StyleOf(ControlKind kind) {
+DWORD ComboStyleOf(ControlKind kind) {
     const DWORD both = CBS_HASSTRINGS | WS_VSCROLL;
     return kind == ControlKind::kCombo ? both | CBS_DROPDOWN | CBS_AUTOHSCROLL : both | CBS_DROPDOWNLIST;
 }
@@ -19,7 +19,7 @@ DWORD StyleOf(ControlKind kind) {
 }  // namespace
 
 Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
-    : Win32Control(parent, system, look.kind, id, {WC_COMBOBOXW, StyleOf(look.kind), 0}) {
+    : Win32Control(parent, system, look.kind, id, {WC_COMBOBOXW, ComboStyleOf(look.kind), 0}) {
     if (look.kind != ControlKind::kCombo) return;
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;

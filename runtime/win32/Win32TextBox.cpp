@@ -5,7 +5,7 @@
 namespace runtime::win32 {
 namespace {
 
-DWORD StyleOf(ControlKind kind) {
+DWORD EditStyleOf(ControlKind kind) {
     if (kind == ControlKind::kTextBlock) return ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL;
     return ES_AUTOHSCROLL;
 }
@@ -13,7 +13,7 @@ DWORD StyleOf(ControlKind kind) {
 }  // namespace
 
 Win32TextBox::Win32TextBox(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
-    : Win32Control(parent, system, look.kind, id, {WC_EDITW, StyleOf(look.kind), WS_EX_CLIENTEDGE}) {
+    : Win32Control(parent, system, look.kind, id, {WC_EDITW, EditStyleOf(look.kind), WS_EX_CLIENTEDGE}) {
     // As long as memory holds it.
     SendMessageW(Window(), EM_SETLIMITTEXT, 0, 0);
 }

@@ -16,7 +16,7 @@ class Information : public ComTest {
     ComPtr<_clsQmxBackProcess> instance = MakeInstance();
 };
 
-ComPtr<ITypeLib> Library() {
+ComPtr<ITypeLib> OwnTypeLibrary() {
     ComPtr<ITypeLib> library;
     UINT index = 0;
     host::com::DescriptionOf(CLSID_clsQmxBackProcess)->GetContainingTypeLib(library.Put(), &index);
@@ -56,7 +56,7 @@ TEST_F(Information, OtherInterfacesAreRefused) {
 }
 
 TEST_F(Information, TheLibraryIsTheOneDescribed) {
-    const auto library = Library();
+    const auto library = OwnTypeLibrary();
     TLIBATTR* attributes = nullptr;
     ASSERT_EQ(S_OK, library->GetLibAttr(&attributes));
     EXPECT_TRUE(attributes->guid == LIBID_K4TBackProcess);

@@ -1,4 +1,4 @@
-// Help as it leaves the process: a recording help control beside this program stands in for the system's.
+// Help as it leaves the process: a recording help control takes the place of the system's.
 #include <gtest/gtest.h>
 
 #include "host/frmBackProcessMain.h"
@@ -6,6 +6,7 @@
 #include "services/ProcessValues.h"
 #include "services/QMXHLP.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/windows/RecordedHelp.h"
 
 namespace host {
 namespace {
@@ -17,22 +18,14 @@ class HelpCalls : public tests::ComponentTest {
         services::processValues.installFolder = u"D:\\Pelorix";
         form_.EnsureLoaded();
         window_ = runtime::FromAscii(std::to_string(form_.Handle()));
-        before_ = Recorded().size();
+        before_ = tests::RecordedHelp().size();
     }
     ~HelpCalls() override {
         form_.Unload();
         runtime::UsePorts(&ports_);
     }
 
-    /// The calls of the control; none before it is loaded.
-    static String Recorded() {
-        const HMODULE control = GetModuleHandleW(L"hhctrl.ocx");
-        const FARPROC recorded = control ? GetProcAddress(control, "Recorded") : nullptr;
-        if (!recorded) return {};
-        return runtime::win32::ToString(
-            reinterpret_cast<const wchar_t*(WINAPI*)()>(reinterpret_cast<void*>(recorded))());
-    }
-    String NewCalls() const { return Recorded().substr(before_); }
+    String NewCalls() const { return tests::RecordedHelp().substr(before_); }
     String Opened() const { return u"A " + window_ + u" D:\\Pelorix\\Marlentine.chm 1 0\n"; }
     String Closed() const { return u"A " + window_ + u"  18 0\n"; }
     static void ShowTopic() {
@@ -40,7 +33,7 @@ class HelpCalls : public tests::ComponentTest {
         services::ShowHelpTopic(u"", 0, wanted);
     }
 
-    runtime::win32::HelpControl control_;
+    runtime::win32::HelpControl control_{tests::kRecordingHelp};
     runtime::Ports helpingPorts_ = tests::WithPort(ports_, control_);
     frmBackProcessMain& form_ = MainForm();
     String window_;

@@ -16,8 +16,6 @@ class SuiteBoxInterference : public SuiteBoxTest {
 };
 
 const Steps kNobody = {};
-const Steps kEnter = {Keys({VK_RETURN})};
-
 TEST_F(SuiteBoxInterference, UnloadedByTheOwnerThatIsDisabledIsCancel) {
     onDisabled_ = UnloadTheBox;
     EXPECT_EQ(Ask(8, kNobody), 2);

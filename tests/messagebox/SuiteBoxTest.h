@@ -13,6 +13,9 @@
 
 namespace tests {
 
+/// Presses Enter, which answers with the focused button.
+inline const Steps kEnter = {Keys({VK_RETURN})};
+
 class SuiteBoxTest : public AboveOwner<RuntimeTest> {
  protected:
     ~SuiteBoxTest() override;

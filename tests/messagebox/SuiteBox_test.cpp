@@ -14,10 +14,9 @@ namespace {
 
 using runtime::win32::Callback;
 
-class SuiteBox : public SuiteBoxTest {};
-
-const Steps kEnter = {Keys({VK_RETURN})};
 const Steps kClose = {Do([](HWND box) { PostMessageW(box, WM_CLOSE, 0, 0); })};
+
+class SuiteBox : public SuiteBoxTest {};
 
 TEST_F(SuiteBox, FlagsChooseTheFocusedButtonWhichEnterPresses) {
     EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), Keys({VK_RETURN})}), 6);

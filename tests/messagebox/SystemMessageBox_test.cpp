@@ -10,6 +10,7 @@
 #include "tests/windows/AboveOwner.h"
 #include "tests/windows/DialogSteps.h"
 #include "tests/windows/Queues.h"
+#include "tests/windows/RecordedHelp.h"
 #include "tests/windows/WindowTexts.h"
 
 namespace runtime::win32 {
@@ -65,15 +66,6 @@ DialogDriver::Step See(Seen& seen) {
     };
 }
 
-/// The calls of the help control that stands beside this program; it stays loaded.
-String HelpCalls() {
-    using Recorded = const wchar_t*(WINAPI*)();
-    const HMODULE control = GetModuleHandleW(L"hhctrl.ocx");
-    if (!control) return u"(not loaded)";
-    const FARPROC recorded = GetProcAddress(control, "Recorded");
-    return recorded ? ToString(reinterpret_cast<Recorded>(reinterpret_cast<void*>(recorded))()) : u"(another's)";
-}
-
 class SystemMessageBox : public tests::AboveOwner<testing::Test> {
  protected:
     /// The answer, given by `steps`.
@@ -93,7 +85,7 @@ class SystemMessageBox : public tests::AboveOwner<testing::Test> {
         ASSERT_EQ(GetActiveWindow(), nullptr);
     }
 
-    HelpControl helpControl_;
+    HelpControl helpControl_{tests::kRecordingHelp};
     Win32MessageBox box_{helpControl_};
 };
 
@@ -258,15 +250,15 @@ DialogDriver::Step Pause() {
 
 class MessageBoxHelp : public SystemMessageBox {
  protected:
-    MessageBoxHelp() : before_(HelpCalls()) {}
+    MessageBoxHelp() : before_(tests::RecordedHelp()) {}
 
     /// Waits until the help control has been called.
     DialogDriver::Step HelpIsAsked() {
-        return [this](HWND) { return HelpCalls() != before_; };
+        return [this](HWND) { return tests::RecordedHelp() != before_; };
     }
     /// The calls since the test began.
     String NewCalls() const {
-        const String now = HelpCalls();
+        const String now = tests::RecordedHelp();
         return now.starts_with(before_) ? now.substr(before_.size()) : now;
     }
     String Call(StringView rest) const {
@@ -302,7 +294,7 @@ TEST_F(MessageBoxHelp, ButtonLeavesTheBoxOpenAndOpensTheTopicWhereTheSystemSuppo
 
 TEST_F(MessageBoxHelp, WithoutAFileNothingIsOpened) {
     EXPECT_EQ(Show(MB_YESNO | kHelpButton, {AskForHelp, Pause(), Press(IDNO)}, u"", {u"", 7}), 7);
-    EXPECT_EQ(HelpCalls(), before_);
+    EXPECT_EQ(tests::RecordedHelp(), before_);
 }
 
 TEST_F(MessageBoxHelp, BoxWithinABoxHasItsOwn) {

@@ -56,7 +56,7 @@ class Dialogs(ToolTestCase):
             for file in ("backproc.exe", "QmxKrn2K.dll"):
                 shutil.copy(running.bin_folder / file, folder)
             # A viewer that opens nothing; the character tells that the keys have arrived.
-            shutil.copy(running.bin_folder / "messagebox" / "hhctrl.ocx", folder)
+            shutil.copy(running.bin_folder / "recording_help.ocx", pathlib.Path(folder) / "hhctrl.ocx")
             answer = self.answer(["a", "ctrl+F1", "Return"], "query", "--kind", "1", "", folder=folder,
                                  environment={"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"})
         self.assertEqual(answer, (0, "text=a\nindex=0\n"))
@@ -74,7 +74,7 @@ class Dialogs(ToolTestCase):
         with tempfile.TemporaryDirectory() as folder:
             for name in ("backproc.exe", "QmxKrn2K.dll"):
                 shutil.copy(running.bin_folder / name, folder)
-            shutil.copy(running.bin_folder / "messagebox" / "hhctrl.ocx", folder)
+            shutil.copy(running.bin_folder / "recording_help.ocx", pathlib.Path(folder) / "hhctrl.ocx")
             name = windows_path(folder) + "\\Marlentine.chm"
             overrides = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
             program = pathlib.Path(folder) / "backproc.exe"

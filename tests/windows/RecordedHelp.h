@@ -1,0 +1,14 @@
+// The recording help control (RecordingHelp.cpp), which takes the place of the system's in tests, and what it recorded.
+#pragma once
+
+#include "runtime/Text.h"
+
+namespace tests {
+
+/// Its library, for runtime::win32::HelpControl.
+constexpr const wchar_t* kRecordingHelp = L"recording_help.ocx";
+
+/// Its calls in this process, a line each; empty while it is not loaded.
+runtime::String RecordedHelp();
+
+}  // namespace tests
