@@ -10,7 +10,7 @@ namespace {
 
 using MainFormResources = tests::ComponentTest;
 
-TEST_F(MainFormResources, StayFlatOverThousandsOfLoadsAndUnloads) {
+TEST_F(MainFormResources, StayFlatOverManyLoadsAndUnloads) {
     frmBackProcessMain& form = MainForm();
     tests::ExpectNothingStays(2000, [&form](int) {
         form.EditMsgLine(u"text");

@@ -13,7 +13,7 @@ namespace {
 using ::testing::ElementsAre;
 
 String Beside(StringView folder) {
-    return tests::TestFolder() + u'\\' + String(folder);
+    return tests::TestFolder() + u"\\commands\\" + String(folder);
 }
 
 /// Titles would need the kernel, so they do not: the message is what is looked at.

@@ -109,7 +109,7 @@ TEST_F(SuiteBoxLayout, PromptOfAMegabyteIsShownAndAnswered) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxLayout, TwoThousandQuestionsLeaveNothingBehind) {
+TEST_F(SuiteBoxLayout, ManyQuestionsLeaveNothingBehind) {
     ExpectNothingStays(2000, [this](int) { ASSERT_EQ(AskQuickly(), 6); });
     ExpectNothingIsLeft();
 }

@@ -196,7 +196,7 @@ TEST_F(QueryWindow, PromptIsTheInputsNameForScreenReaders) {
     }
 }
 
-TEST_F(QueryWindow, TwoThousandQuestionsLeaveNothingBehind) {
+TEST_F(QueryWindow, ManyQuestionsLeaveNothingBehind) {
     ExpectNothingStays(400, [this](int round) {
         for (const std::int32_t kind : kKinds) {
             Question question = Of(kind);

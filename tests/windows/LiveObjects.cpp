@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "runtime/win32/WindowsHeaders.h"
+#include "tests/support/Rounds.h"
 
 namespace tests {
 namespace {
@@ -64,10 +65,12 @@ long Windows() {
     return count;
 }
 
-void ExpectNothingStays(int rounds, const std::function<void(int)>& round) {
+void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round) {
     constexpr double kSlack = 20;  // of the system itself
-    constexpr int kRoundsPerFirst = 40;
-    Run(rounds / kRoundsPerFirst, round);
+    constexpr int kLeastRounds = 40;
+    constexpr int kFirstRounds = 10;
+    const int rounds = Rounds(fullRounds, kLeastRounds);
+    Run(kFirstRounds, round);
     const long gdi = GdiObjects();
     const long user = UserObjects();
     const long windows = Windows();

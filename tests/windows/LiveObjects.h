@@ -10,8 +10,9 @@ long UserObjects();
 /// Of this thread, with those inside others.
 long Windows();
 
-/// Runs `round`, which gets its number, some times and then `rounds` times more; the latter must leave nothing behind.
-/// Thousands of rounds tell a rare loss from the few objects that the system itself keeps more or less.
-void ExpectNothingStays(int rounds, const std::function<void(int)>& round);
+/// Runs `round`, which gets its number, a few times and then Rounds(fullRounds) times more. The latter must leave
+/// nothing behind but the 20 objects that the system itself keeps more or less; 40 rounds show the loss of one object a
+/// round.
+void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round);
 
 }  // namespace tests

@@ -45,11 +45,11 @@ TEST(LiveObjects, CountSeesWindowsAndWindowsInside) {
 
 TEST(LiveObjects, RoundsThatLoseOneEachFailTheTest) {
     static std::vector<HRGN> lost;
-    EXPECT_NONFATAL_FAILURE(ExpectNothingStays(80, [](int) { lost.push_back(CreateRectRgn(0, 0, 1, 1)); }),
+    EXPECT_NONFATAL_FAILURE(ExpectNothingStays(40, [](int) { lost.push_back(CreateRectRgn(0, 0, 1, 1)); }),
                             "GdiObjects");
     for (const HRGN region : lost) DeleteObject(region);
-    EXPECT_EQ(lost.size(), 82u);  // the first two are not counted
-    ExpectNothingStays(80, [](int) { DestroyWindow(MakeWindow()); });
+    EXPECT_EQ(lost.size(), 50u);  // the first ten are not counted
+    ExpectNothingStays(40, [](int) { DestroyWindow(MakeWindow()); });
 }
 
 }  // namespace
