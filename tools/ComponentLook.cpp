@@ -2,6 +2,7 @@
 
 #include "host/com/ComHeaders.h"
 #include "host/com/ComPtr.h"
+#include "runtime/ProgramFile.h"
 #include "runtime/win32/Handle.h"
 #include "tools/ComFailure.h"
 
@@ -68,7 +69,7 @@ ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path) {
     component.path = path;
     component.exists = files.Stamp(path).has_value();
     if (!component.exists) return component;
-    component.bits = BitsOfProgram(files.Read(path).value_or(""));
+    component.bits = runtime::BitsOfProgram(files.Read(path).value_or(""));
     component.version = VersionOf(path);
     component.typeLibrary = TypeLibraryOf(path);
     component.loadFailure = LoadFailureOf(path);

@@ -83,7 +83,4 @@ bool HasKernel(const KernelFile& kernel);
 
 std::vector<Finding> Diagnose(const MachineState& machine);
 
-/// Whether the bytes of a program's file are for 32 or 64 bits; 0 when they are no program for Windows.
-int BitsOfProgram(std::string_view bytes);
-
 }  // namespace tools

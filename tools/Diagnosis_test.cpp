@@ -166,33 +166,5 @@ TEST(Diagnosis, ALanguageMayLackTextsButNotItsFile) {
     ExpectBad(machine, "language", "no K4TBackProcess.txt", "LANGUAGEPATH");
 }
 
-/// A program's file as far as its headers matter.
-std::string Program(std::string_view machineNumber) {
-    std::string bytes(0x80, '\0');
-    bytes.replace(0, 2, "MZ");
-    bytes[0x3C] = '\x78';
-    bytes.replace(0x78, 4, std::string_view("PE\0\0", 4));
-    bytes.replace(0x7C, 2, machineNumber);
-    return bytes;
-}
-
-TEST(Diagnosis, BitsAreReadFromTheProgramsHeader) {
-    EXPECT_EQ(BitsOfProgram(Program("\x4C\x01")), 32);
-    EXPECT_EQ(BitsOfProgram(Program("\x64\x86")), 64);
-    EXPECT_EQ(BitsOfProgram(Program("\xC4\x01")), 0);
-    EXPECT_EQ(BitsOfProgram(Program("\x4C\x01").substr(0, 0x7E)), 32);
-}
-
-TEST(Diagnosis, WhatIsNoProgramHasNoBits) {
-    const std::string program = Program("\x4C\x01");
-    for (std::size_t size = 0; size < 0x7E; ++size) EXPECT_EQ(BitsOfProgram(program.substr(0, size)), 0) << size;
-    std::string wild = program;
-    wild.replace(0x3C, 4, "\xFF\xFF\xFF\xFF");
-    EXPECT_EQ(BitsOfProgram(wild), 0);
-    EXPECT_EQ(
-        BitsOfProgram("#!/bin/sh, and a long line after it that is as long as a header would be, so that is not why"),
-        0);
-}
-
 }  // namespace
 }  // namespace tools

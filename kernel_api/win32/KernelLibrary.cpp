@@ -1,17 +1,22 @@
 #include "kernel_api/win32/KernelLibrary.h"
 
+#include <algorithm>
 #include <string_view>
 #include <utility>
 
 #include "runtime/Error.h"
+#include "runtime/ProgramFile.h"
 #include "runtime/win32/ModulePath.h"
 #include "runtime/win32/QuietErrors.h"
+#include "runtime/win32/TrustedLibrary.h"
+#include "runtime/win32/Win32Files.h"
 #include "runtime/win32/Win32Locale.h"
 
 namespace kernel_api::win32 {
 namespace {
 
 using runtime::Error;
+using runtime::win32::FolderOf;
 using runtime::win32::Library;
 using runtime::win32::ModulePath;
 using runtime::win32::QuietErrors;
@@ -19,13 +24,9 @@ using runtime::win32::Wide;
 
 constexpr const char16_t* kFileName = u"QmxKrn2K.dll";
 
-String Decimal(unsigned long number) {
-    return runtime::FromAscii(std::to_string(number));
-}
-
-String PathIn(const String& folder) {
+String PathIn(const String& folder, StringView file = kFileName) {
     if (folder.empty()) return {};
-    return folder + (folder.back() == u'\\' ? u"" : u"\\") + kFileName;
+    return folder + (folder.back() == u'\\' ? u"" : u"\\") + String(file);
 }
 
 bool IsFile(const String& path) {
@@ -33,38 +34,46 @@ bool IsFile(const String& path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
+bool IsAskedForDevelopmentKernel() {
+    wchar_t value[2]{};
+    return GetEnvironmentVariableW(kAskForDevelopmentKernel, value, 2) == 1 && value[0] == L'1';
+}
+
+/// Why the file at `path` does not load.
+String Reason(const String& path, DWORD systemError) {
+    if (systemError != ERROR_BAD_EXE_FORMAT) {
+        return u"system error " + runtime::FromAscii(std::to_string(systemError));
+    }
+    const auto bytes = runtime::win32::Win32Files().Read(path);
+    return runtime::BitsOfProgram(bytes.value_or("")) == 64 ? u"a 64-bit file" : u"not a library";
+}
+
 Error CannotLoad(const String& path, DWORD systemError) {
-    return runtime::ErrorAbout(runtime::kErrorInLoadingDll, path + u" (system error " + Decimal(systemError) +
+    return runtime::ErrorAbout(runtime::kErrorInLoadingDll, path + u" (" + Reason(path, systemError) +
                                                                 u"); put the suite's 32-bit QmxKrn2K.dll there");
 }
 
 Error NotFound(const String& folder) {
-    const String places = folder.empty() ? u"" : u"in " + folder + u" or ";
-    return runtime::ErrorAbout(runtime::kFileNotFound,
-                               kFileName + (u" (not " + places) +
-                                   u"where the system looks for libraries); put the suite's one "
-                                   u"beside the component");
-}
-
-bool IsWhereTheSystemLooks() {
-    return SearchPathW(nullptr, Wide(kFileName), nullptr, 0, nullptr, nullptr) != 0;
+    if (IsAskedForDevelopmentKernel()) {
+        return runtime::ErrorAbout(
+            runtime::kFileNotFound,
+            PathIn(PathIn(folder, kDevelopmentFolder)) + u"; put the development kernel there, or do not ask for it");
+    }
+    const String places = folder.empty() ? u"" : u"in " + folder + u", ";
+    return runtime::ErrorAbout(
+        runtime::kFileNotFound,
+        kFileName + (u" (not " + places) +
+            u"in the program's or the system's folder); put the suite's one beside the component");
 }
 
 /// A library that is there but will not load is not replaced by one from elsewhere: that would hide the damage.
 Library Load(const String& folder) {
+    const auto found = FindKernel(folder, FolderOf(ModulePath(nullptr)));
+    if (!found) throw NotFound(folder);
     const QuietErrors quiet(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
-    const String beside = PathIn(folder);
-    if (IsFile(beside)) {
-        Library library(LoadLibraryExW(Wide(beside), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
-        if (!library) throw CannotLoad(beside, GetLastError());
-        return library;
-    }
-    Library library(LoadLibraryW(Wide(kFileName)));
-    if (library) return library;
-    const DWORD systemError = GetLastError();
-    // The same system error also stands for a library that is there and needs another one that is not.
-    if (systemError == ERROR_MOD_NOT_FOUND && !IsWhereTheSystemLooks()) throw NotFound(folder);
-    throw CannotLoad(kFileName, systemError);
+    Library library = runtime::win32::LoadTrusted(found->path);
+    if (!library) throw CannotLoad(found->path, GetLastError());
+    return library;
 }
 
 std::string ToAnsi(StringView text) {
@@ -77,6 +86,20 @@ String FromAnsi(std::string_view bytes) {
 }
 
 }  // namespace
+
+std::optional<FoundKernel> FindKernel(const String& componentFolder, const String& programFolder) {
+    const String development = PathIn(PathIn(componentFolder, kDevelopmentFolder));
+    const std::vector<FoundKernel> places =
+        IsAskedForDevelopmentKernel()
+            ? std::vector<FoundKernel>{{development, KernelPlace::kAskedFor}}
+            : std::vector<FoundKernel>{{PathIn(componentFolder), KernelPlace::kBesideComponent},
+                                       {PathIn(programFolder), KernelPlace::kProgramFolder},
+                                       {runtime::win32::InSystemFolder(kFileName), KernelPlace::kSystemFolder},
+                                       {development, KernelPlace::kDevelopmentFolder}};
+    const auto found = std::ranges::find_if(places, [](const FoundKernel& kernel) { return IsFile(kernel.path); });
+    if (found == places.end()) return {};
+    return *found;
+}
 
 KernelLibrary::KernelLibrary(String folder) : folder_(std::move(folder)) {}
 

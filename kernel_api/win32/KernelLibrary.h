@@ -4,6 +4,7 @@
 // For one thread at a time. The library stays loaded, and the addresses that it handed out hold, while this lives.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -12,10 +13,35 @@
 
 namespace kernel_api::win32 {
 
+/// Where a kernel library can be.
+enum class KernelPlace {
+    kAskedFor,  ///< the development kernel, because the environment asks for it
+    kBesideComponent,
+    kProgramFolder,
+    kSystemFolder,
+    kDevelopmentFolder,  ///< the development kernel, because there is no other
+};
+
+struct FoundKernel {
+    String path;  ///< full
+    KernelPlace place;
+};
+
+/// The development kernel below the component's folder.
+inline constexpr const char16_t* kDevelopmentFolder = u"dev";
+
+/// The environment variable that asks for the development kernel: with the value 1 no other kernel is looked for.
+inline constexpr const wchar_t* kAskForDevelopmentKernel = L"K4TBACKPROCESS_DEVELOPMENT_KERNEL";
+
+/// The library that a component in `componentFolder` loads in a program in `programFolder`. The places are looked
+/// through in the order of KernelPlace; an empty folder is passed over. None if there is no library in any of them.
+/// Neither the current folder nor PATH is one of the places.
+std::optional<FoundKernel> FindKernel(const String& componentFolder, const String& programFolder);
+
 /// Errors of all calls: 53 (no library), 48 (it will not load), 453 (it lacks the entry).
 class KernelLibrary : public Kernel {
  public:
-    /// `folder` is where the library is looked for first; the system's own search comes second, or first for "".
+    /// `folder` is the component's. See FindKernel for where else the library is looked for.
     explicit KernelLibrary(String folder);
 
     void E_SetString(StringView key, String& value) override;

@@ -39,7 +39,7 @@ bool HelpControl::Open(HWND owner, const String& file, std::int32_t context) {
 
 template <typename Function>
 Function HelpControl::Entry(const char* name) {
-    if (!control_) control_ = LoadLibraryW(library_);
+    if (!control_) control_ = LoadTrusted(library_).Release();
     if (!control_) return nullptr;
     return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(control_, name)));
 }

@@ -3,15 +3,18 @@
 #pragma once
 
 #include <cstdint>
+#include <utility>
 
 #include "runtime/HelpPort.h"
+#include "runtime/win32/TrustedLibrary.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
 
 class HelpControl : public HelpPort {
  public:
-    explicit HelpControl(const wchar_t* library = L"hhctrl.ocx") : library_(library) {}
+    /// `library` is the full path of the control; without it, it is the system's own.
+    explicit HelpControl(String library = InSystemFolder(u"hhctrl.ocx")) : library_(std::move(library)) {}
 
     // In the system's ANSI code page, as the suite's programs call the control.
 
@@ -31,7 +34,7 @@ class HelpControl : public HelpPort {
     Function Entry(const char* name);
     void Call(NativeHandle owner, StringView file, UINT command);
 
-    const wchar_t* library_;
+    const String library_;
     HMODULE control_ = nullptr;
 };
 

@@ -41,8 +41,9 @@ class ShippedComponent : public ::testing::Test {
  protected:
     void SetUp() override {
         ASSERT_EQ(OleInitialize(nullptr), S_OK);
+        ASSERT_TRUE(SetEnvironmentVariableW(L"K4TBACKPROCESS_DEVELOPMENT_KERNEL", L"1"));
         ASSERT_TRUE(SetEnvironmentVariableW(L"QMXKRN2K_STORE", L"command-stress"));
-        kernel_ = runtime::win32::Library(LoadLibraryW(runtime::win32::Wide(Shipped(u"QmxKrn2K.dll"))));
+        kernel_ = runtime::win32::Library(LoadLibraryW(runtime::win32::Wide(Shipped(u"dev\\QmxKrn2K.dll"))));
         component_ = runtime::win32::Library(LoadLibraryW(runtime::win32::Wide(Shipped(u"K4TBackProcess.dll"))));
         ASSERT_TRUE(kernel_ && component_);
         Put("DESIGN_NAME", "amplifier");
@@ -63,6 +64,7 @@ class ShippedComponent : public ::testing::Test {
         component_.Reset();
         kernel_.Reset();
         SetEnvironmentVariableW(L"QMXKRN2K_STORE", nullptr);
+        SetEnvironmentVariableW(L"K4TBACKPROCESS_DEVELOPMENT_KERNEL", nullptr);
         OleUninitialize();
     }
 

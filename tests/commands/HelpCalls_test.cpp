@@ -33,7 +33,7 @@ class HelpCalls : public tests::ComponentTest {
         services::ShowHelpTopic(u"", 0, wanted);
     }
 
-    runtime::win32::HelpControl control_{tests::kRecordingHelp};
+    runtime::win32::HelpControl control_{tests::RecordingHelp()};
     runtime::Ports helpingPorts_ = tests::WithPort(ports_, control_);
     frmBackProcessMain& form_ = MainForm();
     String window_;
@@ -71,7 +71,7 @@ TEST_F(HelpCalls, NamesAreAnsi) {
 }
 
 TEST(HelpControlInTheComponent, MissingOneDoesNothing) {
-    for (const wchar_t* library : {L"none.ocx", L"version.dll"}) {
+    for (const String& library : {String(u"C:\\none.ocx"), runtime::win32::InSystemFolder(u"version.dll")}) {
         runtime::win32::HelpControl control(library);
         EXPECT_NO_THROW(control.OpenContents(0, u"C:\\a.chm"));
         EXPECT_NO_THROW(control.CloseAll(0));

@@ -6,6 +6,9 @@
 
 #include "runtime/Error.h"
 #include "runtime/win32/Handle.h"
+#include "runtime/win32/HelpControl.h"
+#include "runtime/win32/TrustedLibrary.h"
+#include "runtime/win32/Win32Files.h"
 #include "tests/support/TestFolder.h"
 
 namespace kernel_api::win32 {
@@ -33,28 +36,55 @@ std::string Recorded(const String& folder) {
     return reinterpret_cast<const char*(__stdcall*)()>(reinterpret_cast<void*>(recorded))();
 }
 
+/// A copy of a library that stands in a folder for the time of a test.
+class PlacedLibrary {
+ public:
+    PlacedLibrary(const String& from, const String& folder) : path_(folder + kFile) {
+        EXPECT_TRUE(CopyFileW(Wide(from + kFile), Wide(path_), TRUE)) << runtime::ToUtf8(path_);
+    }
+    PlacedLibrary(const PlacedLibrary&) = delete;
+    PlacedLibrary& operator=(const PlacedLibrary&) = delete;
+    ~PlacedLibrary() { EXPECT_TRUE(DeleteFileW(Wide(path_))); }
+
+ private:
+    String path_;
+};
+
 /// A folder for libraries that come and go.
 class KernelLibraryTest : public testing::Test {
  protected:
-    void SetUp() override { ASSERT_TRUE(CreateDirectoryW(Wide(folder_), nullptr)); }
+    void SetUp() override {
+        ASSERT_TRUE(CreateDirectoryW(Wide(folder_), nullptr));
+        ASSERT_TRUE(CreateDirectoryW(Wide(development_), nullptr));
+        SetEnvironmentVariableW(kAskForDevelopmentKernel, nullptr);
+    }
     void TearDown() override {
-        SetDllDirectoryW(nullptr);
+        SetEnvironmentVariableW(kAskForDevelopmentKernel, nullptr);
         DeleteFileW(Wide(folder_ + kFile));
+        EXPECT_TRUE(RemoveDirectoryW(Wide(development_)));
         EXPECT_TRUE(RemoveDirectoryW(Wide(folder_)));
     }
 
     void PutLibrary(const String& from) { ASSERT_TRUE(CopyFileW(Wide(from + kFile), Wide(folder_ + kFile), FALSE)); }
-    void PutRubbish() {
+    void PutFile(std::string_view bytes) {
         const FileHandle file(CreateFileW(Wide(folder_ + kFile), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
                                           FILE_ATTRIBUTE_NORMAL, nullptr));
         DWORD written = 0;
-        ASSERT_TRUE(WriteFile(file.Get(), "not a library", 13, &written, nullptr));
+        ASSERT_TRUE(WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr));
     }
+    /// The library that a component in `folder_` loads in this program, "" without one.
+    String Found() const {
+        const auto found = FindKernel(folder_, tests::TestFolder());
+        return found ? found->path : String();
+    }
+    KernelPlace Place() const { return FindKernel(folder_, tests::TestFolder())->place; }
 
     const String folder_ =
         tests::TestFolder() + u"\\come_and_go" + runtime::FromAscii(std::to_string(GetCurrentProcessId()));
+    const String development_ = folder_ + u"\\dev";
     const String recording_ = tests::TestFolder() + u"\\recording";
     const String partial_ = tests::TestFolder() + u"\\partial";
+    const String system_ = runtime::win32::FolderOf(runtime::win32::InSystemFolder(u"x"));
     String value_ = u"value";
 };
 
@@ -126,16 +156,82 @@ TEST_F(KernelLibraryTest, FindsNoLibrary) {
     EXPECT_TRUE(ErrorOf([] { KernelLibrary(u"").DB_DataBase(); }).starts_with("53: File not found: QmxKrn2K.dll"));
 }
 
-TEST_F(KernelLibraryTest, FindsTheLibraryWhereTheSystemLooks) {
-    SetDllDirectoryW(Wide(recording_));
-    EXPECT_EQ(KernelLibrary(folder_).DB_DataBase(), -7);
+TEST_F(KernelLibraryTest, Found_InEachPlace_FirstPlaceWins) {
+    EXPECT_EQ(Found(), u"");
+    const PlacedLibrary development(partial_, development_);
+    EXPECT_EQ(Found(), development_ + kFile);
+    EXPECT_EQ(Place(), KernelPlace::kDevelopmentFolder);
+    const PlacedLibrary inSystemFolder(partial_, system_);
+    EXPECT_EQ(Found(), system_ + kFile);
+    EXPECT_EQ(Place(), KernelPlace::kSystemFolder);
+    const PlacedLibrary inProgramFolder(partial_, tests::TestFolder());
+    EXPECT_EQ(Found(), tests::TestFolder() + kFile);
+    EXPECT_EQ(Place(), KernelPlace::kProgramFolder);
+    PutLibrary(recording_);
+    EXPECT_EQ(Found(), folder_ + kFile);
+    EXPECT_EQ(Place(), KernelPlace::kBesideComponent);
+    KernelLibrary kernel(folder_);
+    kernel.DB_DataBase();
+    EXPECT_EQ(Recorded(folder_), "DB_DataBase()\n");
 }
 
-TEST_F(KernelLibraryTest, PrefersTheLibraryBesideTheComponent) {
-    SetDllDirectoryW(Wide(partial_));
-    KernelLibrary kernel(recording_);
-    kernel.DB_DataBase();
-    EXPECT_EQ(Recorded(recording_), "DB_DataBase()\n");
+TEST_F(KernelLibraryTest, AskedForDevelopmentKernel_OthersArePassedOver) {
+    SetEnvironmentVariableW(kAskForDevelopmentKernel, L"1");
+    PutLibrary(partial_);
+    EXPECT_EQ(Found(), u"");
+    const std::string error = ErrorOf([&] { KernelLibrary(folder_).DB_DataBase(); });
+    EXPECT_TRUE(error.starts_with("53: File not found: " + runtime::ToUtf8(development_ + kFile))) << error;
+    const PlacedLibrary development(recording_, development_);
+    EXPECT_EQ(Found(), development_ + kFile);
+    EXPECT_EQ(Place(), KernelPlace::kAskedFor);
+}
+
+TEST_F(KernelLibraryTest, AskedWithAnotherValue_IsNotAsked) {
+    PutLibrary(partial_);
+    for (const wchar_t* value : {L"", L"0", L"10", L"yes"}) {
+        SetEnvironmentVariableW(kAskForDevelopmentKernel, value);
+        EXPECT_EQ(Found(), folder_ + kFile);
+    }
+}
+
+/// The current folder and PATH hold a library that must not be loaded.
+class PreparedLibraryTest : public KernelLibraryTest {
+ protected:
+    PreparedLibraryTest() {
+        oldFolder_ = runtime::win32::Win32Files().CurrentFolder();
+        EXPECT_TRUE(SetCurrentDirectoryW(Wide(recording_)));
+        wchar_t path[32767]{};
+        GetEnvironmentVariableW(L"PATH", path, 32767);
+        oldPath_ = runtime::win32::ToString(path);
+        SetEnvironmentVariableW(L"PATH", Wide(recording_ + u';' + oldPath_));
+    }
+    ~PreparedLibraryTest() override {
+        SetEnvironmentVariableW(L"PATH", Wide(oldPath_));
+        SetCurrentDirectoryW(Wide(oldFolder_));
+    }
+
+    String oldFolder_;
+    String oldPath_;
+};
+
+TEST_F(PreparedLibraryTest, InCurrentFolderAndPath_KernelIsNotLoaded) {
+    EXPECT_TRUE(ErrorOf([&] { KernelLibrary(folder_).DB_DataBase(); }).starts_with("53: "));
+    EXPECT_TRUE(ErrorOf([] { KernelLibrary(u"").DB_DataBase(); }).starts_with("53: "));
+    EXPECT_EQ(Recorded(recording_), "not loaded");
+}
+
+TEST_F(PreparedLibraryTest, InCurrentFolderAndPath_HelpControlIsNotLoaded) {
+    // The system's own control would be found first.
+    const String control = runtime::win32::InSystemFolder(u"hhctrl.ocx");
+    const String hidden = control + u".hidden";
+    ASSERT_TRUE(MoveFileW(Wide(control), Wide(hidden)));
+    const String prepared = recording_ + u"\\hhctrl.ocx";
+    EXPECT_TRUE(CopyFileW(Wide(recording_ + kFile), Wide(prepared), FALSE));
+    runtime::win32::HelpControl help;
+    help.CloseAll(0);
+    EXPECT_EQ(GetModuleHandleW(Wide(prepared)), nullptr);
+    EXPECT_TRUE(DeleteFileW(Wide(prepared)));
+    EXPECT_TRUE(MoveFileW(Wide(hidden), Wide(control)));
 }
 
 TEST_F(KernelLibraryTest, SaysWhichEntryOfWhichLibraryIsMissing) {
@@ -148,20 +244,25 @@ TEST_F(KernelLibraryTest, SaysWhichEntryOfWhichLibraryIsMissing) {
     EXPECT_EQ(value_, u"value");
 }
 
-TEST_F(KernelLibraryTest, SaysWhichLibraryWillNotLoad) {
-    PutRubbish();
-    const std::string beside = ErrorOf([&] { KernelLibrary(folder_).E_GetString(u"key"); });
-    EXPECT_TRUE(beside.starts_with("48: Error in loading DLL: " + runtime::ToUtf8(folder_ + kFile))) << beside;
-    SetDllDirectoryW(Wide(folder_));
-    const std::string elsewhere = ErrorOf([&] { KernelLibrary(u"").E_GetString(u"key"); });
-    EXPECT_TRUE(elsewhere.starts_with("48: Error in loading DLL: QmxKrn2K.dll")) << elsewhere;
+TEST_F(KernelLibraryTest, SaysWhyALibraryWillNotLoad) {
+    const std::string before = "48: Error in loading DLL: " + runtime::ToUtf8(folder_ + kFile);
+    PutFile("not a library");
+    const std::string text = ErrorOf([&] { KernelLibrary(folder_).E_GetString(u"key"); });
+    EXPECT_EQ(text, before + " (not a library); put the suite's 32-bit QmxKrn2K.dll there");
+    std::string program(0x80, '\0');
+    program.replace(0, 2, "MZ");
+    program[0x3C] = '\x40';
+    program.replace(0x40, 6, std::string_view("PE\0\0\x64\x86", 6));
+    PutFile(program);
+    const std::string bits = ErrorOf([&] { KernelLibrary(folder_).E_GetString(u"key"); });
+    EXPECT_EQ(bits, before + " (a 64-bit file); put the suite's 32-bit QmxKrn2K.dll there");
 }
 
 TEST_F(KernelLibraryTest, TriesAgainAfterEveryFailure) {
     KernelLibrary kernel(folder_);
     const auto call = [&] { kernel.E_SetString(u"key", value_); };
     EXPECT_TRUE(ErrorOf(call).starts_with("53: "));
-    PutRubbish();
+    PutFile("not a library");
     EXPECT_TRUE(ErrorOf(call).starts_with("48: "));
     PutLibrary(partial_);
     EXPECT_TRUE(ErrorOf(call).starts_with("453: "));

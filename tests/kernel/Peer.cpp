@@ -35,7 +35,7 @@ HANDLE Inherited(const KernelHandle& handle) {
 }  // namespace
 
 runtime::String KernelFolder() {
-    return runtime::win32::FolderOf(TestFolder());
+    return runtime::win32::FolderOf(TestFolder()) + u"\\dev";
 }
 
 Peer::Peer() {

@@ -85,7 +85,7 @@ class SystemMessageBox : public tests::AboveOwner<testing::Test> {
         ASSERT_EQ(GetActiveWindow(), nullptr);
     }
 
-    HelpControl helpControl_{tests::kRecordingHelp};
+    HelpControl helpControl_{tests::RecordingHelp()};
     Win32MessageBox box_{helpControl_};
 };
 
@@ -313,11 +313,11 @@ TEST_F(MessageBoxHelp, BoxWithinABoxHasItsOwn) {
 }
 
 TEST(HelpControl, MissingOneOpensNothing) {
-    EXPECT_FALSE(HelpControl(L"none.ocx").Open(nullptr, u"C:\\a.chm", 1));
+    EXPECT_FALSE(HelpControl(u"C:\\none.ocx").Open(nullptr, u"C:\\a.chm", 1));
 }
 
 TEST(HelpControl, LibraryWithoutTheEntryOpensNothing) {
-    EXPECT_FALSE(HelpControl(L"version.dll").Open(nullptr, u"C:\\a.chm", 1));
+    EXPECT_FALSE(HelpControl(InSystemFolder(u"version.dll")).Open(nullptr, u"C:\\a.chm", 1));
 }
 
 }  // namespace

@@ -6,6 +6,7 @@ import os
 import pathlib
 import queue
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
@@ -36,6 +37,26 @@ def run(program, *arguments, text=b"", environment=None):
         output.seek(0)
         errors.seek(0)
         return code, output.read(), errors.read()
+
+
+def copy_built(folder, *names):
+    """Copies built files into `folder`, each into the folder below it that it has in the build."""
+    for name in names:
+        target = pathlib.Path(folder) / name
+        target.parent.mkdir(exist_ok=True)
+        shutil.copy(bin_folder / name, target)
+
+
+# Wine prefers its own control to the file in the system folder unless it is told otherwise.
+SHOWS_HELP = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
+
+
+def replace_help_control(double):
+    """Puts a built double of the help control into the system folder; returns its path. Only for the prefix of one test."""
+    control = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "system32", "hhctrl.ocx")
+    # All prefixes share the file, so it must not be written to.
+    control.unlink()
+    return pathlib.Path(shutil.copy(bin_folder / double, control))
 
 
 def tool(*arguments, text=b""):

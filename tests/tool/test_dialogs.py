@@ -53,12 +53,11 @@ class Dialogs(ToolTestCase):
     def test_query_opens_the_help_of_its_own_folder(self):
         with tempfile.TemporaryDirectory() as name:
             folder = pathlib.Path(name)
-            for file in ("backproc.exe", "QmxKrn2K.dll"):
-                shutil.copy(running.bin_folder / file, folder)
+            running.copy_built(folder, "backproc.exe", "dev/QmxKrn2K.dll")
             # A viewer that opens nothing; the character tells that the keys have arrived.
-            shutil.copy(running.bin_folder / "recording_help.ocx", pathlib.Path(folder) / "hhctrl.ocx")
+            running.replace_help_control("recording_help.ocx")
             answer = self.answer(["a", "ctrl+F1", "Return"], "query", "--kind", "1", "", folder=folder,
-                                 environment={"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"})
+                                 environment=running.SHOWS_HELP)
         self.assertEqual(answer, (0, "text=a\nindex=0\n"))
 
     def test_query_tells_its_ends_apart(self):
@@ -72,15 +71,13 @@ class Dialogs(ToolTestCase):
     def test_help_file_needs_a_viewer(self):
         # Its window is Windows' own business; here only that the tool does not wait for one that never comes.
         with tempfile.TemporaryDirectory() as folder:
-            for name in ("backproc.exe", "QmxKrn2K.dll"):
-                shutil.copy(running.bin_folder / name, folder)
-            shutil.copy(running.bin_folder / "recording_help.ocx", pathlib.Path(folder) / "hhctrl.ocx")
+            running.copy_built(folder, "backproc.exe", "dev/QmxKrn2K.dll")
+            running.replace_help_control("recording_help.ocx")
             name = windows_path(folder) + "\\Marlentine.chm"
-            overrides = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
             program = pathlib.Path(folder) / "backproc.exe"
-            without = run(program, "help-file", environment=overrides)
+            without = run(program, "help-file", environment=running.SHOWS_HELP)
             (pathlib.Path(folder) / "Marlentine.chm").touch()
-            unshown = run(program, "help-file", environment=overrides)
+            unshown = run(program, "help-file", environment=running.SHOWS_HELP)
         missing = f"backproc help-file: there is no help file '{name}'; put that of the package there\n"
         self.assertEqual(without, (1, name.encode() + b"\n", missing.encode()))
         silent = f"backproc help-file: no help window came up within five seconds for '{name}'; "
@@ -89,12 +86,11 @@ class Dialogs(ToolTestCase):
 
     def test_help_file_opens_help_and_closes_it(self):
         with tempfile.TemporaryDirectory() as folder:
-            for name in ("backproc.exe", "QmxKrn2K.dll", "test/hhctrl.ocx"):
-                shutil.copy(running.bin_folder / name, folder)
+            running.copy_built(folder, "backproc.exe", "dev/QmxKrn2K.dll")
             name = windows_path(folder) + "\\Marlentine.chm"
-            overrides = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
-            result = run(pathlib.Path(folder) / "backproc.exe", "help-file", environment=overrides)
-            calls = (pathlib.Path(folder) / "hhctrl.ocx.txt").read_text(encoding="ascii")
+            control = running.replace_help_control("test/hhctrl.ocx")
+            result = run(pathlib.Path(folder) / "backproc.exe", "help-file", environment=running.SHOWS_HELP)
+            calls = pathlib.Path(f"{control}.txt").read_text(encoding="ascii")
         self.assertEqual(result, (0, name.encode() + b"\n", b""))
         self.assertEqual(calls.splitlines(), [f"owned [{name}] 1", "owned [] 18"])
 

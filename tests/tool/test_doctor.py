@@ -13,9 +13,8 @@ from running import LiveHost, TEXTS, ToolTestCase, main, run, tool, windows_path
 
 def copy_package(folder, *left_out):
     """The component, its kernel and the tool in a folder of their own; gives the path of the tool there."""
-    for name in ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "QmxKrn2K.dll"):
-        if name not in left_out:
-            shutil.copy(running.bin_folder / name, folder)
+    names = ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "dev/QmxKrn2K.dll")
+    running.copy_built(folder, *(name for name in names if name not in left_out))
     return pathlib.Path(folder) / "backproc.exe"
 
 
@@ -47,7 +46,7 @@ class Doctor(ToolTestCase):
         self.assertEqual(lines["registration"], "ok   registration: for the machine")
         self.assertEqual(lines["file"], "ok   file: " + windows_path(self.folder / "K4TBackProcess.dll"))
         self.assertEqual(lines["version"], "ok   version: 1.0, and so is its type library")
-        self.assertEqual(lines["kernel"], "ok   kernel: " + windows_path(self.folder / "QmxKrn2K.dll"))
+        self.assertEqual(lines["kernel"], "ok   kernel: " + windows_path(self.folder / "dev" / "QmxKrn2K.dll"))
 
     def test_not_registered(self):
         lines = self.diagnose(copy_package(self.folder))
@@ -91,7 +90,7 @@ class Doctor(ToolTestCase):
         self.assert_bad(self.diagnose(program)["loading"], "DllGetClassObject")
 
     def test_missing_kernel(self):
-        lines = self.diagnose(copy_package(self.folder, "QmxKrn2K.dll"))
+        lines = self.diagnose(copy_package(self.folder, "dev/QmxKrn2K.dll"))
         self.assert_bad(lines["kernel"], "QmxKrn2K.dll", "beside the component")
         self.assertNotIn("language", lines)
 

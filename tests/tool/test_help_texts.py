@@ -27,7 +27,6 @@ PRINTED = {
     "msgbox": "7\n",
     "query": "text=Top\nindex=1\n",
 }
-SHOWS_HELP = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
 
 
 def help_of(verb):
@@ -49,10 +48,9 @@ class HelpTexts(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
-        for name in ("backproc.exe", "K4TBackProcess.dll", "QmxKrn2K.dll"):
-            shutil.copy(running.bin_folder / name, cls.folder)
+        running.copy_built(cls.folder, "backproc.exe", "K4TBackProcess.dll", "dev/QmxKrn2K.dll")
         # A help viewer that shows a window of its own for a moment.
-        shutil.copy(running.bin_folder / "test" / "hhctrl.ocx", cls.folder)
+        running.replace_help_control("test/hhctrl.ocx")
         shutil.copytree(running.EXAMPLES / "languages", cls.folder / "examples" / "languages")
         cls.tool = cls.folder / "backproc.exe"
         assert running.run(cls.tool, "register")[0] == 0
@@ -89,7 +87,7 @@ class HelpTexts(unittest.TestCase):
         batch.write_text(f"@{line}\n@exit %errorlevel%\n", encoding="ascii", newline="\r\n")
         display = os.environ.get("DISPLAY") or subprocess.check_output(
             [pathlib.Path(running.wine_run).parent / "start-display"], text=True, timeout=60).strip()
-        environment = {**os.environ, "DISPLAY": display, **(SHOWS_HELP if verb == "help-file" else {})}
+        environment = {**os.environ, "DISPLAY": display, **(running.SHOWS_HELP if verb == "help-file" else {})}
         with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
             command = ["timeout", str(running.TIMEOUT), running.wine_run, "cmd.exe", "/c", batch.name]
             example = subprocess.Popen(command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=output, stderr=errors,

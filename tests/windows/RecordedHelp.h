@@ -5,8 +5,8 @@
 
 namespace tests {
 
-/// Its library, for runtime::win32::HelpControl.
-constexpr const wchar_t* kRecordingHelp = L"recording_help.ocx";
+/// The full path of its library, for runtime::win32::HelpControl.
+runtime::String RecordingHelp();
 
 /// Its calls in this process, a line each; empty while it is not loaded.
 runtime::String RecordedHelp();
