@@ -1,6 +1,8 @@
 // Owns the contents of a VARIANT.
 #pragma once
 
+#include <cstdint>
+
 #include "host/com/Bstr.h"
 
 namespace host::com {

@@ -17,8 +17,9 @@ import zipfile
 TIMEOUT = 180  # seconds; a run takes a few
 NAME = "Pelorix Back Process Manager"
 
-# What Wine itself writes anew when a prefix starts and when a console ends.
-WRITTEN_BY_WINE = (r"System\\CurrentControlSet", "Console")
+# What Wine itself writes anew when a prefix starts and when a console ends. The first two are the same keys: Wine 10 has the
+# one as a link to the other, as Windows has it.
+WRITTEN_BY_WINE = (r"System\\CurrentControlSet", r"System\\ControlSet001", "Console")
 
 wine_run = ""
 packages = pathlib.Path()
