@@ -18,7 +18,7 @@ start_xvfb() {
         sleep 0.05
     done
     kill "$xvfb" 2>/dev/null || true
-    echo "$script_name: no display came up within ten seconds; is Xvfb there? scripts/setup installs it" >&2
+    echo "$script_name: no display came up within ten seconds; is Xvfb there? scripts/setup demo installs it" >&2
     return 1
 }
 
@@ -37,7 +37,7 @@ make_prefix() {
 ensure_template() {
     template=$root/build/wine-template
     [ -e "$template/.ready" ] && return
-    command -v wine >/dev/null || { echo "$script_name: there is no wine; scripts/setup installs it" >&2; return 1; }
+    command -v wine >/dev/null || { echo "$script_name: there is no wine; scripts/setup demo installs it" >&2; return 1; }
     mkdir -p "$root/build"
     (
         flock 7

@@ -31,6 +31,7 @@ NOT_FOLLOWED = {
     "cmake --build": BUILDS,
     "scripts/build": BUILDS,
     "scripts/coverage": BUILDS,
+    "scripts/setup": "installs packages",
     "build/fuzz/": NEEDS_THE_BUILD,
     "build/bench/": NEEDS_THE_BUILD,
     "for file in backproc.exe": NEEDS_THE_BUILD,

@@ -40,7 +40,9 @@ class Help(unittest.TestCase):
 
     def test_surplus_and_missing_arguments_are_named(self):
         for script, arguments, named in (("test", ["a", "b"], "'b'"), ("scripts/build", ["--shipped", "x"], "'x'"),
-                                         ("scripts/wine-run", [], "EXE"), ("scripts/wine-test", ["x"], "COMMAND")):
+                                         ("scripts/wine-run", [], "EXE"),
+                                         ("scripts/setup", [], "PURPOSE"), ("scripts/setup", ["demo", "x"], "'x'"),
+                                         ("scripts/wine-test", ["x"], "COMMAND")):
             with self.subTest(script):
                 done = run(script, *arguments)
                 self.assertEqual((done.returncode, done.stdout), (2, ""))
