@@ -32,6 +32,7 @@ NOT_FOLLOWED = {
     "scripts/build": BUILDS,
     "scripts/coverage": BUILDS,
     "scripts/setup": "installs packages",
+    "scripts/check-platforms": "makes whole systems, and runs this test in them",
     "build/fuzz/": NEEDS_THE_BUILD,
     "build/bench/": NEEDS_THE_BUILD,
     "for file in backproc.exe": NEEDS_THE_BUILD,

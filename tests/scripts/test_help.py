@@ -42,7 +42,7 @@ class Help(unittest.TestCase):
         for script, arguments, named in (("test", ["a", "b"], "'b'"), ("scripts/build", ["--shipped", "x"], "'x'"),
                                          ("scripts/wine-run", [], "EXE"),
                                          ("scripts/setup", [], "PURPOSE"), ("scripts/setup", ["demo", "x"], "'x'"),
-                                         ("scripts/wine-test", ["x"], "COMMAND")):
+                                         ("scripts/check-platforms", ["sid"], "'sid'"), ("scripts/wine-test", ["x"], "COMMAND")):
             with self.subTest(script):
                 done = run(script, *arguments)
                 self.assertEqual((done.returncode, done.stdout), (2, ""))
