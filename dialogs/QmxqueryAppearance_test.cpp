@@ -145,6 +145,32 @@ TEST_F(Query, LongPromptOfLinesMakesItHigher) {
     });
 }
 
+TEST_F(Query, LineEndIsNotCrLf_PromptIsOnePiece) {
+    const auto heightOf = [this](StringView lineEnd) {
+        String prompt = u"1";
+        for (int line = 2; line <= 30; ++line) prompt += String(lineEnd) + u"2";
+        runtime::Twips height = 0;
+        Look({.prompt = prompt}, [&height](MemoryWindow& dialog) { height = dialog.outer.height; });
+        return height;
+    };
+    // 30 pieces and three lines to spare; no line is wide enough to count twice.
+    EXPECT_EQ(heightOf(u"\r\n"), 33 * 195 + 315);
+    for (const StringView other : {u"\n", u"\r", u"\n\r"}) EXPECT_EQ(heightOf(other), 2000);
+}
+
+TEST_F(Query, LargeFont_CombosArePlacedByTheTextBoxsHeight) {
+    services::processValues.uiFont = {u"Arial", 20, 0};
+    for (const auto& [kind, name] : {std::pair{2, u"cboCombo"}, {3, u"cboDropdown"}}) {
+        Look({.kind = kind}, [name](MemoryWindow& dialog) {
+            runtime::headless::MemoryControl& combo = dialog.Control(name);
+            EXPECT_EQ(combo.ClosedHeight(), 593);
+            EXPECT_EQ(combo.bounds.top, 1250);
+            EXPECT_EQ(dialog.Control(u"lblPrompt").bounds.height, 1190);
+            EXPECT_EQ(dialog.outer.height, 2000);
+        });
+    }
+}
+
 TEST_F(Query, HigherThanTheScreenIsLimited) {
     String prompt;
     for (int i = 0; i < 100; ++i) prompt += u"line\r\n";

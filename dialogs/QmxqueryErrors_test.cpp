@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <vector>
 
 #include "dialogs/Qmxquery_test.h"
@@ -38,6 +39,55 @@ TEST_F(Query, ArrayWithoutItsFirstElementFailsBeforeAnythingShows) {
     EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kSubscriptOutOfRange);
     EXPECT_EQ(question.index, 4);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
+/// A dialog that has answered once, and what it must still have when the next question fails in its layout.
+class QueryAfterAnAnswer : public QueryTest {
+ protected:
+    QueryAfterAnAnswer() {
+        std::vector<String> values = {u"", u"A", u"B"};
+        std::int32_t index = 1;
+        Queue([](MemoryWindow& dialog) { Click(dialog, u"cmdAccept"); });
+        dialog_.QUERY(u"Title", u"Name?", values, kList, index, true, u"More");
+    }
+    /// The error of a question that fails; it must change nothing.
+    std::int32_t ErrorOfNext() {
+        std::vector<String> values = {u"abc  ", u"C"};
+        std::int32_t index = 7;
+        const std::int32_t error =
+            ErrorOf([&] { dialog_.QUERY(u"Other", u"Which?", values, kText, index, false, u""); });
+        EXPECT_EQ(values, (std::vector<String>{u"abc  ", u"C"}));
+        EXPECT_EQ(index, 7);
+        EXPECT_EQ(dialog_.LayoutHeight(), 2895);
+        EXPECT_EQ(dialog_.Kind(), kList);
+        EXPECT_EQ(dialog_.ResultIndex(), 2);
+        EXPECT_EQ(dialog_.ResultText(), u"B");
+        EXPECT_FALSE(dialog_.IsLoaded());
+        return error;
+    }
+
+    Qmxquery dialog_;
+};
+
+TEST_F(QueryAfterAnAnswer, LayoutOverflows_NothingIsStored) {
+    /// Counts so many pieces that their height is no 32-bit number, and notes the form's title when it is asked.
+    struct ManyPieces : kernel_api::dev::BuiltInSplitter {
+        std::int32_t CountPieces(StringView, StringView) override {
+            title = window->Last().caption;
+            return std::numeric_limits<std::int32_t>::max();
+        }
+        runtime::headless::MemoryWindows* window = nullptr;
+        String title;
+    } splitter;
+    splitter.window = &memory_.windows;
+    kernel_api::UseSplitter(&splitter);
+    EXPECT_EQ(ErrorOfNext(), runtime::kOverflow);
+    EXPECT_EQ(splitter.title, u"");
+}
+
+TEST_F(QueryAfterAnAnswer, WindowCannotBeMade_NothingIsStored) {
+    memory_.windows.refuseWindows = 1;
+    EXPECT_EQ(ErrorOfNext(), runtime::kOutOfMemory);
 }
 
 TEST_F(Query, IndexOutsideTheListFailsAndLeavesNothingOpen) {
