@@ -3,8 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <random>
+
 #include "runtime/Error.h"
 #include "tests/support/ErrorOf.h"
+#include "tests/support/SlowQueryLayout.h"
 
 namespace dialogs {
 namespace {
@@ -101,6 +105,54 @@ TEST(QueryLayout, ControlsStandAtTheBottomAndTheLabelTakesTheRest) {
 TEST(QueryLayout, ExtraButtonStandsBelowThem) {
     EXPECT_EQ(PlacesInQuery(2120, WithButton(Measures(kText, 0, 1))), (QueryPlaces{1310, 1370, 1745}));
     EXPECT_EQ(PlacesInQuery(2520, WithButton(Measures(kList, 0, 1))), (QueryPlaces{1185, 1245, 2145}));
+}
+
+/// Measures of every shape, always the same ones, with many that lie in the middle between two numbers of lines.
+class MeasuresMaker {
+ public:
+    QueryMeasures Next() {
+        const runtime::Twips labelWidth = Pick(2) == 0 ? 4155.0F : 121 + Halves(10'000);
+        const runtime::Twips tie = (labelWidth - 120) * (static_cast<runtime::Twips>(Pick(20)) + 0.5F);
+        return {
+            .kind = static_cast<std::int32_t>(Pick(8)) - 1,
+            .labelWidth = labelWidth,
+            .promptWidth = Pick(4) == 0 ? tie : Halves(Pick(4) == 0 ? 1'000'000 : 30'000),
+            .promptPieces = static_cast<std::int32_t>(Pick(20) == 0 ? Pick(2'147'483'646) + 1 : Pick(100) + 1),
+            .lineHeight = Halves(600) + 0.5F,
+            .inputHeight = Halves(2'000),
+            .buttonHeight = Halves(1'000),
+            .showsButton = Pick(2) == 0,
+            .screenHeight = 600 + Halves(30'000),
+        };
+    }
+    runtime::Twips Frame() { return Halves(1'000); }
+
+ private:
+    std::size_t Pick(std::size_t count) { return random_() % count; }
+    /// 0 to below `end`.
+    runtime::Twips Halves(std::size_t end) { return static_cast<runtime::Twips>(Pick(2 * end)) / 2; }
+
+    std::minstd_rand random_{4711};
+};
+
+TEST(QueryLayout, GeneratedMeasures_AgreeWithTheSlowLayout) {
+    MeasuresMaker maker;
+    int overflows = 0;
+    for (int i = 0; i < 100'000; ++i) {
+        const QueryMeasures measures = maker.Next();
+        const runtime::Twips frame = maker.Frame();
+        const std::optional<tests::SlowPlaces> slow = tests::SlowQueryLayout::Run(measures, frame);
+        if (!slow) {
+            ++overflows;
+            ASSERT_EQ(tests::ErrorOf([&] { QueryFormHeight(measures); }), runtime::kOverflow) << i;
+            continue;
+        }
+        const std::int32_t height = QueryFormHeight(measures);
+        ASSERT_EQ(height, slow->height) << i;
+        const QueryPlaces places = PlacesInQuery(static_cast<runtime::Twips>(height) - frame, measures);
+        ASSERT_EQ(places, (QueryPlaces{slow->labelHeight, slow->inputTop, slow->buttonTop})) << i;
+    }
+    EXPECT_GT(overflows, 1000);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <iterator>
+#include <random>
 #include <thread>
 #include <vector>
 
@@ -131,6 +133,37 @@ TEST_F(FieldSplitter, AgreesWithTheSlowSplitterThatTheFuzzerUses) {
         EXPECT_TRUE(tests::SlowFieldSplitter::Split(text).isEndless) << ToUtf8(text);
         EXPECT_TRUE(tests::NeverReturns(text)) << ToUtf8(text);
     }
+}
+
+/// Texts of up to 12 parts that matter to the rules, always the same ones.
+class FieldListMaker {
+ public:
+    String Next() {
+        static constexpr StringView kParts[] = {u"\"", u",", u"\"", u",", u" ", u"A",
+                                                u"1",  u"E", u".",  u"-", u"&", u"1E999"};
+        String text;
+        for (auto left = random_() % 13; left > 0; --left) text += kParts[random_() % std::size(kParts)];
+        return text;
+    }
+
+ private:
+    std::minstd_rand random_{4711};
+};
+
+TEST_F(FieldSplitter, GeneratedTexts_AgreeWithTheSlowSplitter) {
+    FieldListMaker maker;
+    int overflows = 0;
+    for (int compared = 0; compared < 100'000;) {
+        const String text = maker.Next();
+        const tests::SlowFields slow = tests::SlowFieldSplitter::Split(text);
+        if (slow.isEndless) continue;
+        ++compared;
+        ASSERT_EQ(ErrorOf([&text] { SplitFields(text); }), slow.error) << ToUtf8(text);
+        ASSERT_EQ(FieldTexts, slow.texts) << ToUtf8(text);
+        ASSERT_EQ(FieldValues, slow.values) << ToUtf8(text);
+        if (slow.error != 0) ++overflows;
+    }
+    EXPECT_GT(overflows, 100);
 }
 
 TEST_F(FieldSplitter, HasNoEntriesAfterAReset) {
