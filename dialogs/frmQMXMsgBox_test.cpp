@@ -142,6 +142,16 @@ TEST_F(MessageBox, EveryCharacterIsResentAndOnesThatNoButtonHasDoNothing) {
     EXPECT_EQ(memory_.windows.altKeys, u"x%{\u3042");
 }
 
+TEST_F(MessageBox, ResendingFails_ErrorIsIgnoredAndTheBoxStaysOpen) {
+    memory_.windows.failsAltKeys = true;
+    const auto answer = Ask(8 + 0x100, [](MemoryWindow& box) {
+        EXPECT_EQ(tests::ErrorOf([&box] { box.Events().KeyPress(u'y'); }), 0);
+        EXPECT_TRUE(box.visible);
+        box.Events().KeyDown(runtime::kKeyEnter, 0);
+    });
+    EXPECT_EQ(answer, 7);
+}
+
 TEST_F(MessageBox, ClosingTheWindowIsCancelEvenAfterAnEarlierAnswer) {
     EXPECT_EQ(AskAndPress(8, runtime::kKeyEnter), 6);
     EXPECT_EQ(Ask(8, [](MemoryWindow& box) { box.Events().Closing(runtime::UnloadReason::kUser); }), 2);
@@ -191,6 +201,34 @@ TEST_F(MessageBox, OddHalvesAreTwips) {
     box.ShowMe(runtime::String(343, u'm'), 0, u"");
 }
 
+/// Windows in which every text has the same size, of broken twips if need be.
+class FixedTextSize : public runtime::headless::MemoryWindows {
+ public:
+    explicit FixedTextSize(runtime::Size size) : size_(size) {}
+    runtime::Size TextSize(runtime::StringView, const runtime::Font&, runtime::Twips) override { return size_; }
+
+ private:
+    runtime::Size size_;
+};
+
+TEST_F(MessageBox, PromptGrowsByBrokenTwips_FormGrowsByTheNearestEvenNumber) {
+    // The label is 3700 by 390: it grows by 1.5 twips each way, then by 2.5.
+    for (const runtime::Size text : {runtime::Size{3701.5F, 391.5F}, {3702.5F, 392.5F}}) {
+        FixedTextSize windows(text);
+        const runtime::Ports ports = tests::WithPort(ports_, windows);
+        runtime::UsePorts(&ports);
+        windows.Post([&windows, text] {
+            MemoryWindow& box = windows.Last();
+            EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, text.width, text.height}));
+            EXPECT_EQ(box.InnerSize(), (runtime::Size{5085 + 2, 1425 + 2}));
+            EXPECT_EQ(Button(box, 0).bounds, (runtime::Rect{180 + 1, 915 + 2, 1125, 345}));
+            box.Events().KeyDown(runtime::kKeyEscape, 0);
+        });
+        EXPECT_EQ(AskWithSuiteBox(u"Overwrite?", 8, u"Title"), 2);
+        runtime::UsePorts(&ports_);
+    }
+}
+
 TEST_F(MessageBox, LongPromptOfLinesLowersTheButtons) {
     // Ten lines are 1950 high: 1560 more than the label's 390.
     Ask(
@@ -231,6 +269,17 @@ TEST_F(MessageBox, BusyPointerIsBackAfterwards) {
         box.Events().Closing(runtime::UnloadReason::kUser);
     });
     EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
+}
+
+TEST_F(MessageBox, BoxIsUnloaded_BusyPointerIsAlreadyBack) {
+    struct WatchedBox : frmQMXMsgBox {
+        void OnUnload(bool&) override { pointers.push_back(runtime::MousePointer()); }
+        std::vector<std::int16_t> pointers;
+    } box;
+    runtime::SetMousePointer(runtime::kHourglassPointer);
+    memory_.windows.Post([this] { memory_.windows.Last().Events().Clicked(2); });
+    EXPECT_EQ(box.ShowMe(u"Overwrite?", 8, u"Title"), 6);
+    EXPECT_THAT(box.pointers, ElementsAre(runtime::kHourglassPointer));
 }
 
 TEST_F(MessageBox, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheBoxGoes) {

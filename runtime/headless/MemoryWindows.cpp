@@ -65,6 +65,7 @@ Size MemoryWindows::TextSize(StringView text, const Font& font, Twips wrapWidth)
 }
 
 void MemoryWindows::SendAltKey(char16_t character) {
+    if (failsAltKeys) throw Error(kInvalidProcedureCall);
     altKeys += character;
     Post([this, character] {
         const auto active = std::find_if(windows_.rbegin(), windows_.rend(),

@@ -47,6 +47,8 @@ class MemoryWindows : public WindowsPort {
     bool quitting = false;
     /// What the resend of keys sent, in order.
     String altKeys;
+    /// Resending a key is error 5.
+    bool failsAltKeys = false;
     /// The registered messages' names, in order.
     std::vector<String> messages;
 

@@ -4,6 +4,7 @@
 #include "runtime/FontsPort_test.h"
 #include "runtime/win32/Win32Locale.h"
 #include "runtime/win32/WindowsHeaders.h"
+#include "tests/windows/ReplacedImport.h"
 
 namespace runtime::win32 {
 namespace {
@@ -31,6 +32,26 @@ TEST(GdiFonts, FindsAFaceInAnyLetterCase) {
     const String face = TriedGdiFonts().KnownFace();
     EXPECT_TRUE(GdiFonts().IsInstalled(Win32Locale().LowerCase(face)));
     EXPECT_TRUE(GdiFonts().IsInstalled(Win32Locale().UpperCase(face)));
+}
+
+struct AskedParameters {
+    UINT action;
+    UINT size;
+    UINT changes;
+};
+AskedParameters askedParameters{};
+
+BOOL WINAPI NoteParameters(UINT action, UINT size, void* /*into*/, UINT changes) noexcept {
+    askedParameters = {action, size, changes};
+    return FALSE;
+}
+
+TEST(GdiFonts, IconTitleFont_IsDescribedByAction31InASizeOf61) {
+    const tests::ReplacedImport replaced("SystemParametersInfoA", NoteParameters);
+    EXPECT_EQ(GdiFonts().MakeIconTitleFont(), 0);
+    EXPECT_EQ(askedParameters.action, 31u);
+    EXPECT_EQ(askedParameters.size, 61u);
+    EXPECT_EQ(askedParameters.changes, 0u);
 }
 
 }  // namespace

@@ -2,33 +2,10 @@
 // methods, combinations that mean nothing to it.
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <utility>
-
 #include "tests/messagebox/SuiteBoxTest.h"
 
 namespace tests {
 namespace {
-
-/// A box that its load handler changes, as the localisation does.
-class ChangedBox : public dialogs::frmQMXMsgBox {
- public:
-    explicit ChangedBox(std::function<void(ChangedBox&)> change) : change_(std::move(change)) {}
-
-    std::int32_t Ask(std::int32_t flags, Steps steps) {
-        const DialogDriver driver(std::move(steps));
-        return ShowMe(u"Overwrite?", flags, u"Title");
-    }
-    void Caption(std::size_t button, runtime::StringView caption) { Controls().at(button + 2)->SetText(caption); }
-
- private:
-    void OnLoad() override {
-        change_(*this);
-        frmQMXMsgBox::OnLoad();
-    }
-
-    std::function<void(ChangedBox&)> change_;
-};
 
 class SuiteBoxKeys : public SuiteBoxTest {};
 

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "dialogs/frmQMXMsgBox.h"
@@ -15,6 +16,26 @@ namespace tests {
 
 /// Presses Enter, which answers with the focused button.
 inline const Steps kEnter = {Keys({VK_RETURN})};
+
+/// A box that its load handler changes, as the localisation does.
+class ChangedBox : public dialogs::frmQMXMsgBox {
+ public:
+    explicit ChangedBox(std::function<void(ChangedBox&)> change) : change_(std::move(change)) {}
+
+    std::int32_t Ask(std::int32_t flags, Steps steps) {
+        const DialogDriver driver(std::move(steps));
+        return ShowMe(u"Overwrite?", flags, u"Title");
+    }
+    void Caption(std::size_t button, runtime::StringView caption) { Controls().at(button + 2)->SetText(caption); }
+
+ private:
+    void OnLoad() override {
+        change_(*this);
+        frmQMXMsgBox::OnLoad();
+    }
+
+    std::function<void(ChangedBox&)> change_;
+};
 
 class SuiteBoxTest : public AboveOwner<RuntimeTest> {
  protected:

@@ -1,0 +1,116 @@
+// How the suite's message box resends a character together with Alt: as key strokes when the character has a key of its
+// own and the box is in the foreground, otherwise as a posted character.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "tests/messagebox/SuiteBoxTest.h"
+#include "tests/windows/ReplacedImport.h"
+
+namespace tests {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+/// Records the key strokes and characters that the thread receives together with Alt: "key 59", "character 79".
+class AltLog {
+ public:
+    AltLog() : hook_(SetWindowsHookExW(WH_GETMESSAGE, Note, nullptr, GetCurrentThreadId())) { lines.clear(); }
+    AltLog(const AltLog&) = delete;
+    AltLog& operator=(const AltLog&) = delete;
+    ~AltLog() { UnhookWindowsHookEx(hook_); }
+
+    static inline std::vector<std::string> lines;
+
+ private:
+    static LRESULT CALLBACK Note(int code, WPARAM wParam, LPARAM lParam) noexcept {
+        const MSG& message = *reinterpret_cast<const MSG*>(lParam);
+        const bool isKey = message.message == WM_SYSKEYDOWN && message.wParam != VK_MENU;
+        const bool isCharacter = message.message == WM_SYSCHAR;
+        if (code == HC_ACTION && wParam == PM_REMOVE && (isKey || isCharacter)) {
+            std::ostringstream line;
+            line << (isKey ? "key " : "character ") << std::hex << message.wParam;
+            lines.push_back(line.str());
+        }
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    HHOOK hook_;
+};
+
+class SuiteBoxResending : public SuiteBoxTest {
+ protected:
+    /// Posts the character to the focused window, whichever window is in the foreground.
+    static DialogDriver::Step Posted(wchar_t character) {
+        return Do([character](HWND) { PostMessageW(GetFocus(), WM_CHAR, character, 1); });
+    }
+
+    AltLog log_;
+};
+
+TEST_F(SuiteBoxResending, Letter_IsResentAsAKey) {
+    EXPECT_EQ(Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Character(L'y')}), 6);
+    EXPECT_THAT(AltLog::lines, Contains("key 59"));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBoxResending, DigitOrSign_PressesTheButtonThatMarksIt) {
+    ChangedBox box([](ChangedBox& changed) {
+        changed.Caption(0, u"&5");
+        changed.Caption(1, u"&-");
+    });
+    EXPECT_EQ(box.Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Keys({'5'})}), 6);
+    EXPECT_THAT(AltLog::lines, Contains("key 35"));
+    EXPECT_EQ(box.Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Keys({VK_OEM_MINUS})}), 7);
+    EXPECT_THAT(AltLog::lines, Contains("key bd"));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBoxResending, BlankOrControlCharacter_IsNotResent) {
+    Steps steps = {FocusIsOn(L"&No")};
+    for (const wchar_t character : {L'\x01', L'\b', L'\t', L'\r', L'\x1B', L' ', L'\x7F'}) {
+        steps.push_back(Character(character));
+    }
+    steps.insert(steps.end(),
+                 {FocusIsOn(L"&No"), Do([](HWND) { EXPECT_THAT(AltLog::lines, IsEmpty()); }), Keys({VK_RETURN})});
+    EXPECT_EQ(Ask(8 + 0x100, steps), 7);
+    ExpectNothingIsLeft();
+}
+
+/// The key of a keyboard on which the at-sign is on Q with AltGr, which is Control and Alt.
+SHORT WINAPI GermanKeyFor(wchar_t character) noexcept {
+    return character == L'@' ? MAKEWORD('Q', 2 | 4) : static_cast<SHORT>(-1);
+}
+
+TEST_F(SuiteBoxResending, CharacterNeedsAltGr_IsPostedAsACharacter) {
+    const ReplacedImport german("VkKeyScanW", GermanKeyFor);
+    ChangedBox box([](ChangedBox& changed) {
+        changed.Caption(0, u"&@");
+        changed.Caption(1, u"&Q");
+    });
+    EXPECT_EQ(box.Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Character(L'@')}), 6);
+    EXPECT_THAT(AltLog::lines, ElementsAre("character 40"));
+    ExpectNothingIsLeft();
+}
+
+HWND WINAPI AnotherProgramsWindow() noexcept {
+    return GetDesktopWindow();
+}
+
+TEST_F(SuiteBoxResending, AnotherProgramIsInFront_CharacterIsPosted) {
+    const auto askBehindIt = [this] {
+        const ReplacedImport other("GetForegroundWindow", AnotherProgramsWindow);
+        return Ask(8 + 0x300, {Posted(L'y')});
+    };
+    EXPECT_EQ(askBehindIt(), 6);
+    EXPECT_THAT(AltLog::lines, ElementsAre("character 79"));
+    ExpectNothingIsLeft();
+}
+
+}  // namespace
+}  // namespace tests

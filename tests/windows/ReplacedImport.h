@@ -1,0 +1,27 @@
+// Replaces a function that this program imports from a system library, until the end of the block. A test records the
+// arguments of its calls or chooses their results. Only calls from the program's own code are replaced.
+#pragma once
+
+#include "runtime/win32/WindowsHeaders.h"
+
+namespace tests {
+
+class ReplacedImport {
+ public:
+    /// `entry` is the name that the library exports, such as "SendInput". `replacement` has the same signature and
+    /// calling convention. Fails the test when the program does not import the entry.
+    template <typename Function>
+    ReplacedImport(const char* entry, Function* replacement)
+        : ReplacedImport(entry, reinterpret_cast<ULONG_PTR>(replacement)) {}
+    ReplacedImport(const ReplacedImport&) = delete;
+    ReplacedImport& operator=(const ReplacedImport&) = delete;
+    ~ReplacedImport();
+
+ private:
+    ReplacedImport(const char* entry, ULONG_PTR replacement);
+
+    ULONG_PTR* place_;  ///< null when the program does not import the entry
+    ULONG_PTR original_ = 0;
+};
+
+}  // namespace tests
