@@ -111,6 +111,11 @@ TEST_F(ErrorReports, TitleHoldsTheProductsNameTwiceAndTheModulesCaption) {
     EXPECT_EQ(Report(2, u"x").title, kTitle);
 }
 
+TEST_F(ErrorReports, ModuleNameIsEmpty_TitleKeepsTheDash) {
+    processValues.moduleName.clear();
+    EXPECT_EQ(Report(2, u"x").title, u"Orvane -  (Pelorix Background process )");
+}
+
 TEST_F(ErrorReports, TitleHasTheProductsNameOfNowAndTheModulesOfItsLoad) {
     kernel_.Put(u"PRODUCT_NAME", u"Other");
     EXPECT_EQ(Report(2, u"x").title, u"Other - Orvane (Pelorix Background process )");

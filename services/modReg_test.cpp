@@ -29,6 +29,17 @@ class ModReg : public tests::HeadlessComponentTest {
         reader_.NormaliseFolder(folder);
         memory_.files.AddFile(u"C:\\sys\\MARLENTO.INI", text);
     }
+    /// What `load` reads and publishes, in order: "read JobDir", "publish JobDir".
+    std::vector<std::string> StepsOf(void (*load)()) {
+        std::vector<std::string> steps;
+        tests::RecordingReader recording(reader_);
+        const tests::ReaderInUse inUse(recording);
+        recording.onEachSetting = [&steps](StringView key) { steps.push_back("read " + runtime::ToUtf8(key)); };
+        kernel_.RewriteValues([&steps](const std::string& key, std::string&) { steps.push_back("publish " + key); });
+        load();
+        kernel_.RewriteValues({});
+        return steps;
+    }
 };
 
 class LoadingDirectories : public ModReg {};
@@ -54,6 +65,11 @@ TEST_F(LoadingDirectories, ProductNameIsReadAnewForEachDefault) {
                 ElementsAre("E_GetString(PRODUCT_NAME)", "E_GetString(PRODUCT_NAME)", "E_GetString(PRODUCT_NAME)",
                             "E_SetString(JobDir, C:\\Orvane\\JOB)", "E_SetString(LibDir, C:\\Orvane\\LIB)",
                             "E_SetString(EED3JobDir, C:\\Orvane\\JOB)"));
+}
+
+TEST_F(LoadingDirectories, FourFolders_AreReadInOrderAndThenPublished) {
+    EXPECT_THAT(StepsOf(LoadDirectories), ElementsAre("read JobDir", "read LibDir", "read SysDir", "read EED3JobDir",
+                                                      "publish JobDir", "publish LibDir", "publish EED3JobDir"));
 }
 
 TEST_F(LoadingDirectories, SettingsOverrideTheDefaults) {
@@ -102,6 +118,12 @@ TEST_F(LoadingProductIdentity, ReadersFailurePassesAndNothingIsPublished) {
     const tests::ReaderInUse inUse(broken);
     EXPECT_EQ(tests::ErrorOf([] { LoadProductIdentity(); }), runtime::kPropertyNotSupported);
     EXPECT_THAT(kernel_.Log(), IsEmpty());
+}
+
+TEST_F(LoadingProductIdentity, SixSettings_AreReadInOrderAndThenThreePublished) {
+    EXPECT_THAT(StepsOf(LoadProductIdentity),
+                ElementsAre("read SysName", "read Maker", "read Copyright", "read Ver", "read Rev", "read Range",
+                            "publish PRODUCT_NAME", "publish MAKER_NAME", "publish COPYRIGHT_NAME"));
 }
 
 TEST_F(LoadingProductIdentity, HasDefaults) {
@@ -194,6 +216,13 @@ TEST_F(CheckingFolders, ArgumentIsUpperCasedInPlace) {
     path = u"c:\\cad\\sys";
     EXPECT_EQ(Check(path), 0);
     EXPECT_EQ(path, u"C:\\CAD\\SYS");
+}
+
+TEST_F(CheckingFolders, LettersOutsideAscii_AreUpperCasedToo) {
+    memory_.files.AddFolder(u"C:\\gr\u00F6\u00DFe");
+    String path = u"c:\\gr\u00F6\u00DFe";
+    EXPECT_EQ(Check(path), 0);
+    EXPECT_EQ(path, u"C:\\GR\u00D6\u00DFE");
 }
 
 TEST_F(CheckingFolders, DriveZGoesToTheDisk) {

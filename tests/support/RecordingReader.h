@@ -1,5 +1,5 @@
 // A reader that passes everything on to another one, notes which texts it is asked for, and lets something happen or
-// fail when it is.
+// fail when it is asked for a text or a setting.
 #pragma once
 
 #include <functional>
@@ -20,6 +20,7 @@ class RecordingReader : public kernel_api::Reader {
     void NormaliseFolder(runtime::String& folder) override { reader_.NormaliseFolder(folder); }
     runtime::String GetSetting(runtime::StringView application, runtime::StringView key,
                                runtime::StringView defaultValue) override {
+        if (onEachSetting) onEachSetting(key);
         return reader_.GetSetting(application, key, defaultValue);
     }
     runtime::String GetText(runtime::StringView defaultText, runtime::StringView textId) override {
@@ -35,6 +36,7 @@ class RecordingReader : public kernel_api::Reader {
 
     std::function<void()> onNextText;
     std::function<void()> onEachText;
+    std::function<void(runtime::StringView key)> onEachSetting;
 
  private:
     kernel_api::Reader& reader_;

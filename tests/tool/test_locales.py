@@ -36,14 +36,21 @@ def environment_of(locale):
     return {**os.environ, "LOCPATH": str(locale_folder), "LC_ALL": locale + ".UTF-8"}
 
 
+def output_of(locale, program, *arguments, text=""):
+    """What a program prints on a system of that locale; `text` is its input."""
+    # Files, not pipes: helper processes of Wine inherit them and keep them open after the program has ended.
+    with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as output:
+        given.write(text.encode("utf-8"))
+        given.seek(0)
+        subprocess.run([wine_run, str(bin_folder / program), *arguments], stdin=given, stdout=output,
+                       env=environment_of(locale), check=True, timeout=TIMEOUT)
+        output.seek(0)
+        return output.read().decode("utf-8").replace("\r\n", "\n")
+
+
 def lines_of(locale, *arguments):
     """What `backproc locale` prints, by the names of its lines."""
-    # Files, not pipes: helper processes of Wine inherit them and keep them open after the program has ended.
-    with tempfile.TemporaryFile() as output:
-        subprocess.run([wine_run, str(bin_folder / "backproc.exe"), "locale", *arguments], stdin=subprocess.DEVNULL,
-                       stdout=output, env=environment_of(locale), check=True, timeout=TIMEOUT)
-        output.seek(0)
-        return dict(line.split("=", 1) for line in output.read().decode("utf-8").splitlines())
+    return dict(line.split("=", 1) for line in output_of(locale, "backproc.exe", "locale", *arguments).splitlines())
 
 
 def end_wine():
@@ -105,6 +112,19 @@ class SystemLocale(LocaleTestCase):
     def test_pretended_locale_decides_alone(self):
         self.assertEqual(lines_of("de_DE", "--lcid", "3090")["rule"], "other Korean")
         self.assertEqual(lines_of("de_DE", "--lcid", "0x30404")["rule"], "other Chinese")
+
+
+class DoubleByteCodePage(unittest.TestCase):
+    """Code page 932, in which the second byte of some characters is that of a backslash: U+8868 is 95 5C."""
+
+    def test_unit_test_that_needs_it_runs(self):
+        output = output_of("ja_JP", "unit_tests.exe", "--gtest_filter=Win32Locale.DoubleByteTextComesBack")
+        self.assertIn("[  PASSED  ] 1 test.\n", output)
+        self.assertNotIn("SKIPPED", output)
+
+    def test_shared_string_comes_back(self):
+        output = output_of("ja_JP", "backproc.exe", "host", text="set JobDir C:\\\u8A2D\u8A08\\\u8868\nget JobDir\n")
+        self.assertEqual(output, "JobDir=[C:\\\u8A2D\u8A08\\\u8868]\n")
 
 
 class SystemLocaleWithMsSansSerif(LocaleTestCase):

@@ -20,10 +20,12 @@ void* __stdcall HtmlHelpW(void* owner, const wchar_t* file, unsigned command, st
     return nullptr;
 }
 
-/// Its calls stand in the same record, each behind an "A " that tells them apart.
+/// Its calls stand in the same record, each behind an "A " that tells them apart; each byte of the name is recorded as
+/// the character of that number.
 void* __stdcall HtmlHelpA(void* owner, const char* file, unsigned command, std::uintptr_t data) {
     Record() += L"A ";
-    return HtmlHelpW(owner, std::wstring(file, file + std::strlen(file)).c_str(), command, data);
+    const auto* const bytes = reinterpret_cast<const unsigned char*>(file);
+    return HtmlHelpW(owner, std::wstring(bytes, bytes + std::strlen(file)).c_str(), command, data);
 }
 
 /// The calls since the library was loaded, a line each: owner's window handle, file, command, data.
