@@ -1,5 +1,5 @@
-// A help control that shows a plain window in help's place, closes it after a moment, and notes its calls in a file
-// beside itself: whether there is an owner, the file, the command.
+// A help control that shows a plain window in help's place, without taking the keyboard, closes it after a moment, and
+// notes its calls in a file beside itself: whether there is an owner, the file, the command.
 #include "runtime/win32/WindowsHeaders.h"
 
 #include <fstream>
@@ -26,8 +26,9 @@ extern "C" HWND __stdcall HtmlHelpA(HWND owner, const char* file, UINT command, 
     std::ofstream(NotesFile(), std::ios::app)
         << (IsWindow(owner) ? "owned" : "ownerless") << " [" << file << "] " << command << "\n";
     if (command != kDisplayContents) return nullptr;
-    const HWND window = CreateWindowExW(0, L"STATIC", L"help", WS_POPUP | WS_VISIBLE, 0, 0, 100, 100, nullptr, nullptr,
-                                        nullptr, nullptr);
+    const HWND window = CreateWindowExW(WS_EX_NOACTIVATE, L"STATIC", L"help", WS_POPUP, 0, 0, 100, 100, nullptr,
+                                        nullptr, nullptr, nullptr);
+    ShowWindow(window, SW_SHOWNOACTIVATE);
     SetTimer(window, 1, kShownFor, Close);
     return window;
 }

@@ -52,10 +52,12 @@ SHOWS_HELP = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
 
 
 def replace_help_control(double):
-    """Puts a built double of the help control into the system folder; returns its path. Only for the prefix of one test."""
+    """Puts a built double of the help control, without the notes of an earlier one, into the system folder; returns its
+    path. Only for the prefix of one test."""
     control = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "system32", "hhctrl.ocx")
     # All prefixes share the file, so it must not be written to.
     control.unlink()
+    pathlib.Path(f"{control}.txt").unlink(missing_ok=True)
     return pathlib.Path(shutil.copy(bin_folder / double, control))
 
 

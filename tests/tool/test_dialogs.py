@@ -54,11 +54,13 @@ class Dialogs(ToolTestCase):
         with tempfile.TemporaryDirectory() as name:
             folder = pathlib.Path(name)
             running.copy_built(folder, "backproc.exe", "dev/QmxKrn2K.dll")
-            # A viewer that opens nothing; the character tells that the keys have arrived.
-            running.replace_help_control("recording_help.ocx")
-            answer = self.answer(["a", "ctrl+F1", "Return"], "query", "--kind", "1", "", folder=folder,
-                                 environment=running.SHOWS_HELP)
+            control = running.replace_help_control("test/hhctrl.ocx")
+            # The character shows that the keys have arrived. "ctrl+F1" would release Ctrl first, which opens no help.
+            keys = ["a", "keydown", "ctrl", "key", "F1", "keyup", "ctrl", "key", "Return"]
+            answer = self.answer(keys, "query", "--kind", "1", "", folder=folder, environment=running.SHOWS_HELP)
+            calls = pathlib.Path(f"{control}.txt").read_text(encoding="ascii")
         self.assertEqual(answer, (0, "text=a\nindex=0\n"))
+        self.assertEqual(calls.splitlines(), [f"ownerless [{windows_path(folder)}\\Marlentine.chm] 1"])
 
     def test_query_tells_its_ends_apart(self):
         self.assertEqual(self.ask("Return", "--kind", "1", "abc  "), (0, "text=abc\nindex=0\n"))
