@@ -342,6 +342,13 @@ TEST_F(LanguageCommands, LzOnAFormThatIsNotLoadedLoadsIt) {
     EXPECT_TRUE(form_.IsLoaded());
 }
 
+TEST_F(LanguageCommands, LzLoadsTheForm_ItIsPublishedInTheNewLanguage) {
+    CaptionAfterLz(u"C:\\de");
+    Notify(u"All,EX");
+    CaptionAfterLz(u"C:\\en");
+    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"Background, 0, 0, 0, 0");
+}
+
 TEST_F(LanguageCommands, TextsFollowTheCommandAndNotTheKernelAfterwards) {
     CaptionAfterLz(u"C:\\de");
     kernel_.Put(u"LANGUAGEPATH", u"C:\\en");
@@ -372,6 +379,13 @@ TEST_F(CommandsInMemory, ErrorWhileTheSuitesBoxIsOpenIsShownAndAnswersItWithCanc
     EXPECT_EQ(services::ShowMessage(u"Overwrite?", services::kSuiteBox), 2);
     EXPECT_THAT(box_.prompts, ElementsAre(u"no database"));
     EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(CommandsInMemory, ExWithoutALoadedForm_LetsPendingEventsRun) {
+    bool ran = false;
+    memory_.windows.Post([&ran] { ran = true; });
+    Notify(u"All,EX");
+    EXPECT_TRUE(ran);
 }
 
 TEST_F(CommandsInMemory, ExUnloadsAFormAgainThatAPendingEventLoads) {

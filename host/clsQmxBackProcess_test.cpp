@@ -10,6 +10,8 @@
 #include "services/NumberFormats.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
+#include "tests/support/ReaderInUse.h"
+#include "tests/support/RecordingReader.h"
 
 namespace host {
 namespace {
@@ -73,6 +75,19 @@ TEST_F(Creation, TakesItsStepsInOrder) {
                             "E_SetString(MAKER_NAME, Harnwell)", "E_SetString(COPYRIGHT_NAME, Daventa)"));
 }
 
+TEST_F(Creation, InitIsPublished_ClientIsAlreadyLinkedToTheForm) {
+    bool raised = false;
+    kernel_.RewriteValues([&raised](const std::string& key, std::string&) {
+        if (key != "INITBP" || std::exchange(raised, true)) return;
+        String command = u"EARLY";
+        MainForm().AP_SendCmdAll(command);
+    });
+    const Instance object = Make();
+    kernel_.RewriteValues({});
+    EXPECT_TRUE(raised);
+    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|EARLY"));
+}
+
 TEST_F(Creation, SetsProcessWideValues) {
     processValues.moduleName = u"left over";
     memory_.process.SetComponentFolder(u"D:\\Suite");
@@ -111,7 +126,29 @@ class HostCommandLine : public Creation {
         memory_.process.SetCommandLine(commandLine);
         return Make();
     }
+    /// Creates an instance whose system folder is refused, and calls `look` just before the refusal is reported.
+    void LookWhileTheFolderIsRefused(const std::function<void()>& look) {
+        tests::RecordingReader recording(reader_);
+        const tests::ReaderInUse inUse(recording);
+        recording.onNextText = look;
+        memory_.messageBox.answers = {1};
+        const Instance object = MakeOn(u"/sys:C:\\nowhere");
+        EXPECT_FALSE(recording.onNextText) << "nothing was reported";
+    }
 };
+
+TEST_F(HostCommandLine, FolderIsRefused_InitIsAlreadyPublished) {
+    LookWhileTheFolderIsRefused([this] { EXPECT_EQ(Kept(u"INITBP"), u"INIT"); });
+}
+
+TEST_F(HostCommandLine, FolderIsRefused_ModuleNameIsAlreadyEmpty) {
+    processValues.moduleName = u"left over";
+    LookWhileTheFolderIsRefused([] { EXPECT_EQ(processValues.moduleName, u""); });
+}
+
+TEST_F(HostCommandLine, FolderIsRefused_NumberFormatsAreAlreadySet) {
+    LookWhileTheFolderIsRefused([] { EXPECT_EQ(services::numberFormats.coordinate, u"#0.0000#"); });
+}
 
 TEST_F(HostCommandLine, EmptyGivesTheFolderBesideTheComponent) {
     const auto object = MakeOn(u"");
@@ -281,9 +318,15 @@ TEST_F(LoadingInMemory, OfAVisibleFormIsFalseAndChangesNothing) {
     EXPECT_EQ(MainForm().State(), runtime::WindowState::kMinimised);
 }
 
-TEST_F(LoadingInMemory, ShowsTheHourglassMeanwhile) {
-    const auto object = Make();
+TEST_F(LoadingInMemory, FormIsLoading_PointerIsTheHourglassUntilTheEnd) {
+    const Instance object = Make();
+    std::vector<std::int16_t> whileLoading;
+    kernel_.RewriteValues([&whileLoading](const std::string& key, std::string&) {
+        if (key == "K4TBACKPROCESS") whileLoading.push_back(runtime::MousePointer());
+    });
     Load(*object);
+    kernel_.RewriteValues({});
+    EXPECT_THAT(whileLoading, ElementsAre(11));
     EXPECT_THAT(memory_.windows.pointers, ElementsAre(11, 0));
 }
 

@@ -8,6 +8,7 @@
 #include "routing/ModuleList.h"
 #include "runtime/Screen.h"
 #include "services/ProcessValues.h"
+#include "services/QMXHLP.h"
 #include "tests/support/ComponentFixture.h"
 #include "tests/support/HandledForm.h"
 
@@ -151,6 +152,50 @@ TEST_F(MainFormLoad, HoldsTheClaimOfTheFirstInstanceUntilItsUnload) {
     EXPECT_EQ(memory_.process.HeldClaims(), 0);
 }
 
+TEST_F(MainFormInMemory, EarlierInstanceIsFound_CaptionsAndHandleAreTaken) {
+    kernel_.Put(u"PRODUCT_NAME", u"Orvane");
+    memory_.process.SetEarlierInstance(true);
+    // Help that is open is closed with the handle that the load has taken.
+    processValues.helpIsOpen = -1;
+    String caption;
+    runtime::NativeHandle window = 0;
+    const auto looking = form_.NotifyClass().Connect([&](String&, String&) {
+        caption = form_.Caption();
+        window = form_.Handle();
+    });
+    tests::ErrorOf([this] { form_.EnsureLoaded(); });
+    EXPECT_EQ(caption, u"Pelorix Background Processing Application");
+    EXPECT_EQ(processValues.moduleCaption, u"Pelorix Background process ");
+    EXPECT_EQ(processValues.moduleName, u"Orvane");
+    EXPECT_NE(window, 0);
+    EXPECT_THAT(memory_.help.calls, ElementsAre(runtime::headless::RecordingHelp::Call{window, std::nullopt}));
+}
+
+TEST_F(MainFormInMemory, EarlierInstanceIsFound_FormIsNotCentredNorLocalised) {
+    memory_.process.SetEarlierInstance(true);
+    tests::ErrorOf([this] { form_.EnsureLoaded(); });
+    ASSERT_EQ(memory_.settings.Saved().size(), 4u);
+    EXPECT_EQ(memory_.settings.Saved()[0].value, u"5070");
+    EXPECT_EQ(memory_.settings.Saved()[1].value, u"8595");
+    EXPECT_EQ(processValues.uiFont, services::UiFont());
+}
+
+TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsSetAfterwards) {
+    kernel_.RewriteValues([this](const std::string&, std::string&) {
+        // As an icon it does not become active, so that nothing but the load hides it.
+        form_.SetState(WindowState::kMinimised);
+        form_.SetVisible(true);
+    });
+    std::vector<String> helpPaths;
+    memory_.windows.onWindowGoes = [&helpPaths] { helpPaths.push_back(processValues.helpFilePath); };
+    processValues.installFolder = u"D:\\Pelorix";
+    form_.EnsureLoaded();
+    kernel_.RewriteValues({});
+    memory_.windows.onWindowGoes = {};
+    EXPECT_THAT(helpPaths, ElementsAre(u""));
+    EXPECT_EQ(processValues.helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
+}
+
 using MainFormUnload = MainFormOver<tests::ComponentTest>;
 
 TEST_F(MainFormUnload, WithdrawsTheRecordSavesThePlacementAndSaysShutdownOnce) {
@@ -202,6 +247,33 @@ TEST_F(MainFormUnload, ErrorOfAListenerLeavesNoForm) {
 }
 
 using MainFormUnloadInMemory = MainFormOver<tests::HeadlessComponentTest>;
+
+TEST_F(MainFormUnloadInMemory, UnloadBegins_PlacementIsAlreadySaved) {
+    struct WatchedForm : frmBackProcessMain {
+        void OnUnload(bool& cancel) override {
+            savedBefore = settings->Saved().size();
+            frmBackProcessMain::OnUnload(cancel);
+        }
+        runtime::headless::MemorySettings* settings = nullptr;
+        std::size_t savedBefore = 0;
+    } form;
+    form.settings = &memory_.settings;
+    form.EnsureLoaded();
+    form.Unload();
+    EXPECT_EQ(form.savedBefore, 4u);
+}
+
+TEST_F(MainFormUnloadInMemory, RecordIsWithdrawn_HelpIsClosedAfterwards) {
+    form_.EnsureLoaded();
+    std::int16_t wanted = -1;
+    services::ShowHelpTopic(u"", 0, wanted);
+    std::vector<std::size_t> helpCalls;
+    kernel_.RewriteValues([&](const std::string&, std::string&) { helpCalls.push_back(memory_.help.calls.size()); });
+    form_.Unload();
+    kernel_.RewriteValues({});
+    EXPECT_THAT(helpCalls, ElementsAre(1u));
+    EXPECT_EQ(memory_.help.calls.size(), 2u);
+}
 
 TEST_F(MainFormUnloadInMemory, LetsPendingEventsRunBetweenUnloads) {
     runtime::Form dialog({.name = u"dialog", .caption = u"", .inner = {3000, 1500}});
@@ -323,13 +395,19 @@ TEST_F(MainFormCommands, ShellBuildsItsCommand) {
     EXPECT_THAT(heard_, ElementsAre("M|SHELL,1,X", "M|SHELL,0,", "M|SHELL,-3,a,b"));
 }
 
-TEST_F(MainFormCommands, DoNotLoadTheForm) {
-    String text = u"x";
-    form_.AP_SendCmdAll(text);
+TEST_F(MainFormCommands, FormIsNotLoaded_NoneOfThemLoadsIt) {
+    String module = u"M";
+    String command = u"C";
+    form_.AP_SendCmd(module, command);
     EXPECT_FALSE(form_.IsLoaded());
+    form_.AP_SendCmdAll(command);
+    EXPECT_FALSE(form_.IsLoaded());
+    form_.AP_Shell(module, 1, u"X");
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_EQ(heard_.size(), 3u);
 }
 
-TEST_F(MainFormCommands, ListenersChangesReachTheCaller) {
+TEST_F(MainFormCommands, ListenerChangesTheTexts_TheCallersChangeToo) {
     const auto changing = form_.NotifyClass().Connect([](String& module, String& command) {
         module += u"1";
         command += u"2";
@@ -339,6 +417,10 @@ TEST_F(MainFormCommands, ListenersChangesReachTheCaller) {
     form_.AP_SendCmd(module, command);
     EXPECT_EQ(module, u"M1");
     EXPECT_EQ(command, u"C2");
+    form_.AP_SendCmdAll(command);
+    EXPECT_EQ(command, u"C22");
+    form_.AP_Shell(module, 1, u"X");
+    EXPECT_EQ(module, u"M11");
 }
 
 TEST_F(MainFormCommands, ErrorOfAListenerReachesTheCallerAfterAllWereTold) {
