@@ -172,6 +172,19 @@ TEST_F(Verbs, SaveAndOpenTakeTheTrimmedNameOfTheDesign) {
     EXPECT_EQ(CurrentDesignName, u"other");
 }
 
+TEST_F(Verbs, SaveAndOpen_NameIsThatOfTheHandleTheKernelGave) {
+    for (const std::int32_t handle : {7, -2}) {
+        kernel_.UseDesignHandle(handle);
+        for (const StringView command : {u"All,SAVE", u"All,OPEN"}) {
+            kernel_.ClearLog();
+            CurrentDesignName.clear();
+            Execute(command);
+            EXPECT_EQ(CurrentDesignName, u"amplifier");
+            EXPECT_THAT(kernel_.Log(), ElementsAre("DB_DataBase()", "O_GetName(" + std::to_string(handle) + ")"));
+        }
+    }
+}
+
 TEST_F(Verbs, DesignWithoutANameGivesAnEmptyOne) {
     CurrentDesignName = u"before";
     kernel_api::dev::InMemoryKernel empty;

@@ -103,8 +103,18 @@ TEST_F(ReadingTheModuleList, OnlyReadsTheList) {
     EXPECT_THAT(kernel_.Log(), ElementsAre("E_GetString(AllAps)"));
 }
 
-TEST_F(ReadingTheModuleList, OverflowOfAFieldsNumberPasses) {
-    EXPECT_EQ(tests::ErrorOf([&] { Read(u"A,1E999"); }), runtime::kOverflow);
+TEST_F(ReadingTheModuleList, ListCannotBeRead_MessageIsAlreadyRegistered) {
+    kernel_.FailOn("E_GetString(AllAps)", runtime::Error(runtime::kDllEntryPointNotFound));
+    EXPECT_EQ(tests::ErrorOf([] { ReadModuleList(); }), runtime::kDllEntryPointNotFound);
+    EXPECT_EQ(InterModuleMessage, 0xC000u);
+}
+
+TEST_F(ReadingTheModuleList, NumberOverflows_ErrorPassesAndTheListIsEmpty) {
+    Read(u"K4TBACKPROCESS,B");
+    EXPECT_EQ(tests::ErrorOf([&] { Read(u"A,K4TBACKPROCESS,1E999"); }), runtime::kOverflow);
+    EXPECT_EQ(ModuleCount, 0);
+    EXPECT_EQ(OwnModuleIndex, 0);
+    EXPECT_THAT(ModuleNames, ElementsAre(u""));
 }
 
 class PublishingTheState : public tests::HeadlessComponentTest {
@@ -154,6 +164,13 @@ class FormShown : public tests::ComponentTest {
 TEST_F(FormShown, IsFalseForAFormThatIsNotLoadedAndDoesNotLoadIt) {
     EXPECT_FALSE(IsFormShown(form_));
     EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST_F(FormShown, AnotherFormIsVisible_ThisOneIsNotLoadedByAsking) {
+    other_.SetVisible(true);
+    EXPECT_FALSE(IsFormShown(form_));
+    EXPECT_FALSE(form_.IsLoaded());
+    other_.Unload();
 }
 
 TEST_F(FormShown, IsFalseWhileHiddenAndTrueWhileVisible) {

@@ -6,7 +6,6 @@
 namespace kernel_api::dev {
 namespace {
 
-constexpr std::int32_t kOpenDesign = 1;
 constexpr const char* kDesignNameKey = "DESIGN_NAME";
 
 std::string ToBytes(StringView text) {
@@ -54,12 +53,12 @@ TextPointer InMemoryKernel::E_GetString(StringView key) {
 
 std::int32_t InMemoryKernel::DB_DataBase() {
     Enter("DB_DataBase()");
-    return kOpenDesign;
+    return designHandle_;
 }
 
 TextPointer InMemoryKernel::O_GetName(std::int32_t handle) {
     Enter("O_GetName(" + std::to_string(handle) + ")");
-    return handle == kOpenDesign ? HandOut(designName_, kDesignNameKey) : 0;
+    return handle == designHandle_ ? HandOut(designName_, kDesignNameKey) : 0;
 }
 
 TextPointer InMemoryKernel::HandOut(HandedOut& handedOut, const std::string& key) {

@@ -35,6 +35,9 @@ class InMemoryKernel : public Kernel {
     /// What is kept under `key`, not logged.
     std::optional<String> Kept(StringView key) const;
 
+    /// The handle of the open design, 1 unless a test chooses another one.
+    void UseDesignHandle(std::int32_t handle) { designHandle_ = handle; }
+
     /// Makes the call number `call` fail once; 1 is the next one.
     void FailAt(int call, const runtime::Error& error);
     /// Makes every call fail whose log line starts with `start`, such as "DB_DataBase" or "E_SetString(JobDir,".
@@ -52,6 +55,7 @@ class InMemoryKernel : public Kernel {
     std::map<std::string, std::string> strings_;
     std::map<std::string, HandedOut> handedOut_;
     HandedOut designName_;
+    std::int32_t designHandle_ = 1;
     std::vector<std::string> log_;
     int calls_ = 0;
     std::map<int, runtime::Error> failingCalls_;

@@ -61,6 +61,9 @@ TEST(InMemoryKernel, NamesTheOpenDesignAlone) {
     kernel.Put(u"DESIGN_NAME", u"amplifier");
     EXPECT_STREQ(At(kernel.O_GetName(1)), "amplifier");
     EXPECT_EQ(kernel.O_GetName(2), 0);
+    kernel.UseDesignHandle(2);
+    EXPECT_EQ(kernel.DB_DataBase(), 2);
+    EXPECT_STREQ(At(kernel.O_GetName(2)), "amplifier");
 }
 
 TEST(InMemoryKernel, KeepsAnAddressUntilItsKeyIsAskedForAgain) {

@@ -99,10 +99,13 @@ TEST_F(KernelWithout, TheWritingOfStringsCannotLoadTheFormNorCreateAnInstance) {
     EXPECT_EQ(tests::ErrorOf([] { clsQmxBackProcess([](String&, String&) {}); }), runtime::kDllEntryPointNotFound);
 }
 
-TEST_F(KernelWithout, AnyEntryStillIgnoresWhatNeedsNone) {
-    for (const StringView command : {u"All,RD", u"All,FMVHDLED,CUPL", u"Editor,SAVE"}) {
-        EXPECT_EQ(Execute(command, u"DB_DataBase"), 0);
+TEST_F(KernelWithout, AnyEntry_CommandsThatNeedNoneAreCarriedOut) {
+    for (const StringView missing : {u"E_SetString", u"E_GetString", u"DB_DataBase", u"O_GetName"}) {
+        for (const StringView command : {u"All,RD", u"All,UP", u"All,FMVHDLED,CUPL", u"All,NONE", u"Editor,SAVE"}) {
+            EXPECT_EQ(Execute(command, missing), 0) << runtime::ToUtf8(missing) << ": " << runtime::ToUtf8(command);
+        }
     }
+    EXPECT_TRUE(memory_.messageBox.shown.empty());
     EXPECT_THAT(heard_, ElementsAre());
     EXPECT_TRUE(form_.IsLoaded());
 }
