@@ -15,13 +15,13 @@ if(WIN32)
     # Windows 7 is the oldest system served; the wide functions are the only ones called without a suffix.
     target_compile_definitions(project_options INTERFACE
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
-    # No compiler's DLL beside ours, and no symbols in what ships. Definition files give the plain names of exports, for
-    # which the linker finds the decorated ones.
+    # No compiler's DLL beside ours. Definition files give the plain names of exports, for which the linker finds the
+    # decorated ones.
     if(MSVC)
         set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
     else()
         target_link_options(project_options INTERFACE
-            -static $<$<CONFIG:Release>:-s> -Wl,--enable-stdcall-fixup)
+            -static $<$<AND:$<CONFIG:Release>,$<NOT:$<BOOL:$<TARGET_PROPERTY:SYMBOLS>>>>:-s> -Wl,--enable-stdcall-fixup)
     endif()
 endif()
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
@@ -44,6 +44,12 @@ if(K4T_COVERAGE)
     add_link_options(--coverage)
 endif()
 
+# What ships has symbols (split_symbols): names of functions, and lines. The paths are those within the project.
+set(symbols)
+if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_BUILD_TYPE STREQUAL "Release")
+    set(symbols $<$<COMPILE_LANGUAGE:C,CXX>:-g1> $<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
+endif()
+
 # compile_together(TARGET): compiles the sources of TARGET as one, which saves reading the headers again for each.
 function(compile_together target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ${K4T_UNITY} UNITY_BUILD_BATCH_SIZE 0)
@@ -54,8 +60,24 @@ function(folder_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
     target_link_libraries(${name} PUBLIC project_options ${ARG_LINK})
-    target_compile_options(${name} PRIVATE ${instrumentation})
+    target_compile_options(${name} PRIVATE ${instrumentation} ${symbols})
     compile_together(${name})
+endfunction()
+
+# split_symbols(TARGET): moves the symbols of TARGET, which ships, into a file of the folder symbols/. The program keeps a
+# link by which debuggers find that file.
+function(split_symbols target)
+    if(NOT symbols)
+        return()
+    endif()
+    set(file ${CMAKE_BINARY_DIR}/symbols/$<TARGET_FILE_NAME:${target}>.debug)
+    target_compile_options(${target} PRIVATE ${symbols})
+    set_target_properties(${target} PROPERTIES SYMBOLS ON)
+    add_custom_command(TARGET ${target} POST_BUILD
+        COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/symbols
+        COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> ${file}
+        COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${file} $<TARGET_FILE:${target}>
+        VERBATIM)
 endfunction()
 
 # test_sources(TARGET): compiles the sources of TARGET as tests are compiled: together, and without optimising, because
