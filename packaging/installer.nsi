@@ -1,16 +1,18 @@
 ; The installer of the component. scripts/package builds it and gives it:
 ;     VERSION   "1.0.0"
 ;     CLASS_ID  of the component's class, without braces
-;     FILES     a script with the macros InstallFiles and RemoveFiles, made from what ships
+;     FILES     a script with the macros InstallFiles and InstallDevelopmentKernel, made from what ships
 ;     OUTPUT    the installer's file
 ;
-; It installs for the current user, without an administrator's rights; with /AllUsers for the machine. /S asks nothing,
-; /D=FOLDER (last, without quotes) chooses the folder. Exit codes: 0 done, 1 given up by the user, 2 failed.
+; It installs for the current user, without an administrator's rights; with /AllUsers for the machine. /DevKernel installs
+; the development kernel too. /S asks nothing, /D=FOLDER (last, without quotes) chooses the folder.
+; Exit codes: 0 done, 1 cancelled by the user, 2 failed, 3 a file is in use and nothing was changed.
 Unicode true
 SetCompressor /SOLID lzma
 !include FileFunc.nsh
 !include LogicLib.nsh
-!include "${FILES}"
+!include Sections.nsh
+!include record.nsh
 
 !define PRODUCT "Pelorix Back Process Manager"
 !define REMOVAL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\K4TBackProcess"
@@ -31,28 +33,63 @@ VIAddVersionKey FileVersion "${VERSION}.0"
 VIAddVersionKey LegalCopyright "Daventa"
 
 Var hasEntries ; "yes" when the entry for the removal is this folder's
-Var scopeOption ; what the tool is told: "--user", or nothing for the machine
+Var scopeOption ; the tool's option for the scope: "--user", or nothing for the machine
+Var record ; the list of installed files, open for writing
 
 Page directory
+Page components KeepDevelopmentKernel
 Page instfiles
 UninstPage uninstConfirm
 UninstPage instfiles
 
-!macro GiveUp message
-  MessageBox MB_OK|MB_ICONSTOP "${message}" /SD IDOK
-  SetErrorLevel 2
-  Quit
+!insertmacro RecordFunctions ""
+!insertmacro RecordFunctions "un."
+
+; Visitor: $found becomes "recorded" or "ours" when $wanted is in the list or even has the contents of the list.
+Function FindWanted
+  ${If} $path == $wanted
+    StrCpy $found "recorded"
+    Call IsOurs
+    ${If} $0 == "yes"
+      StrCpy $found "ours"
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+; Ends the program when the place of a file that must be installed is taken by one that is not ours.
+!macro RequirePlace file
+  StrCpy $wanted "${file}"
+  StrCpy $found ""
+  ${EachRecorded} FindWanted
+  ${If} $found != "ours"
+  ${AndIf} ${FileExists} "$INSTDIR\${file}"
+    ${GiveUp} ${EXIT_FAILED} "$INSTDIR\${file} was not installed by this set-up, or it was changed since. Move it away, or \
+      choose another folder. Nothing has been changed."
+  ${EndIf}
 !macroend
 
-Function .onInit
-  ${GetParameters} $0
-  ClearErrors
-  ${GetOptions} $0 "/AllUsers" $1
-  ${If} ${Errors}
-    Call ChooseUser
+; Installs SOURCE, with the SHA-256 HASH, as FILE, unless there is a file already.
+!macro PlaceFile file folder hash source
+  ${If} ${FileExists} "$INSTDIR\${file}"
+    ${Note} "Left as it is, because this set-up did not install it or it was changed since: $INSTDIR\${file}"
   ${Else}
-    Call ChooseMachine
+    CreateDirectory "$INSTDIR\${folder}"
+    FileWrite $record "${hash} ${file}$\r$\n"
+    ClearErrors
+    File "/oname=$INSTDIR\${file}" "${source}"
+    ${If} ${Errors}
+      StrCpy $path "${file}"
+      Call GiveUpWriting
+    ${EndIf}
   ${EndIf}
+!macroend
+!include "${FILES}"
+
+Function GiveUpWriting
+  FileClose $record
+  Delete "$INSTDIR\$path"
+  ${GiveUp} ${EXIT_FAILED} "$INSTDIR\$path could not be written. Is the disk full, or the folder protected? The \
+    installation is not complete: run this set-up again."
 FunctionEnd
 
 ; Two registrations would hide one another, so one scope refuses while the other is there.
@@ -61,7 +98,7 @@ Function ChooseUser
   StrCpy $scopeOption "--user"
   ReadRegStr $0 HKLM "${CLASS_KEY}" ""
   ${If} $0 != ""
-    !insertmacro GiveUp "The component is registered for all users of this machine already. Remove that installation first, or run 'backproc unregister' as an administrator."
+    ${GiveUp} ${EXIT_FAILED} "The component is registered for all users of this machine already. Remove that installation first, or run 'backproc unregister' as an administrator."
   ${EndIf}
   ${If} $INSTDIR == ""
     StrCpy $INSTDIR "$LOCALAPPDATA\Programs\${PRODUCT}"
@@ -74,46 +111,130 @@ Function ChooseMachine
   UserInfo::GetAccountType
   Pop $0
   ${If} $0 != "Admin"
-    !insertmacro GiveUp "Installing for all users needs an administrator's rights. Run this as one, or without /AllUsers."
+    ${GiveUp} ${EXIT_FAILED} "Installing for all users needs an administrator's rights. Run this as one, or without /AllUsers."
   ${EndIf}
   ReadRegStr $0 HKCU "${CLASS_KEY}" ""
   ${If} $0 != ""
-    !insertmacro GiveUp "The component is registered for the current user already. Remove that installation first, or run 'backproc unregister --user'."
+    ${GiveUp} ${EXIT_FAILED} "The component is registered for the current user already. Remove that installation first, or run 'backproc unregister --user'."
   ${EndIf}
   ${If} $INSTDIR == ""
     StrCpy $INSTDIR "$PROGRAMFILES32\${PRODUCT}"
   ${EndIf}
 FunctionEnd
 
-Section
-  SetOverwrite try
-  ClearErrors
-  !insertmacro InstallFiles
-  WriteUninstaller "$INSTDIR\uninstall.exe"
-  ${If} ${Errors}
-    !insertmacro GiveUp "Not all files could be written to $INSTDIR. Close the programs that use them, and try again."
-  ${EndIf}
+; Everything that can refuse comes before the first change. Then the unchanged files of an earlier set-up go, so that what
+; is left at a place is the user's.
+Section "-Make room"
+  ${Note} "Folder $INSTDIR"
+  Call RequireRecord
+  Call RefuseWhileInUse
+  !insertmacro RequirePlace K4TBackProcess.dll
+  !insertmacro RequirePlace backproc.exe
+  !insertmacro RequirePlace ${UNINSTALLER}
 
+  StrCpy $found ""
+  ${EachRecorded} RemoveIfOurs
+  ${If} $found != ""
+    ${GiveUp} ${EXIT_FAILED} "$INSTDIR\$found could not be replaced. The installation is not complete: run this set-up again."
+  ${EndIf}
+  CreateDirectory "$INSTDIR"
+  ClearErrors
+  FileOpen $record "$INSTDIR\${RECORD}" w
+  ${If} ${Errors}
+    ${GiveUp} ${EXIT_FAILED} "Nothing can be written to $INSTDIR. Choose another folder, or run this as an administrator."
+  ${EndIf}
+  FileWrite $record "${RECORD_HEAD}$\r$\n"
+SectionEnd
+
+; A file that only has the name of the list is the user's.
+Function RequireRecord
+  ${If} ${FileExists} "$INSTDIR\${RECORD}"
+    FileOpen $0 "$INSTDIR\${RECORD}" r
+    FileRead $0 $1
+    FileClose $0
+    ${If} $1 != "${RECORD_HEAD}$\r$\n"
+      ${GiveUp} ${EXIT_FAILED} "$INSTDIR\${RECORD} is not the list of a set-up. Move it away, or choose another folder. \
+        Nothing has been changed."
+    ${EndIf}
+  ${EndIf}
+FunctionEnd
+
+Section "Component, tool and documents"
+  SectionIn RO
+  !insertmacro InstallFiles
+SectionEnd
+
+Section /o "Development kernel" DEVELOPMENT_KERNEL
+  !insertmacro InstallDevelopmentKernel
+SectionEnd
+
+Section "-Register"
+  StrCpy $path "${UNINSTALLER}"
+  ClearErrors
+  WriteUninstaller "$INSTDIR\$path"
+  ${If} ${Errors}
+    Call GiveUpWriting
+  ${EndIf}
+  Push "$INSTDIR\$path"
+  Call HashFile
+  Pop $0
+  FileWrite $record "$0 $path$\r$\n"
+  FileClose $record
+
+  ; A program that is started from here searches the current folder for libraries.
+  SetOutPath $SYSDIR
   DetailPrint "Registering the component"
   nsExec::ExecToLog '"$INSTDIR\backproc.exe" register $scopeOption'
   Pop $0
   ${If} $0 != 0
-    !insertmacro GiveUp "The component could not be registered. Run 'backproc doctor' in $INSTDIR: it tells what to do."
+    ${GiveUp} ${EXIT_FAILED} "The component could not be registered. Run 'backproc doctor' in $INSTDIR: it tells what to do."
   ${EndIf}
 
   WriteRegStr SHCTX "${REMOVAL_KEY}" DisplayName "${PRODUCT}"
   WriteRegStr SHCTX "${REMOVAL_KEY}" DisplayVersion "${VERSION}"
   WriteRegStr SHCTX "${REMOVAL_KEY}" Publisher "Harnwell"
   WriteRegStr SHCTX "${REMOVAL_KEY}" InstallLocation "$INSTDIR"
-  WriteRegStr SHCTX "${REMOVAL_KEY}" UninstallString '"$INSTDIR\uninstall.exe"'
-  WriteRegStr SHCTX "${REMOVAL_KEY}" QuietUninstallString '"$INSTDIR\uninstall.exe" /S'
+  WriteRegStr SHCTX "${REMOVAL_KEY}" UninstallString '"$INSTDIR\${UNINSTALLER}"'
+  WriteRegStr SHCTX "${REMOVAL_KEY}" QuietUninstallString '"$INSTDIR\${UNINSTALLER}" /S'
   WriteRegDWORD SHCTX "${REMOVAL_KEY}" NoModify 1
   WriteRegDWORD SHCTX "${REMOVAL_KEY}" NoRepair 1
+  ${Note} "Done"
 SectionEnd
+
+Function .onInit
+  Push "Set-up of ${PRODUCT} ${VERSION}"
+  Call BeginLog
+  ${GetParameters} $0
+  ClearErrors
+  ${GetOptions} $0 "/DevKernel" $1
+  ${IfNot} ${Errors}
+    !insertmacro SelectSection ${DEVELOPMENT_KERNEL}
+  ${EndIf}
+  ClearErrors
+  ${GetOptions} $0 "/AllUsers" $1
+  ${If} ${Errors}
+    Call ChooseUser
+  ${Else}
+    Call ChooseMachine
+  ${EndIf}
+  Call KeepDevelopmentKernel
+FunctionEnd
+
+; An update keeps the development kernel where an earlier set-up installed it.
+Function KeepDevelopmentKernel
+  StrCpy $wanted "dev\QmxKrn2K.dll"
+  StrCpy $found ""
+  ${EachRecorded} FindWanted
+  ${If} $found != ""
+    !insertmacro SelectSection ${DEVELOPMENT_KERNEL}
+  ${EndIf}
+FunctionEnd
 
 ; What is removed is what this folder's own installation entered. When a later one went into another folder, the entries
 ; are that one's, and only the files go. A registration that was made from another folder stays while its file is there.
 Function un.onInit
+  Push "Removal of ${PRODUCT} ${VERSION} from $INSTDIR"
+  Call un.BeginLog
   StrCpy $hasEntries "yes"
   SetShellVarContext current
   StrCpy $scopeOption "--user"
@@ -133,7 +254,7 @@ Function un.TakeRegistrationBack
   nsExec::ExecToLog '"$INSTDIR\backproc.exe" unregister $scopeOption'
   Pop $0
   ${If} $0 != 0
-    !insertmacro GiveUp "The registration could not be taken back; nothing was removed. 'backproc unregister $scopeOption' in $INSTDIR tells why."
+    ${GiveUp} ${EXIT_FAILED} "The registration could not be taken back; nothing was removed. 'backproc unregister $scopeOption' in $INSTDIR tells why."
   ${EndIf}
 FunctionEnd
 
@@ -154,6 +275,8 @@ FunctionEnd
 
 ; The registration first: once it is taken back nothing starts the component's file any more.
 Section Uninstall
+  Call un.RefuseWhileInUse
+  SetOutPath $SYSDIR
   ${If} $hasEntries == "yes"
     Call un.IsRegisteredElsewhere
     ${If} $1 == "yes"
@@ -162,12 +285,19 @@ Section Uninstall
       Call un.TakeRegistrationBack
     ${EndIf}
   ${EndIf}
-  !insertmacro RemoveFiles
-  Delete "$INSTDIR\uninstall.exe"
+  ${IfNot} ${FileExists} "$INSTDIR\${RECORD}"
+    ${Note} "Left all files as they are, because the list of installed files is gone: $INSTDIR\${RECORD}"
+  ${EndIf}
+  ${EachRecorded} un.RemoveIfOurs
+  ; An uninstaller that runs in its own folder stays, and a later set-up must know it.
+  ${IfNot} ${FileExists} "$INSTDIR\${UNINSTALLER}"
+    Delete "$INSTDIR\${RECORD}"
+  ${EndIf}
   RMDir "$INSTDIR"
   ${If} $hasEntries == "yes"
     Call un.RemoveEntries
   ${EndIf}
+  ${Note} "Done"
 SectionEnd
 
 Function un.RemoveEntries

@@ -65,15 +65,6 @@ class References(unittest.TestCase):
             if document.name != "README.md":
                 self.assertIn(str(document.relative_to(project)), linked)
 
-    def test_links_of_the_packaged_documents_stay_in_the_package(self):
-        packaged = script("package").DOCUMENTS
-        for name in packaged:
-            for document in [project / name] if name.endswith(".md") else sorted((project / name).glob("*.md")):
-                for link in LINK.findall(prose(document.read_text(encoding="utf-8"))):
-                    with self.subTest(f"{document.name}: {link}"):
-                        target = (document.parent / link.partition("#")[0]).resolve() if link[0] != "#" else document
-                        self.assertIn(target.relative_to(project).parts[0], packaged)
-
     def test_files_and_folders_that_are_named_exist(self):
         folders = {path.name for path in project.iterdir() if path.is_dir()} - {"build", "dist", ".git"}
         for document in documents():

@@ -1,21 +1,30 @@
 #!/usr/bin/env python3
-"""The packages' round trip under Wine: install, use, remove, and compare registry and folders with before.
+"""The packages under Wine: their contents; install, use, remove, and compare registry and folders with before.
 
-    test_package.py WINE_RUN PACKAGES
+    test_package.py WINE_RUN PACKAGES [CLASS…]
 
-WINEPREFIX names the prefix, in which nothing else may run meanwhile.
+WINEPREFIX names the prefix, in which no other program may run at the same time. CLASS chooses classes of tests.
 """
+import binascii
+import contextlib
+import hashlib
+import html.parser
 import os
 import pathlib
 import re
+import shutil
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 import zipfile
 
 TIMEOUT = 180  # seconds; a run takes a few
 NAME = "Pelorix Back Process Manager"
+UNINSTALLER = "K4TBackProcess-uninstall.exe"
+RECORD = "K4TBackProcess.files"
+FAILED, IN_USE = 2, 3  # exit codes
 
 # What Wine itself writes anew when a prefix starts and when a console ends. The first two are the same keys: Wine 10 has the
 # one as a link to the other, as Windows has it.
@@ -34,6 +43,31 @@ def run(program, *arguments):
                               stderr=subprocess.DEVNULL, timeout=TIMEOUT).returncode
         output.seek(0)
         return code, output.read().decode("utf-8", "replace")
+
+
+def press(key):
+    subprocess.run(["xdotool", "key", key], check=True, timeout=TIMEOUT)
+
+
+def press_until(key, is_over):
+    """Presses the key again and again. Buttons that cannot be pressed yet ignore it."""
+    end = time.monotonic() + TIMEOUT
+    while not is_over():
+        if time.monotonic() > end:
+            raise TimeoutError(f"{key} does not end it")
+        press(key)
+        time.sleep(0.2)
+
+
+def start(program, *arguments, **options):
+    return subprocess.Popen([wine_run, str(program), *arguments], stderr=subprocess.DEVNULL, **options)
+
+
+def run_with_windows(program, *arguments):
+    """The exit code of a set-up program in which the user confirms each page with Enter."""
+    running = start(program, *arguments, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+    press_until("Return", lambda: running.poll() is not None)
+    return running.returncode
 
 
 def windows_path(path):
@@ -60,21 +94,77 @@ def registry():
 
 
 def files():
-    """All but the uninstaller's copy of itself in the folder for temporary files, which goes with the next restart."""
+    """All but what set-up and removal leave in the folder for temporary files: the log, and the uninstaller's copy of
+    itself, which goes with the next restart."""
     drive = prefix / "drive_c"
-    return {str(path.relative_to(drive)) for path in drive.rglob("*") if "/Temp/~nsu" not in str(path)}
+    return {str(path.relative_to(drive)) for path in drive.rglob("*") if "/Temp/~nsu" not in str(path) and path != log_file()}
+
+
+def log_file():
+    return next((prefix / "drive_c" / "users").glob("*/Temp")) / "K4TBackProcess-setup.log"
+
+
+def log():
+    return log_file().read_text(encoding="utf-16") if log_file().exists() else ""
+
+
+def short(data):
+    """Long contents by their checksum, so that a failure does not print them."""
+    return data if len(data) < 100 else hashlib.sha256(data).hexdigest()
+
+
+def contents(folder):
+    """Each file of the folder with its contents."""
+    return {str(path.relative_to(folder)): short(path.read_bytes()) for path in folder.rglob("*") if path.is_file()}
+
+
+def write(folder, texts):
+    for name, text in texts.items():
+        (folder / name).parent.mkdir(parents=True, exist_ok=True)
+        (folder / name).write_bytes(text)
+
+
+def package(ending):
+    """The package whose name goes on like this behind the version."""
+    return next(path for path in packages.iterdir() if re.fullmatch(r"K4TBackProcess-[\d.]+" + re.escape(ending), path.name))
+
+
+@contextlib.contextmanager
+def unpacked():
+    """The folder of the zip's programs, somewhere outside the project."""
+    with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(package(".zip")) as archive:
+        archive.extractall(folder)
+        yield next(pathlib.Path(folder).iterdir())
+
+
+@contextlib.contextmanager
+def host(folder):
+    """A module that holds the component of the folder until the end."""
+    with tempfile.TemporaryFile() as output:
+        running = start(folder / "backproc.exe", "host", stdin=subprocess.PIPE, stdout=output)
+        try:
+            running.stdin.write(b"create\n")
+            running.stdin.flush()
+            end = time.monotonic() + TIMEOUT
+            while b"1 created" not in os.pread(output.fileno(), 1000, 0):
+                if time.monotonic() > end or running.poll() is not None:
+                    raise RuntimeError(os.pread(output.fileno(), 1000, 0))
+                time.sleep(0.05)
+            yield
+        finally:
+            running.communicate(timeout=TIMEOUT)
 
 
 def changes(before, after):
     return sorted(key for key in before.keys() | after.keys() if before.get(key) != after.get(key))
 
 
-class RoundTrip(unittest.TestCase):
+class Installation(unittest.TestCase):
     maxDiff = None
 
     @classmethod
     def setUpClass(cls):
-        cls.setup = next(packages.glob("*-setup.exe"))
+        cls.setup = package("-setup.exe")
         # What every user of Windows has, and what the script host leaves behind when it first runs.
         run("reg.exe", "add", r"HKCU\Software\Classes", "/f")
         for hive in ("HKCU", "HKLM"):
@@ -86,6 +176,7 @@ class RoundTrip(unittest.TestCase):
 
     def setUp(self):
         settle()
+        log_file().unlink(missing_ok=True)
         self.registry, self.files = registry(), files()
 
     def assert_as_before(self):
@@ -95,12 +186,19 @@ class RoundTrip(unittest.TestCase):
 
     def remove(self, folder):
         # The uninstaller goes on in a copy of itself, which may delete the original.
-        self.assertEqual(run(folder / "uninstall.exe", "/S")[0], 0)
+        self.assertEqual(run(folder / UNINSTALLER, "/S")[0], 0)
         settle()
 
+    def remove_with_windows(self, folder):
+        run(folder / UNINSTALLER)
+        settled = subprocess.Popen(["wineserver", "-w"])
+        press_until("Return", lambda: settled.poll() is not None)
+
+
+class RoundTrip(Installation):
     def test_for_the_machine(self):
         folder = prefix / "drive_c" / "Program Files" / NAME
-        self.assertEqual(run(self.setup, "/S", "/AllUsers")[0], 0)
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", "/DevKernel")[0], 0)
         self.assertEqual(run(folder / "backproc.exe", "doctor")[0], 0)
         code, output = run("cscript.exe", "//nologo", windows_path(folder / "examples" / "client.vbs"))
         self.assertEqual((code, output.splitlines()[-1]), (0, "released"))
@@ -143,9 +241,8 @@ class RoundTrip(unittest.TestCase):
     def test_removal_leaves_a_registration_from_another_folder_alone(self):
         folder = prefix / "drive_c" / "Program Files" / NAME
         self.assertEqual(run(self.setup, "/S", "/AllUsers")[0], 0)
-        with tempfile.TemporaryDirectory() as other, zipfile.ZipFile(next(packages.glob("*.zip"))) as archive:
-            archive.extractall(other)
-            program = next(pathlib.Path(other).rglob("backproc.exe"))
+        with unpacked() as other:
+            program = other / "backproc.exe"
             self.assertEqual(run(program, "register")[0], 0)
             self.remove(folder)
             self.assertEqual(run(program, "doctor")[0], 0)
@@ -174,20 +271,250 @@ class RoundTrip(unittest.TestCase):
         self.remove(folder)
         self.assert_as_before()
 
-    def test_the_zip_works_where_it_was_unpacked(self):
-        with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(next(packages.glob("*.zip"))) as archive:
-            archive.extractall(folder)
-            program = next(pathlib.Path(folder).rglob("backproc.exe"))
-            self.assertEqual(run(program, "register")[0], 0)
-            self.assertEqual(run(program, "doctor")[0], 0)
-            self.assertEqual(run(program, "unregister")[0], 0)
-            names = {str(path.relative_to(program.parent)) for path in program.parent.rglob("*") if path.is_file()}
-        self.assertLessEqual({"K4TBackProcess.dll", "K4TBackProcess.manifest", "QmxKrn2K.dll", "README.md",
-                              "docs/ARCHITECTURE.md", "examples/client.vbs"}, names)
+    def test_the_development_kernel_is_an_option(self):
+        folder = prefix / "drive_c" / "own"
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\own")[0], 0)
+        self.assertEqual(list(folder.rglob("*Krn*")), [])
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", "/DevKernel", r"/D=C:\own")[0], 0)
+        self.assertEqual(list(folder.rglob("*Krn*")), [folder / "dev" / "QmxKrn2K.dll"])
+        # The next update keeps what is there.
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\own")[0], 0)
+        self.assertEqual(list(folder.rglob("*Krn*")), [folder / "dev" / "QmxKrn2K.dll"])
+        self.remove(folder)
         self.assert_as_before()
 
 
+class FilesOfOthers(Installation):
+    """Set-up and removal in a folder that has files under the names of ours."""
+
+    FOREIGN = {"QmxKrn2K.dll": b"the kernel of the suite", "README.md": b"the suite's own", "README.html": b"another",
+               "dev/QmxKrn2K.dll": b"a kernel", "uninstall.exe": b"the suite's own"}
+    TAKEN = ("README.html", r"dev\QmxKrn2K.dll")  # places that the set-up wants
+
+    def setUp(self):
+        super().setUp()
+        self.folder = prefix / "drive_c" / "Suite"
+        self.folder.mkdir()
+
+    def tearDown(self):
+        settle()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def ours(self):
+        return {name: text for name, text in contents(self.folder).items() if name not in self.FOREIGN}
+
+    def assert_named(self, *names):
+        for name in names:
+            self.assertIn(fr"Left as it is, because", log())
+            self.assertIn(fr": C:\Suite\{name}", log())
+
+    def test_they_stay_as_they_are(self):
+        write(self.folder, self.FOREIGN)
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", "/DevKernel", r"/D=C:\Suite")[0], 0)
+        self.assertLessEqual(self.FOREIGN.items(), contents(self.folder).items())
+        self.assertIn("K4TBackProcess.dll", self.ours())
+        self.assert_named(*self.TAKEN)
+        self.remove(self.folder)
+        self.assertEqual(contents(self.folder), self.FOREIGN)
+
+    def test_they_stay_as_they_are_with_windows(self):
+        write(self.folder, self.FOREIGN)
+        self.assertEqual(run_with_windows(self.setup, "/AllUsers", "/DevKernel", r"/D=C:\Suite"), 0)
+        self.assertLessEqual(self.FOREIGN.items(), contents(self.folder).items())
+        self.assertIn("K4TBackProcess.dll", self.ours())
+        self.assert_named(*self.TAKEN)
+        self.remove_with_windows(self.folder)
+        self.assertEqual(contents(self.folder), self.FOREIGN)
+
+    def test_a_file_of_ours_that_was_changed_since_stays(self):
+        changed = {"CHANGELOG.html": b"notes of the user", "examples/client.vbs": b"' adapted"}
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
+        write(self.folder, changed)
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
+        self.assertLessEqual(changed.items(), contents(self.folder).items())
+        self.assert_named("CHANGELOG.html", r"examples\client.vbs")
+        # One that is changed after the last set-up.
+        late = {"docs/USING.html": b"with remarks"}
+        write(self.folder, late)
+        self.remove(self.folder)
+        self.assertEqual(contents(self.folder), changed | late)
+        self.assert_named(r"docs\USING.html")
+
+    def test_an_update_replaces_the_unchanged_files(self):
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
+        new = contents(self.folder)
+        # The same as an older set-up would have left it: other contents, and a file that no longer ships.
+        older = {"K4TBackProcess.manifest": b"older", "docs/OLD.html": b"gone since"}
+        write(self.folder, older)
+        record = (self.folder / RECORD).read_text()
+        record = re.sub(r".* K4TBackProcess\.manifest\n", "", record)
+        for name, text in older.items():
+            record += f"{hashlib.sha256(text).hexdigest()} {name}\n".replace("/", "\\")
+        (self.folder / RECORD).write_text(record, newline="\r\n")
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
+        self.assertEqual(contents(self.folder), new)
+        self.assertNotIn("Left as it is", log())
+        self.remove(self.folder)
+        self.assertFalse(self.folder.exists())
+        self.assert_as_before()
+
+    def test_set_up_gives_up_where_a_foreign_file_has_the_place_of_a_program(self):
+        for name in ("K4TBackProcess.dll", "backproc.exe", UNINSTALLER, RECORD):
+            with self.subTest(name):
+                foreign = {name: b"of unknown origin"}
+                write(self.folder, foreign)
+                self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], FAILED)
+                self.assertEqual(contents(self.folder), foreign)
+                self.assertIn(fr"C:\Suite\{name} ", log())
+                settle()
+                self.assertEqual(changes(self.registry, registry()), [])
+                (self.folder / name).unlink()
+
+    def test_set_up_gives_up_where_a_program_of_ours_was_changed(self):
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
+        write(self.folder, {"backproc.exe": b"patched"})
+        before = contents(self.folder)
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], FAILED)
+        self.assertEqual(contents(self.folder), before)
+
+
+class InUse(Installation):
+    """Update and removal while a module holds the component."""
+
+    def setUp(self):
+        super().setUp()
+        self.folder = prefix / "drive_c" / "used"
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", "/DevKernel", r"/D=C:\used")[0], 0)
+        self.installed = contents(self.folder)
+
+    def tearDown(self):
+        self.assertEqual(contents(self.folder), self.installed)
+        self.remove(self.folder)
+        self.assert_as_before()
+
+    def assert_refused(self):
+        for name in ("K4TBackProcess.dll", "backproc.exe", r"dev\QmxKrn2K.dll"):
+            self.assertIn(fr"In use, or protected against writing: C:\used\{name}", log())
+        self.assertTrue(log().endswith("Given up. Nothing has been changed.\n"), log())
+
+    def test_set_up_changes_nothing(self):
+        with host(self.folder):
+            self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\used")[0], IN_USE)
+            self.assertEqual(contents(self.folder), self.installed)
+            self.assert_refused()
+
+    def test_set_up_with_windows_changes_nothing(self):
+        with host(self.folder):
+            running = start(self.setup, "/AllUsers", r"/D=C:\used", stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+            press_until("Return", lambda: "In use" in log())
+            press_until("Escape", lambda: running.poll() is not None)
+            self.assertEqual(running.returncode, IN_USE)
+            self.assertEqual(contents(self.folder), self.installed)
+            self.assert_refused()
+
+    def test_removal_changes_nothing(self):
+        with host(self.folder):
+            # In its own folder the uninstaller has an exit code.
+            self.assertEqual(run(self.folder / UNINSTALLER, "/S", r"_?=C:\used")[0], IN_USE)
+            self.assert_refused()
+            log_file().unlink()
+            self.assertEqual(run(self.folder / UNINSTALLER, "/S")[0], 0)
+            end = time.monotonic() + TIMEOUT
+            while "Given up" not in log() and time.monotonic() < end:
+                time.sleep(0.1)
+            self.assert_refused()
+            self.assertEqual(contents(self.folder), self.installed)
+            self.assertEqual(run(self.folder / "backproc.exe", "doctor")[0], 0)
+
+
+class Page(html.parser.HTMLParser):
+    """A document of the package: what it links to, the names of its headings, its commands."""
+
+    def __init__(self, path):
+        super().__init__()
+        self.links, self.names, self.commands, self.in_code = [], set(), [], False
+        self.feed(path.read_text(encoding="utf-8"))
+
+    def handle_starttag(self, tag, attributes):
+        attributes = dict(attributes)
+        self.links += [attributes[name] for name in ("href", "src") if name in attributes]
+        self.names |= {attributes["id"]} if "id" in attributes else set()
+        self.in_code = self.in_code or tag == "pre"
+
+    def handle_endtag(self, tag):
+        self.in_code = self.in_code and tag != "pre"
+
+    def handle_data(self, text):
+        if self.in_code:
+            self.commands += [line[2:] for line in text.splitlines() if line.startswith("> ")]
+
+
+class Packages(Installation):
+    """What is in the packages."""
+
+    def test_the_checksums_are_those_of_the_packages(self):
+        done = subprocess.run(["sha256sum", "--check", "--strict", "SHA256SUMS"], cwd=packages, capture_output=True, text=True)
+        self.assertEqual(done.returncode, 0, done)
+        self.assertEqual({line.split(":")[0] for line in done.stdout.splitlines()},
+                         {path.name for path in packages.iterdir()} - {"SHA256SUMS"})
+
+    def test_the_zip_has_everything(self):
+        with unpacked() as folder:
+            names = set(contents(folder))
+        self.assertLessEqual({"K4TBackProcess.dll", "K4TBackProcess.manifest", "backproc.exe", "dev/QmxKrn2K.dll", "README.html",
+                              "CHANGELOG.html", "docs/USING.html", "examples/client.vbs"}, names)
+        self.assertNotIn("QmxKrn2K.dll", names)
+        self.assertEqual([name for name in names if name.endswith(".md")], [])
+
+    def test_links_of_the_documents_lead_somewhere(self):
+        with unpacked() as folder:
+            pages = sorted(folder.rglob("*.html"))
+            self.assertGreater(len(pages), 3)
+            for page in pages:
+                for link in Page(page).links:
+                    with self.subTest(f"{page.name}: {link}"):
+                        path, _, name = link.partition("#")
+                        target = page.parent / path if path else page
+                        self.assertTrue(target.is_file())
+                        if name:
+                            self.assertIn(name, Page(target).names)
+
+    def test_the_readme_names_nothing_of_the_repository(self):
+        with unpacked() as folder:
+            text = (folder / "README.html").read_text(encoding="utf-8")
+        self.assertIsNone(re.search(r"\./\w+|scripts/|host/|kernel_api/|tests/|dist/|wine", text))
+
+    def test_every_command_of_the_readme_works(self):
+        with unpacked() as folder:
+            commands = Page(folder / "README.html").commands
+            self.assertIn("backproc register", commands)
+            for command in commands:
+                with self.subTest(command), contextlib.chdir(folder):
+                    code, output = run("cmd.exe", "/c", command)
+                    self.assertEqual(code, 0, output)
+        # The clients have left the place of the form.
+        run("reg.exe", "delete", r"HKCU\Software\VB and VBA Program Settings", "/f")
+        self.assert_as_before()
+
+    def test_the_symbols_are_those_of_the_programs(self):
+        with unpacked() as folder, tempfile.TemporaryDirectory() as symbols:
+            with zipfile.ZipFile(package("-symbols.zip")) as archive:
+                archive.extractall(symbols)
+            programs = [path for path in folder.rglob("*") if path.suffix in (".dll", ".exe")]
+            self.assertEqual({path.name for path in programs},
+                             {path.name.removesuffix(".debug") for path in pathlib.Path(symbols).rglob("*.debug")})
+            for program in programs:
+                with self.subTest(program.name):
+                    debug = next(pathlib.Path(symbols).rglob(program.name + ".debug"))
+                    # The program has the name, zeros up to a multiple of four, and the checksum of the file.
+                    name = debug.name.encode() + b"\0" * (4 - len(debug.name) % 4)
+                    checksum = binascii.crc32(debug.read_bytes()).to_bytes(4, "little")
+                    self.assertTrue(name + checksum in program.read_bytes())
+                    listed = subprocess.run(["i686-w64-mingw32-nm", debug], check=True, capture_output=True, text=True).stdout
+                    self.assertRegex(listed, "(?m) T _(main|DllMain@12|E_SetString@8)$")
+
+
 if __name__ == "__main__":
-    wine_run, packages = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
+    wine_run, packages = os.path.abspath(sys.argv[1]), pathlib.Path(sys.argv[2]).resolve()
     prefix = pathlib.Path(os.environ["WINEPREFIX"])
-    unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")
+    unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2, warnings="ignore")
