@@ -211,7 +211,7 @@ class FixedTextSize : public runtime::headless::MemoryWindows {
     runtime::Size size_;
 };
 
-TEST_F(MessageBox, PromptGrowsByBrokenTwips_FormGrowsByTheNearestEvenNumber) {
+TEST_F(MessageBox, PromptGrowsByHalfTwips_GrowthIsRoundedToEven) {
     // The label is 3700 by 390: it grows by 1.5 twips each way, then by 2.5.
     for (const runtime::Size text : {runtime::Size{3701.5F, 391.5F}, {3702.5F, 392.5F}}) {
         FixedTextSize windows(text);

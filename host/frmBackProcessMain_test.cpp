@@ -152,7 +152,7 @@ TEST_F(MainFormLoad, HoldsTheClaimOfTheFirstInstanceUntilItsUnload) {
     EXPECT_EQ(memory_.process.HeldClaims(), 0);
 }
 
-TEST_F(MainFormInMemory, EarlierInstanceIsFound_CaptionsAndHandleAreTaken) {
+TEST_F(MainFormInMemory, EarlierInstanceIsFound_TextsAndHandleAreSet) {
     kernel_.Put(u"PRODUCT_NAME", u"Orvane");
     memory_.process.SetEarlierInstance(true);
     // Help that is open is closed with the handle that the load has taken.
@@ -171,7 +171,7 @@ TEST_F(MainFormInMemory, EarlierInstanceIsFound_CaptionsAndHandleAreTaken) {
     EXPECT_THAT(memory_.help.calls, ElementsAre(runtime::headless::RecordingHelp::Call{window, std::nullopt}));
 }
 
-TEST_F(MainFormInMemory, EarlierInstanceIsFound_FormIsNotCentredNorLocalised) {
+TEST_F(MainFormInMemory, EarlierInstanceIsFound_FormIsNotCentred) {
     memory_.process.SetEarlierInstance(true);
     tests::ErrorOf([this] { form_.EnsureLoaded(); });
     ASSERT_EQ(memory_.settings.Saved().size(), 4u);
@@ -180,7 +180,7 @@ TEST_F(MainFormInMemory, EarlierInstanceIsFound_FormIsNotCentredNorLocalised) {
     EXPECT_EQ(processValues.uiFont, services::UiFont());
 }
 
-TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsSetAfterwards) {
+TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsNotSetYet) {
     kernel_.RewriteValues([this](const std::string&, std::string&) {
         // As an icon it does not become active, so that nothing but the load hides it.
         form_.SetState(WindowState::kMinimised);
@@ -263,7 +263,7 @@ TEST_F(MainFormUnloadInMemory, UnloadBegins_PlacementIsAlreadySaved) {
     EXPECT_EQ(form.savedBefore, 4u);
 }
 
-TEST_F(MainFormUnloadInMemory, RecordIsWithdrawn_HelpIsClosedAfterwards) {
+TEST_F(MainFormUnloadInMemory, RecordIsWithdrawn_HelpIsStillOpen) {
     form_.EnsureLoaded();
     std::int16_t wanted = -1;
     services::ShowHelpTopic(u"", 0, wanted);

@@ -103,13 +103,13 @@ TEST_F(ReadingTheModuleList, OnlyReadsTheList) {
     EXPECT_THAT(kernel_.Log(), ElementsAre("E_GetString(AllAps)"));
 }
 
-TEST_F(ReadingTheModuleList, ListCannotBeRead_MessageIsAlreadyRegistered) {
+TEST_F(ReadingTheModuleList, ListCannotBeRead_MessageIsRegistered) {
     kernel_.FailOn("E_GetString(AllAps)", runtime::Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(tests::ErrorOf([] { ReadModuleList(); }), runtime::kDllEntryPointNotFound);
     EXPECT_EQ(InterModuleMessage, 0xC000u);
 }
 
-TEST_F(ReadingTheModuleList, NumberOverflows_ErrorPassesAndTheListIsEmpty) {
+TEST_F(ReadingTheModuleList, NumberOverflows_ListIsEmpty) {
     Read(u"K4TBACKPROCESS,B");
     EXPECT_EQ(tests::ErrorOf([&] { Read(u"A,K4TBACKPROCESS,1E999"); }), runtime::kOverflow);
     EXPECT_EQ(ModuleCount, 0);

@@ -67,7 +67,7 @@ TEST_F(LoadingDirectories, ProductNameIsReadAnewForEachDefault) {
                             "E_SetString(EED3JobDir, C:\\Orvane\\JOB)"));
 }
 
-TEST_F(LoadingDirectories, FourFolders_AreReadInOrderAndThenPublished) {
+TEST_F(LoadingDirectories, FourFolders_AreReadBeforeTheyArePublished) {
     EXPECT_THAT(StepsOf(LoadDirectories), ElementsAre("read JobDir", "read LibDir", "read SysDir", "read EED3JobDir",
                                                       "publish JobDir", "publish LibDir", "publish EED3JobDir"));
 }
@@ -120,7 +120,7 @@ TEST_F(LoadingProductIdentity, ReadersFailurePassesAndNothingIsPublished) {
     EXPECT_THAT(kernel_.Log(), IsEmpty());
 }
 
-TEST_F(LoadingProductIdentity, SixSettings_AreReadInOrderAndThenThreePublished) {
+TEST_F(LoadingProductIdentity, SixSettings_AreReadBeforeThreeArePublished) {
     EXPECT_THAT(StepsOf(LoadProductIdentity),
                 ElementsAre("read SysName", "read Maker", "read Copyright", "read Ver", "read Rev", "read Range",
                             "publish PRODUCT_NAME", "publish MAKER_NAME", "publish COPYRIGHT_NAME"));
