@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "runtime/Form.h"
+#include "runtime/NeverDestroyed.h"
 
 namespace dialogs {
 
@@ -35,12 +36,11 @@ class AskingForm : public runtime::Form {
     bool isAsking_ = false;
 };
 
-/// The process's shared dialog of a kind, none at first. Never destroyed by itself: at the end of a process the system
-/// has its window already.
+/// The process's shared dialog of a kind, none at first.
 template <typename Dialog>
 std::unique_ptr<Dialog>& SharedDialog() {
-    static auto* const shared = new std::unique_ptr<Dialog>;
-    return *shared;
+    static auto& shared = runtime::NeverDestroyed<std::unique_ptr<Dialog>>();
+    return shared;
 }
 
 /// Calls `ask` with the shared dialog of the kind, or, while that one asks, with one of its own: a question that a

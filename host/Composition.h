@@ -4,10 +4,8 @@
 
 namespace host {
 
-/// Composes the process once; later calls do nothing. `module` is the component's own module handle (HINSTANCE).
+/// Composes the process once, for as long as it runs; later calls do nothing. `module` is the component's own module
+/// handle (HINSTANCE).
 void EnsureComposed(void* module);
-
-/// Takes the composition back: window classes are unregistered, libraries released. No form may be loaded.
-void Decompose();
 
 }  // namespace host

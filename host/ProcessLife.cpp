@@ -10,13 +10,14 @@
 #include "routing/ModuleList.h"
 #include "runtime/Form.h"
 #include "runtime/LoadedForms.h"
+#include "runtime/NeverDestroyed.h"
 #include "services/NumberFormats.h"
 #include "services/ProcessValues.h"
 
 namespace host {
 namespace {
 
-std::unique_ptr<frmBackProcessMain> mainForm;
+std::unique_ptr<frmBackProcessMain>& mainForm = runtime::NeverDestroyed<std::unique_ptr<frmBackProcessMain>>();
 
 }  // namespace
 

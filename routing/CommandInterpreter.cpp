@@ -22,7 +22,8 @@ using runtime::String;
 using runtime::StringView;
 
 /// Made when the first command comes.
-std::unique_ptr<kernel_api::FieldParser> fieldParser;
+std::unique_ptr<kernel_api::FieldParser>& fieldParser =
+    runtime::NeverDestroyed<std::unique_ptr<kernel_api::FieldParser>>();
 
 kernel_api::FieldParser& Parser() {
     if (!fieldParser) fieldParser = kernel_api::CurrentSplitter().MakeFieldParser();

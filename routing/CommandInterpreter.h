@@ -8,6 +8,7 @@
 
 #include <functional>
 
+#include "runtime/NeverDestroyed.h"
 #include "runtime/Text.h"
 
 namespace runtime {
@@ -17,9 +18,9 @@ class Form;
 namespace routing {
 
 /// Name of the design that the suite had open at the last SAVE or OPEN, without leading and trailing blanks.
-inline runtime::String CurrentDesignName;
+inline runtime::String& CurrentDesignName = runtime::NeverDestroyed<runtime::String>();
 /// The language folder since the last LZ, exactly as the kernel had it; empty before.
-inline runtime::String LanguagePath;
+inline runtime::String& LanguagePath = runtime::NeverDestroyed<runtime::String>();
 
 /// The main form as commands act on it.
 struct CommandReceiver {

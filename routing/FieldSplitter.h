@@ -5,14 +5,15 @@
 #include <cstdint>
 #include <vector>
 
+#include "runtime/NeverDestroyed.h"
 #include "runtime/Text.h"
 
 namespace routing {
 
 /// The fields' texts: entry i (from 1) is field i, entry 0 stays empty. No entries before the first split.
-inline std::vector<runtime::String> FieldTexts;
+inline std::vector<runtime::String>& FieldTexts = runtime::NeverDestroyed<std::vector<runtime::String>>();
 /// Entry 0 is the number of fields, entry i the number that field i's text starts with.
-inline std::vector<double> FieldValues;
+inline std::vector<double>& FieldValues = runtime::NeverDestroyed<std::vector<double>>();
 
 /// Splits `text` into FieldTexts and FieldValues, whose previous contents are gone. What lies between a closing quote
 /// and the next comma belongs to the field, but then the character before the comma does not. The last character

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "runtime/NeverDestroyed.h"
 #include "runtime/Text.h"
 
 namespace runtime {
@@ -16,7 +17,7 @@ namespace routing {
 /// Number of the message registered under "PELORIX"; kept so that all modules agree on it, never sent from here.
 inline std::uint32_t InterModuleMessage = 0;
 /// Entries 1..ModuleCount are the modules' names in list order; entry 0 stays empty. No entries before the first read.
-inline std::vector<runtime::String> ModuleNames;
+inline std::vector<runtime::String>& ModuleNames = runtime::NeverDestroyed<std::vector<runtime::String>>();
 inline std::int32_t ModuleCount = 0;
 /// Index of services::kOwnModuleName in ModuleNames, the last one if it is there more than once; 0 when absent.
 inline std::int32_t OwnModuleIndex = 0;

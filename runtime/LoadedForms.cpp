@@ -4,6 +4,7 @@
 
 #include "runtime/Error.h"
 #include "runtime/Form.h"
+#include "runtime/NeverDestroyed.h"
 
 namespace runtime {
 
@@ -29,7 +30,7 @@ void LoadedFormsCollection::Remove(const Form& form) {
 }
 
 LoadedFormsCollection& LoadedForms() {
-    static LoadedFormsCollection forms;
+    static auto& forms = NeverDestroyed<LoadedFormsCollection>();
     return forms;
 }
 

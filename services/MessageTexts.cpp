@@ -4,6 +4,7 @@
 
 #include "kernel_api/Reader.h"
 #include "runtime/Error.h"
+#include "runtime/NeverDestroyed.h"
 #include "runtime/Ports.h"
 #include "services/LocalTexts.h"
 #include "services/ProcessValues.h"
@@ -12,7 +13,7 @@
 namespace services {
 namespace {
 
-SuiteMessageBox suiteMessageBox;
+SuiteMessageBox& suiteMessageBox = runtime::NeverDestroyed<SuiteMessageBox>();
 
 String TextIfAny(const LocalText& text) {
     return text.id.empty() ? String() : GetLocalText(text);

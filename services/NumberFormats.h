@@ -1,6 +1,7 @@
 // The suite's shared formats of coordinates and values. Kept for callers; nothing in the component formats with them.
 #pragma once
 
+#include "runtime/NeverDestroyed.h"
 #include "runtime/Text.h"
 
 namespace services {
@@ -14,7 +15,7 @@ struct NumberFormats {
     runtime::String fixedValue;
 };
 
-inline NumberFormats numberFormats;
+inline NumberFormats& numberFormats = runtime::NeverDestroyed<NumberFormats>();
 
 void InitNumberFormats();
 

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "runtime/NeverDestroyed.h"
 #include "runtime/Text.h"
 
 namespace runtime {
@@ -57,6 +58,6 @@ struct ProcessValues {
 };
 
 /// The values of this process; all empty at its start.
-inline ProcessValues processValues;
+inline ProcessValues& processValues = runtime::NeverDestroyed<ProcessValues>();
 
 }  // namespace services

@@ -7,7 +7,7 @@
 namespace host::com {
 
 /// Tells each sink that is connected now, and still is when its turn comes, once and in order. What one changes in
-/// the strings the next one sees, and the caller gets back. Throws the first failure, after all were told.
+/// the strings the next one sees, and the caller gets back. Throws the first failure, after all were called.
 void RaiseNotifyServer(const Sinks& sinks, String& Aname, String& sCommand);
 
 }  // namespace host::com

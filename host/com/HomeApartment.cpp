@@ -26,7 +26,7 @@ ComPtr<IGlobalInterfaceTable> InterfaceTable() {
     return table;
 }
 
-/// Never under the register's lock: COM may run calls of other apartments on this thread meanwhile.
+/// Never under the register's lock: COM may run calls of other apartments on this thread.
 void Revoke(DWORD cookie) noexcept {
     if (cookie == 0) return;
     // An apartment that is gone has taken its entry along; then there is nothing left to do.

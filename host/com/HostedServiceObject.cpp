@@ -39,9 +39,4 @@ void HomeThreadLost() noexcept {
     runtime::SkipError(ForgetForms);
 }
 
-void LeaveProcess() noexcept {
-    // A client that frees the DLL while a window lives has broken the rules; nothing can be tidied up then.
-    if (LoadedWindowCount() == 0) runtime::SkipError(Decompose);
-}
-
 }  // namespace host::com

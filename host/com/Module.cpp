@@ -10,13 +10,23 @@ namespace {
     throw ComError(HRESULT_FROM_WIN32(GetLastError()));
 }
 
+HMODULE Find(DWORD flags) {
+    HMODULE module = nullptr;
+    if (!GetModuleHandleExW(flags | GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS, reinterpret_cast<const wchar_t*>(&Find),
+                            &module)) {
+        ThrowLastError();
+    }
+    return module;
+}
+
 }  // namespace
 
 HMODULE OwnModule() {
-    constexpr DWORD kFlags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
-    HMODULE module = nullptr;
-    if (!GetModuleHandleExW(kFlags, reinterpret_cast<const wchar_t*>(&OwnModule), &module)) ThrowLastError();
-    return module;
+    return Find(GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT);
+}
+
+void PinModule() {
+    Find(GET_MODULE_HANDLE_EX_FLAG_PIN);
 }
 
 runtime::String ModulePath() {

@@ -2,6 +2,7 @@
 
 #include "host/com/ClassFactory.h"
 #include "host/com/Guard.h"
+#include "host/com/Module.h"
 #include "host/com/Registration.h"
 
 namespace host::com {
@@ -28,6 +29,7 @@ HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) noexcept {
     return Guarded([&] {
         RequirePointer(object);
         *object = nullptr;
+        PinModule();
         if (classId != CLSID_clsQmxBackProcess) throw ComError(CLASS_E_CLASSNOTAVAILABLE);
         return MakeClassFactory(FactoryKind::kClient)->QueryInterface(iid, object);
     });

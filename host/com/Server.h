@@ -5,6 +5,8 @@
 
 namespace host::com {
 
+/// Pins the module: from here on it stays in memory, because the compiler's static runtime gives back neither its TLS
+/// slot nor its handles when a DLL is unloaded, and a client may load and free it many times.
 HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) noexcept;
 /// For the machine.
 HRESULT RegisterServer() noexcept;

@@ -57,7 +57,5 @@ std::unique_ptr<ServiceObject> MakeServiceObject(NotifyServerEvent notifyServer)
 std::size_t LiveWindows() noexcept;
 /// The home thread ended without having released its instances: what lived there is gone.
 void HomeThreadLost() noexcept;
-/// The DLL is about to be unloaded. Called under the loader's lock: no waiting, no loading.
-void LeaveProcess() noexcept;
 
 }  // namespace host::com

@@ -1,9 +1,6 @@
 #include "host/Composition.h"
 
-#include <optional>
-
 #include "dialogs/frmQMXMsgBox.h"
-#include "host/ProcessLife.h"
 #include "kernel_api/dev/BuiltInReader.h"
 #include "kernel_api/dev/BuiltInSplitter.h"
 #include "kernel_api/win32/KernelLibrary.h"
@@ -34,14 +31,7 @@ struct Composition {
     }
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;
-    ~Composition() {
-        services::UseSuiteMessageBox({});
-        ReleaseProcess();
-        kernel_api::UseSplitter(nullptr);
-        kernel_api::UseReader(nullptr);
-        kernel_api::UseKernel(nullptr);
-        runtime::UsePorts(nullptr);
-    }
+    ~Composition() = delete;
 
     runtime::win32::Win32Windows windows;
     runtime::win32::RegistrySettings settings;
@@ -57,20 +47,11 @@ struct Composition {
     kernel_api::dev::BuiltInSplitter splitter;
 };
 
-std::optional<Composition>& Current() {
-    // Never destroyed by itself: at the end of a process the system has its windows and libraries already.
-    static auto* current = new std::optional<Composition>;
-    return *current;
-}
-
 }  // namespace
 
 void EnsureComposed(void* module) {
-    if (!Current()) Current().emplace(static_cast<HINSTANCE>(module));
-}
-
-void Decompose() {
-    Current().reset();
+    // Never destroyed: at the end of a process the system takes windows and libraries back itself.
+    [[maybe_unused]] static const Composition* const composition = new Composition(static_cast<HINSTANCE>(module));
 }
 
 }  // namespace host

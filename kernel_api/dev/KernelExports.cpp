@@ -4,7 +4,6 @@
 // No entry lets an exception out: what cannot be done is answered with the entry's failure value.
 #include <atomic>
 #include <cstring>
-#include <mutex>
 
 #include "kernel_api/dev/SectionMemory.h"
 #include "kernel_api/dev/StringStore.h"
@@ -29,15 +28,27 @@ struct Connection {
     ThreadTexts texts;
 };
 
-std::mutex connecting;
-/// Read without the lock when a thread ends: the loader's lock is held then.
+/// For the end of a thread, which must make no connection: the loader's lock is held then.
 std::atomic<Connection*> connection = nullptr;
 
-/// Made at the first call, and tried again at the next when it could not be made.
+/// The library stays in memory once it is used: the compiler's static runtime gives back neither its TLS slot nor its
+/// handles when a DLL is unloaded, and a program may load and free it many times.
+void PinLibrary() {
+    HMODULE library = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<const wchar_t*>(&PinLibrary), &library);
+}
+
+Connection* Connect() {
+    PinLibrary();
+    connection = new Connection;
+    return connection;
+}
+
+/// Made at the first call, and tried again at the next when it could not be made. It is never destroyed.
 Connection& Connected() {
-    const std::scoped_lock lock(connecting);
-    if (!connection) connection = new Connection;
-    return *connection;
+    static Connection& connected = *Connect();
+    return connected;
 }
 
 long TextOf(std::string_view key, char prefix) {
@@ -105,15 +116,13 @@ long __stdcall QmxDev_NextString(const char* afterKey, char* keyBuffer, long siz
     });
 }
 
-BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void* processEnds) {
+BOOL WINAPI DllMain(HINSTANCE, DWORD reason, void*) {
     if (reason == DLL_THREAD_DETACH && connection) {
         Guarded(0, [] {
             connection.load()->texts.DropAll(GetCurrentThreadId());
             return 0L;
         });
     }
-    // A process that ends has stopped its threads anywhere, and the system takes everything back.
-    if (reason == DLL_PROCESS_DETACH && !processEnds) delete connection.exchange(nullptr);
     return TRUE;
 }
 

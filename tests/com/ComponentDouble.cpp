@@ -116,6 +116,4 @@ void HomeThreadLost() noexcept {
     ++TheDouble().lostHomes;
 }
 
-void LeaveProcess() noexcept {}
-
 }  // namespace host::com

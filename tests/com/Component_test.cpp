@@ -1,59 +1,25 @@
 // The component itself, as its clients load it: the DLL with everything behind it, beside its kernel library.
-#include <filesystem>
-
-#include "runtime/win32/Handle.h"
-#include "tests/com/ComTest.h"
+#include "tests/com/ComponentLibrary.h"
 #include "tests/com/Sink.h"
-#include "tests/support/TestFolder.h"
 
 namespace tests::com {
 namespace {
 
-using runtime::win32::Library;
 using testing::ElementsAre;
-
-constexpr char kShutdown[] = "K4TBACKPROCESS|SHUTDOWN";
-
-std::filesystem::path ComponentDll() {
-    return std::filesystem::path(TestFolder()) / L"K4TBackProcess.dll";
-}
 
 class Component : public testing::Test {
  protected:
     Component() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
     ~Component() override {
-        EXPECT_EQ(S_OK, Export<HRESULT(WINAPI*)()>("DllCanUnloadNow")());
-        library_.Reset();
-        EXPECT_EQ(nullptr, GetModuleHandleW(ComponentDll().c_str()));
+        EXPECT_EQ(S_OK, CanUnload());
         CoUninitialize();
     }
 
-    template <typename Function>
-    Function Export(const char* name) const {
-        return reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library_.Get(), name)));
-    }
-    HRESULT CanUnload() const { return Export<HRESULT(WINAPI*)()>("DllCanUnloadNow")(); }
+    ComPtr<_clsQmxBackProcess> Create() const { return library_.Create(); }
+    HRESULT CanUnload() const { return library_.CanUnload(); }
 
-    ComPtr<_clsQmxBackProcess> Create() const {
-        ComPtr<IClassFactory> factory;
-        Export<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>("DllGetClassObject")(CLSID_clsQmxBackProcess,
-                                                                                IID_IClassFactory, factory.PutVoid());
-        ComPtr<_clsQmxBackProcess> instance;
-        EXPECT_EQ("0x00000000", Hex(factory->CreateInstance(nullptr, IID__clsQmxBackProcess, instance.PutVoid())));
-        return instance;
-    }
-
- private:
-    Library library_{LoadLibraryW(ComponentDll().c_str())};
+    const ComponentLibrary library_;
 };
-
-VARIANT_BOOL Load(_clsQmxBackProcess* instance) {
-    short mode = 1;
-    VARIANT_BOOL result = VARIANT_FALSE;
-    EXPECT_EQ(S_OK, instance->Load(&mode, &result));
-    EXPECT_EQ(1, mode);
-    return result;
-}
 
 TEST_F(Component, TellsTheEndToTheClientThatReleasesIt) {
     auto instance = Create();

@@ -2,7 +2,6 @@
 // and by a manifest, and leaving the process.
 #include <filesystem>
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "runtime/win32/Handle.h"
@@ -50,11 +49,43 @@ TEST_F(Server, ExportsWhatASelfRegisteringServerExports) {
     EXPECT_EQ(S_OK, Call(library, "DllCanUnloadNow"));
 }
 
-TEST_F(Server, LeavesTheProcessWhenItIsFreed) {
-    Library library(LoadLibraryW(DoubleDll().c_str()));
-    ASSERT_NE(nullptr, GetModuleHandleW(DoubleDll().c_str()));
+bool IsInMemory(const fs::path& dll) {
+    return GetModuleHandleW(dll.c_str()) != nullptr;
+}
+
+/// The DLL in a folder of its own, so that no other test has used it in this process: once used, it stays in memory.
+fs::path FreshCopy(const std::wstring& folderName = L"copy") {
+    static int count = 0;
+    const fs::path folder = DoubleFolder() / (folderName + L' ' + std::to_wstring(++count));
+    fs::create_directories(folder);
+    const fs::path dll = folder / L"K4TBackProcess.dll";
+    EXPECT_TRUE(CopyFileW(DoubleDll().c_str(), dll.c_str(), FALSE)) << GetLastError();
+    return dll;
+}
+
+TEST_F(Server, FreedAfterRegistration_LeavesMemory) {
+    const fs::path dll = FreshCopy();
+    Library library(LoadLibraryW(dll.c_str()));
+    EXPECT_EQ(S_OK, Call(library, "DllRegisterServer"));
+    EXPECT_EQ(S_OK, Call(library, "DllUnregisterServer"));
+    EXPECT_EQ(S_OK, Call(library, "DllCanUnloadNow"));
+    EXPECT_TRUE(IsInMemory(dll));
     library.Reset();
-    EXPECT_EQ(nullptr, GetModuleHandleW(DoubleDll().c_str()));
+    EXPECT_FALSE(IsInMemory(dll));
+}
+
+TEST_F(Server, FreedAfterDllGetClassObject_StaysInMemory) {
+    const fs::path dll = FreshCopy();
+    Library library(LoadLibraryW(dll.c_str()));
+    const auto getClassObject = reinterpret_cast<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>(
+        reinterpret_cast<void*>(GetProcAddress(library.Get(), "DllGetClassObject")));
+    ComPtr<IClassFactory> factory;
+    EXPECT_EQ(S_OK, getClassObject(CLSID_clsQmxBackProcess, IID_IClassFactory, factory.PutVoid()));
+    EXPECT_EQ(S_FALSE, Call(library, "DllCanUnloadNow"));
+    factory.Reset();
+    EXPECT_EQ(S_OK, Call(library, "DllCanUnloadNow"));
+    library.Reset();
+    EXPECT_TRUE(IsInMemory(dll));
 }
 
 TEST_F(Server, HasItsTypeLibraryAndItsVersionInside) {
@@ -78,20 +109,13 @@ constexpr wchar_t kForeignFolder[] = L"f\u00FCr \u6F22\u5B57 & more";
 /// A copy of the DLL in a folder of that name, registered for the machine.
 class RegisteredServer : public Server {
  protected:
-    explicit RegisteredServer(const wchar_t* folder = kForeignFolder) : folder_(DoubleFolder() / folder) {
-        fs::create_directories(folder_);
-        EXPECT_TRUE(CopyFileW(DoubleDll().c_str(), dll_.c_str(), FALSE)) << GetLastError();
+    explicit RegisteredServer(const wchar_t* folder = kForeignFolder) : dll_(FreshCopy(folder)) {
         const Library library(LoadLibraryW(dll_.c_str()));
         EXPECT_EQ(S_OK, Call(library, "DllRegisterServer"));
     }
     ~RegisteredServer() override {
-        {
-            const Library library(LoadLibraryW(dll_.c_str()));
-            EXPECT_EQ(S_OK, Call(library, "DllUnregisterServer"));
-        }
-        CoFreeUnusedLibrariesEx(0, 0);
-        std::error_code ignored;
-        fs::remove_all(folder_, ignored);
+        const Library library(LoadLibraryW(dll_.c_str()));
+        EXPECT_EQ(S_OK, Call(library, "DllUnregisterServer"));
     }
 
     static ComPtr<_clsQmxBackProcess> Create() {
@@ -102,11 +126,8 @@ class RegisteredServer : public Server {
                                                      instance.PutVoid())));
         return instance;
     }
-    bool IsInMemory() const { return GetModuleHandleW(dll_.c_str()) != nullptr; }
 
- private:
-    const fs::path folder_;
-    const fs::path dll_ = folder_ / L"K4TBackProcess.dll";
+    const fs::path dll_;
 };
 
 TEST_F(RegisteredServer, IsFoundByItsName) {
@@ -125,15 +146,17 @@ TEST_F(RegisteredServer, ItsTypeLibraryIsFoundInEveryLanguage) {
     }
 }
 
-TEST_F(RegisteredServer, StaysWhileItIsUsedAndGoesAfterwards) {
-    auto instance = Create();
-    ASSERT_TRUE(instance);
-    CoFreeUnusedLibrariesEx(0, 0);
-    EXPECT_TRUE(IsInMemory());
-    instance.Reset();
-    CoFreeUnusedLibrariesEx(0, 0);
-    CoFreeUnusedLibrariesEx(0, 0);
-    EXPECT_FALSE(IsInMemory());
+TEST_F(RegisteredServer, FreedByCom_StaysInMemoryAndServesAgain) {
+    for (int i = 0; i < 2; ++i) {
+        auto instance = Create();
+        ASSERT_TRUE(instance);
+        CoFreeUnusedLibrariesEx(0, 0);
+        EXPECT_EQ(S_OK, Notify(instance.Get(), u"QUERY"));
+        instance.Reset();
+        CoFreeUnusedLibrariesEx(0, 0);
+        CoFreeUnusedLibrariesEx(0, 0);
+        EXPECT_TRUE(IsInMemory(dll_));
+    }
 }
 
 class CrossingServer : public RegisteredServer {
@@ -153,13 +176,7 @@ TEST_F(CrossingServer, ServesTwoApartments) {
     });
 }
 
-/// In a folder of its own: COM keeps its own thread for such clients, and with it the DLL, to the end of the process.
-class MultithreadedServer : public RegisteredServer {
- protected:
-    MultithreadedServer() : RegisteredServer(L"plain & kept") {}
-};
-
-TEST_F(MultithreadedServer, ServesTheMultithreadedApartment) {
+TEST_F(CrossingServer, ServesTheMultithreadedApartment) {
     InOtherApartment(
         [] {
             const auto other = Create();

@@ -1,0 +1,106 @@
+// Loading, using and freeing the component over and over, as a host does that makes an instance for each command and
+// frees unused libraries in between. The first cycle may take what it likes; the others must take nothing.
+#include <algorithm>
+#include <cstdio>
+#include <optional>
+#include <vector>
+
+#include "tests/com/ComponentLibrary.h"
+#include "tests/support/Rounds.h"
+
+namespace tests::com {
+namespace {
+
+/// How many slots TlsAlloc still gives.
+long FreeTlsSlots() {
+    std::vector<DWORD> taken;
+    for (DWORD slot = TlsAlloc(); slot != TLS_OUT_OF_INDEXES; slot = TlsAlloc()) taken.push_back(slot);
+    for (const DWORD slot : taken) TlsFree(slot);
+    return static_cast<long>(taken.size());
+}
+
+struct Usage {
+    long freeTlsSlots;
+    long handles;
+    long heapBytes;
+    long privateBytes;
+};
+
+long HeapBytes() {
+    long bytes = 0;
+    PROCESS_HEAP_ENTRY entry{};
+    HeapLock(GetProcessHeap());
+    while (HeapWalk(GetProcessHeap(), &entry)) {
+        if ((entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0) bytes += static_cast<long>(entry.cbData);
+    }
+    HeapUnlock(GetProcessHeap());
+    return bytes;
+}
+
+/// Counted one by one: not every system tells their number.
+long Handles() {
+    constexpr ULONG_PTR kHighest = 0x10000;
+    constexpr ULONG_PTR kStep = 4;
+    long count = 0;
+    for (ULONG_PTR value = kStep; value < kHighest; value += kStep) {
+        DWORD flags = 0;
+        count += GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags) ? 1 : 0;
+    }
+    return count;
+}
+
+long PrivateBytes() {
+    long bytes = 0;
+    MEMORY_BASIC_INFORMATION region{};
+    for (const char* at = nullptr; VirtualQuery(at, &region, sizeof region) != 0;
+         at = static_cast<const char*>(region.BaseAddress) + region.RegionSize) {
+        const bool isPrivate = region.State == MEM_COMMIT && region.Type == MEM_PRIVATE;
+        if (isPrivate) bytes += static_cast<long>(region.RegionSize);
+    }
+    return bytes;
+}
+
+Usage Measure() {
+    return {FreeTlsSlots(), Handles(), HeapBytes(), PrivateBytes()};
+}
+
+void Print(int cycle, const Usage& usage) {
+    std::printf("cycle %4d: %ld TLS slots free, %ld handles, %ld heap bytes, %ld private bytes\n", cycle,
+                usage.freeTlsSlots, usage.handles, usage.heapBytes, usage.privateBytes);
+    std::fflush(stdout);
+}
+
+void RunCycle() {
+    const ComponentLibrary library;
+    auto instance = CreateRegistered();
+    Load(instance.Get());
+    instance.Reset();
+    CoFreeUnusedLibrariesEx(0, 0);
+    CoFreeUnusedLibrariesEx(0, 0);
+}
+
+TEST(LoadCycles, LoadUseAndFree_TakeNothingAfterTheFirst) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    EXPECT_EQ(S_OK, ComponentLibrary().Register());
+    const int rounds = Rounds(3000, 300);
+    constexpr int kMeasurements = 10;
+    std::optional<Usage> first;
+    for (int cycle = 1; cycle <= rounds; ++cycle) {
+        RunCycle();
+        if (cycle != 1 && cycle % (rounds / kMeasurements) != 0) continue;
+        const Usage now = Measure();
+        Print(cycle, now);
+        if (!first) first = now;
+        // The system's own caches come and go by a few pages and handles; the cycles would need many times that.
+        EXPECT_EQ(now.freeTlsSlots, first->freeTlsSlots);
+        EXPECT_LE(now.handles, first->handles + 4);
+        EXPECT_LE(now.heapBytes, first->heapBytes + 16 * 1024);
+        EXPECT_LE(now.privateBytes, first->privateBytes + 512 * 1024);
+        if (HasFailure()) break;
+    }
+    EXPECT_EQ(S_OK, ComponentLibrary().Unregister());
+    CoUninitialize();
+}
+
+}  // namespace
+}  // namespace tests::com
