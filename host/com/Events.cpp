@@ -7,6 +7,7 @@
 
 #include "host/com/Bstr.h"
 #include "host/com/Guard.h"
+#include "host/com/PeerGone.h"
 
 namespace host::com {
 namespace {
@@ -59,7 +60,7 @@ runtime::Error FailureOf(const Connection& connection, HRESULT code, String desc
                     u" answered NotifyServer with " + runtime::FromAscii(answer) + u"; look into the client's handler");
 }
 
-std::optional<runtime::Error> Tell(const Connection& connection, Bstr& Aname, Bstr& sCommand) {
+std::optional<runtime::Error> Tell(Sinks& sinks, const Connection& connection, Bstr& Aname, Bstr& sCommand) {
     VARIANTARG arguments[2]{};  // last parameter first
     arguments[0].vt = arguments[1].vt = VT_BSTR | VT_BYREF;
     arguments[0].pbstrVal = sCommand.Address();
@@ -69,6 +70,11 @@ std::optional<runtime::Error> Tell(const Connection& connection, Bstr& Aname, Bs
     UINT badArgument = 0;
     const HRESULT result = connection.sink->Invoke(kNotifyServer, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
                                                    &parameters, nullptr, exception.Address(), &badArgument);
+    if (IsPeerGone(result)) {
+        // No handler ran, so there is no error of the client's.
+        sinks.Drop(connection.cookie);
+        return {};
+    }
     if (!IsFailure(result)) return {};
     if (result != DISP_E_EXCEPTION) return FailureOf(connection, result, {});
     exception.FillIn();
@@ -77,13 +83,13 @@ std::optional<runtime::Error> Tell(const Connection& connection, Bstr& Aname, Bs
 
 }  // namespace
 
-void RaiseNotifyServer(const Sinks& sinks, String& Aname, String& sCommand) {
+void RaiseNotifyServer(Sinks& sinks, String& Aname, String& sCommand) {
     Bstr name(Aname);
     Bstr command(sCommand);
     std::optional<runtime::Error> firstFailure;
     for (const Connection& connection : sinks.Connections()) {
         if (!sinks.IsConnected(connection.cookie)) continue;
-        std::optional<runtime::Error> failure = Tell(connection, name, command);
+        std::optional<runtime::Error> failure = Tell(sinks, connection, name, command);
         if (failure && !firstFailure) firstFailure = std::move(failure);
     }
     Aname = name.Text();

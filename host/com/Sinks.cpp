@@ -24,10 +24,15 @@ DWORD Sinks::Connect(IUnknown* sink) {
 }
 
 void Sinks::Disconnect(DWORD cookie) {
-    const auto found = std::ranges::find(connections_, cookie, &Connection::cookie);
-    if (found == connections_.end()) {
+    if (!IsConnected(cookie)) {
         throw ComError(CONNECT_E_NOCONNECTION, u"there is no connection " + runtime::FromAscii(std::to_string(cookie)));
     }
+    Drop(cookie);
+}
+
+void Sinks::Drop(DWORD cookie) noexcept {
+    const auto found = std::ranges::find(connections_, cookie, &Connection::cookie);
+    if (found == connections_.end()) return;
     const Connection leaving = std::move(*found);
     connections_.erase(found);
 }

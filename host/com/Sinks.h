@@ -21,6 +21,8 @@ class Sinks {
     DWORD Connect(IUnknown* sink);
     /// Throws CONNECT_E_NOCONNECTION for an unknown cookie.
     void Disconnect(DWORD cookie);
+    /// Disconnects the sink whose peer is gone; nothing for an unknown cookie.
+    void Drop(DWORD cookie) noexcept;
     /// Disconnects all, for good.
     void Close();
 

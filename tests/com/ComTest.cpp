@@ -131,12 +131,12 @@ DWORD WINAPI RunOther(void* parameter) {
     return 0;
 }
 
+}  // namespace
+
 void ServeMessages() {
     MSG message;
     while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
 }
-
-}  // namespace
 
 void InOtherApartment(const std::function<void()>& work, DWORD apartment) {
     constexpr DWORD kMostMilliseconds = 10000;

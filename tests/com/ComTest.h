@@ -65,6 +65,8 @@ DWORD Advise(IUnknown* instance, IUnknown* sink);
 /// NotifyMe("", command), early bound.
 HRESULT Notify(_clsQmxBackProcess* instance, StringView command);
 
+/// Handles the messages that wait for this thread.
+void ServeMessages();
 /// Runs `work` in a thread with an apartment of its own while this one serves its messages. Fails when it takes
 /// longer than ten seconds.
 void InOtherApartment(const std::function<void()>& work, DWORD apartment = COINIT_APARTMENTTHREADED);

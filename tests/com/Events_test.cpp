@@ -243,6 +243,40 @@ TEST_F(Events, PlainFailuresCountUnlessTheEventIsUnknown) {
     EXPECT_EQ(S_OK, Raise(u"x|"));
 }
 
+TEST_F(Events, SinkWhosePeerIsGone_IsDroppedWithoutAnError) {
+    const std::uint32_t answers[] = {0x80010108, 0x80010007, 0x80010012, 0x800401FD, 0x80010114,
+                                     0x800706B5, 0x800706BA, 0x800706BE, 0x800706BF};
+    for (const std::uint32_t answer : answers) {
+        const auto gone = Sink::Make([=](BSTR&, BSTR&, EXCEPINFO&) { return static_cast<HRESULT>(answer); });
+        const auto next = Sink::Make();
+        const DWORD cookie = Advise(instance.Get(), gone.Get());
+        const DWORD nextCookie = Advise(instance.Get(), next.Get());
+        EXPECT_EQ("0x00000000", Hex(Raise(u"x|"))) << Hex(static_cast<HRESULT>(answer));
+        EXPECT_THAT(next->heard, ElementsAre("x|"));
+        EXPECT_EQ("0x80040200", Hex(EventsOf(instance.Get())->Unadvise(cookie))) << "it is connected still";
+        Unadvise(nextCookie);
+    }
+}
+
+TEST_F(Events, SinkWhosePeerIsGone_MayHaveBeenDisconnectedMeanwhile) {
+    DWORD cookie = 0;
+    const auto gone = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
+        Unadvise(cookie);
+        return RPC_E_DISCONNECTED;
+    });
+    cookie = Advise(instance.Get(), gone.Get());
+    EXPECT_EQ("0x00000000", Hex(Raise(u"x|")));
+}
+
+TEST_F(Events, ErrorRaisedByAHandlerWithSuchACode_IsAnError) {
+    const auto failing =
+        Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) { return Fail(e, RPC_E_DISCONNECTED, 0, u"of the handler"); });
+    const DWORD cookie = Advise(instance.Get(), failing.Get());
+    EXPECT_EQ("0x80010108", Hex(Raise(u"x|")));
+    EXPECT_EQ("of the handler", TakeErrorObject().description);
+    Unadvise(cookie);
+}
+
 TEST_F(Events, WhatAFailingSinkChangedStillGoesOn) {
     const auto failing = Sink::Make([](BSTR& name, BSTR&, EXCEPINFO&) {
         Replace(name, u"changed");
