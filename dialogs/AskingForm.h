@@ -43,6 +43,12 @@ std::unique_ptr<Dialog>& SharedDialog() {
     return shared;
 }
 
+/// The dialog is not destroyed, because its thread may be asking with it.
+template <typename Dialog>
+void ForgetShared() {
+    static_cast<void>(SharedDialog<Dialog>().release());
+}
+
 /// Calls `ask` with the shared dialog of the kind, or, while that one asks, with one of its own: a question that a
 /// handler asks meanwhile is answered first and does not touch the outer one.
 template <typename Dialog, typename Ask>

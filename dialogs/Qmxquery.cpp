@@ -256,4 +256,8 @@ void ReleaseQuery() {
     SharedDialog<Qmxquery>().reset();
 }
 
+void ForgetQuery() {
+    ForgetShared<Qmxquery>();
+}
+
 }  // namespace dialogs

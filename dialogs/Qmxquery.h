@@ -80,7 +80,9 @@ class Qmxquery : public AskingForm {
 String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                 std::int32_t& index, bool showButton, const String& buttonCaption);
 
-/// Forgets the shared dialog, which must not be open.
+/// Destroys the shared dialog, which must not be open.
 void ReleaseQuery();
+/// Leaves the shared dialog to its thread, which may be asking with it: the next question gets a new one.
+void ForgetQuery();
 
 }  // namespace dialogs

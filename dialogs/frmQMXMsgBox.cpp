@@ -140,4 +140,8 @@ void ReleaseSuiteBox() {
     SharedDialog<frmQMXMsgBox>().reset();
 }
 
+void ForgetSuiteBox() {
+    ForgetShared<frmQMXMsgBox>();
+}
+
 }  // namespace dialogs

@@ -45,7 +45,9 @@ class frmQMXMsgBox : public AskingForm {
 /// Asks with the process's shared box, or, while that one is open, with one of its own.
 std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title);
 
-/// Forgets the shared box, which must not be open.
+/// Destroys the shared box, which must not be open.
 void ReleaseSuiteBox();
+/// Leaves the shared box to its thread, which may be asking with it: the next question gets a new one.
+void ForgetSuiteBox();
 
 }  // namespace dialogs

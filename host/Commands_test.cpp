@@ -246,6 +246,35 @@ TEST_F(Commands, ErrorsFromInsideOpenMessagesAreShownUpToADepthAndUnloadBeyondIt
     EXPECT_EQ(box_.prompts.size(), 9U);
 }
 
+TEST_F(Commands, HomeIsLostInsideMessages_LaterErrorsAreShown) {
+    FailSave();
+    std::size_t commands = 1;
+    box_.onEachMessage = [&] {
+        if (box_.prompts.size() == 8) ForgetForms();
+        if (++commands <= 9) Notify(u"All,SAVE");
+    };
+    Notify(u"All,SAVE");
+    EXPECT_EQ(box_.prompts.size(), 9U);
+    // The lost messages ended after all, and must not count the other way.
+    box_.prompts.clear();
+    box_.onEachMessage = [&] {
+        if (++commands <= 100) Notify(u"All,SAVE");
+    };
+    Notify(u"All,SAVE");
+    EXPECT_EQ(box_.prompts.size(), 8U);
+}
+
+TEST_F(Commands, ProcessStateIsReleasedInsideAMessage_ItCountsNoMore) {
+    FailSave();
+    std::size_t commands = 1;
+    box_.onEachMessage = [&] {
+        if (box_.prompts.size() == 8) routing::ResetCommandInterpreter();
+        if (++commands <= 9) Notify(u"All,SAVE");
+    };
+    Notify(u"All,SAVE");
+    EXPECT_EQ(box_.prompts.size(), 9U);
+}
+
 TEST_F(Commands, ErrorOfTheMessageReachesTheClientAfterTheShutdown) {
     form_.EnsureLoaded();
     FailSave();

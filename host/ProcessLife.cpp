@@ -35,7 +35,10 @@ std::size_t LoadedWindowCount() {
 }
 
 void ForgetForms() {
-    while (LoadedWindowCount() > 0) runtime::LoadedForms().At(LoadedWindowCount() - 1).Forget();
+    runtime::LoadedForms().Clear();
+    dialogs::ForgetSuiteBox();
+    dialogs::ForgetQuery();
+    routing::ForgetOpenMessages();
     if (!mainForm) return;
     // It may have been on its way in or out, without a window.
     mainForm->Forget();

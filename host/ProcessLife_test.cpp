@@ -3,6 +3,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "dialogs/Qmxquery.h"
+#include "dialogs/frmQMXMsgBox.h"
+#include "host/frmBackProcessMain.h"
 #include "tests/support/ComponentFixture.h"
 #include "tests/support/HandledForm.h"
 
@@ -17,16 +20,65 @@ class ForgettingForms : public tests::HeadlessComponentTest {
     tests::HandledForm second_{u"second"};
 };
 
-TEST_F(ForgettingForms, TakesEveryFormAwayWithoutItsHandlers) {
+TEST_F(ForgettingForms, FormsAreLoaded_NoneIsAndNoHandlerRuns) {
     first_.EnsureLoaded();
     second_.EnsureLoaded();
     second_.refusesQuery = true;
     EXPECT_EQ(LoadedWindowCount(), 2u);
     ForgetForms();
     EXPECT_EQ(LoadedWindowCount(), 0u);
-    EXPECT_FALSE(first_.IsLoaded());
     EXPECT_THAT(first_.log, ElementsAre("load"));
     EXPECT_THAT(second_.log, ElementsAre("load"));
+}
+
+TEST_F(ForgettingForms, MainFormIsLoaded_MayBeLoadedAnew) {
+    int events = 0;
+    const auto connection = MainForm().NotifyClass().Connect([&](String&, String&) { ++events; });
+    MainForm().EnsureLoaded();
+    ForgetForms();
+    EXPECT_EQ(events, 0) << "no SHUTDOWN";
+    EXPECT_FALSE(MainForm().IsLoaded());
+    EXPECT_EQ(memory_.process.HeldClaims(), 0);
+    MainForm().EnsureLoaded();
+    EXPECT_EQ(LoadedWindowCount(), 1u);
+}
+
+/// The process's shared dialog of a kind, which asks; `ask` is called while it does.
+template <typename Dialog>
+void ForgetWhileAsking(runtime::headless::MemoryWindows& windows, const std::function<void()>& ask) {
+    std::unique_ptr<Dialog> asking;
+    windows.Post([&] {
+        asking.reset(dialogs::SharedDialog<Dialog>().get());
+        EXPECT_TRUE(asking->IsAsking());
+        ForgetForms();
+        EXPECT_EQ(dialogs::SharedDialog<Dialog>(), nullptr);
+        EXPECT_EQ(LoadedWindowCount(), 0u);
+        asking->Hide();
+    });
+    ask();
+}
+
+TEST_F(ForgettingForms, MessageBoxIsOpen_NextQuestionGetsANewBox) {
+    ForgetWhileAsking<dialogs::frmQMXMsgBox>(memory_.windows, [] {
+        EXPECT_EQ(dialogs::AskWithSuiteBox(u"Overwrite?", 0, u"Title"), dialogs::frmQMXMsgBox::kCancel);
+    });
+    memory_.windows.Post([] {
+        EXPECT_TRUE(dialogs::SharedDialog<dialogs::frmQMXMsgBox>()->IsAsking());
+        dialogs::SharedDialog<dialogs::frmQMXMsgBox>()->Hide();
+    });
+    dialogs::AskWithSuiteBox(u"Overwrite?", 0, u"Title");
+}
+
+TEST_F(ForgettingForms, QueryDialogIsOpen_NextQuestionGetsANewDialog) {
+    std::vector<String> values{u"text"};
+    std::int32_t index = 0;
+    const auto ask = [&] { dialogs::AskQuery(u"Title", u"Name?", values, dialogs::kText, index, false, u""); };
+    ForgetWhileAsking<dialogs::Qmxquery>(memory_.windows, ask);
+    memory_.windows.Post([] {
+        EXPECT_TRUE(dialogs::SharedDialog<dialogs::Qmxquery>()->IsAsking());
+        dialogs::SharedDialog<dialogs::Qmxquery>()->Hide();
+    });
+    ask();
 }
 
 }  // namespace

@@ -434,14 +434,5 @@ TEST_F(MainFormCommands, ErrorOfAListenerReachesTheCallerAfterAllWereTold) {
     EXPECT_EQ(told, 1);
 }
 
-TEST_F(MainFormInMemory, GivesUpItsClaimWhenItsThreadIsGone) {
-    form_.EnsureLoaded();
-    EXPECT_EQ(memory_.process.HeldClaims(), 1);
-    ForgetForms();
-    EXPECT_FALSE(form_.IsLoaded());
-    EXPECT_EQ(memory_.process.HeldClaims(), 0);
-    EXPECT_THAT(heard_, ElementsAre());
-}
-
 }  // namespace
 }  // namespace host

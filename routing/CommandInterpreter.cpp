@@ -86,7 +86,10 @@ void Show(const String& description) {
         OpenMessage() { ++openMessages; }
         OpenMessage(const OpenMessage&) = delete;
         OpenMessage& operator=(const OpenMessage&) = delete;
-        ~OpenMessage() { --openMessages; }
+        ~OpenMessage() {
+            // It may have been forgotten.
+            if (openMessages > 0) --openMessages;
+        }
     } openMessage;
     services::ShowMessage(description, 0);
 }
@@ -126,7 +129,12 @@ void ExecuteCommand(StringView command, const CommandReceiver& receiver) {
     if (failure.IsKept()) Answer(failure.Kept(), receiver);
 }
 
+void ForgetOpenMessages() {
+    openMessages = 0;
+}
+
 void ResetCommandInterpreter() {
+    ForgetOpenMessages();
     fieldParser.reset();
     CurrentDesignName.clear();
     LanguagePath.clear();

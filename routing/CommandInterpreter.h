@@ -34,6 +34,9 @@ struct CommandReceiver {
 /// forms are unloaded: the message's error, or else that of the unload.
 void ExecuteCommand(runtime::StringView command, const CommandReceiver& receiver);
 
+/// The thread that shows the open messages has ended, or is home no more: they do not count any more.
+void ForgetOpenMessages();
+
 /// All values as they are at the start of the process.
 void ResetCommandInterpreter();
 

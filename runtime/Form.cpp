@@ -97,7 +97,7 @@ bool Form::Unload(UnloadReason reason) {
 }
 
 void Form::Forget() {
-    // Whatever was going on ended with the thread, and what it had on its stack is gone.
+    // What was going on is the other thread's, and what it had on its stack may be gone.
     modal_ = nullptr;
     loading_ = false;
     unloading_ = false;

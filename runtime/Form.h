@@ -54,7 +54,7 @@ class Form : private WindowEvents {
     void EnsureLoaded();
     /// Nothing for a form that is not loaded. A handler may refuse; then the form stays, and the answer is false.
     bool Unload(UnloadReason reason = UnloadReason::kCode);
-    /// The window went with its thread: leaves the loaded forms, without any handler.
+    /// The window belongs to another thread, or went with it: leaves the loaded forms, without any handler.
     void Forget();
 
     String Caption();

@@ -29,6 +29,11 @@ void LoadedFormsCollection::Remove(const Form& form) {
     count_ = forms_.size();
 }
 
+void LoadedFormsCollection::Clear() {
+    forms_.clear();
+    count_ = 0;
+}
+
 LoadedFormsCollection& LoadedForms() {
     static auto& forms = NeverDestroyed<LoadedFormsCollection>();
     return forms;

@@ -21,6 +21,8 @@ class LoadedFormsCollection {
 
     void Add(Form& form);
     void Remove(const Form& form);
+    /// Gives up all forms, which are not touched: they belong to another thread, or were on its stack.
+    void Clear();
 
  private:
     std::vector<Form*> forms_;

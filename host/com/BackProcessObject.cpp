@@ -23,9 +23,23 @@ void WriteBack(const TextInOut& text, BSTR* place) {
 
 }  // namespace
 
-BackProcessObject::BackProcessObject(Residence residence)
-    : residence_(std::move(residence)), eventPoint_(*this, sinks_) {
+template <typename Body, typename... Result>
+HRESULT BackProcessObject::Member(Body&& body, Result*... results) noexcept {
+    (Clear(results), ...);
+    return Guarded([&] {
+        residence_.RequireHere();
+        const Keep keep(Identity());
+        return body();
+    });
+}
+
+BackProcessObject::BackProcessObject(Residence residence) noexcept
+    : residence_(std::move(residence)), eventPoint_(*this, residence_, sinks_) {}
+
+void BackProcessObject::MakeService() {
     service_ = MakeServiceObject([this](String& Aname, String& sCommand) {
+        // The event belongs to the present home; sinks of one that was given up cannot be called from here.
+        if (!residence_.IsHere()) return;
         const Keep keep(Identity());
         RaiseNotifyServer(sinks_, Aname, sCommand);
     });
@@ -33,7 +47,12 @@ BackProcessObject::BackProcessObject(Residence residence)
 
 HRESULT BackProcessObject::Create(Residence residence, REFIID iid, void** object) {
     auto made = ComPtr<BackProcessObject>::Attach(new BackProcessObject(std::move(residence)));
-    return made->QueryInterface(iid, object);
+    // The interface first: making a service object and ending it again would unload the form for every other client.
+    ComPtr<IUnknown> wanted;
+    Check(made->QueryInterface(iid, wanted.PutVoid()));
+    made->MakeService();
+    *object = wanted.Detach();
+    return S_OK;
 }
 
 // Asked for and not offered: IExternalConnection, IMarshal, IDispatchEx, IPersistStreamInit, IObjectWithSite. The
@@ -63,21 +82,29 @@ ULONG BackProcessObject::AddRef() {
 ULONG BackProcessObject::Release() {
     const ULONG left = references_.Drop();
     if (left > 0) return left;
-    if (isRetired_) {
+    if (isEnded_) {
         delete this;
         return 0;
     }
-    isRetired_ = true;
-    // Held while the sinks are told: their references come and go, and some may stay.
+    isEnded_ = true;
+    // Held until it has ended: sinks take and release references while they are called, and may keep some.
     references_.Add();
-    Retire();
+    if (EndAtHome(*this)) return 0;
+    Terminate();
     return Release();
 }
 
-void BackProcessObject::Retire() {
+void BackProcessObject::End() {
+    // The home may have changed since the message was posted.
+    if (EndAtHome(*this)) return;
+    Terminate();
+    Release();
+}
+
+void BackProcessObject::Terminate() {
     // A release has no result; the guard leaves the error in the thread's error object.
     Guarded([this] {
-        service_->Terminate();
+        if (service_) service_->Terminate();
         return S_OK;
     });
     sinks_.Close();
@@ -90,27 +117,34 @@ ServiceObject& BackProcessObject::Service() {
 }
 
 HRESULT BackProcessObject::GetTypeInfoCount(UINT* count) {
-    if (count == nullptr) return E_POINTER;
-    *count = 1;
-    return S_OK;
+    return Member(
+        [&] {
+            RequirePointer(count);
+            *count = 1;
+            return S_OK;
+        },
+        count);
 }
 
 HRESULT BackProcessObject::GetTypeInfo(UINT index, LCID, ITypeInfo** typeInfo) {
-    return Guarded([&] {
-        RequirePointer(typeInfo);
-        *typeInfo = nullptr;
-        if (index != 0) throw ComError(DISP_E_BADINDEX);
-        *typeInfo = DescriptionOf(IID__clsQmxBackProcess).Detach();
-        return S_OK;
-    });
+    return Member(
+        [&] {
+            RequirePointer(typeInfo);
+            if (index != 0) throw ComError(DISP_E_BADINDEX);
+            *typeInfo = DescriptionOf(IID__clsQmxBackProcess).Detach();
+            return S_OK;
+        },
+        typeInfo);
 }
 
 HRESULT BackProcessObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
-    return Guarded([&] { return FindMemberIds(iid, names, count, ids); });
+    return Member([&] { return FindMemberIds(iid, names, count, ids); });
 }
 
 HRESULT BackProcessObject::Invoke(DISPID member, REFIID iid, LCID lcid, WORD flags, DISPPARAMS* parameters,
                                   VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
+    // The code itself, not an exception of the call: nothing was called.
+    if (!residence_.IsHere()) return Member([] { return S_OK; });
     return GuardedInvoke(exception, [&] {
         const Keep keep(Identity());
         if (iid != IID_NULL) throw ComError(DISP_E_UNKNOWNINTERFACE);
@@ -120,22 +154,21 @@ HRESULT BackProcessObject::Invoke(DISPID member, REFIID iid, LCID lcid, WORD fla
 }
 
 HRESULT BackProcessObject::Load(short* iMode, VARIANT_BOOL* result) {
-    return Guarded([&] {
-        const Keep keep(Identity());
-        RequirePointer(result);
-        *result = VARIANT_FALSE;
-        RequirePointer(iMode);
-        std::int16_t mode = *iMode;
-        const bool broughtUp = Service().Load(mode);
-        *iMode = mode;
-        *result = broughtUp ? VARIANT_TRUE : VARIANT_FALSE;
-        return S_OK;
-    });
+    return Member(
+        [&] {
+            RequirePointer(result);
+            RequirePointer(iMode);
+            std::int16_t mode = *iMode;
+            const bool broughtUp = Service().Load(mode);
+            *iMode = mode;
+            *result = broughtUp ? VARIANT_TRUE : VARIANT_FALSE;
+            return S_OK;
+        },
+        result);
 }
 
 HRESULT BackProcessObject::NotifyMe(BSTR* Aname, BSTR* sCommand) {
-    return Guarded([&] {
-        const Keep keep(Identity());
+    return Member([&] {
         TextInOut name(TextAt(Aname));
         TextInOut command(TextAt(sCommand));
         Service().NotifyMe(name, command);
@@ -146,38 +179,41 @@ HRESULT BackProcessObject::NotifyMe(BSTR* Aname, BSTR* sCommand) {
 }
 
 HRESULT BackProcessObject::get_SeverPath(BSTR* value) {
-    return Guarded([&] {
-        const Keep keep(Identity());
-        RequirePointer(value);
-        *value = nullptr;
-        *value = Bstr(Service().SeverPath()).Detach();
-        return S_OK;
-    });
+    return Member(
+        [&] {
+            RequirePointer(value);
+            *value = Bstr(Service().SeverPath()).Detach();
+            return S_OK;
+        },
+        value);
 }
 
 HRESULT BackProcessObject::put_SeverPath(BSTR value) {
-    return Guarded([&] {
-        const Keep keep(Identity());
+    return Member([&] {
         Service().SetSeverPath(ToString(value));
         return S_OK;
     });
 }
 
 HRESULT BackProcessObject::GetClassInfo(ITypeInfo** typeInfo) {
-    return Guarded([&] {
-        RequirePointer(typeInfo);
-        *typeInfo = nullptr;
-        *typeInfo = DescriptionOf(CLSID_clsQmxBackProcess).Detach();
-        return S_OK;
-    });
+    return Member(
+        [&] {
+            RequirePointer(typeInfo);
+            *typeInfo = DescriptionOf(CLSID_clsQmxBackProcess).Detach();
+            return S_OK;
+        },
+        typeInfo);
 }
 
 HRESULT BackProcessObject::GetGUID(DWORD kind, GUID* guid) {
-    if (guid == nullptr) return E_POINTER;
-    *guid = GUID_NULL;
-    if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
-    *guid = DIID___clsQmxBackProcess;
-    return S_OK;
+    return Member(
+        [&] {
+            RequirePointer(guid);
+            if (kind != GUIDKIND_DEFAULT_SOURCE_DISP_IID) return E_INVALIDARG;
+            *guid = DIID___clsQmxBackProcess;
+            return S_OK;
+        },
+        guid);
 }
 
 HRESULT BackProcessObject::InterfaceSupportsErrorInfo(REFIID iid) {
@@ -185,21 +221,25 @@ HRESULT BackProcessObject::InterfaceSupportsErrorInfo(REFIID iid) {
 }
 
 HRESULT BackProcessObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
-    return Guarded([&] {
-        RequirePointer(points);
-        *points = nullptr;
-        *points = EnumerateConnectionPoints({ComPtr<IConnectionPoint>(&eventPoint_)}).Detach();
-        return S_OK;
-    });
+    return Member(
+        [&] {
+            RequirePointer(points);
+            *points = EnumerateConnectionPoints({ComPtr<IConnectionPoint>(&eventPoint_)}).Detach();
+            return S_OK;
+        },
+        points);
 }
 
 HRESULT BackProcessObject::FindConnectionPoint(REFIID iid, IConnectionPoint** point) {
-    if (point == nullptr) return E_POINTER;
-    *point = nullptr;
-    if (iid != DIID___clsQmxBackProcess) return CONNECT_E_NOCONNECTION;
-    eventPoint_.AddRef();
-    *point = &eventPoint_;
-    return S_OK;
+    return Member(
+        [&] {
+            RequirePointer(point);
+            if (iid != DIID___clsQmxBackProcess) return CONNECT_E_NOCONNECTION;
+            eventPoint_.AddRef();
+            *point = &eventPoint_;
+            return S_OK;
+        },
+        point);
 }
 
 }  // namespace host::com

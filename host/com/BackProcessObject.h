@@ -1,9 +1,12 @@
 // The COM object that a client holds: a service object behind a dual interface, with its class information and its
-// one connection point. It lives in the home apartment and belongs to whoever holds references to it.
+// one connection point. It lives in the home apartment as long as references to it are held.
 //
-// The last release terminates the service object while the sinks are still connected, then disconnects them. Who
-// takes a reference meanwhile and keeps it holds a shell that answers error 91 until it is released. A call or an
-// event in progress holds a reference of its own, so nothing goes away under it.
+// The last release terminates the service object while the sinks are still connected, then disconnects them. A
+// reference that is taken in that time stays valid, but every call on it fails with error 91. A call or an event in
+// progress holds a reference of its own, so nothing is destroyed under it.
+//
+// Only the home thread may call it. A client that passes the bare pointer to another thread gets RPC_E_WRONG_THREAD
+// from every member; a last release there has the home thread end the instance.
 #pragma once
 
 #include <memory>
@@ -50,20 +53,27 @@ class BackProcessObject final : public _clsQmxBackProcess,
     HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) override;
     HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
 
+    /// For the home window: ends the instance after its last release.
+    void End();
+
  private:
-    explicit BackProcessObject(Residence residence);
+    explicit BackProcessObject(Residence residence) noexcept;
     ~BackProcessObject() = default;
 
+    void MakeService();
     IUnknown& Identity() { return static_cast<_clsQmxBackProcess&>(*this); }
     /// Error 91 once it has been terminated.
     ServiceObject& Service();
-    void Retire();
+    /// Runs a member's `body`, which returns its HRESULT, on the home thread only. `results` are cleared in any case.
+    template <typename Body, typename... Result>
+    HRESULT Member(Body&& body, Result*... results) noexcept;
+    void Terminate();
 
     Residence residence_;
     References references_;
     Sinks sinks_;
     EventPoint eventPoint_;
-    bool isRetired_ = false;
+    bool isEnded_ = false;
     std::unique_ptr<ServiceObject> service_;
 };
 

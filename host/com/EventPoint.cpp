@@ -6,6 +6,16 @@
 
 namespace host::com {
 
+template <typename Body, typename... Result>
+HRESULT EventPoint::Member(Body&& body, Result*... results) noexcept {
+    (Clear(results), ...);
+    return Guarded([&] {
+        residence_.RequireHere();
+        const Keep keep(*this);
+        return body();
+    });
+}
+
 HRESULT EventPoint::QueryInterface(REFIID iid, void** object) {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
@@ -16,44 +26,52 @@ HRESULT EventPoint::QueryInterface(REFIID iid, void** object) {
 }
 
 HRESULT EventPoint::GetConnectionInterface(IID* iid) {
-    if (iid == nullptr) return E_POINTER;
-    *iid = DIID___clsQmxBackProcess;
-    return S_OK;
+    return Member(
+        [&] {
+            RequirePointer(iid);
+            *iid = DIID___clsQmxBackProcess;
+            return S_OK;
+        },
+        iid);
 }
 
 HRESULT EventPoint::GetConnectionPointContainer(IConnectionPointContainer** container) {
-    if (container == nullptr) return E_POINTER;
-    container_.AddRef();
-    *container = &container_;
-    return S_OK;
+    return Member(
+        [&] {
+            RequirePointer(container);
+            container_.AddRef();
+            *container = &container_;
+            return S_OK;
+        },
+        container);
 }
 
 HRESULT EventPoint::Advise(IUnknown* sink, DWORD* cookie) {
-    return Guarded([&] {
-        const Keep keep(*this);
-        RequirePointer(cookie);
-        *cookie = 0;
-        RequirePointer(sink);
-        *cookie = sinks_.Connect(sink);
-        return S_OK;
-    });
+    return Member(
+        [&] {
+            RequirePointer(cookie);
+            RequirePointer(sink);
+            *cookie = sinks_.Connect(sink);
+            return S_OK;
+        },
+        cookie);
 }
 
 HRESULT EventPoint::Unadvise(DWORD cookie) {
-    return Guarded([&] {
-        const Keep keep(*this);
+    return Member([&] {
         sinks_.Disconnect(cookie);
         return S_OK;
     });
 }
 
 HRESULT EventPoint::EnumConnections(IEnumConnections** connections) {
-    return Guarded([&] {
-        RequirePointer(connections);
-        *connections = nullptr;
-        *connections = EnumerateConnections(sinks_.Connections()).Detach();
-        return S_OK;
-    });
+    return Member(
+        [&] {
+            RequirePointer(connections);
+            *connections = EnumerateConnections(sinks_.Connections()).Detach();
+            return S_OK;
+        },
+        connections);
 }
 
 }  // namespace host::com

@@ -2,13 +2,15 @@
 // reference to the instance, though it has an identity of its own.
 #pragma once
 
+#include "host/com/HomeApartment.h"
 #include "host/com/Sinks.h"
 
 namespace host::com {
 
 class EventPoint final : public IConnectionPoint {
  public:
-    EventPoint(IConnectionPointContainer& container, Sinks& sinks) noexcept : container_(container), sinks_(sinks) {}
+    EventPoint(IConnectionPointContainer& container, const Residence& residence, Sinks& sinks) noexcept
+        : container_(container), residence_(residence), sinks_(sinks) {}
     EventPoint(const EventPoint&) = delete;
     EventPoint& operator=(const EventPoint&) = delete;
     ~EventPoint() = default;
@@ -24,7 +26,12 @@ class EventPoint final : public IConnectionPoint {
     HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** connections) override;
 
  private:
+    /// Runs a member's `body`, which returns its HRESULT, on the home thread only. `results` are cleared in any case.
+    template <typename Body, typename... Result>
+    HRESULT Member(Body&& body, Result*... results) noexcept;
+
     IConnectionPointContainer& container_;
+    const Residence& residence_;
     Sinks& sinks_;
 };
 

@@ -37,6 +37,12 @@ inline void RequirePointer(const void* pointer) {
     if (pointer == nullptr) throw ComError(E_POINTER);
 }
 
+/// A place for a result, which is empty when the call fails.
+template <typename Result>
+void Clear(Result* result) noexcept {
+    if (result != nullptr) *result = {};
+}
+
 /// The HRESULT under which an error of the runtime crosses the edge.
 HRESULT HresultOf(const runtime::Error& error) noexcept;
 /// Whether `code` is an error of a runtime like ours: 0x800A0000 + number.

@@ -8,29 +8,54 @@
 #include "host/com/ComPtr.h"
 #include "host/com/Guard.h"
 #include "host/com/HomeRegister.h"
-#include "host/com/ServiceObject.h"
+#include "host/com/HomeWindow.h"
+#include "host/com/PeerGone.h"
+#include "runtime/NeverDestroyed.h"
 
 namespace host::com {
 namespace {
 
-constexpr int kAttempts = 3;
+/// Homes may come and go between an attempt's two steps, however often.
+constexpr int kMostAttempts = 20;
 
+// Counted apart: a lock that is given back once too often must not count for a factory that a client holds.
 std::atomic<long> serverReferences{0};
+std::atomic<long> serverLocks{0};
 
-HomeRegister homeRegister;
+HomeRegister& homeRegister = runtime::NeverDestroyed<HomeRegister>();
+
+HRESULT FindInterfaceTable(ComPtr<IGlobalInterfaceTable>& table) noexcept {
+    return CoCreateInstance(CLSID_StdGlobalInterfaceTable, nullptr, CLSCTX_INPROC_SERVER, IID_IGlobalInterfaceTable,
+                            table.PutVoid());
+}
 
 ComPtr<IGlobalInterfaceTable> InterfaceTable() {
     ComPtr<IGlobalInterfaceTable> table;
-    Check(CoCreateInstance(CLSID_StdGlobalInterfaceTable, nullptr, CLSCTX_INPROC_SERVER, IID_IGlobalInterfaceTable,
-                           table.PutVoid()));
+    Check(FindInterfaceTable(table));
     return table;
 }
 
-/// Never under the register's lock: COM may run calls of other apartments on this thread.
-void Revoke(DWORD cookie) noexcept {
-    if (cookie == 0) return;
-    // An apartment that is gone has taken its entry along; then there is nothing left to do.
-    Guarded([cookie] { return InterfaceTable()->RevokeInterfaceFromGlobal(cookie); });
+/// Whether the table has no entry under `cookie` any more. An apartment that has ended has taken its entry along.
+bool Revoke(DWORD cookie) noexcept {
+    ComPtr<IGlobalInterfaceTable> table;
+    if (FAILED(FindInterfaceTable(table))) return false;
+    const HRESULT revoked = table->RevokeInterfaceFromGlobal(cookie);
+    return SUCCEEDED(revoked) || revoked == E_INVALIDARG || IsPeerGone(revoked);
+}
+
+bool TakeBack(HomeLink& link) noexcept {
+    if (link.window != nullptr) HomeWindowPolicy::Close(std::exchange(link.window, nullptr));
+    return link.cookie == 0 || Revoke(link.cookie);
+}
+
+/// Takes back the ways to homes that are over; on a thread outside COM that fails, and a later caller does it. Never
+/// under the register's lock: COM may run calls of other apartments on this thread.
+void TakeBackUnwanted() noexcept {
+    HomeLinks failed;
+    for (HomeLinks link = homeRegister.TakeUnwanted(); !link.empty(); link = homeRegister.TakeUnwanted()) {
+        if (!TakeBack(link.front())) failed.splice(failed.end(), link);
+    }
+    homeRegister.KeepUnwanted(std::move(failed));
 }
 
 void RequireSingleThreadedApartment() {
@@ -45,18 +70,20 @@ void RequireSingleThreadedApartment() {
 }
 
 /// The way home; makes the calling thread's apartment the home when there is none.
-HomeRegister::Entry Enter() {
+HomeRegister::Entry EnterHome() {
     HomeRegister::Entry entry = homeRegister.Enter();
-    Revoke(std::exchange(entry.unwantedCookie, 0));
+    TakeBackUnwanted();
     if (entry.generation != 0) return entry;
 
     // The register holds no lock meanwhile, so another thread may have been quicker.
+    HomeLinks link(1);
     runtime::win32::KernelHandle thread = OwnThread();
+    HomeWindow window = MakeHomeWindow();
     const ComPtr<IClassFactory> factory = MakeClassFactory(FactoryKind::kHome);
-    DWORD cookie = 0;
-    Check(InterfaceTable()->RegisterInterfaceInGlobal(factory.Get(), IID_IClassFactory, &cookie));
-    entry = homeRegister.Settle(cookie, std::move(thread));
-    Revoke(std::exchange(entry.unwantedCookie, 0));
+    Check(InterfaceTable()->RegisterInterfaceInGlobal(factory.Get(), IID_IClassFactory, &link.front().cookie));
+    link.front().window = window.Release();
+    entry = homeRegister.Settle(std::move(link), std::move(thread));
+    TakeBackUnwanted();
     return entry;
 }
 
@@ -65,27 +92,32 @@ struct Attempt {
     bool isHomeLost;
 };
 
-bool MeansLost(HRESULT result) {
-    constexpr HRESULT kLosses[] = {RPC_E_DISCONNECTED, RPC_E_SERVER_DIED, RPC_E_SERVER_DIED_DNE, CO_E_OBJNOTCONNECTED,
-                                   static_cast<HRESULT>(0x800706BA)};  // the last one: RPC server unavailable
-    for (const HRESULT loss : kLosses) {
-        if (result == loss) return true;
-    }
-    return false;
-}
-
 Attempt CreateThrough(DWORD cookie, REFIID iid, void** object) {
     ComPtr<IClassFactory> factory;
     const HRESULT found = InterfaceTable()->GetInterfaceFromGlobal(cookie, IID_IClassFactory, factory.PutVoid());
     if (FAILED(found)) return {found, found != E_OUTOFMEMORY};
     const HRESULT created = factory->CreateInstance(nullptr, iid, object);
-    return {created, MeansLost(created)};
+    return {created, IsPeerGone(created)};
 }
 
 }  // namespace
 
 Residence::~Residence() {
-    if (generation_ != 0) Revoke(homeRegister.Leave(generation_));
+    if (generation_ == 0) return;
+    homeRegister.Leave(generation_);
+    TakeBackUnwanted();
+}
+
+bool Residence::IsHere() const noexcept {
+    return threadId_ == GetCurrentThreadId() && homeRegister.IsPresent(generation_);
+}
+
+void Residence::RequireHere() const {
+    if (IsHere()) return;
+    throw ComError(
+        RPC_E_WRONG_THREAD,
+        u"this instance cannot be called on this thread: it lives in another apartment, or its apartment has "
+        u"ended; marshal the interface to this thread, or create an instance here");
 }
 
 ServerReference::ServerReference() noexcept {
@@ -97,28 +129,37 @@ ServerReference::~ServerReference() {
 
 void LockServer(bool lock) noexcept {
     if (lock) {
-        ++serverReferences;
-    } else {
-        --serverReferences;
+        ++serverLocks;
+        return;
+    }
+    long held = serverLocks;
+    while (held > 0 && !serverLocks.compare_exchange_weak(held, held - 1)) {
     }
 }
 
 bool CanUnload() noexcept {
-    const HomeRegister::Rest rest = homeRegister.LookForRest();
-    Revoke(rest.unwantedCookie);
-    return rest.isEmpty && serverReferences == 0;
+    // In this order: looking may find that the home is over.
+    homeRegister.IsEmpty();
+    TakeBackUnwanted();
+    return homeRegister.IsEmpty() && serverReferences == 0 && serverLocks == 0;
 }
 
 HRESULT CreateAtHome(REFIID iid, void** object) {
     RequireSingleThreadedApartment();
     Attempt attempt{RPC_E_SERVER_DIED, true};
-    for (int i = 0; i < kAttempts && attempt.isHomeLost; ++i) {
-        HomeRegister::Entry entry = Enter();
+    for (int i = 0; i < kMostAttempts && attempt.isHomeLost; ++i) {
+        const HomeRegister::Entry entry = EnterHome();
         if (entry.isHere) return BackProcessObject::Create(Residence(entry.generation), iid, object);
         attempt = CreateThrough(entry.cookie, iid, object);
-        if (attempt.isHomeLost) Revoke(homeRegister.Forget(entry.generation));
+        if (attempt.isHomeLost) homeRegister.Forget(entry.generation);
     }
     return attempt.result;
+}
+
+bool EndAtHome(BackProcessObject& instance) noexcept {
+    const HWND home = homeRegister.WindowElsewhere();
+    TakeBackUnwanted();
+    return home != nullptr && PostEnd(home, instance);
 }
 
 }  // namespace host::com

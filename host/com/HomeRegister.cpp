@@ -19,57 +19,70 @@ class Locked {
     SRWLOCK& lock_;
 };
 
-bool HasEnded(HANDLE thread) {
-    return WaitForSingleObject(thread, 0) == WAIT_OBJECT_0;
-}
-
 }  // namespace
 
-HomeRegister::Entry HomeRegister::Enter() {
+HomeRegister::Entry HomeRegister::Enter() noexcept {
     const Locked locked(lock_);
-    const DWORD unwanted = ForgetIfOver();
-    Entry entry = Found();
-    entry.unwantedCookie = unwanted;
-    return entry;
+    ClearIfOver();
+    return Found();
 }
 
-HomeRegister::Entry HomeRegister::Settle(DWORD cookie, runtime::win32::KernelHandle thread) {
+HomeRegister::Entry HomeRegister::Settle(HomeLinks link, runtime::win32::KernelHandle thread) noexcept {
     const Locked locked(lock_);
     if (generation_ == 0) {
         generation_ = ++lastGeneration_;
         threadId_ = GetCurrentThreadId();
         thread_ = std::move(thread);
-        cookie_ = std::exchange(cookie, 0);
+        link_ = std::exchange(link, {});
     }
-    Entry entry = Found();
-    entry.unwantedCookie = cookie;
-    return entry;
+    unwanted_.splice(unwanted_.end(), link);
+    return Found();
 }
 
-DWORD HomeRegister::Leave(unsigned generation) {
+void HomeRegister::Leave(unsigned generation) noexcept {
     const Locked locked(lock_);
     --instances_;
     // An instance of a home that was given up does not count for the one after it.
     if (generation == generation_) --residents_;
-    return ForgetIfOver();
+    ClearIfOver();
 }
 
-DWORD HomeRegister::Forget(unsigned generation) {
+void HomeRegister::Forget(unsigned generation) noexcept {
     const Locked locked(lock_);
-    return generation == generation_ ? Clear() : 0;
+    if (generation == generation_) GiveUp();
 }
 
-HomeRegister::Rest HomeRegister::LookForRest() {
+HWND HomeRegister::WindowElsewhere() noexcept {
     const Locked locked(lock_);
-    const DWORD unwanted = ForgetIfOver();
-    return {instances_ == 0 && LiveWindows() == 0, unwanted};
+    ClearIfOver();
+    const bool isElsewhere = generation_ != 0 && threadId_ != GetCurrentThreadId();
+    return isElsewhere ? link_.front().window : nullptr;
 }
 
-HomeRegister::Entry HomeRegister::Found() {
+bool HomeRegister::IsEmpty() noexcept {
+    const Locked locked(lock_);
+    ClearIfOver();
+    return instances_ == 0 && LiveWindows() == 0 && unwanted_.empty();
+}
+
+HomeLinks HomeRegister::TakeUnwanted() noexcept {
+    const Locked locked(lock_);
+    HomeLinks taken;
+    if (!unwanted_.empty()) taken.splice(taken.end(), unwanted_, unwanted_.begin());
+    return taken;
+}
+
+void HomeRegister::KeepUnwanted(HomeLinks link) noexcept {
+    const Locked locked(lock_);
+    unwanted_.splice(unwanted_.end(), link);
+}
+
+HomeRegister::Entry HomeRegister::Found() noexcept {
     Entry entry;
     entry.generation = generation_;
-    entry.isHere = generation_ != 0 && threadId_ == GetCurrentThreadId();
-    entry.cookie = cookie_;
+    if (entry.generation == 0) return entry;
+    entry.isHere = threadId_ == GetCurrentThreadId();
+    entry.cookie = link_.front().cookie;
     if (entry.isHere) {
         ++residents_;
         ++instances_;
@@ -77,21 +90,32 @@ HomeRegister::Entry HomeRegister::Found() {
     return entry;
 }
 
-DWORD HomeRegister::ForgetIfOver() {
-    if (generation_ == 0) return 0;
-    if (HasEnded(thread_.Get())) {
-        HomeThreadLost();
-        return Clear();
+void HomeRegister::ClearIfOver() noexcept {
+    if (generation_ == 0) return;
+    if (HasEnded()) {
+        // Its window went with the thread, and the handle may be another window's by now.
+        link_.front().window = nullptr;
+        GiveUp();
+    } else if (residents_ == 0 && LiveWindows() == 0) {
+        Clear();
     }
-    return residents_ == 0 && LiveWindows() == 0 ? Clear() : 0;
 }
 
-DWORD HomeRegister::Clear() {
+void HomeRegister::GiveUp() noexcept {
+    GiveUpForms();
+    Clear();
+}
+
+void HomeRegister::Clear() noexcept {
     generation_ = 0;
     residents_ = 0;
     threadId_ = 0;
     thread_.Reset();
-    return std::exchange(cookie_, 0);
+    unwanted_.splice(unwanted_.end(), link_);
+}
+
+bool HomeRegister::HasEnded() const noexcept {
+    return WaitForSingleObject(thread_.Get(), 0) == WAIT_OBJECT_0;
 }
 
 runtime::win32::KernelHandle OwnThread() {

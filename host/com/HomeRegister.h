@@ -1,12 +1,23 @@
-// Who is home, how many live there, and how to reach it: the data behind the home apartment, under one lock. It
-// makes no COM calls; cookies of the process's interface table that are no longer wanted are handed back to the
-// caller, who revokes them without holding the lock.
+// Who is home, how many instances live there, and how to reach it: the data behind the home apartment, under one lock.
+// It makes no COM calls. How other threads reach a home is a link; one that is no longer wanted is handed out to the
+// caller, who takes it back without holding the lock.
 #pragma once
+
+#include <atomic>
+#include <list>
 
 #include "host/com/ComHeaders.h"
 #include "runtime/win32/Handle.h"
 
 namespace host::com {
+
+/// How other threads reach a home.
+struct HomeLink {
+    DWORD cookie = 0;       ///< of the home's factory in the process's interface table; 0: none
+    HWND window = nullptr;  ///< the home window; null: none
+};
+/// Links are handed around as nodes, which takes no memory and cannot fail.
+using HomeLinks = std::list<HomeLink>;
 
 class HomeRegister {
  public:
@@ -14,37 +25,45 @@ class HomeRegister {
         unsigned generation = 0;  ///< 0: there is no home
         bool isHere = false;      ///< the calling thread is home; a place in the count was taken for it
         DWORD cookie = 0;         ///< of the home's factory
-        DWORD unwantedCookie = 0;
-    };
-    struct Rest {
-        bool isEmpty;
-        DWORD unwantedCookie;
     };
 
     /// The way to the home there is.
-    Entry Enter();
-    /// The same; the calling thread becomes home when there is none.
-    Entry Settle(DWORD cookie, runtime::win32::KernelHandle thread);
-    /// Gives back a place in the count. Answers an unwanted cookie or 0.
-    [[nodiscard]] DWORD Leave(unsigned generation);
-    /// Forgets a home that cannot be reached. Answers an unwanted cookie or 0.
-    [[nodiscard]] DWORD Forget(unsigned generation);
-    /// Whether no instance and no window is left; a home that is over is forgotten.
-    Rest LookForRest();
+    Entry Enter() noexcept;
+    /// The same; the calling thread, which `link` leads to, becomes home when there is none. Else `link` is unwanted.
+    Entry Settle(HomeLinks link, runtime::win32::KernelHandle thread) noexcept;
+    /// Gives back a place in the count.
+    void Leave(unsigned generation) noexcept;
+    /// Gives up a home that cannot be reached, and its forms.
+    void Forget(unsigned generation) noexcept;
+
+    /// That home is the present one. Takes no lock.
+    bool IsPresent(unsigned generation) const noexcept { return generation_ == generation; }
+    /// The window of a home on another thread; null when there is no home or the calling thread is home.
+    HWND WindowElsewhere() noexcept;
+    /// No instance, no window and no unwanted link is left.
+    bool IsEmpty() noexcept;
+
+    /// Hands out one unwanted link; none when there is none.
+    HomeLinks TakeUnwanted() noexcept;
+    /// Keeps a link that could not be taken back.
+    void KeepUnwanted(HomeLinks link) noexcept;
 
  private:
-    DWORD ForgetIfOver();
-    DWORD Clear();
-    Entry Found();
+    void ClearIfOver() noexcept;
+    void GiveUp() noexcept;
+    void Clear() noexcept;
+    Entry Found() noexcept;
+    bool HasEnded() const noexcept;
 
     SRWLOCK lock_ = SRWLOCK_INIT;
     unsigned lastGeneration_ = 0;
     unsigned instances_ = 0;  ///< of all generations
-    unsigned generation_ = 0;
+    std::atomic<unsigned> generation_ = 0;
     unsigned residents_ = 0;
     DWORD threadId_ = 0;
-    DWORD cookie_ = 0;
     runtime::win32::KernelHandle thread_;
+    HomeLinks link_;
+    HomeLinks unwanted_;
 };
 
 /// A handle of the calling thread by which others see that it has ended.

@@ -34,8 +34,7 @@ std::size_t LiveWindows() noexcept {
     return LoadedWindowCount();
 }
 
-void HomeThreadLost() noexcept {
-    // Its windows went with it. Instances that nobody released there still point to the main form, so that one stays.
+void GiveUpForms() noexcept {
     runtime::SkipError(ForgetForms);
 }
 

@@ -55,7 +55,8 @@ class ServiceObject {
 std::unique_ptr<ServiceObject> MakeServiceObject(NotifyServerEvent notifyServer);
 /// How many windows of the component live. Called from any thread.
 std::size_t LiveWindows() noexcept;
-/// The home thread ended without having released its instances: what lived there is gone.
-void HomeThreadLost() noexcept;
+/// The home apartment or its thread has ended while instances live: no form is loaded any more. Called from any thread,
+/// and under a lock: no waiting for other threads.
+void GiveUpForms() noexcept;
 
 }  // namespace host::com

@@ -64,12 +64,19 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
 }
 
 Win32Window::~Win32Window() {
-    if (!window_) return;
+    // The window may have gone with its thread, and the handle may be another window's by now.
+    if (!window_ || !Lives(this, window_)) return;
     const HWND window = window_;
     // From here on the procedure does not find this object: nothing is reported of an end that was asked for.
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     window_ = nullptr;
-    DestroyWindow(window);
+    Destroy(window);
+}
+
+// Another thread's window cannot be destroyed from here. It is asked to close, and without its object it destroys
+// itself.
+void Win32Window::Destroy(HWND window) noexcept {
+    if (!DestroyWindow(window)) PostMessageW(window, WM_CLOSE, 0, 0);
 }
 
 DWORD Win32Window::StyleOf(BorderStyle border) {

@@ -47,6 +47,8 @@ class Win32Window : public NativeWindow {
     /// `self` still exists and has the window; for use after a call in which others may have destroyed it.
     static bool Lives(const Win32Window* self, HWND window);
     void OnDestroy();
+    /// Destroys `window`, on its own thread. It must not be this object's any more.
+    static void Destroy(HWND window) noexcept;
     LRESULT OnActivate(WPARAM wParam, LPARAM lParam);
     LRESULT OnPlaceChanged(WPARAM wParam, LPARAM lParam);
     LRESULT OnKeyMessage(UINT message, WPARAM wParam, LPARAM lParam);

@@ -2,6 +2,9 @@
 //     com_client exit COMPONENT      makes an instance of the library COMPONENT, brings its form up, and ends without a
 //                                    release. Exit code 0; 1 when the form's window is destroyed at the end; 2 or more
 //                                    when something fails before
+//     com_client lose COMPONENT      ends eight threads while each shows the message of a failed command. Exit code 0
+//     when
+//                                    the message of the next failed command is shown all the same, else 1
 //     com_client listen FILE EVENT   connects a sink to the instance whose marshalled interface FILE holds, sets EVENT,
 //                                    and serves its messages until it is killed
 #include <cstdlib>
@@ -11,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "host/com/Bstr.h"
 #include "host/com/ComPtr.h"
 #include "host/com/References.h"
 
@@ -18,6 +22,7 @@
 
 namespace {
 
+using host::com::Bstr;
 using host::com::ComPtr;
 using host::com::Query;
 
@@ -46,7 +51,8 @@ BOOL CALLBACK WatchForm(HWND window, LPARAM) noexcept {
     return FALSE;
 }
 
-int EndWithoutRelease(const wchar_t* component) {
+/// With its form loaded; never released.
+_clsQmxBackProcess* MakeLoadedInstance(const wchar_t* component) {
     const HMODULE library = LoadLibraryExW(component, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     Require(library != nullptr, 2);
     const auto getClassObject = reinterpret_cast<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>(
@@ -59,14 +65,21 @@ int EndWithoutRelease(const wchar_t* component) {
     short mode = 0;
     VARIANT_BOOL result = VARIANT_FALSE;
     Require(SUCCEEDED(instance->Load(&mode, &result)), 5);
+    return instance;
+}
+
+int EndWithoutRelease(const wchar_t* component) {
+    MakeLoadedInstance(component);
     EnumThreadWindows(GetCurrentThreadId(), WatchForm, 0);
     Require(formProcedure != nullptr, 6);
     return 0;
 }
 
-/// Lives as long as the process.
-class SilentSink final : public IDispatch {
+/// Lives as long as the process; answers every event with `answer`.
+class EndlessSink final : public IDispatch {
  public:
+    explicit EndlessSink(HRESULT answer) : answer_(answer) {}
+
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
         const bool isKnown = iid == IID_IUnknown || iid == IID_IDispatch || iid == DIID___clsQmxBackProcess;
         *object = isKnown ? this : nullptr;
@@ -78,9 +91,68 @@ class SilentSink final : public IDispatch {
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-        return S_OK;
+        return answer_;
     }
+
+ private:
+    const HRESULT answer_;
 };
+
+void Connect(IUnknown* instance, IDispatch& sink) {
+    const auto container = Query<IConnectionPointContainer>(instance, IID_IConnectionPointContainer);
+    Require(static_cast<bool>(container), 6);
+    ComPtr<IConnectionPoint> point;
+    Require(SUCCEEDED(container->FindConnectionPoint(DIID___clsQmxBackProcess, point.Put())), 7);
+    DWORD cookie = 0;
+    Require(SUCCEEDED(point->Advise(&sink, &cookie)), 8);
+}
+
+BOOL CALLBACK FindMessage(HWND window, LPARAM found) noexcept {
+    wchar_t name[16];
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    if (std::wcscmp(name, L"#32770") == 0 && IsWindowVisible(window)) *reinterpret_cast<HWND*>(found) = window;
+    return TRUE;
+}
+
+bool isMessageShown = false;
+const DWORD mainThreadId = GetCurrentThreadId();
+
+/// Runs inside the loop of a message: ends its thread, or notes and answers it on the main thread.
+void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
+    HWND message = nullptr;
+    EnumThreadWindows(GetCurrentThreadId(), FindMessage, reinterpret_cast<LPARAM>(&message));
+    if (message == nullptr) return;
+    if (GetCurrentThreadId() != mainThreadId) ExitThread(0);
+    isMessageShown = true;
+    PostMessageW(message, WM_CLOSE, 0, 0);
+}
+
+/// EX with a sink that fails at the shutdown, which is reported in a message.
+void SendFailingCommand(const wchar_t* component) {
+    static EndlessSink failing(E_FAIL);
+    _clsQmxBackProcess* const instance = MakeLoadedInstance(component);
+    Connect(instance, failing);
+    SetTimer(nullptr, 0, 20, OnTimer);
+    Bstr name;
+    Bstr command(u"All,EX");
+    instance->NotifyMe(name.Address(), command.Address());
+}
+
+DWORD WINAPI EndInsideAMessage(void* component) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    SendFailingCommand(static_cast<const wchar_t*>(component));
+    return 0;
+}
+
+int LoseHomes(wchar_t* component) {
+    for (int i = 0; i < 8; ++i) {
+        const HANDLE thread = CreateThread(nullptr, 0, EndInsideAMessage, component, 0, nullptr);
+        Require(WaitForSingleObject(thread, 10'000) == WAIT_OBJECT_0, 9);
+        CloseHandle(thread);
+    }
+    SendFailingCommand(component);
+    return isMessageShown ? 0 : 1;
+}
 
 ComPtr<IUnknown> Unmarshal(const wchar_t* path) {
     std::ifstream file(path, std::ios::binary);
@@ -95,13 +167,8 @@ ComPtr<IUnknown> Unmarshal(const wchar_t* path) {
 }
 
 int Listen(const wchar_t* path, const wchar_t* eventName) {
-    const auto container = Query<IConnectionPointContainer>(Unmarshal(path).Get(), IID_IConnectionPointContainer);
-    Require(static_cast<bool>(container), 4);
-    ComPtr<IConnectionPoint> point;
-    Require(SUCCEEDED(container->FindConnectionPoint(DIID___clsQmxBackProcess, point.Put())), 5);
-    static SilentSink sink;
-    DWORD cookie = 0;
-    Require(SUCCEEDED(point->Advise(&sink, &cookie)), 6);
+    static EndlessSink sink(S_OK);
+    Connect(Unmarshal(path).Get(), sink);
     SetEvent(OpenEventW(EVENT_MODIFY_STATE, FALSE, eventName));
     MSG message;
     while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
@@ -116,6 +183,7 @@ int main() {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     const std::wstring job = argc > 1 ? argv[1] : L"";
     if (job == L"exit" && argc == 3) return EndWithoutRelease(argv[2]);
+    if (job == L"lose" && argc == 3) return LoseHomes(argv[2]);
     if (job == L"listen" && argc == 4) return Listen(argv[2], argv[3]);
     return 99;
 }

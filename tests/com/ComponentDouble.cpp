@@ -112,7 +112,7 @@ std::size_t LiveWindows() noexcept {
     return TheDouble().liveWindows;
 }
 
-void HomeThreadLost() noexcept {
+void GiveUpForms() noexcept {
     ++TheDouble().lostHomes;
 }
 

@@ -1,8 +1,21 @@
 #include "tests/com/ComponentLibrary.h"
 
+#include <cwchar>
+#include <iterator>
+
 #include "tests/support/TestFolder.h"
 
 namespace tests::com {
+namespace {
+
+BOOL CALLBACK CountForm(HWND window, LPARAM into) noexcept {
+    wchar_t name[64];
+    GetClassNameW(window, name, static_cast<int>(std::size(name)));
+    if (std::wcscmp(name, L"K4TBackProcess.Form") == 0) ++*reinterpret_cast<int*>(into);
+    return TRUE;
+}
+
+}  // namespace
 
 std::filesystem::path ComponentDll() {
     return std::filesystem::path(TestFolder()) / L"K4TBackProcess.dll";
@@ -53,6 +66,12 @@ ComPtr<_clsQmxBackProcess> CreateRegistered() {
     EXPECT_EQ("0x00000000", Hex(CoCreateInstance(CLSID_clsQmxBackProcess, nullptr, CLSCTX_INPROC_SERVER,
                                                  IID__clsQmxBackProcess, instance.PutVoid())));
     return instance;
+}
+
+int FormWindows(DWORD threadId) {
+    int count = 0;
+    EnumThreadWindows(threadId, CountForm, reinterpret_cast<LPARAM>(&count));
+    return count;
 }
 
 VARIANT_BOOL Load(_clsQmxBackProcess* instance) {

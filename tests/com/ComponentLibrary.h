@@ -39,6 +39,8 @@ class ComponentLibrary {
 
 /// An instance of the registered library, as a client creates it. Fails the test when there is none.
 ComPtr<_clsQmxBackProcess> CreateRegistered();
+/// How many of the component's form windows the thread has.
+int FormWindows(DWORD threadId);
 /// Brings the main form up.
 VARIANT_BOOL Load(_clsQmxBackProcess* instance);
 

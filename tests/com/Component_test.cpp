@@ -43,6 +43,19 @@ TEST_F(Component, TellsTheEndToAllClientsOfTheForm) {
     EXPECT_EQ(VARIANT_TRUE, Load(second.Get())) << "the form is loaded anew";
 }
 
+TEST_F(Component, RefusesAnInterface_LeavesTheFormOfTheOthersAlone) {
+    const auto instance = Create();
+    const auto sink = Sink::Make();
+    Advise(instance.Get(), sink.Get());
+    Load(instance.Get());
+    ComPtr<IUnknown> none;
+    EXPECT_EQ("0x80004002",
+              Hex(library_.ClassFactory()->CreateInstance(nullptr, IID_IPersistStreamInit, none.PutVoid())));
+    EXPECT_THAT(sink->heard, ElementsAre());
+    EXPECT_EQ(1, FormWindows(GetCurrentThreadId()));
+    EXPECT_EQ("Pelorix Background Processing Application", library_.DevelopmentValue(L"Caption"));
+}
+
 TEST_F(Component, ForgetsItsServerPath) {
     const auto instance = Create();
     EXPECT_EQ(S_OK, instance->put_SeverPath(Bstr(u"X").Get()));

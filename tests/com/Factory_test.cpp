@@ -1,4 +1,6 @@
 // The class factory, and what keeps the server in memory.
+#include <thread>
+
 #include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
@@ -30,6 +32,7 @@ TEST_F(FactoryTest, UnknownInterfacesLeaveNoInstance) {
     ComPtr<IUnknown> none;
     EXPECT_EQ("0x80004002", Hex(Factory()->CreateInstance(nullptr, IID_IExternalConnection, none.PutVoid())));
     EXPECT_EQ("0x80004003", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, nullptr)));
+    EXPECT_THAT(TheDouble().log, testing::ElementsAre());
     EXPECT_TRUE(CanUnload());
 }
 
@@ -55,6 +58,28 @@ TEST_F(FactoryTest, FactoriesInstancesAndLocksKeepTheServer) {
     auto instance = MakeInstance();
     EXPECT_FALSE(CanUnload());
     instance.Reset();
+    EXPECT_TRUE(CanUnload());
+}
+
+TEST_F(FactoryTest, UnlockedOnceTooOften_FactoriesAndLocksStillCount) {
+    auto factory = Factory();
+    factory->LockServer(TRUE);
+    factory->LockServer(FALSE);
+    factory->LockServer(FALSE);
+    EXPECT_FALSE(CanUnload()) << "the factory lives";
+    factory->LockServer(TRUE);
+    factory.Reset();
+    EXPECT_FALSE(CanUnload()) << "a lock is held";
+    Factory()->LockServer(FALSE);
+    EXPECT_TRUE(CanUnload());
+}
+
+TEST_F(FactoryTest, HomeThatCannotBeTakenBackYet_KeepsTheServer) {
+    TheDouble().liveWindows = 1;
+    MakeInstance();
+    TheDouble().liveWindows = 0;
+    // Only a thread with COM can take the home's factory out of the process's table.
+    std::thread([] { EXPECT_FALSE(CanUnload()); }).join();
     EXPECT_TRUE(CanUnload());
 }
 

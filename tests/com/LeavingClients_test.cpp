@@ -1,5 +1,5 @@
-// Clients that leave without a word: a process that ends with a loaded form, and one that is killed while its sink is
-// connected.
+// Clients that leave without a release: a process that ends with a loaded form, threads that end inside a message, and
+// a process that is killed while its sink is connected.
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -20,6 +20,11 @@ using testing::ElementsAre;
 
 TEST(LeavingClient, EndsWithALoadedForm_TheWindowIsLeftAlone) {
     const ClientProcess client(L"exit \"" + ComponentDll().wstring() + L'"');
+    EXPECT_EQ(0u, client.ExitCode());
+}
+
+TEST(LeavingClient, ThreadsEndInsideMessages_LaterErrorsAreShown) {
+    const ClientProcess client(L"lose \"" + ComponentDll().wstring() + L'"');
     EXPECT_EQ(0u, client.ExitCode());
 }
 
