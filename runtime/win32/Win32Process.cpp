@@ -1,6 +1,5 @@
 #include "runtime/win32/Win32Process.h"
 
-#include <mutex>
 #include <utility>
 
 #include "runtime/CommandLine.h"
@@ -32,41 +31,69 @@ std::uint64_t StableHash(StringView text) {
     return hash;
 }
 
-String MutexName() {
+String Hexadecimal(std::uint64_t number) {
     constexpr StringView kDigits = u"0123456789abcdef";
-    String name = u"Local\\K4TBackProcess.FirstInstance.";
-    const std::uint64_t hash = StableHash(ProgramPath());
-    for (int shift = 60; shift >= 0; shift -= 4) name += kDigits[(hash >> shift) & 0xF];
-    return name;
+    String text;
+    for (int shift = 60; shift >= 0; shift -= 4) text += kDigits[(number >> shift) & 0xF];
+    return text;
 }
 
-/// Null when another process has it. The mutex is never waited for, as owning it would tie the claim to a thread:
-/// that it exists is the claim, and the system removes it with the last handle, however a process ends.
-std::shared_ptr<KernelHandle> CreateFirst() {
-    const String name = MutexName();
-    KernelHandle mutex(CreateMutexW(nullptr, FALSE, Wide(name)));
-    const DWORD error = GetLastError();
-    if (mutex && error != ERROR_ALREADY_EXISTS) return std::make_shared<KernelHandle>(std::move(mutex));
-    // Refused access: a process of the session with higher rights made it.
-    if (mutex || error == ERROR_ACCESS_DENIED) return nullptr;
-    throw SystemFailure(u"no mark for the first process of a program");
+/// The names of the objects that a claim is made of.
+struct ClaimNames {
+    /// Exists while a process of the program has a claim.
+    String program = u"Local\\K4TBackProcess.FirstInstance." + Hexadecimal(StableHash(ProgramPath()));
+    /// Exists while this process has it.
+    String process = program + u'.' + Hexadecimal(GetCurrentProcessId());
+    String lock = process + u".lock";
+};
+
+KernelHandle MakeMutex(const String& name) {
+    return KernelHandle(CreateMutexW(nullptr, FALSE, Wide(name)));
 }
 
-/// Taken to claim and to give up, so that no claim meets a mutex of this process that is just being closed.
-std::mutex claimGuard;
+bool Exists(const String& mutexName) {
+    return static_cast<bool>(KernelHandle(OpenMutexW(SYNCHRONIZE, FALSE, Wide(mutexName))));
+}
 
-class SharedClaim : public InstanceClaim {
+Error NoClaim(DWORD systemError) {
+    return SystemFailure(u"cannot create the mutex of the first process of a program", systemError);
+}
+
+/// Lets the threads of this process claim and give up one after the other, whichever copy of this code they run.
+class ClaimLock {
  public:
-    explicit SharedClaim(std::shared_ptr<KernelHandle> mutex) : mutex_(std::move(mutex)) {}
-    ~SharedClaim() override {
-        const std::lock_guard lock(claimGuard);
-        mutex_.reset();
+    explicit ClaimLock(const String& name) : mutex_(MakeMutex(name)) {
+        if (mutex_) WaitForSingleObject(mutex_.Get(), INFINITE);
     }
-    SharedClaim(const SharedClaim&) = delete;
-    SharedClaim& operator=(const SharedClaim&) = delete;
+    ClaimLock(const ClaimLock&) = delete;
+    ClaimLock& operator=(const ClaimLock&) = delete;
+    ~ClaimLock() {
+        if (mutex_) ReleaseMutex(mutex_.Get());
+    }
+    explicit operator bool() const { return static_cast<bool>(mutex_); }
 
  private:
-    std::shared_ptr<KernelHandle> mutex_;
+    KernelHandle mutex_;
+};
+
+/// Two mutexes that are never waited for, as owning one would tie the claim to a thread: that they exist is the claim.
+/// The system removes each with its last handle, however a process ends.
+class ProcessClaim : public InstanceClaim {
+ public:
+    ProcessClaim(ClaimNames names, KernelHandle program, KernelHandle process)
+        : names_(std::move(names)), program_(std::move(program)), process_(std::move(process)) {}
+    ~ProcessClaim() override {
+        const ClaimLock lock(names_.lock);
+        process_.Reset();
+        program_.Reset();
+    }
+    ProcessClaim(const ProcessClaim&) = delete;
+    ProcessClaim& operator=(const ProcessClaim&) = delete;
+
+ private:
+    const ClaimNames names_;
+    KernelHandle program_;
+    KernelHandle process_;
 };
 
 }  // namespace
@@ -80,15 +107,19 @@ String Win32Process::ComponentFolder() {
 }
 
 std::unique_ptr<InstanceClaim> Win32Process::ClaimFirstInstance() {
-    static std::weak_ptr<KernelHandle> held;
-    const std::lock_guard lock(claimGuard);
-    std::shared_ptr<KernelHandle> mutex = held.lock();
-    if (!mutex) {
-        mutex = CreateFirst();
-        held = mutex;
-    }
-    if (!mutex) return nullptr;
-    return std::make_unique<SharedClaim>(std::move(mutex));
+    ClaimNames names;
+    const ClaimLock lock(names.lock);
+    if (!lock) throw NoClaim(GetLastError());
+    const bool isOurs = Exists(names.process);
+    KernelHandle program = MakeMutex(names.program);
+    const DWORD error = GetLastError();
+    // Refused access: a process of the session with higher rights made it.
+    if (!program && error == ERROR_ACCESS_DENIED) return nullptr;
+    if (!program) throw NoClaim(error);
+    if (error == ERROR_ALREADY_EXISTS && !isOurs) return nullptr;
+    KernelHandle process = MakeMutex(names.process);
+    if (!process) throw NoClaim(GetLastError());
+    return std::make_unique<ProcessClaim>(std::move(names), std::move(program), std::move(process));
 }
 
 }  // namespace runtime::win32

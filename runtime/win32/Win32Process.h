@@ -13,8 +13,8 @@ class Win32Process : public ProcessPort {
 
     String CommandLine() override;
     String ComponentFolder() override;
-    /// Claims of one process, from whichever thread, share what they hold: the last one gives it up. What a process
-    /// held that ended in any way is free. Error 7 when the system lacks the means.
+    /// Claims of one process share what they hold, whichever thread or copy of this code has them: the last one gives
+    /// it up. What a process held that ended in any way is free. Error 7 when the system lacks the means.
     std::unique_ptr<InstanceClaim> ClaimFirstInstance() override;
 
  private:

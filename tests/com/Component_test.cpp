@@ -1,4 +1,6 @@
 // The component itself, as its clients load it: the DLL with everything behind it, beside its kernel library.
+#include <filesystem>
+
 #include "tests/com/ComponentLibrary.h"
 #include "tests/com/Sink.h"
 
@@ -91,6 +93,30 @@ TEST_F(Component, SurvivesASinkThatReleasesItDuringAnEvent) {
     instance.Reset();
     EXPECT_FALSE(other);
     EXPECT_FALSE(sink->heard.empty());
+}
+
+/// A second copy of the component in the same process, as a module that brings its own has it.
+TEST_F(Component, TwoCopiesInOneProcess_EachHasItsForm) {
+    const std::filesystem::path folder = ComponentDll().parent_path() / L"second copy";
+    std::filesystem::create_directories(folder / L"dev");
+    for (const wchar_t* file : {L"K4TBackProcess.dll", L"dev\\QmxKrn2K.dll"}) {
+        CopyFileW((ComponentDll().parent_path() / file).c_str(), (folder / file).c_str(), FALSE);
+    }
+    const ComponentLibrary second(folder / L"K4TBackProcess.dll");
+    const auto instance = Create();
+    const auto other = second.Create();
+    const auto sink = Sink::Make();
+    Advise(other.Get(), sink.Get());
+    EXPECT_EQ(VARIANT_TRUE, Load(instance.Get()));
+    EXPECT_EQ(VARIANT_TRUE, Load(other.Get()));
+    EXPECT_THAT(sink->heard, ElementsAre());
+    EXPECT_EQ(2, FormWindows(GetCurrentThreadId()));
+    EXPECT_EQ("Pelorix Background Processing Application", second.DevelopmentValue(L"Caption"));
+    EXPECT_EQ(S_OK, Notify(instance.Get(), u"All,EX"));
+    EXPECT_THAT(sink->heard, ElementsAre()) << "the shutdown of the first copy is its own";
+    EXPECT_EQ(1, FormWindows(GetCurrentThreadId()));
+    EXPECT_EQ(VARIANT_TRUE, Load(instance.Get())) << "the claim is held by the second copy still";
+    EXPECT_EQ(2, FormWindows(GetCurrentThreadId()));
 }
 
 TEST_F(Component, StartsAnewWhenTheHomeThreadEnded) {
