@@ -102,11 +102,15 @@ void BackProcessObject::End() {
 }
 
 void BackProcessObject::Terminate() {
-    // A release has no result; the guard leaves the error in the thread's error object.
-    Guarded([this] {
+    // A release has no result; the guard leaves the error in the thread's error object. Without an error the object
+    // stays what it was before: a client often releases an instance before it looks at the error of the call before.
+    ComPtr<IErrorInfo> before;
+    GetErrorInfo(0, before.Put());
+    const HRESULT result = Guarded([this] {
         if (service_) service_->Terminate();
         return S_OK;
     });
+    if (SUCCEEDED(result)) SetErrorInfo(0, before.Get());
     sinks_.Close();
     service_.reset();
 }

@@ -9,7 +9,7 @@
 namespace host::com {
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public IClassFactory, public ISupportErrorInfo {
  public:
     explicit ClassFactory(FactoryKind kind) {
         if (kind == FactoryKind::kClient) server_.emplace();
@@ -20,8 +20,13 @@ class ClassFactory final : public IClassFactory {
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
         if (object == nullptr) return E_POINTER;
         *object = nullptr;
-        if (iid != IID_IUnknown && iid != IID_IClassFactory) return E_NOINTERFACE;
-        *object = static_cast<IClassFactory*>(this);
+        if (iid == IID_IUnknown || iid == IID_IClassFactory) {
+            *object = static_cast<IClassFactory*>(this);
+        } else if (iid == IID_ISupportErrorInfo) {
+            *object = static_cast<ISupportErrorInfo*>(this);
+        } else {
+            return E_NOINTERFACE;
+        }
         AddRef();
         return S_OK;
     }
@@ -40,13 +45,19 @@ class ClassFactory final : public IClassFactory {
                 throw ComError(CLASS_E_NOAGGREGATION,
                                u"the class cannot be aggregated; create it without an outer object");
             }
-            const Keep keep(*this);
+            const Keep keep(static_cast<IClassFactory&>(*this));
             return CreateAtHome(iid, object);
         });
     }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
-        com::LockServer(lock != FALSE);
-        return S_OK;
+        return Guarded([=] {
+            com::LockServer(lock != FALSE);
+            return S_OK;
+        });
+    }
+
+    HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override {
+        return iid == IID_IClassFactory ? S_OK : S_FALSE;
     }
 
  private:

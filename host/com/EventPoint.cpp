@@ -11,7 +11,7 @@ HRESULT EventPoint::Member(Body&& body, Result*... results) noexcept {
     (Clear(results), ...);
     return Guarded([&] {
         residence_.RequireHere();
-        const Keep keep(*this);
+        const Keep keep(static_cast<IConnectionPoint&>(*this));
         return body();
     });
 }
@@ -19,8 +19,13 @@ HRESULT EventPoint::Member(Body&& body, Result*... results) noexcept {
 HRESULT EventPoint::QueryInterface(REFIID iid, void** object) {
     if (object == nullptr) return E_POINTER;
     *object = nullptr;
-    if (iid != IID_IUnknown && iid != IID_IConnectionPoint) return E_NOINTERFACE;
-    *object = static_cast<IConnectionPoint*>(this);
+    if (iid == IID_IUnknown || iid == IID_IConnectionPoint) {
+        *object = static_cast<IConnectionPoint*>(this);
+    } else if (iid == IID_ISupportErrorInfo) {
+        *object = static_cast<ISupportErrorInfo*>(this);
+    } else {
+        return E_NOINTERFACE;
+    }
     AddRef();
     return S_OK;
 }
@@ -72,6 +77,10 @@ HRESULT EventPoint::EnumConnections(IEnumConnections** connections) {
             return S_OK;
         },
         connections);
+}
+
+HRESULT EventPoint::InterfaceSupportsErrorInfo(REFIID iid) {
+    return iid == IID_IConnectionPoint ? S_OK : S_FALSE;
 }
 
 }  // namespace host::com

@@ -7,7 +7,7 @@
 
 namespace host::com {
 
-class EventPoint final : public IConnectionPoint {
+class EventPoint final : public IConnectionPoint, public ISupportErrorInfo {
  public:
     EventPoint(IConnectionPointContainer& container, const Residence& residence, Sinks& sinks) noexcept
         : container_(container), residence_(residence), sinks_(sinks) {}
@@ -24,6 +24,8 @@ class EventPoint final : public IConnectionPoint {
     HRESULT STDMETHODCALLTYPE Advise(IUnknown* sink, DWORD* cookie) override;
     HRESULT STDMETHODCALLTYPE Unadvise(DWORD cookie) override;
     HRESULT STDMETHODCALLTYPE EnumConnections(IEnumConnections** connections) override;
+
+    HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
 
  private:
     /// Runs a member's `body`, which returns its HRESULT, on the home thread only. `results` are cleared in any case.

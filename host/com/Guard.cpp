@@ -76,6 +76,14 @@ std::int32_t NumberOf(HRESULT code) noexcept {
     return IsRuntimeError(code) ? code & kLargestNumber : code;
 }
 
+void ThrowWithErrorObject(HRESULT failure) {
+    ComPtr<IErrorInfo> information;
+    if (GetErrorInfo(0, information.Put()) != S_OK) throw ComError(failure);
+    Bstr description;
+    Check(information->GetDescription(description.Address()));
+    throw ComError(failure, description.Text());
+}
+
 HRESULT CurrentHresult() noexcept {
     const Failure failure = CurrentFailure();
     SetErrorObject(failure);

@@ -2,7 +2,9 @@
 // factory and the exports run inside the guard: an exception never leaves the component.
 //
 // An error of the runtime with number n becomes HRESULT 0x800A0000 + n; a negative number is a foreign HRESULT that
-// passed through and goes on as it is. Its description stands in the thread's error object.
+// passed through and goes on as it is. Its description is left in the thread's error object. A call without an error,
+// or with one that has no description, leaves no error object, because a client would take an older one for this
+// call's.
 #pragma once
 
 #include <exception>
@@ -56,11 +58,16 @@ HRESULT CurrentHresult() noexcept;
 /// answer is then DISP_E_EXCEPTION.
 HRESULT CurrentHresult(EXCEPINFO* exception) noexcept;
 
-/// Runs `body`, which answers an HRESULT.
+/// Takes the error object that a failed call of another object has left: its description goes on to the client.
+[[noreturn]] void ThrowWithErrorObject(HRESULT failure);
+
+/// Runs `body`, which returns an HRESULT.
 template <typename Body>
 HRESULT Guarded(Body&& body) noexcept {
     try {
-        return body();
+        const HRESULT result = body();
+        SetErrorInfo(0, nullptr);
+        return result;
     } catch (...) {
         return CurrentHresult();
     }
@@ -69,7 +76,9 @@ HRESULT Guarded(Body&& body) noexcept {
 template <typename Body>
 HRESULT GuardedInvoke(EXCEPINFO* exception, Body&& body) noexcept {
     try {
-        return body();
+        const HRESULT result = body();
+        SetErrorInfo(0, nullptr);
+        return result;
     } catch (...) {
         return CurrentHresult(exception);
     }

@@ -96,8 +96,11 @@ Attempt CreateThrough(DWORD cookie, REFIID iid, void** object) {
     ComPtr<IClassFactory> factory;
     const HRESULT found = InterfaceTable()->GetInterfaceFromGlobal(cookie, IID_IClassFactory, factory.PutVoid());
     if (FAILED(found)) return {found, found != E_OUTOFMEMORY};
+    SetErrorInfo(0, nullptr);
     const HRESULT created = factory->CreateInstance(nullptr, iid, object);
-    return {created, IsPeerGone(created)};
+    const bool isHomeLost = IsPeerGone(created);
+    if (FAILED(created) && !isHomeLost) ThrowWithErrorObject(created);
+    return {created, isHomeLost};
 }
 
 }  // namespace

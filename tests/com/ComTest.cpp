@@ -84,6 +84,18 @@ ErrorObject TakeErrorObject() {
     return {true, runtime::ToUtf8(description.Text()), runtime::ToUtf8(source.Text())};
 }
 
+std::string TextOfErrorObject() {
+    const ErrorObject object = TakeErrorObject();
+    return object.isThere ? object.description : "(none)";
+}
+
+void LeaveErrorObject(StringView description) {
+    ComPtr<ICreateErrorInfo> made;
+    ASSERT_EQ(S_OK, CreateErrorInfo(made.Put()));
+    made->SetDescription(Bstr(description).Get());
+    SetErrorInfo(0, Query<IErrorInfo>(made.Get(), IID_IErrorInfo).Get());
+}
+
 ComPtr<IClassFactory> Factory() {
     ComPtr<IClassFactory> factory;
     host::com::GetClassObject(CLSID_clsQmxBackProcess, IID_IClassFactory, factory.PutVoid());

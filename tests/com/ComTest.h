@@ -57,6 +57,10 @@ struct ErrorObject {
     std::string source;
 };
 ErrorObject TakeErrorObject();
+/// Its description, "(none)" when there is no error object.
+std::string TextOfErrorObject();
+/// Puts an error object with that description into its place, as an earlier call of another component does.
+void LeaveErrorObject(StringView description);
 
 ComPtr<IClassFactory> Factory();
 ComPtr<_clsQmxBackProcess> MakeInstance();

@@ -36,6 +36,27 @@ TEST_F(FactoryTest, UnknownInterfacesLeaveNoInstance) {
     EXPECT_TRUE(CanUnload());
 }
 
+TEST_F(FactoryTest, SaysThatItLeavesTextsAndLeavesNoForeignOne) {
+    const auto factory = Factory();
+    const auto support = Query<ISupportErrorInfo>(factory.Get(), IID_ISupportErrorInfo);
+    ASSERT_TRUE(support);
+    EXPECT_EQ(S_OK, support->InterfaceSupportsErrorInfo(IID_IClassFactory));
+    EXPECT_EQ(S_FALSE, support->InterfaceSupportsErrorInfo(IID_IUnknown));
+    EXPECT_EQ(Query<IUnknown>(support.Get(), IID_IUnknown).Get(), Query<IUnknown>(factory.Get(), IID_IUnknown).Get());
+
+    ComPtr<IUnknown> made;
+    LeaveErrorObject(u"foreign");
+    EXPECT_EQ("0x80004002", Hex(factory->CreateInstance(nullptr, IID_IExternalConnection, made.PutVoid())));
+    EXPECT_EQ("(none)", TextOfErrorObject());
+    LeaveErrorObject(u"foreign");
+    EXPECT_EQ(S_OK, factory->CreateInstance(nullptr, IID_IUnknown, made.PutVoid()));
+    EXPECT_EQ("(none)", TextOfErrorObject());
+    LeaveErrorObject(u"foreign");
+    EXPECT_EQ(S_OK, factory->LockServer(TRUE));
+    EXPECT_EQ(S_OK, factory->LockServer(FALSE));
+    EXPECT_EQ("(none)", TextOfErrorObject());
+}
+
 TEST_F(FactoryTest, AnErrorOfTheCreationReachesTheClient) {
     TheDouble().makeError = 53;
     ComPtr<IUnknown> none;
