@@ -16,6 +16,7 @@
 #include "host/com/References.h"
 #include "host/com/ServiceObject.h"
 #include "host/com/Sinks.h"
+#include "host/com/TypeLibrary.h"
 
 namespace host::com {
 
@@ -70,6 +71,9 @@ class BackProcessObject final : public _clsQmxBackProcess,
     void Terminate();
 
     Residence residence_;
+    /// Never used: the type library stays open while an instance lives, because the system's marshaller asks for it
+    /// from every thread.
+    const ComPtr<ITypeLib> typeLibrary_ = OpenTypeLibrary();
     References references_;
     Sinks sinks_;
     EventPoint eventPoint_;

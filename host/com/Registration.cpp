@@ -75,6 +75,20 @@ void AddInterface(EntryList& list, REFIID iid, StringView name, StringView marsh
     list.Add(key / u"TypeLib", u"Version", kVersion);
 }
 
+/// Written by LoadTypeLibEx and RegisterTypeLib: the marshaller of 16-bit programs, which needs no entry of ours.
+void AddInterfaceOfTypeLibrary(EntryList& list, REFIID iid, StringView marshaller) {
+    list.AddDefault(String(u"Interface") / Text(iid) / u"ProxyStubClsid", marshaller);
+}
+
+/// COM reads the path into a buffer of this size, its NUL included.
+void RequireLoadable(const String& modulePath) {
+    if (modulePath.size() < MAX_PATH) return;
+    throw ComError(HRESULT_FROM_WIN32(ERROR_FILENAME_EXCED_RANGE),
+                   u"the path " + modulePath +
+                       u" has more than 259 characters, so that COM could not load the component "
+                       u"from it; install it in a folder with a shorter path");
+}
+
 runtime::win32::RegistryKey OpenClasses(RegistrationScope scope) {
     const HKEY hive = scope == RegistrationScope::kMachine ? HKEY_LOCAL_MACHINE : HKEY_CURRENT_USER;
     HKEY classes = nullptr;
@@ -96,11 +110,18 @@ std::vector<RegistryEntry> RegistrationEntries(const String& modulePath) {
 }
 
 void Register(RegistrationScope scope) {
-    WriteEntries(OpenClasses(scope).Get(), RegistrationEntries(ModulePath()));
+    const String modulePath = ModulePath();
+    RequireLoadable(modulePath);
+    WriteEntries(OpenClasses(scope).Get(), RegistrationEntries(modulePath));
 }
 
 void Unregister(RegistrationScope scope) {
-    RemoveEntries(OpenClasses(scope).Get(), RegistrationEntries(ModulePath()));
+    EntryList ofTypeLibrary;
+    AddInterfaceOfTypeLibrary(ofTypeLibrary, IID__clsQmxBackProcess, kTypeLibraryMarshaller);
+    AddInterfaceOfTypeLibrary(ofTypeLibrary, DIID___clsQmxBackProcess, kDispatchMarshaller);
+    std::vector<RegistryEntry> entries = RegistrationEntries(ModulePath());
+    for (RegistryEntry& entry : ofTypeLibrary.Take()) entries.push_back(std::move(entry));
+    RemoveEntries(OpenClasses(scope).Get(), entries);
 }
 
 }  // namespace host::com

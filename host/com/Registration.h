@@ -10,9 +10,11 @@ enum class RegistrationScope { kMachine, kUser };
 /// Everything that is registered, relative to a hive's Software\Classes, for a module at `modulePath`.
 std::vector<RegistryEntry> RegistrationEntries(const String& modulePath);
 
-/// Registers this module. May be repeated; a failure leaves the registry as it was. Throws its HRESULT.
+/// Registers this module. May be repeated; a failure leaves the registry as it was. Throws its HRESULT, and that of a
+/// path that is too long for COM to load the module from there.
 void Register(RegistrationScope scope);
-/// Removes what Register wrote. May be repeated. What others put beside it stays.
+/// Removes what Register wrote, and what the system adds when a program registers the type library by itself. May be
+/// repeated. What others put beside it stays.
 void Unregister(RegistrationScope scope);
 
 }  // namespace host::com

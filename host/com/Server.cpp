@@ -1,5 +1,7 @@
 #include "host/com/Server.h"
 
+#include <optional>
+
 #include "host/com/ClassFactory.h"
 #include "host/com/Guard.h"
 #include "host/com/Module.h"
@@ -19,8 +21,10 @@ HRESULT ChangeRegistration(bool install, RegistrationScope scope) noexcept {
     });
 }
 
-bool MeansUser(const wchar_t* commandLine) {
-    return commandLine != nullptr && CompareStringOrdinal(commandLine, -1, L"user", -1, TRUE) == CSTR_EQUAL;
+std::optional<RegistrationScope> ScopeOf(const wchar_t* commandLine) {
+    if (commandLine == nullptr || *commandLine == L'\0') return RegistrationScope::kMachine;
+    const bool isUser = CompareStringOrdinal(commandLine, -1, L"user", -1, TRUE) == CSTR_EQUAL;
+    return isUser ? std::optional(RegistrationScope::kUser) : std::nullopt;
 }
 
 }  // namespace
@@ -43,7 +47,8 @@ HRESULT UnregisterServer() noexcept {
 }
 
 HRESULT Install(bool install, const wchar_t* commandLine) noexcept {
-    return MeansUser(commandLine) ? ChangeRegistration(install, RegistrationScope::kUser) : E_INVALIDARG;
+    const std::optional<RegistrationScope> scope = ScopeOf(commandLine);
+    return scope ? ChangeRegistration(install, *scope) : E_INVALIDARG;
 }
 
 }  // namespace host::com

@@ -11,7 +11,7 @@ HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) noexcept;
 /// For the machine.
 HRESULT RegisterServer() noexcept;
 HRESULT UnregisterServer() noexcept;
-/// `commandLine` "user" means the current user; E_INVALIDARG for anything else.
+/// `commandLine` "user" means the current user, none or an empty one the machine; E_INVALIDARG for anything else.
 HRESULT Install(bool install, const wchar_t* commandLine) noexcept;
 
 }  // namespace host::com

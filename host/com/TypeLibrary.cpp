@@ -5,9 +5,24 @@
 
 namespace host::com {
 
-ComPtr<ITypeInfo> DescriptionOf(REFGUID guid) {
+namespace {
+
+ComPtr<ITypeLib> Open() {
     ComPtr<ITypeLib> library;
     Check(LoadTypeLibEx(runtime::win32::Wide(ModulePath()), REGKIND_NONE, library.Put()));
+    return library;
+}
+
+}  // namespace
+
+ComPtr<ITypeLib> OpenTypeLibrary() noexcept {
+    ComPtr<ITypeLib> library;
+    runtime::SkipError([&library] { library = Open(); });
+    return library;
+}
+
+ComPtr<ITypeInfo> DescriptionOf(REFGUID guid) {
+    const ComPtr<ITypeLib> library = Open();
     ComPtr<ITypeInfo> description;
     Check(library->GetTypeInfoOfGuid(guid, description.Put()));
     return description;

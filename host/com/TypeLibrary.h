@@ -5,6 +5,9 @@
 
 namespace host::com {
 
+/// Empty when it cannot be read. While a reference is held the system reads the file only once.
+ComPtr<ITypeLib> OpenTypeLibrary() noexcept;
+
 /// The description of the interface or class with that identifier. Throws the HRESULT of a library that cannot be read.
 ComPtr<ITypeInfo> DescriptionOf(REFGUID guid);
 

@@ -26,7 +26,7 @@ void Win32Label::UnregisterWindowClass(HINSTANCE instance) {
 LRESULT CALLBACK Win32Label::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     return Callback::Guard(LRESULT{0}, [&]() -> LRESULT {
         auto* self = reinterpret_cast<Win32Label*>(GetWindowLongPtrW(window, GWLP_USERDATA));
-        if (message == WM_NCCREATE) {
+        if (message == WM_NCCREATE && !self) {
             self = new Win32Label(window);  // until WM_NCDESTROY
             SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
         }

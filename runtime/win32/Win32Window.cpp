@@ -162,14 +162,20 @@ bool Win32Window::TakesKey(const MSG& message) {
 
 LRESULT CALLBACK Win32Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     return Callback::Guard(LRESULT{0}, [&]() -> LRESULT {
-        if (message == WM_NCCREATE) {
-            auto* created = static_cast<Win32Window*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
-            created->window_ = window;
-            SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
-        }
+        if (message == WM_NCCREATE && !Adopt(window, lParam)) return FALSE;
         auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         return self ? self->OnMessage(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
     });
+}
+
+// A stranger may send the message, or make a window of the class.
+bool Win32Window::Adopt(HWND window, LPARAM createMessage) {
+    if (!createMessage || GetWindowLongPtrW(window, GWLP_USERDATA)) return false;
+    auto* created = static_cast<Win32Window*>(reinterpret_cast<const CREATESTRUCTW*>(createMessage)->lpCreateParams);
+    if (!created) return false;
+    created->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
+    return true;
 }
 
 bool Win32Window::Lives(const Win32Window* self, HWND window) {
@@ -197,6 +203,7 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_WINDOWPOSCHANGED:
             return OnPlaceChanged(wParam, lParam);
         case WM_GETMINMAXINFO: {
+            if (!lParam) return 0;
             // Forms may have any size, also one larger than the screen.
             auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
             constexpr LONG kAnySize = 32767;
@@ -234,8 +241,10 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-// Not asked for by the form; its handlers run while the window's children are still there.
+// Not asked for by the form; its handlers run while the window's children are still there. Other code can send the
+// message, so a window that is not being destroyed is asked to close: without its object it destroys itself.
 void Win32Window::OnDestroy() {
+    PostMessageW(window_, WM_CLOSE, 0, 0);
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
     window_ = nullptr;
     events_.Lost();

@@ -42,6 +42,8 @@ class Win32Window : public NativeWindow {
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
  private:
+    /// Binds the new window to its object; false when the message is not of a window that this class makes.
+    static bool Adopt(HWND window, LPARAM createMessage);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
     /// `self` still exists and has the window; for use after a call in which others may have destroyed it.

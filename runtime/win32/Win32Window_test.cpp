@@ -5,6 +5,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/win32/Pixels.h"
@@ -100,6 +102,70 @@ TEST_F(RealWindow, DestroyedByOthersUnloadsTheForm) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 2"));
     EXPECT_NE(Window(), nullptr);
     EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "load"));
+}
+
+/// Counts memory faults: the system hides one that happens in a window procedure.
+class MemoryFaults {
+ public:
+    MemoryFaults() { count_ = 0; }
+    MemoryFaults(const MemoryFaults&) = delete;
+    MemoryFaults& operator=(const MemoryFaults&) = delete;
+    ~MemoryFaults() {
+        RemoveVectoredExceptionHandler(handler_);
+        EXPECT_EQ(count_, 0);
+    }
+
+ private:
+    static LONG CALLBACK Count(EXCEPTION_POINTERS* pointers) {
+        if (pointers->ExceptionRecord->ExceptionCode == EXCEPTION_ACCESS_VIOLATION) ++count_;
+        return EXCEPTION_CONTINUE_SEARCH;
+    }
+
+    static inline int count_ = 0;
+    void* const handler_ = AddVectoredExceptionHandler(1, Count);
+};
+
+TEST_F(RealWindow, ForgedDestruction_UnloadsTheFormAndEndsTheWindow) {
+    const MemoryFaults none;
+    const HWND window = Window();
+    Send(WM_DESTROY);
+    EXPECT_FALSE(form_.IsLoaded());
+    SendMessageW(window, WM_NCCREATE, 0, 0);
+    CurrentPorts().windows.DoEvents();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_NE(Window(), nullptr);
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "unload", "load"));
+}
+
+TEST_F(RealWindow, MessagesWithoutTheirData_ChangeNothing) {
+    const MemoryFaults none;
+    Send(WM_NCCREATE);
+    Send(WM_GETMINMAXINFO);
+    EXPECT_TRUE(IsWindow(Window()));
+    EXPECT_THAT(form_.log, ElementsAre("load"));
+}
+
+TEST_F(RealWindow, CreationMessageOfAStranger_ChangesNothing) {
+    const MemoryFaults none;
+    wchar_t name[64];
+    ASSERT_NE(GetClassNameW(Window(), name, 64), 0);
+    EXPECT_EQ(CreateWindowExW(0, name, L"", 0, 0, 0, 0, 0, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr),
+              nullptr);
+    CREATESTRUCTW forged{};
+    forged.lpCreateParams = this;
+    Send(WM_NCCREATE, 0, reinterpret_cast<LPARAM>(&forged));
+    form_.Unload();
+    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
+}
+
+TEST_F(RealWindow, ForgottenOnAnotherThread_EndsOnItsOwn) {
+    const HWND window = Window();
+    std::thread([&] { form_.Forget(); }).join();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_TRUE(IsWindow(window));
+    CurrentPorts().windows.DoEvents();
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
 TEST_F(RealWindow, OwnUnloadIsNotReportedAsALoss) {

@@ -23,6 +23,22 @@ ComPtr<ITypeLib> OwnTypeLibrary() {
     return library;
 }
 
+ULONG ReferencesTo(IUnknown* object) {
+    object->AddRef();
+    return object->Release();
+}
+
+TEST_F(Information, InstancesLive_TheTypeLibraryStaysOpen) {
+    {
+        const auto second = MakeInstance();
+        const auto library = OwnTypeLibrary();
+        EXPECT_EQ(3u, ReferencesTo(library.Get())) << "ours, and one of each instance";
+    }
+    EXPECT_EQ(2u, ReferencesTo(OwnTypeLibrary().Get()));
+    instance.Reset();
+    EXPECT_EQ(1u, ReferencesTo(OwnTypeLibrary().Get()));
+}
+
 std::string NameOf(ITypeInfo* type) {
     Bstr name;
     type->GetDocumentation(MEMBERID_NIL, name.Address(), nullptr, nullptr, nullptr);

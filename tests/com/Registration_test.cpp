@@ -5,6 +5,7 @@
 #include "host/com/Registration.h"
 
 #include "host/com/Guard.h"
+#include "host/com/Module.h"
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Hives.h"
@@ -147,8 +148,28 @@ TEST_F(Registration, OneHivesRemovalLeavesTheOther) {
     EXPECT_EQ(userBefore, UserClasses());
 }
 
+TEST_F(Registration, InstallationWithoutAText_IsForTheMachine) {
+    for (const wchar_t* line : {static_cast<const wchar_t*>(nullptr), L""}) {
+        ASSERT_EQ("0x00000000", Hex(host::com::Install(true, line)));
+        EXPECT_EQ(EntryCount(), Added(machineBefore, MachineClasses()));
+        EXPECT_EQ(userBefore, UserClasses());
+        EXPECT_EQ("0x00000000", Hex(host::com::Install(false, line)));
+        EXPECT_EQ(machineBefore, MachineClasses());
+    }
+}
+
+TEST_F(Registration, TypeLibraryWasRegisteredByAProgram_NothingStays) {
+    ComPtr<ITypeLib> library;
+    ASSERT_EQ("0x00000000",
+              Hex(LoadTypeLibEx(runtime::win32::Wide(host::com::ModulePath()), REGKIND_REGISTER, library.Put())));
+    EXPECT_NE(machineBefore, MachineClasses());
+    EXPECT_EQ(S_OK, host::com::RegisterServer());
+    EXPECT_EQ(S_OK, host::com::UnregisterServer());
+    EXPECT_EQ(machineBefore, MachineClasses());
+}
+
 TEST_F(Registration, OtherInstallationsAreRefused) {
-    for (const wchar_t* line : {static_cast<const wchar_t*>(nullptr), L"", L"machine", L"user "}) {
+    for (const wchar_t* line : {L"machine", L"user "}) {
         EXPECT_EQ("0x80070057", Hex(host::com::Install(true, line)));
         EXPECT_EQ("0x80070057", Hex(host::com::Install(false, line)));
     }

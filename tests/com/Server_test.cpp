@@ -74,6 +74,47 @@ TEST_F(Server, FreedAfterRegistration_LeavesMemory) {
     EXPECT_FALSE(IsInMemory(dll));
 }
 
+TEST_F(Server, PathIsTooLongForCom_RegistrationIsRefused) {
+    // 260 characters and one less; the last ones are "\\K4TBackProcess.dll".
+    constexpr std::size_t kNameLength = 19;
+    const std::wstring base = DoubleFolder().wstring() + L'\\';
+    for (const std::size_t length : {std::size_t{260}, std::size_t{259}}) {
+        const std::wstring folder = base + std::wstring(length - kNameLength - base.size(), L'x');
+        const std::wstring dll = folder + L"\\K4TBackProcess.dll";
+        ASSERT_EQ(length, dll.size());
+        CreateDirectoryW((L"\\\\?\\" + folder).c_str(), nullptr);
+        ASSERT_TRUE(CopyFileW(DoubleDll().c_str(), (L"\\\\?\\" + dll).c_str(), FALSE)) << GetLastError();
+        const Library library(LoadLibraryW(dll.c_str()));
+        ASSERT_TRUE(library) << GetLastError();
+        EXPECT_EQ(length == 260 ? "0x800700CE" : "0x00000000", Hex(Call(library, "DllRegisterServer")));
+        EXPECT_EQ(length == 260, TakeErrorObject().isThere);
+        EXPECT_EQ("0x00000000", Hex(Call(library, "DllUnregisterServer")));
+    }
+}
+
+/// Runs regsvr32 on the DLL; its exit code.
+DWORD RunRegsvr32(const std::wstring& options) {
+    std::wstring line = L"regsvr32 /s " + options + L" \"" + DoubleDll().wstring() + L'"';
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started{};
+    EXPECT_TRUE(CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &started));
+    DWORD code = STILL_ACTIVE;
+    WaitForSingleObject(started.hProcess, 30'000);
+    GetExitCodeProcess(started.hProcess, &code);
+    CloseHandle(started.hThread);
+    CloseHandle(started.hProcess);
+    return code;
+}
+
+TEST_F(Server, Regsvr32WithIAndNoText_RegistersAndUnregisters) {
+    CLSID classId{};
+    EXPECT_EQ(0u, RunRegsvr32(L"/i"));
+    EXPECT_EQ(S_OK, CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &classId));
+    EXPECT_EQ(0u, RunRegsvr32(L"/u /i"));
+    EXPECT_NE(S_OK, CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &classId));
+}
+
 TEST_F(Server, FreedAfterDllGetClassObject_StaysInMemory) {
     const fs::path dll = FreshCopy();
     Library library(LoadLibraryW(dll.c_str()));
