@@ -14,16 +14,19 @@ using host::com::ComPtr;
 using runtime::win32::Library;
 using runtime::win32::Wide;
 
-std::optional<Version> VersionOf(const String& path) {
+void TakeVersion(const String& path, ComponentFile& component) {
     DWORD ignored = 0;
     const DWORD size = GetFileVersionInfoSizeW(Wide(path), &ignored);
     std::string data(size, '\0');
-    if (size == 0 || !GetFileVersionInfoW(Wide(path), 0, size, data.data())) return {};
+    if (size == 0 || !GetFileVersionInfoW(Wide(path), 0, size, data.data())) return;
     void* found = nullptr;
     UINT length = 0;
-    if (!VerQueryValueW(data.data(), L"\\", &found, &length) || length < sizeof(VS_FIXEDFILEINFO)) return {};
-    const DWORD version = static_cast<const VS_FIXEDFILEINFO*>(found)->dwFileVersionMS;
-    return Version{HIWORD(version), LOWORD(version)};
+    if (!VerQueryValueW(data.data(), L"\\", &found, &length) || length < sizeof(VS_FIXEDFILEINFO)) return;
+    const auto& information = *static_cast<const VS_FIXEDFILEINFO*>(found);
+    const Version version{HIWORD(information.dwFileVersionMS), LOWORD(information.dwFileVersionMS)};
+    component.version = version;
+    component.fullVersion = std::to_string(version.major) + "." + std::to_string(version.minor) + "." +
+                            std::to_string(HIWORD(information.dwFileVersionLS));
 }
 
 /// The type library's attributes, which belong to it.
@@ -70,7 +73,7 @@ ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path) {
     component.exists = files.Stamp(path).has_value();
     if (!component.exists) return component;
     component.bits = runtime::BitsOfProgram(files.Read(path).value_or(""));
-    component.version = VersionOf(path);
+    TakeVersion(path, component);
     component.typeLibrary = TypeLibraryOf(path);
     component.loadFailure = LoadFailureOf(path);
     return component;

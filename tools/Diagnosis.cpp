@@ -8,37 +8,108 @@ namespace tools {
 
 namespace {
 
-constexpr const char* kRegister = "run 'backproc register --user', or 'backproc register' as an administrator";
+constexpr const char* kTakePackage = "put the K4TBackProcess.dll of the package there";
 
 Finding Good(std::string subject, std::string what) {
-    return {.isGood = true, .subject = std::move(subject), .what = std::move(what)};
+    return {.subject = std::move(subject), .what = std::move(what)};
+}
+
+Finding Note(std::string subject, std::string what, std::string advice = {}) {
+    return {.grade = Grade::kNote, .subject = std::move(subject), .what = std::move(what), .advice = std::move(advice)};
 }
 
 Finding Bad(std::string subject, std::string what, std::string advice) {
-    return {.subject = std::move(subject), .what = std::move(what), .advice = std::move(advice)};
+    return {.grade = Grade::kBad, .subject = std::move(subject), .what = std::move(what), .advice = std::move(advice)};
 }
 
 std::string Text(const Version& version) {
     return std::to_string(version.major) + "." + std::to_string(version.minor);
 }
 
+/// Registers again in the scope in force, so that following it never makes a second registration.
+std::string RegisterAgain(const MachineState& machine) {
+    if (machine.forUser && machine.forMachine) return "see 'registration' above";
+    if (!machine.forUser && !machine.forMachine) {
+        return "run 'backproc register --user', or 'backproc register' as an administrator";
+    }
+    const std::string command =
+        machine.forUser ? "run 'backproc register --user'" : "run 'backproc register' as an administrator";
+    if (machine.tool.isBesideComponent) return command;
+    return command + (machine.tool.hasComponent ? ", which registers the copy beside this tool"
+                                                : ", with the backproc.exe beside the component");
+}
+
+Finding OfSystem(const ThisSystem& system) {
+    return Good("system", system.windows + ", " + std::to_string(system.bits) + "-bit; this tool is 32-bit");
+}
+
+Finding OfRights(const ThisSystem& system) {
+    if (system.isElevated) return Good("rights", "an administrator's");
+    return Good("rights", "a user's, which are not enough to register for the machine");
+}
+
+Finding OfTool(const MachineState& machine) {
+    const std::string subject = "tool";
+    const std::string here = machine.tool.fullVersion + " in " + Display(machine.tool.folder);
+    const std::string& there = machine.component.fullVersion;
+    if (!EntryInForce(machine)) return Good(subject, here);
+    if (!machine.tool.isBesideComponent) {
+        return Note(subject,
+                    here + "; the component in force is " +
+                        (there.empty() ? "another copy" : "another copy, " + there) + ": " +
+                        Display(machine.component.path),
+                    machine.tool.hasComponent ? "if the copy here is meant, " + RegisterAgain(machine) : "");
+    }
+    if (there.empty() || there == machine.tool.fullVersion) return Good(subject, here + ", beside the component");
+    return Note(subject, here + ", but the component beside it is " + there, "take both from one package");
+}
+
 Finding OfRegistration(const MachineState& machine) {
     const std::string subject = "registration";
     if (machine.forUser && machine.forMachine) {
-        return Bad(subject, "for the user and for the machine; the user's hides the machine's",
-                   "take one back: 'backproc unregister --user' or 'backproc unregister'");
+        return Bad(subject,
+                   "for the user (" + Display(machine.forUser->library) + ") and for the machine (" +
+                       Display(machine.forMachine->library) + "); the user's hides the machine's",
+                   "run 'backproc unregister --user' to keep the machine's, or 'backproc unregister' as an "
+                   "administrator to keep the user's");
     }
     if (machine.forUser) return Good(subject, "for the user");
     if (machine.forMachine) return Good(subject, "for the machine");
     const std::string without = machine.hasManifest
                                     ? "none; only a program whose own manifest names K4TBackProcess finds it"
                                     : "none, and no K4TBackProcess.manifest beside the tool";
-    return Bad(subject, without, kRegister);
+    return Bad(subject, without, RegisterAgain(machine));
+}
+
+Finding OfName(const MachineState& machine) {
+    const std::string subject = "name";
+    const std::string name = "K4TBackProcess.clsQmxBackProcess";
+    if (machine.name.isOurs) return Good(subject, name);
+    const std::string what = machine.name.classIdentifier.empty()
+                                 ? name + " is not registered"
+                                 : name + " names another class: " + Display(machine.name.classIdentifier);
+    // Registering for the machine does not change what the user's entries hide.
+    const bool isHidden = machine.forMachine && !machine.forUser && machine.name.scope == Scope::kUser;
+    if (isHidden) return Bad(subject, what + ", in the user's entries", "run 'backproc unregister --user'");
+    return Bad(subject, what, RegisterAgain(machine));
+}
+
+bool IsFullPath(const String& path) {
+    return path.starts_with(u"\\\\") || (path.size() > 2 && path[1] == u':' && path[2] == u'\\');
 }
 
 Finding OfFile(const MachineState& machine) {
     const std::string path = Display(machine.component.path);
+    if (machine.component.path.starts_with(u'"')) {
+        return Bad("file", path + ": the registered path is in quotes", RegisterAgain(machine));
+    }
+    if (!IsFullPath(machine.component.path)) {
+        return Bad("file", path + ": the registered path is not a full path", RegisterAgain(machine));
+    }
     if (machine.component.exists) return Good("file", path);
+    if (!EntryInForce(machine)) {
+        return Bad("file", path + " is not there", "put the K4TBackProcess.dll of the package there");
+    }
     const std::string again =
         machine.forUser ? "'backproc register --user'" : "'backproc register', as an administrator,";
     return Bad("file", path + " is not there", "put it back, or run " + again + " in the folder where it is now");
@@ -54,70 +125,155 @@ Finding OfBits(const ComponentFile& component) {
 
 Finding OfVersions(const ComponentFile& component) {
     const std::string subject = "version";
-    const std::string advice = "put the K4TBackProcess.dll of the package there";
-    if (!component.version) return Bad(subject, "the file says none", advice);
+    if (!component.version) return Bad(subject, "the file says none", kTakePackage);
     const std::string file = Text(*component.version);
-    if (!component.typeLibrary) return Bad(subject, file + ", without the component's type library", advice);
+    if (!component.typeLibrary) return Bad(subject, file + ", without the component's type library", kTakePackage);
     if (component.typeLibrary == component.version) return Good(subject, file + ", and so is its type library");
-    return Bad(subject, file + ", but its type library is " + Text(*component.typeLibrary), advice);
+    return Bad(subject, file + ", but its type library is " + Text(*component.typeLibrary), kTakePackage);
 }
 
 Finding OfLoading(const ComponentFile& component) {
     if (component.loadFailure.empty()) return Good("loading", "it loads and has the class");
-    return Bad("loading", component.loadFailure, "put the K4TBackProcess.dll of the package there");
+    return Bad("loading", component.loadFailure, kTakePackage);
 }
 
-Finding OfThreading(const ClassEntry& entry) {
-    const std::string model = Display(entry.threadingModel);
+Finding OfThreading(const MachineState& machine) {
+    const std::string model = Display(EntryInForce(machine)->threadingModel);
     if (model == "Apartment") return Good("threading", model);
     return Bad("threading", model.empty() ? "no model is registered" : model + " is registered, not Apartment",
-               kRegister);
+               RegisterAgain(machine));
 }
 
-Finding OfTypeLibrary(const ClassEntry& entry) {
+Finding OfTypeLibrary(const MachineState& machine) {
+    const ClassEntry& entry = *EntryInForce(machine);
     const std::string path = Display(entry.typeLibrary);
     if (entry.typeLibrary == entry.library) return Good("type library", "registered for the same file");
-    if (path.empty()) return Bad("type library", "not registered", kRegister);
-    return Bad("type library", "registered for another file: " + path, kRegister);
+    if (path.empty()) return Bad("type library", "not registered", RegisterAgain(machine));
+    return Bad("type library", "registered for another file: " + path, RegisterAgain(machine));
+}
+
+Finding OfProxies(const MachineState& machine) {
+    const ClassEntry& entry = *EntryInForce(machine);
+    if (entry.noProxies.empty()) return Good("proxies", "registered for both interfaces");
+    std::string names;
+    for (const std::string& name : entry.noProxies) names += (names.empty() ? "" : " and ") + name;
+    return Bad("proxies", "the entries of " + names + " are missing or wrong; threads of other apartments get no proxy",
+               RegisterAgain(machine));
 }
 
 Finding OfActivation(const MachineState& machine) {
     if (machine.activationFailure.empty()) return Good("activation", "COM gives the class");
-    if (!machine.component.exists) return Bad("activation", machine.activationFailure, "see 'file' above");
+    constexpr int kOurs = 32;
+    const ComponentFile& component = machine.component;
+    if (!component.exists) return Bad("activation", machine.activationFailure, "see 'file' above");
+    if (component.bits != kOurs) return Bad("activation", machine.activationFailure, "see 'bitness' above");
+    if (!component.loadFailure.empty()) return Bad("activation", machine.activationFailure, "see 'loading' above");
     constexpr const char* kForAll =
-        "this system may not look at a user's classes: run 'backproc unregister --user', then 'backproc register' as "
-        "an "
-        "administrator";
-    return Bad("activation", machine.activationFailure, machine.forUser ? kForAll : kRegister);
+        "this system may not look at a user's classes: run 'backproc unregister --user', then run 'backproc register' "
+        "as an administrator";
+    const bool isUsersAlone = machine.forUser && !machine.forMachine;
+    return Bad("activation", machine.activationFailure, isUsersAlone ? kForAll : RegisterAgain(machine));
 }
 
-Finding OfKernel(const KernelFile& kernel) {
-    if (!kernel.failure.empty()) {
-        // The kernel's own error says what to do.
-        return Bad("kernel", kernel.failure, "");
+Finding OfNoKernel(const MachineState& machine) {
+    const KernelFile& kernel = machine.kernel;
+    // The kernel's own error says what to do.
+    if (kernel.besideTool.empty()) return Bad("kernel", kernel.failure, "");
+    return Bad("kernel",
+               "only beside this tool, " + Display(kernel.besideTool) + "; programs in other folders do not find it",
+               "put the suite's QmxKrn2K.dll beside the component, " + Display(machine.component.path));
+}
+
+Finding OfDevelopmentKernel(const KernelFile& kernel) {
+    const std::string what = Display(kernel.path) + ", development kernel: shares no strings with the suite";
+    switch (kernel.origin) {
+        case KernelOrigin::kAskedFor:
+            return Note("kernel", what + "; K4TBACKPROCESS_DEVELOPMENT_KERNEL=1 asks for it");
+        case KernelOrigin::kDevelopmentFolder:
+            return Note("kernel", what, "for use with the suite, put its QmxKrn2K.dll beside the component");
+        default:
+            break;
     }
+    if (kernel.hidden.empty()) return Note("kernel", what, "for use with the suite, put its QmxKrn2K.dll there");
+    return Bad("kernel", what + "; it hides the suite's " + Display(kernel.hidden), "delete " + Display(kernel.path));
+}
+
+Finding OfKernel(const MachineState& machine) {
+    const KernelFile& kernel = machine.kernel;
+    if (!kernel.failure.empty()) return OfNoKernel(machine);
     const std::string path = Display(kernel.path);
-    if (kernel.missing.empty()) return Good("kernel", path);
+    if (kernel.missing.empty()) return kernel.isDevelopment ? OfDevelopmentKernel(kernel) : Good("kernel", path);
     std::string names;
     for (const std::string& name : kernel.missing) names += " " + name;
     return Bad("kernel", path + " lacks" + names, "put the suite's QmxKrn2K.dll there");
 }
 
-Finding OfIni(const IniFile& ini) {
+std::string Joined(const std::vector<std::string>& words) {
+    std::string joined;
+    for (const std::string& word : words) joined += " " + word;
+    return joined;
+}
+
+Finding OfReadIni(const IniFile& ini) {
+    const IniReport& report = ini.report;
+    std::string what = Display(ini.path) + ", " + ini.encoding + ", ";
+    what += report.taken.empty() ? "no setting taken" : "settings taken:" + Joined(report.taken);
+    if (!report.notTaken.empty()) what += "; the component does not read:" + Joined(report.notTaken);
+    if (ini.encoding != "ANSI") return Good("INI file", what);
+    return Note("INI file", what + "; letters beyond ASCII depend on the code page", "save it as UTF-8");
+}
+
+void AddIni(std::vector<Finding>& findings, const IniFile& ini) {
     const std::string path = Display(ini.path);
-    if (!ini.exists) return Good("INI file", path + " is not there: registry settings and defaults count");
-    if (!ini.canBeRead) {
-        return Bad("INI file", path + " cannot be read", "check that you may read it and that no program locks it");
+    if (ini.isFolder) {
+        findings.push_back(Bad("INI file", path + " is a folder", "rename the folder"));
+    } else if (!ini.exists) {
+        findings.push_back(Good("INI file", path + " is not there: registry settings and defaults count"));
+    } else if (!ini.canBeRead) {
+        findings.push_back(
+            Bad("INI file", path + " cannot be read", "check that you may read it and that no program locks it"));
+    } else if (!ini.problem.empty()) {
+        findings.push_back(Bad("INI file", path + ": " + ini.problem, "save it as UTF-8"));
+    } else {
+        findings.push_back(OfReadIni(ini));
+        for (const IniRemark& remark : ini.report.remarks) {
+            findings.push_back(
+                Note("INI file", "line " + std::to_string(remark.line) + ": " + remark.what, remark.advice));
+        }
     }
-    if (ini.problem.empty()) return Good("INI file", path);
-    return Bad("INI file", path + ": " + ini.problem, "save it as UTF-8");
+}
+
+Finding OfModules(const ModuleListCheck& modules) {
+    const std::string subject = "modules";
+    if (!modules.problem.empty()) {
+        return Bad(subject, "AllAps, " + modules.problem,
+                   "run 'backproc strings set AllAps \"" + Display(modules.listWithout) + "\"'");
+    }
+    if (modules.count == 0) return Good(subject, "AllAps is not set");
+    const std::string count = std::to_string(modules.count) + " in AllAps";
+    if (modules.ownPlace == 0) return Good(subject, count + ", K4TBACKPROCESS is not among them");
+    return Good(subject, count + ", K4TBACKPROCESS is number " + std::to_string(modules.ownPlace));
+}
+
+Finding OfState(const SuiteStrings& strings) {
+    const std::string subject = "state";
+    if (strings.isRunning) return Good(subject, "a process of this session has the component's form");
+    if (strings.stateRecord.empty()) return Good(subject, "the component is not running");
+    return Note(subject,
+                "K4TBACKPROCESS says that the component is running, but no process of this session has its form",
+                "run 'backproc strings set K4TBACKPROCESS \"\"'");
 }
 
 Finding OfLanguage(const LanguageFolder& language) {
     if (language.folder.empty()) return Good("language", "no folder is chosen: English");
     const std::string folder = Display(language.folder);
     if (!language.hasFile) {
-        return Bad("language", folder + " has no K4TBackProcess.txt: English", "set LANGUAGEPATH to a language folder");
+        return Bad("language", folder + " has no K4TBackProcess.txt: English",
+                   "set LANGUAGEPATH to a language folder: 'backproc strings set LANGUAGEPATH FOLDER'");
+    }
+    if (language.isUtf16) {
+        return Bad("language", folder + "\\K4TBackProcess.txt is UTF-16, which is not read: English",
+                   "save it as UTF-8");
     }
     std::string what = folder + ", " + std::to_string(language.lacking) + " texts are lacking";
     if (language.skipped == 0) return Good("language", what);
@@ -137,21 +293,28 @@ bool HasKernel(const KernelFile& kernel) {
 }
 
 std::vector<Finding> Diagnose(const MachineState& machine) {
-    std::vector<Finding> findings = {OfRegistration(machine), OfFile(machine)};
+    std::vector<Finding> findings = {OfSystem(machine.system), OfRights(machine.system), OfTool(machine),
+                                     OfRegistration(machine)};
+    const bool isRegistered = EntryInForce(machine) != nullptr;
+    if (isRegistered) findings.push_back(OfName(machine));
+    findings.push_back(OfFile(machine));
     if (machine.component.exists) {
         findings.push_back(OfBits(machine.component));
         findings.push_back(OfVersions(machine.component));
         findings.push_back(OfLoading(machine.component));
     }
-    if (const ClassEntry* entry = EntryInForce(machine)) {
-        findings.push_back(OfThreading(*entry));
-        findings.push_back(OfTypeLibrary(*entry));
+    if (isRegistered) {
+        findings.push_back(OfThreading(machine));
+        findings.push_back(OfTypeLibrary(machine));
+        findings.push_back(OfProxies(machine));
         findings.push_back(OfActivation(machine));
     }
-    findings.push_back(OfKernel(machine.kernel));
-    findings.push_back(OfIni(machine.ini));
-    // Only the kernel knows which language it is.
-    if (HasKernel(machine.kernel)) findings.push_back(OfLanguage(machine.language));
+    findings.push_back(OfKernel(machine));
+    AddIni(findings, machine.ini);
+    if (!HasKernel(machine.kernel)) return findings;
+    findings.push_back(OfModules(machine.strings.modules));
+    findings.push_back(OfState(machine.strings));
+    findings.push_back(OfLanguage(machine.language));
     return findings;
 }
 

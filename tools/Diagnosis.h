@@ -1,5 +1,5 @@
 // What `backproc doctor` makes of what it found on the machine: one finding for each thing that a client needs, in the
-// order in which a client meets them. Looking is done elsewhere (DoctorVerb.cpp), so that each case can be tested.
+// order in which a client meets them. Looking is done elsewhere (MachineLook.cpp), so that each case can be tested.
 #pragma once
 
 #include <optional>
@@ -7,16 +7,29 @@
 #include <vector>
 
 #include "runtime/Text.h"
+#include "tools/IniReport.h"
+#include "tools/ModuleListCheck.h"
 
 namespace tools {
 
 using runtime::String;
 
+/// For whom something is registered: for all users of the machine, or for the current one.
+enum class Scope { kMachine, kUser };
+
 /// A class entry of the registry.
 struct ClassEntry {
-    String library;         ///< full path
-    String threadingModel;  ///< empty when it is missing
-    String typeLibrary;     ///< path registered for the type library; empty when it is missing
+    String library;                           ///< full path
+    String threadingModel;                    ///< empty when it is missing
+    String typeLibrary;                       ///< path registered for the type library; empty when it is missing
+    std::vector<std::string> noProxies = {};  ///< the interfaces whose entries are missing or wrong
+};
+
+/// The class's name, "K4TBackProcess.clsQmxBackProcess", in the registry.
+struct NameEntry {
+    Scope scope = Scope::kMachine;
+    String classIdentifier;  ///< empty when it is missing
+    bool isOurs = false;     ///< it is the component's class
 };
 
 struct Version {
@@ -33,19 +46,45 @@ struct ComponentFile {
     std::optional<Version> version;
     std::optional<Version> typeLibrary;  ///< none when the file has none, or that of another component
     std::string loadFailure;             ///< why it cannot be loaded or has no such class; empty when it has
+    std::string fullVersion = {};        ///< "1.0.0"; empty when the file has none
 };
 
+/// The tool that looks.
+struct ThisTool {
+    String folder;
+    std::string fullVersion;
+    bool hasComponent = false;       ///< a K4TBackProcess.dll is beside it
+    bool isBesideComponent = false;  ///< it is in the folder of the component in force
+};
+
+struct ThisSystem {
+    std::string windows;  ///< its version
+    int bits = 32;
+    bool isElevated = false;  ///< the tool runs with an administrator's rights
+};
+
+/// Where the component finds its kernel library.
+enum class KernelOrigin { kBesideComponent, kSystemFolder, kDevelopmentFolder, kAskedFor };
+
+/// The kernel library that the component loads in a program of any other folder.
 struct KernelFile {
     String path;
     std::string failure;               ///< why there is none; empty when there is one
     std::vector<std::string> missing;  ///< entries that it lacks
+    KernelOrigin origin = KernelOrigin::kBesideComponent;
+    bool isDevelopment = false;  ///< it is the development kernel
+    String besideTool = {};      ///< without a kernel: the one beside the tool, which other programs do not find
+    String hidden = {};          ///< the kernel in the system folder, which this one hides
 };
 
 struct IniFile {
     String path;
     bool exists = false;
+    bool isFolder = false;
     bool canBeRead = true;
-    std::string problem = {};  ///< why it is not read as it was meant; empty when it is
+    std::string problem = {};   ///< why it is not read as it was meant; empty when it is
+    std::string encoding = {};  ///< "UTF-8", "UTF-16", "ANSI"
+    IniReport report = {};
 };
 
 struct LanguageFolder {
@@ -53,21 +92,36 @@ struct LanguageFolder {
     bool hasFile = false;
     std::size_t lacking = 0;  ///< texts of the component that the file does not have
     std::size_t skipped = 0;  ///< lines that cannot be read
+    bool isUtf16 = false;
+};
+
+/// The shared strings that the component's work depends on.
+struct SuiteStrings {
+    ModuleListCheck modules;
+    String stateRecord;      ///< empty: the component is not running
+    bool isRunning = false;  ///< a process of this session has a form of the component
 };
 
 struct MachineState {
+    ThisSystem system = {};
+    ThisTool tool = {};
     std::optional<ClassEntry> forUser;
     std::optional<ClassEntry> forMachine;
+    NameEntry name = {};
     bool hasManifest = false;       ///< beside the tool
     std::string activationFailure;  ///< what COM says when it is asked for the class; empty when it gives it
     ComponentFile component;
     KernelFile kernel;
     IniFile ini;
+    SuiteStrings strings = {};
     LanguageFolder language;
 };
 
+/// A note is worth knowing, but keeps no client from working.
+enum class Grade { kOk, kNote, kBad };
+
 struct Finding {
-    bool isGood = false;
+    Grade grade = Grade::kOk;
     std::string subject;
     std::string what;
     std::string advice = {};  ///< empty when nothing is to be done

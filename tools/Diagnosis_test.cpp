@@ -19,6 +19,9 @@ const String kPath = u"C:\\Orvane\\K4TBackProcess.dll";
 /// A machine on which a client works: registered for the user, everything there.
 MachineState Sound() {
     MachineState machine;
+    machine.system = {.windows = "Windows 10.0.19045", .bits = 64, .isElevated = true};
+    machine.tool = {.folder = u"C:\\Orvane", .fullVersion = "1.0.0", .hasComponent = true, .isBesideComponent = true};
+    machine.name = {.scope = Scope::kUser, .classIdentifier = u"{ECD8F3EF}", .isOurs = true};
     machine.forUser = {.library = kPath, .threadingModel = u"Apartment", .typeLibrary = kPath};
     machine.hasManifest = true;
     machine.component = {.path = kPath,
@@ -26,9 +29,11 @@ MachineState Sound() {
                          .bits = 32,
                          .version = Version{1, 0},
                          .typeLibrary = Version{1, 0},
-                         .loadFailure = {}};
+                         .loadFailure = {},
+                         .fullVersion = "1.0.0"};
     machine.kernel = {.path = u"C:\\Orvane\\QmxKrn2K.dll", .failure = {}, .missing = {}};
     machine.ini = {.path = u"C:\\Orvane\\sys\\MARLENTO.INI", .exists = true};
+    machine.ini.encoding = "UTF-8";
     return machine;
 }
 
@@ -42,7 +47,7 @@ Finding FindingOf(const MachineState& machine, const std::string& subject) {
 void ExpectBad(const MachineState& machine, const std::string& subject, const std::string& what,
                const std::string& advice) {
     const Finding finding = FindingOf(machine, subject);
-    EXPECT_FALSE(finding.isGood);
+    EXPECT_EQ(finding.grade, Grade::kBad);
     EXPECT_EQ(finding.subject, subject);
     EXPECT_THAT(finding.what, HasSubstr(what));
     EXPECT_THAT(finding.advice, HasSubstr(advice));
@@ -50,9 +55,9 @@ void ExpectBad(const MachineState& machine, const std::string& subject, const st
 
 TEST(Diagnosis, ASoundMachineHasNothingToDo) {
     const std::vector<Finding> findings = Diagnose(Sound());
-    EXPECT_THAT(findings, Each(Field(&Finding::isGood, true)));
+    EXPECT_THAT(findings, Each(Field(&Finding::grade, Grade::kOk)));
     EXPECT_THAT(findings, Each(Field(&Finding::advice, "")));
-    EXPECT_EQ(findings.size(), 11U);
+    EXPECT_EQ(findings.size(), 18U);
 }
 
 TEST(Diagnosis, TheUsersEntryHidesTheMachines) {
@@ -62,7 +67,7 @@ TEST(Diagnosis, TheUsersEntryHidesTheMachines) {
     ExpectBad(machine, "registration", "hides", "unregister");
     machine.forUser.reset();
     EXPECT_EQ(EntryInForce(machine)->library, u"D:\\old.dll");
-    EXPECT_TRUE(FindingOf(machine, "registration").isGood);
+    EXPECT_EQ(FindingOf(machine, "registration").grade, Grade::kOk);
 }
 
 TEST(Diagnosis, WithoutRegistrationTellsWhoFindsItByTheManifest) {
@@ -109,10 +114,11 @@ TEST(Diagnosis, WhatTheSystemSaysIsPassedOn) {
     MachineState machine = Sound();
     machine.component.loadFailure = "0x8007007E The module was not found";
     ExpectBad(machine, "loading", "0x8007007E", "package");
+    machine.component.loadFailure.clear();
     machine.activationFailure = "0x80040154 Class not registered";
     ExpectBad(machine, "activation", "0x80040154", "user's classes");
     machine.forMachine = std::exchange(machine.forUser, std::nullopt);
-    ExpectBad(machine, "activation", "0x80040154", "backproc register --user");
+    ExpectBad(machine, "activation", "0x80040154", "backproc register' as an administrator");
 }
 
 TEST(Diagnosis, EntriesMustBeWhole) {
@@ -151,19 +157,205 @@ TEST(Diagnosis, AMissingIniFileIsGoodAndADamagedOneIsNot) {
     machine.ini.canBeRead = false;
     ExpectBad(machine, "INI file", "cannot be read", "locks");
     machine.ini.exists = false;
-    EXPECT_TRUE(FindingOf(machine, "INI file").isGood);
+    EXPECT_EQ(FindingOf(machine, "INI file").grade, Grade::kOk);
 }
 
 TEST(Diagnosis, ALanguageMayLackTextsButNotItsFile) {
     MachineState machine = Sound();
     machine.language = {.folder = u"C:\\German", .hasFile = true, .lacking = 3, .skipped = 0};
     const Finding lacking = FindingOf(machine, "language");
-    EXPECT_TRUE(lacking.isGood);
+    EXPECT_EQ(lacking.grade, Grade::kOk);
     EXPECT_EQ(lacking.what, "C:\\German, 3 texts are lacking");
     machine.language.skipped = 2;
     ExpectBad(machine, "language", "2 lines cannot be read", "backproc texts");
     machine.language.hasFile = false;
     ExpectBad(machine, "language", "no K4TBackProcess.txt", "LANGUAGEPATH");
+}
+
+void ExpectNote(const MachineState& machine, const std::string& subject, const std::string& what,
+                const std::string& advice) {
+    const Finding finding = FindingOf(machine, subject);
+    EXPECT_EQ(finding.grade, Grade::kNote);
+    EXPECT_THAT(finding.what, HasSubstr(what));
+    EXPECT_THAT(finding.advice, HasSubstr(advice));
+}
+
+MachineState SoundForTheMachine() {
+    MachineState machine = Sound();
+    machine.forMachine = std::exchange(machine.forUser, std::nullopt);
+    machine.name.scope = Scope::kMachine;
+    return machine;
+}
+
+TEST(Diagnosis, AdviceStaysInTheScopeInForce) {
+    MachineState machine = SoundForTheMachine();
+    machine.forMachine->threadingModel = u"Both";
+    EXPECT_EQ(FindingOf(machine, "threading").advice, "run 'backproc register' as an administrator");
+    machine.forUser = std::exchange(machine.forMachine, std::nullopt);
+    EXPECT_EQ(FindingOf(machine, "threading").advice, "run 'backproc register --user'");
+    machine.forMachine = machine.forUser;
+    EXPECT_EQ(FindingOf(machine, "threading").advice, "see 'registration' above");
+}
+
+TEST(Diagnosis, AdviceSaysWhichCopyItRegisters) {
+    MachineState machine = SoundForTheMachine();
+    machine.forMachine->threadingModel = u"Both";
+    machine.tool.isBesideComponent = false;
+    ExpectBad(machine, "threading", "Both", "which registers the copy beside this tool");
+    machine.tool.hasComponent = false;
+    ExpectBad(machine, "threading", "Both", "with the backproc.exe beside the component");
+}
+
+TEST(Diagnosis, AToolFromAnotherFolderIsNoted) {
+    MachineState machine = SoundForTheMachine();
+    machine.tool.isBesideComponent = false;
+    machine.tool.folder = u"D:\\new";
+    ExpectNote(machine, "tool", "1.0.0 in D:\\new; the component in force is another copy, 1.0.0: C:\\Orvane\\",
+               "if the copy here is meant, run 'backproc register' as an administrator");
+    machine.tool.hasComponent = false;
+    EXPECT_EQ(FindingOf(machine, "tool").advice, "");
+}
+
+TEST(Diagnosis, AToolOfAnotherVersionIsNoted) {
+    MachineState machine = Sound();
+    machine.component.fullVersion = "1.2.0";
+    ExpectNote(machine, "tool", "but the component beside it is 1.2.0", "one package");
+}
+
+TEST(Diagnosis, TheNameMustBeTheClasss) {
+    MachineState machine = SoundForTheMachine();
+    machine.name = {};
+    ExpectBad(machine, "name", "clsQmxBackProcess is not registered", "run 'backproc register' as an administrator");
+    machine.name.classIdentifier = u"{00000000}";
+    ExpectBad(machine, "name", "names another class: {00000000}", "run 'backproc register' as an administrator");
+    machine.name.scope = Scope::kUser;
+    ExpectBad(machine, "name", "in the user's entries", "run 'backproc unregister --user'");
+}
+
+TEST(Diagnosis, InterfacesWithoutProxyAreNamed) {
+    MachineState machine = Sound();
+    machine.forUser->noProxies = {"_clsQmxBackProcess", "__clsQmxBackProcess"};
+    ExpectBad(machine, "proxies", "_clsQmxBackProcess and __clsQmxBackProcess", "run 'backproc register --user'");
+}
+
+TEST(Diagnosis, ARegisteredPathMustBePlainAndFull) {
+    MachineState machine = Sound();
+    machine.component.path = u"\"C:\\Orvane\\K4TBackProcess.dll\"";
+    ExpectBad(machine, "file", "in quotes", "run 'backproc register --user'");
+    machine.component.path = u"K4TBackProcess.dll";
+    ExpectBad(machine, "file", "not a full path", "run 'backproc register --user'");
+    machine.component.path = u"\\\\server\\share\\K4TBackProcess.dll";
+    EXPECT_EQ(FindingOf(machine, "file").grade, Grade::kOk);
+}
+
+TEST(Diagnosis, AnUnregisteredFileThatIsMissingIsTakenFromThePackage) {
+    MachineState machine = Sound();
+    machine.forUser.reset();
+    machine.component.exists = false;
+    ExpectBad(machine, "file", "is not there", "put the K4TBackProcess.dll of the package there");
+}
+
+TEST(Diagnosis, ActivationPointsToTheCauseAboveIt) {
+    MachineState machine = SoundForTheMachine();
+    machine.activationFailure = "0x800700C1";
+    machine.component.loadFailure = "it cannot be loaded";
+    EXPECT_EQ(FindingOf(machine, "activation").advice, "see 'loading' above");
+    machine.component.bits = 64;
+    EXPECT_EQ(FindingOf(machine, "activation").advice, "see 'bitness' above");
+}
+
+TEST(Diagnosis, AKernelOnlyBesideTheToolIsNone) {
+    MachineState machine = Sound();
+    machine.kernel = {.path = {}, .failure = "only beside this tool", .missing = {}};
+    machine.kernel.besideTool = u"D:\\tool\\QmxKrn2K.dll";
+    ExpectBad(machine, "kernel", "only beside this tool, D:\\tool\\QmxKrn2K.dll",
+              "put the suite's QmxKrn2K.dll beside the component, C:\\Orvane\\");
+}
+
+TEST(Diagnosis, TheDevelopmentKernelIsCalledOne) {
+    MachineState machine = Sound();
+    machine.kernel.isDevelopment = true;
+    ExpectNote(machine, "kernel", "development kernel: shares no strings with the suite", "put its QmxKrn2K.dll there");
+    machine.kernel.origin = KernelOrigin::kDevelopmentFolder;
+    ExpectNote(machine, "kernel", "development kernel", "beside the component");
+    machine.kernel.origin = KernelOrigin::kAskedFor;
+    ExpectNote(machine, "kernel", "K4TBACKPROCESS_DEVELOPMENT_KERNEL=1 asks for it", "");
+}
+
+TEST(Diagnosis, TheDevelopmentKernelMustNotHideTheSuites) {
+    MachineState machine = Sound();
+    machine.kernel.isDevelopment = true;
+    machine.kernel.hidden = u"C:\\Windows\\QmxKrn2K.dll";
+    ExpectBad(machine, "kernel", "it hides the suite's C:\\Windows\\QmxKrn2K.dll", "delete C:\\Orvane\\QmxKrn2K.dll");
+}
+
+TEST(Diagnosis, TheIniFilesSettingsAreListed) {
+    MachineState machine = Sound();
+    machine.ini.report = {.taken = {"JobDir", "Ver"}, .notTaken = {"Plotter"}, .remarks = {}};
+    EXPECT_THAT(FindingOf(machine, "INI file").what,
+                HasSubstr("MARLENTO.INI, UTF-8, settings taken: JobDir Ver; the component does not read: Plotter"));
+    machine.ini.report = {};
+    EXPECT_THAT(FindingOf(machine, "INI file").what, HasSubstr("no setting taken"));
+}
+
+TEST(Diagnosis, EachRemarkOnTheIniFileIsANote) {
+    MachineState machine = Sound();
+    machine.ini.report.remarks = {{.line = 3, .what = "'x' has no '='", .advice = "write NAME = VALUE"}};
+    const std::vector<Finding> findings = Diagnose(machine);
+    const Finding wanted{
+        .grade = Grade::kNote, .subject = "INI file", .what = "line 3: 'x' has no '='", .advice = "write NAME = VALUE"};
+    EXPECT_NE(std::find(findings.begin(), findings.end(), wanted), findings.end());
+}
+
+TEST(Diagnosis, AnIniFileInTheAnsiCodePageIsNoted) {
+    MachineState machine = Sound();
+    machine.ini.encoding = "ANSI";
+    ExpectNote(machine, "INI file", "depend on the code page", "save it as UTF-8");
+}
+
+TEST(Diagnosis, AFolderInPlaceOfTheIniFileIsNamed) {
+    MachineState machine = Sound();
+    machine.ini.isFolder = true;
+    ExpectBad(machine, "INI file", "MARLENTO.INI is a folder", "rename");
+}
+
+TEST(Diagnosis, TheModuleListIsCounted) {
+    MachineState machine = Sound();
+    EXPECT_EQ(FindingOf(machine, "modules").what, "AllAps is not set");
+    machine.strings.modules = {.count = 3, .ownPlace = 2, .problem = {}};
+    EXPECT_EQ(FindingOf(machine, "modules").what, "3 in AllAps, K4TBACKPROCESS is number 2");
+    machine.strings.modules.ownPlace = 0;
+    EXPECT_EQ(FindingOf(machine, "modules").what, "3 in AllAps, K4TBACKPROCESS is not among them");
+}
+
+TEST(Diagnosis, AModuleListThatCannotBeSplitIsMendedByItsAdvice) {
+    MachineState machine = Sound();
+    machine.strings.modules.problem = "field 2, '1E999' is a number that is too large";
+    machine.strings.modules.listWithout = u"EDITOR,LIBRARY";
+    ExpectBad(machine, "modules", "AllAps, field 2", "run 'backproc strings set AllAps \"EDITOR,LIBRARY\"'");
+}
+
+TEST(Diagnosis, AStateRecordNeedsALivingProcess) {
+    MachineState machine = Sound();
+    EXPECT_EQ(FindingOf(machine, "state").what, "the component is not running");
+    machine.strings.stateRecord = u"Caption, 0";
+    ExpectNote(machine, "state", "no process of this session has its form", "run 'backproc strings set K4TBACKPROCESS");
+    machine.strings.isRunning = true;
+    EXPECT_EQ(FindingOf(machine, "state").grade, Grade::kOk);
+}
+
+TEST(Diagnosis, ALanguageFileInUtf16IsNamed) {
+    MachineState machine = Sound();
+    machine.language = {.folder = u"C:\\German", .hasFile = true, .isUtf16 = true};
+    ExpectBad(machine, "language", "K4TBackProcess.txt is UTF-16", "save it as UTF-8");
+}
+
+TEST(Diagnosis, RightsAreSaidInWords) {
+    MachineState machine = Sound();
+    EXPECT_THAT(FindingOf(machine, "rights").what, HasSubstr("an administrator's"));
+    machine.system.isElevated = false;
+    EXPECT_THAT(FindingOf(machine, "rights").what, HasSubstr("not enough to register for the machine"));
+    EXPECT_EQ(FindingOf(machine, "system").what, "Windows 10.0.19045, 64-bit; this tool is 32-bit");
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 
 #include "host/com/Bstr.h"
 #include "host/com/DevelopmentExports.h"
+#include "runtime/win32/ModulePath.h"
+#include "tools/ClientView.h"
 #include "tools/ComFailure.h"
 #include "tools/Display.h"
 #include "tools/EventSink.h"
@@ -51,6 +53,11 @@ decltype(&K4TDev_Value) DevelopmentEntry(_clsQmxBackProcess& instance) {
 }
 
 }  // namespace
+
+// The kernel that the instances get in this process.
+ModuleHost::ModuleHost(std::ostream& out)
+    : out_(out),
+      strings_(std::make_unique<kernel_api::win32::KernelLibrary>(runtime::win32::FolderOf(FindComponent().library))) {}
 
 bool ModuleHost::Run(const HostCommand& command) {
     switch (command.verb) {

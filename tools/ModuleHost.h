@@ -15,7 +15,7 @@ namespace tools {
 /// Lives on a single-threaded apartment. Events are printed while a member is under way, each line at once.
 class ModuleHost {
  public:
-    explicit ModuleHost(std::ostream& out) : out_(out) {}
+    explicit ModuleHost(std::ostream& out);
 
     /// Carries `command` out and prints its outcome. False when the component refused it, which is printed too.
     /// Throws HostScriptError when there is no such instance, runtime::Error when the kernel library fails.

@@ -16,7 +16,8 @@ constexpr std::string_view kRegisterHelp =
     R"(Usage: backproc register [--user]
 
 Registers the K4TBackProcess.dll beside the tool for all users of the machine, which needs an administrator's rights.
-Shows what was registered, and where.
+Shows what was registered, and where. Refuses when the other registration is there already, for the user or for the
+machine: the user's would hide the machine's.
 
   --user  for the current user alone, which needs no special rights
 
@@ -71,8 +72,21 @@ void PrintClass(std::ostream& out) {
         << "identifier " << Display(ClassIdentifier()) << '\n';
 }
 
+/// With both registrations an update of the one is not seen through the other.
+void RequireNoOther(Scope scope) {
+    const Scope other = scope == Scope::kUser ? Scope::kMachine : Scope::kUser;
+    const std::optional<String> library = RegisteredLibrary(other);
+    if (!library) return;
+    const char* const holder = other == Scope::kUser ? "the user" : "the machine";
+    const char* const command =
+        other == Scope::kUser ? "'backproc unregister --user'" : "'backproc unregister' as an administrator";
+    throw std::runtime_error(std::string("it is registered for ") + holder + " already: " + Display(*library) +
+                             "; a user's registration hides the machine's, so run " + command + " first");
+}
+
 int RunRegister(const Arguments& arguments, Console& console) {
     const Scope scope = ReadScope(arguments);
+    RequireNoOther(scope);
     Change(Register, scope);
     const std::optional<String> library = RegisteredLibrary(scope);
     if (!library)

@@ -13,6 +13,7 @@ namespace tools {
 
 namespace {
 
+using runtime::StringView;
 using runtime::win32::Library;
 using runtime::win32::Wide;
 
@@ -85,6 +86,28 @@ String ServerKey() {
     return u"CLSID\\" + ClassIdentifier() + u"\\InprocServer32";
 }
 
+/// What an interface needs so that COM can make a proxy of it.
+struct ProxyEntry {
+    const char* name;
+    IID identifier;
+    StringView marshaller;  ///< the system's, for type libraries or for late-bound calls
+};
+
+std::vector<std::string> InterfacesWithoutProxy(Scope scope) {
+    const ProxyEntry wanted[] = {
+        {"_clsQmxBackProcess", __uuidof(_clsQmxBackProcess), u"{00020424-0000-0000-C000-000000000046}"},
+        {"__clsQmxBackProcess", __uuidof(__clsQmxBackProcess), u"{00020420-0000-0000-C000-000000000046}"},
+    };
+    std::vector<std::string> without;
+    for (const ProxyEntry& entry : wanted) {
+        const String key = u"Interface\\" + Braced(entry.identifier);
+        const bool isWhole = ClassesText(scope, key + u"\\ProxyStubClsid32") == String(entry.marshaller) &&
+                             ClassesText(scope, key + u"\\TypeLib") == Braced(LIBID_K4TBackProcess);
+        if (!isWhole) without.emplace_back(entry.name);
+    }
+    return without;
+}
+
 }  // namespace
 
 void Register(Scope scope) {
@@ -107,7 +130,46 @@ std::optional<ClassEntry> RegisteredClass(Scope scope) {
         .library = *library,
         .threadingModel = ClassesText(scope, ServerKey(), L"ThreadingModel").value_or(u""),
         .typeLibrary = ClassesText(scope, typeLibraryKey).value_or(u""),
+        .noProxies = InterfacesWithoutProxy(scope),
     };
+}
+
+std::vector<RegistryValue> RegisteredValues(Scope scope) {
+    std::vector<RegistryValue> values;
+    const auto add = [&](const String& key, const String& name = {}) {
+        const auto text = ClassesText(scope, key, name.empty() ? nullptr : Wide(name));
+        if (text) values.push_back({key, name, *text});
+    };
+    add(u"K4TBackProcess.clsQmxBackProcess\\CLSID");
+    const String classKey = u"CLSID\\" + ClassIdentifier();
+    add(classKey);
+    add(ServerKey());
+    add(ServerKey(), u"ThreadingModel");
+    for (const char16_t* below : {u"ProgID", u"TypeLib", u"Version"}) add(classKey + u"\\" + below);
+    const String libraryKey = u"TypeLib\\" + Braced(LIBID_K4TBackProcess) + u"\\1.0";
+    for (const char16_t* below : {u"409\\win32", u"0\\win32", u"FLAGS", u"HELPDIR"}) add(libraryKey + u"\\" + below);
+    for (const IID& identifier : {__uuidof(_clsQmxBackProcess), __uuidof(__clsQmxBackProcess)}) {
+        const String key = u"Interface\\" + Braced(identifier);
+        add(key);
+        add(key + u"\\ProxyStubClsid32");
+        add(key + u"\\TypeLib");
+        add(key + u"\\TypeLib", u"Version");
+    }
+    return values;
+}
+
+NameEntry RegisteredName() {
+    const String key = u"K4TBackProcess.clsQmxBackProcess\\CLSID";
+    NameEntry name;
+    for (const Scope scope : {Scope::kUser, Scope::kMachine}) {
+        const std::optional<String> identifier = ClassesText(scope, key);
+        if (!identifier) continue;
+        name = {.scope = scope, .classIdentifier = *identifier};
+        CLSID named{};
+        name.isOurs = SUCCEEDED(CLSIDFromString(Wide(*identifier), &named)) && named == __uuidof(clsQmxBackProcess);
+        return name;
+    }
+    return name;
 }
 
 String ClassIdentifier() {

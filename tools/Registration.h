@@ -7,8 +7,6 @@
 
 namespace tools {
 
-enum class Scope { kMachine, kUser };
-
 /// Has the component beside the tool register itself. ComFailure when it refuses, std::runtime_error when it cannot be
 /// loaded.
 void Register(Scope scope);
@@ -19,6 +17,16 @@ void Unregister(Scope scope);
 std::optional<String> RegisteredLibrary(Scope scope);
 /// The whole entry; none when the class is not registered there.
 std::optional<ClassEntry> RegisteredClass(Scope scope);
+/// A text in the registry, for showing it.
+struct RegistryValue {
+    String key;   ///< below the classes
+    String name;  ///< empty for the key's default value
+    String text;
+};
+/// All texts that registering writes, as far as they are there.
+std::vector<RegistryValue> RegisteredValues(Scope scope);
+/// What the class's name stands for: the user's entry hides the machine's.
+NameEntry RegisteredName();
 /// The component's class identifier, in braces.
 String ClassIdentifier();
 /// Where a scope's classes stand in the registry.

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "runtime/Error.h"
-#include "runtime/win32/Win32Process.h"
 
 namespace tools {
 
@@ -46,22 +45,20 @@ std::optional<std::string> KeyAfter(NextString& nextString, const char* key) {
 
 }  // namespace
 
-SharedStrings::SharedStrings() : kernel_(runtime::win32::Win32Process(nullptr).ComponentFolder()) {}
-
 std::optional<String> SharedStrings::Get(StringView key) {
-    const kernel_api::TextPointer text = kernel_.E_GetString(key);
+    const kernel_api::TextPointer text = kernel_->E_GetString(key);
     if (text <= 0) return std::nullopt;
     return locale_.FromAnsi(reinterpret_cast<const char*>(text));
 }
 
 void SharedStrings::Set(StringView key, StringView value) {
     String text(value);
-    kernel_.E_SetString(key, text);
+    kernel_->E_SetString(key, text);
 }
 
 std::map<String, String> SharedStrings::All() {
     std::map<String, String> strings;
-    NextString& nextString = ListEntry(kernel_.Path());
+    NextString& nextString = ListEntry(kernel_->Path());
     std::optional<std::string> key = KeyAfter(nextString, nullptr);
     while (key) {
         const String name = locale_.FromAnsi(*key);

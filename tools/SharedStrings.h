@@ -1,7 +1,8 @@
-// The suite's shared strings as the tool looks at them, through the kernel library beside it or else the system's.
+// The suite's shared strings as the tool looks at them, through a kernel library.
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 
 #include "kernel_api/win32/KernelLibrary.h"
@@ -16,7 +17,7 @@ using runtime::StringView;
 /// will not load) and 453 (it lacks an entry).
 class SharedStrings {
  public:
-    SharedStrings();
+    explicit SharedStrings(std::unique_ptr<kernel_api::win32::KernelLibrary> kernel) : kernel_(std::move(kernel)) {}
 
     /// None when there is no such string.
     std::optional<String> Get(StringView key);
@@ -24,9 +25,11 @@ class SharedStrings {
     /// Every string by its key, in the order of the keys' characters. Only the development kernel can list them: error
     /// 453 with another one.
     std::map<String, String> All();
+    /// Full path of the library.
+    String Library() { return kernel_->Path(); }
 
  private:
-    kernel_api::win32::KernelLibrary kernel_;
+    std::unique_ptr<kernel_api::win32::KernelLibrary> kernel_;
     runtime::win32::Win32Locale locale_;
 };
 

@@ -1,6 +1,8 @@
 // `backproc strings`: the suite's shared strings, looked at and set from outside.
 #include <ostream>
 
+#include "runtime/win32/ModulePath.h"
+#include "tools/ClientView.h"
 #include "tools/Display.h"
 #include "tools/SharedStrings.h"
 #include "tools/Usage.h"
@@ -18,6 +20,9 @@ constexpr std::string_view kHelp =
 Shows the strings that the modules of the suite share, sorted by key, one KEY=[VALUE] a line; or shows one string;
 or sets one. 'get' fails when there is no such string. A control character inside a text is shown by its picture.
 
+The kernel library is that of the registered component, as its clients get it; a line on standard error names both when
+they are in another folder than this tool. A text that the ANSI code page cannot hold is changed, and 'set' says so.
+
 The strings live as long as a process uses the kernel: what is set here is gone with this process unless another one
 (a module, 'backproc host') holds the kernel meanwhile.
 
@@ -28,8 +33,11 @@ Example:
 )";
 
 int ShowAll(SharedStrings& strings, Console& console) {
-    for (const auto& [key, value] : strings.All()) {
-        console.out << Display(key) << "=[" << Display(value) << "]\n";
+    const std::map<String, String> all = strings.All();
+    for (const auto& [key, value] : all) console.out << Display(key) << "=[" << Display(value) << "]\n";
+    if (all.empty()) {
+        console.err << "backproc strings: there are no strings in " << Display(strings.Library())
+                    << "; they exist while a program uses it\n";
     }
     return kSuccess;
 }
@@ -43,6 +51,16 @@ int ShowOne(SharedStrings& strings, const String& key, Console& console) {
     return kSuccess;
 }
 
+/// The kernel keeps ANSI texts.
+void SetOne(SharedStrings& strings, const String& key, const String& value, Console& console) {
+    strings.Set(key, value);
+    const String kept = strings.Get(key).value_or(u"");
+    if (kept != value) {
+        console.err << "backproc strings: the kernel keeps it as [" << Display(kept)
+                    << "]; the ANSI code page, or the kernel, does not hold it unchanged\n";
+    }
+}
+
 int RunStrings(const Arguments& arguments, Console& console) {
     const bool sets = !arguments.empty() && arguments[0] == u"set";
     if (!arguments.empty() && !sets && arguments[0] != u"get") {
@@ -51,10 +69,12 @@ int RunStrings(const Arguments& arguments, Console& console) {
     if (arguments.size() == 1) throw Missing("KEY");
     if (sets && arguments.size() == 2) throw Missing("VALUE");
     AtMost(sets ? 3 : 2, arguments);
-    SharedStrings strings;
+    const ComponentInForce component = FindComponent();
+    SayWhichComponent("strings", component, console.err);
+    SharedStrings strings(MakeKernelOfClients(runtime::win32::FolderOf(component.library)));
     if (arguments.empty()) return ShowAll(strings, console);
     if (!sets) return ShowOne(strings, arguments[1], console);
-    strings.Set(arguments[1], arguments[2]);
+    SetOne(strings, arguments[1], arguments[2], console);
     return kSuccess;
 }
 

@@ -146,6 +146,11 @@ std::size_t WriteTextReport(std::ostream& out, Catalogue catalogue, const std::o
     return missing;
 }
 
+bool IsUtf16(std::string_view bytes) {
+    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return true;
+    return bytes.size() >= 2 && (bytes[0] == '\0') != (bytes[1] == '\0');
+}
+
 void WriteTextTemplate(std::ostream& out, Catalogue catalogue) {
     out << "# Texts of the back process: identifier = text, in UTF-8. A blank at either end of a text is written \\s,\n"
            "# a line break \\n, a tab \\t, a backslash \\\\. The letter after & is the access key.\n";

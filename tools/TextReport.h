@@ -18,6 +18,9 @@ namespace tools {
 std::size_t WriteTextReport(std::ostream& out, std::span<const host::CatalogueText> catalogue,
                             const std::optional<std::string>& bytes, runtime::LocalePort& locale);
 
+/// The bytes are UTF-16, by their byte order mark or by the NULs of their first characters. Language files are UTF-8.
+bool IsUtf16(std::string_view bytes);
+
 /// Writes a language file with the English texts, each under a comment that says where it is shown.
 void WriteTextTemplate(std::ostream& out, std::span<const host::CatalogueText> catalogue);
 

@@ -1,9 +1,8 @@
 // `backproc text`: a text of the user's language.
 #include <ostream>
 
-#include "host/Composition.h"
-#include "runtime/win32/WindowsHeaders.h"
 #include "services/MessageTexts.h"
+#include "tools/ClientView.h"
 #include "tools/Display.h"
 #include "tools/Usage.h"
 #include "tools/Verbs.h"
@@ -36,7 +35,7 @@ bool HasText(StringView id) {
 int RunText(const Arguments& arguments, Console& console) {
     if (arguments.empty()) throw Missing("ID");
     AtMost(2, arguments);
-    host::EnsureComposed(GetModuleHandleW(nullptr));
+    SayWhichComponent("text", ComposeAsClient("text", console.err), console.err);
     const String& id = arguments[0];
     const bool hasDefault = arguments.size() == 2;
     if (!hasDefault && !HasText(id))

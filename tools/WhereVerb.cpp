@@ -1,12 +1,14 @@
 // `backproc where`: the folders and names that a client would get now, and where each comes from.
+#include <algorithm>
 #include <ostream>
 
-#include "host/Composition.h"
 #include "host/HostCommandLine.h"
 #include "kernel_api/dev/BuiltInReader.h"
+#include "runtime/Error.h"
 #include "runtime/Ports.h"
-#include "runtime/win32/WindowsHeaders.h"
+#include "runtime/win32/Win32Locale.h"
 #include "services/modReg.h"
+#include "tools/ClientView.h"
 #include "tools/Display.h"
 #include "tools/Usage.h"
 #include "tools/Verbs.h"
@@ -22,9 +24,13 @@ using kernel_api::dev::SettingSource;
 constexpr std::string_view kHelp =
     R"(Usage: backproc where ["/sys:FOLDER" | "FILE"]
 
-Shows what a client that starts now with this argument would get: install folder, system folder, start file, INI
-file, the four folders and six identity values of the suite, one NAME=[VALUE] a line, followed by where the value
-comes from: 'command line', 'INI file', 'registry' or 'default'. Nothing is published.
+Shows what a client that starts now with this argument would get: component and kernel library, install folder, system
+folder, start file, INI file, the four folders and six identity values of the suite, one NAME=[VALUE] a line, followed
+by where the value comes from: 'command line', 'INI file', 'registry' or 'default'. Nothing is published.
+
+The component is the registered one; without a registration, the copy beside this tool. A value that the kernel's ANSI
+code page changes is shown as the client gets it. Without a kernel the product's name in the default folders is unknown
+and is shown as '?'.
 
   "/sys:FOLDER"  FOLDER as the system folder; a message box tells when it cannot be used
   "FILE"         an existing file, as the start file
@@ -54,18 +60,55 @@ std::string_view NameOf(SettingSource source) {
     return "default";
 }
 
-void ShowSettings(Console& console, BuiltInReader& reader, std::span<const services::SuiteSetting> settings) {
+/// With the product's name as clients get it, or '?' without a kernel.
+String DefaultWithOrWithoutKernel(const services::SuiteSetting& setting, bool hasKernel) {
+    if (hasKernel || !setting.isProductFolder) return services::DefaultOf(setting);
+    return u"C:\\?" + String(setting.defaultText);
+}
+
+/// These are published as shared strings and taken back from there, in the kernel's ANSI code page.
+bool IsPublished(const services::SuiteSetting& setting) {
+    constexpr StringView kPublished[] = {u"JobDir", u"LibDir", u"SysName", u"Maker", u"Copyright"};
+    return std::ranges::find(kPublished, setting.key) != std::end(kPublished);
+}
+
+void ShowSettings(Console& console, BuiltInReader& reader, std::span<const services::SuiteSetting> settings,
+                  bool hasKernel) {
+    runtime::win32::Win32Locale locale;
     for (const services::SuiteSetting& setting : settings) {
         const FoundSetting found = reader.Find(services::kSettingsApplication, setting.key);
-        const bool isDefault = found.source == SettingSource::None;
-        Show(console, runtime::ToUtf8(setting.meaning), isDefault ? services::DefaultOf(setting) : found.value,
-             NameOf(found.source));
+        const String value =
+            found.source == SettingSource::None ? DefaultWithOrWithoutKernel(setting, hasKernel) : found.value;
+        const String taken = IsPublished(setting) ? locale.FromAnsi(locale.ToAnsi(value)) : value;
+        const std::string source(NameOf(found.source));
+        Show(console, runtime::ToUtf8(setting.meaning), taken,
+             taken == value ? source : source + ", changed by the ANSI code page");
     }
+}
+
+/// Why clients get no whole kernel; "" when they do.
+std::string KernelFailure() try {
+    services::GetProductName();
+    return "";
+} catch (const runtime::Error& error) {
+    return error.what();
+}
+
+void ShowKernel(Console& console, const String& componentFolder, const std::string& failure) {
+    if (!failure.empty()) {
+        Show(console, "kernel", u"", failure);
+        return;
+    }
+    constexpr std::string_view kPlaces[] = {"asked for", "beside the component", "program's folder", "system folder",
+                                            "development kernel"};
+    const auto kernel = KernelOfClients(componentFolder);
+    if (kernel) Show(console, "kernel", kernel->path, kPlaces[static_cast<std::size_t>(kernel->place)]);
 }
 
 int RunWhere(const Arguments& arguments, Console& console) {
     AtMost(1, arguments);
-    host::EnsureComposed(GetModuleHandleW(nullptr));
+    const ComponentInForce component = ComposeAsClient("where", console.err);
+    const std::string kernelFailure = KernelFailure();
     const runtime::Ports& ports = runtime::CurrentPorts();
     if (!arguments.empty() && ports.process.CommandLine().find(u'"') == String::npos) {
         console.err << "backproc where: " << Quoted(arguments[0]) << " does not count: it is not in double quotes\n";
@@ -77,12 +120,14 @@ int RunWhere(const Arguments& arguments, Console& console) {
     reader.NormaliseFolder(given.systemFolder);
     const String iniFile = given.systemFolder + u"MARLENTO.INI";
 
+    Show(console, "component", component.library, ScopeInWords(component));
+    ShowKernel(console, installFolder, kernelFailure);
     Show(console, "install folder", installFolder, "component");
     Show(console, "system folder", given.systemFolder, isBeside ? "default" : "command line");
     Show(console, "start file", given.startFile, given.startFile.empty() ? "none" : "command line");
     Show(console, "INI file", iniFile, ports.files.Stamp(iniFile) ? "there" : "missing");
-    ShowSettings(console, reader, services::FolderSettings());
-    ShowSettings(console, reader, services::IdentitySettings());
+    ShowSettings(console, reader, services::FolderSettings(), kernelFailure.empty());
+    ShowSettings(console, reader, services::IdentitySettings(), kernelFailure.empty());
     return kSuccess;
 }
 

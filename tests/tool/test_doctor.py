@@ -10,6 +10,8 @@ import tempfile
 import running
 from running import LiveHost, TEXTS, ToolTestCase, main, run, tool, windows_path
 
+CLASS = "{ECD8F3EF-620B-4D2C-8D9B-9F3E96273634}"
+
 
 def copy_package(folder, *left_out):
     """The component, its kernel and the tool in a folder of their own; gives the path of the tool there."""
@@ -42,11 +44,14 @@ class Doctor(ToolTestCase):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)
         lines = self.diagnose(program)
-        self.assertEqual([line for line in lines.values() if not line.startswith("ok   ")], [])
+        noted = [line for line in lines.values() if not line.startswith("ok   ")]
+        self.assertEqual(noted, [lines["kernel"]])
         self.assertEqual(lines["registration"], "ok   registration: for the machine")
         self.assertEqual(lines["file"], "ok   file: " + windows_path(self.folder / "K4TBackProcess.dll"))
         self.assertEqual(lines["version"], "ok   version: 1.0, and so is its type library")
-        self.assertEqual(lines["kernel"], "ok   kernel: " + windows_path(self.folder / "dev" / "QmxKrn2K.dll"))
+        self.assertEqual(lines["kernel"], "note kernel: " + windows_path(self.folder / "dev" / "QmxKrn2K.dll") +
+                         ", development kernel: shares no strings with the suite; for use with the suite, "
+                         "put its QmxKrn2K.dll beside the component")
 
     def test_not_registered(self):
         lines = self.diagnose(copy_package(self.folder))
@@ -67,8 +72,13 @@ class Doctor(ToolTestCase):
     def test_registered_for_user_and_machine(self):
         program = copy_package(self.folder)
         run(program, "register")
-        run(program, "register", "--user")
+        # Registering with the tool refuses this.
+        run("regsvr32.exe", "/s", "/n", "/i:user", windows_path(self.folder / "K4TBackProcess.dll"))
         self.assert_bad(self.diagnose(program)["registration"], "hides", "unregister")
+        code, output, errors = run(program, "register")
+        self.assertEqual((code, output), (1, b""))
+        self.assertIn(b"registered for the user already: ", errors)
+        self.assertIn(b"run 'backproc unregister --user' first", errors)
 
     def test_moved_component(self):
         program = copy_package(self.folder)
@@ -105,9 +115,32 @@ class Doctor(ToolTestCase):
         self.assertIn("is not there: registry settings", self.diagnose(program)["INI file"])
         ini.parent.mkdir()
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-8")
-        self.assertEqual(self.diagnose(program)["INI file"], "ok   INI file: " + windows_path(ini))
+        self.assertEqual(self.diagnose(program)["INI file"], "ok   INI file: " + windows_path(ini) + ", UTF-8, settings taken: Ver")
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-16-le")
         self.assert_bad(self.diagnose(program)["INI file"], "NUL characters", "UTF-8")
+
+    def test_report_has_everything_for_a_ticket(self):
+        program = copy_package(self.folder)
+        self.assertEqual(run(program, "register")[0], 0)
+        ini = self.folder / "sys" / "MARLENTO.INI"
+        ini.parent.mkdir()
+        ini.write_text("[Marlento]\nMaker=Größe\n", encoding="utf-8")
+        report = self.folder / "ticket.txt"
+        with LiveHost() as holder:
+            holder.ask(b"set AllAps EDITOR,K4TBACKPROCESS", b"get AllAps")
+            code, output, errors = run(program, "doctor", "--report", windows_path(report))
+        self.assertEqual((code, errors), (0, b""))
+        text = report.read_text(encoding="utf-8")
+        self.assertIn(output.decode(), text)
+        library = windows_path(self.folder / "K4TBackProcess.dll")
+        self.assertIn(f'HKEY_LOCAL_MACHINE\\Software\\Classes\\CLSID\\{CLASS}\\InprocServer32 ""=[{library}]\n', text)
+        self.assertIn("AllAps=[EDITOR,K4TBACKPROCESS]\n", text)
+        self.assertIn("Maker=Größe\n", text)
+
+    def test_report_that_cannot_be_written_is_a_failure(self):
+        code, output, errors = run(copy_package(self.folder), "doctor", "--report", "C:\\no such folder\\ticket.txt")
+        self.assertEqual(code, 1)
+        self.assertIn(b"cannot write the report 'C:\\no such folder\\ticket.txt'", errors)
 
     def test_language_folder(self):
         program = copy_package(self.folder)

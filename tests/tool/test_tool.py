@@ -46,7 +46,9 @@ class WithoutComponent(ToolTestCase):
             self.assertEqual(tool("strings", "set", "Added", "by another"), (0, b"", b""))
             self.assertEqual(holder.ask(b"get Added"), b"Added=[by another]\n")
             self.assertEqual(tool("strings"), (0, b"Added=[by another]\nHeld=[here]\n", b""))
-        self.assertEqual(tool("strings"), (0, b"", b""))
+        code, output, errors = tool("strings")
+        self.assertEqual((code, output), (0, b""))
+        self.assertRegex(errors, rb"^backproc strings: there are no strings in .*QmxKrn2K\.dll; they exist while a program")
 
     def test_split_shows_number_text_and_value_of_each_field(self):
         for text, fields in [
@@ -85,10 +87,39 @@ class WithoutComponent(ToolTestCase):
         self.assertIn(f"system folder=[{windows_path(folder)}\\] command line", plain)
         self.assertIn("job folder=[D:\\job] INI file", plain)
         self.assertEqual((code, errors), (0, b""))
-        self.assertEqual(plain[0], f"install folder=[{windows_path(running.bin_folder)}] component")
+        here = windows_path(running.bin_folder)
+        self.assertEqual(plain[0], f"component=[{here}\\K4TBackProcess.dll] not registered, the copy beside this tool")
+        self.assertEqual(plain[1], f"kernel=[{here}\\dev\\QmxKrn2K.dll] development kernel")
+        self.assertEqual(plain[2], f"install folder=[{here}] component")
         self.assertIn("secondary job folder=[C:\\CADJOB] default", plain)
         self.assertIn("product name=[Orvane] default", plain)
-        self.assertEqual(len(plain), 14)
+        self.assertEqual(len(plain), 16)
+
+    def test_strings_says_when_the_kernel_keeps_another_text(self):
+        code, output, errors = tool("strings", "set", "Maker", "日本")
+        self.assertEqual((code, output), (0, b""))
+        self.assertRegex(errors, rb"^backproc strings: the kernel keeps it as \[\?\?\]; the ANSI code page")
+
+    def test_where_shows_what_the_ansi_code_page_makes_of_a_value(self):
+        with tempfile.TemporaryDirectory(suffix=" sys") as folder:
+            (pathlib.Path(folder) / "MARLENTO.INI").write_text("[Marlento]\nJobDir=D:\\日\nSysDir=D:\\日\n",
+                                                               encoding="utf-8")
+            output = tool("where", "/sys:" + windows_path(folder))[1].decode().splitlines()
+        self.assertIn("job folder=[D:\\?] INI file, changed by the ANSI code page", output)
+        self.assertIn("system folder setting=[D:\\日] INI file", output)
+
+    def test_where_goes_on_without_a_kernel(self):
+        with tempfile.TemporaryDirectory() as folder:
+            for name in ("backproc.exe", "K4TBackProcess.dll"):
+                shutil.copy(running.bin_folder / name, folder)
+            (pathlib.Path(folder) / "sys").mkdir()
+            (pathlib.Path(folder) / "sys" / "MARLENTO.INI").write_text("[Marlento]\nJobDir=D:\\JOB\n")
+            code, output, errors = run(pathlib.Path(folder) / "backproc.exe", "where")
+        lines = output.decode().splitlines()
+        self.assertEqual((code, errors, len(lines)), (0, b"", 16))
+        self.assertRegex(lines[1], r"^kernel=\[\] File not found: QmxKrn2K\.dll")
+        self.assertIn("job folder=[D:\\JOB] INI file", lines)
+        self.assertIn("library folder=[C:\\?\\LIB] default", lines)
 
     def test_a_lone_tool_says_that_the_component_is_missing(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -131,11 +162,22 @@ class WithComponent(ToolTestCase):
         self.check_all("registered")
 
     def test_registers_for_the_user_and_leaves_nothing(self):
+        tool("unregister")
+        self.addCleanup(tool, "register")
         self.check_registration("HKEY_CURRENT_USER", "--user")
 
     def test_registers_for_the_machine_and_leaves_nothing(self):
         self.addCleanup(tool, "register")
         self.check_registration("HKEY_LOCAL_MACHINE")
+
+    def test_refuses_a_second_registration(self):
+        code, output, errors = tool("register", "--user")
+        library = windows_path(running.bin_folder / "K4TBackProcess.dll")
+        self.assertEqual((code, output), (1, b""))
+        self.assertEqual(errors.decode(), f"backproc register: it is registered for the machine already: {library}; a user's "
+                                          "registration hides the machine's, so run 'backproc unregister' as an "
+                                          "administrator first\n")
+        self.assertEqual(run("reg.exe", "query", "HKCU\\Software\\Classes\\CLSID\\" + CLASS)[0], 1)
 
     def check_registration(self, hive, *scope):
         named = b"class K4TBackProcess.clsQmxBackProcess\nidentifier " + CLASS.encode() + b"\n"
@@ -160,6 +202,20 @@ class WithComponent(ToolTestCase):
             host.ask(b"release 1")
             self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 released\n")
             self.assertEqual(tool("strings", "get", "K4TBACKPROCESS"), (0, b"K4TBACKPROCESS=[]\n", b""))
+
+    def test_another_copy_of_the_tool_looks_where_clients_look(self):
+        with tempfile.TemporaryDirectory() as folder:
+            lone = pathlib.Path(folder) / "backproc.exe"
+            shutil.copy(running.bin_folder / "backproc.exe", lone)
+            shutil.copy(running.bin_folder / "K4TBackProcess.dll", folder)
+            where = run(lone, "where")[1].decode().splitlines()
+            code, output, errors = run(lone, "strings", "set", "A", "b")
+        here = windows_path(running.bin_folder)
+        self.assertEqual(where[0], f"component=[{here}\\K4TBackProcess.dll] registered for the machine")
+        self.assertEqual(where[2], f"install folder=[{here}] component")
+        self.assertEqual((code, output), (0, b""))
+        self.assertEqual(errors.decode(), f"backproc strings: this is what {here}\\K4TBackProcess.dll gives, registered for "
+                                          f"the machine, with the kernel {here}\\dev\\QmxKrn2K.dll\n")
 
     def test_help_file_beside_another_one_says_so(self):
         with LiveHost() as holder:

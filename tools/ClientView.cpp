@@ -1,0 +1,99 @@
+#include "tools/ClientView.h"
+
+#include <ostream>
+
+#include "host/Composition.h"
+#include "kernel_api/Kernel.h"
+#include "runtime/Error.h"
+#include "runtime/win32/Handle.h"
+#include "runtime/win32/ModulePath.h"
+#include "tools/Display.h"
+
+namespace tools {
+
+namespace {
+
+using kernel_api::win32::FindKernel;
+using kernel_api::win32::FoundKernel;
+using kernel_api::win32::KernelLibrary;
+using kernel_api::win32::KernelPlace;
+using runtime::win32::FolderOf;
+using runtime::win32::Library;
+using runtime::win32::Wide;
+
+bool IsSameFolder(const String& one, const String& other) {
+    return CompareStringOrdinal(Wide(one), -1, Wide(other), -1, TRUE) == CSTR_EQUAL;
+}
+
+/// Kept until the process ends: the ports take the component's folder from it.
+HMODULE LoadForGood(const String& library) {
+    return LoadLibraryExW(Wide(library), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+}
+
+}  // namespace
+
+String ToolFolder() {
+    return FolderOf(runtime::win32::ModulePath(nullptr));
+}
+
+ComponentInForce FindComponent() {
+    for (const Scope scope : {Scope::kUser, Scope::kMachine}) {
+        if (std::optional<String> library = RegisteredLibrary(scope)) return {*std::move(library), scope};
+    }
+    return {ToolFolder() + u"\\K4TBackProcess.dll", std::nullopt};
+}
+
+std::string_view ScopeInWords(const ComponentInForce& component) {
+    if (!component.scope) return "not registered, the copy beside this tool";
+    return *component.scope == Scope::kUser ? "registered for the user" : "registered for the machine";
+}
+
+std::optional<FoundKernel> KernelOfClients(const String& componentFolder) {
+    // A client's own folder is not known. Given twice, the component's adds no place.
+    return FindKernel(componentFolder, componentFolder);
+}
+
+String KernelBesideToolAlone(const String& componentFolder) {
+    if (KernelOfClients(componentFolder)) return {};
+    const auto found = FindKernel(componentFolder, ToolFolder());
+    return found ? found->path : String();
+}
+
+std::unique_ptr<KernelLibrary> MakeKernelOfClients(const String& componentFolder) {
+    const std::optional<FoundKernel> found = KernelOfClients(componentFolder);
+    if (found && found->place != KernelPlace::kAskedFor) return std::make_unique<KernelLibrary>(FolderOf(found->path));
+    const String besideTool = KernelBesideToolAlone(componentFolder);
+    if (besideTool.empty()) return std::make_unique<KernelLibrary>(componentFolder);
+    throw runtime::ErrorAbout(runtime::kFileNotFound,
+                              u"QmxKrn2K.dll is only beside this tool, where programs in other "
+                              u"folders do not find it; put the suite's one into " +
+                                  componentFolder);
+}
+
+ComponentInForce ComposeAsClient(std::string_view verb, std::ostream& err) {
+    ComponentInForce component = FindComponent();
+    HMODULE module = GetModuleHandleW(nullptr);
+    if (component.scope) {
+        if (const HMODULE loaded = LoadForGood(component.library)) {
+            module = loaded;
+        } else {
+            err << "backproc " << verb << ": cannot load the registered component " << Quoted(component.library)
+                << "; looking beside this tool; run 'backproc doctor' to see why\n";
+            component = {ToolFolder() + u"\\K4TBackProcess.dll", std::nullopt};
+        }
+    }
+    host::EnsureComposed(module);
+    static const std::unique_ptr<KernelLibrary> kernel = MakeKernelOfClients(FolderOf(component.library));
+    kernel_api::UseKernel(kernel.get());
+    return component;
+}
+
+void SayWhichComponent(std::string_view verb, const ComponentInForce& component, std::ostream& err) {
+    const String folder = FolderOf(component.library);
+    if (IsSameFolder(folder, ToolFolder())) return;
+    const auto kernel = KernelOfClients(folder);
+    err << "backproc " << verb << ": this is what " << Display(component.library) << " gives, "
+        << ScopeInWords(component) << ", with the kernel " << (kernel ? Display(kernel->path) : "(none)") << '\n';
+}
+
+}  // namespace tools

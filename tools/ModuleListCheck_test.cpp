@@ -1,0 +1,38 @@
+#include "tools/ModuleListCheck.h"
+
+#include <gmock/gmock.h>
+
+namespace tools {
+namespace {
+
+using ::testing::HasSubstr;
+
+TEST(ModuleListCheck, CountsTheModulesAndFindsTheOwnPlace) {
+    const ModuleListCheck check = CheckModuleList(u"EDITOR,K4TBACKPROCESS,LIBRARY");
+    EXPECT_EQ(check.count, 3U);
+    EXPECT_EQ(check.ownPlace, 2U);
+    EXPECT_EQ(check.problem, "");
+}
+
+TEST(ModuleListCheck, TheOwnNameMayBeMissing) {
+    EXPECT_EQ(CheckModuleList(u"EDITOR,k4tbackprocess").ownPlace, 0U);
+    EXPECT_EQ(CheckModuleList(u"").count, 0U);
+}
+
+TEST(ModuleListCheck, NamesAQuoteThatIsNeverClosed) {
+    const ModuleListCheck check = CheckModuleList(u"EDITOR,\"LIBRARY,K4TBACKPROCESS");
+    EXPECT_THAT(check.problem, HasSubstr("field 2, 'LIBRARY,K4TBACKPROCESS' opens a quote that is never closed"));
+    EXPECT_EQ(check.listWithout, u"EDITOR");
+    EXPECT_EQ(CheckModuleList(u"\"EDITOR").listWithout, u"");
+}
+
+TEST(ModuleListCheck, NamesANumberThatIsTooLarge) {
+    const ModuleListCheck check = CheckModuleList(u"EDITOR,1E999,LIBRARY");
+    EXPECT_THAT(check.problem, HasSubstr("field 2, '1E999' is a number that is too large"));
+    EXPECT_EQ(check.listWithout, u"EDITOR,LIBRARY");
+    EXPECT_EQ(CheckModuleList(u"EDITOR,1E999").listWithout, u"EDITOR");
+    EXPECT_EQ(CheckModuleList(u"1E999,EDITOR").listWithout, u"EDITOR");
+}
+
+}  // namespace
+}  // namespace tools

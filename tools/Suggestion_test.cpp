@@ -1,0 +1,51 @@
+#include "tools/Suggestion.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace tools {
+namespace {
+
+const std::vector<std::string> kWords = {"host", "register", "unregister", "text", "texts", "doctor"};
+
+std::string NearestOf(std::string_view word) {
+    return Nearest(word, kWords).value_or("(none)");
+}
+
+TEST(Suggestion, FindsAWordThatDiffersByALetter) {
+    EXPECT_EQ(NearestOf("hosst"), "host");
+    EXPECT_EQ(NearestOf("hos"), "host");
+    EXPECT_EQ(NearestOf("hast"), "host");
+    EXPECT_EQ(NearestOf("registre"), "register");
+}
+
+TEST(Suggestion, IgnoresTheCaseOfLetters) {
+    EXPECT_EQ(NearestOf("DOCTOR"), "doctor");
+}
+
+TEST(Suggestion, TakesTheNearestWord) {
+    EXPECT_EQ(NearestOf("textss"), "texts");
+    EXPECT_EQ(NearestOf("unregistre"), "unregister");
+}
+
+TEST(Suggestion, FindsAWordByItsBeginning) {
+    EXPECT_EQ(NearestOf("registration"), "(none)");
+    EXPECT_EQ(NearestOf("regi"), "register");
+    EXPECT_EQ(NearestOf("doctorate"), "doctor");
+}
+
+TEST(Suggestion, LeavesUnlikeWordsAlone) {
+    EXPECT_EQ(NearestOf("x"), "(none)");
+    EXPECT_EQ(NearestOf(""), "(none)");
+    EXPECT_EQ(NearestOf("somewhere"), "(none)");
+    EXPECT_EQ(NearestOf(std::string(1000, 'x')), "(none)");
+}
+
+TEST(Suggestion, IsAClauseForAMessage) {
+    EXPECT_EQ(DidYouMean("hosst", kWords), "; did you mean 'host'?");
+    EXPECT_EQ(DidYouMean("x", kWords), "");
+}
+
+}  // namespace
+}  // namespace tools
