@@ -39,9 +39,8 @@ Example:
 
 std::optional<String> ReportFile(const Arguments& arguments) {
     if (arguments.empty()) return std::nullopt;
-    if (arguments[0] != u"--report") {
-        throw arguments[0].starts_with(u'-') ? UnknownOption(arguments[0]) : Surplus(arguments[0]);
-    }
+    if (!arguments[0].starts_with(u'-')) throw Surplus(arguments[0]);
+    if (arguments[0] != u"--report") throw UnknownOption(arguments[0]);
     const String& file = ValueOf(arguments, 0);
     AtMost(2, arguments);
     return file;

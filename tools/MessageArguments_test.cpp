@@ -46,12 +46,12 @@ TEST(MessageArguments, BadUsageIsNamed) {
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({}), "PROMPT is missing");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--"}), "PROMPT is missing");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags", u"8"}), "PROMPT is missing");
-    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"b"}), "'b' is one argument too many");
-    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"--"}), "'--' is one argument too many");
-    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"--flags", u"8"}), "'--flags' is one argument too many");
-    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--", u"--flags", u"8"}), "'8' is one argument too many");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"b"}), "unexpected argument 'b'");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"--"}), "unexpected argument '--'");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"--flags", u"8"}), "unexpected argument '--flags'");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--", u"--flags", u"8"}), "unexpected argument '8'");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags"}), "'--flags' needs a value");
-    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flag", u"8", u"a"}), "there is no option '--flag'");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flag", u"8", u"a"}), "unknown option '--flag'");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags", u"", u"a"}),
               "--flags must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not ''");
 }

@@ -22,8 +22,8 @@ Shows the suite's message box, waits for its answer and prints the answer's code
   --                 ends the options, for a PROMPT that begins with '--'
   PROMPT             the message; '\n' in it is a line break
 
-Exit code: that of the answer: 6 Yes, 7 No, 8 Yes To All, 2 Cancel or closed. 2 is bad usage, too, and 1 a failure;
-both print nothing but a message on standard error.
+Exit code: that of the answer: 6 Yes, 7 No, 8 Yes To All, 2 Cancel or closed; 64 bad usage, 65 failed. These two print
+nothing but a message on standard error.
 
 Example:
   backproc msgbox --flags 0x100 --title Orvane "Overwrite?\nR1 is in the library already."
@@ -39,6 +39,7 @@ int RunMsgbox(const Arguments& arguments, Console& console) {
 
 }  // namespace
 
-const Verb kMsgboxVerb = {"msgbox", "Shows the suite's message box and its answer", kHelp, RunMsgbox};
+const Verb kMsgboxVerb = {
+    "msgbox", "Shows the suite's message box and its answer", kHelp, RunMsgbox, kDialogFailure, kDialogBadUsage};
 
 }  // namespace tools

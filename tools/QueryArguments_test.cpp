@@ -66,8 +66,8 @@ TEST(QueryArguments, BadUsageIsNamed) {
               "--kind must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not 'one'");
     EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"3", u"--index", u"", u"x"}),
               "--index must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not ''");
-    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kinds", u"3", u"x"}), "there is no option '--kinds'");
-    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kinds"}), "there is no option '--kinds'");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kinds", u"3", u"x"}), "unknown option '--kinds'");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kinds"}), "unknown option '--kinds'");
 }
 
 }  // namespace

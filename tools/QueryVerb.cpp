@@ -1,5 +1,4 @@
 // `backproc query`: the suite's query dialog.
-#include <exception>
 #include <ostream>
 
 #include "dialogs/Qmxquery.h"
@@ -15,7 +14,6 @@ namespace {
 
 constexpr int kAccepted = 0;
 constexpr int kCancelled = 1;
-constexpr int kFailed = 2;
 constexpr int kExtraButton = 3;
 
 constexpr std::string_view kHelp =
@@ -37,7 +35,8 @@ line break.
   VALUE0             the initial text of 1, 2 and 4; may be empty: ""
   ITEM...            the items of 2, 3 and 5
 
-Exit code: 0 accepted, 1 cancelled, 3 the extra button, 2 bad usage or a failure, with its text on standard error.
+Exit code: 0 accepted, 1 cancelled, 3 the extra button; 64 bad usage, 65 failed. These two print nothing but a message
+on standard error.
 
 Example:
   backproc query --kind 3 --prompt "Which side?" --index 0 "" Top Bottom
@@ -59,16 +58,12 @@ int Ask(QueryArguments& query, Console& console) {
 
 int RunQuery(const Arguments& arguments, Console& console) {
     QueryArguments query = ReadQueryArguments(arguments);
-    try {
-        return Ask(query, console);
-    } catch (const std::exception& error) {
-        console.err << "backproc query: " << error.what() << '\n';
-        return kFailed;
-    }
+    return Ask(query, console);
 }
 
 }  // namespace
 
-const Verb kQueryVerb = {"query", "Shows the suite's query dialog and its answer", kHelp, RunQuery};
+const Verb kQueryVerb = {
+    "query", "Shows the suite's query dialog and its answer", kHelp, RunQuery, kDialogFailure, kDialogBadUsage};
 
 }  // namespace tools

@@ -5,8 +5,11 @@
 #include <exception>
 #include <new>
 #include <ostream>
+#include <string>
+#include <vector>
 
 #include "tools/Display.h"
+#include "tools/Suggestion.h"
 #include "tools/Usage.h"
 
 namespace tools {
@@ -16,6 +19,49 @@ namespace {
 bool AsksForHelp(const String& argument) {
     return argument == u"--help" || argument == u"-h" || argument == u"/?";
 }
+
+/// Anywhere before "--", behind which an argument is no option.
+bool AsksForHelpAnywhere(const Arguments& arguments) {
+    if (!arguments.empty() && AsksForHelp(arguments.front())) return true;
+    const auto end = std::find(arguments.begin(), arguments.end(), kEndOfOptions);
+    return std::find(arguments.begin(), end, u"--help") != end;
+}
+
+bool IsPartOfOption(char letter) {
+    return letter == '-' || (letter >= 'a' && letter <= 'z');
+}
+
+/// The options that the verb's help names.
+std::vector<std::string> OptionsOf(const Verb& verb) {
+    std::vector<std::string> options = {"--help"};
+    const std::string_view help = verb.help;
+    for (std::size_t at = help.find("--"); at < help.size();) {
+        const std::size_t end = static_cast<std::size_t>(
+            std::find_if_not(help.begin() + static_cast<std::ptrdiff_t>(at), help.end(), IsPartOfOption) -
+            help.begin());
+        if (end > at + kEndOfOptions.size()) options.emplace_back(help.substr(at, end - at));
+        at = help.find("--", end);
+    }
+    return options;
+}
+
+constexpr std::string_view kOverviewEnd =
+    R"(
+'backproc help VERB', and '--help' anywhere behind a verb, show its arguments, an example and its exit codes.
+Output is UTF-8, one fact a line; errors go to standard error.
+
+Exit codes:
+  0      done; query: accepted
+  1      failed; doctor, texts: something is wrong; query: cancelled
+  2      the command line cannot be understood; msgbox: Cancel, or closed
+  3      query: the extra button
+  6 7 8  msgbox: Yes, No, Yes To All
+  64     msgbox, query: the command line cannot be understood
+  65     msgbox, query: failed
+
+With K4TBACKPROCESS_DEVELOPMENT_KERNEL=1 in the environment, the development kernel is used, dev\QmxKrn2K.dll below the
+component's folder; without it, only when there is no other kernel.
+)";
 
 class Tool {
  public:
@@ -30,7 +76,7 @@ class Tool {
         const String& first = arguments.front();
         const Arguments rest(arguments.begin() + 1, arguments.end());
         if (first == u"help" || AsksForHelp(first)) return Help(rest);
-        if (first == u"--version") return Version(rest);
+        if (first == u"version" || first == u"--version" || first == u"-v") return Version(rest);
         return RunVerb(Find(first), rest);
     }
 
@@ -38,9 +84,11 @@ class Tool {
     const Verb& Find(const String& name) const {
         const auto isMeant = [wanted = runtime::ToUtf8(name)](const Verb& verb) { return verb.name == wanted; };
         const auto verb = std::find_if(verbs_.begin(), verbs_.end(), isMeant);
-        if (verb == verbs_.end())
-            throw name.starts_with(u'-') ? UnknownOption(name) : UsageError("there is no verb " + Quoted(name));
-        return *verb;
+        if (verb != verbs_.end()) return *verb;
+        if (name.starts_with(u'-')) throw UnknownOption(name);
+        std::vector<std::string> names = {"help", "version"};
+        for (const Verb& known : verbs_) names.emplace_back(known.name);
+        throw UsageError("unknown command " + Quoted(name) + DidYouMean(runtime::ToUtf8(name), names));
     }
 
     int Help(const Arguments& arguments) const {
@@ -60,22 +108,30 @@ class Tool {
     }
 
     int RunVerb(const Verb& verb, const Arguments& arguments) const {
-        if (!arguments.empty() && AsksForHelp(arguments.front())) {
+        if (AsksForHelpAnywhere(arguments)) {
             console_.out << verb.help;
             return kSuccess;
         }
         try {
-            return verb.run(arguments, console_);
+            const int code = verb.run(arguments, console_);
+            console_.out.flush();
+            if (console_.out) return code;
+            console_.err << "backproc " << verb.name << ": could not write all output (disk full or pipe closed)\n";
+        } catch (const UnknownOptionError& error) {
+            return ReportUsage(verb, error.what() + DidYouMean(error.Option(), OptionsOf(verb)));
         } catch (const UsageError& error) {
-            console_.err << "backproc " << verb.name << ": " << error.what() << "\nTry 'backproc help " << verb.name
-                         << "'.\n";
-            return kBadUsage;
+            return ReportUsage(verb, error.what());
         } catch (const std::bad_alloc&) {
             console_.err << "backproc " << verb.name << ": there is not enough memory for this\n";
         } catch (const std::exception& error) {
             console_.err << "backproc " << verb.name << ": " << error.what() << '\n';
         }
-        return kFailure;
+        return verb.failure;
+    }
+
+    int ReportUsage(const Verb& verb, const std::string& text) const {
+        console_.err << "backproc " << verb.name << ": " << text << "\nTry 'backproc help " << verb.name << "'.\n";
+        return verb.badUsage;
     }
 
     void PrintOverview(std::ostream& stream) const {
@@ -83,16 +139,12 @@ class Tool {
         for (const Verb& verb : verbs_) width = std::max(width, verb.name.size());
         stream << "Usage: backproc VERB [ARGUMENT...]\n"
                   "       backproc help [VERB]\n"
-                  "       backproc --version\n\n"
+                  "       backproc version\n\n"
                   "Verbs:\n";
         for (const Verb& verb : verbs_) {
             stream << "  " << verb.name << std::string(width - verb.name.size(), ' ') << "  " << verb.summary << '\n';
         }
-        stream << "\n'backproc help VERB' and 'backproc VERB --help' show a verb's arguments, an example and its exit "
-                  "codes.\n"
-                  "Output is UTF-8, one fact a line; errors go to standard error.\n"
-                  "Exit code: 0 done, 1 failed, 2 the command line cannot be understood; 'msgbox' and 'query' have "
-                  "their own.\n";
+        stream << kOverviewEnd;
     }
 
     std::span<const Verb> verbs_;

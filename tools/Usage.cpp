@@ -34,11 +34,11 @@ UsageError Missing(std::string_view name) {
 }
 
 UsageError Surplus(StringView argument) {
-    return UsageError(Quoted(argument) + " is one argument too many");
+    return UsageError("unexpected argument " + Quoted(argument));
 }
 
-UsageError UnknownOption(StringView option) {
-    return UsageError("there is no option " + Quoted(option));
+UnknownOptionError UnknownOption(StringView option) {
+    return {"unknown option " + Quoted(option), runtime::ToUtf8(option)};
 }
 
 const String& ValueOf(const Arguments& arguments, std::size_t place) {

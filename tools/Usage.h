@@ -15,7 +15,7 @@ inline constexpr StringView kEndOfOptions = u"--";
 
 UsageError Missing(std::string_view name);
 UsageError Surplus(StringView argument);
-UsageError UnknownOption(StringView option);
+UnknownOptionError UnknownOption(StringView option);
 
 /// What stands behind the option at `place`; UsageError when that is the last argument.
 const String& ValueOf(const Arguments& arguments, std::size_t place);

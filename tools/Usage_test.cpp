@@ -18,8 +18,8 @@ std::string ComplaintOf(const std::function<void()>& reading) {
 
 TEST(Usage, EveryComplaintNamesTheArgument) {
     EXPECT_STREQ(Missing("KEY").what(), "KEY is missing");
-    EXPECT_STREQ(Surplus(u"a b").what(), "'a b' is one argument too many");
-    EXPECT_STREQ(UnknownOption(u"--kinds").what(), "there is no option '--kinds'");
+    EXPECT_STREQ(Surplus(u"a b").what(), "unexpected argument 'a b'");
+    EXPECT_STREQ(UnknownOption(u"--kinds").what(), "unknown option '--kinds'");
 }
 
 TEST(Usage, AnOptionsValueStandsBehindIt) {
@@ -29,8 +29,8 @@ TEST(Usage, AnOptionsValueStandsBehindIt) {
 
 TEST(Usage, TheFirstArgumentBehindTheWantedOnesIsTooMany) {
     EXPECT_EQ(ComplaintOf([] { AtMost(2, {u"a", u"b"}); }), "(none)");
-    EXPECT_EQ(ComplaintOf([] { AtMost(2, {u"a", u"b", u"c", u"d"}); }), "'c' is one argument too many");
-    EXPECT_EQ(ComplaintOf([] { AtMost(0, {u""}); }), "'' is one argument too many");
+    EXPECT_EQ(ComplaintOf([] { AtMost(2, {u"a", u"b", u"c", u"d"}); }), "unexpected argument 'c'");
+    EXPECT_EQ(ComplaintOf([] { AtMost(0, {u""}); }), "unexpected argument ''");
 }
 
 TEST(Usage, WholeNumbersAreTakenUpToTheEndsOfTheirRange) {

@@ -4,7 +4,9 @@
 
 #include <iosfwd>
 #include <stdexcept>
+#include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "runtime/Text.h"
@@ -24,7 +26,14 @@ struct Console {
     std::ostream& err;
 };
 
-enum ExitCode : int { kSuccess = 0, kFailure = 1, kBadUsage = 2 };
+enum ExitCode : int {
+    kSuccess = 0,
+    kFailure = 1,
+    kBadUsage = 2,
+    // For verbs that give a user's answer: no answer has these codes.
+    kDialogBadUsage = 64,
+    kDialogFailure = 65,
+};
 
 struct Verb {
     std::string_view name;
@@ -32,14 +41,28 @@ struct Verb {
     std::string_view summary;
     /// Usage, then what it does, then an example; ends with a line feed.
     std::string_view help;
-    /// Gives the exit code. An exception ends the tool with kFailure and its text, a UsageError with kBadUsage.
+    /// Gives the exit code. An exception ends the tool with its text and `failure`, a UsageError with `badUsage`.
     int (*run)(const Arguments& arguments, Console& console);
+    int failure = kFailure;
+    int badUsage = kBadUsage;
 };
 
 /// The arguments cannot be understood. The text (UTF-8) says why.
 class UsageError : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
+};
+
+/// There is no such option.
+class UnknownOptionError : public UsageError {
+ public:
+    UnknownOptionError(const std::string& text, std::string option) : UsageError(text), option_(std::move(option)) {}
+
+    /// As it was given, in UTF-8.
+    const std::string& Option() const { return option_; }
+
+ private:
+    std::string option_;
 };
 
 }  // namespace tools

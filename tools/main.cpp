@@ -47,12 +47,9 @@ int main() try {
     for (std::FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
     const Utf8Console utf8;
     tools::Console console{std::cin, std::cout, std::cerr};
-    const int exitCode = tools::RunTool(tools::AllVerbs(), K4T_VERSION, ProcessArguments(), console);
-    std::cout.flush();
-    if (std::cout) return exitCode;
-    std::cerr << "backproc: not all of the output could be written; is the disk full, or the reader gone?\n";
-    return tools::kFailure;
+    return tools::RunTool(tools::AllVerbs(), K4T_VERSION, ProcessArguments(), console);
 } catch (const std::bad_alloc&) {
     std::cerr << "backproc: there is not enough memory; end other programs, and try again\n";
-    return tools::kFailure;
+    // The verb may not be known yet; this code is no verb's answer.
+    return tools::kDialogFailure;
 }

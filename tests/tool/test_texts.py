@@ -60,7 +60,7 @@ class Texts(ToolTestCase):
             self.assertEqual((code, output), (1, b""))
             self.assertIn(b"has 104857600 bytes; make it no larger than 16777216", errors)
             self.assertEqual(tool("msgbox", "--language", windows_path(folder), "Overwrite?"),
-                             (1, b"", errors.replace(b"backproc texts:", b"backproc msgbox:")))
+                             (65, b"", errors.replace(b"backproc texts:", b"backproc msgbox:")))
             with LiveHost() as holder:
                 holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
                 self.assertEqual(tool("text", "39171", "&Yes"), (0, b"&Yes\n", b""))
@@ -85,14 +85,14 @@ class Texts(ToolTestCase):
             code, output, errors = tool("msgbox", "--language", windows_path(folder), "Overwrite?")
         expected = (f"backproc msgbox: there is no language file '{windows_path(folder)}\\K4TBackProcess.txt'; "
                     "'backproc texts --template' writes one to start from\n")
-        self.assertEqual((code, output, errors.decode()), (1, b"", expected))
+        self.assertEqual((code, output, errors.decode()), (65, b"", expected))
 
     def test_language_folder_without_a_name_is_refused(self):
-        for arguments in (("texts", "--folder", ""), ("msgbox", "--language", "", "Overwrite?")):
+        for failure, arguments in ((1, ("texts", "--folder", "")), (65, ("msgbox", "--language", "", "Overwrite?"))):
             with self.subTest(arguments[0]):
                 expected = (f"backproc {arguments[0]}: the name of the language folder is empty; "
                             "give a folder that has a K4TBackProcess.txt\n")
-                self.assertEqual(tool(*arguments), (1, b"", expected.encode()))
+                self.assertEqual(tool(*arguments), (failure, b"", expected.encode()))
 
     def test_texts_tells_by_its_exit_code_what_is_missing_alone(self):
         german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
