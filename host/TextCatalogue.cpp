@@ -27,7 +27,9 @@ void AppendTags(std::vector<CatalogueText>& texts, const runtime::Form& form, ru
     }
     for (const runtime::ControlDesign* const control : form.ControlDesigns()) {
         if (control->tag.empty()) continue;
-        texts.push_back({control->tag, control->text, UseOf(*control, design.name), design.name});
+        const bool isButton = control->kind == runtime::ControlKind::kButton;
+        texts.push_back({control->tag, control->text, UseOf(*control, design.name), design.name,
+                         isButton ? control->bounds.width : 0});
     }
 }
 

@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "runtime/Geometry.h"
 #include "runtime/Text.h"
 
 namespace host {
@@ -11,9 +12,10 @@ namespace host {
 struct CatalogueText {
     runtime::String id;  ///< as it is asked for
     runtime::String defaultText;
-    runtime::String use;       ///< where it is shown, for translators
-    runtime::String dialog;    ///< for a control's caption: the form whose access keys it shares; else empty
-    bool isPublished = false;  ///< stands between commas, as it is, in the state that the suite's modules read
+    runtime::String use;             ///< where it is shown, for translators
+    runtime::String dialog;          ///< for a control's caption: the form whose access keys it shares; else empty
+    runtime::Twips buttonWidth = 0;  ///< of the button that shows it; 0 for other texts
+    bool isPublished = false;        ///< stands between commas, as it is, in the state that the suite's modules read
 };
 
 /// An identifier that is used with several defaults is there with each. No form is loaded.

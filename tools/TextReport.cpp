@@ -1,6 +1,7 @@
 #include "tools/TextReport.h"
 
 #include <algorithm>
+#include <cmath>
 #include <map>
 #include <ostream>
 #include <set>
@@ -31,7 +32,7 @@ std::string_view WordsFor(LineFault fault) {
         case LineFault::kNoText:
             return "has no text behind its '='";
         case LineFault::kTwice:
-            return "has an identifier that stands above already";
+            return "has an identifier that has a text above already";
         case LineFault::kUnknownEscape:
             return R"(has a backslash that is not one of \n \t \s \\)";
         case LineFault::kNotUtf8:
@@ -50,6 +51,19 @@ std::set<String> IdentifiersOf(Catalogue catalogue) {
     return identifiers;
 }
 
+/// The line on which each identifier has its text, from 1.
+std::map<String, std::size_t> LinesOf(std::string_view bytes) {
+    std::map<String, std::size_t> lines;
+    for (std::size_t number = 1; !bytes.empty(); ++number) {
+        const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
+        const TextFile line(bytes.substr(0, end));
+        for (const auto& [id, text] : line.All()) lines.try_emplace(id, number);
+        const std::size_t ending = bytes.substr(end).starts_with("\r\n") ? 2 : 1;
+        bytes.remove_prefix(std::min(end + ending, bytes.size()));
+    }
+    return lines;
+}
+
 void WriteTexts(std::ostream& out, Catalogue catalogue, const TextFile& file) {
     for (const CatalogueText& text : catalogue) {
         const String* const translation = file.Find(text.id);
@@ -59,91 +73,185 @@ void WriteTexts(std::ostream& out, Catalogue catalogue, const TextFile& file) {
     }
 }
 
-void WriteUnknown(std::ostream& out, const std::set<String>& known, const TextFile& file) {
-    std::map<StringView, StringView> unknown;
-    for (const auto& [id, text] : file.All()) {
-        if (!known.contains(id)) unknown.emplace(id, text);
-    }
-    for (const auto& [id, text] : unknown) out << "unknown\t" << Display(id) << '\t' << Bracketed(text) << '\n';
-}
-
-/// Which texts of one dialog answer to one key.
-using KeyUse = std::map<std::pair<String, String>, std::vector<String>>;
-
-void WriteClashes(std::ostream& out, Catalogue catalogue, const TextFile& file, runtime::LocalePort& locale) {
-    KeyUse uses;
-    for (const CatalogueText& text : catalogue) {
-        if (text.dialog.empty()) continue;
-        const String* const translation = file.Find(text.id);
-        const char16_t key = runtime::MarkedCharacter(translation ? *translation : text.defaultText);
-        if (key != 0) uses[{text.dialog, locale.LowerCase(String(1, key))}].push_back(runtime::Trim(text.id));
-    }
-    for (const auto& [place, ids] : uses) {
-        if (ids.size() < 2) continue;
-        out << "clash\t" << Display(place.first) << "\tAlt+" << Display(place.second) << '\t';
-        for (std::size_t i = 0; i < ids.size(); ++i) out << (i > 0 ? ", " : "") << Display(ids[i]);
-        out << '\n';
-    }
-}
-
 /// Scripts that put no blanks between words need none here either.
 bool WantsBlank(char16_t unit) {
     constexpr char16_t kFirstOfWideScripts = 0x2E80;
     return unit != u' ' && unit < kFirstOfWideScripts;
 }
 
-void WriteLostBlanks(std::ostream& out, Catalogue catalogue, const TextFile& file) {
-    for (const String& id : IdentifiersOf(catalogue)) {
-        const String* const translation = file.Find(id);
-        if (!translation || translation->empty()) continue;
-        const auto all = [&](auto&& holds) {
-            return std::ranges::all_of(catalogue, [&](const CatalogueText& text) {
-                return runtime::Trim(text.id) != id || (!text.defaultText.empty() && holds(text.defaultText));
-            });
-        };
-        const bool starts = all([](const String& text) { return text.front() == u' '; });
-        const bool ends = all([](const String& text) { return text.back() == u' '; });
-        if (starts && WantsBlank(translation->front())) out << "blank\t" << Display(id) << "\tmissing at the start\n";
-        if (ends && WantsBlank(translation->back())) out << "blank\t" << Display(id) << "\tmissing at the end\n";
-    }
+/// A number of twips in the pixels of a screen of 96 dots an inch.
+int Pixels(runtime::Twips twips) {
+    constexpr runtime::Twips kTwipsAPixel = 15;
+    return static_cast<int>(std::lround(twips / kTwipsAPixel));
 }
 
-/// Other modules take the state apart at commas and quote marks; one that they cannot read keeps them waiting.
-void WriteBrokenStates(std::ostream& out, Catalogue catalogue, const TextFile& file) {
-    constexpr std::pair<StringView, std::string_view> kBreaking[] = {
-        {u",", "a comma"}, {u"\"", "a quote mark"}, {u"\r\n", "a line break"}};
-    std::set<String> published;
-    for (const CatalogueText& text : catalogue) {
-        if (text.isPublished) published.insert(runtime::Trim(text.id));
+/// Writes what is wrong with a language file, and counts it.
+class Findings {
+ public:
+    Findings(std::ostream& out, Catalogue catalogue, const LanguageFileText& source)
+        : out_(out),
+          catalogue_(catalogue),
+          name_(source.name),
+          file_(source.bytes, [this](std::size_t line, LineFault fault) { faults_.emplace_back(line, fault); }),
+          lines_(LinesOf(source.bytes)),
+          isUtf16_(IsUtf16(source.bytes)) {}
+
+    const TextFile& File() const { return file_; }
+
+    std::size_t Write(runtime::LocalePort& locale, const CaptionMeasure& measure) {
+        if (isUtf16_) {
+            out_ << "encoding\t" << name_ << "\tis UTF-16; save it as UTF-8\n";
+            return 1;
+        }
+        for (const auto& [line, fault] : faults_) Start("unreadable", line) << WordsFor(fault) << '\n';
+        WriteUnknown();
+        WriteClashes(locale);
+        WriteLostKeys();
+        WriteTooWide(measure);
+        WriteLostBlanks();
+        WriteBrokenStates();
+        return count_;
     }
-    for (const String& id : published) {
-        const String* const translation = file.Find(id);
-        if (!translation) continue;
-        for (const auto& [units, words] : kBreaking) {
-            if (translation->find(units) == String::npos) continue;
-            out << "state\t" << Display(id) << "\thas " << words << '\n';
+
+ private:
+    /// The beginning of a finding's line: its kind and where it is.
+    std::ostream& Start(std::string_view kind, std::size_t line) {
+        ++count_;
+        return out_ << kind << '\t' << name_ << ':' << line << '\t';
+    }
+    std::ostream& StartAt(std::string_view kind, const String& id) { return Start(kind, lines_.at(id)); }
+
+    void WriteUnknown() {
+        const std::set<String> known = IdentifiersOf(catalogue_);
+        std::map<String, String> unknown;
+        for (const auto& [id, text] : file_.All()) {
+            if (!known.contains(id)) unknown.emplace(id, text);
+        }
+        for (const auto& [id, text] : unknown) {
+            StartAt("unknown", id) << Display(id) << '\t' << Bracketed(text) << '\n';
         }
     }
-}
+
+    /// The line of the last of the texts that has one.
+    std::size_t LineOfAny(const std::vector<String>& ids) const {
+        std::size_t line = 0;
+        for (const String& id : ids) {
+            if (const auto found = lines_.find(id); found != lines_.end()) line = found->second;
+        }
+        return line;
+    }
+
+    void WriteClashes(runtime::LocalePort& locale) {
+        // Which texts of one dialog answer to one key.
+        std::map<std::pair<String, String>, std::vector<String>> uses;
+        for (const CatalogueText& text : catalogue_) {
+            if (text.dialog.empty()) continue;
+            const String* const translation = file_.Find(text.id);
+            const char16_t key = runtime::MarkedCharacter(translation ? *translation : text.defaultText);
+            if (key != 0) uses[{text.dialog, locale.LowerCase(String(1, key))}].push_back(runtime::Trim(text.id));
+        }
+        for (const auto& [place, ids] : uses) {
+            if (ids.size() < 2) continue;
+            Start("clash", LineOfAny(ids)) << Display(place.first) << "\tAlt+" << Display(place.second) << '\t';
+            for (std::size_t i = 0; i < ids.size(); ++i) out_ << (i > 0 ? ", " : "") << Display(ids[i]);
+            out_ << '\n';
+        }
+    }
+
+    /// Each translated text of the catalogue once, with its English form.
+    template <typename Check>
+    void ForEachTranslation(Check&& check) {
+        std::set<std::pair<String, String>> seen;
+        for (const CatalogueText& text : catalogue_) {
+            const String* const translation = file_.Find(text.id);
+            const String id = runtime::Trim(text.id);
+            if (translation && seen.emplace(id, text.defaultText).second) check(text, id, *translation);
+        }
+    }
+
+    void WriteLostKeys() {
+        ForEachTranslation([this](const CatalogueText& text, const String& id, const String& translation) {
+            const bool isLost = !text.dialog.empty() && runtime::MarkedCharacter(text.defaultText) != 0 &&
+                                runtime::MarkedCharacter(translation) == 0;
+            if (isLost) StartAt("key", id) << Display(id) << "\thas no access key; put '&' before a letter\n";
+        });
+    }
+
+    void WriteTooWide(const CaptionMeasure& measure) {
+        // The button's edges and the mark of the focus, on both sides.
+        constexpr runtime::Twips kEdges = 90;
+        ForEachTranslation([&](const CatalogueText& text, const String& id, const String& translation) {
+            if (text.buttonWidth == 0) return;
+            const runtime::Twips width = measure(translation);
+            if (width <= text.buttonWidth - kEdges) return;
+            StartAt("wide", id) << Display(id) << "\tis " << Pixels(width)
+                                << " pixels wide, and its button has room for " << Pixels(text.buttonWidth - kEdges)
+                                << '\n';
+        });
+    }
+
+    void WriteLostBlanks() {
+        for (const String& id : IdentifiersOf(catalogue_)) {
+            const String* const translation = file_.Find(id);
+            if (!translation || translation->empty()) continue;
+            const auto all = [&](auto&& holds) {
+                return std::ranges::all_of(catalogue_, [&](const CatalogueText& text) {
+                    return runtime::Trim(text.id) != id || (!text.defaultText.empty() && holds(text.defaultText));
+                });
+            };
+            const bool starts = all([](const String& text) { return text.front() == u' '; });
+            const bool ends = all([](const String& text) { return text.back() == u' '; });
+            if (starts && WantsBlank(translation->front())) {
+                StartAt("blank", id) << Display(id) << "\tmissing at the start\n";
+            }
+            if (ends && WantsBlank(translation->back())) {
+                StartAt("blank", id) << Display(id) << "\tmissing at the end\n";
+            }
+        }
+    }
+
+    /// Other modules take the state apart at commas and quote marks; one that they cannot read keeps them waiting.
+    void WriteBrokenStates() {
+        constexpr std::pair<StringView, std::string_view> kBreaking[] = {
+            {u",", "a comma"}, {u"\"", "a quote mark"}, {u"\r\n", "a line break"}};
+        std::set<String> published;
+        for (const CatalogueText& text : catalogue_) {
+            if (text.isPublished) published.insert(runtime::Trim(text.id));
+        }
+        for (const String& id : published) {
+            const String* const translation = file_.Find(id);
+            if (!translation) continue;
+            for (const auto& [units, words] : kBreaking) {
+                if (translation->find(units) == String::npos) continue;
+                StartAt("state", id) << Display(id) << "\thas " << words << '\n';
+            }
+        }
+    }
+
+    std::ostream& out_;
+    Catalogue catalogue_;
+    const std::string& name_;
+    std::vector<std::pair<std::size_t, LineFault>> faults_;
+    const TextFile file_;
+    const std::map<String, std::size_t> lines_;
+    const bool isUtf16_;
+    std::size_t count_ = 0;
+};
 
 }  // namespace
 
-std::size_t WriteTextReport(std::ostream& out, Catalogue catalogue, const std::optional<std::string>& bytes,
-                            runtime::LocalePort& locale) {
-    std::vector<std::pair<std::size_t, LineFault>> faults;
-    const TextFile file(bytes ? std::string_view(*bytes) : std::string_view(),
-                        [&faults](std::size_t line, LineFault fault) { faults.emplace_back(line, fault); });
+TextReportCounts WriteTextReport(std::ostream& out, Catalogue catalogue, const std::optional<LanguageFileText>& file,
+                                 runtime::LocalePort& locale, const CaptionMeasure& measure) {
+    const LanguageFileText source = file.value_or(LanguageFileText());
+    Findings findings(out, catalogue, source);
+    WriteTexts(out, catalogue, findings.File());
+    TextReportCounts counts;
+    counts.findings = findings.Write(locale, measure);
     const std::set<String> known = IdentifiersOf(catalogue);
-    WriteTexts(out, catalogue, file);
-    for (const auto& [line, fault] : faults) out << "unreadable\tline " << line << '\t' << WordsFor(fault) << '\n';
-    WriteUnknown(out, known, file);
-    WriteClashes(out, catalogue, file, locale);
-    WriteLostBlanks(out, catalogue, file);
-    WriteBrokenStates(out, catalogue, file);
-    const auto missing =
-        static_cast<std::size_t>(std::ranges::count_if(known, [&file](const String& id) { return !file.Find(id); }));
-    out << known.size() - missing << " of " << known.size() << " identifiers translated\n";
-    return missing;
+    counts.missing = static_cast<std::size_t>(
+        std::ranges::count_if(known, [&](const String& id) { return !findings.File().Find(id); }));
+    out << known.size() - counts.missing << " of " << known.size() << " identifiers translated\n";
+    return counts;
 }
 
 bool IsUtf16(std::string_view bytes) {

@@ -27,12 +27,16 @@ class TextReport : public testing::Test {
  protected:
     std::string Report(const std::optional<std::string>& bytes, std::span<const CatalogueText> catalogue = Box()) {
         std::ostringstream out;
-        missing_ = WriteTextReport(out, catalogue, bytes, locale_);
+        std::optional<LanguageFileText> file;
+        if (bytes) file = LanguageFileText{"F", *bytes};
+        counts_ = WriteTextReport(out, catalogue, file, locale_, [](runtime::StringView caption) {
+            return static_cast<runtime::Twips>(caption.size() * 100);
+        });
         return out.str();
     }
 
     runtime::headless::PlainLocale locale_;
-    std::size_t missing_ = 99;
+    TextReportCounts counts_{99, 99};
 };
 
 TEST_F(TextReport, ShowsEachTextWithItsTranslation) {
@@ -41,7 +45,7 @@ TEST_F(TextReport, ShowsEachTextWithItsTranslation) {
               "translated\t2\t[&No]\t[&Nein]\tsecond of box\n"
               "translated\t3\t[Path: ]\t[Pfad: ]\tcheck\n"
               "3 of 3 identifiers translated\n");
-    EXPECT_EQ(missing_, 0u);
+    EXPECT_EQ(counts_.missing, 0u);
 }
 
 TEST_F(TextReport, MarksWhatIsMissing) {
@@ -50,58 +54,97 @@ TEST_F(TextReport, MarksWhatIsMissing) {
               "translated\t2\t[&No]\t[&Nein]\tsecond of box\n"
               "missing\t3\t[Path: ]\t\tcheck\n"
               "1 of 3 identifiers translated\n");
-    EXPECT_EQ(missing_, 2u);
+    EXPECT_EQ(counts_.missing, 2u);
 }
 
 TEST_F(TextReport, WithoutAFileEverythingIsMissing) {
     EXPECT_THAT(Report(std::nullopt), HasSubstr("\n0 of 3 identifiers translated\n"));
-    EXPECT_EQ(missing_, 3u);
+    EXPECT_EQ(counts_.missing, 3u);
 }
 
 TEST_F(TextReport, IdentifierWithSeveralUsesCountsOnce) {
     const std::vector<CatalogueText> twice = {{u"9", u"Cancel", u"a", u"a"}, {u"9 ", u"Cancel", u"b", u"b"}};
     EXPECT_THAT(Report("", twice), HasSubstr("missing\t9\t[Cancel]\t\ta\nmissing\t9\t[Cancel]\t\tb\n0 of 1 "));
-    EXPECT_EQ(missing_, 1u);
+    EXPECT_EQ(counts_.missing, 1u);
 }
 
 TEST_F(TextReport, NamesUnreadableLinesWithTheirReasons) {
     const std::string report = Report("1 = &Ja\n= x\nwords\n1 = b\n2 = \\x\n2 = \xE4\n3 =\n");
-    EXPECT_THAT(report, HasSubstr("unreadable\tline 2\thas no identifier before its '='\n"
-                                  "unreadable\tline 3\thas no '='\n"
-                                  "unreadable\tline 4\thas an identifier that stands above already\n"
-                                  "unreadable\tline 5\thas a backslash that is not one of \\n \\t \\s \\\\\n"
-                                  "unreadable\tline 6\tis not UTF-8\n"
-                                  "unreadable\tline 7\thas no text behind its '='\n"));
-    EXPECT_EQ(missing_, 2u);
+    EXPECT_THAT(report, HasSubstr("unreadable\tF:2\thas no identifier before its '='\n"
+                                  "unreadable\tF:3\thas no '='\n"
+                                  "unreadable\tF:4\thas an identifier that has a text above already\n"
+                                  "unreadable\tF:5\thas a backslash that is not one of \\n \\t \\s \\\\\n"
+                                  "unreadable\tF:6\tis not UTF-8\n"
+                                  "unreadable\tF:7\thas no text behind its '='\n"));
+    EXPECT_EQ(counts_.missing, 2u);
 }
 
 TEST_F(TextReport, NamesIdentifiersThatNobodyAsksFor) {
-    EXPECT_THAT(Report("5 = five\n1 = &Ja\n4 = a\\nb\n"), HasSubstr("unknown\t4\t[a␍␊b]\nunknown\t5\t[five]\n"));
+    EXPECT_THAT(Report("5 = five\n1 = &Ja\n4 = a\\nb\n"),
+                HasSubstr("unknown\tF:3\t4\t[a␍␊b]\nunknown\tF:1\t5\t[five]\n"));
 }
 
 TEST_F(TextReport, NamesAccessKeysThatClashInADialog) {
-    EXPECT_THAT(Report("1 = J&a\n2 = B&Aum\n"), HasSubstr("clash\tbox\tAlt+a\t1, 2\n"));
-    EXPECT_THAT(Report("1 = &\xC3\x84ndern\n2 = &\xC3\xA4\n"), HasSubstr("clash\tbox\tAlt+\xC3\xA4\t1, 2\n"));
-    EXPECT_THAT(Report("1 = &Non\n"), HasSubstr("clash\tbox\tAlt+n\t1, 2\n"));
+    EXPECT_THAT(Report("1 = J&a\n2 = B&Aum\n"), HasSubstr("clash\tF:2\tbox\tAlt+a\t1, 2\n"));
+    EXPECT_THAT(Report("1 = &\xC3\x84ndern\n2 = &\xC3\xA4\n"), HasSubstr("clash\tF:2\tbox\tAlt+\xC3\xA4\t1, 2\n"));
+    EXPECT_THAT(Report("1 = &Non\n"), HasSubstr("clash\tF:1\tbox\tAlt+n\t1, 2\n"));
     EXPECT_THAT(Report("1 = &Ja\n2 = Nein\n3 = &Jot\\s\n"), Not(HasSubstr("clash")));
 }
 
 TEST_F(TextReport, NamesLostBlanksBetweenJoinedTexts) {
     const std::vector<CatalogueText> joined = {{u"1", u"Path: ", u"", u""}, {u"2", u" exists", u"", u""}};
     EXPECT_THAT(Report("1 = Pfad:\n2 = gibt es\n", joined),
-                HasSubstr("blank\t1\tmissing at the end\nblank\t2\tmissing at the start\n"));
+                HasSubstr("blank\tF:1\t1\tmissing at the end\nblank\tF:2\t2\tmissing at the start\n"));
     EXPECT_THAT(Report("1 = Pfad:\\s\n2 = \\sgibt es\n", joined), Not(HasSubstr("blank")));
     EXPECT_THAT(Report("1 = \xEF\xBC\x9A\n2 = \xE3\x81\xAF\n", joined), Not(HasSubstr("blank")));
 }
 
 TEST_F(TextReport, NamesCaptionsThatBreakThePublishedState) {
-    const std::vector<CatalogueText> captions = {
-        {u"L", u"Process", u"", u"", true}, {u"L", u"Process ", u"", u"", true}, {u"1", u"Path", u"", u"", false}};
-    EXPECT_THAT(Report("L = Pelorix, hinten\n1 = a, b\n", captions), HasSubstr("\nstate\tL\thas a comma\n2 of 2"));
-    EXPECT_THAT(Report("L = 19\"\n1 = \"\n", captions), HasSubstr("\nstate\tL\thas a quote mark\n2 of 2"));
-    EXPECT_THAT(Report("L = a\\nb\n1 = a\\nb\n", captions), HasSubstr("\nstate\tL\thas a line break\n2 of 2"));
+    const std::vector<CatalogueText> captions = {{u"L", u"Process", u"", u"", 0, true},
+                                                 {u"L", u"Process ", u"", u"", 0, true},
+                                                 {u"1", u"Path", u"", u"", 0, false}};
+    EXPECT_THAT(Report("L = Pelorix, hinten\n1 = a, b\n", captions), HasSubstr("\nstate\tF:1\tL\thas a comma\n2 of 2"));
+    EXPECT_THAT(Report("L = 19\"\n1 = \"\n", captions), HasSubstr("\nstate\tF:1\tL\thas a quote mark\n2 of 2"));
+    EXPECT_THAT(Report("L = a\\nb\n1 = a\\nb\n", captions), HasSubstr("\nstate\tF:1\tL\thas a line break\n2 of 2"));
     EXPECT_THAT(Report("L = Pelorix 'hinten'; \\t\n", captions), Not(HasSubstr("state")));
     EXPECT_THAT(Report("1 = a,b\n", captions), Not(HasSubstr("state")));
+}
+
+TEST_F(TextReport, NamesCaptionsThatHaveLostTheirAccessKey) {
+    EXPECT_THAT(Report("\n1 = Ja\n2 = Nein && aber\n"),
+                HasSubstr("key\tF:2\t1\thas no access key; put '&' before a letter\n"
+                          "key\tF:3\t2\thas no access key"));
+    EXPECT_EQ(counts_.findings, 2u);
+    const std::vector<CatalogueText> keyless = {{u"1", u"Cancel", u"", u"box"}, {u"2", u"A && B", u"", u"box"}};
+    EXPECT_THAT(Report("1 = Abbrechen\n2 = A\n", keyless), Not(HasSubstr("key\t")));
+}
+
+TEST_F(TextReport, NamesCaptionsThatAreTooWideForTheirButton) {
+    const std::vector<CatalogueText> buttons = {{u"1", u"OK", u"", u"box", 1125}, {u"2", u"Label", u"", u"box"}};
+    EXPECT_THAT(Report("1 = Einverstanden\n2 = Einverstanden\n", buttons),
+                HasSubstr("wide\tF:1\t1\tis 87 pixels wide, and its button has room for 69\n2 of 2"));
+    EXPECT_THAT(Report("1 = Elf Zeichen\n", buttons), HasSubstr("wide"));
+    EXPECT_THAT(Report("1 = Zehn Zeich\n", buttons), Not(HasSubstr("wide")));
+}
+
+TEST_F(TextReport, SaysOfUtf16HowToSaveIt) {
+    const std::string utf16("1\0 \0=\0 \0J\0a\0\n\0", 14);
+    for (const std::string& bytes : {utf16, "\xFF\xFE" + utf16,
+                                     std::string("\xFE\xFF\0"
+                                                 "1\0=",
+                                                 6)}) {
+        const std::string report = Report(bytes);
+        EXPECT_THAT(report, HasSubstr("encoding\tF\tis UTF-16; save it as UTF-8\n0 of 3"));
+        EXPECT_THAT(report, Not(HasSubstr("unreadable")));
+        EXPECT_EQ(counts_.findings, 1u);
+    }
+}
+
+TEST_F(TextReport, CountsWhatIsWrong) {
+    Report("1 = &Ja\n2 = &Nein\n3 = Pfad:\\s\n");
+    EXPECT_EQ(counts_, (TextReportCounts{0, 0}));
+    Report("1 = &Ja\n2 = &Jein\n3 = Pfad:\nwords\n");
+    EXPECT_EQ(counts_, (TextReportCounts{0, 3}));
 }
 
 TEST_F(TextReport, BlankMayGoWhereOneUseHasNone) {

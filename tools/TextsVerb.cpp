@@ -1,16 +1,20 @@
 // `backproc texts`: all texts that the component asks for, and what a language makes of them.
+#include <filesystem>
+#include <fstream>
 #include <optional>
 #include <ostream>
 #include <stdexcept>
 
-#include "host/Composition.h"
+#include "host/TextCatalogue.h"
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"
 #include "runtime/Ports.h"
-#include "runtime/win32/WindowsHeaders.h"
+#include "services/ProcessValues.h"
+#include "tools/ClientView.h"
 #include "tools/Display.h"
 #include "tools/LanguageFile.h"
 #include "tools/TextReport.h"
+#include "tools/UiFont.h"
 #include "tools/Usage.h"
 #include "tools/Verbs.h"
 
@@ -19,67 +23,137 @@ namespace tools {
 namespace {
 
 constexpr std::string_view kHelp =
-    R"(Usage: backproc texts [--folder F]
-       backproc texts --template
+    R"(Usage: backproc texts [--folder F] [--check]
+       backproc texts --template [--output FILE]
 
 Shows every text that the component asks for, one a line, with tabs between: 'translated' or 'missing', identifier,
 [English], [translation], where it is shown. The language file is K4TBackProcess.txt in the folder F, or in the one of
-the shared string LANGUAGEPATH; without both everything is missing. Then what is wrong with the file:
+the shared string LANGUAGEPATH; without both everything is missing. Then what is wrong with the file, with its line:
 
+  encoding    the file is UTF-16, which is not read
   unreadable  a line that is skipped, and why
   unknown     an identifier that the component does not ask for
   clash       two captions of a dialog that have the same access key
+  key         a caption that has lost its access key
+  wide        a caption that is too wide for its button, in the font that the component has on this system
   blank       a text that is joined with others and has lost the blank in between
   state       a caption that breaks the state which the modules read: it has a comma, a quote mark or a line break
 
 The last line counts.
 
-  --folder F  the folder to look into; without it, the one of LANGUAGEPATH
-  --template  writes a language file with the English texts instead, to start a translation from
+  --folder F     the folder to look into; without it, the one of LANGUAGEPATH
+  --check        for a build: exit code 1 for whatever is wrong, not only for a missing text
+  --template     writes a language file with the English texts instead, to start a translation from
+  --output FILE  writes the template to FILE, which must not exist yet, in UTF-8
 
-Exit code: 0 nothing is missing, 1 something is missing or the file cannot be read, 2 bad usage.
+Exit code: 0 nothing is missing, 1 something is missing or the file cannot be read, 2 bad usage; with --check, 1 for
+every finding.
 
 Example:
-  backproc texts --folder examples\languages\German
+  backproc texts --folder examples\languages\German --check
 )";
 
-void CheckArguments(const Arguments& arguments) {
-    if (arguments.empty()) return;
-    const bool namesFolder = arguments[0] == u"--folder";
-    if (!namesFolder && arguments[0] != u"--template") throw UnknownOption(arguments[0]);
-    if (namesFolder) ValueOf(arguments, 0);
-    AtMost(namesFolder ? 2 : 1, arguments);
+struct TextsRequest {
+    std::optional<String> folder;
+    bool checks = false;
+    bool isTemplate = false;
+    std::optional<String> output;
+};
+
+TextsRequest ReadRequest(const Arguments& arguments) {
+    TextsRequest request;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const String& option = arguments[i];
+        if (option == u"--folder") {
+            request.folder = ValueOf(arguments, i++);
+        } else if (option == u"--output") {
+            request.output = ValueOf(arguments, i++);
+        } else if (option == u"--check") {
+            request.checks = true;
+        } else if (option == u"--template") {
+            request.isTemplate = true;
+        } else if (option.starts_with(u'-')) {
+            throw UnknownOption(option);
+        } else {
+            throw Surplus(option);
+        }
+    }
+    if (request.isTemplate && (request.folder || request.checks)) {
+        throw UsageError("--template takes no --folder and no --check");
+    }
+    if (request.output && !request.isTemplate) throw UsageError("--output needs --template");
+    return request;
 }
 
-std::optional<String> LanguageFolder(const Arguments& arguments) {
-    if (arguments.size() == 2) return arguments[1];
+std::optional<String> LanguageFolder(const TextsRequest& request) {
+    if (request.folder) return request.folder;
     String folder = kernel_api::CurrentReader().TextAt(kernel_api::CurrentKernel().E_GetString(u"LANGUAGEPATH"));
     if (folder.empty()) return std::nullopt;
     return folder;
 }
 
-std::string ReadTexts(const String& folder) {
+LanguageFileText ReadTexts(const String& folder) {
     runtime::FilesPort& files = runtime::CurrentPorts().files;
     const String path = LanguageFileIn(files, folder);
     auto bytes = files.Read(path);
     if (!bytes)
         throw std::runtime_error("cannot read " + Quoted(path) +
                                  "; check that you may read it and that no program locks it");
-    return *std::move(bytes);
+    return {Display(path), *std::move(bytes)};
 }
 
-int RunTexts(const Arguments& arguments, Console& console) {
-    CheckArguments(arguments);
+int WriteTemplate(const TextsRequest& request, Console& console) {
     const auto catalogue = host::TextCatalogue();
-    if (!arguments.empty() && arguments[0] == u"--template") {
+    if (!request.output) {
         WriteTextTemplate(console.out, catalogue);
         return kSuccess;
     }
-    host::EnsureComposed(GetModuleHandleW(nullptr));
-    const std::optional<String> folder = LanguageFolder(arguments);
-    std::optional<std::string> bytes;
-    if (folder) bytes = ReadTexts(*folder);
-    return WriteTextReport(console.out, catalogue, bytes, runtime::CurrentPorts().locale) == 0 ? kSuccess : kFailure;
+    const std::filesystem::path path(*request.output);
+    std::error_code ignored;
+    if (std::filesystem::exists(path, ignored)) {
+        throw std::runtime_error(Quoted(*request.output) + " exists already; give a new file");
+    }
+    std::ofstream file(path, std::ios::binary);
+    WriteTextTemplate(file, catalogue);
+    file.close();
+    if (!file) {
+        throw std::runtime_error("cannot write " + Quoted(*request.output) +
+                                 "; give a file in a folder where you may write");
+    }
+    return kSuccess;
+}
+
+/// A caption as its button shows it: "&&" is a '&', any other '&' marks the character behind it.
+String WithoutMarks(StringView caption) {
+    String shown;
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+        if (caption[i] == u'&' && ++i == caption.size()) break;
+        shown += caption[i];
+    }
+    return shown;
+}
+
+runtime::Twips WidthOf(StringView caption) {
+    const services::UiFont& chosen = services::processValues.uiFont;
+    runtime::Font font;
+    if (!chosen.name.empty()) font.name = chosen.name;
+    if (chosen.size > 0) font.size = chosen.size;
+    font.charset = chosen.characterSet;
+    return runtime::CurrentPorts().windows.TextSize(WithoutMarks(caption), font, runtime::kEndlessWidth).width;
+}
+
+int RunTexts(const Arguments& arguments, Console& console) {
+    const TextsRequest request = ReadRequest(arguments);
+    if (request.isTemplate) return WriteTemplate(request, console);
+    const ComponentInForce component = ComposeAsClient("texts", console.err);
+    if (!request.folder) SayWhichComponent("texts", component, console.err);
+    std::optional<LanguageFileText> file;
+    if (const std::optional<String> folder = LanguageFolder(request)) file = ReadTexts(*folder);
+    if (file) ChooseFont();
+    const TextReportCounts counts =
+        WriteTextReport(console.out, host::TextCatalogue(), file, runtime::CurrentPorts().locale, WidthOf);
+    if (!file) console.err << "backproc texts: no language folder is chosen; give one with --folder\n";
+    return counts.missing > 0 || (request.checks && counts.findings > 0) ? kFailure : kSuccess;
 }
 
 }  // namespace

@@ -37,14 +37,15 @@ class Texts(ToolTestCase):
     def test_texts_takes_the_current_language(self):
         with tempfile.TemporaryDirectory() as folder, LiveHost() as holder:
             (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("39171 = &Ja\nwords\n7 = x\n", encoding="utf-8")
-            self.assertEqual(tool("texts")[0], 1)
+            self.assertEqual(tool("texts")[::2], (1, b"backproc texts: no language folder is chosen; give one with --folder\n"))
             holder.ask(f"set LANGUAGEPATH {windows_path(folder)}".encode(), b"get LANGUAGEPATH")
             code, output, errors = tool("texts")
         lines = output.decode().splitlines()
         self.assertEqual((code, errors), (1, b""))
         self.assertIn("translated\t39171\t[&Yes]\t[&Ja]\tcmdBut(0) of frmQMXMsgBox", lines)
         self.assertIn("missing\t39172\t[&No]\t\tcmdBut(1) of frmQMXMsgBox", lines)
-        self.assertEqual(lines[-3:], ["unreadable\tline 2\thas no '='", "unknown\t7\t[x]",
+        path = windows_path(folder) + "\\K4TBackProcess.txt"
+        self.assertEqual(lines[-3:], [f"unreadable\t{path}:2\thas no '='", f"unknown\t{path}:3\t7\t[x]",
                                       f"1 of {TEXTS} identifiers translated"])
 
     def test_texts_names_a_file_that_it_cannot_take(self):
@@ -77,7 +78,8 @@ class Texts(ToolTestCase):
             code, output, errors = tool("texts", "--folder", windows_path(folder))
         lines = output.decode().splitlines()
         self.assertEqual((code, errors, lines[-1]), (0, b"", f"{TEXTS} of {TEXTS} identifiers translated"))
-        self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated"}, lines)
+        # Its texts are longer than the English ones, to show what is clipped.
+        self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated", "wide"}, lines)
         self.assertIn("translated\t39173\t[Yes &To All]\t[[Ýéš &Tó Áll~~]]\tcmdBut(2) of frmQMXMsgBox", lines)
 
     def test_msgbox_wants_the_language_file_that_it_is_given(self):
@@ -103,10 +105,43 @@ class Texts(ToolTestCase):
             code, output, errors = tool("texts", "--folder", windows_path(folder))
             kinds = [line.split("\t")[0] for line in output.decode().splitlines() if not line.startswith("translated")]
             self.assertEqual((code, kinds), (0, ["unreadable", "clash", "state", "19 of 19 identifiers translated"]))
+            self.assertEqual(tool("texts", "--folder", windows_path(folder), "--check"), (1, output, b""))
             texts.write_text(german.replace("39171 = &Ja", "39171 ="), encoding="utf-8")
             code, output, errors = tool("texts", "--folder", windows_path(folder))
             self.assertEqual((code, output.decode().splitlines()[-1]), (1, "18 of 19 identifiers translated"))
         self.assertEqual(tool("texts", "--nothing")[0], 2)
+
+    def test_texts_measures_captions_and_looks_for_lost_keys(self):
+        german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
+        with tempfile.TemporaryDirectory() as folder:
+            texts = pathlib.Path(folder) / "K4TBackProcess.txt"
+            texts.write_text(german.replace("&Nein", "Auf gar keinen Fall"), encoding="utf-8")
+            code, output, errors = tool("texts", "--folder", windows_path(folder), "--check")
+        line = 1 + [line.startswith("39172") for line in german.splitlines()].index(True)
+        found = [line for line in output.decode().splitlines() if line.split("\t")[0] in ("key", "wide")]
+        self.assertEqual((code, errors, len(found)), (1, b"", 2))
+        self.assertEqual(found[0], f"key\t{windows_path(texts)}:{line}\t39172\thas no access key; put '&' before a letter")
+        self.assertRegex(found[1], r"^wide\t.*:\d+\t39172\tis \d+ pixels wide, and its button has room for 69$")
+
+    def test_texts_says_of_utf16_how_to_save_it(self):
+        with tempfile.TemporaryDirectory() as folder:
+            texts = pathlib.Path(folder) / "K4TBackProcess.txt"
+            texts.write_text("39171 = &Ja\n", encoding="utf-16")
+            code, output, errors = tool("texts", "--folder", windows_path(folder))
+        self.assertEqual((code, errors), (1, b""))
+        self.assertIn(f"encoding\t{windows_path(texts)}\tis UTF-16; save it as UTF-8\n", output.decode())
+
+    def test_template_goes_into_a_new_file(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "K4TBackProcess.txt"
+            self.assertEqual(tool("texts", "--template", "--output", windows_path(path)), (0, b"", b""))
+            self.assertEqual(path.read_bytes(), tool("texts", "--template")[1])
+            path.write_text("kept")
+            code, output, errors = tool("texts", "--template", "--output", windows_path(path))
+            self.assertEqual((code, output, path.read_text()), (1, b"", "kept"))
+            self.assertIn(b"exists already; give a new file", errors)
+        self.assertEqual(tool("texts", "--output", "x")[0], 2)
+        self.assertEqual(tool("texts", "--template", "--check")[0], 2)
 
 
 if __name__ == "__main__":
