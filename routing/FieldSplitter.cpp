@@ -28,11 +28,23 @@ constexpr char16_t kComma = u',';
     }
 }
 
+/// The field's place and text, cut off where it is too long to be read in a message.
+String InWords(std::size_t place, StringView field) {
+    constexpr std::size_t kMaxShown = 80;
+    const bool isCut = field.size() > kMaxShown;
+    return u"field" + runtime::Str(static_cast<std::int32_t>(place)) + u", '" + String(field.substr(0, kMaxShown)) +
+           (isCut ? u"…'" : u"'");
+}
+
 /// The arrays grow before the number is read, so that an error in it leaves them as long as each other.
 void Add(StringView field) {
     FieldTexts.emplace_back(field);
     FieldValues.push_back(0);
-    FieldValues.back() = FieldToNumber(field);
+    try {
+        FieldValues.back() = FieldToNumber(field);
+    } catch (const runtime::Error& error) {
+        throw runtime::ErrorAbout(error.Number(), InWords(FieldTexts.size() - 1, field));
+    }
 }
 
 template <typename Entry>

@@ -18,8 +18,8 @@ inline std::vector<double>& FieldValues = runtime::NeverDestroyed<std::vector<do
 /// Splits `text` into FieldTexts and FieldValues, whose previous contents are gone. What lies between a closing quote
 /// and the next comma belongs to the field, but then the character before the comma does not. The last character
 /// of the text neither opens a quoted field nor ends one: `"A",` is the one field `A"`.
-/// Never returns for a text whose quoted field is not closed. Error 6 for a number that is too large: the count is
-/// then 0, and the arrays end with that field.
+/// Never returns for a text whose quoted field is not closed. Error 6, which names the field, for a number that
+/// is too large: the count is then 0, and the arrays end with that field.
 void SplitFields(runtime::StringView text);
 
 /// The number that `text` starts with, its first comma read as a period; 0 for none. Error 6 when it is too large.

@@ -203,6 +203,19 @@ TEST_F(FieldSplitter, LetsOverflowThroughAndStopsAtThatField) {
     EXPECT_EQ(FieldValues, (std::vector<double>{0, 1, 2, 0}));
 }
 
+TEST_F(FieldSplitter, OverflowNamesTheFieldAndItsText) {
+    const auto description = [](StringView text) {
+        try {
+            SplitFields(text);
+        } catch (const runtime::Error& error) {
+            return error.Description();
+        }
+        return String(u"(none)");
+    };
+    EXPECT_EQ(description(u"1,2,1E999,4"), u"Overflow: field 3, '1E999'");
+    EXPECT_EQ(description(u"A," + String(400, u'9')), u"Overflow: field 2, '" + String(80, u'9') + u"…'");
+}
+
 TEST_F(FieldSplitter, LetsOverflowThroughFromQuotedAndLastFields) {
     EXPECT_EQ(ErrorOf([] { SplitFields(uR"(1,"1E999",4)"); }), runtime::kOverflow);
     EXPECT_EQ(FieldValues, (std::vector<double>{0, 1, 0}));
