@@ -1,6 +1,7 @@
 #include "tools/ClientView.h"
 
 #include <ostream>
+#include <utility>
 
 #include "host/Composition.h"
 #include "kernel_api/Kernel.h"
@@ -17,12 +18,33 @@ using kernel_api::win32::FindKernel;
 using kernel_api::win32::FoundKernel;
 using kernel_api::win32::KernelLibrary;
 using kernel_api::win32::KernelPlace;
+using runtime::StringView;
 using runtime::win32::FolderOf;
 using runtime::win32::Library;
 using runtime::win32::Wide;
 
 bool IsSameFolder(const String& one, const String& other) {
     return CompareStringOrdinal(Wide(one), -1, Wide(other), -1, TRUE) == CSTR_EQUAL;
+}
+
+/// Stands for the kernel where clients find none: each call fails as theirs do.
+class NoKernel : public kernel_api::Kernel {
+ public:
+    explicit NoKernel(runtime::Error reason) : reason_(std::move(reason)) {}
+
+    void E_SetString(StringView, String&) override { throw reason_; }
+    kernel_api::TextPointer E_GetString(StringView) override { throw reason_; }
+    std::int32_t DB_DataBase() override { throw reason_; }
+    kernel_api::TextPointer O_GetName(std::int32_t) override { throw reason_; }
+
+ private:
+    runtime::Error reason_;
+};
+
+std::unique_ptr<kernel_api::Kernel> MakeKernelOrNone(const String& componentFolder) try {
+    return MakeKernelOfClients(componentFolder);
+} catch (const runtime::Error& error) {
+    return std::make_unique<NoKernel>(error);
 }
 
 /// Kept until the process ends: the ports take the component's folder from it.
@@ -83,7 +105,7 @@ ComponentInForce ComposeAsClient(std::string_view verb, std::ostream& err) {
         }
     }
     host::EnsureComposed(module);
-    static const std::unique_ptr<KernelLibrary> kernel = MakeKernelOfClients(FolderOf(component.library));
+    static const std::unique_ptr<kernel_api::Kernel> kernel = MakeKernelOrNone(FolderOf(component.library));
     kernel_api::UseKernel(kernel.get());
     return component;
 }

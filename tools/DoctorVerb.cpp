@@ -26,8 +26,12 @@ registration, name, file, version, proxies, kernel library, INI file, module lis
   note  worth knowing, but no client fails for it
   BAD   a client fails, or gets something else than was meant
 
-and then says what to do. Without a registration the file beside the tool is looked at. Of a client's own folder nothing
-is known, so a kernel that is only beside this tool does not count. Nothing is changed, and no instance is created.
+and then says what to do. Without a registration the file beside the tool is looked at. Nothing is changed, and no
+instance is created.
+
+The component takes the first QmxKrn2K.dll that exists: beside itself, in the program's folder, in the system folder,
+in 'dev' below its own folder. The program's folder is not known here, so a kernel that is only beside this tool does
+not count.
 
   --report FILE  also writes FILE for a ticket: the same lines, the registry's entries, the shared strings, the INI file
 

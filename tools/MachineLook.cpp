@@ -202,6 +202,11 @@ void LookAtKernelAndStrings(MachineState& machine, Win32Files& files, const Stri
     machine.language = LookAtLanguage(files, *kernel);
 }
 
+/// A registered path may be in quotes, which is reported as such; its folder is known all the same.
+String WithoutQuote(const String& path) {
+    return path.starts_with(u'"') ? path.substr(1) : path;
+}
+
 }  // namespace
 
 MachineState LookAtMachine() {
@@ -214,7 +219,7 @@ MachineState LookAtMachine() {
     machine.hasManifest = files.Stamp(ToolFolder() + u"\\K4TBackProcess.manifest").has_value();
     machine.component = LookAtComponent(files, FindComponent().library);
     if (EntryInForce(machine)) machine.activationFailure = ActivationFailure();
-    const String folder = FolderOf(machine.component.path);
+    const String folder = FolderOf(WithoutQuote(machine.component.path));
     machine.tool = LookAtTool(files, folder);
     LookAtKernelAndStrings(machine, files, folder);
     machine.ini = LookAtIni(files, folder);

@@ -121,6 +121,23 @@ class WithoutComponent(ToolTestCase):
         self.assertIn("job folder=[D:\\JOB] INI file", lines)
         self.assertIn("library folder=[C:\\?\\LIB] default", lines)
 
+    def test_where_goes_on_with_a_kernel_that_clients_do_not_find(self):
+        with tempfile.TemporaryDirectory() as name:
+            folder, tools = pathlib.Path(name), pathlib.Path(name) / "tools"
+            tools.mkdir()
+            running.copy_built(folder, "backproc.exe", "K4TBackProcess.dll")
+            self.addCleanup(tool, "unregister")
+            self.assertEqual(run(folder / "backproc.exe", "register")[0], 0)
+            shutil.copy(running.bin_folder / "backproc.exe", tools)
+            shutil.copy(running.bin_folder / "dev" / "QmxKrn2K.dll", tools)
+            code, output, errors = run(tools / "backproc.exe", "where")
+            strings = run(tools / "backproc.exe", "strings")
+        lines = output.decode().splitlines()
+        self.assertEqual((code, errors, len(lines)), (0, b"", 16))
+        self.assertIn("is only beside this tool", lines[1])
+        self.assertEqual(strings[:2], (1, b""))
+        self.assertIn(b"is only beside this tool", strings[2])
+
     def test_a_lone_tool_says_that_the_component_is_missing(self):
         with tempfile.TemporaryDirectory() as folder:
             lone = pathlib.Path(folder) / "backproc.exe"
