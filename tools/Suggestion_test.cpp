@@ -18,6 +18,7 @@ TEST(Suggestion, FindsAWordThatDiffersByALetter) {
     EXPECT_EQ(NearestOf("hos"), "host");
     EXPECT_EQ(NearestOf("hast"), "host");
     EXPECT_EQ(NearestOf("registre"), "register");
+    EXPECT_EQ(NearestOf("hsot"), "host");
 }
 
 TEST(Suggestion, IgnoresTheCaseOfLetters) {
