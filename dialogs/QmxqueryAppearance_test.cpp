@@ -24,8 +24,8 @@ TEST_F(Query, CentresAnyFormWithoutLoadingItself) {
     Qmxquery dialog;
     dialog.SetForm(other);
     const runtime::Size screen = runtime::ScreenSize();
-    EXPECT_EQ(other.Left(), (screen.width - other.Width()) / 2.0F);
-    EXPECT_EQ(other.Top(), (screen.height - other.Height()) / 2.0F);
+    EXPECT_EQ(other.Left(), OnPixels((screen.width - other.Width()) / 2.0F));
+    EXPECT_EQ(other.Top(), OnPixels((screen.height - other.Height()) / 2.0F));
     EXPECT_FALSE(dialog.IsLoaded());
 }
 
@@ -186,9 +186,10 @@ TEST_F(Query, IsMeasuredInTheFormsFontAndNotInTheLabels) {
 }
 
 TEST_F(Query, IsCentred) {
-    // Outer size 5595 + 90 by 2000 on 19200 by 15360.
+    memory_.windows.screen = {19201, 15360};
+    // Outer size 5595 + 90 by 2000.
     Look({}, [](MemoryWindow& dialog) {
-        EXPECT_EQ(dialog.outer, (runtime::Rect{(19200 - 5685) / 2.0F, 6680, 5685, 2000}));
+        EXPECT_EQ(dialog.outer, (runtime::Rect{(19201 - 5685) / 2.0F, 6680, 5685, 2000}));
     });
 }
 

@@ -1,5 +1,5 @@
 // The query dialog, played in memory. A character is 90 twips wide and a line 195 high there, frame and title bar take
-// 375 of a form's height.
+// 375 of a form's height. A pixel is a twip, so that bounds are what the layout gives.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -48,6 +48,7 @@ inline void PressEnter(runtime::headless::MemoryWindow& dialog) {
 
 class QueryTest : public tests::HeadlessComponentTest {
  protected:
+    QueryTest() { memory_.windows.MakePixelsTwips(); }
     ~QueryTest() override { ReleaseQuery(); }
 
     void Queue(const User& user) {

@@ -21,6 +21,7 @@ using ::testing::ElementsAre;
 
 class LocalisedBox : public tests::HeadlessComponentTest {
  protected:
+    LocalisedBox() { memory_.windows.MakePixelsTwips(); }
     /// Asks, looks at the open box and closes it.
     void Look(StringView prompt, const std::function<void(MemoryWindow&)>& look) {
         bool wasOpen = false;

@@ -1,4 +1,5 @@
-// The suite's message box, played in memory. A character is 90 twips wide and a line 195 high there.
+// The suite's message box, played in memory. A character is 90 twips wide and a line 195 high there, and a pixel is a
+// twip, so that bounds are what the layout gives.
 #include "dialogs/frmQMXMsgBox.h"
 
 #include <gmock/gmock.h>
@@ -22,6 +23,7 @@ using ::testing::ElementsAre;
 
 class MessageBox : public tests::HeadlessTest {
  protected:
+    MessageBox() { memory_.windows.MakePixelsTwips(); }
     ~MessageBox() override { ReleaseSuiteBox(); }
 
     /// Asks, and does `user` while the box is open.
@@ -65,8 +67,8 @@ TEST_F(MessageBox, CentresAnyFormWithoutLoadingItself) {
     frmQMXMsgBox box;
     box.SetForm(other);
     const runtime::Size screen = runtime::ScreenSize();
-    EXPECT_EQ(other.Left(), (screen.width - other.Width()) / 2.0F);
-    EXPECT_EQ(other.Top(), (screen.height - other.Height()) / 2.0F);
+    EXPECT_EQ(other.Left(), OnPixels((screen.width - other.Width()) / 2.0F));
+    EXPECT_EQ(other.Top(), OnPixels((screen.height - other.Height()) / 2.0F));
     EXPECT_FALSE(box.IsLoaded());
 }
 
@@ -152,6 +154,22 @@ TEST_F(MessageBox, ResendingFails_ErrorIsIgnoredAndTheBoxStaysOpen) {
     EXPECT_EQ(answer, 7);
 }
 
+TEST_F(MessageBox, BlanksAndControlCharactersAreNotResent) {
+    const auto answer = Ask(8, [this](MemoryWindow& box) {
+        for (const char16_t character : runtime::StringView(u"5 \b(\t\r\x1B\x7F~")) {
+            EXPECT_FALSE(box.Events().KeyPress(character));
+        }
+        memory_.windows.Post([&box] { box.Events().KeyDown(runtime::kKeyEnter, 0); });
+    });
+    EXPECT_EQ(answer, 6);
+    EXPECT_EQ(memory_.windows.altKeys, u"5(~");
+}
+
+TEST_F(MessageBox, HiddenByOthersIsCancel) {
+    EXPECT_EQ(Ask(8, [](MemoryWindow& box) { box.OthersHide(); }), 2);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
+}
+
 TEST_F(MessageBox, ClosingTheWindowIsCancelEvenAfterAnEarlierAnswer) {
     EXPECT_EQ(AskAndPress(8, runtime::kKeyEnter), 6);
     EXPECT_EQ(Ask(8, [](MemoryWindow& box) { box.Events().Closing(runtime::UnloadReason::kUser); }), 2);
@@ -204,7 +222,7 @@ TEST_F(MessageBox, OddHalvesAreTwips) {
 /// Windows in which every text has the same size, of broken twips if need be.
 class FixedTextSize : public runtime::headless::MemoryWindows {
  public:
-    explicit FixedTextSize(runtime::Size size) : size_(size) {}
+    explicit FixedTextSize(runtime::Size size) : size_(size) { MakePixelsTwips(); }
     runtime::Size TextSize(runtime::StringView, const runtime::Font&, runtime::Twips) override { return size_; }
 
  private:
@@ -243,10 +261,10 @@ TEST_F(MessageBox, LongPromptOfLinesLowersTheButtons) {
 }
 
 TEST_F(MessageBox, IsCentredWithoutClamping) {
-    memory_.windows.screen = {3000, 900};
+    memory_.windows.screen = {3001, 900};
     Ask(8, [](MemoryWindow& box) {
         // Outer size 5085 + 90 by 1425 + 375.
-        EXPECT_EQ(box.outer, (runtime::Rect{(3000 - 5175) / 2.0F, (900 - 1800) / 2.0F, 5175, 1800}));
+        EXPECT_EQ(box.outer, (runtime::Rect{(3001 - 5175) / 2.0F, (900 - 1800) / 2.0F, 5175, 1800}));
         box.Events().Closing(runtime::UnloadReason::kUser);
     });
 }

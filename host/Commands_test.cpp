@@ -384,10 +384,48 @@ TEST_F(LanguageCommands, TextsFollowTheCommandAndNotTheKernelAfterwards) {
     EXPECT_EQ(services::GetLocalText(u"", u"561"), u"Hintergrund");
 }
 
-TEST_F(LanguageCommands, LzBesideAnEarlierInstanceFailsAsTheLoadDoes) {
+TEST_F(LanguageCommands, LzBesideAnEarlierInstanceShowsNothing) {
+    dialog_.EnsureLoaded();
     memory_.process.SetEarlierInstance(true);
+    EXPECT_EQ(ErrorOfNotifying(u"All,LZ"), 0);
+    EXPECT_THAT(box_.prompts, IsEmpty());
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(LanguageCommands, LzWhoseLoadFailsShowsNothingAndUnloadsAllForms) {
+    kernel_.FailOn("E_GetString(AllAps)", Error(runtime::kDllEntryPointNotFound));
+    EXPECT_EQ(ErrorOfNotifying(u"All,LZ"), 0);
+    EXPECT_THAT(box_.prompts, IsEmpty());
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(LanguageCommands, LzInsideALoadThatHasShutItselfDownShowsNothing) {
+    interruptedReader_.onNextText = [this] {
+        Notify(u"All,EX");
+        Notify(u"All,LZ");
+    };
+    EXPECT_EQ(ErrorOf([this] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
+    EXPECT_THAT(box_.prompts, IsEmpty());
+    EXPECT_TRUE(NoneLoaded());
+}
+
+TEST_F(LanguageCommands, LzThatGetsNoWindowIsReported) {
+    runtime::headless::MemoryWindows refusing;
+    refusing.refuseWindows = 1;
+    const runtime::Ports ports = tests::WithPort(interruptedPorts_, refusing);
+    runtime::UsePorts(&ports);
     Notify(u"All,LZ");
-    EXPECT_THAT(box_.prompts, ElementsAre(u"Object was unloaded: frmBackProcessMain"));
+    runtime::UsePorts(&interruptedPorts_);
+    EXPECT_THAT(box_.prompts, ElementsAre(u"Out of memory"));
+}
+
+// The same number, but not of a load.
+TEST_F(LanguageCommands, UnloadedObjectOfAClientIsReported) {
+    form_.EnsureLoaded();
+    onHeard_ = [] { throw Error(runtime::kObjectWasUnloaded); };
+    Notify(u"All,EX");
+    EXPECT_THAT(box_.prompts, ElementsAre(u"Object was unloaded"));
     EXPECT_TRUE(NoneLoaded());
 }
 

@@ -105,6 +105,24 @@ TEST_F(Shutdown, IsSaidAlthoughThePlacementCannotBeSaved) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
+using ShutdownInMemory = MainFormBesideOver<tests::HeadlessComponentTest>;
+
+// The first dialog keeps the loop going, and the second one, which is always the last, comes back in each round.
+TEST_F(ShutdownInMemory, EndsThoughADialogIsLoadedAgainAfterEachUnload) {
+    form_.EnsureLoaded();
+    dialog_.EnsureLoaded();
+    second_.EnsureLoaded();
+    int unloads = 0;
+    second_.onUnload = [&] {
+        ASSERT_LT(++unloads, 1000) << "the loop does not end";
+        memory_.windows.Post([this] { second_.EnsureLoaded(); });
+    };
+    form_.Unload();
+    EXPECT_TRUE(NoneLoaded());
+    EXPECT_EQ(unloads, 100);
+    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+}
+
 using FailingLoad = MainFormBesideOver<tests::ComponentTest>;
 
 TEST_F(FailingLoad, BesideAnEarlierInstanceHidesAFailingListener) {

@@ -118,6 +118,15 @@ TEST_F(Creation, EachFailureReachesTheCreatorAndLeavesNoLink) {
     EXPECT_THAT(heard_, IsEmpty());
 }
 
+TEST_F(Creation, ThatFailsHalfWayLeavesWhatItHasDone) {
+    kernel_.FailOn("E_SetString(LibDir", runtime::Error(runtime::kFileNotFound));
+    EXPECT_EQ(tests::ErrorOf([&] { Make(); }), runtime::kFileNotFound);
+    EXPECT_EQ(Kept(u"INITBP"), u"INIT");
+    EXPECT_NE(Kept(u"JobDir"), u"(none)");
+    EXPECT_TRUE(MainFormExists());
+    EXPECT_FALSE(MainForm().IsLoaded());
+}
+
 class HostCommandLine : public Creation {
  protected:
     HostCommandLine() { memory_.process.SetComponentFolder(u"C:\\Pelorix"); }
@@ -284,9 +293,12 @@ TEST_F(Loading, LeavesThePlacementOfTheNormalStateToBeSaved) {
     object->Terminate();
     std::vector<String> values;
     for (const auto& setting : memory_.settings.Saved()) values.push_back(setting.value);
-    EXPECT_THAT(values, ElementsAre(runtime::PlainDecimal((screen.height - outer.height) / 2.0F),
-                                    runtime::PlainDecimal((screen.width - outer.width) / 2.0F),
-                                    runtime::PlainDecimal(outer.height), runtime::PlainDecimal(outer.width)));
+    const auto saved = [this](runtime::Twips length) {
+        return runtime::Trim(runtime::Str(runtime::ToInt32(OnPixels(length))));
+    };
+    EXPECT_THAT(values,
+                ElementsAre(saved((screen.height - outer.height) / 2.0F), saved((screen.width - outer.width) / 2.0F),
+                            saved(outer.height), saved(outer.width)));
 }
 
 using LoadingInMemory = ServiceObjectOver<tests::HeadlessComponentTest>;

@@ -24,7 +24,7 @@ using runtime::Twips;
 constexpr Twips kSmallestWidth = 8000;
 constexpr Twips kSmallestHeight = 3000;
 
-/// Far more than there are forms: only a client that loads the main form again after every unload gets there.
+/// Far more than there are forms: only a client that loads a form again after every unload gets there.
 constexpr int kMostRoundsWithEvents = 100;
 
 runtime::FormDesign MainFormDesign() {
@@ -48,12 +48,16 @@ runtime::ControlDesign MsgLineDesign() {
 }
 
 /// Unloads forms from the last loaded one on. One that refused would refuse for ever, so that it is not tried again;
-/// one that an event loads anew after its unload is.
+/// one that an event loads anew after its unload is. A client that loads a form in each event does not keep the loop
+/// from ending: after many rounds no more events run.
 class Unloading {
  public:
     bool HasMore() const {
         const runtime::Form* const next = runtime::LoadedForms().LastToUnload();
         return next && next != refused_;
+    }
+    void LetEventsRun(runtime::FirstError& error) {
+        if (++rounds_ <= kMostRoundsWithEvents) error.Run([] { runtime::DoEvents(); });
     }
     void UnloadLast(runtime::FirstError& error) {
         runtime::Form* const last = runtime::LoadedForms().LastToUnload();
@@ -66,6 +70,7 @@ class Unloading {
 
  private:
     const runtime::Form* refused_ = nullptr;
+    int rounds_ = 0;
 };
 
 }  // namespace
@@ -135,11 +140,9 @@ void frmBackProcessMain::Announce() {
 void frmBackProcessMain::UnloadAllForms() {
     runtime::FirstError error;
     Unloading forms;
-    int rounds = 0;
     do {
         forms.UnloadLast(error);
-        // Who loads the form again in each event shall not keep the loop from ending, nor a form from going.
-        if (++rounds <= kMostRoundsWithEvents) error.Run([] { runtime::DoEvents(); });
+        forms.LetEventsRun(error);
     } while (forms.HasMore());
     error.Rethrow();
 }
@@ -157,7 +160,7 @@ void frmBackProcessMain::OnUnload(bool& /*cancel*/) {
     error.Run([this] { services::CloseHelp(handle_); });
     Unloading others;
     while (others.HasMore()) {
-        error.Run([] { runtime::DoEvents(); });
+        others.LetEventsRun(error);
         others.UnloadLast(error);
     }
     error.Run([this] {
@@ -169,6 +172,10 @@ void frmBackProcessMain::OnUnload(bool& /*cancel*/) {
 }
 
 void frmBackProcessMain::OnActivate() {
+    SetVisible(false);
+}
+
+void frmBackProcessMain::OnShownByOthers() {
     SetVisible(false);
 }
 

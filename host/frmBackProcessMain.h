@@ -48,6 +48,7 @@ class frmBackProcessMain : public runtime::Form {
     void OnQueryUnload(bool& cancel, runtime::UnloadReason reason) override;
     void OnUnload(bool& cancel) override;
     void OnActivate() override;
+    void OnShownByOthers() override;
     void OnResize() override;
     void OnKeyDown(std::int16_t& keyCode, std::int16_t shift) override;
     void OnKeyUp(std::int16_t& keyCode, std::int16_t shift) override;

@@ -66,8 +66,8 @@ TEST_F(MainFormLoad, HelpFilePathIsTrimmed) {
 
 TEST_F(MainFormLoad, CentresTheForm) {
     const runtime::Size screen = runtime::ScreenSize();
-    EXPECT_EQ(form_.Left(), (screen.width - form_.Width()) / 2.0F);
-    EXPECT_EQ(form_.Top(), (screen.height - form_.Height()) / 2.0F);
+    EXPECT_EQ(form_.Left(), OnPixels((screen.width - form_.Width()) / 2.0F));
+    EXPECT_EQ(form_.Top(), OnPixels((screen.height - form_.Height()) / 2.0F));
     EXPECT_EQ(form_.InnerSize(), (runtime::Size{2025, 2130}));
 }
 
@@ -111,8 +111,8 @@ TEST_F(MainFormLoad, CentresAnyForm) {
     tests::HandledForm dialog;
     frmBackProcessMain::SetForm(dialog);
     const runtime::Size screen = runtime::ScreenSize();
-    EXPECT_EQ(dialog.Left(), (screen.width - dialog.Width()) / 2.0F);
-    EXPECT_EQ(dialog.Top(), (screen.height - dialog.Height()) / 2.0F);
+    EXPECT_EQ(dialog.Left(), OnPixels((screen.width - dialog.Width()) / 2.0F));
+    EXPECT_EQ(dialog.Top(), OnPixels((screen.height - dialog.Height()) / 2.0F));
     EXPECT_FALSE(form_.IsLoaded());
 }
 
@@ -309,8 +309,8 @@ TEST_F(MainFormEvents, StatusLineShowsTheTextAndLoadsTheForm) {
 TEST_F(MainFormEvents, SmallSizeIsRaisedToTheLimits) {
     form_.SetWidth(5000);
     form_.SetHeight(2000);
-    EXPECT_EQ(form_.Width(), 8000);
-    EXPECT_EQ(form_.Height(), 3000);
+    EXPECT_EQ(form_.Width(), OnPixels(8000));
+    EXPECT_EQ(form_.Height(), OnPixels(3000));
 }
 
 TEST_F(MainFormEvents, SizeAtOrAboveTheLimitsStays) {
@@ -318,7 +318,7 @@ TEST_F(MainFormEvents, SizeAtOrAboveTheLimitsStays) {
     form_.SetHeight(3000);
     form_.SetWidth(9000);
     EXPECT_EQ(form_.Width(), 9000);
-    EXPECT_EQ(form_.Height(), 3000);
+    EXPECT_EQ(form_.Height(), OnPixels(3000));
 }
 
 TEST_F(MainFormEvents, ShowingTheFormHidesItAgain) {
@@ -351,6 +351,25 @@ TEST_F(MainFormEventsInMemory, KeysHideTheForm) {
     hidesAfter([](auto& events) { EXPECT_TRUE(events.KeyDown(65, 0)); });
     hidesAfter([](auto& events) { EXPECT_FALSE(events.KeyPress(u'a')); });
     hidesAfter([](auto& events) { EXPECT_FALSE(events.KeyUp(65, 0)); });
+}
+
+TEST_F(MainFormEventsInMemory, ShownByOthersIsHiddenAtOnce) {
+    for (const bool activates : {true, false}) {
+        for (const auto state : {WindowState::kNormal, WindowState::kMinimised, WindowState::kMaximised}) {
+            form_.EnsureLoaded();
+            memory_.windows.Last().OthersShow(state, activates);
+            EXPECT_FALSE(memory_.windows.Last().visible);
+            EXPECT_FALSE(form_.Visible());
+            form_.Unload();
+        }
+    }
+}
+
+TEST_F(MainFormEventsInMemory, LimitsAreExactWherePixelsAllowIt) {
+    memory_.windows.dpi = 144;  // 10 twips a pixel
+    form_.SetSize({5000, 2000});
+    EXPECT_EQ(form_.Width(), 8000);
+    EXPECT_EQ(form_.Height(), 3000);
 }
 
 TEST_F(MainFormEventsInMemory, MaximisedFormIgnoresTheLimits) {

@@ -94,10 +94,13 @@ void Show(const String& description) {
     services::ShowMessage(description, 0);
 }
 
-/// None for the silent error. What is no error of the runtime has the number that it has at the component's edge.
+/// None for the silent error, and for a load that shut the forms down: its failure does not surface. What is no error
+/// of the runtime has the number that it has at the component's edge.
 std::optional<String> MessageFor(const std::exception_ptr& failure) {
     try {
         std::rethrow_exception(failure);
+    } catch (const runtime::FormUnloadedInLoad&) {
+        return std::nullopt;
     } catch (const Error& error) {
         return error.Number() == runtime::kSilent ? std::nullopt : std::optional(error.Description());
     } catch (const std::bad_alloc&) {

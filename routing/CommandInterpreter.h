@@ -2,8 +2,8 @@
 // addressee, the verb, and what belongs to the verb. It is carried out when it is addressed to this module or to all;
 // every other command, and every verb that is not this component's business, is ignored.
 //
-// An error is answered severely, and on purpose: its description is shown, unless it is the silent one, and then all
-// forms of the component are unloaded.
+// An error is answered severely, and on purpose: its description is shown, and then all forms of the component are
+// unloaded. Two errors are not shown: the silent one, and that of a form whose load shut itself down.
 #pragma once
 
 #include <functional>

@@ -185,5 +185,17 @@ TEST_F(FormShown, IsFalseWhileHiddenAndTrueWhileVisible) {
     other_.Unload();
 }
 
+using FormShownInMemory = tests::HeadlessTest;
+
+TEST_F(FormShownInMemory, FollowsWhatOthersDo) {
+    runtime::Form form({.name = u"form", .caption = u"", .inner = {3000, 1500}});
+    form.EnsureLoaded();
+    memory_.windows.Last().OthersShow();
+    EXPECT_TRUE(IsFormShown(form));
+    memory_.windows.Last().OthersHide();
+    EXPECT_FALSE(IsFormShown(form));
+    form.Unload();
+}
+
 }  // namespace
 }  // namespace routing

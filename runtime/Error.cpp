@@ -49,6 +49,8 @@ Error::Error(std::int32_t number, String description) : number_(number) {
     texts_ = std::make_shared<const Texts>(Texts{std::move(description), std::move(utf8)});
 }
 
+FormUnloadedInLoad::FormUnloadedInLoad(StringView form) : Error(ErrorAbout(kObjectWasUnloaded, form)) {}
+
 Error ErrorAbout(std::int32_t number, StringView about) {
     return {number, StandardDescription(number) + u": " + String(about)};
 }

@@ -64,6 +64,13 @@ class Error : public std::exception {
 };
 static_assert(std::is_nothrow_copy_constructible_v<Error>);
 
+/// Error 364 of an access to a form that has to be loaded and whose load handler unloads it: whatever failed in the
+/// load has been dealt with there.
+class FormUnloadedInLoad : public Error {
+ public:
+    explicit FormUnloadedInLoad(StringView form);
+};
+
 /// The standard description of `number`; "Application-defined or object-defined error" for one that has none.
 String StandardDescription(std::int32_t number);
 

@@ -36,7 +36,7 @@ Control& Form::AddControl(ControlDesign design) {
 
 void Form::EnsureLoaded() {
     if (window_) return;
-    if (loading_) throw ErrorAbout(kObjectWasUnloaded, Name());
+    if (loading_) throw FormUnloadedInLoad(Name());
     loading_ = true;
     const struct LoadTime {
         Form& form;
@@ -49,7 +49,7 @@ void Form::EnsureLoaded() {
         if (window_ && !unloading_) DestroyWindow();
         throw;
     }
-    if (!window_) throw ErrorAbout(kObjectWasUnloaded, Name());
+    if (!window_) throw FormUnloadedInLoad(Name());
 }
 
 void Form::MakeWindow() {
@@ -162,11 +162,8 @@ void Form::Move(Twips left, Twips top) {
 
 void Form::SetBounds(const Rect& bounds) {
     if (state_ != WindowState::kNormal) throw ErrorAbout(kMoveWhileMinimisedOrMaximised, Name());
-    const bool sizeChanged = bounds.Size() != bounds_.Size();
-    bounds_ = bounds;
-    window_->SetBounds(bounds_);
-    // When the window system made other bounds of it, it has reported them, and the handlers ran.
-    if (sizeChanged && window_ && bounds_ == bounds) Resized();
+    // It reports what it became, in whole pixels, and the handlers run.
+    window_->SetBounds(bounds);
 }
 
 void Form::Resized() {
@@ -201,17 +198,15 @@ bool Form::Visible() {
 }
 
 void Form::SetVisible(bool visible) {
+    if (!visible) return Hide();
     EnsureLoaded();
-    if (visible == visible_) return;
-    if (visible && !std::exchange(wasShown_, true)) {
+    if (visible_) return;
+    if (!std::exchange(wasShown_, true)) {
         Resized();
         if (!window_) throw ErrorAbout(kObjectWasUnloaded, Name());
     }
-    visible_ = visible;
-    // The other windows take input again before this one goes, so that one of them becomes the active one.
-    if (!visible && modal_) modal_->End();
-    if (visible && !focused_) WalkFocus(1);
-    // Windows that take input again are told so, and may have unloaded this form.
+    visible_ = true;
+    if (!focused_) WalkFocus(1);
     if (window_) window_->SetVisible(visible_);
 }
 
@@ -237,7 +232,12 @@ void Form::ShowModal() {
 }
 
 void Form::Hide() {
-    SetVisible(false);
+    EnsureLoaded();
+    const bool wasVisible = std::exchange(visible_, false);
+    // The other windows take input again before this one goes, so that one of them becomes the active one.
+    if (wasVisible && modal_) modal_->End();
+    // Windows that take input again are told so, and may have unloaded this form.
+    if (window_) window_->SetVisible(false);
 }
 
 Colour Form::BackColour() {
@@ -308,6 +308,17 @@ void Form::BoundsChanged(const Rect& outer, WindowState state) {
     if (state != WindowState::kMinimised) bounds_ = outer;
     const bool isMade = window_ != nullptr;
     if (isMade && (stateChanged || sizeChanged)) Resized();
+}
+
+void Form::VisibilityChanged(bool visible) {
+    visible_ = visible;
+    if (!visible) {
+        if (modal_) modal_->End();
+        return;
+    }
+    if (!std::exchange(wasShown_, true)) Resized();
+    if (window_ && !focused_) WalkFocus(1);
+    if (window_) OnShownByOthers();
 }
 
 void Form::Activated() {

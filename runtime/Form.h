@@ -50,7 +50,8 @@ class Form : private WindowEvents {
     /// Its unload handlers are running.
     bool IsUnloading() const { return unloading_; }
 
-    /// Makes the window and runs the load handler unless that was done. Error 364 when the load handler unloaded it.
+    /// Makes the window and runs the load handler unless that was done. FormUnloadedInLoad when the load handler
+    /// unloaded it.
     void EnsureLoaded();
     /// Nothing for a form that is not loaded. A handler may refuse; then the form stays, and the answer is false.
     bool Unload(UnloadReason reason = UnloadReason::kCode);
@@ -62,17 +63,17 @@ class Form : private WindowEvents {
     /// A text identifier for the localisation, or empty.
     String Tag();
 
-    /// Shows the form and lets events run until it is hidden or unloaded, or the program is asked to quit; it is not
-    /// visible afterwards. Meanwhile the thread's other windows take no input. An error of a handler ends it and is
-    /// thrown. Error 400 when the form is visible already.
+    /// Shows the form and lets events run until it is hidden, by itself or by others, or unloaded, or the program is
+    /// asked to quit; it is not visible afterwards. Meanwhile the thread's other windows take no input. An error of a
+    /// handler ends it and is thrown. Error 400 when the form is visible already.
     void ShowModal();
 
-    /// Outer bounds on the screen, in twips. While minimised: those of the normal state.
+    /// Outer bounds of the window on the screen: whole pixels, in twips. While minimised: those of the normal state.
     Twips Left();
     Twips Top();
     Twips Width();
     Twips Height();
-    /// Error 384 while minimised or maximised.
+    /// To the nearest pixel. Error 384 while minimised or maximised.
     void SetWidth(Twips width);
     void SetHeight(Twips height);
     void SetSize(Size outer);
@@ -82,7 +83,9 @@ class Form : private WindowEvents {
 
     WindowState State();
     void SetState(WindowState state);
+    /// Follows the window, whatever shows or hides it. Not changed while the window is away with its minimised owner.
     bool Visible();
+    /// False hides the window in any case.
     void SetVisible(bool visible);
     void Hide();
     Colour BackColour();
@@ -115,6 +118,8 @@ class Form : private WindowEvents {
     virtual void OnQueryUnload(bool& /*cancel*/, UnloadReason /*reason*/) {}
     virtual void OnUnload(bool& /*cancel*/) {}
     virtual void OnActivate() {}
+    /// The client or another program showed the form's window. Comes after the first resize.
+    virtual void OnShownByOthers() {}
     virtual void OnResize() {}
     /// A handler sets the key or character to 0 to swallow it.
     virtual void OnKeyDown(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
@@ -127,6 +132,7 @@ class Form : private WindowEvents {
  private:
     void Closing(UnloadReason reason) override;
     void BoundsChanged(const Rect& outer, WindowState state) override;
+    void VisibilityChanged(bool visible) override;
     void Activated() override;
     void Lost() override;
     bool KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated) override;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <utility>
@@ -21,7 +22,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tests::ErrorOf;
 
-constexpr Twips kWidestHere = 5000;
+constexpr Twips kWidestHere = 4500;
 
 /// A list into which nothing more goes when `isFull`.
 struct FullControl : headless::MemoryControl {
@@ -82,10 +83,9 @@ class StubbornWindows : public headless::MemoryWindows {
             return *controls.back();
         }
         void SetBounds(const Rect& newOuter) override {
-            MemoryWindow::SetBounds(newOuter);
-            if (!system_.limitsWidth || outer.width <= kWidestHere) return;
-            outer.width = kWidestHere;
-            Events().BoundsChanged(outer, state);
+            Rect allowed = newOuter;
+            if (system_.limitsWidth) allowed.width = std::min(allowed.width, kWidestHere);
+            MemoryWindow::SetBounds(allowed);
         }
 
      private:

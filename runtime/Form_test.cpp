@@ -167,10 +167,27 @@ TEST_F(FormProperties, ClientAreaHasItsDesignSizeInsideTheFrame) {
     EXPECT_GT(form_.Height(), 1500);
 }
 
-TEST_F(FormProperties, TwipsComeBackAsTheyWereSet) {
+TEST_F(FormProperties, BoundsAreTheWholePixelsOfTheWindow) {
     form_.Move(1501.5F, -7.25F);
-    EXPECT_EQ(form_.Left(), 1501.5F);
-    EXPECT_EQ(form_.Top(), -7.25F);
+    EXPECT_EQ(form_.Left(), OnPixels(1501.5F));
+    EXPECT_EQ(form_.Top(), OnPixels(-7.25F));
+    form_.SetSize({8000, 3001});
+    EXPECT_EQ(form_.Width(), OnPixels(8000));
+    EXPECT_EQ(form_.Height(), OnPixels(3001));
+}
+
+TEST_F(FormProperties, DesignIsRoundedToWholePixelsToo) {
+    Form odd({.name = u"odd", .caption = u"", .left = 1508, .top = 742, .inner = {3001, 1507}});
+    EXPECT_EQ(odd.Left(), OnPixels(1508));
+    EXPECT_EQ(odd.Top(), OnPixels(742));
+    EXPECT_EQ(odd.Width(), OnPixels(odd.Width()));
+    EXPECT_EQ(odd.InnerSize(), (Size{OnPixels(3001), OnPixels(1507)}));
+}
+
+TEST_F(FormProperties, SizeOfTheSamePixelsRaisesNoResize) {
+    form_.SetWidth(8000);
+    form_.SetWidth(8001);
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
 }
 
 TEST_F(FormProperties, SizeMayExceedTheScreen) {
@@ -196,8 +213,8 @@ TEST_F(FormProperties, ResizeHandlerMaySizeTheForm) {
         if (form_.Height() < 3000) form_.SetHeight(3000);
     };
     form_.SetWidth(5000);
-    EXPECT_EQ(form_.Width(), 8000);
-    EXPECT_EQ(form_.Height(), 3000);
+    EXPECT_EQ(form_.Width(), OnPixels(8000));
+    EXPECT_EQ(form_.Height(), OnPixels(3000));
 }
 
 TEST_F(FormProperties, StatusBarStaysDockedAtTheBottom) {
@@ -313,6 +330,47 @@ TEST_F(FormInMemory, SizingByTheUserIsTakenOverAndRaisesResize) {
     EXPECT_EQ(form_.Left(), 15);
     EXPECT_EQ(form_.Height(), 6000);
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
+}
+
+TEST_F(FormInMemory, ShownByOthersIsVisibleAndHasItsFirstResize) {
+    form_.EnsureLoaded();
+    auto& window = memory_.windows.Last();
+    window.OthersShow();
+    EXPECT_TRUE(form_.Visible());
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "shown", "activate"));
+    window.OthersHide();
+    EXPECT_FALSE(form_.Visible());
+    window.OthersShow(WindowState::kMinimised);
+    EXPECT_TRUE(form_.Visible());
+    EXPECT_EQ(form_.State(), WindowState::kMinimised);
+}
+
+TEST_F(FormInMemory, ShownByOthersAsItIsAlreadyIsNotToldToIt) {
+    form_.SetVisible(true);
+    memory_.windows.Last().OthersShow();
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "activate"));
+}
+
+TEST_F(FormInMemory, ShownByOthersMayBeUnloadedByItsHandlers) {
+    form_.EnsureLoaded();
+    form_.onResize = [&] { form_.Unload(); };
+    memory_.windows.Last().OthersShow();
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
+}
+
+TEST_F(FormInMemory, HidingReachesAWindowThatWasShownUnnoticed) {
+    form_.EnsureLoaded();
+    memory_.windows.Last().visible = true;
+    form_.SetVisible(false);
+    EXPECT_FALSE(memory_.windows.Last().visible);
+}
+
+TEST_F(FormInMemory, ModalFormThatOthersHideGivesBackControl) {
+    memory_.windows.Post([&] { memory_.windows.Last().OthersHide(); });
+    form_.ShowModal();
+    EXPECT_FALSE(form_.Visible());
+    EXPECT_TRUE(form_.IsLoaded());
 }
 
 TEST_F(FormInMemory, TopMostIsPassedOnEachTime) {

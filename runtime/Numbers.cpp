@@ -169,17 +169,6 @@ String Str(std::int32_t number) {
     return String(buffer.data(), result.ptr);
 }
 
-String PlainDecimal(float number) {
-    // Negative zero is written without its sign.
-    const double value = number == 0 ? 0 : static_cast<double>(number);
-    std::array<char, 32> buffer;
-    const auto result =
-        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::general, 7);
-    String text(buffer.data(), result.ptr);
-    if (const auto exponent = text.find(u'e'); exponent != String::npos) text[exponent] = u'E';
-    return text;
-}
-
 double Val(StringView text) {
     Cursor cursor(text);
     const bool isNegative = cursor.AcceptSign();

@@ -10,9 +10,6 @@ namespace runtime {
 /// Decimal text with a leading blank in place of the sign for a non-negative number: " 0", "-3".
 String Str(std::int32_t number);
 
-/// Decimal text without a leading blank, shortest that a single-precision number needs (7 digits): "1234.5".
-String PlainDecimal(float number);
-
 /// The number at the start of `text`. Blanks, tabs and line feeds are skipped wherever they stand; "&H" and "&O"
 /// start hexadecimal and octal numbers; exponents are written with E or D; the period is the only decimal mark.
 /// Stops at the first character that cannot continue the number; 0 when there is none. Error 6 on overflow.

@@ -25,27 +25,6 @@ TEST(Str, WritesTheWholeRange) {
     EXPECT_EQ(Str(std::numeric_limits<std::int32_t>::min()), u"-2147483648");
 }
 
-TEST(PlainDecimal, HasNeitherLeadingBlankNorTrailingZeros) {
-    EXPECT_EQ(PlainDecimal(0.0f), u"0");
-    EXPECT_EQ(PlainDecimal(12000.0f), u"12000");
-    EXPECT_EQ(PlainDecimal(1234.5f), u"1234.5");
-    EXPECT_EQ(PlainDecimal(-0.5f), u"-0.5");
-    EXPECT_EQ(PlainDecimal(-0.0f), u"0");
-}
-
-TEST(PlainDecimal, HasAtMostSevenDigits) {
-    EXPECT_EQ(PlainDecimal(0.1f), u"0.1");
-    EXPECT_EQ(PlainDecimal(1.0f / 3), u"0.3333333");
-    EXPECT_EQ(PlainDecimal(9999999.0f), u"9999999");
-}
-
-TEST(PlainDecimal, WritesAnExponentForWhatSevenDigitsCannotReach) {
-    EXPECT_EQ(PlainDecimal(1e20f), u"1E+20");
-    EXPECT_EQ(PlainDecimal(16777216.0f), u"1.677722E+07");
-    EXPECT_EQ(PlainDecimal(0.0001f), u"0.0001");
-    EXPECT_EQ(PlainDecimal(0.00001f), u"1E-05");
-}
-
 TEST(Val, ReadsDecimalNumbers) {
     EXPECT_EQ(Val(u"2457"), 2457);
     EXPECT_EQ(Val(u"-12.5"), -12.5);
@@ -195,7 +174,6 @@ TEST(Val, DoesNotFollowTheLocale) {
     }
     EXPECT_EQ(Val(u"1.5"), 1.5);
     EXPECT_EQ(Val(u"1,5"), 1);
-    EXPECT_EQ(PlainDecimal(1.5f), u"1.5");
     std::setlocale(LC_ALL, before.c_str());
 }
 

@@ -46,8 +46,11 @@ class WindowEvents {
 
     /// The window asks to be closed.
     virtual void Closing(UnloadReason reason) = 0;
-    /// The window's state changed while it is visible, or the window system moved or sized it: new outer bounds.
+    /// The window was made, moved or sized, by the form or by others, or its state changed while it is visible: its
+    /// outer bounds, in whole pixels.
     virtual void BoundsChanged(const Rect& outer, WindowState state) = 0;
+    /// The client, another program or the system showed or hid the window.
+    virtual void VisibilityChanged(bool visible) = 0;
     virtual void Activated() = 0;
     /// The window goes without having been unloaded: somebody else destroyed it, or its thread ends.
     virtual void Lost() = 0;
@@ -79,7 +82,9 @@ class NativeWindow {
     virtual ~NativeWindow() = default;
 
     virtual void SetCaption(const String& caption) = 0;
+    /// To the nearest pixel. When the window's bounds have changed, they are reported.
     virtual void SetBounds(const Rect& outer) = 0;
+    /// Not reported. False hides the window also when others have shown it.
     virtual void SetVisible(bool visible) = 0;
     /// Takes effect, and is reported, at once on a visible window; otherwise when it is shown.
     virtual void SetState(WindowState state) = 0;
@@ -124,7 +129,7 @@ class WindowsPort {
 
     /// `events` must outlive the window. Error 7 when the window system refuses.
     virtual std::unique_ptr<NativeWindow> MakeWindow(const WindowDesign& design, WindowEvents& events) = 0;
-    /// Outer size of a window whose client area measures `inner`.
+    /// Outer size of a window whose client area measures `inner`, in whole pixels.
     virtual Size OuterSize(Size inner, BorderStyle border) = 0;
     virtual Size ScreenSize() = 0;
     /// The pointer's shape while it is over the component's windows, in the classic runtime's numbers.
@@ -132,14 +137,27 @@ class WindowsPort {
     virtual void SetMousePointer(std::int16_t shape) = 0;
     /// Size of `text` as a label shows it, its lines wrapped at `wrapWidth` (kEndlessWidth: not at all).
     virtual Size TextSize(StringView text, const Font& font, Twips wrapWidth) = 0;
-    /// The number of the window message that all modules of the session know by `name`; 0 when there is none.
+    /// The number of the window message that all modules of the session know by `name`, which crosses in the system's
+    /// ANSI code page; 0 when there is none.
     virtual std::uint32_t RegisterMessage(StringView name) = 0;
     /// Lets all pending events run. An error of a handler ends it and is thrown. A request to quit stays pending.
     virtual void DoEvents() = 0;
     /// Starts the modal time of a window that is about to be shown.
     virtual std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) = 0;
-    /// Presses Alt together with `character` for the active window, without waiting for what comes of it.
-    virtual void SendAltKey(char16_t character) = 0;
+    /// Presses Alt together with `character` for the active window, without waiting for what comes of it. Nothing for a
+    /// blank or a control character, in every back end: Alt with these belongs to the system, which opens the system
+    /// menu, switches to another program or passes Enter on to the owner.
+    void SendAltKey(char16_t character) {
+        const bool isBlankOrControl = character <= u' ' || character == kDeleteCharacter;
+        if (!isBlankOrControl) PressWithAlt(character);
+    }
+
+ protected:
+    /// `character` is neither a blank nor a control character.
+    virtual void PressWithAlt(char16_t character) = 0;
+
+ private:
+    static constexpr char16_t kDeleteCharacter = 0x7F;
 };
 
 }  // namespace runtime

@@ -247,14 +247,19 @@ TEST_F(FormLocalisation, GoesOnWhereTextsFail) {
     EXPECT_EQ(form_.BackColour(), runtime::kButtonFace);
 }
 
-using FormPlace = FormLocalisation;
-
-// The screen is 19200 x 15360; a frame adds 120 to the width and 405 to the height.
+// The screen is 19200 x 15361, and a pixel is a twip; a frame adds 120 to the width and 405 to the height.
+class FormPlace : public FormLocalisation {
+ protected:
+    FormPlace() {
+        memory_.windows.MakePixelsTwips();
+        memory_.windows.screen = {19200, 15361};
+    }
+};
 
 TEST_F(FormPlace, IsTheMiddleOfTheScreen) {
     SetForm(form_);
     EXPECT_EQ(form_.Left(), (19200 - 6120) / 2);
-    EXPECT_EQ(form_.Top(), 5977.5F);  // (15360 - 3405) / 2
+    EXPECT_EQ(form_.Top(), (15361 - 3405) / 2);
     EXPECT_EQ(form_.Width(), 6120);
     EXPECT_EQ(form_.Height(), 3405);
 }
@@ -263,7 +268,7 @@ TEST_F(FormPlace, IsSetFromTheTopThenFromTheLeft) {
     form_.EnsureLoaded();
     Window().places.clear();
     SetForm(form_);
-    EXPECT_THAT(Window().places, ElementsAre(Pair(300, 5977.5F), Pair(6540, 5977.5F)));
+    EXPECT_THAT(Window().places, ElementsAre(Pair(300, 5978), Pair(6540, 5978)));
 }
 
 TEST_F(FormPlace, OfAMinimisedOrMaximisedFormIsAnError) {
@@ -276,7 +281,7 @@ TEST_F(FormPlace, OfAMinimisedOrMaximisedFormIsAnError) {
 }
 
 TEST_F(FormPlace, OfAFormLargerThanTheScreenIsDownAndRight) {
-    form_.SetSize({20000, 16000});
+    form_.SetSize({20000, 16001});
     SetForm(form_);
     EXPECT_EQ(form_.Left(), 400);
     EXPECT_EQ(form_.Top(), 320);

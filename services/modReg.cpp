@@ -138,8 +138,9 @@ void SaveWindowPlacement(runtime::Form& form) {
     const std::int16_t scaleMode = form.ScaleMode();
     form.SetScaleMode(kScaleTwips);
     const auto save = [&form](StringView suffix, runtime::Twips value) {
+        // A whole number: every program reads it alike, whatever the decimal mark of its language.
         SaveAppSetting(kPlacementApplication, kOwnModuleName, form.Name() + String(suffix),
-                       runtime::PlainDecimal(value));
+                       runtime::Trim(runtime::Str(runtime::ToInt32(value))));
     };
     save(u"_TOP", form.Top());
     save(u"_LEFT", form.Left());

@@ -56,7 +56,8 @@ void SaveAppSetting(StringView appName, StringView section, StringView key, Stri
 /// counts as not usable. The errors of the report pass; `result` is 1 then.
 void CheckFolder(String& path, std::int32_t& result);
 
-/// Writes the form's top, left, height and width in twips to the per-user settings. Error 5 when they refuse it.
+/// Writes the form's top, left, height and width to the per-user settings: whole numbers of twips. Error 5 when they
+/// refuse it.
 void SaveWindowPlacement(runtime::Form& form);
 
 }  // namespace services

@@ -316,11 +316,20 @@ TEST_F(SavingPlacement, WritesTopLeftHeightWidthInThatOrder) {
                             setting(u"frmAny_HEIGHT", u"1905"), setting(u"frmAny_WIDTH", u"3120")));
 }
 
-TEST_F(SavingPlacement, WritesNegativeAndBrokenTwipsPlainly) {
-    form_.Move(-7.5F, -15);
+TEST_F(SavingPlacement, WritesTheWholePixelsInWhichTheWindowIs) {
+    form_.Move(8527.5F, -6412.5F);
     SaveWindowPlacement(form_);
-    EXPECT_EQ(memory_.settings.Saved().at(0).value, u"-15");
-    EXPECT_EQ(memory_.settings.Saved().at(1).value, u"-7.5");
+    EXPECT_EQ(memory_.settings.Saved().at(0).value, u"-6420");
+    EXPECT_EQ(memory_.settings.Saved().at(1).value, u"8535");
+}
+
+TEST_F(SavingPlacement, WritesWholeTwipsWherePixelsHaveFractions) {
+    memory_.windows.dpi = 192;  // 7.5 twips a pixel
+    form_.Move(7.5F, 22.5F);
+    SaveWindowPlacement(form_);
+    EXPECT_EQ(form_.Left(), 7.5F);
+    EXPECT_EQ(memory_.settings.Saved().at(0).value, u"22");
+    EXPECT_EQ(memory_.settings.Saved().at(1).value, u"8");
 }
 
 TEST_F(SavingPlacement, KeepsTheScaleModeOfTheForm) {

@@ -5,6 +5,7 @@
 #include "routing/ModuleList.h"
 #include "runtime/win32/WindowsHeaders.h"
 #include "tools/Display.h"
+#include "tools/SplitGuard.h"
 #include "tools/Usage.h"
 #include "tools/Verbs.h"
 
@@ -16,7 +17,8 @@ constexpr std::string_view kHelp =
     R"(Usage: backproc modules
 
 Shows the modules that the shared string "AllAps" lists, one a line with its number and a tab; this component's own
-entry is marked with a further tab and 'own'. Prints nothing when there is no list.
+entry is marked with a further tab and 'own'. Prints nothing when there is no list. For a list with a quoted field that
+is never closed the tool waits ten seconds and fails.
 
 Exit code: 0 done, 1 failed, 2 bad usage.
 
@@ -27,7 +29,7 @@ Example:
 int RunModules(const Arguments& arguments, Console& console) {
     AtMost(0, arguments);
     host::EnsureComposed(GetModuleHandleW(nullptr));
-    routing::ReadModuleList();
+    SplitOrEnd("modules", "a field of \"AllAps\"", routing::ReadModuleList, console);
     for (std::int32_t i = 1; i <= routing::ModuleCount; ++i) {
         const bool isOwn = i == routing::OwnModuleIndex;
         console.out << i << '\t' << Display(routing::ModuleNames[static_cast<std::size_t>(i)])

@@ -1,14 +1,11 @@
 // `backproc split`: a text's comma fields, as the suite's modules read them.
-#include <chrono>
-#include <cstdlib>
-#include <future>
 #include <iomanip>
 #include <limits>
 #include <ostream>
-#include <thread>
 
 #include "routing/FieldSplitter.h"
 #include "tools/Display.h"
+#include "tools/SplitGuard.h"
 #include "tools/Usage.h"
 #include "tools/Verbs.h"
 
@@ -29,28 +26,11 @@ Example:
   backproc split "A,B,"
 )";
 
-constexpr std::chrono::seconds kLongestWait{10};
-
-/// Splits on another thread, because the splitter does not return for an unclosed quote. Such a thread cannot be
-/// ended, so the process is.
-void SplitOrEnd(const String& text, Console& console) {
-    std::packaged_task<void()> task([&text] { routing::SplitFields(text); });
-    std::future<void> done = task.get_future();
-    std::thread worker(std::move(task));
-    if (done.wait_for(kLongestWait) == std::future_status::timeout) {
-        console.err << "backproc split: no result after ten seconds; a double quote that opens a field is not closed: "
-                       "close it\n"
-                    << std::flush;
-        std::_Exit(kFailure);
-    }
-    worker.join();
-    done.get();
-}
-
 int RunSplit(const Arguments& arguments, Console& console) {
     if (arguments.empty()) throw Missing("TEXT");
     AtMost(1, arguments);
-    SplitOrEnd(arguments[0], console);
+    SplitOrEnd(
+        "split", "a field", [&arguments] { routing::SplitFields(arguments[0]); }, console);
     const std::size_t count = routing::FieldTexts.size() - 1;
     console.out << std::setprecision(std::numeric_limits<double>::digits10);
     for (std::size_t i = 1; i <= count; ++i) {

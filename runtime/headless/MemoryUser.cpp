@@ -1,5 +1,7 @@
-// The user's keys in memory: they come to the form first, and what it does not use up to the control with the focus.
+// What others do with a window in memory. The user's keys come to the form first, and what it does not use up to the
+// control with the focus. Other programs show and hide the window.
 #include <algorithm>
+#include <utility>
 
 #include "runtime/headless/MemoryWindows.h"
 
@@ -28,6 +30,19 @@ void MemoryWindow::Press(std::int16_t keyCode, std::int16_t shift) {
         if (BecomesCharacter(keyCode, shift)) TypeOne(static_cast<char16_t>(keyCode));
     }
     if (Lives(system, this)) events_.KeyUp(keyCode, shift);
+}
+
+void MemoryWindow::OthersShow(WindowState newState, bool activates) {
+    const MemoryWindows& system = system_;
+    const bool appears = !std::exchange(visible, true);
+    if (std::exchange(state, newState) != newState) events_.BoundsChanged(outer, newState);
+    if (appears && Lives(system, this)) events_.VisibilityChanged(true);
+    if (!appears || !activates || newState == WindowState::kMinimised || !Lives(system, this)) return;
+    events_.Activated();
+}
+
+void MemoryWindow::OthersHide() {
+    if (std::exchange(visible, false)) events_.VisibilityChanged(false);
 }
 
 void MemoryWindow::Type(StringView text) {

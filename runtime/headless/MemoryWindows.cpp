@@ -33,7 +33,7 @@ std::unique_ptr<NativeWindow> MemoryWindows::MakeWindow(const WindowDesign& desi
 
 Size MemoryWindows::OuterSize(Size inner, BorderStyle border) {
     const Size frame = FrameOf(border);
-    return {inner.width + frame.width, inner.height + frame.height};
+    return Grid().Whole({0, 0, inner.width + frame.width, inner.height + frame.height}).Size();
 }
 
 std::uint32_t MemoryWindows::RegisterMessage(StringView name) {
@@ -64,7 +64,7 @@ Size MemoryWindows::TextSize(StringView text, const Font& font, Twips wrapWidth)
     return {static_cast<Twips>(layout.width), static_cast<Twips>(layout.height)};
 }
 
-void MemoryWindows::SendAltKey(char16_t character) {
+void MemoryWindows::PressWithAlt(char16_t character) {
     if (failsAltKeys) throw Error(kInvalidProcedureCall);
     altKeys += character;
     Post([this, character] {
@@ -120,12 +120,13 @@ std::unique_ptr<ModalLoop> MemoryWindows::BeginModal(NativeWindow& window) {
 MemoryWindow::MemoryWindow(MemoryWindows& system, const WindowDesign& design, WindowEvents& events, NativeHandle handle)
     : caption(design.caption),
       border(design.border),
-      outer(design.outer),
+      outer(system.Grid().Whole(design.outer)),
       backColour(design.backColour),
       system_(system),
       events_(events),
       handle_(handle) {
     system_.windows_.push_back(this);
+    events_.BoundsChanged(outer, state);
 }
 
 MemoryWindow::~MemoryWindow() {
@@ -134,8 +135,9 @@ MemoryWindow::~MemoryWindow() {
 }
 
 void MemoryWindow::SetBounds(const Rect& newOuter) {
-    outer = newOuter;
+    const Rect before = std::exchange(outer, system_.Grid().Whole(newOuter));
     places.emplace_back(outer.left, outer.top);
+    if (outer != before) events_.BoundsChanged(outer, state);
 }
 
 void MemoryWindow::SetVisible(bool newVisible) {

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "runtime/PixelGrid.h"
 #include "runtime/WindowsPort.h"
 #include "runtime/headless/MemoryControl.h"
 
@@ -23,8 +24,6 @@ class MemoryWindows : public WindowsPort {
     std::uint32_t RegisterMessage(StringView name) override;
     void DoEvents() override;
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override;
-    /// Happens to the newest visible window, as a posted event.
-    void SendAltKey(char16_t character) override;
 
     /// Queues what the user or the window system does; it happens at the next DoEvents.
     void Post(std::function<void()> happening) { pending_.push_back(std::move(happening)); }
@@ -37,7 +36,13 @@ class MemoryWindows : public WindowsPort {
     /// The newest window. At least one must exist.
     MemoryWindow& Last() const { return *windows_.back(); }
 
+    /// The screen's pixels, to which windows are rounded.
+    PixelGrid Grid() const { return PixelGrid(dpi); }
+    /// For tests of arithmetic: no whole twip is rounded then.
+    void MakePixelsTwips() { dpi = 1440; }
+
     Size screen{19200, 15360};
+    int dpi = 96;  ///< 15 twips a pixel
     /// Every pointer shape that was set, in order.
     std::vector<std::int16_t> pointers;
     /// Told of each window that is on the screen no more, when it is hidden or destroyed.
@@ -45,12 +50,16 @@ class MemoryWindows : public WindowsPort {
     /// How many of the next windows the window system refuses.
     int refuseWindows = 0;
     bool quitting = false;
-    /// What the resend of keys sent, in order.
+    /// The characters that went out with Alt, in order.
     String altKeys;
     /// Resending a key is error 5.
     bool failsAltKeys = false;
     /// The registered messages' names, in order.
     std::vector<String> messages;
+
+ protected:
+    /// Happens to the newest visible window, as a posted event.
+    void PressWithAlt(char16_t character) override;
 
  private:
     friend class MemoryWindow;
@@ -80,6 +89,10 @@ class MemoryWindow : public NativeWindow {
     MemoryControl& Control(StringView name) const;
     /// What the form is told by the window system.
     WindowEvents& Events() const { return events_; }
+    /// Another program shows the window, in that state, or hides it. One that appears becomes the active one, unless it
+    /// appears as an icon or `activates` is false.
+    void OthersShow(WindowState newState = WindowState::kNormal, bool activates = true);
+    void OthersHide();
     /// The user presses and releases a key. Enter, Space, Escape and Tab become characters, too, unless the form uses
     /// them up.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);

@@ -1,7 +1,6 @@
 #include "runtime/win32/Pixels.h"
 
-#include <algorithm>
-#include <cmath>
+#include "runtime/PixelGrid.h"
 
 namespace runtime::win32 {
 namespace {
@@ -13,6 +12,10 @@ int ReadScreenDpi() {
     return dpi > 0 ? dpi : USER_DEFAULT_SCREEN_DPI;
 }
 
+PixelGrid Screen() {
+    return PixelGrid(ScreenDpi());
+}
+
 }  // namespace
 
 int ScreenDpi() {
@@ -21,14 +24,11 @@ int ScreenDpi() {
 }
 
 int ToPixels(Twips twips) {
-    // What the window system can place and size.
-    constexpr Twips kFarthest = 32767;
-    const Twips pixels = twips * static_cast<Twips>(ScreenDpi()) / kTwipsPerInch;
-    return static_cast<int>(std::lround(std::clamp(pixels, -kFarthest, kFarthest)));
+    return Screen().ToPixels(twips);
 }
 
 Twips ToTwips(int pixels) {
-    return static_cast<Twips>(pixels) * kTwipsPerInch / static_cast<Twips>(ScreenDpi());
+    return Screen().ToTwips(pixels);
 }
 
 RECT ToPixels(const Rect& rect) {

@@ -1,4 +1,4 @@
-// Twips to pixels and back, by the screen's resolution.
+// Twips to pixels and back, by the resolution of the screen that there is.
 #pragma once
 
 #include "runtime/Geometry.h"

@@ -1,7 +1,5 @@
 #include "runtime/win32/Win32Window.h"
 
-#include <cmath>
-
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/Pixels.h"
 #include "runtime/win32/SystemFailure.h"
@@ -26,13 +24,6 @@ COLORREF ToColorRef(Colour colour) {
     return (colour & kSystemColour) ? GetSysColor(static_cast<int>(colour & ~kSystemColour)) : colour;
 }
 
-/// Equal but for the rounding to pixels.
-bool IsCloseTo(const Rect& a, const Rect& b) {
-    const Twips pixel = ToTwips(1);
-    const auto isClose = [pixel](Twips x, Twips y) { return std::abs(x - y) <= pixel; };
-    return isClose(a.left, b.left) && isClose(a.top, b.top) && isClose(a.width, b.width) && isClose(a.height, b.height);
-}
-
 constexpr int kFirstControlId = 100;
 
 int ShowCommand(WindowState state) {
@@ -50,15 +41,17 @@ int ShowCommand(WindowState state) {
 }  // namespace
 
 Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, WindowEvents& events)
-    : system_(system), events_(events), known_(ToPixels(design.outer)) {
+    : system_(system), events_(events) {
     SetBackColour(design.backColour);
+    const RECT place = ToPixels(design.outer);
     CreateWindowExW(ExtendedStyleOf(design.border), system.ClassName(), Wide(NulsAsBlanks(design.caption)),
-                    StyleOf(design.border), static_cast<int>(known_.left), static_cast<int>(known_.top),
-                    static_cast<int>(known_.right - known_.left), static_cast<int>(known_.bottom - known_.top), nullptr,
+                    StyleOf(design.border), static_cast<int>(place.left), static_cast<int>(place.top),
+                    static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top), nullptr,
                     nullptr, system.Instance(), this);
     if (!window_) throw SystemFailure(u"no window for a form");
     // The system limits a new window's size before the procedure can lift the limits.
     Win32Window::SetBounds(design.outer);
+    ReportBounds();
     // Access keys are underlined from the start, also on systems that hide them until Alt is pressed.
     SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
 }
@@ -94,18 +87,17 @@ void Win32Window::SetCaption(const String& caption) {
 }
 
 void Win32Window::SetBounds(const Rect& outer) {
-    known_ = ToPixels(outer);
-    const HWND window = window_;
+    const RECT place = ToPixels(outer);
+    // The message that tells of the change reports it to the form.
     Callback::Into([&] {
-        SetWindowPos(window_, nullptr, static_cast<int>(known_.left), static_cast<int>(known_.top),
-                     static_cast<int>(known_.right - known_.left), static_cast<int>(known_.bottom - known_.top),
+        SetWindowPos(window_, nullptr, static_cast<int>(place.left), static_cast<int>(place.top),
+                     static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top),
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
-        // What the window system could not do goes back to the form: it may centre the window by its size.
-        if (Lives(this, window) && !IsCloseTo(ToTwips(known_), outer)) events_.BoundsChanged(ToTwips(known_), state_);
     });
 }
 
 void Win32Window::SetVisible(bool visible) {
+    isShown_ = visible;
     Callback::Into([&] { ShowWindow(window_, visible ? ShowCommand(state_) : SW_HIDE); });
 }
 
@@ -200,8 +192,11 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 0;
         case WM_ACTIVATE:
             return OnActivate(wParam, lParam);
+        case WM_SHOWWINDOW:
+            return OnShowWindow(wParam, lParam);
         case WM_WINDOWPOSCHANGED:
-            return OnPlaceChanged(wParam, lParam);
+        case WM_STYLECHANGED:  // a window can be shown by its style alone
+            return OnChanged(message, wParam, lParam);
         case WM_GETMINMAXINFO: {
             if (!lParam) return 0;
             // Forms may have any size, also one larger than the screen.
@@ -254,14 +249,28 @@ LRESULT Win32Window::OnActivate(WPARAM wParam, LPARAM lParam) {
     const bool activated = LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0;
     const HWND window = window_;
     const LRESULT result = Default(WM_ACTIVATE, wParam, lParam);
-    if (activated && Lives(this, window)) events_.Activated();
+    if (!activated) return result;
+    // A window that others show becomes active before it gets the message that tells of its change.
+    if (Lives(this, window)) ReportChanges();
+    if (Lives(this, window)) events_.Activated();
     return result;
 }
 
-LRESULT Win32Window::OnPlaceChanged(WPARAM wParam, LPARAM lParam) {
+// The default hides the window together with its owner and shows it again. The form stays visible for itself meanwhile.
+LRESULT Win32Window::OnShowWindow(WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
-    const LRESULT result = Default(WM_WINDOWPOSCHANGED, wParam, lParam);
-    if (Lives(this, window)) ReportBounds();
+    if (lParam == SW_PARENTCLOSING) isHiddenWithOwner_ = true;
+    const LRESULT result = Default(WM_SHOWWINDOW, wParam, lParam);
+    if (lParam != SW_PARENTOPENING || !Lives(this, window)) return result;
+    isHiddenWithOwner_ = false;
+    ReportVisibility();
+    return result;
+}
+
+LRESULT Win32Window::OnChanged(UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = window_;
+    const LRESULT result = Default(message, wParam, lParam);
+    if (Lives(this, window)) ReportChanges();
     return result;
 }
 
@@ -325,6 +334,12 @@ WindowState Win32Window::CurrentState() const {
     return IsZoomed(window_) ? WindowState::kMaximised : WindowState::kNormal;
 }
 
+void Win32Window::ReportChanges() {
+    const HWND window = window_;
+    ReportBounds();
+    if (Lives(this, window)) ReportVisibility();
+}
+
 void Win32Window::ReportBounds() {
     // A hidden window keeps the state in which it will be shown.
     const WindowState state = IsWindowVisible(window_) ? CurrentState() : state_;
@@ -335,6 +350,13 @@ void Win32Window::ReportBounds() {
     state_ = state;
     if (moved) known_ = outer;
     events_.BoundsChanged(ToTwips(known_), state);
+}
+
+void Win32Window::ReportVisibility() {
+    const bool isShown = IsWindowVisible(window_) != FALSE;
+    if (isHiddenWithOwner_ || isShown == isShown_) return;
+    isShown_ = isShown;
+    events_.VisibilityChanged(isShown);
 }
 
 void Win32Window::Erase(HDC context) const {

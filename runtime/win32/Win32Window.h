@@ -1,5 +1,5 @@
-// A form's window and its controls' windows. The window reports what the user and the system do, and not what its
-// form asked for itself.
+// A form's window and its controls' windows. The window reports its place and size whenever they change; else what the
+// user and the system do, and not what its form asked for itself.
 #pragma once
 
 #include <memory>
@@ -52,20 +52,25 @@ class Win32Window : public NativeWindow {
     /// Destroys `window`, on its own thread. It must not be this object's any more.
     static void Destroy(HWND window) noexcept;
     LRESULT OnActivate(WPARAM wParam, LPARAM lParam);
-    LRESULT OnPlaceChanged(WPARAM wParam, LPARAM lParam);
+    LRESULT OnShowWindow(WPARAM wParam, LPARAM lParam);
+    LRESULT OnChanged(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnKeyMessage(UINT message, WPARAM wParam, LPARAM lParam);
     bool OnKey(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT GiveColours(HDC context) const;
+    void ReportChanges();
     void ReportBounds();
+    void ReportVisibility();
     void Erase(HDC context) const;
     WindowState CurrentState() const;
 
     Win32Windows& system_;
     WindowEvents& events_;
     HWND window_ = nullptr;
-    RECT known_{};  ///< outer bounds in pixels that the form knows of
+    RECT known_{};  ///< outer bounds in pixels that the form knows of; none before the first report
     WindowState state_ = WindowState::kNormal;
+    bool isShown_ = false;            ///< as far as the form knows
+    bool isHiddenWithOwner_ = false;  ///< the system hid it because its owner was minimised, and will show it again
     COLORREF backColour_ = 0;
     GdiBrush background_;
     HWND focus_ = nullptr;

@@ -281,6 +281,85 @@ TEST_F(RealWindow, RequestToQuitStaysPendingForTheOuterLoop) {
     EXPECT_EQ(tests::TakeQuit(), std::nullopt);
 }
 
+TEST_F(RealWindow, StandsInTheWholePixelsThatTheFormHas) {
+    form_.Move(8527.5F, -6412.5F);
+    EXPECT_EQ(BoundsOf(form_), BoundsOf(Window()));
+    form_.SetSize({8000, 3001});
+    EXPECT_EQ(BoundsOf(form_), BoundsOf(Window()));
+    Form odd({.name = u"odd", .caption = u"", .left = 1508, .top = 742, .inner = {3001, 1507}});
+    EXPECT_EQ(BoundsOf(odd), BoundsOf(WindowOf(odd)));
+}
+
+/// What others do to a window that its form has hidden.
+class RealWindowOfOthers : public RealWindow {
+ protected:
+    /// Shows the window with `command`, then hides it: the form follows.
+    void ShowAndHide(int command) {
+        form_.log.clear();
+        ShowWindow(Window(), command);
+        EXPECT_TRUE(form_.Visible()) << command;
+        EXPECT_EQ(form_.State() == WindowState::kMinimised, IsIconic(Window()) != FALSE) << command;
+        EXPECT_EQ(form_.State() == WindowState::kMaximised, IsZoomed(Window()) != FALSE) << command;
+        EXPECT_THAT(form_.log, Contains("shown").Times(1)) << command;
+        ShowWindow(Window(), SW_HIDE);
+        EXPECT_FALSE(form_.Visible()) << command;
+    }
+};
+
+TEST_F(RealWindowOfOthers, ShownAndHiddenIsSoForTheForm) {
+    for (const int command : {SW_SHOW, SW_SHOWNORMAL, SW_SHOWNA, SW_SHOWNOACTIVATE, SW_RESTORE, SW_MAXIMIZE,
+                              SW_MINIMIZE, SW_SHOWMINIMIZED, SW_SHOWMINNOACTIVE}) {
+        ShowAndHide(command);
+    }
+}
+
+TEST_F(RealWindowOfOthers, FirstShowRaisesResizeBeforeItIsTold) {
+    form_.EnsureLoaded();
+    ShowWindow(Window(), SW_SHOWNA);
+    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "shown"));
+}
+
+TEST_F(RealWindowOfOthers, ShownByItsPlaceOrItsStyleIsSoForTheForm) {
+    SetWindowPos(Window(), nullptr, 0, 0, 0, 0, kPlaceOnly | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
+    EXPECT_TRUE(form_.Visible());
+    form_.SetVisible(false);
+    EXPECT_FALSE(IsWindowVisible(Window()));
+    SetWindowLongW(Window(), GWL_STYLE, GetWindowLongW(Window(), GWL_STYLE) | WS_VISIBLE);
+    EXPECT_TRUE(form_.Visible());
+}
+
+TEST_F(RealWindowOfOthers, ItsOwnShowAndHideAreNotToldToTheForm) {
+    form_.SetVisible(true);
+    form_.SetVisible(false);
+    EXPECT_THAT(form_.log, ::testing::Not(Contains("shown")));
+}
+
+// With the system's own procedure in its place, the window's does not notice.
+TEST_F(RealWindowOfOthers, ShownUnnoticedIsHiddenAllTheSame) {
+    const LONG_PTR own = SetWindowLongPtrW(Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcW));
+    ShowWindow(Window(), SW_SHOWNA);
+    SetWindowLongPtrW(Window(), GWLP_WNDPROC, own);
+    ASSERT_TRUE(IsWindowVisible(Window()));
+    form_.SetVisible(false);
+    EXPECT_FALSE(IsWindowVisible(Window()));
+}
+
+TEST_F(RealWindowOfOthers, HandlerThatIsToldMayUnloadTheForm) {
+    form_.onShown = [&] { form_.Unload(); };
+    const HWND window = Window();
+    ShowWindow(window, SW_SHOW);
+    EXPECT_FALSE(IsWindow(window));
+    EXPECT_FALSE(form_.IsLoaded());
+}
+
+TEST(RegisteredMessage, HasItsNameInAnsi) {
+    if (GetACP() != 1252) GTEST_SKIP() << "the system's code page is not 1252";
+    Win32Windows windows(GetModuleHandleW(nullptr));
+    EXPECT_EQ(windows.RegisterMessage(u"PELORIX"), RegisterWindowMessageA("PELORIX"));
+    // No character of the code page: the call that takes bytes has a question mark in its place.
+    EXPECT_EQ(windows.RegisterMessage(u"PELORIX \u3042"), RegisterWindowMessageA("PELORIX ?"));
+}
+
 TEST(WindowClass, GoesWithTheWindowSystem) {
     tests::MemoryPorts memory;
     const HINSTANCE instance = GetModuleHandleW(nullptr);

@@ -1,7 +1,9 @@
 #include "runtime/win32/Win32Windows.h"
 
 #include <iterator>
+#include <optional>
 #include <utility>
+#include <vector>
 
 #include "runtime/Screen.h"
 #include "runtime/win32/Callback.h"
@@ -9,15 +11,12 @@
 #include "runtime/win32/Pixels.h"
 #include "runtime/win32/SystemFailure.h"
 #include "runtime/win32/Win32Label.h"
+#include "runtime/win32/Win32Locale.h"
 #include "runtime/win32/Win32Modal.h"
 #include "runtime/win32/Win32Window.h"
 
 namespace runtime::win32 {
 namespace {
-
-constexpr char16_t kDelete = 0x7F;  // the last one of ASCII
-constexpr SHORT kNoKey = -1;
-constexpr int kShiftIsDown = 1;
 
 /// The system's shapes for the classic runtime's pointer numbers 0..15.
 LPCWSTR SystemPointer(std::int16_t shape) {
@@ -26,6 +25,51 @@ LPCWSTR SystemPointer(std::int16_t shape) {
                                IDC_NO,       IDC_APPSTARTING, IDC_HELP,     IDC_SIZEALL};
     const bool known = shape >= 0 && static_cast<std::size_t>(shape) < std::size(kShapes);
     return known ? kShapes[shape] : IDC_ARROW;
+}
+
+bool IsHeld(int key) {
+    return GetAsyncKeyState(key) < 0;
+}
+
+/// The key that writes a character.
+struct Keystroke {
+    WORD key = 0;
+    bool pressesShift = false;  ///< it needs Shift, which the user does not hold
+};
+
+/// None when no key writes `character`, or when what the user holds makes another one of it.
+std::optional<Keystroke> KeystrokeFor(char16_t character) {
+    constexpr char16_t kLastAscii = 0x7F;
+    constexpr SHORT kNoKey = -1;
+    constexpr int kWithShift = 1;
+    // For a character outside the locale's set the system may name the key of a question mark.
+    if (character > kLastAscii) return std::nullopt;
+    const SHORT found = VkKeyScanW(static_cast<wchar_t>(character));
+    if (found == kNoKey || (HIBYTE(found) & ~kWithShift) != 0) return std::nullopt;
+    const bool needsShift = HIBYTE(found) == kWithShift;
+    const bool holdsShift = IsHeld(VK_SHIFT);
+    // On some layouts Caps Lock works like Shift for more than letters.
+    const bool isCapsLockOn = (GetKeyState(VK_CAPITAL) & 1) != 0;
+    if ((holdsShift && !needsShift) || IsHeld(VK_CONTROL) || isCapsLockOn) return std::nullopt;
+    return Keystroke{static_cast<WORD>(LOBYTE(found)), needsShift && !holdsShift};
+}
+
+INPUT KeyInput(WORD key, bool isDown) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.dwFlags = isDown ? 0 : KEYEVENTF_KEYUP;
+    return input;
+}
+
+void SendWithAlt(const Keystroke& stroke) {
+    std::vector<INPUT> inputs = {KeyInput(VK_MENU, true)};
+    if (stroke.pressesShift) inputs.push_back(KeyInput(VK_SHIFT, true));
+    inputs.push_back(KeyInput(stroke.key, true));
+    inputs.push_back(KeyInput(stroke.key, false));
+    if (stroke.pressesShift) inputs.push_back(KeyInput(VK_SHIFT, false));
+    inputs.push_back(KeyInput(VK_MENU, false));
+    SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof inputs.front());
 }
 
 }  // namespace
@@ -91,7 +135,7 @@ bool Win32Windows::ShowPointer() const {
 }
 
 std::uint32_t Win32Windows::RegisterMessage(StringView name) {
-    return RegisterWindowMessageW(Wide(String(name)));
+    return RegisterWindowMessageA(Win32Locale().ToAnsi(name).c_str());
 }
 
 void Win32Windows::DoEvents() {
@@ -130,30 +174,15 @@ Size Win32Windows::TextSize(StringView text, const Font& font, Twips wrapWidth) 
     return {ToTwips(layout.width), ToTwips(layout.height)};
 }
 
-void Win32Windows::SendAltKey(char16_t character) {
-    // Alt with a blank would open the system menu, Alt with a control character switch to another program.
-    if (character <= u' ' || character == kDelete) return;
-    // For a character outside the locale's set the system may name the key of a question mark.
-    const SHORT key = character < kDelete ? VkKeyScanW(static_cast<wchar_t>(character)) : kNoKey;
-    const bool isPlainKey = key != kNoKey && (HIBYTE(key) & ~kShiftIsDown) == 0;
-    if (!isPlainKey || GetForegroundWindow() != GetActiveWindow()) {
-        // Not a key of its own, or one that another program would get: what the keys would have become is sent.
-        constexpr LPARAM kAltIsDown = 1 << 29;
-        if (const HWND active = GetActiveWindow()) PostMessageW(active, WM_SYSCHAR, character, kAltIsDown | 1);
-        return;
-    }
-    INPUT inputs[4]{};
-    const auto press = [](INPUT& input, WORD virtualKey, DWORD flags) {
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = virtualKey;
-        input.ki.dwFlags = flags;
-    };
-    const auto characterKey = static_cast<WORD>(LOBYTE(key));
-    press(inputs[0], VK_MENU, 0);
-    press(inputs[1], characterKey, 0);
-    press(inputs[2], characterKey, KEYEVENTF_KEYUP);
-    press(inputs[3], VK_MENU, KEYEVENTF_KEYUP);
-    SendInput(static_cast<UINT>(std::size(inputs)), inputs, sizeof inputs[0]);
+void Win32Windows::PressWithAlt(char16_t character) {
+    const HWND active = GetActiveWindow();
+    if (!active) return;
+    const std::optional<Keystroke> stroke = KeystrokeFor(character);
+    // Another program would get the keys when it is in front.
+    if (stroke && active == GetForegroundWindow()) return SendWithAlt(*stroke);
+    // The finished character, as the keys would have become it.
+    constexpr LPARAM kAltIsDown = 1 << 29;
+    PostMessageW(active, WM_SYSCHAR, character, kAltIsDown | 1);
 }
 
 }  // namespace runtime::win32

@@ -25,7 +25,6 @@ class Win32Windows : public WindowsPort {
     std::uint32_t RegisterMessage(StringView name) override;
     void DoEvents() override;
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override;
-    void SendAltKey(char16_t character) override;
 
     HINSTANCE Instance() const { return instance_; }
     const wchar_t* ClassName() const;
@@ -37,6 +36,9 @@ class Win32Windows : public WindowsPort {
     bool IsDispatchingKey() const { return dispatchingThread_ == GetCurrentThreadId(); }
     /// Shows the chosen pointer; false when it is the default one.
     bool ShowPointer() const;
+
+ protected:
+    void PressWithAlt(char16_t character) override;
 
  private:
     void RegisterWindowClasses();

@@ -68,6 +68,25 @@ TEST_F(SuiteBoxInterference, OwnerThatGoesWhileItIsOpenCancels) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
+TEST_F(SuiteBoxInterference, HiddenByOthersCancels) {
+    EXPECT_EQ(Ask(8, {Do([](HWND box) { ShowWindow(box, SW_HIDE); })}), 2);
+    ExpectNothingIsLeft();
+}
+
+// What the system does with the windows of an owner that is minimised and restored.
+TEST_F(SuiteBoxInterference, OwnerThatIsMinimisedKeepsTheQuestion) {
+    const auto minimiseAndRestore = Do([this](HWND box) {
+        ShowOwnedPopups(owner_, FALSE);
+        EXPECT_FALSE(IsWindowVisible(box));
+        EXPECT_TRUE(runtime::LoadedForms().At(0).Visible());
+        ShowOwnedPopups(owner_, TRUE);
+        EXPECT_TRUE(IsWindowVisible(box));
+        SetActiveWindow(box);
+    });
+    EXPECT_EQ(Ask(8 + 0x100, {minimiseAndRestore, FocusIsOn(L"&No"), Keys({VK_RETURN})}), 7);
+    ExpectNothingIsLeft();
+}
+
 TEST_F(SuiteBoxInterference, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
     std::int32_t inner = 0;
     const auto unloadAndAsk = Do([&](HWND) {

@@ -3,11 +3,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include "runtime/Ports.h"
 #include "tests/messagebox/SuiteBoxTest.h"
+#include "tests/windows/Queues.h"
 #include "tests/windows/ReplacedImport.h"
 
 namespace tests {
@@ -95,6 +98,61 @@ TEST_F(SuiteBoxResending, CharacterNeedsAltGr_IsPostedAsACharacter) {
     });
     EXPECT_EQ(box.Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Character(L'@')}), 6);
     EXPECT_THAT(AltLog::lines, ElementsAre("character 40"));
+    ExpectNothingIsLeft();
+}
+
+/// A box whose buttons are marked with signs; on many layouts '+' and '=' share a key, '~' and '`' another one.
+class SignedBox : public ChangedBox {
+ public:
+    SignedBox()
+        : ChangedBox([](ChangedBox& changed) {
+              changed.Caption(0, u"p &= q");
+              changed.Caption(1, u"n &+");
+              changed.Caption(2, u"t &~");
+          }) {}
+
+    std::int32_t AnswerTo(wchar_t sign) { return Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Character(sign)}); }
+    std::int32_t AnswerToWhile(WORD key, wchar_t sign) {
+        std::optional<HeldKey> held;
+        const auto hold = Do([&](HWND) { held.emplace(key); });
+        return Ask(8 + 0x300, {FocusIsOn(L"Cancel"), hold, Character(sign)});
+    }
+};
+
+TEST_F(SuiteBoxResending, SignNeedsShift_ShiftGoesAlong) {
+    SignedBox box;
+    EXPECT_EQ(box.AnswerTo(L'='), 6);
+    EXPECT_EQ(box.AnswerTo(L'+'), 7);
+    EXPECT_EQ(box.AnswerTo(L'~'), 8);
+    EXPECT_THAT(AltLog::lines, ElementsAre("key bb", "character 3d", "key 10", "key bb", "character 2b", "key 10",
+                                           "key c0", "character 7e"));
+    ExpectNothingIsLeft();
+    EXPECT_GE(GetAsyncKeyState(VK_SHIFT), 0) << "Shift is held";
+}
+
+TEST_F(SuiteBoxResending, ShiftOrControlIsHeld_SignIsTheSame) {
+    SignedBox box;
+    for (const WORD key : {VK_SHIFT, VK_CONTROL}) {
+        EXPECT_EQ(box.AnswerToWhile(key, L'='), 6) << key;
+        EXPECT_EQ(box.AnswerToWhile(key, L'+'), 7) << key;
+        ExpectNothingIsLeft();
+    }
+}
+
+/// Presses Caps Lock; false when it is not as it should be then.
+bool SwitchCapsLock(bool isOn) {
+    SendKeys({VK_CAPITAL});
+    runtime::DoEvents();
+    return (GetKeyState(VK_CAPITAL) & 1) == (isOn ? 1 : 0);
+}
+
+// With Caps Lock on, the keys of some layouts write other signs.
+TEST_F(SuiteBoxResending, CapsLockIsOn_SignIsPostedAsACharacter) {
+    SignedBox box;
+    ASSERT_TRUE(SwitchCapsLock(true));
+    EXPECT_EQ(box.AnswerTo(L'+'), 7);
+    EXPECT_THAT(AltLog::lines, ElementsAre("character 2b"));
+    EXPECT_TRUE(SwitchCapsLock(false));
     ExpectNothingIsLeft();
 }
 

@@ -23,11 +23,11 @@ class HandledForm : public runtime::Form {
 
     runtime::Control& Bar() { return *Controls().front(); }
 
-    std::function<void()> onLoad, onQueryUnload, onUnload, onResize, onActivate, onKey;
+    std::function<void()> onLoad, onQueryUnload, onUnload, onResize, onActivate, onShown, onKey;
     bool refusesQuery = false;
     bool refusesUnload = false;
-    /// "load", "query 1" (the reason), "unload", "resize", "activate", "down 65 1" (key, modifiers), "press 97", "up 65
-    /// 0".
+    /// "load", "query 1" (the reason), "unload", "resize", "activate", "shown" (by others), "down 65 1" (key,
+    /// modifiers), "press 97", "up 65 0".
     std::vector<std::string> log;
 
  protected:
@@ -42,6 +42,7 @@ class HandledForm : public runtime::Form {
     }
     void OnResize() override { Note("resize", onResize); }
     void OnActivate() override { Note("activate", onActivate); }
+    void OnShownByOthers() override { Note("shown", onShown); }
     void OnKeyDown(std::int16_t& keyCode, std::int16_t shift) override {
         Note("down " + std::to_string(keyCode) + " " + std::to_string(shift), onKey);
     }

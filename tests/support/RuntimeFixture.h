@@ -7,6 +7,7 @@
 #include "tests/support/MemoryPorts.h"
 
 #ifdef _WIN32
+#include "runtime/win32/Pixels.h"
 #include "runtime/win32/Win32Windows.h"
 #endif
 
@@ -17,6 +18,9 @@ class HeadlessTest : public ::testing::Test {
  protected:
     HeadlessTest() { runtime::UsePorts(&ports_); }
     ~HeadlessTest() override { runtime::UsePorts(nullptr); }
+
+    /// `length` as a form on the screen has it.
+    runtime::Twips OnPixels(runtime::Twips length) const { return memory_.windows.Grid().Whole(length); }
 
     MemoryPorts memory_;
     runtime::Ports ports_ = memory_.All();
@@ -31,9 +35,16 @@ class RuntimeTest : public ::testing::Test {
     MemoryPorts memory_;
 #ifdef _WIN32
     runtime::win32::Win32Windows windows_{GetModuleHandleW(nullptr)};
+    runtime::PixelGrid grid_{runtime::win32::ScreenDpi()};
 #else
     runtime::headless::MemoryWindows& windows_ = memory_.windows;
+    runtime::PixelGrid grid_ = memory_.windows.Grid();
 #endif
+    /// `length` as a form on the screen has it.
+    runtime::Twips OnPixels(runtime::Twips length) const {
+        return grid_.Whole(length);
+    }
+
     runtime::Ports ports_ = WithPort(memory_.All(), windows_);
 };
 

@@ -77,6 +77,16 @@ class WithoutComponent(ToolTestCase):
                              b"AllAps=[EDITOR,K4TBACKPROCESS,LIBRARY]\n")
             self.assertEqual(tool("modules"), (0, b"1\tEDITOR\n2\tK4TBACKPROCESS\town\n3\tLIBRARY\n", b""))
 
+    def test_modules_ends_for_a_list_that_cannot_be_read(self):
+        with LiveHost() as holder:
+            holder.ask(b'set AllAps EDITOR,"LIB', b"get AllAps")
+            code, output, errors = tool("modules")
+            self.assertEqual((code, output), (1, b""))
+            self.assertRegex(errors, rb'^backproc modules: no result after ten seconds; .* of "AllAps" is not closed: ')
+            holder.ask(b"set AllAps EDITOR,3D2000", b"get AllAps")
+            self.assertEqual(tool("modules"), (1, b"", b"backproc modules: Overflow: field 2 '3D2000' begins with a "
+                                               b"number that is too large; change it\n"))
+
     def test_where_shows_each_value_with_its_source(self):
         # A blank in the folder's name puts the argument in quotes, as the component wants it.
         with tempfile.TemporaryDirectory(suffix=" sys") as folder:

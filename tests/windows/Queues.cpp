@@ -34,6 +34,14 @@ bool SendKeys(const std::vector<WORD>& keys) {
     return Send(std::move(inputs));
 }
 
+HeldKey::HeldKey(WORD key) : key_(key) {
+    Send({KeyInput(key_, 0)});
+}
+
+HeldKey::~HeldKey() {
+    Send({KeyInput(key_, KEYEVENTF_KEYUP)});
+}
+
 bool SendClick(POINT place) {
     SetCursorPos(static_cast<int>(place.x), static_cast<int>(place.y));
     return Send({ButtonInput(MOUSEEVENTF_LEFTDOWN), ButtonInput(MOUSEEVENTF_LEFTUP)});

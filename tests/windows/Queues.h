@@ -10,6 +10,17 @@ namespace tests {
 
 /// Presses and releases the keys, the last one released first; false when the system refuses them.
 bool SendKeys(const std::vector<WORD>& keys);
+/// Keeps a key down while it lives.
+class HeldKey {
+ public:
+    explicit HeldKey(WORD key);
+    ~HeldKey();
+    HeldKey(const HeldKey&) = delete;
+    HeldKey& operator=(const HeldKey&) = delete;
+
+ private:
+    WORD key_;
+};
 /// Clicks with the left button at a place on the screen; false when the system refuses it.
 bool SendClick(POINT place);
 
