@@ -4,8 +4,8 @@
 #include <ostream>
 
 #include "routing/FieldSplitter.h"
+#include "tools/ClosedQuotes.h"
 #include "tools/Display.h"
-#include "tools/SplitGuard.h"
 #include "tools/Usage.h"
 #include "tools/Verbs.h"
 
@@ -17,8 +17,8 @@ constexpr std::string_view kHelp =
     R"(Usage: backproc split TEXT
 
 Splits TEXT into comma fields as the suite's modules read them: a line a field with its number, a tab, its text, a
-tab and its numeric value; then the number of fields. A field may stand in double quotes. For a quoted field that is
-never closed the splitter does not return; the tool waits ten seconds and fails.
+tab and its numeric value; then the number of fields. A field may be in double quotes. The modules' splitter never
+returns for a quote that is not closed; the tool names the field and fails.
 
 Exit code: 0 done, 1 failed, 2 bad usage.
 
@@ -29,8 +29,8 @@ Example:
 int RunSplit(const Arguments& arguments, Console& console) {
     if (arguments.empty()) throw Missing("TEXT");
     AtMost(1, arguments);
-    SplitOrEnd(
-        "split", "a field", [&arguments] { routing::SplitFields(arguments[0]); }, console);
+    RequireClosedQuotes(arguments[0]);
+    routing::SplitFields(arguments[0]);
     const std::size_t count = routing::FieldTexts.size() - 1;
     console.out << std::setprecision(std::numeric_limits<double>::digits10);
     for (std::size_t i = 1; i <= count; ++i) {
