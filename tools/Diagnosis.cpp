@@ -32,7 +32,7 @@ std::string RegisterAgain(const MachineState& machine) {
     if (!machine.forUser && !machine.forMachine) {
         return "run 'backproc register --user', or 'backproc register' as an administrator";
     }
-    const std::string command =
+    std::string command =
         machine.forUser ? "run 'backproc register --user'" : "run 'backproc register' as an administrator";
     if (machine.tool.isBesideComponent) return command;
     return command + (machine.tool.hasComponent ? ", which registers the copy beside this tool"

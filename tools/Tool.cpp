@@ -36,7 +36,7 @@ std::vector<std::string> OptionsOf(const Verb& verb) {
     std::vector<std::string> options = {"--help"};
     const std::string_view help = verb.help;
     for (std::size_t at = help.find("--"); at < help.size();) {
-        const std::size_t end = static_cast<std::size_t>(
+        const auto end = static_cast<std::size_t>(
             std::find_if_not(help.begin() + static_cast<std::ptrdiff_t>(at), help.end(), IsPartOfOption) -
             help.begin());
         if (end > at + kEndOfOptions.size()) options.emplace_back(help.substr(at, end - at));

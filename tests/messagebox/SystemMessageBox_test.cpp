@@ -288,7 +288,8 @@ TEST_F(MessageBoxHelp, F1OpensItWithOrWithoutAButton) {
 
 TEST_F(MessageBoxHelp, ButtonLeavesTheBoxOpenAndOpensTheTopicWhereTheSystemSupportsIt) {
     EXPECT_EQ(Show(MB_YESNO | kHelpButton, {Press(IDHELP), Pause(), Press(IDNO)}, u"", {u"C:\\a.chm", 7}), 7);
-    // Wine 8 and Wine 10 show the button and ignore it; once Wine does not, this exception and its line in the list can go.
+    // Wine 8 and Wine 10 show the button and ignore it; once Wine does not, this exception and its line in the list can
+    // go.
     EXPECT_EQ(NewCalls(), IsWine() ? u"" : Call(u"C:\\a.chm 15 7"));
 }
 

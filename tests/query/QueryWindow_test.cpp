@@ -97,8 +97,8 @@ long WidthOfADigitInTheFormsFont() {
 }
 
 // The label takes 269 pixels. Eight pieces and three more lines, and as many as the widest one has widths of the label,
-// rounded; each of 195 twips, and 315 of the text box. A digit of MS Sans Serif is 6 pixels wide, one of the face that stands
-// in for it where it is missing may be wider; so the lines have as many digits as reach the width.
+// rounded; each of 195 twips, and 315 of the text box. A digit of MS Sans Serif is 6 pixels wide, one of the face that
+// stands in for it where it is missing may be wider; so the lines have as many digits as reach the width.
 TEST_F(QueryWindow, WideLineMakesItHigherByItsShareOfTheLabel) {
     const struct {
         long width;
