@@ -9,6 +9,7 @@ import binascii
 import contextlib
 import hashlib
 import html.parser
+import functools
 import os
 import pathlib
 import re
@@ -96,12 +97,15 @@ def registry():
 def files():
     """All but what set-up and removal leave in the folder for temporary files: the log, and the uninstaller's copy of
     itself, which goes with the next restart."""
-    drive = prefix / "drive_c"
-    return {str(path.relative_to(drive)) for path in drive.rglob("*") if "/Temp/~nsu" not in str(path) and path != log_file()}
+    drive, log = prefix / "drive_c", log_file()
+    return {str(path.relative_to(drive)) for path in drive.rglob("*") if "/Temp/~nsu" not in str(path) and path != log}
 
 
+@functools.cache
 def log_file():
-    return next((prefix / "drive_c" / "users").glob("*/Temp")) / "K4TBackProcess-setup.log"
+    """In the folder for temporary files, which is not in the same place under each Wine."""
+    folder = run("cmd.exe", "/c", "echo %TEMP%")[1].strip().replace("\\", "/")
+    return prefix / "drive_c" / folder.removeprefix("C:/") / "K4TBackProcess-setup.log"
 
 
 def log():
@@ -517,4 +521,5 @@ class Packages(Installation):
 if __name__ == "__main__":
     wine_run, packages = os.path.abspath(sys.argv[1]), pathlib.Path(sys.argv[2]).resolve()
     prefix = pathlib.Path(os.environ["WINEPREFIX"])
+    log_file()  # starts Wine, which no test may do while it compares
     unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2, warnings="ignore")
