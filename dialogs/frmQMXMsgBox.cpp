@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "dialogs/QuestionIcon.h"
 #include "runtime/Error.h"
 #include "runtime/Numbers.h"
 #include "runtime/Ports.h"
@@ -33,7 +32,7 @@ ControlDesign ImageDesign() {
         .kind = ControlKind::kPicture,
         .name = u"Image1",
         .bounds = {180, 180, 480, 480},
-        .picture = &kQuestionIcon,
+        .picture = u"QUESTION",
     };
 }
 

@@ -78,6 +78,7 @@ TEST_F(MessageBox, HasItsDesign) {
         EXPECT_EQ(box.border, runtime::BorderStyle::kFixedDialog);
         EXPECT_EQ(box.caption, u"Title");
         EXPECT_EQ(box.Control(u"Image1").bounds, (runtime::Rect{180, 180, 480, 480}));
+        EXPECT_EQ(box.Control(u"Image1").look.picture, u"QUESTION");
         EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 3700, 390}));
         EXPECT_EQ(box.Control(u"lblPrompt").text, u"Overwrite?");
         EXPECT_EQ(Button(box, 0).text, u"&Yes");

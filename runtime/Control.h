@@ -31,7 +31,7 @@ struct ControlDesign {
     bool sizesItself = false;  ///< a label that follows its text
     bool isCancel = false;     ///< the button that Escape presses
     bool visible = true;
-    const Picture* picture = nullptr;
+    String picture = {};  ///< the name of an icon among the resources of the module that has the window
 
     static constexpr int kNoIndex = -1;
 };

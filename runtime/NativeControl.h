@@ -6,7 +6,6 @@
 
 #include "runtime/Font.h"
 #include "runtime/Geometry.h"
-#include "runtime/Picture.h"
 #include "runtime/Text.h"
 
 namespace runtime {
@@ -80,7 +79,7 @@ class NativeList {
 struct ControlLook {
     ControlKind kind;
     String name;
-    const Picture* picture = nullptr;
+    String picture = {};  ///< the name of an icon among the resources of the module that has the window
 };
 
 /// A control's window; made visible, and destroyed with its NativeWindow.

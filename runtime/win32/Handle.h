@@ -76,7 +76,6 @@ struct GdiObjectPolicy {
     static Type Invalid() noexcept { return nullptr; }
     static void Close(Type handle) noexcept { DeleteObject(handle); }
 };
-using GdiBitmap = UniqueHandle<GdiObjectPolicy<HBITMAP>>;
 using GdiBrush = UniqueHandle<GdiObjectPolicy<HBRUSH>>;
 using GdiFont = UniqueHandle<GdiObjectPolicy<HFONT>>;
 

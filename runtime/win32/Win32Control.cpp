@@ -8,7 +8,6 @@
 #include "runtime/win32/Win32Combo.h"
 #include "runtime/win32/Win32Label.h"
 #include "runtime/win32/Win32ListBox.h"
-#include "runtime/win32/Win32Picture.h"
 #include "runtime/win32/Win32TextBox.h"
 #include "runtime/win32/Win32Window.h"
 #include "runtime/win32/Win32Windows.h"
@@ -63,8 +62,10 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const Cont
     : Win32Control(parent, system, look.kind, id, KindOfWindow(look.kind)) {
     // One text area over the whole bar.
     if (kind_ == ControlKind::kStatusBar) SendMessageW(window_, SB_SIMPLE, TRUE, 0);
-    if (look.picture) {
-        icon_ = MakeIcon(*look.picture);
+    if (!look.picture.empty()) {
+        // In its own size, whatever size the system has for icons.
+        icon_.Reset(
+            static_cast<HICON>(LoadImageW(system.Instance(), Wide(look.picture), IMAGE_ICON, 0, 0, LR_DEFAULTCOLOR)));
         SendMessageW(window_, STM_SETICON, reinterpret_cast<WPARAM>(icon_.Get()), 0);
     }
 }

@@ -93,6 +93,13 @@ class ShippedComponent : public ::testing::Test {
     Bstr name_;
 };
 
+TEST_F(ShippedComponent, IsLoaded_HasAllItsResources) {
+    const HMODULE module = component_.Get();
+    EXPECT_NE(FindResourceW(module, L"QUESTION", RT_GROUP_ICON), nullptr);
+    EXPECT_NE(FindResourceW(module, MAKEINTRESOURCEW(1), L"TYPELIB"), nullptr);
+    EXPECT_NE(FindResourceW(module, MAKEINTRESOURCEW(VS_VERSION_INFO), RT_VERSION), nullptr);
+}
+
 TEST_F(ShippedComponent, CommandsLeaveMemoryFlat) {
     tests::CommandMaker maker(20'000, 10'000);
     const int commands = tests::Rounds(1'000'000, 100'000);

@@ -99,6 +99,20 @@ TEST_F(SuiteBoxPainting, DrawsNulsAsBlanksAndWhatStandsBehindThem) {
     });
 }
 
+TEST_F(SuiteBoxPainting, BoxIsOpen_IconIsABlueMarkInAWhiteBubble) {
+    Look(u"Overwrite?", [](HWND box) {
+        const HWND icon = FindWindowExW(box, nullptr, L"Static", nullptr);
+        constexpr int kSide = 32;
+        ASSERT_EQ(SizeOf(icon).cx, kSide);
+        ASSERT_EQ(SizeOf(icon).cy, kSide);
+        const Pixels shown = Shown(icon);
+        const auto at = [&shown](std::size_t x, std::size_t y) { return shown[y * kSide + x]; };
+        EXPECT_EQ(at(0, 0), GetSysColor(COLOR_BTNFACE));
+        EXPECT_EQ(at(3, 13), RGB(255, 255, 255));
+        EXPECT_EQ(at(15, 6), RGB(0, 0, 255));
+    });
+}
+
 TEST_F(SuiteBoxPainting, TitleShowsWhatStandsBehindANul) {
     const DialogDriver driver({Do([](HWND box) { EXPECT_EQ(TextOf(box), u"first second"); }), Keys({VK_ESCAPE})});
     EXPECT_EQ(dialogs::AskWithSuiteBox(u"prompt", 8, StringView(u"first\0second", 12)), 2);
