@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "host/HostCommandLine.h"
-#include "host/InstanceEnded.h"
 #include "host/ProcessLife.h"
 #include "host/frmBackProcessMain.h"
 #include "kernel_api/Kernel.h"
@@ -61,7 +60,7 @@ void clsQmxBackProcess::ParseCommandLine() {
     startFile_ = std::move(given.startFile);
 }
 
-bool clsQmxBackProcess::Load(std::int16_t& /*iMode*/) {
+bool clsQmxBackProcess::Load(std::int16_t /*iMode*/) {
     bool broughtUp = false;
     SkipError([] { runtime::SetMousePointer(runtime::kHourglassPointer); });
     SkipError([&] {

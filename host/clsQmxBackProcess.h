@@ -1,48 +1,37 @@
 // The service object: what a module creates to have the back process at hand. The first one reads the settings that all
 // share; each hands its client's commands to the main form, and the form's commands to its client. It has no state of
-// its own beyond that link. The COM edge wraps it; it knows nothing of COM itself.
+// its own beyond that link. The COM edge calls it; it knows nothing of COM itself.
 //
 // All members run on the thread that owns the main form. An instance must be terminated before it is destroyed.
 #pragma once
 
-#include <cstdint>
-#include <functional>
 #include <memory>
 
-#include "runtime/Text.h"
+#include "host/ServiceObject.h"
 
 namespace host {
 
-using runtime::String;
-using runtime::StringView;
-
 class frmBackProcessMain;
 
-class clsQmxBackProcess {
+class clsQmxBackProcess final : public ServiceObject {
  public:
-    /// Raises the instance's event at its client. Both strings are by reference: what the client changes goes on to
-    /// the next one. An error of the client is thrown after all of the instance's sinks were told.
-    using NotifyServerEvent = std::function<void(String& Aname, String& sCommand)>;
-
     /// Creates or links to the main form, without loading it, and publishes the settings. An error (kernel, settings)
     /// leaves no instance behind.
     explicit clsQmxBackProcess(NotifyServerEvent notifyServer);
-    clsQmxBackProcess(const clsQmxBackProcess&) = delete;
-    clsQmxBackProcess& operator=(const clsQmxBackProcess&) = delete;
-    ~clsQmxBackProcess();
+    ~clsQmxBackProcess() override;
 
     /// Unloads the shared main form while the event still reaches the client, then cuts the link. Runs once; a
     /// second call does nothing. Errors of the unload are thrown.
-    void Terminate();
+    void Terminate() override;
 
-    /// Brings the main form up hidden; True when it had to. Never fails. `iMode` is not used.
-    bool Load(std::int16_t& iMode);
+    /// Loads the main form hidden; True when it was not visible. Never fails. `iMode` is not used.
+    bool Load(std::int16_t iMode) override;
     /// Has the main form carry out a command for this component. An empty one does nothing; `Aname` is not used. Error
-    /// 91 after Terminate. The texts are not looked at any more once client code runs.
-    void NotifyMe(StringView Aname, StringView sCommand);
+    /// 91 after Terminate.
+    void NotifyMe(StringView Aname, StringView sCommand) override;
     /// Always empty, and forgets the stored value.
-    String SeverPath();
-    void SetSeverPath(StringView value);
+    String SeverPath() override;
+    void SetSeverPath(StringView value) override;
 
     /// The folder of the suite's INI file, ending in a backslash.
     const String& SystemFolder() const { return systemFolder_; }

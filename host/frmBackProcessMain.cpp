@@ -24,9 +24,6 @@ using runtime::Twips;
 constexpr Twips kSmallestWidth = 8000;
 constexpr Twips kSmallestHeight = 3000;
 
-/// Far more than there are forms: only a client that loads a form again after every unload gets there.
-constexpr int kMostRoundsWithEvents = 100;
-
 runtime::FormDesign MainFormDesign() {
     return {
         .name = u"frmBackProcessMain",
@@ -47,32 +44,6 @@ runtime::ControlDesign MsgLineDesign() {
     };
 }
 
-/// Unloads forms from the last loaded one on. One that refused would refuse for ever, so that it is not tried again;
-/// one that an event loads anew after its unload is. A client that loads a form in each event does not keep the loop
-/// from ending: after many rounds no more events run.
-class Unloading {
- public:
-    bool HasMore() const {
-        const runtime::Form* const next = runtime::LoadedForms().LastToUnload();
-        return next && next != refused_;
-    }
-    void LetEventsRun(runtime::FirstError& error) {
-        if (++rounds_ <= kMostRoundsWithEvents) error.Run([] { runtime::DoEvents(); });
-    }
-    void UnloadLast(runtime::FirstError& error) {
-        runtime::Form* const last = runtime::LoadedForms().LastToUnload();
-        refused_ = nullptr;
-        if (!last) return;
-        error.Run([&] {
-            if (!last->Unload()) refused_ = last;
-        });
-    }
-
- private:
-    const runtime::Form* refused_ = nullptr;
-    int rounds_ = 0;
-};
-
 }  // namespace
 
 frmBackProcessMain::frmBackProcessMain() : Form(MainFormDesign()), msgLine_(AddControl(MsgLineDesign())) {}
@@ -91,7 +62,7 @@ void frmBackProcessMain::EditMsgLine(StringView text) {
 }
 
 void frmBackProcessMain::AP_ExeCmd(StringView command) {
-    routing::ExecuteCommand(command, {*this, staysLoaded_, unloadAllForms_});
+    routing::ExecuteCommand(command, *this, staysLoaded_);
 }
 
 void frmBackProcessMain::AP_SendCmd(String& module, String& command) {
@@ -113,7 +84,7 @@ void frmBackProcessMain::OnLoad() {
     try {
         Announce();
     } catch (const std::exception&) {
-        runtime::SkipError([this] { UnloadAllForms(); });
+        runtime::SkipError([] { runtime::LoadedForms().UnloadAll(); });
     }
 }
 
@@ -137,16 +108,6 @@ void frmBackProcessMain::Announce() {
     values.helpFilePath = services::HelpFileOfInstallation();
 }
 
-void frmBackProcessMain::UnloadAllForms() {
-    runtime::FirstError error;
-    Unloading forms;
-    do {
-        forms.UnloadLast(error);
-        forms.LetEventsRun(error);
-    } while (forms.HasMore());
-    error.Rethrow();
-}
-
 void frmBackProcessMain::OnQueryUnload(bool& /*cancel*/, runtime::UnloadReason /*reason*/) {
     services::SaveWindowPlacement(*this);
 }
@@ -158,11 +119,7 @@ void frmBackProcessMain::OnUnload(bool& /*cancel*/) {
     runtime::FirstError error;
     error.Run([] { routing::PublishModuleState(0, 0); });
     error.Run([this] { services::CloseHelp(handle_); });
-    Unloading others;
-    while (others.HasMore()) {
-        others.LetEventsRun(error);
-        others.UnloadLast(error);
-    }
+    error.Run([] { runtime::LoadedForms().UnloadOthers(); });
     error.Run([this] {
         String module(services::kOwnModuleName);
         String command(u"SHUTDOWN");

@@ -3,7 +3,6 @@
 // suite knows this module; the clients hear "SHUTDOWN" when it goes.
 #pragma once
 
-#include <functional>
 #include <memory>
 
 #include "runtime/Event.h"
@@ -59,15 +58,11 @@ class frmBackProcessMain : public runtime::Form {
 
  private:
     void Announce();
-    /// Unloads the last loaded form until none is left, letting pending events run after each. What fails keeps none
-    /// loaded; the first error is thrown at the end.
-    void UnloadAllForms();
 
     NotifyClassEvent notifyClass_;
     runtime::Control& msgLine_;
     std::unique_ptr<runtime::InstanceClaim> firstInstance_;
     runtime::NativeHandle handle_ = 0;
-    const std::function<void()> unloadAllForms_ = [this] { UnloadAllForms(); };
 };
 
 }  // namespace host

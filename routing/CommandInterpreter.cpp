@@ -10,6 +10,7 @@
 #include "kernel_api/Splitter.h"
 #include "runtime/Error.h"
 #include "runtime/Form.h"
+#include "runtime/LoadedForms.h"
 #include "services/Localisation.h"
 #include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
@@ -34,26 +35,32 @@ String TextAt(kernel_api::TextPointer pointer) {
     return kernel_api::CurrentReader().TextAt(pointer);
 }
 
-void TakeDesignName(const CommandReceiver& /*receiver*/) {
+/// The main form as commands act on it.
+struct Receiver {
+    runtime::Form& mainForm;
+    bool staysLoaded;
+};
+
+void TakeDesignName(const Receiver& /*receiver*/) {
     kernel_api::Kernel& kernel = kernel_api::CurrentKernel();
     CurrentDesignName = runtime::Trim(TextAt(kernel.O_GetName(kernel.DB_DataBase())));
 }
 
-void UnloadUnlessStaying(const CommandReceiver& receiver) {
-    if (!receiver.staysLoaded) receiver.unloadAllForms();
+void UnloadUnlessStaying(const Receiver& receiver) {
+    if (!receiver.staysLoaded) runtime::LoadedForms().UnloadAll();
 }
 
-void SwitchLanguage(const CommandReceiver& receiver) {
+void SwitchLanguage(const Receiver& receiver) {
     LanguagePath = TextAt(kernel_api::CurrentKernel().E_GetString(u"LANGUAGEPATH"));
     services::ChooseUiFont(receiver.mainForm.Handle(), receiver.mainForm.DeviceContext());
     services::LocaliseForm(receiver.mainForm);
 }
 
-void DoNothing(const CommandReceiver& /*receiver*/) {}
+void DoNothing(const Receiver& /*receiver*/) {}
 
 struct Verb {
     StringView name;
-    void (*carryOut)(const CommandReceiver& receiver);
+    void (*carryOut)(const Receiver& receiver);
 };
 
 /// In the order in which a command's verb is compared with them.
@@ -62,7 +69,7 @@ constexpr Verb kVerbs[] = {
     {u"EX", UnloadUnlessStaying}, {u"LZ", SwitchLanguage}, {u"FMVHDLED", DoNothing},
 };
 
-void Interpret(StringView command, const CommandReceiver& receiver) {
+void Interpret(StringView command, const Receiver& receiver) {
     kernel_api::FieldParser& parser = Parser();
     parser.SetText(command);
     // Two requests for the first field, even if the first one settles it: the order of calls is what parsers rely on.
@@ -116,20 +123,20 @@ void ShowFailure(const std::exception_ptr& failure) {
 }
 
 // The failure is kept as it is: when memory is short even a copy of it could fail, and the forms must go all the same.
-void Answer(const std::exception_ptr& failure, const CommandReceiver& receiver) {
+void Report(const std::exception_ptr& failure) {
     runtime::FirstError firstError;
     firstError.Run([&] { ShowFailure(failure); });
-    firstError.Run(receiver.unloadAllForms);
+    firstError.Run([] { runtime::LoadedForms().UnloadAll(); });
     firstError.Rethrow();
 }
 
 }  // namespace
 
-void ExecuteCommand(StringView command, const CommandReceiver& receiver) {
+void ExecuteCommand(StringView command, runtime::Form& mainForm, bool staysLoaded) {
     if (command.empty()) return;
     runtime::FirstError failure;
-    failure.Run([&] { Interpret(command, receiver); });
-    if (failure.IsKept()) Answer(failure.Kept(), receiver);
+    failure.Run([&] { Interpret(command, {mainForm, staysLoaded}); });
+    if (failure.IsKept()) Report(failure.Kept());
 }
 
 void ForgetOpenMessages() {

@@ -6,8 +6,6 @@
 // unloaded. Two errors are not shown: the silent one, and that of a form whose load shut itself down.
 #pragma once
 
-#include <functional>
-
 #include "runtime/NeverDestroyed.h"
 #include "runtime/Text.h"
 
@@ -22,17 +20,10 @@ inline runtime::String& CurrentDesignName = runtime::NeverDestroyed<runtime::Str
 /// The language folder since the last LZ, exactly as the kernel had it; empty before.
 inline runtime::String& LanguagePath = runtime::NeverDestroyed<runtime::String>();
 
-/// The main form as commands act on it.
-struct CommandReceiver {
-    runtime::Form& mainForm;
-    /// EX leaves the forms alone.
-    bool staysLoaded = false;
-    const std::function<void()>& unloadAllForms;
-};
-
-/// Carries `command` out; nothing for an empty one. Throws only what fails while an error is being answered, after the
-/// forms are unloaded: the message's error, or else that of the unload.
-void ExecuteCommand(runtime::StringView command, const CommandReceiver& receiver);
+/// Carries `command` out; nothing for an empty one. LZ localises `mainForm`; EX leaves the forms alone when it
+/// `staysLoaded`. Throws only what fails while an error is being reported, after the forms are unloaded: the message's
+/// error, or else that of the unload.
+void ExecuteCommand(runtime::StringView command, runtime::Form& mainForm, bool staysLoaded);
 
 /// The thread that shows the open messages has ended, or is home no more: they do not count any more.
 void ForgetOpenMessages();

@@ -14,6 +14,7 @@
 #include "kernel_api/dev/BuiltInSplitter.h"
 #include "kernel_api/dev/InMemoryKernel.h"
 #include "runtime/Error.h"
+#include "runtime/LoadedForms.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/HandledForm.h"
@@ -76,6 +77,10 @@ class InterpreterTest : public tests::HeadlessTest {
         kernel_api::UseSplitter(&splitter_);
         kernel_.Put(u"DESIGN_NAME", u"amplifier");
         kernel_.Put(u"PRODUCT_NAME", u"Orvane");
+        dialog_.onUnload = [this] {
+            ++unloads_;
+            if (onUnload_) onUnload_();
+        };
     }
     ~InterpreterTest() override {
         ResetCommandInterpreter();
@@ -85,14 +90,20 @@ class InterpreterTest : public tests::HeadlessTest {
         kernel_api::UseKernel(nullptr);
     }
 
+    /// With a form loaded whose unloads are counted.
     void Execute(StringView command) {
-        ExecuteCommand(command, {form_, staysLoaded_, [this] {
-                                     ++unloads_;
-                                     if (onUnload_) onUnload_();
-                                 }});
+        dialog_.EnsureLoaded();
+        ExecuteCommand(command, form_, staysLoaded_);
     }
     std::int32_t ErrorOfExecuting(StringView command) {
         return ErrorOf([&] { Execute(command); });
+    }
+    /// Has the first unload of all forms fail and leave one that the second takes.
+    void MakeFirstUnloadFail() {
+        failing_.onUnload = [] { throw Error(runtime::kOverflow); };
+        dialog_.refusesUnload = true;
+        dialog_.EnsureLoaded();
+        failing_.EnsureLoaded();
     }
     /// The prompts of the messages that were shown.
     std::vector<String> Messages() const {
@@ -114,6 +125,8 @@ class InterpreterTest : public tests::HeadlessTest {
     kernel_api::dev::BuiltInReader reader_{memory_.files, memory_.settings, memory_.locale};
     RecordingSplitter splitter_;
     tests::HandledForm form_;
+    tests::HandledForm dialog_;
+    tests::HandledForm failing_;
     bool staysLoaded_ = false;
     int unloads_ = 0;
     std::function<void()> onUnload_;
@@ -315,12 +328,12 @@ TEST_F(Failure, ThatNobodyKnowsIsAnInternalError) {
 
 TEST_F(Failure, OfTheUnloadThatExAskedForIsShownAndTheUnloadTriedOnceMore) {
     memory_.messageBox.answers = {1};
-    onUnload_ = [this] {
-        if (unloads_ == 1) throw Error(runtime::kOverflow);
-    };
+    MakeFirstUnloadFail();
+    onUnload_ = [this] { dialog_.refusesUnload = false; };
     Execute(u"All,EX");
     EXPECT_THAT(Messages(), ElementsAre(u"Overflow"));
     EXPECT_EQ(unloads_, 2);
+    EXPECT_EQ(runtime::LoadedForms().Count(), 0U);
 }
 
 TEST_F(Failure, OfTheMessageItselfIsTheCallersAfterTheUnload) {
@@ -339,13 +352,19 @@ TEST_F(Failure, OfTheMessagesTitleIsTheCallersAfterTheUnload) {
 
 TEST_F(Failure, OfTheUnloadIsTheCallers) {
     memory_.messageBox.answers = {1};
-    onUnload_ = [] { throw Error(runtime::kOverflow); };
-    EXPECT_EQ(ErrorOfExecuting(u"All,EX"), runtime::kOverflow);
+    MakeFirstUnloadFail();
+    onUnload_ = [this] {
+        if (unloads_ == 2) throw Error(runtime::kTypeMismatch);
+    };
+    EXPECT_EQ(ErrorOfExecuting(u"All,EX"), runtime::kTypeMismatch);
     EXPECT_EQ(unloads_, 2);
 }
 
 TEST_F(Failure, OfMessageAndUnloadIsTheMessages) {
-    onUnload_ = [] { throw Error(runtime::kOverflow); };
+    MakeFirstUnloadFail();
+    onUnload_ = [this] {
+        if (unloads_ == 2) throw Error(runtime::kTypeMismatch);
+    };
     EXPECT_EQ(ErrorOfExecuting(u"All,EX"), runtime::kInternalError);
     EXPECT_EQ(unloads_, 2);
 }
@@ -375,10 +394,11 @@ TEST_F(Reentered, CommandWhileAFailureIsAnsweredIsCarriedOut) {
     kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
     onUnload_ = [this] {
         kernel_.StopFailing();
-        if (unloads_ == 1) Execute(u"All,EX");
+        Execute(u"All,SAVE");
     };
     Execute(u"All,SAVE");
-    EXPECT_EQ(unloads_, 2);
+    EXPECT_EQ(CurrentDesignName, u"amplifier");
+    EXPECT_EQ(unloads_, 1);
 }
 
 }  // namespace

@@ -5,8 +5,43 @@
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "runtime/NeverDestroyed.h"
+#include "runtime/Screen.h"
 
 namespace runtime {
+namespace {
+
+/// Far more than there are forms: only a client that loads a form again after every unload gets there.
+constexpr int kMaxRoundsWithEvents = 100;
+
+/// Unloads forms from the last loaded one on. One that refused would refuse for ever, so that it is not tried again;
+/// one that an event loads anew after its unload is. A client that loads a form in each event does not keep the loop
+/// from ending: after many rounds no more events run.
+class UnloadLoop {
+ public:
+    bool HasMore() const {
+        const Form* const next = LoadedForms().LastToUnload();
+        return next && next != refused_;
+    }
+    void LetEventsRun() {
+        if (++rounds_ <= kMaxRoundsWithEvents) error_.Run([] { DoEvents(); });
+    }
+    void UnloadLast() {
+        Form* const last = LoadedForms().LastToUnload();
+        refused_ = nullptr;
+        if (!last) return;
+        error_.Run([&] {
+            if (!last->Unload()) refused_ = last;
+        });
+    }
+    void RethrowFirstError() const { error_.Rethrow(); }
+
+ private:
+    const Form* refused_ = nullptr;
+    int rounds_ = 0;
+    FirstError error_;
+};
+
+}  // namespace
 
 Form& LoadedFormsCollection::At(std::size_t index) const {
     if (index >= forms_.size()) throw Error(kSubscriptOutOfRange);
@@ -17,6 +52,24 @@ Form* LoadedFormsCollection::LastToUnload() const {
     const auto found =
         std::find_if(forms_.rbegin(), forms_.rend(), [](const Form* form) { return !form->IsUnloading(); });
     return found == forms_.rend() ? nullptr : *found;
+}
+
+void LoadedFormsCollection::UnloadAll() {
+    UnloadLoop forms;
+    do {
+        forms.UnloadLast();
+        forms.LetEventsRun();
+    } while (forms.HasMore());
+    forms.RethrowFirstError();
+}
+
+void LoadedFormsCollection::UnloadOthers() {
+    UnloadLoop forms;
+    while (forms.HasMore()) {
+        forms.LetEventsRun();
+        forms.UnloadLast();
+    }
+    forms.RethrowFirstError();
 }
 
 void LoadedFormsCollection::Add(Form& form) {

@@ -19,6 +19,14 @@ class LoadedFormsCollection {
     /// left" ask for this one, so that they end when only forms remain that go as soon as their handlers return.
     Form* LastToUnload() const;
 
+    /// Unloads the last form until none is left, and lets pending events run after each unload; once at least. A form
+    /// that refuses ends the loop. An error does not: every form has its turn, and the first error is thrown at the
+    /// end.
+    void UnloadAll();
+    /// The same from inside a form's unload, which is not one of them: pending events run before each unload, and
+    /// nothing happens when no other form is loaded.
+    void UnloadOthers();
+
     void Add(Form& form);
     void Remove(const Form& form);
     /// Gives up all forms, which are not touched: they belong to another thread, or were on its stack.

@@ -37,12 +37,7 @@ std::int16_t Arguments::Number(std::size_t parameter) const {
     return number.Get().iVal;
 }
 
-void Arguments::WriteBack(std::size_t parameter, const Variant& value) const {
-    VARIANT* const argument = Find(parameter);
-    if (argument != nullptr) CheckConversion(Store(value.Get(), lcid_, *argument), parameter);
-}
-
-VARIANT* Arguments::Find(std::size_t parameter) const {
+const VARIANT* Arguments::Find(std::size_t parameter) const {
     const std::size_t index = indexes_[parameter];
     if (index == kNone || IsMissing(parameters_.rgvarg[index])) return nullptr;
     return &parameters_.rgvarg[index];

@@ -25,11 +25,9 @@ class Arguments {
     /// These throw DISP_E_PARAMNOTOPTIONAL when left out.
     StringView Text(std::size_t parameter, Variant& converted) const;
     std::int16_t Number(std::size_t parameter) const;
-    /// Puts a changed value into the client's variable, if it gave one.
-    void WriteBack(std::size_t parameter, const Variant& value) const;
 
  private:
-    VARIANT* Find(std::size_t parameter) const;
+    const VARIANT* Find(std::size_t parameter) const;
     const VARIANT& Require(std::size_t parameter) const;
     [[noreturn]] void Fail(HRESULT result, std::size_t index) const;
     void CheckConversion(HRESULT result, std::size_t parameter) const;

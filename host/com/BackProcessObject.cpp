@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "host/com/Bstr.h"
+#include "host/com/Component.h"
 #include "host/com/Dispatch.h"
 #include "host/com/Enumerator.h"
 #include "host/com/Events.h"
@@ -15,10 +16,6 @@ namespace {
 /// A by-reference string of an early-bound call: a null pointer is a missing argument, a null string an empty one.
 StringView TextAt(const BSTR* place) {
     return place == nullptr ? StringView() : ViewOf(*place);
-}
-
-void WriteBack(const TextInOut& text, BSTR* place) {
-    if (place != nullptr && text.Changed()) Replace(*place, *text.Changed());
 }
 
 }  // namespace
@@ -162,10 +159,7 @@ HRESULT BackProcessObject::Load(short* iMode, VARIANT_BOOL* result) {
         [&] {
             RequirePointer(result);
             RequirePointer(iMode);
-            std::int16_t mode = *iMode;
-            const bool broughtUp = Service().Load(mode);
-            *iMode = mode;
-            *result = broughtUp ? VARIANT_TRUE : VARIANT_FALSE;
+            *result = Service().Load(*iMode) ? VARIANT_TRUE : VARIANT_FALSE;
             return S_OK;
         },
         result);
@@ -173,11 +167,7 @@ HRESULT BackProcessObject::Load(short* iMode, VARIANT_BOOL* result) {
 
 HRESULT BackProcessObject::NotifyMe(BSTR* Aname, BSTR* sCommand) {
     return Member([&] {
-        TextInOut name(TextAt(Aname));
-        TextInOut command(TextAt(sCommand));
-        Service().NotifyMe(name, command);
-        WriteBack(name, Aname);
-        WriteBack(command, sCommand);
+        Service().NotifyMe(TextAt(Aname), TextAt(sCommand));
         return S_OK;
     });
 }

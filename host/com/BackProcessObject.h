@@ -11,10 +11,10 @@
 
 #include <memory>
 
+#include "host/ServiceObject.h"
 #include "host/com/EventPoint.h"
 #include "host/com/HomeApartment.h"
 #include "host/com/References.h"
-#include "host/com/ServiceObject.h"
 #include "host/com/Sinks.h"
 #include "host/com/TypeLibrary.h"
 

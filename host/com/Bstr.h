@@ -50,10 +50,4 @@ class Bstr {
     BSTR bstr_ = nullptr;
 };
 
-/// Puts `text` in the place of `target`'s, which is freed.
-inline void Replace(BSTR& target, StringView text) {
-    Bstr made(text);
-    SysFreeString(std::exchange(target, made.Detach()));
-}
-
 }  // namespace host::com

@@ -17,8 +17,4 @@ const BSTR* FindText(const VARIANT& argument);
 /// null.
 HRESULT Convert(const VARIANT& argument, VARTYPE type, LCID lcid, Variant& converted);
 
-/// Puts `value` into the variable behind a by-reference `argument`, as that variable's type; a variant variable
-/// takes it as it is. An argument by value is left alone. Answers like Convert.
-HRESULT Store(const VARIANT& value, LCID lcid, VARIANT& argument);
-
 }  // namespace host::com

@@ -29,26 +29,18 @@ bool SameName(const wchar_t* left, const wchar_t* right) {
     return left != nullptr && right != nullptr && CompareStringOrdinal(left, -1, right, -1, TRUE) == CSTR_EQUAL;
 }
 
-void WriteBack(const TextInOut& text, const Arguments& arguments, std::size_t parameter) {
-    if (text.Changed()) arguments.WriteBack(parameter, Variant(*text.Changed()));
-}
-
 void RequireFlag(const Call& call, WORD flag) {
     if ((call.flags & flag) == 0) throw ComError(DISP_E_MEMBERNOTFOUND);
 }
 
-void Answer(const Call& call, Variant value) {
+void SetResult(const Call& call, Variant value) {
     if (call.result != nullptr) *call.result = value.Detach();
 }
 
 void InvokeLoad(ServiceObject& service, const Call& call) {
     RequireFlag(call, DISPATCH_METHOD);
     const Arguments arguments(call.parameters, 1, call.lcid, call.badArgument);
-    const std::int16_t before = arguments.Number(0);
-    std::int16_t mode = before;
-    const bool broughtUp = service.Load(mode);
-    if (mode != before) arguments.WriteBack(0, Variant(mode));
-    Answer(call, Variant(broughtUp));
+    SetResult(call, Variant(service.Load(arguments.Number(0))));
 }
 
 void InvokeNotifyMe(ServiceObject& service, const Call& call) {
@@ -56,16 +48,14 @@ void InvokeNotifyMe(ServiceObject& service, const Call& call) {
     const Arguments arguments(call.parameters, 2, call.lcid, call.badArgument);
     Variant convertedName;
     Variant convertedCommand;
-    TextInOut name(arguments.OptionalText(0, convertedName));
-    TextInOut command(arguments.OptionalText(1, convertedCommand));
+    const StringView name = arguments.OptionalText(0, convertedName);
+    const StringView command = arguments.OptionalText(1, convertedCommand);
     service.NotifyMe(name, command);
-    WriteBack(name, arguments, 0);
-    WriteBack(command, arguments, 1);
 }
 
 void GetSeverPath(ServiceObject& service, const Call& call) {
     if (call.parameters.cArgs != 0) throw ComError(DISP_E_BADPARAMCOUNT);
-    Answer(call, Variant(StringView(service.SeverPath())));
+    SetResult(call, Variant(StringView(service.SeverPath())));
 }
 
 /// The value of a property comes as an argument with a name of its own.

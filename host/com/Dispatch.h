@@ -2,8 +2,8 @@
 // call through the type library with a missing by-reference string hands the method a pointer to nothing.
 #pragma once
 
+#include "host/ServiceObject.h"
 #include "host/com/ComHeaders.h"
-#include "host/com/ServiceObject.h"
 
 namespace host::com {
 

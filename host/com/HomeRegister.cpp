@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "host/com/Component.h"
 #include "host/com/Guard.h"
-#include "host/com/ServiceObject.h"
 
 namespace host::com {
 namespace {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string>
 
+#include "host/ServiceObject.h"
 #include "host/com/Guard.h"
-#include "host/com/ServiceObject.h"
 
 namespace host::com {
 

@@ -9,8 +9,7 @@
 namespace tests::com {
 namespace {
 
-using host::com::NotifyServerEvent;
-using host::com::TextInOut;
+using host::NotifyServerEvent;
 using runtime::String;
 using runtime::StringView;
 
@@ -30,7 +29,7 @@ Parts SplitAtBar(const String& text) {
     return {text.substr(0, bar), text.substr(bar + 1)};
 }
 
-class ServiceDouble final : public host::com::ServiceObject {
+class ServiceDouble final : public host::ServiceObject {
  public:
     explicit ServiceDouble(NotifyServerEvent notifyServer) : notifyServer_(std::move(notifyServer)) { Record("made"); }
     ~ServiceDouble() override { Record("destroyed"); }
@@ -44,26 +43,20 @@ class ServiceDouble final : public host::com::ServiceObject {
         if (TheDouble().terminateError) throw runtime::Error(*TheDouble().terminateError);
     }
 
-    bool Load(std::int16_t& iMode) override {
+    bool Load(std::int16_t iMode) override {
         Record("load " + std::to_string(iMode));
-        constexpr std::int16_t kChanged = 99;
-        if (iMode == kChanged) iMode = 7;
         return true;
     }
 
-    void NotifyMe(TextInOut& Aname, TextInOut& sCommand) override {
-        const String command(sCommand.Given());
+    void NotifyMe(StringView Aname, StringView sCommand) override {
+        const String command(sCommand);
         TheDouble().lastCommand = command;
-        Record("notify [" + runtime::ToUtf8(Aname.Given()) + "] [" + runtime::ToUtf8(command) + "]");
-        if (command.starts_with(u"RAISE ")) Raise(Aname, sCommand);
+        Record("notify [" + runtime::ToUtf8(Aname) + "] [" + runtime::ToUtf8(command) + "]");
+        if (command.starts_with(u"RAISE ")) Raise(SplitAtBar(command.substr(6)));
         if (command.starts_with(u"FAIL ")) Fail(SplitAtBar(command.substr(5)));
         if (command == u"MEMORY") throw std::bad_alloc();
         if (command == u"ODD") throw 42;
         if (command == u"STRANGE") throw std::out_of_range("no such place");
-        if (command == u"CHANGE") {
-            Aname.Change(u"12");
-            sCommand.Change(u"34");
-        }
     }
 
     String SeverPath() override {
@@ -73,14 +66,9 @@ class ServiceDouble final : public host::com::ServiceObject {
     void SetSeverPath(StringView value) override { Record("put [" + runtime::ToUtf8(value) + "]"); }
 
  private:
-    void Raise(TextInOut& Aname, TextInOut& sCommand) const {
-        // Copied first: sinks may do away with the client's texts.
-        const String name(Aname.Given());
-        const String command(sCommand.Given());
-        Parts parts = SplitAtBar(command.substr(6));
+    void Raise(Parts parts) const {
         notifyServer_(parts.left, parts.right);
-        if (parts.left != name) Aname.Change(parts.left);
-        if (parts.right != command) sCommand.Change(parts.right);
+        TheDouble().raised = runtime::ToUtf8(parts.left) + "|" + runtime::ToUtf8(parts.right);
     }
 
     [[noreturn]] static void Fail(const Parts& parts) {

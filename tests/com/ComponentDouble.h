@@ -1,9 +1,8 @@
 // Stands behind the COM edge in its tests: service objects that do what the text of a command says, and record what
 // they were asked.
 //
-//     RAISE name|text   raises the event with these strings, and hands back what became of them
+//     RAISE name|text   raises the event with these strings, and records what became of them
 //     FAIL number|text  throws that error of the runtime; MEMORY, ODD: throws something else
-//     CHANGE            changes both strings
 #pragma once
 
 #include <cstddef>
@@ -11,14 +10,15 @@
 #include <string>
 #include <vector>
 
-#include "host/com/ServiceObject.h"
+#include "host/com/Component.h"
 
 namespace tests::com {
 
 struct ComponentDouble {
     std::vector<std::string> log;
     std::vector<unsigned long> threads;  ///< on which service objects were made, called and terminated
-    host::com::String lastCommand;       ///< of NotifyMe, unit by unit
+    host::String lastCommand;            ///< of NotifyMe, unit by unit
+    std::string raised;                  ///< "name|text" as the last RAISE left them
     std::size_t liveWindows = 0;
     int lostHomes = 0;
     bool endsQuietly = false;  ///< service objects do not say SHUTDOWN

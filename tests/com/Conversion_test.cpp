@@ -1,4 +1,4 @@
-// The arguments of late-bound calls: what converts, what comes back, and what is refused with which code.
+// The arguments of late-bound calls: what converts, and what is refused with which code.
 #include "tests/com/ComTest.h"
 #include "tests/com/DefaultProperty.h"
 
@@ -129,16 +129,6 @@ TEST_F(Conversion, RefusesObjectsWhoseDefaultPropertyFails) {
     EXPECT_EQ(kMismatchAt0, Heard(argument));
 }
 
-TEST_F(Conversion, WritesChangedTextBack) {
-    Bstr name(u"n");
-    Bstr command(u"CHANGE");
-    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD,
-                           {ByReference(command.Address()), ByReference(name.Address())})
-                        .result);
-    EXPECT_EQ(u"12", name.Text());
-    EXPECT_EQ(u"34", command.Text());
-}
-
 TEST_F(Conversion, LeavesUnchangedTextWhereItIs) {
     Bstr command(u"QUIET");
     const BSTR before = command.Get();
@@ -150,61 +140,6 @@ TEST_F(Conversion, LeavesVariablesOfAFailedCallAlone) {
     Bstr command(u"FAIL 5|no");
     EXPECT_EQ("0x80020009 at 77", Heard(ByReference(command.Address())));
     EXPECT_EQ(u"FAIL 5|no", command.Text());
-}
-
-TEST_F(Conversion, WritesBackIntoVariantVariables) {
-    Variant command(StringView(u"CHANGE"));
-    Variant name(short{5});
-    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD,
-                           {ByReference(command.Address()), ByReference(name.Address())})
-                        .result);
-    EXPECT_EQ(VT_BSTR, name.Get().vt);
-    EXPECT_EQ("12", Utf8(name.Get().bstrVal));
-    EXPECT_EQ("34", Utf8(command.Get().bstrVal));
-}
-
-TEST_F(Conversion, WritesBackIntoTheVariablesOwnType) {
-    const Bstr command(u"CHANGE");
-    LONG whole = 1;
-    VARIANT name = OfType(VT_I4 | VT_BYREF);
-    name.plVal = &whole;
-    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {Text(command), name}).result);
-    EXPECT_EQ(12, whole);
-
-    double real = 1;
-    name = OfType(VT_R8 | VT_BYREF);
-    name.pdblVal = &real;
-    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {Text(command), name}).result);
-    EXPECT_EQ(12.0, real);
-
-    DECIMAL decimal{};
-    name = OfType(VT_DECIMAL | VT_BYREF);
-    name.pdecVal = &decimal;
-    EXPECT_EQ(S_OK, Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {Text(command), name}).result);
-    EXPECT_EQ(12u, decimal.Lo64);
-    EXPECT_EQ(0, decimal.wReserved);
-}
-
-TEST_F(Conversion, WritesAChangedNumberBack) {
-    LONG mode = 99;
-    VARIANT argument = OfType(VT_I4 | VT_BYREF);
-    argument.plVal = &mode;
-    EXPECT_EQ("load 99", Loaded(argument));
-    EXPECT_EQ(7, mode);
-    Bstr text(u"99");
-    EXPECT_EQ("load 99", Loaded(ByReference(text.Address())));
-    EXPECT_EQ(u"7", text.Text());
-}
-
-TEST_F(Conversion, TellsWhenAResultDoesNotFitTheVariable) {
-    const Bstr command(u"RAISE text|x");
-    LONG whole = 1;
-    VARIANT name = OfType(VT_I4 | VT_BYREF);
-    name.plVal = &whole;
-    const Outcome outcome = Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {Text(command), name});
-    EXPECT_EQ("0x80020005", Hex(outcome.result));
-    EXPECT_EQ(1u, outcome.badArgument);
-    EXPECT_EQ(1, whole);
 }
 
 }  // namespace

@@ -56,13 +56,6 @@ TEST_F(Invoking, NotifyMeTakesFewerAndMissingArguments) {
                 ElementsAre("notify [] []", "notify [text] []", "notify [] [text]", "notify [text] []"));
 }
 
-TEST_F(Invoking, MissingArgumentsTakeNothingBack) {
-    const Bstr command(u"CHANGE");
-    VARIANT missingVariable = Missing();
-    EXPECT_EQ(S_OK, Invoke(Object(), kNotifyMe, kMethod, {Text(command), ByReference(&missingVariable)}).result);
-    EXPECT_EQ(VT_ERROR, missingVariable.vt);
-}
-
 TEST_F(Invoking, NotifyMeTakesNamedArguments) {
     const Bstr name(u"name");
     const Bstr command(u"command");

@@ -3,12 +3,19 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "host/com/Bstr.h"
 #include "host/com/ComPtr.h"
 #include "host/com/References.h"
 
 namespace tests::com {
+
+/// Puts `text` in the place of an event's string.
+inline void Replace(BSTR& target, runtime::StringView text) {
+    SysFreeString(std::exchange(target, host::com::Bstr(text).Detach()));
+}
 
 /// What a sink says it is.
 enum class SinkKind { kEvents, kLateBoundOnly, kNoSink };

@@ -7,8 +7,8 @@
 #include "kernel_api/Splitter.h"
 #include "routing/CommandInterpreter.h"
 #include "runtime/Error.h"
+#include "runtime/Form.h"
 #include "tests/commands/FailingMemory.h"
-#include "tests/support/HandledForm.h"
 #include "tests/support/RuntimeFixture.h"
 
 namespace routing {
@@ -43,20 +43,20 @@ class ShortMemory : public tests::HeadlessTest {
     }
 
     ShortSplitter splitter_;
-    tests::HandledForm form_;
+    runtime::Form form_{{.name = u"short", .caption = u"Short", .inner = {3000, 1500}}};
 };
 
 TEST_F(ShortMemory, DoesNotKeepAFailedCommandFromUnloadingAllForms) {
-    int unloads = 0;
+    form_.EnsureLoaded();
     bool isReported = false;
     try {
-        ExecuteCommand(u"All,SAVE", {form_, false, [&] { ++unloads; }});
+        ExecuteCommand(u"All,SAVE", form_, false);
     } catch (const std::bad_alloc&) {
         isReported = true;
     }
     tests::MakeMemoryShort(false);
     EXPECT_TRUE(isReported);
-    EXPECT_EQ(unloads, 1);
+    EXPECT_FALSE(form_.IsLoaded());
 }
 
 }  // namespace

@@ -1,0 +1,26 @@
+#include "host/com/Component.h"
+
+#include <utility>
+
+#include "host/Composition.h"
+#include "host/ProcessLife.h"
+#include "host/clsQmxBackProcess.h"
+#include "host/com/Module.h"
+#include "runtime/Error.h"
+
+namespace host::com {
+
+std::unique_ptr<ServiceObject> MakeServiceObject(NotifyServerEvent notifyServer) {
+    EnsureComposed(OwnModule());
+    return std::make_unique<clsQmxBackProcess>(std::move(notifyServer));
+}
+
+std::size_t LiveWindows() noexcept {
+    return LoadedWindowCount();
+}
+
+void GiveUpForms() noexcept {
+    runtime::SkipError(ForgetForms);
+}
+
+}  // namespace host::com
