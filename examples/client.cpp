@@ -1,9 +1,8 @@
-// A client of the component in C++: early bound, through the header made from K4TBackProcess.idl, with an event sink.
-// It uses every member once and shows each step; the exit code is 0 when all went well.
+// A client of the component in C++: early bound, with an event sink. It uses every member once and shows each step; the
+// exit code is 0 when all went well.
 //
-// Compile with a compiler for 32-bit Windows, e.g.
-//     widl -h -o K4TBackProcess.h K4TBackProcess.idl     (or midl /h K4TBackProcess.h K4TBackProcess.idl)
-//     g++ -m32 -static client.cpp -o client.exe -lole32 -loleaut32
+// Compile it in this folder, with MinGW-w64 for 32-bit Windows:
+//     i686-w64-mingw32-g++ -static -I../include client.cpp -o client.exe -lole32 -loleaut32
 #include <cstdio>
 #include <exception>
 #include <memory>

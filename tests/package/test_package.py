@@ -466,7 +466,8 @@ class Packages(Installation):
         with unpacked() as folder:
             names = set(contents(folder))
         self.assertLessEqual({"K4TBackProcess.dll", "K4TBackProcess.manifest", "backproc.exe", "dev/QmxKrn2K.dll", "README.html",
-                              "CHANGELOG.html", "docs/USING.html", "examples/client.vbs"}, names)
+                              "CHANGELOG.html", "docs/USING.html", "examples/client.vbs", "include/K4TBackProcess.h",
+                              "include/K4TBackProcess.idl", "include/QmxKrn2K.h", "lib/libQmxKrn2K.a"}, names)
         self.assertNotIn("QmxKrn2K.dll", names)
         self.assertEqual([name for name in names if name.endswith(".md")], [])
 
@@ -497,6 +498,24 @@ class Packages(Installation):
                     code, output = run("cmd.exe", "/c", command)
                     self.assertEqual(code, 0, output)
         # The clients have left the place of the form.
+        run("reg.exe", "delete", r"HKCU\Software\VB and VBA Program Settings", "/f")
+        self.assert_as_before()
+
+    def test_the_examples_compile_as_they_say(self):
+        with unpacked() as folder:
+            shipped = set((folder / "examples").rglob("*.exe"))
+            for program in shipped:
+                program.unlink()
+            for source in sorted((folder / "examples").rglob("*.cpp")):
+                for line in re.findall(r"^//     (i686-w64-mingw32-g\+\+ .*)$", source.read_text(), re.MULTILINE):
+                    with self.subTest(line):
+                        subprocess.run(line, shell=True, cwd=source.parent, check=True, timeout=TIMEOUT)
+            self.assertEqual(set((folder / "examples").rglob("*.exe")), shipped)
+            self.assertEqual(run(folder / "backproc.exe", "register")[0], 0)
+            code, output = run(folder / "examples" / "client.exe")
+            self.assertEqual(code, 0, output)
+            self.assertIn("event NotifyServer [K4TBACKPROCESS] [SHUTDOWN]", output)
+            self.assertEqual(run(folder / "backproc.exe", "unregister")[0], 0)
         run("reg.exe", "delete", r"HKCU\Software\VB and VBA Program Settings", "/f")
         self.assert_as_before()
 
