@@ -105,7 +105,7 @@ String& InitialText(std::vector<String>& values) {
 
 }  // namespace
 
-Qmxquery::Qmxquery() : AskingForm(DialogDesign()) {
+Qmxquery::Qmxquery() : PromptForm(DialogDesign()) {
     lblPrompt_ = &AddControl(PromptDesign());
     cmdAccept_ = &AddControl(AcceptDesign());
     cmdCancel_ = &AddControl(CancelDesign());
@@ -119,7 +119,7 @@ Qmxquery::Qmxquery() : AskingForm(DialogDesign()) {
 
 String Qmxquery::QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                        std::int32_t& index, bool showButton, const String& buttonCaption) {
-    const Asking asking(*this);
+    const PromptSession session(*this);
     isAnswered_ = false;
     layoutHeight_ = LayOut(kind, prompt, showButton);
     SetCaption(title);
@@ -199,7 +199,7 @@ void Qmxquery::Fill(const std::vector<String>& values, std::int32_t index) {
 void Qmxquery::Wait() {
     const runtime::DefaultPointer pointer;
     ShowModal();
-    if (!isAnswered_) Answer({}, kCancelled);
+    if (!isAnswered_) Finish({}, kCancelled);
 }
 
 void Qmxquery::Accept() {
@@ -210,10 +210,10 @@ void Qmxquery::Accept() {
     const std::int32_t index = IsFixedList(kind_) ? input.ListIndex() + 1 : kNothingChosen;
     input.SetVisible(false);
     if (HasItems(kind_)) input.ClearItems();
-    Answer(text, index);
+    Finish(text, index);
 }
 
-void Qmxquery::Answer(StringView text, std::int32_t index) {
+void Qmxquery::Finish(StringView text, std::int32_t index) {
     resultText_ = text;
     resultIndex_ = index;
     isAnswered_ = true;
@@ -230,8 +230,8 @@ void Qmxquery::OnActivate() {
 
 void Qmxquery::OnClick(Control& control) {
     if (&control == cmdAccept_) Accept();
-    if (&control == cmdCancel_) Answer({}, kCancelled);
-    if (&control == F_Button_) Answer(kExtraButtonText, kExtraButton);
+    if (&control == cmdCancel_) Finish({}, kCancelled);
+    if (&control == F_Button_) Finish(kExtraButtonText, kExtraButton);
 }
 
 void Qmxquery::OnKeyPress(char16_t& character) {

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "dialogs/AskingForm.h"
+#include "dialogs/PromptForm.h"
 #include "dialogs/QueryLayout.h"
 
 namespace dialogs {
@@ -13,7 +13,7 @@ namespace dialogs {
 using runtime::String;
 using runtime::StringView;
 
-class Qmxquery : public AskingForm {
+class Qmxquery : public PromptForm {
  public:
     /// What `index` is afterwards when it is no place among the values.
     enum Result : std::int32_t { kNothingChosen = 0, kCancelled = -1, kExtraButton = -100 };
@@ -57,7 +57,7 @@ class Qmxquery : public AskingForm {
     void Fill(const std::vector<String>& values, std::int32_t index);
     void Wait();
     void Accept();
-    void Answer(StringView text, std::int32_t index);
+    void Finish(StringView text, std::int32_t index);
 
     runtime::Control* lblPrompt_ = nullptr;
     runtime::Control* cmdAccept_ = nullptr;

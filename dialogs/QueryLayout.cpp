@@ -12,8 +12,8 @@ using runtime::Twips;
 
 constexpr Twips kLabelMargin = 120;
 constexpr double kSpareLines = 3;
-constexpr std::int32_t kSmallestHeight = 2000;
-constexpr std::int32_t kSmallestHeightOfTall = 2400;
+constexpr std::int32_t kMinHeight = 2000;
+constexpr std::int32_t kMinTallHeight = 2400;
 constexpr Twips kButtonGap = 120;
 constexpr Twips kRoomLeftOnScreen = 1200;
 constexpr Twips kInputGap = 120;
@@ -33,7 +33,7 @@ std::int32_t LinesFor(const QueryMeasures& measures) {
 std::int32_t QueryFormHeight(const QueryMeasures& measures) {
     const double lines = LinesFor(measures);
     const std::int32_t natural = ToInt32(lines * measures.lineHeight + measures.inputHeight);
-    std::int32_t height = std::max(natural, IsTall(measures.kind) ? kSmallestHeightOfTall : kSmallestHeight);
+    std::int32_t height = std::max(natural, IsTall(measures.kind) ? kMinTallHeight : kMinHeight);
     if (measures.showsButton) height = ToInt32(static_cast<double>(height) + kButtonGap + measures.buttonHeight);
     const bool isTooHigh = static_cast<double>(measures.screenHeight) < height;
     return isTooHigh ? ToInt32(measures.screenHeight - kRoomLeftOnScreen) : height;

@@ -49,7 +49,7 @@ ControlDesign BoxPromptDesign() {
 
 }  // namespace
 
-frmQMXMsgBox::frmQMXMsgBox() : AskingForm(BoxDesign()) {
+frmQMXMsgBox::frmQMXMsgBox() : PromptForm(BoxDesign()) {
     AddControl(ImageDesign());
     lblPrompt_ = &AddControl(BoxPromptDesign());
     cmdBut_[0] = &AddButton(0, 180, u"&Yes", u"39171");
@@ -72,7 +72,7 @@ Control& frmQMXMsgBox::AddButton(int index, Twips left, StringView caption, Stri
 }
 
 std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringView title) {
-    const Asking asking(*this);
+    const PromptSession session(*this);
     const runtime::Rect design = lblPrompt_->Bounds();
     const std::int32_t origW = runtime::ToInt32(design.width);
     const std::int32_t origH = runtime::ToInt32(design.height);

@@ -6,14 +6,14 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "dialogs/AskingForm.h"
+#include "dialogs/PromptForm.h"
 
 namespace dialogs {
 
 using runtime::String;
 using runtime::StringView;
 
-class frmQMXMsgBox : public AskingForm {
+class frmQMXMsgBox : public PromptForm {
  public:
     /// The answers; all but kYesToAll are the platform's own codes.
     enum Result : std::int32_t { kCancel = 2, kYes = 6, kNo = 7, kYesToAll = 8 };

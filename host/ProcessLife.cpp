@@ -41,7 +41,7 @@ void ForgetForms() {
     routing::ForgetOpenMessages();
     if (!mainForm) return;
     // It may have been on its way in or out, without a window.
-    mainForm->Forget();
+    mainForm->AbandonWindow();
     mainForm->GiveUpClaim();
 }
 

@@ -49,7 +49,7 @@ void ForgetWhileAsking(runtime::headless::MemoryWindows& windows, const std::fun
     std::unique_ptr<Dialog> asking;
     windows.Post([&] {
         asking.reset(dialogs::SharedDialog<Dialog>().get());
-        EXPECT_TRUE(asking->IsAsking());
+        EXPECT_TRUE(asking->HasOpenPrompt());
         ForgetForms();
         EXPECT_EQ(dialogs::SharedDialog<Dialog>(), nullptr);
         EXPECT_EQ(LoadedWindowCount(), 0u);
@@ -63,7 +63,7 @@ TEST_F(ForgettingForms, MessageBoxIsOpen_NextQuestionGetsANewBox) {
         EXPECT_EQ(dialogs::AskWithSuiteBox(u"Overwrite?", 0, u"Title"), dialogs::frmQMXMsgBox::kCancel);
     });
     memory_.windows.Post([] {
-        EXPECT_TRUE(dialogs::SharedDialog<dialogs::frmQMXMsgBox>()->IsAsking());
+        EXPECT_TRUE(dialogs::SharedDialog<dialogs::frmQMXMsgBox>()->HasOpenPrompt());
         dialogs::SharedDialog<dialogs::frmQMXMsgBox>()->Hide();
     });
     dialogs::AskWithSuiteBox(u"Overwrite?", 0, u"Title");
@@ -75,7 +75,7 @@ TEST_F(ForgettingForms, QueryDialogIsOpen_NextQuestionGetsANewDialog) {
     const auto ask = [&] { dialogs::AskQuery(u"Title", u"Name?", values, dialogs::kText, index, false, u""); };
     ForgetWhileAsking<dialogs::Qmxquery>(memory_.windows, ask);
     memory_.windows.Post([] {
-        EXPECT_TRUE(dialogs::SharedDialog<dialogs::Qmxquery>()->IsAsking());
+        EXPECT_TRUE(dialogs::SharedDialog<dialogs::Qmxquery>()->HasOpenPrompt());
         dialogs::SharedDialog<dialogs::Qmxquery>()->Hide();
     });
     ask();

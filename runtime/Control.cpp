@@ -21,7 +21,7 @@ void Control::SetBounds(const Rect& bounds) {
     form_.EnsureLoaded();
     bounds_ = bounds;
     native_->SetBounds(bounds_);
-    FollowOwnHeight();
+    TakeNativeHeight();
 }
 
 void Control::SetLeft(Twips left) {
@@ -64,20 +64,20 @@ String Control::Tag() {
     return design_.tag;
 }
 
-void Control::RequireText() {
+void Control::CheckHasText() {
     form_.EnsureLoaded();
     if (design_.kind == ControlKind::kPicture) throw ErrorAbout(kPropertyNotSupported, Name());
 }
 
 String Control::Text() {
-    RequireText();
+    CheckHasText();
     if (HasList(design_.kind) && !HasEdit(design_.kind)) return SelectedItem();
-    TakeUsersText();
+    FetchText();
     return text_;
 }
 
 void Control::SetText(StringView text) {
-    RequireText();
+    CheckHasText();
     if (HasList(design_.kind) && !HasEdit(design_.kind)) {
         const auto found = std::find(items_.begin(), items_.end(), text);
         if (found == items_.end()) throw ErrorAbout(kPropertyIsReadOnly, Name() + u" has no item of this text");
@@ -88,21 +88,21 @@ void Control::SetText(StringView text) {
     userHasText_ = false;
     listIndex_ = kNoItem;
     native_->SetText(text_);
-    FollowText();
+    SizeToText();
 }
 
 runtime::Font Control::Font() {
-    RequireText();
+    CheckHasText();
     return font_;
 }
 
 void Control::SetFont(const runtime::Font& font) {
-    RequireText();
+    CheckHasText();
     if (font == font_) return;
     font_ = font;
     native_->SetFont(font_);
-    FollowText();
-    FollowOwnHeight();
+    SizeToText();
+    TakeNativeHeight();
 }
 
 void Control::SetTabIndex(int index) {
@@ -157,21 +157,21 @@ void Control::Attach(NativeWindow& window) {
     native_->SetText(text_);
     native_->SetBounds(bounds_);
     if (!visible_) native_->SetVisible(false);
-    FollowOwnHeight();
-    FollowForm(window.InnerSize());
+    TakeNativeHeight();
+    Dock(window.InnerSize());
 }
 
 void Control::Detach() {
     native_ = nullptr;
 }
 
-void Control::FollowForm(Size inner) {
+void Control::Dock(Size inner) {
     if (design_.align != Align::kBottom) return;
     bounds_ = {0, inner.height - bounds_.height, inner.width, bounds_.height};
     native_->SetBounds(bounds_);
 }
 
-void Control::FollowText() {
+void Control::SizeToText() {
     if (!design_.sizesItself) return;
     WindowsPort& windows = CurrentPorts().windows;
     const Twips besideLabel = form_.Width() - bounds_.width;
@@ -181,7 +181,7 @@ void Control::FollowText() {
     native_->SetBounds(bounds_);
 }
 
-void Control::FollowOwnHeight() {
+void Control::TakeNativeHeight() {
     if (DropsDown(design_.kind)) bounds_.height = native_->List()->ClosedHeight();
 }
 

@@ -117,13 +117,13 @@ class Control {
  private:
     friend class Form;
 
-    void RequireText();
+    void CheckHasText();
     void Attach(NativeWindow& window);
     void Detach();
     /// Docks an aligned control anew after the client area changed.
-    void FollowForm(Size inner);
-    void FollowText();
-    void FollowOwnHeight();
+    void Dock(Size inner);
+    void SizeToText();
+    void TakeNativeHeight();
     /// The user's doing.
     void OnEdited();
     void OnChosen(int item);
@@ -133,8 +133,8 @@ class Control {
     NativeList& LoadedList();
     void Select(int index);
     String SelectedItem() const;
-    String MustBePlace(int least, int index) const;
-    void TakeUsersText();
+    String IndexRangeMessage(int least, int index) const;
+    void FetchText();
 
     static constexpr int kNoItem = -1;
 

@@ -27,7 +27,7 @@ void Control::SetAccessibleName(StringView name) {
     native_->SetAccessibleName(String(name));
 }
 
-void Control::TakeUsersText() {
+void Control::FetchText() {
     if (!userHasText_) return;
     text_ = native_->Edit()->Text();
     userHasText_ = false;
@@ -59,7 +59,7 @@ std::size_t Control::SelStart() {
 void Control::SetSelStart(std::ptrdiff_t start) {
     NativeEdit& edit = LoadedEdit();
     if (start < 0) throw ErrorAbout(kInvalidPropertyValue, u"SelStart of " + Name());
-    TakeUsersText();
+    FetchText();
     edit.SetSelection({std::min(static_cast<std::size_t>(start), text_.size()), 0});
 }
 
@@ -70,7 +70,7 @@ std::size_t Control::SelLength() {
 void Control::SetSelLength(std::ptrdiff_t length) {
     NativeEdit& edit = LoadedEdit();
     if (length < 0) throw ErrorAbout(kInvalidPropertyValue, u"SelLength of " + Name());
-    TakeUsersText();
+    FetchText();
     const std::size_t start = std::min(edit.Selection().start, text_.size());
     edit.SetSelection({start, std::min(static_cast<std::size_t>(length), text_.size() - start)});
 }
@@ -100,7 +100,8 @@ int Control::ItemCount() {
 
 String Control::Item(int index) {
     LoadedList();
-    if (index < 0 || index >= ItemCount()) throw ErrorAbout(kInvalidPropertyIndex, u"item of " + MustBePlace(0, index));
+    if (index < 0 || index >= ItemCount())
+        throw ErrorAbout(kInvalidPropertyIndex, u"item of " + IndexRangeMessage(0, index));
     return items_[static_cast<std::size_t>(index)];
 }
 
@@ -112,7 +113,7 @@ int Control::ListIndex() {
 void Control::SetListIndex(int index) {
     LoadedList();
     if (index < kNoItem || index >= ItemCount()) {
-        throw ErrorAbout(kInvalidPropertyValue, u"ListIndex of " + MustBePlace(kNoItem, index));
+        throw ErrorAbout(kInvalidPropertyValue, u"ListIndex of " + IndexRangeMessage(kNoItem, index));
     }
     Select(index);
 }
@@ -122,7 +123,7 @@ void Control::Select(int index) {
     native_->List()->Choose(index);
 }
 
-String Control::MustBePlace(int least, int index) const {
+String Control::IndexRangeMessage(int least, int index) const {
     const auto decimal = [](std::ptrdiff_t number) { return FromAscii(std::to_string(number)); };
     return Name() + u" must be " + decimal(least) + u" to " + decimal(std::ssize(items_) - 1) + u", not " +
            decimal(index);

@@ -57,8 +57,8 @@ void Form::MakeWindow() {
     state_ = WindowState::kNormal;
     visible_ = false;
     wasShown_ = false;
-    enterWentDown_ = false;
-    isLost_ = false;
+    enterPressedHere_ = false;
+    isDestroyedByOthers_ = false;
     backColour_ = design_.backColour;
     font_ = {};
     scaleMode_ = kScaleTwips;
@@ -90,13 +90,13 @@ bool Form::Unload(UnloadReason reason) {
     error.Run([&] { OnQueryUnload(cancel, reason); });
     if (!cancel) error.Run([&] { OnUnload(cancel); });
     unloading_ = false;
-    const bool isRefused = window_ && cancel && !isLost_ && !error.IsKept();
+    const bool isRefused = window_ && cancel && !isDestroyedByOthers_ && !error.IsKept();
     if (window_ && !isRefused) DestroyWindow();
     error.Rethrow();
     return !isRefused;
 }
 
-void Form::Forget() {
+void Form::AbandonWindow() {
     // What was going on is the other thread's, and what it had on its stack may be gone.
     modal_ = nullptr;
     loading_ = false;
@@ -168,7 +168,7 @@ void Form::SetBounds(const Rect& bounds) {
 
 void Form::Resized() {
     const Size inner = window_->InnerSize();
-    for (const auto& control : controls_) control->FollowForm(inner);
+    for (const auto& control : controls_) control->Dock(inner);
     OnResize();
 }
 
@@ -326,7 +326,7 @@ void Form::Activated() {
 }
 
 void Form::Lost() {
-    isLost_ = true;
+    isDestroyedByOthers_ = true;
     SkipError([this] { Unload(UnloadReason::kSystemEnd); });
 }
 

@@ -55,8 +55,9 @@ class Form : private WindowEvents {
     void EnsureLoaded();
     /// Nothing for a form that is not loaded. A handler may refuse; then the form stays, and the answer is false.
     bool Unload(UnloadReason reason = UnloadReason::kCode);
-    /// The window belongs to another thread, or went with it: leaves the loaded forms, without any handler.
-    void Forget();
+    /// Unloads the form without its handlers, because its window belongs to another thread or ended with it. May be
+    /// called on any thread when the form's own thread no longer uses it.
+    void AbandonWindow();
 
     String Caption();
     void SetCaption(StringView caption);
@@ -158,7 +159,7 @@ class Form : private WindowEvents {
     bool Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated);
     bool Press(Control* button);
     bool PressCancel(bool isRepeated);
-    bool WritesHeldEnter() const;
+    bool AcceptsRepeatedEnter() const;
     void WalkFocus(int step);
     std::vector<Control*> Reachable() const;
 
@@ -176,8 +177,8 @@ class Form : private WindowEvents {
     WindowState state_ = WindowState::kNormal;
     bool visible_ = false;
     bool wasShown_ = false;
-    bool enterWentDown_ = false;  ///< since the form was loaded, and not as a repetition
-    bool isLost_ = false;         ///< somebody else destroyed the window; an unload cannot be refused
+    bool enterPressedHere_ = false;     ///< since the form was loaded, and not as a repetition
+    bool isDestroyedByOthers_ = false;  ///< somebody else destroyed the window; an unload cannot be refused
     Colour backColour_ = kButtonFace;
     runtime::Font font_;
     std::int16_t scaleMode_ = 1;

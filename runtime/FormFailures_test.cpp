@@ -22,7 +22,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tests::ErrorOf;
 
-constexpr Twips kWidestHere = 4500;
+constexpr Twips kMaxWidthHere = 4500;
 
 /// A list into which nothing more goes when `isFull`.
 struct FullControl : headless::MemoryControl {
@@ -37,8 +37,8 @@ struct FullControl : headless::MemoryControl {
     const bool& isFull;
 };
 
-/// Refuses controls or items, makes no window wider than kWidestHere, or lets something happen when other windows take
-/// input again, as its test wants.
+/// Refuses controls or items, makes no window wider than kMaxWidthHere, or lets something happen when other windows
+/// take input again, as its test wants.
 class StubbornWindows : public headless::MemoryWindows {
  public:
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override {
@@ -84,7 +84,7 @@ class StubbornWindows : public headless::MemoryWindows {
         }
         void SetBounds(const Rect& newOuter) override {
             Rect allowed = newOuter;
-            if (system_.limitsWidth) allowed.width = std::min(allowed.width, kWidestHere);
+            if (system_.limitsWidth) allowed.width = std::min(allowed.width, kMaxWidthHere);
             MemoryWindow::SetBounds(allowed);
         }
 
@@ -118,7 +118,7 @@ TEST_F(FormOverStubbornWindows, CorrectedSizeIsTakenOverAndRaisesOneResize) {
     form_.EnsureLoaded();
     windows_.limitsWidth = true;
     form_.SetWidth(9000);
-    EXPECT_EQ(form_.Width(), kWidestHere);
+    EXPECT_EQ(form_.Width(), kMaxWidthHere);
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
 }
 
@@ -295,23 +295,23 @@ TEST_F(WindowThatGoes, KeepsTheErrorsOfItsHandlersToItself) {
 TEST_F(WindowThatGoes, IsForgottenWithoutAnyHandler) {
     form_.EnsureLoaded();
     form_.refusesQuery = true;
-    form_.Forget();
+    form_.AbandonWindow();
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_EQ(LoadedForms().Count(), 0u);
     EXPECT_THAT(form_.log, ElementsAre("load"));
-    form_.Forget();
+    form_.AbandonWindow();
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
 TEST_F(WindowThatGoes, IsForgottenWithWhateverWasGoingOn) {
     form_.onLoad = [this] {
-        form_.Forget();
+        form_.AbandonWindow();
         form_.onLoad = {};
         EXPECT_EQ(form_.Caption(), u"Design");  // loads it anew: that load is over
     };
     form_.EnsureLoaded();
     form_.onUnload = [this] {
-        form_.Forget();
+        form_.AbandonWindow();
         EXPECT_FALSE(form_.IsUnloading());
     };
     form_.Unload();

@@ -89,8 +89,8 @@ bool Form::PressCancel(bool isRepeated) {
 }
 
 // A held Enter may have been meant for another form. One that has gone down here writes lines as long as it is held.
-bool Form::WritesHeldEnter() const {
-    return !focused_ || (enterWentDown_ && focused_->Kind() == ControlKind::kTextBlock);
+bool Form::AcceptsRepeatedEnter() const {
+    return !focused_ || (enterPressedHere_ && focused_->Kind() == ControlKind::kTextBlock);
 }
 
 bool Form::Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
@@ -105,8 +105,8 @@ bool Form::Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
             // Here and not by the character: its handlers must find the item chosen.
             if (onOpenList) focused_->CloseList(true);
             if (onButton) return isRepeated || Press(focused_);
-            if (!isRepeated) enterWentDown_ = true;
-            return isRepeated && !WritesHeldEnter();
+            if (!isRepeated) enterPressedHere_ = true;
+            return isRepeated && !AcceptsRepeatedEnter();
         case kKeySpace:
             return onButton && (isRepeated || Press(focused_));
         case kKeyEscape:

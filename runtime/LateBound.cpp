@@ -5,8 +5,8 @@
 namespace runtime {
 namespace {
 
-constexpr std::int16_t kSmallestSize = 1;
-constexpr std::int16_t kLargestSize = 2160;
+constexpr std::int16_t kMinSize = 1;
+constexpr std::int16_t kMaxSize = 2160;
 
 /// Stores a value of exactly this type.
 template <typename Part>
@@ -28,7 +28,7 @@ AccessError PutName(Font& font, const PropertyValue& value) {
 AccessError PutSize(Font& font, const PropertyValue& value) {
     const std::int16_t* const size = std::get_if<std::int16_t>(&value);
     if (!size) return kTypeMismatch;
-    if (*size < kSmallestSize || *size > kLargestSize) return kInvalidPropertyValue;
+    if (*size < kMinSize || *size > kMaxSize) return kInvalidPropertyValue;
     font.size = *size;
     return kNoError;
 }

@@ -81,8 +81,8 @@ class Decimal {
         if (size_ == 0) return 0;
         exponent_ += powerOfTen;
         const std::int64_t magnitude = exponent_ + static_cast<std::int64_t>(size_);
-        if (magnitude > kLargestMagnitude) throw Error(kOverflow);
-        if (magnitude < kSmallestMagnitude) return 0;
+        if (magnitude > kMaxMagnitude) throw Error(kOverflow);
+        if (magnitude < kMinMagnitude) return 0;
         if (isCut_) Append('1');
         // From 20 digits on the library works in integers only. With fewer it may multiply two doubles, which is
         // rounded twice where the floating-point unit keeps more bits than a double has (32-bit code).
@@ -93,8 +93,8 @@ class Decimal {
  private:
     // A double is decided by its first 767 significant digits and whether anything but zeros follows.
     static constexpr std::size_t kKeptDigits = 768;
-    static constexpr std::int64_t kLargestMagnitude = 309;
-    static constexpr std::int64_t kSmallestMagnitude = -324;
+    static constexpr std::int64_t kMaxMagnitude = 309;
+    static constexpr std::int64_t kMinMagnitude = -324;
     static constexpr std::size_t kExponentRoom = 24;
 
     void Append(char digit) {

@@ -6,9 +6,9 @@
 namespace runtime {
 
 int PixelGrid::ToPixels(Twips twips) const {
-    constexpr Twips kFarthest = 32767;
+    constexpr Twips kMaxDistance = 32767;
     const Twips pixels = twips * dpi_ / kTwipsPerInch;
-    return static_cast<int>(std::lround(std::clamp(pixels, -kFarthest, kFarthest)));
+    return static_cast<int>(std::lround(std::clamp(pixels, -kMaxDistance, kMaxDistance)));
 }
 
 Rect PixelGrid::Whole(const Rect& rect) const {

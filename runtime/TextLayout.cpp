@@ -97,7 +97,7 @@ class LineBreaker {
     Part Fill(StringView rest) {
         Part filled;
         for (std::size_t limit = kFirstOffer; filled.length < rest.size();
-             limit = std::min(2 * limit, TextMeasure::kLongestRun)) {
+             limit = std::min(2 * limit, TextMeasure::kMaxRun)) {
             const StringView offer = Start(rest.substr(filled.length), limit);
             const StringView fitting = FittingStart(offer, std::max(wrapWidth_ - filled.width, 0));
             if (!fitting.empty()) filled.width = Add(filled.width, measure_.Width(fitting));
@@ -136,7 +136,7 @@ class LineBreaker {
     int WidthOf(StringView text) {
         int width = 0;
         while (!text.empty()) {
-            const StringView run = Start(text, TextMeasure::kLongestRun);
+            const StringView run = Start(text, TextMeasure::kMaxRun);
             width = Add(width, measure_.Width(run));
             text.remove_prefix(run.size());
         }

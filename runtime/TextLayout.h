@@ -22,7 +22,7 @@ class TextMeasure {
  public:
     /// The most characters that LayOut passes in one call; with that, the time for a text is linear in its length
     /// even where the time for a run is more than linear.
-    static constexpr std::size_t kLongestRun = 1024;
+    static constexpr std::size_t kMaxRun = 1024;
 
     virtual ~TextMeasure() = default;
     /// Width of `run`, which has neither line ends nor tabs.

@@ -200,7 +200,7 @@ TEST(TextLayout, StaysAtTheEndOfTheRange) {
     UnitMeasure measure;
     measure.wideWidth = 2'000'000'000;
     measure.lineHeight = 2'000'000'000;
-    const String wide = String(TextMeasure::kLongestRun - 1, u'a') + u"W" + String(1023, u'a') + u"W\n";
+    const String wide = String(TextMeasure::kMaxRun - 1, u'a') + u"W" + String(1023, u'a') + u"W\n";
     const TextLayout layout = LayOut(wide, kNoWrap, measure);
     EXPECT_EQ(layout.width, std::numeric_limits<int>::max());
     EXPECT_EQ(layout.height, std::numeric_limits<int>::max());

@@ -6,7 +6,7 @@ namespace runtime::win32 {
 
 thread_local Callback::Scope* Callback::Scope::innermost_ = nullptr;
 
-void Callback::Scope::Keep(std::exception_ptr error) noexcept {
+void Callback::Scope::Store(std::exception_ptr error) noexcept {
     if (innermost_) {
         if (!innermost_->kept_) innermost_->kept_ = std::move(error);
         return;

@@ -1,6 +1,7 @@
-// The guard between the window system and our handlers. An error must not leave a window procedure, so it is kept
-// there and thrown again by the call of ours that led into the window system; when the client's own message loop led
-// there, nobody of ours waits for it and it is reported to the debugger.
+// The guard between the window system and our handlers. An error must not leave a window procedure: with this tool
+// chain that ends the process. Guard stores the error, and the enclosing CallSystem of the same thread throws it again.
+// When the client's own message loop called the window procedure there is no such call, and the debugger gets the text
+// of the error. May be used on any thread.
 #pragma once
 
 #include <exception>
@@ -11,21 +12,21 @@ namespace runtime::win32 {
 
 class Callback {
  public:
-    /// Runs a handler for the window system. Never throws; returns `failed` when the handler did.
+    /// Runs a handler that the window system calls. Never throws; returns `failed` when the handler did.
     template <typename Result, typename Handler>
     static Result Guard(Result failed, Handler&& handler) noexcept {
         try {
             return handler();
         } catch (...) {
-            Scope::Keep(std::current_exception());
+            Scope::Store(std::current_exception());
             return failed;
         }
     }
 
-    /// Runs a call into the window system; throws the error that a handler left meanwhile, unless the call itself
-    /// throws.
+    /// Runs a call that can lead into handlers of ours; then throws the first error that they have left. An error of
+    /// the call itself comes first.
     template <typename Call>
-    static auto Into(Call&& call) {
+    static auto CallSystem(Call&& call) {
         Scope scope;
         if constexpr (std::is_void_v<decltype(call())>) {
             call();
@@ -38,7 +39,7 @@ class Callback {
     }
 
  private:
-    /// One call into the window system. Calls nest, and each has the errors of its own handlers.
+    /// One call of CallSystem. Calls nest, and each has the errors of its own handlers.
     class Scope {
      public:
         Scope() : outer_(std::exchange(innermost_, this)) {}
@@ -49,7 +50,7 @@ class Callback {
         void ThrowKept() {
             if (kept_) std::rethrow_exception(std::exchange(kept_, nullptr));
         }
-        static void Keep(std::exception_ptr error) noexcept;
+        static void Store(std::exception_ptr error) noexcept;
 
      private:
         Scope* const outer_;

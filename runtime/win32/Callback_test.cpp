@@ -18,12 +18,12 @@ int RunFailingHandler(std::int32_t number) {
 
 TEST(Callback, HandlersResultPasses) {
     EXPECT_EQ(Callback::Guard(-1, [] { return 7; }), 7);
-    EXPECT_EQ(Callback::Into([] { return 8; }), 8);
+    EXPECT_EQ(Callback::CallSystem([] { return 8; }), 8);
 }
 
 TEST(Callback, ErrorOfAHandlerIsThrownByTheCallThatLedToIt) {
     int answer = 0;
-    EXPECT_EQ(ErrorOf([&] { Callback::Into([&] { answer = RunFailingHandler(kOverflow); }); }), kOverflow);
+    EXPECT_EQ(ErrorOf([&] { Callback::CallSystem([&] { answer = RunFailingHandler(kOverflow); }); }), kOverflow);
     EXPECT_EQ(answer, -1);
 }
 
@@ -32,17 +32,17 @@ TEST(Callback, OfTwoErrorsTheFirstIsThrown) {
         RunFailingHandler(kOverflow);
         RunFailingHandler(kTypeMismatch);
     };
-    EXPECT_EQ(ErrorOf([&] { Callback::Into(two); }), kOverflow);
+    EXPECT_EQ(ErrorOf([&] { Callback::CallSystem(two); }), kOverflow);
 }
 
 TEST(Callback, NestedCallsHaveTheErrorsOfTheirOwnHandlers) {
     std::int32_t inner = 0;
     std::int32_t innerLater = 0;
     const std::int32_t outer = ErrorOf([&] {
-        Callback::Into([&] {
+        Callback::CallSystem([&] {
             RunFailingHandler(kOverflow);
-            inner = ErrorOf([] { Callback::Into([] { RunFailingHandler(kTypeMismatch); }); });
-            innerLater = ErrorOf([] { Callback::Into([] {}); });
+            inner = ErrorOf([] { Callback::CallSystem([] { RunFailingHandler(kTypeMismatch); }); });
+            innerLater = ErrorOf([] { Callback::CallSystem([] {}); });
         });
     });
     EXPECT_EQ(inner, kTypeMismatch);
@@ -52,16 +52,18 @@ TEST(Callback, NestedCallsHaveTheErrorsOfTheirOwnHandlers) {
 
 TEST(Callback, ErrorOfAnInnerCallThatIsDealtWithDoesNotReachTheOuterOne) {
     EXPECT_EQ(
-        ErrorOf([] { Callback::Into([] { ErrorOf([] { Callback::Into([] { RunFailingHandler(kOverflow); }); }); }); }),
+        ErrorOf([] {
+            Callback::CallSystem([] { ErrorOf([] { Callback::CallSystem([] { RunFailingHandler(kOverflow); }); }); });
+        }),
         0);
 }
 
 TEST(Callback, ErrorAfterAnInnerCallReachesTheOuterOne) {
     const auto later = [] {
-        Callback::Into([] {});
+        Callback::CallSystem([] {});
         RunFailingHandler(kOverflow);
     };
-    EXPECT_EQ(ErrorOf([&] { Callback::Into(later); }), kOverflow);
+    EXPECT_EQ(ErrorOf([&] { Callback::CallSystem(later); }), kOverflow);
 }
 
 TEST(Callback, OwnErrorOfACallGoesBeforeThatOfAHandlerAndNothingIsLeftOver) {
@@ -69,14 +71,14 @@ TEST(Callback, OwnErrorOfACallGoesBeforeThatOfAHandlerAndNothingIsLeftOver) {
         RunFailingHandler(kOverflow);
         throw Error(kTypeMismatch);
     };
-    EXPECT_EQ(ErrorOf([&] { Callback::Into(failing); }), kTypeMismatch);
-    EXPECT_EQ(ErrorOf([] { Callback::Into([] {}); }), 0);
+    EXPECT_EQ(ErrorOf([&] { Callback::CallSystem(failing); }), kTypeMismatch);
+    EXPECT_EQ(ErrorOf([] { Callback::CallSystem([] {}); }), 0);
 }
 
 TEST(Callback, ErrorThatNoCallOfOursWaitsForIsDropped) {
     EXPECT_EQ(RunFailingHandler(kOverflow), -1);
     EXPECT_EQ(Callback::Guard(-1, []() -> int { throw 5; }), -1);
-    EXPECT_EQ(ErrorOf([] { Callback::Into([] {}); }), 0);
+    EXPECT_EQ(ErrorOf([] { Callback::CallSystem([] {}); }), 0);
 }
 
 }  // namespace

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "runtime/win32/SystemFailure.h"
+#include "runtime/win32/OutOfResources.h"
 
 namespace runtime::win32 {
 
 GdiMeasure::GdiMeasure(HFONT font) : context_(CreateCompatibleDC(nullptr)), former_(nullptr) {
-    if (!context_) throw SystemFailure(u"nothing to measure texts with");
+    if (!context_) throw OutOfResources(u"nothing to measure texts with");
     former_ = SelectObject(context_, font);
 }
 

@@ -27,7 +27,7 @@ void HelpControl::Call(NativeHandle owner, StringView file, UINT command) {
     const auto htmlHelp = Entry<HtmlHelp<char>>("HtmlHelpA");
     if (!htmlHelp) return;
     const std::string name = Win32Locale().ToAnsi(file);
-    Callback::Into([&] { htmlHelp(reinterpret_cast<HWND>(owner), name.c_str(), command, 0); });
+    Callback::CallSystem([&] { htmlHelp(reinterpret_cast<HWND>(owner), name.c_str(), command, 0); });
 }
 
 bool HelpControl::Open(HWND owner, const String& file, std::int32_t context) {

@@ -51,12 +51,12 @@ std::optional<String> RegistrySettings::Get(StringView application, StringView s
 }
 
 void RegistrySettings::Save(StringView application, StringView section, StringView key, StringView value) {
-    constexpr std::size_t kLongest = std::numeric_limits<DWORD>::max() / sizeof(char16_t) - 1;
+    constexpr std::size_t kMaxLength = std::numeric_limits<DWORD>::max() / sizeof(char16_t) - 1;
     if (!IsName(application) || !IsName(section) || !IsName(key)) {
         const String path = String(application) + u'\\' + String(section) + u'\\' + String(key);
         throw ErrorAbout(kInvalidProcedureCall, u"'" + path + u"' cannot be the name of a setting");
     }
-    if (value.size() > kLongest) {
+    if (value.size() > kMaxLength) {
         throw ErrorAbout(kInvalidProcedureCall, u"the value of '" + String(key) + u"' is too long");
     }
     HKEY opened = nullptr;

@@ -3,8 +3,8 @@
 #include <commctrl.h>
 
 #include "runtime/win32/Callback.h"
+#include "runtime/win32/OutOfResources.h"
 #include "runtime/win32/Pixels.h"
-#include "runtime/win32/SystemFailure.h"
 
 namespace runtime::win32 {
 namespace {
@@ -25,7 +25,7 @@ Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlL
     parts.cbSize = sizeof parts;
     GetComboBoxInfo(Window(), &parts);
     edit_ = parts.hwndItem;
-    if (!edit_) throw SystemFailure(u"no text box in a combo box");
+    if (!edit_) throw OutOfResources(u"no text box in a combo box");
     // As long as memory holds it.
     SendMessageW(edit_, EM_SETLIMITTEXT, 0, 0);
 }
@@ -36,7 +36,7 @@ void Win32Combo::SetBounds(const Rect& bounds) {
     const auto itemHeight = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, 0, 0));
     // The window system takes the height of the open control, and gives the closed one its own.
     const int open = ToPixels(ClosedHeight()) + kItemsInList * itemHeight + 2 * GetSystemMetrics(SM_CYBORDER);
-    Callback::Into([&] {
+    Callback::CallSystem([&] {
         SetWindowPos(Window(), nullptr, static_cast<int>(closed.left), static_cast<int>(closed.top),
                      static_cast<int>(closed.right - closed.left), open, SWP_NOZORDER | SWP_NOACTIVATE);
     });
@@ -49,7 +49,7 @@ void Win32Combo::SetFont(const Font& font) {
 
 void Win32Combo::SetText(const String& text) {
     if (!edit_) return;
-    const Whilst setting(isSetting_);
+    const ScopedFlag setting(isSetting_);
     SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     Win32Control::SetText(text);
     SetSelection({});
@@ -61,13 +61,13 @@ void Win32Combo::Add(const String& item) {
 }
 
 void Win32Combo::Clear() {
-    const Whilst setting(isSetting_);
+    const ScopedFlag setting(isSetting_);
     SendMessageW(Window(), CB_RESETCONTENT, 0, 0);
     if (edit_) SetWindowTextW(edit_, L"");
 }
 
 void Win32Combo::Choose(int index) {
-    const Whilst setting(isSetting_);
+    const ScopedFlag setting(isSetting_);
     SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
@@ -76,14 +76,16 @@ bool Win32Combo::IsOpen() {
 }
 
 void Win32Combo::Close(bool choose) {
-    const auto press = [this](WPARAM key) { Callback::Into([&] { SendMessageW(Window(), WM_KEYDOWN, key, 1); }); };
+    const auto press = [this](WPARAM key) {
+        Callback::CallSystem([&] { SendMessageW(Window(), WM_KEYDOWN, key, 1); });
+    };
     // The one message after which the window itself tells a choice from a cancelled one.
     if (choose) {
         press(VK_RETURN);
         return;
     }
     {
-        const Whilst setting(isSetting_);
+        const ScopedFlag setting(isSetting_);
         press(VK_ESCAPE);
         if (!HasChangedSinceOpening()) return;
         PutBackOpening();

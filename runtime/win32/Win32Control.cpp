@@ -3,8 +3,8 @@
 #include <commctrl.h>
 
 #include "runtime/win32/Callback.h"
+#include "runtime/win32/OutOfResources.h"
 #include "runtime/win32/Pixels.h"
-#include "runtime/win32/SystemFailure.h"
 #include "runtime/win32/Win32Combo.h"
 #include "runtime/win32/Win32Label.h"
 #include "runtime/win32/Win32ListBox.h"
@@ -55,7 +55,7 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKin
     }
     window_ = CreateChild(reinterpret_cast<HWND>(parent.Handle()), system.Instance(), windowKind.className, L"",
                           WS_VISIBLE | windowKind.style, windowKind.extendedStyle, id);
-    if (!window_) throw SystemFailure(u"no window for a control");
+    if (!window_) throw OutOfResources(u"no window for a control");
 }
 
 Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
@@ -72,7 +72,7 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const Cont
 
 void Win32Control::SetBounds(const Rect& bounds) {
     const RECT pixels = ToPixels(bounds);
-    Callback::Into([&] {
+    Callback::CallSystem([&] {
         SetWindowPos(window_, nullptr, static_cast<int>(pixels.left), static_cast<int>(pixels.top),
                      static_cast<int>(pixels.right - pixels.left), static_cast<int>(pixels.bottom - pixels.top),
                      SWP_NOZORDER | SWP_NOACTIVATE);
@@ -84,17 +84,17 @@ void Win32Control::SetText(const String& text) {
     if (kind_ == ControlKind::kStatusBar) {
         SendMessageW(window_, SB_SETTEXTW, SB_SIMPLEID, reinterpret_cast<LPARAM>(Wide(shown)));
     } else {
-        Callback::Into([&] { SetWindowTextW(window_, Wide(shown)); });
+        Callback::CallSystem([&] { SetWindowTextW(window_, Wide(shown)); });
     }
 }
 
 void Win32Control::SetFont(const Font& font) {
     const HFONT made = system_.Fonts().Get(font);
-    Callback::Into([&] { SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(made), TRUE); });
+    Callback::CallSystem([&] { SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(made), TRUE); });
 }
 
 void Win32Control::SetVisible(bool visible) {
-    Callback::Into([&] { ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE); });
+    Callback::CallSystem([&] { ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE); });
 }
 
 void Win32Control::SetFocus() {
@@ -113,7 +113,7 @@ void Win32Control::SetAccessibleName(const String& name) {
         return;
     }
     name_ = CreateChild(GetParent(window_), system_.Instance(), WC_STATICW, Wide(shown), SS_NOPREFIX, 0, -1);
-    if (!name_) throw SystemFailure(u"no window for a control's name");
+    if (!name_) throw OutOfResources(u"no window for a control's name");
     const auto putBehind = [](HWND window, HWND before) {
         SetWindowPos(window, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     };

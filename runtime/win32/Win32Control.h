@@ -44,12 +44,12 @@ class Win32Control : public NativeControl {
     Win32Control(Win32Window& parent, Win32Windows& system, ControlKind kind, int id, const WindowKind& windowKind);
 
     /// Sets a flag as long as it lives.
-    class Whilst {
+    class ScopedFlag {
      public:
-        explicit Whilst(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-        Whilst(const Whilst&) = delete;
-        Whilst& operator=(const Whilst&) = delete;
-        ~Whilst() { flag_ = before_; }
+        explicit ScopedFlag(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+        ScopedFlag(const ScopedFlag&) = delete;
+        ScopedFlag& operator=(const ScopedFlag&) = delete;
+        ~ScopedFlag() { flag_ = before_; }
 
      private:
         bool& flag_;

@@ -12,10 +12,10 @@ namespace runtime::win32 {
 namespace {
 
 /// The system's own limit, which not every one of its functions checks.
-constexpr std::size_t kLongestPath = 32767;
+constexpr std::size_t kMaxPathLength = 32767;
 
 bool CanBePath(StringView path) {
-    return !path.empty() && path.size() < kLongestPath && path.find(u'\0') == StringView::npos;
+    return !path.empty() && path.size() < kMaxPathLength && path.find(u'\0') == StringView::npos;
 }
 
 /// `path` from its root on; empty when the system makes nothing of it.
@@ -26,10 +26,10 @@ String FullPath(StringView path) {
 }
 
 /// In the form that lifts the limit on a path's length, where the path needs it.
-String AnyLength(StringView path) {
-    constexpr std::size_t kLongestPlainPath = 247;
+String ToExtendedLengthPath(StringView path) {
+    constexpr std::size_t kMaxPlainPathLength = 247;
     const String full = FullPath(path);
-    if (full.size() <= kLongestPlainPath) return String(path);
+    if (full.size() <= kMaxPlainPathLength) return String(path);
     if (full.starts_with(u"\\\\?\\") || full.starts_with(u"\\\\.\\")) return full;
     if (full.starts_with(u"\\\\")) return u"\\\\?\\UNC" + full.substr(1);
     return u"\\\\?\\" + full;
@@ -108,7 +108,7 @@ String Win32Files::FirstMatch(StringView pattern) {
     if (StringView(u"\\/:").find(sought.back()) != StringView::npos) sought += u'*';
     const QuietErrors quiet(SEM_FAILCRITICALERRORS);
     WIN32_FIND_DATAW found{};
-    const FindHandle search(FindFirstFileW(Wide(AnyLength(sought)), &found));
+    const FindHandle search(FindFirstFileW(Wide(ToExtendedLengthPath(sought)), &found));
     if (!search) return {};
     do {
         if (IsOrdinaryFile(found)) return ToString(found.cFileName);
@@ -120,7 +120,7 @@ std::optional<FileStamp> Win32Files::Stamp(StringView path) {
     if (!CanBePath(path)) return std::nullopt;
     const QuietErrors quiet(SEM_FAILCRITICALERRORS);
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (!GetFileAttributesExW(Wide(AnyLength(path)), GetFileExInfoStandard, &data)) return std::nullopt;
+    if (!GetFileAttributesExW(Wide(ToExtendedLengthPath(path)), GetFileExInfoStandard, &data)) return std::nullopt;
     if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return std::nullopt;
     return FileStamp{.modified = Joined(data.ftLastWriteTime.dwHighDateTime, data.ftLastWriteTime.dwLowDateTime),
                      .size = Joined(data.nFileSizeHigh, data.nFileSizeLow)};
@@ -130,7 +130,7 @@ std::optional<std::string> Win32Files::Read(StringView path) {
     if (!CanBePath(path)) return std::nullopt;
     const QuietErrors quiet(SEM_FAILCRITICALERRORS);
     constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const FileHandle file(CreateFileW(Wide(AnyLength(path)), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
+    const FileHandle file(CreateFileW(Wide(ToExtendedLengthPath(path)), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
     if (!file || GetFileType(file.Get()) != FILE_TYPE_DISK) return std::nullopt;
     LARGE_INTEGER size{};

@@ -2,8 +2,8 @@
 
 #include "runtime/Error.h"
 #include "runtime/win32/Callback.h"
-#include "runtime/win32/InputWindows.h"
-#include "runtime/win32/SystemFailure.h"
+#include "runtime/win32/DisabledWindows.h"
+#include "runtime/win32/OutOfResources.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
@@ -71,11 +71,11 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     box.lpfnMsgBoxCallback = ShownHelp::Open;
     const ShownHelp shownHelp(helpControl_, owner, help);
     // They take input again afterwards; not every system sees to that when the thread is told to end.
-    InputWindows inputWindows(nullptr);
+    DisabledWindows inputWindows(nullptr);
     // A box without an owner keeps no window from its input by itself.
     if (!owner && !isForService) inputWindows.Disable();
     DWORD systemError = 0;
-    const int answer = Callback::Into([&] {
+    const int answer = Callback::CallSystem([&] {
         const int given = MessageBoxIndirectW(&box);
         systemError = GetLastError();
         return given;
@@ -84,7 +84,7 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     if (IsQuitting()) return IDCANCEL;
     // With its owner the box goes, too: an owner may be unloaded while the question is open.
     if (answer == 0 && owner && !IsWindow(owner)) return IDCANCEL;
-    if (answer == 0) throw SystemFailure(u"no message box", systemError);
+    if (answer == 0) throw OutOfResources(u"no message box", systemError);
     return answer;
 }
 

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "runtime/WindowsPort.h"
-#include "runtime/win32/InputWindows.h"
+#include "runtime/win32/DisabledWindows.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
@@ -27,7 +27,7 @@ class Win32Modal final : public ModalLoop {
     Win32Windows& system_;
     HWND window_;
     HWND owner_;
-    InputWindows others_;
+    DisabledWindows others_;
     std::optional<HCURSOR> pointerBefore_;  ///< none when a pointer of ours was shown, which forms keep
     bool ended_ = false;
 };

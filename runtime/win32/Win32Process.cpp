@@ -6,7 +6,7 @@
 #include "runtime/win32/GrowingBuffer.h"
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/ModulePath.h"
-#include "runtime/win32/SystemFailure.h"
+#include "runtime/win32/OutOfResources.h"
 #include "runtime/win32/Win32Locale.h"
 
 namespace runtime::win32 {
@@ -56,7 +56,7 @@ bool Exists(const String& mutexName) {
 }
 
 Error NoClaim(DWORD systemError) {
-    return SystemFailure(u"cannot create the mutex of the first process of a program", systemError);
+    return OutOfResources(u"cannot create the mutex of the first process of a program", systemError);
 }
 
 /// Lets the threads of this process claim and give up one after the other, whichever copy of this code they run.

@@ -13,7 +13,7 @@
 namespace runtime::win32 {
 namespace {
 
-constexpr DWORD kLongestWait = 30'000;
+constexpr DWORD kMaxWait = 30'000;
 
 std::unique_ptr<ProcessPort> MakeWin32Process() {
     return std::make_unique<Win32Process>(nullptr);
@@ -61,7 +61,7 @@ class Holder {
     std::string Answer() {
         if (!process_) return "not started";
         const HANDLE events[] = {claimed_.Get(), refused_.Get(), process_.Get()};
-        switch (WaitForMultipleObjects(3, events, FALSE, kLongestWait)) {
+        switch (WaitForMultipleObjects(3, events, FALSE, kMaxWait)) {
             case WAIT_OBJECT_0:
                 return "claimed";
             case WAIT_OBJECT_0 + 1:
@@ -75,15 +75,15 @@ class Holder {
     /// Whether it gave its claim up; it runs on.
     bool GiveUp() {
         SetEvent(giveUp_.Get());
-        return WaitForSingleObject(givenUp_.Get(), kLongestWait) == WAIT_OBJECT_0;
+        return WaitForSingleObject(givenUp_.Get(), kMaxWait) == WAIT_OBJECT_0;
     }
     void End() {
         SetEvent(end_.Get());
-        WaitForSingleObject(process_.Get(), kLongestWait);
+        WaitForSingleObject(process_.Get(), kMaxWait);
     }
     void Kill() {
         TerminateProcess(process_.Get(), 3);
-        WaitForSingleObject(process_.Get(), kLongestWait);
+        WaitForSingleObject(process_.Get(), kMaxWait);
     }
 
  private:

@@ -19,7 +19,7 @@ Win32TextBox::Win32TextBox(Win32Window& parent, Win32Windows& system, const Cont
 }
 
 void Win32TextBox::SetText(const String& text) {
-    const Whilst setting(isSetting_);
+    const ScopedFlag setting(isSetting_);
     Win32Control::SetText(text);
 }
 

@@ -1,8 +1,8 @@
 #include "runtime/win32/Win32Window.h"
 
 #include "runtime/win32/Callback.h"
+#include "runtime/win32/OutOfResources.h"
 #include "runtime/win32/Pixels.h"
-#include "runtime/win32/SystemFailure.h"
 #include "runtime/win32/Win32Control.h"
 #include "runtime/win32/Win32Windows.h"
 
@@ -48,7 +48,7 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
                     StyleOf(design.border), static_cast<int>(place.left), static_cast<int>(place.top),
                     static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top), nullptr,
                     nullptr, system.Instance(), this);
-    if (!window_) throw SystemFailure(u"no window for a form");
+    if (!window_) throw OutOfResources(u"no window for a form");
     // The system limits a new window's size before the procedure can lift the limits.
     Win32Window::SetBounds(design.outer);
     ReportBounds();
@@ -83,13 +83,13 @@ DWORD Win32Window::ExtendedStyleOf(BorderStyle border) {
 }
 
 void Win32Window::SetCaption(const String& caption) {
-    Callback::Into([&] { SetWindowTextW(window_, Wide(NulsAsBlanks(caption))); });
+    Callback::CallSystem([&] { SetWindowTextW(window_, Wide(NulsAsBlanks(caption))); });
 }
 
 void Win32Window::SetBounds(const Rect& outer) {
     const RECT place = ToPixels(outer);
     // The message that tells of the change reports it to the form.
-    Callback::Into([&] {
+    Callback::CallSystem([&] {
         SetWindowPos(window_, nullptr, static_cast<int>(place.left), static_cast<int>(place.top),
                      static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top),
                      SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
@@ -98,7 +98,7 @@ void Win32Window::SetBounds(const Rect& outer) {
 
 void Win32Window::SetVisible(bool visible) {
     isShown_ = visible;
-    Callback::Into([&] { ShowWindow(window_, visible ? ShowCommand(state_) : SW_HIDE); });
+    Callback::CallSystem([&] { ShowWindow(window_, visible ? ShowCommand(state_) : SW_HIDE); });
 }
 
 void Win32Window::SetState(WindowState state) {
@@ -106,7 +106,7 @@ void Win32Window::SetState(WindowState state) {
         state_ = state;
         return;
     }
-    Callback::Into([&] { ShowWindow(window_, ShowCommand(state)); });
+    Callback::CallSystem([&] { ShowWindow(window_, ShowCommand(state)); });
 }
 
 void Win32Window::SetBackColour(Colour colour) {
@@ -116,7 +116,7 @@ void Win32Window::SetBackColour(Colour colour) {
 }
 
 void Win32Window::SetTopMost(bool onTop) {
-    Callback::Into([&] {
+    Callback::CallSystem([&] {
         SetWindowPos(window_, onTop ? HWND_TOPMOST : HWND_NOTOPMOST, 0, 0, 0, 0,
                      SWP_NOSIZE | SWP_NOMOVE | SWP_NOOWNERZORDER);
     });
@@ -141,7 +141,7 @@ NativeControl& Win32Window::AddControl(const ControlLook& look) {
 
 void Win32Window::FocusControl(HWND control) {
     focus_ = control;
-    if (GetActiveWindow() == window_) Callback::Into([control] { SetFocus(control); });
+    if (GetActiveWindow() == window_) Callback::CallSystem([control] { SetFocus(control); });
 }
 
 bool Win32Window::TakesKey(const MSG& message) {

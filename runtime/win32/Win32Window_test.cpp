@@ -160,7 +160,7 @@ TEST_F(RealWindow, CreationMessageOfAStranger_ChangesNothing) {
 
 TEST_F(RealWindow, ForgottenOnAnotherThread_EndsOnItsOwn) {
     const HWND window = Window();
-    std::thread([&] { form_.Forget(); }).join();
+    std::thread([&] { form_.AbandonWindow(); }).join();
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_TRUE(IsWindow(window));
     CurrentPorts().windows.DoEvents();

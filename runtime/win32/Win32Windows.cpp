@@ -8,8 +8,8 @@
 #include "runtime/Screen.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/GdiMeasure.h"
+#include "runtime/win32/OutOfResources.h"
 #include "runtime/win32/Pixels.h"
-#include "runtime/win32/SystemFailure.h"
 #include "runtime/win32/Win32Label.h"
 #include "runtime/win32/Win32Locale.h"
 #include "runtime/win32/Win32Modal.h"
@@ -93,9 +93,9 @@ void Win32Windows::RegisterWindowClasses() {
     windowClass.hInstance = instance_;
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.lpszClassName = ClassName();
-    if (!RegisterClassExW(&windowClass)) throw SystemFailure(u"no window class for forms");
+    if (!RegisterClassExW(&windowClass)) throw OutOfResources(u"no window class for forms");
     if (!Win32Label::RegisterWindowClass(instance_)) {
-        const Error failure = SystemFailure(u"no window class for labels");
+        const Error failure = OutOfResources(u"no window class for labels");
         UnregisterClassW(ClassName(), instance_);
         throw failure;
     }
@@ -104,7 +104,7 @@ void Win32Windows::RegisterWindowClasses() {
 
 std::unique_ptr<NativeWindow> Win32Windows::MakeWindow(const WindowDesign& design, WindowEvents& events) {
     RegisterWindowClasses();
-    return Callback::Into([&] { return std::make_unique<Win32Window>(*this, design, events); });
+    return Callback::CallSystem([&] { return std::make_unique<Win32Window>(*this, design, events); });
 }
 
 Size Win32Windows::OuterSize(Size inner, BorderStyle border) {
@@ -151,14 +151,14 @@ void Win32Windows::DoEvents() {
 
 void Win32Windows::Dispatch(const MSG& message) {
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
-    if (isKey && Callback::Into([&] { return Win32Window::TakesKey(message); })) return;
+    if (isKey && Callback::CallSystem([&] { return Win32Window::TakesKey(message); })) return;
     const DWORD outer = std::exchange(dispatchingThread_, isKey ? GetCurrentThreadId() : 0);
     const struct Restore {
         DWORD& thread;
         DWORD value;
         ~Restore() { thread = value; }
     } restore{dispatchingThread_, outer};
-    Callback::Into([&] {
+    Callback::CallSystem([&] {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     });

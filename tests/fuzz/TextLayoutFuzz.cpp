@@ -74,7 +74,7 @@ class MixedMeasure : public runtime::TextMeasure {
 
  private:
     void Count(StringView run) {
-        Require(!run.empty() && run.size() <= kLongestRun, "runs of bounded length");
+        Require(!run.empty() && run.size() <= kMaxRun, "runs of bounded length");
         units_ += run.size();
         ++calls_;
     }

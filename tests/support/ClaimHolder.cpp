@@ -9,7 +9,7 @@
 int main() {
     using namespace runtime;
     using namespace runtime::win32;
-    constexpr DWORD kLongestWait = 30'000;
+    constexpr DWORD kMaxWait = 30'000;
 
     Win32Process process(nullptr);
     const String name = process.CommandLine();
@@ -24,11 +24,11 @@ int main() {
     if (!answer || !giveUp || !givenUp || !end) return 2;
     SetEvent(answer.Get());
     const HANDLE orders[] = {end.Get(), giveUp.Get()};
-    DWORD order = WaitForMultipleObjects(2, orders, FALSE, kLongestWait);
+    DWORD order = WaitForMultipleObjects(2, orders, FALSE, kMaxWait);
     if (order == WAIT_OBJECT_0 + 1) {
         claim.reset();
         SetEvent(givenUp.Get());
-        order = WaitForSingleObject(end.Get(), kLongestWait);
+        order = WaitForSingleObject(end.Get(), kMaxWait);
     }
     return order == WAIT_OBJECT_0 ? 0 : 1;
 }

@@ -12,7 +12,7 @@ namespace tests {
 /// EX is not among them: that the component ends and comes back is another story.
 class CommandMaker {
  public:
-    static constexpr std::size_t kLongest = 1024 * 1024;  ///< characters of rubbish
+    static constexpr std::size_t kMaxLength = 1024 * 1024;  ///< characters of rubbish
 
     /// One command in about `commandsPerLong` is a very long one, one in about `commandsPerLz` says LZ.
     CommandMaker(std::size_t commandsPerLong, std::size_t commandsPerLz)
@@ -30,7 +30,7 @@ class CommandMaker {
         String command = String(kStarts[Pick(std::size(kStarts))]) + u',';
         command += kVerbs[Pick(std::size(kVerbs))];
         if (Pick(3) == 0) AddRubbish(command, Pick(20));
-        if (Pick(commandsPerLong_) == 0) AddRubbish(command, kLongest);
+        if (Pick(commandsPerLong_) == 0) AddRubbish(command, kMaxLength);
         return command;
     }
 

@@ -18,10 +18,10 @@ template <typename Handle>
 long LiveObjects(DWORD told, Handle (*make)(), BOOL (*destroy)(Handle), int handlesPerPlace) {
     if (told != 0) return static_cast<long>(told);
     constexpr int kRun = 256;
-    constexpr std::size_t kMost = 10'000;
+    constexpr std::size_t kMaxObjects = 10'000;
     std::vector<Handle> made;
     long highest = 0;
-    for (int run = 0; run < kRun && made.size() < kMost;) {
+    for (int run = 0; run < kRun && made.size() < kMaxObjects;) {
         made.push_back(make());
         const long place = static_cast<long>(LOWORD(reinterpret_cast<std::uintptr_t>(made.back()))) / handlesPerPlace;
         run = place == highest + 1 ? run + 1 : 0;
@@ -67,9 +67,9 @@ long Windows() {
 
 void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round) {
     constexpr double kSlack = 20;  // of the system itself
-    constexpr int kLeastRounds = 40;
+    constexpr int kMinRounds = 40;
     constexpr int kFirstRounds = 10;
-    const int rounds = Rounds(fullRounds, kLeastRounds);
+    const int rounds = Rounds(fullRounds, kMinRounds);
     Run(kFirstRounds, round);
     const long gdi = GdiObjects();
     const long user = UserObjects();

@@ -1,4 +1,4 @@
-#include "runtime/win32/InputWindows.h"
+#include "runtime/win32/DisabledWindows.h"
 
 #include <algorithm>
 #include <utility>
@@ -16,14 +16,14 @@ bool IsForTheUser(HWND window) {
 
 }  // namespace
 
-InputWindows::InputWindows(HWND question) : question_(question) {
-    Callback::Into(
+DisabledWindows::DisabledWindows(HWND question) : question_(question) {
+    Callback::CallSystem(
         [this] { return EnumThreadWindows(GetCurrentThreadId(), Remember, reinterpret_cast<LPARAM>(this)); });
 }
 
-BOOL CALLBACK InputWindows::Remember(HWND window, LPARAM self) noexcept {
+BOOL CALLBACK DisabledWindows::Remember(HWND window, LPARAM self) noexcept {
     return Callback::Guard(FALSE, [window, self]() -> BOOL {
-        auto& windows = *reinterpret_cast<InputWindows*>(self);
+        auto& windows = *reinterpret_cast<DisabledWindows*>(self);
         if (window != windows.question_ && IsForTheUser(window) && IsWindowEnabled(window)) {
             windows.windows_.push_back(window);
         }
@@ -31,19 +31,19 @@ BOOL CALLBACK InputWindows::Remember(HWND window, LPARAM self) noexcept {
     });
 }
 
-void InputWindows::Disable() {
+void DisabledWindows::Disable() {
     for (const HWND window : windows_) {
         if (IsWindow(window)) EnableWindow(window, FALSE);
     }
 }
 
-void InputWindows::Enable() {
+void DisabledWindows::Enable() {
     for (const HWND window : std::exchange(windows_, {})) {
         if (IsWindow(window) && !IsWindowEnabled(window)) EnableWindow(window, TRUE);
     }
 }
 
-HWND InputWindows::FirstVisible() const {
+HWND DisabledWindows::FirstVisible() const {
     const auto visible = std::find_if(windows_.begin(), windows_.end(), IsWindowVisible);
     return visible == windows_.end() ? nullptr : *visible;
 }

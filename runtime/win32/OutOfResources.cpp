@@ -1,4 +1,4 @@
-#include "runtime/win32/SystemFailure.h"
+#include "runtime/win32/OutOfResources.h"
 
 #include <string>
 
@@ -6,11 +6,11 @@
 
 namespace runtime::win32 {
 
-Error SystemFailure(StringView what) {
-    return SystemFailure(what, GetLastError());
+Error OutOfResources(StringView what) {
+    return OutOfResources(what, GetLastError());
 }
 
-Error SystemFailure(StringView what, std::uint32_t systemError) {
+Error OutOfResources(StringView what, std::uint32_t systemError) {
     const String number = FromAscii(std::to_string(systemError));
     return ErrorAbout(kOutOfMemory, String(what) + u" (system error " + number + u")");
 }

@@ -1,0 +1,26 @@
+#include "dialogs/PromptForm.h"
+
+#include "runtime/Error.h"
+#include "services/Localisation.h"
+
+namespace dialogs {
+
+void PromptForm::SetForm(runtime::Form& form) {
+    services::SetForm(form);
+}
+
+PromptForm::PromptSession::PromptSession(PromptForm& form) : form_(form) {
+    if (form_.hasOpenPrompt_) {
+        throw runtime::ErrorAbout(runtime::kFormAlreadyDisplayed,
+                                  form_.Name() + u"; its question must be answered first");
+    }
+    form_.hasOpenPrompt_ = true;
+}
+
+// A handler of the unload must not ask with this dialog again, so the flag is cleared after the unload.
+PromptForm::PromptSession::~PromptSession() {
+    runtime::SkipError([this] { form_.Unload(); });
+    form_.hasOpenPrompt_ = false;
+}
+
+}  // namespace dialogs
