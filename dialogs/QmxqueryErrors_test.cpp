@@ -71,7 +71,7 @@ class QueryAfterAnAnswer : public QueryTest {
 
 TEST_F(QueryAfterAnAnswer, LayoutOverflows_NothingIsStored) {
     /// Counts so many pieces that their height is no 32-bit number, and notes the form's title when it is asked.
-    struct ManyPieces : kernel_api::dev::BuiltInSplitter {
+    struct ManyPieces : kernel_api::builtin::BuiltInSplitter {
         std::int32_t CountPieces(StringView, StringView) override {
             title = window->Last().caption;
             return std::numeric_limits<std::int32_t>::max();

@@ -10,14 +10,14 @@
 #include <utility>
 #include <vector>
 
-#include "kernel_api/dev/BuiltInReader.h"
-#include "kernel_api/dev/BuiltInSplitter.h"
-#include "kernel_api/dev/InMemoryKernel.h"
+#include "kernel_api/builtin/BuiltInReader.h"
+#include "kernel_api/builtin/BuiltInSplitter.h"
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/HandledForm.h"
+#include "tests/support/InMemoryKernel.h"
 #include "tests/support/RuntimeFixture.h"
 
 namespace routing {
@@ -66,7 +66,7 @@ class RecordingSplitter : public kernel_api::Splitter {
         std::unique_ptr<kernel_api::FieldParser> parser_;
     };
 
-    kernel_api::dev::BuiltInSplitter splitter_;
+    kernel_api::builtin::BuiltInSplitter splitter_;
 };
 
 class InterpreterTest : public tests::HeadlessTest {
@@ -121,8 +121,8 @@ class InterpreterTest : public tests::HeadlessTest {
         EXPECT_THAT(Messages(), IsEmpty());
     }
 
-    kernel_api::dev::InMemoryKernel kernel_;
-    kernel_api::dev::BuiltInReader reader_{memory_.files, memory_.settings, memory_.locale};
+    tests::InMemoryKernel kernel_;
+    kernel_api::builtin::BuiltInReader reader_{memory_.files, memory_.settings, memory_.locale};
     RecordingSplitter splitter_;
     tests::HandledForm form_;
     tests::HandledForm dialog_;
@@ -200,7 +200,7 @@ TEST_F(Verbs, SaveAndOpen_NameIsThatOfTheHandleTheKernelGave) {
 
 TEST_F(Verbs, DesignWithoutANameGivesAnEmptyOne) {
     CurrentDesignName = u"before";
-    kernel_api::dev::InMemoryKernel empty;
+    tests::InMemoryKernel empty;
     kernel_api::UseKernel(&empty);
     Execute(u"All,SAVE");
     EXPECT_EQ(CurrentDesignName, u"");

@@ -69,7 +69,7 @@ TEST_F(ReadingTheModuleList, MissingListLeavesNoModules) {
 }
 
 /// A kernel whose strings lie at an address that means none.
-class KernelWithoutText : public kernel_api::dev::InMemoryKernel {
+class KernelWithoutText : public tests::InMemoryKernel {
  public:
     explicit KernelWithoutText(kernel_api::TextPointer none) : none_(none) {}
     kernel_api::TextPointer E_GetString(runtime::StringView /*key*/) override { return none_; }

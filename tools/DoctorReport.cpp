@@ -2,7 +2,7 @@
 
 #include <ostream>
 
-#include "kernel_api/dev/IniText.h"
+#include "kernel_api/builtin/IniText.h"
 #include "runtime/win32/ModulePath.h"
 #include "runtime/win32/Win32Files.h"
 #include "runtime/win32/Win32Locale.h"
@@ -64,7 +64,7 @@ void WriteIni(std::ostream& out, const IniFile& ini) {
         return;
     }
     runtime::win32::Win32Locale locale;
-    out << runtime::ToUtf8(kernel_api::dev::DecodeIni(*bytes, locale)) << '\n';
+    out << runtime::ToUtf8(kernel_api::builtin::DecodeIni(*bytes, locale)) << '\n';
 }
 
 }  // namespace

@@ -2,18 +2,18 @@
 
 #include <stdexcept>
 
-#include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/builtin/BuiltInReader.h"
 #include "tools/Display.h"
 
 namespace tools {
 
 runtime::String LanguageFileIn(runtime::FilesPort& files, runtime::StringView folder) {
-    using kernel_api::dev::kMostTextsBytes;
+    using kernel_api::builtin::kMostTextsBytes;
     // An empty folder would mean that of the suite's current language to the reader.
     if (folder.empty())
         throw std::runtime_error(
             "the name of the language folder is empty; give a folder that has a K4TBackProcess.txt");
-    runtime::String path = kernel_api::dev::TextsPathIn(folder);
+    runtime::String path = kernel_api::builtin::TextsPathIn(folder);
     const auto stamp = files.Stamp(path);
     if (!stamp)
         throw std::runtime_error("there is no language file " + Quoted(path) +

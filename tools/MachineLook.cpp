@@ -3,8 +3,8 @@
 #include <set>
 
 #include "host/TextCatalogue.h"
-#include "kernel_api/dev/BuiltInReader.h"
-#include "kernel_api/dev/IniText.h"
+#include "kernel_api/builtin/BuiltInReader.h"
+#include "kernel_api/builtin/IniText.h"
 #include "runtime/Error.h"
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/ModulePath.h"
@@ -129,8 +129,8 @@ IniFile LookAtIni(Win32Files& files, const String& folder) {
     ini.canBeRead = bytes.has_value();
     if (!bytes) return ini;
     Win32Locale locale;
-    const String text = kernel_api::dev::DecodeIni(*bytes, locale);
-    ini.problem = kernel_api::dev::IniProblem(*bytes);
+    const String text = kernel_api::builtin::DecodeIni(*bytes, locale);
+    ini.problem = kernel_api::builtin::IniProblem(*bytes);
     if (ini.problem.empty() && text.find(u'\0') != String::npos) ini.problem = "it has NUL characters: no plain text";
     ini.encoding = EncodingOf(*bytes);
     ini.report = ReportOnIni(text, locale);
@@ -149,11 +149,11 @@ LanguageFolder LookAtLanguage(Win32Files& files, KernelLibrary& kernel) {
     LanguageFolder language;
     language.folder = StringOf(kernel, u"LANGUAGEPATH");
     if (language.folder.empty()) return language;
-    const auto bytes = files.Read(kernel_api::dev::TextsPathIn(language.folder));
-    language.hasFile = bytes && bytes->size() <= kernel_api::dev::kMostTextsBytes;
+    const auto bytes = files.Read(kernel_api::builtin::TextsPathIn(language.folder));
+    language.hasFile = bytes && bytes->size() <= kernel_api::builtin::kMostTextsBytes;
     if (!language.hasFile) return language;
     language.isUtf16 = IsUtf16(*bytes);
-    const kernel_api::dev::TextFile texts(*bytes);
+    const kernel_api::builtin::TextFile texts(*bytes);
     language.skipped = texts.SkippedLines();
     std::set<String> lacking;
     for (const host::CatalogueText& wanted : host::TextCatalogue()) {

@@ -1,7 +1,7 @@
 #include "tools/MessageService.h"
 
 #include "host/Composition.h"
-#include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/builtin/BuiltInReader.h"
 #include "runtime/Ports.h"
 #include "runtime/win32/WindowsHeaders.h"
 #include "services/LocalTexts.h"
@@ -19,7 +19,7 @@ namespace {
 void Speak(const runtime::String& folder) {
     const runtime::Ports& ports = runtime::CurrentPorts();
     LanguageFileIn(ports.files, folder);
-    static kernel_api::dev::BuiltInReader reader(ports.files, ports.settings, ports.locale);
+    static kernel_api::builtin::BuiltInReader reader(ports.files, ports.settings, ports.locale);
     reader.UseLanguageFolder([folder] { return folder; });
     kernel_api::UseReader(&reader);
 }

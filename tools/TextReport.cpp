@@ -7,7 +7,7 @@
 #include <set>
 #include <vector>
 
-#include "kernel_api/dev/TextFile.h"
+#include "kernel_api/builtin/TextFile.h"
 #include "runtime/Control.h"
 #include "tools/Display.h"
 
@@ -16,8 +16,8 @@ namespace tools {
 namespace {
 
 using host::CatalogueText;
-using kernel_api::dev::LineFault;
-using kernel_api::dev::TextFile;
+using kernel_api::builtin::LineFault;
+using kernel_api::builtin::TextFile;
 using runtime::String;
 using runtime::StringView;
 
@@ -272,7 +272,8 @@ void WriteTextTemplate(std::ostream& out, Catalogue catalogue) {
             if (runtime::Trim(use.id) == id)
                 out << "# " << Bracketed(use.defaultText) << " " << Display(use.use) << '\n';
         }
-        out << runtime::ToUtf8(id) << " = " << runtime::ToUtf8(kernel_api::dev::EscapeText(text.defaultText)) << '\n';
+        out << runtime::ToUtf8(id) << " = " << runtime::ToUtf8(kernel_api::builtin::EscapeText(text.defaultText))
+            << '\n';
     }
 }
 

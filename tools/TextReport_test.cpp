@@ -4,7 +4,7 @@
 
 #include <sstream>
 
-#include "kernel_api/dev/TextFile.h"
+#include "kernel_api/builtin/TextFile.h"
 #include "runtime/headless/PlainLocale.h"
 
 namespace tools {
@@ -159,7 +159,7 @@ TEST(TextTemplate, IsALanguageFileWithTheEnglishTexts) {
     WriteTextTemplate(out, catalogue);
     EXPECT_THAT(out.str(), HasSubstr("\n\n# [Caption] main form\n# [Caption ] titles\nL = Caption\n"
                                      "\n# [Path: ] check\n1 = Path:\\s\n"));
-    const kernel_api::dev::TextFile file(out.str());
+    const kernel_api::builtin::TextFile file(out.str());
     EXPECT_EQ(file.Count(), 2u);
     EXPECT_EQ(file.SkippedLines(), 0u);
     EXPECT_EQ(*file.Find(u"1"), u"Path: ");

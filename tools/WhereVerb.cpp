@@ -3,7 +3,7 @@
 #include <ostream>
 
 #include "host/HostCommandLine.h"
-#include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/builtin/BuiltInReader.h"
 #include "runtime/Error.h"
 #include "runtime/Ports.h"
 #include "runtime/win32/Win32Locale.h"
@@ -17,9 +17,9 @@ namespace tools {
 
 namespace {
 
-using kernel_api::dev::BuiltInReader;
-using kernel_api::dev::FoundSetting;
-using kernel_api::dev::SettingSource;
+using kernel_api::builtin::BuiltInReader;
+using kernel_api::builtin::FoundSetting;
+using kernel_api::builtin::SettingSource;
 
 constexpr std::string_view kHelp =
     R"(Usage: backproc where ["/sys:FOLDER" | "FILE"]

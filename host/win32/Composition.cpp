@@ -1,8 +1,8 @@
 #include "host/Composition.h"
 
 #include "dialogs/frmQMXMsgBox.h"
-#include "kernel_api/dev/BuiltInReader.h"
-#include "kernel_api/dev/BuiltInSplitter.h"
+#include "kernel_api/builtin/BuiltInReader.h"
+#include "kernel_api/builtin/BuiltInSplitter.h"
 #include "kernel_api/win32/KernelLibrary.h"
 #include "routing/CommandInterpreter.h"
 #include "runtime/Ports.h"
@@ -43,8 +43,8 @@ struct Composition {
     runtime::win32::Win32MessageBox messageBox{help};
     runtime::Ports ports{windows, settings, files, process, locale, fonts, messageBox, help};
     kernel_api::win32::KernelLibrary kernel;
-    kernel_api::dev::BuiltInReader reader;
-    kernel_api::dev::BuiltInSplitter splitter;
+    kernel_api::builtin::BuiltInReader reader;
+    kernel_api::builtin::BuiltInSplitter splitter;
 };
 
 }  // namespace

@@ -6,10 +6,10 @@
 #include <cstdlib>
 
 #include "dialogs/frmQMXMsgBox.h"
-#include "kernel_api/dev/BuiltInReader.h"
-#include "kernel_api/dev/InMemoryKernel.h"
+#include "kernel_api/builtin/BuiltInReader.h"
 #include "runtime/win32/Win32Windows.h"
 #include "tests/bench/AnsweringOwner.h"
+#include "tests/support/InMemoryKernel.h"
 #include "tests/support/MemoryPorts.h"
 
 namespace {
@@ -49,8 +49,8 @@ int main(int argc, char** argv) {
     runtime::win32::Win32Windows windows(GetModuleHandleW(nullptr));
     const runtime::Ports ports = tests::WithPort(memory.All(), windows);
     runtime::UsePorts(&ports);
-    kernel_api::dev::InMemoryKernel kernel;
-    kernel_api::dev::BuiltInReader reader(memory.files, memory.settings, memory.locale);
+    tests::InMemoryKernel kernel;
+    kernel_api::builtin::BuiltInReader reader(memory.files, memory.settings, memory.locale);
     kernel_api::UseKernel(&kernel);
     kernel_api::UseReader(&reader);
     Compare(tests::CountFrom(argc, argv, kRounds));

@@ -16,8 +16,8 @@
 #include <string>
 #include <vector>
 
-#include "kernel_api/dev/BuiltInReader.h"
-#include "kernel_api/dev/TextFile.h"
+#include "kernel_api/builtin/BuiltInReader.h"
+#include "kernel_api/builtin/TextFile.h"
 #include "runtime/headless/MemorySettings.h"
 #include "runtime/headless/PlainLocale.h"
 
@@ -130,7 +130,7 @@ struct Ours {
     DiskFiles files;
     runtime::headless::MemorySettings settings;
     runtime::headless::PlainLocale locale;
-    kernel_api::dev::BuiltInReader reader{files, settings, locale};
+    kernel_api::builtin::BuiltInReader reader{files, settings, locale};
 };
 
 void Reader(benchmark::State& state) {
@@ -141,7 +141,7 @@ void Reader(benchmark::State& state) {
 }
 
 void LoadedTexts(benchmark::State& state) {
-    const kernel_api::dev::TextFile texts(LanguageFile());
+    const kernel_api::builtin::TextFile texts(LanguageFile());
     const auto identifiers = Shuffled(WideIdentifier);
     Run(state, identifiers, [&](const String& id) { return texts.Find(id) != nullptr; });
 }
@@ -153,7 +153,7 @@ void Gettext(benchmark::State& state) {
 
 void Load(benchmark::State& state) {
     const std::string bytes = LanguageFile();
-    for (auto _ : state) benchmark::DoNotOptimize(kernel_api::dev::TextFile(bytes).Count());
+    for (auto _ : state) benchmark::DoNotOptimize(kernel_api::builtin::TextFile(bytes).Count());
 }
 
 BENCHMARK(Reader);

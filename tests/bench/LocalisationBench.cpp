@@ -6,13 +6,13 @@
 #include <functional>
 #include <string>
 
-#include "kernel_api/dev/BuiltInReader.h"
-#include "kernel_api/dev/InMemoryKernel.h"
+#include "kernel_api/builtin/BuiltInReader.h"
 #include "runtime/Form.h"
 #include "services/Localisation.h"
 #include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
 #include "tests/bench/Timing.h"
+#include "tests/support/InMemoryKernel.h"
 #include "tests/support/MemoryPorts.h"
 
 namespace {
@@ -81,8 +81,8 @@ int main(int argc, char** argv) {
     tests::MemoryPorts memory;
     const runtime::Ports ports = memory.All();
     runtime::UsePorts(&ports);
-    kernel_api::dev::InMemoryKernel kernel;
-    kernel_api::dev::BuiltInReader reader(memory.files, memory.settings, memory.locale);
+    tests::InMemoryKernel kernel;
+    kernel_api::builtin::BuiltInReader reader(memory.files, memory.settings, memory.locale);
     kernel_api::UseKernel(&kernel);
     kernel_api::UseReader(&reader);
     memory.files.AddFile(u"C:\\de\\K4TBackProcess.txt", TextsFor(kLargest));

@@ -17,7 +17,7 @@ String Beside(StringView folder) {
 }
 
 /// Titles would need the kernel, so they do not: the message is what is looked at.
-class TitleReader : public kernel_api::dev::BuiltInReader {
+class TitleReader : public kernel_api::builtin::BuiltInReader {
  public:
     using BuiltInReader::BuiltInReader;
     String TextAt(kernel_api::TextPointer /*pointer*/) override { return u"text"; }

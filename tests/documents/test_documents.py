@@ -55,7 +55,7 @@ ANSWERED = {
 ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
 
 # Code that is no file and no command: the first line of each.
-ILLUSTRATIONS = ["SuiteReader reader;                     // was: kernel_api::dev::BuiltInReader reader;"]
+ILLUSTRATIONS = ["SuiteReader reader;                     // was: kernel_api::builtin::BuiltInReader reader;"]
 
 project = pathlib.Path()
 build = pathlib.Path()

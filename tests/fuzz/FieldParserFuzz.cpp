@@ -2,7 +2,7 @@
 // fields asked for in any order are the same.
 #include <fuzzer/FuzzedDataProvider.h>
 
-#include "kernel_api/dev/BuiltInSplitter.h"
+#include "kernel_api/builtin/BuiltInSplitter.h"
 #include "tests/fuzz/Require.h"
 #include "tests/support/SlowFieldSplitter.h"
 
@@ -45,7 +45,7 @@ std::size_t CheckFields(kernel_api::FieldParser& parser, const String& text) {
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     FuzzedDataProvider data(bytes, size);
-    static const auto parser = kernel_api::dev::BuiltInSplitter().MakeFieldParser();
+    static const auto parser = kernel_api::builtin::BuiltInSplitter().MakeFieldParser();
     const auto early = data.ConsumeIntegral<std::int32_t>();
     const String text = TakeText(data);
     parser->SetText(text);

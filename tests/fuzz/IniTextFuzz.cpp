@@ -3,11 +3,11 @@
 #include <cstdlib>
 #include <string_view>
 
-#include "kernel_api/dev/IniText.h"
+#include "kernel_api/builtin/IniText.h"
 #include "runtime/headless/PlainLocale.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    using namespace kernel_api::dev;
+    using namespace kernel_api::builtin;
     runtime::headless::PlainLocale locale;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
     String text = DecodeIni(bytes, locale);

@@ -5,13 +5,13 @@
 #include <string>
 #include <string_view>
 
-#include "kernel_api/dev/TextFile.h"
+#include "kernel_api/builtin/TextFile.h"
 #include "tests/fuzz/Require.h"
 
 namespace {
 
-using kernel_api::dev::LineFault;
-using kernel_api::dev::TextFile;
+using kernel_api::builtin::LineFault;
+using kernel_api::builtin::TextFile;
 using runtime::String;
 using tests::Require;
 using namespace std::string_view_literals;
@@ -22,7 +22,7 @@ void CheckWrittenForm(const TextFile& texts) {
         Require(identifier.find_first_of(u"\r\n=\0"sv) == String::npos,
                 "an identifier has no line break, equals sign or NUL");
         Require(!text.empty(), "a text says something");
-        const TextFile again("1 = " + runtime::ToUtf8(kernel_api::dev::EscapeText(text)));
+        const TextFile again("1 = " + runtime::ToUtf8(kernel_api::builtin::EscapeText(text)));
         const String* const found = again.Find(u"1");
         Require(found && *found == text && again.SkippedLines() == 0, "a text comes back from its written form");
     }

@@ -5,7 +5,7 @@
 #include <optional>
 #include <thread>
 
-#include "kernel_api/dev/SectionMemory.h"
+#include "devkernel/SectionMemory.h"
 #include "tests/kernel/LoadedKernel.h"
 #include "tests/kernel/Peer.h"
 #include "tests/support/TestFolder.h"
@@ -13,10 +13,10 @@
 namespace tests::kernel {
 namespace {
 
-using kernel_api::dev::DevelopmentStoreName;
-using kernel_api::dev::kDevelopmentStoreCapacity;
-using kernel_api::dev::SectionMemory;
-using kernel_api::dev::Word;
+using devkernel::DevelopmentStoreName;
+using devkernel::kDevelopmentStoreCapacity;
+using devkernel::SectionMemory;
+using devkernel::Word;
 using runtime::String;
 using runtime::win32::KernelHandle;
 using runtime::win32::Wide;

@@ -13,13 +13,13 @@
 #include <string>
 #include <vector>
 
-#include "kernel_api/dev/SectionMemory.h"
+#include "devkernel/SectionMemory.h"
 #include "tests/kernel/LoadedKernel.h"
 
 namespace tests::kernel {
 namespace {
 
-using namespace kernel_api::dev;
+using namespace devkernel;
 using Fields = std::vector<std::string>;
 
 Fields Split(const std::string& line) {

@@ -1,10 +1,10 @@
-#include "kernel_api/dev/SectionMemory.h"
+#include "devkernel/SectionMemory.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
 
-namespace kernel_api::dev {
+namespace devkernel {
 namespace {
 
 using runtime::String;
@@ -81,4 +81,4 @@ TEST(SectionMemory, CannotViewMoreThanASmallerSectionHas) {
 }
 
 }  // namespace
-}  // namespace kernel_api::dev
+}  // namespace devkernel

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "kernel_api/Reader.h"
-#include "kernel_api/dev/TextFile.h"
+#include "kernel_api/builtin/TextFile.h"
 #include "services/ProcessValues.h"
 #include "tests/messagebox/SuiteBoxTest.h"
 #include "tests/windows/WindowTexts.h"
@@ -59,7 +59,7 @@ class OneLanguage : public kernel_api::Reader {
     runtime::String TextAt(kernel_api::TextPointer) override { return {}; }
 
  private:
-    kernel_api::dev::TextFile texts_;
+    kernel_api::builtin::TextFile texts_;
 };
 
 std::string ExampleLanguage(const std::string& name) {

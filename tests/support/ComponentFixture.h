@@ -4,14 +4,14 @@
 
 #include "dialogs/frmQMXMsgBox.h"
 #include "host/ProcessLife.h"
-#include "kernel_api/dev/BuiltInReader.h"
-#include "kernel_api/dev/BuiltInSplitter.h"
-#include "kernel_api/dev/InMemoryKernel.h"
+#include "kernel_api/builtin/BuiltInReader.h"
+#include "kernel_api/builtin/BuiltInSplitter.h"
 #include "routing/CommandInterpreter.h"
 #include "runtime/Form.h"
 #include "runtime/LoadedForms.h"
 #include "services/MessageTexts.h"
 #include "tests/support/ErrorOf.h"
+#include "tests/support/InMemoryKernel.h"
 #include "tests/support/RuntimeFixture.h"
 
 namespace tests {
@@ -40,9 +40,9 @@ class ComponentOver : public Base {
     /// What the kernel keeps under `key`, "(none)" without it.
     runtime::String Kept(runtime::StringView key) const { return kernel_.Kept(key).value_or(u"(none)"); }
 
-    kernel_api::dev::InMemoryKernel kernel_;
-    kernel_api::dev::BuiltInReader reader_{this->memory_.files, this->memory_.settings, this->memory_.locale};
-    kernel_api::dev::BuiltInSplitter splitter_;
+    tests::InMemoryKernel kernel_;
+    kernel_api::builtin::BuiltInReader reader_{this->memory_.files, this->memory_.settings, this->memory_.locale};
+    kernel_api::builtin::BuiltInSplitter splitter_;
 };
 
 /// Everything in memory.

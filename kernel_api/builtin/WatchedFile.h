@@ -9,7 +9,7 @@
 
 #include "runtime/FilesPort.h"
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 
 class WatchedFile {
  public:
@@ -52,4 +52,4 @@ class WatchedFile {
     bool changed_ = false;                     ///< another path since then
 };
 
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

@@ -5,10 +5,10 @@
 
 #include <array>
 
-#include "kernel_api/dev/SharedMemory.h"
+#include "devkernel/SharedMemory.h"
 #include "runtime/win32/Handle.h"
 
-namespace kernel_api::dev {
+namespace devkernel {
 
 struct MappedViewPolicy {
     using Type = std::byte*;
@@ -56,4 +56,4 @@ class SectionMemory : public SharedMemory {
     std::array<Space, 2> spaces_;
 };
 
-}  // namespace kernel_api::dev
+}  // namespace devkernel

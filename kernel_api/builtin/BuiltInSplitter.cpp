@@ -1,10 +1,10 @@
-#include "kernel_api/dev/BuiltInSplitter.h"
+#include "kernel_api/builtin/BuiltInSplitter.h"
 
 #include <vector>
 
 #include "kernel_api/CommaFields.h"
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 namespace {
 
 /// Walks the text only as far as it is asked, and no part of it twice.
@@ -52,4 +52,4 @@ std::int32_t BuiltInSplitter::CountPieces(StringView text, StringView separator)
     return pieces;
 }
 
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

@@ -1,9 +1,9 @@
-#include "kernel_api/dev/StringStore.h"
+#include "devkernel/StringStore.h"
 
 #include <cstring>
 #include <mutex>
 
-namespace kernel_api::dev {
+namespace devkernel {
 namespace {
 
 constexpr std::uint32_t kMagic = 0x4B584D51;  // "QMXK"
@@ -195,4 +195,4 @@ void StringStore::CopyLiveRecordsExcept(std::string_view key, std::uint32_t size
     if (copied != size) throw StoreError("the records of the shared strings do not add up");
 }
 
-}  // namespace kernel_api::dev
+}  // namespace devkernel

@@ -1,5 +1,5 @@
 // Texts split into fields, at last every short one in comparison with the slow splitter of the tests.
-#include "kernel_api/dev/BuiltInSplitter.h"
+#include "kernel_api/builtin/BuiltInSplitter.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@
 #include "tests/support/ErrorOf.h"
 #include "tests/support/SlowFieldSplitter.h"
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 namespace {
 
 using tests::ErrorOf;
@@ -148,4 +148,4 @@ TEST(SplitterInUse, IsTheChosenOne) {
 }
 
 }  // namespace
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

@@ -13,7 +13,7 @@
 
 #include "runtime/Text.h"
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 
 /// Why a line cannot be read. One without a text would leave a button without a caption; what nobody has translated yet
 /// is shown by its default. A NUL counts as "not UTF-8": the file is in another encoding then.
@@ -54,4 +54,4 @@ class TextFile {
 /// break (CR LF) \n. A CR or LF alone has no written form; it becomes \n as well.
 runtime::String EscapeText(runtime::StringView text);
 
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

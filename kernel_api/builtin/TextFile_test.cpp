@@ -1,11 +1,11 @@
-#include "kernel_api/dev/TextFile.h"
+#include "kernel_api/builtin/TextFile.h"
 
 #include <gmock/gmock.h>
 
 #include <utility>
 #include <vector>
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 namespace {
 
 using runtime::String;
@@ -169,4 +169,4 @@ TEST(TextFile, EmptyFileHasNoTexts) {
 }
 
 }  // namespace
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

@@ -1,11 +1,11 @@
 // How the bytes of an INI file become text, whatever wrote it: UTF-8, UTF-16 and ANSI, with marks and without.
-#include "kernel_api/dev/IniText.h"
+#include "kernel_api/builtin/IniText.h"
 
 #include <gmock/gmock.h>
 
 #include "runtime/headless/PlainLocale.h"
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 namespace {
 
 using runtime::headless::PlainLocale;
@@ -183,4 +183,4 @@ TEST_F(IniTextTest, ManySectionsAndKeysLoadInOneGo) {
 }
 
 }  // namespace
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

@@ -7,7 +7,7 @@
 #include <mutex>
 #include <string>
 
-namespace kernel_api::dev {
+namespace devkernel {
 
 /// For any thread to call; `thread` is the caller's identifier.
 class ThreadTexts {
@@ -23,4 +23,4 @@ class ThreadTexts {
     std::map<std::uint32_t, std::map<std::string, std::string>> texts_;
 };
 
-}  // namespace kernel_api::dev
+}  // namespace devkernel

@@ -5,13 +5,13 @@
 #include <atomic>
 #include <cstring>
 
-#include "kernel_api/dev/SectionMemory.h"
-#include "kernel_api/dev/StringStore.h"
-#include "kernel_api/dev/ThreadTexts.h"
+#include "devkernel/SectionMemory.h"
+#include "devkernel/StringStore.h"
+#include "devkernel/ThreadTexts.h"
 
 namespace {
 
-using namespace kernel_api::dev;
+using namespace devkernel;
 
 static_assert(sizeof(long) == sizeof(void*), "addresses are handed out as 32-bit numbers");
 

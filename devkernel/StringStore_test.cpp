@@ -1,5 +1,5 @@
 // The strings that processes share, over plain memory in which a writer can be made to die after any of its steps.
-#include "kernel_api/dev/StringStore.h"
+#include "devkernel/StringStore.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 #include <random>
 #include <vector>
 
-namespace kernel_api::dev {
+namespace devkernel {
 namespace {
 
 using testing::Optional;
@@ -364,4 +364,4 @@ TEST(StringStore, AgreesWithAMapWhateverTheOrderOfCalls) {
 }
 
 }  // namespace
-}  // namespace kernel_api::dev
+}  // namespace devkernel

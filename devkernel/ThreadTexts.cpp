@@ -1,8 +1,8 @@
-#include "kernel_api/dev/ThreadTexts.h"
+#include "devkernel/ThreadTexts.h"
 
 #include <utility>
 
-namespace kernel_api::dev {
+namespace devkernel {
 
 const char* ThreadTexts::Keep(std::uint32_t thread, const std::string& name, std::string text) {
     const std::scoped_lock lock(mutex_);
@@ -22,4 +22,4 @@ void ThreadTexts::DropAll(std::uint32_t thread) {
     texts_.erase(thread);
 }
 
-}  // namespace kernel_api::dev
+}  // namespace devkernel

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <stdexcept>
 
-namespace kernel_api::dev {
+namespace devkernel {
 
 /// The strings cannot be reached: the memory is missing, foreign or damaged, or its lock cannot be had.
 class StoreError : public std::runtime_error {
@@ -44,4 +44,4 @@ class SharedMemory {
     virtual void Release(std::uint32_t space) noexcept = 0;
 };
 
-}  // namespace kernel_api::dev
+}  // namespace devkernel

@@ -5,7 +5,7 @@
 
 #include "runtime/LocalePort.h"
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 
 using runtime::String;
 using runtime::StringView;
@@ -39,4 +39,4 @@ class IniText {
     std::unordered_map<String, Section> sections_;  ///< names in lower case
 };
 
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

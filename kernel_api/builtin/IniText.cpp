@@ -1,11 +1,11 @@
-#include "kernel_api/dev/IniText.h"
+#include "kernel_api/builtin/IniText.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <utility>
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 namespace {
 
 StringView Trimmed(StringView text) {
@@ -88,4 +88,4 @@ const String* IniText::Find(StringView section, StringView key) const {
     return found == foundSection->second.end() ? nullptr : &found->second;
 }
 
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

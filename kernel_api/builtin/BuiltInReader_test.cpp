@@ -1,19 +1,19 @@
 // The reader of settings and texts over files and settings in memory: where each value comes from, and when a file is
 // read again.
-#include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/builtin/BuiltInReader.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
 #include <new>
 
-#include "kernel_api/dev/InMemoryKernel.h"
 #include "runtime/Error.h"
 #include "runtime/headless/MemoryFiles.h"
 #include "runtime/headless/MemorySettings.h"
 #include "runtime/headless/PlainLocale.h"
+#include "tests/support/InMemoryKernel.h"
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 namespace {
 
 class BuiltInReaderTest : public testing::Test {
@@ -175,7 +175,7 @@ class LocalTexts : public BuiltInReaderTest {
     }
     String Text(StringView textId) { return reader_.GetText(u"default", textId); }
 
-    InMemoryKernel kernel_;
+    tests::InMemoryKernel kernel_;
     String folder_;  ///< what the component holds as its language folder
 };
 
@@ -342,4 +342,4 @@ TEST_F(LocalTexts, FailingKernelIsTheCallersError) {
 }
 
 }  // namespace
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

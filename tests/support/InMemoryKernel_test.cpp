@@ -1,18 +1,20 @@
 // The kernel in memory: what it keeps as a real one does, and what tests have of it besides, its log and ordered
 // failures.
-#include "kernel_api/dev/InMemoryKernel.h"
+#include "tests/support/InMemoryKernel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "tests/support/ErrorOf.h"
 
-namespace kernel_api::dev {
+namespace tests {
 namespace {
 
+using kernel_api::TextPointer;
+using runtime::String;
+using runtime::StringView;
 using testing::ElementsAre;
 using testing::Optional;
-using tests::ErrorOf;
 
 const char* At(TextPointer pointer) {
     return reinterpret_cast<const char*>(pointer);
@@ -115,4 +117,4 @@ TEST(InMemoryKernel, RewritesValuesAsTheTestSays) {
 }
 
 }  // namespace
-}  // namespace kernel_api::dev
+}  // namespace tests

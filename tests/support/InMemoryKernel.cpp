@@ -1,10 +1,14 @@
-#include "kernel_api/dev/InMemoryKernel.h"
+#include "tests/support/InMemoryKernel.h"
 
 #include <algorithm>
 #include <utility>
 
-namespace kernel_api::dev {
+namespace tests {
 namespace {
+
+using kernel_api::TextPointer;
+using runtime::String;
+using runtime::StringView;
 
 constexpr const char* kDesignNameKey = "DESIGN_NAME";
 
@@ -93,4 +97,4 @@ void InMemoryKernel::StopFailing() {
     failingStarts_.clear();
 }
 
-}  // namespace kernel_api::dev
+}  // namespace tests

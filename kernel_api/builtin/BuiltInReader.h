@@ -6,14 +6,14 @@
 #include <functional>
 
 #include "kernel_api/Reader.h"
-#include "kernel_api/dev/IniText.h"
-#include "kernel_api/dev/TextFile.h"
-#include "kernel_api/dev/WatchedFile.h"
+#include "kernel_api/builtin/IniText.h"
+#include "kernel_api/builtin/TextFile.h"
+#include "kernel_api/builtin/WatchedFile.h"
 #include "runtime/FilesPort.h"
 #include "runtime/LocalePort.h"
 #include "runtime/SettingsPort.h"
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 
 /// More than this is no language file: it would take hundreds of megabytes of a module's memory and seconds of its
 /// time. It holds about 300,000 texts of ordinary length.
@@ -65,4 +65,4 @@ class BuiltInReader : public Reader {
     TextFile texts_;
 };
 
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

@@ -1,4 +1,4 @@
-#include "kernel_api/dev/SectionMemory.h"
+#include "devkernel/SectionMemory.h"
 
 #include <sddl.h>
 
@@ -7,7 +7,7 @@
 #include <cstring>
 #include <vector>
 
-namespace kernel_api::dev {
+namespace devkernel {
 namespace {
 
 using runtime::String;
@@ -157,4 +157,4 @@ void SectionMemory::Release(std::uint32_t space) noexcept {
     spaces_[space] = {};
 }
 
-}  // namespace kernel_api::dev
+}  // namespace devkernel

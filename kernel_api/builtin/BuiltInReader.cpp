@@ -1,10 +1,10 @@
-#include "kernel_api/dev/BuiltInReader.h"
+#include "kernel_api/builtin/BuiltInReader.h"
 
 #include <new>
 #include <optional>
 #include <utility>
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 namespace {
 
 constexpr StringView kIniName = u"MARLENTO.INI";
@@ -88,4 +88,4 @@ void BuiltInReader::Refresh() {
     });
 }
 
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

@@ -17,9 +17,9 @@
 #include <string>
 #include <string_view>
 
-#include "kernel_api/dev/SharedMemory.h"
+#include "devkernel/SharedMemory.h"
 
-namespace kernel_api::dev {
+namespace devkernel {
 
 /// Every call throws StoreError when the memory cannot be reached or is not a string store's.
 class StringStore {
@@ -64,4 +64,4 @@ class StringStore {
     Index index_;
 };
 
-}  // namespace kernel_api::dev
+}  // namespace devkernel

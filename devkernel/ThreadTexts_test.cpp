@@ -1,9 +1,9 @@
 // How long the address of a text holds while its own and other threads ask for more.
-#include "kernel_api/dev/ThreadTexts.h"
+#include "devkernel/ThreadTexts.h"
 
 #include <gtest/gtest.h>
 
-namespace kernel_api::dev {
+namespace devkernel {
 namespace {
 
 TEST(ThreadTexts, KeepAnAddressWhileOtherNamesAndThreadsAsk) {
@@ -35,4 +35,4 @@ TEST(ThreadTexts, StartAfreshAfterBeingDropped) {
 }
 
 }  // namespace
-}  // namespace kernel_api::dev
+}  // namespace devkernel

@@ -13,17 +13,17 @@
 #include "kernel_api/Kernel.h"
 #include "runtime/Error.h"
 
-namespace kernel_api::dev {
+namespace tests {
 
-class InMemoryKernel : public Kernel {
+class InMemoryKernel : public kernel_api::Kernel {
  public:
     /// Changes the bytes of a value while it is being stored under `key`.
     using Rewrite = std::function<void(const std::string& key, std::string& value)>;
 
-    void E_SetString(StringView key, String& value) override;
-    TextPointer E_GetString(StringView key) override;
+    void E_SetString(runtime::StringView key, runtime::String& value) override;
+    kernel_api::TextPointer E_GetString(runtime::StringView key) override;
     std::int32_t DB_DataBase() override;
-    TextPointer O_GetName(std::int32_t handle) override;
+    kernel_api::TextPointer O_GetName(std::int32_t handle) override;
 
     /// The calls in order, failed ones included: "E_SetString(INITBP, INIT)", "E_GetString(AllAps)", "DB_DataBase()",
     /// "O_GetName(1)"; in UTF-8.
@@ -31,9 +31,9 @@ class InMemoryKernel : public Kernel {
     void ClearLog() { log_.clear(); }
 
     /// Puts a string there as another module would: not logged, never failing.
-    void Put(StringView key, StringView value);
+    void Put(runtime::StringView key, runtime::StringView value);
     /// What is kept under `key`, not logged.
-    std::optional<String> Kept(StringView key) const;
+    std::optional<runtime::String> Kept(runtime::StringView key) const;
 
     /// The handle of the open design, 1 unless a test chooses another one.
     void UseDesignHandle(std::int32_t handle) { designHandle_ = handle; }
@@ -50,7 +50,7 @@ class InMemoryKernel : public Kernel {
     using HandedOut = std::unique_ptr<char[]>;
 
     void Enter(std::string line);
-    TextPointer HandOut(HandedOut& handedOut, const std::string& key);
+    kernel_api::TextPointer HandOut(HandedOut& handedOut, const std::string& key);
 
     std::map<std::string, std::string> strings_;
     std::map<std::string, HandedOut> handedOut_;
@@ -63,4 +63,4 @@ class InMemoryKernel : public Kernel {
     Rewrite rewrite_;
 };
 
-}  // namespace kernel_api::dev
+}  // namespace tests

@@ -1,11 +1,11 @@
-#include "kernel_api/dev/TextFile.h"
+#include "kernel_api/builtin/TextFile.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <utility>
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 namespace {
 
 using runtime::String;
@@ -122,4 +122,4 @@ String EscapeText(StringView text) {
     return escaped;
 }
 
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin

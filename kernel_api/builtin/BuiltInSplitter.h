@@ -4,7 +4,7 @@
 
 #include "kernel_api/Splitter.h"
 
-namespace kernel_api::dev {
+namespace kernel_api::builtin {
 
 class BuiltInSplitter : public Splitter {
  public:
@@ -13,4 +13,4 @@ class BuiltInSplitter : public Splitter {
     std::int32_t CountPieces(StringView text, StringView separator) override;
 };
 
-}  // namespace kernel_api::dev
+}  // namespace kernel_api::builtin
