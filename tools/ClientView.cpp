@@ -8,6 +8,7 @@
 #include "runtime/Error.h"
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/ModulePath.h"
+#include "runtime/win32/TrustedLibrary.h"
 #include "tools/Display.h"
 
 namespace tools {
@@ -20,7 +21,6 @@ using kernel_api::win32::KernelLibrary;
 using kernel_api::win32::KernelPlace;
 using runtime::StringView;
 using runtime::win32::FolderOf;
-using runtime::win32::Library;
 using runtime::win32::Wide;
 
 bool IsSameFolder(const String& one, const String& other) {
@@ -49,7 +49,7 @@ std::unique_ptr<kernel_api::Kernel> MakeKernelOrNone(const String& componentFold
 
 /// Kept until the process ends: the ports take the component's folder from it.
 HMODULE LoadForGood(const String& library) {
-    return LoadLibraryExW(Wide(library), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    return IsFullPath(library) ? runtime::win32::LoadTrusted(library).Release() : nullptr;
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "host/com/ComPtr.h"
 #include "runtime/ProgramFile.h"
 #include "runtime/win32/Handle.h"
+#include "runtime/win32/TrustedLibrary.h"
 #include "tools/ComFailure.h"
 
 namespace tools {
@@ -55,7 +56,7 @@ std::optional<Version> TypeLibraryOf(const String& path) {
 std::string LoadFailureOf(const String& path) {
     using GetClass = HRESULT STDAPICALLTYPE(REFCLSID, REFIID, void**);
 
-    const Library library(LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    const Library library = runtime::win32::LoadTrusted(path);
     if (!library) return "it cannot be loaded: " + SystemText(HRESULT_FROM_WIN32(GetLastError()));
     const FARPROC entry = GetProcAddress(library.Get(), "DllGetClassObject");
     if (entry == nullptr) return "it has no entry DllGetClassObject";
@@ -70,6 +71,7 @@ std::string LoadFailureOf(const String& path) {
 ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path) {
     ComponentFile component;
     component.path = path;
+    if (!IsFullPath(path)) return component;
     component.exists = files.Stamp(path).has_value();
     if (!component.exists) return component;
     component.bits = runtime::BitsOfProgram(files.Read(path).value_or(""));
@@ -79,7 +81,8 @@ ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path) {
     return component;
 }
 
-std::string ActivationFailure() {
+std::string ActivationFailure(const String& library) {
+    if (!IsFullPath(library)) return "not tried, because the file might come from the current folder";
     ComPtr<IUnknown> factory;
     const HRESULT result = CoGetClassObject(__uuidof(clsQmxBackProcess), CLSCTX_INPROC_SERVER, nullptr,
                                             IID_IClassFactory, factory.PutVoid());

@@ -8,7 +8,8 @@ namespace tools {
 
 ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path);
 
-/// What COM says when it is asked for the class, for a thread in an apartment; "" when it gives the class.
-std::string ActivationFailure();
+/// What COM says when it is asked for the class, which `library` is registered for, by a thread in an apartment; ""
+/// when it gives the class.
+std::string ActivationFailure(const String& library);
 
 }  // namespace tools

@@ -94,10 +94,6 @@ Finding OfName(const MachineState& machine) {
     return Bad(subject, what, RegisterAgain(machine));
 }
 
-bool IsFullPath(const String& path) {
-    return path.starts_with(u"\\\\") || (path.size() > 2 && path[1] == u':' && path[2] == u'\\');
-}
-
 Finding OfFile(const MachineState& machine) {
     const std::string path = Display(machine.component.path);
     if (machine.component.path.starts_with(u'"')) {
@@ -255,13 +251,58 @@ Finding OfModules(const ModuleListCheck& modules) {
     return Good(subject, count + ", K4TBACKPROCESS is number " + std::to_string(modules.ownPlace));
 }
 
+/// The only field of a state record that tells one form from another. It is not quoted, so that a comma in it is not
+/// the end of the field: it ends before the last four fields, which are numbers.
+String CaptionOf(const String& stateRecord) {
+    constexpr int kNumbers = 4;
+    std::size_t end = stateRecord.size();
+    for (int i = 0; i < kNumbers && end != 0; ++i) {
+        const std::size_t comma = stateRecord.rfind(u',', end - 1);
+        if (comma == String::npos) return stateRecord;
+        end = comma;
+    }
+    return stateRecord.substr(0, end);
+}
+
+/// "process 12 (C:\EDITOR.EXE) and process 14".
+std::string ProcessesOf(const std::vector<MainFormOfProcess>& forms) {
+    std::string names;
+    for (const MainFormOfProcess& form : forms) {
+        names += (names.empty() ? "process " : " and process ") + std::to_string(form.process);
+        if (!form.program.empty()) names += " (" + Display(form.program) + ")";
+    }
+    return names;
+}
+
+/// The record has no number of a process. Programs whose forms have the same caption cannot be told apart by it.
 Finding OfState(const SuiteStrings& strings) {
     const std::string subject = "state";
-    if (strings.isRunning) return Good(subject, "a process of this session has the component's form");
-    if (strings.stateRecord.empty()) return Good(subject, "the component is not running");
-    return Note(subject,
-                "K4TBACKPROCESS says that the component is running, but no process of this session has its form",
-                "run 'backproc strings set K4TBACKPROCESS \"\"'");
+    const std::vector<MainFormOfProcess>& forms = strings.mainForms;
+    if (strings.stateRecord.empty()) {
+        if (forms.empty()) return Good(subject, "the component is not running");
+        return Note(subject,
+                    "K4TBACKPROCESS is empty, so the modules take the component for not running, but the main form is "
+                    "loaded in " +
+                        ProcessesOf(forms),
+                    "end that program and start it again");
+    }
+    const String caption = CaptionOf(strings.stateRecord);
+    std::vector<MainFormOfProcess> named;
+    for (const MainFormOfProcess& form : forms) {
+        if (form.caption == caption) named.push_back(form);
+    }
+    if (!named.empty()) return Good(subject, "the main form of the record is loaded in " + ProcessesOf(named));
+    if (forms.empty()) {
+        return Note(subject,
+                    "K4TBACKPROCESS says that the component is running, but no process of this session has its form",
+                    "run 'backproc strings set K4TBACKPROCESS \"\"'");
+    }
+    return Note(
+        subject,
+        "K4TBACKPROCESS names the main form " + Quoted(caption) +
+            ", but no main form of this session has that caption; one with another caption is loaded in " +
+            ProcessesOf(forms),
+        "a language that was switched since is no fault; otherwise end that program, then run 'backproc doctor'");
 }
 
 Finding OfLanguage(const LanguageFolder& language) {
@@ -286,6 +327,10 @@ Finding OfLanguage(const LanguageFolder& language) {
 const ClassEntry* EntryInForce(const MachineState& machine) {
     if (machine.forUser) return &*machine.forUser;
     return machine.forMachine ? &*machine.forMachine : nullptr;
+}
+
+bool IsFullPath(runtime::StringView path) {
+    return path.starts_with(u"\\\\") || (path.size() > 2 && path[1] == u':' && path[2] == u'\\');
 }
 
 bool HasKernel(const KernelFile& kernel) {

@@ -95,11 +95,18 @@ struct LanguageFolder {
     bool isUtf16 = false;
 };
 
+/// A main form of the component that a process of this session has.
+struct MainFormOfProcess {
+    String caption;  ///< as the kernel's ANSI code page holds it
+    unsigned long process = 0;
+    String program;  ///< full path; empty when it is unknown
+};
+
 /// The shared strings that the component's work depends on.
 struct SuiteStrings {
     ModuleListCheck modules;
-    String stateRecord;      ///< empty: the component is not running
-    bool isRunning = false;  ///< a process of this session has a form of the component
+    String stateRecord;  ///< empty: the component is not running
+    std::vector<MainFormOfProcess> mainForms = {};
 };
 
 struct MachineState {
@@ -131,6 +138,10 @@ struct Finding {
 
 /// The entry that COM takes: the user's hides the machine's. None when there is neither.
 const ClassEntry* EntryInForce(const MachineState& machine);
+
+/// "C:\…" or "\\server\…": a path that does not depend on the current folder. The tool loads no other: a file that was
+/// prepared in the current folder must not run.
+bool IsFullPath(runtime::StringView path);
 
 /// There is a kernel, and it is whole.
 bool HasKernel(const KernelFile& kernel);

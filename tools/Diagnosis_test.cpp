@@ -335,13 +335,37 @@ TEST(Diagnosis, AModuleListThatCannotBeSplitIsMendedByItsAdvice) {
     ExpectBad(machine, "modules", "AllAps, field 2", "run 'backproc strings set AllAps \"EDITOR,LIBRARY\"'");
 }
 
-TEST(Diagnosis, AStateRecordNeedsALivingProcess) {
+TEST(Diagnosis, AStateRecordWithoutAnyMainForm_IsNoted) {
     MachineState machine = Sound();
     EXPECT_EQ(FindingOf(machine, "state").what, "the component is not running");
-    machine.strings.stateRecord = u"Caption, 0";
+    machine.strings.stateRecord = u"Caption, 0, 0, 0, 0";
     ExpectNote(machine, "state", "no process of this session has its form", "run 'backproc strings set K4TBACKPROCESS");
-    machine.strings.isRunning = true;
+}
+
+TEST(Diagnosis, AStateRecordOfALoadedMainForm_NamesItsProcess) {
+    MachineState machine = Sound();
+    machine.strings.stateRecord = u"Back, process, 0, 0, 0, 0";
+    machine.strings.mainForms = {{.caption = u"Another", .process = 7, .program = {}},
+                                 {.caption = u"Back, process", .process = 12, .program = u"C:\\EDITOR.EXE"},
+                                 {.caption = u"Back, process", .process = 14, .program = {}}};
     EXPECT_EQ(FindingOf(machine, "state").grade, Grade::kOk);
+    EXPECT_EQ(FindingOf(machine, "state").what,
+              "the main form of the record is loaded in process 12 (C:\\EDITOR.EXE) and process 14");
+}
+
+TEST(Diagnosis, AStateRecordWithTheCaptionOfNoMainForm_IsNoted) {
+    for (const runtime::StringView record : {u"Caption, 0, 0, 0, 0", u"Another", u"Another, 0, 0, 0", u",,,"}) {
+        MachineState machine = Sound();
+        machine.strings.stateRecord = record;
+        machine.strings.mainForms = {{.caption = u"Another, 0", .process = 12, .program = {}}};
+        ExpectNote(machine, "state", "no main form of this session has that caption", "end that program");
+    }
+}
+
+TEST(Diagnosis, AMainFormWithoutAStateRecord_IsNoted) {
+    MachineState machine = Sound();
+    machine.strings.mainForms = {{.caption = u"Caption", .process = 12, .program = {}}};
+    ExpectNote(machine, "state", "is empty", "end that program and start it again");
 }
 
 TEST(Diagnosis, ALanguageFileInUtf16IsNamed) {

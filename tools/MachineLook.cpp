@@ -6,6 +6,7 @@
 #include "kernel_api/builtin/BuiltInReader.h"
 #include "kernel_api/builtin/IniText.h"
 #include "runtime/Error.h"
+#include "runtime/win32/GrowingBuffer.h"
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/ModulePath.h"
 #include "runtime/win32/Win32Files.h"
@@ -163,26 +164,42 @@ LanguageFolder LookAtLanguage(Win32Files& files, KernelLibrary& kernel) {
     return language;
 }
 
-BOOL CALLBACK NoteForm(HWND window, LPARAM into) noexcept {
-    constexpr std::wstring_view kFormClass = L"K4TBackProcess.Form";
-    wchar_t name[kFormClass.size() + 2]{};
-    GetClassNameW(window, name, static_cast<int>(std::size(name)));
-    if (name != kFormClass) return TRUE;
-    *reinterpret_cast<bool*>(into) = true;
-    return FALSE;
+String ProgramOf(DWORD process) {
+    const KernelHandle opened(OpenProcess(PROCESS_QUERY_LIMITED_INFORMATION, FALSE, process));
+    if (!opened) return {};
+    return runtime::win32::FillGrowing([&](wchar_t* buffer, DWORD capacity) {
+        DWORD length = capacity;
+        if (QueryFullProcessImageNameW(opened.Get(), 0, buffer, &length)) return length;
+        return GetLastError() == ERROR_INSUFFICIENT_BUFFER ? capacity : 0;
+    });
 }
 
-/// The main form is hidden, but it is a window like others.
-bool IsAnyFormOpen() {
-    bool isOpen = false;
-    EnumWindows(NoteForm, reinterpret_cast<LPARAM>(&isOpen));
-    return isOpen;
+MainFormOfProcess LookAtMainForm(HWND window) {
+    Win32Locale locale;
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    const String caption = runtime::win32::FillGrowing([&](wchar_t* buffer, DWORD capacity) {
+        const auto length = static_cast<DWORD>(GetWindowTextW(window, buffer, static_cast<int>(capacity)));
+        return length + 1 < capacity ? length : capacity;
+    });
+    return {.caption = locale.FromAnsi(locale.ToAnsi(caption)), .process = process, .program = ProgramOf(process)};
+}
+
+std::vector<MainFormOfProcess> MainFormsOfSession() {
+    constexpr const wchar_t* kFormClass = L"K4TBackProcess.Form";
+    std::vector<MainFormOfProcess> forms;
+    HWND window = nullptr;
+    while ((window = FindWindowExW(nullptr, window, kFormClass, nullptr)) != nullptr) {
+        // The main form is never visible. A visible form is a dialog.
+        if (!IsWindowVisible(window)) forms.push_back(LookAtMainForm(window));
+    }
+    return forms;
 }
 
 SuiteStrings LookAtStrings(KernelLibrary& kernel) {
     return {.modules = CheckModuleList(StringOf(kernel, u"AllAps")),
             .stateRecord = StringOf(kernel, services::kOwnModuleName),
-            .isRunning = IsAnyFormOpen()};
+            .mainForms = MainFormsOfSession()};
 }
 
 void LookAtKernelAndStrings(MachineState& machine, Win32Files& files, const String& folder) {
@@ -218,7 +235,7 @@ MachineState LookAtMachine() {
     machine.name = RegisteredName();
     machine.hasManifest = files.Stamp(ToolFolder() + u"\\K4TBackProcess.manifest").has_value();
     machine.component = LookAtComponent(files, FindComponent().library);
-    if (EntryInForce(machine)) machine.activationFailure = ActivationFailure();
+    if (const ClassEntry* entry = EntryInForce(machine)) machine.activationFailure = ActivationFailure(entry->library);
     const String folder = FolderOf(WithoutQuote(machine.component.path));
     machine.tool = LookAtTool(files, folder);
     LookAtKernelAndStrings(machine, files, folder);

@@ -5,6 +5,7 @@
 
 #include "host/com/ComHeaders.h"
 #include "runtime/win32/Handle.h"
+#include "runtime/win32/TrustedLibrary.h"
 #include "runtime/win32/Win32Process.h"
 #include "tools/Apartment.h"
 #include "tools/Display.h"
@@ -27,7 +28,7 @@ String BesideTheTool(const String& name) {
 
 Library LoadComponent() {
     const String path = BesideTheTool(kFileName);
-    Library library(LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    Library library = runtime::win32::LoadTrusted(path);
     if (library) return library;
     const std::string reason = SystemText(HRESULT_FROM_WIN32(GetLastError()));
     throw std::runtime_error("cannot load " + Quoted(path) + ": " + reason +

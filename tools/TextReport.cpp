@@ -64,12 +64,19 @@ std::map<String, std::size_t> LinesOf(std::string_view bytes) {
     return lines;
 }
 
-void WriteTexts(std::ostream& out, Catalogue catalogue, const TextFile& file) {
+/// What the modules read of a text in the published state, when the kernel's ANSI code page changes it; else "".
+std::string ChangeInState(const CatalogueText& text, const String& translation, runtime::LocalePort& locale) {
+    if (!text.isPublished) return "";
+    const String published = locale.FromAnsi(locale.ToAnsi(translation));
+    return published == translation ? "" : "\tpublished as " + Bracketed(published);
+}
+
+void WriteTexts(std::ostream& out, Catalogue catalogue, const TextFile& file, runtime::LocalePort& locale) {
     for (const CatalogueText& text : catalogue) {
         const String* const translation = file.Find(text.id);
         out << (translation ? "translated" : "missing") << '\t' << Display(runtime::Trim(text.id)) << '\t'
             << Bracketed(text.defaultText) << '\t' << (translation ? Bracketed(*translation) : "") << '\t'
-            << Display(text.use) << '\n';
+            << Display(text.use) << (translation ? ChangeInState(text, *translation, locale) : "") << '\n';
     }
 }
 
@@ -244,7 +251,7 @@ TextReportCounts WriteTextReport(std::ostream& out, Catalogue catalogue, const s
                                  runtime::LocalePort& locale, const CaptionMeasure& measure) {
     const LanguageFileText source = file.value_or(LanguageFileText());
     Findings findings(out, catalogue, source);
-    WriteTexts(out, catalogue, findings.File());
+    WriteTexts(out, catalogue, findings.File(), locale);
     TextReportCounts counts;
     counts.findings = findings.Write(locale, measure);
     const std::set<String> known = IdentifiersOf(catalogue);

@@ -110,6 +110,18 @@ TEST_F(TextReport, NamesCaptionsThatBreakThePublishedState) {
     EXPECT_THAT(Report("1 = a,b\n", captions), Not(HasSubstr("state")));
 }
 
+TEST_F(TextReport, PublishedCaptionOutsideTheCodePage_IsShownAsPublished) {
+    const std::vector<CatalogueText> captions = {{u"L", u"Process", u"form", u"", 0, true},
+                                                 {u"1", u"Path", u"check", u"", 0, false}};
+    // U+65E5 is in no Western code page, U+20AC is.
+    EXPECT_EQ(Report("L = a\xE6\x97\xA5\n1 = \xE6\x97\xA5\n", captions),
+              "translated\tL\t[Process]\t[a\xE6\x97\xA5]\tform\tpublished as [a?]\n"
+              "translated\t1\t[Path]\t[\xE6\x97\xA5]\tcheck\n"
+              "2 of 2 identifiers translated\n");
+    EXPECT_EQ(counts_, (TextReportCounts{0, 0}));
+    EXPECT_THAT(Report("L = \xE2\x82\xAC\n", captions), Not(HasSubstr("published as")));
+}
+
 TEST_F(TextReport, NamesCaptionsThatHaveLostTheirAccessKey) {
     EXPECT_THAT(Report("\n1 = Ja\n2 = Nein && aber\n"),
                 HasSubstr("key\tF:2\t1\thas no access key; put '&' before a letter\n"

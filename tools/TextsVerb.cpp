@@ -8,6 +8,7 @@
 #include "host/TextCatalogue.h"
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"
+#include "runtime/Error.h"
 #include "runtime/Ports.h"
 #include "services/ProcessValues.h"
 #include "tools/ClientView.h"
@@ -27,7 +28,8 @@ constexpr std::string_view kHelp =
        backproc texts --template [--output FILE]
 
 Shows every text that the component asks for, one a line, with tabs between: 'translated' or 'missing', identifier,
-[English], [translation], where it is shown. The language file is K4TBackProcess.txt in the folder F, or in the one of
+[English], [translation], where it is shown; and 'published as [TEXT]' for a caption that this system's ANSI code page
+changes in the state that the modules read. The language file is K4TBackProcess.txt in the folder F, or in the one of
 the shared string LANGUAGEPATH; without both everything is missing. Then what is wrong with the file, with its line:
 
   encoding    the file is UTF-16, which is not read
@@ -85,11 +87,18 @@ TextsRequest ReadRequest(const Arguments& arguments) {
     return request;
 }
 
-std::optional<String> LanguageFolder(const TextsRequest& request) {
+/// None, with a line on `err`, when no folder is chosen or there is no kernel that could name one: the English texts
+/// need none.
+std::optional<String> LanguageFolder(const TextsRequest& request, std::ostream& err) {
     if (request.folder) return request.folder;
-    String folder = kernel_api::CurrentReader().TextAt(kernel_api::CurrentKernel().E_GetString(u"LANGUAGEPATH"));
-    if (folder.empty()) return std::nullopt;
-    return folder;
+    try {
+        String folder = kernel_api::CurrentReader().TextAt(kernel_api::CurrentKernel().E_GetString(u"LANGUAGEPATH"));
+        if (!folder.empty()) return folder;
+        err << "backproc texts: no language folder is chosen; give one with --folder\n";
+    } catch (const runtime::Error& error) {
+        err << "backproc texts: " << error.what() << "; without a kernel, give the language folder with --folder\n";
+    }
+    return std::nullopt;
 }
 
 LanguageFileText ReadTexts(const String& folder) {
@@ -148,11 +157,10 @@ int RunTexts(const Arguments& arguments, Console& console) {
     const ComponentInForce component = ComposeAsClient("texts", console.err);
     if (!request.folder) SayWhichComponent("texts", component, console.err);
     std::optional<LanguageFileText> file;
-    if (const std::optional<String> folder = LanguageFolder(request)) file = ReadTexts(*folder);
+    if (const std::optional<String> folder = LanguageFolder(request, console.err)) file = ReadTexts(*folder);
     if (file) ChooseFont();
     const TextReportCounts counts =
         WriteTextReport(console.out, host::TextCatalogue(), file, runtime::CurrentPorts().locale, WidthOf);
-    if (!file) console.err << "backproc texts: no language folder is chosen; give one with --folder\n";
     return counts.missing > 0 || (request.checks && counts.findings > 0) ? kFailure : kSuccess;
 }
 

@@ -204,6 +204,16 @@ def save_language_as_utf8(it):
     shutil.copy(running.EXAMPLES / "languages" / "German" / "K4TBackProcess.txt", it.other)
 
 
+def have_record_of_another_form(it):
+    it.holder.ask(b"create")
+    it.holder.ask(b"load 1")
+    it.hold("K4TBACKPROCESS", "Another, 0, 0, 0, 0")
+
+
+def end_the_program_with_the_form(it):
+    it.holder.ask(b"release 1")
+
+
 SETTINGS = "[Marlento]\r\nJobDir=D:\\JOB\r\n"
 TAKE_KERNEL = dict(advises="put the suite's", mend=put_suite_kernel)
 TAKE_COMPONENT = dict(advises="K4TBackProcess.dll of the package there", mend=put_component)
@@ -266,6 +276,9 @@ BROKEN = [
            "'1E999' is a number that is too large", needs_strings=True),
     Broken("state record of a dead process", lambda it: it.hold("K4TBACKPROCESS", "Caption, 0, 0, 0, 0"), "state",
            "no process of this session has its form", needs_strings=True),
+    Broken("state record of a dead process beside a living one", have_record_of_another_form, "state",
+           "no main form of this session has that caption", "end that program", end_the_program_with_the_form,
+           needs_strings=True),
     Broken("language folder without a file", choose_empty_folder, "language", "has no K4TBackProcess.txt",
            "'backproc strings set LANGUAGEPATH FOLDER'", set_language_folder, needs_strings=True),
     Broken("language file is UTF-16", choose_language("39171 = &Ja\n".encode("utf-16")), "language",

@@ -3,6 +3,7 @@
 
     test_doctor.py WINE_RUN BIN_FOLDER
 """
+import contextlib
 import pathlib
 import shutil
 import tempfile
@@ -118,6 +119,35 @@ class Doctor(ToolTestCase):
         self.assertEqual(self.diagnose(program)["INI file"], "ok   INI file: " + windows_path(ini) + ", UTF-8, settings taken: Ver")
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-16-le")
         self.assert_bad(self.diagnose(program)["INI file"], "NUL characters", "UTF-8")
+
+    def test_state_record_belongs_to_the_main_form_with_its_caption(self):
+        program = copy_package(self.folder)
+        self.assertEqual(run(program, "register")[0], 0)
+        with LiveHost() as holder:
+            holder.ask(b"create")
+            self.assertEqual(holder.ask(b"load 1"), b"1 Load True\n")
+            loaded = self.diagnose(program)["state"]
+            holder.ask(b"set K4TBACKPROCESS Another, 0, 0, 0, 0", b"get K4TBACKPROCESS")
+            another = self.diagnose(program)["state"]
+            holder.ask(b"set K4TBACKPROCESS ", b"get K4TBACKPROCESS")
+            withdrawn = self.diagnose(program)["state"]
+        process = r"process \d+ \(.*\\backproc\.exe\)"
+        self.assertRegex(loaded, rf"^ok   state: the main form of the record is loaded in {process}$")
+        self.assertRegex(another, rf"^note state: .*'Another', but no main form of this session .* loaded in {process}; .*otherwise")
+        self.assertRegex(withdrawn, rf"^note state: K4TBACKPROCESS is empty, .* loaded in {process}; end that program")
+
+    def test_relative_path_loads_nothing_from_the_current_folder(self):
+        program = copy_package(self.folder)
+        self.assertEqual(run(program, "register")[0], 0)
+        server = "HKLM\\Software\\Classes\\CLSID\\" + CLASS + "\\InprocServer32"
+        self.assertEqual(run("reg.exe", "add", server, "/ve", "/d", "K4TBackProcess.dll", "/f")[0], 0)
+        with contextlib.chdir(self.folder):
+            lines = self.diagnose(program)
+            where = run(program, "where")
+        self.assert_bad(lines["file"], "not a full path")
+        self.assert_bad(lines["activation"], "not tried", "see 'file' above")
+        self.assertNotIn("loading", lines)
+        self.assertIn(b"cannot load the registered component 'K4TBackProcess.dll'", where[2])
 
     def test_report_has_everything_for_a_ticket(self):
         program = copy_package(self.folder)
