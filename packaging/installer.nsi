@@ -56,6 +56,19 @@ Function FindWanted
   ${EndIf}
 FunctionEnd
 
+; Ends the program where an earlier set-up installed without a list. Which files are its own cannot be known, and its
+; uninstaller deletes the suite's, too.
+Function RequireNoOldInstallation
+  ReadRegStr $0 SHCTX "${REMOVAL_KEY}" UninstallString
+  ${If} $0 == '"$INSTDIR\uninstall.exe"'
+  ${AndIfNot} ${FileExists} "$INSTDIR\${RECORD}"
+  ${AndIf} ${FileExists} "$INSTDIR\K4TBackProcess.dll"
+    ${GiveUp} ${EXIT_FAILED} "$INSTDIR has the installation of an earlier set-up, which kept no list of its files. Move \
+      K4TBackProcess.dll, K4TBackProcess.manifest, backproc.exe and uninstall.exe out of the folder. Then run this set-up again. \
+      Do not run that uninstall.exe: it also deletes QmxKrn2K.dll and README.md, even those of the suite. Nothing has been changed."
+  ${EndIf}
+FunctionEnd
+
 ; Ends the program when the place of a file that must be installed is taken by one that is not ours.
 !macro RequirePlace file
   StrCpy $wanted "${file}"
@@ -128,6 +141,7 @@ Section "-Make room"
   ${Note} "Folder $INSTDIR"
   Call RequireRecord
   Call RefuseWhileInUse
+  Call RequireNoOldInstallation
   !insertmacro RequirePlace K4TBackProcess.dll
   !insertmacro RequirePlace backproc.exe
   !insertmacro RequirePlace ${UNINSTALLER}

@@ -374,6 +374,33 @@ class FilesOfOthers(Installation):
                 self.assertEqual(changes(self.registry, registry()), [])
                 (self.folder / name).unlink()
 
+    def test_an_installation_of_the_first_set_up_is_replaced_as_the_message_says(self):
+        with unpacked() as package_folder:
+            shutil.copytree(package_folder, self.folder, dirs_exist_ok=True)
+        shutil.rmtree(self.folder / "dev")
+        others = {"QmxKrn2K.dll": b"the kernel of the suite", "README.md": b"the suite's own", "CHANGELOG.html": b"an old one"}
+        write(self.folder, others | {"uninstall.exe": b"of the first set-up", "K4TBackProcess.dll": b"an old one"})
+        key = r"HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall\K4TBackProcess"
+        for name, text in (("InstallLocation", r"C:\Suite"), ("UninstallString", r'"C:\Suite\uninstall.exe"')):
+            run("reg.exe", "add", key, "/v", name, "/d", text, "/f")
+        before = contents(self.folder)
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], FAILED)
+        self.assertEqual(contents(self.folder), before)
+        moved = re.search(r"Move (.*?) out of the folder", log())[1]
+        with tempfile.TemporaryDirectory() as elsewhere:
+            for name in re.findall(r"[\w.]+\.\w+", moved):
+                shutil.move(self.folder / name, elsewhere)
+            self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
+        self.assertLessEqual(others.items(), contents(self.folder).items())
+        # What stands for the suite's kernel is none, which is all that is wrong.
+        lines = run(self.folder / "backproc.exe", "doctor")[1].splitlines()
+        self.assertEqual([line.split(":")[0] for line in lines if line.startswith("BAD")], ["BAD  kernel"])
+        self.remove(self.folder)
+        self.assertLessEqual(others.items(), contents(self.folder).items())
+        self.assertEqual(list(self.folder.glob("*.dll")), [self.folder / "QmxKrn2K.dll"])
+        shutil.rmtree(self.folder)
+        self.assert_as_before()
+
     def test_set_up_gives_up_where_a_program_of_ours_was_changed(self):
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         write(self.folder, {"backproc.exe": b"patched"})
