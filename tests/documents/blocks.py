@@ -2,7 +2,7 @@
 
 A block says by its form what it is:
     ```sh               commands, one a line; a plain block directly after it is what the last one prints
-    ```                 with lines that start with "$ " (or "> " for Windows' prompt): commands, each with what it prints below
+    ```                 with lines that start with "$ " (or "> " for Windows' prompt, in the folder of the package): commands, each with what it prints below
     any language        behind a line that ends in `build/try/NAME`: or `C:\\Orvane\\…`: the contents of that file
     any language        behind a line that ends in `FOLDER/NAME`: lines of that file of the project, as they stand there
     anything else       an illustration
@@ -25,6 +25,7 @@ class Command:
     document: str
     line: str
     expected: list = None
+    is_for_windows: bool = False  # typed at the prompt of Windows
 
 
 @dataclass
@@ -61,7 +62,7 @@ def transcript(document, body):
     commands = []
     for line in body.splitlines():
         if line.startswith(PROMPTS):
-            commands.append(Command(document, line[2:], []))
+            commands.append(Command(document, line[2:], [], is_for_windows=line.startswith("> ")))
         else:
             commands[-1].expected.append(line)
     return commands

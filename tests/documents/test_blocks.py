@@ -25,7 +25,8 @@ class Blocks(unittest.TestCase):
     def test_prompts_begin_commands(self):
         text = document("```", "$ ./one", "$ ./two", "a", "b", "> three", "c", "```")
         self.assertEqual(read("D", text),
-                         [Command("D", "./one", []), Command("D", "./two", ["a", "b"]), Command("D", "three", ["c"])])
+                         [Command("D", "./one", []), Command("D", "./two", ["a", "b"]),
+                          Command("D", "three", ["c"], is_for_windows=True)])
 
     def test_a_path_before_the_block_names_the_file_that_it_is(self):
         text = document("Text, `build/try/a.vbs`:", "", "```vb", "x", "```", "And `C:\\Orvane\\LANG\\a.txt`:", "", "```", "y", "```")

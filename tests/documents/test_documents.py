@@ -17,6 +17,7 @@ import blocks
 
 # In this order: each takes up what the ones before have made.
 DOCUMENTS = ["README.md", "docs/USING.md", "docs/KERNEL.md", "docs/TRANSLATING.md", "docs/TESTING.md", "CONTRIBUTING.md"]
+PACKAGE = "build/wine/drive_c/Orvane"  # the folder of Windows' prompt
 TIMEOUT = 900  # seconds for all commands together; they take about 90
 
 # What is not followed here: how the command starts, and the reason. Whoever changes one of these runs it by hand.
@@ -84,14 +85,32 @@ xdotool key {key}
 wait $!"""
 
 
+# "start" returns when the program has printed something.
+WINDOWS_PROMPT = f"package={PACKAGE}" + r"""
+in_package() {
+    cd "$checkout/$package"
+    backproc() { "$checkout/scripts/wine-run" 'C:\Orvane\backproc.exe' "$@"; }
+    del() { rm "$@"; }
+    ren() { mv "$@"; }
+    taskkill() { "$checkout/scripts/wine-run" taskkill.exe "$@"; }
+    start() {
+        shift
+        "$@" >"$outputs/started" 2>&1 &
+        for _ in $(seq 300); do [ -s "$outputs/started" ] && break; sleep 0.1; done
+        cat "$outputs/started"
+    }
+}
+"""
+
+
 def followed(number, command):
     """The shell's lines for one command; its output and its exit code go to files."""
-    line = command.line
+    line = f"( in_package; {command.line}\n)" if command.is_for_windows else command.line
     run = f"{{ {{ {line}\n}} >$outputs/{number} 2>&1; echo $? >$outputs/{number}.code; }}"
     if ANOTHER_HAS_THE_FORM in line:
         return beside_another_host(run)
     for start, (title, key) in ANSWERED.items():
-        if line.startswith(start):
+        if command.line.startswith(start):
             return answered(run, title, key)
     return run
 
@@ -99,7 +118,7 @@ def followed(number, command):
 def script(steps, outputs):
     """One script, so that what a command sets is there for the next."""
     lines = ["export LC_ALL=C", "unset WINEPREFIX", f"outputs={outputs}",
-             ': "${DISPLAY:=$(scripts/start-display)}"', "export DISPLAY"]
+             ': "${DISPLAY:=$(scripts/start-display)}"', "export DISPLAY", "checkout=$PWD", WINDOWS_PROMPT]
     for number, step in enumerate(steps):
         if isinstance(step, blocks.MadeFile):
             made = outputs / f"{number}.made"
@@ -134,7 +153,7 @@ class Documents(unittest.TestCase):
                 self.assertEqual(printed.splitlines(), command.expected)
 
     def check_quotation(self, quotation, root):
-        source = next((folder / quotation.path for folder in (project, root) if (folder / quotation.path).exists()), None)
+        source = next((folder / quotation.path for folder in (project, root, root / PACKAGE) if (folder / quotation.path).exists()), None)
         with self.subTest(f"{quotation.document}: from {quotation.path}"):
             self.assertIsNotNone(source, "there is no such file")
             self.assertIn(quotation.text, source.read_text(encoding="utf-8").replace("\r", ""))

@@ -511,10 +511,12 @@ class Packages(Installation):
                         if name:
                             self.assertIn(name, Page(target).names)
 
-    def test_the_readme_names_nothing_of_the_repository(self):
+    def test_documents_name_nothing_of_the_repository(self):
+        repository = r"(?<![\w.])\./\w+|\b(?:scripts|host|kernel_api|runtime|tools|tests|dist)/\S*|\b[Ww]ine\b|mkfifo"
         with unpacked() as folder:
-            text = (folder / "README.html").read_text(encoding="utf-8")
-        self.assertIsNone(re.search(r"\./\w+|scripts/|host/|kernel_api/|tests/|dist/|wine", text))
+            for page in {*folder.rglob("*.html")} - {folder / "docs" / "USING.html"}:
+                with self.subTest(page.name):
+                    self.assertEqual(re.findall(repository, page.read_text(encoding="utf-8")), [])
 
     def test_every_command_of_the_readme_works(self):
         with unpacked() as folder:
