@@ -24,11 +24,11 @@ std::string Display(runtime::StringView text) {
 }
 
 std::string Quoted(runtime::StringView text) {
-    constexpr std::size_t kMost = 200;
-    const bool isCut = text.size() > kMost;
-    const bool splitsPair = isCut && text[kMost] >= kFirstLowSurrogate && text[kMost] <= kLastLowSurrogate;
+    constexpr std::size_t kMaxLength = 200;
+    const bool isCut = text.size() > kMaxLength;
+    const bool splitsPair = isCut && text[kMaxLength] >= kFirstLowSurrogate && text[kMaxLength] <= kLastLowSurrogate;
     std::string quoted(1, '\'');
-    quoted += Display(isCut ? text.substr(0, splitsPair ? kMost - 1 : kMost) : text);
+    quoted += Display(isCut ? text.substr(0, splitsPair ? kMaxLength - 1 : kMaxLength) : text);
     return quoted += isCut ? "…'" : "'";
 }
 

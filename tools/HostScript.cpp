@@ -71,9 +71,9 @@ const VerbForm& FindVerb(StringView name) {
 
 /// Nine digits at most, so that the value always fits.
 std::int32_t ToNumber(const std::string& command, StringView word) {
-    constexpr std::size_t kMostDigits = 9;
+    constexpr std::size_t kMaxDigits = 9;
     const auto isDigit = [](char16_t unit) { return unit >= u'0' && unit <= u'9'; };
-    if (word.empty() || word.size() > kMostDigits || !std::all_of(word.begin(), word.end(), isDigit)) {
+    if (word.empty() || word.size() > kMaxDigits || !std::all_of(word.begin(), word.end(), isDigit)) {
         throw HostScriptError("'" + command + "' takes a whole number from 0 to 999999999, not " + Quoted(word));
     }
     std::int32_t number = 0;

@@ -34,12 +34,12 @@ std::size_t EditDistance(const std::string& one, const std::string& other) {
 
 /// None for words that are too unlike.
 std::optional<std::size_t> Distance(const std::string& one, const std::string& other) {
-    constexpr std::size_t kLongestWord = 64;
+    constexpr std::size_t kMaxWordLength = 64;
     constexpr std::size_t kShortestBeginning = 4;
     constexpr std::size_t kMaxDistance = 3;
     const auto& [shorter, longer] =
         std::minmax(one, other, [](const std::string& a, const std::string& b) { return a.size() < b.size(); });
-    if (longer.size() > kLongestWord) return std::nullopt;
+    if (longer.size() > kMaxWordLength) return std::nullopt;
     const std::size_t distance = EditDistance(one, other);
     if (shorter.size() >= kShortestBeginning && longer.starts_with(shorter)) return std::min(distance, kMaxDistance);
     if (distance > std::clamp<std::size_t>(longer.size() / 3, 1, kMaxDistance)) return std::nullopt;

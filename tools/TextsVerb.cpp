@@ -1,4 +1,4 @@
-// `backproc texts`: all texts that the component asks for, and what a language makes of them.
+// `backproc texts`: all texts that the component asks for, and what a language makes of them; and one of them.
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -10,6 +10,7 @@
 #include "kernel_api/Reader.h"
 #include "runtime/Error.h"
 #include "runtime/Ports.h"
+#include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
 #include "tools/ClientView.h"
 #include "tools/Display.h"
@@ -25,6 +26,7 @@ namespace {
 
 constexpr std::string_view kHelp =
     R"(Usage: backproc texts [--folder F] [--check]
+       backproc texts get ID [DEFAULT]
        backproc texts --template [--output FILE]
 
 Shows every text that the component asks for, one a line, with tabs between: 'translated' or 'missing', identifier,
@@ -41,18 +43,22 @@ the shared string LANGUAGEPATH; without both everything is missing. Then what is
   blank       a text that is joined with others and has lost the blank in between
   state       a caption that breaks the state which the modules read: it has a comma, a quote mark or a line break
 
-The last line counts.
+The last line counts. 'get' shows the text that the current language has under ID, else DEFAULT; without a DEFAULT it
+fails when there is no such text.
 
+  ID             identifier of a text
+  DEFAULT        any text; may be empty: ""
   --folder F     the folder to look into; without it, the one of LANGUAGEPATH
   --check        for a build: exit code 1 for whatever is wrong, not only for a missing text
   --template     writes a language file with the English texts instead, to start a translation from
   --output FILE  writes the template to FILE, which must not exist yet, in UTF-8
 
 Exit code: 0 nothing is missing, 1 something is missing or the file cannot be read, 2 bad usage; with --check, 1 for
-every finding.
+every finding; of 'get', 0 the text was shown, 1 there is none.
 
-Example:
+Examples:
   backproc texts --folder examples\languages\German --check
+  backproc texts get 39171 "&Yes"
 )";
 
 struct TextsRequest {
@@ -151,7 +157,29 @@ runtime::Twips WidthOf(StringView caption) {
     return runtime::CurrentPorts().windows.TextSize(WithoutMarks(caption), font, runtime::kEndlessWidth).width;
 }
 
+/// A text that is there does not depend on the default.
+bool HasText(StringView id) {
+    return services::GetLocalText(u"0", id) == services::GetLocalText(u"1", id);
+}
+
+int ShowText(const Arguments& arguments, Console& console) {
+    if (arguments.empty()) throw Missing("ID");
+    AtMost(2, arguments);
+    SayWhichComponent("texts", ComposeAsClient("texts", console.err), console.err);
+    const String& id = arguments[0];
+    const bool hasDefault = arguments.size() == 2;
+    if (!hasDefault && !HasText(id)) {
+        throw std::runtime_error("there is no text " + Quoted(id) +
+                                 " in the current language; give a DEFAULT, or see 'backproc texts'");
+    }
+    console.out << Display(services::GetLocalText(hasDefault ? arguments[1] : String(), id)) << '\n';
+    return kSuccess;
+}
+
 int RunTexts(const Arguments& arguments, Console& console) {
+    if (!arguments.empty() && arguments[0] == u"get") {
+        return ShowText({arguments.begin() + 1, arguments.end()}, console);
+    }
     const TextsRequest request = ReadRequest(arguments);
     if (request.isTemplate) return WriteTemplate(request, console);
     const ComponentInForce component = ComposeAsClient("texts", console.err);

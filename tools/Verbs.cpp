@@ -5,8 +5,8 @@ namespace tools {
 
 std::vector<Verb> AllVerbs() {
     return {
-        kHostVerb,   kRaiseVerb, kStringsVerb, kModulesVerb, kSplitVerb,    kWhereVerb,    kTextVerb,       kTextsVerb,
-        kLocaleVerb, kErrorVerb, kMsgboxVerb,  kQueryVerb,   kHelpFileVerb, kRegisterVerb, kUnregisterVerb, kDoctorVerb,
+        kHostVerb,   kRaiseVerb, kStringsVerb,  kWhereVerb,      kTextsVerb,  kErrorVerb,
+        kMsgboxVerb, kQueryVerb, kRegisterVerb, kUnregisterVerb, kDoctorVerb,
     };
 }
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the verbs that show windows, dialogs and help, and answers them with keys.
+"""Runs the verbs that show dialogs and answers them with keys.
 
     test_dialogs.py WINE_RUN BIN_FOLDER
 """
@@ -11,7 +11,7 @@ import tempfile
 import time
 
 import running
-from running import TIMEOUT, ToolTestCase, main, run, windows_path
+from running import TIMEOUT, ToolTestCase, main, windows_path
 
 
 class Dialogs(ToolTestCase):
@@ -69,32 +69,6 @@ class Dialogs(ToolTestCase):
         self.assertEqual(self.ask("alt+m", "--kind", "1", "--button", "&More", "abc"), (3, "text=␁\nindex=-100\n"))
         self.assertEqual(self.ask("Return", "--kind", "3", "--index", "1", "", "A", "B\\nC"),
                          (0, "text=B␍␊C\nindex=2\n"))
-
-    def test_help_file_needs_a_viewer(self):
-        # Its window is Windows' own business; here only that the tool does not wait for one that never comes.
-        with tempfile.TemporaryDirectory() as folder:
-            running.copy_built(folder, "backproc.exe", "dev/QmxKrn2K.dll")
-            running.replace_help_control("recording_help.ocx")
-            name = windows_path(folder) + "\\Marlentine.chm"
-            program = pathlib.Path(folder) / "backproc.exe"
-            without = run(program, "help-file", environment=running.SHOWS_HELP)
-            (pathlib.Path(folder) / "Marlentine.chm").touch()
-            unshown = run(program, "help-file", environment=running.SHOWS_HELP)
-        missing = f"backproc help-file: there is no help file '{name}'; put that of the package there\n"
-        self.assertEqual(without, (1, name.encode() + b"\n", missing.encode()))
-        silent = f"backproc help-file: no help window came up within five seconds for '{name}'; "
-        self.assertEqual((unshown[0], unshown[1]), (1, name.encode() + b"\n"))
-        self.assertTrue(unshown[2].decode().startswith(silent), unshown[2])
-
-    def test_help_file_opens_help_and_closes_it(self):
-        with tempfile.TemporaryDirectory() as folder:
-            running.copy_built(folder, "backproc.exe", "dev/QmxKrn2K.dll")
-            name = windows_path(folder) + "\\Marlentine.chm"
-            control = running.replace_help_control("test/hhctrl.ocx")
-            result = run(pathlib.Path(folder) / "backproc.exe", "help-file", environment=running.SHOWS_HELP)
-            calls = pathlib.Path(f"{control}.txt").read_text(encoding="ascii")
-        self.assertEqual(result, (0, name.encode() + b"\n", b""))
-        self.assertEqual(calls.splitlines(), [f"owned [{name}] 1", "owned [] 18"])
 
 
 if __name__ == "__main__":

@@ -120,6 +120,19 @@ class Doctor(ToolTestCase):
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-16-le")
         self.assert_bad(self.diagnose(program)["INI file"], "NUL characters", "UTF-8")
 
+    def test_open_quote_in_the_module_list_hangs_no_verb(self):
+        program = copy_package(self.folder)
+        self.assertEqual(run(program, "register")[0], 0)
+        with LiveHost() as holder:
+            holder.ask(b'set AllAps EDITOR,"LIBRARY', b"get AllAps")
+            # Each run must end within the time that run() gives it.
+            self.assert_bad(self.diagnose(program)["modules"], "field 2, 'LIBRARY' opens a quote that is never closed",
+                            "run 'backproc strings set AllAps \"EDITOR\"'")
+            report = windows_path(self.folder / "ticket.txt")
+            codes = {arguments: run(program, *arguments)[0]
+                     for arguments in (("doctor", "--report", report), ("where",), ("strings",), ("texts",))}
+        self.assertEqual(list(codes.values()), [1, 0, 0, 1], codes)
+
     def test_state_record_belongs_to_the_main_form_with_its_caption(self):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)

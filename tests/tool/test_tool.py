@@ -50,42 +50,6 @@ class WithoutComponent(ToolTestCase):
         self.assertEqual((code, output), (0, b""))
         self.assertRegex(errors, rb"^backproc strings: there are no strings in .*QmxKrn2K\.dll; they exist while a program")
 
-    def test_split_shows_number_text_and_value_of_each_field(self):
-        for text, fields in [
-            ("A,B,", ["A\t0", "B\t0", "\t0"]),
-            ("A", ["A\t0"]),
-            ('"A,B",C', ["A,B\t0", "C\t0"]),
-            ('"A",', ['A"\t0']),
-            ('"A"x,B', ['A"\t0', "B\t0"]),
-            ("1,5", ["1\t1", "5\t5"]),
-            ('"1,5"', ["1,5\t1.5"]),
-        ]:
-            with self.subTest(text):
-                lines = [f"{number}\t{field}\n" for number, field in enumerate(fields, 1)]
-                expected = "".join(lines) + f"{len(fields)}\n"
-                self.assertEqual(tool("split", text), (0, expected.encode(), b""))
-
-    def test_split_ends_for_a_quote_that_is_never_closed(self):
-        code, output, errors = tool("split", '"A,B')
-        self.assertEqual((code, output), (1, b""))
-        self.assertEqual(errors, b"backproc split: field 1, 'A,B', opens with a quote that is not closed; close it\n")
-
-    def test_modules_marks_the_own_entry(self):
-        self.assertEqual(tool("modules"), (0, b"", b'backproc modules: the shared string "AllAps" lists no module\n'))
-        with LiveHost() as holder:
-            self.assertEqual(holder.ask(b"set AllAps EDITOR,K4TBACKPROCESS,LIBRARY", b"get AllAps"),
-                             b"AllAps=[EDITOR,K4TBACKPROCESS,LIBRARY]\n")
-            self.assertEqual(tool("modules"), (0, b"1\tEDITOR\n2\tK4TBACKPROCESS\town\n3\tLIBRARY\n", b""))
-
-    def test_modules_ends_for_a_list_that_cannot_be_read(self):
-        with LiveHost() as holder:
-            holder.ask(b'set AllAps EDITOR,"LIB', b"get AllAps")
-            code, output, errors = tool("modules")
-            self.assertEqual((code, output), (1, b""))
-            self.assertEqual(errors, b"backproc modules: field 2, 'LIB', opens with a quote that is not closed; close it\n")
-            holder.ask(b"set AllAps EDITOR,3D2000", b"get AllAps")
-            self.assertEqual(tool("modules"), (1, b"", b"backproc modules: Overflow: field 2, '3D2000'\n"))
-
     def test_where_shows_each_value_with_its_source(self):
         # A blank in the folder's name puts the argument in quotes, as the component wants it.
         with tempfile.TemporaryDirectory(suffix=" sys") as folder:
@@ -102,7 +66,6 @@ class WithoutComponent(ToolTestCase):
         self.assertEqual(plain[2], f"install folder=[{here}] component")
         self.assertIn("secondary job folder=[C:\\CADJOB] default", plain)
         self.assertIn("product name=[Orvane] default", plain)
-        self.assertEqual(len(plain), 16)
 
     def test_strings_says_when_the_kernel_keeps_another_text(self):
         code, output, errors = tool("strings", "set", "Maker", "日本")
@@ -125,8 +88,9 @@ class WithoutComponent(ToolTestCase):
             (pathlib.Path(folder) / "sys" / "MARLENTO.INI").write_text("[Marlento]\nJobDir=D:\\JOB\n")
             code, output, errors = run(pathlib.Path(folder) / "backproc.exe", "where")
         lines = output.decode().splitlines()
-        self.assertEqual((code, errors, len(lines)), (0, b"", 16))
+        self.assertEqual((code, errors), (0, b""))
         self.assertRegex(lines[1], r"^kernel=\[\] File not found: QmxKrn2K\.dll")
+        self.assertIn("product name=[Orvane] default", lines)
         self.assertIn("job folder=[D:\\JOB] INI file", lines)
         self.assertIn("library folder=[C:\\?\\LIB] default", lines)
 
@@ -142,8 +106,9 @@ class WithoutComponent(ToolTestCase):
             code, output, errors = run(tools / "backproc.exe", "where")
             strings = run(tools / "backproc.exe", "strings")
         lines = output.decode().splitlines()
-        self.assertEqual((code, errors, len(lines)), (0, b"", 16))
+        self.assertEqual((code, errors), (0, b""))
         self.assertIn("is only beside this tool", lines[1])
+        self.assertIn("product name=[Orvane] default", lines)
         self.assertEqual(strings[:2], (1, b""))
         self.assertIn(b"is only beside this tool", strings[2])
 
@@ -242,15 +207,6 @@ class WithComponent(ToolTestCase):
         self.assertEqual((code, output), (0, b""))
         self.assertEqual(errors.decode(), f"backproc strings: this is what {here}\\K4TBackProcess.dll gives, registered for "
                                           f"the machine, with the kernel {here}\\dev\\QmxKrn2K.dll\n")
-
-    def test_help_file_beside_another_one_says_so(self):
-        with LiveHost() as holder:
-            self.assertEqual(holder.ask(b"create"), b"1 created\n")
-            self.assertEqual(holder.ask(b"load 1"), b"1 Load True\n")
-            code, output, errors = tool("help-file")
-        self.assertEqual((code, output), (1, b""))
-        self.assertEqual(errors, b"backproc help-file: the main form did not come up: another backproc of this session has it; "
-                                 b"end that one first\n")
 
     def test_lz_switches_the_caption_and_back(self):
         with tempfile.TemporaryDirectory() as folder:
