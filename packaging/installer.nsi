@@ -201,7 +201,7 @@ Section "-Register"
   nsExec::ExecToLog '"$INSTDIR\backproc.exe" register $scopeOption'
   Pop $0
   ${If} $0 != 0
-    ${GiveUp} ${EXIT_FAILED} "The component could not be registered. Run 'backproc doctor' in $INSTDIR: it tells what to do."
+    ${GiveUp} ${EXIT_FAILED} "The component could not be registered. Run 'backproc doctor' in $INSTDIR to see what to do."
   ${EndIf}
 
   WriteRegStr SHCTX "${REMOVAL_KEY}" DisplayName "${PRODUCT}"

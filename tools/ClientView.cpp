@@ -27,7 +27,7 @@ bool IsSameFolder(const String& one, const String& other) {
     return CompareStringOrdinal(Wide(one), -1, Wide(other), -1, TRUE) == CSTR_EQUAL;
 }
 
-/// Stands for the kernel where clients find none: each call fails as theirs do.
+/// The kernel where clients find none: each call fails as theirs do.
 class NoKernel : public kernel_api::Kernel {
  public:
     explicit NoKernel(runtime::Error reason) : reason_(std::move(reason)) {}
@@ -110,7 +110,7 @@ ComponentInForce ComposeAsClient(std::string_view verb, std::ostream& err) {
     return component;
 }
 
-void SayWhichComponent(std::string_view verb, const ComponentInForce& component, std::ostream& err) {
+void PrintWhichComponent(std::string_view verb, const ComponentInForce& component, std::ostream& err) {
     const String folder = FolderOf(component.library);
     if (IsSameFolder(folder, ToolFolder())) return;
     const auto kernel = KernelOfClients(folder);

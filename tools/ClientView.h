@@ -37,10 +37,10 @@ String KernelBesideToolAlone(const String& componentFolder);
 std::unique_ptr<kernel_api::win32::KernelLibrary> MakeKernelOfClients(const String& componentFolder);
 
 /// Makes the ports, the kernel and the reader of this process those that the component has in a client, and gives the
-/// component. When it cannot be loaded, the folder is the tool's, and a line in `err` says so.
+/// component. When it cannot be loaded, the folder is the tool's, and a line is printed to `err`.
 ComponentInForce ComposeAsClient(std::string_view verb, std::ostream& err);
 
-/// Says in `err` which component and kernel are looked at, unless they are those beside the tool.
-void SayWhichComponent(std::string_view verb, const ComponentInForce& component, std::ostream& err);
+/// Prints to `err` which component and kernel are looked at, unless they are those beside the tool.
+void PrintWhichComponent(std::string_view verb, const ComponentInForce& component, std::ostream& err);
 
 }  // namespace tools

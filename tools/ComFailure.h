@@ -1,4 +1,4 @@
-// A COM call that failed, with what its server says about it.
+// A COM call that failed, with the description that its server left.
 #pragma once
 
 #include <exception>
@@ -25,7 +25,7 @@ class ComFailure : public std::exception {
 /// else the system's text for `result`.
 void ThrowIfFailed(HRESULT result);
 
-/// Forgets what earlier calls left in the thread's error object.
+/// Clears the thread's error object.
 void ClearErrorObject();
 /// Throws a ComFailure when there is something in the thread's error object: for a call that has no result.
 void ThrowIfErrorObject();

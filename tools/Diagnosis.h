@@ -124,7 +124,7 @@ struct MachineState {
     LanguageFolder language;
 };
 
-/// A note is worth knowing, but keeps no client from working.
+/// A note is worth knowing, but no client fails for it.
 enum class Grade { kOk, kNote, kBad };
 
 struct Finding {

@@ -26,7 +26,7 @@ registration, name, file, version, proxies, kernel library, INI file, module lis
   note  worth knowing, but no client fails for it
   BAD   a client fails, or gets something else than was meant
 
-and then says what to do. Without a registration the file beside the tool is looked at. Nothing is changed, and no
+and ends with what to do. Without a registration the file beside the tool is looked at. Nothing is changed, and no
 instance is created.
 
 The component takes the first QmxKrn2K.dll that exists: beside itself, in the program's folder, in the system folder,
@@ -43,10 +43,10 @@ Example:
 
 std::optional<String> ReportFile(const Arguments& arguments) {
     if (arguments.empty()) return std::nullopt;
-    if (!arguments[0].starts_with(u'-')) throw Surplus(arguments[0]);
+    if (!arguments[0].starts_with(u'-')) throw UnexpectedArgument(arguments[0]);
     if (arguments[0] != u"--report") throw UnknownOption(arguments[0]);
     const String& file = ValueOf(arguments, 0);
-    AtMost(2, arguments);
+    RequireAtMost(2, arguments);
     return file;
 }
 
@@ -73,6 +73,6 @@ int RunDoctor(const Arguments& arguments, Console& console) {
 
 }  // namespace
 
-const Verb kDoctorVerb = {"doctor", "Tells whether a client would get the component, and why not", kHelp, RunDoctor};
+const Verb kDoctorVerb = {"doctor", "Checks whether a client would get the component, and why not", kHelp, RunDoctor};
 
 }  // namespace tools

@@ -28,7 +28,7 @@ int RunError(const Arguments& arguments, Console& /*console*/) {
     const std::size_t first = !arguments.empty() && arguments[0] == kEndOfOptions ? 1 : 0;
     if (arguments.size() == first) throw Missing("NUMBER");
     if (arguments.size() == first + 1) throw Missing("DETAIL");
-    AtMost(first + 2, arguments);
+    RequireAtMost(first + 2, arguments);
     std::int32_t number = ReadNumber(arguments[first], "NUMBER");
     PrepareMessages();
     services::ShowError(number, arguments[first + 1]);

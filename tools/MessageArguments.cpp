@@ -46,7 +46,7 @@ MessageArguments ReadMessageArguments(const Arguments& arguments) {
         TakeOption(message, arguments, next);
     }
     if (next == arguments.size()) throw Missing("PROMPT");
-    AtMost(next + 1, arguments);
+    RequireAtMost(next + 1, arguments);
     message.prompt = WithLineBreaks(arguments[next]);
     return message;
 }

@@ -58,7 +58,7 @@ struct Request {
 /// Throws UsageError unless the request's words are its kind and one for each of `names`.
 void Require(const Arguments& words, std::initializer_list<std::string_view> names) {
     if (words.size() <= names.size()) throw Missing(names.begin()[words.size() - 1]);
-    AtMost(names.size() + 1, words);
+    RequireAtMost(names.size() + 1, words);
 }
 
 Raise ParseRaise(Arguments words) {

@@ -46,7 +46,7 @@ constexpr const char* kLookFurther = "run 'backproc doctor' to see why";
 Scope ReadScope(const Arguments& arguments) {
     if (arguments.empty()) return Scope::kMachine;
     if (arguments.front() != u"--user") throw UnknownOption(arguments.front());
-    AtMost(1, arguments);
+    RequireAtMost(1, arguments);
     return Scope::kUser;
 }
 

@@ -1,4 +1,4 @@
-// Entering the component in the registry and taking it out again, and looking at what stands there.
+// Registers the component, removes its registration, and reads the entries of the registry.
 #pragma once
 
 #include <optional>
@@ -25,11 +25,11 @@ struct RegistryValue {
 };
 /// All texts that registering writes, as far as they are there.
 std::vector<RegistryValue> RegisteredValues(Scope scope);
-/// What the class's name stands for: the user's entry hides the machine's.
+/// The class that the name is registered for. The user's entry hides the machine's.
 NameEntry RegisteredName();
 /// The component's class identifier, in braces.
 String ClassIdentifier();
-/// Where a scope's classes stand in the registry.
+/// The registry key of a scope's classes.
 const char* RegistryPlace(Scope scope);
 
 }  // namespace tools

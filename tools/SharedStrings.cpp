@@ -62,7 +62,7 @@ std::map<String, String> SharedStrings::All() {
     std::optional<std::string> key = KeyAfter(nextString, nullptr);
     while (key) {
         const String name = locale_.FromAnsi(*key);
-        // Another process may have taken it away meanwhile.
+        // Another process may have removed it since its key was listed.
         if (std::optional<String> value = Get(name)) strings.emplace(name, *std::move(value));
         key = KeyAfter(nextString, key->c_str());
     }

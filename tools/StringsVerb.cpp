@@ -21,10 +21,10 @@ Shows the strings that the modules of the suite share, sorted by key, one KEY=[V
 or sets one. 'get' fails when there is no such string. A control character inside a text is shown by its picture.
 
 The kernel library is that of the registered component, as its clients get it; a line on standard error names both when
-they are in another folder than this tool. A text that the ANSI code page cannot hold is changed, and 'set' says so.
+they are in another folder than this tool. A text that the ANSI code page cannot hold is changed, and 'set' reports it.
 
-The strings live as long as a process uses the kernel: what is set here is gone with this process unless another one
-(a module, 'backproc host') holds the kernel meanwhile.
+The strings exist as long as a process uses the kernel: what is set here is lost at the end of this process unless
+another process, such as a module or 'backproc host', uses the kernel.
 
 Exit code: 0 done, 1 failed, 2 bad usage.
 
@@ -68,9 +68,9 @@ int RunStrings(const Arguments& arguments, Console& console) {
     }
     if (arguments.size() == 1) throw Missing("KEY");
     if (sets && arguments.size() == 2) throw Missing("VALUE");
-    AtMost(sets ? 3 : 2, arguments);
+    RequireAtMost(sets ? 3 : 2, arguments);
     const ComponentInForce component = FindComponent();
-    SayWhichComponent("strings", component, console.err);
+    PrintWhichComponent("strings", component, console.err);
     SharedStrings strings(MakeKernelOfClients(runtime::win32::FolderOf(component.library)));
     if (arguments.empty()) return ShowAll(strings, console);
     if (!sets) return ShowOne(strings, arguments[1], console);

@@ -217,7 +217,7 @@ class Findings {
         }
     }
 
-    /// Other modules take the state apart at commas and quote marks; one that they cannot read keeps them waiting.
+    /// Other modules split the state at commas and quote marks. They wait for ever for a quote that is not closed.
     void WriteBrokenStates() {
         constexpr std::pair<StringView, std::string_view> kBreaking[] = {
             {u",", "a comma"}, {u"\"", "a quote mark"}, {u"\r\n", "a line break"}};

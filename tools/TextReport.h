@@ -1,4 +1,4 @@
-// What a language file says and lacks, compared with the texts that the component asks for; and the file that a
+// Compares a language file with the texts that the component asks for, and writes the file that a
 // translator starts from.
 #pragma once
 
@@ -31,7 +31,7 @@ struct TextReportCounts {
 };
 
 /// Writes one fact a line to `out`: each text of the catalogue with its translation, then what is wrong with the file,
-/// with its name and line, then the count. No `file` stands for English. Letter case is the locale's.
+/// with its name and line, then the count. Without a `file` the texts are English. Letter case is the locale's.
 TextReportCounts WriteTextReport(std::ostream& out, std::span<const host::CatalogueText> catalogue,
                                  const std::optional<LanguageFileText>& file, runtime::LocalePort& locale,
                                  const CaptionMeasure& measure);
@@ -39,7 +39,7 @@ TextReportCounts WriteTextReport(std::ostream& out, std::span<const host::Catalo
 /// The bytes are UTF-16, by their byte order mark or by the NULs of their first characters. Language files are UTF-8.
 bool IsUtf16(std::string_view bytes);
 
-/// Writes a language file with the English texts, each under a comment that says where it is shown.
+/// Writes a language file with the English texts, each below a comment with the place where it is shown.
 void WriteTextTemplate(std::ostream& out, std::span<const host::CatalogueText> catalogue);
 
 }  // namespace tools

@@ -83,7 +83,7 @@ TextsRequest ReadRequest(const Arguments& arguments) {
         } else if (option.starts_with(u'-')) {
             throw UnknownOption(option);
         } else {
-            throw Surplus(option);
+            throw UnexpectedArgument(option);
         }
     }
     if (request.isTemplate && (request.folder || request.checks)) {
@@ -164,8 +164,8 @@ bool HasText(StringView id) {
 
 int ShowText(const Arguments& arguments, Console& console) {
     if (arguments.empty()) throw Missing("ID");
-    AtMost(2, arguments);
-    SayWhichComponent("texts", ComposeAsClient("texts", console.err), console.err);
+    RequireAtMost(2, arguments);
+    PrintWhichComponent("texts", ComposeAsClient("texts", console.err), console.err);
     const String& id = arguments[0];
     const bool hasDefault = arguments.size() == 2;
     if (!hasDefault && !HasText(id)) {
@@ -183,7 +183,7 @@ int RunTexts(const Arguments& arguments, Console& console) {
     const TextsRequest request = ReadRequest(arguments);
     if (request.isTemplate) return WriteTemplate(request, console);
     const ComponentInForce component = ComposeAsClient("texts", console.err);
-    if (!request.folder) SayWhichComponent("texts", component, console.err);
+    if (!request.folder) PrintWhichComponent("texts", component, console.err);
     std::optional<LanguageFileText> file;
     if (const std::optional<String> folder = LanguageFolder(request, console.err)) file = ReadTexts(*folder);
     if (file) ChooseFont();

@@ -92,7 +92,7 @@ class Tool {
     }
 
     int Help(const Arguments& arguments) const {
-        AtMost(1, arguments);
+        RequireAtMost(1, arguments);
         if (arguments.empty()) {
             PrintOverview(console_.out);
         } else {
@@ -102,7 +102,7 @@ class Tool {
     }
 
     int Version(const Arguments& arguments) const {
-        AtMost(0, arguments);
+        RequireAtMost(0, arguments);
         console_.out << "backproc " << version_ << '\n';
         return kSuccess;
     }

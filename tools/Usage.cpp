@@ -33,7 +33,7 @@ UsageError Missing(std::string_view name) {
     return UsageError(std::string(name) + " is missing");
 }
 
-UsageError Surplus(StringView argument) {
+UsageError UnexpectedArgument(StringView argument) {
     return UsageError("unexpected argument " + Quoted(argument));
 }
 
@@ -46,8 +46,8 @@ const String& ValueOf(const Arguments& arguments, std::size_t place) {
     return arguments[place + 1];
 }
 
-void AtMost(std::size_t most, const Arguments& arguments) {
-    if (arguments.size() > most) throw Surplus(arguments[most]);
+void RequireAtMost(std::size_t max, const Arguments& arguments) {
+    if (arguments.size() > max) throw UnexpectedArgument(arguments[max]);
 }
 
 std::int64_t ReadWhole(StringView text, std::string_view name, std::int64_t least, std::int64_t greatest) {

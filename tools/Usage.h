@@ -1,4 +1,4 @@
-// What the tool says about a command line that it cannot understand: the same words for the same mistake, whatever the
+// The errors for a command line that the tool cannot understand: the same words for the same mistake, whatever the
 // verb, and always with the argument that is wrong.
 #pragma once
 
@@ -14,14 +14,14 @@ namespace tools {
 inline constexpr StringView kEndOfOptions = u"--";
 
 UsageError Missing(std::string_view name);
-UsageError Surplus(StringView argument);
+UsageError UnexpectedArgument(StringView argument);
 UnknownOptionError UnknownOption(StringView option);
 
-/// What stands behind the option at `place`; UsageError when that is the last argument.
+/// The argument after the option at `place`; UsageError when the option is the last argument.
 const String& ValueOf(const Arguments& arguments, std::size_t place);
 
-/// Throws Surplus for the first argument behind the `most` ones that are wanted.
-void AtMost(std::size_t most, const Arguments& arguments);
+/// Throws UnexpectedArgument for the first argument after `max` arguments.
+void RequireAtMost(std::size_t max, const Arguments& arguments);
 
 /// The number that `text` is, decimal; UsageError, which calls it `name`, when it is none or outside the range.
 std::int64_t ReadWhole(StringView text, std::string_view name, std::int64_t least, std::int64_t greatest);

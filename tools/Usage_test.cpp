@@ -18,7 +18,7 @@ std::string ComplaintOf(const std::function<void()>& reading) {
 
 TEST(Usage, EveryComplaintNamesTheArgument) {
     EXPECT_STREQ(Missing("KEY").what(), "KEY is missing");
-    EXPECT_STREQ(Surplus(u"a b").what(), "unexpected argument 'a b'");
+    EXPECT_STREQ(UnexpectedArgument(u"a b").what(), "unexpected argument 'a b'");
     EXPECT_STREQ(UnknownOption(u"--kinds").what(), "unknown option '--kinds'");
 }
 
@@ -28,9 +28,9 @@ TEST(Usage, AnOptionsValueStandsBehindIt) {
 }
 
 TEST(Usage, TheFirstArgumentBehindTheWantedOnesIsTooMany) {
-    EXPECT_EQ(ComplaintOf([] { AtMost(2, {u"a", u"b"}); }), "(none)");
-    EXPECT_EQ(ComplaintOf([] { AtMost(2, {u"a", u"b", u"c", u"d"}); }), "unexpected argument 'c'");
-    EXPECT_EQ(ComplaintOf([] { AtMost(0, {u""}); }), "unexpected argument ''");
+    EXPECT_EQ(ComplaintOf([] { RequireAtMost(2, {u"a", u"b"}); }), "(none)");
+    EXPECT_EQ(ComplaintOf([] { RequireAtMost(2, {u"a", u"b", u"c", u"d"}); }), "unexpected argument 'c'");
+    EXPECT_EQ(ComplaintOf([] { RequireAtMost(0, {u""}); }), "unexpected argument ''");
 }
 
 TEST(Usage, WholeNumbersAreTakenUpToTheEndsOfTheirRange) {

@@ -1,5 +1,5 @@
-// What a verb of the tool is: its name, what `help` says about it, and the function that carries it out. The table of
-// all verbs stands in Verbs.cpp; a new verb is one file and one row there.
+// A verb of the tool: its name, its help, and the function that carries it out. Verbs.cpp has the table of all verbs. A
+// new verb is one file and one row there.
 #pragma once
 
 #include <iosfwd>

@@ -32,7 +32,7 @@ The component is the registered one; without a registration, the copy beside thi
 code page changes is shown as the client gets it. Without a kernel the product's name in the default folders is unknown
 and is shown as '?'.
 
-  "/sys:FOLDER"  FOLDER as the system folder; a message box tells when it cannot be used
+  "/sys:FOLDER"  FOLDER as the system folder; a message box reports a folder that cannot be used
   "FILE"         an existing file, as the start file
 
 As on a module's command line, the argument counts only in double quotes. A module takes up to two of them; here the
@@ -106,7 +106,7 @@ void ShowKernel(Console& console, const String& componentFolder, const std::stri
 }
 
 int RunWhere(const Arguments& arguments, Console& console) {
-    AtMost(1, arguments);
+    RequireAtMost(1, arguments);
     const ComponentInForce component = ComposeAsClient("where", console.err);
     const std::string kernelFailure = KernelFailure();
     const runtime::Ports& ports = runtime::CurrentPorts();

@@ -27,7 +27,7 @@ SERVER = MACHINE + "CLSID\\" + CLASS + "\\InprocServer32"
 PACKAGE = ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "dev/QmxKrn2K.dll")
 # What the doctor says about most installations of these tests: they have the development kernel and no suite.
 ALWAYS_NOTED = "development kernel: shares no strings with the suite; for use with the suite"
-# Stands for the suite's kernel.
+# In the place of the suite's kernel.
 SUITE_KERNEL = "kernel/recording/QmxKrn2K.dll"
 
 

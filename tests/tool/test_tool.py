@@ -3,7 +3,7 @@
 
     test_tool.py WINE_RUN BIN_FOLDER
 
-Each file in scenarios/ is one run of the tool; what needs more than one process stands below. The component is
+Each file in scenarios/ is one run of the tool; what needs more than one process is below. The component is
 registered in the Wine prefix while the tests run that need it.
 """
 import pathlib
