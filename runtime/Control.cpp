@@ -9,8 +9,8 @@
 
 namespace runtime {
 
-Control::Control(Form& form, ControlDesign design, std::size_t position)
-    : form_(form), design_(std::move(design)), position_(position) {}
+Control::Control(Form& form, TabOrder& tabs, ControlDesign design)
+    : form_(form), tabs_(tabs), design_(std::move(design)) {}
 
 Rect Control::Bounds() {
     form_.EnsureLoaded();
@@ -52,9 +52,11 @@ bool Control::Visible() {
 void Control::SetVisible(bool visible) {
     form_.EnsureLoaded();
     if (visible == visible_) return;
+    const bool loseFocus = !visible && tabs_.TakeFocusFrom(*this);
     visible_ = visible;
-    // The focus leaves before the window goes: the window system would give it to nobody.
-    if (!visible) form_.LoseFocus(*this);
+    // The focus moves before the window is hidden, because the window system would give it to no control. A form that
+    // is not visible chooses one when it is shown.
+    if (loseFocus && form_.Visible()) tabs_.Walk(1);
     // What lost or got the focus may have unloaded the form.
     if (native_) native_->SetVisible(visible);
 }
@@ -101,6 +103,8 @@ void Control::SetFont(const runtime::Font& font) {
     if (font == font_) return;
     font_ = font;
     native_->SetFont(font_);
+    // A window with a list fits its height to the font.
+    if (HasList(design_.kind)) native_->SetBounds(bounds_);
     SizeToText();
     TakeNativeHeight();
 }
@@ -108,7 +112,7 @@ void Control::SetFont(const runtime::Font& font) {
 void Control::SetTabIndex(int index) {
     form_.EnsureLoaded();
     if (index < 0) throw ErrorAbout(kInvalidPropertyValue, u"TabIndex of " + Name());
-    form_.MoveInTabOrder(*this, index);
+    tabs_.Move(*this, index);
 }
 
 bool Control::TabStop() {

@@ -3,12 +3,15 @@
 //
 // Texts and items of input controls are held as they were given, whatever the window system makes of them, until the
 // user changes them. A property that a kind of control lacks raises error 438.
+//
+// The form owns its controls; they are used on its thread.
 #pragma once
 
 #include <vector>
 
 #include "runtime/Font.h"
 #include "runtime/Geometry.h"
+#include "runtime/TabOrder.h"
 #include "runtime/Text.h"
 #include "runtime/WindowsPort.h"
 
@@ -41,8 +44,8 @@ char16_t MarkedCharacter(StringView caption);
 
 class Control {
  public:
-    /// `position` is the control's place among the form's controls, from 0.
-    Control(Form& form, ControlDesign design, std::size_t position);
+    /// `tabs` is the form's; both outlive the control.
+    Control(Form& form, TabOrder& tabs, ControlDesign design);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
     virtual ~Control() = default;
@@ -113,22 +116,30 @@ class Control {
     int ListIndex();
     /// Error 380 outside the list. An editable combo gets the item's text.
     void SetListIndex(int index);
+    /// The list has dropped down.
+    bool HasOpenList() const;
+    /// Takes a list that has dropped down away. Chooses the item that it shows as selected, or puts back what was there
+    /// before.
+    void CloseList(bool choose);
 
  private:
     friend class Form;
+    friend class TabOrder;
 
-    void CheckHasText();
+    // Called by the form.
+
     void Attach(NativeWindow& window);
     void Detach();
-    /// Docks an aligned control anew after the client area changed.
+    /// Places an aligned control at its edge of the client area.
     void Dock(Size inner);
-    void SizeToText();
-    void TakeNativeHeight();
-    /// The user's doing.
     void OnEdited();
     void OnChosen(int item);
-    bool HasOpenList() const;
-    void CloseList(bool choose);
+
+    /// The focus is on the control while the form is active.
+    bool HasKeyboard() const { return visible_ && TakesFocus() && native_ && native_->HasKeyboard(); }
+    void CheckHasText();
+    void SizeToText();
+    void TakeNativeHeight();
     NativeEdit& LoadedEdit();
     NativeList& LoadedList();
     void Select(int index);
@@ -139,8 +150,8 @@ class Control {
     static constexpr int kNoItem = -1;
 
     Form& form_;
+    TabOrder& tabs_;
     const ControlDesign design_;
-    const std::size_t position_;
     Rect bounds_;
     String text_;
     runtime::Font font_;

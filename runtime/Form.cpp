@@ -30,25 +30,23 @@ std::vector<const ControlDesign*> Form::ControlDesigns() const {
 
 Control& Form::AddControl(ControlDesign design) {
     if (window_) throw ErrorAbout(kInvalidProcedureCall, Name() + u" is loaded and takes no more controls");
-    controls_.push_back(std::make_unique<Control>(*this, std::move(design), controls_.size()));
+    controls_.push_back(std::make_unique<Control>(*this, tabs_, std::move(design)));
     return *controls_.back();
 }
 
 void Form::EnsureLoaded() {
     if (window_) return;
-    if (loading_) throw FormUnloadedInLoad(Name());
-    loading_ = true;
-    const struct LoadTime {
-        Form& form;
-        ~LoadTime() { form.loading_ = false; }
-    } loadTime{*this};
+    if (stage_ == Stage::kLoadingWithoutWindow) throw FormUnloadedInLoad(Name());
+    stage_ = Stage::kLoadingWithoutWindow;
     try {
         MakeWindow();
         OnLoad();
     } catch (...) {
-        if (window_ && !unloading_) DestroyWindow();
+        if (window_) DestroyWindow();
+        stage_ = Stage::kUnloaded;
         throw;
     }
+    stage_ = window_ ? Stage::kLoaded : Stage::kUnloaded;
     if (!window_) throw FormUnloadedInLoad(Name());
 }
 
@@ -66,30 +64,31 @@ void Form::MakeWindow() {
     const Size outer = windows.OuterSize(design_.inner, design_.border);
     bounds_ = {design_.left, design_.top, outer.width, outer.height};
     window_ = windows.MakeWindow({caption_, design_.border, bounds_, backColour_}, *this);
+    stage_ = Stage::kLoading;
     LoadedForms().Add(*this);
+    tabs_.Reset();
     for (const auto& control : controls_) control->Attach(*window_);
-    ResetTabOrder();
 }
 
 void Form::DestroyWindow() {
     LoadedForms().Remove(*this);
     for (const auto& control : controls_) control->Detach();
-    tabOrder_.clear();
-    focused_ = nullptr;
+    tabs_.Reset();
     visible_ = false;
-    // Out of the member first: whoever is told of its end, or takes input again before it, finds the form without one.
+    stage_ = stage_ == Stage::kLoading ? Stage::kLoadingWithoutWindow : Stage::kUnloaded;
+    // Clear window_ before destroying the window: callbacks must already see the form as unloaded.
     const auto window = std::move(window_);
     if (modal_) modal_->End();
 }
 
 bool Form::Unload(UnloadReason reason) {
-    if (!window_ || unloading_) return true;
-    unloading_ = true;
+    if (!window_ || stage_ == Stage::kUnloading) return true;
+    const Stage before = std::exchange(stage_, Stage::kUnloading);
     bool cancel = false;
     FirstError error;
     error.Run([&] { OnQueryUnload(cancel, reason); });
     if (!cancel) error.Run([&] { OnUnload(cancel); });
-    unloading_ = false;
+    if (window_) stage_ = before;
     const bool isRefused = window_ && cancel && !isDestroyedByOthers_ && !error.IsKept();
     if (window_ && !isRefused) DestroyWindow();
     error.Rethrow();
@@ -99,9 +98,8 @@ bool Form::Unload(UnloadReason reason) {
 void Form::AbandonWindow() {
     // What was going on is the other thread's, and what it had on its stack may be gone.
     modal_ = nullptr;
-    loading_ = false;
-    unloading_ = false;
     if (window_) DestroyWindow();
+    stage_ = Stage::kUnloaded;
 }
 
 String Form::Caption() {
@@ -187,9 +185,12 @@ void Form::SetState(WindowState state) {
     if (state < WindowState::kNormal || state > WindowState::kMaximised) {
         throw ErrorAbout(kInvalidPropertyValue, u"WindowState of " + Name());
     }
-    // A visible window reports the change itself.
-    if (!visible_) state_ = state;
-    window_->SetState(state);
+    // A visible window reports the change. A hidden one is shown in this state.
+    if (visible_) {
+        window_->SetState(state);
+    } else {
+        state_ = state;
+    }
 }
 
 bool Form::Visible() {
@@ -206,8 +207,8 @@ void Form::SetVisible(bool visible) {
         if (!window_) throw ErrorAbout(kObjectWasUnloaded, Name());
     }
     visible_ = true;
-    if (!focused_) WalkFocus(1);
-    if (window_) window_->SetVisible(visible_);
+    if (!tabs_.Focused()) tabs_.Walk(1);
+    if (window_) window_->Show(state_);
 }
 
 void Form::ShowModal() {
@@ -237,7 +238,7 @@ void Form::Hide() {
     // The other windows take input again before this one goes, so that one of them becomes the active one.
     if (wasVisible && modal_) modal_->End();
     // Windows that take input again are told so, and may have unloaded this form.
-    if (window_) window_->SetVisible(false);
+    if (window_) window_->Hide();
 }
 
 Colour Form::BackColour() {
@@ -297,27 +298,39 @@ const std::vector<std::unique_ptr<Control>>& Form::Controls() {
     return controls_;
 }
 
+Control* Form::FocusedControl() {
+    EnsureLoaded();
+    return tabs_.Focused();
+}
+
+void Form::SetFocus(Control& control) {
+    EnsureLoaded();
+    tabs_.Focus(control);
+}
+
 void Form::Closing(UnloadReason reason) {
     Unload(reason);
 }
 
-void Form::BoundsChanged(const Rect& outer, WindowState state) {
-    const bool stateChanged = state != state_;
-    const bool sizeChanged = outer.Size() != bounds_.Size();
-    state_ = state;
-    if (state != WindowState::kMinimised) bounds_ = outer;
+void Form::BoundsChanged(const Rect& outer, std::optional<WindowState> state) {
+    const bool stateChanged = state && *state != state_;
+    if (stateChanged) state_ = *state;
+    const bool isIcon = state_ == WindowState::kMinimised;
+    const bool sizeChanged = !isIcon && outer.Size() != bounds_.Size();
+    if (!isIcon) bounds_ = outer;
     const bool isMade = window_ != nullptr;
     if (isMade && (stateChanged || sizeChanged)) Resized();
 }
 
 void Form::VisibilityChanged(bool visible) {
+    if (visible == visible_) return;
     visible_ = visible;
     if (!visible) {
         if (modal_) modal_->End();
         return;
     }
     if (!std::exchange(wasShown_, true)) Resized();
-    if (window_ && !focused_) WalkFocus(1);
+    if (window_ && !tabs_.Focused()) tabs_.Walk(1);
     if (window_) OnShownByOthers();
 }
 
@@ -328,6 +341,20 @@ void Form::Activated() {
 void Form::Lost() {
     isDestroyedByOthers_ = true;
     SkipError([this] { Unload(UnloadReason::kSystemEnd); });
+}
+
+void Form::Clicked(std::size_t control) {
+    // A handler may open a dialog, and this control gets the keyboard back after it.
+    tabs_.Focused();
+    OnClick(*controls_.at(control));
+}
+
+void Form::Edited(std::size_t control) {
+    controls_.at(control)->OnEdited();
+}
+
+void Form::Chosen(std::size_t control, int item) {
+    controls_.at(control)->OnChosen(item);
 }
 
 }  // namespace runtime

@@ -7,18 +7,18 @@
 // Unloading a form whose unload is running does nothing. An error of an unload handler does not keep the form: it is
 // thrown when the form is gone. An error of the load handler takes the form back without its unload handlers.
 //
-// Keys come to the form before the focused control: first to its handlers, then Tab and the arrows walk, Enter presses
-// the focused button, Escape the cancel button, Alt with a letter the button whose caption marks it; when several mark
-// it, the focus walks among them and none is pressed. A key that walks or presses is used up and does not become a
-// character. A key that is held walks on, but presses nothing: it may be held since another form had the focus.
-// While a list has dropped down, Enter chooses its item before it becomes a character, and Escape does nothing but take
-// the list away.
+// Keys come to the form before its focused control; what it does with them is in FormKeys.h.
+//
+// A form is used on the thread that loaded it, except where a function says otherwise. It owns its controls, which
+// exist as long as the form; references to them stay valid when it is unloaded.
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "runtime/Control.h"
+#include "runtime/TabOrder.h"
 #include "runtime/WindowsPort.h"
 
 namespace runtime {
@@ -48,7 +48,7 @@ class Form : private WindowEvents {
     std::vector<const ControlDesign*> ControlDesigns() const;
     bool IsLoaded() const { return window_ != nullptr; }
     /// Its unload handlers are running.
-    bool IsUnloading() const { return unloading_; }
+    bool IsUnloading() const { return stage_ == Stage::kUnloading; }
 
     /// Makes the window and runs the load handler unless that was done. FormUnloadedInLoad when the load handler
     /// unloaded it.
@@ -132,53 +132,52 @@ class Form : private WindowEvents {
 
  private:
     void Closing(UnloadReason reason) override;
-    void BoundsChanged(const Rect& outer, WindowState state) override;
+    void BoundsChanged(const Rect& outer, std::optional<WindowState> state) override;
     void VisibilityChanged(bool visible) override;
     void Activated() override;
+    void KeyboardArrived() override { tabs_.FocusAgain(); }
+    void KeyboardLeaves() override { tabs_.Focused(); }
     void Lost() override;
     bool KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated) override;
     bool KeyUp(std::int16_t keyCode, std::int16_t shift) override;
     bool KeyPress(char16_t character) override;
     bool AccessKey(char16_t character) override;
     void Clicked(std::size_t control) override;
-    void Focused(std::size_t control) override;
     void Edited(std::size_t control) override;
     void Chosen(std::size_t control, int item) override;
 
-    friend class Control;
-    int PlaceInTabOrder(const Control& control) const;
-    void MoveInTabOrder(Control& control, int place);
-    /// Gives the focus to another control when this one has it.
-    void LoseFocus(Control& control);
+    /// The window exists from kLoading to kUnloading.
+    enum class Stage {
+        kUnloaded,
+        kLoadingWithoutWindow,  ///< before the window is made, or after the load handler has unloaded the form
+        kLoading,
+        kLoaded,
+        kUnloading,  ///< the unload handlers run
+    };
 
     void MakeWindow();
-    void ResetTabOrder();
     void DestroyWindow();
     void SetBounds(const Rect& bounds);
     void Resized();
-    bool Navigate(std::int16_t keyCode, std::int16_t shift, bool isRepeated);
-    bool Press(Control* button);
+    bool ActOnKey(std::int16_t keyCode, std::int16_t shift, bool isRepeated);
+    bool Press(Control& button);
     bool PressCancel(bool isRepeated);
-    bool AcceptsRepeatedEnter() const;
-    void WalkFocus(int step);
-    std::vector<Control*> Reachable() const;
+    bool AcceptsRepeatedEnter(const Control* focused) const;
 
     const FormDesign design_;
     std::vector<std::unique_ptr<Control>> controls_;
-    std::vector<Control*> tabOrder_;
-    Control* focused_ = nullptr;
+    TabOrder tabs_{controls_};
     ModalLoop* modal_ = nullptr;
 
     std::unique_ptr<NativeWindow> window_;
-    bool loading_ = false;
-    bool unloading_ = false;
+    Stage stage_ = Stage::kUnloaded;
     String caption_;
     Rect bounds_;
     WindowState state_ = WindowState::kNormal;
     bool visible_ = false;
     bool wasShown_ = false;
     bool enterPressedHere_ = false;     ///< since the form was loaded, and not as a repetition
-    bool isDestroyedByOthers_ = false;  ///< somebody else destroyed the window; an unload cannot be refused
+    bool isDestroyedByOthers_ = false;  ///< the window is gone; an unload cannot be refused
     Colour backColour_ = kButtonFace;
     runtime::Font font_;
     std::int16_t scaleMode_ = 1;

@@ -236,13 +236,22 @@ class InputControlsInMemory : public tests::HeadlessTest {
     tests::InputForm form_;
 };
 
-TEST_F(InputControlsInMemory, ClickIntoAControlGivesItTheFocusIfItTakesIt) {
+TEST_F(InputControlsInMemory, UserMovesTheFocus_ControlHasItIfItTakesIt) {
     form_.SetVisible(true);
-    WindowEvents& events = memory_.windows.Last().Events();
-    events.Focused(4);
+    headless::MemoryWindow& window = memory_.windows.Last();
+    window.focused = &window.Control(u"list");
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
-    events.Focused(7);
+    window.focused = &window.Control(u"label");
     EXPECT_EQ(form_.FocusedControl(), &form_.list) << "a label takes none";
+}
+
+TEST_F(InputControlsInMemory, ControlWithTheUsersFocusIsHidden_NextOneHasIt) {
+    form_.SetVisible(true);
+    headless::MemoryWindow& window = memory_.windows.Last();
+    window.focused = &window.Control(u"list");
+    form_.list.SetVisible(false);
+    EXPECT_EQ(form_.FocusedControl(), &form_.text);
+    EXPECT_EQ(window.focused, &window.Control(u"text"));
 }
 
 TEST_F(InputControlsInMemory, FontThatIsThereAlreadyIsNotSetAgain) {

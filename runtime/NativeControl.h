@@ -92,7 +92,10 @@ class NativeControl {
     virtual void SetText(const String& text) = 0;
     virtual void SetFont(const Font& font) = 0;
     virtual void SetVisible(bool visible) = 0;
+    /// Gives the control the keyboard, if the form is active.
     virtual void SetFocus() = 0;
+    /// The form is active and the control, or a part of it, has the keyboard.
+    virtual bool HasKeyboard() const = 0;
     /// Repaints at once.
     virtual void Refresh() = 0;
     /// What a screen reader calls the control.

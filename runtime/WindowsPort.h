@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <limits>
 #include <memory>
+#include <optional>
 
 #include "runtime/Font.h"
 #include "runtime/Geometry.h"
@@ -46,12 +47,17 @@ class WindowEvents {
 
     /// The window asks to be closed.
     virtual void Closing(UnloadReason reason) = 0;
-    /// The window was made, moved or sized, by the form or by others, or its state changed while it is visible: its
-    /// outer bounds, in whole pixels.
-    virtual void BoundsChanged(const Rect& outer, WindowState state) = 0;
-    /// The client, another program or the system showed or hid the window.
+    /// The window was made, moved or sized, by the form or by others, or its state may have changed. `outer` are its
+    /// bounds in whole pixels, meaningless for an icon; `state` is none while the window is hidden. May come without a
+    /// change.
+    virtual void BoundsChanged(const Rect& outer, std::optional<WindowState> state) = 0;
+    /// The window is visible or hidden, by the form's doing or by that of others. May come without a change.
     virtual void VisibilityChanged(bool visible) = 0;
     virtual void Activated() = 0;
+    /// The window itself got the keyboard, which is meant for one of its controls.
+    virtual void KeyboardArrived() = 0;
+    /// The window is about to lose the keyboard.
+    virtual void KeyboardLeaves() = 0;
     /// The window goes without having been unloaded: somebody else destroyed it, or its thread ends.
     virtual void Lost() = 0;
 
@@ -68,8 +74,6 @@ class WindowEvents {
     // Controls are meant by the order in which they were added, from 0.
 
     virtual void Clicked(std::size_t control) = 0;
-    /// The control got the focus by the user's doing.
-    virtual void Focused(std::size_t control) = 0;
     /// The user changed the text of a control with an edit part.
     virtual void Edited(std::size_t control) = 0;
     /// The user selected an item of the control's list, from 0; -1 for none. An editable combo shows the item's text.
@@ -84,9 +88,10 @@ class NativeWindow {
     virtual void SetCaption(const String& caption) = 0;
     /// To the nearest pixel. When the window's bounds have changed, they are reported.
     virtual void SetBounds(const Rect& outer) = 0;
-    /// Not reported. False hides the window also when others have shown it.
-    virtual void SetVisible(bool visible) = 0;
-    /// Takes effect, and is reported, at once on a visible window; otherwise when it is shown.
+    virtual void Show(WindowState state) = 0;
+    /// Hides the window also when others have shown it.
+    virtual void Hide() = 0;
+    /// Takes effect at once, and is reported. Nothing for a hidden window.
     virtual void SetState(WindowState state) = 0;
     virtual void SetBackColour(Colour colour) = 0;
     /// Above all windows that are not topmost, or among them again; nothing else changes.

@@ -25,6 +25,10 @@ void MemoryControl::SetFocus() {
     window.focused = this;
 }
 
+bool MemoryControl::HasKeyboard() const {
+    return window.visible && window.focused == this;
+}
+
 void MemoryControl::Clear() {
     items.clear();
     Choose(-1);

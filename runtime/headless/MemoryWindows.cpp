@@ -126,7 +126,7 @@ MemoryWindow::MemoryWindow(MemoryWindows& system, const WindowDesign& design, Wi
       events_(events),
       handle_(handle) {
     system_.windows_.push_back(this);
-    events_.BoundsChanged(outer, state);
+    events_.BoundsChanged(outer, std::nullopt);
 }
 
 MemoryWindow::~MemoryWindow() {
@@ -137,21 +137,24 @@ MemoryWindow::~MemoryWindow() {
 void MemoryWindow::SetBounds(const Rect& newOuter) {
     const Rect before = std::exchange(outer, system_.Grid().Whole(newOuter));
     places.emplace_back(outer.left, outer.top);
-    if (outer != before) events_.BoundsChanged(outer, state);
+    if (outer != before) events_.BoundsChanged(outer, visible ? std::optional(state) : std::nullopt);
 }
 
-void MemoryWindow::SetVisible(bool newVisible) {
-    const bool shown = newVisible && !visible;
-    const bool goes = !newVisible && visible;
-    visible = newVisible;
-    if (goes && system_.onWindowGoes) system_.onWindowGoes();
+void MemoryWindow::Show(WindowState newState) {
+    state = newState;
+    const bool appears = !std::exchange(visible, true);
     // A window that appears becomes the active one, unless it appears as an icon.
-    if (shown && state != WindowState::kMinimised) events_.Activated();
+    if (appears && state != WindowState::kMinimised) events_.Activated();
+}
+
+void MemoryWindow::Hide() {
+    if (std::exchange(visible, false) && system_.onWindowGoes) system_.onWindowGoes();
 }
 
 void MemoryWindow::SetState(WindowState newState) {
+    if (!visible) return;
     state = newState;
-    if (visible) events_.BoundsChanged(outer, state);
+    events_.BoundsChanged(outer, state);
 }
 
 Size MemoryWindow::InnerSize() const {

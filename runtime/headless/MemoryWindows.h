@@ -76,7 +76,8 @@ class MemoryWindow : public NativeWindow {
 
     void SetCaption(const String& newCaption) override { caption = newCaption; }
     void SetBounds(const Rect& newOuter) override;
-    void SetVisible(bool newVisible) override;
+    void Show(WindowState newState) override;
+    void Hide() override;
     void SetState(WindowState newState) override;
     void SetBackColour(Colour colour) override { backColour = colour; }
     void SetTopMost(bool onTop) override { topMost.push_back(onTop); }

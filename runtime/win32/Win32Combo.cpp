@@ -31,7 +31,6 @@ Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlL
 }
 
 void Win32Combo::SetBounds(const Rect& bounds) {
-    bounds_ = bounds;
     const RECT closed = ToPixels(bounds);
     const auto itemHeight = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, 0, 0));
     // The window system takes the height of the open control, and gives the closed one its own.
@@ -40,11 +39,6 @@ void Win32Combo::SetBounds(const Rect& bounds) {
         SetWindowPos(Window(), nullptr, static_cast<int>(closed.left), static_cast<int>(closed.top),
                      static_cast<int>(closed.right - closed.left), open, SWP_NOZORDER | SWP_NOACTIVATE);
     });
-}
-
-void Win32Combo::SetFont(const Font& font) {
-    Win32Control::SetFont(font);
-    SetBounds(bounds_);
 }
 
 void Win32Combo::SetText(const String& text) {
@@ -123,7 +117,6 @@ int Win32Combo::ChosenItem() {
 }
 
 Notice Win32Combo::NoticeOf(WORD code) {
-    if (code == CBN_SETFOCUS) return Notice::kFocused;
     if (isSetting_) return Notice::kNone;
     switch (code) {
         case CBN_SELCHANGE:

@@ -10,7 +10,6 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     Win32Combo(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id);
 
     void SetBounds(const Rect& bounds) override;
-    void SetFont(const Font& font) override;
     void SetText(const String& text) override;
     NativeEdit* Edit() override { return edit_ ? this : nullptr; }
     NativeList* List() override { return this; }
@@ -38,7 +37,6 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     String TextOfItem(int item) const;
 
     HWND edit_ = nullptr;  ///< the window in which the user writes; null for a list without one
-    Rect bounds_;
     String textAtOpening_;
     int itemAtOpening_ = -1;
     bool isSetting_ = false;

@@ -33,8 +33,7 @@ Win32Control::WindowKind Win32Control::KindOfWindow(ControlKind kind) {
         case ControlKind::kPicture:
             return {WC_STATICW, SS_ICON, 0};
         default:
-            // A button; it reports when it gets the focus, too.
-            return {WC_BUTTONW, BS_PUSHBUTTON | BS_NOTIFY, 0};
+            return {WC_BUTTONW, BS_PUSHBUTTON, 0};
     }
 }
 
@@ -48,7 +47,7 @@ std::unique_ptr<Win32Control> Win32Control::Make(Win32Window& parent, Win32Windo
 
 Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKind kind, int id,
                            const WindowKind& windowKind)
-    : parent_(parent), system_(system), kind_(kind) {
+    : system_(system), kind_(kind) {
     if (kind == ControlKind::kStatusBar) {
         const INITCOMMONCONTROLSEX classes{sizeof(INITCOMMONCONTROLSEX), ICC_BAR_CLASSES};
         InitCommonControlsEx(&classes);
@@ -98,7 +97,12 @@ void Win32Control::SetVisible(bool visible) {
 }
 
 void Win32Control::SetFocus() {
-    parent_.FocusControl(window_);
+    if (GetActiveWindow() == GetParent(window_)) Callback::CallSystem([this] { ::SetFocus(window_); });
+}
+
+bool Win32Control::HasKeyboard() const {
+    const HWND focused = GetFocus();
+    return focused && (focused == window_ || IsChild(window_, focused));
 }
 
 void Win32Control::Refresh() {
@@ -122,15 +126,7 @@ void Win32Control::SetAccessibleName(const String& name) {
 }
 
 Notice Win32Control::NoticeOf(WORD code) {
-    if (kind_ != ControlKind::kButton) return Notice::kNone;
-    switch (code) {
-        case BN_CLICKED:
-            return Notice::kClicked;
-        case BN_SETFOCUS:
-            return Notice::kFocused;
-        default:
-            return Notice::kNone;
-    }
+    return kind_ == ControlKind::kButton && code == BN_CLICKED ? Notice::kClicked : Notice::kNone;
 }
 
 String TextOf(HWND window) {

@@ -13,7 +13,7 @@ class Win32Window;
 class Win32Windows;
 
 /// What a control's own notification says.
-enum class Notice { kNone, kClicked, kFocused, kEdited, kChosen };
+enum class Notice { kNone, kClicked, kEdited, kChosen };
 
 class Win32Control : public NativeControl {
  public:
@@ -26,6 +26,7 @@ class Win32Control : public NativeControl {
     void SetFont(const Font& font) override;
     void SetVisible(bool visible) override;
     void SetFocus() override;
+    bool HasKeyboard() const override;
     void Refresh() override;
     void SetAccessibleName(const String& name) override;
 
@@ -60,7 +61,6 @@ class Win32Control : public NativeControl {
     Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id);
     static WindowKind KindOfWindow(ControlKind kind);
 
-    Win32Window& parent_;
     Win32Windows& system_;
     const ControlKind kind_;
     Icon icon_;

@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "runtime/win32/DisabledWindows.h"
 #include "runtime/win32/Win32Control.h"
 #include "tests/support/InputForm.h"
 #include "tests/support/RuntimeFixture.h"
@@ -185,6 +186,26 @@ TEST_F(RealInputs, FocusByTheUserIsKnown) {
     EXPECT_EQ(form_.FocusedControl(), &form_.block);
     SetFocus(ComboWindow());
     EXPECT_EQ(form_.FocusedControl(), &form_.combo);
+}
+
+// The system takes the focus from a window that is disabled, and from one that is no longer the active one.
+TEST_F(RealInputs, UserMovedTheFocus_ItReturnsThereAfterADialog) {
+    ShowOn(form_.text);
+    SetFocus(ListWindow());
+    tests::InputForm dialog;
+    dialog.EnsureLoaded();
+    {
+        DisabledWindows others(reinterpret_cast<HWND>(dialog.Handle()));
+        others.Disable();
+        dialog.SetVisible(true);
+        DoEvents();
+        EXPECT_NE(GetFocus(), ListWindow());
+    }
+    dialog.Unload();
+    SetActiveWindow(Window());
+    DoEvents();
+    EXPECT_EQ(form_.FocusedControl(), &form_.list);
+    EXPECT_EQ(GetFocus(), ListWindow());
 }
 
 TEST_F(RealInputs, FontsReachTheWindows) {

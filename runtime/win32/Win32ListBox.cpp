@@ -10,17 +10,6 @@ Win32ListBox::Win32ListBox(Win32Window& parent, Win32Windows& system, const Cont
     : Win32Control(parent, system, look.kind, id,
                    {WC_LISTBOXW, LBS_NOTIFY | LBS_HASSTRINGS | WS_VSCROLL, WS_EX_CLIENTEDGE}) {}
 
-void Win32ListBox::SetBounds(const Rect& bounds) {
-    bounds_ = bounds;
-    Win32Control::SetBounds(bounds);
-}
-
-void Win32ListBox::SetFont(const Font& font) {
-    Win32Control::SetFont(font);
-    // The window is as high as a whole number of items; with this font that may be another height.
-    Win32Control::SetBounds(bounds_);
-}
-
 void Win32ListBox::Add(const String& item) {
     const LRESULT place = SendMessageW(Window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(NulsAsBlanks(item))));
     if (place < 0) throw ErrorAbout(kOutOfMemory, u"no room for an item of a list");
@@ -39,14 +28,7 @@ int Win32ListBox::ChosenItem() {
 }
 
 Notice Win32ListBox::NoticeOf(WORD code) {
-    switch (code) {
-        case LBN_SETFOCUS:
-            return Notice::kFocused;
-        case LBN_SELCHANGE:
-            return Notice::kChosen;
-        default:
-            return Notice::kNone;
-    }
+    return code == LBN_SELCHANGE ? Notice::kChosen : Notice::kNone;
 }
 
 }  // namespace runtime::win32

@@ -9,8 +9,6 @@ class Win32ListBox final : public Win32Control, private NativeList {
  public:
     Win32ListBox(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id);
 
-    void SetBounds(const Rect& bounds) override;
-    void SetFont(const Font& font) override;
     void SetText(const String& /*text*/) override {}
     NativeList* List() override { return this; }
     Notice NoticeOf(WORD code) override;
@@ -20,8 +18,6 @@ class Win32ListBox final : public Win32Control, private NativeList {
     void Add(const String& item) override;
     void Clear() override;
     void Choose(int index) override;
-
-    Rect bounds_;
 };
 
 }  // namespace runtime::win32

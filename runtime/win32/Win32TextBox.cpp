@@ -24,14 +24,7 @@ void Win32TextBox::SetText(const String& text) {
 }
 
 Notice Win32TextBox::NoticeOf(WORD code) {
-    switch (code) {
-        case EN_SETFOCUS:
-            return Notice::kFocused;
-        case EN_CHANGE:
-            return isSetting_ ? Notice::kNone : Notice::kEdited;
-        default:
-            return Notice::kNone;
-    }
+    return code == EN_CHANGE && !isSetting_ ? Notice::kEdited : Notice::kNone;
 }
 
 }  // namespace runtime::win32

@@ -96,22 +96,21 @@ void Win32Window::SetBounds(const Rect& outer) {
     });
 }
 
-void Win32Window::SetVisible(bool visible) {
-    isShown_ = visible;
-    Callback::CallSystem([&] { ShowWindow(window_, visible ? ShowCommand(state_) : SW_HIDE); });
+void Win32Window::Show(WindowState state) {
+    Callback::CallSystem([&] { ShowWindow(window_, ShowCommand(state)); });
+}
+
+void Win32Window::Hide() {
+    Callback::CallSystem([&] { ShowWindow(window_, SW_HIDE); });
 }
 
 void Win32Window::SetState(WindowState state) {
-    if (!IsWindowVisible(window_)) {
-        state_ = state;
-        return;
-    }
+    if (!IsWindowVisible(window_)) return;
     Callback::CallSystem([&] { ShowWindow(window_, ShowCommand(state)); });
 }
 
 void Win32Window::SetBackColour(Colour colour) {
-    backColour_ = ToColorRef(colour);
-    background_.Reset(CreateSolidBrush(backColour_));
+    background_.Reset(CreateSolidBrush(ToColorRef(colour)));
     if (window_) InvalidateRect(window_, nullptr, TRUE);
 }
 
@@ -137,11 +136,6 @@ NativeControl& Win32Window::AddControl(const ControlLook& look) {
     const int id = kFirstControlId + static_cast<int>(controls_.size());
     controls_.push_back(Win32Control::Make(*this, system_, look, id));
     return *controls_.back();
-}
-
-void Win32Window::FocusControl(HWND control) {
-    focus_ = control;
-    if (GetActiveWindow() == window_) Callback::CallSystem([control] { SetFocus(control); });
 }
 
 bool Win32Window::TakesKey(const MSG& message) {
@@ -214,8 +208,11 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SYSCHAR:
             return OnKeyMessage(message, wParam, lParam);
         case WM_SETFOCUS:
-            if (focus_ && (GetWindowLongW(focus_, GWL_STYLE) & WS_VISIBLE)) SetFocus(focus_);
+            events_.KeyboardArrived();
             return 0;
+        case WM_CANCELMODE:  // comes before the window is disabled, too
+            events_.KeyboardLeaves();
+            return Default(message, wParam, lParam);
         case WM_HELP:
             // The default passes it on to the owner: F1 is the form's own, and its handlers have seen it.
             return TRUE;
@@ -248,6 +245,7 @@ void Win32Window::OnDestroy() {
 LRESULT Win32Window::OnActivate(WPARAM wParam, LPARAM lParam) {
     const bool activated = LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0;
     const HWND window = window_;
+    if (!activated) events_.KeyboardLeaves();
     const LRESULT result = Default(WM_ACTIVATE, wParam, lParam);
     if (!activated) return result;
     // A window that others show becomes active before it gets the message that tells of its change.
@@ -308,10 +306,6 @@ void Win32Window::OnCommand(WPARAM wParam, LPARAM lParam) {
             // A message can press a button of a window that takes no input.
             if (IsWindowEnabled(window_)) events_.Clicked(control);
             return;
-        case Notice::kFocused:
-            focus_ = reinterpret_cast<HWND>(lParam);
-            events_.Focused(control);
-            return;
         case Notice::kEdited:
             events_.Edited(control);
             return;
@@ -324,7 +318,9 @@ void Win32Window::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT Win32Window::GiveColours(HDC context) const {
-    SetBkColor(context, backColour_);
+    LOGBRUSH background{};
+    GetObjectW(background_.Get(), sizeof background, &background);
+    SetBkColor(context, background.lbColor);
     SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
     return reinterpret_cast<LRESULT>(background_.Get());
 }
@@ -341,22 +337,16 @@ void Win32Window::ReportChanges() {
 }
 
 void Win32Window::ReportBounds() {
-    // A hidden window keeps the state in which it will be shown.
-    const WindowState state = IsWindowVisible(window_) ? CurrentState() : state_;
+    const bool isShown = IsWindowVisible(window_) != FALSE;
+    // Neither the place nor the state in which the form will be shown.
+    if (!isShown && IsIconic(window_)) return;
     RECT outer{};
     GetWindowRect(window_, &outer);
-    const bool moved = !IsIconic(window_) && !EqualRect(&outer, &known_);
-    if (state == state_ && !moved) return;
-    state_ = state;
-    if (moved) known_ = outer;
-    events_.BoundsChanged(ToTwips(known_), state);
+    events_.BoundsChanged(ToTwips(outer), isShown ? std::optional(CurrentState()) : std::nullopt);
 }
 
 void Win32Window::ReportVisibility() {
-    const bool isShown = IsWindowVisible(window_) != FALSE;
-    if (isHiddenWithOwner_ || isShown == isShown_) return;
-    isShown_ = isShown;
-    events_.VisibilityChanged(isShown);
+    if (!isHiddenWithOwner_) events_.VisibilityChanged(IsWindowVisible(window_) != FALSE);
 }
 
 void Win32Window::Erase(HDC context) const {

@@ -24,7 +24,8 @@ class Win32Window : public NativeWindow {
 
     void SetCaption(const String& caption) override;
     void SetBounds(const Rect& outer) override;
-    void SetVisible(bool visible) override;
+    void Show(WindowState state) override;
+    void Hide() override;
     void SetState(WindowState state) override;
     void SetBackColour(Colour colour) override;
     void SetTopMost(bool onTop) override;
@@ -35,8 +36,6 @@ class Win32Window : public NativeWindow {
 
     static DWORD StyleOf(BorderStyle border);
     static DWORD ExtendedStyleOf(BorderStyle border);
-    /// Gives `control` the focus now, or whenever this window becomes active.
-    void FocusControl(HWND control);
     /// Shows a key of the queue to the form that it is meant for; true when the form used it up.
     static bool TakesKey(const MSG& message);
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
@@ -67,13 +66,8 @@ class Win32Window : public NativeWindow {
     Win32Windows& system_;
     WindowEvents& events_;
     HWND window_ = nullptr;
-    RECT known_{};  ///< outer bounds in pixels that the form knows of; none before the first report
-    WindowState state_ = WindowState::kNormal;
-    bool isShown_ = false;            ///< as far as the form knows
     bool isHiddenWithOwner_ = false;  ///< the system hid it because its owner was minimised, and will show it again
-    COLORREF backColour_ = 0;
     GdiBrush background_;
-    HWND focus_ = nullptr;
     std::vector<std::unique_ptr<Win32Control>> controls_;
 };
 
