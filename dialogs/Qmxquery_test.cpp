@@ -128,6 +128,30 @@ TEST_F(Query, CancelExtraButtonAndAcceptedEmptyTextAreToldApart) {
     EXPECT_EQ(Ask({.values = {u""}}, Clicks(u"cmdAccept")), (Answer{u"", 0}));
 }
 
+TEST_F(Query, AnyControlHasTheFocus_EscapeCancels) {
+    for (const std::int32_t kind : {1, 2, 3, 4, 5}) {
+        for (int tabs = 0; tabs < 4; ++tabs) {
+            const auto walkAndLeave = [tabs](MemoryWindow& dialog) {
+                for (int i = 0; i < tabs; ++i) dialog.Press(runtime::kKeyTab);
+                dialog.Press(runtime::kKeyEscape);
+            };
+            EXPECT_EQ(Ask({.kind = kind, .values = {u"abc", u"A"}, .button = u"More"}, walkAndLeave), kNoAnswer);
+        }
+    }
+}
+
+TEST_F(Query, ButtonHasTheFocus_EnterPressesIt) {
+    const auto enterAfter = [this](int tabs) {
+        return Ask({.values = {u"abc"}, .button = u"More"}, [tabs](MemoryWindow& dialog) {
+            for (int i = 0; i < tabs; ++i) dialog.Press(runtime::kKeyTab);
+            PressEnter(dialog);
+        });
+    };
+    EXPECT_EQ(enterAfter(1), (Answer{u"abc", 0}));
+    EXPECT_EQ(enterAfter(2), kNoAnswer);
+    EXPECT_EQ(enterAfter(3), kButtonAnswer);
+}
+
 TEST_F(Query, ClosingTheWindowCancelsEvenAfterAnEarlierAnswer) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, PressEnter), (Answer{u"abc", 0}));
     EXPECT_EQ(Ask({.values = {u"abc"}}, Close), kNoAnswer);

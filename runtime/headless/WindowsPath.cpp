@@ -94,25 +94,13 @@ StringView ParentOf(StringView fullPath) {
 }
 
 bool MatchesWildcards(StringView name, StringView pattern) {
-    std::size_t n = 0;
-    std::size_t p = 0;
-    std::size_t starAt = StringView::npos;  // the last star met, and where the name goes on behind it
-    std::size_t starEnds = 0;
-    while (n < name.size()) {
-        if (p < pattern.size() && pattern[p] == u'*') {
-            starAt = p++;
-            starEnds = n;
-        } else if (p < pattern.size() && (pattern[p] == u'?' || UpperCase(pattern[p]) == UpperCase(name[n]))) {
-            ++p;
-            ++n;
-        } else if (starAt != StringView::npos) {
-            p = starAt + 1;
-            n = ++starEnds;
-        } else {
-            return false;
-        }
+    if (name.empty()) return pattern.find_first_not_of(u"*?.") == StringView::npos;
+    if (pattern.empty()) return false;
+    if (pattern[0] == u'*') {
+        return MatchesWildcards(name, pattern.substr(1)) || MatchesWildcards(name.substr(1), pattern);
     }
-    return pattern.find_first_not_of(u"*?.", p) == StringView::npos;
+    const bool fits = pattern[0] == u'?' || UpperCase(pattern[0]) == UpperCase(name[0]);
+    return fits && MatchesWildcards(name.substr(1), pattern.substr(1));
 }
 
 }  // namespace runtime::headless

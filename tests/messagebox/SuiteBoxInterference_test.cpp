@@ -87,17 +87,6 @@ TEST_F(SuiteBoxInterference, OwnerThatIsMinimisedKeepsTheQuestion) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
-    std::int32_t inner = 0;
-    const auto unloadAndAsk = Do([&](HWND) {
-        UnloadTheBox();
-        inner = dialogs::AskWithSuiteBox(u"Inner", 8 + 0x100, u"");
-    });
-    EXPECT_EQ(Ask(8, {unloadAndAsk, FocusIsOn(L"&No"), Keys({VK_RETURN})}), 2);
-    EXPECT_EQ(inner, 7);
-    ExpectNothingIsLeft();
-}
-
 TEST_F(SuiteBoxInterference, ButtonOfADisabledOuterBoxCannotBeClickedByAMessage) {
     std::int32_t inner = 0;
     HWND outerBox = nullptr;

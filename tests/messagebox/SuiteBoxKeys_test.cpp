@@ -19,45 +19,9 @@ TEST_F(SuiteBoxKeys, HeldSinceBeforeItOpenedAnswerNothing) {
     }
 }
 
-TEST_F(SuiteBoxKeys, TranslatedCaptionsPressByTheirOwnLetters) {
-    ChangedBox german([](ChangedBox& box) {
-        box.Caption(0, u"&Ja");
-        box.Caption(1, u"N&ein");
-    });
-    EXPECT_EQ(german.Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Keys({'J'})}), 6);
-    EXPECT_EQ(german.Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Keys({'E'})}), 7);
-    EXPECT_EQ(german.Ask(8 + 0x100, {FocusIsOn(L"N&ein"), Keys({'Y'}), Keys({'N'}), Keys({VK_TAB}),
-                                     FocusIsOn(L"Yes &To All"), Keys({VK_RETURN})}),
-              8);
-    ExpectNothingIsLeft();
-}
-
 TEST_F(SuiteBoxKeys, LetterThatNoKeyboardKeyGivesIsAnAccessKeyToo) {
     ChangedBox japanese([](ChangedBox& box) { box.Caption(2, u"&\u3042"); });
     EXPECT_EQ(japanese.Ask(8, {FocusIsOn(L"&Yes"), Character(0x3042)}), 8);
-    ExpectNothingIsLeft();
-}
-
-TEST_F(SuiteBoxKeys, LetterOfSeveralButtonsWalksAmongThemAndPressesNone) {
-    ChangedBox doubtful([](ChangedBox& box) {
-        box.Caption(0, u"&Same");
-        box.Caption(2, u"The &same");
-    });
-    EXPECT_EQ(doubtful.Ask(8 + 0x100, {FocusIsOn(L"&No"), Keys({'S'}), FocusIsOn(L"The &same"), Keys({'S'}),
-                                       FocusIsOn(L"&Same"), Keys({'S'}), FocusIsOn(L"The &same"), Keys({VK_RETURN})}),
-              8);
-    ExpectNothingIsLeft();
-}
-
-TEST_F(SuiteBoxKeys, TabWalksWithAllTabStopsOff) {
-    ChangedBox stopless([](ChangedBox& box) {
-        for (const auto& control : box.Controls())
-            if (control->TakesFocus()) control->SetTabStop(false);
-    });
-    EXPECT_EQ(stopless.Ask(8 + 0x200, {FocusIsOn(L"Yes &To All"), Keys({VK_TAB}), FocusIsOn(L"Cancel"), Keys({VK_TAB}),
-                                       FocusIsOn(L"&Yes"), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"Cancel"),
-                                       Keys({VK_TAB}), Keys({VK_TAB}), FocusIsOn(L"&No"), Keys({VK_RETURN})}),
-              7);
     ExpectNothingIsLeft();
 }
 

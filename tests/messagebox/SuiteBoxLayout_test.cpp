@@ -66,16 +66,6 @@ TEST_F(SuiteBoxLayout, WidePromptWidensItAndShiftsTheButtonsByHalf) {
     });
 }
 
-TEST_F(SuiteBoxLayout, TenLinesLowerTheButtons) {
-    Look(u"1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n9\r\n10", [](HWND box) {
-        const long height = 10 * SizeIn(box, u"1").cy;
-        EXPECT_EQ(PlaceIn(box, LabelOf(box)), (Place{63, 16, 247, height}));
-        ExpectClient(box, 339, height + 69);
-        ExpectCentred(box);
-        EXPECT_EQ(PlaceIn(box, ButtonOf(box, L"Yes &To All")), (Place{174, height + 35, 75, 23}));
-    });
-}
-
 TEST_F(SuiteBoxLayout, ShowsAnyPromptAsGiven) {
     const String prompts[] = {
         u"",

@@ -4,15 +4,12 @@
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"
-#include "runtime/win32/Callback.h"
 #include "tests/messagebox/SuiteBoxTest.h"
 #include "tests/windows/Queues.h"
 #include "tests/windows/WindowTexts.h"
 
 namespace tests {
 namespace {
-
-using runtime::win32::Callback;
 
 const Steps kClose = {Do([](HWND box) { PostMessageW(box, WM_CLOSE, 0, 0); })};
 
@@ -31,17 +28,6 @@ TEST_F(SuiteBox, TabWalksFromTheFirstButtonRound) {
                               FocusIsOn(L"Cancel"), Keys({VK_TAB}), FocusIsOn(L"&Yes"), Keys({VK_TAB}),
                               FocusIsOn(L"&No"), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"&Yes"), Keys({VK_RETURN})}),
               6);
-    ExpectNothingIsLeft();
-}
-
-TEST_F(SuiteBox, ArrowsWalkToo) {
-    EXPECT_EQ(Ask(8, {Keys({VK_RIGHT}), FocusIsOn(L"&No"), Keys({VK_DOWN}), FocusIsOn(L"Yes &To All"), Keys({VK_LEFT}),
-                      FocusIsOn(L"&No"), Keys({VK_RETURN})}),
-              7);
-}
-
-TEST_F(SuiteBox, SpacePressesTheFocusedButton) {
-    EXPECT_EQ(Ask(8 + 0x200, {FocusIsOn(L"Yes &To All"), Keys({VK_SPACE})}), 8);
     ExpectNothingIsLeft();
 }
 
@@ -83,12 +69,6 @@ TEST_F(SuiteBox, OtherCharactersLeaveTheBoxAsItIs) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, CharacterThatNoKeyGivesLeavesTheBoxAsItIs) {
-    const auto type = Do([](HWND) { PostMessageW(GetFocus(), WM_CHAR, 0x3042, 1); });
-    EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), type, FocusIsOn(L"&Yes"), Keys({VK_RETURN})}), 6);
-    ExpectNothingIsLeft();
-}
-
 TEST_F(SuiteBox, OwnerTakesNoInputUntilJustBeforeTheBoxGoes) {
     Ask(8, {Do([this](HWND box) {
                 EXPECT_FALSE(IsWindowEnabled(owner_));
@@ -110,11 +90,6 @@ TEST_F(SuiteBox, BusyPointerIsBackAfterwards) {
     runtime::SetMousePointer(runtime::kDefaultPointer);
 }
 
-TEST_F(SuiteBox, UnloadedBySomebodyElseIsCancel) {
-    EXPECT_EQ(Ask(8, {Do([](HWND) { runtime::LoadedForms().At(0).Unload(); })}), 2);
-    ExpectNothingIsLeft();
-}
-
 TEST_F(SuiteBox, DestroyedBySomebodyElseIsCancel) {
     EXPECT_EQ(Ask(8, {Do([](HWND box) { DestroyWindow(box); })}), 2);
     ExpectNothingIsLeft();
@@ -125,13 +100,6 @@ TEST_F(SuiteBox, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
     EXPECT_EQ(Ask(8, {Do([](HWND) { PostQuitMessage(5); })}), 2);
     EXPECT_EQ(TakeQuit(), 5);
     ExpectNothingIsLeft();
-}
-
-TEST_F(SuiteBox, ErrorInsideTheLoopReachesTheCaller) {
-    const auto fail = [](HWND) { Callback::Guard(0, []() -> int { throw runtime::Error(runtime::kOverflow); }); };
-    EXPECT_THROW(Ask(8, {Do(fail)}), runtime::Error);
-    ExpectNothingIsLeft();
-    EXPECT_EQ(Ask(8, kEnter), 6);
 }
 
 TEST_F(SuiteBox, ErrorOfAHandlerReachesTheCaller) {

@@ -36,17 +36,6 @@ class QueryWindow : public QueryTest {
     static Question Of(std::int32_t kind) { return {.kind = kind, .values = {u"abc", u"A", u"B"}, .index = 0}; }
 };
 
-TEST_F(QueryWindow, ShortPromptGivesTheLowestHeight) {
-    for (const std::int32_t kind : kKinds) {
-        Question question = Of(kind);
-        // 2000 and 2400 twips, and 495 more for the button.
-        const long height = kind < 4 ? 133 : 160;
-        Look(question, [height](HWND dialog) { EXPECT_EQ(PlaceOf(dialog).height, height); });
-        question.button = u"More";
-        Look(question, [height](HWND dialog) { EXPECT_EQ(PlaceOf(dialog).height, height + 33); });
-    }
-}
-
 TEST_F(QueryWindow, ControlsStandWhereTheInnerHeightPutsThem) {
     Question question{.values = {u"abc"}, .button = u"More"};
     Look(question, [](HWND dialog) {
@@ -72,15 +61,6 @@ TEST_F(QueryWindow, ControlsStandWhereTheInnerHeightPutsThem) {
         EXPECT_EQ(PlaceIn(dialog, InputOf(dialog)).top, InnerHeightOf(dialog) - 56 - 4);
         EXPECT_EQ(PlaceIn(dialog, LabelOf(dialog)).height, InnerHeightOf(dialog) - 56 - 8);
     });
-}
-
-TEST_F(QueryWindow, TenLinesMakeItHigherByTheirsInTheFormsFont) {
-    // MS Sans Serif of 8.25 points has lines of 13 pixels; ten pieces and three more of them, and the text box of 315
-    // twips: 13 x 195 + 315 = 2850 twips.
-    Question question{.values = {u"abc"}, .prompt = Lines(10, u"line")};
-    Look(question, [](HWND dialog) { EXPECT_EQ(PlaceOf(dialog).height, 190); });
-    question.kind = 5;  // 13 x 195 + 840 = 3375
-    Look(question, [](HWND dialog) { EXPECT_EQ(PlaceOf(dialog).height, 225); });
 }
 
 /// In the font of the form, which is not that of its controls.

@@ -1,15 +1,13 @@
-// The query dialog as the user has it: what each kind shows and gives, keys, clicks, and all the ways in which it ends.
+// The query dialog in real windows: what the window system does with its input controls, focus, keys, activation and
+// the windows around it. What the dialog decides is tested in dialogs/; modality and errors that both dialogs share are
+// tested with the message box.
 #include <gtest/gtest.h>
 
 #include "host/ProcessLife.h"
 #include "host/frmBackProcessMain.h"
-#include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
-#include "runtime/Screen.h"
-#include "runtime/win32/Callback.h"
 #include "services/ProcessValues.h"
 #include "tests/query/QueryTest.h"
-#include "tests/windows/Queues.h"
 #include "tests/windows/WindowTexts.h"
 
 namespace tests {
@@ -48,13 +46,6 @@ TEST_F(Query, TextIsShownSelectedAndReplacedByTyping) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, OtherKindsAreText) {
-    for (const std::int32_t kind : {0, 9, -3}) {
-        EXPECT_EQ(Ask({.kind = kind, .values = {u"abc", u"X"}}, {Shows(u"abc"), Keys({'Q'}), kEnter}),
-                  (Answer{u"q", 0}));
-    }
-}
-
 TEST_F(Query, ComboGivesWhatIsTyped) {
     const Question question{.kind = 2, .values = {u"X", u"Y", u"Z"}};
     EXPECT_EQ(Ask(question, {FocusIsOnInput(), Shows(u"X"), IsSelected(0, 1), Keys({VK_SHIFT, 'Q'}), kEnter}),
@@ -77,21 +68,12 @@ TEST_F(Query, DropDownListStartsAtTheIndexAndGivesTheSubscript) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, DropDownListMayStartWithoutASelection) {
-    EXPECT_EQ(Ask({.kind = 3, .values = {u"x", u"A"}}, {FocusIsOnInput(), Shows(u""), kEnter}), (Answer{u"", 0}));
-}
-
 TEST_F(Query, ListGivesTheSubscriptOfTheSelectedItem) {
     const Question question{.kind = 5, .values = {u"not shown", u"Ant", u"Bee", u"Cat"}, .index = 1};
     EXPECT_EQ(Ask(question, {ClickOn(L"Accept")}), (Answer{u"Bee", 2}));
     EXPECT_EQ(Ask(question, {kTab, kTab, FocusIsOnInput(), Keys({'C'}), kEnter}), (Answer{u"Cat", 3}));
     EXPECT_EQ(Ask(question, {kTab, kTab, FocusIsOnInput(), Keys({VK_UP}), kEnter}), (Answer{u"Ant", 1}));
     ExpectNothingIsLeft();
-}
-
-TEST_F(Query, ListWithoutASelectionGivesNothing) {
-    EXPECT_EQ(Ask({.kind = 5, .values = {u"x", u"A", u"B"}}, {ClickOn(L"Accept")}), (Answer{u"", 0}));
-    EXPECT_EQ(Ask({.kind = 5, .values = {u"x"}}, {ClickOn(L"Accept")}), (Answer{u"", 0}));
 }
 
 TEST_F(Query, EnterInTheTextBlockMakesALine) {
@@ -112,26 +94,6 @@ TEST_F(Query, EscapeAndClosingCancel) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, EscapeCancelsWhateverHasTheFocus) {
-    for (const std::int32_t kind : {1, 2, 3, 4, 5}) {
-        for (int tabs = 0; tabs < 3; ++tabs) {
-            Steps steps(static_cast<std::size_t>(tabs), kTab);
-            steps.push_back(kEscape);
-            EXPECT_EQ(Ask({.kind = kind, .values = {u"abc", u"A"}}, steps), kNoAnswer) << kind << " " << tabs;
-        }
-    }
-    ExpectNothingIsLeft();
-}
-
-TEST_F(Query, ExtraButtonGivesItsOwnAnswer) {
-    const Question question{.values = {u"abc"}, .button = u"More"};
-    EXPECT_EQ(Ask(question, {ClickOn(L"More")}), kButtonAnswer);
-    EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"More"), Keys({VK_SPACE})}),
-              kButtonAnswer);
-    EXPECT_EQ(Ask({.values = {u"abc"}, .button = u"&More"}, {FocusIsOnInput(), Keys({VK_MENU, 'M'})}), kButtonAnswer);
-    ExpectNothingIsLeft();
-}
-
 TEST_F(Query, TabWalksRoundTheShownControls) {
     for (const std::int32_t kind : {1, 2, 3}) {
         EXPECT_EQ(
@@ -149,13 +111,6 @@ TEST_F(Query, TabWalksRoundTheShownControls) {
     }
 }
 
-TEST_F(Query, EnterPressesTheFocusedButton) {
-    const Question question{.values = {u"abc"}, .button = u"More"};
-    EXPECT_EQ(Ask(question, {kTab, FocusIsOn(L"Accept"), kEnter}), (Answer{u"abc", 0}));
-    EXPECT_EQ(Ask(question, {kTab, kTab, FocusIsOn(L"Cancel"), kEnter}), kNoAnswer);
-    EXPECT_EQ(Ask(question, {kTab, kTab, kTab, FocusIsOn(L"More"), kEnter}), kButtonAnswer);
-}
-
 TEST_F(Query, OneEnterAcceptsOnceWithTheListOpen) {
     for (const std::int32_t kind : {2, 3}) {
         EXPECT_EQ(Ask({.kind = kind, .values = {u"X", u"Y", u"Z"}, .index = 0},
@@ -164,26 +119,6 @@ TEST_F(Query, OneEnterAcceptsOnceWithTheListOpen) {
                        Keys({VK_DOWN}), Keys({VK_RETURN})}),
                   kind == 2 ? (Answer{u"Y", 0}) : (Answer{u"Z", 2}));
         ExpectNothingIsLeft();
-    }
-}
-
-TEST_F(Query, EscapeOnAnOpenListPutsBackWhatWasThereBefore) {
-    const Question question{.kind = 3, .values = {u"", u"A", u"B", u"C"}, .index = 0};
-    const auto isOpen = [](HWND dialog) { return SendMessageW(InputOf(dialog), CB_GETDROPPEDSTATE, 0, 0) != 0; };
-    EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({VK_F4}), isOpen, Keys({VK_DOWN}), Shows(u"B"), kEscape,
-                             Shows(u"A"), kEnter}),
-              (Answer{u"A", 1}));
-    EXPECT_EQ(Ask({.kind = 2, .values = {u"X", u"Y"}}, {FocusIsOnInput(), Keys({VK_F4}), isOpen, Keys({VK_DOWN}),
-                                                        Shows(u"Y"), kEscape, Shows(u"X"), kEnter}),
-              (Answer{u"X", 0}));
-    ExpectNothingIsLeft();
-}
-
-TEST_F(Query, HeldEnterIsNoAnswer) {
-    for (const std::int32_t kind : {1, 2}) {
-        EXPECT_EQ(Ask({.kind = kind, .values = {u"abc"}},
-                      {FocusIsOnInput(), Repeated(VK_RETURN), Keys({'Q'}), Shows(u"q"), kEnter}),
-                  (Answer{u"q", 0}));
     }
 }
 
@@ -218,48 +153,6 @@ TEST_F(Query, IsTopmostOnEveryActivation) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, OwnerTakesNoInputMeanwhile) {
-    Ask({}, {Do([this](HWND dialog) {
-                 EXPECT_FALSE(IsWindowEnabled(owner_));
-                 EXPECT_EQ(GetWindow(dialog, GW_OWNER), owner_);
-                 EXPECT_EQ(GetActiveWindow(), dialog);
-             }),
-             kEscape});
-    ExpectNothingIsLeft();
-}
-
-TEST_F(Query, ErrorsLeaveTheCallerAndNothingOpen) {
-    Question empty{.values = {}};
-    EXPECT_EQ(ErrorOf([&] { AskFor(empty); }), runtime::kSubscriptOutOfRange);
-    for (const std::int32_t kind : {3, 5}) {
-        for (const std::int32_t index : {2, -2, 100'000}) {
-            Question outside{.kind = kind, .values = {u"abc  ", u"A", u"B"}, .index = index};
-            EXPECT_EQ(ErrorOf([&] { AskFor(outside); }), runtime::kInvalidPropertyValue) << kind << " " << index;
-            EXPECT_EQ(outside.index, index);
-            EXPECT_EQ(outside.values[0], u"abc");
-            ExpectNothingIsLeft();
-        }
-    }
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {kEnter}), (Answer{u"abc", 0}));
-}
-
-TEST_F(Query, BusyPointerIsBackAfterwards) {
-    const HCURSOR busy = LoadCursorW(nullptr, IDC_WAIT);
-    runtime::SetMousePointer(runtime::kHourglassPointer);
-    Ask({}, {FocusIsOnInput(), Do([busy](HWND) { EXPECT_NE(GetCursor(), busy); }), kEscape});
-    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
-    EXPECT_EQ(GetCursor(), busy);
-    runtime::SetMousePointer(runtime::kDefaultPointer);
-}
-
-TEST_F(Query, EndOfAllFormsCancels) {
-    const auto unloadAll = Do([](HWND) {
-        while (runtime::Form* last = runtime::LoadedForms().LastToUnload()) last->Unload();
-    });
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), Keys({'Q'}), unloadAll}), kNoAnswer);
-    ExpectNothingIsLeft();
-}
-
 // The main form goes with the dialog, and its clients are told.
 TEST_F(Query, ExCommandCancels) {
     host::MainForm().EnsureLoaded();
@@ -269,55 +162,6 @@ TEST_F(Query, ExCommandCancels) {
     });
     EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), Keys({'Q'}), Shows(u"q"), endAll}), kNoAnswer);
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
-    ExpectNothingIsLeft();
-}
-
-TEST_F(Query, DestroyedBySomebodyElseCancels) {
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {Do([](HWND dialog) { DestroyWindow(dialog); })}), kNoAnswer);
-    ExpectNothingIsLeft();
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {kEnter}), (Answer{u"abc", 0}));
-}
-
-TEST_F(Query, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {Do([](HWND) { PostQuitMessage(5); })}), kNoAnswer);
-    EXPECT_EQ(TakeQuit(), 5);
-    ExpectNothingIsLeft();
-}
-
-TEST_F(Query, ErrorInsideTheLoopReachesTheCaller) {
-    const auto fail = [](HWND) {
-        runtime::win32::Callback::Guard(0, []() -> int { throw runtime::Error(runtime::kOverflow); });
-    };
-    Question question{.values = {u"abc  "}, .index = 7};
-    {
-        const DialogDriver driver({Do(fail)});
-        EXPECT_EQ(ErrorOf([&] { AskFor(question); }), runtime::kOverflow);
-    }
-    EXPECT_EQ(question.values[0], u"abc");
-    EXPECT_EQ(question.index, 7);
-    ExpectNothingIsLeft();
-}
-
-TEST_F(Query, QuestionInsideAQuestionHasItsOwnAnswer) {
-    Answer inner = kNoAnswer;
-    HWND outerDialog = nullptr;
-    const auto askInner = Do([&](HWND dialog) {
-        outerDialog = dialog;
-        Question question{.kind = 3, .values = {u"", u"A", u"B"}, .index = 1};
-        inner = AskFor(question);
-        EXPECT_EQ(GetActiveWindow(), dialog);
-        EXPECT_TRUE(IsWindowEnabled(dialog));
-        EXPECT_FALSE(IsWindowEnabled(owner_));
-    });
-    const auto seeInner = Do([&](HWND dialog) {
-        EXPECT_NE(dialog, outerDialog);
-        EXPECT_FALSE(IsWindowEnabled(outerDialog));
-        EXPECT_EQ(GetWindow(dialog, GW_OWNER), outerDialog);
-    });
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), askInner, seeInner, FocusIsOnInput(), kEnter, Shows(u"abc"),
-                                         FocusIsOnInput(), Keys({'Q'}), kEnter}),
-              (Answer{u"q", 0}));
-    EXPECT_EQ(inner, (Answer{u"B", 2}));
     ExpectNothingIsLeft();
 }
 
@@ -350,13 +194,6 @@ TEST_F(Query, OwnerHiddenMeanwhileLeavesTheQuestion) {
     EXPECT_TRUE(IsWindowEnabled(owner_));
     EXPECT_FALSE(IsWindowVisible(owner_));
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-}
-
-TEST_F(Query, OwnerDestroyedMeanwhileCancels) {
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), Do([this](HWND) { DestroyWindow(owner_); })}), kNoAnswer);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-    EXPECT_EQ(ShownDialog(), nullptr);
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {ClickOn(L"Accept")}), (Answer{u"abc", 0}));
 }
 
 TEST_F(Query, NeedsNoVisibleOwner) {
