@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "runtime/Text.h"
 
@@ -34,6 +35,16 @@ class ServiceObject {
     virtual void NotifyMe(StringView Aname, StringView sCommand) = 0;
     virtual String SeverPath() = 0;
     virtual void SetSeverPath(StringView value) = 0;
+
+    // For diagnostics: the main form's operations, each of which raises the event of every instance, and what commands
+    // have set.
+    virtual void AP_SendCmd(String module, String command) = 0;
+    virtual void AP_SendCmdAll(String command) = 0;
+    virtual void AP_Shell(String module, std::int16_t mode, StringView commandLine) = 0;
+    virtual String CurrentDesignName() = 0;
+    virtual String LanguagePath() = 0;
+    /// The main form's; none while it is not loaded.
+    virtual std::optional<String> Caption() = 0;
 };
 
 }  // namespace host

@@ -7,6 +7,7 @@
 #include "host/frmBackProcessMain.h"
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"
+#include "routing/CommandInterpreter.h"
 #include "routing/ModuleList.h"
 #include "runtime/Error.h"
 #include "runtime/Screen.h"
@@ -78,8 +79,7 @@ bool clsQmxBackProcess::Load(std::int16_t /*iMode*/) {
 
 void clsQmxBackProcess::NotifyMe(StringView /*Aname*/, StringView sCommand) {
     if (sCommand.empty()) return;
-    if (!link_) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, kInstanceHasEnded);
-    link_->form.AP_ExeCmd(sCommand);
+    Form().AP_ExeCmd(sCommand);
 }
 
 String clsQmxBackProcess::SeverPath() {
@@ -89,6 +89,38 @@ String clsQmxBackProcess::SeverPath() {
 
 void clsQmxBackProcess::SetSeverPath(StringView value) {
     services::processValues.serverPath = value;
+}
+
+void clsQmxBackProcess::AP_SendCmd(String module, String command) {
+    Form().AP_SendCmd(module, command);
+}
+
+void clsQmxBackProcess::AP_SendCmdAll(String command) {
+    Form().AP_SendCmdAll(command);
+}
+
+void clsQmxBackProcess::AP_Shell(String module, std::int16_t mode, StringView commandLine) {
+    Form().AP_Shell(module, mode, commandLine);
+}
+
+String clsQmxBackProcess::CurrentDesignName() {
+    Form();
+    return routing::CurrentDesignName;
+}
+
+String clsQmxBackProcess::LanguagePath() {
+    Form();
+    return routing::LanguagePath;
+}
+
+std::optional<String> clsQmxBackProcess::Caption() {
+    frmBackProcessMain& form = Form();
+    return form.IsLoaded() ? std::optional(form.Caption()) : std::nullopt;
+}
+
+frmBackProcessMain& clsQmxBackProcess::Form() const {
+    if (!link_) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, kInstanceHasEnded);
+    return link_->form;
 }
 
 void clsQmxBackProcess::Terminate() {

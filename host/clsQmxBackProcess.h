@@ -33,6 +33,15 @@ class clsQmxBackProcess final : public ServiceObject {
     String SeverPath() override;
     void SetSeverPath(StringView value) override;
 
+    /// Like the other operations of diagnostics, error 91 after Terminate.
+    void AP_SendCmd(String module, String command) override;
+    void AP_SendCmdAll(String command) override;
+    void AP_Shell(String module, std::int16_t mode, StringView commandLine) override;
+    String CurrentDesignName() override;
+    String LanguagePath() override;
+    /// Looking does not load the form.
+    std::optional<String> Caption() override;
+
     /// The folder of the suite's INI file, ending in a backslash.
     const String& SystemFolder() const { return systemFolder_; }
     /// The file named on the host's command line, or empty.
@@ -42,6 +51,8 @@ class clsQmxBackProcess final : public ServiceObject {
     class Link;
 
     void ParseCommandLine();
+    /// The main form; error 91 after Terminate.
+    frmBackProcessMain& Form() const;
 
     std::unique_ptr<Link> link_;
     bool terminating_ = false;

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "host/frmBackProcessMain.h"
+#include "routing/CommandInterpreter.h"
 #include "runtime/Numbers.h"
 #include "runtime/Screen.h"
 #include "services/NumberFormats.h"
@@ -48,6 +49,40 @@ class ServiceObjectOver : public Base {
     int made_ = 0;
     std::vector<std::string> heard_;
 };
+
+using Diagnostics = ServiceObjectOver<tests::HeadlessComponentTest>;
+
+TEST_F(Diagnostics, Raise_ReachesAllInstancesInTheirOrder) {
+    const auto first = Make();
+    const auto second = Make();
+    second->AP_SendCmd(u"M", u"X,1");
+    first->AP_SendCmd(u"", u"");
+    first->AP_SendCmdAll(u"OPEN");
+    first->AP_Shell(u"M", -3, u"a,b");
+    EXPECT_THAT(heard_, ElementsAre("1 M|X,1", "2 M|X,1", "1 |", "2 |", "1 K4TBACKPROCESS|OPEN",
+                                    "2 K4TBACKPROCESS|OPEN", "1 M|SHELL,-3,a,b", "2 M|SHELL,-3,a,b"));
+    EXPECT_FALSE(MainForm().IsLoaded());
+}
+
+TEST_F(Diagnostics, Read_GivesWhatCommandsHaveSet) {
+    const auto object = Make();
+    routing::CurrentDesignName = u"amplifier";
+    routing::LanguagePath = u"C:\\de";
+    EXPECT_EQ(object->CurrentDesignName(), u"amplifier");
+    EXPECT_EQ(object->LanguagePath(), u"C:\\de");
+    EXPECT_EQ(object->Caption(), std::nullopt);
+    EXPECT_FALSE(MainForm().IsLoaded());
+    MainForm().SetCaption(u"Titel");
+    EXPECT_EQ(object->Caption(), u"Titel");
+}
+
+TEST_F(Diagnostics, InstanceHasEnded_IsError91) {
+    const auto object = Make();
+    object->Terminate();
+    EXPECT_EQ(tests::ErrorOf([&] { object->AP_SendCmdAll(u"OPEN"); }), runtime::kObjectVariableNotSet);
+    EXPECT_EQ(tests::ErrorOf([&] { object->Caption(); }), runtime::kObjectVariableNotSet);
+    EXPECT_EQ(tests::ErrorOf([&] { object->LanguagePath(); }), runtime::kObjectVariableNotSet);
+}
 
 using Creation = ServiceObjectOver<tests::HeadlessComponentTest>;
 

@@ -3,19 +3,23 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 #include "tools/Display.h"
+#include "tools/Usage.h"
 
 namespace tools {
 
 namespace {
 
 enum class Form {
-    kAlone,          ///< create
-    kNumber,         ///< load 1
-    kNumberAndText,  ///< notify 1 All,SAVE
-    kKey,            ///< get IniFile
-    kKeyAndText,     ///< set JobDir C:\JOB
+    kAlone,           ///< create
+    kNumber,          ///< load 1
+    kNumberAndText,   ///< notify 1 All,SAVE
+    kKey,             ///< get IniFile
+    kKeyAndText,      ///< set JobDir C:\JOB
+    kModuleAndText,   ///< send 1 EDITOR OPEN
+    kModuleModeText,  ///< shell 1 EDITOR 1 amp.sch
 };
 
 struct VerbForm {
@@ -34,6 +38,9 @@ constexpr std::array kVerbs{
     VerbForm{u"get", HostVerb::kGet, Form::kKey},
     VerbForm{u"strings", HostVerb::kStrings, Form::kAlone},
     VerbForm{u"state", HostVerb::kState, Form::kAlone},
+    VerbForm{u"send", HostVerb::kSend, Form::kModuleAndText},
+    VerbForm{u"sendall", HostVerb::kSendAll, Form::kNumberAndText},
+    VerbForm{u"shell", HostVerb::kShell, Form::kModuleModeText},
     VerbForm{u"pump", HostVerb::kPump, Form::kNumber},
 };
 
@@ -81,19 +88,32 @@ std::int32_t ToNumber(const std::string& command, StringView word) {
     return number;
 }
 
+std::int16_t ToMode(StringView word) {
+    constexpr std::int64_t kLeast = std::numeric_limits<std::int16_t>::min();
+    constexpr std::int64_t kGreatest = std::numeric_limits<std::int16_t>::max();
+    try {
+        return static_cast<std::int16_t>(ReadWhole(word, "MODE", kLeast, kGreatest));
+    } catch (const UsageError& error) {
+        throw HostScriptError(error.what());
+    }
+}
+
 StringView Required(const std::string& command, StringView word, const char* what) {
     if (word.empty()) throw HostScriptError("'" + command + "' needs a " + what);
     return word;
 }
 
+bool TakesModule(Form form) {
+    return form == Form::kModuleAndText || form == Form::kModuleModeText;
+}
 bool TakesNumber(Form form) {
-    return form == Form::kNumber || form == Form::kNumberAndText;
+    return form == Form::kNumber || form == Form::kNumberAndText || TakesModule(form);
 }
 bool TakesKey(Form form) {
     return form == Form::kKey || form == Form::kKeyAndText;
 }
 bool TakesText(Form form) {
-    return form == Form::kNumberAndText || form == Form::kKeyAndText;
+    return form == Form::kNumberAndText || form == Form::kKeyAndText || TakesModule(form);
 }
 
 }  // namespace
@@ -109,6 +129,8 @@ HostCommand ParseHostCommand(StringView line) {
     command.verb = row.verb;
     if (TakesNumber(row.form)) command.number = ToNumber(given, Required(given, words.Next(), "number"));
     if (TakesKey(row.form)) command.key = Required(given, words.Next(), "key");
+    if (TakesModule(row.form)) command.key = Required(given, words.Next(), "module");
+    if (row.form == Form::kModuleModeText) command.mode = ToMode(Required(given, words.Next(), "mode"));
     if (TakesText(row.form)) {
         command.text = words.Rest();
     } else if (const StringView more = words.Next(); !more.empty()) {

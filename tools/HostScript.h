@@ -12,14 +12,31 @@ namespace tools {
 using runtime::String;
 using runtime::StringView;
 
-enum class HostVerb { kNothing, kCreate, kLoad, kNotify, kSever, kRelease, kSet, kGet, kStrings, kState, kPump };
+enum class HostVerb {
+    kNothing,
+    kCreate,
+    kLoad,
+    kNotify,
+    kSever,
+    kRelease,
+    kSet,
+    kGet,
+    kStrings,
+    kState,
+    kPump,
+    kSend,
+    kSendAll,
+    kShell
+};
 
 struct HostCommand {
     HostVerb verb = HostVerb::kNothing;
     /// The instance (from 1), or for kPump the time in milliseconds.
     std::int32_t number = 0;
-    /// The string's key, for kSet and kGet.
+    /// The string's key, for kSet and kGet; the module, for kSend and kShell.
     String key;
+    /// For kShell.
+    std::int16_t mode = 0;
     /// The rest of the line after one blank; none when the line ends before that blank.
     std::optional<String> text;
 

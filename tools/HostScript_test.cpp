@@ -6,11 +6,15 @@ namespace tools {
 namespace {
 
 HostCommand WithNumber(HostVerb verb, std::int32_t number, std::optional<String> text = std::nullopt) {
-    return {.verb = verb, .number = number, .key = {}, .text = std::move(text)};
+    return {.verb = verb, .number = number, .key = {}, .mode = 0, .text = std::move(text)};
 }
 
 HostCommand WithKey(HostVerb verb, String key, std::optional<String> text = std::nullopt) {
-    return {.verb = verb, .number = 0, .key = std::move(key), .text = std::move(text)};
+    return {.verb = verb, .number = 0, .key = std::move(key), .mode = 0, .text = std::move(text)};
+}
+
+HostCommand ForModule(HostVerb verb, String module, std::int16_t mode, std::optional<String> text) {
+    return {.verb = verb, .number = 2, .key = std::move(module), .mode = mode, .text = std::move(text)};
 }
 
 std::string ErrorOf(StringView line) {
@@ -44,6 +48,21 @@ TEST(HostScript, takes_the_rest_of_the_line_as_it_stands) {
     EXPECT_EQ(ParseHostCommand(u"notify 1 All,SAVE"), WithNumber(HostVerb::kNotify, 1, u"All,SAVE"));
     EXPECT_EQ(ParseHostCommand(u"notify 1  \"a\" # b "), WithNumber(HostVerb::kNotify, 1, u" \"a\" # b "));
     EXPECT_EQ(ParseHostCommand(u"set JobDir C:\\My jobs"), WithKey(HostVerb::kSet, u"JobDir", u"C:\\My jobs"));
+}
+
+TEST(HostScript, Send_TakesModuleAndRest) {
+    EXPECT_EQ(ParseHostCommand(u"send 2 M X,1 "), ForModule(HostVerb::kSend, u"M", 0, u"X,1 "));
+    EXPECT_EQ(ParseHostCommand(u"send 2 M"), ForModule(HostVerb::kSend, u"M", 0, std::nullopt));
+    EXPECT_EQ(ParseHostCommand(u"sendall 1 OPEN"), WithNumber(HostVerb::kSendAll, 1, u"OPEN"));
+    EXPECT_EQ(ErrorOf(u"send 1"), "'send' needs a module");
+}
+
+TEST(HostScript, Shell_TakesModuleModeAndRest) {
+    EXPECT_EQ(ParseHostCommand(u"shell 2 M -3 a,b"), ForModule(HostVerb::kShell, u"M", -3, u"a,b"));
+    EXPECT_EQ(ParseHostCommand(u"shell 2 M -32768 "), ForModule(HostVerb::kShell, u"M", -32768, u""));
+    EXPECT_EQ(ParseHostCommand(u"shell 2 M 32767"), ForModule(HostVerb::kShell, u"M", 32767, std::nullopt));
+    EXPECT_EQ(ErrorOf(u"shell 2 M"), "'shell' needs a mode");
+    EXPECT_EQ(ErrorOf(u"shell 2 M 32768 x"), "MODE must be a whole number from -32768 to 32767, not '32768'");
 }
 
 TEST(HostScript, tells_no_text_from_an_empty_text) {

@@ -27,6 +27,9 @@ command line as it would a module's: "/sys:FOLDER", in double quotes, is its sys
   notify N TEXT   hands TEXT to NotifyMe                      1 NotifyMe
   sever N VALUE   puts SeverPath; shows the value put         1 SeverPath [VALUE]
   sever N         gets SeverPath                              1 SeverPath []
+  send N MODULE COMMAND       raises COMMAND for MODULE       1 AP_SendCmd
+  sendall N COMMAND           raises COMMAND in the component's own name, K4TBACKPROCESS
+  shell N MODULE MODE LINE    raises the request to MODULE to start a program with the command line LINE
   release N       releases the instance                       1 released
   set KEY VALUE   sets a shared string of the suite
   get KEY         shows one; 'KEY=' alone if there is none    KEY=[VALUE]
@@ -35,13 +38,17 @@ command line as it would a module's: "/sys:FOLDER", in double quotes, is its sys
                   CurrentDesignName=[NAME]  LanguagePath=[FOLDER]  Caption=[TEXT], a line each
   pump MS         serves window messages for so many milliseconds
 
-N is the number of an instance: the first 'create' makes 1, and no number is used twice. MS is at most 999999999. TEXT
-and VALUE are the rest of the line after one blank, as it stands; they may be empty or absent. Blank lines and lines
-that start with '#' are skipped. Window messages are served between the lines and while waiting for one.
+N is the number of an instance: the first 'create' makes 1, and no number is used twice. MS is at most 999999999. MODULE
+is one word; MODE is a whole number from -32768 to 32767, which MODULE interprets. COMMAND, LINE, TEXT and VALUE are the
+rest of the line after one blank, as it stands; they may be empty or absent. Blank lines and lines that start with '#'
+are skipped. Window messages are served between the lines and while waiting for one.
 
 An event is shown the moment it comes:                        1 NotifyServer [MODULE] [COMMAND]
 A call that fails, and the host goes on:                      1 error 0x800A0035 File not found
 A control character inside a text is shown by its picture, a line feed as one character, so that each fact is one line.
+
+'send', 'sendall' and 'shell' use the diagnostics interface of the instance. Every instance of the process receives the
+event. No other call of a client raises these events.
 
 At the end of the input all instances are released in the order of their creation.
 

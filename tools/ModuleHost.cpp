@@ -4,7 +4,6 @@
 #include <ostream>
 
 #include "host/com/Bstr.h"
-#include "host/com/DevelopmentExports.h"
 #include "runtime/win32/ModulePath.h"
 #include "tools/ClientView.h"
 #include "tools/ComFailure.h"
@@ -41,15 +40,11 @@ void Connect(_clsQmxBackProcess& instance, EventSink::NotifyServer notifyServer)
     ThrowIfFailed(point->Advise(sink.Get(), &cookie));
 }
 
-/// The entry of the very library that made `instance`: its methods lie in it.
-decltype(&K4TDev_Value) DevelopmentEntry(_clsQmxBackProcess& instance) {
-    const void* const method = **reinterpret_cast<const void* const* const*>(&instance);
-    HMODULE library = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       static_cast<const wchar_t*>(method), &library);
-    const FARPROC entry = library ? GetProcAddress(library, "K4TDev_Value") : nullptr;
-    if (!entry) throw HostScriptError("this component does not show its state; take the one of the package");
-    return reinterpret_cast<decltype(&K4TDev_Value)>(reinterpret_cast<void*>(entry));
+ComPtr<IK4TDiagnostics> DiagnosticsOf(_clsQmxBackProcess& instance) {
+    ComPtr<IK4TDiagnostics> diagnostics;
+    if (FAILED(instance.QueryInterface(__uuidof(IK4TDiagnostics), diagnostics.PutVoid())))
+        throw HostScriptError("this component offers no diagnostics; register the one of this package");
+    return diagnostics;
 }
 
 }  // namespace
@@ -85,6 +80,12 @@ bool ModuleHost::Run(const HostCommand& command) {
         case HostVerb::kState:
             PrintState();
             return true;
+        case HostVerb::kSend:
+            return AP_SendCmd(command.number, command.key, command.text.value_or(String()));
+        case HostVerb::kSendAll:
+            return AP_SendCmdAll(command.number, command.text.value_or(String()));
+        case HostVerb::kShell:
+            return AP_Shell(command.number, command.key, command.mode, command.text.value_or(String()));
         case HostVerb::kPump:
             PumpFor(std::chrono::milliseconds(command.number));
             return true;
@@ -139,6 +140,30 @@ bool ModuleHost::SeverPath(std::int32_t number, const std::optional<String>& val
     });
 }
 
+bool ModuleHost::AP_SendCmd(std::int32_t number, StringView module, StringView command) {
+    const auto diagnostics = DiagnosticsOf(Find(number));
+    return Report(number, [&] {
+        ThrowIfFailed(diagnostics->AP_SendCmd(Bstr(module).Get(), Bstr(command).Get()));
+        return std::string("AP_SendCmd");
+    });
+}
+
+bool ModuleHost::AP_SendCmdAll(std::int32_t number, StringView command) {
+    const auto diagnostics = DiagnosticsOf(Find(number));
+    return Report(number, [&] {
+        ThrowIfFailed(diagnostics->AP_SendCmdAll(Bstr(command).Get()));
+        return std::string("AP_SendCmdAll");
+    });
+}
+
+bool ModuleHost::AP_Shell(std::int32_t number, StringView module, std::int16_t mode, StringView commandLine) {
+    const auto diagnostics = DiagnosticsOf(Find(number));
+    return Report(number, [&] {
+        ThrowIfFailed(diagnostics->AP_Shell(Bstr(module).Get(), mode, Bstr(commandLine).Get()));
+        return std::string("AP_Shell");
+    });
+}
+
 bool ModuleHost::Release(std::int32_t number) {
     Find(number);
     Instance instance = std::move(instances_.extract(number).mapped());
@@ -162,11 +187,16 @@ void ModuleHost::PrintStrings() {
 
 void ModuleHost::PrintState() {
     if (instances_.empty()) throw HostScriptError("'state' needs an instance; 'create' makes one");
-    const auto valueOf = DevelopmentEntry(*instances_.begin()->second.Get());
-    for (const StringView name : {u"CurrentDesignName", u"LanguagePath", u"Caption"}) {
-        const auto value = Bstr::Attach(valueOf(runtime::win32::Wide(String(name))));
-        Print(Display(name) + "=" + (value.Get() ? Bracketed(value.Text()) : std::string()));
-    }
+    const auto diagnostics = DiagnosticsOf(*instances_.begin()->second.Get());
+    Bstr name;
+    Bstr folder;
+    Bstr caption;
+    ThrowIfFailed(diagnostics->get_CurrentDesignName(name.Address()));
+    ThrowIfFailed(diagnostics->get_LanguagePath(folder.Address()));
+    ThrowIfFailed(diagnostics->get_Caption(caption.Address()));
+    Print("CurrentDesignName=" + Bracketed(name.Text()));
+    Print("LanguagePath=" + Bracketed(folder.Text()));
+    Print("Caption=" + (caption.Get() ? Bracketed(caption.Text()) : std::string()));
 }
 
 ModuleHost::Instance ModuleHost::NewInstance(std::int32_t number) {

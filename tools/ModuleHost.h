@@ -30,6 +30,10 @@ class ModuleHost {
     bool Load(std::int32_t number);
     bool NotifyMe(std::int32_t number, const std::optional<String>& command);
     bool SeverPath(std::int32_t number, const std::optional<String>& value);
+    // The lines 'send', 'sendall' and 'shell', through the instance's diagnostics.
+    bool AP_SendCmd(std::int32_t number, StringView module, StringView command);
+    bool AP_SendCmdAll(std::int32_t number, StringView command);
+    bool AP_Shell(std::int32_t number, StringView module, std::int16_t mode, StringView commandLine);
     bool Release(std::int32_t number);
     void PrintString(StringView key);
     void PrintStrings();

@@ -5,8 +5,8 @@ namespace tools {
 
 std::vector<Verb> AllVerbs() {
     return {
-        kHostVerb,   kRaiseVerb, kStringsVerb,  kWhereVerb,      kTextsVerb,  kErrorVerb,
-        kMsgboxVerb, kQueryVerb, kRegisterVerb, kUnregisterVerb, kDoctorVerb,
+        kHostVerb,   kStringsVerb, kWhereVerb,    kTextsVerb,      kErrorVerb,
+        kMsgboxVerb, kQueryVerb,   kRegisterVerb, kUnregisterVerb, kDoctorVerb,
     };
 }
 

@@ -12,7 +12,6 @@ std::vector<Verb> AllVerbs();
 
 // Each is defined in the file of its name.
 extern const Verb kHostVerb;
-extern const Verb kRaiseVerb;
 extern const Verb kStringsVerb;
 extern const Verb kWhereVerb;
 extern const Verb kTextsVerb;

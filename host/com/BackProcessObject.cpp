@@ -65,6 +65,8 @@ HRESULT BackProcessObject::QueryInterface(REFIID iid, void** object) {
         *object = static_cast<ISupportErrorInfo*>(this);
     } else if (iid == IID_IConnectionPointContainer) {
         *object = static_cast<IConnectionPointContainer*>(this);
+    } else if (iid == IID_IK4TDiagnostics) {
+        *object = static_cast<IK4TDiagnostics*>(this);
     } else {
         return E_NOINTERFACE;
     }
@@ -211,7 +213,7 @@ HRESULT BackProcessObject::GetGUID(DWORD kind, GUID* guid) {
 }
 
 HRESULT BackProcessObject::InterfaceSupportsErrorInfo(REFIID iid) {
-    return iid == IID__clsQmxBackProcess || iid == IID_IDispatch ? S_OK : S_FALSE;
+    return iid == IID__clsQmxBackProcess || iid == IID_IDispatch || iid == IID_IK4TDiagnostics ? S_OK : S_FALSE;
 }
 
 HRESULT BackProcessObject::EnumConnectionPoints(IEnumConnectionPoints** points) {
@@ -234,6 +236,58 @@ HRESULT BackProcessObject::FindConnectionPoint(REFIID iid, IConnectionPoint** po
             return S_OK;
         },
         point);
+}
+
+HRESULT BackProcessObject::AP_SendCmd(BSTR module, BSTR command) {
+    return Member([&] {
+        Service().AP_SendCmd(ToString(module), ToString(command));
+        return S_OK;
+    });
+}
+
+HRESULT BackProcessObject::AP_SendCmdAll(BSTR command) {
+    return Member([&] {
+        Service().AP_SendCmdAll(ToString(command));
+        return S_OK;
+    });
+}
+
+HRESULT BackProcessObject::AP_Shell(BSTR module, short mode, BSTR commandLine) {
+    return Member([&] {
+        Service().AP_Shell(ToString(module), mode, ViewOf(commandLine));
+        return S_OK;
+    });
+}
+
+HRESULT BackProcessObject::get_CurrentDesignName(BSTR* name) {
+    return Member(
+        [&] {
+            RequirePointer(name);
+            *name = Bstr(Service().CurrentDesignName()).Detach();
+            return S_OK;
+        },
+        name);
+}
+
+HRESULT BackProcessObject::get_LanguagePath(BSTR* folder) {
+    return Member(
+        [&] {
+            RequirePointer(folder);
+            *folder = Bstr(Service().LanguagePath()).Detach();
+            return S_OK;
+        },
+        folder);
+}
+
+HRESULT BackProcessObject::get_Caption(BSTR* caption) {
+    return Member(
+        [&] {
+            RequirePointer(caption);
+            const std::optional<String> text = Service().Caption();
+            if (text) *caption = Bstr(*text).Detach();
+            return text ? S_OK : S_FALSE;
+        },
+        caption);
 }
 
 }  // namespace host::com

@@ -23,7 +23,8 @@ namespace host::com {
 class BackProcessObject final : public _clsQmxBackProcess,
                                 public IProvideClassInfo2,
                                 public ISupportErrorInfo,
-                                public IConnectionPointContainer {
+                                public IConnectionPointContainer,
+                                public IK4TDiagnostics {
  public:
     /// A new instance in the calling apartment, as interface `iid`. Throws what creating the service object throws.
     static HRESULT Create(Residence residence, REFIID iid, void** object);
@@ -53,6 +54,13 @@ class BackProcessObject final : public _clsQmxBackProcess,
 
     HRESULT STDMETHODCALLTYPE EnumConnectionPoints(IEnumConnectionPoints** points) override;
     HRESULT STDMETHODCALLTYPE FindConnectionPoint(REFIID iid, IConnectionPoint** point) override;
+
+    HRESULT STDMETHODCALLTYPE AP_SendCmd(BSTR module, BSTR command) override;
+    HRESULT STDMETHODCALLTYPE AP_SendCmdAll(BSTR command) override;
+    HRESULT STDMETHODCALLTYPE AP_Shell(BSTR module, short mode, BSTR commandLine) override;
+    HRESULT STDMETHODCALLTYPE get_CurrentDesignName(BSTR* name) override;
+    HRESULT STDMETHODCALLTYPE get_LanguagePath(BSTR* folder) override;
+    HRESULT STDMETHODCALLTYPE get_Caption(BSTR* caption) override;
 
     /// For the home window: ends the instance after its last release.
     void End();

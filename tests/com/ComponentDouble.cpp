@@ -65,6 +65,18 @@ class ServiceDouble final : public host::ServiceObject {
     }
     void SetSeverPath(StringView value) override { Record("put [" + runtime::ToUtf8(value) + "]"); }
 
+    void AP_SendCmd(String module, String command) override {
+        Record("send");
+        notifyServer_(module, command);
+    }
+    void AP_SendCmdAll(String command) override { AP_SendCmd(u"all", std::move(command)); }
+    void AP_Shell(String module, std::int16_t mode, StringView commandLine) override {
+        AP_SendCmd(std::move(module), runtime::FromAscii(std::to_string(mode)) + u" " + String(commandLine));
+    }
+    String CurrentDesignName() override { return u"design"; }
+    String LanguagePath() override { return u"folder"; }
+    std::optional<String> Caption() override { return TheDouble().caption; }
+
  private:
     void Raise(Parts parts) const {
         notifyServer_(parts.left, parts.right);

@@ -22,6 +22,7 @@ struct ComponentDouble {
     std::size_t liveWindows = 0;
     int lostHomes = 0;
     bool endsQuietly = false;  ///< service objects do not say SHUTDOWN
+    std::optional<host::String> caption;
     std::optional<int> makeError;
     std::optional<int> terminateError;
 };

@@ -56,16 +56,18 @@ HRESULT ComponentLibrary::CanUnload() const {
     return Export<HRESULT WINAPI()>("DllCanUnloadNow")();
 }
 
-std::string ComponentLibrary::DevelopmentValue(const wchar_t* name) const {
-    const Bstr value = Bstr::Attach(Export<BSTR(const wchar_t*)>("K4TDev_Value")(name));
-    return value.Get() == nullptr ? "(none)" : Utf8(value.Get());
-}
-
 ComPtr<_clsQmxBackProcess> CreateRegistered() {
     ComPtr<_clsQmxBackProcess> instance;
     EXPECT_EQ("0x00000000", Hex(CoCreateInstance(CLSID_clsQmxBackProcess, nullptr, CLSCTX_INPROC_SERVER,
                                                  IID__clsQmxBackProcess, instance.PutVoid())));
     return instance;
+}
+
+std::string CaptionOfForm(_clsQmxBackProcess* instance) {
+    const auto diagnostics = Query<IK4TDiagnostics>(instance, IID_IK4TDiagnostics);
+    Bstr caption;
+    EXPECT_EQ(S_OK, diagnostics->get_Caption(caption.Address()));
+    return Utf8(caption.Get());
 }
 
 int FormWindows(DWORD threadId) {

@@ -27,8 +27,6 @@ class ComponentLibrary {
     HRESULT Unregister() const;
     /// S_OK when the library may be freed.
     HRESULT CanUnload() const;
-    /// What the component has under that name; "(none)" without it.
-    std::string DevelopmentValue(const wchar_t* name) const;
 
  private:
     template <typename Function>
@@ -39,6 +37,8 @@ class ComponentLibrary {
 
 /// An instance of the registered library, as a client creates it. Fails the test when there is none.
 ComPtr<_clsQmxBackProcess> CreateRegistered();
+/// The caption of the loaded main form behind `instance`.
+std::string CaptionOfForm(_clsQmxBackProcess* instance);
 /// How many of the component's form windows the thread has.
 int FormWindows(DWORD threadId);
 /// Brings the main form up.

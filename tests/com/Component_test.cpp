@@ -55,7 +55,7 @@ TEST_F(Component, RefusesAnInterface_LeavesTheFormOfTheOthersAlone) {
               Hex(library_.ClassFactory()->CreateInstance(nullptr, IID_IPersistStreamInit, none.PutVoid())));
     EXPECT_THAT(sink->heard, ElementsAre());
     EXPECT_EQ(1, FormWindows(GetCurrentThreadId()));
-    EXPECT_EQ("Pelorix Background Processing Application", library_.DevelopmentValue(L"Caption"));
+    EXPECT_EQ("Pelorix Background Processing Application", CaptionOfForm(instance.Get()));
 }
 
 TEST_F(Component, ForgetsItsServerPath) {
@@ -111,7 +111,7 @@ TEST_F(Component, TwoCopiesInOneProcess_EachHasItsForm) {
     EXPECT_EQ(VARIANT_TRUE, Load(other.Get()));
     EXPECT_THAT(sink->heard, ElementsAre());
     EXPECT_EQ(2, FormWindows(GetCurrentThreadId()));
-    EXPECT_EQ("Pelorix Background Processing Application", second.DevelopmentValue(L"Caption"));
+    EXPECT_EQ("Pelorix Background Processing Application", CaptionOfForm(other.Get()));
     EXPECT_EQ(S_OK, Notify(instance.Get(), u"All,EX"));
     EXPECT_THAT(sink->heard, ElementsAre()) << "the shutdown of the first copy is its own";
     EXPECT_EQ(1, FormWindows(GetCurrentThreadId()));

@@ -87,6 +87,36 @@ TEST_F(Information, TheLibraryIsTheOneDescribed) {
     EXPECT_EQ(u"Pelorix Back process Manager", help.Text());
 }
 
+/// A type of the library, and what it has: "name {identifier} kind 4 flags 0x1050 functions 4 interfaces 1".
+std::string Described(ITypeInfo* type) {
+    TYPEATTR* attributes = nullptr;
+    type->GetTypeAttr(&attributes);
+    wchar_t identifier[40];
+    StringFromGUID2(attributes->guid, identifier, 40);
+    std::string text = NameOf(type) + " " + runtime::ToUtf8(runtime::win32::Utf16(identifier)) + " kind " +
+                       std::to_string(attributes->typekind) + " flags " + Hex(attributes->wTypeFlags) + " functions " +
+                       std::to_string(attributes->cFuncs) + " interfaces " + std::to_string(attributes->cImplTypes);
+    type->ReleaseTypeAttr(attributes);
+    return text;
+}
+
+/// The library is fixed: clients are compiled against it. The diagnostics interface is not in it.
+TEST_F(Information, TheLibraryHasTheseTypesOnly) {
+    const auto library = OwnTypeLibrary();
+    std::vector<std::string> types;
+    for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
+        ComPtr<ITypeInfo> type;
+        ASSERT_EQ(S_OK, library->GetTypeInfo(i, type.Put()));
+        types.push_back(Described(type.Get()));
+    }
+    EXPECT_THAT(types, ElementsAre("_clsQmxBackProcess {DBCC7CB8-42ED-4781-9CF1-7D977C573BF7} kind 4 flags 0x000010D0 "
+                                   "functions 11 interfaces 1",
+                                   "__clsQmxBackProcess {E6EF5F7B-3B81-4C13-854D-A9C8C260608C} kind 4 flags 0x00001010 "
+                                   "functions 1 interfaces 1",
+                                   "clsQmxBackProcess {ECD8F3EF-620B-4D2C-8D9B-9F3E96273634} kind 5 flags 0x00000002 "
+                                   "functions 0 interfaces 2"));
+}
+
 TEST_F(Information, TheClassNamesItsInterfaces) {
     const auto provider = Query<IProvideClassInfo>(instance.Get(), IID_IProvideClassInfo);
     ComPtr<ITypeInfo> type;

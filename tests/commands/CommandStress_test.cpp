@@ -71,8 +71,11 @@ class ShippedComponent : public ::testing::Test {
     void Put(const char* key, const char* value) {
         Entry<long(__stdcall*)(const char*, const char*)>(kernel_, "E_SetString")(key, value);
     }
-    String Value(const wchar_t* name) {
-        return Bstr::Attach(Entry<BSTR (*)(const wchar_t*)>(component_, "K4TDev_Value")(name)).Text();
+    String Value(HRESULT (STDMETHODCALLTYPE IK4TDiagnostics::*get)(BSTR*)) {
+        Bstr value;
+        EXPECT_EQ((Query<IK4TDiagnostics>(object_.Get(), __uuidof(IK4TDiagnostics)).Get()->*get)(value.Address()),
+                  S_OK);
+        return value.Text();
     }
     HRESULT NotifyEarly(Bstr& command) { return object_->NotifyMe(name_.Address(), command.Address()); }
     /// The arguments stand in reverse: the command by reference, then the name by value.
@@ -113,9 +116,9 @@ TEST_F(ShippedComponent, CommandsLeaveMemoryFlat) {
         ASSERT_EQ(command.Text(), given);
     }
     EXPECT_LT(PrivateBytes(), before + kSlack);
-    EXPECT_EQ(Value(L"CurrentDesignName"), u"amplifier");
-    EXPECT_EQ(Value(L"LanguagePath"), u"C:\\none");
-    EXPECT_EQ(Value(L"Caption"), u"Pelorix Background Processing Application");
+    EXPECT_EQ(Value(&IK4TDiagnostics::get_CurrentDesignName), u"amplifier");
+    EXPECT_EQ(Value(&IK4TDiagnostics::get_LanguagePath), u"C:\\none");
+    EXPECT_EQ(Value(&IK4TDiagnostics::get_Caption), u"Pelorix Background Processing Application");
 }
 
 TEST_F(ShippedComponent, RoomOfAGiantCommandIsGivenBackAtTheNextOne) {

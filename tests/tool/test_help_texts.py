@@ -24,7 +24,6 @@ DIALOGS = {"error", "msgbox", "query"}
 # By how the line begins.
 PRINTED = {
     "host": "1 created\n1 released\n",
-    "raise": "1 NotifyServer [EDITOR] [SHELL,1,amp.sch]\n2 NotifyServer [EDITOR] [SHELL,1,amp.sch]\n",
     "texts get": "&Yes\n",
     "msgbox": "7\n",
     "query": "text=Top\nindex=1\n",

@@ -1,0 +1,134 @@
+// The diagnostics interface of an instance, at the edge and with the component behind it.
+#include "host/com/Server.h"
+#include "tests/com/ComTest.h"
+#include "tests/com/ComponentLibrary.h"
+#include "tests/com/Sink.h"
+
+namespace tests::com {
+namespace {
+
+using testing::ElementsAre;
+
+ComPtr<IK4TDiagnostics> DiagnosticsOf(IUnknown* instance) {
+    return Query<IK4TDiagnostics>(instance, IID_IK4TDiagnostics);
+}
+
+class Diagnostics : public ComTest {
+ protected:
+    ComPtr<_clsQmxBackProcess> instance = MakeInstance();
+    ComPtr<IK4TDiagnostics> diagnostics = DiagnosticsOf(instance.Get());
+};
+
+TEST_F(Diagnostics, IsTheInstanceItself) {
+    ASSERT_TRUE(diagnostics);
+    EXPECT_EQ(Query<IUnknown>(instance.Get(), IID_IUnknown).Get(),
+              Query<IUnknown>(diagnostics.Get(), IID_IUnknown).Get());
+    EXPECT_EQ(S_OK, Query<ISupportErrorInfo>(instance.Get(), IID_ISupportErrorInfo)
+                        ->InterfaceSupportsErrorInfo(IID_IK4TDiagnostics));
+}
+
+TEST_F(Diagnostics, Raise_PassesTheArguments) {
+    const auto sink = Sink::Make();
+    Advise(instance.Get(), sink.Get());
+    EXPECT_EQ(S_OK, diagnostics->AP_SendCmd(Bstr(u"M").Get(), Bstr(u"X,1").Get()));
+    EXPECT_EQ(S_OK, diagnostics->AP_SendCmd(nullptr, nullptr));
+    EXPECT_EQ(S_OK, diagnostics->AP_SendCmdAll(Bstr(u"OPEN").Get()));
+    EXPECT_EQ(S_OK, diagnostics->AP_Shell(Bstr(u"M").Get(), -3, Bstr(u"a,b").Get()));
+    EXPECT_THAT(sink->heard, ElementsAre("M|X,1", "|", "all|OPEN", "M|-3 a,b"));
+}
+
+TEST_F(Diagnostics, Raise_HandlerFails_ReturnsItsError) {
+    const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& exception) {
+        exception.scode = static_cast<HRESULT>(0x800A0007);
+        exception.bstrDescription = Bstr(u"no room").Detach();
+        return DISP_E_EXCEPTION;
+    });
+    Advise(instance.Get(), sink.Get());
+    EXPECT_EQ("0x800A0007", Hex(diagnostics->AP_SendCmdAll(Bstr(u"OPEN").Get())));
+    EXPECT_EQ("no room", TextOfErrorObject());
+}
+
+TEST_F(Diagnostics, Read_GivesTheValues) {
+    Bstr name, folder, caption;
+    EXPECT_EQ(S_OK, diagnostics->get_CurrentDesignName(name.Address()));
+    EXPECT_EQ(S_OK, diagnostics->get_LanguagePath(folder.Address()));
+    EXPECT_EQ(u"design", name.Text());
+    EXPECT_EQ(u"folder", folder.Text());
+    EXPECT_EQ(S_FALSE, diagnostics->get_Caption(caption.Address()));
+    EXPECT_EQ(nullptr, caption.Get());
+    TheDouble().caption = u"Titel";
+    EXPECT_EQ(S_OK, diagnostics->get_Caption(caption.Address()));
+    EXPECT_EQ(u"Titel", caption.Text());
+    EXPECT_EQ("0x80004003", Hex(diagnostics->get_Caption(nullptr)));
+}
+
+TEST_F(Diagnostics, OtherThread_IsRefused) {
+    InOtherApartment([&] {
+        EXPECT_EQ("0x8001010E", Hex(diagnostics->AP_SendCmdAll(nullptr)));
+        Bstr name;
+        EXPECT_EQ("0x8001010E", Hex(diagnostics->get_CurrentDesignName(name.Address())));
+    });
+    EXPECT_THAT(TheDouble().log, ElementsAre("made"));
+}
+
+TEST_F(Diagnostics, ProxyOfAnotherApartment_HasNone) {
+    ASSERT_EQ(S_OK, host::com::RegisterServer()) << "for the proxy";
+    InOtherApartment([&] {
+        const auto proxy = MakeInstance();
+        ASSERT_TRUE(proxy);
+        IUnknown* found = instance.Get();
+        EXPECT_EQ("0x80004002", Hex(proxy->QueryInterface(IID_IK4TDiagnostics, reinterpret_cast<void**>(&found))));
+        EXPECT_EQ(nullptr, found);
+    });
+    EXPECT_EQ(S_OK, host::com::UnregisterServer());
+}
+
+/// With the component behind the edge.
+class DiagnosticsOfTheComponent : public testing::Test {
+ protected:
+    DiagnosticsOfTheComponent() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
+    ~DiagnosticsOfTheComponent() override { CoUninitialize(); }
+
+    const ComponentLibrary library_;
+};
+
+TEST_F(DiagnosticsOfTheComponent, Raise_ReachesAllInstancesInTheirOrder) {
+    const auto first = library_.Create();
+    const auto second = library_.Create();
+    std::vector<std::string> heard;
+    const auto sinkOf = [&heard](std::string number) {
+        return Sink::Make([&heard, number](BSTR& module, BSTR& command, EXCEPINFO&) {
+            heard.push_back(number + " " + Utf8(module) + "|" + Utf8(command));
+            return S_OK;
+        });
+    };
+    Advise(first.Get(), sinkOf("1").Get());
+    Advise(second.Get(), sinkOf("2").Get());
+    const auto diagnostics = DiagnosticsOf(second.Get());
+    EXPECT_EQ(S_OK, diagnostics->AP_SendCmd(Bstr(u"M").Get(), Bstr(u"X,1").Get()));
+    EXPECT_EQ(S_OK, diagnostics->AP_SendCmdAll(Bstr(u"OPEN").Get()));
+    EXPECT_EQ(S_OK, diagnostics->AP_Shell(Bstr(u"M").Get(), -3, Bstr(u"a,b").Get()));
+    EXPECT_THAT(heard, ElementsAre("1 M|X,1", "2 M|X,1", "1 K4TBACKPROCESS|OPEN", "2 K4TBACKPROCESS|OPEN",
+                                   "1 M|SHELL,-3,a,b", "2 M|SHELL,-3,a,b"));
+    EXPECT_EQ(0, FormWindows(GetCurrentThreadId())) << "raising must not load the form";
+}
+
+TEST_F(DiagnosticsOfTheComponent, InstanceHasEnded_IsError91) {
+    auto instance = library_.Create();
+    Load(instance.Get());
+    ComPtr<IK4TDiagnostics> kept;
+    _clsQmxBackProcess* const source = instance.Get();
+    const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
+        kept = DiagnosticsOf(source);
+        return S_OK;
+    });
+    Advise(source, sink.Get());
+    instance.Reset();
+    ASSERT_TRUE(kept);
+    EXPECT_EQ("0x800A005B", Hex(kept->AP_SendCmdAll(nullptr)));
+    Bstr name;
+    EXPECT_EQ("0x800A005B", Hex(kept->get_CurrentDesignName(name.Address())));
+}
+
+}  // namespace
+}  // namespace tests::com
