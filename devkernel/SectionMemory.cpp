@@ -16,8 +16,6 @@ using runtime::win32::Wide;
 
 /// Views start at multiples of this, and it is a multiple of the page size.
 constexpr std::uint32_t kGranularity = 64 * 1024;
-/// Longer than any use of the lock takes; a process that is stopped with it must not stop all others for good.
-constexpr DWORD kLockTimeout = 10'000;  // milliseconds
 
 struct LocalMemoryPolicy {
     using Type = void*;
@@ -76,7 +74,8 @@ String DevelopmentStoreName() {
     return base + u'.' + own;
 }
 
-SectionMemory::SectionMemory(const String& name, std::uint32_t capacity) : capacity_(capacity) {
+SectionMemory::SectionMemory(const String& name, std::uint32_t capacity, std::uint32_t lockTimeout)
+    : capacity_(capacity), lockTimeout_(lockTimeout) {
     const LocalMemory descriptor = UserOnly();
     SECURITY_ATTRIBUTES userOnly{sizeof userOnly, descriptor.Get(), FALSE};
     const String lockName = name + u".Lock";
@@ -93,7 +92,8 @@ SectionMemory::SectionMemory(const String& name, std::uint32_t capacity) : capac
 }
 
 void SectionMemory::Lock() {
-    const DWORD result = WaitForSingleObject(mutex_.Get(), kLockTimeout);
+    const DWORD result = WaitForSingleObject(mutex_.Get(), isLockStuck_ ? 0 : lockTimeout_);
+    isLockStuck_ = result == WAIT_TIMEOUT;
     if (result == WAIT_OBJECT_0 || result == WAIT_ABANDONED) return;
     if (result == WAIT_TIMEOUT) throw StoreError("another process keeps the shared strings locked");
     Fail("the shared strings cannot be locked");
@@ -113,6 +113,7 @@ std::uint32_t SectionMemory::Load(Word word) const {
 
 void SectionMemory::Store(Word word, std::uint32_t value) {
     std::atomic_ref(*WordAt(word)).store(value, std::memory_order_release);
+    std::atomic_thread_fence(std::memory_order_seq_cst);
 }
 
 MappedView SectionMemory::Map(std::uint64_t offset, std::uint32_t size) const {
@@ -137,16 +138,21 @@ bool SectionMemory::Grow(std::uint32_t space, std::uint32_t size) {
     return false;
 }
 
-const std::byte* SectionMemory::View(std::uint32_t space, std::uint32_t size) {
+bool SectionMemory::View(std::uint32_t space, std::uint32_t size) {
     Space& viewed = spaces_.at(space);
-    if (size > capacity_) return nullptr;
-    if (size > viewed.mapped && !Grow(space, size)) return nullptr;
+    if (size > capacity_) return false;
+    if (size > viewed.mapped && !Grow(space, size)) return false;
     if (size > viewed.committed) {
         const std::uint32_t committed = RoundedUp(size);
-        if (!VirtualAlloc(viewed.view.Get(), committed, MEM_COMMIT, PAGE_READWRITE)) return nullptr;
+        if (!VirtualAlloc(viewed.view.Get(), committed, MEM_COMMIT, PAGE_READWRITE)) return false;
         viewed.committed = committed;
     }
-    return viewed.view.Get();
+    return true;
+}
+
+void SectionMemory::Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const {
+    if (size > 0) std::memcpy(bytes, spaces_.at(space).view.Get() + offset, size);
+    std::atomic_thread_fence(std::memory_order_acquire);
 }
 
 void SectionMemory::Write(std::uint32_t space, std::uint32_t offset, const void* bytes, std::size_t size) {

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <atomic>
 
 #include "devkernel/SharedMemory.h"
 #include "runtime/win32/Handle.h"
@@ -23,18 +24,23 @@ runtime::String DevelopmentStoreName();
 /// The most bytes of its strings, keys and record heads included.
 inline constexpr std::uint32_t kDevelopmentStoreCapacity = 256u << 20;
 
+/// Longer than any use of the lock takes, in milliseconds. If a process is stopped while it has the lock, one write of
+/// each other process waits this long; later writes fail at once, until the lock can be had again.
+inline constexpr std::uint32_t kLockTimeout = 10'000;
+
 class SectionMemory : public SharedMemory {
  public:
     /// Joins the memory `name`, or makes it. `capacity` is the size of each space in bytes, a multiple of 64 KiB, and
-    /// the same in all processes. Throws StoreError.
-    SectionMemory(const runtime::String& name, std::uint32_t capacity);
+    /// the same in all processes. A wait for the lock ends after `lockTimeout` milliseconds. Throws StoreError.
+    SectionMemory(const runtime::String& name, std::uint32_t capacity, std::uint32_t lockTimeout = kLockTimeout);
 
     void Lock() override;
     void Unlock() noexcept override;
     std::uint32_t Load(Word word) const override;
     void Store(Word word, std::uint32_t value) override;
     std::uint32_t Capacity() const override { return capacity_; }
-    const std::byte* View(std::uint32_t space, std::uint32_t size) override;
+    bool View(std::uint32_t space, std::uint32_t size) override;
+    void Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const override;
     void Write(std::uint32_t space, std::uint32_t offset, const void* bytes, std::size_t size) override;
     void Release(std::uint32_t space) noexcept override;
 
@@ -50,10 +56,12 @@ class SectionMemory : public SharedMemory {
     std::uint32_t* WordAt(Word word) const;
 
     const std::uint32_t capacity_;
+    const std::uint32_t lockTimeout_;
     runtime::win32::KernelHandle mutex_;
     runtime::win32::KernelHandle section_;
     MappedView header_;
     std::array<Space, 2> spaces_;
+    std::atomic<bool> isLockStuck_ = false;  ///< the last wait for the lock was in vain
 };
 
 }  // namespace devkernel

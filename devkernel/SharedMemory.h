@@ -19,7 +19,7 @@ class StoreError : public std::runtime_error {
 enum class Word : std::uint32_t { kMagic, kVersion, kGeneration, kUsed0, kUsed1 };
 inline constexpr std::uint32_t kWordCount = static_cast<std::uint32_t>(Word::kUsed1) + 1;
 
-/// Everything but the lock itself is called with the lock held.
+/// One process calls it from one thread at a time, the lock apart. Writing needs the lock, reading does not.
 class SharedMemory {
  public:
     virtual ~SharedMemory() = default;
@@ -30,14 +30,17 @@ class SharedMemory {
     virtual void Unlock() noexcept = 0;
 
     virtual std::uint32_t Load(Word word) const = 0;
-    /// Visible to the other processes at once and as a whole, and after everything written before it.
+    /// Visible to the other processes at once and as a whole, after everything written before it and before everything
+    /// written after it.
     virtual void Store(Word word, std::uint32_t value) = 0;
 
     /// The most bytes that each of the two spaces can hold.
     virtual std::uint32_t Capacity() const = 0;
-    /// Makes the first `size` bytes of `space` (0 or 1) usable here. Their address holds until the next View or
-    /// Release of the same space; null when there is no memory for them.
-    virtual const std::byte* View(std::uint32_t space, std::uint32_t size) = 0;
+    /// Makes the first `size` bytes of `space` (0 or 1) usable here. False when there is no memory for them.
+    virtual bool View(std::uint32_t space, std::uint32_t size) = 0;
+    /// Reads from what View made usable. A writer may change the bytes during the call; every Load that follows it is
+    /// made after it.
+    virtual void Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const = 0;
     /// Writes into what View made usable.
     virtual void Write(std::uint32_t space, std::uint32_t offset, const void* bytes, std::size_t size) = 0;
     /// This process does not need `space` for now.

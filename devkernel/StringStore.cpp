@@ -23,21 +23,29 @@ std::uint64_t RecordSize(std::uint64_t keySize, std::uint64_t valueSize) {
 }
 
 struct Record {
-    std::string_view key;
-    std::string_view value;
+    RecordHead head;
     std::uint32_t size;  ///< bytes, all included
 };
 
-/// The record at `offset` of a log of `used` bytes; trusts nothing that it reads.
-Record ReadRecord(const std::byte* log, std::uint32_t offset, std::uint32_t used) {
+/// The record at `offset` of the first `used` bytes of `space`; trusts nothing that it reads.
+Record ReadRecord(const SharedMemory& memory, std::uint32_t space, std::uint32_t offset, std::uint32_t used) {
     const std::uint32_t left = used - offset;
     RecordHead head{};
     if (left < sizeof head) throw StoreError("a record of the shared strings is cut off");
-    std::memcpy(&head, log + offset, sizeof head);
+    memory.Read(space, offset, &head, sizeof head);
     const std::uint64_t size = RecordSize(head.keySize, head.valueSize);
     if (size > left) throw StoreError("a record of the shared strings is longer than what is in use");
-    const char* text = reinterpret_cast<const char*>(log + offset + sizeof head);
-    return {{text, head.keySize}, {text + head.keySize, head.valueSize}, static_cast<std::uint32_t>(size)};
+    return {head, static_cast<std::uint32_t>(size)};
+}
+
+std::string ReadText(const SharedMemory& memory, std::uint32_t space, std::uint32_t offset, std::uint32_t size) {
+    std::string text(size, '\0');
+    memory.Read(space, offset, text.data(), size);
+    return text;
+}
+
+std::string ReadKey(const SharedMemory& memory, std::uint32_t space, std::uint32_t offset, const Record& record) {
+    return ReadText(memory, space, offset + sizeof(RecordHead), record.head.keySize);
 }
 
 void WriteRecord(SharedMemory& memory, std::uint32_t space, std::uint32_t offset, std::string_view key,
@@ -66,13 +74,33 @@ class Lockable {
 
 }  // namespace
 
-bool StringStore::Set(std::string_view key, std::string_view value) {
-    Lockable lockable(memory_);
-    const std::scoped_lock lock(lockable);
-    CatchUp();
-    const auto old = index_.find(key);
-    if (old != index_.end() && ValueOf(*old) == value) return true;
+/// What `look` finds in an index that has caught up. If a writer has gone to the other space in the meantime, the bytes
+/// that were read may be those of a later writer: the result does not count then, nor does an error.
+template <typename Look>
+auto StringStore::Read(const Look& look) {
+    const std::scoped_lock lock(mutex_);
+    RefuseForeignMemory();
+    for (;;) {
+        try {
+            CatchUp();
+            auto result = look();
+            if (IsCurrent()) return result;
+        } catch (...) {
+            if (IsCurrent()) throw;
+        }
+    }
+}
 
+bool StringStore::Set(std::string_view key, std::string_view value) {
+    if (Read([&] { return HasValue(key, value); })) return true;
+    Lockable lockable(memory_);
+    const std::scoped_lock writing(lockable);
+    const std::scoped_lock lock(mutex_);
+    Attach();
+    CatchUp();
+    if (HasValue(key, value)) return true;
+
+    const auto old = index_.find(key);
     const std::uint64_t needed = RecordSize(key.size(), value.size());
     const std::uint64_t liveAfter = live_ + needed - (old == index_.end() ? 0 : old->second.size);
     const std::uint64_t usedAfter = seen_ + needed;
@@ -82,58 +110,61 @@ bool StringStore::Set(std::string_view key, std::string_view value) {
 }
 
 std::optional<std::string> StringStore::Get(std::string_view key) {
-    Lockable lockable(memory_);
-    const std::scoped_lock lock(lockable);
-    CatchUp();
-    const auto found = index_.find(key);
-    if (found == index_.end()) return std::nullopt;
-    return std::string(ValueOf(*found));
+    return Read([&]() -> std::optional<std::string> {
+        const auto found = index_.find(key);
+        if (found == index_.end()) return std::nullopt;
+        return ValueOf(*found);
+    });
 }
 
 std::optional<std::string> StringStore::FirstKey() {
-    Lockable lockable(memory_);
-    const std::scoped_lock lock(lockable);
-    CatchUp();
-    if (index_.empty()) return std::nullopt;
-    return index_.begin()->first;
+    return Read([&]() -> std::optional<std::string> {
+        if (index_.empty()) return std::nullopt;
+        return index_.begin()->first;
+    });
 }
 
 std::optional<std::string> StringStore::KeyAfter(std::string_view key) {
-    Lockable lockable(memory_);
-    const std::scoped_lock lock(lockable);
-    CatchUp();
-    const auto next = index_.upper_bound(key);
-    if (next == index_.end()) return std::nullopt;
-    return next->first;
+    return Read([&]() -> std::optional<std::string> {
+        const auto next = index_.upper_bound(key);
+        if (next == index_.end()) return std::nullopt;
+        return next->first;
+    });
 }
 
-/// Marks new memory as ours, the magic number last: whoever dies before it leaves new memory.
+bool StringStore::IsCurrent() const {
+    return memory_.Load(Word::kGeneration) == generation_;
+}
+
+/// Marks new memory as ours, the magic number last: a process that dies before it leaves new memory.
 void StringStore::Attach() {
     if (memory_.Load(Word::kMagic) == 0) {
         memory_.Store(Word::kVersion, kVersion);
         memory_.Store(Word::kMagic, kMagic);
     }
-    if (memory_.Load(Word::kMagic) != kMagic || memory_.Load(Word::kVersion) != kVersion) {
-        throw StoreError("the shared memory is not a string store of this version");
-    }
+    RefuseForeignMemory();
+}
+
+/// New memory has no strings and is not foreign.
+void StringStore::RefuseForeignMemory() const {
+    const std::uint32_t magic = memory_.Load(Word::kMagic);
+    if (magic == 0 || (magic == kMagic && memory_.Load(Word::kVersion) == kVersion)) return;
+    throw StoreError("the shared memory is not a string store of this version");
 }
 
 void StringStore::CatchUp() {
-    Attach();
     const std::uint32_t generation = memory_.Load(Word::kGeneration);
     if (generation_ != generation) StartGeneration(generation);
 
     const std::uint32_t used = memory_.Load(UsedOf(ActiveSpace()));
     if (used < seen_ || used > memory_.Capacity()) throw StoreError("the used size of the shared strings is wrong");
     if (used == seen_) return;
-    const std::byte* log = memory_.View(ActiveSpace(), used);
-    if (!log) throw StoreError("the shared strings do not fit into this process");
+    if (!memory_.View(ActiveSpace(), used)) throw StoreError("the shared strings do not fit into this process");
     while (seen_ < used) {
-        const Record record = ReadRecord(log, seen_, used);
-        auto found = index_.find(record.key);
-        if (found == index_.end()) found = index_.emplace(record.key, Entry{}).first;
-        live_ += record.size - found->second.size;
-        found->second = {seen_, record.size};
+        const Record record = ReadRecord(memory_, ActiveSpace(), seen_, used);
+        Entry& entry = index_[ReadKey(memory_, ActiveSpace(), seen_, record)];
+        live_ += record.size - entry.size;
+        entry = {seen_, record.size};
         seen_ += record.size;
     }
 }
@@ -146,16 +177,18 @@ void StringStore::StartGeneration(std::uint32_t generation) {
     memory_.Release(OtherSpace());
 }
 
-const std::byte* StringStore::ViewLog() {
-    const std::byte* log = memory_.View(ActiveSpace(), seen_);
-    if (!log) throw StoreError("the shared strings do not fit into this process");
-    return log;
+std::string StringStore::ValueOf(const Index::value_type& entry) const {
+    const std::uint32_t offset = entry.second.offset;
+    const Record record = ReadRecord(memory_, ActiveSpace(), offset, seen_);
+    if (ReadKey(memory_, ActiveSpace(), offset, record) != entry.first) {
+        throw StoreError("a record of the shared strings was overwritten");
+    }
+    return ReadText(memory_, ActiveSpace(), offset + sizeof(RecordHead) + record.head.keySize, record.head.valueSize);
 }
 
-std::string_view StringStore::ValueOf(const Index::value_type& entry) {
-    const Record record = ReadRecord(ViewLog(), entry.second.offset, seen_);
-    if (record.key != entry.first) throw StoreError("a record of the shared strings was overwritten");
-    return record.value;
+bool StringStore::HasValue(std::string_view key, std::string_view value) {
+    const auto found = index_.find(key);
+    return found != index_.end() && ValueOf(*found) == value;
 }
 
 bool StringStore::Append(std::string_view key, std::string_view value) {
@@ -178,16 +211,15 @@ bool StringStore::Rewrite(std::string_view key, std::string_view value, std::uin
 
 /// Copies into the other space, in the log's order; `size` bytes in all, as the index has it.
 void StringStore::CopyLiveRecordsExcept(std::string_view key, std::uint32_t size) {
-    if (size == 0) return;
-    const std::byte* log = ViewLog();
     std::uint32_t copied = 0;
-    for (std::uint32_t offset = 0; offset < seen_;) {
-        const Record record = ReadRecord(log, offset, seen_);
-        const auto found = index_.find(record.key);
-        const bool isLive = found != index_.end() && found->second.offset == offset && record.key != key;
+    for (std::uint32_t offset = 0; size > 0 && offset < seen_;) {
+        const Record record = ReadRecord(memory_, ActiveSpace(), offset, seen_);
+        const auto found = index_.find(ReadKey(memory_, ActiveSpace(), offset, record));
+        const bool isLive = found != index_.end() && found->second.offset == offset && found->first != key;
         if (isLive) {
             if (record.size > size - copied) break;
-            memory_.Write(OtherSpace(), copied, log + offset, record.size);
+            const std::string bytes = ReadText(memory_, ActiveSpace(), offset, record.size);
+            memory_.Write(OtherSpace(), copied, bytes.data(), bytes.size());
             copied += record.size;
         }
         offset += record.size;

@@ -6,13 +6,15 @@
 // steps leaves the old or the new value of what it wrote, and memory stays in proportion to what is stored.
 //
 // Each process has its own store object over the same memory, with its own index that catches up with the log at every
-// call. The calls may come from any thread: the memory's lock serialises them.
+// call. The calls may come from any thread. Only a call that changes a string takes the memory's lock. The others copy
+// what they need and then look at the generation: while it is the same, no writer has touched the space that they read.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <map>
+#include <mutex>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -45,11 +47,15 @@ class StringStore {
     };
     using Index = std::map<std::string, Entry, std::less<>>;
 
+    template <typename Look>
+    auto Read(const Look& look);
+    bool IsCurrent() const;
     void Attach();
+    void RefuseForeignMemory() const;
     void CatchUp();
     void StartGeneration(std::uint32_t generation);
-    const std::byte* ViewLog();
-    std::string_view ValueOf(const Index::value_type& entry);
+    std::string ValueOf(const Index::value_type& entry) const;
+    bool HasValue(std::string_view key, std::string_view value);
     bool Append(std::string_view key, std::string_view value);
     bool Rewrite(std::string_view key, std::string_view value, std::uint32_t liveAfter);
     void CopyLiveRecordsExcept(std::string_view key, std::uint32_t size);
@@ -58,6 +64,7 @@ class StringStore {
     std::uint32_t OtherSpace() const { return 1 - ActiveSpace(); }
 
     SharedMemory& memory_;
+    std::mutex mutex_;                         ///< of the members below; never waited for the memory's lock with it
     std::optional<std::uint32_t> generation_;  ///< the one that the index describes
     std::uint32_t seen_ = 0;                   ///< bytes of the active space that the index covers
     std::uint32_t live_ = 0;                   ///< bytes of these in records that are still valid

@@ -8,7 +8,6 @@
 #include <map>
 #include <memory>
 #include <optional>
-#include <set>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -45,9 +44,9 @@ class PeerProcess {
         static const std::map<std::string, std::string (PeerProcess::*)(const Fields&)> kCommands = {
             {"set", &PeerProcess::Set},       {"get", &PeerProcess::Get},         {"fill", &PeerProcess::Fill},
             {"summary", &PeerProcess::Sum},   {"write", &PeerProcess::WriteOver}, {"watch", &PeerProcess::Watch},
-            {"many", &PeerProcess::SetMany},  {"check", &PeerProcess::CheckMany}, {"list", &PeerProcess::List},
-            {"lock", &PeerProcess::LockOnly}, {"half", &PeerProcess::WriteHalf},  {"die", &PeerProcess::Die},
-            {"unload", &PeerProcess::Unload},
+            {"follow", &PeerProcess::Follow}, {"many", &PeerProcess::SetMany},    {"check", &PeerProcess::CheckMany},
+            {"list", &PeerProcess::List},     {"lock", &PeerProcess::LockOnly},   {"half", &PeerProcess::WriteHalf},
+            {"die", &PeerProcess::Die},       {"unload", &PeerProcess::Unload},
         };
         const auto command = kCommands.find(fields[0]);
         return command == kCommands.end() ? "unknown command" : (this->*command->second)(fields);
@@ -90,18 +89,31 @@ class PeerProcess {
         return "done";
     }
 
-    // watch KEY ROUNDS: how many texts were not whole, and whether there was more than one text
+    // watch KEY ROUNDS: how many texts were not whole
     std::string Watch(const Fields& fields) {
-        std::set<std::size_t> lengths;
         int torn = 0;
-        for (unsigned long round = std::stoul(fields[2]); round > 0; --round) {
-            const std::string text = Text(fields[1]).value_or("");
-            const bool isWhole =
-                std::all_of(text.begin(), text.end(), [&](char c) { return c == LetterOf(text.size()); });
-            torn += isWhole ? 0 : 1;
-            lengths.insert(text.size());
+        for (unsigned long round = std::stoul(fields[2]); round > 0; --round) torn += IsTorn(Text(fields[1])) ? 1 : 0;
+        return std::to_string(torn);
+    }
+
+    // follow KEY CHANGES: reads until the text has changed so often; how many texts were not whole
+    std::string Follow(const Fields& fields) {
+        const ULONGLONG end = GetTickCount64() + 60'000;
+        std::optional<std::string> last = Text(fields[1]);
+        int torn = 0;
+        for (unsigned long changes = std::stoul(fields[2]); changes > 0;) {
+            if (GetTickCount64() > end) return "no change";
+            std::optional<std::string> text = Text(fields[1]);
+            torn += IsTorn(text) ? 1 : 0;
+            changes -= text != last ? 1 : 0;
+            last = std::move(text);
         }
-        return std::to_string(torn) + (lengths.size() > 1 ? " changing" : " still");
+        return std::to_string(torn);
+    }
+
+    static bool IsTorn(const std::optional<std::string>& text) {
+        if (!text) return true;
+        return !std::all_of(text->begin(), text->end(), [&](char c) { return c == LetterOf(text->size()); });
     }
     static char LetterOf(std::size_t length) { return static_cast<char>('a' + length % 26); }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <thread>
 
 namespace devkernel {
 namespace {
@@ -15,6 +16,12 @@ constexpr std::uint32_t kCapacity = 1 << 20;
 
 String OwnName(const char16_t* name) {
     return u"Local\\" + String(name) + runtime::FromAscii(std::to_string(GetCurrentProcessId()));
+}
+
+std::string Text(const SectionMemory& memory, std::uint32_t space, std::uint32_t offset, std::uint32_t size) {
+    std::string text(size, '\0');
+    memory.Read(space, offset, text.data(), size);
+    return text;
 }
 
 /// Two users of one memory, as two processes are.
@@ -33,9 +40,8 @@ TEST_F(SectionMemoryOfTwo, SharesWordsAndBytes) {
     EXPECT_EQ(two_.Load(Word::kUsed1), 7u);
     ASSERT_TRUE(one_.View(1, kCapacity));
     one_.Write(1, kCapacity - 4, "end", 4);
-    const std::byte* seen = two_.View(1, kCapacity);
-    ASSERT_TRUE(seen);
-    EXPECT_STREQ(reinterpret_cast<const char*>(seen) + kCapacity - 4, "end");
+    ASSERT_TRUE(two_.View(1, kCapacity));
+    EXPECT_EQ(Text(two_, 1, kCapacity - 4, 3), "end");
 }
 
 TEST_F(SectionMemoryOfTwo, KeepsTheSpacesApart) {
@@ -43,28 +49,47 @@ TEST_F(SectionMemoryOfTwo, KeepsTheSpacesApart) {
         ASSERT_TRUE(one_.View(space, kCapacity));
         for (const std::uint32_t offset : {0u, kCapacity - 1}) one_.Write(space, offset, space == 0 ? "a" : "b", 1);
     }
-    const std::byte* first = two_.View(0, kCapacity);
-    EXPECT_EQ(first[0], std::byte{'a'});
-    EXPECT_EQ(first[kCapacity - 1], std::byte{'a'});
+    ASSERT_TRUE(two_.View(0, kCapacity));
+    EXPECT_EQ(Text(two_, 0, 0, 1), "a");
+    EXPECT_EQ(Text(two_, 0, kCapacity - 1, 1), "a");
 }
 
 TEST_F(SectionMemoryOfTwo, KeepsBytesWhenViewsGrowAndGo) {
     ASSERT_TRUE(one_.View(0, 5));
     one_.Write(0, 0, "first", 5);
     for (const std::uint32_t size : {64u * 1024, 64u * 1024 + 1, kCapacity}) {
-        const std::byte* seen = one_.View(0, size);
-        ASSERT_TRUE(seen) << size;
-        EXPECT_EQ(std::memcmp(seen, "first", 5), 0) << size;
+        ASSERT_TRUE(one_.View(0, size)) << size;
+        EXPECT_EQ(Text(one_, 0, 0, 5), "first") << size;
     }
     one_.Release(0);
-    EXPECT_EQ(std::memcmp(one_.View(0, 5), "first", 5), 0);
-    EXPECT_EQ(std::memcmp(two_.View(0, 5), "first", 5), 0);
+    for (SectionMemory* memory : {&one_, &two_}) {
+        ASSERT_TRUE(memory->View(0, 5));
+        EXPECT_EQ(Text(*memory, 0, 0, 5), "first");
+    }
 }
 
 TEST_F(SectionMemoryOfTwo, ViewsNoMoreThanItsCapacity) {
-    EXPECT_EQ(one_.View(0, kCapacity + 1), nullptr);
-    EXPECT_EQ(one_.View(1, 0xFFFFFFFF), nullptr);
-    EXPECT_NE(one_.View(1, kCapacity), nullptr);
+    EXPECT_FALSE(one_.View(0, kCapacity + 1));
+    EXPECT_FALSE(one_.View(1, 0xFFFFFFFF));
+    EXPECT_TRUE(one_.View(1, kCapacity));
+}
+
+TEST(SectionMemory, LockIsKeptByAnother_OneWaitIsLongAndLaterOnesAreShort) {
+    constexpr unsigned kTimeout = 500;  // milliseconds
+    const String name = OwnName(u"SectionMemoryLock");
+    SectionMemory owner(name, kCapacity);
+    SectionMemory other(name, kCapacity, kTimeout);
+    owner.Lock();
+    std::thread([&] {
+        const ULONGLONG start = GetTickCount64();
+        for (int i = 0; i < 100; ++i) EXPECT_THROW(other.Lock(), StoreError);
+        EXPECT_LT(GetTickCount64() - start, 50 * kTimeout);
+    }).join();
+    owner.Unlock();
+    std::thread([&] {
+        other.Lock();
+        other.Unlock();
+    }).join();
 }
 
 TEST(SectionMemory, RefusesANameThatIsNotForMemory) {
@@ -77,7 +102,7 @@ TEST(SectionMemory, CannotViewMoreThanASmallerSectionHas) {
     const String name = OwnName(u"SectionMemorySmall");
     const SectionMemory small(name, kCapacity);
     SectionMemory large(name, 4 * kCapacity);
-    EXPECT_EQ(large.View(1, 1), nullptr);
+    EXPECT_FALSE(large.View(1, 1));
 }
 
 }  // namespace

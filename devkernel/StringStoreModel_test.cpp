@@ -1,0 +1,214 @@
+// A model of one reader beside one writer: every order in which a writer's steps can fall between a reader's steps is
+// tried. The reader must find what was stored at some moment of its call, whole.
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstring>
+#include <optional>
+#include <string>
+#include <type_traits>
+#include <vector>
+
+#include "devkernel/StringStore.h"
+
+namespace devkernel {
+namespace {
+
+constexpr std::uint32_t kModelCapacity = 80;
+
+struct ModelState {
+    std::array<std::uint32_t, kWordCount> words{};
+    std::array<std::array<std::byte, kModelCapacity>, 2> spaces{};
+};
+
+/// Runs the writer once and keeps the state after each of its steps, that is after each byte and word.
+class WritersMemory : public SharedMemory {
+ public:
+    void Lock() override {}
+    void Unlock() noexcept override {}
+    std::uint32_t Load(Word word) const override { return now_.words.at(static_cast<std::size_t>(word)); }
+    void Store(Word word, std::uint32_t value) override {
+        now_.words.at(static_cast<std::size_t>(word)) = value;
+        states_.push_back(now_);
+    }
+    std::uint32_t Capacity() const override { return kModelCapacity; }
+    bool View(std::uint32_t, std::uint32_t size) override { return size <= kModelCapacity; }
+    void Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const override {
+        if (size > 0) std::memcpy(bytes, &now_.spaces.at(space).at(offset), size);
+    }
+    void Write(std::uint32_t space, std::uint32_t offset, const void* bytes, std::size_t size) override {
+        for (std::size_t i = 0; i < size; ++i) {
+            now_.spaces.at(space).at(offset + i) = static_cast<const std::byte*>(bytes)[i];
+            states_.push_back(now_);
+        }
+    }
+    void Release(std::uint32_t) noexcept override {}
+
+    /// Forgets the steps so far: the writer's work that is looked at starts here.
+    void Restart() { states_ = {now_}; }
+    const std::vector<ModelState>& States() const { return states_; }
+
+ private:
+    ModelState now_;
+    std::vector<ModelState> states_{now_};
+};
+
+/// Before each step of a reader the writer goes on as far as the present order says. Only states in which what the
+/// reader's step reads has changed are tried: in the states between them the reader finds the same. `NextOrder` goes on
+/// to the next order, until all were tried.
+class ReadersMemory : public SharedMemory {
+ public:
+    explicit ReadersMemory(const std::vector<ModelState>& states) : states_(states) {}
+
+    void Lock() override { FAIL() << "reading takes no lock"; }
+    void Unlock() noexcept override {}
+    std::uint32_t Load(Word word) const override {
+        const auto look = [word](const ModelState& state) { return state.words.at(static_cast<std::size_t>(word)); };
+        return Step(look);
+    }
+    void Store(Word, std::uint32_t) override { FAIL() << "reading changes nothing"; }
+    std::uint32_t Capacity() const override { return kModelCapacity; }
+    bool View(std::uint32_t, std::uint32_t size) override { return size <= kModelCapacity; }
+    void Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const override {
+        const auto look = [=](const ModelState& state) {
+            return std::string(reinterpret_cast<const char*>(state.spaces.at(space).data()) + offset, size);
+        };
+        std::memcpy(bytes, Step(look).data(), size);
+    }
+    void Write(std::uint32_t, std::uint32_t, const void*, std::size_t) override { FAIL() << "reading changes nothing"; }
+    void Release(std::uint32_t) noexcept override {}
+
+    /// The reader's call that the orders are about starts; until now the writer made no step.
+    void StartCall() { inCall_ = true; }
+    std::size_t WritersSteps() const { return writersSteps_; }
+    bool NextOrder() {
+        inCall_ = false;
+        writersSteps_ = 0;
+        readersSteps_ = 0;
+        while (!order_.empty()) {
+            Choice& last = order_.back();
+            if (++last.changes <= last.possible) return true;
+            order_.pop_back();
+        }
+        return false;
+    }
+
+ private:
+    struct Choice {
+        std::size_t changes = 0;   ///< of what the reader's step reads, before that step
+        std::size_t possible = 0;  ///< until the writer's last state
+    };
+
+    template <typename Look>
+    std::invoke_result_t<Look, const ModelState&> Step(const Look& look) const {
+        if (inCall_) GoOn(look);
+        return look(states_.at(writersSteps_));
+    }
+    template <typename Look>
+    void GoOn(const Look& look) const {
+        if (readersSteps_ == order_.size()) order_.push_back({0, Changes(look).size()});
+        const std::size_t changes = order_[readersSteps_++].changes;
+        if (changes > 0) writersSteps_ = Changes(look).at(changes - 1);
+    }
+    /// The later states in which what the reader looks at has just changed.
+    template <typename Look>
+    std::vector<std::size_t> Changes(const Look& look) const {
+        std::vector<std::size_t> changes;
+        for (std::size_t step = writersSteps_ + 1; step < states_.size(); ++step) {
+            if (look(states_[step]) != look(states_[step - 1])) changes.push_back(step);
+        }
+        return changes;
+    }
+
+    const std::vector<ModelState>& states_;
+    bool inCall_ = false;
+    mutable std::vector<Choice> order_;  ///< one for each step of the reader
+    mutable std::size_t readersSteps_ = 0;
+    mutable std::size_t writersSteps_ = 0;
+};
+
+/// What a reader finds in the state that the writer has left after `step`.
+std::optional<std::string> ValueAfter(const std::vector<ModelState>& states, std::size_t step) {
+    const std::vector<ModelState> still{states.at(step)};
+    ReadersMemory memory(still);
+    return StringStore(memory).Get("k");
+}
+
+bool IsOneOfThese(const std::optional<std::string>& value, const std::vector<std::optional<std::string>>& values,
+                  std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        if (values.at(i) == value) return true;
+    }
+    return false;
+}
+
+/// Reads "k" in every order beside the steps in `writer`, with a store that has read before (`isWarm`) or a new one.
+/// The number of orders.
+std::size_t ReadInEveryOrder(const WritersMemory& writer, bool isWarm) {
+    const std::vector<ModelState>& states = writer.States();
+    std::vector<std::optional<std::string>> values;
+    for (std::size_t step = 0; step < states.size(); ++step) values.push_back(ValueAfter(states, step));
+
+    ReadersMemory memory(states);
+    std::size_t orders = 0;
+    do {
+        ++orders;
+        StringStore reader(memory);
+        if (isWarm) {
+            EXPECT_EQ(reader.Get("k"), values.front());
+        }
+        memory.StartCall();
+        const std::optional<std::string> value = reader.Get("k");
+        if (!IsOneOfThese(value, values, memory.WritersSteps() + 1)) {
+            ADD_FAILURE() << "found " << value.value_or("nothing");
+            return orders;
+        }
+    } while (memory.NextOrder());
+    return orders;
+}
+
+/// The writer's first string, then the steps that `write` makes.
+template <typename Write>
+WritersMemory StepsOf(const Write& write) {
+    WritersMemory memory;
+    StringStore writer(memory);
+    EXPECT_TRUE(writer.Set("k", "one"));
+    memory.Restart();
+    write(writer);
+    return memory;
+}
+
+TEST(StringStoreModel, ReaderBesideTheFirstWrite_FindsNothingOrTheValue) {
+    WritersMemory memory;
+    StringStore(memory).Set("k", "one");
+    EXPECT_GT(ReadInEveryOrder(memory, false), 1u);
+}
+
+TEST(StringStoreModel, ReaderBesideAnAppend_FindsTheOldOrTheNewValue) {
+    const WritersMemory memory = StepsOf([](StringStore& writer) { EXPECT_TRUE(writer.Set("k", "two")); });
+    EXPECT_GT(ReadInEveryOrder(memory, false), 1u);
+    EXPECT_GT(ReadInEveryOrder(memory, true), 1u);
+}
+
+TEST(StringStoreModel, ReaderBesideTwoRewrites_FindsAValueThatWasThere) {
+    const WritersMemory memory = StepsOf([](StringStore& writer) {
+        EXPECT_TRUE(writer.Set("k", std::string(60, '2')));  // more than the space still has
+        EXPECT_TRUE(writer.Set("k", std::string(52, '3')));
+    });
+    EXPECT_EQ(memory.States().back().words.at(static_cast<std::size_t>(Word::kGeneration)), 2u);
+    EXPECT_GT(ReadInEveryOrder(memory, false), 20u);
+    EXPECT_GT(ReadInEveryOrder(memory, true), 20u);
+}
+
+TEST(StringStoreModel, ReaderBesideRewritesOfAnotherKey_FindsItsValue) {
+    const WritersMemory memory = StepsOf([](StringStore& writer) {
+        EXPECT_TRUE(writer.Set("x", std::string(40, '2')));
+        EXPECT_TRUE(writer.Set("x", std::string(44, '3')));
+        EXPECT_TRUE(writer.Set("x", std::string(48, '4')));
+    });
+    EXPECT_GE(memory.States().back().words.at(static_cast<std::size_t>(Word::kGeneration)), 2u);
+    EXPECT_GT(ReadInEveryOrder(memory, true), 1u);
+}
+
+}  // namespace
+}  // namespace devkernel
