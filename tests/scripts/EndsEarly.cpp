@@ -1,0 +1,8 @@
+// A test program that ends inside its first test, with the exit code of success.
+#include <gtest/gtest.h>
+
+#include "runtime/win32/WindowsHeaders.h"
+
+TEST(EndsEarly, InsideATest) {
+    TerminateProcess(GetCurrentProcess(), 0);
+}

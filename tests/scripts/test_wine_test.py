@@ -1,0 +1,41 @@
+#!/usr/bin/env python3
+"""Tests of scripts/wine-test: it ends as its command does, and fails for a test program that ends before its last test.
+
+    test_wine_test.py PREFIX PROGRAM    PROGRAM is the test program that ends too early
+"""
+import pathlib
+import subprocess
+import sys
+import unittest
+
+SCRIPTS = pathlib.Path(__file__).resolve().parent.parent.parent / "scripts"
+TIMEOUT = 200  # seconds; making a prefix takes one or two, the template of all prefixes ten
+
+prefix = ""
+program = ""
+
+
+def run(*command):
+    done = subprocess.run([SCRIPTS / "wine-test", prefix, *command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                          stderr=subprocess.PIPE, text=True, timeout=TIMEOUT)
+    return done.returncode, done.stderr
+
+
+class WineTest(unittest.TestCase):
+    def test_exit_code_is_that_of_the_command(self):
+        self.assertEqual(run("true"), (0, ""))
+        self.assertEqual(run("sh", "-c", "exit 7"), (7, ""))
+
+    def test_finished_program_succeeds(self):
+        code, _ = run(SCRIPTS / "wine-run", program, "--gtest_filter=-*")
+        self.assertEqual(code, 0)
+
+    def test_program_that_ends_inside_a_test_fails(self):
+        code, errors = run(SCRIPTS / "wine-run", program)
+        self.assertEqual(code, 1)
+        self.assertIn("the test program ended before its last test", errors)
+
+
+if __name__ == "__main__":
+    prefix, program = sys.argv[1:]
+    unittest.main(argv=sys.argv[:1])
