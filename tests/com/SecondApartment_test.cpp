@@ -4,6 +4,7 @@
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
+#include "tests/windows/ReplacedImport.h"
 
 namespace tests::com {
 namespace {
@@ -109,6 +110,51 @@ TEST_F(SecondApartment, TheHomeIsForgottenWithTheLastInstance) {
         MakeInstance();
     });
     EXPECT_THAT(TheDouble().threads, Each(there));
+}
+
+/// Lets go of the home's only instance when a creation on another thread has found that home and not yet reached it,
+/// which is when it asks for the process's interface table.
+class LeavingHome {
+ public:
+    explicit LeavingHome(ComPtr<_clsQmxBackProcess>& instance) {
+        instance_ = &instance;
+        window_ = CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+        SetWindowLongPtrW(window_, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&OnMessage));
+    }
+    LeavingHome(const LeavingHome&) = delete;
+    LeavingHome& operator=(const LeavingHome&) = delete;
+    ~LeavingHome() { DestroyWindow(window_); }
+
+ private:
+    static HRESULT WINAPI CreateAfterwards(REFCLSID classId, IUnknown* outer, DWORD context, REFIID iid,
+                                           void** object) noexcept {
+        const bool isHome = GetWindowThreadProcessId(window_, nullptr) == GetCurrentThreadId();
+        if (!isHome) SendMessageW(window_, WM_APP, 0, 0);
+        const auto create = reinterpret_cast<decltype(&CoCreateInstance)>(
+            reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"ole32.dll"), "CoCreateInstance")));
+        return create(classId, outer, context, iid, object);
+    }
+    static LRESULT CALLBACK OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+        if (message != WM_APP) return DefWindowProcW(window, message, wParam, lParam);
+        instance_->Reset();
+        return 0;
+    }
+
+    static inline ComPtr<_clsQmxBackProcess>* instance_ = nullptr;
+    static inline HWND window_ = nullptr;
+    const ReplacedImport replaced_{"CoCreateInstance", CreateAfterwards};
+};
+
+TEST_F(SecondApartment, HomeGoesBeforeItIsReached_AnotherOneIsMade) {
+    auto first = MakeInstance();
+    const LeavingHome leaving(first);
+    DWORD there = 0;
+    InOtherApartment([&] {
+        there = GetCurrentThreadId();
+        EXPECT_TRUE(MakeInstance());
+    });
+    EXPECT_THAT(TheDouble().log, ElementsAre("made", "terminate", "destroyed", "made", "terminate", "destroyed"));
+    EXPECT_THAT(TheDouble().threads, ElementsAre(here, here, here, there, there, there));
 }
 
 TEST_F(SecondApartment, AWindowKeepsTheHome) {
