@@ -278,12 +278,12 @@ class RoundTrip(Installation):
     def test_the_development_kernel_is_an_option(self):
         folder = prefix / "drive_c" / "own"
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\own")[0], 0)
-        self.assertEqual(list(folder.rglob("*Krn*")), [])
+        self.assertEqual(list(folder.rglob("*Krn*.dll")), [])
         self.assertEqual(run(self.setup, "/S", "/AllUsers", "/DevKernel", r"/D=C:\own")[0], 0)
-        self.assertEqual(list(folder.rglob("*Krn*")), [folder / "dev" / "QmxKrn2K.dll"])
+        self.assertEqual(list(folder.rglob("*Krn*.dll")), [folder / "dev" / "QmxKrn2K.dll"])
         # The next update keeps what is there.
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\own")[0], 0)
-        self.assertEqual(list(folder.rglob("*Krn*")), [folder / "dev" / "QmxKrn2K.dll"])
+        self.assertEqual(list(folder.rglob("*Krn*.dll")), [folder / "dev" / "QmxKrn2K.dll"])
         self.remove(folder)
         self.assert_as_before()
 
