@@ -23,10 +23,6 @@ using runtime::StringView;
 using runtime::win32::FolderOf;
 using runtime::win32::Wide;
 
-bool IsSameFolder(const String& one, const String& other) {
-    return CompareStringOrdinal(Wide(one), -1, Wide(other), -1, TRUE) == CSTR_EQUAL;
-}
-
 /// The kernel where clients find none: each call fails as theirs do.
 class NoKernel : public kernel_api::Kernel {
  public:
@@ -53,6 +49,10 @@ HMODULE LoadForGood(const String& library) {
 }
 
 }  // namespace
+
+bool IsSamePath(const String& one, const String& other) {
+    return CompareStringOrdinal(Wide(one), -1, Wide(other), -1, TRUE) == CSTR_EQUAL;
+}
 
 String ToolFolder() {
     return FolderOf(runtime::win32::ModulePath(nullptr));
@@ -112,7 +112,7 @@ ComponentInForce ComposeAsClient(std::string_view verb, std::ostream& err) {
 
 void PrintWhichComponent(std::string_view verb, const ComponentInForce& component, std::ostream& err) {
     const String folder = FolderOf(component.library);
-    if (IsSameFolder(folder, ToolFolder())) return;
+    if (IsSamePath(folder, ToolFolder())) return;
     const auto kernel = KernelOfClients(folder);
     err << "backproc " << verb << ": this is what " << Display(component.library) << " gives, "
         << ScopeInWords(component) << ", with the kernel " << (kernel ? Display(kernel->path) : "(none)") << '\n';

@@ -12,6 +12,9 @@
 
 namespace tools {
 
+/// The paths are equal but for letter case.
+bool IsSamePath(const String& one, const String& other);
+
 /// The tool's folder, without a final backslash unless it is a drive's root.
 String ToolFolder();
 

@@ -15,7 +15,7 @@ using host::com::ComPtr;
 using runtime::win32::Library;
 using runtime::win32::Wide;
 
-void TakeVersion(const String& path, ComponentFile& component) {
+void ReadVersion(const String& path, ComponentFile& component) {
     DWORD ignored = 0;
     const DWORD size = GetFileVersionInfoSizeW(Wide(path), &ignored);
     std::string data(size, '\0');
@@ -75,7 +75,7 @@ ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path) {
     component.exists = files.Stamp(path).has_value();
     if (!component.exists) return component;
     component.bits = runtime::BitsOfProgram(files.Read(path).value_or(""));
-    TakeVersion(path, component);
+    ReadVersion(path, component);
     component.typeLibrary = TypeLibraryOf(path);
     component.loadFailure = LoadFailureOf(path);
     return component;

@@ -59,10 +59,6 @@ ThisSystem LookAtSystem() {
     return {.windows = WindowsVersion(), .bits = isOn64BitWindows ? 64 : 32, .isElevated = IsElevated()};
 }
 
-bool IsSamePath(const String& one, const String& other) {
-    return CompareStringOrdinal(Wide(one), -1, Wide(other), -1, TRUE) == CSTR_EQUAL;
-}
-
 ThisTool LookAtTool(Win32Files& files, const String& componentFolder) {
     const String folder = ToolFolder();
     return {.folder = folder,

@@ -15,8 +15,8 @@ namespace tools {
 
 namespace {
 
-/// Texts from `folder` for this process, whatever language the modules share.
-void Speak(const runtime::String& folder) {
+/// This process takes its texts from `folder`. The language that the modules share does not change.
+void UseLanguageOf(const runtime::String& folder) {
     const runtime::Ports& ports = runtime::CurrentPorts();
     LanguageFileIn(ports.files, folder);
     static kernel_api::builtin::BuiltInReader reader(ports.files, ports.settings, ports.locale);
@@ -28,7 +28,7 @@ void Speak(const runtime::String& folder) {
 
 void PrepareMessages(const std::optional<runtime::String>& languageFolder) {
     host::EnsureComposed(GetModuleHandleW(nullptr));
-    if (languageFolder) Speak(*languageFolder);
+    if (languageFolder) UseLanguageOf(*languageFolder);
     ChooseFont();
     if (services::GetProductName().empty()) services::LoadProductIdentity();
     services::processValues.installFolder = services::GetInstallFolder();
