@@ -535,8 +535,8 @@ class Packages(Installation):
             shipped = set((folder / "examples").rglob("*.exe"))
             for program in shipped:
                 program.unlink()
-            for source in sorted((folder / "examples").rglob("*.cpp")):
-                for line in re.findall(r"^//     (i686-w64-mingw32-g\+\+ .*)$", source.read_text(), re.MULTILINE):
+            for source in sorted((folder / "examples").rglob("*.c[mp][dp]")):
+                for line in re.findall(r"^(?://     )?(i686-w64-mingw32-g\+\+ .*)$", source.read_text(), re.MULTILINE):
                     with self.subTest(line):
                         subprocess.run(line, shell=True, cwd=source.parent, check=True, timeout=TIMEOUT)
             self.assertEqual(set((folder / "examples").rglob("*.exe")), shipped)

@@ -1,0 +1,18 @@
+// EDITOR, a module that works with LIBRARY. It shows what arrives. build.cmd compiles it.
+#include "module.h"
+
+namespace {
+
+class Editor final : public Module {
+ public:
+    Editor() : Module(L"EDITOR") {}
+
+ private:
+    void OnCommand(const std::wstring&, const std::wstring&) override {}
+};
+
+}  // namespace
+
+int main() {
+    return Editor().Run();
+}

@@ -1,0 +1,189 @@
+#!/usr/bin/env python3
+"""The sample modules EDITOR and LIBRARY: programs with windows, in processes of their own, that deliver commands to each other.
+
+    test_two_modules.py WINE_RUN BIN_FOLDER EXAMPLES
+
+WINEPREFIX names the prefix.
+"""
+import os
+import pathlib
+import re
+import shutil
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+TIMEOUT = 60  # seconds for what takes one or two
+BURST = 1000
+
+wine_run = ""
+bin_folder = pathlib.Path()
+examples = pathlib.Path()
+
+
+def windows_path(path):
+    return "Z:" + str(path).replace("/", "\\")
+
+
+def tool(*arguments):
+    # A file, not a pipe: helper processes of Wine inherit it and keep it open after the program has ended.
+    with tempfile.TemporaryFile() as output:
+        subprocess.run([wine_run, str(bin_folder / "backproc.exe"), *arguments], check=True, stdout=output,
+                       stderr=subprocess.DEVNULL, timeout=TIMEOUT)
+        output.seek(0)
+        return output.read().decode().strip()
+
+
+class Program:
+    """A running module."""
+
+    def __init__(self, path, *arguments):
+        self.name = path.stem
+        self.output = tempfile.NamedTemporaryFile()
+        self.process = subprocess.Popen([wine_run, str(path), *arguments], stdin=subprocess.PIPE, stdout=self.output,
+                                        stderr=subprocess.DEVNULL)
+
+    def type(self, *lines):
+        self.process.stdin.write("".join(line + "\n" for line in lines).encode())
+        self.process.stdin.flush()
+
+    def lines(self):
+        """What it has said, without its name in front."""
+        said = pathlib.Path(self.output.name).read_text(encoding="utf-8").splitlines()
+        return [line.partition(": ")[2] for line in said]
+
+    def wait_for(self, line, count=1):
+        """Until it has said `line` that often."""
+        end = time.monotonic() + TIMEOUT
+        while self.lines().count(line) < count:
+            if time.monotonic() > end:
+                raise AssertionError(f"{self.name} does not say {line!r}; it said {self.lines()[-20:]}")
+            time.sleep(0.05)
+
+    def from_module(self, module):
+        return [line.removeprefix(f"from {module}: ") for line in self.lines() if line.startswith(f"from {module}: ")]
+
+    def quit(self):
+        """Its exit code."""
+        self.type("quit")
+        return self.process.wait(TIMEOUT)
+
+    def kill(self):
+        self.process.send_signal(signal.SIGCONT)
+        self.process.kill()
+        self.process.wait(TIMEOUT)
+        self.process.stdin.close()
+        self.output.close()
+
+
+class TwoModules(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        subprocess.run(["wineserver", "-p"], check=True)  # stays between the tests; scripts/wine-test ends it
+        tool("register")
+
+    def start(self, path, *arguments):
+        program = Program(path, *arguments)
+        self.addCleanup(program.kill)
+        program.wait_for("ready")
+        return program
+
+    def setUp(self):
+        self.library = self.start(bin_folder / "examples" / "two-modules" / "library.exe")
+        self.editor = self.start(bin_folder / "examples" / "two-modules" / "editor.exe")
+
+    def test_command_goes_there_and_back(self):
+        self.editor.type("LIBRARY OPEN,amp.sch")
+        self.library.wait_for("from EDITOR: OPEN,amp.sch")
+        self.editor.wait_for("from LIBRARY: OPENED,amp.sch")
+
+    def test_any_text_arrives_as_it_was(self):
+        text = 'a\\u0041 "b",\tc \u00fc\u6f22 \\'
+        self.editor.type("LIBRARY " + text, "LIBRARY")
+        self.library.wait_for("from EDITOR: ")
+        self.assertEqual(self.library.from_module("EDITOR"), [text, ""])
+
+    def test_modules_enter_and_leave_the_list(self):
+        self.assertEqual(tool("strings", "get", "AllAps"), "AllAps=[LIBRARY,K4TBACKPROCESS,EDITOR]")
+        self.assertEqual(self.editor.quit(), 0)
+        self.assertEqual(tool("strings", "get", "AllAps"), "AllAps=[LIBRARY,K4TBACKPROCESS]")
+        self.library.type("EDITOR OPEN,x", "LIBRARY still here")
+        self.library.wait_for("EDITOR is not running, not delivered: OPEN,x")
+        self.library.wait_for("from LIBRARY: still here")
+
+    def test_a_second_module_of_a_name_is_refused(self):
+        second = Program(bin_folder / "examples" / "two-modules" / "library.exe")
+        self.addCleanup(second.kill)
+        second.wait_for("another program is LIBRARY already")
+        self.assertEqual(second.process.wait(TIMEOUT), 1)
+
+    def test_all_modules_switch_the_language(self):
+        folder = windows_path(examples / "languages" / "German")
+        self.editor.type("language " + folder)
+        said = f'language folder {folder}, the component\'s caption is "Pelorix-Hintergrundprozess"'
+        self.editor.wait_for(said)
+        self.library.wait_for(said)
+
+    def test_bursts_in_both_directions_lose_nothing_and_keep_their_order(self):
+        commands = [f"R{number}" for number in range(BURST)]
+        self.editor.type(*(f"LIBRARY {command}" for command in commands))
+        self.library.type(*(f"EDITOR {command}" for command in commands))
+        self.library.wait_for(f"from EDITOR: R{BURST - 1}")
+        self.editor.wait_for(f"from LIBRARY: R{BURST - 1}")
+        self.assertEqual(self.library.from_module("EDITOR"), commands)
+        self.assertEqual(self.editor.from_module("LIBRARY"), commands)
+
+    def test_a_module_that_is_killed_is_reported_as_gone(self):
+        commands = [f"LIBRARY R{number}" for number in range(BURST)]
+        self.editor.type(*commands[:BURST // 2])
+        self.library.wait_for("from EDITOR: R0")
+        self.library.process.kill()
+        self.editor.type(*commands[BURST // 2:])
+        self.library.process.wait(TIMEOUT)
+        self.editor.type("LIBRARY last", "EDITOR still here")
+        self.editor.wait_for("from EDITOR: still here")
+        self.assertIn("LIBRARY is not running, not delivered: last", self.editor.lines())
+        self.assertFalse([line for line in self.editor.lines() if "busy" in line])
+        # A new one gets what is sent to it, and nothing that was meant for the one before.
+        self.library = self.start(bin_folder / "examples" / "two-modules" / "library.exe")
+        self.editor.type("LIBRARY welcome")
+        self.library.wait_for("from EDITOR: welcome")
+        self.assertEqual(self.library.from_module("EDITOR"), ["welcome"])
+
+    def test_a_module_that_takes_nothing_is_reported_as_busy(self):
+        self.library.process.send_signal(signal.SIGSTOP)
+        large = [letter * 300_000 for letter in "ABCD"]
+        self.editor.type(*(f"LIBRARY {command}" for command in large), "EDITOR still here")
+        self.editor.wait_for("from EDITOR: still here")
+        self.assertIn("LIBRARY is busy, not delivered: " + "D" * 40, self.editor.lines())
+        self.library.process.send_signal(signal.SIGCONT)
+        self.library.wait_for("from EDITOR: " + "C" * 40)
+        self.assertEqual(self.library.from_module("EDITOR"), [letter * 40 for letter in "ABC"])
+
+    def test_a_module_that_starts_later_takes_part(self):
+        self.editor.type("SIMULATOR RUN,1")
+        self.editor.wait_for("SIMULATOR is not running, not delivered: RUN,1")
+        with tempfile.TemporaryDirectory() as folder:
+            shutil.copy(bin_folder / "examples" / "two-modules" / "library.exe", pathlib.Path(folder) / "simulator.exe")
+            simulator = self.start(pathlib.Path(folder) / "simulator.exe", "SIMULATOR")
+            self.editor.type("SIMULATOR OPEN,r.lib", "all RENAMED,r.lib")
+            simulator.wait_for("from EDITOR: OPEN,r.lib")
+            self.editor.wait_for("from SIMULATOR: OPENED,r.lib")
+            for program in (self.editor, self.library, simulator):
+                program.wait_for("from EDITOR: RENAMED,r.lib")
+            self.assertEqual(simulator.quit(), 0)
+
+    def test_programs_end_cleanly(self):
+        for program in (self.editor, self.library):
+            self.assertEqual(program.quit(), 0)
+            self.assertEqual(program.lines()[-2:], ["the component's form was unloaded", "ended"])
+
+
+if __name__ == "__main__":
+    wine_run = os.path.abspath(sys.argv[1])
+    bin_folder, examples = (pathlib.Path(argument).resolve() for argument in sys.argv[2:4])
+    os.environ["K4TBACKPROCESS_DEVELOPMENT_KERNEL"] = "1"
+    unittest.main(argv=sys.argv[:1] + sys.argv[4:], verbosity=2, warnings="ignore")
