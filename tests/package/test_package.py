@@ -374,7 +374,7 @@ class FilesOfOthers(Installation):
                 self.assertEqual(changes(self.registry, registry()), [])
                 (self.folder / name).unlink()
 
-    def test_an_installation_of_the_first_set_up_is_replaced_as_the_message_says(self):
+    def test_first_set_up_is_replaced_as_the_message_says(self):
         with unpacked() as package_folder:
             shutil.copytree(package_folder, self.folder, dirs_exist_ok=True)
         shutil.rmtree(self.folder / "dev")
