@@ -143,12 +143,16 @@ void MemoryWindow::SetBounds(const Rect& newOuter) {
 void MemoryWindow::Show(WindowState newState) {
     state = newState;
     const bool appears = !std::exchange(visible, true);
+    // Reported like a change by others, as the real window system does.
+    events_.VisibilityChanged(true);
     // A window that appears becomes the active one, unless it appears as an icon.
     if (appears && state != WindowState::kMinimised) events_.Activated();
 }
 
 void MemoryWindow::Hide() {
-    if (std::exchange(visible, false) && system_.onWindowGoes) system_.onWindowGoes();
+    if (!std::exchange(visible, false)) return;
+    events_.VisibilityChanged(false);
+    if (system_.onWindowGoes) system_.onWindowGoes();
 }
 
 void MemoryWindow::SetState(WindowState newState) {

@@ -208,6 +208,23 @@ TEST_F(RealInputs, UserMovedTheFocus_ItReturnsThereAfterADialog) {
     EXPECT_EQ(GetFocus(), ListWindow());
 }
 
+// A list box is as high as whole items, and an open list as eight of them.
+TEST_F(RealInputs, FontOfAListChanges_WindowFitsTheNewItems) {
+    const auto openPlace = [this] {
+        RECT open{};
+        SendMessageW(ComboWindow(), CB_GETDROPPEDCONTROLRECT, 0, reinterpret_cast<LPARAM>(&open));
+        return open;
+    };
+    form_.list.SetFont({.size = 20});
+    form_.combo.SetFont({.size = 20});
+    const tests::Place list = PlaceOf(ListWindow());
+    const RECT open = openPlace();
+    form_.list.SetBounds(form_.list.Bounds());
+    form_.combo.SetBounds(form_.combo.Bounds());
+    EXPECT_EQ(PlaceOf(ListWindow()), list);
+    EXPECT_EQ(openPlace().bottom, open.bottom);
+}
+
 TEST_F(RealInputs, FontsReachTheWindows) {
     form_.text.SetFont({.name = u"Arial", .size = 20});
     EXPECT_STREQ(tests::FontDescriptionOf(TextWindow()).lfFaceName, L"Arial");
