@@ -26,7 +26,7 @@ class Qmxquery : public PromptForm {
     /// when cancelled, the character 1 for the extra button. Closing the dialog in any way but by a button or Enter
     /// cancels.
     ///
-    /// Trailing blanks of `values[0]` are gone even when nobody is asked. Errors of controls pass and leave nothing
+    /// Trailing blanks of `values[0]` are removed even when no dialog shows. Errors of controls pass and leave nothing
     /// open, and `index` is what it was: 6 for a prompt too long for 32 bits of height, 9 without a `values[0]`, 380
     /// for an `index` outside a list. Error 400 while this very dialog asks.
     String QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,

@@ -1,5 +1,5 @@
 // The arithmetic that fits the query dialog to its prompt, apart from any window: how high the form becomes, and where
-// its controls stand in the client area that results. All lengths are in twips.
+// its controls are placed in the client area that results. All lengths are in twips.
 #pragma once
 
 #include <cstdint>
@@ -29,7 +29,7 @@ struct QueryMeasures {
 /// The outer height of the form. Error 6 when it goes beyond 32 bits.
 std::int32_t QueryFormHeight(const QueryMeasures& measures);
 
-/// Where things stand, one above the other, in a client area `innerHeight` high.
+/// The places of the controls, one above the other, in a client area `innerHeight` high.
 struct QueryPlaces {
     runtime::Twips labelHeight = 0;
     runtime::Twips inputTop = 0;

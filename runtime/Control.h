@@ -1,4 +1,4 @@
-// Controls: what stands on a form. A control exists as long as its form object; touching one of its properties loads
+// Controls: the parts of a form. A control exists as long as its form object; touching one of its properties loads
 // the form, and each load starts again from the design values.
 //
 // Texts and items of input controls are held as they were given, whatever the window system makes of them, until the

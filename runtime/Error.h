@@ -12,7 +12,7 @@
 
 namespace runtime {
 
-/// The error numbers in use. The descriptions stand in one table in Error.cpp.
+/// The error numbers in use. The descriptions are in one table in Error.cpp.
 enum ErrorNumber : std::int32_t {
     kInvalidProcedureCall = 5,
     kOverflow = 6,
@@ -83,7 +83,7 @@ void SkipError(Statement&& statement) {
     try {
         statement();
     } catch (const std::exception&) {
-        // Ignored on purpose: the routine goes on with its next statement.
+        // Ignored on purpose: the routine continues with its next statement.
     }
 }
 

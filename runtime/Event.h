@@ -1,5 +1,5 @@
-// An event with any number of listeners, told in the order in which they connected. It survives what listeners do
-// while they are being told: connect, disconnect themselves or another, raise the event again, fail.
+// An event with any number of listeners, called in the order in which they connected. While it is being raised, a
+// listener may connect others, disconnect itself or another, raise the event again, or fail.
 #pragma once
 
 #include <functional>
@@ -50,8 +50,8 @@ class Event {
         return Connection(slots_.back());
     }
 
-    /// Tells every listener that was connected when the event was raised and still is when its turn comes. The first
-    /// listener's error is thrown after all others were told.
+    /// Calls every listener that was connected when the event was raised and still is when its turn comes. The first
+    /// error of a listener is thrown after all others were called.
     void Raise(Args... args) {
         const auto slots = slots_;
         FirstError error;

@@ -96,7 +96,7 @@ bool Form::Unload(UnloadReason reason) {
 }
 
 void Form::AbandonWindow() {
-    // What was going on is the other thread's, and what it had on its stack may be gone.
+    // What was running belongs to the other thread, whose stack may no longer exist.
     modal_ = nullptr;
     if (window_) DestroyWindow();
     stage_ = Stage::kUnloaded;
@@ -215,7 +215,7 @@ void Form::ShowModal() {
     EnsureLoaded();
     if (visible_) throw ErrorAbout(kFormAlreadyDisplayed, Name());
     const auto loop = CurrentPorts().windows.BeginModal(*window_);
-    // Windows that take no more input are told so, and may have unloaded this form.
+    // A window that was disabled gets a message about it, and its handler may have unloaded this form.
     if (!window_) return;
     const struct ModalTime {
         Form& form;
@@ -235,9 +235,9 @@ void Form::ShowModal() {
 void Form::Hide() {
     EnsureLoaded();
     const bool wasVisible = std::exchange(visible_, false);
-    // The other windows take input again before this one goes, so that one of them becomes the active one.
+    // The other windows are enabled before this one is hidden, so that one of them becomes the active one.
     if (wasVisible && modal_) modal_->End();
-    // Windows that take input again are told so, and may have unloaded this form.
+    // A window that was enabled gets a message about it, and its handler may have unloaded this form.
     if (window_) window_->Hide();
 }
 

@@ -5,7 +5,7 @@
 // A form that is loading may be unloaded by its own load handler: the access that loaded it then fails with error 364,
 // and so does every access from inside the handler, which would else load the form a second time.
 // Unloading a form whose unload is running does nothing. An error of an unload handler does not keep the form: it is
-// thrown when the form is gone. An error of the load handler takes the form back without its unload handlers.
+// thrown when the form is unloaded. An error of the load handler takes the form back without its unload handlers.
 //
 // Keys come to the form before its focused control; what it does with them is in FormKeys.h.
 //
@@ -65,7 +65,7 @@ class Form : private WindowEvents {
     String Tag();
 
     /// Shows the form and lets events run until it is hidden, by itself or by others, or unloaded, or the program is
-    /// asked to quit; it is not visible afterwards. Meanwhile the thread's other windows take no input. An error of a
+    /// asked to quit; it is not visible afterwards. The thread's other windows are disabled until then. An error of a
     /// handler ends it and is thrown. Error 400 when the form is visible already.
     void ShowModal();
 

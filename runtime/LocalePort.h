@@ -22,7 +22,7 @@ class LocalePort {
     virtual std::int32_t SystemDefaultLcid() = 0;
     /// The locale that the user chose for dates, numbers and the like.
     virtual std::int32_t UserDefaultLcid() = 0;
-    /// The Windows character set that the texts of `lcid` are written in; none when the system cannot tell.
+    /// The Windows character set that the texts of `lcid` are written in; none when the system does not know it.
     virtual std::optional<std::int16_t> CharsetOf(std::int32_t lcid) = 0;
 
     virtual String UpperCase(StringView text) = 0;

@@ -1,4 +1,4 @@
-// The set of ports that the runtime works with, chosen once by whoever composes the process.
+// The set of ports that the runtime works with, chosen once by the composition of the process, before it makes a form.
 #pragma once
 
 #include "runtime/FilesPort.h"
@@ -12,7 +12,7 @@
 
 namespace runtime {
 
-/// References; whoever composes the process owns the ports.
+/// References; the composition owns the ports.
 struct Ports {
     WindowsPort& windows;
     SettingsPort& settings;

@@ -16,7 +16,7 @@ String Trim(StringView text);
 /// Removes trailing blanks (U+0020 only).
 String RTrim(StringView text);
 
-/// `text` with a blank for each NUL, at which the platform's texts end: what stands behind it is shown, too.
+/// `text` with a blank for each NUL, because the platform's texts end at a NUL: what follows it is shown, too.
 String NulsAsBlanks(StringView text);
 
 /// UTF-8 of `text`; a lone surrogate becomes U+FFFD.

@@ -1,5 +1,5 @@
 // The window system as forms use it: windows with controls on them, the screen, keys, and pending events. A back end
-// gives the windows; the model (Form, Control) holds every property's value and tells the window what changed.
+// gives the windows; the model (Form, Control) holds every property's value and sets it on the window.
 #pragma once
 
 #include <cstddef>
@@ -40,7 +40,7 @@ enum KeyCode : std::int16_t {
     kKeyF4 = 115,
 };
 
-/// What the window system tells a form. Called only while the window exists, on its thread.
+/// What the window system reports to a form. Called only while the window exists, on its thread.
 class WindowEvents {
  public:
     virtual ~WindowEvents() = default;
@@ -58,7 +58,7 @@ class WindowEvents {
     virtual void KeyboardArrived() = 0;
     /// The window is about to lose the keyboard.
     virtual void KeyboardLeaves() = 0;
-    /// The window goes without having been unloaded: somebody else destroyed it, or its thread ends.
+    /// The window is being destroyed, but not by its form: by other code, or because its thread ends.
     virtual void Lost() = 0;
 
     // Keys, before the focused control sees them. True: the key was used up.

@@ -1,4 +1,4 @@
-// A control's window in memory: holds what its form told it, and does with keys what a window of its kind does. A test
+// A control's window in memory: holds what its form set, and does with keys what a window of its kind does. A test
 // plays the user on it through MemoryWindow::Press and MemoryWindow::Type.
 #pragma once
 

@@ -24,7 +24,7 @@ class MemorySettings : public SettingsPort {
 
     /// What was saved, in order, with the names as they were given.
     const std::vector<Setting>& Saved() const { return saved_; }
-    /// Every later Save is refused, as by a user who may not write.
+    /// Every later Save is refused, as for a user without the right to write.
     void Refuse() { refuses_ = true; }
 
  private:

@@ -45,7 +45,7 @@ class MemoryWindows : public WindowsPort {
     int dpi = 96;  ///< 15 twips a pixel
     /// Every pointer shape that was set, in order.
     std::vector<std::int16_t> pointers;
-    /// Told of each window that is on the screen no more, when it is hidden or destroyed.
+    /// Called for each window that leaves the screen, because it is hidden or destroyed.
     std::function<void()> onWindowGoes;
     /// How many of the next windows the window system refuses.
     int refuseWindows = 0;
@@ -88,7 +88,7 @@ class MemoryWindow : public NativeWindow {
 
     /// The first control of that name; error 438 when there is none.
     MemoryControl& Control(StringView name) const;
-    /// What the form is told by the window system.
+    /// What the window system reports to the form.
     WindowEvents& Events() const { return events_; }
     /// Another program shows the window, in that state, or hides it. One that appears becomes the active one, unless it
     /// appears as an icon or `activates` is false.

@@ -73,7 +73,7 @@ void Win32Combo::Close(bool choose) {
     const auto press = [this](WPARAM key) {
         Callback::CallSystem([&] { SendMessageW(Window(), WM_KEYDOWN, key, 1); });
     };
-    // The one message after which the window itself tells a choice from a cancelled one.
+    // The one message after which the window itself distinguishes a choice from a cancelled one.
     if (choose) {
         press(VK_RETURN);
         return;

@@ -28,7 +28,7 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     void Close(bool choose) override;
     Twips ClosedHeight() override;
 
-    /// What the user did meanwhile when the list goes away. The window system may have completed the text on its own.
+    /// What the user did while the list was open. The window system may have completed the text on its own.
     Notice NoticeOfClosing();
     void PutBackOpening();
     bool HasChangedSinceOpening();

@@ -17,7 +17,7 @@ enum class Notice { kNone, kClicked, kEdited, kChosen };
 
 class Win32Control : public NativeControl {
  public:
-    /// Error 7 when the system refuses. The window goes with that of `parent`; `id` is what it reports itself as.
+    /// Error 7 when the system refuses. The window of `parent` owns the new one; `id` is what it reports itself as.
     static std::unique_ptr<Win32Control> Make(Win32Window& parent, Win32Windows& system, const ControlLook& look,
                                               int id);
 

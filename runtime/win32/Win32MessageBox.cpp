@@ -58,7 +58,7 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     if (!HasKnownButtons(style)) throw ErrorAbout(kInvalidProcedureCall, u"no message box has such buttons");
     const String promptText = NulsAsBlanks(prompt);
     const String titleText = NulsAsBlanks(title);
-    // A box on behalf of a service stands on whatever desktop is in use, and may have no owner.
+    // The box of a service is shown on the desktop that is in use, and may have no owner.
     const bool isForService = (style & MB_SERVICE_NOTIFICATION) != 0;
     const HWND owner = isForService ? nullptr : GetActiveWindow();
     MSGBOXPARAMSW box{};
@@ -70,7 +70,7 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     box.dwContextHelpId = static_cast<DWORD>(help.context);
     box.lpfnMsgBoxCallback = ShownHelp::Open;
     const ShownHelp shownHelp(helpControl_, owner, help);
-    // They take input again afterwards; not every system sees to that when the thread is told to end.
+    // They are enabled afterwards; not every system does that when the thread was asked to end.
     DisabledWindows inputWindows(nullptr);
     // A box without an owner keeps no window from its input by itself.
     if (!owner && !isForService) inputWindows.Disable();
@@ -80,9 +80,9 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
         systemError = GetLastError();
         return given;
     });
-    // The box went because the thread is to end: nobody has answered it, whatever the system says.
+    // The box closed because the thread was asked to end: the system's result is not an answer of the user.
     if (IsQuitting()) return IDCANCEL;
-    // With its owner the box goes, too: an owner may be unloaded while the question is open.
+    // The box closes with its owner, which may be unloaded while the question is open.
     if (answer == 0 && owner && !IsWindow(owner)) return IDCANCEL;
     if (answer == 0) throw OutOfResources(u"no message box", systemError);
     return answer;

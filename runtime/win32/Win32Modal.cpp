@@ -19,7 +19,7 @@ Win32Modal::Win32Modal(Win32Windows& system, HWND window)
     others_.Disable();
     // While another program is in front no window is the active one; the dialog must not get behind the topmost.
     if (!owner_) owner_ = others_.FirstVisible();
-    // Owned, the dialog stays in front of its owner, and the owner becomes active again when the dialog goes.
+    // An owned dialog stays in front of its owner, and the owner becomes active again when the dialog is hidden.
     SetWindowLongPtrW(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner_));
     if (system_.MousePointer() == kDefaultPointer) pointerBefore_ = SetCursor(LoadCursorW(nullptr, IDC_ARROW));
 }
@@ -34,7 +34,7 @@ void Win32Modal::End() {
     if (ended_) return;
     ended_ = true;
     others_.Enable();
-    // A dialog that somebody else destroyed went while its owner could not become active yet.
+    // When other code destroyed the dialog, its owner was still disabled and did not become active.
     if (!IsWindowVisible(window_) && owner_ && !GetActiveWindow()) SetActiveWindow(owner_);
     // Run may wait for a message that the system has handled without handing it out.
     PostMessageW(nullptr, WM_NULL, 0, 0);

@@ -1,5 +1,5 @@
 // The modal time of a window: it is owned by the window that was active, and all other windows of the thread are
-// disabled meanwhile. The client's own pointer, a busy one perhaps, is an arrow for that time.
+// disabled. The client's own pointer, a busy one perhaps, is an arrow for that time.
 #pragma once
 
 #include <optional>

@@ -57,7 +57,7 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
 }
 
 Win32Window::~Win32Window() {
-    // The window may have gone with its thread, and the handle may be another window's by now.
+    // The window may have ended with its thread, and the handle may be another window's by now.
     if (!window_ || !Lives(this, window_)) return;
     const HWND window = window_;
     // From here on the procedure does not find this object: nothing is reported of an end that was asked for.
@@ -88,7 +88,7 @@ void Win32Window::SetCaption(const String& caption) {
 
 void Win32Window::SetBounds(const Rect& outer) {
     const RECT place = ToPixels(outer);
-    // The message that tells of the change reports it to the form.
+    // The message about the change reports it to the form.
     Callback::CallSystem([&] {
         SetWindowPos(window_, nullptr, static_cast<int>(place.left), static_cast<int>(place.top),
                      static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top),
@@ -140,7 +140,7 @@ NativeControl& Win32Window::AddControl(const ControlLook& look) {
 
 bool Win32Window::TakesKey(const MSG& message) {
     const HWND form = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
-    // By its class: the window's own procedure may be somebody else's, who passes on to ours.
+    // By its class: other code may have replaced the window's own procedure, and call ours.
     if (!form || GetClassLongPtrW(form, GCLP_WNDPROC) != reinterpret_cast<ULONG_PTR>(&Procedure)) return false;
     auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(form, GWLP_USERDATA));
     return self && self->OnKey(message.message, message.wParam, message.lParam);
@@ -248,13 +248,13 @@ LRESULT Win32Window::OnActivate(WPARAM wParam, LPARAM lParam) {
     if (!activated) events_.KeyboardLeaves();
     const LRESULT result = Default(WM_ACTIVATE, wParam, lParam);
     if (!activated) return result;
-    // A window that others show becomes active before it gets the message that tells of its change.
+    // A window that others show becomes active before it gets the message about its change.
     if (Lives(this, window)) ReportChanges();
     if (Lives(this, window)) events_.Activated();
     return result;
 }
 
-// The default hides the window together with its owner and shows it again. The form stays visible for itself meanwhile.
+// The default hides the window together with its owner and shows it again. For the form it stays visible.
 LRESULT Win32Window::OnShowWindow(WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     if (lParam == SW_PARENTCLOSING) isHiddenWithOwner_ = true;

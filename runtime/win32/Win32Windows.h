@@ -45,7 +45,7 @@ class Win32Windows : public WindowsPort {
 
     HINSTANCE instance_;
     bool classesRegistered_ = false;
-    DWORD dispatchingThread_ = 0;  ///< may have ended meanwhile
+    DWORD dispatchingThread_ = 0;  ///< may have ended
     Win32Fonts fonts_;
     std::int16_t pointer_ = 0;
     HCURSOR pointerBefore_ = nullptr;  ///< the shape that the client showed when a pointer of ours replaced it
