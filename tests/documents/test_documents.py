@@ -16,7 +16,7 @@ import unittest
 import blocks
 
 # In this order: each takes up what the ones before have made.
-DOCUMENTS = ["README.md", "docs/USING.md", "docs/KERNEL.md", "docs/TRANSLATING.md", "docs/TESTING.md", "CONTRIBUTING.md"]
+DOCUMENTS = ["README.md", "docs/USING.md", "docs/REFERENCE.md", "docs/KERNEL.md", "docs/TRANSLATING.md", "docs/TESTING.md", "CONTRIBUTING.md"]
 PACKAGE = "build/wine/drive_c/Orvane"  # the folder of Windows' prompt
 TIMEOUT = 900  # seconds for all commands together; they take about 90
 
@@ -56,7 +56,8 @@ ANSWERED = {
 ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
 
 # Code that is no file and no command: the first line of each.
-ILLUSTRATIONS = ["SuiteReader reader;                     // was: kernel_api::builtin::BuiltInReader reader;"]
+ILLUSTRATIONS = ["EDITOR.exe                                       LIBRARY.exe",
+                 "SuiteReader reader;                     // was: kernel_api::builtin::BuiltInReader reader;"]
 
 project = pathlib.Path()
 build = pathlib.Path()

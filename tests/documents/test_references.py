@@ -108,7 +108,7 @@ class Tables(unittest.TestCase):
     def test_verbs_of_commands(self):
         verbs = self.literals(r'\{u"([A-Z]+)", \w+\}', "routing/CommandInterpreter.cpp")
         self.assertEqual(self.table("README.md", "Commands"), verbs)
-        self.assertEqual(self.table("docs/USING.md", "Commands it understands"), verbs)
+        self.assertEqual(self.table("docs/REFERENCE.md", "Commands it understands"), verbs)
 
     def test_shared_strings(self):
         used = self.literals(r'(?:Publish|SetKernelString|E_GetString)\(u"(\w+)"|kOwnModuleName = u"(\w+)"', "services/modReg.cpp",
@@ -118,7 +118,7 @@ class Tables(unittest.TestCase):
 
     def test_settings(self):
         keys = self.literals(r'\{u"(\w+)", u"[^"]*", &ProcessValues', "services/modReg.cpp")
-        self.assertEqual(self.table("docs/USING.md", "Command line, settings, strings"), keys)
+        self.assertEqual(self.table("docs/REFERENCE.md", "Command line, settings, strings"), keys)
 
 
 class Commands(unittest.TestCase):
