@@ -1,5 +1,6 @@
 // Prints the font that the component gives its forms, and the rule that chose it: on this system, or as on a system of
 // the locale whose number is the argument.
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <optional>
