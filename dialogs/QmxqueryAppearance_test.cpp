@@ -6,9 +6,7 @@
 #include <vector>
 
 #include "dialogs/Qmxquery_test.h"
-#include "runtime/Screen.h"
 #include "services/ProcessValues.h"
-#include "tests/support/HandledForm.h"
 
 namespace dialogs {
 namespace {
@@ -18,16 +16,6 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
 using Query = QueryTest;
-
-TEST_F(Query, CentresAnyFormWithoutLoadingItself) {
-    tests::HandledForm other;
-    Qmxquery dialog;
-    dialog.SetForm(other);
-    const runtime::Size screen = runtime::ScreenSize();
-    EXPECT_EQ(other.Left(), OnPixels((screen.width - other.Width()) / 2.0F));
-    EXPECT_EQ(other.Top(), OnPixels((screen.height - other.Height()) / 2.0F));
-    EXPECT_FALSE(dialog.IsLoaded());
-}
 
 TEST_F(Query, HasItsDesign) {
     Qmxquery dialog;

@@ -345,7 +345,7 @@ void Form::Lost() {
 
 void Form::Clicked(std::size_t control) {
     // A handler may open a dialog, and this control gets the keyboard back after it.
-    tabs_.Focused();
+    tabs_.NoteFocus();
     OnClick(*controls_.at(control));
 }
 

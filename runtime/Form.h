@@ -136,7 +136,7 @@ class Form : private WindowEvents {
     void VisibilityChanged(bool visible) override;
     void Activated() override;
     void KeyboardArrived() override { tabs_.FocusAgain(); }
-    void KeyboardLeaves() override { tabs_.Focused(); }
+    void KeyboardLeaves() override { tabs_.NoteFocus(); }
     void Lost() override;
     bool KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated) override;
     bool KeyUp(std::int16_t keyCode, std::int16_t shift) override;

@@ -5,6 +5,7 @@
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "runtime/NeverDestroyed.h"
+#include "runtime/Ports.h"
 #include "runtime/Screen.h"
 
 namespace runtime {

@@ -27,6 +27,8 @@ class TabOrder {
 
     /// The control that has the focus, or gets it when the form becomes active; null when there is none.
     Control* Focused();
+    /// Notes where the focus is: it is about to leave the form, which gets it back later.
+    void NoteFocus() { Focused(); }
     /// Error 438 for a control that never takes the focus, 5 for a hidden one.
     void Focus(Control& control);
     /// Gives the focus again to the control that has it: the form's window has got the keyboard.
