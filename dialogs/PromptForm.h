@@ -5,7 +5,6 @@
 #include <memory>
 
 #include "runtime/Form.h"
-#include "runtime/NeverDestroyed.h"
 
 namespace dialogs {
 
@@ -36,26 +35,19 @@ class PromptForm : public runtime::Form {
     bool hasOpenPrompt_ = false;
 };
 
-/// The process's shared dialog of a kind, none at first.
+/// The process's shared dialog of a kind; null before the first question.
 template <typename Dialog>
-std::unique_ptr<Dialog>& SharedDialog() {
-    static auto& shared = runtime::NeverDestroyed<std::unique_ptr<Dialog>>();
-    return shared;
-}
-
-/// Does not destroy the dialog, because its thread may have a question open in it.
-template <typename Dialog>
-void ForgetShared() {
-    static_cast<void>(SharedDialog<Dialog>().release());
+Dialog* SharedDialog() {
+    return static_cast<Dialog*>(Dialog::Shared().get());
 }
 
 /// Calls `ask` with the shared dialog of the kind. While a question is open in that one, `ask` gets a dialog of its
 /// own: a handler can ask a second question, which is answered first and does not touch the outer one.
 template <typename Dialog, typename Ask>
 auto AskWithShared(Ask&& ask) {
-    std::unique_ptr<Dialog>& shared = SharedDialog<Dialog>();
-    if (!shared) shared = std::make_unique<Dialog>();
-    if (!shared->HasOpenPrompt()) return ask(*shared);
+    if (!SharedDialog<Dialog>()) Dialog::Shared() = std::make_unique<Dialog>();
+    Dialog& shared = *SharedDialog<Dialog>();
+    if (!shared.HasOpenPrompt()) return ask(shared);
     Dialog own;
     return ask(own);
 }

@@ -252,12 +252,4 @@ String AskQuery(const String& title, const String& prompt, std::vector<String>& 
         [&](Qmxquery& dialog) { return dialog.QUERY(title, prompt, values, kind, index, showButton, buttonCaption); });
 }
 
-void ReleaseQuery() {
-    SharedDialog<Qmxquery>().reset();
-}
-
-void ForgetQuery() {
-    ForgetShared<Qmxquery>();
-}
-
 }  // namespace dialogs

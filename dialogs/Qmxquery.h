@@ -3,10 +3,12 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <vector>
 
 #include "dialogs/PromptForm.h"
 #include "dialogs/QueryLayout.h"
+#include "services/ProcessValues.h"
 
 namespace dialogs {
 
@@ -17,6 +19,9 @@ class Qmxquery : public PromptForm {
  public:
     /// What `index` is afterwards when it is no place among the values.
     enum Result : std::int32_t { kNothingChosen = 0, kCancelled = -1, kExtraButton = -100 };
+
+    /// Where the process keeps its shared one.
+    static std::unique_ptr<runtime::Form>& Shared() { return services::Values().forms.query; }
 
     Qmxquery();
 
@@ -79,10 +84,5 @@ class Qmxquery : public PromptForm {
 /// Asks with the process's shared dialog, or, while that one is open, with one of its own.
 String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                 std::int32_t& index, bool showButton, const String& buttonCaption);
-
-/// Destroys the shared dialog, which must not be open.
-void ReleaseQuery();
-/// Leaves the shared dialog to its thread, which may be asking with it: the next question gets a new one.
-void ForgetQuery();
 
 }  // namespace dialogs

@@ -147,7 +147,7 @@ TEST_F(Query, LineEndIsNotCrLf_PromptIsOnePiece) {
 }
 
 TEST_F(Query, LargeFont_CombosArePlacedByTheTextBoxsHeight) {
-    services::processValues.uiFont = {u"Arial", 20, 0};
+    services::Values().uiFont = {u"Arial", 20, 0};
     for (const auto& [kind, name] : {std::pair{2, u"cboCombo"}, {3, u"cboDropdown"}}) {
         Look({.kind = kind}, [name](MemoryWindow& dialog) {
             runtime::headless::MemoryControl& combo = dialog.Control(name);
@@ -169,7 +169,7 @@ TEST_F(Query, HigherThanTheScreenIsLimited) {
 }
 
 TEST_F(Query, IsMeasuredInTheFormsFontAndNotInTheLabels) {
-    services::processValues.uiFont = {u"Arial", 80, 0};
+    services::Values().uiFont = {u"Arial", 80, 0};
     Look({.prompt = String(60, u'm')}, [](MemoryWindow& dialog) { EXPECT_EQ(dialog.outer.height, 2000); });
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "dialogs/Qmxquery_test.h"
+#include "kernel_api/Suite.h"
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"
@@ -80,7 +81,7 @@ TEST_F(QueryAfterAnAnswer, LayoutOverflows_NothingIsStored) {
         String title;
     } splitter;
     splitter.window = &memory_.windows;
-    kernel_api::UseSplitter(&splitter);
+    kernel_api::CurrentSuite().splitter = &splitter;
     EXPECT_EQ(ErrorOfNext(), runtime::kOverflow);
     EXPECT_EQ(splitter.title, u"");
 }

@@ -258,7 +258,7 @@ TEST_F(Query, OtherCharactersReachTheControls) {
 }
 
 TEST_F(Query, ControlAndF1OpenHelpAndNothingElseDoes) {
-    services::processValues.helpFilePath = u"D:\\Pelorix\\Marlentine.HLP";
+    services::Values().helpFilePath = u"D:\\Pelorix\\Marlentine.HLP";
     Look({}, [this](MemoryWindow& dialog) {
         for (const std::int16_t shift : {0, 1, 3, 4, 6}) dialog.Events().KeyUp(kF1, shift);
         dialog.Events().KeyUp(kF1 + 1, runtime::kCtrl);

@@ -49,7 +49,6 @@ inline void PressEnter(runtime::headless::MemoryWindow& dialog) {
 class QueryTest : public tests::HeadlessComponentTest {
  protected:
     QueryTest() { memory_.windows.MakePixelsTwips(); }
-    ~QueryTest() override { ReleaseQuery(); }
 
     void Queue(const User& user) {
         wasOpen_ = false;

@@ -135,12 +135,4 @@ std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView t
     return AskWithShared<frmQMXMsgBox>([&](frmQMXMsgBox& box) { return box.ShowMe(prompt, flags, title); });
 }
 
-void ReleaseSuiteBox() {
-    SharedDialog<frmQMXMsgBox>().reset();
-}
-
-void ForgetSuiteBox() {
-    ForgetShared<frmQMXMsgBox>();
-}
-
 }  // namespace dialogs

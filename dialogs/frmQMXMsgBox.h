@@ -5,8 +5,10 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 
 #include "dialogs/PromptForm.h"
+#include "services/ProcessValues.h"
 
 namespace dialogs {
 
@@ -17,6 +19,9 @@ class frmQMXMsgBox : public PromptForm {
  public:
     /// The answers; all but kYesToAll are the platform's own codes.
     enum Result : std::int32_t { kCancel = 2, kYes = 6, kNo = 7, kYesToAll = 8 };
+
+    /// Where the process keeps its shared one.
+    static std::unique_ptr<runtime::Form>& Shared() { return services::Values().forms.messageBox; }
 
     frmQMXMsgBox();
 
@@ -44,10 +49,5 @@ class frmQMXMsgBox : public PromptForm {
 
 /// Asks with the process's shared box, or, while that one is open, with one of its own.
 std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title);
-
-/// Destroys the shared box, which must not be open.
-void ReleaseSuiteBox();
-/// Leaves the shared box to its thread, which may be asking with it: the next question gets a new one.
-void ForgetSuiteBox();
 
 }  // namespace dialogs

@@ -16,7 +16,7 @@ namespace {
 using runtime::Font;
 using runtime::headless::MemoryControl;
 using runtime::headless::MemoryWindow;
-using services::processValues;
+using services::Values;
 using ::testing::ElementsAre;
 
 class LocalisedBox : public tests::HeadlessComponentTest {
@@ -70,7 +70,7 @@ TEST_F(LocalisedBox, TranslatedAccessKeyPressesItsButton) {
 }
 
 TEST_F(LocalisedBox, LoadLeavesTheLabelAtItsDesignSize) {
-    processValues.uiFont = {u"Arial", 16, 161};
+    Values().uiFont = {u"Arial", 16, 161};
     // A short prompt: what it is measured against is the design, not the placeholder in the new font.
     Look(u"A?", [](MemoryWindow& box) {
         EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 3700, 390}));
@@ -80,7 +80,7 @@ TEST_F(LocalisedBox, LoadLeavesTheLabelAtItsDesignSize) {
 }
 
 TEST_F(LocalisedBox, PromptIsMeasuredInTheLanguagesFont) {
-    processValues.uiFont = {u"Arial", 16, 0};
+    Values().uiFont = {u"Arial", 16, 0};
     // At 16 points a character is 175 wide (90 * 16 / 8.25 = 174.5) and a line 378 high (195 * 16 / 8.25 = 378.2).
     Look(String(30, u'x'), [](MemoryWindow& box) {
         EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 5250, 390}));

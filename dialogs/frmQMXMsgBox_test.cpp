@@ -10,9 +10,9 @@
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"
+#include "tests/support/ComponentFixture.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/HandledForm.h"
-#include "tests/support/RuntimeFixture.h"
 
 namespace dialogs {
 namespace {
@@ -21,10 +21,9 @@ using runtime::headless::MemoryControl;
 using runtime::headless::MemoryWindow;
 using ::testing::ElementsAre;
 
-class MessageBox : public tests::HeadlessTest {
+class MessageBox : public tests::HeadlessComponentTest {
  protected:
     MessageBox() { memory_.windows.MakePixelsTwips(); }
-    ~MessageBox() override { ReleaseSuiteBox(); }
 
     /// Asks, and does `user` while the box is open.
     std::int32_t Ask(std::int32_t flags, const std::function<void(MemoryWindow&)>& user,

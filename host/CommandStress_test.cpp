@@ -3,6 +3,7 @@
 
 #include "host/clsQmxBackProcess.h"
 #include "host/frmBackProcessMain.h"
+#include "routing/CommandInterpreter.h"
 #include "tests/support/CommandMaker.h"
 #include "tests/support/ComponentFixture.h"
 
@@ -23,7 +24,7 @@ TEST_F(CommandStress, CommandsOfEveryShapeLeaveTheComponentWorking) {
         object.NotifyMe({}, command);
         if (i % 1000 == 0) kernel_.ClearLog();
     }
-    EXPECT_EQ(routing::CurrentDesignName, u"amplifier");
+    EXPECT_EQ(routing::CurrentDesignName(), u"amplifier");
     EXPECT_TRUE(MainForm().IsLoaded());
     EXPECT_TRUE(memory_.messageBox.shown.empty());
     object.Terminate();

@@ -5,7 +5,10 @@
 
 #include "host/clsQmxBackProcess.h"
 #include "host/frmBackProcessMain.h"
+#include "kernel_api/Suite.h"
 #include "routing/CommandInterpreter.h"
+#include "runtime/LoadedForms.h"
+#include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
 #include "services/QMXHLP.h"
 #include "tests/support/ComponentFixture.h"
@@ -16,7 +19,7 @@ namespace host {
 namespace {
 
 using runtime::Error;
-using services::processValues;
+using services::Values;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tests::ErrorOf;
@@ -43,7 +46,7 @@ class CommandsOver : public Base {
  protected:
     CommandsOver() {
         this->kernel_.Put(u"DESIGN_NAME", u"amplifier");
-        kernel_api::UseReader(&interruptedReader_);
+        kernel_api::CurrentSuite().reader = &interruptedReader_;
         runtime::UsePorts(&interruptedPorts_);
     }
     ~CommandsOver() override {
@@ -51,7 +54,7 @@ class CommandsOver : public Base {
         onHeard_ = {};
         object_.Terminate();
         runtime::UsePorts(&this->ports_);
-        kernel_api::UseReader(&this->reader_);
+        kernel_api::CurrentSuite().reader = &this->reader_;
     }
 
     void Notify(StringView text) { object_.NotifyMe(u"", text); }
@@ -81,12 +84,12 @@ using Commands = CommandsOver<tests::ComponentTest>;
 
 TEST_F(Commands, SaveTakesTheDesignsNameWithoutLoadingTheForm) {
     Notify(u"K4TBACKPROCESS,SAVE");
-    EXPECT_EQ(routing::CurrentDesignName, u"amplifier");
+    EXPECT_EQ(routing::CurrentDesignName(), u"amplifier");
     EXPECT_TRUE(NoneLoaded());
 }
 
 TEST_F(Commands, EmptyOneDoesNothingAtAll) {
-    kernel_api::UseSplitter(nullptr);
+    kernel_api::CurrentSuite().splitter = nullptr;
     Notify(u"");
     EXPECT_THAT(box_.prompts, IsEmpty());
 }
@@ -250,7 +253,7 @@ TEST_F(Commands, HomeIsLostInsideMessages_LaterErrorsAreShown) {
     FailSave();
     std::size_t commands = 1;
     box_.onEachMessage = [&] {
-        if (box_.prompts.size() == 8) ForgetForms();
+        if (box_.prompts.size() == 8) AbandonForms();
         if (++commands <= 9) Notify(u"All,SAVE");
     };
     Notify(u"All,SAVE");
@@ -262,17 +265,6 @@ TEST_F(Commands, HomeIsLostInsideMessages_LaterErrorsAreShown) {
     };
     Notify(u"All,SAVE");
     EXPECT_EQ(box_.prompts.size(), 8U);
-}
-
-TEST_F(Commands, ProcessStateIsReleasedInsideAMessage_ItCountsNoMore) {
-    FailSave();
-    std::size_t commands = 1;
-    box_.onEachMessage = [&] {
-        if (box_.prompts.size() == 8) routing::ResetCommandInterpreter();
-        if (++commands <= 9) Notify(u"All,SAVE");
-    };
-    Notify(u"All,SAVE");
-    EXPECT_EQ(box_.prompts.size(), 9U);
 }
 
 TEST_F(Commands, ErrorOfTheMessageReachesTheClientAfterTheShutdown) {
@@ -355,8 +347,8 @@ TEST_F(LanguageCommands, LzChoosesTheFontAgain) {
     form_.EnsureLoaded();
     memory_.locale.systemLcid = 0x0411;
     Notify(u"All,LZ");
-    EXPECT_EQ(processValues.uiFont.size, 9);
-    EXPECT_EQ(processValues.uiFont.characterSet, 128);
+    EXPECT_EQ(Values().uiFont.size, 9);
+    EXPECT_EQ(Values().uiFont.characterSet, 128);
 }
 
 TEST_F(LanguageCommands, LzLeavesThePublishedRecordAlone) {
@@ -482,8 +474,8 @@ TEST_F(CommandsInMemory, LzChoosesTheFontInTheFormsContextBeforeItLocalises) {
     memory_.fonts.log.clear();
     kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
     interruptedReader_.onNextText = [&] {
-        EXPECT_EQ(routing::LanguagePath, u"C:\\de");
-        EXPECT_EQ(processValues.uiFont.name, u"Tahoma");
+        EXPECT_EQ(routing::LanguagePath(), u"C:\\de");
+        EXPECT_EQ(Values().uiFont.name, u"Tahoma");
         EXPECT_NE(form_.Controls().at(0)->Font().name, u"Tahoma");
     };
     Notify(u"All,LZ");

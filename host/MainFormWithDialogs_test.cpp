@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "host/frmBackProcessMain.h"
+#include "runtime/LoadedForms.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
 #include "tests/support/HandledForm.h"

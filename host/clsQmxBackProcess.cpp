@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "host/HostCommandLine.h"
-#include "host/ProcessLife.h"
+#include "host/Process.h"
 #include "host/frmBackProcessMain.h"
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"
@@ -11,7 +11,6 @@
 #include "routing/ModuleList.h"
 #include "runtime/Error.h"
 #include "runtime/Screen.h"
-#include "services/NumberFormats.h"
 #include "services/ProcessValues.h"
 #include "services/modReg.h"
 
@@ -44,11 +43,11 @@ clsQmxBackProcess::clsQmxBackProcess(NotifyServerEvent notifyServer)
     : link_(std::make_unique<Link>(MainForm(), std::move(notifyServer))) {
     SetKernelString(u"INITBP", u"INIT");
     services::InitNumberFormats();
-    services::processValues.moduleName.clear();
+    services::Values().moduleName.clear();
     ParseCommandLine();
     kernel_api::CurrentReader().NormaliseFolder(systemFolder_);
     SetKernelString(u"IniFile", systemFolder_ + String(kIniFileName));
-    services::processValues.installFolder = services::GetInstallFolder();
+    services::Values().installFolder = services::GetInstallFolder();
     services::LoadDirectories();
     services::LoadProductIdentity();
 }
@@ -83,12 +82,12 @@ void clsQmxBackProcess::NotifyMe(StringView /*Aname*/, StringView sCommand) {
 }
 
 String clsQmxBackProcess::SeverPath() {
-    services::processValues.serverPath.clear();
+    services::Values().serverPath.clear();
     return {};
 }
 
 void clsQmxBackProcess::SetSeverPath(StringView value) {
-    services::processValues.serverPath = value;
+    services::Values().serverPath = value;
 }
 
 void clsQmxBackProcess::AP_SendCmd(String module, String command) {
@@ -105,12 +104,12 @@ void clsQmxBackProcess::AP_Shell(String module, std::int16_t mode, StringView co
 
 String clsQmxBackProcess::CurrentDesignName() {
     Form();
-    return routing::CurrentDesignName;
+    return routing::CurrentDesignName();
 }
 
 String clsQmxBackProcess::LanguagePath() {
     Form();
-    return routing::LanguagePath;
+    return routing::LanguagePath();
 }
 
 std::optional<String> clsQmxBackProcess::Caption() {

@@ -8,7 +8,6 @@
 #include "routing/CommandInterpreter.h"
 #include "runtime/Numbers.h"
 #include "runtime/Screen.h"
-#include "services/NumberFormats.h"
 #include "services/ProcessValues.h"
 #include "tests/support/ComponentFixture.h"
 #include "tests/support/ReaderInUse.h"
@@ -17,7 +16,7 @@
 namespace host {
 namespace {
 
-using services::processValues;
+using services::Values;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
@@ -66,8 +65,8 @@ TEST_F(Diagnostics, Raise_ReachesAllInstancesInTheirOrder) {
 
 TEST_F(Diagnostics, Read_GivesWhatCommandsHaveSet) {
     const auto object = Make();
-    routing::CurrentDesignName = u"amplifier";
-    routing::LanguagePath = u"C:\\de";
+    routing::CurrentDesignName() = u"amplifier";
+    routing::LanguagePath() = u"C:\\de";
     EXPECT_EQ(object->CurrentDesignName(), u"amplifier");
     EXPECT_EQ(object->LanguagePath(), u"C:\\de");
     EXPECT_EQ(object->Caption(), std::nullopt);
@@ -121,12 +120,12 @@ TEST_F(Creation, InitIsPublished_ClientIsAlreadyLinkedToTheForm) {
 }
 
 TEST_F(Creation, SetsProcessWideValues) {
-    processValues.moduleName = u"left over";
+    Values().moduleName = u"left over";
     memory_.process.SetComponentFolder(u"D:\\Suite");
     const auto object = Make();
-    EXPECT_EQ(processValues.moduleName, u"");
-    EXPECT_EQ(processValues.installFolder, u"D:\\Suite");
-    EXPECT_EQ(services::numberFormats.coordinate, u"#0.0000#");
+    EXPECT_EQ(Values().moduleName, u"");
+    EXPECT_EQ(Values().installFolder, u"D:\\Suite");
+    EXPECT_EQ(services::Values().numberFormats.coordinate, u"#0.0000#");
 }
 
 TEST_F(Creation, ReadsSettingsFromTheIniFileOfTheSystemFolder) {
@@ -183,12 +182,12 @@ TEST_F(HostCommandLine, FolderIsRefused_InitIsAlreadyPublished) {
 }
 
 TEST_F(HostCommandLine, FolderIsRefused_ModuleNameIsAlreadyEmpty) {
-    processValues.moduleName = u"left over";
-    LookWhileTheFolderIsRefused([] { EXPECT_EQ(processValues.moduleName, u""); });
+    Values().moduleName = u"left over";
+    LookWhileTheFolderIsRefused([] { EXPECT_EQ(Values().moduleName, u""); });
 }
 
 TEST_F(HostCommandLine, FolderIsRefused_NumberFormatsAreAlreadySet) {
-    LookWhileTheFolderIsRefused([] { EXPECT_EQ(services::numberFormats.coordinate, u"#0.0000#"); });
+    LookWhileTheFolderIsRefused([] { EXPECT_EQ(services::Values().numberFormats.coordinate, u"#0.0000#"); });
 }
 
 TEST_F(HostCommandLine, EmptyGivesTheFolderBesideTheComponent) {
@@ -399,9 +398,9 @@ using Properties = ServiceObjectOver<tests::HeadlessComponentTest>;
 TEST_F(Properties, SeverPathReadsEmptyAndForgets) {
     const auto object = Make();
     object->SetSeverPath(u"X");
-    EXPECT_EQ(processValues.serverPath, u"X");
+    EXPECT_EQ(Values().serverPath, u"X");
     EXPECT_EQ(object->SeverPath(), u"");
-    EXPECT_EQ(processValues.serverPath, u"");
+    EXPECT_EQ(Values().serverPath, u"");
     EXPECT_EQ(object->SeverPath(), u"");
 }
 

@@ -52,7 +52,10 @@ void frmBackProcessMain::SetForm(runtime::Form& form) {
     services::SetForm(form);
 }
 
-void frmBackProcessMain::GiveUpClaim() {
+void frmBackProcessMain::Abandon() {
+    // It may be on its way in or out, without a window.
+    AbandonWindow();
+    interpreter_.AbandonOpenMessages();
     firstInstance_.reset();
 }
 
@@ -62,7 +65,7 @@ void frmBackProcessMain::EditMsgLine(StringView text) {
 }
 
 void frmBackProcessMain::AP_ExeCmd(StringView command) {
-    routing::ExecuteCommand(command, *this, staysLoaded_);
+    interpreter_.Execute(command, *this, staysLoaded_);
 }
 
 void frmBackProcessMain::AP_SendCmd(String& module, String& command) {
@@ -89,8 +92,7 @@ void frmBackProcessMain::OnLoad() {
 }
 
 void frmBackProcessMain::Announce() {
-    services::ProcessValues& values = services::processValues;
-    values.mainForm = this;
+    services::ProcessValues& values = services::Values();
     SetCaption(services::GetLocalText(services::kApplicationCaption));
     values.moduleCaption = services::GetLocalText(services::kModuleCaption);
     values.moduleName = services::GetProductName();

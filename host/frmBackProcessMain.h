@@ -5,6 +5,7 @@
 
 #include <memory>
 
+#include "routing/CommandInterpreter.h"
 #include "runtime/Event.h"
 #include "runtime/Form.h"
 #include "runtime/ProcessPort.h"
@@ -25,8 +26,8 @@ class frmBackProcessMain : public runtime::Form {
 
     /// Moves `form` to the middle of the screen; a form that is larger moves down and right.
     static void SetForm(runtime::Form& form);
-    /// For a form that went without its unload: another process may be the first instance now.
-    void GiveUpClaim();
+    /// Its thread has ended, or is home no more: gives up window, messages and claim without running a handler.
+    void Abandon();
     /// Puts `text` into the status line and shows it at once.
     void EditMsgLine(StringView text);
 
@@ -60,6 +61,7 @@ class frmBackProcessMain : public runtime::Form {
     void Announce();
 
     NotifyClassEvent notifyClass_;
+    routing::CommandInterpreter interpreter_;
     runtime::Control& msgLine_;
     std::unique_ptr<runtime::InstanceClaim> firstInstance_;
     runtime::NativeHandle handle_ = 0;

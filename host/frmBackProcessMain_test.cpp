@@ -4,8 +4,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/ProcessLife.h"
+#include "host/Process.h"
 #include "routing/ModuleList.h"
+#include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"
 #include "services/ProcessValues.h"
 #include "services/QMXHLP.h"
@@ -16,7 +17,7 @@ namespace host {
 namespace {
 
 using runtime::WindowState;
-using services::processValues;
+using services::Values;
 using ::testing::ElementsAre;
 
 /// Listens to the main form's event.
@@ -50,18 +51,18 @@ TEST_F(MainFormLoad, HasItsDesignAndStaysHidden) {
 
 TEST_F(MainFormLoad, SetsCaptionsAndProcessWideValues) {
     kernel_.Put(u"PRODUCT_NAME", u"Orvane");
-    processValues.installFolder = u"D:\\Pelorix";
+    Values().installFolder = u"D:\\Pelorix";
     EXPECT_EQ(form_.Caption(), u"Pelorix Background Processing Application");
-    EXPECT_EQ(processValues.mainForm, &form_);
-    EXPECT_EQ(processValues.moduleCaption, u"Pelorix Background process ");
-    EXPECT_EQ(processValues.moduleName, u"Orvane");
-    EXPECT_EQ(processValues.helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
+    EXPECT_EQ(Values().forms.main.get(), &form_);
+    EXPECT_EQ(Values().moduleCaption, u"Pelorix Background process ");
+    EXPECT_EQ(Values().moduleName, u"Orvane");
+    EXPECT_EQ(Values().helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
 }
 
 TEST_F(MainFormLoad, HelpFilePathIsTrimmed) {
-    processValues.installFolder = u"  D:\\Pelorix";
+    Values().installFolder = u"  D:\\Pelorix";
     form_.EnsureLoaded();
-    EXPECT_EQ(processValues.helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
+    EXPECT_EQ(Values().helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
 }
 
 TEST_F(MainFormLoad, CentresTheForm) {
@@ -74,7 +75,7 @@ TEST_F(MainFormLoad, CentresTheForm) {
 TEST_F(MainFormLoad, ReadsTheListThenPublishesTheState) {
     kernel_.Put(u"AllAps", u"EDITOR,K4TBACKPROCESS");
     form_.EnsureLoaded();
-    EXPECT_EQ(routing::OwnModuleIndex, 2);
+    EXPECT_EQ(routing::OwnModuleIndex(), 2);
     // The reader asks for the language folder for each of the two captions, and for the one of the form's tag.
     EXPECT_THAT(kernel_.Log(),
                 ElementsAre("E_GetString(LANGUAGEPATH)", "E_GetString(LANGUAGEPATH)", "E_GetString(PRODUCT_NAME)",
@@ -86,10 +87,10 @@ TEST_F(MainFormLoad, ReadsTheListThenPublishesTheState) {
 TEST_F(MainFormLoad, ChoosesTheFontAndGivesItToTheStatusLine) {
     memory_.locale.systemLcid = 0x0411;
     form_.EnsureLoaded();
-    EXPECT_EQ(processValues.uiFont.size, 9);
-    EXPECT_EQ(processValues.uiFont.characterSet, 128);
+    EXPECT_EQ(Values().uiFont.size, 9);
+    EXPECT_EQ(Values().uiFont.characterSet, 128);
     const runtime::Font font = form_.Controls().at(0)->Font();
-    EXPECT_EQ(font, (runtime::Font{processValues.uiFont.name, 9, 128, false}));
+    EXPECT_EQ(font, (runtime::Font{Values().uiFont.name, 9, 128, false}));
 }
 
 TEST_F(MainFormInMemory, HandsItsWindowAndContextToTheChoiceOfTheFont) {
@@ -122,7 +123,7 @@ TEST_F(MainFormLoad, IsRepeatedAfterAnUnload) {
     kernel_.ClearLog();
     kernel_.Put(u"AllAps", u"K4TBACKPROCESS");
     form_.EnsureLoaded();
-    EXPECT_EQ(routing::ModuleCount, 1);
+    EXPECT_EQ(routing::ModuleCount(), 1);
     EXPECT_THAT(kernel_.Log(), ::testing::Contains("E_GetString(AllAps)").Times(1));
 }
 
@@ -132,7 +133,7 @@ TEST_F(MainFormLoad, EarlierInstanceShutsDownWithoutAMessage) {
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_TRUE(memory_.messageBox.shown.empty());
     EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
-    EXPECT_EQ(routing::InterModuleMessage, 0u);
+    EXPECT_EQ(routing::InterModuleMessage(), 0u);
 }
 
 TEST_F(MainFormLoad, ErrorOfAnyNumberUnloadsEveryFormWithoutAMessage) {
@@ -156,7 +157,7 @@ TEST_F(MainFormInMemory, EarlierInstanceIsFound_TextsAndHandleAreSet) {
     kernel_.Put(u"PRODUCT_NAME", u"Orvane");
     memory_.process.SetEarlierInstance(true);
     // Help that is open is closed with the handle that the load has taken.
-    processValues.helpIsOpen = -1;
+    Values().helpIsOpen = -1;
     String caption;
     runtime::NativeHandle window = 0;
     const auto looking = form_.NotifyClass().Connect([&](String&, String&) {
@@ -165,8 +166,8 @@ TEST_F(MainFormInMemory, EarlierInstanceIsFound_TextsAndHandleAreSet) {
     });
     tests::ErrorOf([this] { form_.EnsureLoaded(); });
     EXPECT_EQ(caption, u"Pelorix Background Processing Application");
-    EXPECT_EQ(processValues.moduleCaption, u"Pelorix Background process ");
-    EXPECT_EQ(processValues.moduleName, u"Orvane");
+    EXPECT_EQ(Values().moduleCaption, u"Pelorix Background process ");
+    EXPECT_EQ(Values().moduleName, u"Orvane");
     EXPECT_NE(window, 0);
     EXPECT_THAT(memory_.help.calls, ElementsAre(runtime::headless::RecordingHelp::Call{window, std::nullopt}));
 }
@@ -177,7 +178,7 @@ TEST_F(MainFormInMemory, EarlierInstanceIsFound_FormIsNotCentred) {
     ASSERT_EQ(memory_.settings.Saved().size(), 4u);
     EXPECT_EQ(memory_.settings.Saved()[0].value, u"5070");
     EXPECT_EQ(memory_.settings.Saved()[1].value, u"8595");
-    EXPECT_EQ(processValues.uiFont, services::UiFont());
+    EXPECT_EQ(Values().uiFont, services::UiFont());
 }
 
 TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsNotSetYet) {
@@ -187,13 +188,13 @@ TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsNotSetYet) {
         form_.SetVisible(true);
     });
     std::vector<String> helpPaths;
-    memory_.windows.onWindowGoes = [&helpPaths] { helpPaths.push_back(processValues.helpFilePath); };
-    processValues.installFolder = u"D:\\Pelorix";
+    memory_.windows.onWindowGoes = [&helpPaths] { helpPaths.push_back(Values().helpFilePath); };
+    Values().installFolder = u"D:\\Pelorix";
     form_.EnsureLoaded();
     kernel_.RewriteValues({});
     memory_.windows.onWindowGoes = {};
     EXPECT_THAT(helpPaths, ElementsAre(u""));
-    EXPECT_EQ(processValues.helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
+    EXPECT_EQ(Values().helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
 }
 
 using MainFormUnload = MainFormOver<tests::ComponentTest>;

@@ -33,7 +33,5 @@ class Kernel {
 
 /// The kernel in use. Error 91 before one was chosen.
 Kernel& CurrentKernel();
-/// Chooses the kernel; null takes the choice back. The caller keeps ownership.
-void UseKernel(Kernel* kernel);
 
 }  // namespace kernel_api

@@ -22,7 +22,5 @@ class Reader {
 
 /// The reader in use. Error 91 before one was chosen.
 Reader& CurrentReader();
-/// Chooses the reader; null takes the choice back. The caller keeps ownership.
-void UseReader(Reader* reader);
 
 }  // namespace kernel_api

@@ -34,7 +34,5 @@ class Splitter {
 
 /// The splitter in use. Error 91 before one was chosen.
 Splitter& CurrentSplitter();
-/// Chooses the splitter; null takes the choice back. The caller keeps ownership.
-void UseSplitter(Splitter* splitter);
 
 }  // namespace kernel_api

@@ -1,7 +1,5 @@
 #include "routing/CommandInterpreter.h"
 
-#include <exception>
-#include <memory>
 #include <new>
 #include <optional>
 
@@ -11,6 +9,7 @@
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "runtime/LoadedForms.h"
+#include "runtime/ScopeGuard.h"
 #include "services/Localisation.h"
 #include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
@@ -21,15 +20,6 @@ namespace {
 using runtime::Error;
 using runtime::String;
 using runtime::StringView;
-
-/// Made when the first command comes.
-std::unique_ptr<kernel_api::FieldParser>& fieldParser =
-    runtime::NeverDestroyed<std::unique_ptr<kernel_api::FieldParser>>();
-
-kernel_api::FieldParser& Parser() {
-    if (!fieldParser) fieldParser = kernel_api::CurrentSplitter().MakeFieldParser();
-    return *fieldParser;
-}
 
 String TextAt(kernel_api::TextPointer pointer) {
     return kernel_api::CurrentReader().TextAt(pointer);
@@ -43,7 +33,7 @@ struct Receiver {
 
 void TakeDesignName(const Receiver& /*receiver*/) {
     kernel_api::Kernel& kernel = kernel_api::CurrentKernel();
-    CurrentDesignName = runtime::Trim(TextAt(kernel.O_GetName(kernel.DB_DataBase())));
+    CurrentDesignName() = runtime::Trim(TextAt(kernel.O_GetName(kernel.DB_DataBase())));
 }
 
 void UnloadUnlessStaying(const Receiver& receiver) {
@@ -51,7 +41,7 @@ void UnloadUnlessStaying(const Receiver& receiver) {
 }
 
 void SwitchLanguage(const Receiver& receiver) {
-    LanguagePath = TextAt(kernel_api::CurrentKernel().E_GetString(u"LANGUAGEPATH"));
+    LanguagePath() = TextAt(kernel_api::CurrentKernel().E_GetString(u"LANGUAGEPATH"));
     services::ChooseUiFont(receiver.mainForm.Handle(), receiver.mainForm.DeviceContext());
     services::LocaliseForm(receiver.mainForm);
 }
@@ -69,37 +59,9 @@ constexpr Verb kVerbs[] = {
     {u"EX", UnloadUnlessStaying}, {u"LZ", SwitchLanguage}, {u"FMVHDLED", DoNothing},
 };
 
-void Interpret(StringView command, const Receiver& receiver) {
-    kernel_api::FieldParser& parser = Parser();
-    parser.SetText(command);
-    // Two requests for the first field, even if the first one settles it: the order of calls is what parsers rely on.
-    const bool isForThisModule = parser.Field(1) == services::kOwnModuleName;
-    const bool isForAll = parser.Field(1) == u"All";
-    if (!isForThisModule && !isForAll) return;
-    const StringView name = parser.Field(2);
-    for (const Verb& verb : kVerbs) {
-        if (name == verb.name) return verb.carryOut(receiver);
-    }
-}
-
 /// A client may send failing commands as long as a message is open, from a timer say. Each message needs room on the
 /// stack until the ones above it are answered, so there is an end to them.
-constexpr int kMostOpenMessages = 8;
-int openMessages = 0;
-
-void Show(const String& description) {
-    if (openMessages >= kMostOpenMessages) return;
-    const struct OpenMessage {
-        OpenMessage() { ++openMessages; }
-        OpenMessage(const OpenMessage&) = delete;
-        OpenMessage& operator=(const OpenMessage&) = delete;
-        ~OpenMessage() {
-            // It may have been forgotten.
-            if (openMessages > 0) --openMessages;
-        }
-    } openMessage;
-    services::ShowMessage(description, 0);
-}
+constexpr int kMaxOpenMessages = 8;
 
 /// None for the silent error, and for a load that shut the forms down: its failure does not surface. What is no error
 /// of the runtime has the number that it has at the component's edge.
@@ -117,37 +79,50 @@ std::optional<String> MessageFor(const std::exception_ptr& failure) {
     }
 }
 
-void ShowFailure(const std::exception_ptr& failure) {
-    const std::optional<String> message = MessageFor(failure);
-    if (message) Show(*message);
+}  // namespace
+
+void CommandInterpreter::Execute(StringView command, runtime::Form& mainForm, bool staysLoaded) {
+    if (command.empty()) return;
+    runtime::FirstError failure;
+    failure.Run([&] { Interpret(command, mainForm, staysLoaded); });
+    if (failure.IsKept()) Report(failure.Kept());
+}
+
+void CommandInterpreter::Interpret(StringView command, runtime::Form& mainForm, bool staysLoaded) {
+    kernel_api::FieldParser& parser = Parser();
+    parser.SetText(command);
+    // Two requests for the first field, even if the first one settles it: the order of calls is what parsers rely on.
+    const bool isForThisModule = parser.Field(1) == services::kOwnModuleName;
+    const bool isForAll = parser.Field(1) == u"All";
+    if (!isForThisModule && !isForAll) return;
+    const StringView name = parser.Field(2);
+    for (const Verb& verb : kVerbs) {
+        if (name == verb.name) return verb.carryOut({mainForm, staysLoaded});
+    }
+}
+
+kernel_api::FieldParser& CommandInterpreter::Parser() {
+    if (!parser_) parser_ = kernel_api::CurrentSplitter().MakeFieldParser();
+    return *parser_;
 }
 
 // The failure is kept as it is: when memory is short even a copy of it could fail, and the forms must go all the same.
-void Report(const std::exception_ptr& failure) {
+void CommandInterpreter::Report(const std::exception_ptr& failure) {
     runtime::FirstError firstError;
     firstError.Run([&] { ShowFailure(failure); });
     firstError.Run([] { runtime::LoadedForms().UnloadAll(); });
     firstError.Rethrow();
 }
 
-}  // namespace
-
-void ExecuteCommand(StringView command, runtime::Form& mainForm, bool staysLoaded) {
-    if (command.empty()) return;
-    runtime::FirstError failure;
-    failure.Run([&] { Interpret(command, {mainForm, staysLoaded}); });
-    if (failure.IsKept()) Report(failure.Kept());
-}
-
-void ForgetOpenMessages() {
-    openMessages = 0;
-}
-
-void ResetCommandInterpreter() {
-    ForgetOpenMessages();
-    fieldParser.reset();
-    CurrentDesignName.clear();
-    LanguagePath.clear();
+void CommandInterpreter::ShowFailure(const std::exception_ptr& failure) {
+    const std::optional<String> message = MessageFor(failure);
+    if (!message || openMessages_ >= kMaxOpenMessages) return;
+    const runtime::ScopeGuard closed([this] {
+        // It may have been abandoned.
+        if (openMessages_ > 0) --openMessages_;
+    });
+    ++openMessages_;
+    services::ShowMessage(*message, 0);
 }
 
 }  // namespace routing

@@ -1,4 +1,5 @@
 #include "routing/CommandInterpreter.h"
+#include "kernel_api/Suite.h"
 
 #include <gmock/gmock.h>
 
@@ -10,15 +11,12 @@
 #include <utility>
 #include <vector>
 
-#include "kernel_api/builtin/BuiltInReader.h"
 #include "kernel_api/builtin/BuiltInSplitter.h"
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "services/ProcessValues.h"
-#include "tests/support/ErrorOf.h"
+#include "tests/support/ComponentFixture.h"
 #include "tests/support/HandledForm.h"
-#include "tests/support/InMemoryKernel.h"
-#include "tests/support/RuntimeFixture.h"
 
 namespace routing {
 namespace {
@@ -69,12 +67,10 @@ class RecordingSplitter : public kernel_api::Splitter {
     kernel_api::builtin::BuiltInSplitter splitter_;
 };
 
-class InterpreterTest : public tests::HeadlessTest {
+class InterpreterTest : public tests::HeadlessComponentTest {
  protected:
     InterpreterTest() {
-        kernel_api::UseKernel(&kernel_);
-        kernel_api::UseReader(&reader_);
-        kernel_api::UseSplitter(&splitter_);
+        kernel_api::CurrentSuite().splitter = &splitter_;
         kernel_.Put(u"DESIGN_NAME", u"amplifier");
         kernel_.Put(u"PRODUCT_NAME", u"Orvane");
         dialog_.onUnload = [this] {
@@ -82,18 +78,11 @@ class InterpreterTest : public tests::HeadlessTest {
             if (onUnload_) onUnload_();
         };
     }
-    ~InterpreterTest() override {
-        ResetCommandInterpreter();
-        services::processValues = {};
-        kernel_api::UseSplitter(nullptr);
-        kernel_api::UseReader(nullptr);
-        kernel_api::UseKernel(nullptr);
-    }
 
     /// With a form loaded whose unloads are counted.
     void Execute(StringView command) {
         dialog_.EnsureLoaded();
-        ExecuteCommand(command, form_, staysLoaded_);
+        interpreter_.Execute(command, form_, staysLoaded_);
     }
     std::int32_t ErrorOfExecuting(StringView command) {
         return ErrorOf([&] { Execute(command); });
@@ -113,17 +102,16 @@ class InterpreterTest : public tests::HeadlessTest {
     }
     /// What a command left that the component ignores.
     void ExpectNothingDone() const {
-        EXPECT_EQ(CurrentDesignName, u"");
-        EXPECT_EQ(LanguagePath, u"");
+        EXPECT_EQ(CurrentDesignName(), u"");
+        EXPECT_EQ(LanguagePath(), u"");
         EXPECT_EQ(unloads_, 0);
         EXPECT_FALSE(form_.IsLoaded());
         EXPECT_THAT(kernel_.Log(), IsEmpty());
         EXPECT_THAT(Messages(), IsEmpty());
     }
 
-    tests::InMemoryKernel kernel_;
-    kernel_api::builtin::BuiltInReader reader_{memory_.files, memory_.settings, memory_.locale};
     RecordingSplitter splitter_;
+    CommandInterpreter interpreter_;
     tests::HandledForm form_;
     tests::HandledForm dialog_;
     tests::HandledForm failing_;
@@ -136,9 +124,9 @@ using Addressee = InterpreterTest;
 
 TEST_F(Addressee, ThisModuleAndAllAreHeard) {
     for (const StringView command : {u"K4TBACKPROCESS,SAVE", u"All,SAVE", u"\"All\",\"SAVE\""}) {
-        CurrentDesignName.clear();
+        CurrentDesignName().clear();
         Execute(command);
-        EXPECT_EQ(CurrentDesignName, u"amplifier") << runtime::ToUtf8(command);
+        EXPECT_EQ(CurrentDesignName(), u"amplifier") << runtime::ToUtf8(command);
     }
 }
 
@@ -178,11 +166,11 @@ using Verbs = InterpreterTest;
 TEST_F(Verbs, SaveAndOpenTakeTheTrimmedNameOfTheDesign) {
     kernel_.Put(u"DESIGN_NAME", u"  big board ");
     Execute(u"All,SAVE");
-    EXPECT_EQ(CurrentDesignName, u"big board");
+    EXPECT_EQ(CurrentDesignName(), u"big board");
     EXPECT_THAT(kernel_.Log(), ElementsAre("DB_DataBase()", "O_GetName(1)"));
     kernel_.Put(u"DESIGN_NAME", u"other");
     Execute(u"K4TBACKPROCESS,OPEN,C:\\x");
-    EXPECT_EQ(CurrentDesignName, u"other");
+    EXPECT_EQ(CurrentDesignName(), u"other");
 }
 
 TEST_F(Verbs, SaveAndOpen_NameIsThatOfTheHandleTheKernelGave) {
@@ -190,20 +178,20 @@ TEST_F(Verbs, SaveAndOpen_NameIsThatOfTheHandleTheKernelGave) {
         kernel_.UseDesignHandle(handle);
         for (const StringView command : {u"All,SAVE", u"All,OPEN"}) {
             kernel_.ClearLog();
-            CurrentDesignName.clear();
+            CurrentDesignName().clear();
             Execute(command);
-            EXPECT_EQ(CurrentDesignName, u"amplifier");
+            EXPECT_EQ(CurrentDesignName(), u"amplifier");
             EXPECT_THAT(kernel_.Log(), ElementsAre("DB_DataBase()", "O_GetName(" + std::to_string(handle) + ")"));
         }
     }
 }
 
 TEST_F(Verbs, DesignWithoutANameGivesAnEmptyOne) {
-    CurrentDesignName = u"before";
+    CurrentDesignName() = u"before";
     tests::InMemoryKernel empty;
-    kernel_api::UseKernel(&empty);
+    kernel_api::CurrentSuite().kernel = &empty;
     Execute(u"All,SAVE");
-    EXPECT_EQ(CurrentDesignName, u"");
+    EXPECT_EQ(CurrentDesignName(), u"");
     EXPECT_EQ(unloads_, 0);
 }
 
@@ -218,7 +206,7 @@ TEST_F(Verbs, InertOnesAndUnknownOnesDoNothing) {
 
 TEST_F(Verbs, UnclosedQuoteTakesTheRestAsTheVerb) {
     Execute(u"All,\"SAVE");
-    EXPECT_EQ(CurrentDesignName, u"amplifier");
+    EXPECT_EQ(CurrentDesignName(), u"amplifier");
 }
 
 TEST_F(Verbs, ExUnloadsAllFormsOnce) {
@@ -236,13 +224,13 @@ TEST_F(Verbs, ExLeavesTheFormsThatAreToStay) {
 TEST_F(Verbs, LzTakesTheLanguageFolderAsItIs) {
     kernel_.Put(u"LANGUAGEPATH", u" C:\\lang ");
     Execute(u"All,LZ");
-    EXPECT_EQ(LanguagePath, u" C:\\lang ");
+    EXPECT_EQ(LanguagePath(), u" C:\\lang ");
 }
 
 TEST_F(Verbs, LzWithoutALanguageFolderEmptiesIt) {
-    LanguagePath = u"C:\\lang";
+    LanguagePath() = u"C:\\lang";
     Execute(u"All,LZ");
-    EXPECT_EQ(LanguagePath, u"");
+    EXPECT_EQ(LanguagePath(), u"");
     EXPECT_EQ(unloads_, 0);
 }
 
@@ -254,7 +242,7 @@ TEST_F(Failure, IsShownAndThenAllFormsAreUnloaded) {
     onUnload_ = [this] { EXPECT_THAT(Messages(), ElementsAre(u"no database")); };
     Execute(u"All,SAVE");
     EXPECT_EQ(unloads_, 1);
-    EXPECT_EQ(CurrentDesignName, u"");
+    EXPECT_EQ(CurrentDesignName(), u"");
     const auto& message = memory_.messageBox.shown.at(0);
     EXPECT_EQ(message.flags, 0);
     EXPECT_EQ(message.title, u"Orvane");
@@ -302,7 +290,7 @@ TEST_F(Failure, OfTheParserIsAnswered) {
 
 TEST_F(Failure, WithoutASplitterIsAnswered) {
     memory_.messageBox.answers = {1};
-    kernel_api::UseSplitter(nullptr);
+    kernel_api::CurrentSuite().splitter = nullptr;
     Execute(u"All,SAVE");
     EXPECT_THAT(Messages(), ElementsAre(u"Object variable or With block variable not set: the string splitter"));
     EXPECT_EQ(unloads_, 1);
@@ -375,7 +363,7 @@ TEST_F(Failure, DoesNotSpoilTheNextCommand) {
     Execute(u"All,SAVE");
     kernel_.StopFailing();
     Execute(u"All,SAVE");
-    EXPECT_EQ(CurrentDesignName, u"amplifier");
+    EXPECT_EQ(CurrentDesignName(), u"amplifier");
 }
 
 using Reentered = InterpreterTest;
@@ -385,7 +373,7 @@ TEST_F(Reentered, CommandInsideACommandHasItsOwnVerb) {
         if (unloads_ == 1) Execute(u"K4TBACKPROCESS,SAVE");
     };
     Execute(u"All,EX");
-    EXPECT_EQ(CurrentDesignName, u"amplifier");
+    EXPECT_EQ(CurrentDesignName(), u"amplifier");
     EXPECT_EQ(unloads_, 1);
 }
 
@@ -397,7 +385,7 @@ TEST_F(Reentered, CommandWhileAFailureIsAnsweredIsCarriedOut) {
         Execute(u"All,SAVE");
     };
     Execute(u"All,SAVE");
-    EXPECT_EQ(CurrentDesignName, u"amplifier");
+    EXPECT_EQ(CurrentDesignName(), u"amplifier");
     EXPECT_EQ(unloads_, 1);
 }
 

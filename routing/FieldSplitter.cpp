@@ -38,12 +38,12 @@ String InWords(std::size_t place, StringView field) {
 
 /// The arrays grow before the number is read, so that an error in it leaves them as long as each other.
 void Add(StringView field) {
-    FieldTexts.emplace_back(field);
-    FieldValues.push_back(0);
+    FieldTexts().emplace_back(field);
+    FieldValues().push_back(0);
     try {
-        FieldValues.back() = FieldToNumber(field);
+        FieldValues().back() = FieldToNumber(field);
     } catch (const runtime::Error& error) {
-        throw runtime::ErrorAbout(error.Number(), InWords(FieldTexts.size() - 1, field));
+        throw runtime::ErrorAbout(error.Number(), InWords(FieldTexts().size() - 1, field));
     }
 }
 
@@ -59,14 +59,14 @@ const Entry& EntryOf(const std::vector<Entry>& entries, std::int32_t index) {
 
 void SplitFields(StringView text) {
     // Kept until the end, because `text` may lie in one of its entries.
-    const std::vector<String> previous = std::exchange(FieldTexts, std::vector<String>(1));
-    FieldValues.assign(1, 0);
+    const std::vector<String> previous = std::exchange(FieldTexts(), std::vector<String>(1));
+    FieldValues().assign(1, 0);
     for (kernel_api::CommaFields fields(text); !fields.AtEnd();) {
         const kernel_api::CommaField field = fields.Take();
         if (field.isUnclosed) RepeatForEver();
         Add(field.text);
     }
-    FieldValues.front() = static_cast<double>(FieldTexts.size() - 1);
+    FieldValues().front() = static_cast<double>(FieldTexts().size() - 1);
 }
 
 double FieldToNumber(StringView text) {
@@ -78,16 +78,11 @@ double FieldToNumber(StringView text) {
 }
 
 const String& FieldText(std::int32_t index) {
-    return EntryOf(FieldTexts, index);
+    return EntryOf(FieldTexts(), index);
 }
 
 double FieldValue(std::int32_t index) {
-    return EntryOf(FieldValues, index);
-}
-
-void ResetFieldSplitter() {
-    FieldTexts.clear();
-    FieldValues.clear();
+    return EntryOf(FieldValues(), index);
 }
 
 }  // namespace routing

@@ -5,15 +5,19 @@
 #include <cstdint>
 #include <vector>
 
-#include "runtime/NeverDestroyed.h"
 #include "runtime/Text.h"
+#include "services/ProcessValues.h"
 
 namespace routing {
 
 /// The fields' texts: entry i (from 1) is field i, entry 0 stays empty. No entries before the first split.
-inline std::vector<runtime::String>& FieldTexts = runtime::NeverDestroyed<std::vector<runtime::String>>();
+inline std::vector<runtime::String>& FieldTexts() {
+    return services::Values().fieldTexts;
+}
 /// Entry 0 is the number of fields, entry i the number that field i's text starts with.
-inline std::vector<double>& FieldValues = runtime::NeverDestroyed<std::vector<double>>();
+inline std::vector<double>& FieldValues() {
+    return services::Values().fieldValues;
+}
 
 /// Splits `text` into FieldTexts and FieldValues, whose previous contents are gone. What lies between a closing quote
 /// and the next comma belongs to the field, but then the character before the comma does not. The last character
@@ -28,8 +32,5 @@ double FieldToNumber(runtime::StringView text);
 /// Entry `index` of the arrays. Error 9 when there is none.
 const runtime::String& FieldText(std::int32_t index);
 double FieldValue(std::int32_t index);
-
-/// Both arrays as they are at the start of the process.
-void ResetFieldSplitter();
 
 }  // namespace routing

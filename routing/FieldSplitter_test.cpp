@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "runtime/Error.h"
+#include "tests/support/ComponentFixture.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/SlowFieldSplitter.h"
 
@@ -102,10 +103,8 @@ const std::vector<Row>& Rows() {
 const StringView kEndless[] = {uR"("A)",     uR"(",)",      uR"(A,"B)", uR"("A",B,"C,D)",
                                uR"(A"B,"C)", uR"("A"B,"C)", uR"(,"B,)"};
 
-class FieldSplitter : public testing::Test {
- protected:
-    void TearDown() override { ResetFieldSplitter(); }
-};
+using FieldSplitter = tests::HeadlessComponentTest;
+using FieldSplitterDeathTest = FieldSplitter;
 
 std::vector<String> WithEntryZero(std::vector<String> fields) {
     fields.insert(fields.begin(), String());
@@ -115,9 +114,9 @@ std::vector<String> WithEntryZero(std::vector<String> fields) {
 TEST_F(FieldSplitter, SplitsEveryRowOfTheTable) {
     for (const Row& row : Rows()) {
         SplitFields(row.text);
-        EXPECT_EQ(FieldTexts, WithEntryZero(row.fields)) << ToUtf8(row.text);
-        ASSERT_EQ(FieldValues.size(), row.fields.size() + 1) << ToUtf8(row.text);
-        EXPECT_EQ(FieldValues[0], static_cast<double>(row.fields.size())) << ToUtf8(row.text);
+        EXPECT_EQ(FieldTexts(), WithEntryZero(row.fields)) << ToUtf8(row.text);
+        ASSERT_EQ(FieldValues().size(), row.fields.size() + 1) << ToUtf8(row.text);
+        EXPECT_EQ(FieldValues()[0], static_cast<double>(row.fields.size())) << ToUtf8(row.text);
     }
 }
 
@@ -126,7 +125,7 @@ TEST_F(FieldSplitter, AgreesWithTheSlowSplitterThatTheFuzzerUses) {
         SplitFields(row.text);
         const tests::SlowFields slow = tests::SlowFieldSplitter::Split(row.text);
         EXPECT_EQ(slow.texts, WithEntryZero(row.fields)) << ToUtf8(row.text);
-        EXPECT_EQ(slow.values, FieldValues) << ToUtf8(row.text);
+        EXPECT_EQ(slow.values, FieldValues()) << ToUtf8(row.text);
         EXPECT_FALSE(slow.isEndless || tests::NeverReturns(row.text)) << ToUtf8(row.text);
     }
     for (const StringView text : kEndless) {
@@ -159,48 +158,46 @@ TEST_F(FieldSplitter, GeneratedTexts_AgreeWithTheSlowSplitter) {
         if (slow.isEndless) continue;
         ++compared;
         ASSERT_EQ(ErrorOf([&text] { SplitFields(text); }), slow.error) << ToUtf8(text);
-        ASSERT_EQ(FieldTexts, slow.texts) << ToUtf8(text);
-        ASSERT_EQ(FieldValues, slow.values) << ToUtf8(text);
+        ASSERT_EQ(FieldTexts(), slow.texts) << ToUtf8(text);
+        ASSERT_EQ(FieldValues(), slow.values) << ToUtf8(text);
         if (slow.error != 0) ++overflows;
     }
     EXPECT_GT(overflows, 100);
 }
 
-TEST_F(FieldSplitter, HasNoEntriesAfterAReset) {
-    SplitFields(u"1,2,3");
-    ResetFieldSplitter();
-    EXPECT_TRUE(FieldTexts.empty());
-    EXPECT_TRUE(FieldValues.empty());
+TEST_F(FieldSplitter, HasNoEntriesBeforeTheFirstSplit) {
+    EXPECT_TRUE(FieldTexts().empty());
+    EXPECT_TRUE(FieldValues().empty());
 }
 
 TEST_F(FieldSplitter, DiscardsThePreviousFields) {
     SplitFields(u"1,2,3");
     SplitFields(u"4");
-    EXPECT_EQ(FieldTexts, (std::vector<String>{u"", u"4"}));
-    EXPECT_EQ(FieldValues, (std::vector<double>{1, 4}));
+    EXPECT_EQ(FieldTexts(), (std::vector<String>{u"", u"4"}));
+    EXPECT_EQ(FieldValues(), (std::vector<double>{1, 4}));
 }
 
 TEST_F(FieldSplitter, ReadsEachFieldsNumber) {
     SplitFields(uR"(1,5, 0,-2.5,"3,5",A,,"7")");
-    EXPECT_EQ(FieldValues, (std::vector<double>{8, 1, 5, 0, -2.5, 3.5, 0, 0, 7}));
+    EXPECT_EQ(FieldValues(), (std::vector<double>{8, 1, 5, 0, -2.5, 3.5, 0, 0, 7}));
 }
 
 TEST_F(FieldSplitter, SplitsOneOfItsOwnFields) {
     SplitFields(uR"(A,"a first name,a second one, long enough to lie elsewhere")");
-    SplitFields(FieldTexts[2]);
-    EXPECT_EQ(FieldTexts,
+    SplitFields(FieldTexts()[2]);
+    EXPECT_EQ(FieldTexts(),
               (std::vector<String>{u"", u"a first name", u"a second one", u" long enough to lie elsewhere"}));
 }
 
 TEST_F(FieldSplitter, KeepsNulCharacters) {
     SplitFields(String(u"A\0,\0B", 5));
-    EXPECT_EQ(FieldTexts, (std::vector<String>{u"", String(u"A\0", 2), String(u"\0B", 2)}));
+    EXPECT_EQ(FieldTexts(), (std::vector<String>{u"", String(u"A\0", 2), String(u"\0B", 2)}));
 }
 
 TEST_F(FieldSplitter, LetsOverflowThroughAndStopsAtThatField) {
     EXPECT_EQ(ErrorOf([] { SplitFields(u"1,2,1E999,4"); }), runtime::kOverflow);
-    EXPECT_EQ(FieldTexts, (std::vector<String>{u"", u"1", u"2", u"1E999"}));
-    EXPECT_EQ(FieldValues, (std::vector<double>{0, 1, 2, 0}));
+    EXPECT_EQ(FieldTexts(), (std::vector<String>{u"", u"1", u"2", u"1E999"}));
+    EXPECT_EQ(FieldValues(), (std::vector<double>{0, 1, 2, 0}));
 }
 
 TEST_F(FieldSplitter, OverflowNamesTheFieldAndItsText) {
@@ -218,9 +215,9 @@ TEST_F(FieldSplitter, OverflowNamesTheFieldAndItsText) {
 
 TEST_F(FieldSplitter, LetsOverflowThroughFromQuotedAndLastFields) {
     EXPECT_EQ(ErrorOf([] { SplitFields(uR"(1,"1E999",4)"); }), runtime::kOverflow);
-    EXPECT_EQ(FieldValues, (std::vector<double>{0, 1, 0}));
+    EXPECT_EQ(FieldValues(), (std::vector<double>{0, 1, 0}));
     EXPECT_EQ(ErrorOf([] { SplitFields(u"1,&H123456789"); }), runtime::kOverflow);
-    EXPECT_EQ(FieldTexts, (std::vector<String>{u"", u"1", u"&H123456789"}));
+    EXPECT_EQ(FieldTexts(), (std::vector<String>{u"", u"1", u"&H123456789"}));
 }
 
 TEST_F(FieldSplitter, RaisesSubscriptErrorsOutsideTheArrays) {
@@ -239,7 +236,7 @@ TEST_F(FieldSplitter, SplitsAMillionFields) {
     String text = u"1";
     for (std::size_t i = 1; i < kFields; ++i) text += i % 2 == 0 ? u",1" : uR"(,"1")";
     SplitFields(text);
-    EXPECT_EQ(FieldValues.front(), kFields);
+    EXPECT_EQ(FieldValues().front(), kFields);
     EXPECT_EQ(FieldText(kFields), u"1");
 }
 
@@ -275,12 +272,12 @@ constexpr std::chrono::seconds kHang{30};
     std::_Exit(kReturned);
 }
 
-TEST(FieldSplitterDeathTest, NeverReturnsWithoutTheClosingQuote) {
+TEST_F(FieldSplitterDeathTest, NeverReturnsWithoutTheClosingQuote) {
     EXPECT_EXIT(SplitUnderWatch(uR"("A,B)", kLongEnough), testing::ExitedWithCode(kStillRunning), "");
     EXPECT_EXIT(SplitUnderWatch(uR"(A,"B",C,"D)", kLongEnough), testing::ExitedWithCode(kStillRunning), "");
 }
 
-TEST(FieldSplitterDeathTest, ReturnsWithTheClosingQuote) {
+TEST_F(FieldSplitterDeathTest, ReturnsWithTheClosingQuote) {
     EXPECT_EXIT(SplitUnderWatch(uR"(A,"B",C,"D")", kHang), testing::ExitedWithCode(kReturned), "");
 }
 

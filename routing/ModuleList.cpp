@@ -24,13 +24,13 @@ constexpr std::int32_t kSpareB = 0;
 
 /// Makes room for `count` names, none of which is known yet.
 void StartModuleNames(std::int32_t count) {
-    ModuleNames.assign(static_cast<std::size_t>(count) + 1, String());
-    ModuleCount = count;
-    OwnModuleIndex = 0;
+    ModuleNames().assign(static_cast<std::size_t>(count) + 1, String());
+    ModuleCount() = count;
+    OwnModuleIndex() = 0;
 }
 
 String StateRecord(std::int32_t extra) {
-    runtime::Form* form = services::processValues.mainForm;
+    const auto& form = services::Values().forms.main;
     if (!form) throw runtime::Error(runtime::kObjectVariableNotSet);
     const auto state = static_cast<std::int32_t>(form->State());
     return form->Caption() + u"," + Str(state) + u"," + Str(kSpareA) + u"," + Str(extra) + u"," + Str(kSpareB);
@@ -40,17 +40,17 @@ String StateRecord(std::int32_t extra) {
 
 void ReadModuleList() {
     StartModuleNames(0);
-    InterModuleMessage = runtime::CurrentPorts().windows.RegisterMessage(u"PELORIX");
+    InterModuleMessage() = runtime::CurrentPorts().windows.RegisterMessage(u"PELORIX");
     const kernel_api::TextPointer list = kernel_api::CurrentKernel().E_GetString(u"AllAps");
     if (list <= 0) return;
     const String text = kernel_api::CurrentReader().TextAt(list);
     if (text.empty()) return;
     SplitFields(text);
     StartModuleNames(runtime::ToInt32(FieldValue(0)));
-    for (std::int32_t i = 1; i <= ModuleCount; ++i) {
-        String& name = ModuleNames[static_cast<std::size_t>(i)];
+    for (std::int32_t i = 1; i <= ModuleCount(); ++i) {
+        String& name = ModuleNames()[static_cast<std::size_t>(i)];
         name = FieldText(i);
-        if (name == services::kOwnModuleName) OwnModuleIndex = i;
+        if (name == services::kOwnModuleName) OwnModuleIndex() = i;
     }
 }
 
@@ -65,13 +65,6 @@ bool IsFormShown(runtime::Form& form) {
         if (&forms.At(i) == &form && form.Visible()) return true;
     }
     return false;
-}
-
-void ResetModuleList() {
-    InterModuleMessage = 0;
-    ModuleNames.clear();
-    ModuleCount = 0;
-    OwnModuleIndex = 0;
 }
 
 }  // namespace routing

@@ -5,22 +5,26 @@
 #include <cstdint>
 #include <vector>
 
-#include "runtime/NeverDestroyed.h"
 #include "runtime/Text.h"
-
-namespace runtime {
-class Form;
-}
+#include "services/ProcessValues.h"
 
 namespace routing {
 
 /// Number of the message registered under "PELORIX"; kept so that all modules agree on it, never sent from here.
-inline std::uint32_t InterModuleMessage = 0;
+inline std::uint32_t& InterModuleMessage() {
+    return services::Values().interModuleMessage;
+}
 /// Entries 1..ModuleCount are the modules' names in list order; entry 0 stays empty. No entries before the first read.
-inline std::vector<runtime::String>& ModuleNames = runtime::NeverDestroyed<std::vector<runtime::String>>();
-inline std::int32_t ModuleCount = 0;
+inline std::vector<runtime::String>& ModuleNames() {
+    return services::Values().moduleNames;
+}
+inline std::int32_t& ModuleCount() {
+    return services::Values().moduleCount;
+}
 /// Index of services::kOwnModuleName in ModuleNames, the last one if it is there more than once; 0 when absent.
-inline std::int32_t OwnModuleIndex = 0;
+inline std::int32_t& OwnModuleIndex() {
+    return services::Values().ownModuleIndex;
+}
 
 /// Registers the shared message and reads the kernel string "AllAps". The errors of kernel, reader and field splitter
 /// pass.
@@ -33,8 +37,5 @@ void PublishModuleState(std::int32_t active, std::int32_t extra);
 
 /// `form` is among the loaded forms and visible. Does not load it.
 bool IsFormShown(runtime::Form& form);
-
-/// All values as they are at the start of the process.
-void ResetModuleList();
 
 }  // namespace routing

@@ -1,7 +1,10 @@
 #include "routing/ModuleList.h"
+#include "kernel_api/Suite.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <memory>
 
 #include "routing/FieldSplitter.h"
 #include "runtime/Form.h"
@@ -25,47 +28,47 @@ class ReadingTheModuleList : public tests::HeadlessComponentTest {
 };
 
 TEST_F(ReadingTheModuleList, StartValuesAreEmptyOrZero) {
-    EXPECT_EQ(InterModuleMessage, 0u);
-    EXPECT_TRUE(ModuleNames.empty());
-    EXPECT_EQ(ModuleCount, 0);
-    EXPECT_EQ(OwnModuleIndex, 0);
+    EXPECT_EQ(InterModuleMessage(), 0u);
+    EXPECT_TRUE(ModuleNames().empty());
+    EXPECT_EQ(ModuleCount(), 0);
+    EXPECT_EQ(OwnModuleIndex(), 0);
 }
 
 TEST_F(ReadingTheModuleList, FindsTheOwnEntry) {
     Read(u"EDITOR,K4TBACKPROCESS,LIBRARY");
-    EXPECT_EQ(ModuleCount, 3);
-    EXPECT_THAT(ModuleNames, ElementsAre(u"", u"EDITOR", u"K4TBACKPROCESS", u"LIBRARY"));
-    EXPECT_EQ(OwnModuleIndex, 2);
+    EXPECT_EQ(ModuleCount(), 3);
+    EXPECT_THAT(ModuleNames(), ElementsAre(u"", u"EDITOR", u"K4TBACKPROCESS", u"LIBRARY"));
+    EXPECT_EQ(OwnModuleIndex(), 2);
 }
 
 TEST_F(ReadingTheModuleList, RegistersTheSharedMessage) {
     Read(u"");
     EXPECT_EQ(memory_.windows.messages, (std::vector<String>{u"PELORIX"}));
-    EXPECT_EQ(InterModuleMessage, 0xC000u);
+    EXPECT_EQ(InterModuleMessage(), 0xC000u);
 }
 
 TEST_F(ReadingTheModuleList, OwnNameIsComparedExactly) {
     Read(u"EDITOR,k4tbackprocess, K4TBACKPROCESS");
-    EXPECT_EQ(ModuleCount, 3);
-    EXPECT_EQ(OwnModuleIndex, 0);
+    EXPECT_EQ(ModuleCount(), 3);
+    EXPECT_EQ(OwnModuleIndex(), 0);
 }
 
 TEST_F(ReadingTheModuleList, LastOwnEntryWins) {
     Read(u"K4TBACKPROCESS,A,K4TBACKPROCESS,B");
-    EXPECT_EQ(OwnModuleIndex, 3);
+    EXPECT_EQ(OwnModuleIndex(), 3);
 }
 
 TEST_F(ReadingTheModuleList, QuotedNamesMayHoldCommas) {
     Read(u"\"A,B\",K4TBACKPROCESS");
-    EXPECT_THAT(ModuleNames, ElementsAre(u"", u"A,B", u"K4TBACKPROCESS"));
-    EXPECT_EQ(OwnModuleIndex, 2);
+    EXPECT_THAT(ModuleNames(), ElementsAre(u"", u"A,B", u"K4TBACKPROCESS"));
+    EXPECT_EQ(OwnModuleIndex(), 2);
 }
 
 TEST_F(ReadingTheModuleList, MissingListLeavesNoModules) {
     ReadModuleList();
-    EXPECT_EQ(ModuleCount, 0);
-    EXPECT_EQ(OwnModuleIndex, 0);
-    EXPECT_THAT(ModuleNames, ElementsAre(u""));
+    EXPECT_EQ(ModuleCount(), 0);
+    EXPECT_EQ(OwnModuleIndex(), 0);
+    EXPECT_THAT(ModuleNames(), ElementsAre(u""));
 }
 
 /// A kernel whose strings lie at an address that means none.
@@ -83,19 +86,19 @@ TEST_F(ReadingTheModuleList, AddressOfZeroOrBelowIsNotRead) {
     const tests::ReaderInUse inUse(broken);
     for (const kernel_api::TextPointer none : {0, -5}) {
         KernelWithoutText kernel(none);
-        kernel_api::UseKernel(&kernel);
+        kernel_api::CurrentSuite().kernel = &kernel;
         EXPECT_EQ(tests::ErrorOf([] { ReadModuleList(); }), 0) << none;
-        EXPECT_EQ(ModuleCount, 0) << none;
-        kernel_api::UseKernel(&kernel_);
+        EXPECT_EQ(ModuleCount(), 0) << none;
+        kernel_api::CurrentSuite().kernel = &kernel_;
     }
 }
 
 TEST_F(ReadingTheModuleList, EmptyListForgetsTheEarlierOne) {
     Read(u"A,K4TBACKPROCESS");
     Read(u"");
-    EXPECT_EQ(ModuleCount, 0);
-    EXPECT_EQ(OwnModuleIndex, 0);
-    EXPECT_THAT(ModuleNames, ElementsAre(u""));
+    EXPECT_EQ(ModuleCount(), 0);
+    EXPECT_EQ(OwnModuleIndex(), 0);
+    EXPECT_THAT(ModuleNames(), ElementsAre(u""));
 }
 
 TEST_F(ReadingTheModuleList, OnlyReadsTheList) {
@@ -106,26 +109,24 @@ TEST_F(ReadingTheModuleList, OnlyReadsTheList) {
 TEST_F(ReadingTheModuleList, ListCannotBeRead_MessageIsRegistered) {
     kernel_.FailOn("E_GetString(AllAps)", runtime::Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(tests::ErrorOf([] { ReadModuleList(); }), runtime::kDllEntryPointNotFound);
-    EXPECT_EQ(InterModuleMessage, 0xC000u);
+    EXPECT_EQ(InterModuleMessage(), 0xC000u);
 }
 
 TEST_F(ReadingTheModuleList, NumberOverflows_ListIsEmpty) {
     Read(u"K4TBACKPROCESS,B");
     EXPECT_EQ(tests::ErrorOf([&] { Read(u"A,K4TBACKPROCESS,1E999"); }), runtime::kOverflow);
-    EXPECT_EQ(ModuleCount, 0);
-    EXPECT_EQ(OwnModuleIndex, 0);
-    EXPECT_THAT(ModuleNames, ElementsAre(u""));
+    EXPECT_EQ(ModuleCount(), 0);
+    EXPECT_EQ(OwnModuleIndex(), 0);
+    EXPECT_THAT(ModuleNames(), ElementsAre(u""));
 }
 
 class PublishingTheState : public tests::HeadlessComponentTest {
  protected:
-    PublishingTheState() {
-        services::processValues.mainForm = &form_;
-        form_.SetCaption(u"My, \"caption\"");
-    }
-    ~PublishingTheState() override { form_.Unload(); }
+    PublishingTheState() { form_.SetCaption(u"My, \"caption\""); }
 
-    runtime::Form form_{{.name = u"form", .caption = u"", .inner = {3000, 1500}}};
+    std::unique_ptr<runtime::Form>& mainForm_ = services::Values().forms.main =
+        std::make_unique<runtime::Form>(runtime::FormDesign{.name = u"form", .caption = u"", .inner = {3000, 1500}});
+    runtime::Form& form_ = *mainForm_;
 };
 
 TEST_F(PublishingTheState, RecordIsTheCaptionAndFourNumbersWithTheirBlanks) {
@@ -149,7 +150,7 @@ TEST_F(PublishingTheState, InactiveStoresTheEmptyStringThoughTheFormIsLoaded) {
 }
 
 TEST_F(PublishingTheState, WithoutAMainFormIsError91) {
-    services::processValues.mainForm = nullptr;
+    mainForm_.reset();
     EXPECT_EQ(tests::ErrorOf([] { PublishModuleState(-1, 0); }), runtime::kObjectVariableNotSet);
     PublishModuleState(0, 0);
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");

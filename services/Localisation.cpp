@@ -162,7 +162,7 @@ FontRule ChooseUiFont(NativeHandle window, NativeHandle deviceContext) {
 }
 
 FontRule ChooseUiFontFor(std::int32_t systemLcid, NativeHandle window, NativeHandle deviceContext) {
-    UiFont& uiFont = processValues.uiFont;
+    UiFont& uiFont = Values().uiFont;
     if (const FixedFont* const fixed = FindFixed(systemLcid)) {
         uiFont = {String(fixed->name), fixed->size, fixed->characterSet};
         return fixed->rule;
@@ -181,7 +181,7 @@ void LocaliseForm(runtime::Form& form) {
     SkipError([&form] {
         if (form.BackColour() == runtime::kLightGrey) form.SetBackColour(runtime::kButtonFace);
     });
-    const Font font = NewFont(processValues.uiFont);
+    const Font font = NewFont(Values().uiFont);
     for (const auto& control : form.Controls()) {
         runtime::ControlProperties properties(*control);
         LocaliseControl(properties, font);
@@ -189,7 +189,7 @@ void LocaliseForm(runtime::Form& form) {
 }
 
 void LocaliseControl(Properties& control, const Font& font) {
-    ApplyFont(control, processValues.uiFont, font);
+    ApplyFont(control, Values().uiFont, font);
     runtime::SkipError([&] { LocaliseCaption(control); });
 }
 

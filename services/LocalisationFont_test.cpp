@@ -91,9 +91,9 @@ class FixedUiFont : public UiFontChoice, public testing::WithParamInterface<Fixe
 TEST_P(FixedUiFont, IsChosenByTheSystemsLanguageWhateverIsInstalled) {
     memory_.fonts.installed.clear();
     memory_.locale.charsets.clear();
-    processValues.uiFont = {u"Arial", 8, 77};
+    Values().uiFont = {u"Arial", 8, 77};
     EXPECT_EQ(ChooseFor(GetParam().lcid), GetParam().rule);
-    EXPECT_EQ(processValues.uiFont, GetParam().font);
+    EXPECT_EQ(Values().uiFont, GetParam().font);
     EXPECT_THAT(Log(), IsEmpty());
 }
 
@@ -105,20 +105,20 @@ INSTANTIATE_TEST_SUITE_P(Languages, FixedUiFont, testing::ValuesIn(kFixedChoices
 
 TEST_F(UiFontChoice, JapaneseFaceHasEightCharactersAndABlankInTheThirdPlace) {
     ChooseFor(0x0411);
-    EXPECT_EQ(processValues.uiFont.name.size(), 8u);
-    EXPECT_EQ(processValues.uiFont.name[2], u' ');
+    EXPECT_EQ(Values().uiFont.name.size(), 8u);
+    EXPECT_EQ(Values().uiFont.name[2], u' ');
 }
 
 TEST_F(UiFontChoice, WesternIsTheFirstInstalledFaceOfTheList) {
     EXPECT_EQ(ChooseFor(0x0407), FontRule::kInstalledFace);
-    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
+    EXPECT_EQ(Values().uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
     memory_.fonts.installed = {u"System", u"Arial"};
     ChooseFor(0x0407);
-    EXPECT_EQ(processValues.uiFont, (UiFont{u"Arial", 8, 0}));
+    EXPECT_EQ(Values().uiFont, (UiFont{u"Arial", 8, 0}));
     memory_.fonts.installed = {u"System"};
     memory_.fonts.log.clear();
     ChooseFor(0x0407);
-    EXPECT_EQ(processValues.uiFont, (UiFont{u"System", 8, 0}));
+    EXPECT_EQ(Values().uiFont, (UiFont{u"System", 8, 0}));
     EXPECT_THAT(Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System"));
 }
 
@@ -126,11 +126,11 @@ TEST_F(UiFontChoice, WesternCharacterSetIsTheUsersAndNotTheSystems) {
     memory_.locale.charsets = {{0x0407, 0}, {0x0419, 204}};
     memory_.locale.userLcid = 0x0419;
     ChooseFor(0x0407);
-    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Sans Serif", 8, 204}));
+    EXPECT_EQ(Values().uiFont, (UiFont{u"MS Sans Serif", 8, 204}));
     EXPECT_EQ(UserCharset(), 204);
     memory_.locale.charsets.clear();
     ChooseFor(0x0407);
-    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
+    EXPECT_EQ(Values().uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
     EXPECT_EQ(UserCharset(), 0);
 }
 
@@ -138,12 +138,12 @@ TEST_F(UiFontChoice, FixedCharacterSetDoesNotFollowTheUser) {
     memory_.locale.charsets = {{0x0419, 204}};
     memory_.locale.userLcid = 0x0419;
     ChooseFor(0x0411);
-    EXPECT_EQ(processValues.uiFont.characterSet, 128);
+    EXPECT_EQ(Values().uiFont.characterSet, 128);
 }
 
 TEST_F(UiFontChoice, UnknownSystemLocaleIsWestern) {
     EXPECT_EQ(ChooseFor(0), FontRule::kInstalledFace);
-    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
+    EXPECT_EQ(Values().uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
 }
 
 // 81 is the stock font, 82 the one that was made, 80 what the context had selected.
@@ -152,7 +152,7 @@ TEST_F(UiFontChoice, LastResortReadsTheFaceOfIconTitlesAndLeavesNothingBehind) {
     memory_.fonts.installed.clear();
     memory_.fonts.iconTitleFace = u"Segoe UI";
     EXPECT_EQ(ChooseFor(0x0407), FontRule::kIconTitleFont);
-    EXPECT_EQ(processValues.uiFont, (UiFont{u"Segoe UI", 8, 0}));
+    EXPECT_EQ(Values().uiFont, (UiFont{u"Segoe UI", 8, 0}));
     EXPECT_THAT(Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System", "make icon title",
                                    "select 82 in 4097", "face of 4097", "select 80 in 4097", "release 4097 of 4096",
                                    "delete 82"));
@@ -162,7 +162,7 @@ TEST_F(UiFontChoice, LastResortWithoutIconTitlesTakesTheStockFontAndDeletesNothi
     memory_.fonts.installed.clear();
     memory_.fonts.describesIconTitles = false;
     EXPECT_EQ(ChooseFor(0x0407), FontRule::kStockFont);
-    EXPECT_EQ(processValues.uiFont, (UiFont{u"MS Shell Dlg", 8, 0}));
+    EXPECT_EQ(Values().uiFont, (UiFont{u"MS Shell Dlg", 8, 0}));
     EXPECT_THAT(
         Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System", "make icon title", "stock",
                            "select 81 in 4097", "face of 4097", "select 80 in 4097", "release 4097 of 4096"));
@@ -171,9 +171,9 @@ TEST_F(UiFontChoice, LastResortWithoutIconTitlesTakesTheStockFontAndDeletesNothi
 TEST_F(UiFontChoice, LastResortThatFailsLeavesNothingBehindAndKeepsTheFont) {
     memory_.fonts.installed.clear();
     memory_.fonts.failsFaceName = true;
-    processValues.uiFont = {u"Arial", 9, 161};
+    Values().uiFont = {u"Arial", 9, 161};
     EXPECT_EQ(tests::ErrorOf([this] { ChooseFor(0x0407); }), runtime::kOutOfMemory);
-    EXPECT_EQ(processValues.uiFont, (UiFont{u"Arial", 9, 161}));
+    EXPECT_EQ(Values().uiFont, (UiFont{u"Arial", 9, 161}));
     EXPECT_THAT(Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System", "make icon title",
                                    "select 82 in 4097", "face of 4097", "select 80 in 4097", "release 4097 of 4096",
                                    "delete 82"));
@@ -183,7 +183,7 @@ TEST_F(UiFontChoice, FaceThatTheSystemDoesNotNameIsTheBuffersBlanks) {
     memory_.fonts.installed.clear();
     memory_.locale.systemLcid = 0x0407;
     EXPECT_EQ(ChooseUiFont(kWindow, 0), FontRule::kIconTitleFont);
-    EXPECT_EQ(processValues.uiFont, (UiFont{String(80, u' '), 8, 0}));
+    EXPECT_EQ(Values().uiFont, (UiFont{String(80, u' '), 8, 0}));
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ class NotingObject : public runtime::Properties {
 class ControlLocalisation : public tests::HeadlessComponentTest {
  protected:
     ControlLocalisation() {
-        processValues.uiFont = {u"Arial", 9, 161};
+        Values().uiFont = {u"Arial", 9, 161};
         memory_.files.AddFile(u"C:\\de\\K4TBackProcess.txt", "39171 = &Ja\n");
         kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
     }
@@ -136,7 +136,7 @@ class TaggedForm : public runtime::Form {
 
 class FormLocalisation : public tests::HeadlessComponentTest {
  protected:
-    FormLocalisation() { processValues.uiFont = {u"Arial", 9, 161}; }
+    FormLocalisation() { Values().uiFont = {u"Arial", 9, 161}; }
 
     void Speak(StringView folder) { kernel_.Put(u"LANGUAGEPATH", folder); }
     void Learn(StringView folder, std::string_view texts) {
@@ -215,11 +215,11 @@ TEST_F(FormLocalisation, EveryControlGetsTheFontWithoutBoldAndNoTabStop) {
 }
 
 TEST_F(FormLocalisation, WithoutAFaceAndSizeControlsHaveThatOfANewFont) {
-    processValues.uiFont = {};
+    Values().uiFont = {};
     form_.yes->SetFont({u"Courier", 12, 2, true});
     LocaliseForm(form_);
     EXPECT_EQ(form_.yes->Font(), (Font{u"MS Sans Serif", 8.25F, 0, false}));
-    processValues.uiFont = {u"", 9, 129};
+    Values().uiFont = {u"", 9, 129};
     LocaliseForm(form_);
     EXPECT_EQ(form_.yes->Font(), (Font{u"MS Sans Serif", 9, 129, false}));
 }

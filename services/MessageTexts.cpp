@@ -1,10 +1,7 @@
 #include "services/MessageTexts.h"
 
-#include <utility>
-
 #include "kernel_api/Reader.h"
 #include "runtime/Error.h"
-#include "runtime/NeverDestroyed.h"
 #include "runtime/Ports.h"
 #include "services/LocalTexts.h"
 #include "services/ProcessValues.h"
@@ -12,8 +9,6 @@
 
 namespace services {
 namespace {
-
-SuiteMessageBox& suiteMessageBox = runtime::NeverDestroyed<SuiteMessageBox>();
 
 String TextIfAny(const LocalText& text) {
     return text.id.empty() ? String() : GetLocalText(text);
@@ -29,7 +24,7 @@ std::optional<String> ErrorPrompt(std::int32_t number, const String& detail) {
 
 /// The module is called after the product, so that the product's name normally shows twice.
 String ErrorTitle() {
-    return GetProductName() + u" - " + processValues.moduleName + u" (" + processValues.moduleCaption + u")";
+    return GetProductName() + u" - " + Values().moduleName + u" (" + Values().moduleCaption + u")";
 }
 
 }  // namespace
@@ -49,14 +44,10 @@ std::int32_t ShowMessage(StringView prompt, std::int32_t flags, const std::optio
                          const MessageHelp& help) {
     const String shownTitle = title ? *title : GetProductName();
     if ((flags & kSuiteBox) == 0) return runtime::CurrentPorts().messageBox.Show(prompt, flags, shownTitle, help);
-    if (!suiteMessageBox) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"the suite's message box");
-    // A copy: while the box is open, the one connected may be taken back.
-    const SuiteMessageBox box = suiteMessageBox;
+    // A copy: while the box is open, the one in use may be exchanged.
+    const SuiteMessageBox box = Values().suiteMessageBox;
+    if (!box) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"the suite's message box");
     return box(prompt, flags, shownTitle);
-}
-
-void UseSuiteMessageBox(SuiteMessageBox box) {
-    suiteMessageBox = std::move(box);
 }
 
 }  // namespace services

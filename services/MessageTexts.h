@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 
 #include "runtime/MessageBoxPort.h"
@@ -32,13 +31,8 @@ void ShowError(std::int32_t& errorNumber, StringView detail);
 
 /// Shows a message and returns the code of the pressed button (OK 1, Cancel 2, Abort 3, Retry 4, Ignore 5, Yes 6,
 /// No 7; Yes To All 8 from the suite's box). Without a title: the product's name. With kSuiteBox in the flags the
-/// suite's box is shown, which has no help; error 91 while none is connected.
+/// suite's box is shown (ProcessValues::suiteMessageBox), which has no help; error 91 without one.
 std::int32_t ShowMessage(StringView prompt, std::int32_t flags, const std::optional<String>& title = std::nullopt,
                          const MessageHelp& help = {});
-
-/// The suite's message box: given prompt, flags and title, it returns the code of the pressed button.
-using SuiteMessageBox = std::function<std::int32_t(StringView prompt, std::int32_t flags, StringView title)>;
-/// Connects the suite's box, which stands in a layer above this one; an empty function takes it back.
-void UseSuiteMessageBox(SuiteMessageBox box);
 
 }  // namespace services

@@ -1,4 +1,5 @@
 #include "services/MessageTexts.h"
+#include "kernel_api/Suite.h"
 
 #include <gmock/gmock.h>
 
@@ -21,12 +22,8 @@ class MessageTexts : public tests::HeadlessComponentTest {
  protected:
     MessageTexts() {
         kernel_.Put(u"PRODUCT_NAME", u"Orvane");
-        processValues.moduleName = u"Orvane";
-        processValues.moduleCaption = u"Pelorix Background process ";
-    }
-    ~MessageTexts() override {
-        UseSuiteMessageBox(nullptr);
-        processValues = {};
+        Values().moduleName = u"Orvane";
+        Values().moduleCaption = u"Pelorix Background process ";
     }
 
     void WriteTexts(std::string_view lines) {
@@ -44,7 +41,7 @@ TEST_F(MessageTexts, LocalTextIsTheLanguagesOrTheDefault) {
 }
 
 TEST_F(MessageTexts, LocalTextNeedsAReader) {
-    kernel_api::UseReader(nullptr);
+    kernel_api::CurrentSuite().reader = nullptr;
     EXPECT_EQ(tests::ErrorOf([] { GetLocalText(u"", u"1"); }), kObjectVariableNotSet);
 }
 
@@ -112,7 +109,7 @@ TEST_F(ErrorReports, TitleHoldsTheProductsNameTwiceAndTheModulesCaption) {
 }
 
 TEST_F(ErrorReports, ModuleNameIsEmpty_TitleKeepsTheDash) {
-    processValues.moduleName.clear();
+    Values().moduleName.clear();
     EXPECT_EQ(Report(2, u"x").title, u"Orvane -  (Pelorix Background process )");
 }
 
@@ -186,10 +183,10 @@ TEST_F(Messages, EmptyTitleStaysEmpty) {
 class SuiteMessages : public MessageTexts {
  protected:
     SuiteMessages() {
-        UseSuiteMessageBox([this](StringView prompt, std::int32_t flags, StringView title) {
+        Values().suiteMessageBox = [this](StringView prompt, std::int32_t flags, StringView title) {
             asked_.push_back({String(prompt), flags, String(title)});
             return 8;
-        });
+        };
     }
     std::vector<Message> asked_;
 };
@@ -222,22 +219,23 @@ TEST_F(SuiteMessages, AreNeverErrorReports) {
 }
 
 TEST_F(SuiteMessages, NeedAConnectedBox) {
-    UseSuiteMessageBox(nullptr);
+    Values().suiteMessageBox = nullptr;
     EXPECT_EQ(tests::ErrorOf([] { ShowMessage(u"Overwrite?", 8, u"T"); }), kObjectVariableNotSet);
     EXPECT_TRUE(Shown().empty());
 }
 
 TEST_F(SuiteMessages, BoxMayBeTakenBackWhileItIsOpen) {
-    UseSuiteMessageBox([kept = String(100, u'x')](StringView, std::int32_t, StringView) {
-        UseSuiteMessageBox(nullptr);
+    Values().suiteMessageBox = [kept = String(100, u'x')](StringView, std::int32_t, StringView) {
+        Values().suiteMessageBox = nullptr;
         return static_cast<std::int32_t>(kept.size());
-    });
+    };
     EXPECT_EQ(ShowMessage(u"Overwrite?", 8, u"T"), 100);
 }
 
 TEST_F(SuiteMessages, ErrorOfTheBoxPasses) {
-    UseSuiteMessageBox(
-        [](StringView, std::int32_t, StringView) -> std::int32_t { throw runtime::Error(runtime::kOverflow); });
+    Values().suiteMessageBox = [](StringView, std::int32_t, StringView) -> std::int32_t {
+        throw runtime::Error(runtime::kOverflow);
+    };
     EXPECT_EQ(tests::ErrorOf([] { ShowMessage(u"Overwrite?", 8, u"T"); }), runtime::kOverflow);
 }
 

@@ -1,14 +1,14 @@
-// The component's process-wide values: shared by every instance and form in the process, as its clients see them.
+// The component's process-wide values: shared by every instance and form in the process, as its clients see them. The
+// composition owns them (host/Process.h). For the home thread.
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
 
-#include "runtime/NeverDestroyed.h"
+#include "runtime/Form.h"
 #include "runtime/Text.h"
-
-namespace runtime {
-class Form;
-}
 
 namespace services {
 
@@ -27,6 +27,26 @@ struct UiFont {
     bool operator==(const UiFont&) const = default;
 };
 
+/// Format patterns of coordinates and values in the classic BASIC notation. Kept for callers; nothing in the component
+/// formats with them.
+struct NumberFormats {
+    String coordinate;
+    String value;
+    String oneDecimal;
+    String fixedCoordinate;
+    String fixedValue;
+};
+
+/// The forms that a process has one of, each made when it is first needed.
+struct SharedForms {
+    std::unique_ptr<runtime::Form> main;
+    std::unique_ptr<runtime::Form> messageBox;
+    std::unique_ptr<runtime::Form> query;
+};
+
+/// The suite's message box: given prompt, flags and title, it returns the code of the pressed button.
+using SuiteMessageBox = std::function<std::int32_t(StringView prompt, std::int32_t flags, StringView title)>;
+
 struct ProcessValues {
     // Where things are; full paths.
     String installFolder;  ///< holds the component's own file
@@ -44,7 +64,6 @@ struct ProcessValues {
     String productRange;
 
     // Set when the main form loads.
-    runtime::Form* mainForm = nullptr;
     String moduleName;
     String moduleCaption;
     String helpFilePath;  ///< of the old help format; what is opened bears the extension "chm"
@@ -55,9 +74,32 @@ struct ProcessValues {
     UiFont uiFont;
 
     String serverPath;
+    NumberFormats numberFormats;
+
+    // What the commands and the list of modules said; see routing/CommandInterpreter.h and routing/ModuleList.h.
+    String currentDesignName;
+    String languagePath;
+    std::uint32_t interModuleMessage = 0;
+    std::vector<String> moduleNames;
+    std::int32_t moduleCount = 0;
+    std::int32_t ownModuleIndex = 0;
+
+    // The result of the last split; see routing/FieldSplitter.h.
+    std::vector<String> fieldTexts;
+    std::vector<double> fieldValues;
+
+    /// Shows what ShowMessage sends to the suite's box, which stands in a layer above.
+    SuiteMessageBox suiteMessageBox;
+
+    SharedForms forms;
 };
 
-/// The values of this process; all empty at its start.
-inline ProcessValues& processValues = runtime::NeverDestroyed<ProcessValues>();
+/// The values of this process; all empty at its start. Error 91 before the process was composed.
+ProcessValues& Values();
+/// Chooses them; null takes the choice back. The caller keeps ownership.
+void UseValues(ProcessValues* values);
+
+/// Puts the suite's formats into the process's values.
+void InitNumberFormats();
 
 }  // namespace services

@@ -16,18 +16,19 @@ using runtime::NativeHandle;
 constexpr std::int16_t kTrue = -1;
 
 NativeHandle MainWindow() {
-    return processValues.mainForm ? processValues.mainForm->Handle() : 0;
+    const auto& form = Values().forms.main;
+    return form ? form->Handle() : 0;
 }
 
 }  // namespace
 
 String HelpFileOfInstallation() {
-    return runtime::Trim(processValues.installFolder + u"\\Marlentine.HLP");
+    return runtime::Trim(Values().installFolder + u"\\Marlentine.HLP");
 }
 
 String CompiledHelpName() {
     constexpr std::size_t kExtension = 3;
-    const String& name = processValues.helpFilePath;
+    const String& name = Values().helpFilePath;
     if (name.size() < kExtension)
         throw runtime::ErrorAbout(runtime::kInvalidProcedureCall, u"the help file's name is '" + name + u"'");
     return name.substr(0, name.size() - kExtension) + u"chm";
@@ -44,16 +45,16 @@ void ShowHelpTopic(StringView /*file*/, std::int32_t /*topic*/, std::int16_t& wa
     const NativeHandle window = MainWindow();
     // Noted before the viewer is called, as it may fail with its window open; and once more behind it, as the main form
     // may be unloaded, and the note cleared, while the viewer opens its window.
-    processValues.helpIsOpen = kTrue;
+    Values().helpIsOpen = kTrue;
     runtime::CurrentPorts().help.OpenContents(window, name);
-    processValues.helpIsOpen = kTrue;
+    Values().helpIsOpen = kTrue;
 }
 
 void CloseHelp(NativeHandle window) {
-    if (processValues.helpIsOpen == 0) return;
+    if (Values().helpIsOpen == 0) return;
     runtime::FirstError error;
     error.Run([window] { runtime::CurrentPorts().help.CloseAll(window); });
-    processValues.helpIsOpen = 0;
+    Values().helpIsOpen = 0;
     error.Rethrow();
 }
 

@@ -3,14 +3,14 @@
 #include <gmock/gmock.h>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
 #include "runtime/Error.h"
 #include "services/ProcessValues.h"
-#include "tests/support/ErrorOf.h"
+#include "tests/support/ComponentFixture.h"
 #include "tests/support/HandledForm.h"
-#include "tests/support/RuntimeFixture.h"
 
 namespace services {
 namespace {
@@ -19,11 +19,14 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using Call = runtime::headless::RecordingHelp::Call;
 
-class HelpTest : public tests::HeadlessTest {
+class HelpTest : public tests::HeadlessComponentTest {
  protected:
-    HelpTest() { processValues.helpFilePath = u"D:\\Pelorix\\Marlentine.HLP"; }
-    ~HelpTest() override { processValues = {}; }
+    HelpTest() { Values().helpFilePath = u"D:\\Pelorix\\Marlentine.HLP"; }
 
+    static tests::HandledForm& MakeMainForm() {
+        Values().forms.main = std::make_unique<tests::HandledForm>();
+        return static_cast<tests::HandledForm&>(*Values().forms.main);
+    }
     const std::vector<Call>& Calls() const { return memory_.help.calls; }
     void ShowTopic(std::int16_t wanted = -1) { ShowHelpTopic(u"", 0, wanted); }
 };
@@ -57,13 +60,13 @@ const Call kOpened{0, u"D:\\Pelorix\\Marlentine.chm"};
 TEST_F(HelpTest, ContentsAreOfTheCompiledFile) {
     ShowHelpContents();
     EXPECT_THAT(Calls(), ElementsAre(kOpened));
-    EXPECT_EQ(processValues.helpIsOpen, 0);
+    EXPECT_EQ(Values().helpIsOpen, 0);
 }
 
 TEST_F(HelpTest, WantedTopicOpensTheContentsAndIsNoted) {
     ShowTopic();
     EXPECT_THAT(Calls(), ElementsAre(kOpened));
-    EXPECT_EQ(processValues.helpIsOpen, -1);
+    EXPECT_EQ(Values().helpIsOpen, -1);
 }
 
 TEST_F(HelpTest, AnyValueButZeroIsTrue) {
@@ -74,7 +77,7 @@ TEST_F(HelpTest, AnyValueButZeroIsTrue) {
 TEST_F(HelpTest, TopicThatIsNotWantedDoesNothing) {
     ShowTopic(0);
     EXPECT_THAT(Calls(), IsEmpty());
-    EXPECT_EQ(processValues.helpIsOpen, 0);
+    EXPECT_EQ(Values().helpIsOpen, 0);
 }
 
 TEST_F(HelpTest, LeadingArgumentsChangeNothing) {
@@ -85,36 +88,34 @@ TEST_F(HelpTest, LeadingArgumentsChangeNothing) {
 }
 
 TEST_F(HelpTest, MainFormOwnsTheHelp) {
-    tests::HandledForm form;
-    processValues.mainForm = &form;
+    tests::HandledForm& form = MakeMainForm();
     const runtime::NativeHandle window = form.Handle();
     ShowHelpContents();
     EXPECT_THAT(Calls(), ElementsAre(Call{window, kOpened.opened}));
 }
 
 TEST_F(HelpTest, UnloadedMainFormIsLoadedForItsWindow) {
-    tests::HandledForm form;
-    processValues.mainForm = &form;
+    tests::HandledForm& form = MakeMainForm();
     ShowHelpContents();
     EXPECT_TRUE(form.IsLoaded());
     EXPECT_THAT(Calls(), ElementsAre(Call{form.Handle(), kOpened.opened}));
 }
 
 TEST_F(HelpTest, LastThreeCharactersGoWhateverTheyAre) {
-    processValues.helpFilePath = u"abc";
+    Values().helpFilePath = u"abc";
     ShowHelpContents();
-    processValues.helpFilePath = u"C:\\help";
+    Values().helpFilePath = u"C:\\help";
     ShowHelpContents();
     EXPECT_THAT(Calls(), ElementsAre(Call{0, u"chm"}, Call{0, u"C:\\hchm"}));
 }
 
 TEST_F(HelpTest, NameOfLessThanThreeCharactersIsError5) {
-    processValues.helpFilePath = u"ab";
+    Values().helpFilePath = u"ab";
     EXPECT_EQ(tests::ErrorOf([] { ShowHelpContents(); }), runtime::kInvalidProcedureCall);
     EXPECT_EQ(tests::ErrorOf([this] { ShowTopic(); }), runtime::kInvalidProcedureCall);
     ShowTopic(0);
     EXPECT_THAT(Calls(), IsEmpty());
-    EXPECT_EQ(processValues.helpIsOpen, 0);
+    EXPECT_EQ(Values().helpIsOpen, 0);
 }
 
 TEST_F(HelpTest, ClosesOnceWhatATopicOpened) {

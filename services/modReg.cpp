@@ -41,7 +41,7 @@ constexpr SuiteSetting kIdentitySettings[] = {
 void ReadSettings(std::span<const SuiteSetting> settings) {
     for (const SuiteSetting& setting : settings) {
         const String defaultValue = DefaultOf(setting);
-        processValues.*setting.value =
+        Values().*setting.value =
             kernel_api::CurrentReader().GetSetting(kSettingsApplication, setting.key, defaultValue);
     }
 }
@@ -90,7 +90,7 @@ String DefaultOf(const SuiteSetting& setting) {
 }
 
 void LoadDirectories() {
-    ProcessValues& values = processValues;
+    ProcessValues& values = Values();
     ReadSettings(kFolderSettings);
     Publish(u"JobDir", values.jobFolder);
     Publish(u"LibDir", values.libraryFolder);
@@ -99,7 +99,7 @@ void LoadDirectories() {
 }
 
 void LoadProductIdentity() {
-    ProcessValues& values = processValues;
+    ProcessValues& values = Values();
     ReadSettings(kIdentitySettings);
     Publish(u"PRODUCT_NAME", values.productName);
     Publish(u"MAKER_NAME", values.makerName);

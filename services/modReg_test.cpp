@@ -47,15 +47,15 @@ class LoadingDirectories : public ModReg {};
 TEST_F(LoadingDirectories, DefaultsHoldTheKernelsProductName) {
     kernel_.Put(u"PRODUCT_NAME", u"Orvane");
     LoadDirectories();
-    EXPECT_EQ(processValues.jobFolder, u"C:\\Orvane\\JOB");
-    EXPECT_EQ(processValues.libraryFolder, u"C:\\Orvane\\LIB");
-    EXPECT_EQ(processValues.systemFolder, u"C:\\Orvane\\SYS");
-    EXPECT_EQ(processValues.secondaryJobFolder, u"C:\\CADJOB");
+    EXPECT_EQ(Values().jobFolder, u"C:\\Orvane\\JOB");
+    EXPECT_EQ(Values().libraryFolder, u"C:\\Orvane\\LIB");
+    EXPECT_EQ(Values().systemFolder, u"C:\\Orvane\\SYS");
+    EXPECT_EQ(Values().secondaryJobFolder, u"C:\\CADJOB");
 }
 
 TEST_F(LoadingDirectories, BeforeTheProductIsKnownDefaultsLackItsName) {
     LoadDirectories();
-    EXPECT_EQ(processValues.jobFolder, u"C:\\\\JOB");
+    EXPECT_EQ(Values().jobFolder, u"C:\\\\JOB");
 }
 
 TEST_F(LoadingDirectories, ProductNameIsReadAnewForEachDefault) {
@@ -75,10 +75,10 @@ TEST_F(LoadingDirectories, FourFolders_AreReadBeforeTheyArePublished) {
 TEST_F(LoadingDirectories, SettingsOverrideTheDefaults) {
     WriteIni("[Marlento]\nJobDir=D:\\job\nLibDir=D:\\lib\nSysDir=D:\\sys\nEED3JobDir=D:\\third\n");
     LoadDirectories();
-    EXPECT_EQ(processValues.jobFolder, u"D:\\job");
-    EXPECT_EQ(processValues.libraryFolder, u"D:\\lib");
-    EXPECT_EQ(processValues.systemFolder, u"D:\\sys");
-    EXPECT_EQ(processValues.secondaryJobFolder, u"D:\\third");
+    EXPECT_EQ(Values().jobFolder, u"D:\\job");
+    EXPECT_EQ(Values().libraryFolder, u"D:\\lib");
+    EXPECT_EQ(Values().systemFolder, u"D:\\sys");
+    EXPECT_EQ(Values().secondaryJobFolder, u"D:\\third");
 }
 
 TEST_F(LoadingDirectories, SecondaryJobFolderIsPublishedAsTheJobFolder) {
@@ -94,8 +94,8 @@ TEST_F(LoadingDirectories, PublishedValuesAreTakenBackFromTheKernel) {
     WriteIni("[Marlento]\nJobDir=J\nLibDir=L\n");
     LoadDirectories();
     // Twice for the job folder: it is published under two keys.
-    EXPECT_EQ(processValues.jobFolder, u"J!!");
-    EXPECT_EQ(processValues.libraryFolder, u"L!");
+    EXPECT_EQ(Values().jobFolder, u"J!!");
+    EXPECT_EQ(Values().libraryFolder, u"L!");
     EXPECT_EQ(Kept(u"EED3JobDir"), u"J!!");
 }
 
@@ -128,23 +128,23 @@ TEST_F(LoadingProductIdentity, SixSettings_AreReadBeforeThreeArePublished) {
 
 TEST_F(LoadingProductIdentity, HasDefaults) {
     LoadProductIdentity();
-    EXPECT_EQ(processValues.productName, u"Orvane");
-    EXPECT_EQ(processValues.makerName, u"Harnwell");
-    EXPECT_EQ(processValues.copyrightHolder, u"Daventa");
-    EXPECT_EQ(processValues.version, u"?");
-    EXPECT_EQ(processValues.revision, u"?");
-    EXPECT_EQ(processValues.productRange, u"Electronic design engineering system");
+    EXPECT_EQ(Values().productName, u"Orvane");
+    EXPECT_EQ(Values().makerName, u"Harnwell");
+    EXPECT_EQ(Values().copyrightHolder, u"Daventa");
+    EXPECT_EQ(Values().version, u"?");
+    EXPECT_EQ(Values().revision, u"?");
+    EXPECT_EQ(Values().productRange, u"Electronic design engineering system");
 }
 
 TEST_F(LoadingProductIdentity, ReadsEachSetting) {
     WriteIni("[Marlento]\nSysName=N\nMaker=M\nCopyright=C\nVer=1.2\nRev=7\nRange=R\n");
     LoadProductIdentity();
-    EXPECT_EQ(processValues.productName, u"N");
-    EXPECT_EQ(processValues.makerName, u"M");
-    EXPECT_EQ(processValues.copyrightHolder, u"C");
-    EXPECT_EQ(processValues.version, u"1.2");
-    EXPECT_EQ(processValues.revision, u"7");
-    EXPECT_EQ(processValues.productRange, u"R");
+    EXPECT_EQ(Values().productName, u"N");
+    EXPECT_EQ(Values().makerName, u"M");
+    EXPECT_EQ(Values().copyrightHolder, u"C");
+    EXPECT_EQ(Values().version, u"1.2");
+    EXPECT_EQ(Values().revision, u"7");
+    EXPECT_EQ(Values().productRange, u"R");
 }
 
 TEST_F(LoadingProductIdentity, PublishesThreeInOrderAndTakesThemBack) {
@@ -152,9 +152,9 @@ TEST_F(LoadingProductIdentity, PublishesThreeInOrderAndTakesThemBack) {
     LoadProductIdentity();
     EXPECT_THAT(kernel_.Log(), ElementsAre("E_SetString(PRODUCT_NAME, Orvane)", "E_SetString(MAKER_NAME, Harnwell)",
                                            "E_SetString(COPYRIGHT_NAME, Daventa)"));
-    EXPECT_EQ(processValues.productName, u"Orvane+");
-    EXPECT_EQ(processValues.makerName, u"Harnwell+");
-    EXPECT_EQ(processValues.copyrightHolder, u"Daventa+");
+    EXPECT_EQ(Values().productName, u"Orvane+");
+    EXPECT_EQ(Values().makerName, u"Harnwell+");
+    EXPECT_EQ(Values().copyrightHolder, u"Daventa+");
 }
 
 TEST_F(ModReg, ProductNameIsWhatTheKernelHasNow) {

@@ -5,6 +5,7 @@
 
 #include "host/Composition.h"
 #include "kernel_api/Kernel.h"
+#include "kernel_api/Suite.h"
 #include "runtime/Error.h"
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/ModulePath.h"
@@ -106,7 +107,7 @@ ComponentInForce ComposeAsClient(std::string_view verb, std::ostream& err) {
     }
     host::EnsureComposed(module);
     static const std::unique_ptr<kernel_api::Kernel> kernel = MakeKernelOrNone(FolderOf(component.library));
-    kernel_api::UseKernel(kernel.get());
+    kernel_api::CurrentSuite().kernel = kernel.get();
     return component;
 }
 

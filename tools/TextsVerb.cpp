@@ -149,7 +149,7 @@ String WithoutMarks(StringView caption) {
 }
 
 runtime::Twips WidthOf(StringView caption) {
-    const services::UiFont& chosen = services::processValues.uiFont;
+    const services::UiFont& chosen = services::Values().uiFont;
     runtime::Font font;
     if (!chosen.name.empty()) font.name = chosen.name;
     if (chosen.size > 0) font.size = chosen.size;

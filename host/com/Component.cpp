@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "host/Composition.h"
-#include "host/ProcessLife.h"
+#include "host/Process.h"
 #include "host/clsQmxBackProcess.h"
 #include "host/com/Module.h"
 #include "runtime/Error.h"
@@ -20,7 +20,7 @@ std::size_t LiveWindows() noexcept {
 }
 
 void GiveUpForms() noexcept {
-    runtime::SkipError(ForgetForms);
+    runtime::SkipError(AbandonForms);
 }
 
 }  // namespace host::com

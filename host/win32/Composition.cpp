@@ -1,10 +1,6 @@
 #include "host/Composition.h"
 
-#include "dialogs/frmQMXMsgBox.h"
-#include "kernel_api/builtin/BuiltInReader.h"
-#include "kernel_api/builtin/BuiltInSplitter.h"
 #include "kernel_api/win32/KernelLibrary.h"
-#include "routing/CommandInterpreter.h"
 #include "runtime/Ports.h"
 #include "runtime/win32/GdiFonts.h"
 #include "runtime/win32/HelpControl.h"
@@ -14,21 +10,13 @@
 #include "runtime/win32/Win32MessageBox.h"
 #include "runtime/win32/Win32Process.h"
 #include "runtime/win32/Win32Windows.h"
-#include "services/MessageTexts.h"
 
 namespace host {
 namespace {
 
+/// What the process runs on under Windows.
 struct Composition {
-    explicit Composition(HINSTANCE module)
-        : windows(module), process(module), kernel(process.ComponentFolder()), reader(files, settings, locale) {
-        reader.UseLanguageFolder([] { return routing::LanguagePath; });
-        runtime::UsePorts(&ports);
-        kernel_api::UseKernel(&kernel);
-        kernel_api::UseReader(&reader);
-        kernel_api::UseSplitter(&splitter);
-        services::UseSuiteMessageBox(dialogs::AskWithSuiteBox);
-    }
+    explicit Composition(HINSTANCE module) : windows(module), process(module) {}
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;
     ~Composition() = delete;
@@ -41,17 +29,17 @@ struct Composition {
     runtime::win32::GdiFonts fonts;
     runtime::win32::HelpControl help;
     runtime::win32::Win32MessageBox messageBox{help};
-    runtime::Ports ports{windows, settings, files, process, locale, fonts, messageBox, help};
-    kernel_api::win32::KernelLibrary kernel;
-    kernel_api::builtin::BuiltInReader reader;
-    kernel_api::builtin::BuiltInSplitter splitter;
+    const runtime::Ports ports{windows, settings, files, process, locale, fonts, messageBox, help};
+    kernel_api::win32::KernelLibrary kernel{process.ComponentFolder()};
+    Process component{ports, kernel};
 };
 
 }  // namespace
 
-void EnsureComposed(void* module) {
+Process& EnsureComposed(void* module) {
     // Never destroyed: at the end of a process the system takes windows and libraries back itself.
-    [[maybe_unused]] static const Composition* const composition = new Composition(static_cast<HINSTANCE>(module));
+    static Composition* const composition = new Composition(static_cast<HINSTANCE>(module));
+    return composition->component;
 }
 
 }  // namespace host

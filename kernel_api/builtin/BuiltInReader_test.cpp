@@ -1,6 +1,7 @@
 // The reader of settings and texts over files and settings in memory: where each value comes from, and when a file is
 // read again.
 #include "kernel_api/builtin/BuiltInReader.h"
+#include "kernel_api/Suite.h"
 
 #include <gmock/gmock.h>
 
@@ -165,10 +166,10 @@ TEST_F(BuiltInReaderTest, NoTextIsAtAddressesThatNothingCanHave) {
 class LocalTexts : public BuiltInReaderTest {
  protected:
     LocalTexts() {
-        UseKernel(&kernel_);
+        CurrentSuite().kernel = &kernel_;
         reader_.UseLanguageFolder([this] { return folder_; });
     }
-    ~LocalTexts() override { UseKernel(nullptr); }
+    ~LocalTexts() override { CurrentSuite().kernel = nullptr; }
 
     void WriteTexts(StringView folder, std::string_view lines) {
         files_.AddFile(String(folder).append(u"\\K4TBackProcess.txt"), lines);

@@ -1,5 +1,6 @@
 // Texts split into fields, at last every short one in comparison with the slow splitter of the tests.
 #include "kernel_api/builtin/BuiltInSplitter.h"
+#include "kernel_api/Suite.h"
 
 #include <gtest/gtest.h>
 
@@ -141,9 +142,9 @@ TEST(BuiltInSplitter, EmptySeparatorDividesNothing) {
 TEST(SplitterInUse, IsTheChosenOne) {
     EXPECT_EQ(ErrorOf([] { CurrentSplitter(); }), runtime::kObjectVariableNotSet);
     BuiltInSplitter splitter;
-    UseSplitter(&splitter);
+    CurrentSuite().splitter = &splitter;
     EXPECT_EQ(&CurrentSplitter(), &splitter);
-    UseSplitter(nullptr);
+    CurrentSuite().splitter = nullptr;
     EXPECT_EQ(ErrorOf([] { CurrentSplitter(); }), runtime::kObjectVariableNotSet);
 }
 

@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "dialogs/frmQMXMsgBox.h"
-#include "kernel_api/builtin/BuiltInReader.h"
+#include "host/Process.h"
 #include "runtime/win32/Win32Windows.h"
 #include "tests/bench/AnsweringOwner.h"
 #include "tests/support/InMemoryKernel.h"
@@ -38,7 +38,6 @@ void Compare(int rounds) {
         [&] { return tests::TimeOf<std::milli>([&] { AskSystem(owner.Handle()); }); });
     std::printf("suite's box   %.2f ms\nsystem's box  %.2f ms\nratio         %.2f\n", times.ours, times.theirs,
                 times.Ratio());
-    dialogs::ReleaseSuiteBox();
 }
 
 }  // namespace
@@ -48,13 +47,7 @@ int main(int argc, char** argv) {
     tests::MemoryPorts memory;
     runtime::win32::Win32Windows windows(GetModuleHandleW(nullptr));
     const runtime::Ports ports = tests::WithPort(memory.All(), windows);
-    runtime::UsePorts(&ports);
     tests::InMemoryKernel kernel;
-    kernel_api::builtin::BuiltInReader reader(memory.files, memory.settings, memory.locale);
-    kernel_api::UseKernel(&kernel);
-    kernel_api::UseReader(&reader);
+    const host::Process process(ports, kernel);
     Compare(tests::CountFrom(argc, argv, kRounds));
-    kernel_api::UseReader(nullptr);
-    kernel_api::UseKernel(nullptr);
-    runtime::UsePorts(nullptr);
 }

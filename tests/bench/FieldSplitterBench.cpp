@@ -29,13 +29,14 @@ String MakeList(std::int64_t fields, bool hasQuotes) {
 }
 
 void Ours(benchmark::State& state) {
+    services::ProcessValues values;
+    services::UseValues(&values);
     const String list = MakeList(state.range(0), state.range(1) == kQuoted);
     for (auto _ : state) {
         routing::SplitFields(list);
-        benchmark::DoNotOptimize(routing::FieldValues.data());
+        benchmark::DoNotOptimize(routing::FieldValues().data());
     }
-    if (routing::FieldValues.front() != static_cast<double>(state.range(0))) state.SkipWithError("wrong count");
-    routing::ResetFieldSplitter();
+    if (routing::FieldValues().front() != static_cast<double>(state.range(0))) state.SkipWithError("wrong count");
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
 

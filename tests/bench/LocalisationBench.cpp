@@ -6,7 +6,7 @@
 #include <functional>
 #include <string>
 
-#include "kernel_api/builtin/BuiltInReader.h"
+#include "host/Process.h"
 #include "runtime/Form.h"
 #include "services/Localisation.h"
 #include "services/MessageTexts.h"
@@ -80,16 +80,10 @@ int main(int argc, char** argv) {
 
     tests::MemoryPorts memory;
     const runtime::Ports ports = memory.All();
-    runtime::UsePorts(&ports);
     tests::InMemoryKernel kernel;
-    kernel_api::builtin::BuiltInReader reader(memory.files, memory.settings, memory.locale);
-    kernel_api::UseKernel(&kernel);
-    kernel_api::UseReader(&reader);
+    host::Process process(ports, kernel);
     memory.files.AddFile(u"C:\\de\\K4TBackProcess.txt", TextsFor(kLargest));
-    reader.UseLanguageFolder([] { return String(u"C:\\de"); });
-    services::processValues.uiFont = {u"Arial", 9, 0};
+    process.Reader().UseLanguageFolder([] { return String(u"C:\\de"); });
+    services::Values().uiFont = {u"Arial", 9, 0};
     for (const int controls : {100, 1'000, kLargest}) Compare(controls, rounds, memory.files);
-    kernel_api::UseReader(nullptr);
-    kernel_api::UseKernel(nullptr);
-    runtime::UsePorts(nullptr);
 }

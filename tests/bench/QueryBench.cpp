@@ -70,5 +70,4 @@ int main(int argc, char** argv) {
     const Bench surroundings;
     const tests::AnsweringOwner owner(L"Accept");
     for (const int items : {1'250, 2'500, 5'000, 10'000, 20'000}) Compare(owner, items, rounds);
-    dialogs::ReleaseQuery();
 }

@@ -15,7 +15,7 @@ class HelpCalls : public tests::ComponentTest {
  protected:
     HelpCalls() {
         runtime::UsePorts(&helpingPorts_);
-        services::processValues.installFolder = u"D:\\Pelorix";
+        services::Values().installFolder = u"D:\\Pelorix";
         form_.EnsureLoaded();
         window_ = runtime::FromAscii(std::to_string(form_.Handle()));
         before_ = tests::RecordedHelp().size();
@@ -65,7 +65,7 @@ TEST_F(HelpCalls, TopicThatIsNotWantedCallsNothing) {
 
 TEST_F(HelpCalls, NameBeyondAscii_HasTheBytesOfTheCodePage) {
     if (GetACP() != 1252) GTEST_SKIP() << "the system's code page is not 1252";
-    services::processValues.helpFilePath = u"C:\\Gr\u00F6\u00DFe \u20AC\\\u65B0.HLP";
+    services::Values().helpFilePath = u"C:\\Gr\u00F6\u00DFe \u20AC\\\u65B0.HLP";
     services::ShowHelpContents();
     EXPECT_EQ(NewCalls(), u"A " + window_ + u" C:\\Gr\u00F6\u00DFe \u0080\\?.chm 1 0\n");
 }

@@ -3,7 +3,10 @@
 
 #include "host/clsQmxBackProcess.h"
 #include "host/frmBackProcessMain.h"
+#include "kernel_api/Suite.h"
 #include "kernel_api/win32/KernelLibrary.h"
+#include "routing/CommandInterpreter.h"
+#include "runtime/LoadedForms.h"
 #include "tests/support/ComponentFixture.h"
 #include "tests/support/TestFolder.h"
 
@@ -27,18 +30,18 @@ class TitleReader : public kernel_api::builtin::BuiltInReader {
 class KernelWithout : public tests::HeadlessComponentTest {
  protected:
     KernelWithout() {
-        kernel_api::UseReader(&titles_);
+        kernel_api::CurrentSuite().reader = &titles_;
         form_.EnsureLoaded();
     }
     ~KernelWithout() override {
         connection_.Disconnect();
-        kernel_api::UseKernel(&kernel_);
-        kernel_api::UseReader(&reader_);
+        kernel_api::CurrentSuite().kernel = &kernel_;
+        kernel_api::CurrentSuite().reader = &reader_;
     }
 
     void UseKernelWithout(StringView entry) {
         partial_ = std::make_unique<kernel_api::win32::KernelLibrary>(Beside(entry));
-        kernel_api::UseKernel(partial_.get());
+        kernel_api::CurrentSuite().kernel = partial_.get();
     }
     /// The error that the command's sender gets; 0 for none.
     std::int32_t Execute(StringView command, StringView missing) {
@@ -69,7 +72,7 @@ TEST_F(KernelWithout, ItsDatabaseShowsTheErrorAndShutsDown) {
     EXPECT_EQ(Execute(u"All,SAVE", u"DB_DataBase"), 0);
     ExpectMessageAbout(u"DB_DataBase");
     ExpectShutdown();
-    EXPECT_EQ(routing::CurrentDesignName, u"");
+    EXPECT_EQ(routing::CurrentDesignName(), u"");
 }
 
 TEST_F(KernelWithout, ItsNamesShowsTheErrorAndShutsDown) {

@@ -5,11 +5,12 @@
 #include <new>
 
 #include "kernel_api/Splitter.h"
+#include "kernel_api/Suite.h"
 #include "routing/CommandInterpreter.h"
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "tests/commands/FailingMemory.h"
-#include "tests/support/RuntimeFixture.h"
+#include "tests/support/ComponentFixture.h"
 
 namespace routing {
 namespace {
@@ -33,16 +34,13 @@ class ShortSplitter : public kernel_api::Splitter {
     };
 };
 
-class ShortMemory : public tests::HeadlessTest {
+class ShortMemory : public tests::HeadlessComponentTest {
  protected:
-    ShortMemory() { kernel_api::UseSplitter(&splitter_); }
-    ~ShortMemory() override {
-        tests::MakeMemoryShort(false);
-        ResetCommandInterpreter();
-        kernel_api::UseSplitter(nullptr);
-    }
+    ShortMemory() { kernel_api::CurrentSuite().splitter = &splitter_; }
+    ~ShortMemory() override { tests::MakeMemoryShort(false); }
 
     ShortSplitter splitter_;
+    CommandInterpreter interpreter_;
     runtime::Form form_{{.name = u"short", .caption = u"Short", .inner = {3000, 1500}}};
 };
 
@@ -50,7 +48,7 @@ TEST_F(ShortMemory, DoesNotKeepAFailedCommandFromUnloadingAllForms) {
     form_.EnsureLoaded();
     bool isReported = false;
     try {
-        ExecuteCommand(u"All,SAVE", form_, false);
+        interpreter_.Execute(u"All,SAVE", form_, false);
     } catch (const std::bad_alloc&) {
         isReported = true;
     }

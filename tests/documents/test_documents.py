@@ -57,7 +57,7 @@ ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
 
 # Code that is no file and no command: the first line of each.
 ILLUSTRATIONS = ["EDITOR.exe                                       LIBRARY.exe",
-                 "SuiteReader reader;                     // was: kernel_api::builtin::BuiltInReader reader;"]
+                 "SuiteReader reader_;                    // was: kernel_api::builtin::BuiltInReader reader_;"]
 
 project = pathlib.Path()
 build = pathlib.Path()

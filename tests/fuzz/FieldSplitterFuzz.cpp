@@ -55,17 +55,17 @@ void CheckAnyText(const String& text) {
     }
     if (slow.isEndless) return;
     Require(Split(text) == slow.error, "same error as the slow splitter");
-    Require(FieldTexts == slow.texts, "same texts as the slow splitter");
-    Require(AreSameBits(FieldValues, slow.values), "same values as the slow splitter");
-    Require(FieldTexts.size() == FieldValues.size(), "as many texts as values");
-    Require(FieldTexts.front().empty(), "entry 0 of the texts is empty");
+    Require(FieldTexts() == slow.texts, "same texts as the slow splitter");
+    Require(AreSameBits(FieldValues(), slow.values), "same values as the slow splitter");
+    Require(FieldTexts().size() == FieldValues().size(), "as many texts as values");
+    Require(FieldTexts().front().empty(), "entry 0 of the texts is empty");
     if (slow.error != 0) return;
-    const auto count = FieldTexts.size() - 1;
+    const auto count = FieldTexts().size() - 1;
     const auto commas = static_cast<std::size_t>(std::count(text.begin(), text.end(), u','));
     Require(count >= 1 && count <= commas + 1, "between one field and one more than there are commas");
-    Require(FieldValues.front() == static_cast<double>(count), "entry 0 of the values is the count");
+    Require(FieldValues().front() == static_cast<double>(count), "entry 0 of the values is the count");
     std::size_t length = 0;
-    for (const String& field : FieldTexts) length += field.size();
+    for (const String& field : FieldTexts()) length += field.size();
     Require(length + count - 1 <= text.size(), "the fields and the commas between them fit into the text");
 }
 
@@ -89,16 +89,18 @@ void CheckWellFormedList(FuzzedDataProvider& data) {
     }
     CheckAnyText(list);
     if (Split(list) != 0) return;
-    Require(FieldTexts == fields, "a well-formed list comes apart into its fields");
-    Require(FieldValues.front() == static_cast<double>(fields.size() - 1), "and their number is the count");
+    Require(FieldTexts() == fields, "a well-formed list comes apart into its fields");
+    Require(FieldValues().front() == static_cast<double>(fields.size() - 1), "and their number is the count");
     for (std::size_t i = 1; i < fields.size(); ++i) {
-        Require(FieldValues[i] == routing::FieldToNumber(fields[i]), "each with its own number");
+        Require(FieldValues()[i] == routing::FieldToNumber(fields[i]), "each with its own number");
     }
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    static services::ProcessValues values;
+    services::UseValues(&values);
     FuzzedDataProvider data(bytes, size);
     if (data.ConsumeBool()) {
         CheckWellFormedList(data);

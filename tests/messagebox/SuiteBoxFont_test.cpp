@@ -6,6 +6,7 @@
 #include <string>
 
 #include "kernel_api/Reader.h"
+#include "kernel_api/Suite.h"
 #include "kernel_api/builtin/TextFile.h"
 #include "services/ProcessValues.h"
 #include "tests/messagebox/SuiteBoxTest.h"
@@ -14,13 +15,10 @@
 namespace tests {
 namespace {
 
-class SuiteBoxFont : public SuiteBoxTest {
- protected:
-    ~SuiteBoxFont() override { services::processValues = {}; }
-};
+using SuiteBoxFont = SuiteBoxTest;
 
 TEST_F(SuiteBoxFont, IsTheProcesssOnLabelAndButtons) {
-    services::processValues.uiFont = {u"Tahoma", 12, GREEK_CHARSET};
+    services::Values().uiFont = {u"Tahoma", 12, GREEK_CHARSET};
     const auto look = [](HWND box) {
         for (const HWND window : {LabelOf(box), ButtonOf(box, L"&Yes"), ButtonOf(box, L"Cancel")}) {
             const LOGFONTW font = FontDescriptionOf(window);
@@ -45,8 +43,8 @@ TEST_F(SuiteBoxFont, IsTheDesignsWhileNoneWasChosen) {
 /// The texts of one language.
 class OneLanguage : public kernel_api::Reader {
  public:
-    explicit OneLanguage(std::string_view bytes) : texts_(bytes) { kernel_api::UseReader(this); }
-    ~OneLanguage() override { kernel_api::UseReader(nullptr); }
+    explicit OneLanguage(std::string_view bytes) : texts_(bytes) { kernel_api::CurrentSuite().reader = this; }
+    ~OneLanguage() override { kernel_api::CurrentSuite().reader = nullptr; }
 
     void NormaliseFolder(runtime::String&) override {}
     runtime::String GetSetting(runtime::StringView, runtime::StringView, runtime::StringView value) override {
@@ -108,7 +106,7 @@ TEST_F(SuiteBoxFont, LeavesRoomForTheCaptionsOfEachLanguage) {
     for (const auto& language : languages) {
         SCOPED_TRACE(language.name);
         const OneLanguage spoken(ExampleLanguage(language.name));
-        services::processValues.uiFont = language.font;
+        services::Values().uiFont = language.font;
         const auto look = [&](HWND box) {
             EXPECT_NE(ButtonOf(box, language.yes), nullptr);
             ExpectWholeCaptions(box);
@@ -120,12 +118,12 @@ TEST_F(SuiteBoxFont, LeavesRoomForTheCaptionsOfEachLanguage) {
 TEST_F(SuiteBoxFont, LeavesRoomForShortCaptionsOfThePseudoLanguage) {
     const OneLanguage spoken(
         "39171 = [&Y\u00E9\u0161]\n39172 = [&\u00D1\u00F3]\n99388 = [\u00C7\u00E1\u00F1\u00E7\u00E9l]\n");
-    services::processValues.uiFont = {u"MS Sans Serif", 8, ANSI_CHARSET};
+    services::Values().uiFont = {u"MS Sans Serif", 8, ANSI_CHARSET};
     EXPECT_EQ(Ask(8, {Do(ExpectWholeCaptions), Keys({VK_ESCAPE})}), 2);
 }
 
 TEST_F(SuiteBoxFont, KeyboardStillWalksTheButtons) {
-    services::processValues.uiFont = {u"Tahoma", 12, DEFAULT_CHARSET};
+    services::Values().uiFont = {u"Tahoma", 12, DEFAULT_CHARSET};
     EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), Keys({VK_TAB}), FocusIsOn(L"&No"), Keys({'T'})}), 8);
     ExpectNothingIsLeft();
 }

@@ -6,7 +6,6 @@ namespace tests {
 
 SuiteBoxTest::~SuiteBoxTest() {
     onDisabled_ = onEnabled_ = onActivated_ = nullptr;
-    dialogs::ReleaseSuiteBox();
 }
 
 void SuiteBoxTest::OnOwnerMessage(UINT message, WPARAM wParam) {

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "dialogs/frmQMXMsgBox.h"
-#include "tests/support/RuntimeFixture.h"
+#include "tests/support/ComponentFixture.h"
 #include "tests/windows/AboveOwner.h"
 #include "tests/windows/DialogSteps.h"
 
@@ -37,7 +37,7 @@ class ChangedBox : public dialogs::frmQMXMsgBox {
     std::function<void(ChangedBox&)> change_;
 };
 
-class SuiteBoxTest : public AboveOwner<RuntimeTest> {
+class SuiteBoxTest : public AboveOwner<ComponentTest> {
  protected:
     ~SuiteBoxTest() override;
 

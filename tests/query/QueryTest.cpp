@@ -29,10 +29,6 @@ DialogDriver::Step FocusIsOnInput() {
     };
 }
 
-QueryTest::~QueryTest() {
-    dialogs::ReleaseQuery();
-}
-
 Answer QueryTest::Ask(Question question, Steps steps) {
     const DialogDriver driver(std::move(steps));
     return AskFor(question);

@@ -17,8 +17,6 @@ DialogDriver::Step FocusIsOnInput();
 
 class QueryTest : public AboveOwner<ComponentTest> {
  protected:
-    ~QueryTest() override;
-
     /// The answer, given by `steps`.
     static Answer Ask(Question question, Steps steps);
     /// Asks and accepts at once, without the driver's timer.

@@ -3,7 +3,7 @@
 // tested with the message box.
 #include <gtest/gtest.h>
 
-#include "host/ProcessLife.h"
+#include "host/Process.h"
 #include "host/frmBackProcessMain.h"
 #include "runtime/LoadedForms.h"
 #include "services/ProcessValues.h"
@@ -123,7 +123,7 @@ TEST_F(Query, OneEnterAcceptsOnceWithTheListOpen) {
 }
 
 TEST_F(Query, ControlF1OpensHelpAndF1AloneDoesNot) {
-    services::processValues.helpFilePath = u"D:\\Pelorix\\Marlentine.HLP";
+    services::Values().helpFilePath = u"D:\\Pelorix\\Marlentine.HLP";
     const auto calls = [this] { return memory_.help.calls.size(); };
     const auto isOpened = [calls](HWND) { return calls() == 1; };
     EXPECT_EQ(Ask({}, {FocusIsOnInput(), Keys({VK_F1}), Keys({VK_SHIFT, VK_F1}), Keys({'A'}), Shows(u"a"),

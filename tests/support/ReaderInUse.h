@@ -2,15 +2,16 @@
 #pragma once
 
 #include "kernel_api/Reader.h"
+#include "kernel_api/Suite.h"
 
 namespace tests {
 
 class ReaderInUse {
  public:
     explicit ReaderInUse(kernel_api::Reader& reader) : former_(kernel_api::CurrentReader()) {
-        kernel_api::UseReader(&reader);
+        kernel_api::CurrentSuite().reader = &reader;
     }
-    ~ReaderInUse() { kernel_api::UseReader(&former_); }
+    ~ReaderInUse() { kernel_api::CurrentSuite().reader = &former_; }
     ReaderInUse(const ReaderInUse&) = delete;
     ReaderInUse& operator=(const ReaderInUse&) = delete;
 

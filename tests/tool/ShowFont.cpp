@@ -48,7 +48,7 @@ int main(int count, char** arguments) {
     if (count > 1) lcid = static_cast<std::int32_t>(std::strtol(arguments[1], nullptr, 0));
     const services::FontRule rule = tools::ChooseFont(lcid);
     runtime::LocalePort& locale = runtime::CurrentPorts().locale;
-    const services::UiFont& font = services::processValues.uiFont;
+    const services::UiFont& font = services::Values().uiFont;
     std::printf("system locale=0x%04X\n", static_cast<unsigned>(lcid.value_or(locale.SystemDefaultLcid())));
     std::printf("user locale=0x%04X\n", static_cast<unsigned>(locale.UserDefaultLcid()));
     std::printf("face=[%s]\nsize=%g\n", runtime::ToUtf8(font.name).c_str(), static_cast<double>(font.size));

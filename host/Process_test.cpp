@@ -1,4 +1,4 @@
-#include "host/ProcessLife.h"
+#include "host/Process.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,29 +13,61 @@ namespace host {
 namespace {
 
 using ::testing::ElementsAre;
+using tests::ErrorOf;
 
-class ForgettingForms : public tests::HeadlessComponentTest {
+void ExpectNothingIsChosen() {
+    EXPECT_EQ(ErrorOf([] { runtime::CurrentPorts(); }), runtime::kObjectVariableNotSet);
+    EXPECT_EQ(ErrorOf([] { kernel_api::CurrentKernel(); }), runtime::kObjectVariableNotSet);
+    EXPECT_EQ(ErrorOf([] { kernel_api::CurrentReader(); }), runtime::kObjectVariableNotSet);
+    EXPECT_EQ(ErrorOf([] { kernel_api::CurrentSplitter(); }), runtime::kObjectVariableNotSet);
+    EXPECT_EQ(ErrorOf([] { services::Values(); }), runtime::kObjectVariableNotSet);
+}
+
+TEST(ProcessEnd, FormsAndValuesAreInUse_EverythingIsPutBack) {
+    tests::MemoryPorts memory;
+    const runtime::Ports ports = memory.All();
+    tests::InMemoryKernel kernel;
+    tests::HandledForm dialog;
+    dialog.refusesUnload = true;
+    ExpectNothingIsChosen();
+    {
+        const Process process(ports, kernel);
+        MainForm().EnsureLoaded();
+        dialog.EnsureLoaded();
+        services::Values().languagePath = u"C:\\de";
+        EXPECT_EQ(memory.process.HeldClaims(), 1);
+    }
+    ExpectNothingIsChosen();
+    EXPECT_EQ(LoadedWindowCount(), 0U);
+    EXPECT_EQ(memory.process.HeldClaims(), 0);
+    EXPECT_EQ(kernel.Kept(u"K4TBACKPROCESS"), u"");
+    const Process next(ports, kernel);
+    EXPECT_EQ(services::Values().languagePath, u"");
+    EXPECT_FALSE(MainFormExists());
+}
+
+class AbandoningForms : public tests::HeadlessComponentTest {
  protected:
     tests::HandledForm first_{u"first"};
     tests::HandledForm second_{u"second"};
 };
 
-TEST_F(ForgettingForms, FormsAreLoaded_NoneIsAndNoHandlerRuns) {
+TEST_F(AbandoningForms, FormsAreLoaded_NoneIsAndNoHandlerRuns) {
     first_.EnsureLoaded();
     second_.EnsureLoaded();
     second_.refusesQuery = true;
     EXPECT_EQ(LoadedWindowCount(), 2u);
-    ForgetForms();
+    AbandonForms();
     EXPECT_EQ(LoadedWindowCount(), 0u);
     EXPECT_THAT(first_.log, ElementsAre("load"));
     EXPECT_THAT(second_.log, ElementsAre("load"));
 }
 
-TEST_F(ForgettingForms, MainFormIsLoaded_MayBeLoadedAnew) {
+TEST_F(AbandoningForms, MainFormIsLoaded_MayBeLoadedAnew) {
     int events = 0;
     const auto connection = MainForm().NotifyClass().Connect([&](String&, String&) { ++events; });
     MainForm().EnsureLoaded();
-    ForgetForms();
+    AbandonForms();
     EXPECT_EQ(events, 0) << "no SHUTDOWN";
     EXPECT_FALSE(MainForm().IsLoaded());
     EXPECT_EQ(memory_.process.HeldClaims(), 0);
@@ -45,12 +77,12 @@ TEST_F(ForgettingForms, MainFormIsLoaded_MayBeLoadedAnew) {
 
 /// The process's shared dialog of a kind, which asks; `ask` is called while it does.
 template <typename Dialog>
-void ForgetWhileAsking(runtime::headless::MemoryWindows& windows, const std::function<void()>& ask) {
+void AbandonWhileAsking(runtime::headless::MemoryWindows& windows, const std::function<void()>& ask) {
     std::unique_ptr<Dialog> asking;
     windows.Post([&] {
-        asking.reset(dialogs::SharedDialog<Dialog>().get());
+        asking.reset(dialogs::SharedDialog<Dialog>());
         EXPECT_TRUE(asking->HasOpenPrompt());
-        ForgetForms();
+        AbandonForms();
         EXPECT_EQ(dialogs::SharedDialog<Dialog>(), nullptr);
         EXPECT_EQ(LoadedWindowCount(), 0u);
         asking->Hide();
@@ -58,8 +90,8 @@ void ForgetWhileAsking(runtime::headless::MemoryWindows& windows, const std::fun
     ask();
 }
 
-TEST_F(ForgettingForms, MessageBoxIsOpen_NextQuestionGetsANewBox) {
-    ForgetWhileAsking<dialogs::frmQMXMsgBox>(memory_.windows, [] {
+TEST_F(AbandoningForms, MessageBoxIsOpen_NextQuestionGetsANewBox) {
+    AbandonWhileAsking<dialogs::frmQMXMsgBox>(memory_.windows, [] {
         EXPECT_EQ(dialogs::AskWithSuiteBox(u"Overwrite?", 0, u"Title"), dialogs::frmQMXMsgBox::kCancel);
     });
     memory_.windows.Post([] {
@@ -69,11 +101,11 @@ TEST_F(ForgettingForms, MessageBoxIsOpen_NextQuestionGetsANewBox) {
     dialogs::AskWithSuiteBox(u"Overwrite?", 0, u"Title");
 }
 
-TEST_F(ForgettingForms, QueryDialogIsOpen_NextQuestionGetsANewDialog) {
+TEST_F(AbandoningForms, QueryDialogIsOpen_NextQuestionGetsANewDialog) {
     std::vector<String> values{u"text"};
     std::int32_t index = 0;
     const auto ask = [&] { dialogs::AskQuery(u"Title", u"Name?", values, dialogs::kText, index, false, u""); };
-    ForgetWhileAsking<dialogs::Qmxquery>(memory_.windows, ask);
+    AbandonWhileAsking<dialogs::Qmxquery>(memory_.windows, ask);
     memory_.windows.Post([] {
         EXPECT_TRUE(dialogs::SharedDialog<dialogs::Qmxquery>()->HasOpenPrompt());
         dialogs::SharedDialog<dialogs::Qmxquery>()->Hide();

@@ -1,0 +1,64 @@
+#include "host/Process.h"
+
+#include <memory>
+
+#include "dialogs/frmQMXMsgBox.h"
+#include "host/frmBackProcessMain.h"
+#include "kernel_api/Suite.h"
+#include "runtime/Error.h"
+#include "runtime/Form.h"
+#include "runtime/LoadedForms.h"
+
+namespace host {
+namespace {
+
+/// No events run: nothing may be loaded anew.
+void UnloadForms() {
+    while (runtime::Form* const last = runtime::LoadedForms().LastToUnload()) {
+        runtime::SkipError([last] { last->Unload(); });
+        if (last->IsLoaded()) last->AbandonWindow();
+    }
+}
+
+}  // namespace
+
+Process::Process(const runtime::Ports& ports, kernel_api::Kernel& kernel)
+    : reader_(ports.files, ports.settings, ports.locale) {
+    reader_.UseLanguageFolder([this] { return values_.languagePath; });
+    values_.suiteMessageBox = dialogs::AskWithSuiteBox;
+    runtime::UsePorts(&ports);
+    kernel_api::CurrentSuite() = {&kernel, &reader_, &splitter_};
+    services::UseValues(&values_);
+}
+
+Process::~Process() {
+    UnloadForms();
+    values_.forms = {};
+    services::UseValues(nullptr);
+    kernel_api::CurrentSuite() = {};
+    runtime::UsePorts(nullptr);
+}
+
+frmBackProcessMain& MainForm() {
+    auto& form = services::Values().forms.main;
+    if (!form) form = std::make_unique<frmBackProcessMain>();
+    return static_cast<frmBackProcessMain&>(*form);
+}
+
+bool MainFormExists() {
+    return services::Values().forms.main != nullptr;
+}
+
+std::size_t LoadedWindowCount() {
+    return runtime::LoadedForms().Count();
+}
+
+void AbandonForms() {
+    runtime::LoadedForms().Clear();
+    // Not destroyed: their thread may have a question open in them.
+    static_cast<void>(services::Values().forms.messageBox.release());
+    static_cast<void>(services::Values().forms.query.release());
+    if (MainFormExists()) MainForm().Abandon();
+}
+
+}  // namespace host

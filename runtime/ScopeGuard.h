@@ -1,0 +1,21 @@
+// Runs an action at the end of a block, however the block is left.
+#pragma once
+
+#include <utility>
+
+namespace runtime {
+
+/// `action` must not throw.
+template <typename Action>
+class ScopeGuard {
+ public:
+    explicit ScopeGuard(Action action) : action_(std::move(action)) {}
+    ScopeGuard(const ScopeGuard&) = delete;
+    ScopeGuard& operator=(const ScopeGuard&) = delete;
+    ~ScopeGuard() { action_(); }
+
+ private:
+    Action action_;
+};
+
+}  // namespace runtime
