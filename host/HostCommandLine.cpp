@@ -15,7 +15,7 @@ using runtime::String;
 using runtime::StringView;
 
 constexpr StringView kSystemFolderPrefix = u"/sys:";
-constexpr std::size_t kMostPieces = 2;
+constexpr std::size_t kMaxPieces = 2;
 constexpr char16_t kQuote = u'"';
 
 /// The parts of `commandLine` between double quotes, trimmed, without the empty ones.
@@ -58,7 +58,7 @@ void Take(const String& piece, HostCommandLine& given) {
 HostCommandLine ReadHostCommandLine() {
     HostCommandLine given{services::GetInstallFolder() + u"\\sys", {}};
     const std::vector<String> pieces = SplitAtQuotes(runtime::CurrentPorts().process.CommandLine());
-    if (pieces.size() > kMostPieces) return given;
+    if (pieces.size() > kMaxPieces) return given;
     for (const String& piece : pieces) Take(piece, given);
     return given;
 }

@@ -19,8 +19,6 @@ namespace {
 
 using runtime::SkipError;
 
-constexpr StringView kIniFileName = u"MARLENTO.INI";
-
 void SetKernelString(StringView key, String value) {
     kernel_api::CurrentKernel().E_SetString(key, value);
 }
@@ -46,7 +44,7 @@ clsQmxBackProcess::clsQmxBackProcess(NotifyServerEvent notifyServer)
     services::Values().moduleName.clear();
     ParseCommandLine();
     kernel_api::CurrentReader().NormaliseFolder(systemFolder_);
-    SetKernelString(u"IniFile", systemFolder_ + String(kIniFileName));
+    SetKernelString(u"IniFile", systemFolder_ + String(kernel_api::kIniFileName));
     services::Values().installFolder = services::GetInstallFolder();
     services::LoadDirectories();
     services::LoadProductIdentity();

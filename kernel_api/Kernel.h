@@ -15,6 +15,9 @@ using runtime::StringView;
 /// none. It is 32 bits wide in the component, and signed, as its callers compare it.
 using TextPointer = std::intptr_t;
 
+/// The kernel string that holds the current language's folder.
+inline constexpr StringView kLanguageFolderKey = u"LANGUAGEPATH";
+
 class Kernel {
  public:
     virtual ~Kernel() = default;

@@ -5,6 +5,9 @@
 
 namespace kernel_api {
 
+/// The suite's INI file, in its system folder.
+inline constexpr StringView kIniFileName = u"MARLENTO.INI";
+
 class Reader {
  public:
     virtual ~Reader() = default;

@@ -41,7 +41,7 @@ void UnloadUnlessStaying(const Receiver& receiver) {
 }
 
 void SwitchLanguage(const Receiver& receiver) {
-    LanguagePath() = TextAt(kernel_api::CurrentKernel().E_GetString(u"LANGUAGEPATH"));
+    LanguagePath() = TextAt(kernel_api::CurrentKernel().E_GetString(kernel_api::kLanguageFolderKey));
     services::ChooseUiFont(receiver.mainForm.Handle(), receiver.mainForm.DeviceContext());
     services::LocaliseForm(receiver.mainForm);
 }

@@ -8,7 +8,7 @@
 namespace tools {
 
 runtime::String LanguageFileIn(runtime::FilesPort& files, runtime::StringView folder) {
-    using kernel_api::builtin::kMostTextsBytes;
+    using kernel_api::builtin::kMaxTextsBytes;
     // An empty folder would mean that of the suite's current language to the reader.
     if (folder.empty())
         throw std::runtime_error(
@@ -18,9 +18,9 @@ runtime::String LanguageFileIn(runtime::FilesPort& files, runtime::StringView fo
     if (!stamp)
         throw std::runtime_error("there is no language file " + Quoted(path) +
                                  "; 'backproc texts --template' writes one to start from");
-    if (stamp->size > kMostTextsBytes) {
+    if (stamp->size > kMaxTextsBytes) {
         throw std::runtime_error("the language file " + Quoted(path) + " has " + std::to_string(stamp->size) +
-                                 " bytes; make it no larger than " + std::to_string(kMostTextsBytes));
+                                 " bytes; make it no larger than " + std::to_string(kMaxTextsBytes));
     }
     return path;
 }

@@ -117,7 +117,7 @@ std::string EncodingOf(std::string_view bytes) {
 }
 
 IniFile LookAtIni(Win32Files& files, const String& folder) {
-    IniFile ini{.path = folder + u"\\sys\\MARLENTO.INI"};
+    IniFile ini{.path = folder + u"\\sys\\" + String(kernel_api::kIniFileName)};
     const DWORD attributes = GetFileAttributesW(Wide(ini.path));
     ini.exists = attributes != INVALID_FILE_ATTRIBUTES;
     ini.isFolder = ini.exists && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
@@ -144,10 +144,10 @@ String StringOf(KernelLibrary& kernel, runtime::StringView key) {
 /// The folder that the shared string names, as a client would take it.
 LanguageFolder LookAtLanguage(Win32Files& files, KernelLibrary& kernel) {
     LanguageFolder language;
-    language.folder = StringOf(kernel, u"LANGUAGEPATH");
+    language.folder = StringOf(kernel, kernel_api::kLanguageFolderKey);
     if (language.folder.empty()) return language;
     const auto bytes = files.Read(kernel_api::builtin::TextsPathIn(language.folder));
-    language.hasFile = bytes && bytes->size() <= kernel_api::builtin::kMostTextsBytes;
+    language.hasFile = bytes && bytes->size() <= kernel_api::builtin::kMaxTextsBytes;
     if (!language.hasFile) return language;
     language.isUtf16 = IsUtf16(*bytes);
     const kernel_api::builtin::TextFile texts(*bytes);

@@ -98,7 +98,8 @@ TextsRequest ReadRequest(const Arguments& arguments) {
 std::optional<String> LanguageFolder(const TextsRequest& request, std::ostream& err) {
     if (request.folder) return request.folder;
     try {
-        String folder = kernel_api::CurrentReader().TextAt(kernel_api::CurrentKernel().E_GetString(u"LANGUAGEPATH"));
+        String folder =
+            kernel_api::CurrentReader().TextAt(kernel_api::CurrentKernel().E_GetString(kernel_api::kLanguageFolderKey));
         if (!folder.empty()) return folder;
         err << "backproc texts: no language folder is chosen; give one with --folder\n";
     } catch (const runtime::Error& error) {

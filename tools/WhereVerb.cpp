@@ -118,7 +118,7 @@ int RunWhere(const Arguments& arguments, Console& console) {
     const bool isBeside = given.systemFolder == installFolder + u"\\sys";
     BuiltInReader reader(ports.files, ports.settings, ports.locale);
     reader.NormaliseFolder(given.systemFolder);
-    const String iniFile = given.systemFolder + u"MARLENTO.INI";
+    const String iniFile = given.systemFolder + String(kernel_api::kIniFileName);
 
     Show(console, "component", component.library, ScopeInWords(component));
     ShowKernel(console, installFolder, kernelFailure);

@@ -13,7 +13,7 @@ namespace host::com {
 
 class Arguments {
  public:
-    static constexpr std::size_t kMostParameters = 2;
+    static constexpr std::size_t kMaxParameters = 2;
 
     /// Throws DISP_E_BADPARAMCOUNT for too many arguments, DISP_E_PARAMNOTFOUND for a name that is no parameter's or
     /// whose parameter has its argument already. `badArgument` may be null.
@@ -37,7 +37,7 @@ class Arguments {
     const DISPPARAMS& parameters_;
     LCID lcid_;
     UINT* badArgument_;
-    std::array<std::size_t, kMostParameters> indexes_;  ///< of the parameters' arguments in the client's list
+    std::array<std::size_t, kMaxParameters> indexes_;  ///< of the parameters' arguments in the client's list
 };
 
 }  // namespace host::com

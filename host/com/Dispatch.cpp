@@ -16,7 +16,7 @@ constexpr DISPID kSeverPath = 3;
 struct Member {
     DISPID id;
     const wchar_t* name;
-    std::array<const wchar_t*, Arguments::kMostParameters> parameters;  ///< null behind the last one
+    std::array<const wchar_t*, Arguments::kMaxParameters> parameters;  ///< null behind the last one
 };
 
 constexpr Member kMembers[] = {

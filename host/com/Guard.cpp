@@ -10,7 +10,7 @@ namespace host::com {
 namespace {
 
 constexpr std::uint32_t kRuntimeErrors = 0x800A0000;
-constexpr std::int32_t kLargestNumber = 0xFFFF;
+constexpr std::int32_t kMaxNumber = 0xFFFF;
 constexpr StringView kSource = u"K4TBackProcess";
 
 /// What went wrong, as far as a client is told. Without a description the code says it all.
@@ -64,16 +64,16 @@ void SetErrorObject(const Failure& failure) noexcept try {
 HRESULT HresultOf(const runtime::Error& error) noexcept {
     const std::int32_t number = error.Number();
     if (number < 0) return number;
-    const std::int32_t told = number <= kLargestNumber ? number : static_cast<std::int32_t>(runtime::kInternalError);
+    const std::int32_t told = number <= kMaxNumber ? number : static_cast<std::int32_t>(runtime::kInternalError);
     return static_cast<HRESULT>(kRuntimeErrors + static_cast<std::uint32_t>(told));
 }
 
 bool IsRuntimeError(HRESULT code) noexcept {
-    return (static_cast<std::uint32_t>(code) & ~static_cast<std::uint32_t>(kLargestNumber)) == kRuntimeErrors;
+    return (static_cast<std::uint32_t>(code) & ~static_cast<std::uint32_t>(kMaxNumber)) == kRuntimeErrors;
 }
 
 std::int32_t NumberOf(HRESULT code) noexcept {
-    return IsRuntimeError(code) ? code & kLargestNumber : code;
+    return IsRuntimeError(code) ? code & kMaxNumber : code;
 }
 
 void ThrowWithErrorObject(HRESULT failure) {

@@ -16,7 +16,7 @@ namespace host::com {
 namespace {
 
 /// Homes may come and go between an attempt's two steps, however often.
-constexpr int kMostAttempts = 20;
+constexpr int kMaxAttempts = 20;
 
 // Counted apart: a lock that is given back once too often must not count for a factory that a client holds.
 std::atomic<long> serverReferences{0};
@@ -150,7 +150,7 @@ bool CanUnload() noexcept {
 HRESULT CreateAtHome(REFIID iid, void** object) {
     RequireSingleThreadedApartment();
     Attempt attempt{RPC_E_SERVER_DIED, true};
-    for (int i = 0; i < kMostAttempts && attempt.isHomeLost; ++i) {
+    for (int i = 0; i < kMaxAttempts && attempt.isHomeLost; ++i) {
         const HomeRegister::Entry entry = EnterHome();
         if (entry.isHere) return BackProcessObject::Create(Residence(entry.generation), iid, object);
         attempt = CreateThrough(entry.cookie, iid, object);

@@ -7,7 +7,6 @@
 namespace kernel_api::builtin {
 namespace {
 
-constexpr StringView kIniName = u"MARLENTO.INI";
 constexpr StringView kTextsName = u"K4TBackProcess.txt";
 constexpr StringView kRegistrySection = u"Settings";
 
@@ -27,7 +26,7 @@ BuiltInReader::BuiltInReader(runtime::FilesPort& files, runtime::SettingsPort& s
 
 void BuiltInReader::NormaliseFolder(String& folder) {
     if (!folder.ends_with(u'\\')) folder += u'\\';
-    iniFile_.SetPath(String(folder).append(kIniName));
+    iniFile_.SetPath(String(folder).append(kIniFileName));
 }
 
 String BuiltInReader::GetSetting(StringView application, StringView key, StringView defaultValue) {
@@ -59,7 +58,7 @@ void BuiltInReader::RefreshTexts() {
 
 String BuiltInReader::LanguageFolder() {
     String folder = languageFolder_ ? languageFolder_() : String();
-    return folder.empty() ? TextAt(CurrentKernel().E_GetString(u"LANGUAGEPATH")) : folder;
+    return folder.empty() ? TextAt(CurrentKernel().E_GetString(kLanguageFolderKey)) : folder;
 }
 
 String BuiltInReader::TextAt(TextPointer pointer) {

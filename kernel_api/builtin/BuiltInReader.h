@@ -17,7 +17,7 @@ namespace kernel_api::builtin {
 
 /// More than this is no language file: it would take hundreds of megabytes of a module's memory and seconds of its
 /// time. It holds about 300,000 texts of ordinary length.
-constexpr std::uint64_t kMostTextsBytes = 16u << 20;
+constexpr std::uint64_t kMaxTextsBytes = 16u << 20;
 
 /// Path of the texts in a language folder, which may end in a backslash.
 String TextsPathIn(StringView languageFolder);
@@ -61,7 +61,7 @@ class BuiltInReader : public Reader {
     IniText ini_;
     std::function<String()> languageFolder_;
     String textsFolder_;  ///< the folder whose file is watched
-    WatchedFile textsFile_{files_, kMostTextsBytes};
+    WatchedFile textsFile_{files_, kMaxTextsBytes};
     TextFile texts_;
 };
 

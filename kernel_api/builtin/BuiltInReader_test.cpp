@@ -285,7 +285,7 @@ TEST_F(LocalTexts, FolderThatIsNoPathGivesTheDefaults) {
 TEST_F(LocalTexts, FileTooLargeIsNotRead) {
     folder_ = u"C:\\de";
     std::string lines = "1 = eins\n# ";
-    lines.resize(kMostTextsBytes, 'x');
+    lines.resize(kMaxTextsBytes, 'x');
     WriteTexts(u"C:\\de", lines);
     EXPECT_EQ(Text(u"1"), u"eins");
     files_.ClearLog();

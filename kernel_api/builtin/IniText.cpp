@@ -1,32 +1,18 @@
 #include "kernel_api/builtin/IniText.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <utility>
 
+#include "kernel_api/builtin/Lines.h"
+
 namespace kernel_api::builtin {
 namespace {
-
-StringView Trimmed(StringView text) {
-    constexpr StringView kGaps = u" \t";
-    const auto first = text.find_first_not_of(kGaps);
-    if (first == StringView::npos) return {};
-    return text.substr(first, text.find_last_not_of(kGaps) - first + 1);
-}
 
 StringView WithoutQuotes(StringView value) {
     const bool isQuoted =
         value.size() >= 2 && value.front() == value.back() && (value.front() == u'"' || value.front() == u'\'');
     return isQuoted ? value.substr(1, value.size() - 2) : value;
-}
-
-/// Takes the first line off `text`. The line feed of a CR LF leaves an empty line, which says nothing.
-StringView NextLine(StringView& text) {
-    const auto end = std::min(text.find_first_of(u"\r\n"), text.size());
-    const StringView line = text.substr(0, end);
-    text.remove_prefix(std::min(end + 1, text.size()));
-    return line;
 }
 
 String FromUtf16Bytes(std::string_view bytes, bool lowFirst) {
@@ -63,7 +49,7 @@ std::string_view IniProblem(std::string_view bytes) {
 IniText::IniText(runtime::LocalePort& locale, StringView text) : locale_(&locale) {
     Section* section = nullptr;
     while (!text.empty()) {
-        const StringView line = Trimmed(NextLine(text));
+        const StringView line = Trimmed(TakeLine(text));
         if (line.starts_with(u';')) continue;
         if (!line.starts_with(u'[')) {
             if (section) AddSetting(*section, line);

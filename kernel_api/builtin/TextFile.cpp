@@ -1,9 +1,10 @@
 #include "kernel_api/builtin/TextFile.h"
 
-#include <algorithm>
 #include <cstddef>
 #include <optional>
 #include <utility>
+
+#include "kernel_api/builtin/Lines.h"
 
 namespace kernel_api::builtin {
 namespace {
@@ -12,25 +13,6 @@ using runtime::String;
 using runtime::StringView;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-constexpr std::string_view kAround = " \t";
-constexpr StringView kAroundText = u" \t";
-
-template <typename View>
-View Trimmed(View text, View around) {
-    const auto first = text.find_first_not_of(around);
-    if (first == View::npos) return {};
-    return text.substr(first, text.find_last_not_of(around) - first + 1);
-}
-
-/// Takes the first line, with its end, off `bytes`.
-std::string_view TakeLine(std::string_view& bytes) {
-    const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
-    const std::string_view line = bytes.substr(0, end);
-    const std::size_t ending = bytes.substr(end).starts_with("\r\n") ? 2 : 1;
-    bytes.remove_prefix(std::min(end + ending, bytes.size()));
-    return line;
-}
-
 /// None for bytes that are not UTF-8, or no text.
 std::optional<String> Decode(std::string_view bytes) {
     if (bytes.find('\0') != std::string_view::npos) return std::nullopt;
@@ -72,7 +54,7 @@ std::optional<String> Unescape(StringView text) {
 TextFile::TextFile(std::string_view bytes, const FaultSink& onFault) {
     if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
     for (std::size_t number = 1; !bytes.empty(); ++number) {
-        const auto fault = Take(Trimmed(TakeLine(bytes), kAround));
+        const auto fault = Take(Trimmed(TakeLine(bytes)));
         if (!fault) continue;
         ++skippedLines_;
         if (onFault) onFault(number, *fault);
@@ -85,9 +67,9 @@ std::optional<LineFault> TextFile::Take(std::string_view line) {
     if (!decoded) return LineFault::kNotUtf8;
     const std::size_t equals = decoded->find(u'=');
     if (equals == String::npos) return LineFault::kNoEqualsSign;
-    const StringView identifier = Trimmed(StringView(*decoded).substr(0, equals), kAroundText);
+    const StringView identifier = Trimmed(StringView(*decoded).substr(0, equals));
     if (identifier.empty()) return LineFault::kNoIdentifier;
-    const StringView written = Trimmed(StringView(*decoded).substr(equals + 1), kAroundText);
+    const StringView written = Trimmed(StringView(*decoded).substr(equals + 1));
     if (written.empty()) return LineFault::kNoText;
     auto text = Unescape(written);
     if (!text) return LineFault::kUnknownEscape;
@@ -96,7 +78,7 @@ std::optional<LineFault> TextFile::Take(std::string_view line) {
 }
 
 const String* TextFile::Find(StringView identifier) const {
-    const auto found = texts_.find(Trimmed(identifier, StringView(u" ")));
+    const auto found = texts_.find(Trimmed(identifier));
     return found == texts_.end() ? nullptr : &found->second;
 }
 

@@ -15,9 +15,9 @@ class WatchedFile {
  public:
     static constexpr std::uint64_t kAnySize = std::numeric_limits<std::uint64_t>::max();
 
-    /// `files` must outlive the object. A file of more than `mostBytes` is treated as none, unread.
-    explicit WatchedFile(runtime::FilesPort& files, std::uint64_t mostBytes = kAnySize)
-        : files_(files), mostBytes_(mostBytes) {}
+    /// `files` must outlive the object. A file of more than `maxBytes` is treated as none, unread.
+    explicit WatchedFile(runtime::FilesPort& files, std::uint64_t maxBytes = kAnySize)
+        : files_(files), maxBytes_(maxBytes) {}
 
     /// The path may be empty: no file.
     void SetPath(runtime::String path) {
@@ -33,7 +33,7 @@ class WatchedFile {
         const auto stamp = path_.empty() ? std::nullopt : files_.Stamp(path_);
         if (!changed_ && stamp == stamp_) return;
         std::optional<std::string> bytes;
-        const bool isTooLarge = stamp && stamp->size > mostBytes_;
+        const bool isTooLarge = stamp && stamp->size > maxBytes_;
         if (stamp && !isTooLarge) {
             bytes = files_.Read(path_);
             if (!bytes && !changed_) return;
@@ -46,7 +46,7 @@ class WatchedFile {
 
  private:
     runtime::FilesPort& files_;
-    const std::uint64_t mostBytes_;
+    const std::uint64_t maxBytes_;
     runtime::String path_;
     std::optional<runtime::FileStamp> stamp_;  ///< of what was taken
     bool changed_ = false;                     ///< another path since then

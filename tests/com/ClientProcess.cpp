@@ -8,7 +8,7 @@
 namespace tests::com {
 namespace {
 
-constexpr DWORD kLongestWait = 30'000;  // milliseconds
+constexpr DWORD kMaxWait = 30'000;  // milliseconds
 
 }  // namespace
 
@@ -27,7 +27,7 @@ ClientProcess::ClientProcess(const std::wstring& arguments) {
 
 bool ClientProcess::WaitFor(HANDLE event) const {
     const HANDLE handles[] = {event, process_.Get()};
-    const ULONGLONG end = GetTickCount64() + kLongestWait;
+    const ULONGLONG end = GetTickCount64() + kMaxWait;
     while (GetTickCount64() < end) {
         const DWORD woken = MsgWaitForMultipleObjects(2, handles, FALSE, 100, QS_ALLINPUT);
         if (woken == WAIT_OBJECT_0) return true;
@@ -38,7 +38,7 @@ bool ClientProcess::WaitFor(HANDLE event) const {
 }
 
 std::optional<DWORD> ClientProcess::ExitCode() const {
-    if (WaitForSingleObject(process_.Get(), kLongestWait) != WAIT_OBJECT_0) return {};
+    if (WaitForSingleObject(process_.Get(), kMaxWait) != WAIT_OBJECT_0) return {};
     DWORD code = 0;
     GetExitCodeProcess(process_.Get(), &code);
     return code;
@@ -46,7 +46,7 @@ std::optional<DWORD> ClientProcess::ExitCode() const {
 
 void ClientProcess::Kill() const {
     TerminateProcess(process_.Get(), 3);
-    WaitForSingleObject(process_.Get(), kLongestWait);
+    WaitForSingleObject(process_.Get(), kMaxWait);
 }
 
 }  // namespace tests::com

@@ -151,11 +151,11 @@ void ServeMessages() {
 }
 
 void InOtherApartment(const std::function<void()>& work, DWORD apartment) {
-    constexpr DWORD kMostMilliseconds = 10000;
+    constexpr DWORD kMaxMilliseconds = 10000;
     OtherThread other{work, apartment};
     runtime::win32::KernelHandle thread(CreateThread(nullptr, 0, RunOther, &other, 0, nullptr));
     HANDLE handle = thread.Get();
-    const ULONGLONG end = GetTickCount64() + kMostMilliseconds;
+    const ULONGLONG end = GetTickCount64() + kMaxMilliseconds;
     while (MsgWaitForMultipleObjects(1, &handle, FALSE, 100, QS_ALLINPUT) != WAIT_OBJECT_0) {
         if (GetTickCount64() > end) {
             ADD_FAILURE() << "the other apartment's work does not end";

@@ -6,12 +6,12 @@ namespace {
 using runtime::win32::RegistryKey;
 using runtime::win32::ToString;
 
-constexpr DWORD kLongestName = 16384;
+constexpr DWORD kMaxName = 16384;
 
 void AddValues(HKEY key, const std::u16string& path, Hive& hive) {
-    std::wstring name(kLongestName, L'\0');
+    std::wstring name(kMaxName, L'\0');
     for (DWORD i = 0;; ++i) {
-        DWORD length = kLongestName;
+        DWORD length = kMaxName;
         DWORD type = 0;
         DWORD bytes = 0;
         if (RegEnumValueW(key, i, name.data(), &length, nullptr, &type, nullptr, &bytes) != ERROR_SUCCESS) return;
@@ -27,9 +27,9 @@ void AddKey(HKEY parent, const wchar_t* name, const std::u16string& path, Hive& 
     const RegistryKey key(opened);
     hive[path] = {};
     AddValues(opened, path, hive);
-    std::wstring below(kLongestName, L'\0');
+    std::wstring below(kMaxName, L'\0');
     for (DWORD i = 0;; ++i) {
-        DWORD length = kLongestName;
+        DWORD length = kMaxName;
         const LSTATUS status = RegEnumKeyExW(opened, i, below.data(), &length, nullptr, nullptr, nullptr, nullptr);
         if (status != ERROR_SUCCESS) return;
         AddKey(opened, below.c_str(), path + ToString(below.c_str(), length) + u'\\', hive);

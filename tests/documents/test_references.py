@@ -111,8 +111,8 @@ class Tables(unittest.TestCase):
         self.assertEqual(self.table("docs/REFERENCE.md", "Commands it understands"), verbs)
 
     def test_shared_strings(self):
-        used = self.literals(r'(?:Publish|SetKernelString|E_GetString)\(u"(\w+)"|kOwnModuleName = u"(\w+)"', "services/modReg.cpp",
-                             "services/ProcessValues.h", "routing/ModuleList.cpp", "routing/CommandInterpreter.cpp",
+        used = self.literals(r'(?:Publish|SetKernelString|E_GetString)\(u"(\w+)"|(?:kOwnModuleName|kLanguageFolderKey) = u"(\w+)"',
+                             "services/modReg.cpp", "services/ProcessValues.h", "routing/ModuleList.cpp", "kernel_api/Kernel.h",
                              "host/clsQmxBackProcess.cpp")
         self.assertEqual(self.table("README.md", "Shared strings"), {name or own for name, own in used})
 
