@@ -24,26 +24,26 @@ template <typename Body, typename... Result>
 HRESULT BackProcessObject::Member(Body&& body, Result*... results) noexcept {
     (Clear(results), ...);
     return Guarded([&] {
-        residence_.RequireHere();
-        const Keep keep(Identity());
+        membership_.RequireHomeThread();
+        const ScopedReference held(Identity());
         return body();
     });
 }
 
-BackProcessObject::BackProcessObject(Residence residence) noexcept
-    : residence_(std::move(residence)), eventPoint_(*this, residence_, sinks_) {}
+BackProcessObject::BackProcessObject(HomeMembership membership) noexcept
+    : membership_(std::move(membership)), eventPoint_(*this, membership_, sinks_) {}
 
 void BackProcessObject::MakeService() {
     service_ = MakeServiceObject([this](String& Aname, String& sCommand) {
         // The event belongs to the present home; sinks of one that was given up cannot be called from here.
-        if (!residence_.IsHere()) return;
-        const Keep keep(Identity());
+        if (!membership_.IsOnHomeThread()) return;
+        const ScopedReference held(Identity());
         RaiseNotifyServer(sinks_, Aname, sCommand);
     });
 }
 
-HRESULT BackProcessObject::Create(Residence residence, REFIID iid, void** object) {
-    auto made = ComPtr<BackProcessObject>::Attach(new BackProcessObject(std::move(residence)));
+HRESULT BackProcessObject::Create(HomeMembership membership, REFIID iid, void** object) {
+    auto made = ComPtr<BackProcessObject>::Attach(new BackProcessObject(std::move(membership)));
     // The interface first: making a service object and ending it again would unload the form for every other client.
     ComPtr<IUnknown> wanted;
     Check(made->QueryInterface(iid, wanted.PutVoid()));
@@ -52,42 +52,11 @@ HRESULT BackProcessObject::Create(Residence residence, REFIID iid, void** object
     return S_OK;
 }
 
-// Asked for and not offered: IExternalConnection, IMarshal, IDispatchEx, IPersistStreamInit, IObjectWithSite. The
-// system's marshaller, plain late binding and an object without stored state are what clients get.
-HRESULT BackProcessObject::QueryInterface(REFIID iid, void** object) {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (iid == IID_IUnknown || iid == IID_IDispatch || iid == IID__clsQmxBackProcess) {
-        *object = static_cast<_clsQmxBackProcess*>(this);
-    } else if (iid == IID_IProvideClassInfo || iid == IID_IProvideClassInfo2) {
-        *object = static_cast<IProvideClassInfo2*>(this);
-    } else if (iid == IID_ISupportErrorInfo) {
-        *object = static_cast<ISupportErrorInfo*>(this);
-    } else if (iid == IID_IConnectionPointContainer) {
-        *object = static_cast<IConnectionPointContainer*>(this);
-    } else if (iid == IID_IK4TDiagnostics) {
-        *object = static_cast<IK4TDiagnostics*>(this);
-    } else {
-        return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
-}
-
-ULONG BackProcessObject::AddRef() {
-    return references_.Add();
-}
-
-ULONG BackProcessObject::Release() {
-    const ULONG left = references_.Drop();
-    if (left > 0) return left;
-    if (isEnded_) {
-        delete this;
-        return 0;
-    }
+ULONG BackProcessObject::OnLastRelease() {
+    if (isEnded_) return Implements::OnLastRelease();
     isEnded_ = true;
     // Held until it has ended: sinks take and release references while they are called, and may keep some.
-    references_.Add();
+    AddRef();
     if (EndAtHome(*this)) return 0;
     Terminate();
     return Release();
@@ -147,9 +116,9 @@ HRESULT BackProcessObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count
 HRESULT BackProcessObject::Invoke(DISPID member, REFIID iid, LCID lcid, WORD flags, DISPPARAMS* parameters,
                                   VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
     // The code itself, not an exception of the call: nothing was called.
-    if (!residence_.IsHere()) return Member([] { return S_OK; });
+    if (!membership_.IsOnHomeThread()) return Member([] { return S_OK; });
     return GuardedInvoke(exception, [&] {
-        const Keep keep(Identity());
+        const ScopedReference held(Identity());
         if (iid != IID_NULL) throw ComError(DISP_E_UNKNOWNINTERFACE);
         RequirePointer(parameters);
         return InvokeMember(Service(), {member, flags, lcid, *parameters, result, badArgument});

@@ -14,27 +14,19 @@
 #include "host/ServiceObject.h"
 #include "host/com/EventPoint.h"
 #include "host/com/HomeApartment.h"
-#include "host/com/References.h"
+#include "host/com/Implements.h"
 #include "host/com/Sinks.h"
 #include "host/com/TypeLibrary.h"
 
 namespace host::com {
 
-class BackProcessObject final : public _clsQmxBackProcess,
-                                public IProvideClassInfo2,
-                                public ISupportErrorInfo,
-                                public IConnectionPointContainer,
-                                public IK4TDiagnostics {
+// Asked for and not offered: IExternalConnection, IMarshal, IDispatchEx, IPersistStreamInit, IObjectWithSite. The
+// system's marshaller, plain late binding and an object without stored state are what clients get.
+class BackProcessObject final : public Implements<_clsQmxBackProcess, IProvideClassInfo2, ISupportErrorInfo,
+                                                  IConnectionPointContainer, IK4TDiagnostics> {
  public:
     /// A new instance in the calling apartment, as interface `iid`. Throws what creating the service object throws.
-    static HRESULT Create(Residence residence, REFIID iid, void** object);
-
-    BackProcessObject(const BackProcessObject&) = delete;
-    BackProcessObject& operator=(const BackProcessObject&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
+    static HRESULT Create(HomeMembership membership, REFIID iid, void** object);
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID lcid, ITypeInfo** typeInfo) override;
@@ -66,9 +58,10 @@ class BackProcessObject final : public _clsQmxBackProcess,
     void End();
 
  private:
-    explicit BackProcessObject(Residence residence) noexcept;
-    ~BackProcessObject() = default;
+    explicit BackProcessObject(HomeMembership membership) noexcept;
 
+    /// Terminates the instance, and deletes it at the release after that.
+    ULONG OnLastRelease() override;
     void MakeService();
     IUnknown& Identity() { return static_cast<_clsQmxBackProcess&>(*this); }
     /// Error 91 once it has been terminated.
@@ -78,11 +71,10 @@ class BackProcessObject final : public _clsQmxBackProcess,
     HRESULT Member(Body&& body, Result*... results) noexcept;
     void Terminate();
 
-    Residence residence_;
+    HomeMembership membership_;
     /// Never used: the type library stays open while an instance lives, because the system's marshaller asks for it
     /// from every thread.
     const ComPtr<ITypeLib> typeLibrary_ = OpenTypeLibrary();
-    References references_;
     Sinks sinks_;
     EventPoint eventPoint_;
     bool isEnded_ = false;

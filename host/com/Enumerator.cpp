@@ -5,7 +5,7 @@
 
 #include "host/com/Guard.h"
 #include "host/com/HomeApartment.h"
-#include "host/com/References.h"
+#include "host/com/Implements.h"
 
 namespace host::com {
 namespace {
@@ -14,7 +14,6 @@ struct PointPolicy {
     using Interface = IEnumConnectionPoints;
     using Item = IConnectionPoint*;
     using Owned = ComPtr<IConnectionPoint>;
-    static REFIID Iid() { return IID_IEnumConnectionPoints; }
     static Item HandOut(Owned point) { return point.Detach(); }
 };
 
@@ -22,34 +21,16 @@ struct ConnectionPolicy {
     using Interface = IEnumConnections;
     using Item = CONNECTDATA;
     using Owned = Connection;
-    static REFIID Iid() { return IID_IEnumConnections; }
     static Item HandOut(Owned connection) { return {connection.sink.Detach(), connection.cookie}; }
 };
 
 template <typename Policy>
-class Enumerator final : public Policy::Interface {
+class Enumerator final : public Implements<typename Policy::Interface> {
  public:
     using Item = typename Policy::Item;
     using Items = std::vector<typename Policy::Owned>;
 
     explicit Enumerator(Items items, std::size_t next = 0) : items_(std::move(items)), next_(next) {}
-    Enumerator(const Enumerator&) = delete;
-    Enumerator& operator=(const Enumerator&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-        if (object == nullptr) return E_POINTER;
-        *object = nullptr;
-        if (iid != IID_IUnknown && iid != Policy::Iid()) return E_NOINTERFACE;
-        *object = static_cast<typename Policy::Interface*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = references_.Drop();
-        if (left == 0) delete this;
-        return left;
-    }
 
     /// `fetched` may be null only when one item is asked for.
     HRESULT STDMETHODCALLTYPE Next(ULONG count, Item* items, ULONG* fetched) override {
@@ -79,13 +60,10 @@ class Enumerator final : public Policy::Interface {
     }
 
  private:
-    ~Enumerator() = default;
-
     ULONG Left() const { return static_cast<ULONG>(items_.size() - next_); }
 
     // First, so that it goes last: what the items release may still need this code.
     ServerReference server_;
-    References references_;
     Items items_;
     std::size_t next_;
 };

@@ -10,24 +10,10 @@ template <typename Body, typename... Result>
 HRESULT EventPoint::Member(Body&& body, Result*... results) noexcept {
     (Clear(results), ...);
     return Guarded([&] {
-        residence_.RequireHere();
-        const Keep keep(static_cast<IConnectionPoint&>(*this));
+        membership_.RequireHomeThread();
+        const ScopedReference held(static_cast<IConnectionPoint&>(*this));
         return body();
     });
-}
-
-HRESULT EventPoint::QueryInterface(REFIID iid, void** object) {
-    if (object == nullptr) return E_POINTER;
-    *object = nullptr;
-    if (iid == IID_IUnknown || iid == IID_IConnectionPoint) {
-        *object = static_cast<IConnectionPoint*>(this);
-    } else if (iid == IID_ISupportErrorInfo) {
-        *object = static_cast<ISupportErrorInfo*>(this);
-    } else {
-        return E_NOINTERFACE;
-    }
-    AddRef();
-    return S_OK;
 }
 
 HRESULT EventPoint::GetConnectionInterface(IID* iid) {

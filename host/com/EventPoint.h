@@ -3,19 +3,16 @@
 #pragma once
 
 #include "host/com/HomeApartment.h"
+#include "host/com/Implements.h"
 #include "host/com/Sinks.h"
 
 namespace host::com {
 
-class EventPoint final : public IConnectionPoint, public ISupportErrorInfo {
+class EventPoint final : public Interfaces<IConnectionPoint, ISupportErrorInfo> {
  public:
-    EventPoint(IConnectionPointContainer& container, const Residence& residence, Sinks& sinks) noexcept
-        : container_(container), residence_(residence), sinks_(sinks) {}
-    EventPoint(const EventPoint&) = delete;
-    EventPoint& operator=(const EventPoint&) = delete;
-    ~EventPoint() = default;
+    EventPoint(IConnectionPointContainer& container, const HomeMembership& membership, Sinks& sinks) noexcept
+        : container_(container), membership_(membership), sinks_(sinks) {}
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return container_.AddRef(); }
     ULONG STDMETHODCALLTYPE Release() override { return container_.Release(); }
 
@@ -33,7 +30,7 @@ class EventPoint final : public IConnectionPoint, public ISupportErrorInfo {
     HRESULT Member(Body&& body, Result*... results) noexcept;
 
     IConnectionPointContainer& container_;
-    const Residence& residence_;
+    const HomeMembership& membership_;
     Sinks& sinks_;
 };
 

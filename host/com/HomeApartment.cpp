@@ -7,7 +7,7 @@
 #include "host/com/ClassFactory.h"
 #include "host/com/ComPtr.h"
 #include "host/com/Guard.h"
-#include "host/com/HomeRegister.h"
+#include "host/com/HomeState.h"
 #include "host/com/HomeWindow.h"
 #include "host/com/PeerGone.h"
 #include "runtime/NeverDestroyed.h"
@@ -18,11 +18,15 @@ namespace {
 /// Homes may come and go between an attempt's two steps, however often.
 constexpr int kMaxAttempts = 20;
 
-// Counted apart: a lock that is given back once too often must not count for a factory that a client holds.
-std::atomic<long> serverReferences{0};
-std::atomic<long> serverLocks{0};
+/// What the process knows of its home and of what keeps the DLL.
+struct Server {
+    HomeState home;
+    // Counted apart: a lock that is given back once too often must not count for a factory that a client holds.
+    std::atomic<long> references = 0;
+    std::atomic<long> locks = 0;
+};
 
-HomeRegister& homeRegister = runtime::NeverDestroyed<HomeRegister>();
+Server& server = runtime::NeverDestroyed<Server>();
 
 HRESULT FindInterfaceTable(ComPtr<IGlobalInterfaceTable>& table) noexcept {
     return CoCreateInstance(CLSID_StdGlobalInterfaceTable, nullptr, CLSCTX_INPROC_SERVER, IID_IGlobalInterfaceTable,
@@ -43,19 +47,19 @@ bool Revoke(DWORD cookie) noexcept {
     return SUCCEEDED(revoked) || revoked == E_INVALIDARG || IsPeerGone(revoked);
 }
 
-bool TakeBack(HomeLink& link) noexcept {
+bool RevokeLink(HomeLink& link) noexcept {
     if (link.window != nullptr) HomeWindowPolicy::Close(std::exchange(link.window, nullptr));
     return link.cookie == 0 || Revoke(link.cookie);
 }
 
 /// Takes back the ways to homes that are over; on a thread outside COM that fails, and a later caller does it. Never
-/// under the register's lock: COM may run calls of other apartments on this thread.
-void TakeBackUnwanted() noexcept {
+/// under the home state's lock: COM may run calls of other apartments on this thread.
+void RevokeStaleLinks() noexcept {
     HomeLinks failed;
-    for (HomeLinks link = homeRegister.TakeUnwanted(); !link.empty(); link = homeRegister.TakeUnwanted()) {
-        if (!TakeBack(link.front())) failed.splice(failed.end(), link);
+    for (HomeLinks link = server.home.TakeStaleLink(); !link.empty(); link = server.home.TakeStaleLink()) {
+        if (!RevokeLink(link.front())) failed.splice(failed.end(), link);
     }
-    homeRegister.KeepUnwanted(std::move(failed));
+    server.home.KeepStaleLinks(std::move(failed));
 }
 
 void RequireSingleThreadedApartment() {
@@ -70,20 +74,20 @@ void RequireSingleThreadedApartment() {
 }
 
 /// The way home; makes the calling thread's apartment the home when there is none.
-HomeRegister::Entry EnterHome() {
-    HomeRegister::Entry entry = homeRegister.Enter();
-    TakeBackUnwanted();
+HomeState::Entry JoinHome() {
+    HomeState::Entry entry = server.home.Join();
+    RevokeStaleLinks();
     if (entry.generation != 0) return entry;
 
-    // The register holds no lock meanwhile, so another thread may have been quicker.
+    // No lock is held here, so another thread may have been quicker.
     HomeLinks link(1);
     runtime::win32::KernelHandle thread = OwnThread();
     HomeWindow window = MakeHomeWindow();
     const ComPtr<IClassFactory> factory = MakeClassFactory(FactoryKind::kHome);
     Check(InterfaceTable()->RegisterInterfaceInGlobal(factory.Get(), IID_IClassFactory, &link.front().cookie));
     link.front().window = window.Release();
-    entry = homeRegister.Settle(std::move(link), std::move(thread));
-    TakeBackUnwanted();
+    entry = server.home.JoinOrBecomeHome(std::move(link), std::move(thread));
+    RevokeStaleLinks();
     return entry;
 }
 
@@ -105,18 +109,18 @@ Attempt CreateThrough(DWORD cookie, REFIID iid, void** object) {
 
 }  // namespace
 
-Residence::~Residence() {
+HomeMembership::~HomeMembership() {
     if (generation_ == 0) return;
-    homeRegister.Leave(generation_);
-    TakeBackUnwanted();
+    server.home.RemoveInstance(generation_);
+    RevokeStaleLinks();
 }
 
-bool Residence::IsHere() const noexcept {
-    return threadId_ == GetCurrentThreadId() && homeRegister.IsPresent(generation_);
+bool HomeMembership::IsOnHomeThread() const noexcept {
+    return threadId_ == GetCurrentThreadId() && server.home.IsCurrent(generation_);
 }
 
-void Residence::RequireHere() const {
-    if (IsHere()) return;
+void HomeMembership::RequireHomeThread() const {
+    if (IsOnHomeThread()) return;
     throw ComError(
         RPC_E_WRONG_THREAD,
         u"this instance cannot be called on this thread: it lives in another apartment, or its apartment has "
@@ -124,44 +128,44 @@ void Residence::RequireHere() const {
 }
 
 ServerReference::ServerReference() noexcept {
-    ++serverReferences;
+    ++server.references;
 }
 ServerReference::~ServerReference() {
-    --serverReferences;
+    --server.references;
 }
 
 void LockServer(bool lock) noexcept {
     if (lock) {
-        ++serverLocks;
+        ++server.locks;
         return;
     }
-    long held = serverLocks;
-    while (held > 0 && !serverLocks.compare_exchange_weak(held, held - 1)) {
+    long held = server.locks;
+    while (held > 0 && !server.locks.compare_exchange_weak(held, held - 1)) {
     }
 }
 
 bool CanUnload() noexcept {
     // In this order: looking may find that the home is over.
-    homeRegister.IsEmpty();
-    TakeBackUnwanted();
-    return homeRegister.IsEmpty() && serverReferences == 0 && serverLocks == 0;
+    server.home.IsEmpty();
+    RevokeStaleLinks();
+    return server.home.IsEmpty() && server.references == 0 && server.locks == 0;
 }
 
 HRESULT CreateAtHome(REFIID iid, void** object) {
     RequireSingleThreadedApartment();
     Attempt attempt{RPC_E_SERVER_DIED, true};
     for (int i = 0; i < kMaxAttempts && attempt.isHomeLost; ++i) {
-        const HomeRegister::Entry entry = EnterHome();
-        if (entry.isHere) return BackProcessObject::Create(Residence(entry.generation), iid, object);
+        const HomeState::Entry entry = JoinHome();
+        if (entry.isHere) return BackProcessObject::Create(HomeMembership(entry.generation), iid, object);
         attempt = CreateThrough(entry.cookie, iid, object);
-        if (attempt.isHomeLost) homeRegister.Forget(entry.generation);
+        if (attempt.isHomeLost) server.home.AbandonHome(entry.generation);
     }
     return attempt.result;
 }
 
 bool EndAtHome(BackProcessObject& instance) noexcept {
-    const HWND home = homeRegister.WindowElsewhere();
-    TakeBackUnwanted();
+    const HWND home = server.home.WindowElsewhere();
+    RevokeStaleLinks();
     return home != nullptr && PostEnd(home, instance);
 }
 

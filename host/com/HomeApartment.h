@@ -20,19 +20,19 @@ namespace host::com {
 class BackProcessObject;
 
 /// An instance's right to live at home, and its place in the count.
-class Residence {
+class HomeMembership {
  public:
     /// Of the home of that generation, which is the calling thread's; counted already.
-    explicit Residence(unsigned generation) noexcept : generation_(generation) {}
-    Residence(Residence&& other) noexcept
+    explicit HomeMembership(unsigned generation) noexcept : generation_(generation) {}
+    HomeMembership(HomeMembership&& other) noexcept
         : generation_(std::exchange(other.generation_, 0)), threadId_(other.threadId_) {}
-    Residence& operator=(Residence&&) = delete;
-    ~Residence();
+    HomeMembership& operator=(HomeMembership&&) = delete;
+    ~HomeMembership();
 
     /// The calling thread is the home thread, and the home is the instance's.
-    bool IsHere() const noexcept;
+    bool IsOnHomeThread() const noexcept;
     /// Throws RPC_E_WRONG_THREAD, with a text, unless it is.
-    void RequireHere() const;
+    void RequireHomeThread() const;
 
  private:
     unsigned generation_;

@@ -14,13 +14,13 @@ class References {
     LONG count_ = 1;  // its maker's
 };
 
-/// Keeps an object over a call that may make the client release it.
-class Keep {
+/// Holds an object over a call that may make the client release it.
+class ScopedReference {
  public:
-    explicit Keep(IUnknown& object) noexcept : object_(object) { object_.AddRef(); }
-    Keep(const Keep&) = delete;
-    Keep& operator=(const Keep&) = delete;
-    ~Keep() { object_.Release(); }
+    explicit ScopedReference(IUnknown& object) noexcept : object_(object) { object_.AddRef(); }
+    ScopedReference(const ScopedReference&) = delete;
+    ScopedReference& operator=(const ScopedReference&) = delete;
+    ~ScopedReference() { object_.Release(); }
 
  private:
     IUnknown& object_;

@@ -1,5 +1,5 @@
 // Who is home, how many instances live there, and how to reach it: the data behind the home apartment, under one lock.
-// It makes no COM calls. How other threads reach a home is a link; one that is no longer wanted is handed out to the
+// It makes no COM calls. How other threads reach a home is a link; one that is stale is handed out to the
 // caller, who takes it back without holding the lock.
 #pragma once
 
@@ -19,7 +19,7 @@ struct HomeLink {
 /// Links are handed around as nodes, which takes no memory and cannot fail.
 using HomeLinks = std::list<HomeLink>;
 
-class HomeRegister {
+class HomeState {
  public:
     struct Entry {
         unsigned generation = 0;  ///< 0: there is no home
@@ -28,42 +28,42 @@ class HomeRegister {
     };
 
     /// The way to the home there is.
-    Entry Enter() noexcept;
-    /// The same; the calling thread, which `link` leads to, becomes home when there is none. Else `link` is unwanted.
-    Entry Settle(HomeLinks link, runtime::win32::KernelHandle thread) noexcept;
+    Entry Join() noexcept;
+    /// The same; the calling thread, which `link` leads to, becomes home when there is none. Else `link` is stale.
+    Entry JoinOrBecomeHome(HomeLinks link, runtime::win32::KernelHandle thread) noexcept;
     /// Gives back a place in the count.
-    void Leave(unsigned generation) noexcept;
+    void RemoveInstance(unsigned generation) noexcept;
     /// Gives up a home that cannot be reached, and its forms.
-    void Forget(unsigned generation) noexcept;
+    void AbandonHome(unsigned generation) noexcept;
 
     /// That home is the present one. Takes no lock.
-    bool IsPresent(unsigned generation) const noexcept { return generation_ == generation; }
+    bool IsCurrent(unsigned generation) const noexcept { return generation_ == generation; }
     /// The window of a home on another thread; null when there is no home or the calling thread is home.
     HWND WindowElsewhere() noexcept;
-    /// No instance, no window and no unwanted link is left.
+    /// No instance, no window and no stale link is left.
     bool IsEmpty() noexcept;
 
-    /// Hands out one unwanted link; none when there is none.
-    HomeLinks TakeUnwanted() noexcept;
+    /// Hands out one stale link; none when there is none.
+    HomeLinks TakeStaleLink() noexcept;
     /// Keeps a link that could not be taken back.
-    void KeepUnwanted(HomeLinks link) noexcept;
+    void KeepStaleLinks(HomeLinks link) noexcept;
 
  private:
     void ClearIfOver() noexcept;
-    void GiveUp() noexcept;
+    void Abandon() noexcept;
     void Clear() noexcept;
-    Entry Found() noexcept;
+    Entry JoinPresent() noexcept;
     bool HasEnded() const noexcept;
 
     SRWLOCK lock_ = SRWLOCK_INIT;
     unsigned lastGeneration_ = 0;
     unsigned instances_ = 0;  ///< of all generations
     std::atomic<unsigned> generation_ = 0;
-    unsigned residents_ = 0;
+    unsigned homeInstances_ = 0;
     DWORD threadId_ = 0;
     runtime::win32::KernelHandle thread_;
     HomeLinks link_;
-    HomeLinks unwanted_;
+    HomeLinks staleLinks_;
 };
 
 /// A handle of the calling thread by which others see that it has ended.

@@ -1,0 +1,71 @@
+// What the COM objects of this component have in common: the interfaces that QueryInterface gives, and the reference
+// count.
+#pragma once
+
+#include "host/com/References.h"
+
+namespace host::com {
+
+/// Whether a pointer to `Interface` serves for `iid`: its own identifier, or one of an interface that it extends.
+template <typename Interface>
+inline bool Serves(REFIID iid) {
+    return iid == __uuidof(Interface);
+}
+template <>
+inline bool Serves<_clsQmxBackProcess>(REFIID iid) {
+    return iid == IID__clsQmxBackProcess || iid == IID_IDispatch;
+}
+template <>
+inline bool Serves<IProvideClassInfo2>(REFIID iid) {
+    return iid == IID_IProvideClassInfo2 || iid == IID_IProvideClassInfo;
+}
+
+/// An object with these interfaces; the first one is its identity.
+template <typename First, typename... Others>
+class Interfaces : public First, public Others... {
+ public:
+    Interfaces() = default;
+    Interfaces(const Interfaces&) = delete;
+    Interfaces& operator=(const Interfaces&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        if (object == nullptr) return E_POINTER;
+        *object = iid == IID_IUnknown ? static_cast<First*>(this) : nullptr;
+        const auto offer = [&]<typename Interface>(Interface* offered) {
+            if (*object == nullptr && Serves<Interface>(iid)) *object = offered;
+        };
+        offer(static_cast<First*>(this));
+        (offer(static_cast<Others*>(this)), ...);
+        if (*object == nullptr) return E_NOINTERFACE;
+        static_cast<First*>(this)->AddRef();
+        return S_OK;
+    }
+
+ protected:
+    ~Interfaces() = default;
+};
+
+/// The same with a reference count of its own, which begins with its maker's reference.
+template <typename First, typename... Others>
+class Implements : public Interfaces<First, Others...> {
+ public:
+    ULONG STDMETHODCALLTYPE AddRef() override { return references_.Add(); }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = references_.Drop();
+        return left > 0 ? left : OnLastRelease();
+    }
+
+ protected:
+    virtual ~Implements() = default;
+
+    /// Returns what Release returns.
+    virtual ULONG OnLastRelease() {
+        delete this;
+        return 0;
+    }
+
+ private:
+    References references_;
+};
+
+}  // namespace host::com
