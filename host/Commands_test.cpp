@@ -82,12 +82,6 @@ class CommandsOver : public Base {
 
 using Commands = CommandsOver<tests::ComponentTest>;
 
-TEST_F(Commands, SaveTakesTheDesignsNameWithoutLoadingTheForm) {
-    Notify(u"K4TBACKPROCESS,SAVE");
-    EXPECT_EQ(routing::CurrentDesignName(), u"amplifier");
-    EXPECT_TRUE(NoneLoaded());
-}
-
 TEST_F(Commands, EmptyOneDoesNothingAtAll) {
     kernel_api::CurrentSuite().splitter = nullptr;
     Notify(u"");
@@ -107,13 +101,6 @@ TEST_F(Commands, ExWithoutALoadedFormDoesNothing) {
     Notify(u"All,EX");
     EXPECT_THAT(heard_, IsEmpty());
     EXPECT_THAT(box_.prompts, IsEmpty());
-}
-
-TEST_F(Commands, ExUnloadsDialogsThoughTheMainFormIsNotLoaded) {
-    dialog_.EnsureLoaded();
-    Notify(u"All,EX");
-    EXPECT_TRUE(NoneLoaded());
-    EXPECT_THAT(heard_, IsEmpty());
 }
 
 TEST_F(Commands, FormIsLoadedAnewAfterEx) {
@@ -180,22 +167,6 @@ TEST_F(Commands, ErrorIsShownAndEndsTheComponent) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, SilentErrorEndsTheComponentWithoutAMessage) {
-    form_.EnsureLoaded();
-    FailSave(runtime::kSilent);
-    Notify(u"All,SAVE");
-    EXPECT_THAT(box_.prompts, IsEmpty());
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
-    EXPECT_TRUE(NoneLoaded());
-}
-
-TEST_F(Commands, ErrorWithoutALoadedFormIsShown) {
-    FailSave();
-    Notify(u"All,SAVE");
-    EXPECT_THAT(box_.prompts, ElementsAre(u"no database"));
-    EXPECT_THAT(heard_, IsEmpty());
-}
-
 TEST_F(Commands, ErrorDuringTheFormsOwnLoadTakesItBack) {
     FailSave();
     interruptedReader_.onNextText = Notifying(u"All,SAVE");
@@ -222,15 +193,6 @@ TEST_F(Commands, ExWhileTheMessageOfAnErrorIsOpenComesFirst) {
         EXPECT_TRUE(NoneLoaded());
     };
     Notify(u"All,SAVE");
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
-}
-
-TEST_F(Commands, ErrorWhileTheMessageOfAnErrorIsOpenIsShownToo) {
-    form_.EnsureLoaded();
-    FailSave();
-    box_.onNextMessage = Notifying(u"All,OPEN");
-    Notify(u"All,SAVE");
-    EXPECT_THAT(box_.prompts, ElementsAre(u"no database", u"no database"));
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
@@ -265,15 +227,6 @@ TEST_F(Commands, HomeIsLostInsideMessages_LaterErrorsAreShown) {
     };
     Notify(u"All,SAVE");
     EXPECT_EQ(box_.prompts.size(), 8U);
-}
-
-TEST_F(Commands, ErrorOfTheMessageReachesTheClientAfterTheShutdown) {
-    form_.EnsureLoaded();
-    FailSave();
-    box_.onNextMessage = [] { throw Error(runtime::kOutOfMemory); };
-    EXPECT_EQ(ErrorOfNotifying(u"All,SAVE"), runtime::kOutOfMemory);
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
-    EXPECT_TRUE(NoneLoaded());
 }
 
 TEST_F(Commands, ErrorOfAClientThatHearsTheShutdownIsShown) {
@@ -356,11 +309,6 @@ TEST_F(LanguageCommands, LzLeavesThePublishedRecordAlone) {
     const String record = Kept(u"K4TBACKPROCESS");
     CaptionAfterLz(u"C:\\de");
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), record);
-}
-
-TEST_F(LanguageCommands, LzOnAFormThatIsNotLoadedLoadsIt) {
-    EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
-    EXPECT_TRUE(form_.IsLoaded());
 }
 
 TEST_F(LanguageCommands, LzLoadsTheForm_ItIsPublishedInTheNewLanguage) {

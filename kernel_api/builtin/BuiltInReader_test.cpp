@@ -206,12 +206,6 @@ TEST_F(LocalTexts, AreTheDefaultsAgainWhenTheFolderIsTakenBack) {
     EXPECT_EQ(Text(u"1"), u"default");
 }
 
-TEST_F(LocalTexts, KernelIsNotAskedWhileTheComponentHasAFolder) {
-    folder_ = u"C:\\de";
-    EXPECT_EQ(Text(u"1"), u"default");
-    EXPECT_THAT(kernel_.Log(), testing::IsEmpty());
-}
-
 TEST_F(LocalTexts, KernelsFolderCountsWhenNobodySaysWhichFolderTheComponentHas) {
     WriteTexts(u"C:\\de", "1 = eins\n");
     kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
@@ -226,14 +220,6 @@ TEST_F(LocalTexts, FolderMayEndInABackslash) {
     folder_ = u"C:\\de";
     EXPECT_EQ(Text(u"1"), u"eins");
     EXPECT_EQ(Reads(), 1);
-}
-
-TEST_F(LocalTexts, BlanksAroundAnIdentifierDoNotCount) {
-    WriteTexts(u"C:\\de", "991019 = Pfad:\\s\n");
-    folder_ = u"C:\\de";
-    EXPECT_EQ(Text(u"991019 "), u"Pfad: ");
-    EXPECT_EQ(Text(u"  991019"), u"Pfad: ");
-    EXPECT_EQ(Text(u"9910 19"), u"default");
 }
 
 TEST_F(LocalTexts, FileMayAppearChangeAndVanish) {
@@ -297,17 +283,6 @@ TEST_F(LocalTexts, FileTooLargeIsNotRead) {
     EXPECT_EQ(Text(u"1"), u"ein");
 }
 
-TEST_F(LocalTexts, LookupCostsOneQuestionToTheFileSystem) {
-    folder_ = u"C:\\de";
-    WriteTexts(u"C:\\de", "1 = eins\n");
-    Text(u"1");
-    files_.ClearLog();
-    Text(u"1");
-    Text(u"2");
-    EXPECT_THAT(files_.Log(), testing::Each(String(u"Stamp C:\\de\\K4TBackProcess.txt")));
-    EXPECT_EQ(files_.Log().size(), 2u);
-}
-
 TEST_F(LocalTexts, FolderThatComesBackIsReadAgain) {
     WriteTexts(u"C:\\de", "1 = eins\n");
     WriteTexts(u"C:\\fr", "1 = un\n");
@@ -316,25 +291,6 @@ TEST_F(LocalTexts, FolderThatComesBackIsReadAgain) {
         const StringView expected = folder == u"C:\\de" ? u"eins" : folder == u"C:\\fr" ? u"un" : u"default";
         EXPECT_EQ(Text(u"1"), expected);
     }
-}
-
-TEST_F(LocalTexts, CutInALineShowTheStartOfItsTextAndDefaultsBehindIt) {
-    folder_ = u"C:\\de";
-    const std::string whole = "39171 = &Ja\n39172 = &Nein\\s\n";
-    for (std::size_t length = 0; length <= whole.size(); ++length) {
-        WriteTexts(u"C:\\de", whole.substr(0, length));
-        const std::size_t shown = length <= 8 ? 0 : std::min<std::size_t>(length - 8, 3);
-        EXPECT_EQ(Text(u"39171"), shown == 0 ? u"default" : String(u"&Ja").substr(0, shown)) << length;
-        // At 26 the cut goes through an escape.
-        EXPECT_EQ(Text(u"39172") == u"default", length < 21 || length == 26) << length;
-    }
-}
-
-TEST_F(LocalTexts, LineWithoutATextLeavesTheDefault) {
-    folder_ = u"C:\\de";
-    WriteTexts(u"C:\\de", "1 =\n2 = \n");
-    EXPECT_EQ(Text(u"1"), u"default");
-    EXPECT_EQ(Text(u"2"), u"default");
 }
 
 TEST_F(LocalTexts, FailingKernelIsTheCallersError) {
