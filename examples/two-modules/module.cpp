@@ -84,19 +84,19 @@ class Sink final : public IDispatch {
 /// Reads standard input and posts each line to the window. It ends with the input, or with the program. Not through
 /// std::cin: a program that ends while another thread waits in there would wait for that thread.
 DWORD WINAPI ReadLines(void* window) noexcept {
-    std::string line;
-    char byte = 0;
+    std::string pending;
+    char read[4096];
     DWORD count = 0;
-    while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), &byte, 1, &count, nullptr) != FALSE && count == 1) {
-        if (byte == '\r') continue;
-        if (byte != '\n') {
-            line += byte;
-            continue;
+    while (ReadFile(GetStdHandle(STD_INPUT_HANDLE), read, sizeof read, &count, nullptr) != FALSE && count > 0) {
+        pending.append(read, count);
+        std::size_t start = 0;
+        for (std::size_t end; (end = pending.find('\n', start)) != std::string::npos; start = end + 1) {
+            const std::size_t length = end - start - (end > start && pending[end - 1] == '\r' ? 1 : 0);
+            auto line = std::make_unique<std::wstring>(Wide(std::string_view(pending).substr(start, length)));
+            if (PostMessageW(static_cast<HWND>(window), kLineMessage, 0, reinterpret_cast<LPARAM>(line.get())) != FALSE)
+                line.release();
         }
-        auto text = std::make_unique<std::wstring>(Wide(line));
-        line.clear();
-        if (PostMessageW(static_cast<HWND>(window), kLineMessage, 0, reinterpret_cast<LPARAM>(text.get())) != FALSE)
-            text.release();
+        pending.erase(0, start);
     }
     return 0;
 }
@@ -272,6 +272,5 @@ void Module::Say(const std::wstring& text) {
     std::printf("%s: %s\n", Utf8(name_).c_str(), Utf8(text).c_str());
     std::fflush(stdout);
     if (list_ == nullptr) return;
-    const LRESULT item = SendMessageW(list_, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-    SendMessageW(list_, LB_SETTOPINDEX, static_cast<WPARAM>(item), 0);
+    SendMessageW(list_, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));  // the latest first
 }

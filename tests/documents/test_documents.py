@@ -56,7 +56,7 @@ ANSWERED = {
 ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
 
 # Code that is no file and no command: the first line of each.
-ILLUSTRATIONS = ["EDITOR.exe                                       LIBRARY.exe",
+ILLUSTRATIONS = ["EDITOR.exe                                    LIBRARY.exe",
                  "SuiteReader reader_;                    // was: kernel_api::builtin::BuiltInReader reader_;"]
 
 project = pathlib.Path()
