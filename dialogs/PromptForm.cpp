@@ -19,7 +19,7 @@ PromptForm::PromptSession::PromptSession(PromptForm& form) : form_(form) {
 
 // A handler of the unload must not ask with this dialog again, so the flag is cleared after the unload.
 PromptForm::PromptSession::~PromptSession() {
-    runtime::SkipError([this] { form_.Unload(); });
+    runtime::IgnoreErrors([this] { form_.Unload(); });
     form_.hasOpenPrompt_ = false;
 }
 

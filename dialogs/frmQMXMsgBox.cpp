@@ -128,7 +128,7 @@ void frmQMXMsgBox::OnClick(Control& control) {
 
 // A plain letter presses the button whose caption marks it: it comes back together with Alt.
 void frmQMXMsgBox::OnKeyPress(char16_t& character) {
-    runtime::SkipError([character] { runtime::CurrentPorts().windows.SendAltKey(character); });
+    runtime::IgnoreErrors([character] { runtime::CurrentPorts().windows.SendAltKey(character); });
 }
 
 std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title) {

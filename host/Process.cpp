@@ -15,7 +15,7 @@ namespace {
 /// No events run: nothing may be loaded anew.
 void UnloadForms() {
     while (runtime::Form* const last = runtime::LoadedForms().LastToUnload()) {
-        runtime::SkipError([last] { last->Unload(); });
+        runtime::IgnoreErrors([last] { last->Unload(); });
         if (last->IsLoaded()) last->AbandonWindow();
     }
 }

@@ -17,7 +17,7 @@
 namespace host {
 namespace {
 
-using runtime::SkipError;
+using runtime::IgnoreErrors;
 
 void SetKernelString(StringView key, String value) {
     kernel_api::CurrentKernel().E_SetString(key, value);
@@ -60,17 +60,17 @@ void clsQmxBackProcess::ParseCommandLine() {
 
 bool clsQmxBackProcess::Load(std::int16_t /*iMode*/) {
     bool broughtUp = false;
-    SkipError([] { runtime::SetMousePointer(runtime::kHourglassPointer); });
-    SkipError([&] {
+    IgnoreErrors([] { runtime::SetMousePointer(runtime::kHourglassPointer); });
+    IgnoreErrors([&] {
         if (!link_) throw runtime::Error(runtime::kObjectVariableNotSet);
         frmBackProcessMain& form = link_->form;
         if (routing::IsFormShown(form)) return;
-        SkipError([&] { form.SetState(runtime::WindowState::kMinimised); });
-        SkipError([&] { form.SetVisible(false); });
-        SkipError([&] { form.Hide(); });
+        IgnoreErrors([&] { form.SetState(runtime::WindowState::kMinimised); });
+        IgnoreErrors([&] { form.SetVisible(false); });
+        IgnoreErrors([&] { form.Hide(); });
         broughtUp = true;
     });
-    SkipError([] { runtime::SetMousePointer(runtime::kDefaultPointer); });
+    IgnoreErrors([] { runtime::SetMousePointer(runtime::kDefaultPointer); });
     return broughtUp;
 }
 

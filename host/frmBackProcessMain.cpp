@@ -87,7 +87,7 @@ void frmBackProcessMain::OnLoad() {
     try {
         Announce();
     } catch (const std::exception&) {
-        runtime::SkipError([] { runtime::LoadedForms().UnloadAll(); });
+        runtime::IgnoreErrors([] { runtime::LoadedForms().UnloadAll(); });
     }
 }
 
@@ -139,10 +139,10 @@ void frmBackProcessMain::OnShownByOthers() {
 }
 
 void frmBackProcessMain::OnResize() {
-    runtime::SkipError([this] {
+    runtime::IgnoreErrors([this] {
         if (Width() < kSmallestWidth) SetWidth(kSmallestWidth);
     });
-    runtime::SkipError([this] {
+    runtime::IgnoreErrors([this] {
         if (Height() < kSmallestHeight) SetHeight(kSmallestHeight);
     });
 }

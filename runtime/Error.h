@@ -77,9 +77,9 @@ String StandardDescription(std::int32_t number);
 /// With the standard description of `number`, a colon and `about`: what it happened to, and what to do.
 Error ErrorAbout(std::int32_t number, StringView about);
 
-/// Runs `statement` and skips its error, as a routine does that ignores errors statement by statement.
+/// Runs `statement` and ignores its error, as a routine does that ignores errors statement by statement.
 template <typename Statement>
-void SkipError(Statement&& statement) {
+void IgnoreErrors(Statement&& statement) {
     try {
         statement();
     } catch (const std::exception&) {

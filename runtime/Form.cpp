@@ -224,7 +224,7 @@ void Form::ShowModal() {
         ModalTime& operator=(const ModalTime&) = delete;
         ~ModalTime() {
             // Whatever ended the loop, the form is not left on the screen.
-            if (form.window_) SkipError([this] { form.Hide(); });
+            if (form.window_) IgnoreErrors([this] { form.Hide(); });
             form.modal_ = nullptr;
         }
     } modalTime(*this, *loop);
@@ -340,7 +340,7 @@ void Form::Activated() {
 
 void Form::Lost() {
     isDestroyedByOthers_ = true;
-    SkipError([this] { Unload(UnloadReason::kSystemEnd); });
+    IgnoreErrors([this] { Unload(UnloadReason::kSystemEnd); });
 }
 
 void Form::Clicked(std::size_t control) {

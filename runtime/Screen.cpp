@@ -28,7 +28,7 @@ DefaultPointer::DefaultPointer() : former_(MousePointer()) {
 }
 
 DefaultPointer::~DefaultPointer() {
-    SkipError([this] { SetMousePointer(former_); });
+    IgnoreErrors([this] { SetMousePointer(former_); });
 }
 
 }  // namespace runtime

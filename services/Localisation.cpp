@@ -118,10 +118,10 @@ Font NewFont(const UiFont& uiFont) {
 
 void ApplyFont(Properties& control, const UiFont& uiFont, const Font& font) {
     const auto put = [&control](StringView name, const PropertyValue& value) {
-        runtime::SkipError([&] { control.Put(name, value); });
+        runtime::IgnoreErrors([&] { control.Put(name, value); });
     };
     const auto putOfFont = [&control](StringView object, StringView name, const PropertyValue& value) {
-        runtime::SkipError([&] { control.PutOfFont(object, name, value); });
+        runtime::IgnoreErrors([&] { control.PutOfFont(object, name, value); });
     };
     put(u"FontName", uiFont.name);
     for (const StringView object : {u"Font", u"HeadFont", u"ControlFont"}) putOfFont(object, u"Name", uiFont.name);
@@ -173,12 +173,12 @@ FontRule ChooseUiFontFor(std::int32_t systemLcid, NativeHandle window, NativeHan
 }
 
 void LocaliseForm(runtime::Form& form) {
-    using runtime::SkipError;
-    SkipError([&form] {
+    using runtime::IgnoreErrors;
+    IgnoreErrors([&form] {
         const String tag = form.Tag();
         if (!tag.empty()) form.SetCaption(GetLocalText(form.Caption(), tag));
     });
-    SkipError([&form] {
+    IgnoreErrors([&form] {
         if (form.BackColour() == runtime::kLightGrey) form.SetBackColour(runtime::kButtonFace);
     });
     const Font font = NewFont(Values().uiFont);
@@ -190,7 +190,7 @@ void LocaliseForm(runtime::Form& form) {
 
 void LocaliseControl(Properties& control, const Font& font) {
     ApplyFont(control, Values().uiFont, font);
-    runtime::SkipError([&] { LocaliseCaption(control); });
+    runtime::IgnoreErrors([&] { LocaliseCaption(control); });
 }
 
 void SetForm(runtime::Form& form) {

@@ -20,7 +20,7 @@ std::size_t LiveWindows() noexcept {
 }
 
 void GiveUpForms() noexcept {
-    runtime::SkipError(AbandonForms);
+    runtime::IgnoreErrors(AbandonForms);
 }
 
 }  // namespace host::com

@@ -17,7 +17,7 @@ ComPtr<ITypeLib> Open() {
 
 ComPtr<ITypeLib> OpenTypeLibrary() noexcept {
     ComPtr<ITypeLib> library;
-    runtime::SkipError([&library] { library = Open(); });
+    runtime::IgnoreErrors([&library] { library = Open(); });
     return library;
 }
 
