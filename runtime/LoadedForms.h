@@ -11,7 +11,8 @@ class Form;
 
 class LoadedFormsCollection {
  public:
-    /// May be asked by any thread; everything else is for the thread that owns the forms.
+    /// May be asked by any thread; everything else is for the thread that owns the forms, or for the one that notices
+    /// that this thread has ended.
     std::size_t Count() const { return count_; }
     /// Error 9 outside 0..Count-1.
     Form& At(std::size_t index) const;
