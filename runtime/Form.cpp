@@ -66,14 +66,14 @@ void Form::MakeWindow() {
     window_ = windows.MakeWindow({caption_, design_.border, bounds_, backColour_}, *this);
     stage_ = Stage::kLoading;
     LoadedForms().Add(*this);
-    tabs_.Reset();
     for (const auto& control : controls_) control->Attach(*window_);
+    tabs_.Reset();
 }
 
 void Form::DestroyWindow() {
     LoadedForms().Remove(*this);
     for (const auto& control : controls_) control->Detach();
-    tabs_.Reset();
+    tabs_.Clear();
     visible_ = false;
     stage_ = stage_ == Stage::kLoading ? Stage::kLoadingWithoutWindow : Stage::kUnloaded;
     // Clear window_ before destroying the window: callbacks must already see the form as unloaded.
@@ -323,7 +323,7 @@ void Form::BoundsChanged(const Rect& outer, std::optional<WindowState> state) {
 }
 
 void Form::VisibilityChanged(bool visible) {
-    if (visible == visible_) return;
+    if (!window_ || visible == visible_) return;
     visible_ = visible;
     if (!visible) {
         if (modal_) modal_->End();

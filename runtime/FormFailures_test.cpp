@@ -143,6 +143,16 @@ TEST_F(FormOverStubbornWindows, WhoTakesInputAgainWhileTheFormGoesFindsItGone) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "activate", "query 1", "unload"));
 }
 
+TEST_F(FormOverStubbornWindows, AccessKeyComesWhileItGoes_ItIsNotLoadedAnew) {
+    tests::InputForm inputs;
+    // Its window still exists while other windows take input again.
+    windows_.onModalEnd = [this] { EXPECT_FALSE(windows_.Last().Events().AccessKey(u'a')); };
+    windows_.Post([&] { inputs.Unload(); });
+    inputs.ShowModal();
+    EXPECT_FALSE(inputs.IsLoaded());
+    EXPECT_THAT(inputs.log, IsEmpty());
+}
+
 class FormOverStubbornLists : public FormOverStubbornWindows {
  protected:
     tests::InputForm inputs_;

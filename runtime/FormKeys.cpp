@@ -91,6 +91,7 @@ bool Form::KeyPress(char16_t character) {
 }
 
 bool Form::AccessKey(char16_t character) {
+    if (!window_) return false;
     const char16_t wanted = CurrentPorts().locale.LowerCase(StringView(&character, 1)).front();
     const std::vector<Control*> marked = tabs_.WithAccessKey(wanted);
     if (marked.empty()) return false;

@@ -9,13 +9,17 @@
 namespace runtime {
 
 void TabOrder::Reset() {
-    order_.clear();
-    focused_ = nullptr;
+    Clear();
     for (const auto& control : controls_) {
         if (control->Design().tabIndex != ControlDesign::kNoIndex) order_.push_back(control.get());
     }
     std::stable_sort(order_.begin(), order_.end(),
                      [](const Control* a, const Control* b) { return a->Design().tabIndex < b->Design().tabIndex; });
+}
+
+void TabOrder::Clear() {
+    order_.clear();
+    focused_ = nullptr;
 }
 
 void TabOrder::Move(Control& control, int place) {

@@ -19,8 +19,10 @@ class TabOrder {
     TabOrder(const TabOrder&) = delete;
     TabOrder& operator=(const TabOrder&) = delete;
 
-    /// The form is being loaded: the order is that of the design, and no control has the focus.
+    /// The form is loaded: the order is that of the design, and no control has the focus.
     void Reset();
+    /// The form has no window: no control has a place or the focus.
+    void Clear();
     /// Moves `control` to `place`, from 0; the others move along. A place behind the last one is the last one. Error
     /// 438 for a control that has no place.
     void Move(Control& control, int place);
