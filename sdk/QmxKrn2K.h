@@ -1,11 +1,10 @@
 // The suite's kernel library, QmxKrn2K.dll, as a module calls it: named strings that all modules share ("kernel
 // strings"), and the name of the open design. The development kernel has the same four functions.
 //
-// Link with lib/libQmxKrn2K.a. It loads the library at the first call, not at the start of the program, and takes the
-// one that is in memory already. So create an instance of the component first: it finds the kernel and loads it, and
-// your calls reach the same kernel, from a program in any folder. A call in a process that has created no instance
-// searches the program's folder, the system, the current folder and PATH; if there is no library, it raises the
-// structured exception 0xC06D007E, which ends a program that does not handle it.
+// Link with lib/libQmxKrn2K.a. It takes the library that is in memory at the first call, and loads none itself. So
+// create an instance of the component first: it finds the kernel and loads it, and your calls reach the same kernel,
+// from a program in any folder. A call in a process without the kernel raises the structured exception 0xC06D007E, or
+// 0xC06D007F if the kernel lacks the function; it ends a program that does not handle it.
 //
 // All texts are zero-terminated, in the system's ANSI code page. Keys are compared byte by byte. An address is a 32-bit
 // number, and a valid one lies below 2 GB, because "not above 0" means "none": do not link with /LARGEADDRESSAWARE.

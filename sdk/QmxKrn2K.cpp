@@ -1,0 +1,55 @@
+// The functions of QmxKrn2K.h for modules: each calls the kernel that the component has loaded in this process. It is
+// found at the first call and looked for nowhere else, so no foreign library of its name is loaded by chance.
+//
+// Written for any language and program that can link it: no exceptions, no standard library.
+#include "QmxKrn2K.h"
+
+#include <windows.h>
+
+namespace {
+
+/// What the delayed imports of compilers raise in the same cases.
+constexpr DWORD kLibraryNotFound = 0xC06D007E;
+constexpr DWORD kEntryNotFound = 0xC06D007F;
+
+void Fail(DWORD code) {
+    RaiseException(code, EXCEPTION_NONCONTINUABLE, 0, nullptr);
+}
+
+/// `found` is the address that an earlier call has found, or null.
+template <typename Function>
+Function Entry(Function& found, const char* name) {
+    if (found) return found;
+    const HMODULE kernel = GetModuleHandleW(L"QmxKrn2K.dll");
+    if (!kernel) Fail(kLibraryNotFound);
+    const FARPROC address = GetProcAddress(kernel, name);
+    if (!address) Fail(kEntryNotFound);
+    return found = reinterpret_cast<Function>(reinterpret_cast<void*>(address));
+}
+
+decltype(&E_SetString) setString = nullptr;
+decltype(&E_GetString) getString = nullptr;
+decltype(&DB_DataBase) dataBase = nullptr;
+decltype(&O_GetName) getName = nullptr;
+
+}  // namespace
+
+extern "C" {
+
+long __stdcall E_SetString(const char* key, char* value) {
+    return Entry(setString, "E_SetString")(key, value);
+}
+
+long __stdcall E_GetString(const char* key) {
+    return Entry(getString, "E_GetString")(key);
+}
+
+long __stdcall DB_DataBase() {
+    return Entry(dataBase, "DB_DataBase")();
+}
+
+long __stdcall O_GetName(long handle) {
+    return Entry(getName, "O_GetName")(handle);
+}
+
+}  // extern "C"
