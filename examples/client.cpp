@@ -1,5 +1,5 @@
-// A client of the component in C++: early bound, with an event sink. It uses every member once and shows each step; the
-// exit code is 0 when all went well.
+// A client of the component in C++: early bound, with an event sink. It uses every member once and prints each step.
+// The exit code is 0 if every step succeeds.
 //
 // Compile it in this folder, with MinGW-w64 for 32-bit Windows:
 //     i686-w64-mingw32-g++ -static -I../include client.cpp -o client.exe -lole32 -loleaut32
@@ -40,7 +40,8 @@ struct FreeString {
 };
 using ComString = std::unique_ptr<OLECHAR, FreeString>;
 
-/// The event interface. The component calls Invoke with member 1, NotifyServer, and both strings by reference.
+/// The event interface. The component calls Invoke with member 1, NotifyServer. Both arguments are strings by
+/// reference.
 class Events final : public IDispatch {
  public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
@@ -71,7 +72,7 @@ class Events final : public IDispatch {
                                      UINT*) override {
         if (member != 1) return DISP_E_MEMBERNOTFOUND;
         if (parameters->cArgs != 2) return DISP_E_BADPARAMCOUNT;
-        // Arguments stand last first.
+        // COM passes arguments in reverse order: the last one is rgvarg[0].
         const VARIANT& command = parameters->rgvarg[0];
         const VARIANT& module = parameters->rgvarg[1];
         if (command.vt != (VT_BSTR | VT_BYREF) || module.vt != (VT_BSTR | VT_BYREF)) return DISP_E_TYPEMISMATCH;
@@ -96,7 +97,7 @@ Com<_clsQmxBackProcess> Create() {
     return Com<_clsQmxBackProcess>(static_cast<_clsQmxBackProcess*>(created));
 }
 
-/// Connects the sink. It stays connected to the end: the last release of the instance still raises "SHUTDOWN".
+/// Connects the sink. The sink stays connected, because the last release of the instance still raises "SHUTDOWN".
 void Connect(_clsQmxBackProcess& backProcess) {
     const auto container = Query<IConnectionPointContainer>(backProcess);
     IConnectionPoint* found = nullptr;
@@ -115,7 +116,8 @@ void Load(_clsQmxBackProcess& backProcess) {
 }
 
 void NotifyMe(_clsQmxBackProcess& backProcess, const wchar_t* name, const wchar_t* command) {
-    // Both strings are by reference: the component may replace them, and the caller frees what it finds then.
+    // Both strings are by reference: the component may replace them. The caller frees the strings that the call leaves
+    // there.
     BSTR nameText = SysAllocString(name);
     BSTR commandText = SysAllocString(command);
     const HRESULT result = backProcess.NotifyMe(&nameText, &commandText);

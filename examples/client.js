@@ -1,11 +1,11 @@
 // A client of the component in JScript: late bound. Run it with the 32-bit script host:
 //     cscript //nologo client.js
-// It uses every member and shows each step; the exit code is 0 when all went well. The script host cannot connect
-// events to a late-bound object; client.cpp shows them.
+// It uses every member and prints each step. The exit code is 0 if every step succeeds. The script host cannot connect
+// events to a late-bound object; client.cpp does.
 
 var failures = 0;
 
-// Shows what a step gave, and counts it as a failure when that is not what the component promises.
+// Prints the result of a step. A result that differs from the expected one counts as a failure.
 function step(what, got, expected) {
     WScript.Echo(what + ": " + got);
     if (got !== expected) {
@@ -18,12 +18,12 @@ function useEveryMember() {
     var backProcess = new ActiveXObject("K4TBackProcess.clsQmxBackProcess");
     WScript.Echo("created");
 
-    // Load takes its integer by reference: a plain variable serves, and keeps its value.
+    // Load takes its integer by reference. A plain variable can be passed; it keeps its value.
     var mode = 3;
     step("Load brings the main form up", backProcess.Load(mode), true);
     step("its argument afterwards", mode, 3);
 
-    // Both arguments of NotifyMe may be left out, from the last one on.
+    // Both arguments of NotifyMe are optional.
     backProcess.NotifyMe();
     WScript.Echo("NotifyMe without arguments: done");
     backProcess.NotifyMe("EDITOR");
@@ -33,15 +33,15 @@ function useEveryMember() {
     backProcess.NotifyMe("EDITOR", "All,SAVE");
     WScript.Echo("NotifyMe with both: done");
 
-    // What converts to a string will do.
+    // An argument that can be converted to a string is accepted.
     backProcess.NotifyMe(12, "All,UP");
     WScript.Echo("NotifyMe with a number as name: done");
 
-    // SeverPath takes a string and never gives it back.
+    // SeverPath accepts a string, but reading it always returns an empty one.
     backProcess.SeverPath = "C:\\JOB";
     step("SeverPath after C:\\JOB was put", backProcess.SeverPath, "");
 
-    // An argument that is no string and cannot become one raises an error and changes nothing.
+    // An argument that cannot be converted to a string raises an error and changes nothing.
     var refused = null;
     try {
         backProcess.NotifyMe("EDITOR", null);

@@ -1,12 +1,12 @@
 ' A client of the component in VBScript: late bound. Run it with the 32-bit script host:
 '     cscript //nologo client.vbs
-' It uses every member and shows each step; the exit code is 0 when all went well. The script host cannot connect
-' events to a late-bound object; client.cpp shows them.
+' It uses every member and prints each step. The exit code is 0 if every step succeeds. The script host cannot connect
+' events to a late-bound object; client.cpp does.
 Option Explicit
 
 Dim failures : failures = 0
 
-' Shows what a step gave, and counts it as a failure when that is not what the component promises.
+' Prints the result of a step. A result that differs from the expected one counts as a failure.
 Sub Step(what, got, expected)
     WScript.Echo what & ": " & got
     If CStr(got) <> CStr(expected) Then
@@ -15,7 +15,7 @@ Sub Step(what, got, expected)
     End If
 End Sub
 
-' Gives the number of the error that a Null in place of a string raises, and shows it; 0 when there was none.
+' Passes Null in place of a string. Prints the error and returns its number, or 0 if there is none.
 Function ErrorOfNull(backProcess)
     On Error Resume Next
     backProcess.NotifyMe "EDITOR", Null
@@ -29,12 +29,12 @@ Sub UseEveryMember()
     Set backProcess = CreateObject("K4TBackProcess.clsQmxBackProcess")
     WScript.Echo "created"
 
-    ' Load takes its integer by reference: a plain variable serves.
+    ' Load takes its integer by reference. A plain variable can be passed.
     Dim mode : mode = 3
     Step "Load brings the main form up", backProcess.Load(mode), True
     Step "its argument afterwards", mode, 3
 
-    ' Both arguments of NotifyMe may be left out.
+    ' Both arguments of NotifyMe are optional.
     backProcess.NotifyMe
     WScript.Echo "NotifyMe without arguments: done"
     backProcess.NotifyMe "EDITOR"
@@ -44,25 +44,25 @@ Sub UseEveryMember()
     backProcess.NotifyMe "EDITOR", "All,SAVE"
     WScript.Echo "NotifyMe with both: done"
 
-    ' What converts to a string will do; the variables are not changed.
+    ' An argument that can be converted to a string is accepted. The variables keep their values.
     Dim name, command
     name = 12
     command = "All,UP"
     backProcess.NotifyMe name, command
     Step "NotifyMe with a number as name, the command afterwards", command, "All,UP"
 
-    ' SeverPath takes a string and never gives it back.
+    ' SeverPath accepts a string, but reading it always returns an empty one.
     backProcess.SeverPath = "C:\JOB"
     Step "SeverPath after C:\JOB was put", "[" & backProcess.SeverPath & "]", "[]"
 
-    ' An argument that is no string and cannot become one raises an error and changes nothing.
+    ' An argument that cannot be converted to a string raises an error and changes nothing.
     Step "NotifyMe with Null as command was refused", ErrorOfNull(backProcess) <> 0, True
 
     Set backProcess = Nothing
     WScript.Echo "released"
 End Sub
 
-' An error that nobody expected ends UseEveryMember and is shown here.
+' An unexpected error ends UseEveryMember and is printed here.
 On Error Resume Next
 UseEveryMember
 If Err.Number <> 0 Then

@@ -1,21 +1,21 @@
 // Delivers commands between the programs of the suite. Copy delivery.h and delivery.cpp into your module.
 //
-// Each module has a mailbox: a queue in a shared string of the kernel, and a hidden window that gets the registered
-// message "PELORIX" when there is something in the queue. The sender appends to the queue of the addressee and posts
-// the message; it never waits for the addressee. While a mailbox lives, its module is in the module list "AllAps".
+// Each module has a mailbox: a queue in a shared string of the kernel, and a hidden window. The sender appends a
+// command to the addressee's queue and posts the registered message "PELORIX" to its window. The sender never waits for
+// the addressee. The module list "AllAps" contains a module while its mailbox is open.
 //
-// What it promises: commands arrive once, and those of one sender in the order in which they were sent.
-// Its limits:
-//   - It reaches modules that use this helper, of the same user and session, and with the same rights: Windows lets no
-//     program post to one that runs as an administrator.
-//   - Stored means stored. A module that ends or is killed loses what it has not taken yet.
-//   - A queue has room for a million bytes. A character outside ASCII takes six.
-//   - A module takes commands when it serves its messages, and one after the other: none while a handler runs.
-//   - A killed module stays in "AllAps". Send reports it as gone, so this does no harm.
-//   - Names of modules have letters, digits and underscores only, so that "AllAps" is always well-formed.
+// Guarantees: each command arrives once. Commands of one sender arrive in the order in which they were sent.
+// Limits:
+//   - It reaches only modules that use this file, in the same session and with the same user and rights: Windows blocks
+//     messages from a normal program to one that runs as an administrator.
+//   - A stored command can still be lost: a module that ends does not receive the rest of its queue.
+//   - A queue holds a million bytes. A character outside ASCII takes six.
+//   - A module receives commands from its message loop, one after the other. A running handler delays the next command.
+//   - A killed module stays in "AllAps". This does no harm, because Send reports it as gone.
+//   - A module's name has only letters, digits and underscores, because "AllAps" is a list separated by commas.
 //
-// Use a mailbox on one thread, the one that created the component's first instance, and while that instance lives: it
-// has loaded the kernel. No two mailboxes of one name can exist.
+// Use a mailbox only on the thread that created the component's first instance, and only while that instance exists,
+// because the instance has loaded the kernel. Only one mailbox of a name can exist.
 #pragma once
 
 #include <windows.h>
@@ -26,7 +26,7 @@
 #include <vector>
 
 enum class Delivery {
-    kStored,  ///< the command is in the queue, and the module is awake
+    kStored,  ///< the command is in the queue, and the module was notified
     kBusy,    ///< the module runs and its queue is full, or another module held the lock for two seconds: try again
     kGone     ///< no module of this name runs; nothing is stored
 };
@@ -35,19 +35,20 @@ class Mailbox {
  public:
     using Handler = std::function<void(const std::wstring& from, const std::wstring& command)>;
 
-    /// Opens the mailbox of the module `name` with an empty queue, and adds the module to "AllAps". Do this before
-    /// `Load`, which reads the list. `handler` receives each command; it must not throw.
+    /// Opens the mailbox of the module `name` with an empty queue, and adds the module to "AllAps". Call this before
+    /// `Load`, because `Load` reads the list. `handler` receives each command; it must not throw.
     Mailbox(std::wstring name, Handler handler);
     Mailbox(const Mailbox&) = delete;
     Mailbox& operator=(const Mailbox&) = delete;
-    /// Takes the module out of "AllAps". Not from inside the handler.
+    /// Removes the module from "AllAps". Do not destroy a mailbox inside its handler.
     ~Mailbox();
 
-    /// False if the name is not allowed, or a module of this name runs already. Then nothing is sent or received.
+    /// False if the name is not allowed, or if a module of this name is already running. A closed mailbox neither sends
+    /// nor receives.
     bool IsOpen() const { return window_ != nullptr; }
 
     Delivery Send(const std::wstring& module, const std::wstring& command);
-    /// The other modules of "AllAps"; the component's own name is left out.
+    /// The other modules in "AllAps", without the component.
     std::vector<std::wstring> Others() const;
 
  private:

@@ -1,4 +1,4 @@
-// EDITOR, a module that works with LIBRARY. It shows what arrives. build.cmd compiles it.
+// EDITOR, a module that works with LIBRARY. It prints the commands that arrive. build.cmd compiles it.
 #include "module.h"
 
 namespace {

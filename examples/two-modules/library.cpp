@@ -1,6 +1,6 @@
-// LIBRARY, a module that opens parts for others: to OPEN,PART it answers with OPENED,PART. build.cmd compiles it.
-// Another name can be given on its command line. Run a copy of the program then: the component has its form in one
-// process of a program file only.
+// LIBRARY, a module that opens parts for other modules: it replies to OPEN,PART with OPENED,PART. build.cmd compiles
+// it. An argument gives the module another name. To run a second one, copy the program file first, because only one
+// process of a program file can load the component's form.
 #include "module.h"
 
 namespace {

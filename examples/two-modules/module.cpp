@@ -9,7 +9,7 @@ namespace {
 
 constexpr wchar_t kWindowClass[] = L"PelorixSampleModule";
 constexpr wchar_t kComponent[] = L"K4TBACKPROCESS";
-constexpr UINT kLineMessage = WM_APP;  ///< lParam: a line of input, which the receiver deletes
+constexpr UINT kLineMessage = WM_APP;  ///< lParam: a line of input; the receiver deletes it
 
 std::wstring Wide(std::string_view utf8) {
     const int bytes = static_cast<int>(utf8.size());
@@ -26,7 +26,7 @@ std::string Utf8(const std::wstring& wide) {
     return utf8;
 }
 
-/// A BSTR that the module owns. The component may replace one that it gets by reference.
+/// A BSTR that the module owns. The component may replace a BSTR that is passed by reference.
 class Text {
  public:
     Text() = default;
@@ -43,7 +43,7 @@ class Text {
     BSTR bstr_ = nullptr;
 };
 
-/// Receives NotifyServer for the module. The module lives longer than the connection.
+/// Receives NotifyServer for the module. The module outlives the connection.
 class Sink final : public IDispatch {
  public:
     explicit Sink(Module& module) : module_(module) {}
@@ -67,7 +67,7 @@ class Sink final : public IDispatch {
     HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* given, VARIANT*, EXCEPINFO*,
                                      UINT*) override {
         if (member != 1 || given->cArgs != 2) return DISP_E_MEMBERNOTFOUND;
-        const BSTR command = *given->rgvarg[0].pbstrVal;  // the last argument comes first
+        const BSTR command = *given->rgvarg[0].pbstrVal;  // COM passes arguments in reverse order
         const BSTR addressee = *given->rgvarg[1].pbstrVal;
         module_.NotifyServer(std::wstring(addressee == nullptr ? L"" : addressee, SysStringLen(addressee)),
                              std::wstring(command == nullptr ? L"" : command, SysStringLen(command)));
@@ -81,8 +81,8 @@ class Sink final : public IDispatch {
     ULONG references_ = 1;
 };
 
-/// Reads standard input and posts each line to the window. It ends with the input, or with the program. Not through
-/// std::cin: a program that ends while another thread waits in there would wait for that thread.
+/// Reads standard input and posts each line to the window. The thread ends with the input or with the program. It does
+/// not use std::cin, because a program that exits would wait for a thread that is reading from std::cin.
 DWORD WINAPI ReadLines(void* window) noexcept {
     std::string pending;
     char read[4096];
@@ -109,7 +109,8 @@ int Module::Run() {
     if (FAILED(OleInitialize(nullptr))) return 1;
     bool started = MakeWindow() && CreateComponent() && ConnectEvents();
     if (started) {
-        // The instance has loaded the kernel, and Load reads the module list: so the mailbox comes between the two.
+        // The mailbox is opened after the instance, which loads the kernel, and before Load, which reads the module
+        // list.
         mailbox_ = std::make_unique<Mailbox>(
             name_, [this](const std::wstring& from, const std::wstring& command) { Arrived(from, command); });
         started = mailbox_->IsOpen() && LoadForm();
@@ -127,7 +128,7 @@ int Module::Run() {
     }
     mailbox_.reset();
     diagnostics_.reset();
-    component_.reset();  // unloads the form; the sink gets SHUTDOWN
+    component_.reset();  // unloads the form; the sink receives SHUTDOWN
     Say(L"ended");
     OleUninitialize();
     return started ? 0 : 1;
@@ -188,7 +189,7 @@ bool Module::CreateComponent() {
     return true;
 }
 
-/// The sink stays connected until the last release of the instance is over.
+/// Connects the sink. It stays connected until the last release of the instance has returned.
 bool Module::ConnectEvents() {
     void* asked = nullptr;
     if (FAILED(component_->QueryInterface(__uuidof(IConnectionPointContainer), &asked))) return false;
@@ -215,7 +216,7 @@ void Module::NotifyServer(const std::wstring& addressee, const std::wstring& com
     } else if (command == L"SHUTDOWN") {
         Say(L"the component's form was unloaded");
     } else {
-        // In the component's own name: for every module, this one too.
+        // The component raised it in its own name: deliver it to every module, including this one.
         for (const std::wstring& other : mailbox_->Others()) Deliver(other, command);
         Deliver(name_, command);
     }
@@ -232,7 +233,8 @@ void Module::Deliver(const std::wstring& module, const std::wstring& command) {
     }
 }
 
-/// Every command goes to the component, which carries out those for it or for "All" and ignores the others.
+/// Passes every command to the component. The component runs commands that are for it or for "All" and ignores the
+/// others.
 void Module::Arrived(const std::wstring& from, const std::wstring& command) {
     Say(L"from " + from + L": " + command.substr(0, 40));
     Text name(from);
@@ -272,5 +274,5 @@ void Module::Say(const std::wstring& text) {
     std::printf("%s: %s\n", Utf8(name_).c_str(), Utf8(text).c_str());
     std::fflush(stdout);
     if (list_ == nullptr) return;
-    SendMessageW(list_, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));  // the latest first
+    SendMessageW(list_, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));  // newest first
 }

@@ -15,10 +15,10 @@ struct ReleaseInterface {
 template <typename Interface>
 using Com = std::unique_ptr<Interface, ReleaseInterface>;
 
-/// Shows what happens in its window and on standard output. Reads lines from standard input:
+/// Prints events in its window and on standard output. Reads these lines from standard input:
 ///     MODULE COMMAND   raises COMMAND for MODULE
 ///     all COMMAND      raises COMMAND in the component's name, for all modules
-///     language FOLDER  sets the suite's language folder, and has all modules switch to it
+///     language FOLDER  sets the suite's language folder and tells all modules to switch to it
 ///     quit             ends the program, as closing its window does
 class Module {
  public:
@@ -27,13 +27,13 @@ class Module {
     Module& operator=(const Module&) = delete;
     virtual ~Module() = default;
 
-    /// Runs until the window is closed; the program's exit code.
+    /// Runs until the window is closed. Returns the program's exit code.
     int Run();
-    /// For the event sink: a command for `addressee`, which this module delivers.
+    /// For the event sink: the component has raised `command` for `addressee`. The module delivers it.
     void NotifyServer(const std::wstring& addressee, const std::wstring& command);
 
  protected:
-    /// A command for this module has arrived, and was handed to the component.
+    /// Called after a command for this module has arrived and was passed to the component.
     virtual void OnCommand(const std::wstring& from, const std::wstring& command) = 0;
     void Deliver(const std::wstring& module, const std::wstring& command);
     void Say(const std::wstring& text);
