@@ -248,6 +248,13 @@ void Qmxquery::OnKeyUp(std::int16_t& keyCode, std::int16_t shift) {
 
 String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                 std::int32_t& index, bool showButton, const String& buttonCaption) {
+    // A copy: while the dialog is open, the one in use may be exchanged.
+    const services::SuiteQuery ask = services::Values().suiteQuery;
+    return ask(title, prompt, values, kind, index, showButton, buttonCaption);
+}
+
+String AskWithQueryDialog(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
+                          std::int32_t& index, bool showButton, const String& buttonCaption) {
     return AskWithShared<Qmxquery>(
         [&](Qmxquery& dialog) { return dialog.QUERY(title, prompt, values, kind, index, showButton, buttonCaption); });
 }

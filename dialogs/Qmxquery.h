@@ -81,8 +81,12 @@ class Qmxquery : public PromptForm {
     bool isAnswered_ = false;
 };
 
-/// Asks with the process's shared dialog, or, while that one is open, with one of its own.
+/// Asks with the query dialog of the process (ProcessValues::suiteQuery). Features above call this one.
 String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                 std::int32_t& index, bool showButton, const String& buttonCaption);
+
+/// Asks with the process's shared dialog, or, while that one is open, with one of its own.
+String AskWithQueryDialog(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
+                          std::int32_t& index, bool showButton, const String& buttonCaption);
 
 }  // namespace dialogs

@@ -300,5 +300,22 @@ TEST_F(Query, PromptMayBeTheValueItself) {
     EXPECT_EQ(AskQuery(values[0], values[0], values, kText, index, false, values[0]), u"Name?");
 }
 
+TEST_F(Query, AnotherDialogIsChosen_ItsAnswerIsTaken) {
+    services::Values().suiteQuery = [](const String& title, const String& prompt, std::vector<String>& values,
+                                       std::int32_t kind, std::int32_t& index, bool showButton,
+                                       const String& buttonCaption) {
+        services::Values().suiteQuery = nullptr;
+        EXPECT_TRUE(showButton);
+        values[0] = u"R1";
+        index = kind;
+        return title + prompt + buttonCaption;
+    };
+    std::vector<String> values = {u""};
+    std::int32_t index = 0;
+    EXPECT_EQ(AskQuery(u"Title", u"Name?", values, kList, index, true, u"More"), u"TitleName?More");
+    EXPECT_EQ(index, kList);
+    EXPECT_EQ(values[0], u"R1");
+}
+
 }  // namespace
 }  // namespace dialogs

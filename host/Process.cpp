@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "dialogs/Qmxquery.h"
 #include "dialogs/frmQMXMsgBox.h"
 #include "host/frmBackProcessMain.h"
 #include "kernel_api/Suite.h"
@@ -26,6 +27,7 @@ Process::Process(const runtime::Ports& ports, kernel_api::Kernel& kernel)
     : reader_(ports.files, ports.settings, ports.locale) {
     reader_.UseLanguageFolder([this] { return values_.languagePath; });
     values_.suiteMessageBox = dialogs::AskWithSuiteBox;
+    values_.suiteQuery = dialogs::AskWithQueryDialog;
     runtime::UsePorts(&ports);
     kernel_api::CurrentSuite() = {&kernel, &reader_, &splitter_};
     services::UseValues(&values_);

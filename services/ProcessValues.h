@@ -47,6 +47,11 @@ struct SharedForms {
 /// The suite's message box: given prompt, flags and title, it returns the code of the pressed button.
 using SuiteMessageBox = std::function<std::int32_t(StringView prompt, std::int32_t flags, StringView title)>;
 
+/// The suite's query dialog; arguments and answer are those of dialogs::AskQuery.
+using SuiteQuery =
+    std::function<String(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
+                         std::int32_t& index, bool showButton, const String& buttonCaption)>;
+
 struct ProcessValues {
     // Where things are; full paths.
     String installFolder;  ///< holds the component's own file
@@ -88,8 +93,11 @@ struct ProcessValues {
     std::vector<String> fieldTexts;
     std::vector<double> fieldValues;
 
-    /// Shows what ShowMessage sends to the suite's box, which stands in a layer above.
+    // The suite's dialogs, which are in a layer above. The composition chooses them.
+
+    /// Shows what ShowMessage sends to the suite's box.
     SuiteMessageBox suiteMessageBox;
+    SuiteQuery suiteQuery;
 
     SharedForms forms;
 };
