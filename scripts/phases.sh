@@ -1,16 +1,16 @@
-# Sourced by the scripts that do several things in a row: each phase is a line on the screen, its output a file in
-# build/logs/. Works in the project's folder.
+# Sourced by scripts with several steps. Each step is a phase: one line on the screen, its output in a file in
+# build/logs/. The current folder must be the project's.
 
 phase_logs=build/logs
 
-# phase NAME COMMAND [ARG…]: runs COMMAND and prints how long it took. If it fails, prints the end of its output and returns
-# its exit code.
+# phase NAME COMMAND [ARG…]: runs COMMAND and prints how long it took. If COMMAND fails, prints the end of its output
+# and returns its exit code.
 phase() {
     local name=$1 log code=0 start=$SECONDS
     shift
     log=$phase_logs/${name// /-}.log
     mkdir -p "$phase_logs"
-    # In the background: in front of "||" a function that is the command would not stop at the first step that fails.
+    # COMMAND runs in the background, because "set -e" has no effect in a function in front of "||".
     (set -e; "$@") >"$log" 2>&1 </dev/null &
     wait $! || code=$?
     if [ "$code" -eq 0 ]; then

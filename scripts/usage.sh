@@ -1,9 +1,9 @@
-# Sourced by the scripts before they do anything: --help shows the comment at the script's head, and an argument that
-# the script does not take is refused by name.
+# Sourced by each script first. --help prints the comment at the top of the script. An argument that the script does not
+# accept is an error that names it.
 
 script_name=$(basename "$0")
 
-# answer_help "$@": shows the help and ends the script when that is what is asked for.
+# answer_help "$@": if the first argument asks for help, prints it and ends the script.
 answer_help() {
     case "${1:-}" in
     -h | --help)
@@ -13,7 +13,7 @@ answer_help() {
     esac
 }
 
-refuse() { # WORDS: what cannot be understood
+refuse() { # WORDS: the problem
     echo "$script_name: $*; --help shows what it takes" >&2
     exit 2
 }
