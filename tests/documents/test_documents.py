@@ -16,7 +16,8 @@ import unittest
 import blocks
 
 # In this order: each takes up what the ones before have made.
-DOCUMENTS = ["README.md", "docs/USING.md", "docs/REFERENCE.md", "docs/KERNEL.md", "docs/TRANSLATING.md", "docs/TESTING.md", "CONTRIBUTING.md"]
+DOCUMENTS = ["README.md", "docs/USING.md", "docs/REFERENCE.md", "docs/KERNEL.md", "docs/TRANSLATING.md", "docs/TESTING.md", "docs/PERFORMANCE.md", "docs/ARCHITECTURE.md",
+             "CONTRIBUTING.md"]
 PACKAGE = "build/wine/drive_c/Orvane"  # the folder of Windows' prompt
 TIMEOUT = 900  # seconds for all commands together; they take about 90
 
@@ -57,7 +58,12 @@ ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
 
 # Code that is no file and no command: the first line of each.
 ILLUSTRATIONS = ["EDITOR.exe                                    LIBRARY.exe",
-                 "SuiteReader reader_;                    // was: kernel_api::builtin::BuiltInReader reader_;"]
+                 "EDITOR.exe                                            LIBRARY.exe",
+                 "SuiteReader reader_;                    // was: kernel_api::builtin::BuiltInReader reader_;",
+                 "tools/   tests/                       examples/ (COM only)",
+                 "Composition (host/win32)   or   tests::ComponentOver (tests/support)",
+                 "Unloaded -> LoadingWithoutWindow -> Loading -> Loaded -> Unloading -> Unloaded",
+                 "client: NotifyMe(Aname, sCommand)"]
 
 project = pathlib.Path()
 build = pathlib.Path()
