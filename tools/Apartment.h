@@ -1,4 +1,5 @@
-// The thread's membership in a single-threaded apartment, as a module of the suite has it.
+// Initialises OLE on the current thread, as a module of the suite does. The thread is in a single-threaded apartment
+// until the object is destroyed.
 #pragma once
 
 #include "host/com/ComHeaders.h"

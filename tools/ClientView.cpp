@@ -24,7 +24,7 @@ using runtime::StringView;
 using runtime::win32::FolderOf;
 using runtime::win32::Wide;
 
-/// The kernel where clients find none: each call fails as theirs do.
+/// Stands in for a kernel that clients cannot find. Every call fails with the error that a client gets.
 class NoKernel : public kernel_api::Kernel {
  public:
     explicit NoKernel(runtime::Error reason) : reason_(std::move(reason)) {}
@@ -44,7 +44,7 @@ std::unique_ptr<kernel_api::Kernel> MakeKernelOrNone(const String& componentFold
     return std::make_unique<NoKernel>(error);
 }
 
-/// Kept until the process ends: the ports take the component's folder from it.
+/// The library stays loaded until the process ends, because the ports take the component's folder from it.
 HMODULE LoadForGood(const String& library) {
     return IsFullPath(library) ? runtime::win32::LoadTrusted(library).Release() : nullptr;
 }
@@ -72,7 +72,7 @@ std::string_view ScopeInWords(const ComponentInForce& component) {
 }
 
 std::optional<FoundKernel> KernelOfClients(const String& componentFolder) {
-    // A client's own folder is not known. Given twice, the component's adds no place.
+    // The client's own folder is unknown. The component's folder, passed a second time, adds no place to the search.
     return FindKernel(componentFolder, componentFolder);
 }
 

@@ -20,7 +20,7 @@ std::string Text(HRESULT result, const std::string& description) {
     return text;
 }
 
-/// Takes the description out of the thread's error object; none when there is no such object.
+/// Takes the thread's error object and returns its description. None if there is no error object.
 std::optional<std::string> TakeDescription() {
     host::com::ComPtr<IErrorInfo> information;
     if (GetErrorInfo(0, information.Put()) != S_OK) return std::nullopt;

@@ -1,4 +1,4 @@
-// A COM call that failed, with the description that its server left.
+// A failed COM call, with the description from the server's error object.
 #pragma once
 
 #include <exception>
@@ -13,7 +13,7 @@ class ComFailure : public std::exception {
     ComFailure(HRESULT result, std::string description);
 
     HRESULT Result() const noexcept { return result_; }
-    /// "0x800A0035 File not found", in UTF-8 and on one line.
+    /// "0x800A0035 File not found": UTF-8, one line.
     const char* what() const noexcept override { return text_.c_str(); }
 
  private:
@@ -21,17 +21,17 @@ class ComFailure : public std::exception {
     std::string text_;
 };
 
-/// Throws a ComFailure when `result` is one. Its description is that of the thread's error object, which is used up,
-/// else the system's text for `result`.
+/// Throws a ComFailure if `result` is a failure. Its description comes from the thread's error object, which is
+/// cleared. Without a description there, it is the system's text for `result`.
 void ThrowIfFailed(HRESULT result);
 
 /// Clears the thread's error object.
 void ClearErrorObject();
-/// Throws a ComFailure when there is something in the thread's error object: for a call that has no result.
+/// Throws a ComFailure if the thread has an error object. For calls that return no HRESULT.
 void ThrowIfErrorObject();
 
-/// The system's text for an HRESULT or Windows error, in UTF-8, on one line and without the full stop at its end; ""
-/// when it has none.
+/// The system's text for an HRESULT or Windows error: UTF-8, one line, without the final full stop. "" if the system
+/// has no text for it.
 std::string SystemText(HRESULT result);
 
 }  // namespace tools

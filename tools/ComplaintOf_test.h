@@ -1,4 +1,4 @@
-// What the readers of arguments say to arguments that they refuse.
+// The error messages of argument parsers, for tests.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace tools {
 
-/// The text of the UsageError that `Read` throws for `arguments`, "(none)" when it takes them.
+/// The text of the UsageError that `Read` throws for `arguments`, or "(none)" if it accepts them.
 template <auto Read>
 std::string ComplaintOf(const Arguments& arguments) {
     try {

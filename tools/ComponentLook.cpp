@@ -30,7 +30,7 @@ void ReadVersion(const String& path, ComponentFile& component) {
                             std::to_string(HIWORD(information.dwFileVersionLS));
 }
 
-/// The type library's attributes, which belong to it.
+/// The attributes of a type library. The library owns them and must outlive this object.
 class Attributes {
  public:
     explicit Attributes(ITypeLib& library) : library_(library) { ThrowIfFailed(library.GetLibAttr(&attributes_)); }
@@ -87,7 +87,7 @@ std::string ActivationFailure(const String& library) {
     const HRESULT result = CoGetClassObject(__uuidof(clsQmxBackProcess), CLSCTX_INPROC_SERVER, nullptr,
                                             IID_IClassFactory, factory.PutVoid());
     if (SUCCEEDED(result)) return "";
-    // Not every system has words for it.
+    // Some systems have no text for this error.
     const std::string words = result == REGDB_E_CLASSNOTREG ? "COM does not find the class" : SystemText(result);
     return ComFailure(result, words).what();
 }

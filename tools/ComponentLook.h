@@ -1,4 +1,4 @@
-// Looking at the component's file and at what COM makes of its registration, without creating an instance.
+// Inspects the component's file and asks COM for its class, without creating an instance.
 #pragma once
 
 #include "runtime/FilesPort.h"
@@ -8,8 +8,8 @@ namespace tools {
 
 ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path);
 
-/// What COM says when it is asked for the class, which `library` is registered for, by a thread in an apartment; ""
-/// when it gives the class.
+/// Asks COM for the class's factory. Returns the failure, or "" on success. `library` is the file that is registered
+/// for the class. The thread must be in an apartment.
 std::string ActivationFailure(const String& library);
 
 }  // namespace tools

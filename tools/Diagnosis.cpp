@@ -26,7 +26,7 @@ std::string Text(const Version& version) {
     return std::to_string(version.major) + "." + std::to_string(version.minor);
 }
 
-/// Registers again in the scope in force, so that following it never makes a second registration.
+/// Advice to register again. It keeps the scope in force, so that following it never creates a second registration.
 std::string RegisterAgain(const MachineState& machine) {
     if (machine.forUser && machine.forMachine) return "see 'registration' above";
     if (!machine.forUser && !machine.forMachine) {
@@ -88,7 +88,7 @@ Finding OfName(const MachineState& machine) {
     const std::string what = machine.name.classIdentifier.empty()
                                  ? name + " is not registered"
                                  : name + " names another class: " + Display(machine.name.classIdentifier);
-    // Registering for the machine does not change what the user's entries hide.
+    // Registering for the machine cannot help if the user's entries hide the machine's.
     const bool isHidden = machine.forMachine && !machine.forUser && machine.name.scope == Scope::kUser;
     if (isHidden) return Bad(subject, what + ", in the user's entries", "run 'backproc unregister --user'");
     return Bad(subject, what, RegisterAgain(machine));
@@ -173,7 +173,7 @@ Finding OfActivation(const MachineState& machine) {
 
 Finding OfNoKernel(const MachineState& machine) {
     const KernelFile& kernel = machine.kernel;
-    // The kernel's own error says what to do.
+    // The kernel's own error message contains the advice.
     if (kernel.besideTool.empty()) return Bad("kernel", kernel.failure, "");
     return Bad("kernel",
                "only beside this tool, " + Display(kernel.besideTool) + "; programs in other folders do not find it",
@@ -251,8 +251,8 @@ Finding OfModules(const ModuleListCheck& modules) {
     return Good(subject, count + ", K4TBACKPROCESS is number " + std::to_string(modules.ownPlace));
 }
 
-/// The only field of a state record that tells one form from another. It is not quoted, so that a comma in it is not
-/// the end of the field: it ends before the last four fields, which are numbers.
+/// The caption is the only field of a state record that distinguishes main forms. It is not quoted and may contain
+/// commas, so it is what precedes the last four fields, which are numbers.
 String CaptionOf(const String& stateRecord) {
     constexpr int kNumbers = 4;
     std::size_t end = stateRecord.size();
@@ -274,7 +274,7 @@ std::string ProcessesOf(const std::vector<MainFormOfProcess>& forms) {
     return names;
 }
 
-/// The record has no number of a process. Programs whose forms have the same caption cannot be told apart by it.
+/// The record has no process number, so programs whose main forms have the same caption cannot be distinguished.
 Finding OfState(const SuiteStrings& strings) {
     const std::string subject = "state";
     const std::vector<MainFormOfProcess>& forms = strings.mainForms;

@@ -1,5 +1,5 @@
-// What `backproc doctor` makes of what it found on the machine: one finding for each thing that a client needs, in the
-// order in which a client meets them. Looking is done elsewhere (MachineLook.cpp), so that each case can be tested.
+// The findings of `backproc doctor`: one for each thing that a client needs, in the order in which a client needs them.
+// MachineLook.cpp inspects the machine. This code only judges the result, so that a test can cover each case.
 #pragma once
 
 #include <optional>
@@ -14,22 +14,22 @@ namespace tools {
 
 using runtime::String;
 
-/// For whom something is registered: for all users of the machine, or for the current one.
+/// Whether an entry is registered for all users of the machine or for the current user.
 enum class Scope { kMachine, kUser };
 
-/// A class entry of the registry.
+/// The component's class entry in the registry.
 struct ClassEntry {
     String library;                           ///< full path
-    String threadingModel;                    ///< empty when it is missing
-    String typeLibrary;                       ///< path registered for the type library; empty when it is missing
-    std::vector<std::string> noProxies = {};  ///< the interfaces whose entries are missing or wrong
+    String threadingModel;                    ///< empty if it is missing
+    String typeLibrary;                       ///< path registered for the type library; empty if it is missing
+    std::vector<std::string> noProxies = {};  ///< interfaces whose proxy entries are missing or wrong
 };
 
 /// The class's name, "K4TBackProcess.clsQmxBackProcess", in the registry.
 struct NameEntry {
     Scope scope = Scope::kMachine;
-    String classIdentifier;  ///< empty when it is missing
-    bool isOurs = false;     ///< it is the component's class
+    String classIdentifier;  ///< empty if it is missing
+    bool isOurs = false;     ///< the identifier is that of the component's class
 };
 
 struct Version {
@@ -38,18 +38,18 @@ struct Version {
     bool operator==(const Version&) const = default;
 };
 
-/// The component's file that a client would load.
+/// The component file that a client would load.
 struct ComponentFile {
     String path;
     bool exists = false;
-    int bits = 0;  ///< 32 or 64; 0 when the file is no program for Windows
+    int bits = 0;  ///< 32 or 64; 0 if the file is not a Windows program
     std::optional<Version> version;
-    std::optional<Version> typeLibrary;  ///< none when the file has none, or that of another component
-    std::string loadFailure;             ///< why it cannot be loaded or has no such class; empty when it has
-    std::string fullVersion = {};        ///< "1.0.0"; empty when the file has none
+    std::optional<Version> typeLibrary;  ///< none if the file has none, or one of another component
+    std::string loadFailure;             ///< why it cannot be loaded or lacks the class; empty on success
+    std::string fullVersion = {};        ///< "1.0.0"; empty if the file has no version
 };
 
-/// The tool that looks.
+/// The running tool.
 struct ThisTool {
     String folder;
     std::string fullVersion;
@@ -58,23 +58,23 @@ struct ThisTool {
 };
 
 struct ThisSystem {
-    std::string windows;  ///< its version
+    std::string windows;  ///< Windows' version
     int bits = 32;
-    bool isElevated = false;  ///< the tool runs with an administrator's rights
+    bool isElevated = false;  ///< the tool runs with administrator rights
 };
 
 /// Where the component finds its kernel library.
 enum class KernelOrigin { kBesideComponent, kSystemFolder, kDevelopmentFolder, kAskedFor };
 
-/// The kernel library that the component loads in a program of any other folder.
+/// The kernel library that the component loads. The client is assumed to be in another folder than the tool.
 struct KernelFile {
     String path;
-    std::string failure;               ///< why there is none; empty when there is one
-    std::vector<std::string> missing;  ///< entries that it lacks
+    std::string failure;               ///< why no kernel was found; empty if one was
+    std::vector<std::string> missing;  ///< exported functions that it lacks
     KernelOrigin origin = KernelOrigin::kBesideComponent;
     bool isDevelopment = false;  ///< it is the development kernel
-    String besideTool = {};      ///< without a kernel: the one beside the tool, which other programs do not find
-    String hidden = {};          ///< the kernel in the system folder, which this one hides
+    String besideTool = {};      ///< only without a kernel: the one beside the tool
+    String hidden = {};          ///< the kernel in the system folder that this one hides
 };
 
 struct IniFile {
@@ -82,7 +82,7 @@ struct IniFile {
     bool exists = false;
     bool isFolder = false;
     bool canBeRead = true;
-    std::string problem = {};   ///< why it is not read as it was meant; empty when it is
+    std::string problem = {};   ///< why the file is read differently than meant; empty if it is not
     std::string encoding = {};  ///< "UTF-8", "UTF-16", "ANSI"
     IniReport report = {};
 };
@@ -91,15 +91,15 @@ struct LanguageFolder {
     String folder;  ///< empty: none is chosen
     bool hasFile = false;
     std::size_t lacking = 0;  ///< texts of the component that the file does not have
-    std::size_t skipped = 0;  ///< lines that cannot be read
+    std::size_t skipped = 0;  ///< lines that cannot be parsed
     bool isUtf16 = false;
 };
 
-/// A main form of the component that a process of this session has.
+/// A loaded main form of the component in a process of this session.
 struct MainFormOfProcess {
     String caption;  ///< as the kernel's ANSI code page holds it
     unsigned long process = 0;
-    String program;  ///< full path; empty when it is unknown
+    String program;  ///< full path; empty if it is unknown
 };
 
 /// The shared strings that the component's work depends on.
@@ -116,7 +116,7 @@ struct MachineState {
     std::optional<ClassEntry> forMachine;
     NameEntry name = {};
     bool hasManifest = false;       ///< beside the tool
-    std::string activationFailure;  ///< what COM says when it is asked for the class; empty when it gives it
+    std::string activationFailure;  ///< why COM does not return the class; empty if it does
     ComponentFile component;
     KernelFile kernel;
     IniFile ini;
@@ -124,26 +124,26 @@ struct MachineState {
     LanguageFolder language;
 };
 
-/// A note is worth knowing, but no client fails for it.
+/// A note is worth knowing, but does not make a client fail.
 enum class Grade { kOk, kNote, kBad };
 
 struct Finding {
     Grade grade = Grade::kOk;
     std::string subject;
     std::string what;
-    std::string advice = {};  ///< empty when nothing is to be done
+    std::string advice = {};  ///< empty if nothing needs to be done
 
     bool operator==(const Finding&) const = default;
 };
 
-/// The entry that COM takes: the user's hides the machine's. None when there is neither.
+/// The entry that COM uses. The user's entry hides the machine's. None if there is neither.
 const ClassEntry* EntryInForce(const MachineState& machine);
 
-/// "C:\…" or "\\server\…": a path that does not depend on the current folder. The tool loads no other: a file that was
-/// prepared in the current folder must not run.
+/// True for "C:\…" and "\\server\…". Such a path does not depend on the current folder. The tool loads no other file,
+/// because an attacker could place one in the current folder.
 bool IsFullPath(runtime::StringView path);
 
-/// There is a kernel, and it is whole.
+/// True if a kernel was found and lacks no function.
 bool HasKernel(const KernelFile& kernel);
 
 std::vector<Finding> Diagnose(const MachineState& machine);

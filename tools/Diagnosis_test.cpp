@@ -16,7 +16,7 @@ using ::testing::HasSubstr;
 
 const String kPath = u"C:\\Orvane\\K4TBackProcess.dll";
 
-/// A machine on which a client works: registered for the user, everything there.
+/// A machine on which a client works: the component is registered for the user and nothing is missing.
 MachineState Sound() {
     MachineState machine;
     machine.system = {.windows = "Windows 10.0.19045", .bits = 64, .isElevated = true};

@@ -1,4 +1,4 @@
-// Control characters made visible.
+// Replaces control characters by visible ones.
 #include "tools/Display.h"
 
 namespace tools {

@@ -1,4 +1,4 @@
-// Texts as the tool prints them: always within one line, and paths untouched.
+// Texts as the tool prints them: each on one line, with paths unchanged.
 #pragma once
 
 #include <string>
@@ -7,11 +7,11 @@
 
 namespace tools {
 
-/// UTF-8 of `text` on one line: a control character is shown by its picture (U+2400 and up), so that a line feed
-/// reads "␊" and a carriage return "␍". Everything else is unchanged, backslashes too.
+/// Returns `text` in UTF-8 on one line. A control character becomes its picture (U+2400 and up): a line feed becomes
+/// "␊", a carriage return "␍". All other characters stay unchanged, including backslashes.
 std::string Display(runtime::StringView text);
 
-/// Display of a name or value within a sentence: in single quotes, and cut off behind its first 200 characters.
+/// Display of a name or value inside a sentence: in single quotes, cut off after 200 characters.
 std::string Quoted(runtime::StringView text);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// Everything that a ticket about the component needs, in one text.
+// Writes everything that a support ticket about the component needs into one text.
 #pragma once
 
 #include <iosfwd>
@@ -8,10 +8,11 @@
 
 namespace tools {
 
-/// One finding a line: "ok", "note" or "BAD", subject, what was found, and after a semicolon what to do.
+/// Writes one line for each finding: "ok", "note" or "BAD", the subject, what was found, and after a semicolon the
+/// advice.
 void WriteFindings(std::ostream& out, const std::vector<Finding>& findings);
 
-/// The findings, the registry's entries of both hives, the shared strings of the suite, the INI file.
+/// Writes the findings, both users' and machine's registry entries, the suite's shared strings and the INI file.
 void WriteReport(std::ostream& out, const MachineState& machine, const std::vector<Finding>& findings);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// `backproc doctor`: what a client would get, and why.
+// `backproc doctor`: checks whether a client can create the component, and if not, why.
 #include <algorithm>
 #include <filesystem>
 #include <fstream>

@@ -1,4 +1,4 @@
-// `backproc error`: an error reported to the user as the component reports it.
+// `backproc error`: shows an error message as the component shows it.
 #include "services/MessageTexts.h"
 #include "tools/MessageService.h"
 #include "tools/Usage.h"

@@ -11,7 +11,7 @@ namespace {
 
 constexpr DISPID kNotifyServer = 1;
 
-/// A string argument, whether it came by value or by reference.
+/// A string argument, passed by value or by reference.
 class TextArgument {
  public:
     explicit TextArgument(VARIANT& argument) {
@@ -70,7 +70,7 @@ HRESULT EventSink::GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) {
 HRESULT EventSink::Invoke(DISPID member, REFIID, LCID, WORD, DISPPARAMS* parameters, VARIANT*, EXCEPINFO*, UINT*) try {
     if (member != kNotifyServer) return DISP_E_MEMBERNOTFOUND;
     if (parameters == nullptr || parameters->cArgs != 2) return DISP_E_BADPARAMCOUNT;
-    // Arguments arrive last first.
+    // COM passes arguments in reverse order.
     const TextArgument name(parameters->rgvarg[1]);
     const TextArgument command(parameters->rgvarg[0]);
     if (FAILED(name.Result())) return name.Result();

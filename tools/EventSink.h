@@ -1,4 +1,4 @@
-// Hears the events of one instance: the sink that a module connects to it.
+// The sink that a module connects to an instance to receive its events.
 #pragma once
 
 #include <functional>
@@ -7,7 +7,7 @@
 
 namespace tools {
 
-/// Lives as long as somebody holds a reference to it; starts with one.
+/// Reference-counted; a new sink has one reference.
 class EventSink final : public IDispatch {
  public:
     using NotifyServer = std::function<void(runtime::StringView Aname, runtime::StringView sCommand)>;

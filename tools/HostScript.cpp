@@ -1,4 +1,4 @@
-// Reading of the module host's lines.
+// Parses the lines of `backproc host`.
 #include "tools/HostScript.h"
 
 #include <algorithm>
@@ -46,12 +46,12 @@ constexpr std::array kVerbs{
 
 constexpr StringView kBlanks = u" \t";
 
-/// Takes words off the front of a line; what is left keeps its blanks.
+/// Reads words from the front of a line. The rest of the line keeps its blanks.
 class Words {
  public:
     explicit Words(StringView line) : rest_(line) {}
 
-    /// "" when there is no further word.
+    /// The next word, or "" at the end of the line.
     StringView Next() {
         rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
         const StringView word = rest_.substr(0, rest_.find_first_of(kBlanks));
@@ -59,7 +59,7 @@ class Words {
         return word;
     }
 
-    /// Everything after the one blank that ended the last word.
+    /// Everything after the single blank that ended the last word. None if the line ended there.
     std::optional<String> Rest() const {
         if (rest_.empty()) return std::nullopt;
         return String(rest_.substr(1));
@@ -76,7 +76,7 @@ const VerbForm& FindVerb(StringView name) {
     return *verb;
 }
 
-/// Nine digits at most, so that the value always fits.
+/// Accepts nine digits at most, because the value must fit into 32 bits.
 std::int32_t ToNumber(const std::string& command, StringView word) {
     constexpr std::size_t kMaxDigits = 9;
     const auto isDigit = [](char16_t unit) { return unit >= u'0' && unit <= u'9'; };

@@ -1,4 +1,4 @@
-// The lines that drive `backproc host`: one command a line, read into data before anything is done.
+// The script of `backproc host`: one command per line. Each line is parsed before it runs.
 #pragma once
 
 #include <cstdint>
@@ -31,26 +31,26 @@ enum class HostVerb {
 
 struct HostCommand {
     HostVerb verb = HostVerb::kNothing;
-    /// The instance (from 1), or for kPump the time in milliseconds.
+    /// The instance's number, from 1. For kPump, the time in milliseconds.
     std::int32_t number = 0;
-    /// The string's key, for kSet and kGet; the module, for kSend and kShell.
+    /// For kSet and kGet, the string's key. For kSend and kShell, the module.
     String key;
-    /// For kShell.
+    /// The mode, for kShell only.
     std::int16_t mode = 0;
-    /// The rest of the line after one blank; none when the line ends before that blank.
+    /// The rest of the line after one blank. None if the line ends before that blank.
     std::optional<String> text;
 
     bool operator==(const HostCommand&) const = default;
 };
 
-/// The line is no command. The text (UTF-8) says why.
+/// The line is not a valid command. The text (UTF-8) says why.
 class HostScriptError : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
 };
 
-/// Reads one line, given without its line end. Blank lines and those that start with '#' are kNothing.
-/// Throws HostScriptError.
+/// Parses one line without its line end. Blank lines and lines that start with '#' become kNothing. Throws
+/// HostScriptError.
 HostCommand ParseHostCommand(StringView line);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// `backproc host`: the component hosted as a module would, driven by lines of text.
+// `backproc host`: hosts the component as a module does, driven by lines of text.
 #include <filesystem>
 #include <fstream>
 #include <istream>
@@ -60,7 +60,7 @@ Example, in a command prompt:
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// The lines of one run, counted, and whether all went well.
+/// Runs the lines of one script. Counts them and records whether all succeeded.
 class HostRun {
  public:
     HostRun(std::istream& in, Console& console) : reader_(in), host_(console.out), err_(console.err) {}
@@ -91,17 +91,17 @@ class HostRun {
     bool succeeded_ = true;
 };
 
-/// In any letter case, as the component takes it.
+/// Ignores letter case, as the component does.
 bool IsSystemFolder(const String& argument) {
     constexpr std::wstring_view kOption = L"/sys:";
     return _wcsnicmp(runtime::win32::Wide(argument), kOption.data(), kOption.size()) == 0;
 }
 
-/// The argument that names the script; none for standard input.
+/// The argument that names the script file. None for standard input.
 std::optional<String> ScriptFile(const Arguments& arguments) {
     std::optional<String> file;
     for (const String& argument : arguments) {
-        // The component itself finds this one on the process's command line.
+        // The component reads this argument from the process's command line.
         if (IsSystemFolder(argument)) continue;
         if (file) throw UsageError("takes one FILE at most; " + Quoted(argument) + " is another one");
         file = argument;

@@ -1,5 +1,5 @@
-// What an engineer who wrote MARLENTO.INI should know about it: the settings that the component takes from it, and the
-// lines that look like settings but have no effect, or another one than meant.
+// Reports on MARLENTO.INI for the engineer who wrote it: the settings that the component reads, and the lines that look
+// like settings but have no effect or an unintended one.
 #pragma once
 
 #include <cstddef>
@@ -11,19 +11,19 @@
 namespace tools {
 
 struct IniRemark {
-    std::size_t line = 0;  ///< from 1
+    std::size_t line = 0;  ///< counted from 1
     std::string what;
     std::string advice;
     bool operator==(const IniRemark&) const = default;
 };
 
 struct IniReport {
-    std::vector<std::string> taken;     ///< keys of the settings that the component takes, in the file's order
-    std::vector<std::string> notTaken;  ///< other keys of its section, which it does not read
+    std::vector<std::string> taken;     ///< keys of the settings that the component reads, in the file's order
+    std::vector<std::string> notTaken;  ///< other keys of the component's section; the component does not read them
     std::vector<IniRemark> remarks;
 };
 
-/// `text` is the decoded file. Letter case is the locale's.
+/// `text` is the decoded file. `locale` decides which letters differ only in case.
 IniReport ReportOnIni(runtime::StringView text, runtime::LocalePort& locale);
 
 }  // namespace tools

@@ -16,7 +16,7 @@ IniReport ReportOn(runtime::StringView text) {
     return ReportOnIni(text, locale);
 }
 
-/// The only remark about `text`: its line, what it says and what it advises.
+/// The only remark about `text`: its line, problem and advice.
 std::string RemarkOn(runtime::StringView text) {
     const IniReport report = ReportOn(text);
     if (report.remarks.size() != 1) return std::to_string(report.remarks.size()) + " remarks";

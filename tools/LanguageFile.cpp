@@ -9,7 +9,7 @@ namespace tools {
 
 runtime::String LanguageFileIn(runtime::FilesPort& files, runtime::StringView folder) {
     using kernel_api::builtin::kMaxTextsBytes;
-    // An empty folder would mean that of the suite's current language to the reader.
+    // To the reader, an empty folder would mean the suite's current language folder.
     if (folder.empty())
         throw std::runtime_error(
             "the name of the language folder is empty; give a folder that has a K4TBackProcess.txt");

@@ -1,12 +1,12 @@
-// The language file that a user names by its folder.
+// Finds the language file in a folder that the user names.
 #pragma once
 
 #include "runtime/FilesPort.h"
 
 namespace tools {
 
-/// Its path. std::runtime_error, in words for the user, when the folder has no name or no such file, or one that is too
-/// large to be read.
+/// Returns the file's path. Throws std::runtime_error with a message for the user if the name is empty, the file is
+/// missing, or the file is too large to be read.
 runtime::String LanguageFileIn(runtime::FilesPort& files, runtime::StringView folder);
 
 }  // namespace tools

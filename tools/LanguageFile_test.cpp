@@ -11,7 +11,7 @@ namespace {
 
 class LanguageFile : public testing::Test {
  protected:
-    /// What the user is told; empty when the file is taken.
+    /// The error message for `folder`; empty if the file is accepted.
     std::string Complaint(runtime::StringView folder) {
         try {
             LanguageFileIn(files_, folder);

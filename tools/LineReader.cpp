@@ -1,4 +1,4 @@
-// Reading lines beside a message loop.
+// Reads lines while the caller's message loop runs.
 #include "tools/LineReader.h"
 
 #include <system_error>

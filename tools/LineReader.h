@@ -1,4 +1,4 @@
-// Lines of a stream, read on a thread of their own so that the caller can serve its windows while it waits.
+// Reads lines of a stream on its own thread, so that the calling thread can dispatch messages while it waits.
 #pragma once
 
 #include <atomic>
@@ -11,7 +11,7 @@
 
 namespace tools {
 
-/// Reads `in`, which must outlive it. The destructor waits for a read that is under way.
+/// Reads `in`, which must outlive the reader. The destructor waits for a read in progress.
 class LineReader {
  public:
     explicit LineReader(std::istream& in);
@@ -19,15 +19,15 @@ class LineReader {
     LineReader& operator=(const LineReader&) = delete;
     ~LineReader();
 
-    /// The next line without its line end (LF or CR LF); none at the end of the stream. Dispatches window messages
-    /// until it is there.
+    /// Returns the next line without its line end (LF or CR LF), or none at the end of the stream. Dispatches window
+    /// messages while it waits.
     std::optional<std::string> Next();
 
  private:
     void Read();
 
     std::istream& in_;
-    // One line is under way at a time: the events hand `line_` from one thread to the other.
+    // Only one line is in progress at a time: the events pass `line_` from one thread to the other.
     std::optional<std::string> line_;
     std::atomic<bool> stopped_ = false;
     runtime::win32::KernelHandle wanted_;

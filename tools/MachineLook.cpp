@@ -82,12 +82,13 @@ KernelOrigin OriginOf(KernelPlace place) {
     return KernelOrigin::kBesideComponent;
 }
 
-/// The kernel at `path` is loaded. Only the development kernel has an entry that lists its strings.
+/// True if the kernel at `path`, which must be loaded, exports a function that lists its strings. Only the development
+/// kernel does.
 bool IsDevelopmentKernel(const String& path) {
     return GetProcAddress(GetModuleHandleW(Wide(path)), "QmxDev_NextString") != nullptr;
 }
 
-/// The kernel in the system folder, when the one at `path` is another one and comes before it.
+/// The kernel in the system folder, if the kernel at `path` is another one and hides it; otherwise "".
 String HiddenKernel(const String& path) {
     const auto inSystem = kernel_api::win32::FindKernel(u"", u"");
     if (!inSystem || inSystem->place != KernelPlace::kSystemFolder || IsSamePath(inSystem->path, path)) return {};
@@ -135,13 +136,13 @@ IniFile LookAtIni(Win32Files& files, const String& folder) {
 }
 
 String StringOf(KernelLibrary& kernel, runtime::StringView key) {
-    // No text can be so near to address 0; some kernels answer with small numbers.
+    // Some kernels return small numbers instead of an address. No text is below this address.
     constexpr kernel_api::TextPointer kLowestAddress = 0x10000;
     const kernel_api::TextPointer text = kernel.E_GetString(key);
     return text >= kLowestAddress ? Win32Locale().FromAnsi(reinterpret_cast<const char*>(text)) : String();
 }
 
-/// The folder that the shared string names, as a client would take it.
+/// The folder in the shared string LANGUAGEPATH, as a client would read it.
 LanguageFolder LookAtLanguage(Win32Files& files, KernelLibrary& kernel) {
     LanguageFolder language;
     language.folder = StringOf(kernel, kernel_api::kLanguageFolderKey);
@@ -215,7 +216,7 @@ void LookAtKernelAndStrings(MachineState& machine, Win32Files& files, const Stri
     machine.language = LookAtLanguage(files, *kernel);
 }
 
-/// A registered path may be in quotes, which is reported as such; its folder is known all the same.
+/// A registered path may begin with a quote, which is reported as a finding. This returns the path without it.
 String WithoutQuote(const String& path) {
     return path.starts_with(u'"') ? path.substr(1) : path;
 }

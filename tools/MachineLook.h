@@ -1,12 +1,12 @@
-// Looking at the machine for the doctor, without creating an instance, so that none of the strings that running modules
-// share is changed.
+// Inspects the machine for `backproc doctor`. It creates no instance, so the strings that running modules share do not
+// change.
 #pragma once
 
 #include "tools/Diagnosis.h"
 
 namespace tools {
 
-/// For a thread in an apartment.
+/// Call it on a thread that is in an apartment.
 MachineState LookAtMachine();
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// What the command line says about a message that is to be shown.
+// The message that the command line describes.
 #pragma once
 
 #include <cstdint>
@@ -16,11 +16,11 @@ struct MessageArguments {
     bool operator==(const MessageArguments&) const = default;
 };
 
-/// Reads "[--flags N] [--title T] [--language FOLDER] [--] PROMPT"; in PROMPT "\n" becomes a line break. UsageError for
-/// anything else.
+/// Parses "[--flags N] [--title T] [--language FOLDER] [--] PROMPT". In PROMPT, "\n" becomes a line break. Throws
+/// UsageError for anything else.
 MessageArguments ReadMessageArguments(const Arguments& arguments);
 
-/// `written` with a line break (CR LF) for each "\n".
+/// Returns `written` with each "\n" replaced by a line break (CR LF).
 String WithLineBreaks(StringView written);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// The message loop of a module that has no window of its own: the component's windows live on its thread.
+// The message loop of a module without its own window. The component's windows belong to the calling thread.
 #pragma once
 
 #include <chrono>
@@ -7,7 +7,7 @@
 
 namespace tools {
 
-/// Dispatches the messages that are waiting, and no others.
+/// Dispatches the messages that are waiting and returns.
 void PumpPending();
 /// Dispatches messages for `time`.
 void PumpFor(std::chrono::milliseconds time);

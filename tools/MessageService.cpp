@@ -14,7 +14,7 @@ namespace tools {
 
 namespace {
 
-/// This process takes its texts from `folder`. The language that the modules share does not change.
+/// Makes this process take its texts from `folder`. The shared string LANGUAGEPATH does not change.
 void UseLanguageOf(host::Process& process, const runtime::String& folder) {
     LanguageFileIn(runtime::CurrentPorts().files, folder);
     process.Reader().UseLanguageFolder([folder] { return folder; });

@@ -1,4 +1,5 @@
-// The component's message texts and boxes, made ready in this process as the component makes them ready in a module's.
+// Prepares the component's message texts and boxes in this process, as the component prepares them in a module's
+// process.
 #pragma once
 
 #include <optional>
@@ -7,10 +8,10 @@
 
 namespace tools {
 
-/// Chooses ports, kernel and reader. Where no module has published the product's name yet, publishes the product's
-/// identity; the module's name and caption, which go into titles, the help file's name and the font become what they
-/// are once the main form has loaded. With a language folder, texts come from its file, in this process only; throws
-/// when there is none.
+/// Sets the ports, kernel and reader. Publishes the product's identity if no module has published the product's name
+/// yet. Sets the module's name and caption (used in titles), the help file's name and the font to the values that the
+/// main form's load sets. With a language folder, this process takes its texts from the file there. Throws if the
+/// folder has no such file.
 void PrepareMessages(const std::optional<runtime::String>& languageFolder = std::nullopt);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// Instances of the component and what they say.
+// Creates instances, calls them and prints their results and events.
 #include "tools/ModuleHost.h"
 
 #include <ostream>
@@ -23,7 +23,7 @@ std::string Bracketed(StringView text) {
     return bracketed.append(Display(text)).append(1, ']');
 }
 
-/// Throws for every failure; for one that comes of the registration the system has no useful words.
+/// Throws for every failure. If the class is not registered, it replaces the system's text with advice.
 void ThrowIfNotMade(HRESULT result) {
     if (result != CO_E_CLASSSTRING && result != REGDB_E_CLASSNOTREG) return ThrowIfFailed(result);
     throw ComFailure(result, "the component is not registered; 'backproc doctor' tells what to do");
@@ -35,7 +35,7 @@ void Connect(_clsQmxBackProcess& instance, EventSink::NotifyServer notifyServer)
     ComPtr<IConnectionPoint> point;
     ThrowIfFailed(container->FindConnectionPoint(__uuidof(__clsQmxBackProcess), point.Put()));
     const auto sink = ComPtr<EventSink>::Attach(new EventSink(std::move(notifyServer)));
-    // The connection is never cut: the instance is to be heard until its last release is over.
+    // The connection stays until the end, because the last release of the instance still raises an event.
     DWORD cookie = 0;
     ThrowIfFailed(point->Advise(sink.Get(), &cookie));
 }
@@ -49,7 +49,7 @@ ComPtr<IK4TDiagnostics> DiagnosticsOf(_clsQmxBackProcess& instance) {
 
 }  // namespace
 
-// The kernel that the instances get in this process.
+// `strings_` uses the kernel that the instances use in this process.
 ModuleHost::ModuleHost(std::ostream& out)
     : out_(out),
       strings_(std::make_unique<kernel_api::win32::KernelLibrary>(runtime::win32::FolderOf(FindComponent().library))) {}
@@ -218,7 +218,7 @@ _clsQmxBackProcess& ModuleHost::Find(std::int32_t number) const {
     return *instance->second.Get();
 }
 
-/// Prints the outcome that `call` gives, unless it is empty, or its failure.
+/// Runs `call` and prints its result, unless that is empty, or its failure. Returns false after a failure.
 template <typename Call>
 bool ModuleHost::Report(std::int32_t number, Call&& call) {
     try {

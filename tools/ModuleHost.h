@@ -1,5 +1,5 @@
-// A module's side of the component: creates instances through COM as the suite's modules do, calls their members and
-// prints what comes back and what they announce.
+// A module of the suite as a client of the component: creates instances through COM, calls their members, and prints
+// results and events.
 #pragma once
 
 #include <iosfwd>
@@ -12,15 +12,16 @@
 
 namespace tools {
 
-/// Lives on a single-threaded apartment. Events are printed while a member is under way, each line at once.
+/// Use it on a thread in a single-threaded apartment. An event is printed at once, while the call that raises it is
+/// running.
 class ModuleHost {
  public:
     explicit ModuleHost(std::ostream& out);
 
-    /// Carries `command` out and prints its outcome. False when the component refused it, which is printed too.
-    /// Throws HostScriptError when there is no such instance, runtime::Error when the kernel library fails.
+    /// Runs `command` and prints its result. If the component returns a failure, prints that and returns false. Throws
+    /// HostScriptError if there is no such instance, and runtime::Error if the kernel library fails.
     bool Run(const HostCommand& command);
-    /// Releases what is left, in order of creation. False when one of them failed.
+    /// Releases the remaining instances in the order of their creation. Returns false if a release failed.
     bool ReleaseAll();
 
  private:
@@ -30,7 +31,7 @@ class ModuleHost {
     bool Load(std::int32_t number);
     bool NotifyMe(std::int32_t number, const std::optional<String>& command);
     bool SeverPath(std::int32_t number, const std::optional<String>& value);
-    // The lines 'send', 'sendall' and 'shell', through the instance's diagnostics.
+    // The commands 'send', 'sendall' and 'shell', through the instance's diagnostics interface.
     bool AP_SendCmd(std::int32_t number, StringView module, StringView command);
     bool AP_SendCmdAll(std::int32_t number, StringView command);
     bool AP_Shell(std::int32_t number, StringView module, std::int16_t mode, StringView commandLine);

@@ -34,7 +34,7 @@ std::string ProblemOf(const kernel_api::CommaField& field) {
     return "";
 }
 
-/// `list` without the characters from `begin` to `end` and one of the commas around them.
+/// Returns `list` without the characters from `begin` to `end` and without one of the commas around them.
 String Without(StringView list, std::size_t begin, std::size_t end) {
     String rest(list.substr(0, begin));
     if (end < list.size()) return rest.append(list.substr(end + 1));

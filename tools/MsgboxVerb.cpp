@@ -1,4 +1,4 @@
-// `backproc msgbox`: the suite's own message box.
+// `backproc msgbox`: shows the suite's message box.
 #include <ostream>
 
 #include "services/MessageTexts.h"

@@ -1,4 +1,4 @@
-// What the command line says about a value that the query dialog is to ask for.
+// The query dialog that the command line describes.
 #pragma once
 
 #include <cstdint>
@@ -13,14 +13,15 @@ struct QueryArguments {
     std::optional<String> title;
     String prompt;
     std::int32_t index = -1;
-    std::optional<String> buttonCaption;  ///< of the extra button; none for no button
+    std::optional<String> buttonCaption;  ///< caption of the extra button; none for no button
     std::optional<String> languageFolder;
-    std::vector<String> values;  ///< the initial text, then the items
+    std::vector<String> values;  ///< the initial text, followed by the items
     bool operator==(const QueryArguments&) const = default;
 };
 
-/// Reads "--kind K [--title T] [--prompt P] [--index I] [--button CAPTION] [--language FOLDER] [--] VALUE0 [ITEM...]",
-/// options in any order; "\n" becomes a line break everywhere but in FOLDER. UsageError for anything else.
+/// Parses "--kind K [--title T] [--prompt P] [--index I] [--button CAPTION] [--language FOLDER] [--] VALUE0 [ITEM...]",
+/// with the options in any order. "\n" becomes a line break everywhere except in FOLDER. Throws UsageError for anything
+/// else.
 QueryArguments ReadQueryArguments(const Arguments& arguments);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// `backproc query`: the suite's query dialog.
+// `backproc query`: shows the suite's query dialog.
 #include <ostream>
 
 #include "dialogs/Qmxquery.h"

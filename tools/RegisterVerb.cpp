@@ -1,4 +1,4 @@
-// `backproc register` and `backproc unregister`: the component's entries in the registry.
+// `backproc register` and `backproc unregister`: add and remove the component's registry entries.
 #include <ostream>
 
 #include "host/com/ComHeaders.h"
@@ -58,7 +58,7 @@ bool IsMissingRight(HRESULT result) {
     return false;
 }
 
-/// Runs `change`; where a right is missing, the error says what can be done.
+/// Runs `change`. If it fails because a right is missing, the error says what to do.
 void Change(void (*change)(Scope), Scope scope) try { change(scope); } catch (const ComFailure& failure) {
     if (scope == Scope::kUser || !IsMissingRight(failure.Result())) throw;
     throw std::runtime_error(
@@ -72,7 +72,7 @@ void PrintClass(std::ostream& out) {
         << "identifier " << Display(ClassIdentifier()) << '\n';
 }
 
-/// With both registrations an update of the one is not seen through the other.
+/// Refuses a second registration, because the user's entry would hide later updates of the machine's.
 void RequireNoOther(Scope scope) {
     const Scope other = scope == Scope::kUser ? Scope::kMachine : Scope::kUser;
     const std::optional<String> library = RegisteredLibrary(other);

@@ -1,4 +1,4 @@
-// The component's own registration entries, called; and the registry, read.
+// Calls the component's registration functions and reads the registry.
 #include "tools/Registration.h"
 
 #include <stdexcept>
@@ -63,7 +63,7 @@ HKEY Root(Scope scope) {
     return scope == Scope::kUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
 
-/// A text below the scope's classes; the key's default value for a null `name`.
+/// A text under the scope's "Software\Classes" key. With a null `name`, the key's default value.
 std::optional<String> ClassesText(Scope scope, const String& key, const wchar_t* name = nullptr) {
     const String path = u"Software\\Classes\\" + key;
     DWORD bytes = 0;
@@ -87,11 +87,11 @@ String ServerKey() {
     return u"CLSID\\" + ClassIdentifier() + u"\\InprocServer32";
 }
 
-/// What an interface needs so that COM can make a proxy of it.
+/// The registry entry of an interface. COM needs it to create a proxy.
 struct ProxyEntry {
     const char* name;
     IID identifier;
-    StringView marshaller;  ///< the system's, for type libraries or for late-bound calls
+    StringView marshaller;  ///< the system's marshaller for type libraries or for late-bound calls
 };
 
 std::vector<std::string> InterfacesWithoutProxy(Scope scope) {

@@ -1,4 +1,4 @@
-// Registers the component, removes its registration, and reads the entries of the registry.
+// Registers and unregisters the component, and reads its registry entries.
 #pragma once
 
 #include <optional>
@@ -7,25 +7,25 @@
 
 namespace tools {
 
-/// Has the component beside the tool register itself. ComFailure when it refuses, std::runtime_error when it cannot be
-/// loaded.
+/// Calls the registration function of the component beside the tool. Throws ComFailure if that fails, and
+/// std::runtime_error if the component cannot be loaded.
 void Register(Scope scope);
-/// The reverse; fails alike.
+/// Removes the registration. Throws as `Register` does.
 void Unregister(Scope scope);
 
-/// The component's file that is registered for `scope`; none when it is not registered there.
+/// The component's file that is registered for `scope`. None if it is not registered there.
 std::optional<String> RegisteredLibrary(Scope scope);
-/// The whole entry; none when the class is not registered there.
+/// The whole class entry. None if the class is not registered there.
 std::optional<ClassEntry> RegisteredClass(Scope scope);
-/// A text in the registry, for showing it.
+/// One value of the registry, for display.
 struct RegistryValue {
-    String key;   ///< below the classes
+    String key;   ///< relative to the scope's classes
     String name;  ///< empty for the key's default value
     String text;
 };
-/// All texts that registering writes, as far as they are there.
+/// All existing values that registering writes.
 std::vector<RegistryValue> RegisteredValues(Scope scope);
-/// The class that the name is registered for. The user's entry hides the machine's.
+/// The class for which the name is registered. The user's entry hides the machine's.
 NameEntry RegisteredName();
 /// The component's class identifier, in braces.
 String ClassIdentifier();

@@ -1,4 +1,4 @@
-// Looking at the suite's shared strings.
+// Reads and writes the suite's shared strings.
 #include "tools/SharedStrings.h"
 
 #include <stdexcept>
@@ -12,11 +12,12 @@ namespace tools {
 namespace {
 
 constexpr const char* kListEntry = "QmxDev_NextString";
-/// Gives the key after `afterKey`, the first one for null: the bytes that it takes with its NUL, 0 after the last key.
-/// A buffer that is too small is left alone.
+/// Writes the key after `afterKey` (the first key for null) into the buffer. Returns its length with the terminating
+/// NUL, or 0 after the last key. If the buffer is too small, it stays unchanged.
 using NextString = long __stdcall(const char* afterKey, char* keyBuffer, long size);
 
-/// Of the library at `path`, which is loaded; the process may have another one of its name.
+/// The function of the library at `path`, which must be loaded. The full path is needed because the process may have
+/// loaded another library of the same name.
 NextString& ListEntry(const String& path) {
     const FARPROC entry = GetProcAddress(GetModuleHandleW(runtime::win32::Wide(path)), kListEntry);
     if (entry == nullptr) {
@@ -27,7 +28,7 @@ NextString& ListEntry(const String& path) {
     return *reinterpret_cast<NextString*>(reinterpret_cast<void*>(entry));
 }
 
-/// The key after `key`, the first one for null; none after the last.
+/// The key after `key`, or the first key for null. None after the last key.
 std::optional<std::string> KeyAfter(NextString& nextString, const char* key) {
     std::string buffer(64, '\0');
     for (;;) {
@@ -62,7 +63,7 @@ std::map<String, String> SharedStrings::All() {
     std::optional<std::string> key = KeyAfter(nextString, nullptr);
     while (key) {
         const String name = locale_.FromAnsi(*key);
-        // Another process may have removed it since its key was listed.
+        // Another process may have removed the string after its key was listed.
         if (std::optional<String> value = Get(name)) strings.emplace(name, *std::move(value));
         key = KeyAfter(nextString, key->c_str());
     }

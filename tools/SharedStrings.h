@@ -1,4 +1,4 @@
-// The suite's shared strings as the tool looks at them, through a kernel library.
+// The suite's shared strings, accessed by the tool through a kernel library.
 #pragma once
 
 #include <map>
@@ -13,17 +13,17 @@ namespace tools {
 using runtime::String;
 using runtime::StringView;
 
-/// The library is loaded at the first call. All throw runtime::Error 53 or 48 (the kernel library is not there or
-/// will not load) and 453 (it lacks an entry).
+/// The library is loaded at the first call. All members throw runtime::Error 53 if the library is missing, 48 if it
+/// cannot be loaded, and 453 if it lacks a function.
 class SharedStrings {
  public:
     explicit SharedStrings(std::unique_ptr<kernel_api::win32::KernelLibrary> kernel) : kernel_(std::move(kernel)) {}
 
-    /// None when there is no such string.
+    /// The string's value. None if there is no such string.
     std::optional<String> Get(StringView key);
     void Set(StringView key, StringView value);
-    /// Every string by its key, in the order of the keys' characters. Only the development kernel can list them: error
-    /// 453 with another one.
+    /// All strings, sorted by key. Throws error 453 unless the library is the development kernel: no other kernel can
+    /// list its strings.
     std::map<String, String> All();
     /// Full path of the library.
     String Library() { return kernel_->Path(); }

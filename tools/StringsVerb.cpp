@@ -1,4 +1,4 @@
-// `backproc strings`: the suite's shared strings, looked at and set from outside.
+// `backproc strings`: shows and sets the suite's shared strings.
 #include <ostream>
 
 #include "runtime/win32/ModulePath.h"
@@ -51,7 +51,7 @@ int ShowOne(SharedStrings& strings, const String& key, Console& console) {
     return kSuccess;
 }
 
-/// The kernel keeps ANSI texts.
+/// Prints a note if the kernel, which stores ANSI text, changed the value.
 void SetOne(SharedStrings& strings, const String& key, const String& value, Console& console) {
     strings.Set(key, value);
     const String kept = strings.Get(key).value_or(u"");

@@ -16,7 +16,7 @@ std::string InLowerCase(std::string_view word) {
     return lower;
 }
 
-/// How many letters must be added, left out, replaced or swapped with their neighbour to make one word the other.
+/// The number of letters to insert, delete, replace or swap with a neighbour to turn one word into the other.
 std::size_t EditDistance(const std::string& one, const std::string& other) {
     std::vector<std::vector<std::size_t>> cost(one.size() + 1, std::vector<std::size_t>(other.size() + 1));
     for (std::size_t i = 0; i <= one.size(); ++i) cost[i][0] = i;
@@ -32,7 +32,7 @@ std::size_t EditDistance(const std::string& one, const std::string& other) {
     return cost[one.size()][other.size()];
 }
 
-/// None for words that are too unlike.
+/// The distance of two similar words. None if they are too different.
 std::optional<std::size_t> Distance(const std::string& one, const std::string& other) {
     constexpr std::size_t kMaxWordLength = 64;
     constexpr std::size_t kShortestBeginning = 4;

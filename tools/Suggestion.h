@@ -1,4 +1,4 @@
-// The word that a mistyped one was probably meant to be.
+// Suggests the word that the user probably meant.
 #pragma once
 
 #include <optional>
@@ -8,11 +8,12 @@
 
 namespace tools {
 
-/// The candidate that is most like `word`: a few letters added, left out, replaced or swapped, or one word the
-/// beginning of the other. The case of ASCII letters does not count. None when no candidate is near.
+/// The candidate most similar to `word`. Similar means that a few letters are inserted, deleted, replaced or swapped,
+/// or that one word is the beginning of the other. The case of ASCII letters is ignored. None if no candidate is
+/// similar.
 std::optional<std::string> Nearest(std::string_view word, std::span<const std::string> candidates);
 
-/// "; did you mean 'CANDIDATE'?", or "" when no candidate is near.
+/// "; did you mean 'CANDIDATE'?", or "" if no candidate is similar.
 std::string DidYouMean(std::string_view word, std::span<const std::string> candidates);
 
 }  // namespace tools

@@ -51,7 +51,7 @@ std::set<String> IdentifiersOf(Catalogue catalogue) {
     return identifiers;
 }
 
-/// The line on which each identifier has its text, from 1.
+/// For each identifier, the line with its text, counted from 1.
 std::map<String, std::size_t> LinesOf(std::string_view bytes) {
     std::map<String, std::size_t> lines;
     for (std::size_t number = 1; !bytes.empty(); ++number) {
@@ -64,7 +64,7 @@ std::map<String, std::size_t> LinesOf(std::string_view bytes) {
     return lines;
 }
 
-/// What the modules read of a text in the published state, when the kernel's ANSI code page changes it; else "".
+/// The text that modules read in the published state, if the kernel's ANSI code page changes it; otherwise "".
 std::string ChangeInState(const CatalogueText& text, const String& translation, runtime::LocalePort& locale) {
     if (!text.isPublished) return "";
     const String published = locale.FromAnsi(locale.ToAnsi(translation));
@@ -80,19 +80,19 @@ void WriteTexts(std::ostream& out, Catalogue catalogue, const TextFile& file, ru
     }
 }
 
-/// Scripts that put no blanks between words need none here either.
+/// Scripts that put no blanks between words do not need one here.
 bool WantsBlank(char16_t unit) {
     constexpr char16_t kFirstOfWideScripts = 0x2E80;
     return unit != u' ' && unit < kFirstOfWideScripts;
 }
 
-/// A number of twips in the pixels of a screen of 96 dots an inch.
+/// Converts twips to pixels at 96 dots per inch.
 int Pixels(runtime::Twips twips) {
     constexpr runtime::Twips kTwipsAPixel = 15;
     return static_cast<int>(std::lround(twips / kTwipsAPixel));
 }
 
-/// Writes what is wrong with a language file, and counts it.
+/// Writes and counts the problems of a language file.
 class Findings {
  public:
     Findings(std::ostream& out, Catalogue catalogue, const LanguageFileText& source)
@@ -121,7 +121,7 @@ class Findings {
     }
 
  private:
-    /// The beginning of a finding's line: its kind and where it is.
+    /// Writes the beginning of a finding's line: its kind, file and line number.
     std::ostream& Start(std::string_view kind, std::size_t line) {
         ++count_;
         return out_ << kind << '\t' << name_ << ':' << line << '\t';
@@ -139,7 +139,7 @@ class Findings {
         }
     }
 
-    /// The line of the last of the texts that has one.
+    /// The line of the last identifier in `ids` that has a line.
     std::size_t LineOfAny(const std::vector<String>& ids) const {
         std::size_t line = 0;
         for (const String& id : ids) {
@@ -149,7 +149,7 @@ class Findings {
     }
 
     void WriteClashes(runtime::LocalePort& locale) {
-        // Which texts of one dialog answer to one key.
+        // For each dialog and access key: the texts that use the key.
         std::map<std::pair<String, String>, std::vector<String>> uses;
         for (const CatalogueText& text : catalogue_) {
             if (text.dialog.empty()) continue;
@@ -165,7 +165,7 @@ class Findings {
         }
     }
 
-    /// Each translated text of the catalogue once, with its English form.
+    /// Calls `check` once for each translated text of the catalogue, with its English text.
     template <typename Check>
     void ForEachTranslation(Check&& check) {
         std::set<std::pair<String, String>> seen;
@@ -185,7 +185,7 @@ class Findings {
     }
 
     void WriteTooWide(const CaptionMeasure& measure) {
-        // The button's edges and the mark of the focus, on both sides.
+        // The width of the button's edges and focus rectangle, both sides together.
         constexpr runtime::Twips kEdges = 90;
         ForEachTranslation([&](const CatalogueText& text, const String& id, const String& translation) {
             if (text.buttonWidth == 0) return;
@@ -217,7 +217,7 @@ class Findings {
         }
     }
 
-    /// Other modules split the state at commas and quote marks. They wait for ever for a quote that is not closed.
+    /// Other modules split the state at commas and quotes. They never return if a quote is not closed.
     void WriteBrokenStates() {
         constexpr std::pair<StringView, std::string_view> kBreaking[] = {
             {u",", "a comma"}, {u"\"", "a quote mark"}, {u"\r\n", "a line break"}};

@@ -1,5 +1,4 @@
-// Compares a language file with the texts that the component asks for, and writes the file that a
-// translator starts from.
+// Compares a language file with the texts of the component, and writes a template for translators.
 #pragma once
 
 #include <functional>
@@ -15,31 +14,33 @@
 
 namespace tools {
 
-/// A language file.
+/// The content of a language file.
 struct LanguageFileText {
-    std::string name;  ///< as the findings name it, in UTF-8
+    std::string name;  ///< the name in findings, in UTF-8
     std::string bytes;
 };
 
-/// How wide a caption is, in twips, without the marks of access keys.
+/// Returns the width of a caption in twips, without its access key mark.
 using CaptionMeasure = std::function<runtime::Twips(runtime::StringView caption)>;
 
 struct TextReportCounts {
-    std::size_t missing = 0;   ///< identifiers that have no translation
-    std::size_t findings = 0;  ///< what is wrong with the file
+    std::size_t missing = 0;   ///< identifiers without a translation
+    std::size_t findings = 0;  ///< problems of the file
     bool operator==(const TextReportCounts&) const = default;
 };
 
-/// Writes one fact a line to `out`: each text of the catalogue with its translation, then what is wrong with the file,
-/// with its name and line, then the count. Without a `file` the texts are English. Letter case is the locale's.
+/// Writes one fact per line to `out`: first each text of the catalogue with its translation, then each problem of the
+/// file with name and line, then the counts. Without a `file`, the texts are English. `locale` decides which letters
+/// differ only in case.
 TextReportCounts WriteTextReport(std::ostream& out, std::span<const host::CatalogueText> catalogue,
                                  const std::optional<LanguageFileText>& file, runtime::LocalePort& locale,
                                  const CaptionMeasure& measure);
 
-/// The bytes are UTF-16, by their byte order mark or by the NULs of their first characters. Language files are UTF-8.
+/// True if the bytes are UTF-16: they begin with its byte order mark, or their first characters contain NULs. Language
+/// files are UTF-8.
 bool IsUtf16(std::string_view bytes);
 
-/// Writes a language file with the English texts, each below a comment with the place where it is shown.
+/// Writes a language file with the English texts. A comment above each text says where it is shown.
 void WriteTextTemplate(std::ostream& out, std::span<const host::CatalogueText> catalogue);
 
 }  // namespace tools

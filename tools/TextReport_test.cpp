@@ -113,7 +113,7 @@ TEST_F(TextReport, NamesCaptionsThatBreakThePublishedState) {
 TEST_F(TextReport, PublishedCaptionOutsideTheCodePage_IsShownAsPublished) {
     const std::vector<CatalogueText> captions = {{u"L", u"Process", u"form", u"", 0, true},
                                                  {u"1", u"Path", u"check", u"", 0, false}};
-    // U+65E5 is in no Western code page, U+20AC is.
+    // A Western code page has U+20AC but not U+65E5.
     EXPECT_EQ(Report("L = a\xE6\x97\xA5\n1 = \xE6\x97\xA5\n", captions),
               "translated\tL\t[Process]\t[a\xE6\x97\xA5]\tform\tpublished as [a?]\n"
               "translated\t1\t[Path]\t[\xE6\x97\xA5]\tcheck\n"

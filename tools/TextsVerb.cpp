@@ -1,4 +1,4 @@
-// `backproc texts`: all texts that the component asks for, and what a language makes of them; and one of them.
+// `backproc texts`: lists all texts of the component with their translations, or shows one of them.
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -93,8 +93,8 @@ TextsRequest ReadRequest(const Arguments& arguments) {
     return request;
 }
 
-/// None, with a line on `err`, when no folder is chosen or there is no kernel that could name one: the English texts
-/// need none.
+/// The language folder to use. If none is chosen, or no kernel can name one, prints a line to `err` and returns none:
+/// the English texts need no folder.
 std::optional<String> LanguageFolder(const TextsRequest& request, std::ostream& err) {
     if (request.folder) return request.folder;
     try {
@@ -139,7 +139,7 @@ int WriteTemplate(const TextsRequest& request, Console& console) {
     return kSuccess;
 }
 
-/// A caption as its button shows it: "&&" is a '&', any other '&' marks the character behind it.
+/// A caption as its button shows it: "&&" becomes '&', and a single '&' is removed.
 String WithoutMarks(StringView caption) {
     String shown;
     for (std::size_t i = 0; i < caption.size(); ++i) {
@@ -158,7 +158,7 @@ runtime::Twips WidthOf(StringView caption) {
     return runtime::CurrentPorts().windows.TextSize(WithoutMarks(caption), font, runtime::kEndlessWidth).width;
 }
 
-/// A text that is there does not depend on the default.
+/// True if the text exists: then the default makes no difference.
 bool HasText(StringView id) {
     return services::GetLocalText(u"0", id) == services::GetLocalText(u"1", id);
 }

@@ -1,4 +1,4 @@
-// Dispatch of the command line.
+// Dispatches the command line to a verb.
 #include "tools/Tool.h"
 
 #include <algorithm>
@@ -20,7 +20,7 @@ bool AsksForHelp(const String& argument) {
     return argument == u"--help" || argument == u"-h" || argument == u"/?";
 }
 
-/// Anywhere before "--", behind which an argument is no option.
+/// True if a help option is anywhere before "--". Arguments after "--" are never options.
 bool AsksForHelpAnywhere(const Arguments& arguments) {
     if (!arguments.empty() && AsksForHelp(arguments.front())) return true;
     const auto end = std::find(arguments.begin(), arguments.end(), kEndOfOptions);
@@ -31,7 +31,7 @@ bool IsPartOfOption(char letter) {
     return letter == '-' || (letter >= 'a' && letter <= 'z');
 }
 
-/// The options that the verb's help names.
+/// The options that the verb's help mentions.
 std::vector<std::string> OptionsOf(const Verb& verb) {
     std::vector<std::string> options = {"--help"};
     const std::string_view help = verb.help;

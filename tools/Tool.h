@@ -1,5 +1,5 @@
-// The tool's outer shell: finds the verb, answers help and version, turns errors into messages and exit codes. It
-// knows no verb by name and nothing of the platform.
+// The tool's frame: finds the verb, handles help and version, and turns errors into messages and exit codes. It knows
+// no verb by name and is portable.
 #pragma once
 
 #include <span>
@@ -8,7 +8,7 @@
 
 namespace tools {
 
-/// Runs the verb that `arguments` begins with (the program's own name is not among them) and gives the exit code.
+/// Runs the verb at the front of `arguments`, which do not include the program's name. Returns the exit code.
 int RunTool(std::span<const Verb> verbs, std::string_view version, const Arguments& arguments, Console& console);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// The user-interface font of this process, chosen as the main form's load chooses it, but without any window.
+// The font of the user interface in this process, chosen by the main form's rule but without a window.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 namespace tools {
 
-/// Chooses the font as on a system of the locale `systemLcid`; without one, of this system's. The ports must have been
-/// chosen.
+/// Chooses the font for a system with the locale `systemLcid`; by default, for this system. The ports must have been
+/// set.
 services::FontRule ChooseFont(std::optional<std::int32_t> systemLcid = std::nullopt);
 
 }  // namespace tools

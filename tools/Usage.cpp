@@ -1,4 +1,4 @@
-// Complaints about command lines, and the numbers on them.
+// Messages for wrong command lines, and parsing of numbers.
 #include "tools/Usage.h"
 
 #include <charconv>
@@ -10,7 +10,7 @@ namespace tools {
 
 namespace {
 
-/// None unless all of `digits` is one number.
+/// The number in `digits`. None if any other character occurs.
 template <typename Number>
 std::optional<Number> Whole(std::string_view digits, int base) {
     Number number{};

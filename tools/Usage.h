@@ -1,5 +1,5 @@
-// The errors for a command line that the tool cannot understand: the same words for the same mistake, whatever the
-// verb, and always with the argument that is wrong.
+// The errors for a wrong command line. All verbs use the same words for the same mistake, and each error names the
+// wrong argument.
 #pragma once
 
 #include <cstdint>
@@ -10,24 +10,24 @@
 
 namespace tools {
 
-/// What ends the options: the argument behind it is none, whatever it looks like.
+/// Ends the options: the arguments after it are never options.
 inline constexpr StringView kEndOfOptions = u"--";
 
 UsageError Missing(std::string_view name);
 UsageError UnexpectedArgument(StringView argument);
 UnknownOptionError UnknownOption(StringView option);
 
-/// The argument after the option at `place`; UsageError when the option is the last argument.
+/// The argument after the option at `place`. Throws UsageError if the option is the last argument.
 const String& ValueOf(const Arguments& arguments, std::size_t place);
 
-/// Throws UnexpectedArgument for the first argument after `max` arguments.
+/// Throws UnexpectedArgument for the first argument after the first `max`.
 void RequireAtMost(std::size_t max, const Arguments& arguments);
 
-/// The number that `text` is, decimal; UsageError, which calls it `name`, when it is none or outside the range.
+/// Parses a decimal number. Throws a UsageError that contains `name` if `text` is not a number or is out of range.
 std::int64_t ReadWhole(StringView text, std::string_view name, std::int64_t least, std::int64_t greatest);
 
-/// The 32-bit number that `text` is, decimal with or without a sign, or hexadecimal after "0x" up to 0xFFFFFFFF;
-/// UsageError, which calls it `name`, when it is none.
+/// Parses a 32-bit number: decimal with or without a sign, or "0x" and hexadecimal digits up to 0xFFFFFFFF. Throws a
+/// UsageError that contains `name` if `text` is not such a number.
 std::int32_t ReadNumber(StringView text, std::string_view name);
 
 }  // namespace tools

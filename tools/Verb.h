@@ -1,5 +1,5 @@
-// A verb of the tool: its name, its help, and the function that carries it out. Verbs.cpp has the table of all verbs. A
-// new verb is one file and one row there.
+// A verb of the tool: its name, its help, and the function that runs it. Verbs.cpp has the table of all verbs. A new
+// verb needs one file and one row in that table.
 #pragma once
 
 #include <iosfwd>
@@ -16,10 +16,10 @@ namespace tools {
 using runtime::String;
 using runtime::StringView;
 
-/// What follows the verb on the command line.
+/// The arguments after the verb.
 using Arguments = std::vector<String>;
 
-/// The standard streams. They carry UTF-8 bytes as they are, with line feeds alone as line ends.
+/// The standard streams. They carry UTF-8 without conversion; a line ends with a line feed only.
 struct Console {
     std::istream& in;
     std::ostream& out;
@@ -30,7 +30,7 @@ enum ExitCode : int {
     kSuccess = 0,
     kFailure = 1,
     kBadUsage = 2,
-    // For verbs that give a user's answer: no answer has these codes.
+    // For verbs whose exit code is the user's answer. No answer uses these codes.
     kDialogBadUsage = 64,
     kDialogFailure = 65,
 };
@@ -39,26 +39,27 @@ struct Verb {
     std::string_view name;
     /// One line, without a full stop.
     std::string_view summary;
-    /// Usage, then what it does, then an example; ends with a line feed.
+    /// Usage, description, example. Ends with a line feed.
     std::string_view help;
-    /// Gives the exit code. An exception ends the tool with its text and `failure`, a UsageError with `badUsage`.
+    /// Returns the exit code. If it throws, the tool prints the exception's text and exits with `badUsage` after a
+    /// UsageError, with `failure` after any other exception.
     int (*run)(const Arguments& arguments, Console& console);
     int failure = kFailure;
     int badUsage = kBadUsage;
 };
 
-/// The arguments cannot be understood. The text (UTF-8) says why.
+/// The arguments are wrong. The text (UTF-8) says why.
 class UsageError : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
 };
 
-/// There is no such option.
+/// An option is unknown.
 class UnknownOptionError : public UsageError {
  public:
     UnknownOptionError(const std::string& text, std::string option) : UsageError(text), option_(std::move(option)) {}
 
-    /// As it was given, in UTF-8.
+    /// The option as given, in UTF-8.
     const std::string& Option() const { return option_; }
 
  private:

@@ -1,4 +1,4 @@
-// The verbs that the tool has.
+// The table of all verbs.
 #include "tools/Verbs.h"
 
 namespace tools {

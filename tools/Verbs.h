@@ -1,4 +1,4 @@
-// The table of all verbs.
+// All verbs of the tool.
 #pragma once
 
 #include <vector>
@@ -7,10 +7,10 @@
 
 namespace tools {
 
-/// In the order in which the overview lists them.
+/// All verbs, in the order of the overview.
 std::vector<Verb> AllVerbs();
 
-// Each is defined in the file of its name.
+// Each verb is defined in the file with its name.
 extern const Verb kHostVerb;
 extern const Verb kStringsVerb;
 extern const Verb kWhereVerb;

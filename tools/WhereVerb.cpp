@@ -1,4 +1,4 @@
-// `backproc where`: the folders and names that a client would get now, and where each comes from.
+// `backproc where`: the folders and names that a client would get now, and the source of each one.
 #include <algorithm>
 #include <ostream>
 
@@ -60,13 +60,13 @@ std::string_view NameOf(SettingSource source) {
     return "default";
 }
 
-/// With the product's name as clients get it, or '?' without a kernel.
+/// The default with the product's name that clients get, or with '?' if there is no kernel.
 String DefaultWithOrWithoutKernel(const services::SuiteSetting& setting, bool hasKernel) {
     if (hasKernel || !setting.isProductFolder) return services::DefaultOf(setting);
     return u"C:\\?" + String(setting.defaultText);
 }
 
-/// These are published as shared strings and taken back from there, in the kernel's ANSI code page.
+/// The values of these settings pass through shared strings, and so through the kernel's ANSI code page.
 bool IsPublished(const services::SuiteSetting& setting) {
     constexpr StringView kPublished[] = {u"JobDir", u"LibDir", u"SysName", u"Maker", u"Copyright"};
     return std::ranges::find(kPublished, setting.key) != std::end(kPublished);
@@ -86,7 +86,7 @@ void ShowSettings(Console& console, BuiltInReader& reader, std::span<const servi
     }
 }
 
-/// Why clients get no whole kernel; "" when they do.
+/// Why clients have no complete kernel; "" if they have one.
 std::string KernelFailure() try {
     services::GetProductName();
     return "";

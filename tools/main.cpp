@@ -1,4 +1,4 @@
-// The command-line tool: the real process around Tool.
+// The entry point of the command-line tool.
 #include "runtime/win32/WindowsHeaders.h"
 
 #include <fcntl.h>
@@ -16,7 +16,7 @@
 
 namespace {
 
-/// Lets a console show the UTF-8 that the tool writes, and gives it its own code page back afterwards.
+/// Switches the console to UTF-8, which the tool writes. The destructor restores the console's code page.
 class Utf8Console {
  public:
     Utf8Console() : former_(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
@@ -50,6 +50,6 @@ int main() try {
     return tools::RunTool(tools::AllVerbs(), K4T_VERSION, ProcessArguments(), console);
 } catch (const std::bad_alloc&) {
     std::cerr << "backproc: there is not enough memory; end other programs, and try again\n";
-    // The verb may not be known yet; this code is no verb's answer.
+    // The verb may be unknown here. This code is no answer of any verb.
     return tools::kDialogFailure;
 }
