@@ -53,14 +53,14 @@ void ExpectBad(const MachineState& machine, const std::string& subject, const st
     EXPECT_THAT(finding.advice, HasSubstr(advice));
 }
 
-TEST(Diagnosis, ASoundMachineHasNothingToDo) {
+TEST(Diagnosis, SoundMachine_HasOnlyGoodFindings) {
     const std::vector<Finding> findings = Diagnose(Sound());
     EXPECT_THAT(findings, Each(Field(&Finding::grade, Grade::kOk)));
     EXPECT_THAT(findings, Each(Field(&Finding::advice, "")));
     EXPECT_EQ(findings.size(), 18U);
 }
 
-TEST(Diagnosis, TheUsersEntryHidesTheMachines) {
+TEST(Diagnosis, TwoRegistrations_UsersEntryIsInForce) {
     MachineState machine = Sound();
     machine.forMachine = {.library = u"D:\\old.dll", .threadingModel = u"Apartment", .typeLibrary = u"D:\\old.dll"};
     EXPECT_EQ(EntryInForce(machine)->library, kPath);
@@ -70,7 +70,7 @@ TEST(Diagnosis, TheUsersEntryHidesTheMachines) {
     EXPECT_EQ(FindingOf(machine, "registration").grade, Grade::kOk);
 }
 
-TEST(Diagnosis, WithoutRegistrationTellsWhoFindsItByTheManifest) {
+TEST(Diagnosis, NoRegistration_MentionsTheManifest) {
     MachineState machine = Sound();
     machine.forUser.reset();
     EXPECT_EQ(EntryInForce(machine), nullptr);
@@ -80,7 +80,7 @@ TEST(Diagnosis, WithoutRegistrationTellsWhoFindsItByTheManifest) {
     EXPECT_EQ(FindingOf(machine, "threading").subject, "no finding about threading");
 }
 
-TEST(Diagnosis, AMovedFileIsNotLookedInto) {
+TEST(Diagnosis, MissingFile_IsNotExamined) {
     MachineState machine = Sound();
     machine.component = {
         .path = kPath, .exists = false, .bits = 0, .version = {}, .typeLibrary = {}, .loadFailure = {}};
@@ -92,7 +92,7 @@ TEST(Diagnosis, AMovedFileIsNotLookedInto) {
     ExpectBad(machine, "file", "is not there", "or run 'backproc register', as an administrator, in the folder");
 }
 
-TEST(Diagnosis, AFileOfAnotherKindIsNamed) {
+TEST(Diagnosis, FileIsNo32BitProgram_IsBad) {
     MachineState machine = Sound();
     machine.component.bits = 64;
     ExpectBad(machine, "bitness", "64-bit", "32-bit");
@@ -100,7 +100,7 @@ TEST(Diagnosis, AFileOfAnotherKindIsNamed) {
     ExpectBad(machine, "bitness", "no program", "32-bit");
 }
 
-TEST(Diagnosis, VersionsOfFileAndTypeLibraryMustAgree) {
+TEST(Diagnosis, TypeLibraryOfAnotherVersion_IsBad) {
     MachineState machine = Sound();
     machine.component.typeLibrary = Version{1, 1};
     ExpectBad(machine, "version", "1.0, but its type library is 1.1", "package");
@@ -110,7 +110,7 @@ TEST(Diagnosis, VersionsOfFileAndTypeLibraryMustAgree) {
     ExpectBad(machine, "version", "the file says none", "package");
 }
 
-TEST(Diagnosis, WhatTheSystemSaysIsPassedOn) {
+TEST(Diagnosis, LoadFails_ShowsTheSystemsMessage) {
     MachineState machine = Sound();
     machine.component.loadFailure = "0x8007007E The module was not found";
     ExpectBad(machine, "loading", "0x8007007E", "package");
@@ -121,7 +121,7 @@ TEST(Diagnosis, WhatTheSystemSaysIsPassedOn) {
     ExpectBad(machine, "activation", "0x80040154", "backproc register' as an administrator");
 }
 
-TEST(Diagnosis, EntriesMustBeWhole) {
+TEST(Diagnosis, IncompleteRegistryEntries_AreBad) {
     MachineState machine = Sound();
     machine.forUser->threadingModel.clear();
     ExpectBad(machine, "threading", "no model", "register");
@@ -133,7 +133,7 @@ TEST(Diagnosis, EntriesMustBeWhole) {
     ExpectBad(machine, "type library", "D:\\old.dll", "register");
 }
 
-TEST(Diagnosis, AKernelMustBeThereAndWhole) {
+TEST(Diagnosis, MissingOrIncompleteKernel_IsBad) {
     MachineState machine = Sound();
     machine.kernel.missing = {"DB_DataBase", "O_GetName"};
     ExpectBad(machine, "kernel", "QmxKrn2K.dll lacks DB_DataBase O_GetName", "put the suite's QmxKrn2K.dll there");
@@ -141,7 +141,7 @@ TEST(Diagnosis, AKernelMustBeThereAndWhole) {
     ExpectBad(machine, "kernel", "File not found", "");
 }
 
-TEST(Diagnosis, WithoutAKernelNothingIsSaidOfTheLanguage) {
+TEST(Diagnosis, NoKernel_HasNoFindingAboutTheLanguage) {
     MachineState machine = Sound();
     machine.kernel.failure = "File not found: QmxKrn2K.dll";
     EXPECT_EQ(FindingOf(machine, "language").subject, "no finding about language");
@@ -150,7 +150,7 @@ TEST(Diagnosis, WithoutAKernelNothingIsSaidOfTheLanguage) {
     EXPECT_EQ(FindingOf(machine, "language").subject, "no finding about language");
 }
 
-TEST(Diagnosis, AMissingIniFileIsGoodAndADamagedOneIsNot) {
+TEST(Diagnosis, IniFile_MayBeMissingButNotDamaged) {
     MachineState machine = Sound();
     machine.ini.problem = "NUL characters";
     ExpectBad(machine, "INI file", "NUL characters", "UTF-8");
@@ -160,7 +160,7 @@ TEST(Diagnosis, AMissingIniFileIsGoodAndADamagedOneIsNot) {
     EXPECT_EQ(FindingOf(machine, "INI file").grade, Grade::kOk);
 }
 
-TEST(Diagnosis, ALanguageMayLackTextsButNotItsFile) {
+TEST(Diagnosis, Language_MayLackTextsButNotItsFile) {
     MachineState machine = Sound();
     machine.language = {.folder = u"C:\\German", .hasFile = true, .lacking = 3, .skipped = 0};
     const Finding lacking = FindingOf(machine, "language");
@@ -187,7 +187,7 @@ MachineState SoundForTheMachine() {
     return machine;
 }
 
-TEST(Diagnosis, AdviceStaysInTheScopeInForce) {
+TEST(Diagnosis, Advice_KeepsTheScopeInForce) {
     MachineState machine = SoundForTheMachine();
     machine.forMachine->threadingModel = u"Both";
     EXPECT_EQ(FindingOf(machine, "threading").advice, "run 'backproc register' as an administrator");
@@ -197,7 +197,7 @@ TEST(Diagnosis, AdviceStaysInTheScopeInForce) {
     EXPECT_EQ(FindingOf(machine, "threading").advice, "see 'registration' above");
 }
 
-TEST(Diagnosis, AdviceSaysWhichCopyItRegisters) {
+TEST(Diagnosis, ToolInAnotherFolder_AdviceNamesTheCopy) {
     MachineState machine = SoundForTheMachine();
     machine.forMachine->threadingModel = u"Both";
     machine.tool.isBesideComponent = false;
@@ -206,7 +206,7 @@ TEST(Diagnosis, AdviceSaysWhichCopyItRegisters) {
     ExpectBad(machine, "threading", "Both", "with the backproc.exe beside the component");
 }
 
-TEST(Diagnosis, AToolFromAnotherFolderIsNoted) {
+TEST(Diagnosis, ToolInAnotherFolder_IsNoted) {
     MachineState machine = SoundForTheMachine();
     machine.tool.isBesideComponent = false;
     machine.tool.folder = u"D:\\new";
@@ -216,13 +216,13 @@ TEST(Diagnosis, AToolFromAnotherFolderIsNoted) {
     EXPECT_EQ(FindingOf(machine, "tool").advice, "");
 }
 
-TEST(Diagnosis, AToolOfAnotherVersionIsNoted) {
+TEST(Diagnosis, ToolOfAnotherVersion_IsNoted) {
     MachineState machine = Sound();
     machine.component.fullVersion = "1.2.0";
     ExpectNote(machine, "tool", "but the component beside it is 1.2.0", "one package");
 }
 
-TEST(Diagnosis, TheNameMustBeTheClasss) {
+TEST(Diagnosis, NameOfAnotherClass_IsBad) {
     MachineState machine = SoundForTheMachine();
     machine.name = {};
     ExpectBad(machine, "name", "clsQmxBackProcess is not registered", "run 'backproc register' as an administrator");
@@ -232,13 +232,13 @@ TEST(Diagnosis, TheNameMustBeTheClasss) {
     ExpectBad(machine, "name", "in the user's entries", "run 'backproc unregister --user'");
 }
 
-TEST(Diagnosis, InterfacesWithoutProxyAreNamed) {
+TEST(Diagnosis, InterfacesWithoutProxy_AreNamed) {
     MachineState machine = Sound();
     machine.forUser->noProxies = {"_clsQmxBackProcess", "__clsQmxBackProcess"};
     ExpectBad(machine, "proxies", "_clsQmxBackProcess and __clsQmxBackProcess", "run 'backproc register --user'");
 }
 
-TEST(Diagnosis, ARegisteredPathMustBePlainAndFull) {
+TEST(Diagnosis, RegisteredPathInQuotesOrRelative_IsBad) {
     MachineState machine = Sound();
     machine.component.path = u"\"C:\\Orvane\\K4TBackProcess.dll\"";
     ExpectBad(machine, "file", "in quotes", "run 'backproc register --user'");
@@ -248,14 +248,14 @@ TEST(Diagnosis, ARegisteredPathMustBePlainAndFull) {
     EXPECT_EQ(FindingOf(machine, "file").grade, Grade::kOk);
 }
 
-TEST(Diagnosis, AnUnregisteredFileThatIsMissingIsTakenFromThePackage) {
+TEST(Diagnosis, MissingUnregisteredFile_AdviceNamesThePackage) {
     MachineState machine = Sound();
     machine.forUser.reset();
     machine.component.exists = false;
     ExpectBad(machine, "file", "is not there", "put the K4TBackProcess.dll of the package there");
 }
 
-TEST(Diagnosis, ActivationPointsToTheCauseAboveIt) {
+TEST(Diagnosis, ActivationFails_AdviceNamesTheFindingWithTheCause) {
     MachineState machine = SoundForTheMachine();
     machine.activationFailure = "0x800700C1";
     machine.component.loadFailure = "it cannot be loaded";
@@ -264,7 +264,7 @@ TEST(Diagnosis, ActivationPointsToTheCauseAboveIt) {
     EXPECT_EQ(FindingOf(machine, "activation").advice, "see 'bitness' above");
 }
 
-TEST(Diagnosis, AKernelOnlyBesideTheToolIsNone) {
+TEST(Diagnosis, KernelOnlyBesideTheTool_IsBad) {
     MachineState machine = Sound();
     machine.kernel = {.path = {}, .failure = "only beside this tool", .missing = {}};
     machine.kernel.besideTool = u"D:\\tool\\QmxKrn2K.dll";
@@ -272,7 +272,7 @@ TEST(Diagnosis, AKernelOnlyBesideTheToolIsNone) {
               "put the suite's QmxKrn2K.dll beside the component, C:\\Orvane\\");
 }
 
-TEST(Diagnosis, TheDevelopmentKernelIsCalledOne) {
+TEST(Diagnosis, DevelopmentKernel_IsNoted) {
     MachineState machine = Sound();
     machine.kernel.isDevelopment = true;
     ExpectNote(machine, "kernel", "development kernel: shares no strings with the suite", "put its QmxKrn2K.dll there");
@@ -282,14 +282,14 @@ TEST(Diagnosis, TheDevelopmentKernelIsCalledOne) {
     ExpectNote(machine, "kernel", "K4TBACKPROCESS_DEVELOPMENT_KERNEL=1 asks for it", "");
 }
 
-TEST(Diagnosis, TheDevelopmentKernelMustNotHideTheSuites) {
+TEST(Diagnosis, DevelopmentKernelHidesTheSuites_IsBad) {
     MachineState machine = Sound();
     machine.kernel.isDevelopment = true;
     machine.kernel.hidden = u"C:\\Windows\\QmxKrn2K.dll";
     ExpectBad(machine, "kernel", "it hides the suite's C:\\Windows\\QmxKrn2K.dll", "delete C:\\Orvane\\QmxKrn2K.dll");
 }
 
-TEST(Diagnosis, TheIniFilesSettingsAreListed) {
+TEST(Diagnosis, IniFile_ListsItsSettings) {
     MachineState machine = Sound();
     machine.ini.report = {.taken = {"JobDir", "Ver"}, .notTaken = {"Plotter"}, .remarks = {}};
     EXPECT_THAT(FindingOf(machine, "INI file").what,
@@ -298,7 +298,7 @@ TEST(Diagnosis, TheIniFilesSettingsAreListed) {
     EXPECT_THAT(FindingOf(machine, "INI file").what, HasSubstr("no setting taken"));
 }
 
-TEST(Diagnosis, EachRemarkOnTheIniFileIsANote) {
+TEST(Diagnosis, RemarkOnTheIniFile_IsANote) {
     MachineState machine = Sound();
     machine.ini.report.remarks = {{.line = 3, .what = "'x' has no '='", .advice = "write NAME = VALUE"}};
     const std::vector<Finding> findings = Diagnose(machine);
@@ -307,19 +307,19 @@ TEST(Diagnosis, EachRemarkOnTheIniFileIsANote) {
     EXPECT_NE(std::find(findings.begin(), findings.end(), wanted), findings.end());
 }
 
-TEST(Diagnosis, AnIniFileInTheAnsiCodePageIsNoted) {
+TEST(Diagnosis, AnsiIniFile_IsNoted) {
     MachineState machine = Sound();
     machine.ini.encoding = "ANSI";
     ExpectNote(machine, "INI file", "depend on the code page", "save it as UTF-8");
 }
 
-TEST(Diagnosis, AFolderInPlaceOfTheIniFileIsNamed) {
+TEST(Diagnosis, FolderInPlaceOfTheIniFile_IsBad) {
     MachineState machine = Sound();
     machine.ini.isFolder = true;
     ExpectBad(machine, "INI file", "MARLENTO.INI is a folder", "rename");
 }
 
-TEST(Diagnosis, TheModuleListIsCounted) {
+TEST(Diagnosis, ModuleList_ShowsItsLengthAndTheOwnPlace) {
     MachineState machine = Sound();
     EXPECT_EQ(FindingOf(machine, "modules").what, "AllAps is not set");
     machine.strings.modules = {.count = 3, .ownPlace = 2, .problem = {}};
@@ -328,21 +328,21 @@ TEST(Diagnosis, TheModuleListIsCounted) {
     EXPECT_EQ(FindingOf(machine, "modules").what, "3 in AllAps, K4TBACKPROCESS is not among them");
 }
 
-TEST(Diagnosis, AModuleListThatCannotBeSplitIsMendedByItsAdvice) {
+TEST(Diagnosis, BrokenModuleList_AdviceRepairsIt) {
     MachineState machine = Sound();
     machine.strings.modules.problem = "field 2, '1E999' is a number that is too large";
     machine.strings.modules.listWithout = u"EDITOR,LIBRARY";
     ExpectBad(machine, "modules", "AllAps, field 2", "run 'backproc strings set AllAps \"EDITOR,LIBRARY\"'");
 }
 
-TEST(Diagnosis, AStateRecordWithoutAnyMainForm_IsNoted) {
+TEST(Diagnosis, StateRecordWithoutAMainForm_IsNoted) {
     MachineState machine = Sound();
     EXPECT_EQ(FindingOf(machine, "state").what, "the component is not running");
     machine.strings.stateRecord = u"Caption, 0, 0, 0, 0";
     ExpectNote(machine, "state", "no process of this session has its form", "run 'backproc strings set K4TBACKPROCESS");
 }
 
-TEST(Diagnosis, AStateRecordOfALoadedMainForm_NamesItsProcess) {
+TEST(Diagnosis, StateRecordOfALoadedMainForm_NamesItsProcess) {
     MachineState machine = Sound();
     machine.strings.stateRecord = u"Back, process, 0, 0, 0, 0";
     machine.strings.mainForms = {{.caption = u"Another", .process = 7, .program = {}},
@@ -353,7 +353,7 @@ TEST(Diagnosis, AStateRecordOfALoadedMainForm_NamesItsProcess) {
               "the main form of the record is loaded in process 12 (C:\\EDITOR.EXE) and process 14");
 }
 
-TEST(Diagnosis, AStateRecordWithTheCaptionOfNoMainForm_IsNoted) {
+TEST(Diagnosis, StateRecordWithAnotherCaption_IsNoted) {
     for (const runtime::StringView record : {u"Caption, 0, 0, 0, 0", u"Another", u"Another, 0, 0, 0", u",,,"}) {
         MachineState machine = Sound();
         machine.strings.stateRecord = record;
@@ -362,19 +362,19 @@ TEST(Diagnosis, AStateRecordWithTheCaptionOfNoMainForm_IsNoted) {
     }
 }
 
-TEST(Diagnosis, AMainFormWithoutAStateRecord_IsNoted) {
+TEST(Diagnosis, MainFormWithoutAStateRecord_IsNoted) {
     MachineState machine = Sound();
     machine.strings.mainForms = {{.caption = u"Caption", .process = 12, .program = {}}};
     ExpectNote(machine, "state", "is empty", "end that program and start it again");
 }
 
-TEST(Diagnosis, ALanguageFileInUtf16IsNamed) {
+TEST(Diagnosis, Utf16LanguageFile_IsBad) {
     MachineState machine = Sound();
     machine.language = {.folder = u"C:\\German", .hasFile = true, .isUtf16 = true};
     ExpectBad(machine, "language", "K4TBackProcess.txt is UTF-16", "save it as UTF-8");
 }
 
-TEST(Diagnosis, RightsAreSaidInWords) {
+TEST(Diagnosis, Rights_AreDescribed) {
     MachineState machine = Sound();
     EXPECT_THAT(FindingOf(machine, "rights").what, HasSubstr("an administrator's"));
     machine.system.isElevated = false;

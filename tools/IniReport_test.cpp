@@ -24,7 +24,7 @@ std::string RemarkOn(runtime::StringView text) {
     return std::to_string(remark.line) + ": " + remark.what + "; " + remark.advice;
 }
 
-TEST(IniReport, ListsTheSettingsThatAreTaken) {
+TEST(IniReport, KnownSettings_AreListed) {
     const IniReport report =
         ReportOn(u"; set-up\r\n[MARLENTO]\r\njobdir=D:\\JOB\r\nVer = 1\r\n[Other]\r\nLibDir=x\r\n");
     EXPECT_THAT(report.taken, ElementsAre("JobDir", "Ver"));
@@ -32,52 +32,52 @@ TEST(IniReport, ListsTheSettingsThatAreTaken) {
     EXPECT_THAT(report.remarks, IsEmpty());
 }
 
-TEST(IniReport, ListsOtherKeysOfTheSectionWithoutARemark) {
+TEST(IniReport, UnknownKey_IsListedWithoutARemark) {
     const IniReport report = ReportOn(u"[Marlento]\nPlotter=A0\n");
     EXPECT_THAT(report.taken, IsEmpty());
     EXPECT_THAT(report.notTaken, ElementsAre("Plotter"));
     EXPECT_THAT(report.remarks, IsEmpty());
 }
 
-TEST(IniReport, NamesAKeyThatResemblesASetting) {
+TEST(IniReport, KeySimilarToASetting_GetsARemark) {
     EXPECT_EQ(
         RemarkOn(u"[Marlento]\nJobdirectory=D:\\\n"),
         "2: 'Jobdirectory' is not a setting that the component reads; did you mean 'JobDir'?; rename it to JobDir");
     EXPECT_THAT(RemarkOn(u"[Marlento]\nLibDri=D:\\\n"), HasSubstr("rename it to LibDir"));
 }
 
-TEST(IniReport, NamesASectionThatResemblesTheOwnOne) {
+TEST(IniReport, SectionSimilarToTheOwn_GetsARemark) {
     EXPECT_EQ(RemarkOn(u"[Marlentine]\nJobDir=D:\\\n"),
               "1: section [Marlentine] is not read; the component reads [Marlento]; name the section [Marlento]");
     EXPECT_EQ(RemarkOn(u"[Marlentine]\nJobDir=D:\\\n[Marlento]\n"), "0 remarks");
     EXPECT_EQ(RemarkOn(u"[Plotter]\nJobDir=D:\\\n"), "0 remarks");
 }
 
-TEST(IniReport, NamesASectionThatIsNotClosed) {
+TEST(IniReport, UnclosedSection_GetsARemark) {
     EXPECT_EQ(RemarkOn(u"[Marlento\n"), "1: '[Marlento' has no ']' and is ignored; add the ']'");
 }
 
-TEST(IniReport, NamesTheFirstLineAboveAllSections) {
+TEST(IniReport, LinesAboveAllSections_GetOneRemark) {
     EXPECT_EQ(RemarkOn(u"JobDir=D:\\\nLibDir=E:\\\n[Marlento]\n"),
               "1: 'JobDir=D:\\' is above the first section and is ignored; put [Marlento] above it");
 }
 
-TEST(IniReport, NamesLinesThatAreNoSettings) {
+TEST(IniReport, LinesThatAreNoSettings_GetARemark) {
     EXPECT_THAT(RemarkOn(u"[Marlento]\r\n\r\nJobDir D:\\JOB\r\n"), HasSubstr("3: 'JobDir D:\\JOB' has no '='"));
     EXPECT_THAT(RemarkOn(u"[Marlento]\n= D:\\JOB\n"), HasSubstr("2: '= D:\\JOB' has no name before the '='"));
 }
 
-TEST(IniReport, NamesASettingThatIsMadeTwice) {
+TEST(IniReport, RepeatedSetting_GetsARemark) {
     EXPECT_THAT(RemarkOn(u"[Marlento]\nVer=1\nVER=2\n"), HasSubstr("3: 'Ver' is set a second time"));
 }
 
-TEST(IniReport, NamesAQuoteThatIsNeverClosed) {
+TEST(IniReport, UnclosedQuote_GetsARemark) {
     EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=\"D:\\JOB\n"), HasSubstr("'JobDir' opens a quote that is never closed"));
     EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir='\n"), HasSubstr("'JobDir' opens a quote that is never closed"));
     EXPECT_EQ(RemarkOn(u"[Marlento]\nJobDir=\"D:\\JOB\"\n"), "0 remarks");
 }
 
-TEST(IniReport, NamesAValueThatEndsInAComment) {
+TEST(IniReport, CommentAfterAValue_GetsARemark) {
     EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=D:\\JOB ; mine\n"),
                 HasSubstr("'JobDir' ends in what looks like a comment"));
     EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=D:\\JOB\t# mine\n"), HasSubstr("looks like a comment"));

@@ -7,27 +7,27 @@
 namespace tools {
 namespace {
 
-TEST(MessageArguments, PromptAloneIsEnough) {
+TEST(MessageArguments, PromptAlone_IsAccepted) {
     EXPECT_EQ(ReadMessageArguments({u"Overwrite?"}), (MessageArguments{u"Overwrite?", 0, {}, {}}));
 }
 
-TEST(MessageArguments, OptionsComeBeforeThePromptInAnyOrder) {
+TEST(MessageArguments, OptionsBeforeThePrompt_MayHaveAnyOrder) {
     const MessageArguments both{u"Overwrite?", 264, u"T", {}};
     EXPECT_EQ(ReadMessageArguments({u"--flags", u"264", u"--title", u"T", u"Overwrite?"}), both);
     EXPECT_EQ(ReadMessageArguments({u"--title", u"T", u"--flags", u"0x108", u"Overwrite?"}), both);
 }
 
-TEST(MessageArguments, LanguageIsAFolder) {
+TEST(MessageArguments, Language_TakesAFolder) {
     const MessageArguments german{u"Overwrite?", 0, {}, u"C:\\de"};
     EXPECT_EQ(ReadMessageArguments({u"--language", u"C:\\de", u"Overwrite?"}), german);
 }
 
-TEST(MessageArguments, TextsMayBeEmptyAndLookLikeAnything) {
+TEST(MessageArguments, EmptyTextsAndTextsLikeOptions_AreAccepted) {
     EXPECT_EQ(ReadMessageArguments({u"--title", u"", u""}), (MessageArguments{u"", 0, u"", {}}));
     EXPECT_EQ(ReadMessageArguments({u"--title", u"--flags", u"-x"}), (MessageArguments{u"-x", 0, u"--flags", {}}));
 }
 
-TEST(MessageArguments, TwoDashesEndTheOptions) {
+TEST(MessageArguments, TwoHyphens_EndTheOptions) {
     EXPECT_EQ(ReadMessageArguments({u"--", u"--flags"}), (MessageArguments{u"--flags", 0, std::nullopt}));
     EXPECT_EQ(ReadMessageArguments({u"--", u"a"}), (MessageArguments{u"a", 0, std::nullopt}));
     EXPECT_EQ(ReadMessageArguments({u"--", u"--"}), (MessageArguments{u"--", 0, std::nullopt}));
@@ -36,13 +36,13 @@ TEST(MessageArguments, TwoDashesEndTheOptions) {
     EXPECT_EQ(ReadMessageArguments({u"--title", u"--", u"a"}), (MessageArguments{u"a", 0, u"--"}));
 }
 
-TEST(MessageArguments, BackslashWithNIsALineBreakInThePromptOnly) {
+TEST(MessageArguments, BackslashN_IsALineBreakInThePromptOnly) {
     EXPECT_EQ(ReadMessageArguments({u"a\\nb\\n\\nc\\"}).prompt, u"a\r\nb\r\n\r\nc\\");
     EXPECT_EQ(ReadMessageArguments({u"\\n"}).prompt, u"\r\n");
     EXPECT_EQ(ReadMessageArguments({u"--title", u"a\\nb", u"c"}).title, u"a\\nb");
 }
 
-TEST(MessageArguments, BadUsageIsNamed) {
+TEST(MessageArguments, WrongArguments_AreNamed) {
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({}), "PROMPT is missing");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--"}), "PROMPT is missing");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags", u"8"}), "PROMPT is missing");

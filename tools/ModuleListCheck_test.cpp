@@ -7,26 +7,26 @@ namespace {
 
 using ::testing::HasSubstr;
 
-TEST(ModuleListCheck, CountsTheModulesAndFindsTheOwnPlace) {
+TEST(ModuleListCheck, ModuleList_GivesItsLengthAndTheOwnPlace) {
     const ModuleListCheck check = CheckModuleList(u"EDITOR,K4TBACKPROCESS,LIBRARY");
     EXPECT_EQ(check.count, 3U);
     EXPECT_EQ(check.ownPlace, 2U);
     EXPECT_EQ(check.problem, "");
 }
 
-TEST(ModuleListCheck, TheOwnNameMayBeMissing) {
+TEST(ModuleListCheck, OwnNameMissing_IsNoProblem) {
     EXPECT_EQ(CheckModuleList(u"EDITOR,k4tbackprocess").ownPlace, 0U);
     EXPECT_EQ(CheckModuleList(u"").count, 0U);
 }
 
-TEST(ModuleListCheck, NamesAQuoteThatIsNeverClosed) {
+TEST(ModuleListCheck, UnclosedQuote_IsAProblem) {
     const ModuleListCheck check = CheckModuleList(u"EDITOR,\"LIBRARY,K4TBACKPROCESS");
     EXPECT_THAT(check.problem, HasSubstr("field 2, 'LIBRARY,K4TBACKPROCESS' opens a quote that is never closed"));
     EXPECT_EQ(check.listWithout, u"EDITOR");
     EXPECT_EQ(CheckModuleList(u"\"EDITOR").listWithout, u"");
 }
 
-TEST(ModuleListCheck, NamesANumberThatIsTooLarge) {
+TEST(ModuleListCheck, NumberThatIsTooLarge_IsAProblem) {
     const ModuleListCheck check = CheckModuleList(u"EDITOR,1E999,LIBRARY");
     EXPECT_THAT(check.problem, HasSubstr("field 2, '1E999' is a number that is too large"));
     EXPECT_EQ(check.listWithout, u"EDITOR,LIBRARY");

@@ -14,17 +14,17 @@ QueryArguments Plain(std::int32_t kind, std::vector<String> values) {
     return query;
 }
 
-TEST(QueryArguments, KindAndInitialTextAreEnough) {
+TEST(QueryArguments, KindAndInitialText_AreEnough) {
     EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"abc"}), Plain(1, {u"abc"}));
     EXPECT_EQ(ReadQueryArguments({u"--kind", u"-7", u""}), Plain(-7, {u""}));
 }
 
-TEST(QueryArguments, ItemsFollowTheInitialText) {
+TEST(QueryArguments, TextsAfterTheInitialText_AreItems) {
     EXPECT_EQ(ReadQueryArguments({u"--kind", u"3", u"", u"A", u"B"}), Plain(3, {u"", u"A", u"B"}));
     EXPECT_EQ(ReadQueryArguments({u"--kind", u"3", u"x", u"--", u"--kind"}), Plain(3, {u"x", u"--", u"--kind"}));
 }
 
-TEST(QueryArguments, OptionsStandBeforeTheTextsInAnyOrder) {
+TEST(QueryArguments, OptionsBeforeTheTexts_MayHaveAnyOrder) {
     QueryArguments all = Plain(5, {u"", u"A"});
     all.title = u"T";
     all.prompt = u"P";
@@ -36,18 +36,18 @@ TEST(QueryArguments, OptionsStandBeforeTheTextsInAnyOrder) {
               all);
 }
 
-TEST(QueryArguments, EmptyCaptionIsAButtonAllTheSame) {
+TEST(QueryArguments, EmptyCaption_StillAddsAButton) {
     EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"--button", u"", u"x"}).buttonCaption, u"");
     EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"x"}).buttonCaption, std::nullopt);
 }
 
-TEST(QueryArguments, TwoHyphensEndTheOptions) {
+TEST(QueryArguments, TwoHyphens_EndTheOptions) {
     EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"--", u"--title"}), Plain(1, {u"--title"}));
     EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"--", u"--"}), Plain(1, {u"--"}));
     EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"-x"}), Plain(1, {u"-x"}));
 }
 
-TEST(QueryArguments, BackslashWithNIsALineBreakInEveryTextButTheFolder) {
+TEST(QueryArguments, BackslashN_IsALineBreakExceptInTheFolder) {
     const auto query = ReadQueryArguments(
         {u"--kind", u"4", u"--prompt", u"a\\nb", u"--language", u"C:\\n", u"--button", u"c\\nd", u"\\n", u"e\\nf"});
     EXPECT_EQ(query.prompt, u"a\r\nb");
@@ -56,7 +56,7 @@ TEST(QueryArguments, BackslashWithNIsALineBreakInEveryTextButTheFolder) {
     EXPECT_EQ(query.languageFolder, u"C:\\n");
 }
 
-TEST(QueryArguments, BadUsageIsNamed) {
+TEST(QueryArguments, WrongArguments_AreNamed) {
     EXPECT_EQ(ComplaintOf<ReadQueryArguments>({}), "--kind is missing");
     EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"x"}), "--kind is missing");
     EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"1"}), "VALUE0 is missing");

@@ -13,7 +13,7 @@ std::string NearestOf(std::string_view word) {
     return Nearest(word, kWords).value_or("(none)");
 }
 
-TEST(Suggestion, FindsAWordThatDiffersByALetter) {
+TEST(Suggestion, WordWithOneWrongLetter_IsFound) {
     EXPECT_EQ(NearestOf("hosst"), "host");
     EXPECT_EQ(NearestOf("hos"), "host");
     EXPECT_EQ(NearestOf("hast"), "host");
@@ -21,29 +21,29 @@ TEST(Suggestion, FindsAWordThatDiffersByALetter) {
     EXPECT_EQ(NearestOf("hsot"), "host");
 }
 
-TEST(Suggestion, IgnoresTheCaseOfLetters) {
+TEST(Suggestion, CaseOfLetters_IsIgnored) {
     EXPECT_EQ(NearestOf("DOCTOR"), "doctor");
 }
 
-TEST(Suggestion, TakesTheNearestWord) {
+TEST(Suggestion, TwoSimilarWords_GivesTheNearest) {
     EXPECT_EQ(NearestOf("textss"), "texts");
     EXPECT_EQ(NearestOf("unregistre"), "unregister");
 }
 
-TEST(Suggestion, FindsAWordByItsBeginning) {
+TEST(Suggestion, BeginningOfAWord_IsFound) {
     EXPECT_EQ(NearestOf("registration"), "(none)");
     EXPECT_EQ(NearestOf("regi"), "register");
     EXPECT_EQ(NearestOf("doctorate"), "doctor");
 }
 
-TEST(Suggestion, LeavesUnlikeWordsAlone) {
+TEST(Suggestion, UnlikeWord_GivesNone) {
     EXPECT_EQ(NearestOf("x"), "(none)");
     EXPECT_EQ(NearestOf(""), "(none)");
     EXPECT_EQ(NearestOf("somewhere"), "(none)");
     EXPECT_EQ(NearestOf(std::string(1000, 'x')), "(none)");
 }
 
-TEST(Suggestion, IsAClauseForAMessage) {
+TEST(Suggestion, DidYouMean_IsAClauseForAMessage) {
     EXPECT_EQ(DidYouMean("hosst", kWords), "; did you mean 'host'?");
     EXPECT_EQ(DidYouMean("x", kWords), "");
 }

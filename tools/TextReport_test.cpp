@@ -39,7 +39,7 @@ class TextReport : public testing::Test {
     TextReportCounts counts_{99, 99};
 };
 
-TEST_F(TextReport, ShowsEachTextWithItsTranslation) {
+TEST_F(TextReport, TranslatedText_IsShownWithItsTranslation) {
     EXPECT_EQ(Report("1 = &Ja\n2 = &Nein\n3 = Pfad:\\s\n"),
               "translated\t1\t[&Yes]\t[&Ja]\tfirst of box\n"
               "translated\t2\t[&No]\t[&Nein]\tsecond of box\n"
@@ -48,7 +48,7 @@ TEST_F(TextReport, ShowsEachTextWithItsTranslation) {
     EXPECT_EQ(counts_.missing, 0u);
 }
 
-TEST_F(TextReport, MarksWhatIsMissing) {
+TEST_F(TextReport, MissingTranslation_IsMarked) {
     EXPECT_EQ(Report("2 = &Nein\n"),
               "missing\t1\t[&Yes]\t\tfirst of box\n"
               "translated\t2\t[&No]\t[&Nein]\tsecond of box\n"
@@ -57,18 +57,18 @@ TEST_F(TextReport, MarksWhatIsMissing) {
     EXPECT_EQ(counts_.missing, 2u);
 }
 
-TEST_F(TextReport, WithoutAFileEverythingIsMissing) {
+TEST_F(TextReport, NoFile_EveryTextIsMissing) {
     EXPECT_THAT(Report(std::nullopt), HasSubstr("\n0 of 3 identifiers translated\n"));
     EXPECT_EQ(counts_.missing, 3u);
 }
 
-TEST_F(TextReport, IdentifierWithSeveralUsesCountsOnce) {
+TEST_F(TextReport, IdentifierWithSeveralUses_CountsOnce) {
     const std::vector<CatalogueText> twice = {{u"9", u"Cancel", u"a", u"a"}, {u"9 ", u"Cancel", u"b", u"b"}};
     EXPECT_THAT(Report("", twice), HasSubstr("missing\t9\t[Cancel]\t\ta\nmissing\t9\t[Cancel]\t\tb\n0 of 1 "));
     EXPECT_EQ(counts_.missing, 1u);
 }
 
-TEST_F(TextReport, NamesUnreadableLinesWithTheirReasons) {
+TEST_F(TextReport, UnreadableLine_IsReportedWithTheReason) {
     const std::string report = Report("1 = &Ja\n= x\nwords\n1 = b\n2 = \\x\n2 = \xE4\n3 =\n");
     EXPECT_THAT(report, HasSubstr("unreadable\tF:2\thas no identifier before its '='\n"
                                   "unreadable\tF:3\thas no '='\n"
@@ -79,19 +79,19 @@ TEST_F(TextReport, NamesUnreadableLinesWithTheirReasons) {
     EXPECT_EQ(counts_.missing, 2u);
 }
 
-TEST_F(TextReport, NamesIdentifiersThatNobodyAsksFor) {
+TEST_F(TextReport, UnknownIdentifier_IsReported) {
     EXPECT_THAT(Report("5 = five\n1 = &Ja\n4 = a\\nb\n"),
                 HasSubstr("unknown\tF:3\t4\t[a␍␊b]\nunknown\tF:1\t5\t[five]\n"));
 }
 
-TEST_F(TextReport, NamesAccessKeysThatClashInADialog) {
+TEST_F(TextReport, AccessKeyUsedTwiceInADialog_IsReported) {
     EXPECT_THAT(Report("1 = J&a\n2 = B&Aum\n"), HasSubstr("clash\tF:2\tbox\tAlt+a\t1, 2\n"));
     EXPECT_THAT(Report("1 = &\xC3\x84ndern\n2 = &\xC3\xA4\n"), HasSubstr("clash\tF:2\tbox\tAlt+\xC3\xA4\t1, 2\n"));
     EXPECT_THAT(Report("1 = &Non\n"), HasSubstr("clash\tF:1\tbox\tAlt+n\t1, 2\n"));
     EXPECT_THAT(Report("1 = &Ja\n2 = Nein\n3 = &Jot\\s\n"), Not(HasSubstr("clash")));
 }
 
-TEST_F(TextReport, NamesLostBlanksBetweenJoinedTexts) {
+TEST_F(TextReport, LostBlankBetweenJoinedTexts_IsReported) {
     const std::vector<CatalogueText> joined = {{u"1", u"Path: ", u"", u""}, {u"2", u" exists", u"", u""}};
     EXPECT_THAT(Report("1 = Pfad:\n2 = gibt es\n", joined),
                 HasSubstr("blank\tF:1\t1\tmissing at the end\nblank\tF:2\t2\tmissing at the start\n"));
@@ -99,7 +99,7 @@ TEST_F(TextReport, NamesLostBlanksBetweenJoinedTexts) {
     EXPECT_THAT(Report("1 = \xEF\xBC\x9A\n2 = \xE3\x81\xAF\n", joined), Not(HasSubstr("blank")));
 }
 
-TEST_F(TextReport, NamesCaptionsThatBreakThePublishedState) {
+TEST_F(TextReport, CaptionThatBreaksTheState_IsReported) {
     const std::vector<CatalogueText> captions = {{u"L", u"Process", u"", u"", 0, true},
                                                  {u"L", u"Process ", u"", u"", 0, true},
                                                  {u"1", u"Path", u"", u"", 0, false}};
@@ -122,7 +122,7 @@ TEST_F(TextReport, PublishedCaptionOutsideTheCodePage_IsShownAsPublished) {
     EXPECT_THAT(Report("L = \xE2\x82\xAC\n", captions), Not(HasSubstr("published as")));
 }
 
-TEST_F(TextReport, NamesCaptionsThatHaveLostTheirAccessKey) {
+TEST_F(TextReport, CaptionWithoutItsAccessKey_IsReported) {
     EXPECT_THAT(Report("\n1 = Ja\n2 = Nein && aber\n"),
                 HasSubstr("key\tF:2\t1\thas no access key; put '&' before a letter\n"
                           "key\tF:3\t2\thas no access key"));
@@ -131,7 +131,7 @@ TEST_F(TextReport, NamesCaptionsThatHaveLostTheirAccessKey) {
     EXPECT_THAT(Report("1 = Abbrechen\n2 = A\n", keyless), Not(HasSubstr("key\t")));
 }
 
-TEST_F(TextReport, NamesCaptionsThatAreTooWideForTheirButton) {
+TEST_F(TextReport, CaptionTooWideForItsButton_IsReported) {
     const std::vector<CatalogueText> buttons = {{u"1", u"OK", u"", u"box", 1125}, {u"2", u"Label", u"", u"box"}};
     EXPECT_THAT(Report("1 = Einverstanden\n2 = Einverstanden\n", buttons),
                 HasSubstr("wide\tF:1\t1\tis 87 pixels wide, and its button has room for 69\n2 of 2"));
@@ -139,7 +139,7 @@ TEST_F(TextReport, NamesCaptionsThatAreTooWideForTheirButton) {
     EXPECT_THAT(Report("1 = Zehn Zeich\n", buttons), Not(HasSubstr("wide")));
 }
 
-TEST_F(TextReport, SaysOfUtf16HowToSaveIt) {
+TEST_F(TextReport, Utf16File_IsReportedWithAdvice) {
     const std::string utf16("1\0 \0=\0 \0J\0a\0\n\0", 14);
     for (const std::string& bytes : {utf16, "\xFF\xFE" + utf16,
                                      std::string("\xFE\xFF\0"
@@ -152,19 +152,19 @@ TEST_F(TextReport, SaysOfUtf16HowToSaveIt) {
     }
 }
 
-TEST_F(TextReport, CountsWhatIsWrong) {
+TEST_F(TextReport, Problems_AreCounted) {
     Report("1 = &Ja\n2 = &Nein\n3 = Pfad:\\s\n");
     EXPECT_EQ(counts_, (TextReportCounts{0, 0}));
     Report("1 = &Ja\n2 = &Jein\n3 = Pfad:\nwords\n");
     EXPECT_EQ(counts_, (TextReportCounts{0, 3}));
 }
 
-TEST_F(TextReport, BlankMayGoWhereOneUseHasNone) {
+TEST_F(TextReport, BlankNotNeededByOneUse_MayBeMissing) {
     const std::vector<CatalogueText> uses = {{u"L", u"Process", u"", u""}, {u"L", u"Process ", u"", u""}};
     EXPECT_THAT(Report("L = Prozess\n", uses), Not(HasSubstr("blank")));
 }
 
-TEST(TextTemplate, IsALanguageFileWithTheEnglishTexts) {
+TEST(TextTemplate, Template_IsALanguageFileWithTheEnglishTexts) {
     const std::vector<CatalogueText> catalogue = {
         {u"L", u"Caption", u"main form", u""}, {u"L", u"Caption ", u"titles", u""}, {u"1 ", u"Path: ", u"check", u""}};
     std::ostringstream out;

@@ -83,13 +83,13 @@ TEST_F(ToolTest, MistypedVerb_SuggestsTheNearest) {
     EXPECT_EQ(err.str(), "backproc: unknown command 'ECHOO'; did you mean 'echo'?\nTry 'backproc help'.\n");
 }
 
-TEST_F(ToolTest, MistypedOption_SuggestsTheNearestOfTheHelp) {
+TEST_F(ToolTest, MistypedOption_SuggestsTheNearestInTheHelp) {
     EXPECT_EQ(Run({u"dialog", u"--flag"}), 64);
     EXPECT_EQ(err.str(),
               "backproc dialog: unknown option '--flag'; did you mean '--flags'?\nTry 'backproc help dialog'.\n");
 }
 
-TEST_F(ToolTest, FailureOfADialog_HasACodeOfItsOwn) {
+TEST_F(ToolTest, FailureOfADialog_HasItsOwnExitCode) {
     EXPECT_EQ(Run({u"dialog"}), 65);
     EXPECT_EQ(err.str(), "backproc dialog: no kernel\n");
 }
@@ -100,7 +100,7 @@ TEST_F(ToolTest, OutputThatCannotBeWritten_IsAFailure) {
     EXPECT_EQ(err.str(), "backproc echo: could not write all output (disk full or pipe closed)\n");
 }
 
-TEST_F(ToolTest, HelpOption_CountsAnywhereAfterAVerb) {
+TEST_F(ToolTest, HelpOptionAfterArguments_ShowsTheHelp) {
     EXPECT_EQ(Run({u"misused", u"KEY", u"--help"}), 0);
     EXPECT_EQ(out.str(), "Usage: backproc misused KEY\n");
 }
@@ -138,12 +138,12 @@ TEST_F(ToolTest, SurplusArgumentOfHelpOrVersion_IsNamed) {
               "backproc: unexpected argument '1'\nTry 'backproc help'.\n");
 }
 
-TEST_F(ToolTest, HelpOption_CountsWhateverFollows) {
+TEST_F(ToolTest, HelpOptionBeforeArguments_ShowsTheHelp) {
     EXPECT_EQ(Run({u"misused", u"--help", u"KEY"}), 0);
     EXPECT_EQ(out.str(), "Usage: backproc misused KEY\n");
 }
 
-TEST_F(ToolTest, LackOfMemory_IsReportedInWords) {
+TEST_F(ToolTest, LackOfMemory_IsReported) {
     EXPECT_EQ(Run({u"huge"}), 1);
     EXPECT_EQ(err.str(), "backproc huge: there is not enough memory for this\n");
 }
