@@ -1,12 +1,13 @@
-// A process's whole command line, as the system keeps it, taken apart.
+// Parses the command line of a process.
 #pragma once
 
 #include "runtime/Text.h"
 
 namespace runtime {
 
-/// What follows the program's own name, without the blanks and tabs before it, otherwise as it was given. The name
-/// ends at the first blank or tab outside double quotes, or with the text when a quote never closes.
+/// Returns the arguments of `commandLine`: the text after the program's name, unchanged, without the blanks and tabs
+/// between them. The name ends at the first blank or tab outside double quotes. If a quote is never closed, the name is
+/// the whole text.
 StringView WithoutProgramName(StringView commandLine);
 
 }  // namespace runtime

@@ -54,10 +54,10 @@ void Control::SetVisible(bool visible) {
     if (visible == visible_) return;
     const bool loseFocus = !visible && tabs_.TakeFocusFrom(*this);
     visible_ = visible;
-    // The focus moves before the window is hidden, because the window system would give it to no control. A form that
-    // is not visible chooses one when it is shown.
+    // Move the focus before the window is hidden; otherwise the window system would leave no control with the focus. A
+    // form that is not visible chooses a control when it is shown.
     if (loseFocus && form_.Visible()) tabs_.Walk(1);
-    // What lost or got the focus may have unloaded the form.
+    // A handler of the focus change may have unloaded the form.
     if (native_) native_->SetVisible(visible);
 }
 
@@ -103,7 +103,7 @@ void Control::SetFont(const runtime::Font& font) {
     if (font == font_) return;
     font_ = font;
     native_->SetFont(font_);
-    // A window with a list fits its height to the font.
+    // A new font changes the height of a window with a list. Set the bounds again.
     if (HasList(design_.kind)) native_->SetBounds(bounds_);
     SizeToText();
     TakeNativeHeight();
@@ -136,7 +136,7 @@ char16_t Control::AccessKey() {
 char16_t MarkedCharacter(StringView caption) {
     for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
         if (caption[i] != u'&') continue;
-        // A doubled mark is the character itself, and one before a blank marks nothing.
+        // "&&" shows one '&', and '&' before a blank marks nothing.
         if (caption[++i] != u'&' && caption[i] != u' ') return caption[i];
     }
     return 0;

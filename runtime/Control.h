@@ -1,10 +1,9 @@
-// Controls: the parts of a form. A control exists as long as its form object; touching one of its properties loads
-// the form, and each load starts again from the design values.
+// A control is a part of a form. The form owns its controls; they are used on the form's thread. An access to a
+// property of a control loads the form. Each load resets the properties to the design values.
 //
-// Texts and items of input controls are held as they were given, whatever the window system makes of them, until the
-// user changes them. A property that a kind of control lacks raises error 438.
-//
-// The form owns its controls; they are used on its thread.
+// An input control returns its text exactly as the program set it, even if the window system alters the text. After the
+// user has edited the text, the control returns the window's text. Items are always returned as the program added them.
+// Error 438 means that a control of this kind does not have the property.
 #pragma once
 
 #include <vector>
@@ -21,30 +20,30 @@ class Form;
 
 enum class Align { kNone, kBottom };
 
-/// A control's values at design time; places in twips within the form's client area.
+/// The values that a control has after each load. Positions are in twips within the form's client area.
 struct ControlDesign {
     ControlKind kind;
     String name = {};
-    int index = kNoIndex;  ///< in its control array
+    int index = kNoIndex;  ///< index in the control array; kNoIndex outside an array
     Rect bounds = {};
     Align align = Align::kNone;
     String text = {};  ///< caption or text
     String tag = {};
-    int tabIndex = kNoIndex;   ///< place in the form's tab order; none for a control that has no such place
-    bool sizesItself = false;  ///< a label that follows its text
-    bool isCancel = false;     ///< the button that Escape presses
+    int tabIndex = kNoIndex;   ///< position in the form's tab order; kNoIndex: not in the tab order
+    bool sizesItself = false;  ///< a label that resizes itself to its text
+    bool isCancel = false;     ///< Escape presses this button
     bool visible = true;
-    String picture = {};  ///< the name of an icon among the resources of the module that has the window
+    String picture = {};  ///< name of an icon resource in the module that creates the windows
 
     static constexpr int kNoIndex = -1;
 };
 
-/// The character that `caption` marks with '&' as the one to press together with Alt; 0 for none.
+/// The access key that `caption` marks with '&'; 0 for none.
 char16_t MarkedCharacter(StringView caption);
 
 class Control {
  public:
-    /// `tabs` is the form's; both outlive the control.
+    /// `tabs` is the tab order of `form`. Both must outlive the control.
     Control(Form& form, TabOrder& tabs, ControlDesign design);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
@@ -55,11 +54,11 @@ class Control {
     int Index() const { return design_.index; }
     ControlKind Kind() const { return design_.kind; }
     bool IsCancel() const { return design_.isCancel; }
-    /// The user can type or press here.
+    /// True for the kinds that can have the focus: buttons and input controls.
     bool TakesFocus() const { return design_.kind == ControlKind::kButton || IsInput(design_.kind); }
 
-    /// Place in the form's client area. A control whose list drops down has a height of its own, that of its closed
-    /// state, which follows its font; another height is not taken over.
+    /// Position and size in twips within the form's client area. A control with a drop-down list always has the height
+    /// that its font needs while the list is closed; another height is ignored.
     Rect Bounds();
     void SetBounds(const Rect& bounds);
     Twips Left() { return Bounds().left; }
@@ -70,72 +69,76 @@ class Control {
     void SetTop(Twips top);
     void SetWidth(Twips width);
     void SetHeight(Twips height);
-    /// A hidden control is reached by no key.
+    /// No key reaches a hidden control.
     bool Visible();
     void SetVisible(bool visible);
     String Tag();
-    /// Caption of a label or button, text of a status bar, content of a text box or an editable combo, the selected
-    /// item of a list. A label that sizes itself follows its text: its width grows up to what the screen holds, then
-    /// its lines wrap. Setting it on a list selects the first item of that text, error 383 when there is none; on an
-    /// editable combo no item is selected afterwards. Error 438 for a picture, which has no font either.
+    /// The text of the control, depending on its kind:
+    /// - label, button: the caption
+    /// - status bar, text box, text block, editable combo: the text
+    /// - drop-down list, list box: the selected item, or "" for none
+    ///
+    /// A label with `sizesItself` grows with its text until the form is as wide as the screen; then its lines wrap.
+    /// SetText on a list selects the first item with this text; error 383 if there is none. SetText on an editable
+    /// combo leaves no item selected. Error 438 for a picture, also from Font and SetFont.
     String Text();
     void SetText(StringView text);
     runtime::Font Font();
     void SetFont(const runtime::Font& font);
-    /// Place in the form's tab order, from 0; the others move along. A number behind the last one is the last place.
-    /// Error 380 for a negative one, 438 for a control without a place.
+    /// Moves the control to position `index` of the form's tab order, counted from 0. An index beyond the last position
+    /// means the last position. Error 380 for a negative index, 438 for a control that is not in the tab order.
     void SetTabIndex(int index);
-    /// The user reaches it with Tab. Error 438 for a control that never takes the focus.
+    /// True if Tab stops at the control. Error 438 for a kind that cannot have the focus.
     bool TabStop();
     void SetTabStop(bool stop);
-    /// The character that presses the button together with Alt, in lower case; 0 when its caption marks none.
+    /// The button's access key in lower case: Alt with this character presses the button. 0 if the caption marks none.
     char16_t AccessKey();
     /// Repaints the control at once.
     void Refresh();
-    /// What a screen reader calls an input control.
+    /// Sets the name that a screen reader announces for an input control. Error 438 for other kinds.
     void SetAccessibleName(StringView name);
 
-    // Controls with an edit part. Places are in UTF-16 units; they stay within the text.
+    // For controls with an edit part. Positions and lengths are in UTF-16 units and are limited to the text.
 
     std::size_t SelStart();
-    /// Nothing is selected afterwards. Error 380 for a negative one.
+    /// Also clears the selection. Error 380 for a negative `start`.
     void SetSelStart(std::ptrdiff_t start);
     std::size_t SelLength();
-    /// Error 380 for a negative one.
+    /// Error 380 for a negative `length`.
     void SetSelLength(std::ptrdiff_t length);
 
-    // Controls with a list. Items count from 0.
+    // For controls with a list. Items are numbered from 0.
 
     void AddItem(StringView item);
-    /// Empties the text of an editable combo, too.
+    /// Also clears the text of an editable combo.
     void ClearItems();
     int ItemCount();
-    /// Error 381 outside the list.
+    /// Error 381 for an index outside the list.
     String Item(int index);
-    /// The selected item; -1 for none.
+    /// The index of the selected item; -1 for none.
     int ListIndex();
-    /// Error 380 outside the list. An editable combo gets the item's text.
+    /// -1 selects no item. An editable combo shows the item's text. Error 380 for an index outside the list.
     void SetListIndex(int index);
-    /// The list has dropped down.
+    /// True while the drop-down list is open.
     bool HasOpenList() const;
-    /// Takes a list that has dropped down away. Chooses the item that it shows as selected, or puts back what was there
-    /// before.
+    /// Closes an open drop-down list. If `choose` is true, the highlighted item becomes the selected one. Otherwise the
+    /// item and the text from before the list was opened are restored.
     void CloseList(bool choose);
 
  private:
     friend class Form;
     friend class TabOrder;
 
-    // Called by the form.
+    // The form calls these functions.
 
     void Attach(NativeWindow& window);
     void Detach();
-    /// Places an aligned control at its edge of the client area.
+    /// Moves an aligned control to its edge of the client area.
     void Dock(Size inner);
     void OnEdited();
     void OnChosen(int item);
 
-    /// The focus is on the control while the form is active.
+    /// True if the form is active and the control has the focus.
     bool HasKeyboard() const { return visible_ && TakesFocus() && native_ && native_->HasKeyboard(); }
     void CheckHasText();
     void SizeToText();
@@ -159,7 +162,7 @@ class Control {
     bool visible_ = true;
     std::vector<String> items_;
     int listIndex_ = kNoItem;
-    bool userHasText_ = false;  ///< the window's text is newer than text_
+    bool userHasText_ = false;  ///< the user edited the text, so the window's text is newer than text_
     NativeControl* native_ = nullptr;
 };
 

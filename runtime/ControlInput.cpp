@@ -1,4 +1,4 @@
-// What only input controls have: texts that the user changes, their selected part, and lists of items.
+// The part of Control for input controls: edited text, selection and list items.
 #include <algorithm>
 #include <cstddef>
 #include <string>

@@ -1,5 +1,5 @@
-// Run-time errors: a number and a description, as the classic BASIC forms runtime has them. They are thrown
-// where a caller cannot reasonably go on, and cross the component's edge as HRESULT 0x800A0000 + number.
+// Run-time errors with the numbers and descriptions of the classic BASIC forms runtime. An error is thrown where the
+// caller cannot reasonably continue. A COM client receives it as HRESULT 0x800A0000 + number.
 #pragma once
 
 #include <cstdint>
@@ -34,14 +34,14 @@ enum ErrorNumber : std::int32_t {
     kFormAlreadyDisplayed = 400,
     kPropertyNotSupported = 438,
     kDllEntryPointNotFound = 453,
-    /// The suite's own, for leaving what is going on without a word to the user.
+    /// Defined by the suite: ends an operation without a message to the user.
     kSilent = 9999,
 };
 
-/// Its copies share the texts: passing an error on takes no memory, which may be what is short.
+/// Copies share the texts. Copying therefore allocates no memory, which matters when the error is a lack of memory.
 class Error : public std::exception {
  public:
-    /// With the standard description of `number`.
+    /// Has the standard description of `number`.
     explicit Error(std::int32_t number);
     Error(std::int32_t number, String description);
     Error(const Error&) noexcept = default;
@@ -64,30 +64,31 @@ class Error : public std::exception {
 };
 static_assert(std::is_nothrow_copy_constructible_v<Error>);
 
-/// Error 364 of an access to a form that has to be loaded and whose load handler unloads it: whatever failed in the
-/// load has been dealt with there.
+/// Error 364: an access needs the form to be loaded, but the form's load handler has unloaded the form. The load
+/// handler has already dealt with the cause.
 class FormUnloadedInLoad : public Error {
  public:
     explicit FormUnloadedInLoad(StringView form);
 };
 
-/// The standard description of `number`; "Application-defined or object-defined error" for one that has none.
+/// The standard description of `number`, or "Application-defined or object-defined error" for a number without one.
 String StandardDescription(std::int32_t number);
 
-/// With the standard description of `number`, a colon and `about`: what it happened to, and what to do.
+/// An error whose description is the standard one, a colon and `about`. `about` names the object, and may say what to
+/// do.
 Error ErrorAbout(std::int32_t number, StringView about);
 
-/// Runs `statement` and ignores its error, as a routine does that ignores errors statement by statement.
+/// Runs `statement` and ignores an exception, as a BASIC routine that continues with its next statement after an error.
 template <typename Statement>
 void IgnoreErrors(Statement&& statement) {
     try {
         statement();
     } catch (const std::exception&) {
-        // Ignored on purpose: the routine continues with its next statement.
+        // Ignored on purpose: the caller continues with its next statement.
     }
 }
 
-/// For steps that must all run although one fails: keeps the first error until the last step is done.
+/// For steps that must all run even if one of them fails. Keeps the first exception.
 class FirstError {
  public:
     template <typename Step>
@@ -101,7 +102,7 @@ class FirstError {
 
     bool IsKept() const noexcept { return kept_ != nullptr; }
     const std::exception_ptr& Kept() const noexcept { return kept_; }
-    /// Throws the kept error; nothing when every step went well.
+    /// Throws the kept exception, if there is one.
     void Rethrow() const {
         if (kept_) std::rethrow_exception(kept_);
     }

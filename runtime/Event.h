@@ -1,5 +1,6 @@
-// An event with any number of listeners, called in the order in which they connected. While it is being raised, a
-// listener may connect others, disconnect itself or another, raise the event again, or fail.
+// An event with any number of listeners, which are called in the order in which they connected. During Raise, a
+// listener may connect other listeners, disconnect any listener, raise the event again, or throw. An event is used on
+// one thread.
 #pragma once
 
 #include <functional>
@@ -11,7 +12,7 @@
 
 namespace runtime {
 
-/// Args are passed on as they are declared; by-reference arguments show each listener what the one before it left.
+/// A listener sees the changes that earlier listeners made to an argument passed by reference.
 template <typename... Args>
 class Event {
     struct Slot {
@@ -22,7 +23,7 @@ class Event {
  public:
     using Listener = std::function<void(Args...)>;
 
-    /// Keeps a listener connected; disconnects when destroyed. May outlive the event.
+    /// Keeps a listener connected until it is destroyed. May outlive the event.
     class Connection {
      public:
         Connection() = default;
@@ -50,8 +51,8 @@ class Event {
         return Connection(slots_.back());
     }
 
-    /// Calls every listener that was connected when the event was raised and still is when its turn comes. The first
-    /// error of a listener is thrown after all others were called.
+    /// Calls each listener that was connected before Raise, and skips those that were disconnected since. The first
+    /// exception of a listener is thrown after the last listener was called.
     void Raise(Args... args) {
         const auto slots = slots_;
         FirstError error;

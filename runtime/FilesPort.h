@@ -1,4 +1,4 @@
-// The file system as the component uses it.
+// The file system operations that the component needs.
 #pragma once
 
 #include <cstdint>
@@ -9,9 +9,9 @@
 
 namespace runtime {
 
-/// Tells whether a file is still the one that was read: differs when the file changed.
+/// Identifies one version of a file's contents. A changed file has another stamp.
 struct FileStamp {
-    std::uint64_t modified = 0;  ///< last write, in the file system's own units
+    std::uint64_t modified = 0;  ///< time of the last write, in the file system's own units
     std::uint64_t size = 0;      ///< bytes
     bool operator==(const FileStamp&) const = default;
 };
@@ -20,17 +20,18 @@ class FilesPort {
  public:
     virtual ~FilesPort() = default;
 
-    /// The current folder of the process, and of its current drive.
+    /// The current folder of the process, with its drive.
     virtual String CurrentFolder() = 0;
     /// Makes `path` the current folder. Error 76 (no such folder), 75 (no access) or 68 (no such drive).
     virtual void ChangeFolder(StringView path) = 0;
-    /// The name, without its folder, of the first ordinary file that matches `pattern` (wildcards allowed in the
-    /// last part); "" when there is none or the pattern cannot be a path.
+    /// The name, without its folder, of the first ordinary file that matches `pattern`. An ordinary file is not a
+    /// folder, not hidden and not a system file. The last part of `pattern` may contain wildcards. "" if no file
+    /// matches or if `pattern` cannot be a path.
     virtual String FirstMatch(StringView pattern) = 0;
 
-    /// None when there is no such file.
+    /// None if there is no such file.
     virtual std::optional<FileStamp> Stamp(StringView path) = 0;
-    /// The whole file's bytes; none when it cannot be read.
+    /// All bytes of the file; none if it cannot be read.
     virtual std::optional<std::string> Read(StringView path) = 0;
 };
 

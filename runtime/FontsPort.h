@@ -1,5 +1,5 @@
-// The system's fonts and device contexts, as far as choosing the user-interface font needs them. Each call is one call
-// of the system, so that a twin's log shows what was selected, put back, released and deleted, and in which order.
+// The font and device-context functions that the choice of the user-interface font needs. Each function is one call of
+// the system, so that a test double can log which objects are selected, released and deleted, and in which order.
 #pragma once
 
 #include "runtime/NativeHandle.h"
@@ -11,18 +11,18 @@ class FontsPort {
  public:
     virtual ~FontsPort() = default;
 
-    /// The system has fonts of this face, and need not substitute another one for it.
+    /// True if the system has a font of this face; false if it would substitute another face.
     virtual bool IsInstalled(StringView face) = 0;
-    /// Makes the font of icon titles, which the caller deletes; 0 when the system does not describe or make it.
+    /// Creates the font of icon titles. The caller deletes it. 0 on failure.
     virtual NativeHandle MakeIconTitleFont() = 0;
-    /// The system's font for its user interface. Never deleted.
+    /// The stock font for user interfaces. The caller must not delete it.
     virtual NativeHandle StockGuiFont() = 0;
     /// Selects `font` into `context` and returns the font that was selected before; 0 on failure.
     virtual NativeHandle Select(NativeHandle context, NativeHandle font) = 0;
-    /// The face of the font that is selected into `context`; 80 blanks, which is what the buffer is made of, when the
-    /// system does not tell.
+    /// The face of the font that is selected into `context`. If the system call fails: 80 blanks, the buffer's initial
+    /// content.
     virtual String FaceName(NativeHandle context) = 0;
-    /// Gives a device context of `window` back to the system.
+    /// Releases a device context of `window`.
     virtual void ReleaseContext(NativeHandle window, NativeHandle context) = 0;
     virtual void Delete(NativeHandle font) = 0;
 };

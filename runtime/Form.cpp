@@ -96,7 +96,7 @@ bool Form::Unload(UnloadReason reason) {
 }
 
 void Form::AbandonWindow() {
-    // What was running belongs to the other thread, whose stack may no longer exist.
+    // The modal loop is on the stack of the other thread, which may no longer exist.
     modal_ = nullptr;
     if (window_) DestroyWindow();
     stage_ = Stage::kUnloaded;
@@ -160,7 +160,7 @@ void Form::Move(Twips left, Twips top) {
 
 void Form::SetBounds(const Rect& bounds) {
     if (state_ != WindowState::kNormal) throw ErrorAbout(kMoveWhileMinimisedOrMaximised, Name());
-    // It reports what it became, in whole pixels, and the handlers run.
+    // The window reports its new bounds in whole pixels to BoundsChanged, which runs the handlers.
     window_->SetBounds(bounds);
 }
 
@@ -185,7 +185,7 @@ void Form::SetState(WindowState state) {
     if (state < WindowState::kNormal || state > WindowState::kMaximised) {
         throw ErrorAbout(kInvalidPropertyValue, u"WindowState of " + Name());
     }
-    // A visible window reports the change. A hidden one is shown in this state.
+    // A visible window reports its new state. A hidden window gets the state when it is shown.
     if (visible_) {
         window_->SetState(state);
     } else {
@@ -215,7 +215,8 @@ void Form::ShowModal() {
     EnsureLoaded();
     if (visible_) throw ErrorAbout(kFormAlreadyDisplayed, Name());
     const auto loop = CurrentPorts().windows.BeginModal(*window_);
-    // A window that was disabled gets a message about it, and its handler may have unloaded this form.
+    // BeginModal sends messages to the windows that it disables. A handler of such a message may have unloaded this
+    // form.
     if (!window_) return;
     const struct ModalTime {
         Form& form;
@@ -223,7 +224,7 @@ void Form::ShowModal() {
         ModalTime(const ModalTime&) = delete;
         ModalTime& operator=(const ModalTime&) = delete;
         ~ModalTime() {
-            // Whatever ended the loop, the form is not left on the screen.
+            // Hide the form, also after an exception.
             if (form.window_) IgnoreErrors([this] { form.Hide(); });
             form.modal_ = nullptr;
         }
@@ -235,9 +236,9 @@ void Form::ShowModal() {
 void Form::Hide() {
     EnsureLoaded();
     const bool wasVisible = std::exchange(visible_, false);
-    // The other windows are enabled before this one is hidden, so that one of them becomes the active one.
+    // Enable the other windows before this one is hidden, so that one of them becomes the active window.
     if (wasVisible && modal_) modal_->End();
-    // A window that was enabled gets a message about it, and its handler may have unloaded this form.
+    // End sends messages to the windows that it enables. A handler of such a message may have unloaded this form.
     if (window_) window_->Hide();
 }
 
@@ -344,7 +345,7 @@ void Form::Lost() {
 }
 
 void Form::Clicked(std::size_t control) {
-    // A handler may open a dialog, and this control gets the keyboard back after it.
+    // A handler may open a dialog. After the dialog, this control gets the keyboard focus back.
     tabs_.NoteFocus();
     OnClick(*controls_.at(control));
 }

@@ -1,16 +1,20 @@
-// Forms: objects that exist before they are loaded. The first access to a built-in property or to a control loads the
-// form: its window is made with the design values and its load handler runs. Unload runs query-unload and unload,
-// destroys the window and takes the form out of the loaded ones; a later access loads it anew.
+// A form: a window with controls. The form object exists before its window is created and after it is destroyed.
+// - Load: the first access to a built-in property or to a control creates the window with the design values and runs
+//   the load handler.
+// - Unload: runs the query-unload and unload handlers, destroys the window and removes the form from LoadedForms(). A
+//   later access loads the form again.
 //
-// A form that is loading may be unloaded by its own load handler: the access that loaded it then fails with error 364,
-// and so does every access from inside the handler, which would else load the form a second time.
-// Unloading a form whose unload is running does nothing. An error of an unload handler does not keep the form: it is
-// thrown when the form is unloaded. An error of the load handler takes the form back without its unload handlers.
+// Special cases:
+// - A load handler may unload its own form. The access that loaded the form then fails with error 364. Every later
+//   access from inside the handler also fails with error 364, because it would load the form a second time.
+// - Unloading a form whose unload handlers are running does nothing.
+// - If an unload handler throws, the form is still unloaded; then the error is thrown.
+// - If the load handler throws, the form is unloaded without running its unload handlers; then the error is thrown.
 //
-// Keys come to the form before its focused control; what it does with them is in FormKeys.h.
+// The form gets each key before its focused control does. FormKeys.h has the rules.
 //
-// A form is used on the thread that loaded it, except where a function says otherwise. It owns its controls, which
-// exist as long as the form; references to them stay valid when it is unloaded.
+// A form is used on the thread that loaded it, except where a function says otherwise. The form owns its controls.
+// References to them stay valid when the form is unloaded.
 #pragma once
 
 #include <memory>
@@ -23,14 +27,14 @@
 
 namespace runtime {
 
-/// A form's values at design time.
+/// The values that a form has after each load.
 struct FormDesign {
     String name = {};
     String caption = {};
     String tag = {};
     Twips left = 0;
     Twips top = 0;
-    Size inner;  ///< client area
+    Size inner;  ///< size of the client area
     BorderStyle border = BorderStyle::kSizable;
     Colour backColour = kButtonFace;
 };
@@ -43,38 +47,40 @@ class Form : private WindowEvents {
     ~Form() override;
 
     const String& Name() const { return design_.name; }
-    /// What the form and its controls were designed with; looking does not load it.
+    /// The design values of the form and its controls. These functions do not load the form.
     const FormDesign& Design() const { return design_; }
     std::vector<const ControlDesign*> ControlDesigns() const;
     bool IsLoaded() const { return window_ != nullptr; }
-    /// Its unload handlers are running.
+    /// True while the unload handlers run.
     bool IsUnloading() const { return stage_ == Stage::kUnloading; }
 
-    /// Makes the window and runs the load handler unless that was done. FormUnloadedInLoad when the load handler
-    /// unloaded it.
+    /// Loads the form if it is not loaded. Throws FormUnloadedInLoad if the load handler unloads it.
     void EnsureLoaded();
-    /// Nothing for a form that is not loaded. A handler may refuse; then the form stays, and the answer is false.
+    /// Unloads the form and returns true. Returns false if a handler refuses; the form then stays loaded. Does nothing
+    /// and returns true if the form is not loaded.
     bool Unload(UnloadReason reason = UnloadReason::kCode);
-    /// Unloads the form without its handlers, because its window belongs to another thread or ended with it. May be
-    /// called on any thread when the form's own thread no longer uses it.
+    /// Unloads the form without running its handlers, for a window that belongs to another thread or was destroyed with
+    /// its thread. May be called on any thread once the form's own thread no longer uses the form.
     void AbandonWindow();
 
     String Caption();
     void SetCaption(StringView caption);
-    /// A text identifier for the localisation, or empty.
+    /// The identifier of the form's text for localisation; may be empty.
     String Tag();
 
-    /// Shows the form and lets events run until it is hidden, by itself or by others, or unloaded, or the program is
-    /// asked to quit; it is not visible afterwards. The thread's other windows are disabled until then. An error of a
-    /// handler ends it and is thrown. Error 400 when the form is visible already.
+    /// Shows the form and processes events until the form is hidden or unloaded, or until the program is asked to quit.
+    /// The thread's other windows are disabled during this time. On return the form is not visible. An exception of a
+    /// handler ends the loop and is thrown. Error 400 if the form is already visible.
     void ShowModal();
 
-    /// Outer bounds of the window on the screen: whole pixels, in twips. While minimised: those of the normal state.
+    /// Outer bounds of the window on the screen, in twips, rounded to whole pixels. While the window is minimised: its
+    /// bounds from before.
     Twips Left();
     Twips Top();
     Twips Width();
     Twips Height();
-    /// To the nearest pixel. Error 384 while minimised or maximised.
+    /// SetWidth, SetHeight, SetSize and Move round to the nearest pixel. Error 384 while the window is minimised or
+    /// maximised.
     void SetWidth(Twips width);
     void SetHeight(Twips height);
     void SetSize(Size outer);
@@ -84,31 +90,34 @@ class Form : private WindowEvents {
 
     WindowState State();
     void SetState(WindowState state);
-    /// Follows the window, whatever shows or hides it. Not changed while the window is away with its minimised owner.
+    /// True while the window is visible, also if other code shows or hides it. Stays true while Windows hides the
+    /// window because its owner is minimised.
     bool Visible();
-    /// False hides the window in any case.
+    /// `false` always hides the window, even if Visible returns false already.
     void SetVisible(bool visible);
     void Hide();
     Colour BackColour();
     void SetBackColour(Colour colour);
-    /// Unit of the form's inner coordinates, 0..7 in the classic runtime's numbers (1 = twips); else error 380.
+    /// The unit of the form's inner coordinates as a number of the classic runtime, from 0 to 7; 1 is twips. Only
+    /// stored: this runtime always uses twips. Error 380 for another number.
     std::int16_t ScaleMode();
     void SetScaleMode(std::int16_t mode);
-    /// The font that TextSize measures with; the controls have fonts of their own.
+    /// The font for TextSize. The controls have their own fonts.
     runtime::Font Font();
     void SetFont(const runtime::Font& font);
-    /// Width of the widest line and height of all lines of `text` in the form's font; no text is one line high.
+    /// Width of the widest line and height of all lines of `text` in the form's font, in twips. An empty text has the
+    /// height of one line.
     Size TextSize(StringView text);
-    /// Puts the window above all windows that are not topmost, or takes it back among them.
+    /// Makes the window topmost (above all windows that are not topmost), or removes that state.
     void SetTopMost(bool onTop);
     NativeHandle Handle();
     NativeHandle DeviceContext();
 
-    /// In the order in which they were added.
+    /// The controls in the order in which they were added.
     const std::vector<std::unique_ptr<Control>>& Controls();
-    /// The control that has the focus, or has it whenever the form is active; null when none can have it.
+    /// The control that has the focus, or will have it when the form becomes active. Null if there is none.
     Control* FocusedControl();
-    /// Error 438 for a control that never takes the focus, 5 for a hidden one.
+    /// Error 438 for a control of a kind that cannot have the focus, 5 for a hidden control.
     void SetFocus(Control& control);
 
  protected:
@@ -119,14 +128,14 @@ class Form : private WindowEvents {
     virtual void OnQueryUnload(bool& /*cancel*/, UnloadReason /*reason*/) {}
     virtual void OnUnload(bool& /*cancel*/) {}
     virtual void OnActivate() {}
-    /// The client or another program showed the form's window. Comes after the first resize.
+    /// Called when the client or another program has shown the form's window; the first time, after OnResize.
     virtual void OnShownByOthers() {}
     virtual void OnResize() {}
-    /// A handler sets the key or character to 0 to swallow it.
+    /// A handler consumes the key or the character by setting it to 0.
     virtual void OnKeyDown(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
     virtual void OnKeyUp(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
     virtual void OnKeyPress(char16_t& /*character*/) {}
-    /// The focused control's own handler; comes after OnKeyPress unless that swallowed the character.
+    /// The handler of the focused control. Called after OnKeyPress, unless OnKeyPress consumed the character.
     virtual void OnControlKeyPress(Control& /*control*/, char16_t& /*character*/) {}
     virtual void OnClick(Control& /*control*/) {}
 
@@ -149,7 +158,7 @@ class Form : private WindowEvents {
     /// The window exists from kLoading to kUnloading.
     enum class Stage {
         kUnloaded,
-        kLoadingWithoutWindow,  ///< before the window is made, or after the load handler has unloaded the form
+        kLoadingWithoutWindow,  ///< before the window is created, or after the load handler unloaded the form
         kLoading,
         kLoaded,
         kUnloading,  ///< the unload handlers run
@@ -176,8 +185,8 @@ class Form : private WindowEvents {
     WindowState state_ = WindowState::kNormal;
     bool visible_ = false;
     bool wasShown_ = false;
-    bool enterPressedHere_ = false;     ///< since the form was loaded, and not as a repetition
-    bool isDestroyedByOthers_ = false;  ///< the window is gone; an unload cannot be refused
+    bool enterPressedHere_ = false;     ///< Enter was pressed, not only repeated, since the form was loaded
+    bool isDestroyedByOthers_ = false;  ///< other code destroys the window, so handlers cannot refuse the unload
     Colour backColour_ = kButtonFace;
     runtime::Font font_;
     std::int16_t scaleMode_ = 1;

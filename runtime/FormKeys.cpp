@@ -1,4 +1,4 @@
-// What a form does by itself with keys, by the rules of FormKeys.h.
+// Key handling of forms, by the rules in FormKeys.h.
 #include "runtime/FormKeys.h"
 
 #include <algorithm>
@@ -49,7 +49,7 @@ bool Form::ActOnKey(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
             focused->CloseList(false);
             return true;
         case KeyAction::kChooseItem:
-            // Here and not by the character: its handlers must find the item chosen.
+            // Close the list now, before the character arrives, because its handlers must see the new selection.
             focused->CloseList(true);
             [[fallthrough]];
         case KeyAction::kWrite:
@@ -61,7 +61,7 @@ bool Form::ActOnKey(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
 
 bool Form::Press(Control& button) {
     tabs_.Focus(button);
-    // What lost the focus may have unloaded the form.
+    // A handler of the focus change may have unloaded the form.
     if (window_) OnClick(button);
     return true;
 }

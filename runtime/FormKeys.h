@@ -1,13 +1,13 @@
-// The keyboard's rules: what a form does with a key before the focused control gets it. The form's own handlers come
-// first and may swallow the key. A key without a rule is the control's.
+// Keyboard rules: what a form does with a key before its focused control gets the key. The form's own handlers run
+// first and may consume the key. A key without a rule is passed to the control.
 //
-// A key that walks the focus, presses a button or takes a list away is used up and does not become a character. A key
-// that is held walks on but presses nothing, because it may be held since another form had the focus.
+// A key that moves the focus, presses a button or cancels a list is consumed: it produces no character. A held key
+// continues to move the focus, but it presses no button, because the user may have pressed it in another form.
 //
 // Two rules are not in the table:
-// - Alt with a letter presses the button whose caption marks the letter. When several mark it, the focus walks among
-//   them and none is pressed. No other key with Alt or Ctrl has a rule.
-// - An Enter that is held writes lines only where it was pressed: in a text block of this form.
+// - Alt with a letter presses the button whose caption marks the letter. If several captions mark it, the focus moves
+//   to the next of these buttons and no button is pressed. Other keys with Alt or Ctrl have no rule.
+// - A held Enter inserts lines only in a text block, and only if it was pressed in this form.
 #pragma once
 
 #include <array>
@@ -17,21 +17,21 @@
 namespace runtime {
 
 enum class KeyAction {
-    kNone,         ///< the key is the control's
-    kWalk,         ///< moves the focus on; back with Shift
-    kWalkOn,       ///< moves the focus on
-    kWalkBack,     ///< moves the focus back
+    kNone,         ///< passes the key to the control
+    kWalk,         ///< moves the focus to the next control, or with Shift to the previous one
+    kWalkOn,       ///< moves the focus to the next control
+    kWalkBack,     ///< moves the focus to the previous control
     kPress,        ///< presses the focused button
-    kPressCancel,  ///< presses the cancel button; as kNone when the form shows none
+    kPressCancel,  ///< presses the cancel button; like kNone if the form shows none
     kWrite,        ///< becomes a character
-    kChooseItem,   ///< chooses the item of the list, and becomes a character
-    kCloseList,    ///< takes the list away; item and text are those of before
+    kChooseItem,   ///< closes the list, selects the highlighted item, and becomes a character
+    kCloseList,    ///< closes the list and restores the previous item and text
 };
 
 struct KeyRule {
     KeyCode key;
     KeyAction onButton;    ///< the focus is on a button
-    KeyAction onOpenList;  ///< the list of the focused control has dropped down
+    KeyAction onOpenList;  ///< the drop-down list of the focused control is open
     KeyAction elsewhere;
 };
 

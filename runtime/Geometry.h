@@ -1,11 +1,11 @@
-// Lengths, places and colours of forms. Every length is in twips (1/1440 inch); only a back end knows pixels.
+// Lengths, positions and colours of forms. Every length is in twips (1/1440 inch). Only the back ends use pixels.
 #pragma once
 
 #include <cstdint>
 
 namespace runtime {
 
-/// 1/1440 inch, with fractions, in single precision as the classic forms runtime has it.
+/// 1/1440 inch, in single precision as in the classic forms runtime.
 using Twips = float;
 inline constexpr Twips kTwipsPerInch = 1440.0F;
 

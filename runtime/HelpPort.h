@@ -6,12 +6,12 @@
 
 namespace runtime {
 
-/// Where there is no viewer, its operations do nothing. What is wrong with a file is the viewer's to report.
+/// Without a viewer, the functions do nothing. The viewer itself reports a missing or damaged file.
 class HelpPort {
  public:
     virtual ~HelpPort() = default;
 
-    /// Opens the table of contents of `file` in a window that `owner` owns; 0 for none.
+    /// Opens the table of contents of `file`. `owner` owns the viewer's window; 0 for no owner.
     virtual void OpenContents(NativeHandle owner, StringView file) = 0;
     /// Closes every help window that this process has opened.
     virtual void CloseAll(NativeHandle owner) = 0;

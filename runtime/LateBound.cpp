@@ -8,7 +8,7 @@ namespace {
 constexpr std::int16_t kMinSize = 1;
 constexpr std::int16_t kMaxSize = 2160;
 
-/// Stores a value of exactly this type.
+/// Stores `value` in `part`. Error 13 if it has another type; no conversion takes place.
 template <typename Part>
 AccessError PutPart(Part& part, const PropertyValue& value) {
     const Part* const given = std::get_if<Part>(&value);
@@ -80,11 +80,11 @@ constexpr Property kProperties[] = {
          return error;
      }},
     {u"Tag", [](const Control&) { return true; }, [](Control& control) { return PropertyValue(control.Tag()); },
-     // A control keeps the tag of its design.
+     // A tag is read-only.
      [](Control&, const PropertyValue&) { return AccessError{kPropertyNotSupported}; }},
 };
 
-/// Null when the control has no such property.
+/// Null if the control has no such property.
 const Property* Find(const Control& control, StringView name) {
     for (const Property& property : kProperties) {
         if (property.name == name) return property.has(control) ? &property : nullptr;
@@ -92,7 +92,7 @@ const Property* Find(const Control& control, StringView name) {
     return nullptr;
 }
 
-/// The result of `access`, or the number of the error that it throws.
+/// The result of `access`, or the number of the error that `access` throws.
 template <typename Access>
 AccessError ResultOf(Access&& access) {
     try {

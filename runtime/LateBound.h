@@ -1,6 +1,5 @@
-// Properties of controls and fonts by their names, as late-bound code reaches them: whether a control has a property is
-// found out by asking. A refusal is an everyday answer there, so it comes back as the number of its error and
-// is not thrown.
+// Access to properties of controls and fonts by name, as in late-bound code. Such code tries a property to find out
+// whether a control has it. Failures are therefore common, and are returned as error numbers instead of being thrown.
 #pragma once
 
 #include <cstdint>
@@ -12,36 +11,42 @@ namespace runtime {
 
 using PropertyValue = std::variant<bool, std::int16_t, String, Font>;
 
-/// The number of the error that an access raises in the classic runtime; kNoError when it succeeds.
+/// The number of the error that the classic runtime would raise; kNoError on success.
 using AccessError = std::int32_t;
 inline constexpr AccessError kNoError = 0;
 
-// Controls have "Tag" (only to be read); all but pictures "Font"; all but pictures and status bars "FontName" and
-// "FontBold"; labels and buttons "Caption"; those that take the focus "TabStop". Errors: 438 for a property that a
-// control or font does not have, 13 for a value of another type than the property's, and what setting it raises.
+// Properties of controls:
+// - all controls: "Tag" (read-only)
+// - all except pictures: "Font"
+// - all except pictures and status bars: "FontName", "FontBold"
+// - labels and buttons: "Caption"
+// - controls that can have the focus: "TabStop"
+//
+// Errors: 438 for a property that the control or font does not have, 13 for a value of the wrong type, and the errors
+// of the property's setter.
 
 AccessError PutProperty(Control& control, StringView name, const PropertyValue& value);
-/// Leaves `value` alone when it fails.
+/// On failure, `value` is unchanged.
 AccessError GetProperty(Control& control, StringView name, PropertyValue& value);
-/// Sets the property `name` of the font object that the control has as its property `fontProperty`.
+/// Sets the property `name` of the font object in the control's property `fontProperty`, which must be "Font".
 AccessError PutFontProperty(Control& control, StringView fontProperty, StringView name, const PropertyValue& value);
 
-/// Fonts have "Name", "Size" (whole points), "Charset" and "Bold". Error 380 for an empty name and for a size outside
-/// 1..2160; the font then stays as it is.
+/// Properties of fonts: "Name", "Size" (whole points), "Charset" and "Bold". Error 380 for an empty name and for a size
+/// outside 1..2160. On failure, the font is unchanged.
 AccessError PutFontProperty(Font& font, StringView name, const PropertyValue& value);
 
-/// What late-bound code reaches of an object, whatever that is.
+/// The properties of an object of any kind.
 class Properties {
  public:
     virtual ~Properties() = default;
 
     virtual AccessError Put(StringView name, const PropertyValue& value) = 0;
     virtual AccessError Get(StringView name, PropertyValue& value) = 0;
-    /// Sets the property `name` of the font object that is the property `fontProperty`.
+    /// Sets the property `name` of the font object in the property `fontProperty`.
     virtual AccessError PutOfFont(StringView fontProperty, StringView name, const PropertyValue& value) = 0;
 };
 
-/// Those of a control, which must outlive this.
+/// The properties of a control. The control must outlive this object.
 class ControlProperties final : public Properties {
  public:
     explicit ControlProperties(Control& control) : control_(control) {}

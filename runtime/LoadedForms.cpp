@@ -11,12 +11,14 @@
 namespace runtime {
 namespace {
 
-/// Far more than there are forms: only a client that loads a form again after every unload gets there.
+/// Far more than the number of forms. Only a client that loads a form after every unload reaches this number.
 constexpr int kMaxRoundsWithEvents = 100;
 
-/// Unloads forms from the last loaded one on. One that refused would refuse for ever, so that it is not tried again;
-/// one that an event loads anew after its unload is. A client that loads a form in each event does not keep the loop
-/// from ending: after many rounds no more events run.
+/// Unloads forms, the last loaded one first.
+/// - A form that refuses to unload is not tried again, because it would refuse again.
+/// - A form that an event handler loads again is unloaded again.
+/// - After kMaxRoundsWithEvents rounds no more events are processed. The loop therefore ends even if a client loads a
+///   form in each event.
 class UnloadLoop {
  public:
     bool HasMore() const {

@@ -1,4 +1,4 @@
-// The forms that are loaded, in the order in which they were loaded.
+// The loaded forms, in the order in which they were loaded.
 #pragma once
 
 #include <atomic>
@@ -11,26 +11,26 @@ class Form;
 
 class LoadedFormsCollection {
  public:
-    /// May be asked by any thread; everything else is for the thread that owns the forms, or for the one that notices
-    /// that this thread has ended.
+    /// May be called on any thread. All other functions are for the thread that owns the forms, or for the thread that
+    /// cleans up after that thread has ended.
     std::size_t Count() const { return count_; }
-    /// Error 9 outside 0..Count-1.
+    /// Error 9 for an index outside 0..Count-1.
     Form& At(std::size_t index) const;
-    /// The last form whose unload is not already running, or null. Loops that unload "the last form until none is
-    /// left" ask for this one, so that they end when only forms remain that go as soon as their handlers return.
+    /// The last form that is not already unloading, or null. A form that is unloading stays in the collection until its
+    /// handlers return. A loop that unloads the last form until none is left therefore uses this function; otherwise it
+    /// would not end while such a handler runs.
     Form* LastToUnload() const;
 
-    /// Unloads the last form until none is left, and lets pending events run after each unload; once at least. A form
-    /// that refuses ends the loop. An error does not: every form has its turn, and the first error is thrown at the
-    /// end.
+    /// Unloads the last form until none is left. Processes pending events after each unload, and at least once. Ends
+    /// when the last form refuses to unload. After an error the loop continues; the first error is thrown at the end.
     void UnloadAll();
-    /// The same from inside a form's unload, which is not one of them: pending events run before each unload, and
-    /// nothing happens when no other form is loaded.
+    /// For a call from a form's unload handler: like UnloadAll for the other forms. Processes pending events before
+    /// each unload. Does nothing if no other form is loaded.
     void UnloadOthers();
 
     void Add(Form& form);
     void Remove(const Form& form);
-    /// Gives up all forms, which are not touched: they belong to another thread, or were on its stack.
+    /// Removes all forms without accessing them. For forms that belong to another thread or were on its stack.
     void Clear();
 
  private:

@@ -1,4 +1,4 @@
-// The system's and the user's language: locales, character set, code page and letter case.
+// The language settings of the system and the user: locales, character set, code page and letter case.
 #pragma once
 
 #include <cstdint>
@@ -13,16 +13,16 @@ class LocalePort {
  public:
     virtual ~LocalePort() = default;
 
-    /// Bytes in the system's ANSI code page; a character that it lacks becomes its default character ('?'). Error 7 for
-    /// texts that are too long to convert.
+    /// Converts to the system's ANSI code page. A character that the code page lacks becomes the code page's default
+    /// character ('?'). Error 7 for a text that is too long to convert.
     virtual std::string ToAnsi(StringView text) = 0;
     virtual String FromAnsi(std::string_view bytes) = 0;
 
-    /// The locale that programs of one code page run in, as the platform's identifier.
+    /// The locale for programs without Unicode support, as a Windows locale identifier.
     virtual std::int32_t SystemDefaultLcid() = 0;
-    /// The locale that the user chose for dates, numbers and the like.
+    /// The locale that the user chose for formats such as dates and numbers.
     virtual std::int32_t UserDefaultLcid() = 0;
-    /// The Windows character set that the texts of `lcid` are written in; none when the system does not know it.
+    /// The Windows character set for texts of the locale `lcid`; none if the system does not know the locale.
     virtual std::optional<std::int16_t> CharsetOf(std::int32_t lcid) = 0;
 
     virtual String UpperCase(StringView text) = 0;

@@ -7,7 +7,7 @@
 
 namespace runtime {
 
-/// What the box's help opens; without a file it opens nothing.
+/// The help topic of a message box. An empty `file` means no help.
 struct MessageHelp {
     String file;
     std::int32_t context = 0;  ///< number of the topic; 0 for the file's table of contents
@@ -18,8 +18,8 @@ class MessageBoxPort {
  public:
     virtual ~MessageBoxPort() = default;
 
-    /// Shows the box modally with the platform's style bits; returns the platform's code of the pressed button. The
-    /// Help button, which the style asks for, and F1 open `help` and leave the box open.
+    /// Shows the box modally. `flags` are the Windows style bits. Returns the Windows code of the pressed button. F1
+    /// and the Help button open `help`; the box stays open. The box has a Help button if `flags` asks for one.
     virtual std::int32_t Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) = 0;
 };
 

@@ -1,5 +1,5 @@
-// The window of a control as a back end gives it. The model (Control) holds every property's value; the window shows
-// it, and is asked only for what the user did to it since.
+// The window of a control, which each back end implements. The model (Control) stores every property's value and sets
+// it on the window. It reads back only what the user has changed.
 #pragma once
 
 #include <cstddef>
@@ -16,20 +16,20 @@ enum class ControlKind {
     kButton,
     kPicture,
     kTextBox,
-    kTextBlock,     ///< a text box of many lines with a vertical scroll bar
-    kCombo,         ///< a text box with a list that drops down
-    kDropDownList,  ///< a list that drops down, and shows the selected item
+    kTextBlock,     ///< a multi-line text box with a vertical scroll bar
+    kCombo,         ///< an editable combo: a text box with a drop-down list
+    kDropDownList,  ///< a drop-down list that shows the selected item and cannot be edited
     kListBox,
 };
 
-/// The user can write here.
+/// The user can edit the text.
 constexpr bool HasEdit(ControlKind kind) {
     return kind == ControlKind::kTextBox || kind == ControlKind::kTextBlock || kind == ControlKind::kCombo;
 }
 constexpr bool DropsDown(ControlKind kind) {
     return kind == ControlKind::kCombo || kind == ControlKind::kDropDownList;
 }
-/// Has items, of which one at most is selected.
+/// Has items. At most one item is selected.
 constexpr bool HasList(ControlKind kind) {
     return DropsDown(kind) || kind == ControlKind::kListBox;
 }
@@ -44,65 +44,65 @@ struct TextRange {
     bool operator==(const TextRange&) const = default;
 };
 
-/// The part of a control in which the user writes.
+/// The edit part of a control.
 class NativeEdit {
  public:
     virtual ~NativeEdit() = default;
 
-    /// As the user left it.
+    /// The current text, with the user's changes.
     virtual String Text() = 0;
     virtual TextRange Selection() = 0;
     virtual void SetSelection(TextRange range) = 0;
 };
 
-/// The list of a control.
+/// The list part of a control.
 class NativeList {
  public:
     virtual ~NativeList() = default;
 
-    /// Appends. Error 7 when the window system refuses.
+    /// Appends `item`. Error 7 if the window system cannot add it.
     virtual void Add(const String& item) = 0;
-    /// Takes the text of an editable combo away, too.
+    /// Also clears the text of an editable combo.
     virtual void Clear() = 0;
-    /// Selects an item, from 0; -1 for none. An editable combo shows its text.
+    /// Selects the item at `index`, counted from 0; -1 for none. An editable combo shows the item's text.
     virtual void Choose(int index) = 0;
-    /// The list has dropped down.
+    /// True while the drop-down list is open.
     virtual bool IsOpen() { return false; }
-    /// Takes a list that has dropped down away: the item that it shows as selected is chosen, or the item and the text
-    /// are put back that were there before.
+    /// Closes an open drop-down list. If `choose` is true, the highlighted item becomes the selected one. Otherwise the
+    /// item and the text from before the list was opened are restored.
     virtual void Close(bool /*choose*/) {}
-    /// Height of a control that drops down, its list apart; it follows the font alone.
+    /// The height in twips of a control with a drop-down list while the list is closed. It depends only on the font.
     virtual Twips ClosedHeight() { return 0; }
 };
 
-/// What a control's window is made with.
+/// The values that a control's window is created with.
 struct ControlLook {
     ControlKind kind;
     String name;
-    String picture = {};  ///< the name of an icon among the resources of the module that has the window
+    String picture = {};  ///< name of an icon resource in the module that creates the windows
 };
 
-/// A control's window; made visible, and destroyed with its NativeWindow.
+/// A control's window. It is created visible. Its NativeWindow owns it.
 class NativeControl {
  public:
     virtual ~NativeControl() = default;
 
-    /// Place in the form's client area.
+    /// In twips within the form's client area.
     virtual void SetBounds(const Rect& bounds) = 0;
     virtual void SetText(const String& text) = 0;
     virtual void SetFont(const Font& font) = 0;
     virtual void SetVisible(bool visible) = 0;
-    /// Gives the control the keyboard, if the form is active.
+    /// Gives the control the keyboard focus if the form is active.
     virtual void SetFocus() = 0;
-    /// The form is active and the control, or a part of it, has the keyboard.
+    /// True if the form is active and the control, or a part of it, has the keyboard focus.
     virtual bool HasKeyboard() const = 0;
     /// Repaints at once.
     virtual void Refresh() = 0;
-    /// What a screen reader calls the control.
+    /// Sets the name that a screen reader announces.
     virtual void SetAccessibleName(const String& name) = 0;
-    /// There exactly for kinds with HasEdit.
+    /// Not null exactly for the kinds with HasEdit.
     virtual NativeEdit* Edit() { return nullptr; }
-    /// There exactly for kinds with HasList.
+    /// Not null exactly for the kinds with HasList.
     virtual NativeList* List() { return nullptr; }
 };
 

@@ -1,4 +1,4 @@
-// What the platform knows things by.
+// The type of platform handles.
 #pragma once
 
 #include <cstdint>

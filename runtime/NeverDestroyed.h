@@ -1,10 +1,10 @@
-// Process-wide objects. They live until the process ends and are never destroyed: when static destructors run, other
-// modules may be unloaded already, a window may still refer to them, and the system takes everything back anyway.
+// Process-wide objects that are never destroyed. When static destructors run, other modules may already be unloaded and
+// a window may still refer to the object. The system frees the memory when the process ends.
 #pragma once
 
 namespace runtime {
 
-/// A new object for the rest of the process.
+/// Creates an object that exists until the process ends.
 template <typename Object>
 Object& NeverDestroyed() {
     return *new Object;

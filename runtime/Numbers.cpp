@@ -10,15 +10,15 @@
 namespace runtime {
 namespace {
 
-/// Walks through the characters that count; the skipped ones are never seen. U+0000, which no number contains,
-/// stands for the end.
+/// Reads the characters of a number and skips blanks, tabs and line feeds. U+0000, which no number contains, means the
+/// end of the text.
 class Cursor {
  public:
     explicit Cursor(StringView text) : rest_(text) { Skip(); }
 
     char16_t Peek() const { return rest_.empty() ? u'\0' : rest_.front(); }
 
-    /// Not to be called at the end.
+    /// Must not be called at the end.
     char16_t Next() {
         const char16_t character = rest_.front();
         rest_.remove_prefix(1);
@@ -32,7 +32,7 @@ class Cursor {
         return true;
     }
 
-    /// True for a minus sign; a plus sign is passed over.
+    /// Skips an optional sign. True for a minus sign.
     bool AcceptSign() {
         if (Accept(u'-')) return true;
         Accept(u'+');
@@ -53,7 +53,7 @@ bool IsDecimalDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
 }
 
-/// 16 and more for what is no digit in any base.
+/// 16 for a character that is not a digit.
 unsigned DigitValue(char16_t c) {
     if (IsDecimalDigit(c)) return static_cast<unsigned>(c - u'0');
     if (c >= u'A' && c <= u'F') return static_cast<unsigned>(c - u'A') + 10;
@@ -61,8 +61,8 @@ unsigned DigitValue(char16_t c) {
     return 16;
 }
 
-/// The digits of a decimal number without leading zeros, as an integer times a power of ten. However long the
-/// text, only as many digits are kept as can make a difference to the nearest double.
+/// A decimal number: its digits without leading zeros, as an integer times a power of ten. Keeps only the digits that
+/// can affect the nearest double, so that a long text needs no more memory.
 class Decimal {
  public:
     void AddDigit(char16_t digit, bool isFraction) {
@@ -76,7 +76,7 @@ class Decimal {
         if (!isFraction) ++exponent_;
     }
 
-    /// Error 6 when the number is too large; 0 when it is too small.
+    /// The number times 10 to the power `powerOfTen`. Error 6 if it is too large for a double; 0 if it is too small.
     double Scaled(std::int64_t powerOfTen) {
         if (size_ == 0) return 0;
         exponent_ += powerOfTen;
@@ -84,14 +84,14 @@ class Decimal {
         if (magnitude > kMaxMagnitude) throw Error(kOverflow);
         if (magnitude < kMinMagnitude) return 0;
         if (isCut_) Append('1');
-        // From 20 digits on the library works in integers only. With fewer it may multiply two doubles, which is
-        // rounded twice where the floating-point unit keeps more bits than a double has (32-bit code).
+        // Pad to 20 digits, because std::from_chars then uses only integers. For fewer digits it may multiply two
+        // doubles, and the floating-point unit of 32-bit code rounds that product twice.
         while (size_ < 20) Append('0');
         return Convert(magnitude);
     }
 
  private:
-    // A double is decided by its first 767 significant digits and whether anything but zeros follows.
+    // The nearest double depends only on the first 767 significant digits and on whether a digit other than 0 follows.
     static constexpr std::size_t kKeptDigits = 768;
     static constexpr std::int64_t kMaxMagnitude = 309;
     static constexpr std::int64_t kMinMagnitude = -324;
@@ -121,7 +121,7 @@ class Decimal {
 };
 
 std::int64_t ReadExponent(Cursor& cursor) {
-    // Far beyond what the digits of any text in memory can make up for.
+    // No text in memory has enough digits to make up for a larger exponent.
     constexpr std::int64_t kEnough = 100'000'000'000'000'000;
     const bool isNegative = cursor.AcceptSign();
     std::int64_t exponent = 0;
@@ -142,7 +142,7 @@ double ReadDecimal(Cursor& cursor) {
     return decimal.Scaled(hasExponent ? ReadExponent(cursor) : 0);
 }
 
-/// Numbers of up to 16 bits are signed 16-bit numbers, unless the suffix "&" makes them 32-bit ones.
+/// A number of up to 16 bits is a signed 16-bit number, unless the suffix "&" makes it a 32-bit number.
 double ReadRadix(Cursor& cursor, unsigned base) {
     std::uint64_t bits = 0;
     while (DigitValue(cursor.Peek()) < base) {
@@ -177,7 +177,7 @@ double Val(StringView text) {
 }
 
 std::int32_t ToInt32(double number) {
-    // By hand: the library's rounding follows the thread's rounding mode, which belongs to the client.
+    // Round by hand, because library functions use the thread's rounding mode, which the client may have changed.
     const double below = std::floor(number);
     const double fraction = number - below;
     const bool isUp = fraction > 0.5 || (fraction == 0.5 && std::fmod(below, 2) != 0);

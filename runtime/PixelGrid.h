@@ -1,4 +1,4 @@
-// A screen's pixels as lengths: the one rule by which every back end rounds the twips that a form asks for.
+// Converts between twips and pixels. All back ends round with these functions.
 #pragma once
 
 #include "runtime/Geometry.h"
@@ -7,15 +7,16 @@ namespace runtime {
 
 class PixelGrid {
  public:
-    /// Dots per inch of the screen.
+    /// `dpi`: the screen's dots per inch.
     explicit PixelGrid(int dpi) : dpi_(static_cast<Twips>(dpi)) {}
 
-    /// To the nearest pixel, halves away from zero; within what a window system can place and size.
+    /// Rounds to the nearest pixel, and halves away from zero. The result is limited to -32767..32767, the range of
+    /// window coordinates.
     int ToPixels(Twips twips) const;
     Twips ToTwips(int pixels) const { return static_cast<Twips>(pixels) * kTwipsPerInch / dpi_; }
-    /// The nearest whole pixels, in twips.
+    /// `twips` rounded to whole pixels.
     Twips Whole(Twips twips) const { return ToTwips(ToPixels(twips)); }
-    /// Place and size are rounded on their own, so that equal sizes stay equal.
+    /// Rounds position and size separately, so that equal sizes stay equal.
     Rect Whole(const Rect& rect) const;
 
  private:

@@ -1,4 +1,4 @@
-// The set of ports that the runtime works with, chosen once by the composition of the process, before it makes a form.
+// The ports through which the runtime uses the system. The process chooses them once, before it creates a form.
 #pragma once
 
 #include "runtime/FilesPort.h"
@@ -12,7 +12,7 @@
 
 namespace runtime {
 
-/// References; the composition owns the ports.
+/// References to the ports. The code that composes the process owns the ports.
 struct Ports {
     WindowsPort& windows;
     SettingsPort& settings;
@@ -24,12 +24,12 @@ struct Ports {
     HelpPort& help;
 };
 
-/// The ports in use. Error 91 before they were chosen.
+/// The ports in use. Error 91 if none are chosen.
 const Ports& CurrentPorts();
-/// Chooses the ports; null takes the choice back. The caller keeps ownership.
+/// Sets the ports in use; null for none. The caller keeps ownership.
 void UsePorts(const Ports* ports);
 
-/// Lets pending window events run: the classic runtime's DoEvents.
+/// Processes pending window events: the classic runtime's DoEvents.
 void DoEvents();
 
 }  // namespace runtime

@@ -7,7 +7,7 @@
 
 namespace runtime {
 
-/// Holds the claim of being the first instance; gives it up when destroyed.
+/// The claim to be the first instance of the application. The destructor releases it.
 class InstanceClaim {
  public:
     virtual ~InstanceClaim() = default;
@@ -17,12 +17,12 @@ class ProcessPort {
  public:
     virtual ~ProcessPort() = default;
 
-    /// The arguments of the host's command line as they were given, without the program's own path.
+    /// The arguments of the process's command line, unchanged, without the program's own path.
     virtual String CommandLine() = 0;
-    /// The folder that holds the component's own file, without a final backslash unless it is a drive's root.
+    /// The folder of the component's own file. It ends with a backslash only if it is a drive's root.
     virtual String ComponentFolder() = 0;
-    /// Claims to be the first instance of the application: none when another process of the same session, running
-    /// the same executable file, holds the claim.
+    /// Claims to be the first instance of the application. None if the claim is held by another process that runs the
+    /// same executable file in the same session.
     virtual std::unique_ptr<InstanceClaim> ClaimFirstInstance() = 0;
 };
 

@@ -13,7 +13,7 @@ unsigned NumberAt(std::string_view bytes, std::size_t at, std::size_t size) {
 
 }  // namespace
 
-// "MZ"; at 0x3C the offset of "PE\0\0", which the number of the machine follows.
+// A program starts with "MZ". The number at 0x3C is the offset of "PE\0\0". The machine type follows these four bytes.
 int BitsOfProgram(std::string_view bytes) {
     constexpr std::size_t kPlaceOfHeader = 0x3C;
     constexpr std::size_t kSignature = 4;

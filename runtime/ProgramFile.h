@@ -1,11 +1,11 @@
-// What the header of a Windows program or library says.
+// Reads the header of a Windows program or library.
 #pragma once
 
 #include <string_view>
 
 namespace runtime {
 
-/// 32 or 64, the bits that the program with these bytes is made for; 0 if they are no program for Windows.
+/// 32 for an x86 program or library, 64 for an x64 one. 0 for another machine, and if `bytes` is not a Windows program.
 int BitsOfProgram(std::string_view bytes);
 
 }  // namespace runtime

@@ -1,4 +1,4 @@
-// The screen as forms see it: its size, and the pointer's shape.
+// The size of the screen and the shape of the mouse pointer.
 #pragma once
 
 #include <cstdint>
@@ -12,11 +12,11 @@ enum MousePointerShape : std::int16_t { kDefaultPointer = 0, kHourglassPointer =
 
 Size ScreenSize();
 std::int16_t MousePointer();
-/// 0..15 or 99; else error 380.
+/// Error 380 for a shape other than 0..15 and 99.
 void SetMousePointer(std::int16_t shape);
 
-/// The default pointer for the time of a question, whose own pointers a caller's busy one would hide; then the caller's
-/// again.
+/// Shows the default pointer while a dialog is open, because a caller's busy pointer would hide the dialog's own
+/// pointers. The destructor restores the caller's pointer.
 class DefaultPointer {
  public:
     DefaultPointer();

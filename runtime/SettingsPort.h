@@ -1,4 +1,4 @@
-// The runtime's per-user settings, kept by application, section and key.
+// The classic runtime's per-user settings, stored by application, section and key.
 #pragma once
 
 #include <optional>
@@ -11,9 +11,9 @@ class SettingsPort {
  public:
     virtual ~SettingsPort() = default;
 
-    /// None when the setting is absent.
+    /// None if the setting does not exist.
     virtual std::optional<String> Get(StringView application, StringView section, StringView key) = 0;
-    /// Error 5 when the store refuses the setting.
+    /// Error 5 if the setting cannot be stored.
     virtual void Save(StringView application, StringView section, StringView key, StringView value) = 0;
 };
 

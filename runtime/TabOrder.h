@@ -1,8 +1,8 @@
-// The tab order of a form's controls, and which of them has the focus. Each form owns one; it refers to the form's
+// The tab order of a form's controls, and the control that has the focus. Each form owns one. It refers to the form's
 // controls and is used on the form's thread only.
 //
-// The user moves the focus with the mouse, and a screen reader may move it. The window system is therefore asked where
-// it is. The answer is kept for the time in which the form is not active.
+// The window system is asked which control has the focus, because the mouse and screen readers also move it. The last
+// answer is kept while the form is not active.
 #pragma once
 
 #include <memory>
@@ -14,36 +14,37 @@ class Control;
 
 class TabOrder {
  public:
-    /// `controls` are those of the form; they outlive this.
+    /// `controls` are the form's controls; they must outlive this object.
     explicit TabOrder(const std::vector<std::unique_ptr<Control>>& controls) : controls_(controls) {}
     TabOrder(const TabOrder&) = delete;
     TabOrder& operator=(const TabOrder&) = delete;
 
-    /// The form is loaded: the order is that of the design, and no control has the focus.
+    /// Called when the form is loaded. Sets the order of the design; no control has the focus.
     void Reset();
-    /// The form has no window: no control has a place or the focus.
+    /// Called when the form is unloaded. Empties the order; no control has the focus.
     void Clear();
-    /// Moves `control` to `place`, from 0; the others move along. A place behind the last one is the last one. Error
-    /// 438 for a control that has no place.
+    /// Moves `control` to position `place`, counted from 0. A place beyond the last position means the last position.
+    /// Error 438 for a control that is not in the tab order.
     void Move(Control& control, int place);
 
-    /// The control that has the focus, or gets it when the form becomes active; null when there is none.
+    /// The control that has the focus, or gets it when the form becomes active. Null if there is none.
     Control* Focused();
-    /// Notes where the focus is: it is about to leave the form, which gets it back later.
+    /// Stores which control has the focus. Called before the form loses the focus, so that FocusAgain can restore it.
     void NoteFocus() { Focused(); }
-    /// Error 438 for a control that never takes the focus, 5 for a hidden one.
+    /// Gives `control` the focus. Error 438 for a kind that cannot have the focus, 5 for a hidden control.
     void Focus(Control& control);
-    /// Gives the focus again to the control that has it: the form's window has got the keyboard.
+    /// Called when the form's window gets the keyboard focus. Passes it to the control that last had it.
     void FocusAgain();
-    /// True when `control` had the focus; then no control has it.
+    /// If `control` has the focus, takes the focus from it and returns true. No control has the focus afterwards.
     bool TakeFocusFrom(const Control& control);
-    /// Moves the focus by `step` controls, 1 or -1, among those that Tab reaches. Without a focus it moves to the first
-    /// or the last of them.
+    /// Moves the focus by `step` controls (1 or -1) among those that Tab reaches, in a circle. If no control has the
+    /// focus, it moves to the first one, or to the last one for -1.
     void Walk(int step);
 
-    /// The visible controls whose access key is `character`, in tab order.
+    /// The visible controls whose access key is `character` (lower case), in tab order.
     std::vector<Control*> WithAccessKey(char16_t character) const;
-    /// Moves the focus to the next of `controls`, which are in tab order; from the last one to the first.
+    /// Moves the focus to the next of `controls`, and from the last one to the first. `controls` must be in tab order
+    /// and not empty.
     void FocusNextOf(const std::vector<Control*>& controls);
 
  private:

@@ -46,10 +46,11 @@ void AppendUtf16(String& text, char32_t c) {
 
 struct Decoded {
     char32_t character;
-    std::size_t length;  ///< bytes used
+    std::size_t length;  ///< number of bytes read
 };
 
-/// Length of the sequence that `lead` starts, and the smallest character that needs it; length 0 for no lead byte.
+/// A decoded lead byte: the length of its sequence (0 if the byte is not a lead byte), its bits of the character, and
+/// the smallest character that needs a sequence of this length.
 struct Lead {
     std::size_t length;
     char32_t bits;
@@ -124,7 +125,7 @@ String FromUtf8(std::string_view bytes) {
 
 std::optional<String> FromStrictUtf8(std::string_view bytes) {
     String text = FromUtf8(bytes);
-    // A replacement character that the bytes do not spell out stands for bytes that are not UTF-8.
+    // If `bytes` contain no U+FFFD at its place, U+FFFD replaced invalid bytes. The text then does not convert back.
     const bool isReplaced = text.find(static_cast<char16_t>(kReplacement)) != String::npos;
     if (isReplaced && ToUtf8(text) != bytes) return std::nullopt;
     return text;

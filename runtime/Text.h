@@ -1,5 +1,5 @@
-// The runtime's strings: UTF-16 code units, as COM and the Windows functions have them. Any unit may occur,
-// NUL and lone surrogates included; lengths and positions are counted in units ("characters").
+// The runtime's strings: UTF-16 units, as in COM and in the Windows functions. A string may contain any unit, including
+// NUL and lone surrogates. Lengths and positions count units. "Character" means a unit.
 #pragma once
 
 #include <optional>
@@ -16,18 +16,18 @@ String Trim(StringView text);
 /// Removes trailing blanks (U+0020 only).
 String RTrim(StringView text);
 
-/// `text` with a blank for each NUL, because the platform's texts end at a NUL: what follows it is shown, too.
+/// `text` with each NUL replaced by a blank. Windows would otherwise cut the shown text off at the first NUL.
 String NulsAsBlanks(StringView text);
 
-/// UTF-8 of `text`; a lone surrogate becomes U+FFFD.
+/// `text` in UTF-8. A lone surrogate becomes U+FFFD.
 std::string ToUtf8(StringView text);
-/// UTF-16 of `bytes`; what is not UTF-8 becomes U+FFFD, one for each offending byte.
+/// `bytes` in UTF-16. Each byte that is not valid UTF-8 becomes U+FFFD.
 String FromUtf8(std::string_view bytes);
 
-/// UTF-16 of `bytes`; none for bytes that are not UTF-8.
+/// `bytes` in UTF-16; none if `bytes` is not valid UTF-8.
 std::optional<String> FromStrictUtf8(std::string_view bytes);
 
-/// Widens plain ASCII text, for literals that are only known as char.
+/// Converts ASCII text, for literals that exist only as char.
 String FromAscii(std::string_view ascii);
 
 }  // namespace runtime

@@ -8,7 +8,8 @@ namespace runtime {
 namespace {
 
 constexpr std::size_t kTabStop = 8;
-/// Characters offered first when a line is filled; doubled while they fit, so that a short line costs little.
+/// The number of characters that Fill measures first. It is doubled while the characters fit, so that a short line
+/// takes little time.
 constexpr std::size_t kFirstOffer = 8;
 
 bool IsControl(char16_t character) {
@@ -27,7 +28,7 @@ int Add(int a, int b) {
     return Clamp(std::int64_t{a} + b);
 }
 
-/// The start of `text`, at most `limit` characters (2 or more) that do not end within a surrogate pair.
+/// The first characters of `text`, at most `limit` (2 or more), without splitting a surrogate pair.
 StringView Start(StringView text, std::size_t limit) {
     if (text.size() <= limit) return text;
     return text.substr(0, IsPair(text[limit - 1], text[limit]) ? limit - 1 : limit);
@@ -93,7 +94,7 @@ class LineBreaker {
         } while (!rest.empty());
     }
 
-    /// As much from the start of `rest` as fits on a line.
+    /// The part at the start of `rest` that fits on a line.
     Part Fill(StringView rest) {
         Part filled;
         for (std::size_t limit = kFirstOffer; filled.length < rest.size();
@@ -113,14 +114,14 @@ class LineBreaker {
         return offer.substr(0, IsPair(offer[length - 1], offer[length]) ? length - 1 : length);
     }
 
-    /// Both give the number of characters that are done with.
+    /// BreakWord and BreakAtBlanks return the number of characters that they have processed.
     std::size_t BreakWord(StringView rest, Part filled) {
         if (filled.length == 0) {
             filled.length = rest.size() > 1 && IsPair(rest[0], rest[1]) ? 2 : 1;
             filled.width = measure_.Width(rest.substr(0, filled.length));
         }
         AddLine(rest, filled.length, filled.width);
-        // A character that was too wide may have blanks behind it; the next line starts with none.
+        // Blanks may follow a character that was too wide. The next line must not start with them.
         return std::min(rest.find_first_not_of(u' ', filled.length), rest.size());
     }
 
@@ -128,7 +129,7 @@ class LineBreaker {
         const std::size_t next = std::min(rest.find_first_not_of(u' ', blank), rest.size());
         const std::size_t last = rest.find_last_not_of(u' ', blank);
         const std::size_t length = last == StringView::npos ? 0 : last + 1;
-        // Indentation before a word makes no line of its own.
+        // Indentation before a word does not make a line of its own.
         if (length > 0 || next == rest.size()) AddLine(rest, length, WidthOf(rest.substr(0, length)));
         return next;
     }
@@ -152,7 +153,7 @@ class LineBreaker {
     const int wrapWidth_;
     TextMeasure& measure_;
     TextLayout layout_;
-    /// Where the text behind the last line end starts.
+    /// Position in layout_.text after the last line end.
     std::size_t paragraph_ = 0;
 };
 

@@ -1,12 +1,13 @@
-// Breaks a label's text into the lines it is shown in. A self-sizing label takes its size from here and a back end
-// paints exactly these lines, so that measuring and painting cannot disagree.
+// Breaks a label's text into lines. A self-sizing label takes its size from these lines, and the back end paints these
+// lines. The size and the painted text therefore always agree.
 //
-// Line ends are CR LF, LF and CR; one at the very end makes an empty last line. A tab fills up with blanks to the next
-// multiple of 8 characters; NUL and the other control characters become a blank. Everything else is shown as it is,
-// "&" included.
-// A line that is too wide breaks at its last run of blanks that helps, and none of these blanks is shown. Indentation
-// that leaves no room for the word behind it is dropped. A word wider than the wrap width breaks between any two
-// characters, with at least one on each line; surrogate pairs stay whole.
+// - CR LF, LF and CR end a line. A line end at the end of the text adds an empty last line.
+// - A tab becomes blanks up to the next multiple of 8 characters. NUL and other control characters become a blank each.
+//   All other characters, including "&", are shown unchanged.
+// - A line that is too wide is broken at its last run of blanks within the width. The blanks of this run are not shown.
+// - Indentation is dropped if the word after it does not fit on the same line.
+// - A word that is wider than the wrap width is broken between any two characters. Each line gets at least one
+//   character. Surrogate pairs are not split.
 #pragma once
 
 #include <cstddef>
@@ -20,24 +21,25 @@ namespace runtime {
 /// Measures text in one font. The back end chooses the unit of length: twips or pixels.
 class TextMeasure {
  public:
-    /// The most characters that LayOut passes in one call; with that, the time for a text is linear in its length
-    /// even where the time for a run is more than linear.
+    /// The most characters that LayOut passes in one call. Because of this limit, LayOut takes time linear in the
+    /// length of the text, even if measuring a long run takes more than linear time.
     static constexpr std::size_t kMaxRun = 1024;
 
     virtual ~TextMeasure() = default;
-    /// Width of `run`, which has neither line ends nor tabs.
+    /// Width of `run`, which contains no line ends or tabs.
     virtual int Width(StringView run) = 0;
-    /// How many characters from the start of `run` fit into `width` (0 or more); may end within a surrogate pair.
+    /// The number of characters at the start of `run` that fit into `width`, which is at least 0. The result may split
+    /// a surrogate pair.
     virtual std::size_t Fit(StringView run, int width) = 0;
     /// Distance from one line to the next.
     virtual int LineHeight() = 0;
 };
 
-/// The wrap width that breaks at line ends only.
+/// The wrap width for breaking lines at line ends only.
 inline constexpr int kNoWrap = std::numeric_limits<int>::max();
 
 struct TextLine {
-    /// Place in TextLayout::text.
+    /// Position in TextLayout::text.
     std::size_t offset = 0;
     std::size_t length = 0;
     int width = 0;
@@ -46,9 +48,9 @@ struct TextLine {
 struct TextLayout {
     /// The text as shown, without line ends.
     String text;
-    /// Never empty: no text is one empty line.
+    /// Never empty: an empty text has one empty line.
     std::vector<TextLine> lines;
-    /// Of the widest line; at most the wrap width, unless a single character is wider.
+    /// Width of the widest line: at most the wrap width, unless a single character is wider.
     int width = 0;
     int height = 0;
 
@@ -57,7 +59,8 @@ struct TextLayout {
     }
 };
 
-/// A `wrapWidth` of 0 or less shows one character a line. Widths and heights beyond the range of int stay at its end.
+/// Breaks `text` into lines of at most `wrapWidth`. A `wrapWidth` of 0 or less puts one character on each line. Widths
+/// and heights are limited to the largest int.
 TextLayout LayOut(StringView text, int wrapWidth, TextMeasure& measure);
 
 }  // namespace runtime

@@ -1,5 +1,5 @@
-// The window system as forms use it: windows with controls on them, the screen, keys, and pending events. A back end
-// gives the windows; the model (Form, Control) holds every property's value and sets it on the window.
+// The window system as forms use it: windows with controls, the screen, keys and pending events. Each back end
+// implements it. The model (Form, Control) stores every property's value and sets it on the window.
 #pragma once
 
 #include <cstddef>
@@ -19,13 +19,13 @@ namespace runtime {
 enum class WindowState : std::int32_t { kNormal = 0, kMinimised = 1, kMaximised = 2 };
 enum class BorderStyle : std::int32_t { kSizable = 2, kFixedDialog = 3 };
 
-/// Why a form is asked to unload, in the classic runtime's numbers.
+/// The reason for an unload, in the classic runtime's numbers.
 enum class UnloadReason : std::int32_t { kUser = 0, kCode = 1, kSystemEnd = 2 };
 
-/// Held modifier keys, as key events report them.
+/// The modifier keys that are held during a key event.
 enum ShiftState : std::int16_t { kShift = 1, kCtrl = 2, kAlt = 4 };
 
-/// Keys that forms know by themselves; the platform's virtual keys.
+/// The Windows virtual-key codes that forms and their back ends handle.
 enum KeyCode : std::int16_t {
     kKeyTab = 9,
     kKeyEnter = 13,
@@ -40,72 +40,73 @@ enum KeyCode : std::int16_t {
     kKeyF4 = 115,
 };
 
-/// What the window system reports to a form. Called only while the window exists, on its thread.
+/// The events that a window reports to its form. They are called on the window's thread while the window exists.
 class WindowEvents {
  public:
     virtual ~WindowEvents() = default;
 
-    /// The window asks to be closed.
+    /// The user or the system wants to close the window.
     virtual void Closing(UnloadReason reason) = 0;
-    /// The window was made, moved or sized, by the form or by others, or its state may have changed. `outer` are its
-    /// bounds in whole pixels, meaningless for an icon; `state` is none while the window is hidden. May come without a
-    /// change.
+    /// The window was created, moved or resized, by the form or by other code, or its state may have changed. May be
+    /// called without a change.
+    /// - `outer`: the bounds in twips, rounded to whole pixels; meaningless while the window is minimised.
+    /// - `state`: none while the window is hidden.
     virtual void BoundsChanged(const Rect& outer, std::optional<WindowState> state) = 0;
-    /// The window is visible or hidden, by the form's doing or by that of others. May come without a change.
+    /// The window was shown or hidden, by the form or by other code. May be called without a change.
     virtual void VisibilityChanged(bool visible) = 0;
     virtual void Activated() = 0;
-    /// The window itself got the keyboard, which is meant for one of its controls.
+    /// The window itself got the keyboard focus. The form passes it to a control.
     virtual void KeyboardArrived() = 0;
-    /// The window is about to lose the keyboard.
+    /// The window is about to lose the keyboard focus.
     virtual void KeyboardLeaves() = 0;
-    /// The window is being destroyed, but not by its form: by other code, or because its thread ends.
+    /// Other code destroys the window, or the window's thread ends.
     virtual void Lost() = 0;
 
-    // Keys, before the focused control sees them. True: the key was used up.
+    // Key events, before the focused control gets them. They return true if the form consumed the key.
 
-    /// `keyCode` is the platform's virtual key. `isRepeated`: it was down before, and is reported again because it is
-    /// held.
+    /// `keyCode` is a Windows virtual-key code. `isRepeated` is true for the automatic repetitions of a held key.
     virtual bool KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated = false) = 0;
     virtual bool KeyUp(std::int16_t keyCode, std::int16_t shift) = 0;
     virtual bool KeyPress(char16_t character) = 0;
-    /// Alt together with `character`.
+    /// Alt was pressed together with `character`.
     virtual bool AccessKey(char16_t character) = 0;
 
-    // Controls are meant by the order in which they were added, from 0.
+    // Events of controls. `control` is the index of the control in the order of AddControl, from 0.
 
     virtual void Clicked(std::size_t control) = 0;
     /// The user changed the text of a control with an edit part.
     virtual void Edited(std::size_t control) = 0;
-    /// The user selected an item of the control's list, from 0; -1 for none. An editable combo shows the item's text.
+    /// The user selected the item with the index `item`, counted from 0; -1 for none. An editable combo already shows
+    /// the item's text.
     virtual void Chosen(std::size_t control, int item) = 0;
 };
 
-/// A form's window. Destroying it closes the window without asking anybody.
+/// A form's window. The destructor destroys the window without calling WindowEvents.
 class NativeWindow {
  public:
     virtual ~NativeWindow() = default;
 
     virtual void SetCaption(const String& caption) = 0;
-    /// To the nearest pixel. When the window's bounds have changed, they are reported.
+    /// Rounds to the nearest pixel. Calls BoundsChanged if the bounds changed.
     virtual void SetBounds(const Rect& outer) = 0;
     virtual void Show(WindowState state) = 0;
-    /// Hides the window also when others have shown it.
+    /// Hides the window, even if other code has shown it.
     virtual void Hide() = 0;
-    /// Takes effect at once, and is reported. Nothing for a hidden window.
+    /// Changes the state at once and calls BoundsChanged. Does nothing for a hidden window.
     virtual void SetState(WindowState state) = 0;
     virtual void SetBackColour(Colour colour) = 0;
-    /// Above all windows that are not topmost, or among them again; nothing else changes.
+    /// Makes the window topmost, or removes that state. Changes nothing else.
     virtual void SetTopMost(bool onTop) = 0;
     /// Size of the client area.
     virtual Size InnerSize() const = 0;
     virtual NativeHandle Handle() const = 0;
-    /// A device context that lives as long as the window.
+    /// A device context that is valid as long as the window exists.
     virtual NativeHandle DeviceContext() = 0;
     /// The window owns the control.
     virtual NativeControl& AddControl(const ControlLook& look) = 0;
 };
 
-/// How a window looks when it is made; it is made hidden.
+/// The values that a window is created with. It is created hidden.
 struct WindowDesign {
     String caption;
     BorderStyle border = BorderStyle::kSizable;
@@ -113,45 +114,46 @@ struct WindowDesign {
     Colour backColour = kButtonFace;
 };
 
-/// A window's modal time. While it lives and was not ended, the thread's other windows take no input.
+/// The modal loop of a window. The thread's other windows are disabled until End is called or this object is destroyed.
 class ModalLoop {
  public:
     virtual ~ModalLoop() = default;
 
-    /// Lets events run until End was called or the program is asked to quit, which stays pending for the outer loop. An
-    /// error of a handler ends it and is thrown.
+    /// Processes events until End is called or the program is asked to quit. The request to quit stays pending for the
+    /// outer loop. An exception of a handler ends the loop and is thrown.
     virtual void Run() = 0;
-    /// Gives the other windows their input back, and lets Run return. May be called more than once.
+    /// Enables the other windows again and makes Run return. May be called more than once.
     virtual void End() = 0;
 };
 
-/// The width for texts whose lines break at line ends only.
+/// The wrap width for breaking lines at line ends only.
 inline constexpr Twips kEndlessWidth = std::numeric_limits<Twips>::infinity();
 
 class WindowsPort {
  public:
     virtual ~WindowsPort() = default;
 
-    /// `events` must outlive the window. Error 7 when the window system refuses.
+    /// `events` must outlive the window. Error 7 if the window system cannot create it.
     virtual std::unique_ptr<NativeWindow> MakeWindow(const WindowDesign& design, WindowEvents& events) = 0;
-    /// Outer size of a window whose client area measures `inner`, in whole pixels.
+    /// Outer size of a window with the client area `inner`, rounded to whole pixels.
     virtual Size OuterSize(Size inner, BorderStyle border) = 0;
     virtual Size ScreenSize() = 0;
     /// The pointer's shape while it is over the component's windows, in the classic runtime's numbers.
     virtual std::int16_t MousePointer() = 0;
     virtual void SetMousePointer(std::int16_t shape) = 0;
-    /// Size of `text` as a label shows it, its lines wrapped at `wrapWidth` (kEndlessWidth: not at all).
+    /// Size of `text` in a label whose lines wrap at `wrapWidth`, in twips. kEndlessWidth: lines do not wrap.
     virtual Size TextSize(StringView text, const Font& font, Twips wrapWidth) = 0;
-    /// The number of the window message that all modules of the session know by `name`, which crosses in the system's
-    /// ANSI code page; 0 when there is none.
+    /// Registers the window message `name` and returns its number, which is the same for all modules of the session; 0
+    /// on failure. The name is converted to the system's ANSI code page.
     virtual std::uint32_t RegisterMessage(StringView name) = 0;
-    /// Lets all pending events run. An error of a handler ends it and is thrown. A request to quit stays pending.
+    /// Processes all pending events. An exception of a handler ends the call and is thrown. A request to quit stays
+    /// pending.
     virtual void DoEvents() = 0;
-    /// Starts the modal time of a window that is about to be shown.
+    /// Begins the modal loop of `window`, which is about to be shown.
     virtual std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) = 0;
-    /// Presses Alt together with `character` for the active window, without waiting for what comes of it. Nothing for a
-    /// blank or a control character, in every back end: Alt with these belongs to the system, which opens the system
-    /// menu, switches to another program or passes Enter on to the owner.
+    /// Presses Alt together with `character` for the active window, without waiting for the effect. Does nothing for a
+    /// blank or a control character, because Windows itself uses these keys with Alt: Alt+Space opens the system menu,
+    /// and Alt+Tab switches to another program.
     void SendAltKey(char16_t character) {
         const bool isBlankOrControl = character <= u' ' || character == kDeleteCharacter;
         if (!isBlankOrControl) PressWithAlt(character);
