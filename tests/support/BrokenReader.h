@@ -1,4 +1,4 @@
-// A reader each of whose calls fails, as one does whose object in the suite has no such method.
+// A reader whose every call fails, as a call fails if the suite's reader object lacks the method.
 #pragma once
 
 #include "kernel_api/Reader.h"

@@ -1,8 +1,8 @@
-// A program for tests of the first-instance claim: claims, tells by its events what came of it, and keeps what it got
-// until it is told to give it up or to end.
+// A program for tests of the first-instance claim. It tries to claim, reports the result by an event, and holds the
+// claim until an event tells it to give up the claim or to end.
 //     claim_holder NAME
-// sets the event NAME-claimed or NAME-refused. It gives its claim up when NAME-give-up is set, and sets NAME-given-up.
-// It ends when NAME-end is set, at the latest after 30 seconds without an order.
+// It sets the event NAME-claimed or NAME-refused. When NAME-give-up is set, it releases the claim and sets
+// NAME-given-up. It ends when NAME-end is set, or after 30 seconds without an event.
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/Win32Process.h"
 

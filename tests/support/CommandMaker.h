@@ -1,5 +1,5 @@
-// Makes commands of every shape, always the same ones: mixed addressees, verbs and rubbish, a very long one now and
-// then.
+// Generates random commands: mixed addressees, verbs and rubbish, with an occasional very long one. The sequence is the
+// same in every run.
 #pragma once
 
 #include <iterator>
@@ -9,12 +9,12 @@
 
 namespace tests {
 
-/// EX is not among them: that the component ends and comes back is another story.
+/// EX is never generated, because it ends the component.
 class CommandMaker {
  public:
     static constexpr std::size_t kMaxLength = 1024 * 1024;  ///< characters of rubbish
 
-    /// One command in about `commandsPerLong` is a very long one, one in about `commandsPerLz` says LZ.
+    /// One command in about `commandsPerLong` is very long. One in about `commandsPerLz` is LZ.
     CommandMaker(std::size_t commandsPerLong, std::size_t commandsPerLz)
         : commandsPerLong_(commandsPerLong), commandsPerLz_(commandsPerLz) {}
 

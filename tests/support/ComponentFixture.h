@@ -1,5 +1,5 @@
-// The whole component below the COM edge, over an in-memory kernel, files and settings; each test starts with a fresh
-// process, so to speak.
+// The whole component below COM, with the kernel, files and settings in memory. Each test starts with fresh
+// process-wide state.
 #pragma once
 
 #include "host/Process.h"
@@ -16,7 +16,7 @@ class ComponentOver : public Base {
  protected:
     ~ComponentOver() override { kernel_.StopFailing(); }
 
-    /// What the kernel keeps under `key`, "(none)" without it.
+    /// The kernel's value of `key`, or "(none)" if it has none.
     runtime::String Kept(runtime::StringView key) const { return kernel_.Kept(key).value_or(u"(none)"); }
 
     InMemoryKernel kernel_;
@@ -24,9 +24,9 @@ class ComponentOver : public Base {
     kernel_api::builtin::BuiltInReader& reader_ = process_.Reader();
 };
 
-/// Everything in memory.
+/// The window system is in memory, too.
 using HeadlessComponentTest = ComponentOver<HeadlessTest>;
-/// With the build's own window system.
+/// The window system is the build's own.
 using ComponentTest = ComponentOver<RuntimeTest>;
 
 }  // namespace tests

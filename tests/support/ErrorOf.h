@@ -1,4 +1,4 @@
-// Turns a thrown error into a value that a test can compare.
+// Turns a thrown error into a number that a test can compare.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace tests {
 
-/// The number of the error that `action` raises; 0 for none.
+/// The number of the error that `action` throws; 0 if it throws none.
 inline std::int32_t ErrorOf(const std::function<void()>& action) {
     try {
         action();

@@ -1,4 +1,4 @@
-// A form that notes its events in words and does in each of its handlers what a test gives it to do.
+// A form that logs its events as text. A test can set an action for each of its handlers.
 #pragma once
 
 #include <functional>
@@ -26,8 +26,8 @@ class HandledForm : public runtime::Form {
     std::function<void()> onLoad, onQueryUnload, onUnload, onResize, onActivate, onShown, onKey;
     bool refusesQuery = false;
     bool refusesUnload = false;
-    /// "load", "query 1" (the reason), "unload", "resize", "activate", "shown" (by others), "down 65 1" (key,
-    /// modifiers), "press 97", "up 65 0".
+    /// Entries: "load", "query 1" (the reason), "unload", "resize", "activate", "shown" (by another program), "down 65
+    /// 1" (key, modifiers), "press 97", "up 65 0".
     std::vector<std::string> log;
 
  protected:

@@ -1,6 +1,5 @@
-// A kernel in plain memory for tests: it keeps the strings, logs every call, fails where a test says so, and can
-// rewrite values as the real one may. Text crosses as Latin-1 here, with '?' for a character beyond it and up to
-// the first NUL.
+// A kernel in memory for tests. It stores the strings, logs every call, fails where a test says so, and can change
+// values as the real kernel does. Texts are converted to Latin-1 and end at the first NUL; other characters become '?'.
 #pragma once
 
 #include <functional>
@@ -17,7 +16,7 @@ namespace tests {
 
 class InMemoryKernel : public kernel_api::Kernel {
  public:
-    /// Changes the bytes of a value while it is being stored under `key`.
+    /// Changes the bytes of a value that is being stored under `key`.
     using Rewrite = std::function<void(const std::string& key, std::string& value)>;
 
     void E_SetString(runtime::StringView key, runtime::String& value) override;
@@ -25,28 +24,28 @@ class InMemoryKernel : public kernel_api::Kernel {
     std::int32_t DB_DataBase() override;
     kernel_api::TextPointer O_GetName(std::int32_t handle) override;
 
-    /// The calls in order, failed ones included: "E_SetString(INITBP, INIT)", "E_GetString(AllAps)", "DB_DataBase()",
-    /// "O_GetName(1)"; in UTF-8.
+    /// All calls in order, including failed ones, in UTF-8: "E_SetString(INITBP, INIT)", "E_GetString(AllAps)",
+    /// "DB_DataBase()", "O_GetName(1)".
     const std::vector<std::string>& Log() const { return log_; }
     void ClearLog() { log_.clear(); }
 
-    /// Puts a string there as another module would: not logged, never failing.
+    /// Stores a string as another module does: it is not logged and never fails.
     void Put(runtime::StringView key, runtime::StringView value);
-    /// What is kept under `key`, not logged.
+    /// The value of `key`. Reading it is not logged.
     std::optional<runtime::String> Kept(runtime::StringView key) const;
 
-    /// The handle of the open design, 1 unless a test chooses another one.
+    /// Sets the handle of the open design, which is 1 by default.
     void UseDesignHandle(std::int32_t handle) { designHandle_ = handle; }
 
-    /// Makes the call number `call` fail once; 1 is the next one.
+    /// Makes one call fail: the next one if `call` is 1, the one after it if `call` is 2, and so on.
     void FailAt(int call, const runtime::Error& error);
-    /// Makes every call fail whose log line starts with `start`, such as "DB_DataBase" or "E_SetString(JobDir,".
+    /// Makes a call fail if its log line starts with `start`, such as "DB_DataBase" or "E_SetString(JobDir,".
     void FailOn(std::string start, const runtime::Error& error);
     void StopFailing();
     void RewriteValues(Rewrite rewrite) { rewrite_ = std::move(rewrite); }
 
  private:
-    /// Each asks for a block of its own, so that a stale address is one that a sanitizer knows.
+    /// Each returned text is a block of its own, so that a sanitizer detects the use of a stale address.
     using HandedOut = std::unique_ptr<char[]>;
 
     void Enter(std::string line);

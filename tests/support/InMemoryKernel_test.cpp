@@ -1,5 +1,4 @@
-// The kernel in memory: what it keeps as a real one does, and what tests have of it besides, its log and ordered
-// failures.
+// The kernel in memory: it stores strings as a real kernel does, logs its calls, and fails on demand.
 #include "tests/support/InMemoryKernel.h"
 
 #include <gmock/gmock.h>
@@ -20,7 +19,7 @@ const char* At(TextPointer pointer) {
     return reinterpret_cast<const char*>(pointer);
 }
 
-TEST(InMemoryKernel, GivesBackWhatWasSet) {
+TEST(InMemoryKernel, SetString_IsReturned) {
     InMemoryKernel kernel;
     String value = u"INIT";
     kernel.E_SetString(u"INITBP", value);
@@ -29,7 +28,7 @@ TEST(InMemoryKernel, GivesBackWhatWasSet) {
     EXPECT_THAT(kernel.Kept(u"INITBP"), Optional(String(u"INIT")));
 }
 
-TEST(InMemoryKernel, TellsAnEmptyTextFromNone) {
+TEST(InMemoryKernel, EmptyString_DiffersFromNone) {
     InMemoryKernel kernel;
     kernel.Put(u"K4TBACKPROCESS", u"");
     EXPECT_STREQ(At(kernel.E_GetString(u"K4TBACKPROCESS")), "");
@@ -37,7 +36,7 @@ TEST(InMemoryKernel, TellsAnEmptyTextFromNone) {
     EXPECT_EQ(kernel.Kept(u"AllAps"), std::nullopt);
 }
 
-TEST(InMemoryKernel, LogsEveryCallInOrder) {
+TEST(InMemoryKernel, EveryCall_IsLoggedInOrder) {
     InMemoryKernel kernel;
     String value = u"caf\u00E9, 1";
     kernel.E_SetString(u"JobDir", value);
@@ -49,7 +48,7 @@ TEST(InMemoryKernel, LogsEveryCallInOrder) {
     EXPECT_THAT(kernel.Log(), ElementsAre());
 }
 
-TEST(InMemoryKernel, TakesTextAsLatin1UpToTheFirstNul) {
+TEST(InMemoryKernel, Text_IsLatin1UpToTheFirstNul) {
     InMemoryKernel kernel;
     String value(u"\u00FF\u0100\0rest", 7);
     kernel.E_SetString(String(u"key\0more", 8), value);
@@ -57,7 +56,7 @@ TEST(InMemoryKernel, TakesTextAsLatin1UpToTheFirstNul) {
     EXPECT_STREQ(At(kernel.E_GetString(u"key")), "\xFF?");
 }
 
-TEST(InMemoryKernel, NamesTheOpenDesignAlone) {
+TEST(InMemoryKernel, O_GetName_NamesOnlyTheOpenDesign) {
     InMemoryKernel kernel;
     EXPECT_EQ(kernel.O_GetName(1), 0);
     kernel.Put(u"DESIGN_NAME", u"amplifier");
@@ -68,7 +67,7 @@ TEST(InMemoryKernel, NamesTheOpenDesignAlone) {
     EXPECT_STREQ(At(kernel.O_GetName(2)), "amplifier");
 }
 
-TEST(InMemoryKernel, KeepsAnAddressUntilItsKeyIsAskedForAgain) {
+TEST(InMemoryKernel, Address_StaysValidUntilTheKeyIsReadAgain) {
     InMemoryKernel kernel;
     kernel.Put(u"DESIGN_NAME", u"old");
     const char* text = At(kernel.E_GetString(u"DESIGN_NAME"));
@@ -79,7 +78,7 @@ TEST(InMemoryKernel, KeepsAnAddressUntilItsKeyIsAskedForAgain) {
     EXPECT_STREQ(At(kernel.E_GetString(u"DESIGN_NAME")), "new");
 }
 
-TEST(InMemoryKernel, FailsOnceAtTheGivenCall) {
+TEST(InMemoryKernel, FailAt_MakesThatCallFailOnce) {
     InMemoryKernel kernel;
     kernel.DB_DataBase();
     kernel.FailAt(2, runtime::Error(runtime::kFileNotFound));
@@ -89,7 +88,7 @@ TEST(InMemoryKernel, FailsOnceAtTheGivenCall) {
     EXPECT_EQ(kernel.Log().size(), 4u);
 }
 
-TEST(InMemoryKernel, FailsAtCallsOfAGivenNameOrKeyWithoutKeepingTheValue) {
+TEST(InMemoryKernel, FailOn_MakesCallsFailAndStoresNothing) {
     InMemoryKernel kernel;
     kernel.FailOn("E_SetString(JobDir,", runtime::Error(runtime::kFileNotFound));
     kernel.FailOn("O_GetName", runtime::Error(runtime::kDllEntryPointNotFound));
@@ -103,7 +102,7 @@ TEST(InMemoryKernel, FailsAtCallsOfAGivenNameOrKeyWithoutKeepingTheValue) {
     EXPECT_EQ(ErrorOf([&] { kernel.E_SetString(u"JobDir", value); }), 0);
 }
 
-TEST(InMemoryKernel, RewritesValuesAsTheTestSays) {
+TEST(InMemoryKernel, RewriteValues_ChangesTheStoredValue) {
     InMemoryKernel kernel;
     kernel.RewriteValues([](const std::string& key, std::string& bytes) { bytes = key == "LibDir" ? "D:\\" : bytes; });
     String library = u"C:\\LIB";

@@ -1,4 +1,4 @@
-// A form with one control of each input kind and two buttons, which notes the keys it sees.
+// A form with one control of each input kind and two buttons. It logs the keys that it receives.
 #pragma once
 
 #include <functional>
@@ -11,7 +11,7 @@ namespace tests {
 
 class InputForm : public runtime::Form {
     using Kind = runtime::ControlKind;
-    int next_ = 0;  // before the controls, which take their places in the tab order from it
+    int next_ = 0;  // declared before the controls, because they take their tab order from it
 
  public:
     InputForm()
@@ -31,9 +31,9 @@ class InputForm : public runtime::Form {
           label(AddControl({.kind = Kind::kLabel, .name = u"label", .bounds = {60, 3300, 1500, 195}})) {}
 
     runtime::Control &text, &combo, &dropDown, &block, &list, &button, &cancel, &label;
-    /// "form 13", "text 13" (name of the control with the focus), "click button".
+    /// Entries: "form 13", "text 13" (name of the focused control), "click button".
     std::vector<std::string> log;
-    /// What the control's own key handler does.
+    /// Action of the control's own key handler.
     std::function<void(runtime::Control&, char16_t&)> onControlKeyPress;
     std::function<void(char16_t&)> onKeyPress;
 

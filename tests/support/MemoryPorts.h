@@ -1,4 +1,4 @@
-// In-memory twins of all ports, on whatever system they run, and sets of ports with one of them exchanged.
+// In-memory back ends of all ports, and sets of ports in which one port is replaced.
 #pragma once
 
 #include <type_traits>
@@ -28,7 +28,7 @@ struct MemoryPorts {
     runtime::Ports All() { return {windows, settings, files, process, locale, fonts, messageBox, help}; }
 };
 
-/// `ports` with `other` in the place of the port whose interface it has.
+/// Returns `ports` with `other` in place of the port that has its interface.
 template <typename Other>
 runtime::Ports WithPort(const runtime::Ports& ports, Other& other) {
     const auto choose = [&other]<typename Port>(Port& own) -> Port& {

@@ -1,4 +1,4 @@
-// A question that a test asks with the suite's query dialog, and what its caller has afterwards.
+// A question that a test asks with the suite's query dialog, and the values that its caller receives.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -36,7 +36,7 @@ inline void PrintTo(const Answer& answer, std::ostream* out) {
 inline const Answer kNoAnswer = {u"", -1};
 inline const Answer kButtonAnswer = {u"\x01", -100};
 
-/// Asks with the process's shared dialog. `values` and `index` of `question` are the caller's.
+/// Shows the process's shared dialog. It uses `values` and `index` of `question` as the caller's variables.
 inline Answer AskFor(Question& question) {
     const std::vector<runtime::String> asked = question.values;
     const runtime::String text =

@@ -1,4 +1,4 @@
-// Another reader in the place of the current one, until the end of the block.
+// Replaces the current reader until the end of the block.
 #pragma once
 
 #include "kernel_api/Reader.h"

@@ -1,5 +1,5 @@
-// A reader that passes everything on to another one, notes which texts it is asked for, and lets something happen or
-// fail when it is asked for a text or a setting.
+// A reader that forwards every call to another one and records the texts that are requested. A test can set an action
+// for a request, which may fail.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace tests {
 
 class RecordingReader : public kernel_api::Reader {
  public:
-    /// A text's default and its identifier, both as they were given.
+    /// Default and identifier of a text, as the caller passed them.
     using AskedText = std::pair<runtime::String, runtime::String>;
 
     explicit RecordingReader(kernel_api::Reader& reader) : reader_(reader) {}
@@ -31,7 +31,7 @@ class RecordingReader : public kernel_api::Reader {
     }
     runtime::String TextAt(kernel_api::TextPointer pointer) override { return reader_.TextAt(pointer); }
 
-    /// In the order in which they were asked for.
+    /// All requests, in order.
     const std::vector<AskedText>& Asked() const { return asked_; }
 
     std::function<void()> onNextText;

@@ -1,5 +1,5 @@
-// Fixtures of the tests that need the runtime's ports: each test starts with fresh ones, and every process-wide value
-// is put back to its start value.
+// Fixtures for tests that need the runtime's ports. Each test starts with fresh ports, and its end resets every
+// process-wide value.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,20 +13,20 @@
 
 namespace tests {
 
-/// Everything in memory: for tests that read the twins' logs or play the window system.
+/// All ports are in memory. For tests that read their logs or act as the window system.
 class HeadlessTest : public ::testing::Test {
  protected:
     HeadlessTest() { runtime::UsePorts(&ports_); }
     ~HeadlessTest() override { runtime::UsePorts(nullptr); }
 
-    /// `length` as a form on the screen has it.
+    /// `length` rounded to whole pixels, as a form on the screen has it.
     runtime::Twips OnPixels(runtime::Twips length) const { return memory_.windows.Grid().Whole(length); }
 
     MemoryPorts memory_;
     runtime::Ports ports_ = memory_.All();
 };
 
-/// The build's own window system, real windows under Windows; the other ports in memory.
+/// The window system is the build's own: under Windows, the windows are real. All other ports are in memory.
 class RuntimeTest : public ::testing::Test {
  protected:
     RuntimeTest() { runtime::UsePorts(&ports_); }
@@ -40,7 +40,7 @@ class RuntimeTest : public ::testing::Test {
     runtime::headless::MemoryWindows& windows_ = memory_.windows;
     runtime::PixelGrid grid_ = memory_.windows.Grid();
 #endif
-    /// `length` as a form on the screen has it.
+    /// `length` rounded to whole pixels, as a form on the screen has it.
     runtime::Twips OnPixels(runtime::Twips length) const {
         return grid_.Whole(length);
     }

@@ -1,5 +1,5 @@
-// The field splitter's rules one by one and slowly: positions from 1, every search made anew, no thought for cost. What
-// the real splitter is compared with, in its tests and by the fuzzer.
+// A slow but simple field splitter: it follows the rules one by one, with positions from 1 and a new search each time.
+// The splitter's tests and the fuzzer compare the real splitter with it.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +15,8 @@ namespace tests {
 struct SlowFields {
     std::vector<runtime::String> texts;
     std::vector<double> values;
-    std::int32_t error = 0;  ///< number of the error that ended the split; 0 for none
-    bool isEndless = false;  ///< the steps would repeat for ever; the arrays hold what came before
+    std::int32_t error = 0;  ///< number of the error that ended the split; 0 if there was none
+    bool isEndless = false;  ///< splitting never ends; the arrays hold the results so far
 };
 
 class SlowFieldSplitter {
@@ -100,7 +100,7 @@ class SlowFieldSplitter {
 
     char16_t At(std::size_t position) const { return text_[position - 1]; }
 
-    /// The first `character` at or after `position`; 0 for none.
+    /// The position of the first `character` at or after `position`; 0 if there is none.
     std::size_t Find(char16_t character, std::size_t position) const {
         for (; position <= n_; ++position) {
             if (At(position) == character) return position;
@@ -129,8 +129,8 @@ class SlowFieldSplitter {
     SlowFields fields_;
 };
 
-/// Whether splitting `text` never ends, told from a walk through its characters and not from searches: it ends
-/// inside a quoted field, and the quote that opened it is not the last character.
+/// True if splitting `text` never ends. It walks through the characters without searching. Splitting never ends if the
+/// text ends inside a quoted field and the opening quote is not the last character.
 inline bool NeverReturns(runtime::StringView text) {
     enum class Place { kFieldStart, kPlain, kQuoted, kBehindQuotes };
     Place place = Place::kFieldStart;

@@ -1,11 +1,11 @@
-// Where the running test program lies; what it needs beside itself is looked for from there.
+// The folder of the running test program, for finding files beside it.
 #pragma once
 
 #include "runtime/win32/ModulePath.h"
 
 namespace tests {
 
-/// Without a backslash at its end.
+/// The folder without a trailing backslash.
 inline runtime::String TestFolder() {
     return runtime::win32::FolderOf(runtime::win32::ModulePath(nullptr));
 }

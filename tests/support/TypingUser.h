@@ -1,5 +1,5 @@
-// Plays the user at the keyboard in the build's own window system: keys come to the newest form, as they do from the
-// queue of its window.
+// Simulates a user at the keyboard in the build's own window system. The newest form receives the keys as it receives
+// keys from its window's message queue.
 #pragma once
 
 #include "runtime/Form.h"
@@ -15,10 +15,10 @@ namespace tests {
 
 class TypingUser {
  public:
-    /// `form` is visible; its focused control gets the keys.
+    /// `form` must be visible. Its focused control receives the keys.
     explicit TypingUser(runtime::Form& form) : form_(form) {}
 
-    /// Presses and releases a key; Enter, Space, Escape and Tab become characters unless the form uses them up.
+    /// Presses and releases a key. Enter, Space, Escape and Tab become characters unless the form consumes them.
     void Press(std::int16_t keyCode);
     void Type(runtime::StringView text);
 

@@ -1,4 +1,5 @@
-// A fixture with an owner window in front, above which dialogs open, and with what must be so again when they are gone.
+// A fixture with an active owner window for dialogs. It checks that the owner is in its initial state when they are
+// closed.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,9 +8,9 @@
 
 namespace tests {
 
-/// Fails the test unless `owner` takes input and is the active window, no form is left, and no key or menu hangs.
+/// Fails the test unless `owner` is enabled and active, all forms are unloaded, and no key or menu is active.
 void ExpectNothingIsLeft(HWND owner);
-/// Clicks a button of the innermost dialog, without the mouse.
+/// Sends a click to a button of the innermost dialog, without the mouse.
 void PressInDialog(const wchar_t* caption);
 
 /// Base is a fixture of tests/support/, or testing::Test.
@@ -25,10 +26,10 @@ class AboveOwner : public Base {
     void SetUp() override { ASSERT_EQ(GetActiveWindow(), owner_); }
 
     void ExpectNothingIsLeft() const { tests::ExpectNothingIsLeft(owner_); }
-    /// Has the button clicked as soon as the next dialog waits for input, without a driver and its timer. The caption
-    /// is not copied.
+    /// Clicks the button as soon as the next dialog waits for input. It needs neither a driver nor its timer. The
+    /// caption is not copied and must stay valid.
     void PressSoon(const wchar_t* caption) { PostMessageW(owner_, kPress, 0, reinterpret_cast<LPARAM>(caption)); }
-    /// What happens to the owner; must not throw.
+    /// Called for each message of the owner. Must not throw.
     virtual void OnOwnerMessage(UINT /*message*/, WPARAM /*wParam*/) {}
 
     const HWND owner_ = window_.Handle();

@@ -55,7 +55,7 @@ void DialogDriver::Tick() {
         return;
     }
     if (!dialog || next_ == steps_.size()) return;
-    // Counted first: the step may show a dialog of its own, on which the next steps run meanwhile.
+    // The counter is advanced first, because the step may show another dialog, on which the next steps run.
     const std::size_t step = next_++;
     if (!steps_[step](dialog)) next_ = step;
 }

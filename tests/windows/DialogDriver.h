@@ -1,6 +1,6 @@
-// Answers the dialogs that the thread shows, the system's and the suite's own, from inside their modal loops: a list of
-// steps, which run one after the other on the innermost dialog. Dialogs that are still open after the time given are
-// closed, and the test fails; when none is shown then, the loop that still waits is ended by a request to quit.
+// Operates the dialogs of the current thread, the system's and the suite's, from inside their modal loops. It runs a
+// list of steps, one after the other, on the innermost dialog. When the time is up, it closes the open dialogs and
+// fails the test. If no dialog is open then, it ends the waiting loop with a quit message.
 #pragma once
 
 #include <functional>
@@ -12,14 +12,14 @@ namespace tests {
 
 class DialogDriver {
  public:
-    /// True when it is done; else it is run again a little later.
+    /// Returns true when it is done. Otherwise it is called again a little later.
     using Step = std::function<bool(HWND dialog)>;
 
-    /// `longestWait` in milliseconds.
+    /// `longestWait` is in milliseconds.
     explicit DialogDriver(std::vector<Step> steps, ULONGLONG longestWait = 30'000);
     DialogDriver(const DialogDriver&) = delete;
     DialogDriver& operator=(const DialogDriver&) = delete;
-    /// Fails the test unless every step has run.
+    /// Fails the test if a step has not run.
     ~DialogDriver();
 
  private:
@@ -36,7 +36,7 @@ class DialogDriver {
     UINT_PTR timer_;
 };
 
-/// The innermost dialog of this thread: visible and enabled; null when there is none.
+/// The innermost visible and enabled dialog of this thread; null if there is none.
 HWND ShownDialog();
 
 }  // namespace tests

@@ -1,4 +1,4 @@
-// The driver itself: a test that waits for ever must fail instead.
+// The driver itself: a test that would never end fails instead.
 #include "tests/windows/DialogDriver.h"
 
 #include <gtest/gtest-spi.h>
@@ -11,7 +11,7 @@ namespace {
 
 constexpr ULONGLONG kShortWait = 50;  // milliseconds
 
-/// Waits for messages until it is asked to quit; false when it is not within ten seconds.
+/// Dispatches messages until a quit message arrives. Returns false if none arrives within ten seconds.
 bool LoopUntilQuit() {
     const UINT_PTR limit = SetTimer(nullptr, 0, 10'000, nullptr);
     MSG message{};
@@ -23,7 +23,7 @@ bool LoopUntilQuit() {
     return message.message == WM_QUIT;
 }
 
-TEST(DialogDriver, EndsALoopThatWaitsWithoutADialog) {
+TEST(DialogDriver, TimeUpWithoutADialog_EndsTheLoop) {
     bool hasQuit = false;
     const auto wait = [&hasQuit] {
         const DialogDriver driver({}, kShortWait);
@@ -34,7 +34,7 @@ TEST(DialogDriver, EndsALoopThatWaitsWithoutADialog) {
     EXPECT_EQ(TakeQuit(), std::nullopt);
 }
 
-TEST(DialogDriver, ClosesADialogThatNobodyAnswers) {
+TEST(DialogDriver, TimeUpWithADialog_ClosesIt) {
     int answer = 0;
     const auto wait = [&answer] {
         const DialogDriver driver({}, kShortWait);

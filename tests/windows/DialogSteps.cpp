@@ -7,7 +7,8 @@
 namespace tests {
 namespace {
 
-/// The thread's own window in front; another program on the same screen may have taken the keyboard.
+/// True if the foreground window belongs to this process. Otherwise another program has taken the keyboard, and this
+/// takes it back.
 bool HasKeyboard(HWND dialog) {
     DWORD process = 0;
     GetWindowThreadProcessId(GetForegroundWindow(), &process);

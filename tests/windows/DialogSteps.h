@@ -1,4 +1,4 @@
-// What a test does with a dialog, with the keyboard and the mouse as the user does, through the system's input queue.
+// Steps for a test's dialogs. They use the keyboard and the mouse through the system's input queue, as a user does.
 #pragma once
 
 #include <functional>
@@ -10,26 +10,26 @@ namespace tests {
 
 using Steps = std::vector<DialogDriver::Step>;
 
-/// A button of the dialog by its caption with its '&'; null when there is none.
+/// A button of the dialog, by its caption including the '&'. Null if there is none.
 HWND ButtonOf(HWND dialog, const wchar_t* caption);
-/// The label of one of the suite's dialogs.
+/// The label in a dialog of the suite.
 HWND LabelOf(HWND dialog);
 
-/// Presses and releases the keys, the last one released first: {VK_MENU, VK_F4} is Alt+F4.
+/// Presses the keys in order and releases them in reverse order: {VK_MENU, VK_F4} is Alt+F4.
 DialogDriver::Step Keys(std::vector<WORD> keys);
-/// Types a key into the dialog through its message queue, whichever program has the keyboard.
+/// Types a key through the dialog's message queue. It works even if another program has the keyboard.
 DialogDriver::Step Type(WORD key);
-/// What the keyboard's repetition of a held key becomes.
+/// Posts a key press as the automatic repetition of a held key.
 DialogDriver::Step Repeated(WORD key);
-/// A character that comes to the focused window without a key, as an input method sends it.
+/// Sends a character to the focused window without a key, as an input method does.
 DialogDriver::Step Character(wchar_t character);
-/// Clicks the button with the identifier `id`, without the mouse.
+/// Clicks the button with the identifier `id` by a message, without the mouse.
 DialogDriver::Step Press(int id);
-/// Presses the mouse button over a button of the dialog.
+/// Clicks a button of the dialog with the mouse.
 DialogDriver::Step ClickOn(const wchar_t* caption);
-/// Waits until the button has the focus in the active dialog.
+/// Waits until the dialog is active and the button has the focus.
 DialogDriver::Step FocusIsOn(const wchar_t* caption);
-/// Does something with the dialog once.
+/// Runs an action on the dialog once.
 DialogDriver::Step Do(std::function<void(HWND dialog)> action);
 
 }  // namespace tests

@@ -12,8 +12,8 @@
 namespace tests {
 namespace {
 
-/// The live objects of one kind. Where the system does not tell their number, places in its table of handles do: new
-/// objects first take what is free, and when nothing is, each takes the place behind the highest one.
+/// The number of live objects of one kind. `told` is the system's count. If it is 0, the system cannot count them, and
+/// the number follows from the handle table: new objects first fill the free places and are then appended at the end.
 template <typename Handle>
 long LiveObjects(DWORD told, Handle (*make)(), BOOL (*destroy)(Handle), int handlesPerPlace) {
     if (told != 0) return static_cast<long>(told);
@@ -66,7 +66,7 @@ long Windows() {
 }
 
 void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round) {
-    constexpr double kSlack = 20;  // of the system itself
+    constexpr double kSlack = 20;  // the system's own objects vary
     constexpr int kMinRounds = 40;
     constexpr int kFirstRounds = 10;
     const int rounds = Rounds(fullRounds, kMinRounds);

@@ -1,4 +1,4 @@
-// Counts what the process has of the window system, so that a test can see what is left behind.
+// Counts the process's window system objects, so that a test can detect leaks.
 #pragma once
 
 #include <functional>
@@ -7,12 +7,12 @@ namespace tests {
 
 long GdiObjects();
 long UserObjects();
-/// Of this thread, with those inside others.
+/// The windows of this thread, including child windows.
 long Windows();
 
-/// Runs `round`, which gets its number, a few times and then Rounds(fullRounds) times more. The latter must leave
-/// nothing behind but the 20 objects that the system itself keeps more or less; 40 rounds show the loss of one object a
-/// round.
+/// Runs `round` ten times as preparation, and then Rounds(fullRounds) times. The latter rounds must leave no object
+/// behind, with a tolerance of 20 objects of the system. They number at least 40, so a leak of one object per round is
+/// found. `round` gets its index.
 void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round);
 
 }  // namespace tests

@@ -11,13 +11,13 @@
 namespace tests {
 namespace {
 
-/// Top-level without a parent.
+/// Creates a child window of `parent`, or a top-level window without one.
 HWND MakeWindow(HWND parent = nullptr) {
     return CreateWindowExW(0, L"STATIC", L"", parent ? WS_CHILD : WS_POPUP, 0, 0, 1, 1, parent, nullptr, nullptr,
                            nullptr);
 }
 
-TEST(LiveObjects, CountSeesEachKind) {
+TEST(LiveObjects, Count_IncludesGdiAndUserObjects) {
     const long gdi = GdiObjects();
     const long user = UserObjects();
     std::vector<HRGN> regions(100);
@@ -30,7 +30,7 @@ TEST(LiveObjects, CountSeesEachKind) {
     for (const HMENU menu : menus) DestroyMenu(menu);
 }
 
-TEST(LiveObjects, CountSeesWindowsAndWindowsInside) {
+TEST(LiveObjects, Count_IncludesChildWindows) {
     const HWND first = MakeWindow();
     const long user = UserObjects();
     const long windows = Windows();
@@ -43,12 +43,12 @@ TEST(LiveObjects, CountSeesWindowsAndWindowsInside) {
     DestroyWindow(first);
 }
 
-TEST(LiveObjects, RoundsThatLoseOneEachFailTheTest) {
+TEST(LiveObjects, LeakOfOneObjectPerRound_FailsTheTest) {
     static std::vector<HRGN> lost;
     EXPECT_NONFATAL_FAILURE(ExpectNothingStays(40, [](int) { lost.push_back(CreateRectRgn(0, 0, 1, 1)); }),
                             "GdiObjects");
     for (const HRGN region : lost) DeleteObject(region);
-    EXPECT_EQ(lost.size(), 50u);  // the first ten are not counted
+    EXPECT_EQ(lost.size(), 50u);  // including the ten rounds of preparation
     ExpectNothingStays(40, [](int) { DestroyWindow(MakeWindow()); });
 }
 

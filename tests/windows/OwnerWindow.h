@@ -1,4 +1,4 @@
-// A window in front, which owns the dialogs that a test or a benchmark opens, and tells what messages it gets.
+// An active window that owns the dialogs of a test or benchmark and reports the messages that it receives.
 #pragma once
 
 #include <functional>
@@ -9,10 +9,10 @@ namespace tests {
 
 class OwnerWindow {
  public:
-    /// Called before the system's own handling; must not throw.
+    /// Called before the default handling of a message. Must not throw.
     using Listener = std::function<void(UINT message, WPARAM wParam, LPARAM lParam)>;
 
-    /// Visible and active, `size` in pixels.
+    /// Creates a visible and active window. `size` is in pixels.
     explicit OwnerWindow(Listener listener, SIZE size = {300, 200});
     OwnerWindow(const OwnerWindow&) = delete;
     OwnerWindow& operator=(const OwnerWindow&) = delete;

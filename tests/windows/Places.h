@@ -1,4 +1,4 @@
-// Where windows stand, in pixels.
+// The positions of windows, in pixels.
 #pragma once
 
 #include <ostream>
@@ -17,12 +17,12 @@ struct Place {
 
 void PrintTo(const Place& place, std::ostream* out);
 
-/// On the screen, with the frame.
+/// The window's rectangle on the screen, including its frame.
 Place PlaceOf(HWND window);
-/// From the corner of the client area of `parent`.
+/// The rectangle relative to the client area of `parent`.
 Place PlaceIn(HWND parent, HWND child);
 
-/// Half a pixel may go either way; positions off the screen count, too.
+/// Fails the test unless the window is centred. It tolerates half a pixel and allows positions off the screen.
 void ExpectCentred(HWND window);
 
 }  // namespace tests

@@ -1,4 +1,4 @@
-// What a test puts into the system's input queue, as the user's devices do, and what it takes out of the thread's.
+// Puts input into the system's queue, as the user's devices do, and takes messages out of the thread's queue.
 #pragma once
 
 #include <optional>
@@ -8,9 +8,9 @@
 
 namespace tests {
 
-/// Presses and releases the keys, the last one released first; false when the system refuses them.
+/// Presses the keys in order and releases them in reverse order. Returns false if the system refuses them.
 bool SendKeys(const std::vector<WORD>& keys);
-/// Keeps a key down while it lives.
+/// Holds a key down until it is destroyed.
 class HeldKey {
  public:
     explicit HeldKey(WORD key);
@@ -21,10 +21,10 @@ class HeldKey {
  private:
     WORD key_;
 };
-/// Clicks with the left button at a place on the screen; false when the system refuses it.
+/// Clicks the left button at a position on the screen. Returns false if the system refuses it.
 bool SendClick(POINT place);
 
-/// Takes back a request to quit that still waits: its code, nothing without one.
+/// Removes a waiting quit message from the queue. Returns its exit code, or none if there is no such message.
 std::optional<int> TakeQuit();
 
 }  // namespace tests

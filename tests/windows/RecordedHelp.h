@@ -1,14 +1,14 @@
-// The recording help control (RecordingHelp.cpp), which takes the place of the system's in tests, and what it recorded.
+// Access to the help control for tests (RecordingHelp.cpp), which replaces the system's and records its calls.
 #pragma once
 
 #include "runtime/Text.h"
 
 namespace tests {
 
-/// The full path of its library, for runtime::win32::HelpControl.
+/// The full path of the help control for tests, for runtime::win32::HelpControl.
 runtime::String RecordingHelp();
 
-/// Its calls in this process, a line each; empty while it is not loaded.
+/// The calls in this process, one per line. Empty if the control is not loaded.
 runtime::String RecordedHelp();
 
 }  // namespace tests

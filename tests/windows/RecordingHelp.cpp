@@ -1,4 +1,4 @@
-// A help control that opens nothing and remembers how it was called.
+// A help control that opens nothing and records its calls.
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -20,15 +20,14 @@ void* __stdcall HtmlHelpW(void* owner, const wchar_t* file, unsigned command, st
     return nullptr;
 }
 
-/// Its calls stand in the same record, each behind an "A " that tells them apart; each byte of the name is recorded as
-/// the character of that number.
+/// Its calls are recorded with the prefix "A ". Each byte of the name is recorded as the character with that number.
 void* __stdcall HtmlHelpA(void* owner, const char* file, unsigned command, std::uintptr_t data) {
     Record() += L"A ";
     const auto* const bytes = reinterpret_cast<const unsigned char*>(file);
     return HtmlHelpW(owner, std::wstring(bytes, bytes + std::strlen(file)).c_str(), command, data);
 }
 
-/// The calls since the library was loaded, a line each: owner's window handle, file, command, data.
+/// The calls since the library was loaded, one per line: owner's window handle, file, command, data.
 const wchar_t* __stdcall Recorded() {
     return Record().c_str();
 }

@@ -12,7 +12,8 @@ const Part* PartAt(const BYTE* program, std::size_t offset) {
     return reinterpret_cast<const Part*>(program + offset);
 }
 
-/// Where the import table of `program` holds the address of `entry` of one library; null when it is not imported.
+/// The place in the import table of `program` that holds the address of `entry` in `library`; null if it is not
+/// imported.
 ULONG_PTR* ImportIn(BYTE* program, const IMAGE_IMPORT_DESCRIPTOR& library, std::string_view entry) {
     const auto* name = PartAt<IMAGE_THUNK_DATA>(program, library.OriginalFirstThunk);
     auto* place = reinterpret_cast<ULONG_PTR*>(program + library.FirstThunk);
@@ -36,7 +37,7 @@ ULONG_PTR* ImportOf(std::string_view entry) {
     return nullptr;
 }
 
-/// Writes into the import table, which the loader may have made read-only.
+/// Writes to the import table. The loader may have made it read-only.
 void WriteImport(ULONG_PTR* place, ULONG_PTR value) {
     DWORD before = 0;
     VirtualProtect(place, sizeof *place, PAGE_READWRITE, &before);

@@ -8,8 +8,8 @@ namespace tests {
 
 class ReplacedImport {
  public:
-    /// `entry` is the name that the library exports, such as "SendInput". `replacement` has the same signature and
-    /// calling convention. Fails the test when the program does not import the entry.
+    /// `entry` is the exported name of the function, such as "SendInput". `replacement` has the same signature and
+    /// calling convention. Fails the test if the program does not import `entry`.
     template <typename Function>
     ReplacedImport(const char* entry, Function* replacement)
         : ReplacedImport(entry, reinterpret_cast<ULONG_PTR>(replacement)) {}
@@ -20,7 +20,7 @@ class ReplacedImport {
  private:
     ReplacedImport(const char* entry, ULONG_PTR replacement);
 
-    ULONG_PTR* place_;  ///< null when the program does not import the entry
+    ULONG_PTR* place_;  ///< null if the program does not import the entry
     ULONG_PTR original_ = 0;
 };
 

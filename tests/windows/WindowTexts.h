@@ -1,4 +1,4 @@
-// What windows say of themselves, to programs and to screen readers, and the font they say it in.
+// What windows report about themselves to programs and screen readers, and their fonts.
 #pragma once
 
 #include <string_view>
@@ -11,15 +11,15 @@ namespace tests {
 
 bool IsClass(HWND window, std::wstring_view name);
 
-/// The caption, or what an input control holds; of any length.
+/// The caption, or the content of an input control, of any length.
 using runtime::win32::TextOf;
 
-/// The window keeps it.
+/// The window's font. The window owns it.
 HFONT FontOf(HWND window);
-/// The font's description; fails the test when there is none.
+/// The font's description. Fails the test if the window has no font.
 LOGFONTW FontDescriptionOf(HWND window);
 
-/// What a screen reader is told; "(no object)" or "(no name)" when it is told nothing.
+/// The name that a screen reader receives: "(no object)" without an accessible object, "(no name)" without a name.
 runtime::String AccessibleNameOf(HWND window);
 
 }  // namespace tests
