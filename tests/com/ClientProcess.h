@@ -1,4 +1,4 @@
-// Another process that is a client of the component: com_client.exe, which the build puts beside the tests.
+// A client of the component in another process: com_client.exe, which the build puts beside the tests.
 #pragma once
 
 #include <optional>
@@ -10,19 +10,19 @@ namespace tests::com {
 
 class ClientProcess {
  public:
-    /// Starts com_client with `arguments`; fails the test when it does not start.
+    /// Starts com_client with `arguments`. Fails the test if it does not start.
     explicit ClientProcess(const std::wstring& arguments);
     ClientProcess(const ClientProcess&) = delete;
     ClientProcess& operator=(const ClientProcess&) = delete;
-    /// Kills it.
+    /// Kills the process.
     ~ClientProcess() { Kill(); }
 
-    /// Serves this thread's messages until `event` is set or the process ends. False when it takes too long, or when
-    /// the process has ended first.
+    /// Dispatches this thread's messages until `event` is set. Returns false if the process ends first or the time runs
+    /// out.
     bool WaitFor(HANDLE event) const;
-    /// Its exit code; none when it takes too long.
+    /// Waits for the exit code. None if the time runs out.
     std::optional<DWORD> ExitCode() const;
-    /// Returns when it is gone.
+    /// Kills the process and returns when it has ended.
     void Kill() const;
 
  private:

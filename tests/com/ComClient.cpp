@@ -1,12 +1,12 @@
-// A client of the component in a process of its own, for tests of what a client leaves behind.
-//     com_client exit COMPONENT      makes an instance of the library COMPONENT, brings its form up, and ends without a
-//                                    release. Exit code 0; 1 when the form's window is destroyed at the end; 2 or more
-//                                    when something fails before
-//     com_client lose COMPONENT      ends eight threads while each shows the message of a failed command. Exit code 0
-//     when
-//                                    the message of the next failed command is shown all the same, else 1
-//     com_client listen FILE EVENT   connects a sink to the instance whose marshalled interface FILE holds, sets EVENT,
-//                                    and serves its messages until it is killed
+// A client of the component in its own process, for tests of clients that leave without cleaning up.
+//     com_client exit COMPONENT      creates an instance from the library COMPONENT, loads its form, and ends without a
+//                                    release. Exit code 0; 1 if the form's window is destroyed at the end; 2 or more
+//                                    after an earlier failure
+//     com_client lose COMPONENT      ends eight threads, each while it shows the message of a failed command. Exit code
+//     0
+//                                    if the message of the next failed command still appears, else 1
+//     com_client listen FILE EVENT   reads a marshalled instance from FILE, connects a sink to it, sets EVENT, and
+//                                    dispatches messages until it is killed
 #include <cstdlib>
 #include <cstring>
 #include <fstream>
@@ -51,7 +51,7 @@ BOOL CALLBACK WatchForm(HWND window, LPARAM) noexcept {
     return FALSE;
 }
 
-/// With its form loaded; never released.
+/// The instance has its form loaded and is never released.
 _clsQmxBackProcess* MakeLoadedInstance(const wchar_t* component) {
     const HMODULE library = LoadLibraryExW(component, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     Require(library != nullptr, 2);
@@ -75,7 +75,7 @@ int EndWithoutRelease(const wchar_t* component) {
     return 0;
 }
 
-/// Lives as long as the process; answers every event with `answer`.
+/// Never destroyed. Returns `answer` for every event.
 class EndlessSink final : public IDispatch {
  public:
     explicit EndlessSink(HRESULT answer) : answer_(answer) {}
@@ -117,7 +117,8 @@ BOOL CALLBACK FindMessage(HWND window, LPARAM found) noexcept {
 bool isMessageShown = false;
 const DWORD mainThreadId = GetCurrentThreadId();
 
-/// Runs inside the loop of a message: ends its thread, or notes and answers it on the main thread.
+/// Called by the message loop of a message box. Ends its thread, except the main thread, where it records and closes
+/// the box.
 void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     HWND message = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), FindMessage, reinterpret_cast<LPARAM>(&message));
@@ -127,7 +128,7 @@ void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     PostMessageW(message, WM_CLOSE, 0, 0);
 }
 
-/// EX with a sink that fails at the shutdown, which is reported in a message.
+/// Sends EX with a sink that fails at the shutdown. The failure is reported in a message box.
 void SendFailingCommand(const wchar_t* component) {
     static EndlessSink failing(E_FAIL);
     _clsQmxBackProcess* const instance = MakeLoadedInstance(component);

@@ -1,5 +1,5 @@
-// What the tests of the COM edge share: a thread with COM, instances made as a client makes them, late-bound calls,
-// and failures printed as a reader knows them.
+// Shared by the tests of the COM interface: a thread with COM, instances created as clients create them, late-bound
+// calls, and readable results.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -25,21 +25,21 @@ using runtime::StringView;
 std::string Hex(HRESULT result);
 std::string Utf8(BSTR text);
 
-/// What a late-bound call answered.
+/// The result of a late-bound call.
 struct Outcome {
     HRESULT result = S_OK;
     Variant value;
     HRESULT scode = S_OK;
     std::string description;
     std::string source;
-    unsigned badArgument = 77;  ///< 77: not touched
+    unsigned badArgument = 77;  ///< 77: not set by the call
 };
 
 constexpr DISPID kLoad = 1;
 constexpr DISPID kNotifyMe = 2;
 constexpr DISPID kSeverPath = 3;
 
-/// `arguments` in the order of IDispatch: last parameter first, named ones in front.
+/// `arguments` have the order of IDispatch: the last parameter first, named ones in front.
 Outcome Invoke(IDispatch* object, DISPID member, WORD flags, std::vector<VARIANT> arguments,
                std::vector<DISPID> names = {});
 
@@ -50,29 +50,29 @@ VARIANT Number(short number);
 VARIANT ByReference(BSTR* text);
 VARIANT ByReference(VARIANT* variable);
 
-/// The thread's error object, taken out.
+/// The thread's error object. Taking it clears it.
 struct ErrorObject {
     bool isThere = false;
     std::string description;
     std::string source;
 };
 ErrorObject TakeErrorObject();
-/// Its description, "(none)" when there is no error object.
+/// The description of the thread's error object; "(none)" if there is no such object.
 std::string TextOfErrorObject();
-/// Puts an error object with that description into its place, as an earlier call of another component does.
+/// Leaves an error object with this description on the thread, as an earlier call to another component does.
 void LeaveErrorObject(StringView description);
 
 ComPtr<IClassFactory> Factory();
 ComPtr<_clsQmxBackProcess> MakeInstance();
 ComPtr<IConnectionPoint> EventsOf(IUnknown* instance);
 DWORD Advise(IUnknown* instance, IUnknown* sink);
-/// NotifyMe("", command), early bound.
+/// Calls NotifyMe("", command) through the interface, early bound.
 HRESULT Notify(_clsQmxBackProcess* instance, StringView command);
 
-/// Handles the messages that wait for this thread.
+/// Dispatches the messages that are waiting for this thread.
 void ServeMessages();
-/// Runs `work` in a thread with an apartment of its own while this one serves its messages. Fails when it takes
-/// longer than ten seconds.
+/// Runs `work` on a new thread in its own apartment, while this thread dispatches messages. Fails the test if that
+/// takes longer than ten seconds.
 void InOtherApartment(const std::function<void()>& work, DWORD apartment = COINIT_APARTMENTTHREADED);
 
 class ComTest : public testing::Test {

@@ -1,4 +1,4 @@
-// The component's own DLL, loaded as COM loads it, and instances that its class factory made.
+// The component's own DLL, loaded as COM loads it, and instances from its class factory.
 #pragma once
 
 #include <filesystem>
@@ -8,24 +8,24 @@
 
 namespace tests::com {
 
-/// What sinks receive when the main form was unloaded.
+/// The event that sinks receive when the main form was unloaded.
 inline constexpr char kShutdown[] = "K4TBACKPROCESS|SHUTDOWN";
 
-/// The one that the build puts beside the tests.
+/// The DLL that the build puts beside the tests.
 std::filesystem::path ComponentDll();
 
 class ComponentLibrary {
  public:
-    /// Fails the test when the library does not load.
+    /// Fails the test if the library cannot be loaded.
     explicit ComponentLibrary(const std::filesystem::path& path = ComponentDll());
 
     ComPtr<IClassFactory> ClassFactory() const;
-    /// Fails the test when there is no instance.
+    /// Fails the test if there is no instance.
     ComPtr<_clsQmxBackProcess> Create() const;
-    /// For the machine.
+    /// Registers for all users of the machine.
     HRESULT Register() const;
     HRESULT Unregister() const;
-    /// S_OK when the library may be freed.
+    /// S_OK if the library may be freed.
     HRESULT CanUnload() const;
 
  private:
@@ -35,13 +35,13 @@ class ComponentLibrary {
     runtime::win32::Library library_;
 };
 
-/// An instance of the registered library, as a client creates it. Fails the test when there is none.
+/// Creates an instance of the registered library, as a client does. Fails the test if there is none.
 ComPtr<_clsQmxBackProcess> CreateRegistered();
-/// The caption of the loaded main form behind `instance`.
+/// The caption of the instance's main form, which must be loaded.
 std::string CaptionOfForm(_clsQmxBackProcess* instance);
-/// How many of the component's form windows the thread has.
+/// The number of the component's form windows of a thread.
 int FormWindows(DWORD threadId);
-/// Brings the main form up.
+/// Calls the instance's Load, which loads the main form.
 VARIANT_BOOL Load(_clsQmxBackProcess* instance);
 
 }  // namespace tests::com

@@ -1,4 +1,4 @@
-// The component itself, as its clients load it: the DLL with everything behind it, beside its kernel library.
+// The component as its clients load it: the real DLL, beside its kernel library.
 #include <filesystem>
 
 #include "tests/com/ComponentLibrary.h"
@@ -23,7 +23,7 @@ class Component : public testing::Test {
     const ComponentLibrary library_;
 };
 
-TEST_F(Component, TellsTheEndToTheClientThatReleasesIt) {
+TEST_F(Component, LastRelease_RaisesShutdownForItsOwnSink) {
     auto instance = Create();
     const auto sink = Sink::Make();
     Advise(instance.Get(), sink.Get());
@@ -34,7 +34,7 @@ TEST_F(Component, TellsTheEndToTheClientThatReleasesIt) {
     EXPECT_THAT(sink->heard, ElementsAre(kShutdown));
 }
 
-TEST_F(Component, TellsTheEndToAllClientsOfTheForm) {
+TEST_F(Component, OneInstanceEnds_AllReceiveShutdown) {
     auto first = Create();
     const auto second = Create();
     const auto sink = Sink::Make();
@@ -45,7 +45,7 @@ TEST_F(Component, TellsTheEndToAllClientsOfTheForm) {
     EXPECT_EQ(VARIANT_TRUE, Load(second.Get())) << "the form is loaded anew";
 }
 
-TEST_F(Component, RefusesAnInterface_LeavesTheFormOfTheOthersAlone) {
+TEST_F(Component, UnknownInterface_LeavesTheLoadedFormAlone) {
     const auto instance = Create();
     const auto sink = Sink::Make();
     Advise(instance.Get(), sink.Get());
@@ -58,7 +58,7 @@ TEST_F(Component, RefusesAnInterface_LeavesTheFormOfTheOthersAlone) {
     EXPECT_EQ("Pelorix Background Processing Application", CaptionOfForm(instance.Get()));
 }
 
-TEST_F(Component, ForgetsItsServerPath) {
+TEST_F(Component, SeverPath_ReadsAsEmpty) {
     const auto instance = Create();
     EXPECT_EQ(S_OK, instance->put_SeverPath(Bstr(u"X").Get()));
     Bstr path;
@@ -66,7 +66,7 @@ TEST_F(Component, ForgetsItsServerPath) {
     EXPECT_EQ(u"", path.Text());
 }
 
-TEST_F(Component, KeepsWorkingForASinkThatKeepsIt) {
+TEST_F(Component, SinkKeepsEndedInstance_CallsFailWithError91) {
     auto instance = Create();
     Load(instance.Get());
     ComPtr<_clsQmxBackProcess> kept;
@@ -81,7 +81,7 @@ TEST_F(Component, KeepsWorkingForASinkThatKeepsIt) {
     EXPECT_EQ("0x800A005B", Hex(Notify(kept.Get(), u"QUERY")));
 }
 
-TEST_F(Component, SurvivesASinkThatReleasesItDuringAnEvent) {
+TEST_F(Component, SinkReleasesInstanceDuringEvent_NothingBreaks) {
     auto instance = Create();
     auto other = Create();
     const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
@@ -95,8 +95,8 @@ TEST_F(Component, SurvivesASinkThatReleasesItDuringAnEvent) {
     EXPECT_FALSE(sink->heard.empty());
 }
 
-/// A second copy of the component in the same process, as a module that brings its own has it.
-TEST_F(Component, TwoCopiesInOneProcess_EachHasItsForm) {
+/// A module may bring its own copy of the component, in addition to the registered one.
+TEST_F(Component, TwoCopiesInOneProcess_EachHasItsOwnForm) {
     const std::filesystem::path folder = ComponentDll().parent_path() / L"second copy";
     std::filesystem::create_directories(folder / L"dev");
     for (const wchar_t* file : {L"K4TBackProcess.dll", L"dev\\QmxKrn2K.dll"}) {
@@ -119,7 +119,7 @@ TEST_F(Component, TwoCopiesInOneProcess_EachHasItsForm) {
     EXPECT_EQ(2, FormWindows(GetCurrentThreadId()));
 }
 
-TEST_F(Component, StartsAnewWhenTheHomeThreadEnded) {
+TEST_F(Component, HomeThreadEnded_NewInstanceLoadsItsForm) {
     ComPtr<_clsQmxBackProcess> orphan;
     InOtherApartment([&] {
         orphan = Create();

@@ -1,4 +1,4 @@
-// The arguments of late-bound calls: what converts, and what is refused with which code.
+// Arguments of late-bound calls: which values are converted, and with which code others are refused.
 #include "tests/com/ComTest.h"
 #include "tests/com/DefaultProperty.h"
 
@@ -9,14 +9,14 @@ using testing::ElementsAre;
 
 class Conversion : public ComTest {
  protected:
-    /// The text that NotifyMe gets for `command`, or the error.
+    /// The double's log entry for NotifyMe with `command`, or the error.
     std::string Heard(VARIANT command) {
         TheDouble().log.clear();
         const Outcome outcome = Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {command, Missing()});
         if (outcome.result != S_OK) return Hex(outcome.result) + " at " + std::to_string(outcome.badArgument);
         return TheDouble().log.at(0);
     }
-    /// The same for Load's number.
+    /// The double's log entry for Load with `mode`, or the error.
     std::string Loaded(VARIANT mode) {
         TheDouble().log.clear();
         const Outcome outcome = Invoke(instance.Get(), kLoad, DISPATCH_METHOD, {mode});
@@ -30,14 +30,14 @@ class Conversion : public ComTest {
 constexpr char kMismatchAt0[] = "0x80020005 at 0";
 constexpr char kOverflowAt0[] = "0x8002000A at 0";
 
-TEST_F(Conversion, TakesNumbersAsText) {
+TEST_F(Conversion, Number_BecomesText) {
     EXPECT_EQ("notify [] [-7]", Heard(Number(-7)));
     VARIANT real = OfType(VT_R8);
     real.dblVal = 1.5;
     EXPECT_EQ("notify [] [1.5]", Heard(real));
 }
 
-TEST_F(Conversion, TakesFlagsAsWords) {
+TEST_F(Conversion, Boolean_BecomesTrueOrFalse) {
     VARIANT flag = OfType(VT_BOOL);
     EXPECT_EQ("notify [] [False]", Heard(flag));
     flag.boolVal = VARIANT_TRUE;
@@ -45,18 +45,18 @@ TEST_F(Conversion, TakesFlagsAsWords) {
     EXPECT_EQ("load -1", Loaded(flag));
 }
 
-TEST_F(Conversion, TakesDatesInTheClientsLocale) {
+TEST_F(Conversion, Date_BecomesTextInTheCallersLocale) {
     VARIANT date = OfType(VT_DATE);
     date.date = 36526;  // 1 January 2000
     EXPECT_EQ("notify [] [1/1/2000]", Heard(date));
 }
 
-TEST_F(Conversion, TakesEmptyAsNothing) {
+TEST_F(Conversion, Empty_BecomesEmptyTextOrZero) {
     EXPECT_EQ("notify [] []", Heard(OfType(VT_EMPTY)));
     EXPECT_EQ("load 0", Loaded(OfType(VT_EMPTY)));
 }
 
-TEST_F(Conversion, RefusesWhatHasNoValue) {
+TEST_F(Conversion, ValueWithoutAText_IsRefused) {
     EXPECT_EQ(kMismatchAt0, Heard(OfType(VT_NULL)));
     EXPECT_EQ(kMismatchAt0, Loaded(OfType(VT_NULL)));
     VARIANT error = OfType(VT_ERROR);
@@ -67,7 +67,7 @@ TEST_F(Conversion, RefusesWhatHasNoValue) {
     EXPECT_EQ(kMismatchAt0, Heard(OfType(VT_ARRAY | VT_UI1)));
 }
 
-TEST_F(Conversion, RoundsNumbersHalvesToEven) {
+TEST_F(Conversion, Half_IsRoundedToEven) {
     VARIANT real = OfType(VT_R8);
     real.dblVal = 2.5;
     EXPECT_EQ("load 2", Loaded(real));
@@ -75,7 +75,7 @@ TEST_F(Conversion, RoundsNumbersHalvesToEven) {
     EXPECT_EQ("load 4", Loaded(real));
 }
 
-TEST_F(Conversion, TellsOverflowFromMismatch) {
+TEST_F(Conversion, OverflowAndMismatch_HaveDifferentCodes) {
     VARIANT large = OfType(VT_I4);
     large.lVal = 70000;
     EXPECT_EQ(kOverflowAt0, Loaded(large));
@@ -85,7 +85,7 @@ TEST_F(Conversion, TellsOverflowFromMismatch) {
     EXPECT_EQ("load 12", Loaded(Text(digits)));
 }
 
-TEST_F(Conversion, ReadsThroughReferences) {
+TEST_F(Conversion, Reference_IsFollowed) {
     Bstr text(u"by reference");
     EXPECT_EQ("notify [] [by reference]", Heard(ByReference(text.Address())));
     VARIANT plain = Number(3);
@@ -96,13 +96,13 @@ TEST_F(Conversion, ReadsThroughReferences) {
     EXPECT_EQ("0x80004003 at 0", Heard(nothing));
 }
 
-TEST_F(Conversion, KeepsNulsAndLoneSurrogates) {
+TEST_F(Conversion, NulsAndLoneSurrogates_AreKept) {
     const String text = {u'a', u'\0', char16_t{0xD800}, u'b'};
     Heard(Text(Bstr(text)));
     EXPECT_EQ(TheDouble().lastCommand, text);
 }
 
-TEST_F(Conversion, AsksObjectsForTheirDefaultProperty) {
+TEST_F(Conversion, Object_IsReadThroughItsDefaultProperty) {
     Variant inner(StringView(u"of the object"));
     const auto object = DefaultProperty::Make(inner.Get());
     VARIANT argument = OfType(VT_DISPATCH);
@@ -113,7 +113,7 @@ TEST_F(Conversion, AsksObjectsForTheirDefaultProperty) {
     EXPECT_EQ("notify [] [of the object]", Heard(unknown));
 }
 
-TEST_F(Conversion, RefusesObjectsThatAnswerWithThemselvesForEver) {
+TEST_F(Conversion, ObjectThatReturnsItself_IsRefused) {
     const auto object = DefaultProperty::Make(OfType(VT_EMPTY));
     object->answersItself = true;
     VARIANT argument = OfType(VT_DISPATCH);
@@ -121,7 +121,7 @@ TEST_F(Conversion, RefusesObjectsThatAnswerWithThemselvesForEver) {
     EXPECT_EQ(kMismatchAt0, Heard(argument));
 }
 
-TEST_F(Conversion, RefusesObjectsWhoseDefaultPropertyFails) {
+TEST_F(Conversion, ObjectWhoseDefaultPropertyFails_IsRefused) {
     const auto object = DefaultProperty::Make(OfType(VT_EMPTY));
     object->failure = DISP_E_EXCEPTION;
     VARIANT argument = OfType(VT_DISPATCH);
@@ -129,14 +129,14 @@ TEST_F(Conversion, RefusesObjectsWhoseDefaultPropertyFails) {
     EXPECT_EQ(kMismatchAt0, Heard(argument));
 }
 
-TEST_F(Conversion, LeavesUnchangedTextWhereItIs) {
+TEST_F(Conversion, UnchangedText_KeepsItsAddress) {
     Bstr command(u"QUIET");
     const BSTR before = command.Get();
     EXPECT_EQ("notify [] [QUIET]", Heard(ByReference(command.Address())));
     EXPECT_EQ(before, command.Get());
 }
 
-TEST_F(Conversion, LeavesVariablesOfAFailedCallAlone) {
+TEST_F(Conversion, FailedCall_LeavesTheCallersVariablesAlone) {
     Bstr command(u"FAIL 5|no");
     EXPECT_EQ("0x80020009 at 77", Heard(ByReference(command.Address())));
     EXPECT_EQ(u"FAIL 5|no", command.Text());

@@ -1,4 +1,4 @@
-// A client's object whose value is its default property.
+// A client's object that has a value only as its default property.
 #pragma once
 
 #include "host/com/ComPtr.h"
@@ -8,7 +8,7 @@ namespace tests::com {
 
 class DefaultProperty final : public IDispatch {
  public:
-    /// `value` is borrowed.
+    /// `value` must outlive the object.
     static host::com::ComPtr<DefaultProperty> Make(const VARIANT& value) {
         return host::com::ComPtr<DefaultProperty>::Attach(new DefaultProperty(value));
     }

@@ -1,4 +1,4 @@
-// The diagnostics interface of an instance, at the edge and with the component behind it.
+// The diagnostics interface of an instance, with the double and with the real component.
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/ComponentLibrary.h"
@@ -19,7 +19,7 @@ class Diagnostics : public ComTest {
     ComPtr<IK4TDiagnostics> diagnostics = DiagnosticsOf(instance.Get());
 };
 
-TEST_F(Diagnostics, IsTheInstanceItself) {
+TEST_F(Diagnostics, Query_GivesTheInstanceItself) {
     ASSERT_TRUE(diagnostics);
     EXPECT_EQ(Query<IUnknown>(instance.Get(), IID_IUnknown).Get(),
               Query<IUnknown>(diagnostics.Get(), IID_IUnknown).Get());
@@ -83,7 +83,7 @@ TEST_F(Diagnostics, ProxyOfAnotherApartment_HasNone) {
     EXPECT_EQ(S_OK, host::com::UnregisterServer());
 }
 
-/// With the component behind the edge.
+/// Uses the real component.
 class DiagnosticsOfTheComponent : public testing::Test {
  protected:
     DiagnosticsOfTheComponent() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }

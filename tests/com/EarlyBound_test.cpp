@@ -1,4 +1,4 @@
-// Calls through the interface's own table: missing and null strings, what comes back, errors with their object.
+// Calls through the interface: missing and null strings, results, and errors with their error objects.
 #include <limits>
 
 #include "tests/com/ComTest.h"
@@ -16,7 +16,7 @@ class EarlyBound : public ComTest {
     ComPtr<_clsQmxBackProcess> instance = MakeInstance();
 };
 
-TEST_F(EarlyBound, LoadTakesItsNumber) {
+TEST_F(EarlyBound, Load_PassesItsNumber) {
     short mode = 99;
     VARIANT_BOOL result = VARIANT_FALSE;
     EXPECT_EQ(S_OK, instance->Load(&mode, &result));
@@ -24,7 +24,7 @@ TEST_F(EarlyBound, LoadTakesItsNumber) {
     EXPECT_EQ(VARIANT_TRUE, result);
 }
 
-TEST_F(EarlyBound, PlacesMustBeThere) {
+TEST_F(EarlyBound, NullResultPointer_IsRefused) {
     short mode = 1;
     VARIANT_BOOL result = VARIANT_TRUE;
     EXPECT_EQ("0x80004003", Hex(instance->Load(&mode, nullptr)));
@@ -36,7 +36,7 @@ TEST_F(EarlyBound, PlacesMustBeThere) {
     EXPECT_THAT(TheDouble().log, ElementsAre());
 }
 
-TEST_F(EarlyBound, NullMeansMissingAndNullStringsAreEmpty) {
+TEST_F(EarlyBound, NullPointerAndNullString_AreEmptyTexts) {
     BSTR null = nullptr;
     EXPECT_EQ(S_OK, instance->NotifyMe(nullptr, nullptr));
     EXPECT_EQ(S_OK, instance->NotifyMe(&null, &null));
@@ -62,7 +62,7 @@ TEST_F(EarlyBound, SinkChangesTheEvent_CallersStringsStay) {
     EXPECT_EQ(S_OK, EventsOf(instance.Get())->Unadvise(cookie));
 }
 
-TEST_F(EarlyBound, SeverPathIsPutAndRead) {
+TEST_F(EarlyBound, SeverPath_IsPutAndRead) {
     EXPECT_EQ(S_OK, instance->put_SeverPath(Bstr(u"X").Get()));
     EXPECT_EQ(S_OK, instance->put_SeverPath(nullptr));
     Bstr read;
@@ -71,21 +71,21 @@ TEST_F(EarlyBound, SeverPathIsPutAndRead) {
     EXPECT_THAT(TheDouble().log, ElementsAre("put [X]", "put []", "get"));
 }
 
-TEST_F(EarlyBound, ErrorsOfTheRuntimeHaveAnErrorObject) {
+TEST_F(EarlyBound, RuntimeError_HasAnErrorObject) {
     EXPECT_EQ("0x800A270F", Hex(Notify(instance.Get(), u"FAIL 9999|silent")));
     const ErrorObject error = TakeErrorObject();
     EXPECT_EQ("silent", error.description);
     EXPECT_EQ("K4TBackProcess", error.source);
 }
 
-TEST_F(EarlyBound, NumbersBeyondTheRuntimesAreInternalErrors) {
+TEST_F(EarlyBound, NumberAbove65535_IsAnInternalError) {
     EXPECT_EQ("0x800AFFFF", Hex(Notify(instance.Get(), u"FAIL 65535|last")));
     EXPECT_EQ("0x800A0033", Hex(Notify(instance.Get(), u"FAIL 65536|beyond")));
     EXPECT_EQ("beyond", TakeErrorObject().description);
     EXPECT_EQ("0x80004005", Hex(Notify(instance.Get(), u"FAIL -2147467259|foreign")));
 }
 
-TEST_F(EarlyBound, LackOfMemoryAndOddFailuresAreTold) {
+TEST_F(EarlyBound, LackOfMemoryAndOtherExceptions_AreReported) {
     SetErrorInfo(0, nullptr);
     EXPECT_EQ("0x8007000E", Hex(Notify(instance.Get(), u"MEMORY")));
     EXPECT_FALSE(TakeErrorObject().isThere);
@@ -95,13 +95,13 @@ TEST_F(EarlyBound, LackOfMemoryAndOddFailuresAreTold) {
     EXPECT_EQ("Internal error: no such place", TakeErrorObject().description);
 }
 
-TEST_F(EarlyBound, AFailureWithoutDescriptionLeavesNoOldOne) {
+TEST_F(EarlyBound, FailureWithoutDescription_ClearsTheOldOne) {
     Notify(instance.Get(), u"FAIL 5|old");
     EXPECT_EQ("0x80004003", Hex(instance->get_SeverPath(nullptr)));
     EXPECT_FALSE(TakeErrorObject().isThere);
 }
 
-TEST_F(EarlyBound, ErrorsAreSupportedByTheInterface) {
+TEST_F(EarlyBound, Interface_SupportsErrorInfo) {
     const auto support = Query<ISupportErrorInfo>(instance.Get(), IID_ISupportErrorInfo);
     EXPECT_EQ(S_OK, support->InterfaceSupportsErrorInfo(IID__clsQmxBackProcess));
     EXPECT_EQ(S_FALSE, support->InterfaceSupportsErrorInfo(IID_IConnectionPointContainer));

@@ -1,4 +1,4 @@
-// The thread's error object after each member: a text of that very call, or none.
+// The thread's error object after each member: it belongs to that call or does not exist.
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 class ErrorObjectAfter : public ComTest {
  protected:
-    /// The text after `call`, which is made while a text of another component is there.
+    /// The description after `call`. Before the call, the thread has an error object of another component.
     template <typename Call>
     static std::string TextAfter(Call&& call) {
         LeaveErrorObject(u"foreign");
@@ -39,7 +39,7 @@ TEST_F(ErrorObjectAfter, Success_IsNone) {
               }));
 }
 
-TEST_F(ErrorObjectAfter, FailureWithoutAText_IsNone) {
+TEST_F(ErrorObjectAfter, FailureWithoutDescription_IsNone) {
     EXPECT_EQ("(none)",
               TextAfter([&] { EXPECT_EQ("0x80020003", Hex(Invoke(instance.Get(), 99, DISPATCH_METHOD, {}).result)); }));
     EXPECT_EQ("(none)", TextAfter([&] {
@@ -53,19 +53,19 @@ TEST_F(ErrorObjectAfter, FailureWithoutAText_IsNone) {
     EXPECT_EQ("(none)", TextAfter([&] { EXPECT_EQ("0x80004003", Hex(point->GetConnectionInterface(nullptr))); }));
 }
 
-TEST_F(ErrorObjectAfter, EventWhoseSinkLeftAText_IsNone) {
+TEST_F(ErrorObjectAfter, EventWhoseSinkLeftADescription_IsNone) {
     const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO&) {
         LeaveErrorObject(u"of the sink");
         return S_OK;
     });
     Advise(instance.Get(), sink.Get());
     EXPECT_EQ("(none)", TextAfter([&] { EXPECT_EQ(S_OK, Notify(instance.Get(), u"RAISE a|b")); }));
-    // The release tells the sink, too; what the client had before is there afterwards.
+    // The release raises an event, too. Afterwards the client's earlier error object is still there.
     point.Reset();
     EXPECT_EQ("foreign", TextAfter([&] { instance.Reset(); }));
 }
 
-TEST_F(ErrorObjectAfter, ConnectionPoint_SaysThatItLeavesTexts) {
+TEST_F(ErrorObjectAfter, ConnectionPoint_SupportsErrorInfo) {
     const auto support = Query<ISupportErrorInfo>(point.Get(), IID_ISupportErrorInfo);
     ASSERT_TRUE(support);
     EXPECT_EQ(S_OK, support->InterfaceSupportsErrorInfo(IID_IConnectionPoint));

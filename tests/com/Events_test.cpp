@@ -1,4 +1,4 @@
-// Events and the sinks that hear them, the well-behaved and the others.
+// Events and their sinks, including sinks that fail or change connections during an event.
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
 
@@ -9,7 +9,7 @@ using testing::ElementsAre;
 
 class Events : public ComTest {
  protected:
-    // The sinks' handlers refer to the test's variables, which are gone by then.
+    // The sinks' handlers use variables of the test, which no longer exist here. So SHUTDOWN must not be raised.
     void TearDown() override { TheDouble().endsQuietly = true; }
 
     HRESULT Raise(StringView what) { return Notify(instance.Get(), u"RAISE " + String(what)); }
@@ -27,7 +27,7 @@ HRESULT Fail(EXCEPINFO& exception, HRESULT scode, WORD code, StringView descript
     return DISP_E_EXCEPTION;
 }
 
-TEST_F(Events, ReachEachSinkInTheOrderOfConnection) {
+TEST_F(Events, Event_ReachesSinksInTheOrderOfConnection) {
     std::string order;
     const auto note = [&order](char which) {
         return [&order, which](BSTR&, BSTR&, EXCEPINFO&) {
@@ -44,7 +44,7 @@ TEST_F(Events, ReachEachSinkInTheOrderOfConnection) {
     EXPECT_THAT(second->heard, ElementsAre("NAME|text"));
 }
 
-TEST_F(Events, OneSinkMayBeConnectedTwice) {
+TEST_F(Events, SinkConnectedTwice_ReceivesTwice) {
     const auto sink = Sink::Make();
     const DWORD first = Advise(instance.Get(), sink.Get());
     const DWORD second = Advise(instance.Get(), sink.Get());
@@ -56,7 +56,7 @@ TEST_F(Events, OneSinkMayBeConnectedTwice) {
     EXPECT_THAT(sink->heard, ElementsAre("a|b", "a|b", "c|d"));
 }
 
-TEST_F(Events, ChangesGoOnToTheNextSinkAndBack) {
+TEST_F(Events, SinkChangesTheStrings_NextSinkAndCallerSeeIt) {
     const auto changing = Sink::Make([](BSTR& name, BSTR& command, EXCEPINFO&) {
         Replace(name, u"N2");
         SysFreeString(std::exchange(command, nullptr));
@@ -70,7 +70,7 @@ TEST_F(Events, ChangesGoOnToTheNextSinkAndBack) {
     EXPECT_EQ("N2|", TheDouble().raised);
 }
 
-TEST_F(Events, ASinkConnectedByAHandlerHearsTheNextEventOnly) {
+TEST_F(Events, SinkConnectedInAHandler_ReceivesTheNextEvent) {
     const auto late = Sink::Make();
     bool isConnected = false;
     const auto connecting = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
@@ -84,7 +84,7 @@ TEST_F(Events, ASinkConnectedByAHandlerHearsTheNextEventOnly) {
     EXPECT_THAT(late->heard, ElementsAre("second|"));
 }
 
-TEST_F(Events, ASinkDisconnectedBeforeItsTurnIsNotTold) {
+TEST_F(Events, SinkDisconnectedBeforeItsTurn_ReceivesNothing) {
     DWORD cookie = 0;
     const auto disconnecting = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
         if (cookie != 0) Unadvise(std::exchange(cookie, 0));
@@ -100,7 +100,7 @@ TEST_F(Events, ASinkDisconnectedBeforeItsTurnIsNotTold) {
     EXPECT_THAT(last->heard, ElementsAre("x|"));
 }
 
-TEST_F(Events, ASinkMayDisconnectItselfAndBeGone) {
+TEST_F(Events, SinkDisconnectsItself_IsReleasedAfterItsCall) {
     DWORD cookie = 0;
     bool isReleased = false;
     auto leaving = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
@@ -118,7 +118,7 @@ TEST_F(Events, ASinkMayDisconnectItselfAndBeGone) {
     EXPECT_THAT(next->heard, ElementsAre("x|"));
 }
 
-TEST_F(Events, ASinkMayRaiseTheSameCommandAgain) {
+TEST_F(Events, SinkRaisesAnEvent_EventsNest) {
     int depth = 0;
     const auto raising = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) { return ++depth < 3 ? Raise(u"again|") : S_OK; });
     const auto next = Sink::Make();
@@ -128,7 +128,7 @@ TEST_F(Events, ASinkMayRaiseTheSameCommandAgain) {
     EXPECT_THAT(next->heard, ElementsAre("again|", "again|", "first|"));
 }
 
-TEST_F(Events, ASinkMayDestroyAnotherInstance) {
+TEST_F(Events, SinkDestroysAnotherInstance_EventContinues) {
     auto other = MakeInstance();
     const auto listener = Sink::Make();
     Advise(other.Get(), listener.Get());
@@ -144,7 +144,7 @@ TEST_F(Events, ASinkMayDestroyAnotherInstance) {
     EXPECT_THAT(next->heard, ElementsAre("x|"));
 }
 
-TEST_F(Events, ASinkMayReleaseTheLastReference) {
+TEST_F(Events, SinkReleasesTheLastReference_EventContinues) {
     _clsQmxBackProcess* const last = instance.Detach();
     bool isReleased = false;
     const auto releasing = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
@@ -159,7 +159,7 @@ TEST_F(Events, ASinkMayReleaseTheLastReference) {
     EXPECT_EQ("destroyed", TheDouble().log.back());
 }
 
-TEST_F(Events, AFailureIsThrownAfterAllWereTold) {
+TEST_F(Events, SinkFails_ErrorIsThrownAfterAllSinks) {
     const auto failing =
         Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) { return Fail(e, static_cast<HRESULT>(0x800A0005), 0, u"first"); });
     const auto failingToo = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) { return Fail(e, 0, 1001, u"second"); });
@@ -170,7 +170,7 @@ TEST_F(Events, AFailureIsThrownAfterAllWereTold) {
     EXPECT_THAT(last->heard, ElementsAre("x|"));
 }
 
-TEST_F(Events, FailuresKeepTheirNumbers) {
+TEST_F(Events, SinkFails_ErrorKeepsItsNumber) {
     struct Case {
         HRESULT scode;
         WORD code;
@@ -192,7 +192,7 @@ TEST_F(Events, FailuresKeepTheirNumbers) {
     }
 }
 
-TEST_F(Events, AFailureWithoutDescriptionGetsTheStandardOne) {
+TEST_F(Events, SinkFailsWithoutDescription_GetsTheStandardOne) {
     const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) {
         e.scode = static_cast<HRESULT>(0x800A004C);
         return DISP_E_EXCEPTION;
@@ -211,7 +211,7 @@ HRESULT WINAPI FillInLate(EXCEPINFO* exception) {
     return S_OK;
 }
 
-TEST_F(Events, AFailureMayBeFilledInLate) {
+TEST_F(Events, SinkFailsWithDeferredDetails_TheyAreFilledIn) {
     const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) {
         e.pfnDeferredFillIn = FillInLate;
         return DISP_E_EXCEPTION;
@@ -221,7 +221,7 @@ TEST_F(Events, AFailureMayBeFilledInLate) {
     EXPECT_EQ("late", TakeErrorObject().description);
 }
 
-TEST_F(Events, PlainFailuresCountUnlessTheEventIsUnknown) {
+TEST_F(Events, SinkReturnsAFailure_IsAnErrorUnlessEventUnknown) {
     HRESULT answer = S_OK;
     const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) { return answer; });
     Advise(instance.Get(), sink.Get());
@@ -239,7 +239,7 @@ TEST_F(Events, PlainFailuresCountUnlessTheEventIsUnknown) {
     EXPECT_EQ(S_OK, Raise(u"x|"));
 }
 
-TEST_F(Events, SinkWhosePeerIsGone_IsDroppedWithoutAnError) {
+TEST_F(Events, SinkOfAnEndedProcess_IsDroppedWithoutAnError) {
     const std::uint32_t answers[] = {0x80010108, 0x80010007, 0x80010012, 0x800401FD, 0x80010114,
                                      0x800706B5, 0x800706BA, 0x800706BE, 0x800706BF};
     for (const std::uint32_t answer : answers) {
@@ -254,7 +254,7 @@ TEST_F(Events, SinkWhosePeerIsGone_IsDroppedWithoutAnError) {
     }
 }
 
-TEST_F(Events, SinkWhosePeerIsGone_MayHaveBeenDisconnectedMeanwhile) {
+TEST_F(Events, SinkOfAnEndedProcess_MayBeDisconnectedAlready) {
     DWORD cookie = 0;
     const auto gone = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
         Unadvise(cookie);
@@ -264,7 +264,7 @@ TEST_F(Events, SinkWhosePeerIsGone_MayHaveBeenDisconnectedMeanwhile) {
     EXPECT_EQ("0x00000000", Hex(Raise(u"x|")));
 }
 
-TEST_F(Events, ErrorRaisedByAHandlerWithSuchACode_IsAnError) {
+TEST_F(Events, HandlerRaisesADisconnectCode_IsAnError) {
     const auto failing =
         Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) { return Fail(e, RPC_E_DISCONNECTED, 0, u"of the handler"); });
     const DWORD cookie = Advise(instance.Get(), failing.Get());
@@ -273,7 +273,7 @@ TEST_F(Events, ErrorRaisedByAHandlerWithSuchACode_IsAnError) {
     Unadvise(cookie);
 }
 
-TEST_F(Events, WhatAFailingSinkChangedStillGoesOn) {
+TEST_F(Events, SinkChangesAndFails_NextSinkSeesTheChange) {
     const auto failing = Sink::Make([](BSTR& name, BSTR&, EXCEPINFO&) {
         Replace(name, u"changed");
         return E_FAIL;
@@ -285,7 +285,7 @@ TEST_F(Events, WhatAFailingSinkChangedStillGoesOn) {
     EXPECT_THAT(next->heard, ElementsAre("changed|"));
 }
 
-TEST_F(Events, ObjectsThatAreNoSinksAreRefused) {
+TEST_F(Events, ObjectWithoutASinkInterface_IsRefused) {
     const auto stranger = Sink::Make({}, SinkKind::kNoSink);
     const auto point = EventsOf(instance.Get());
     DWORD cookie = 5;
@@ -299,7 +299,7 @@ TEST_F(Events, ObjectsThatAreNoSinksAreRefused) {
     EXPECT_EQ("there is no connection 12345", TakeErrorObject().description);
 }
 
-TEST_F(Events, CookiesAreNeverUsedAgain) {
+TEST_F(Events, Cookie_IsNeverReused) {
     const auto sink = Sink::Make();
     const DWORD first = Advise(instance.Get(), sink.Get());
     Unadvise(first);

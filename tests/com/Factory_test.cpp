@@ -12,7 +12,7 @@ using host::com::CanUnload;
 
 class FactoryTest : public ComTest {};
 
-TEST_F(FactoryTest, OneClassIsMade) {
+TEST_F(FactoryTest, UnknownClassOrInterface_IsRefused) {
     ComPtr<IClassFactory> factory;
     EXPECT_EQ("0x80040111", Hex(host::com::GetClassObject(IID_IUnknown, IID_IClassFactory, factory.PutVoid())));
     EXPECT_EQ("0x80004002", Hex(host::com::GetClassObject(CLSID_clsQmxBackProcess, IID_IDispatch, factory.PutVoid())));
@@ -20,7 +20,7 @@ TEST_F(FactoryTest, OneClassIsMade) {
     EXPECT_EQ("0x80004003", Hex(host::com::GetClassObject(CLSID_clsQmxBackProcess, IID_IClassFactory, nullptr)));
 }
 
-TEST_F(FactoryTest, AggregationIsRefused) {
+TEST_F(FactoryTest, Aggregation_IsRefused) {
     const auto outer = MakeInstance();
     ComPtr<IUnknown> inner;
     EXPECT_EQ("0x80040110", Hex(Factory()->CreateInstance(outer.Get(), IID_IUnknown, inner.PutVoid())));
@@ -28,7 +28,7 @@ TEST_F(FactoryTest, AggregationIsRefused) {
     EXPECT_FALSE(inner);
 }
 
-TEST_F(FactoryTest, UnknownInterfacesLeaveNoInstance) {
+TEST_F(FactoryTest, UnknownInterface_LeavesNoInstance) {
     ComPtr<IUnknown> none;
     EXPECT_EQ("0x80004002", Hex(Factory()->CreateInstance(nullptr, IID_IExternalConnection, none.PutVoid())));
     EXPECT_EQ("0x80004003", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, nullptr)));
@@ -36,7 +36,7 @@ TEST_F(FactoryTest, UnknownInterfacesLeaveNoInstance) {
     EXPECT_TRUE(CanUnload());
 }
 
-TEST_F(FactoryTest, SaysThatItLeavesTextsAndLeavesNoForeignOne) {
+TEST_F(FactoryTest, ErrorObject_IsSupportedAndNeverForeign) {
     const auto factory = Factory();
     const auto support = Query<ISupportErrorInfo>(factory.Get(), IID_ISupportErrorInfo);
     ASSERT_TRUE(support);
@@ -57,7 +57,7 @@ TEST_F(FactoryTest, SaysThatItLeavesTextsAndLeavesNoForeignOne) {
     EXPECT_EQ("(none)", TextOfErrorObject());
 }
 
-TEST_F(FactoryTest, AnErrorOfTheCreationReachesTheClient) {
+TEST_F(FactoryTest, CreationFails_ReturnsTheError) {
     TheDouble().makeError = 53;
     ComPtr<IUnknown> none;
     EXPECT_EQ("0x800A0035", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
@@ -65,7 +65,7 @@ TEST_F(FactoryTest, AnErrorOfTheCreationReachesTheClient) {
     EXPECT_TRUE(CanUnload());
 }
 
-TEST_F(FactoryTest, FactoriesInstancesAndLocksKeepTheServer) {
+TEST_F(FactoryTest, FactoriesInstancesAndLocks_KeepTheServer) {
     auto factory = Factory();
     EXPECT_FALSE(CanUnload());
     factory->LockServer(TRUE);
@@ -82,7 +82,7 @@ TEST_F(FactoryTest, FactoriesInstancesAndLocksKeepTheServer) {
     EXPECT_TRUE(CanUnload());
 }
 
-TEST_F(FactoryTest, UnlockedOnceTooOften_FactoriesAndLocksStillCount) {
+TEST_F(FactoryTest, UnlockedTooOften_FactoriesAndLocksStillCount) {
     auto factory = Factory();
     factory->LockServer(TRUE);
     factory->LockServer(FALSE);
@@ -99,19 +99,19 @@ TEST_F(FactoryTest, HomeThatCannotBeTakenBackYet_KeepsTheServer) {
     TheDouble().liveWindows = 1;
     MakeInstance();
     TheDouble().liveWindows = 0;
-    // Only a thread with COM can take the home's factory out of the process's table.
+    // Only a thread with COM can remove the home's factory from the process's table.
     std::thread([] { EXPECT_FALSE(CanUnload()); }).join();
     EXPECT_TRUE(CanUnload());
 }
 
-TEST_F(FactoryTest, AWindowKeepsTheServer) {
+TEST_F(FactoryTest, LiveWindow_KeepsTheServer) {
     TheDouble().liveWindows = 1;
     EXPECT_FALSE(CanUnload());
     TheDouble().liveWindows = 0;
     EXPECT_TRUE(CanUnload());
 }
 
-TEST_F(FactoryTest, WithoutComNothingIsMade) {
+TEST_F(FactoryTest, ThreadWithoutCom_CreationIsRefused) {
     CoUninitialize();
     ComPtr<IUnknown> none;
     EXPECT_EQ("0x800401F0", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));

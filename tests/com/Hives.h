@@ -1,4 +1,4 @@
-// The registry as a test sees it: everything below a key, and a key of the tests' own.
+// Snapshots of the registry, and a registry key for tests.
 #pragma once
 
 #include <map>
@@ -8,7 +8,7 @@
 
 namespace tests::com {
 
-/// "path\name" to the value's type and bytes; a key itself stands as "path\".
+/// Maps "path\name" to a value's type and bytes. A key has the entry "path\".
 using Hive = std::map<std::u16string, std::string>;
 
 Hive Snapshot(HKEY root, const wchar_t* path);

@@ -1,5 +1,5 @@
-// Clients on several threads at once, each of which makes an instance, uses it and lets it go: the home apartment comes
-// and goes all the time, and each creation must find one.
+// Several threads create, use and release instances at the same time. Home apartments begin and end all the time, and
+// each creation must find one or become one.
 #include <atomic>
 #include <cstdio>
 #include <functional>
@@ -24,7 +24,8 @@ class HomeRace : public testing::Test {
         EXPECT_EQ(S_OK, library_.CanUnload());
     }
 
-    /// The work of one thread. It serves its messages until all have done theirs: it may be home for the others.
+    /// The work of one thread. Afterwards it dispatches messages until all threads have finished, because it may be the
+    /// home of their instances.
     void Work(int rounds) {
         CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
         for (int i = 0; i < rounds; ++i) {
@@ -64,7 +65,7 @@ class HomeRace : public testing::Test {
     }
 };
 
-TEST_F(HomeRace, FourThreadsCreateWhileHomesComeAndGo_NoneFails) {
+TEST_F(HomeRace, FourThreadsCreateAndRelease_NoCreationFails) {
     const int rounds = Rounds(600, 60) / kThreads;
     std::vector<std::thread> threads;
     for (int i = 0; i < kThreads; ++i) threads.emplace_back([&] { Work(rounds); });

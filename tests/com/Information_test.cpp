@@ -1,4 +1,4 @@
-// What the instance tells about itself: interfaces, class information, the type library, enumerators.
+// The instance's descriptions of itself: interfaces, class information, the type library, enumerators.
 #include <utility>
 
 #include "host/com/HomeApartment.h"
@@ -28,7 +28,7 @@ ULONG ReferencesTo(IUnknown* object) {
     return object->Release();
 }
 
-TEST_F(Information, InstancesLive_TheTypeLibraryStaysOpen) {
+TEST_F(Information, LiveInstances_KeepTheTypeLibraryOpen) {
     {
         const auto second = MakeInstance();
         const auto library = OwnTypeLibrary();
@@ -51,7 +51,7 @@ std::string NameOf(ITypeInfo* type, DISPID member) {
     return Utf8(name.Get());
 }
 
-TEST_F(Information, TheIdentityIsOne) {
+TEST_F(Information, AllInterfaces_HaveOneIdentity) {
     const auto identity = Query<IUnknown>(instance.Get(), IID_IUnknown);
     for (const IID* iid : {&IID_IDispatch, &IID__clsQmxBackProcess, &IID_IProvideClassInfo, &IID_IProvideClassInfo2,
                            &IID_ISupportErrorInfo, &IID_IConnectionPointContainer}) {
@@ -63,7 +63,7 @@ TEST_F(Information, TheIdentityIsOne) {
     EXPECT_NE(identity.Get(), Query<IUnknown>(point.Get(), IID_IUnknown).Get());
 }
 
-TEST_F(Information, OtherInterfacesAreRefused) {
+TEST_F(Information, OtherInterfaces_AreRefused) {
     IUnknown* found = instance.Get();
     EXPECT_EQ("0x80004002", Hex(instance->QueryInterface(IID_IExternalConnection, reinterpret_cast<void**>(&found))));
     EXPECT_EQ(nullptr, found);
@@ -71,7 +71,7 @@ TEST_F(Information, OtherInterfacesAreRefused) {
     EXPECT_FALSE(Query<IUnknown>(EventsOf(instance.Get()).Get(), IID_IDispatch));
 }
 
-TEST_F(Information, TheLibraryIsTheOneDescribed) {
+TEST_F(Information, TypeLibrary_HasItsIdentifierAndVersion) {
     const auto library = OwnTypeLibrary();
     TLIBATTR* attributes = nullptr;
     ASSERT_EQ(S_OK, library->GetLibAttr(&attributes));
@@ -87,7 +87,7 @@ TEST_F(Information, TheLibraryIsTheOneDescribed) {
     EXPECT_EQ(u"Pelorix Back process Manager", help.Text());
 }
 
-/// A type of the library, and what it has: "name {identifier} kind 4 flags 0x1050 functions 4 interfaces 1".
+/// Describes a type of the library: "name {identifier} kind 4 flags 0x1050 functions 4 interfaces 1".
 std::string Described(ITypeInfo* type) {
     TYPEATTR* attributes = nullptr;
     type->GetTypeAttr(&attributes);
@@ -100,8 +100,9 @@ std::string Described(ITypeInfo* type) {
     return text;
 }
 
-/// The library is fixed: clients are compiled against it. The diagnostics interface is not in it.
-TEST_F(Information, TheLibraryHasTheseTypesOnly) {
+/// The type library must never change, because clients are compiled against it. It does not contain the diagnostics
+/// interface.
+TEST_F(Information, TypeLibrary_HasThreeFixedTypes) {
     const auto library = OwnTypeLibrary();
     std::vector<std::string> types;
     for (UINT i = 0; i < library->GetTypeInfoCount(); ++i) {
@@ -117,7 +118,7 @@ TEST_F(Information, TheLibraryHasTheseTypesOnly) {
                                    "functions 0 interfaces 2"));
 }
 
-TEST_F(Information, TheClassNamesItsInterfaces) {
+TEST_F(Information, ClassInfo_NamesBothInterfaces) {
     const auto provider = Query<IProvideClassInfo>(instance.Get(), IID_IProvideClassInfo);
     ComPtr<ITypeInfo> type;
     ASSERT_EQ(S_OK, provider->GetClassInfo(type.Put()));
@@ -137,7 +138,7 @@ TEST_F(Information, TheClassNamesItsInterfaces) {
     }
 }
 
-TEST_F(Information, TheDefaultEventInterfaceIsTold) {
+TEST_F(Information, GetGUID_ReturnsTheEventInterface) {
     const auto provider = Query<IProvideClassInfo2>(instance.Get(), IID_IProvideClassInfo2);
     GUID guid = GUID_NULL;
     EXPECT_EQ(S_OK, provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, &guid));
@@ -147,7 +148,7 @@ TEST_F(Information, TheDefaultEventInterfaceIsTold) {
     EXPECT_EQ("0x80004003", Hex(provider->GetGUID(GUIDKIND_DEFAULT_SOURCE_DISP_IID, nullptr)));
 }
 
-TEST_F(Information, MembersStandInTheirOrder) {
+TEST_F(Information, Members_HaveTheirFixedOrder) {
     ComPtr<ITypeInfo> type;
     ASSERT_EQ(S_OK, instance->GetTypeInfo(0, 0x409, type.Put()));
     EXPECT_EQ("_clsQmxBackProcess", NameOf(type.Get()));
@@ -167,8 +168,8 @@ TEST_F(Information, MembersStandInTheirOrder) {
                                      "SeverPath 3 kind 4 slot 10"));
 }
 
-// Late binding has a table of its own; it must say what the library says.
-TEST_F(Information, NamesAgreeWithTheLibrary) {
+// Late binding uses its own table. The table must match the type library.
+TEST_F(Information, NamesOfLateBinding_MatchTheTypeLibrary) {
     ComPtr<ITypeInfo> type;
     ASSERT_EQ(S_OK, instance->GetTypeInfo(0, 0, type.Put()));
     const std::pair<DISPID, UINT> namesOfMembers[] = {{kLoad, 2}, {kNotifyMe, 3}, {kSeverPath, 1}};
@@ -185,7 +186,7 @@ TEST_F(Information, NamesAgreeWithTheLibrary) {
     }
 }
 
-TEST_F(Information, ThereIsOneTypeInformation) {
+TEST_F(Information, GetTypeInfo_HasOneType) {
     UINT count = 0;
     EXPECT_EQ(S_OK, instance->GetTypeInfoCount(&count));
     EXPECT_EQ(1u, count);
@@ -195,7 +196,7 @@ TEST_F(Information, ThereIsOneTypeInformation) {
     EXPECT_EQ("0x80004003", Hex(instance->GetTypeInfo(0, 0, nullptr)));
 }
 
-TEST_F(Information, ConnectionPointsAreFoundAndEnumerated) {
+TEST_F(Information, ConnectionPoints_AreFoundAndEnumerated) {
     const auto container = Query<IConnectionPointContainer>(instance.Get(), IID_IConnectionPointContainer);
     ComPtr<IConnectionPoint> point;
     EXPECT_EQ("0x80040200", Hex(container->FindConnectionPoint(IID_IDispatch, point.Put())));
@@ -215,13 +216,13 @@ TEST_F(Information, ConnectionPointsAreFoundAndEnumerated) {
     EXPECT_EQ(0u, fetched);
 }
 
-TEST_F(Information, ConnectionsAreEnumerated) {
+TEST_F(Information, Connections_AreEnumerated) {
     const auto sinks = {Sink::Make(), Sink::Make(), Sink::Make()};
     std::vector<DWORD> cookies;
     for (const auto& sink : sinks) cookies.push_back(Advise(instance.Get(), sink.Get()));
     ComPtr<IEnumConnections> connections;
     ASSERT_EQ(S_OK, EventsOf(instance.Get())->EnumConnections(connections.Put()));
-    EventsOf(instance.Get())->Unadvise(cookies[0]);  // a copy is walked
+    EventsOf(instance.Get())->Unadvise(cookies[0]);  // the enumerator walks a copy
 
     CONNECTDATA data[4] = {};
     ULONG fetched = 0;
@@ -241,7 +242,7 @@ TEST_F(Information, ConnectionsAreEnumerated) {
     EXPECT_EQ(S_OK, connections->Skip(3));
 }
 
-TEST_F(Information, AnEnumeratorKeepsTheServerAndOutlivesTheInstance) {
+TEST_F(Information, Enumerator_OutlivesTheInstanceAndKeepsTheServer) {
     ComPtr<IEnumConnections> connections;
     ASSERT_EQ(S_OK, EventsOf(instance.Get())->EnumConnections(connections.Put()));
     instance.Reset();

@@ -1,4 +1,4 @@
-// Late binding: which calls are well made, and what the others are answered.
+// Late binding: which calls are valid, and the results of invalid ones.
 #include "tests/com/ComTest.h"
 
 namespace tests::com {
@@ -20,7 +20,7 @@ std::string HexOf(const Outcome& outcome) {
     return Hex(outcome.result);
 }
 
-TEST_F(Invoking, LoadAnswersAFlag) {
+TEST_F(Invoking, Load_ReturnsABoolean) {
     const Outcome outcome = Invoke(Object(), kLoad, kMethod, {Number(3)});
     EXPECT_EQ(S_OK, outcome.result);
     EXPECT_EQ(VT_BOOL, outcome.value.Get().vt);
@@ -28,15 +28,15 @@ TEST_F(Invoking, LoadAnswersAFlag) {
     EXPECT_THAT(TheDouble().log, ElementsAre("load 3"));
 }
 
-// A script's plain variable: it comes as a reference to a variant.
-TEST_F(Invoking, LoadTakesAScriptsVariable) {
+// A script passes a plain variable as a reference to a variant.
+TEST_F(Invoking, Load_AcceptsAScriptsVariable) {
     Variant variable(short{3});
     EXPECT_EQ(S_OK, Invoke(Object(), kLoad, kMethod | DISPATCH_PROPERTYGET, {ByReference(variable.Address())}).result);
     EXPECT_THAT(TheDouble().log, ElementsAre("load 3"));
     EXPECT_EQ(3, variable.Get().iVal);
 }
 
-TEST_F(Invoking, NotifyMeTakesArgumentsInReverse) {
+TEST_F(Invoking, NotifyMe_ArgumentsAreInReverseOrder) {
     const Bstr name(u"name");
     const Bstr command(u"command");
     const Outcome outcome = Invoke(Object(), kNotifyMe, kMethod, {Text(command), Text(name)});
@@ -45,7 +45,7 @@ TEST_F(Invoking, NotifyMeTakesArgumentsInReverse) {
     EXPECT_THAT(TheDouble().log, ElementsAre("notify [name] [command]"));
 }
 
-TEST_F(Invoking, NotifyMeTakesFewerAndMissingArguments) {
+TEST_F(Invoking, NotifyMe_MissingArgumentsAreEmpty) {
     const Bstr text(u"text");
     VARIANT missingVariable = Missing();
     Invoke(Object(), kNotifyMe, kMethod, {});
@@ -56,7 +56,7 @@ TEST_F(Invoking, NotifyMeTakesFewerAndMissingArguments) {
                 ElementsAre("notify [] []", "notify [text] []", "notify [] [text]", "notify [text] []"));
 }
 
-TEST_F(Invoking, NotifyMeTakesNamedArguments) {
+TEST_F(Invoking, NotifyMe_AcceptsNamedArguments) {
     const Bstr name(u"name");
     const Bstr command(u"command");
     Invoke(Object(), kNotifyMe, kMethod, {Text(name), Text(command)}, {0, 1});
@@ -66,7 +66,7 @@ TEST_F(Invoking, NotifyMeTakesNamedArguments) {
                 ElementsAre("notify [name] [command]", "notify [] [command]", "notify [name] [command]"));
 }
 
-TEST_F(Invoking, NamesThatAreNoParametersAreRefused) {
+TEST_F(Invoking, UnknownParameterName_IsRefused) {
     const Bstr text(u"text");
     const Outcome unknown = Invoke(Object(), kNotifyMe, kMethod, {Text(text), Text(text)}, {1, 2});
     EXPECT_EQ("0x80020004", HexOf(unknown));
@@ -79,20 +79,20 @@ TEST_F(Invoking, NamesThatAreNoParametersAreRefused) {
     EXPECT_THAT(TheDouble().log, ElementsAre());
 }
 
-TEST_F(Invoking, TooManyArgumentsAreRefused) {
+TEST_F(Invoking, TooManyArguments_AreRefused) {
     EXPECT_EQ("0x8002000E", HexOf(Invoke(Object(), kLoad, kMethod, {Number(1), Number(2)})));
     EXPECT_EQ("0x8002000E", HexOf(Invoke(Object(), kNotifyMe, kMethod, {Missing(), Missing(), Missing()})));
     EXPECT_EQ("0x8002000E", HexOf(Invoke(Object(), kSeverPath, DISPATCH_PROPERTYGET, {Number(1)})));
 }
 
-TEST_F(Invoking, LoadNeedsItsArgument) {
+TEST_F(Invoking, Load_WithoutItsArgument_IsRefused) {
     EXPECT_EQ("0x8002000F", HexOf(Invoke(Object(), kLoad, kMethod, {})));
     const Outcome outcome = Invoke(Object(), kLoad, kMethod, {Missing()});
     EXPECT_EQ("0x8002000F", HexOf(outcome));
     EXPECT_EQ(0u, outcome.badArgument);
 }
 
-TEST_F(Invoking, TellsWhichArgumentDoesNotFit) {
+TEST_F(Invoking, WrongArgument_IsReportedByItsIndex) {
     const Bstr text(u"text");
     EXPECT_EQ(1u, Invoke(Object(), kNotifyMe, kMethod, {Text(text), OfType(VT_NULL)}).badArgument);
     EXPECT_EQ(0u, Invoke(Object(), kNotifyMe, kMethod, {OfType(VT_NULL), Text(text)}).badArgument);
@@ -100,7 +100,7 @@ TEST_F(Invoking, TellsWhichArgumentDoesNotFit) {
     EXPECT_THAT(TheDouble().log, ElementsAre());
 }
 
-TEST_F(Invoking, SeverPathIsPutAndRead) {
+TEST_F(Invoking, SeverPath_IsPutAndRead) {
     const Bstr path(u"X");
     EXPECT_EQ(S_OK, Invoke(Object(), kSeverPath, DISPATCH_PROPERTYPUT, {Text(path)}, {DISPID_PROPERTYPUT}).result);
     EXPECT_EQ(S_OK, Invoke(Object(), kSeverPath, DISPATCH_PROPERTYPUT, {Number(5)}, {DISPID_PROPERTYPUT}).result);
@@ -110,7 +110,7 @@ TEST_F(Invoking, SeverPathIsPutAndRead) {
     EXPECT_THAT(TheDouble().log, ElementsAre("put [X]", "put [5]", "get"));
 }
 
-TEST_F(Invoking, PuttingNeedsTheNameOfTheValue) {
+TEST_F(Invoking, PutWithoutTheNamedValue_IsRefused) {
     const Bstr path(u"X");
     constexpr WORD kPut = DISPATCH_PROPERTYPUT;
     EXPECT_EQ("0x80020004", HexOf(Invoke(Object(), kSeverPath, kPut, {Text(path)})));
@@ -121,7 +121,7 @@ TEST_F(Invoking, PuttingNeedsTheNameOfTheValue) {
     EXPECT_EQ("0x8002000F", HexOf(Invoke(Object(), kSeverPath, kPut, {Missing()}, {DISPID_PROPERTYPUT})));
 }
 
-TEST_F(Invoking, KindsThatAMemberHasNotAreRefused) {
+TEST_F(Invoking, WrongKindOfCall_IsRefused) {
     const Bstr path(u"X");
     EXPECT_EQ("0x80020003", HexOf(Invoke(Object(), kLoad, DISPATCH_PROPERTYGET, {Number(1)})));
     EXPECT_EQ("0x80020003", HexOf(Invoke(Object(), kNotifyMe, DISPATCH_PROPERTYPUT, {Number(1)})));
@@ -132,7 +132,7 @@ TEST_F(Invoking, KindsThatAMemberHasNotAreRefused) {
     EXPECT_EQ("0x80020003", HexOf(Invoke(Object(), DISPID_VALUE, DISPATCH_PROPERTYGET, {})));
 }
 
-TEST_F(Invoking, MalformedCallsAreRefused) {
+TEST_F(Invoking, MalformedCall_IsRefused) {
     DISPPARAMS none{};
     EXPECT_EQ("0x80020001",
               Hex(Object()->Invoke(kNotifyMe, IID_IUnknown, 0, kMethod, &none, nullptr, nullptr, nullptr)));
@@ -145,7 +145,7 @@ TEST_F(Invoking, MalformedCallsAreRefused) {
               Hex(Object()->Invoke(kNotifyMe, IID_NULL, 0, kMethod, &moreNames, nullptr, nullptr, nullptr)));
 }
 
-TEST_F(Invoking, PlacesForAnswersMayBeMissing) {
+TEST_F(Invoking, ResultPointers_MayBeNull) {
     VARIANT mode = Number(1);
     DISPPARAMS one{&mode, nullptr, 1, 0};
     EXPECT_EQ(S_OK, Object()->Invoke(kLoad, IID_NULL, 0, kMethod, &one, nullptr, nullptr, nullptr));
@@ -160,7 +160,7 @@ TEST_F(Invoking, PlacesForAnswersMayBeMissing) {
     EXPECT_EQ("no", TakeErrorObject().description);
 }
 
-TEST_F(Invoking, ErrorsOfTheRuntimeComeAsExceptions) {
+TEST_F(Invoking, RuntimeError_IsAnException) {
     const Bstr command(u"FAIL 76|Path not found");
     const Outcome outcome = Invoke(Object(), kNotifyMe, kMethod, {Text(command)}, {1});
     EXPECT_EQ("0x80020009", HexOf(outcome));
@@ -170,7 +170,7 @@ TEST_F(Invoking, ErrorsOfTheRuntimeComeAsExceptions) {
     EXPECT_EQ(77u, outcome.badArgument);
 }
 
-TEST_F(Invoking, OtherFailuresCome) {
+TEST_F(Invoking, OtherExceptions_AreReported) {
     const Bstr memory(u"MEMORY");
     EXPECT_EQ("0x8007000E", HexOf(Invoke(Object(), kNotifyMe, kMethod, {Text(memory)}, {1})));
     const Bstr odd(u"ODD");
@@ -179,7 +179,7 @@ TEST_F(Invoking, OtherFailuresCome) {
     EXPECT_EQ("Internal error", outcome.description);
 }
 
-TEST_F(Invoking, NamesAreFoundWhateverTheirCase) {
+TEST_F(Invoking, Names_IgnoreLetterCase) {
     wchar_t member[] = L"nOTIFYmE";
     wchar_t second[] = L"SCOMMAND";
     wchar_t first[] = L"aname";
@@ -189,7 +189,7 @@ TEST_F(Invoking, NamesAreFoundWhateverTheirCase) {
     EXPECT_THAT(ids, ElementsAre(kNotifyMe, 1, 0));
 }
 
-TEST_F(Invoking, UnknownNamesAreMarked) {
+TEST_F(Invoking, UnknownNames_AreMarked) {
     wchar_t member[] = L"Load";
     wchar_t known[] = L"iMode";
     wchar_t unknown[] = L"sCommand";

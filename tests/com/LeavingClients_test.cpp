@@ -1,5 +1,5 @@
-// Clients that leave without a release: a process that ends with a loaded form, threads that end inside a message, and
-// a process that is killed while its sink is connected.
+// Clients that leave without a release: a process that ends with a loaded form, threads that end while a message is
+// shown, and a process that is killed while its sink is connected.
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -18,7 +18,7 @@ namespace {
 using runtime::win32::KernelHandle;
 using testing::ElementsAre;
 
-TEST(LeavingClient, EndsWithALoadedForm_TheWindowIsLeftAlone) {
+TEST(LeavingClient, ProcessEndsWithALoadedForm_WindowIsLeftAlone) {
     const ClientProcess client(L"exit \"" + ComponentDll().wstring() + L'"');
     EXPECT_EQ(0u, client.ExitCode());
 }
@@ -40,7 +40,7 @@ class KilledClient : public testing::Test {
         CoUninitialize();
     }
 
-    /// Connects a sink of another process to `instance` and kills that process.
+    /// Connects a sink in another process to `instance` and kills that process.
     void ConnectAndKill(IUnknown* instance) {
         WriteMarshalled(instance);
         const std::wstring name = L"Local\\k4t-killed-client-" + std::to_wstring(GetCurrentProcessId());
@@ -77,7 +77,7 @@ class KilledClient : public testing::Test {
         std::filesystem::path(TestFolder()) / (L"marshalled_" + std::to_wstring(GetCurrentProcessId()));
 };
 
-/// Closes what appears, and counts it.
+/// Closes and counts the message boxes that appear.
 class UnwantedBoxes {
  public:
     UnwantedBoxes() { timer_ = SetTimer(nullptr, 0, 50, OnTimer); }

@@ -1,4 +1,4 @@
-// The end of an instance: who hears it, what still works meanwhile, and what is left.
+// The end of an instance: the events it raises, the calls it still accepts, and the references that remain.
 #include "host/com/HomeApartment.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
@@ -13,7 +13,7 @@ class Lifetime : public ComTest {
     ComPtr<_clsQmxBackProcess> instance = MakeInstance();
 };
 
-TEST_F(Lifetime, TheLastReleaseTellsTheSinksThenLetsThemGo) {
+TEST_F(Lifetime, LastRelease_NotifiesSinksThenReleasesThem) {
     bool isReleased = false;
     auto sink = Sink::Make();
     Sink* const watched = sink.Get();
@@ -30,7 +30,7 @@ TEST_F(Lifetime, TheLastReleaseTellsTheSinksThenLetsThemGo) {
     EXPECT_THAT(TheDouble().log, ElementsAre("made", "terminate", "heard", "destroyed"));
 }
 
-TEST_F(Lifetime, ReferencesAreCountedOverAllInterfaces) {
+TEST_F(Lifetime, References_AreCountedOverAllInterfaces) {
     auto information = Query<IProvideClassInfo2>(instance.Get(), IID_IProvideClassInfo2);
     auto point = EventsOf(instance.Get());
     instance.Reset();
@@ -40,7 +40,7 @@ TEST_F(Lifetime, ReferencesAreCountedOverAllInterfaces) {
     EXPECT_EQ("destroyed", TheDouble().log.back());
 }
 
-TEST_F(Lifetime, TheInstanceWorksWhileItEnds) {
+TEST_F(Lifetime, CallDuringShutdown_Succeeds) {
     _clsQmxBackProcess* const last = instance.Detach();
     HRESULT answered = E_FAIL;
     const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
@@ -55,7 +55,7 @@ TEST_F(Lifetime, TheInstanceWorksWhileItEnds) {
     EXPECT_THAT(TheDouble().log, ElementsAre("made", "terminate", "notify [] [QUERY]", "destroyed"));
 }
 
-TEST_F(Lifetime, AReferenceKeptMeanwhileIsAShell) {
+TEST_F(Lifetime, ReferenceTakenDuringShutdown_FailsWithError91) {
     ComPtr<_clsQmxBackProcess> kept;
     _clsQmxBackProcess* const last = instance.Detach();
     const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
@@ -78,7 +78,7 @@ TEST_F(Lifetime, AReferenceKeptMeanwhileIsAShell) {
     EXPECT_EQ(1u, sink->heard.size()) << "it ends once";
 }
 
-TEST_F(Lifetime, AnErrorOfTheEndIsLeftInTheErrorObject) {
+TEST_F(Lifetime, ShutdownFails_LeavesAnErrorObject) {
     TheDouble().terminateError = 53;
     const auto sink = Sink::Make();
     Advise(instance.Get(), sink.Get());
@@ -88,13 +88,13 @@ TEST_F(Lifetime, AnErrorOfTheEndIsLeftInTheErrorObject) {
     EXPECT_EQ("destroyed", TheDouble().log.back());
 }
 
-TEST_F(Lifetime, AQuietEndKeepsTheErrorOfTheCallBefore) {
+TEST_F(Lifetime, ShutdownWithoutError_KeepsTheEarlierOne) {
     Notify(instance.Get(), u"FAIL 5|kept");
     instance.Reset();
     EXPECT_EQ("kept", TakeErrorObject().description);
 }
 
-TEST_F(Lifetime, AFailingSinkAtTheEndIsToldToo) {
+TEST_F(Lifetime, SinkFailsAtShutdown_NextSinkReceivesIt) {
     const auto failing = Sink::Make([](BSTR&, BSTR&, EXCEPINFO&) { return E_ACCESSDENIED; });
     const auto next = Sink::Make();
     Advise(instance.Get(), failing.Get());
@@ -104,7 +104,7 @@ TEST_F(Lifetime, AFailingSinkAtTheEndIsToldToo) {
     EXPECT_TRUE(TakeErrorObject().isThere);
 }
 
-TEST_F(Lifetime, SinksMayHoldTheirSource) {
+TEST_F(Lifetime, SinkHoldsTheInstance_DisconnectingEndsIt) {
     auto sink = Sink::Make();
     ComPtr<_clsQmxBackProcess> held(instance.Get());
     sink->whenReleased = [&] { held.Reset(); };
@@ -112,12 +112,12 @@ TEST_F(Lifetime, SinksMayHoldTheirSource) {
     sink.Reset();
     _clsQmxBackProcess* const source = instance.Get();
     instance.Reset();
-    // The sink's reference is the last one, and goes with the sink.
+    // The sink holds the last reference to the instance. Releasing the sink releases the instance.
     EventsOf(source)->Unadvise(cookie);
     EXPECT_EQ("destroyed", TheDouble().log.back());
 }
 
-TEST_F(Lifetime, ASinkReleasedAtTheEndMayCallTheInstance) {
+TEST_F(Lifetime, SinkReleasedAtShutdown_MayCallTheInstance) {
     _clsQmxBackProcess* const last = instance.Detach();
     HRESULT answered = E_FAIL;
     auto sink = Sink::Make();

@@ -1,5 +1,5 @@
-// Loading, using and freeing the component over and over, as a host does that makes an instance for each command and
-// frees unused libraries in between. The first cycle may take what it likes; the others must take nothing.
+// Loads, uses and frees the component repeatedly, as a host does that creates an instance for each command and frees
+// unused libraries in between. The first cycle may use any resources; the later ones must not use more.
 #include <algorithm>
 #include <cstdio>
 #include <optional>
@@ -11,7 +11,7 @@
 namespace tests::com {
 namespace {
 
-/// How many slots TlsAlloc still gives.
+/// The number of slots that TlsAlloc can still return.
 long FreeTlsSlots() {
     std::vector<DWORD> taken;
     for (DWORD slot = TlsAlloc(); slot != TLS_OUT_OF_INDEXES; slot = TlsAlloc()) taken.push_back(slot);
@@ -37,7 +37,7 @@ long HeapBytes() {
     return bytes;
 }
 
-/// Counted one by one: not every system tells their number.
+/// Counts the handles one by one, because some systems do not report their number.
 long Handles() {
     constexpr ULONG_PTR kHighest = 0x10000;
     constexpr ULONG_PTR kStep = 4;
@@ -79,7 +79,7 @@ void RunCycle() {
     CoFreeUnusedLibrariesEx(0, 0);
 }
 
-TEST(LoadCycles, LoadUseAndFree_TakeNothingAfterTheFirst) {
+TEST(LoadCycles, CyclesAfterTheFirst_UseNoMoreResources) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     EXPECT_EQ(S_OK, ComponentLibrary().Register());
     const int rounds = Rounds(3000, 300);
@@ -91,7 +91,7 @@ TEST(LoadCycles, LoadUseAndFree_TakeNothingAfterTheFirst) {
         const Usage now = Measure();
         Print(cycle, now);
         if (!first) first = now;
-        // The system's own caches come and go by a few pages and handles; the cycles would need many times that.
+        // The system's own caches vary by a few pages and handles. A leak in each cycle would exceed this many times.
         EXPECT_EQ(now.freeTlsSlots, first->freeTlsSlots);
         EXPECT_LE(now.handles, first->handles + 4);
         EXPECT_LE(now.heapBytes, first->heapBytes + 64 * 1024);

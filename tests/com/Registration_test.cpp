@@ -1,4 +1,4 @@
-// Registration in the real registry: one hive at a time, and nothing left behind.
+// Registration in the real registry: it changes one hive only and can be removed completely.
 #include <algorithm>
 #include <cwchar>
 
@@ -18,7 +18,7 @@ using runtime::win32::RegistryKey;
 
 constexpr wchar_t kOwnKey[] = L"Software\\K4TBackProcess tests";
 
-/// The entries' mechanics, below a key of the test's own.
+/// The functions that write and remove entries, used below a key of the test.
 class Entries : public testing::Test {
  protected:
     Entries() {
@@ -39,7 +39,7 @@ class Entries : public testing::Test {
         {u"A\\B", u"", u"default"}, {u"A\\B", u"name", u"named"}, {u"A\\C\\D", u"", u"deep"}};
 };
 
-TEST_F(Entries, AreWrittenAndRemovedWithTheirKeys) {
+TEST_F(Entries, WrittenAndRemoved_LeaveNoKeys) {
     const Hive before = Content();
     host::com::WriteEntries(root.Get(), entries);
     const Hive written = Content();
@@ -49,7 +49,7 @@ TEST_F(Entries, AreWrittenAndRemovedWithTheirKeys) {
     EXPECT_EQ(before, Content());
 }
 
-TEST_F(Entries, MayBeWrittenAndRemovedAgain) {
+TEST_F(Entries, WrittenAndRemovedTwice_AreTheSame) {
     const Hive before = Content();
     host::com::WriteEntries(root.Get(), entries);
     const Hive once = Content();
@@ -60,7 +60,7 @@ TEST_F(Entries, MayBeWrittenAndRemovedAgain) {
     EXPECT_EQ(before, Content());
 }
 
-TEST_F(Entries, LeaveWhatOthersPutThere) {
+TEST_F(Entries, EntriesOfOthers_AreKept) {
     Put(L"A", L"theirs", L"value");
     Put(L"A\\C\\D\\theirs", nullptr, L"value");
     const Hive before = Content();
@@ -69,7 +69,7 @@ TEST_F(Entries, LeaveWhatOthersPutThere) {
     EXPECT_EQ(before, Content());
 }
 
-TEST_F(Entries, AFailureHalfWayPutsEverythingBack) {
+TEST_F(Entries, WriteFails_EverythingIsUndone) {
     Put(L"A\\B", L"name", L"of before");
     const Hive before = Content();
     std::vector<RegistryEntry> withBadKey = entries;
@@ -78,7 +78,7 @@ TEST_F(Entries, AFailureHalfWayPutsEverythingBack) {
     EXPECT_EQ(before, Content());
 }
 
-TEST_F(Entries, RemovingGoesOnAfterAFailure) {
+TEST_F(Entries, RemoveFails_TheRestIsRemoved) {
     std::vector<RegistryEntry> withBadKey = entries;
     host::com::WriteEntries(root.Get(), entries);
     withBadKey.push_back({String(300, u'x'), u"", u""});
@@ -86,7 +86,7 @@ TEST_F(Entries, RemovingGoesOnAfterAFailure) {
     EXPECT_EQ(1u, Content().size()) << "the root itself";
 }
 
-/// Windows has the key for every user; a new prefix of Wine lacks it until somebody registers there.
+/// Windows has this key for every user. A new Wine prefix lacks it until the first registration for the user.
 Hive ExistingUserClasses() {
     HKEY key = nullptr;
     if (RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Classes", 0, nullptr, 0, KEY_READ, nullptr, &key, nullptr) ==
@@ -102,7 +102,7 @@ class Registration : public testing::Test {
     const Hive userBefore = ExistingUserClasses();
 };
 
-/// How many values `after` has that `before` has not; -1 when anything else differs.
+/// The number of values that only `after` has; -1 if anything else differs.
 int Added(const Hive& before, const Hive& after) {
     Hive rest = after;
     for (const auto& [path, value] : before) {
@@ -118,7 +118,7 @@ int EntryCount() {
     return static_cast<int>(host::com::RegistrationEntries(u"C:\\any.dll").size());
 }
 
-TEST_F(Registration, ForTheMachineTouchesTheMachineOnlyAndLeavesNothing) {
+TEST_F(Registration, ForTheMachine_ChangesOnlyTheMachinesHive) {
     ASSERT_EQ(S_OK, host::com::RegisterServer());
     EXPECT_EQ(S_OK, host::com::RegisterServer());
     EXPECT_EQ(EntryCount(), Added(machineBefore, MachineClasses()));
@@ -128,7 +128,7 @@ TEST_F(Registration, ForTheMachineTouchesTheMachineOnlyAndLeavesNothing) {
     EXPECT_EQ(machineBefore, MachineClasses());
 }
 
-TEST_F(Registration, ForTheUserTouchesTheUserOnlyAndLeavesNothing) {
+TEST_F(Registration, ForTheUser_ChangesOnlyTheUsersHive) {
     ASSERT_EQ(S_OK, host::com::Install(true, L"user"));
     EXPECT_EQ(S_OK, host::com::Install(true, L"USER"));
     EXPECT_EQ(EntryCount(), Added(userBefore, UserClasses()));
@@ -138,7 +138,7 @@ TEST_F(Registration, ForTheUserTouchesTheUserOnlyAndLeavesNothing) {
     EXPECT_EQ(userBefore, UserClasses());
 }
 
-TEST_F(Registration, OneHivesRemovalLeavesTheOther) {
+TEST_F(Registration, RemovedForTheUser_MachinesStays) {
     ASSERT_EQ(S_OK, host::com::RegisterServer());
     ASSERT_EQ(S_OK, host::com::Install(true, L"user"));
     EXPECT_EQ(S_OK, host::com::Install(false, L"user"));
@@ -158,7 +158,7 @@ TEST_F(Registration, InstallationWithoutAText_IsForTheMachine) {
     }
 }
 
-TEST_F(Registration, TypeLibraryWasRegisteredByAProgram_NothingStays) {
+TEST_F(Registration, TypeLibraryRegisteredByAProgram_IsRemovedToo) {
     ComPtr<ITypeLib> library;
     ASSERT_EQ("0x00000000",
               Hex(LoadTypeLibEx(runtime::win32::Wide(host::com::ModulePath()), REGKIND_REGISTER, library.Put())));
@@ -168,7 +168,7 @@ TEST_F(Registration, TypeLibraryWasRegisteredByAProgram_NothingStays) {
     EXPECT_EQ(machineBefore, MachineClasses());
 }
 
-TEST_F(Registration, OtherInstallationsAreRefused) {
+TEST_F(Registration, UnknownInstallation_IsRefused) {
     for (const wchar_t* line : {L"machine", L"user "}) {
         EXPECT_EQ("0x80070057", Hex(host::com::Install(true, line)));
         EXPECT_EQ("0x80070057", Hex(host::com::Install(false, line)));
@@ -177,7 +177,7 @@ TEST_F(Registration, OtherInstallationsAreRefused) {
     EXPECT_EQ(machineBefore, MachineClasses());
 }
 
-TEST(RegistrationEntries, SayWhatComLooksFor) {
+TEST(RegistrationEntries, Entries_HaveWhatComNeeds) {
     std::vector<std::string> lines;
     for (const RegistryEntry& entry : host::com::RegistrationEntries(u"C:\\the suite\\K4TBackProcess.dll")) {
         lines.push_back(runtime::ToUtf8(entry.key + u'|' + entry.name + u'|' + entry.value));

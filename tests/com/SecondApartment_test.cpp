@@ -1,5 +1,5 @@
-// Clients in several apartments of one process: all instances live in the home apartment, and calls and events
-// cross between them.
+// Clients in several apartments of one process: all instances are in the home apartment, and calls and events are
+// marshalled.
 #include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
@@ -12,7 +12,7 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-/// Crossing takes the registered description of the interfaces; Wine looks for it in the machine's hive only.
+/// Marshalling needs the registered description of the interfaces. Wine looks for it in the machine's hive only.
 class SecondApartment : public ComTest {
  protected:
     SecondApartment() { EXPECT_EQ(S_OK, host::com::RegisterServer()); }
@@ -21,7 +21,7 @@ class SecondApartment : public ComTest {
     const DWORD here = GetCurrentThreadId();
 };
 
-TEST_F(SecondApartment, InstancesLiveAtHome) {
+TEST_F(SecondApartment, Instances_RunOnTheHomeThread) {
     const auto first = MakeInstance();
     InOtherApartment([] {
         const auto second = MakeInstance();
@@ -35,7 +35,7 @@ TEST_F(SecondApartment, InstancesLiveAtHome) {
     EXPECT_EQ(0, TheDouble().lostHomes);
 }
 
-TEST_F(SecondApartment, ArgumentsAndResultsCross) {
+TEST_F(SecondApartment, ArgumentsAndResults_AreMarshalled) {
     const auto first = MakeInstance();
     InOtherApartment([] {
         const auto second = MakeInstance();
@@ -53,7 +53,7 @@ TEST_F(SecondApartment, ArgumentsAndResultsCross) {
     EXPECT_THAT(TheDouble().threads, Each(here));
 }
 
-TEST_F(SecondApartment, EventsCrossToTheirSinkAndBack) {
+TEST_F(SecondApartment, Event_ReachesTheSinksThreadAndReturns) {
     const auto first = MakeInstance();
     DWORD there = 0;
     InOtherApartment([&] {
@@ -75,7 +75,7 @@ TEST_F(SecondApartment, EventsCrossToTheirSinkAndBack) {
     EXPECT_NE(here, there);
 }
 
-TEST_F(SecondApartment, TheLastReleaseTellsSinksThere) {
+TEST_F(SecondApartment, LastRelease_NotifiesSinksOfOtherThreads) {
     const auto first = MakeInstance();
     InOtherApartment([] {
         auto second = MakeInstance();
@@ -87,7 +87,7 @@ TEST_F(SecondApartment, TheLastReleaseTellsSinksThere) {
     EXPECT_THAT(TheDouble().threads, Each(here));
 }
 
-TEST_F(SecondApartment, ErrorsOfCreationCross) {
+TEST_F(SecondApartment, CreationFails_ErrorIsMarshalled) {
     const auto first = MakeInstance();
     TheDouble().makeError = 53;
     InOtherApartment([] {
@@ -96,12 +96,13 @@ TEST_F(SecondApartment, ErrorsOfCreationCross) {
         LeaveErrorObject(u"foreign");
         EXPECT_EQ("0x800A0035", Hex(factory->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
         EXPECT_FALSE(none);
-        // Windows carries the text over, Wine does not; a foreign one is wrong in any case.
+        // Windows transfers the description to the other apartment, Wine does not. Another component's description
+        // would be wrong.
         EXPECT_THAT(TextOfErrorObject(), testing::AnyOf("File not found", "(none)"));
     });
 }
 
-TEST_F(SecondApartment, TheHomeIsForgottenWithTheLastInstance) {
+TEST_F(SecondApartment, LastInstanceEnds_NextThreadBecomesHome) {
     MakeInstance();
     TheDouble().threads.clear();
     DWORD there = 0;
@@ -112,8 +113,8 @@ TEST_F(SecondApartment, TheHomeIsForgottenWithTheLastInstance) {
     EXPECT_THAT(TheDouble().threads, Each(there));
 }
 
-/// Lets go of the home's only instance when a creation on another thread has found that home and not yet reached it,
-/// which is when it asks for the process's interface table.
+/// Releases the home's only instance while another thread is creating one: after that thread has found the home and
+/// before it calls the home. It does so when that thread calls CoCreateInstance.
 class LeavingHome {
  public:
     explicit LeavingHome(ComPtr<_clsQmxBackProcess>& instance) {
@@ -145,7 +146,7 @@ class LeavingHome {
     const ReplacedImport replaced_{"CoCreateInstance", CreateAfterwards};
 };
 
-TEST_F(SecondApartment, HomeGoesBeforeItIsReached_AnotherOneIsMade) {
+TEST_F(SecondApartment, HomeEndsDuringACreation_CallerBecomesHome) {
     auto first = MakeInstance();
     const LeavingHome leaving(first);
     DWORD there = 0;
@@ -157,7 +158,7 @@ TEST_F(SecondApartment, HomeGoesBeforeItIsReached_AnotherOneIsMade) {
     EXPECT_THAT(TheDouble().threads, ElementsAre(here, here, here, there, there, there));
 }
 
-TEST_F(SecondApartment, AWindowKeepsTheHome) {
+TEST_F(SecondApartment, LiveWindow_KeepsTheHome) {
     TheDouble().liveWindows = 1;
     MakeInstance();
     InOtherApartment([] { MakeInstance(); });
@@ -165,7 +166,7 @@ TEST_F(SecondApartment, AWindowKeepsTheHome) {
     TheDouble().liveWindows = 0;
 }
 
-TEST_F(SecondApartment, AHomeWhoseThreadEndedIsForgotten) {
+TEST_F(SecondApartment, HomeThreadEnded_NextThreadBecomesHome) {
     ComPtr<_clsQmxBackProcess> orphan;
     InOtherApartment([&] { orphan = MakeInstance(); });
     TheDouble().threads.clear();
@@ -181,7 +182,7 @@ DWORD WINAPI LeaveWithoutWord(void* orphan) {
     return 0;
 }
 
-TEST_F(SecondApartment, AHomeWhoseThreadNeverSaidGoodbyeIsForgotten) {
+TEST_F(SecondApartment, HomeThreadEndedInsideCom_NextThreadBecomesHome) {
     ComPtr<_clsQmxBackProcess> orphan;
     const HANDLE thread = CreateThread(nullptr, 0, LeaveWithoutWord, &orphan, 0, nullptr);
     EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 10000));
@@ -190,7 +191,7 @@ TEST_F(SecondApartment, AHomeWhoseThreadNeverSaidGoodbyeIsForgotten) {
     EXPECT_EQ(1, TheDouble().lostHomes);
 }
 
-TEST_F(SecondApartment, AnApartmentThatWasClosedIsNoHome) {
+TEST_F(SecondApartment, HomeThreadLeftCom_CreationSucceeds) {
     ComPtr<_clsQmxBackProcess> orphan;
     InOtherApartment([&] {
         orphan = MakeInstance();
@@ -200,7 +201,7 @@ TEST_F(SecondApartment, AnApartmentThatWasClosedIsNoHome) {
     });
 }
 
-TEST_F(SecondApartment, OutsideASingleThreadedApartmentNothingIsMade) {
+TEST_F(SecondApartment, MultithreadedApartment_CreationIsRefused) {
     InOtherApartment(
         [] {
             ComPtr<IUnknown> none;

@@ -1,5 +1,5 @@
-// The DLL itself, with the double behind it: exports, resources, registration from where it lies, activation by COM
-// and by a manifest, and leaving the process.
+// The DLL itself, with the double: exports, resources, registration from its own folder, activation by COM and by a
+// manifest, and unloading.
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -31,7 +31,7 @@ class Server : public testing::Test {
         CoUninitialize();
     }
 
-    /// Calls one of the exports that take nothing.
+    /// Calls an exported function without parameters.
     static HRESULT Call(const Library& library, const char* name) {
         const auto function =
             reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(GetProcAddress(library.Get(), name)));
@@ -39,7 +39,7 @@ class Server : public testing::Test {
     }
 };
 
-TEST_F(Server, ExportsWhatASelfRegisteringServerExports) {
+TEST_F(Server, Exports_AreThoseOfASelfRegisteringServer) {
     const Library library(LoadLibraryW(DoubleDll().c_str()));
     ASSERT_TRUE(library) << GetLastError();
     for (const char* name :
@@ -53,7 +53,8 @@ bool IsInMemory(const fs::path& dll) {
     return GetModuleHandleW(dll.c_str()) != nullptr;
 }
 
-/// The DLL in a folder of its own, so that no other test has used it in this process: once used, it stays in memory.
+/// A copy of the DLL in a new folder, which no other test has used in this process. A DLL that was used stays in
+/// memory.
 fs::path FreshCopy(const std::wstring& folderName = L"copy") {
     static int count = 0;
     const fs::path folder = DoubleFolder() / (folderName + L' ' + std::to_wstring(++count));
@@ -75,7 +76,7 @@ TEST_F(Server, FreedAfterRegistration_LeavesMemory) {
 }
 
 TEST_F(Server, PathIsTooLongForCom_RegistrationIsRefused) {
-    // 260 characters and one less; the last ones are "\\K4TBackProcess.dll".
+    // 260 characters and 259. Each path ends with "\\K4TBackProcess.dll".
     constexpr std::size_t kNameLength = 19;
     const std::wstring base = DoubleFolder().wstring() + L'\\';
     for (const std::size_t length : {std::size_t{260}, std::size_t{259}}) {
@@ -92,7 +93,7 @@ TEST_F(Server, PathIsTooLongForCom_RegistrationIsRefused) {
     }
 }
 
-/// Runs regsvr32 on the DLL; its exit code.
+/// Runs regsvr32 on the DLL and returns its exit code.
 DWORD RunRegsvr32(const std::wstring& options) {
     std::wstring line = L"regsvr32 /s " + options + L" \"" + DoubleDll().wstring() + L'"';
     STARTUPINFOW startup{};
@@ -107,7 +108,7 @@ DWORD RunRegsvr32(const std::wstring& options) {
     return code;
 }
 
-TEST_F(Server, Regsvr32WithIAndNoText_RegistersAndUnregisters) {
+TEST_F(Server, Regsvr32WithEmptyI_RegistersAndUnregisters) {
     CLSID classId{};
     EXPECT_EQ(0u, RunRegsvr32(L"/i"));
     EXPECT_EQ(S_OK, CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &classId));
@@ -129,7 +130,7 @@ TEST_F(Server, FreedAfterDllGetClassObject_StaysInMemory) {
     EXPECT_TRUE(IsInMemory(dll));
 }
 
-TEST_F(Server, HasItsTypeLibraryAndItsVersionInside) {
+TEST_F(Server, Resources_HaveTheTypeLibraryAndTheVersion) {
     ComPtr<ITypeLib> library;
     EXPECT_EQ(S_OK, LoadTypeLibEx(DoubleDll().c_str(), REGKIND_NONE, library.Put()));
     DWORD ignored = 0;
@@ -143,11 +144,11 @@ TEST_F(Server, HasItsTypeLibraryAndItsVersionInside) {
     EXPECT_STREQ(L"K4TBackProcess.dll", text);
 }
 
-/// Wine reads a library's path for marshalling in the system's code page, so crossing is tested from a plain path.
+/// Wine converts a library's path to the system's code page for marshalling. So these tests use a path in ASCII.
 constexpr wchar_t kPlainFolder[] = L"plain & blank";
 constexpr wchar_t kForeignFolder[] = L"f\u00FCr \u6F22\u5B57 & more";
 
-/// A copy of the DLL in a folder of that name, registered for the machine.
+/// A copy of the DLL in a folder of this name, registered for the machine.
 class RegisteredServer : public Server {
  protected:
     explicit RegisteredServer(const wchar_t* folder = kForeignFolder) : dll_(FreshCopy(folder)) {
@@ -171,7 +172,7 @@ class RegisteredServer : public Server {
     const fs::path dll_;
 };
 
-TEST_F(RegisteredServer, IsFoundByItsName) {
+TEST_F(RegisteredServer, ActivationByName_Succeeds) {
     const auto instance = Create();
     ASSERT_TRUE(instance);
     const auto sink = Sink::Make();
@@ -180,7 +181,7 @@ TEST_F(RegisteredServer, IsFoundByItsName) {
     EXPECT_THAT(sink->heard, testing::ElementsAre("name|text"));
 }
 
-TEST_F(RegisteredServer, ItsTypeLibraryIsFoundInEveryLanguage) {
+TEST_F(RegisteredServer, TypeLibrary_IsFoundInEveryLanguage) {
     for (const LCID language : {0x409, 0x411, 0}) {
         ComPtr<ITypeLib> library;
         EXPECT_EQ("0x00000000", Hex(LoadRegTypeLib(LIBID_K4TBackProcess, 1, 0, language, library.Put()))) << language;
@@ -205,7 +206,7 @@ class CrossingServer : public RegisteredServer {
     CrossingServer() : RegisteredServer(kPlainFolder) {}
 };
 
-TEST_F(CrossingServer, ServesTwoApartments) {
+TEST_F(CrossingServer, TwoApartments_AreServed) {
     const auto instance = Create();
     InOtherApartment([] {
         const auto other = Create();
@@ -217,7 +218,7 @@ TEST_F(CrossingServer, ServesTwoApartments) {
     });
 }
 
-TEST_F(CrossingServer, ServesTheMultithreadedApartment) {
+TEST_F(CrossingServer, MultithreadedApartment_IsServed) {
     InOtherApartment(
         [] {
             const auto other = Create();
@@ -227,7 +228,7 @@ TEST_F(CrossingServer, ServesTheMultithreadedApartment) {
         COINIT_MULTITHREADED);
 }
 
-/// The manifest beside the DLL, in force for the thread.
+/// Activates the manifest beside the DLL for the thread.
 class Context {
  public:
     Context() {
@@ -252,7 +253,7 @@ class Context {
     bool isActive_ = false;
 };
 
-TEST_F(Server, IsFoundThroughItsManifestWithoutRegistration) {
+TEST_F(Server, ActivationByManifest_NeedsNoRegistration) {
     const Context context;
     ASSERT_TRUE(context.IsActive()) << GetLastError();
     CLSID classId{};

@@ -1,4 +1,4 @@
-// A client's event sink: a real COM object that records what it hears and then does what the test wants.
+// A client's event sink: a real COM object that records its events and then calls the test's handler.
 #pragma once
 
 #include <functional>
@@ -12,12 +12,12 @@
 
 namespace tests::com {
 
-/// Puts `text` in the place of an event's string.
+/// Replaces an event's string by `text`.
 inline void Replace(BSTR& target, runtime::StringView text) {
     SysFreeString(std::exchange(target, host::com::Bstr(text).Detach()));
 }
 
-/// What a sink says it is.
+/// The interfaces that a sink offers.
 enum class SinkKind { kEvents, kLateBoundOnly, kNoSink };
 
 class Sink final : public IDispatch {
@@ -28,7 +28,7 @@ class Sink final : public IDispatch {
     Sink(const Sink&) = delete;
     Sink& operator=(const Sink&) = delete;
 
-    /// "name|command" of each event, as it came in.
+    /// "name|command" of each event, as received.
     std::vector<std::string> heard;
     DWORD thread = 0;
     Handler handler;

@@ -1,4 +1,4 @@
-// Bare pointers that a client passes to another thread, against COM's rules: an error, and never a crash.
+// A client passes a bare pointer to another thread, against COM's rules. Its calls return an error and never crash.
 #include <thread>
 
 #include "host/com/HomeApartment.h"
@@ -15,7 +15,7 @@ using testing::StartsWith;
 
 class WrongThread : public ComTest {
  protected:
-    /// Fails the test unless `result` is the refusal, with its text, and takes the text.
+    /// Fails the test unless `result` is the refusal and the error object has its text. Clears the error object.
     static void ExpectRefused(HRESULT result, const char* member) {
         EXPECT_EQ("0x8001010E", Hex(result)) << member;
         EXPECT_THAT(TakeErrorObject().description, StartsWith("this instance cannot be called on this thread"))
@@ -99,7 +99,7 @@ TEST_F(WrongThread, LastReleaseOutsideCom_EndsTheInstanceAtHome) {
     EXPECT_THAT(TheDouble().threads, Each(here));
 }
 
-/// With the component's own windows.
+/// Uses the real component and its windows.
 class WrongThreadWindow : public testing::Test {
  protected:
     WrongThreadWindow() {
