@@ -1,4 +1,4 @@
-// The development kernel as its users have it: a library, loaded by several processes of one session.
+// The development kernel as its users run it: a library that several processes of one session load.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -27,7 +27,7 @@ const char* At(long address) {
     return reinterpret_cast<const char*>(address);
 }
 
-/// Strings of its own for every test, apart from the session's.
+/// Each test has its own strings, separate from the session's.
 class DevelopmentKernel : public testing::Test {
  protected:
     void SetUp() override {
@@ -37,8 +37,8 @@ class DevelopmentKernel : public testing::Test {
     }
     void TearDown() override { SetEnvironmentVariableA("QMXKRN2K_STORE", nullptr); }
 
-    /// The kernel in this process. Each test has a copy of the library, because a library stays in memory with its
-    /// strings once it is used.
+    /// Loads the kernel into this process. Each test loads a copy of the library, because a library that was used stays
+    /// in memory with its strings.
     static LoadedKernel Load() {
         static int count = 0;
         const String copy = TestFolder() + u"\\kernel_copy_" + runtime::FromAscii(std::to_string(++count)) + u".dll";
@@ -47,7 +47,7 @@ class DevelopmentKernel : public testing::Test {
     }
 };
 
-TEST_F(DevelopmentKernel, SharesItsStringsWithOtherProcesses) {
+TEST_F(DevelopmentKernel, TwoProcesses_ShareTheStrings) {
     const LoadedKernel kernel = Load();
     Peer peer;
     EXPECT_EQ(peer.Ask("get\tINITBP"), "none");
@@ -57,7 +57,7 @@ TEST_F(DevelopmentKernel, SharesItsStringsWithOtherProcesses) {
     EXPECT_STREQ(At(kernel.E_GetString("INITBP")), "TERM");
 }
 
-TEST_F(DevelopmentKernel, KeepsItsStringsUntilTheLastProcessEnds) {
+TEST_F(DevelopmentKernel, Strings_ExistUntilTheLastProcessEnds) {
     auto first = std::make_unique<Peer>();
     EXPECT_EQ(first->Ask("set\tkey\tvalue"), "stored");
     auto second = std::make_unique<Peer>();
@@ -79,7 +79,7 @@ TEST_F(DevelopmentKernel, FreedAfterUse_StaysInMemoryWithItsStrings) {
     EXPECT_STREQ(At(Load().E_GetString("key")), "value");
 }
 
-TEST_F(DevelopmentKernel, GoesOnWhenTheLocksOwnerDies) {
+TEST_F(DevelopmentKernel, LockOwnerKilled_OthersContinue) {
     Peer peer;
     EXPECT_EQ(peer.Ask("set\tkey\tvalue"), "stored");
     for (int i = 0; i < 3; ++i) {
@@ -92,7 +92,7 @@ TEST_F(DevelopmentKernel, GoesOnWhenTheLocksOwnerDies) {
     }
 }
 
-TEST_F(DevelopmentKernel, LockIsKept_OthersReadAndSetWhatIsThere) {
+TEST_F(DevelopmentKernel, LockIsHeld_OthersReadAndSetExistingStrings) {
     const LoadedKernel kernel = Load();
     EXPECT_NE(kernel.E_SetString("key", "value"), 0);
     Peer owner;
@@ -103,7 +103,7 @@ TEST_F(DevelopmentKernel, LockIsKept_OthersReadAndSetWhatIsThere) {
     EXPECT_EQ(kernel.QmxDev_NextString(nullptr, nullptr, 0), 4);
 }
 
-TEST_F(DevelopmentKernel, NeverShowsARecordThatItsWriterDidNotFinish) {
+TEST_F(DevelopmentKernel, WriterKilledInARecord_RecordIsNotVisible) {
     Peer peer;
     EXPECT_EQ(peer.Ask("set\tkey\told"), "stored");
     {
@@ -116,7 +116,7 @@ TEST_F(DevelopmentKernel, NeverShowsARecordThatItsWriterDidNotFinish) {
     EXPECT_EQ(Peer().Ask("get\tkey"), "=new");
 }
 
-TEST_F(DevelopmentKernel, NeverShowsAMixOfTwoValues) {
+TEST_F(DevelopmentKernel, TwoWriters_ReadersSeeNoTornText) {
     Peer writers[2];
     Peer readers[2];
     EXPECT_EQ(readers[0].Ask("set\tkey\t"), "stored");
@@ -127,7 +127,7 @@ TEST_F(DevelopmentKernel, NeverShowsAMixOfTwoValues) {
     for (Peer& writer : writers) writer.Kill();
 }
 
-TEST_F(DevelopmentKernel, SurvivesWritersThatAreKilledAtWork) {
+TEST_F(DevelopmentKernel, WriterKilled_ReadersSeeNoTornText) {
     Peer reader;
     EXPECT_EQ(reader.Ask("set\tkey\t"), "stored");
     for (int i = 0; i < 8; ++i) {
@@ -144,7 +144,7 @@ TEST_F(DevelopmentKernel, SurvivesWritersThatAreKilledAtWork) {
     }
 }
 
-TEST_F(DevelopmentKernel, EightProcessesAndKilledWriters_ReadersFindWholeTexts) {
+TEST_F(DevelopmentKernel, EightProcessesAndKilledWriters_NoTextIsTorn) {
     constexpr std::size_t kKeys = 2;
     const auto writeOver = [](Peer& writer, std::size_t i) {
         writer.Tell("write\tkey" + std::to_string(i % kKeys) + "\t1000000\t" + std::to_string(17 * i + 1));
@@ -166,7 +166,7 @@ TEST_F(DevelopmentKernel, EightProcessesAndKilledWriters_ReadersFindWholeTexts) 
     EXPECT_EQ(readers[0].Ask("watch\tkey0\t2"), "0");
 }
 
-TEST_F(DevelopmentKernel, HoldsTenThousandStringsFromTwoProcesses) {
+TEST_F(DevelopmentKernel, TenThousandStrings_AreStored) {
     Peer one;
     Peer two;
     one.Tell("many\tone\t5000");
@@ -178,7 +178,7 @@ TEST_F(DevelopmentKernel, HoldsTenThousandStringsFromTwoProcesses) {
     EXPECT_EQ(one.Ask("list"), "10000 sorted");
 }
 
-TEST_F(DevelopmentKernel, HoldsHugeStrings) {
+TEST_F(DevelopmentKernel, StringOf40Megabytes_IsStored) {
     Peer one;
     Peer two;
     EXPECT_EQ(one.Ask("fill\tbig\t1000000\tm"), "stored");
@@ -189,7 +189,7 @@ TEST_F(DevelopmentKernel, HoldsHugeStrings) {
     }
 }
 
-TEST_F(DevelopmentKernel, RefusesWhatDoesNotFitAndKeepsTheOldValue) {
+TEST_F(DevelopmentKernel, StringThatDoesNotFit_KeepsTheOldValue) {
     Peer one;
     Peer two;
     EXPECT_EQ(one.Ask("set\tkey\told"), "stored");
@@ -202,14 +202,14 @@ TEST_F(DevelopmentKernel, RefusesWhatDoesNotFitAndKeepsTheOldValue) {
     EXPECT_EQ(two.Ask("fill\tkey\t1000000\tx"), "stored");
 }
 
-TEST_F(DevelopmentKernel, TellsAnEmptyTextFromNone) {
+TEST_F(DevelopmentKernel, EmptyString_DiffersFromNone) {
     const LoadedKernel kernel = Load();
     EXPECT_NE(kernel.E_SetString("key", ""), 0);
     EXPECT_STREQ(At(kernel.E_GetString("key")), "");
     EXPECT_EQ(kernel.E_GetString("Key"), 0);
 }
 
-TEST_F(DevelopmentKernel, RefusesNullArguments) {
+TEST_F(DevelopmentKernel, NullArguments_AreRefused) {
     const LoadedKernel kernel = Load();
     EXPECT_EQ(kernel.E_SetString(nullptr, "value"), 0);
     EXPECT_EQ(kernel.E_SetString("key", nullptr), 0);
@@ -217,7 +217,7 @@ TEST_F(DevelopmentKernel, RefusesNullArguments) {
     EXPECT_EQ(kernel.E_GetString("key"), 0);
 }
 
-TEST_F(DevelopmentKernel, NamesTheOpenDesignAlone) {
+TEST_F(DevelopmentKernel, O_GetName_NamesOnlyTheOpenDesign) {
     const LoadedKernel kernel = Load();
     EXPECT_EQ(kernel.O_GetName(kernel.DB_DataBase()), 0);
     kernel.E_SetString("DESIGN_NAME", "amplifier");
@@ -227,7 +227,7 @@ TEST_F(DevelopmentKernel, NamesTheOpenDesignAlone) {
     EXPECT_EQ(kernel.O_GetName(2), 0);
 }
 
-TEST_F(DevelopmentKernel, KeepsAnAddressUntilItsThreadAsksForTheKeyAgain) {
+TEST_F(DevelopmentKernel, Address_StaysValidUntilItsThreadReadsTheKeyAgain) {
     const LoadedKernel kernel = Load();
     kernel.E_SetString("DESIGN_NAME", "old");
     const char* text = At(kernel.E_GetString("DESIGN_NAME"));
@@ -239,7 +239,7 @@ TEST_F(DevelopmentKernel, KeepsAnAddressUntilItsThreadAsksForTheKeyAgain) {
     EXPECT_STREQ(At(kernel.E_GetString("DESIGN_NAME")), "new");
 }
 
-TEST_F(DevelopmentKernel, ListsKeysOnlyIntoBuffersThatHoldThem) {
+TEST_F(DevelopmentKernel, NextString_BufferTooSmall_StaysUnchanged) {
     const LoadedKernel kernel = Load();
     EXPECT_EQ(kernel.QmxDev_NextString(nullptr, nullptr, 0), 0);
     kernel.E_SetString("LibDir", "1");
@@ -254,7 +254,7 @@ TEST_F(DevelopmentKernel, ListsKeysOnlyIntoBuffersThatHoldThem) {
     EXPECT_EQ(kernel.QmxDev_NextString("LibDir", key, 7), 0);
 }
 
-TEST_F(DevelopmentKernel, FailsCleanlyOnMemoryOfAnotherMaking) {
+TEST_F(DevelopmentKernel, ForeignSharedMemory_CallsFail) {
     SectionMemory memory(DevelopmentStoreName(), kDevelopmentStoreCapacity);
     memory.Lock();
     memory.Store(Word::kMagic, 0x20202020);
@@ -265,7 +265,7 @@ TEST_F(DevelopmentKernel, FailsCleanlyOnMemoryOfAnotherMaking) {
     EXPECT_EQ(kernel.QmxDev_NextString(nullptr, nullptr, 0), -1);
 }
 
-TEST_F(DevelopmentKernel, ConnectsOnceTheNameIsFree) {
+TEST_F(DevelopmentKernel, NameTakenThenFree_Connects) {
     std::optional<KernelHandle> event(CreateEventW(nullptr, TRUE, FALSE, Wide(DevelopmentStoreName())));
     const LoadedKernel kernel = Load();
     EXPECT_EQ(kernel.E_SetString("key", "value"), 0);

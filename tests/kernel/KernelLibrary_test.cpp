@@ -19,7 +19,7 @@ using runtime::win32::Wide;
 
 const String kFile = u"\\QmxKrn2K.dll";
 
-/// "53: File not found: …" of the error, "" when there is none.
+/// The error that `call` throws, as "53: File not found: …"; "" if it throws none.
 std::string ErrorOf(const std::function<void()>& call) {
     try {
         call();
@@ -36,7 +36,7 @@ std::string Recorded(const String& folder) {
     return reinterpret_cast<const char*(__stdcall*)()>(reinterpret_cast<void*>(recorded))();
 }
 
-/// A copy of a library that stands in a folder for the time of a test.
+/// A copy of a library that is in a folder until the end of the block.
 class PlacedLibrary {
  public:
     PlacedLibrary(const String& from, const String& folder) : path_(folder + kFile) {
@@ -50,7 +50,7 @@ class PlacedLibrary {
     String path_;
 };
 
-/// A folder for libraries that come and go.
+/// Creates a folder for libraries and removes it after the test.
 class KernelLibraryTest : public testing::Test {
  protected:
     void SetUp() override {
@@ -72,7 +72,7 @@ class KernelLibraryTest : public testing::Test {
         DWORD written = 0;
         ASSERT_TRUE(WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr));
     }
-    /// The library that a component in `folder_` loads in this program, "" without one.
+    /// The library that a component in `folder_` loads in this program; "" if it finds none.
     String Found() const {
         const auto found = FindKernel(folder_, tests::TestFolder());
         return found ? found->path : String();
@@ -88,7 +88,7 @@ class KernelLibraryTest : public testing::Test {
     String value_ = u"value";
 };
 
-TEST_F(KernelLibraryTest, PassesEveryCallOn) {
+TEST_F(KernelLibraryTest, EveryCall_IsForwarded) {
     KernelLibrary kernel(recording_);
     kernel.E_SetString(u"INITBP", value_);
     EXPECT_EQ(value_, u"value");
@@ -100,14 +100,14 @@ TEST_F(KernelLibraryTest, PassesEveryCallOn) {
               "E_SetString(INITBP, value)\nE_GetString(AllAps)\nE_GetString(negative)\nDB_DataBase()\nO_GetName(-7)\n");
 }
 
-TEST_F(KernelLibraryTest, LoadsNothingBeforeTheFirstCall) {
+TEST_F(KernelLibraryTest, Library_IsLoadedAtTheFirstCall) {
     KernelLibrary kernel(recording_);
     EXPECT_EQ(Recorded(recording_), "not loaded");
     kernel.DB_DataBase();
     EXPECT_EQ(Recorded(recording_), "DB_DataBase()\n");
 }
 
-TEST_F(KernelLibraryTest, TakesBackWhatTheKernelMadeOfTheValue) {
+TEST_F(KernelLibraryTest, KernelChangesTheValue_CallerGetsTheChange) {
     KernelLibrary kernel(recording_ + u"\\");
     kernel.E_SetString(u"upper", value_);
     EXPECT_EQ(value_, u"VALUE");
@@ -120,16 +120,16 @@ TEST_F(KernelLibraryTest, TakesBackWhatTheKernelMadeOfTheValue) {
     EXPECT_EQ(value_, u"");
 }
 
-TEST_F(KernelLibraryTest, LeavesOtherCopiesOfTheValueAlone) {
+TEST_F(KernelLibraryTest, KernelChangesTheValue_OtherCopiesStay) {
     KernelLibrary kernel(recording_);
     const String before = value_;
     kernel.E_SetString(u"upper", value_);
     EXPECT_EQ(before, u"value");
 }
 
-TEST_F(KernelLibraryTest, CrossesInTheSystemsCodePageUpToTheFirstNul) {
+TEST_F(KernelLibraryTest, Text_IsAnsiUpToTheFirstNul) {
     KernelLibrary kernel(recording_);
-    value_ = String(u"a\u4E2D\0b", 4);  // not in a western code page
+    value_ = String(u"a\u4E2D\0b", 4);  // not in a Western code page
     if (GetACP() == 1252) {
         kernel.E_SetString(String(u"caf\u00E9\0x", 6), value_);
         EXPECT_EQ(value_, u"a?");
@@ -139,14 +139,14 @@ TEST_F(KernelLibraryTest, CrossesInTheSystemsCodePageUpToTheFirstNul) {
     }
 }
 
-TEST_F(KernelLibraryTest, CrossesLongValuesWhole) {
+TEST_F(KernelLibraryTest, LongValue_IsForwardedWhole) {
     KernelLibrary kernel(recording_);
     value_ = String(3'000'000, u'x');
     kernel.E_SetString(u"upper", value_);
     EXPECT_TRUE(value_ == String(3'000'000, u'X'));
 }
 
-TEST_F(KernelLibraryTest, FindsNoLibrary) {
+TEST_F(KernelLibraryTest, NoLibrary_IsError53) {
     KernelLibrary kernel(folder_);
     const std::string error = ErrorOf([&] { kernel.E_SetString(u"key", value_); });
     EXPECT_TRUE(error.starts_with("53: File not found: QmxKrn2K.dll")) << error;
@@ -156,7 +156,7 @@ TEST_F(KernelLibraryTest, FindsNoLibrary) {
     EXPECT_TRUE(ErrorOf([] { KernelLibrary(u"").DB_DataBase(); }).starts_with("53: File not found: QmxKrn2K.dll"));
 }
 
-TEST_F(KernelLibraryTest, Found_InEachPlace_FirstPlaceWins) {
+TEST_F(KernelLibraryTest, LibraryInEachPlace_FirstPlaceWins) {
     EXPECT_EQ(Found(), u"");
     const PlacedLibrary development(partial_, development_);
     EXPECT_EQ(Found(), development_ + kFile);
@@ -175,7 +175,7 @@ TEST_F(KernelLibraryTest, Found_InEachPlace_FirstPlaceWins) {
     EXPECT_EQ(Recorded(folder_), "DB_DataBase()\n");
 }
 
-TEST_F(KernelLibraryTest, AskedForDevelopmentKernel_OthersArePassedOver) {
+TEST_F(KernelLibraryTest, DevelopmentKernelRequested_OthersAreIgnored) {
     SetEnvironmentVariableW(kAskForDevelopmentKernel, L"1");
     PutLibrary(partial_);
     EXPECT_EQ(Found(), u"");
@@ -186,7 +186,7 @@ TEST_F(KernelLibraryTest, AskedForDevelopmentKernel_OthersArePassedOver) {
     EXPECT_EQ(Place(), KernelPlace::kAskedFor);
 }
 
-TEST_F(KernelLibraryTest, AskedWithAnotherValue_IsNotAsked) {
+TEST_F(KernelLibraryTest, EnvironmentVariableOtherThan1_IsIgnored) {
     PutLibrary(partial_);
     for (const wchar_t* value : {L"", L"0", L"10", L"yes"}) {
         SetEnvironmentVariableW(kAskForDevelopmentKernel, value);
@@ -221,7 +221,7 @@ TEST_F(PreparedLibraryTest, InCurrentFolderAndPath_KernelIsNotLoaded) {
 }
 
 TEST_F(PreparedLibraryTest, InCurrentFolderAndPath_HelpControlIsNotLoaded) {
-    // The system's own control would be found first.
+    // Hide the system's own control, which would be found first.
     const String control = runtime::win32::InSystemFolder(u"hhctrl.ocx");
     const String hidden = control + u".hidden";
     ASSERT_TRUE(MoveFileW(Wide(control), Wide(hidden)));
@@ -234,7 +234,7 @@ TEST_F(PreparedLibraryTest, InCurrentFolderAndPath_HelpControlIsNotLoaded) {
     EXPECT_TRUE(MoveFileW(Wide(hidden), Wide(control)));
 }
 
-TEST_F(KernelLibraryTest, SaysWhichEntryOfWhichLibraryIsMissing) {
+TEST_F(KernelLibraryTest, MissingEntry_IsError453WithItsName) {
     KernelLibrary kernel(partial_);
     EXPECT_EQ(ErrorOf([&] { kernel.O_GetName(1); }), "453: Can't find DLL entry point: O_GetName in " +
                                                          runtime::ToUtf8(partial_ + kFile) +
@@ -244,7 +244,7 @@ TEST_F(KernelLibraryTest, SaysWhichEntryOfWhichLibraryIsMissing) {
     EXPECT_EQ(value_, u"value");
 }
 
-TEST_F(KernelLibraryTest, SaysWhyALibraryWillNotLoad) {
+TEST_F(KernelLibraryTest, BrokenLibrary_IsError48WithTheReason) {
     const std::string before = "48: Error in loading DLL: " + runtime::ToUtf8(folder_ + kFile);
     PutFile("not a library");
     const std::string text = ErrorOf([&] { KernelLibrary(folder_).E_GetString(u"key"); });
@@ -258,7 +258,7 @@ TEST_F(KernelLibraryTest, SaysWhyALibraryWillNotLoad) {
     EXPECT_EQ(bits, before + " (a 64-bit file); put the suite's 32-bit QmxKrn2K.dll there");
 }
 
-TEST_F(KernelLibraryTest, TriesAgainAfterEveryFailure) {
+TEST_F(KernelLibraryTest, FailedCall_NextCallTriesAgain) {
     KernelLibrary kernel(folder_);
     const auto call = [&] { kernel.E_SetString(u"key", value_); };
     EXPECT_TRUE(ErrorOf(call).starts_with("53: "));

@@ -1,5 +1,5 @@
-// Another process that uses the development kernel, for the tests: does what it reads, one command a line with its
-// fields between tabs, and answers each with one line.
+// A second process that uses the development kernel, for tests. It reads one command per line, with fields separated by
+// tabs, and replies to each with one line.
 //     kernel_peer FOLDER    FOLDER holds QmxKrn2K.dll
 #include <algorithm>
 #include <cstdlib>
@@ -29,7 +29,7 @@ Fields Split(const std::string& line) {
     return fields;
 }
 
-/// "3 a" for "aaa", "mixed" for text of more than one letter.
+/// "3 a" for "aaa"; "mixed" for a text with more than one letter.
 std::string Summary(const std::string& text) {
     if (text.find_first_not_of(text.substr(0, 1)) != std::string::npos) return "mixed";
     return std::to_string(text.size()) + " " + text.substr(0, 1);
@@ -79,7 +79,7 @@ class PeerProcess {
         return text ? Summary(*text) : "none";
     }
 
-    // write KEY ROUNDS SEED: texts of one letter each, the letter told by the length
+    // write KEY ROUNDS SEED: stores random texts. Each consists of one letter, which its length determines.
     std::string WriteOver(const Fields& fields) {
         auto length = static_cast<unsigned>(std::stoul(fields[3]));
         for (unsigned long round = std::stoul(fields[2]); round > 0; --round) {
@@ -89,14 +89,14 @@ class PeerProcess {
         return "done";
     }
 
-    // watch KEY ROUNDS: how many texts were not whole
+    // watch KEY ROUNDS: reads the text that often; returns how many texts were torn
     std::string Watch(const Fields& fields) {
         int torn = 0;
         for (unsigned long round = std::stoul(fields[2]); round > 0; --round) torn += IsTorn(Text(fields[1])) ? 1 : 0;
         return std::to_string(torn);
     }
 
-    // follow KEY CHANGES: reads until the text has changed so often; how many texts were not whole
+    // follow KEY CHANGES: reads until the text has changed that often; returns how many texts were torn
     std::string Follow(const Fields& fields) {
         const ULONGLONG end = GetTickCount64() + 60'000;
         std::optional<std::string> last = Text(fields[1]);
@@ -132,7 +132,7 @@ class PeerProcess {
         return std::to_string(right);
     }
 
-    // list: how many keys, and whether they came in order
+    // list: returns the number of keys and whether they are sorted
     std::string List(const Fields&) {
         std::vector<std::string> keys;
         std::string key(100, '\0');
@@ -150,7 +150,7 @@ class PeerProcess {
         return "locked";
     }
 
-    // What a process leaves that dies in the middle of adding a record.
+    // Leaves what a process leaves that is killed while it adds a record.
     std::string WriteHalf(const Fields& fields) {
         LockOnly(fields);
         const std::uint32_t space = memory_->Load(Word::kGeneration) % 2;

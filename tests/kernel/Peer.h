@@ -1,4 +1,4 @@
-// Another process with the development kernel, driven through pipes: see KernelPeer.cpp for what it can be asked.
+// A second process that uses the development kernel, driven through pipes. KernelPeer.cpp has its commands.
 #pragma once
 
 #include <string>
@@ -7,25 +7,25 @@
 
 namespace tests::kernel {
 
-/// Folder of the development kernel.
+/// The development kernel's folder.
 runtime::String KernelFolder();
 
-/// Every wait is bounded; what takes too long answers "no answer".
+/// Every wait is bounded. The reply is "no answer" if the time runs out.
 class Peer {
  public:
     Peer();
     Peer(const Peer&) = delete;
     Peer& operator=(const Peer&) = delete;
-    /// Ends the process the orderly way, unless it has died.
+    /// Ends the process normally, unless it has ended already.
     ~Peer();
 
-    /// `command` has its fields between tabs.
+    /// Sends `command`, whose fields are separated by tabs, and returns the reply.
     std::string Ask(const std::string& command);
     void Tell(const std::string& command);
     std::string Answer();
-    /// Lets the process die at a point of its own.
+    /// Makes the process terminate itself.
     void Die();
-    /// Kills the process wherever it is.
+    /// Kills the process at any point of its work.
     void Kill();
 
  private:

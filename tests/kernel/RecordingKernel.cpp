@@ -1,4 +1,4 @@
-// A kernel library that remembers how it was called, and does to the value buffer what the key says.
+// A kernel library that records its calls and changes the value buffer as the key says.
 #include <cctype>
 #include <cstring>
 #include <string>
@@ -28,7 +28,7 @@ extern "C" {
 long __stdcall E_SetString(char* key, char* value) {
     Record() += "E_SetString(" + std::string(key) + ", " + value + ")\n";
     Rewrite(key, value);
-    return 0;  // what a caller makes of the result does not depend on it
+    return 0;  // callers ignore the result
 }
 
 long __stdcall E_GetString(char* key) {
@@ -46,7 +46,7 @@ long __stdcall O_GetName(long handle) {
     return 0x5678;
 }
 
-/// The calls since the library was loaded, a line each.
+/// The calls since the library was loaded, one per line.
 const char* __stdcall Recorded() {
     return Record().c_str();
 }

@@ -24,18 +24,18 @@ std::string Text(const SectionMemory& memory, std::uint32_t space, std::uint32_t
     return text;
 }
 
-/// Two users of one memory, as two processes are.
+/// One memory with two users, as in two processes.
 class SectionMemoryOfTwo : public testing::Test {
  protected:
     SectionMemory one_{OwnName(u"SectionMemoryOfTwo"), kCapacity};
     SectionMemory two_{OwnName(u"SectionMemoryOfTwo"), kCapacity};
 };
 
-TEST_F(SectionMemoryOfTwo, StartsWithZeroesInEveryWord) {
+TEST_F(SectionMemoryOfTwo, NewMemory_IsZero) {
     for (std::uint32_t word = 0; word < kWordCount; ++word) EXPECT_EQ(one_.Load(static_cast<Word>(word)), 0u);
 }
 
-TEST_F(SectionMemoryOfTwo, SharesWordsAndBytes) {
+TEST_F(SectionMemoryOfTwo, WordsAndBytes_AreShared) {
     one_.Store(Word::kUsed1, 7);
     EXPECT_EQ(two_.Load(Word::kUsed1), 7u);
     ASSERT_TRUE(one_.View(1, kCapacity));
@@ -44,7 +44,7 @@ TEST_F(SectionMemoryOfTwo, SharesWordsAndBytes) {
     EXPECT_EQ(Text(two_, 1, kCapacity - 4, 3), "end");
 }
 
-TEST_F(SectionMemoryOfTwo, KeepsTheSpacesApart) {
+TEST_F(SectionMemoryOfTwo, Spaces_AreSeparate) {
     for (const std::uint32_t space : {0u, 1u}) {
         ASSERT_TRUE(one_.View(space, kCapacity));
         for (const std::uint32_t offset : {0u, kCapacity - 1}) one_.Write(space, offset, space == 0 ? "a" : "b", 1);
@@ -54,7 +54,7 @@ TEST_F(SectionMemoryOfTwo, KeepsTheSpacesApart) {
     EXPECT_EQ(Text(two_, 0, kCapacity - 1, 1), "a");
 }
 
-TEST_F(SectionMemoryOfTwo, KeepsBytesWhenViewsGrowAndGo) {
+TEST_F(SectionMemoryOfTwo, ViewsGrowOrEnd_BytesStay) {
     ASSERT_TRUE(one_.View(0, 5));
     one_.Write(0, 0, "first", 5);
     for (const std::uint32_t size : {64u * 1024, 64u * 1024 + 1, kCapacity}) {
@@ -68,13 +68,13 @@ TEST_F(SectionMemoryOfTwo, KeepsBytesWhenViewsGrowAndGo) {
     }
 }
 
-TEST_F(SectionMemoryOfTwo, ViewsNoMoreThanItsCapacity) {
+TEST_F(SectionMemoryOfTwo, ViewBeyondTheCapacity_Fails) {
     EXPECT_FALSE(one_.View(0, kCapacity + 1));
     EXPECT_FALSE(one_.View(1, 0xFFFFFFFF));
     EXPECT_TRUE(one_.View(1, kCapacity));
 }
 
-TEST(SectionMemory, LockIsKeptByAnother_OneWaitIsLongAndLaterOnesAreShort) {
+TEST(SectionMemory, LockIsHeld_OnlyTheFirstWaitIsLong) {
     constexpr unsigned kTimeout = 500;  // milliseconds
     const String name = OwnName(u"SectionMemoryLock");
     SectionMemory owner(name, kCapacity);
@@ -92,13 +92,13 @@ TEST(SectionMemory, LockIsKeptByAnother_OneWaitIsLongAndLaterOnesAreShort) {
     }).join();
 }
 
-TEST(SectionMemory, RefusesANameThatIsNotForMemory) {
+TEST(SectionMemory, NameOfAnotherKindOfObject_IsRefused) {
     const String name = OwnName(u"SectionMemoryTaken");
     const KernelHandle event(CreateEventW(nullptr, TRUE, FALSE, Wide(name)));
     EXPECT_THROW(SectionMemory(name, kCapacity), StoreError);
 }
 
-TEST(SectionMemory, CannotViewMoreThanASmallerSectionHas) {
+TEST(SectionMemory, SmallerSection_LargeViewFails) {
     const String name = OwnName(u"SectionMemorySmall");
     const SectionMemory small(name, kCapacity);
     SectionMemory large(name, 4 * kCapacity);
