@@ -1,6 +1,5 @@
-// How the suite's comma fields come apart: fields between commas, each of them plain or in double quotes. The field
-// splitter and the built-in field parser both walk a text with this; what they do about a quote that never closes is
-// theirs.
+// Splits a text into the suite's comma fields. A field is plain or in double quotes. The field splitter and the
+// built-in field parser both use this class; each handles a quote that never closes in its own way.
 #pragma once
 
 #include "runtime/Text.h"
@@ -9,19 +8,22 @@ namespace kernel_api {
 
 struct CommaField {
     runtime::StringView text;
-    /// It opens with a quote that never closes: `text` is everything behind that quote, and it is the last field.
+    /// The field opens with a quote that never closes. It is the last field; `text` is everything after that quote.
     bool isUnclosed = false;
 };
 
-/// Takes the fields of a text from its beginning. What lies between a closing quote and the next comma belongs to the
-/// field, but then the character before the comma does not. The text's last character neither opens a quoted field nor
-/// ends one. Every text has a first field. The text must outlive the walk, which searches it once only.
+/// Returns the fields of a text one after another. The text must outlive the object. Each part is searched once.
+/// - Every text has at least one field.
+/// - A quoted field extends to the first comma after its closing quote, or to the end of the text. A comma that is the
+///   text's last character does not end it.
+/// - The last character of a quoted field, normally its closing quote, is left out.
+/// - A quote that is the text's last character is a plain field.
 class CommaFields {
  public:
     explicit CommaFields(runtime::StringView text) : text_(text) {}
 
     bool AtEnd() const { return atEnd_; }
-    /// The next field. Not to be called at the end.
+    /// The next field. Must not be called at the end.
     CommaField Take() { return OpensQuoted() ? TakeQuoted() : TakePlain(); }
 
  private:
@@ -42,7 +44,7 @@ class CommaFields {
         atEnd_ = comma == kNone || comma + 1 == text_.size();
         const std::size_t end = atEnd_ ? text_.size() : comma;
         position_ = end + 1;
-        // One less than `end`: normally the closing quote.
+        // Leave out the last character, normally the closing quote.
         return {text_.substr(begin, end - 1 - begin)};
     }
 

@@ -1,5 +1,5 @@
 // The suite's kernel, as this component calls it: named strings shared by all modules ("kernel strings"), and the
-// name of the open design. The names are those of the kernel library's own functions.
+// name of the open design. The functions have the names of the kernel library's own functions.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,8 @@ namespace kernel_api {
 using runtime::String;
 using runtime::StringView;
 
-/// Address of a zero-terminated text in the system's ANSI code page, as the kernel hands it out; 0 when there is
-/// none. It is 32 bits wide in the component, and signed, as its callers compare it.
+/// Address of a zero-terminated text in the system's ANSI code page; 0 if there is none. The component is a 32-bit
+/// library, so the type has 32 bits there. The type is signed, because callers test for values <= 0.
 using TextPointer = std::intptr_t;
 
 /// The kernel string that holds the current language's folder.
@@ -22,11 +22,11 @@ class Kernel {
  public:
     virtual ~Kernel() = default;
 
-    /// Stores `value` under `key` for all modules. Both cross as ANSI; the kernel may rewrite the value in place, and
-    /// `value` is what it left, up to the first NUL. Error 53 (no kernel library),
-    /// 48 (it will not load) or 453 (an entry is missing).
+    /// Stores `value` under `key` for all modules. The kernel receives both in the ANSI code page and may rewrite the
+    /// value in place. On return, `value` is the rewritten text up to the first NUL. Errors: 53 (no kernel library),
+    /// 48 (the library does not load), 453 (the library lacks the entry).
     virtual void E_SetString(StringView key, String& value) = 0;
-    /// The text under `key`, or a value <= 0 when there is none. Errors as above.
+    /// The text under `key`, or a value <= 0 if there is none. Errors as above.
     virtual TextPointer E_GetString(StringView key) = 0;
     /// Handle of the design database that the kernel has open. Errors as above.
     virtual std::int32_t DB_DataBase() = 0;
@@ -34,7 +34,7 @@ class Kernel {
     virtual TextPointer O_GetName(std::int32_t handle) = 0;
 };
 
-/// The kernel in use. Error 91 before one was chosen.
+/// The kernel in use. Error 91 before a kernel was chosen.
 Kernel& CurrentKernel();
 
 }  // namespace kernel_api

@@ -12,18 +12,18 @@ class Reader {
  public:
     virtual ~Reader() = default;
 
-    /// Leaves `folder` ending in one backslash: appends it only when it is missing. The reader looks for the suite's
-    /// INI file there from now on.
+    /// Appends a backslash to `folder` unless it ends in one. From now on the reader uses the suite's INI file in that
+    /// folder.
     virtual void NormaliseFolder(String& folder) = 0;
-    /// The setting `key` of `application`, or `defaultValue` when it is absent.
+    /// The setting `key` of `application`, or `defaultValue` if there is none.
     virtual String GetSetting(StringView application, StringView key, StringView defaultValue) = 0;
-    /// The text under `textId` in the current language, or `defaultText`.
+    /// The text under `textId` in the current language, or `defaultText` if there is none.
     virtual String GetText(StringView defaultText, StringView textId) = 0;
     /// The text at `pointer`, converted from the system's ANSI code page; "" for 0.
     virtual String TextAt(TextPointer pointer) = 0;
 };
 
-/// The reader in use. Error 91 before one was chosen.
+/// The reader in use. Error 91 before a reader was chosen.
 Reader& CurrentReader();
 
 }  // namespace kernel_api

@@ -1,4 +1,4 @@
-// The suite's shared string splitter, as this component calls it: it parses the comma fields of commands, and counts
+// The suite's shared string splitter, as this component calls it. It parses the comma fields of commands and counts
 // the pieces of a text.
 #pragma once
 
@@ -12,14 +12,14 @@ namespace kernel_api {
 using runtime::String;
 using runtime::StringView;
 
-/// One text at a time, as fields between commas.
+/// Splits one text at a time into fields between commas.
 class FieldParser {
  public:
     virtual ~FieldParser() = default;
 
-    /// From now on the fields are those of `text`, of which the parser keeps a copy.
+    /// Copies `text` and makes it the text to split.
     virtual void SetText(StringView text) = 0;
-    /// Field `number`, from 1; "" for one that is not there. It holds until the next SetText.
+    /// Field `number`, counted from 1; "" if there is no such field. The result is valid until the next SetText.
     virtual StringView Field(std::int32_t number) = 0;
 };
 
@@ -28,11 +28,11 @@ class Splitter {
     virtual ~Splitter() = default;
 
     virtual std::unique_ptr<FieldParser> MakeFieldParser() = 0;
-    /// How many pieces `separator` makes of `text`. An empty last piece counts, so there is always at least one.
+    /// The number of pieces into which `separator` divides `text`, at least 1. An empty last piece counts.
     virtual std::int32_t CountPieces(StringView text, StringView separator) = 0;
 };
 
-/// The splitter in use. Error 91 before one was chosen.
+/// The splitter in use. Error 91 before a splitter was chosen.
 Splitter& CurrentSplitter();
 
 }  // namespace kernel_api

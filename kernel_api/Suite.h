@@ -1,4 +1,4 @@
-// The suite's parts in use, in one place. The composition chooses them and owns them.
+// The suite's parts in use. The composition chooses them and owns them.
 #pragma once
 
 #include "kernel_api/Kernel.h"
@@ -13,7 +13,7 @@ struct Suite {
     Splitter* splitter = nullptr;
 };
 
-/// What CurrentKernel, CurrentReader and CurrentSplitter return. Each part may be exchanged.
+/// The parts that CurrentKernel, CurrentReader and CurrentSplitter return. Callers may replace each part.
 Suite& CurrentSuite();
 
 }  // namespace kernel_api

@@ -1,4 +1,4 @@
-// What the suite supplies may be missing: each of its three parts then fails alike.
+// Each of the suite's three parts can be missing. The error is the same for all of them.
 #include "kernel_api/Kernel.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace kernel_api {
 namespace {
 
-TEST(SuiteParts, ThatAreMissingAreError91) {
+TEST(SuiteParts, MissingPart_IsError91) {
     EXPECT_EQ(tests::ErrorOf([] { CurrentKernel(); }), runtime::kObjectVariableNotSet);
     EXPECT_EQ(tests::ErrorOf([] { CurrentReader(); }), runtime::kObjectVariableNotSet);
     EXPECT_EQ(tests::ErrorOf([] { CurrentSplitter(); }), runtime::kObjectVariableNotSet);

@@ -1,14 +1,14 @@
-// The functions of QmxKrn2K.h for modules: each calls the kernel that the component has loaded in this process. It is
-// found at the first call and looked for nowhere else, so no foreign library of its name is loaded by chance.
+// The functions of QmxKrn2K.h for modules. Each one calls the kernel library that is loaded in this process, normally
+// by the component. These functions load no library themselves, so they never load a foreign library of that name.
 //
-// Written for any language and program that can link it: no exceptions, no standard library.
+// The file uses no exceptions and no standard library, so that programs in any language can link it.
 #include "QmxKrn2K.h"
 
 #include <windows.h>
 
 namespace {
 
-/// What the delayed imports of compilers raise in the same cases.
+/// The exception codes that a compiler's delayed imports raise in the same cases.
 constexpr DWORD kLibraryNotFound = 0xC06D007E;
 constexpr DWORD kEntryNotFound = 0xC06D007F;
 
@@ -16,7 +16,7 @@ void Fail(DWORD code) {
     RaiseException(code, EXCEPTION_NONCONTINUABLE, 0, nullptr);
 }
 
-/// `found` is the address that an earlier call has found, or null.
+/// The entry `name` of the kernel. `found` caches its address; it is null before the first call.
 template <typename Function>
 Function Entry(Function& found, const char* name) {
     if (found) return found;

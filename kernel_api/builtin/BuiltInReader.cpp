@@ -10,7 +10,7 @@ namespace {
 constexpr StringView kTextsName = u"K4TBackProcess.txt";
 constexpr StringView kRegistrySection = u"Settings";
 
-/// Windows leaves the first and the last 64 KB of the address space free, so that wrong pointers are noticed.
+/// Windows never maps the first and the last 64 KB of the address space, so that accesses through wrong pointers fail.
 constexpr TextPointer kUnusedAddresses = 0x10000;
 
 }  // namespace
@@ -51,7 +51,7 @@ void BuiltInReader::RefreshTexts() {
         try {
             texts_ = TextFile(*bytes);
         } catch (const std::bad_alloc&) {
-            // Texts that do not fit into memory are shown by their defaults.
+            // If the texts do not fit into memory, the defaults are used.
         }
     });
 }
@@ -82,7 +82,7 @@ void BuiltInReader::Refresh() {
         try {
             ini_ = IniText(locale_, DecodeIni(*bytes, locale_));
         } catch (const std::bad_alloc&) {
-            // A file that does not fit into memory gives no settings, but must not keep the others from being found.
+            // If the file does not fit into memory, the settings in the registry are still found.
         }
     });
 }

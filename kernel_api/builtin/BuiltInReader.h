@@ -1,5 +1,5 @@
-// The reader that stands in for the suite's own: settings from MARLENTO.INI in the system folder, then from the
-// user's registry settings; texts from K4TBackProcess.txt in the language folder.
+// The reader that replaces the suite's own. Settings come from MARLENTO.INI in the system folder, then from the user's
+// registry settings. Texts come from K4TBackProcess.txt in the language folder.
 #pragma once
 
 #include <cstdint>
@@ -15,11 +15,11 @@
 
 namespace kernel_api::builtin {
 
-/// More than this is no language file: it would take hundreds of megabytes of a module's memory and seconds of its
-/// time. It holds about 300,000 texts of ordinary length.
+/// The largest language file that is read. It holds about 300,000 texts of ordinary length. A larger file would take
+/// hundreds of megabytes of a module's memory and several seconds.
 constexpr std::uint64_t kMaxTextsBytes = 16u << 20;
 
-/// Path of the texts in a language folder, which may end in a backslash.
+/// Path of the language file in `languageFolder`, which may end in a backslash.
 String TextsPathIn(StringView languageFolder);
 
 enum class SettingSource { None, IniFile, Registry };
@@ -37,21 +37,22 @@ class BuiltInReader : public Reader {
     void NormaliseFolder(String& folder) override;
     String GetSetting(StringView application, StringView key, StringView defaultValue) override;
     String GetText(StringView defaultText, StringView textId) override;
-    /// Also "" for an address so near to 0, from either side, that no text can be there.
+    /// Also returns "" for an address less than 64 KB above or below 0, because no text can be there.
     String TextAt(TextPointer pointer) override;
 
-    /// Where the folder of the language's texts comes from; while it is empty, the kernel string "LANGUAGEPATH" counts.
+    /// Sets the function that returns the language folder. If it is null or returns "", the kernel string
+    /// "LANGUAGEPATH" is the language folder.
     void UseLanguageFolder(std::function<String()> folder) { languageFolder_ = std::move(folder); }
 
-    /// The setting and where it was found. Until a folder is normalised there is no INI file.
+    /// The setting and its source. No INI file is read before the first NormaliseFolder.
     FoundSetting Find(StringView application, StringView key);
 
  private:
-    /// Reads the INI file again if it is no longer the one that was read.
+    /// Reads the INI file again if it has changed.
     void Refresh();
-    /// Makes the texts those of the current language folder as it is now.
+    /// Reads the language file again if it or the language folder has changed.
     void RefreshTexts();
-    /// Empty while no language folder is known.
+    /// Empty if no language folder is known.
     String LanguageFolder();
 
     runtime::FilesPort& files_;
@@ -60,7 +61,7 @@ class BuiltInReader : public Reader {
     WatchedFile iniFile_{files_};
     IniText ini_;
     std::function<String()> languageFolder_;
-    String textsFolder_;  ///< the folder whose file is watched
+    String textsFolder_;  ///< the language folder of `textsFile_`
     WatchedFile textsFile_{files_, kMaxTextsBytes};
     TextFile texts_;
 };

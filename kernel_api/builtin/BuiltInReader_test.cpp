@@ -1,4 +1,4 @@
-// The reader of settings and texts over files and settings in memory: where each value comes from, and when a file is
+// The reader of settings and texts, with files and settings in memory: the source of each value, and when a file is
 // read again.
 #include "kernel_api/builtin/BuiltInReader.h"
 #include "kernel_api/Suite.h"
@@ -34,7 +34,7 @@ class BuiltInReaderTest : public testing::Test {
     BuiltInReader reader_{files_, settings_, locale_};
 };
 
-TEST_F(BuiltInReaderTest, FolderGetsItsBackslashOnlyWhenItLacksIt) {
+TEST_F(BuiltInReaderTest, NormaliseFolder_AppendsAMissingBackslash) {
     const auto normalised = [this](String folder) {
         reader_.NormaliseFolder(folder);
         return folder;
@@ -55,7 +55,7 @@ TEST_F(BuiltInReaderTest, IniFileComesFirstThenTheRegistryThenTheDefault) {
     EXPECT_EQ(Ver(), u"ini");
 }
 
-TEST_F(BuiltInReaderTest, FindTellsWhereASettingStands) {
+TEST_F(BuiltInReaderTest, Find_ReportsTheSourceOfASetting) {
     files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\nRev=\r\n");
     settings_.Save(u"Marlento", u"Settings", u"Maker", u"Harnwell");
     UseFolder(u"C:\\sys");
@@ -67,7 +67,7 @@ TEST_F(BuiltInReaderTest, FindTellsWhereASettingStands) {
     EXPECT_EQ(reader_.Find(u"Marlento", u"Range").source, SettingSource::None);
 }
 
-TEST_F(BuiltInReaderTest, EmptyValueIsNoReasonForTheDefault) {
+TEST_F(BuiltInReaderTest, EmptyValue_IsReturnedInsteadOfTheDefault) {
     files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=\r\n");
     UseFolder(u"C:\\sys");
     EXPECT_EQ(Ver(), u"");
@@ -78,7 +78,7 @@ TEST_F(BuiltInReaderTest, OnlyTheRegistrySectionSettingsCounts) {
     EXPECT_EQ(Ver(), u"?");
 }
 
-TEST_F(BuiltInReaderTest, WithoutAFolderNoFileIsAskedFor) {
+TEST_F(BuiltInReaderTest, NoFolder_NoFileIsRead) {
     files_.AddFile(u"C:\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
     EXPECT_EQ(Ver(), u"?");
     EXPECT_THAT(files_.Log(), testing::IsEmpty());
@@ -124,7 +124,7 @@ TEST_F(BuiltInReaderTest, AnotherFolderHasItsOwnFile) {
     EXPECT_EQ(Ver(), u"?");
 }
 
-TEST_F(BuiltInReaderTest, FileThatCannotBeReadLeavesWhatWasReadBefore) {
+TEST_F(BuiltInReaderTest, UnreadableFile_EarlierSettingsStay) {
     files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
     UseFolder(u"C:\\sys");
     EXPECT_EQ(Ver(), u"1");
@@ -135,13 +135,13 @@ TEST_F(BuiltInReaderTest, FileThatCannotBeReadLeavesWhatWasReadBefore) {
     EXPECT_EQ(Ver(), u"3");
 }
 
-/// Has no room for texts in the system's code page.
+/// Runs out of memory when it converts from the ANSI code page.
 class ShortOfMemory : public runtime::headless::PlainLocale {
  public:
     String FromAnsi(std::string_view) override { throw std::bad_alloc(); }
 };
 
-TEST_F(BuiltInReaderTest, FileThatDoesNotFitIntoMemoryLeavesTheOtherSettings) {
+TEST_F(BuiltInReaderTest, FileDoesNotFitIntoMemory_RegistryIsUsed) {
     ShortOfMemory locale;
     BuiltInReader reader(files_, settings_, locale);
     files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\nVer=\xE4\n");
@@ -157,7 +157,7 @@ TEST_F(BuiltInReaderTest, TextIsReadFromItsAnsiBytes) {
     EXPECT_EQ(reader_.TextAt(reinterpret_cast<TextPointer>("")), u"");
 }
 
-TEST_F(BuiltInReaderTest, NoTextIsAtAddressesThatNothingCanHave) {
+TEST_F(BuiltInReaderTest, AddressNearZero_HasNoText) {
     EXPECT_EQ(reader_.TextAt(0), u"");
     EXPECT_EQ(reader_.TextAt(-1), u"");
     EXPECT_EQ(reader_.TextAt(1), u"");
@@ -177,16 +177,16 @@ class LocalTexts : public BuiltInReaderTest {
     String Text(StringView textId) { return reader_.GetText(u"default", textId); }
 
     tests::InMemoryKernel kernel_;
-    String folder_;  ///< what the component holds as its language folder
+    String folder_;  ///< the component's language folder
 };
 
-TEST_F(LocalTexts, AreTheDefaultsWithoutALanguageFolder) {
+TEST_F(LocalTexts, NoLanguageFolder_DefaultText) {
     files_.AddFile(u"C:\\K4TBackProcess.txt", "1 = eins\n");
     EXPECT_EQ(Text(u"1"), u"default");
     EXPECT_THAT(files_.Log(), testing::IsEmpty());
 }
 
-TEST_F(LocalTexts, ComeFromTheKernelsFolderWhileTheComponentHasNone) {
+TEST_F(LocalTexts, ComponentHasNoFolder_KernelsFolderIsUsed) {
     WriteTexts(u"C:\\de", "1 = eins\n");
     WriteTexts(u"C:\\fr", "1 = un\n");
     kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
@@ -197,7 +197,7 @@ TEST_F(LocalTexts, ComeFromTheKernelsFolderWhileTheComponentHasNone) {
     EXPECT_EQ(Text(u"1"), u"eins");
 }
 
-TEST_F(LocalTexts, AreTheDefaultsAgainWhenTheFolderIsTakenBack) {
+TEST_F(LocalTexts, FolderCleared_DefaultTextAgain) {
     files_.AddFile(u"C:\\K4TBackProcess.txt", "1 = of no folder\n");
     WriteTexts(u"C:\\de", "1 = eins\n");
     folder_ = u"C:\\de";
@@ -206,7 +206,7 @@ TEST_F(LocalTexts, AreTheDefaultsAgainWhenTheFolderIsTakenBack) {
     EXPECT_EQ(Text(u"1"), u"default");
 }
 
-TEST_F(LocalTexts, KernelsFolderCountsWhenNobodySaysWhichFolderTheComponentHas) {
+TEST_F(LocalTexts, NoFolderFunction_KernelsFolderIsUsed) {
     WriteTexts(u"C:\\de", "1 = eins\n");
     kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
     reader_.UseLanguageFolder(nullptr);
@@ -235,7 +235,7 @@ TEST_F(LocalTexts, FileMayAppearChangeAndVanish) {
     EXPECT_EQ(Reads(), 2);
 }
 
-TEST_F(LocalTexts, FileThatIsBeingWrittenLeavesWhatWasReadBefore) {
+TEST_F(LocalTexts, FileBeingWritten_EarlierTextsStay) {
     folder_ = u"C:\\de";
     WriteTexts(u"C:\\de", "1 = eins\n");
     EXPECT_EQ(Text(u"1"), u"eins");
@@ -244,7 +244,7 @@ TEST_F(LocalTexts, FileThatIsBeingWrittenLeavesWhatWasReadBefore) {
     EXPECT_EQ(Text(u"1"), u"eins");
 }
 
-TEST_F(LocalTexts, FileThatCannotBeReadGivesTheDefaultsUntilItCan) {
+TEST_F(LocalTexts, UnreadableFile_DefaultTextUntilItIsReadable) {
     folder_ = u"C:\\de";
     WriteTexts(u"C:\\de", "1 = eins\n");
     files_.FailRead(u"C:\\de\\K4TBackProcess.txt");
@@ -254,14 +254,14 @@ TEST_F(LocalTexts, FileThatCannotBeReadGivesTheDefaultsUntilItCan) {
     EXPECT_EQ(Text(u"1"), u"eins");
 }
 
-TEST_F(LocalTexts, FolderInTheFilesPlaceGivesTheDefaults) {
+TEST_F(LocalTexts, FolderNamedLikeTheFile_DefaultText) {
     files_.AddFolder(u"C:\\de\\K4TBackProcess.txt");
     folder_ = u"C:\\de";
     EXPECT_EQ(Text(u"1"), u"default");
     EXPECT_EQ(Reads(), 0);
 }
 
-TEST_F(LocalTexts, FolderThatIsNoPathGivesTheDefaults) {
+TEST_F(LocalTexts, InvalidFolder_DefaultText) {
     for (const String& folder : {String(u"Q:\\none"), String(u"C:\\a|b\0c", 8), String(u":"), String(40'000, u'x')}) {
         folder_ = folder;
         EXPECT_EQ(Text(u"1"), u"default");
@@ -283,7 +283,7 @@ TEST_F(LocalTexts, FileTooLargeIsNotRead) {
     EXPECT_EQ(Text(u"1"), u"ein");
 }
 
-TEST_F(LocalTexts, FolderThatComesBackIsReadAgain) {
+TEST_F(LocalTexts, FolderChangedBack_FileIsReadAgain) {
     WriteTexts(u"C:\\de", "1 = eins\n");
     WriteTexts(u"C:\\fr", "1 = un\n");
     for (const StringView folder : {u"C:\\de", u"C:\\fr", u"C:\\de", u"C:\\none", u"C:\\fr"}) {
@@ -293,7 +293,7 @@ TEST_F(LocalTexts, FolderThatComesBackIsReadAgain) {
     }
 }
 
-TEST_F(LocalTexts, FailingKernelIsTheCallersError) {
+TEST_F(LocalTexts, KernelFails_CallerReceivesTheError) {
     kernel_.FailOn("E_GetString", runtime::Error(runtime::kFileNotFound));
     EXPECT_THROW(Text(u"1"), runtime::Error);
 }

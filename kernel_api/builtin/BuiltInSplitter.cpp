@@ -7,7 +7,7 @@
 namespace kernel_api::builtin {
 namespace {
 
-/// Walks the text only as far as it is asked, and no part of it twice.
+/// Parses the text only up to the requested field, and each part of it once.
 class BuiltInFieldParser : public FieldParser {
  public:
     void SetText(StringView text) override {
@@ -28,7 +28,7 @@ class BuiltInFieldParser : public FieldParser {
     }
 
  private:
-    /// In characters. Room for a larger text is given back when a smaller one comes.
+    /// In characters. SetText frees a larger buffer if the new text fits into this size.
     static constexpr std::size_t kRoomKept = 65536;
 
     String text_;

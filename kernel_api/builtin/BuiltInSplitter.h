@@ -1,5 +1,5 @@
-// The splitter that stands in for the suite's own. It splits as the component's field splitter does, but for a quote
-// that never closes: there the field is the rest of the text.
+// The splitter that replaces the suite's own. It splits a text like the component's field splitter, with one
+// difference: after a quote that never closes, the field is the rest of the text.
 #pragma once
 
 #include "kernel_api/Splitter.h"
@@ -9,7 +9,7 @@ namespace kernel_api::builtin {
 class BuiltInSplitter : public Splitter {
  public:
     std::unique_ptr<FieldParser> MakeFieldParser() override;
-    /// A text that the separator does not divide is one piece, an empty one and one without a separator too.
+    /// If `text` or `separator` is empty, the result is 1.
     std::int32_t CountPieces(StringView text, StringView separator) override;
 };
 

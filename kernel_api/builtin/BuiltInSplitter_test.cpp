@@ -1,4 +1,4 @@
-// Texts split into fields, at last every short one in comparison with the slow splitter of the tests.
+// Splits texts into fields. One test compares every short text with the simple, slow splitter of the tests.
 #include "kernel_api/builtin/BuiltInSplitter.h"
 #include "kernel_api/Suite.h"
 
@@ -49,11 +49,11 @@ TEST_F(FieldParserTest, MissingFieldIsEmpty) {
     EXPECT_EQ(parser_->Field(1), u"All");
 }
 
-TEST_F(FieldParserTest, HasNoFieldsBeforeItIsGivenAText) {
+TEST_F(FieldParserTest, NoText_NoFields) {
     EXPECT_EQ(parser_->Field(1), u"");
 }
 
-TEST_F(FieldParserTest, FieldsMayBeAskedForInAnyOrderAndAgain) {
+TEST_F(FieldParserTest, FieldsMayBeReadInAnyOrderAndTwice) {
     parser_->SetText(u"A,B,C");
     EXPECT_EQ(parser_->Field(3), u"C");
     EXPECT_EQ(parser_->Field(1), u"A");
@@ -79,17 +79,17 @@ TEST_F(FieldParserTest, QuoteThatNeverClosesTakesTheRest) {
     EXPECT_EQ(Fields(uR"("A","B)", 3), (Texts{u"A", u"B", u""}));
 }
 
-TEST_F(FieldParserTest, QuoteThatIsTheLastCharacterIsAPlainField) {
+TEST_F(FieldParserTest, QuoteAtTheEndIsAPlainField) {
     EXPECT_EQ(Fields(uR"(")", 1), (Texts{uR"(")"}));
     EXPECT_EQ(Fields(uR"(A,")", 2), (Texts{u"A", uR"(")"}));
 }
 
-TEST_F(FieldParserTest, AnyCharacterMayStandInAField) {
+TEST_F(FieldParserTest, FieldMayContainAnyCharacter) {
     const String text{u'A', u'\0', u',', char16_t{0xD800}, u',', char16_t{0xDC00}};
     EXPECT_EQ(Fields(text, 3), (Texts{String{u'A', u'\0'}, String{char16_t{0xD800}}, String{char16_t{0xDC00}}}));
 }
 
-// Every text of up to seven of these characters; those that the field splitter never returns for aside.
+// Tries every text of up to seven of these characters, except those for which the field splitter never returns.
 TEST_F(FieldParserTest, SplitsAsTheFieldSplitterDoes) {
     constexpr StringView kCharacters = u"\",Ab";
     for (std::size_t number = 1; number < (1U << 15); ++number) {
@@ -139,7 +139,7 @@ TEST(BuiltInSplitter, EmptySeparatorDividesNothing) {
     EXPECT_EQ(BuiltInSplitter().CountPieces(u"abc", u""), 1);
 }
 
-TEST(SplitterInUse, IsTheChosenOne) {
+TEST(SplitterInUse, IsTheSplitterThatWasChosen) {
     EXPECT_EQ(ErrorOf([] { CurrentSplitter(); }), runtime::kObjectVariableNotSet);
     BuiltInSplitter splitter;
     CurrentSuite().splitter = &splitter;

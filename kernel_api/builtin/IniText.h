@@ -1,4 +1,4 @@
-// The suite's INI file as text: how its bytes are decoded, and its settings by section and key.
+// Decodes the suite's INI file and finds its settings by section and key.
 #pragma once
 
 #include <unordered_map>
@@ -10,24 +10,26 @@ namespace kernel_api::builtin {
 using runtime::String;
 using runtime::StringView;
 
-/// By its byte order mark UTF-8 or UTF-16 of either order; without one UTF-8 if it is that throughout, else the
-/// system's ANSI code page. An odd last byte of UTF-16 is left out.
+/// Decodes the bytes of an INI file. A byte order mark selects UTF-8 or UTF-16 of either byte order. Without a mark the
+/// encoding is UTF-8 if all bytes are valid UTF-8, else the system's ANSI code page. An odd last byte of UTF-16 is left
+/// out.
 String DecodeIni(std::string_view bytes, runtime::LocalePort& locale);
 
-/// Why the bytes cannot be read as they were meant, for the person who wrote them; "" when they can.
+/// Describes an encoding error to the author of the file; "" if there is none.
 std::string_view IniProblem(std::string_view bytes);
 
-/// "[section]" lines and "key = value" lines below them; ";" starts a comment line, and lines that are none of these
-/// are skipped, as are keys above the first section. Names are found whatever their letter case, and the first of
-/// several equal ones counts. Blanks and tabs around names and values do not belong to them, nor does one pair of
-/// quotes ("…" or '…') around a value.
+/// The settings of an INI file.
+/// - A section starts with a "[section]" line; "key = value" lines follow. A ";" at the start of a line makes it a
+///   comment. Other lines, and keys above the first section, are skipped.
+/// - The letter case of sections and keys is ignored. If a section has the same key twice, the first value counts.
+/// - Blanks and tabs around names and values are removed, then one pair of quotes ("…" or '…') around a value.
 class IniText {
  public:
-    /// Without settings. `locale` must outlive the object.
+    /// An object without settings. `locale` must outlive the object.
     explicit IniText(runtime::LocalePort& locale) : locale_(&locale) {}
     IniText(runtime::LocalePort& locale, StringView text);
 
-    /// Null when there is no such setting.
+    /// Null if there is no such setting.
     const String* Find(StringView section, StringView key) const;
 
  private:

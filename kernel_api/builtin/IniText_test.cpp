@@ -1,4 +1,4 @@
-// How the bytes of an INI file become text, whatever wrote it: UTF-8, UTF-16 and ANSI, with marks and without.
+// Decodes INI files in UTF-8, UTF-16 and ANSI, with and without byte order marks, and finds their settings.
 #include "kernel_api/builtin/IniText.h"
 
 #include <gmock/gmock.h>
@@ -15,20 +15,20 @@ String Decoded(std::string_view bytes) {
     return DecodeIni(bytes, locale);
 }
 
-TEST(IniProblem, WhatIsReadAsMeantHasNone) {
+TEST(IniProblem, ReadableFile_HasNoProblem) {
     EXPECT_EQ(IniProblem(""), "");
     EXPECT_EQ(IniProblem("[a]\nk=\xFC\n"), "");  // the ANSI code page
     EXPECT_EQ(IniProblem("\xEF\xBB\xBFk=\xC3\xBC"), "");
     EXPECT_EQ(IniProblem(std::string_view("\xFF\xFE\x61\x00", 4)), "");
 }
 
-TEST(IniProblem, AMarkThatIsNotTrueIsNamed) {
+TEST(IniProblem, WrongByteOrderMark_IsReported) {
     EXPECT_THAT(IniProblem("\xEF\xBB\xBFk=\xFC"), ::testing::HasSubstr("UTF-8, but is not"));
     EXPECT_THAT(IniProblem(std::string_view("\xFF\xFE\x61", 3)), ::testing::HasSubstr("within a character"));
     EXPECT_THAT(IniProblem(std::string_view("\xFE\xFF\x61", 3)), ::testing::HasSubstr("within a character"));
 }
 
-TEST(IniProblem, Utf16WithoutItsMarkIsNamed) {
+TEST(IniProblem, Utf16WithoutByteOrderMark_IsReported) {
     EXPECT_THAT(IniProblem(std::string_view("k\0=\0", 4)), ::testing::HasSubstr("NUL characters"));
 }
 
@@ -42,7 +42,7 @@ TEST(DecodeIni, Utf8NeedsNoMark) {
     EXPECT_EQ(Decoded("\xEF\xBB\xBFMaker=\xC3\xA4"), u"Maker=\u00E4");
 }
 
-TEST(DecodeIni, WhatIsNoUtf8IsAnsi) {
+TEST(DecodeIni, InvalidUtf8IsAnsi) {
     EXPECT_EQ(Decoded("Maker=\xE4\x80"), u"Maker=\u00E4\u20AC");
     EXPECT_EQ(Decoded("\xC3\xA4 \xE4"), u"\u00C3\u00A4 \u00E4");
 }
@@ -57,7 +57,7 @@ TEST(DecodeIni, MarkedUtf8IsNeverAnsi) {
               u"a\uFFFDz");
 }
 
-TEST(DecodeIni, Utf16ComesInBothOrders) {
+TEST(DecodeIni, Utf16IsReadInBothByteOrders) {
     EXPECT_EQ(Decoded({"\xFF\xFE"
                        "a\0\x2D\x4E",
                        6}),
@@ -85,7 +85,7 @@ TEST(DecodeIni, HalfAMarkIsAnsi) {
 
 class IniTextTest : public testing::Test {
  protected:
-    /// The value of `key` in [S] of `text`; "none" when it is absent.
+    /// The value of `key` in the section [S] of `text`; "none" if there is no such key.
     String Value(StringView text, StringView key) { return ValueIn(text, u"S", key); }
     String ValueIn(StringView text, StringView section, StringView key) {
         const IniText ini(locale_, text);
@@ -104,7 +104,7 @@ TEST_F(IniTextTest, KeyIsFoundInItsSection) {
     EXPECT_EQ(ValueIn(kText, u"S", u"x"), u"none");
 }
 
-TEST_F(IniTextTest, LetterCaseOfNamesDoesNotMatterButThatOfValuesStays) {
+TEST_F(IniTextTest, LetterCase_IgnoredInNamesAndKeptInValues) {
     EXPECT_EQ(ValueIn(u"[MarLento\u00C4]\njobDIR=C:\\Cad", u"mARLENTO\u00E4", u"JOBdir"), u"C:\\Cad");
 }
 
@@ -114,18 +114,18 @@ TEST_F(IniTextTest, LinesEndAtCrLfOrBoth) {
     EXPECT_EQ(Value(u"[S]\r\nk=1\r\n\r\nl=2", u"l"), u"2");
 }
 
-TEST_F(IniTextTest, BlanksAndTabsAroundNamesAndValuesGo) {
+TEST_F(IniTextTest, BlanksAndTabsAroundNamesAndValuesAreRemoved) {
     EXPECT_EQ(ValueIn(u" \t[ S x ] \n \t k y \t=\t a b \t", u"S x", u"k y"), u"a b");
 }
 
-TEST_F(IniTextTest, OnePairOfQuotesGoes) {
+TEST_F(IniTextTest, OnePairOfQuotesIsRemoved) {
     EXPECT_EQ(Value(u"[S]\nk=\" a \"", u"k"), u" a ");
     EXPECT_EQ(Value(u"[S]\nk= ' a ' ", u"k"), u" a ");
     EXPECT_EQ(Value(u"[S]\nk=\"\"a\"\"", u"k"), u"\"a\"");
     EXPECT_EQ(Value(u"[S]\nk=\"\"", u"k"), u"");
 }
 
-TEST_F(IniTextTest, QuotesThatAreNoPairStay) {
+TEST_F(IniTextTest, UnpairedQuotesStay) {
     EXPECT_EQ(Value(u"[S]\nk=\"a'", u"k"), u"\"a'");
     EXPECT_EQ(Value(u"[S]\nk=\"", u"k"), u"\"");
     EXPECT_EQ(Value(u"[S]\nk=\"a\" b", u"k"), u"\"a\" b");
@@ -136,7 +136,7 @@ TEST_F(IniTextTest, FirstOfSeveralEqualNamesCounts) {
     EXPECT_EQ(Value(u"[S]\nk=1\n[A]\n[s]\nk=3\nl=4", u"l"), u"4");
 }
 
-TEST_F(IniTextTest, ValueMayHoldWhatStartsOtherLines) {
+TEST_F(IniTextTest, ValueMayContainSpecialCharacters) {
     EXPECT_EQ(Value(u"[S]\nk=a=b;c[d]", u"k"), u"a=b;c[d]");
     EXPECT_EQ(Value(u"[S]\nk=", u"k"), u"");
 }
@@ -172,7 +172,7 @@ TEST_F(IniTextTest, VeryLongLineIsReadLikeAnyOther) {
     EXPECT_EQ(Value(longValue + u"\n[S]\nl=2", u"l"), u"2");
 }
 
-TEST_F(IniTextTest, ManySectionsAndKeysLoadInOneGo) {
+TEST_F(IniTextTest, ManySectionsAndKeysAreFound) {
     String text;
     for (int i = 0; i < 20'000; ++i) {
         const String number = runtime::FromAscii(std::to_string(i));

@@ -1,4 +1,4 @@
-// How the INI file and the language file are cut into lines, bytes as well as decoded text.
+// Splits the INI file and the language file into lines. The functions work on bytes and on decoded text.
 #pragma once
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 
 namespace kernel_api::builtin {
 
-/// Takes the first line off `text`, with its end: CR, LF or both. Returns it without the end.
+/// Removes the first line and its line end (CR, LF or CR LF) from `text`. Returns the line without its line end.
 template <typename View>
 View TakeLine(View& text) {
     static constexpr typename View::value_type kLineEnd[] = {'\r', '\n', 0};
@@ -17,7 +17,7 @@ View TakeLine(View& text) {
     return line;
 }
 
-/// `text` without the blanks and tabs at its ends.
+/// `text` without blanks and tabs at both ends.
 template <typename View>
 View Trimmed(View text) {
     static constexpr typename View::value_type kGaps[] = {' ', '\t', 0};

@@ -13,7 +13,7 @@ using runtime::String;
 using runtime::StringView;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-/// None for bytes that are not UTF-8, or no text.
+/// None if the bytes are not UTF-8 or contain a NUL.
 std::optional<String> Decode(std::string_view bytes) {
     if (bytes.find('\0') != std::string_view::npos) return std::nullopt;
     return runtime::FromStrictUtf8(bytes);

@@ -10,7 +10,7 @@ namespace {
 
 using runtime::String;
 
-/// "(none)" when there is no such text.
+/// "(none)" if there is no such text.
 String TextIn(const TextFile& file, runtime::StringView identifier) {
     const String* text = file.Find(identifier);
     return text ? *text : u"(none)";
@@ -26,7 +26,7 @@ TEST(TextFile, HoldsOneTextALine) {
     EXPECT_EQ(file.SkippedLines(), 0u);
 }
 
-TEST(TextFile, BlanksAroundIdentifierAndTextDoNotCount) {
+TEST(TextFile, BlanksAroundIdentifierAndTextAreRemoved) {
     const TextFile file(" \t99388 \t=\t Abbrechen \t\n");
     EXPECT_EQ(TextIn(file, u"99388"), u"Abbrechen");
     EXPECT_EQ(TextIn(file, u"99388 "), u"Abbrechen");
@@ -40,7 +40,7 @@ TEST(TextFile, EscapesStandForBlanksBreaksAndBackslashes) {
     EXPECT_EQ(TextIn(file, u"3"), u"\t\\n");
 }
 
-TEST(TextFile, CommentsAndEmptyLinesSayNothing) {
+TEST(TextFile, CommentsAndEmptyLinesAreIgnored) {
     const TextFile file("# 1 = comment\n\n   \n  # more\n2 = a # not a comment\n");
     EXPECT_EQ(file.Count(), 1u);
     EXPECT_EQ(TextIn(file, u"2"), u"a # not a comment");
@@ -53,7 +53,7 @@ TEST(TextFile, TextMayHoldEqualsSigns) {
     EXPECT_EQ(TextIn(file, u"2"), u"=");
 }
 
-TEST(TextFile, LineWithoutATextIsSkippedAndTakesNoIdentifier) {
+TEST(TextFile, LineWithoutText_SkippedAndIdentifierStaysFree) {
     const TextFile file("1 =\n2 = \t \n2 = b\n3 = \\s\n4=");
     EXPECT_EQ(TextIn(file, u"1"), u"(none)");
     EXPECT_EQ(TextIn(file, u"2"), u"b");
@@ -75,7 +75,7 @@ TEST(TextFile, FirstOfTwoTextsCounts) {
     EXPECT_EQ(file.SkippedLines(), 1u);
 }
 
-TEST(TextFile, ByteOrderMarkDoesNotCount) {
+TEST(TextFile, ByteOrderMarkIsIgnored) {
     EXPECT_EQ(TextIn(TextFile("\xEF\xBB\xBF"
                               "1 = a\n"),
                      u"1"),
@@ -95,7 +95,7 @@ TEST(TextFile, LinesEndAtCrLfOrBoth) {
     EXPECT_EQ(TextIn(file, u"4"), u"d");
 }
 
-TEST(TextFile, TellsWhichLinesItSkipsAndWhy) {
+TEST(TextFile, ReportsSkippedLinesWithTheirFaults) {
     std::vector<std::pair<std::size_t, LineFault>> faults;
     const TextFile file("# c\r\n1 = a\r\nwords\n= b\n\n1 = c\r2 = \\x\n3 = \xE4\n4 = a\\\n5 =\n",
                         [&faults](std::size_t line, LineFault fault) { faults.emplace_back(line, fault); });
@@ -106,12 +106,12 @@ TEST(TextFile, TellsWhichLinesItSkipsAndWhy) {
                                              Fault{10, LineFault::kNoText}));
 }
 
-TEST(TextFile, CutInALineHasWhatThatLineHasAndNothingOfTheNext) {
+TEST(TextFile, TruncatedFile_KeepsTheTextsBeforeTheCut) {
     const std::string whole = "\xEF\xBB\xBF# c\n1 = \xE3\x81\xAF\\s\n22 = b\\n\n";
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         const TextFile file(std::string_view(whole).substr(0, length));
         const String first = TextIn(file, u"1");
-        // The character ends at 14; at 15 the cut goes through the escape behind it.
+        // The text's character is complete at length 14. At length 15 the file ends within the escape after it.
         const String expected = length == 14 ? u"\u306F" : length < 16 ? u"(none)" : u"\u306F ";
         EXPECT_EQ(first, expected) << length;
         EXPECT_EQ(TextIn(file, u"2"), u"(none)") << length;
@@ -131,7 +131,7 @@ TEST(TextFile, Utf16HasNoTexts) {
     }
 }
 
-TEST(TextFile, OtherEncodingsCostTheLinesThatAreNotAscii) {
+TEST(TextFile, OtherEncoding_OnlyAsciiLinesAreRead) {
     const TextFile latin1("1 = &Nein\n2 = &\xC4ndern\n3 = Abl\xF6sen\n");
     EXPECT_EQ(TextIn(latin1, u"1"), u"&Nein");
     EXPECT_EQ(latin1.Count(), 1u);
@@ -150,7 +150,7 @@ TEST(TextFile, FindsEachOfManyTexts) {
     EXPECT_EQ(TextIn(file, u"100000"), u"(none)");
 }
 
-TEST(EscapeText, WritesWhatReadingGivesBack) {
+TEST(EscapeText, EscapedTextIsReadBackUnchanged) {
     for (const String& text : {String(u"Path: "), String(u" not available"), String(u" "), String(u"  a  b  "),
                                String(u"a\r\nb\tc\\n"), String(u"\\"), String(u"a = # b")}) {
         const TextFile file("1 = " + runtime::ToUtf8(EscapeText(text)) + "\n");

@@ -1,4 +1,4 @@
-// A file that is read once, and again when its stamp or its path changes.
+// A file that is read once, and again when its path or its stamp (size and time) changes.
 #pragma once
 
 #include <cstdint>
@@ -15,19 +15,20 @@ class WatchedFile {
  public:
     static constexpr std::uint64_t kAnySize = std::numeric_limits<std::uint64_t>::max();
 
-    /// `files` must outlive the object. A file of more than `maxBytes` is treated as none, unread.
+    /// `files` must outlive the object. A file larger than `maxBytes` is not read; it counts as missing.
     explicit WatchedFile(runtime::FilesPort& files, std::uint64_t maxBytes = kAnySize)
         : files_(files), maxBytes_(maxBytes) {}
 
-    /// The path may be empty: no file.
+    /// An empty path means no file.
     void SetPath(runtime::String path) {
         if (path == path_) return;
         path_ = std::move(path);
         changed_ = true;
     }
 
-    /// Calls `take` with the file's bytes if they were not taken yet, or with none when there is no file any more. A
-    /// file that another program holds, perhaps to write it, counts as unchanged until it can be read.
+    /// If the path or the file has changed, calls `take` with the file's bytes, or with none if there is no file. A
+    /// changed file that cannot be read, for example because another program is writing it, counts as unchanged until
+    /// it can be read.
     template <typename Take>
     void Refresh(Take&& take) {
         const auto stamp = path_.empty() ? std::nullopt : files_.Stamp(path_);
@@ -38,7 +39,7 @@ class WatchedFile {
             bytes = files_.Read(path_);
             if (!bytes && !changed_) return;
         }
-        // A file that could not be read is tried again; one that is too large is not, until it changes.
+        // Try again to read a file that could not be read. Do not try a file that is too large until it changes.
         stamp_ = bytes || isTooLarge ? stamp : std::nullopt;
         changed_ = false;
         take(bytes);
@@ -48,8 +49,8 @@ class WatchedFile {
     runtime::FilesPort& files_;
     const std::uint64_t maxBytes_;
     runtime::String path_;
-    std::optional<runtime::FileStamp> stamp_;  ///< of what was taken
-    bool changed_ = false;                     ///< another path since then
+    std::optional<runtime::FileStamp> stamp_;  ///< of the file that `take` received last
+    bool changed_ = false;                     ///< the path has changed since
 };
 
 }  // namespace kernel_api::builtin

@@ -66,7 +66,7 @@ Error NotFound(const String& folder) {
             u"in the program's or the system's folder); put the suite's one beside the component");
 }
 
-/// A library that is there but will not load is not replaced by one from elsewhere: that would hide the damage.
+/// If the file that was found does not load, no other copy is tried, because that would hide the damage.
 Library Load(const String& folder) {
     const auto found = FindKernel(folder, FolderOf(ModulePath(nullptr)));
     if (!found) throw NotFound(folder);
@@ -130,7 +130,7 @@ FARPROC KernelLibrary::Find(const char* name) {
     const Error missing = runtime::ErrorAbout(
         runtime::kDllEntryPointNotFound,
         runtime::FromAscii(name) + u" in " + ModulePath(library_.Get()) + u"; put the suite's QmxKrn2K.dll there");
-    // Held any longer, a wrong library could not be replaced by the right one.
+    // Release a wrong library so that its file can be replaced by the right one.
     if (!isBound_) library_.Reset();
     throw missing;
 }
@@ -144,7 +144,7 @@ Function KernelLibrary::Bound(Function& entry, const char* name) {
 void KernelLibrary::E_SetString(StringView key, String& value) {
     const auto call = Bound(setString_, "E_SetString");
     std::string keyBytes = ToAnsi(key);
-    std::string buffer = ToAnsi(value) + '\0';  // the terminator is the kernel's to overwrite, too
+    std::string buffer = ToAnsi(value) + '\0';  // the kernel may overwrite the terminator, too
     call(keyBytes.data(), buffer.data());
     value = FromAnsi(buffer);
 }

@@ -1,7 +1,7 @@
-// The suite's kernel in its own library, QmxKrn2K.dll. It is loaded at the first call, each entry is looked up when it
-// is first needed, and what failed is tried again at the next call: the library may arrive later.
+// The suite's kernel in its own library, QmxKrn2K.dll. The first call loads the library. Each entry is looked up when
+// it is first needed. A failed step is repeated at the next call, because the library may be installed later.
 //
-// For one thread at a time. The library stays loaded, and the addresses that it handed out hold, while this lives.
+// One thread at a time may use an object. The library stays loaded until the object is destroyed.
 #pragma once
 
 #include <optional>
@@ -15,7 +15,7 @@ namespace kernel_api::win32 {
 
 /// Where a kernel library can be.
 enum class KernelPlace {
-    kAskedFor,  ///< the development kernel, because the environment asks for it
+    kAskedFor,  ///< the development kernel, requested by the environment variable
     kBesideComponent,
     kProgramFolder,
     kSystemFolder,
@@ -27,21 +27,21 @@ struct FoundKernel {
     KernelPlace place;
 };
 
-/// The development kernel below the component's folder.
+/// The development kernel's folder, relative to the component's folder.
 inline constexpr const char16_t* kDevelopmentFolder = u"dev";
 
-/// The environment variable that asks for the development kernel: with the value 1 no other kernel is looked for.
+/// The environment variable that requests the development kernel. With the value 1, no other kernel is tried.
 inline constexpr const wchar_t* kAskForDevelopmentKernel = L"K4TBACKPROCESS_DEVELOPMENT_KERNEL";
 
-/// The library that a component in `componentFolder` loads in a program in `programFolder`. The places are looked
-/// through in the order of KernelPlace; an empty folder is passed over. None if there is no library in any of them.
-/// Neither the current folder nor PATH is one of the places.
+/// Finds the library that a component in `componentFolder` loads in a program in `programFolder`. Searches the places
+/// in the order of KernelPlace and skips empty folders. Returns none if no place has the file. The current folder and
+/// PATH are not searched.
 std::optional<FoundKernel> FindKernel(const String& componentFolder, const String& programFolder);
 
-/// Errors of all calls: 53 (no library), 48 (it will not load), 453 (it lacks the entry).
+/// Errors of all calls: 53 (no library), 48 (the library does not load), 453 (the library lacks the entry).
 class KernelLibrary : public Kernel {
  public:
-    /// `folder` is the component's. See FindKernel for where else the library is looked for.
+    /// `folder` is the component's folder. FindKernel documents the search.
     explicit KernelLibrary(String folder);
 
     void E_SetString(StringView key, String& value) override;
@@ -49,9 +49,9 @@ class KernelLibrary : public Kernel {
     std::int32_t DB_DataBase() override;
     TextPointer O_GetName(std::int32_t handle) override;
 
-    /// Full path of the library. Errors 53 and 48.
+    /// Loads the library if necessary and returns its full path. Errors 53 and 48.
     String Path();
-    /// The names of those of the four entries that it lacks. Errors 53 and 48.
+    /// Loads the library if necessary and returns the names of its missing entries. Errors 53 and 48.
     std::vector<std::string> MissingEntries();
 
  private:
@@ -62,7 +62,7 @@ class KernelLibrary : public Kernel {
 
     const String folder_;
     runtime::win32::Library library_;
-    bool isBound_ = false;  ///< the library has served an entry
+    bool isBound_ = false;  ///< an entry of the library was found
     long(__stdcall* setString_)(char* key, char* value) = nullptr;
     long(__stdcall* getString_)(char* key) = nullptr;
     long(__stdcall* dataBase_)() = nullptr;
