@@ -1,6 +1,6 @@
-// Text measurement without a screen: every character (UTF-16 unit) of a font is equally wide, so that a test can work
-// out sizes by hand. In twips; at 8.25 points a character is 90 wide and a line 195 high, other sizes in proportion
-// (11 points: 120 and 260), rounded, at least 1.
+// Text measurement without a screen. All characters (UTF-16 units) of a font have the same width, so that a test can
+// compute sizes by hand. At 8.25 points, a character is 90 twips wide and a line is 195 twips high. Other font sizes
+// are in proportion (11 points: 120 and 260), rounded, and at least 1.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// A process whose circumstances a test chooses.
+// A process whose command line, folder and earlier instance a test sets.
 #pragma once
 
 #include "runtime/ProcessPort.h"
@@ -15,10 +15,10 @@ class FixedProcess : public ProcessPort {
 
     void SetCommandLine(StringView arguments) { commandLine_ = arguments; }
     void SetComponentFolder(StringView folder) { componentFolder_ = folder; }
-    /// Whether another process holds the claim.
+    /// Sets whether another process holds the claim.
     void SetEarlierInstance(bool exists) { earlierInstance_ = exists; }
 
-    /// Claims that are held now.
+    /// The number of claims that exist now.
     int HeldClaims() const { return *heldClaims_; }
 
  private:

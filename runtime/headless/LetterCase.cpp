@@ -5,7 +5,7 @@
 namespace runtime::headless {
 namespace {
 
-/// Lower-case letters from `first` to `last`; each one's capital lies `distance` before it.
+/// The lower-case letters from `first` to `last`. The capital of a letter is the character `distance` before it.
 struct Range {
     char16_t first;
     char16_t last;

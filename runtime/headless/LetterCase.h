@@ -1,4 +1,4 @@
-// Letter case without a platform: ASCII, Latin-1, Greek and Cyrillic letters that have one counterpart each.
+// Letter case without Windows, for the ASCII, Latin-1, Greek and Cyrillic letters that have exactly one counterpart.
 #pragma once
 
 #include "runtime/Text.h"

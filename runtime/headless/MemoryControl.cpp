@@ -10,7 +10,7 @@ namespace runtime::headless {
 namespace {
 
 constexpr char16_t kBackspace = 8;
-constexpr Twips kAroundLine = 120;  // the frame and the space around a closed control's line
+constexpr Twips kAroundLine = 120;  // frame and padding of a closed control
 
 }  // namespace
 
@@ -107,7 +107,7 @@ void MemoryControl::OnKey(std::int16_t keyCode, std::int16_t shift) {
     }
     if (keyCode == kKeyUp) Pick(listIndex - 1);
     if (keyCode == kKeyDown) Pick(listIndex + 1);
-    // In an editable combo these walk the text.
+    // In an editable combo, Home and End move the caret.
     if (HasEdit(look.kind)) return;
     if (keyCode == kKeyHome) Pick(0);
     if (keyCode == kKeyEnd) Pick(static_cast<int>(items.size()) - 1);

@@ -1,5 +1,5 @@
-// A control's window in memory: holds what its form set, and does with keys what a window of its kind does. A test
-// plays the user on it through MemoryWindow::Press and MemoryWindow::Type.
+// A control's window in memory. It stores what the form sets on it, and handles keys like a Windows control of its
+// kind. A test acts as the user through MemoryWindow::Press and MemoryWindow::Type.
 #pragma once
 
 #include <utility>
@@ -37,9 +37,9 @@ struct MemoryControl : NativeControl, NativeEdit, NativeList {
     void Close(bool choose) override;
     Twips ClosedHeight() override;
 
-    /// What a key does that the form did not use up.
+    /// Handles a key that the form did not consume.
     void OnKey(std::int16_t keyCode, std::int16_t shift);
-    /// What a character does that the form did not use up.
+    /// Handles a character that the form did not consume.
     void OnCharacter(char16_t character);
 
     MemoryWindow& window;
@@ -54,7 +54,7 @@ struct MemoryControl : NativeControl, NativeEdit, NativeList {
     TextRange selection;
     std::vector<String> items;
     int listIndex = -1;
-    bool isOpen = false;  ///< the list has dropped down
+    bool isOpen = false;  ///< the drop-down list is open
 
  private:
     std::size_t Number() const;

@@ -1,5 +1,5 @@
-// A file system in memory with the system's rules of paths, for tests: they lay out folders and files, choose what
-// fails, and read from the log what was asked.
+// A file system in memory with the path rules of Windows. A test creates folders and files, chooses the calls that
+// fail, and reads from the log which calls were made.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ enum class FileKind { kOrdinary, kHidden, kSystem };
 
 class MemoryFiles : public FilesPort {
  public:
-    /// Has an empty drive C:, whose root is the current folder.
+    /// Starts with an empty drive C:, whose root is the current folder.
     MemoryFiles();
 
     String CurrentFolder() override;
@@ -23,23 +23,23 @@ class MemoryFiles : public FilesPort {
     std::optional<FileStamp> Stamp(StringView path) override;
     std::optional<std::string> Read(StringView path) override;
 
-    /// Makes the folder, those above it, and its drive.
+    /// Creates the folder, its parent folders and its drive.
     void AddFolder(StringView path);
-    /// Makes or replaces the file, with a newer stamp each time, and its folder.
+    /// Creates or replaces the file, with a newer stamp each time. Creates its folder if it does not exist.
     void AddFile(StringView path, std::string_view contents = {}, FileKind kind = FileKind::kOrdinary);
     void RemoveFile(StringView path);
-    /// Changing to `path` raises error `number` from now on; 0 lets it succeed again if the folder is there.
+    /// ChangeFolder to `path` raises error `number` from now on. 0 removes this failure.
     void FailChange(StringView path, std::int32_t number);
-    /// The file is seen, but reading it fails, as with one that another program holds.
+    /// Reading the file fails from now on, as if another program had locked it. The file still has a stamp.
     void FailRead(StringView path);
 
-    /// What was asked, in order: "CurrentFolder", "ChangeFolder C:\x", "FirstMatch *.sch", "Stamp …", "Read …".
+    /// The calls, in order: "CurrentFolder", "ChangeFolder C:\x", "FirstMatch *.sch", "Stamp …", "Read …".
     const std::vector<String>& Log() const { return log_; }
     void ClearLog() { log_.clear(); }
 
  private:
     struct Entry {
-        String path;  ///< full, in the letter case it was made with
+        String path;  ///< the full path, in the letter case that it was created with
         bool isFolder = true;
         FileKind kind = FileKind::kOrdinary;
         std::string contents;
@@ -48,7 +48,7 @@ class MemoryFiles : public FilesPort {
     };
 
     void Note(StringView operation, StringView path);
-    /// Full path in upper case, by which entries are found; none when `path` cannot be one.
+    /// The key of an entry: its full path in upper case. None if `path` cannot be a path.
     std::optional<String> Key(StringView path) const;
     Entry* Find(StringView path);
     Entry* FindFile(StringView path);

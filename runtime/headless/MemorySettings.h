@@ -1,4 +1,4 @@
-// Per-user settings in memory: names without regard to letter case, as in the registry, and a log of what was saved.
+// Per-user settings in memory. Names are not case-sensitive, as in the registry. A log contains the saved settings.
 #pragma once
 
 #include <map>
@@ -22,9 +22,9 @@ class MemorySettings : public SettingsPort {
     std::optional<String> Get(StringView application, StringView section, StringView key) override;
     void Save(StringView application, StringView section, StringView key, StringView value) override;
 
-    /// What was saved, in order, with the names as they were given.
+    /// The saved settings, in order, with the names as they were passed.
     const std::vector<Setting>& Saved() const { return saved_; }
-    /// Every later Save is refused, as for a user without the right to write.
+    /// Every later Save fails with error 5, as for a user who may not write.
     void Refuse() { refuses_ = true; }
 
  private:

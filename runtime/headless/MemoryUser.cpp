@@ -1,5 +1,5 @@
-// What others do with a window in memory. The user's keys come to the form first, and what it does not use up to the
-// control with the focus. Other programs show and hide the window.
+// Actions of the user and of other programs on a window in memory. A key is passed to the form first. If the form does
+// not consume it, the control with the focus gets it.
 #include <algorithm>
 #include <utility>
 
@@ -8,7 +8,7 @@
 namespace runtime::headless {
 namespace {
 
-/// Keys whose number is that of the character which they become.
+/// True for a key whose code equals the character that it produces.
 bool BecomesCharacter(std::int16_t keyCode, std::int16_t shift) {
     if ((shift & kAlt) != 0) return false;
     return keyCode == kKeyEnter || keyCode == kKeySpace || keyCode == kKeyEscape || keyCode == kKeyTab;
@@ -21,7 +21,7 @@ bool MemoryWindow::Lives(const MemoryWindows& system, const MemoryWindow* window
     return std::find(windows.begin(), windows.end(), window) != windows.end();
 }
 
-// A handler may destroy this window; then nothing of it is touched any more.
+// A handler may destroy this window. Its members must not be used after that.
 void MemoryWindow::Press(std::int16_t keyCode, std::int16_t shift) {
     const MemoryWindows& system = system_;
     const bool usedUp = events_.KeyDown(keyCode, shift);

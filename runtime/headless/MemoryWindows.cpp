@@ -10,10 +10,10 @@
 namespace runtime::headless {
 namespace {
 
-// What a title bar and a frame take, in twips; round numbers make sums in tests easy to follow.
+// The size of the title bar and frame, in twips. Round numbers keep the arithmetic in tests simple.
 constexpr Size kSizableFrame{120, 405};
 constexpr Size kFixedFrame{90, 375};
-constexpr std::uint32_t kFirstMessage = 0xC000;  // the range of registered messages
+constexpr std::uint32_t kFirstMessage = 0xC000;  // start of the range of registered messages
 constexpr NativeHandle kHandleStep = 0x10;
 
 Size FrameOf(BorderStyle border) {
@@ -76,12 +76,12 @@ void MemoryWindows::PressWithAlt(char16_t character) {
 
 namespace {
 
-/// Disables the other windows; runs posted events until ended.
+/// Disables the other windows and runs queued actions until End is called.
 class MemoryModal final : public ModalLoop {
  public:
     MemoryModal(MemoryWindows& system, NativeWindow& dialog) : system_(system) {
         for (MemoryWindow* window : system_.Windows()) {
-            // Hidden ones, too: they may be shown while the dialog is open.
+            // Disable hidden windows, too, because they may be shown while the dialog is open.
             if (window == &dialog || !window->enabled) continue;
             window->enabled = false;
             disabled_.push_back(window);
@@ -143,9 +143,9 @@ void MemoryWindow::SetBounds(const Rect& newOuter) {
 void MemoryWindow::Show(WindowState newState) {
     state = newState;
     const bool appears = !std::exchange(visible, true);
-    // Reported like a change by others, as the real window system does.
+    // Report this change, too, as Windows does.
     events_.VisibilityChanged(true);
-    // A window that appears becomes the active one, unless it appears as an icon.
+    // A window that appears becomes active, unless it is minimised.
     if (appears && state != WindowState::kMinimised) events_.Activated();
 }
 

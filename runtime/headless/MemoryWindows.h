@@ -1,5 +1,5 @@
-// The window system in memory: windows without a screen, for fast tests and for running where there is no display.
-// A test plays the user and the window system through it, and reads what forms asked of it.
+// The window system in memory: windows without a screen, for fast tests and for machines without a display. A test acts
+// as the user and the window system, and reads what the forms have set.
 #pragma once
 
 #include <deque>
@@ -25,40 +25,40 @@ class MemoryWindows : public WindowsPort {
     void DoEvents() override;
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override;
 
-    /// Queues what the user or the window system does; it happens at the next DoEvents.
+    /// Queues an action of the user or the window system. The next DoEvents or modal loop runs it.
     void Post(std::function<void()> happening) { pending_.push_back(std::move(happening)); }
-    /// Lets the next posted event happen; false when there is none.
+    /// Runs the next queued action; false if there is none.
     bool RunOne();
-    /// A request to quit: modal loops end, and it stays pending.
+    /// Requests to quit. Modal loops end, and the request stays pending.
     void Quit() { quitting = true; }
-    /// The windows that exist, in the order in which they were made.
+    /// The windows that exist, in the order in which they were created.
     const std::vector<MemoryWindow*>& Windows() const { return windows_; }
     /// The newest window. At least one must exist.
     MemoryWindow& Last() const { return *windows_.back(); }
 
-    /// The screen's pixels, to which windows are rounded.
+    /// The pixel grid to which the bounds of windows are rounded.
     PixelGrid Grid() const { return PixelGrid(dpi); }
-    /// For tests of arithmetic: no whole twip is rounded then.
+    /// Makes a pixel as large as a twip, so that tests of arithmetic get no rounded values.
     void MakePixelsTwips() { dpi = 1440; }
 
     Size screen{19200, 15360};
-    int dpi = 96;  ///< 15 twips a pixel
+    int dpi = 96;  ///< 15 twips per pixel
     /// Every pointer shape that was set, in order.
     std::vector<std::int16_t> pointers;
-    /// Called for each window that leaves the screen, because it is hidden or destroyed.
+    /// Called when a visible window is hidden or destroyed.
     std::function<void()> onWindowGoes;
-    /// How many of the next windows the window system refuses.
+    /// The number of next calls of MakeWindow that fail.
     int refuseWindows = 0;
     bool quitting = false;
-    /// The characters that went out with Alt, in order.
+    /// The characters that were sent with Alt, in order.
     String altKeys;
-    /// Resending a key is error 5.
+    /// Sending a character with Alt raises error 5.
     bool failsAltKeys = false;
-    /// The registered messages' names, in order.
+    /// The names of the registered messages, in order.
     std::vector<String> messages;
 
  protected:
-    /// Happens to the newest visible window, as a posted event.
+    /// Queues the access key for the newest visible window.
     void PressWithAlt(char16_t character) override;
 
  private:
@@ -86,24 +86,24 @@ class MemoryWindow : public NativeWindow {
     NativeHandle DeviceContext() override { return handle_ + 1; }
     NativeControl& AddControl(const ControlLook& look) override;
 
-    /// The first control of that name; error 438 when there is none.
+    /// The first control with this name; error 438 if there is none.
     MemoryControl& Control(StringView name) const;
-    /// What the window system reports to the form.
+    /// The form's event functions. A test calls them as the window system.
     WindowEvents& Events() const { return events_; }
-    /// Another program shows the window, in that state, or hides it. One that appears becomes the active one, unless it
-    /// appears as an icon or `activates` is false.
+    /// Another program shows or hides the window. A window that appears becomes active, unless it appears minimised or
+    /// `activates` is false.
     void OthersShow(WindowState newState = WindowState::kNormal, bool activates = true);
     void OthersHide();
-    /// The user presses and releases a key. Enter, Space, Escape and Tab become characters, too, unless the form uses
-    /// them up.
+    /// The user presses and releases a key. Enter, Space, Escape and Tab also produce a character, unless the form
+    /// consumes the key.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);
-    /// The user writes characters.
+    /// The user types characters.
     void Type(StringView text);
 
     String caption;
     BorderStyle border;
     Rect outer;
-    /// Left and top at every call of SetBounds, in order.
+    /// Left and top after each call of SetBounds, in order.
     std::vector<std::pair<Twips, Twips>> places;
     WindowState state = WindowState::kNormal;
     bool visible = false;
@@ -111,7 +111,7 @@ class MemoryWindow : public NativeWindow {
     Colour backColour;
     std::vector<std::unique_ptr<MemoryControl>> controls;
     MemoryControl* focused = nullptr;
-    /// Every call of SetTopMost, in order.
+    /// The arguments of the calls of SetTopMost, in order.
     std::vector<bool> topMost;
 
  private:

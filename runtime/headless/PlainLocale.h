@@ -1,5 +1,5 @@
-// A western system's language without the platform: code page 1252, and the letter case of LetterCase.h. A test may
-// choose other locales and character sets.
+// The language settings of a western system, without Windows: code page 1252, and the letter case of LetterCase.h. A
+// test may set other locales and character sets.
 #pragma once
 
 #include <map>
@@ -22,7 +22,7 @@ class PlainLocale : public LocalePort {
 
     std::int32_t systemLcid = kAmericanEnglish;
     std::int32_t userLcid = kAmericanEnglish;
-    /// What is known about the locales.
+    /// The character sets of the known locales.
     std::map<std::int32_t, std::int16_t> charsets{{kAmericanEnglish, std::int16_t{0}}};
 };
 

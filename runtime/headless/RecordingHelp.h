@@ -1,4 +1,4 @@
-// A help viewer that opens nothing and notes what it was asked to do.
+// A help viewer that opens nothing and records the calls.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@ class RecordingHelp : public HelpPort {
  public:
     struct Call {
         NativeHandle owner;
-        std::optional<String> opened;  ///< none for the closing of all windows
+        std::optional<String> opened;  ///< none for a call of CloseAll
         bool operator==(const Call&) const = default;
     };
 

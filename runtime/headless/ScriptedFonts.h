@@ -1,4 +1,5 @@
-// The system's fonts in memory: a test says which faces there are and what fails, and reads the calls that were made.
+// The system's fonts in memory. A test sets the installed faces and the calls that fail, and reads the calls from a
+// log.
 #pragma once
 
 #include <map>
@@ -12,7 +13,7 @@ namespace runtime::headless {
 
 class ScriptedFonts : public FontsPort {
  public:
-    static constexpr NativeHandle kFirstFont = 0x50;  ///< selected into every context at the start
+    static constexpr NativeHandle kFirstFont = 0x50;  ///< initially selected into every context
     static constexpr NativeHandle kStockFont = 0x51;
     static constexpr NativeHandle kIconTitleFont = 0x52;
 
@@ -28,10 +29,10 @@ class ScriptedFonts : public FontsPort {
     bool describesIconTitles = true;
     String iconTitleFace = u"Tahoma";
     String stockFace = u"MS Shell Dlg";
-    /// Asking for a face name is error 7.
+    /// FaceName raises error 7.
     bool failsFaceName = false;
-    /// "installed Arial", "make icon title", "stock", "select 81 in 4097", "face of 4097", "release 4097 of 4096",
-    /// "delete 82".
+    /// The calls, in order: "installed Arial", "make icon title", "stock", "select 81 in 4097", "face of 4097",
+    /// "release 4097 of 4096", "delete 82".
     std::vector<std::string> log;
 
  private:

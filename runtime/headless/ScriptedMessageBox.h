@@ -1,5 +1,5 @@
-// The system message box in memory: logs what was shown and answers as the test says. A message that no test expected
-// has no answer and fails with error 51.
+// The system's message box in memory. It records each message and returns the answers that the test has set. A message
+// without an answer raises error 51.
 #pragma once
 
 #include <deque>
@@ -28,7 +28,7 @@ class ScriptedMessageBox : public MessageBoxPort {
         return answer;
     }
 
-    /// What the next messages are answered with.
+    /// The answers to the next messages.
     std::deque<std::int32_t> answers;
     std::vector<Message> shown;
 };

@@ -1,4 +1,4 @@
-// The system's rules of paths, for the file system in memory: drives, shares, "." and "..", wildcards.
+// The path rules of Windows for the file system in memory: drives, shares, "." and "..", wildcards.
 #pragma once
 
 #include <optional>
@@ -7,18 +7,19 @@
 
 namespace runtime::headless {
 
-/// `path` from its drive or share on, with backslashes only, no "." or ".." and no final backslash but a root's.
-/// What lacks a drive is taken from `current`, itself a full path; so is "C:name" when `current` is on that drive.
-/// None when it cannot be a path: characters that names cannot have, wildcards included.
+/// The full path of `path`. It starts with a drive or a share and contains only backslashes, and no "." or "..". It
+/// ends with a backslash only if it is a root. `current` is the current folder as a full path. A path without a drive
+/// refers to `current`, and so does "C:name" if `current` is on drive C:. None if `path` is empty or contains a
+/// wildcard or another character that names cannot have.
 std::optional<String> FullPath(StringView path, StringView current);
 
 /// The root of a full path: "C:\" or "\\server\share\".
 StringView RootOf(StringView fullPath);
-/// The folder that holds the file or folder at `fullPath`; a root holds itself.
+/// The folder that contains the file or folder `fullPath`. The parent of a root is the root.
 StringView ParentOf(StringView fullPath);
 
-/// Whether `name` fits `pattern`, in which "*" stands for any characters, and "?" for one, or for none at the end
-/// of the name. Letter case does not matter, and "name.*" fits a name without extension too.
+/// True if `name` matches `pattern`. "*" matches any number of characters. "?" matches one character, or none at the
+/// end of the name. "name.*" also matches a name without extension. Letter case is ignored.
 bool MatchesWildcards(StringView name, StringView pattern);
 
 }  // namespace runtime::headless

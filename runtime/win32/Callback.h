@@ -1,7 +1,7 @@
-// The guard between the window system and our handlers. An error must not leave a window procedure: with this tool
-// chain that ends the process. Guard stores the error, and the enclosing CallSystem of the same thread throws it again.
-// When the client's own message loop called the window procedure there is no such call, and the debugger gets the text
-// of the error. May be used on any thread.
+// The guard between the window system and our handlers. An exception must not leave a window procedure, because with
+// this tool chain that ends the process. Guard stores the exception, and the enclosing CallSystem on the same thread
+// throws it again. If the client's own message loop called the window procedure, there is no enclosing CallSystem;
+// Guard then sends the text of the error to the debugger. May be used on any thread.
 #pragma once
 
 #include <exception>
@@ -12,7 +12,7 @@ namespace runtime::win32 {
 
 class Callback {
  public:
-    /// Runs a handler that the window system calls. Never throws; returns `failed` when the handler did.
+    /// Runs a handler that the window system calls. Never throws; returns `failed` if the handler throws.
     template <typename Result, typename Handler>
     static Result Guard(Result failed, Handler&& handler) noexcept {
         try {
@@ -23,8 +23,8 @@ class Callback {
         }
     }
 
-    /// Runs a call that can lead into handlers of ours; then throws the first error that they have left. An error of
-    /// the call itself comes first.
+    /// Runs a system call that may call our handlers. Then throws the first exception that Guard has stored. An
+    /// exception of `call` itself takes precedence.
     template <typename Call>
     static auto CallSystem(Call&& call) {
         Scope scope;
@@ -39,7 +39,7 @@ class Callback {
     }
 
  private:
-    /// One call of CallSystem. Calls nest, and each has the errors of its own handlers.
+    /// One call of CallSystem. Calls may nest; each keeps the exceptions of its own handlers.
     class Scope {
      public:
         Scope() : outer_(std::exchange(innermost_, this)) {}

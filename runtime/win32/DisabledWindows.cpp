@@ -8,8 +8,8 @@
 namespace runtime::win32 {
 namespace {
 
-/// Windows with a title bar are for the user, also while they are hidden: they may be shown while the question is open.
-/// The other hidden windows are parts of the system, such as those of input methods.
+/// True for a visible window. Also true for a hidden window with a title bar, because it may be shown while the dialog
+/// is open. Other hidden windows belong to the system, for example to input methods.
 bool IsForTheUser(HWND window) {
     return IsWindowVisible(window) || (GetWindowLongW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
 }

@@ -1,4 +1,4 @@
-// Disables the windows of a thread while a question is open, so that none of their handlers runs into it.
+// Disables the windows of a thread while a dialog is open, so that the user cannot start another action in them.
 #pragma once
 
 #include <vector>
@@ -7,21 +7,21 @@
 
 namespace runtime::win32 {
 
-/// The top-level windows of the calling thread that are enabled when this is made. The destructor re-enables those that
-/// are disabled, by this or by other code, unless Enable was called before. Used on that thread only.
+/// The calling thread's top-level windows that are enabled when this object is created. The destructor re-enables those
+/// that are disabled by then, by this object or by other code. Used on that thread only.
 class DisabledWindows {
  public:
-    /// `question` is left out; it may be null.
+    /// `question` is the dialog, which stays enabled; may be null.
     explicit DisabledWindows(HWND question);
     DisabledWindows(const DisabledWindows&) = delete;
     DisabledWindows& operator=(const DisabledWindows&) = delete;
     ~DisabledWindows() { Enable(); }
 
-    /// The windows get messages about it, and their handlers may do anything.
+    /// Disables the windows. Each window gets a message about it, whose handler may run any code.
     void Disable();
     /// Re-enables the windows. A second call does nothing.
     void Enable();
-    /// Null when none of the windows is visible.
+    /// The first visible window; null if there is none.
     HWND FirstVisible() const;
 
  private:

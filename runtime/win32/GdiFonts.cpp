@@ -11,7 +11,7 @@ namespace {
 constexpr UINT kIconTitleSize = 61;
 constexpr std::size_t kFaceBuffer = 80;
 
-/// Room for as many bytes as the system is told that there are.
+/// A LOGFONTA with room for kIconTitleSize bytes, the size that the system is given.
 struct IconTitleDescription {
     LOGFONTA font;
     char spare[4];
@@ -40,7 +40,7 @@ int CALLBACK NoteFound(const LOGFONTW* /*font*/, const TEXTMETRICW* /*metric*/, 
 bool GdiFonts::IsInstalled(StringView face) {
     if (face.empty() || face.size() >= LF_FACESIZE) return false;
     LOGFONTW description{};
-    // In whatever character set: the system would rather change the face of a font than do without its character set.
+    // Accept any character set. For a fixed one, the system may prefer another face that has the character set.
     description.lfCharSet = DEFAULT_CHARSET;
     std::copy(face.begin(), face.end(), description.lfFaceName);
     bool found = false;
@@ -66,7 +66,7 @@ NativeHandle GdiFonts::Select(NativeHandle context, NativeHandle font) {
 
 String GdiFonts::FaceName(NativeHandle context) {
     std::string buffer(kFaceBuffer, ' ');
-    // Wine writes whatever its memory holds when the context is none.
+    // For an invalid context, Wine writes uninitialised memory into the buffer.
     if (GetObjectType(Context(context)) != 0) {
         GetTextFaceA(Context(context), static_cast<int>(buffer.size()), buffer.data());
     }

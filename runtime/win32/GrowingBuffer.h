@@ -1,12 +1,12 @@
-// Texts that the system writes into a caller's buffer, of whatever length they are.
+// Reads texts of any length from Windows functions that write into a caller's buffer.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
 
-/// Calls `fill(buffer, capacity)` with ever larger buffers until the text fits. `fill` returns the text's length
-/// when it fitted, the capacity or more when it did not, and 0 on failure: then the result is empty.
+/// Calls `fill(buffer, capacity)` with larger buffers until the text fits. `fill` returns the text's length if it fits,
+/// and the capacity or more if it does not. It returns 0 on failure; then the result is empty.
 template <typename Fill>
 String FillGrowing(Fill&& fill) {
     String text(MAX_PATH, u'\0');

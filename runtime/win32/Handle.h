@@ -1,4 +1,4 @@
-// Owners of platform handles: closed exactly once, moved, never copied.
+// Owners of platform handles. A handle is closed exactly once. An owner can be moved, but not copied.
 #pragma once
 
 #include <utility>

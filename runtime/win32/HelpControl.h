@@ -1,5 +1,5 @@
-// The HTML Help control of Windows, which is not on every system: bound when help is first asked for, and never let
-// go again, because its windows live on threads of its own.
+// The HTML Help control of Windows, which not every system has. It is loaded when help is first needed. It is never
+// unloaded, because its windows belong to its own threads.
 #pragma once
 
 #include <cstdint>
@@ -13,16 +13,16 @@ namespace runtime::win32 {
 
 class HelpControl : public HelpPort {
  public:
-    /// `library` is the full path of the control; without it, it is the system's own.
+    /// `library` is the full path of the control; by default the system's own.
     explicit HelpControl(String library = InSystemFolder(u"hhctrl.ocx")) : library_(std::move(library)) {}
 
-    // In the system's ANSI code page, as the suite's programs call the control.
+    // These functions pass `file` in the system's ANSI code page, as the suite's programs do.
 
     void OpenContents(NativeHandle owner, StringView file) override;
     void CloseAll(NativeHandle owner) override;
 
-    /// Opens `file` at the topic numbered `context`, or at its table of contents for 0. False, and nothing more, on a
-    /// system without the control.
+    /// Opens `file` at the topic with the number `context`; 0 opens the table of contents. On a system without the
+    /// control, does nothing and returns false.
     bool Open(HWND owner, const String& file, std::int32_t context);
 
  private:

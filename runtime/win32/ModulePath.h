@@ -1,13 +1,13 @@
-// Where a module, a program or a library, lies on the disk.
+// The path of a module: a program or a library.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
 
-/// Full path of the module's file, null meaning the program's; "" when the system refuses.
+/// The full path of the module's file; null means the program. "" on failure.
 String ModulePath(HMODULE module);
-/// The folder of `path`, without a final backslash unless it is a drive's root; "" for a name without a folder.
+/// The folder of `path`. It ends with a backslash only if it is a drive's root. "" if `path` has no folder.
 String FolderOf(StringView path);
 
 }  // namespace runtime::win32

@@ -1,4 +1,4 @@
-// Twips to pixels and back, by the resolution of the screen that there is.
+// Conversion between twips and the pixels of the screen.
 #pragma once
 
 #include "runtime/Geometry.h"
@@ -9,10 +9,10 @@ namespace runtime::win32 {
 /// Dots per inch of the screen.
 int ScreenDpi();
 
-/// To the nearest pixel.
+/// Rounds to the nearest pixel.
 int ToPixels(Twips twips);
 Twips ToTwips(int pixels);
-/// Right and bottom are those of the rounded place plus the rounded size, so that equal sizes stay equal.
+/// Rounds position and size separately, so that equal sizes stay equal.
 RECT ToPixels(const Rect& rect);
 Rect ToTwips(const RECT& rect);
 

@@ -1,11 +1,11 @@
-// Keeps the system from showing messages of its own about what fails, such as a missing disk: the caller answers it.
+// Suppresses message boxes of the system, for example about a missing disk. The caller handles the error instead.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
 
-/// For this thread, and as long as it lives. What the thread kept quiet already stays so.
+/// Applies to the current thread until the object is destroyed. What the thread suppresses already stays suppressed.
 class QuietErrors {
  public:
     /// `kinds`: SEM_FAILCRITICALERRORS, SEM_NOOPENFILEERRORBOX.

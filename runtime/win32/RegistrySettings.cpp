@@ -18,7 +18,7 @@ String SectionPath(StringView application, StringView section) {
     return String(kRoot).append(application).append(u"\\").append(section);
 }
 
-/// A value that is text, terminators included; none when it is absent or something else.
+/// The value as text, including terminators; none if the value does not exist or is not text.
 std::optional<String> QueryText(HKEY key, const String& name) {
     String text;
     DWORD bytes = 0;

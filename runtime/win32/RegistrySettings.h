@@ -1,5 +1,5 @@
-// The runtime's per-user settings in the registry, one text value a key, below the current user's
-// "Software\VB and VBA Program Settings\<application>\<section>". Letter case of names does not matter there.
+// The per-user settings in the registry. Each setting is a text value in the key "HKEY_CURRENT_USER\Software\VB and VBA
+// Program Settings\<application>\<section>". Names are not case-sensitive.
 #pragma once
 
 #include "runtime/SettingsPort.h"
@@ -8,9 +8,9 @@ namespace runtime::win32 {
 
 class RegistrySettings : public SettingsPort {
  public:
-    /// A value that is not text counts as absent; one that names environment variables is given as it stands.
+    /// None also for a value that is not text. Names of environment variables in a value are not expanded.
     std::optional<String> Get(StringView application, StringView section, StringView key) override;
-    /// Error 5 also for an empty application, section or key, and for a NUL in one.
+    /// Error 5 also if the application, section or key is empty or contains a NUL.
     void Save(StringView application, StringView section, StringView key, StringView value) override;
 };
 

@@ -1,6 +1,5 @@
-// Loads libraries from known folders only. The current folder and PATH are never searched, neither for the library nor
-// for the libraries that it needs: a file prepared in the folder of a design must not run in the program that opens the
-// design.
+// Loads libraries from known folders only. The current folder and PATH are never searched for a library. Otherwise a
+// prepared file in the folder of a design could run in the program that opens the design.
 #pragma once
 
 #include "runtime/Text.h"
@@ -8,11 +7,11 @@
 
 namespace runtime::win32 {
 
-/// The library with this full path. What it needs is taken from its own folder, the program's and the system's. Empty
-/// if it does not load; GetLastError has the reason.
+/// Loads the library with the full path `path`. The libraries that it needs are loaded from its own folder, the
+/// program's folder and the system folder. Empty on failure; GetLastError has the reason.
 Library LoadTrusted(const String& path);
 
-/// The full path of `file` in the folder of the system's libraries.
+/// The full path of `file` in the system folder.
 String InSystemFolder(StringView file);
 
 }  // namespace runtime::win32

@@ -26,14 +26,14 @@ Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlL
     GetComboBoxInfo(Window(), &parts);
     edit_ = parts.hwndItem;
     if (!edit_) throw OutOfResources(u"no text box in a combo box");
-    // As long as memory holds it.
+    // 0 removes the limit on the text's length.
     SendMessageW(edit_, EM_SETLIMITTEXT, 0, 0);
 }
 
 void Win32Combo::SetBounds(const Rect& bounds) {
     const RECT closed = ToPixels(bounds);
     const auto itemHeight = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, 0, 0));
-    // The window system takes the height of the open control, and gives the closed one its own.
+    // Windows expects the height with the list open. It sets the height of the closed control itself.
     const int open = ToPixels(ClosedHeight()) + kItemsInList * itemHeight + 2 * GetSystemMetrics(SM_CYBORDER);
     Callback::CallSystem([&] {
         SetWindowPos(Window(), nullptr, static_cast<int>(closed.left), static_cast<int>(closed.top),
@@ -73,7 +73,7 @@ void Win32Combo::Close(bool choose) {
     const auto press = [this](WPARAM key) {
         Callback::CallSystem([&] { SendMessageW(Window(), WM_KEYDOWN, key, 1); });
     };
-    // The one message after which the window itself distinguishes a choice from a cancelled one.
+    // The window distinguishes between selecting and cancelling only by these keys.
     if (choose) {
         press(VK_RETURN);
         return;
@@ -84,7 +84,7 @@ void Win32Combo::Close(bool choose) {
         if (!HasChangedSinceOpening()) return;
         PutBackOpening();
     }
-    // The arrow keys have reported their items already.
+    // The arrow keys have already reported other items. Report the restored item or text.
     const WORD code = ShowsItem() ? CBN_SELCHANGE : CBN_EDITCHANGE;
     const auto id = static_cast<WORD>(GetDlgCtrlID(Window()));
     SendMessageW(GetParent(Window()), WM_COMMAND, MAKEWPARAM(id, code), reinterpret_cast<LPARAM>(Window()));

@@ -1,4 +1,4 @@
-// A control whose list drops down: the editable combo, and the list that shows its selected item.
+// A control with a drop-down list: an editable combo, or a drop-down list that shows the selected item.
 #pragma once
 
 #include "runtime/win32/Win32Control.h"
@@ -28,15 +28,16 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     void Close(bool choose) override;
     Twips ClosedHeight() override;
 
-    /// What the user did while the list was open. The window system may have completed the text on its own.
+    /// The change that the user made while the list was open. Windows itself may have completed the text.
     Notice NoticeOfClosing();
     void PutBackOpening();
     bool HasChangedSinceOpening();
-    /// It is an item of the list that the control shows, or nothing where it can show nothing else.
+    /// True if the control shows the text of the selected item. Always true for a drop-down list without an edit
+    /// window.
     bool ShowsItem();
     String TextOfItem(int item) const;
 
-    HWND edit_ = nullptr;  ///< the window in which the user writes; null for a list without one
+    HWND edit_ = nullptr;  ///< the edit window of an editable combo, otherwise null
     String textAtOpening_;
     int itemAtOpening_ = -1;
     bool isSetting_ = false;

@@ -26,7 +26,7 @@ HWND CreateChild(HWND parent, HINSTANCE instance, const wchar_t* className, cons
 Win32Control::WindowKind Win32Control::KindOfWindow(ControlKind kind) {
     switch (kind) {
         case ControlKind::kStatusBar:
-            // The form places the bar; the control must not place itself.
+            // The form sets the position of the bar; the control must not set it itself.
             return {STATUSCLASSNAMEW, CCS_NORESIZE | CCS_NOPARENTALIGN, 0};
         case ControlKind::kLabel:
             return {Win32Label::ClassName(), 0, 0};
@@ -59,10 +59,10 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKin
 
 Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
     : Win32Control(parent, system, look.kind, id, KindOfWindow(look.kind)) {
-    // One text area over the whole bar.
+    // Use one text area for the whole bar.
     if (kind_ == ControlKind::kStatusBar) SendMessageW(window_, SB_SIMPLE, TRUE, 0);
     if (!look.picture.empty()) {
-        // In its own size, whatever size the system has for icons.
+        // Load the icon in its own size, not in the system's icon size.
         icon_.Reset(
             static_cast<HICON>(LoadImageW(system.Instance(), Wide(look.picture), IMAGE_ICON, 0, 0, LR_DEFAULTCOLOR)));
         SendMessageW(window_, STM_SETICON, reinterpret_cast<WPARAM>(icon_.Get()), 0);

@@ -1,4 +1,4 @@
-// A control's window. The kinds that the user writes or chooses in have classes of their own.
+// The window of a control. Input controls have derived classes.
 #pragma once
 
 #include <memory>
@@ -12,12 +12,12 @@ namespace runtime::win32 {
 class Win32Window;
 class Win32Windows;
 
-/// What a control's own notification says.
+/// The meaning of a notification from a control's window.
 enum class Notice { kNone, kClicked, kEdited, kChosen };
 
 class Win32Control : public NativeControl {
  public:
-    /// Error 7 when the system refuses. The window of `parent` owns the new one; `id` is what it reports itself as.
+    /// Creates the window as a child of the window of `parent`. `id` identifies it in WM_COMMAND. Error 7 on failure.
     static std::unique_ptr<Win32Control> Make(Win32Window& parent, Win32Windows& system, const ControlLook& look,
                                               int id);
 
@@ -31,9 +31,9 @@ class Win32Control : public NativeControl {
     void SetAccessibleName(const String& name) override;
 
     HWND Window() const { return window_; }
-    /// `code` is that of a WM_COMMAND of the window.
+    /// `code` is the notification code of a WM_COMMAND from the window.
     virtual Notice NoticeOf(WORD code);
-    /// The item that the user chose, when NoticeOf said so.
+    /// The index of the item that the user selected. Called after NoticeOf has returned kChosen.
     virtual int ChosenItem() { return -1; }
 
  protected:
@@ -44,7 +44,7 @@ class Win32Control : public NativeControl {
     };
     Win32Control(Win32Window& parent, Win32Windows& system, ControlKind kind, int id, const WindowKind& windowKind);
 
-    /// Sets a flag as long as it lives.
+    /// Sets a flag. The destructor restores the former value.
     class ScopedFlag {
      public:
         explicit ScopedFlag(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
@@ -65,10 +65,10 @@ class Win32Control : public NativeControl {
     const ControlKind kind_;
     Icon icon_;
     HWND window_ = nullptr;
-    HWND name_ = nullptr;  ///< a hidden label: screen readers call a control by the label before it
+    HWND name_ = nullptr;  ///< a hidden label; a screen reader announces the label before a control as its name
 };
 
-/// The text of a window of any length.
+/// The text of a window, of any length.
 String TextOf(HWND window);
 /// The selected part of an edit window.
 TextRange SelectionOf(HWND edit);

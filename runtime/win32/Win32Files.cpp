@@ -11,21 +11,21 @@
 namespace runtime::win32 {
 namespace {
 
-/// The system's own limit, which not every one of its functions checks.
+/// The system's limit, including the terminator. Some system functions do not check it.
 constexpr std::size_t kMaxPathLength = 32767;
 
 bool CanBePath(StringView path) {
     return !path.empty() && path.size() < kMaxPathLength && path.find(u'\0') == StringView::npos;
 }
 
-/// `path` from its root on; empty when the system makes nothing of it.
+/// The full path for `path`; empty on failure.
 String FullPath(StringView path) {
     const String given(path);
     return FillGrowing(
         [&given](wchar_t* buffer, DWORD capacity) { return GetFullPathNameW(Wide(given), capacity, buffer, nullptr); });
 }
 
-/// In the form that lifts the limit on a path's length, where the path needs it.
+/// `path`, or its full path in the extended-length form if it is too long for the plain form.
 String ToExtendedLengthPath(StringView path) {
     constexpr std::size_t kMaxPlainPathLength = 247;
     const String full = FullPath(path);
@@ -70,7 +70,7 @@ std::uint64_t Joined(DWORD high, DWORD low) {
     return (std::uint64_t{high} << 32) | low;
 }
 
-/// Reads to the file's end, wherever that is by then; false when reading fails on the way.
+/// Reads up to the end of the file, which may grow during the call. False if reading fails.
 bool ReadAll(HANDLE file, std::string& contents) {
     constexpr DWORD kStep = 1u << 20;
     std::size_t length = 0;
@@ -102,7 +102,7 @@ void Win32Files::ChangeFolder(StringView path) {
 }
 
 String Win32Files::FirstMatch(StringView pattern) {
-    // The system takes these three for wildcards of its own, and a name cannot have them.
+    // File names cannot contain these characters, but the system accepts them as wildcards.
     if (!CanBePath(pattern) || pattern.find_first_of(u"<>\"") != StringView::npos) return {};
     String sought(pattern);
     if (StringView(u"\\/:").find(sought.back()) != StringView::npos) sought += u'*';
@@ -138,7 +138,7 @@ std::optional<std::string> Win32Files::Read(StringView path) {
     if (!GetFileSizeEx(file.Get(), &size)) return std::nullopt;
     if (static_cast<std::uint64_t>(size.QuadPart) >= contents.max_size()) return std::nullopt;
     try {
-        // One byte more than the file has, so that its end is met without growing.
+        // Use one byte more than the file's size, so that the read at the end of the file needs no larger buffer.
         contents.resize(static_cast<std::size_t>(size.QuadPart) + 1);
         if (!ReadAll(file.Get(), contents)) return std::nullopt;
     } catch (const std::bad_alloc&) {

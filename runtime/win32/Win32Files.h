@@ -5,17 +5,17 @@
 
 namespace runtime::win32 {
 
-/// Paths may be of any length, but the current folder's only as long as the system lets it be. No operation makes the
-/// system ask for a missing disk.
+/// Paths may have up to 32766 characters; the system has a lower limit for the current folder. No function makes the
+/// system show a message box about a missing disk.
 class Win32Files : public FilesPort {
  public:
     String CurrentFolder() override;
-    /// Another drive in `path` becomes the current drive with it.
+    /// If `path` names another drive, this drive becomes the current drive.
     void ChangeFolder(StringView path) override;
-    /// A pattern that ends with a folder's separator stands for every file in it.
+    /// A pattern that ends with a separator matches every file in that folder.
     String FirstMatch(StringView pattern) override;
     std::optional<FileStamp> Stamp(StringView path) override;
-    /// None also for what is no file on a disk: a device or a pipe could let the reader wait for ever.
+    /// None also for a device or a pipe, because reading it might never end.
     std::optional<std::string> Read(StringView path) override;
 };
 

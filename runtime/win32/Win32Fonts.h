@@ -1,4 +1,4 @@
-// The fonts that controls show their texts with: each made once and kept, so that forms come and go without making any.
+// The fonts of controls. Each font is created once and kept, so that loading a form again creates no font.
 #pragma once
 
 #include <map>
@@ -11,7 +11,8 @@ namespace runtime::win32 {
 
 class Win32Fonts {
  public:
-    /// The system's own font when it cannot make this one. Valid as long as this object.
+    /// The stock font for user interfaces if the system cannot create `font`. The handle is valid as long as this
+    /// object.
     HFONT Get(const Font& font);
 
  private:

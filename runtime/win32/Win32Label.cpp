@@ -27,7 +27,7 @@ LRESULT CALLBACK Win32Label::Procedure(HWND window, UINT message, WPARAM wParam,
     return Callback::Guard(LRESULT{0}, [&]() -> LRESULT {
         auto* self = reinterpret_cast<Win32Label*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         if (message == WM_NCCREATE && !self) {
-            self = new Win32Label(window);  // until WM_NCDESTROY
+            self = new Win32Label(window);  // deleted in WM_NCDESTROY
             SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
         }
         if (message == WM_NCDESTROY) {
@@ -44,7 +44,7 @@ LRESULT Win32Label::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETTEXT:
             text_ = lParam ? ToString(reinterpret_cast<const wchar_t*>(lParam)) : String();
             LayOutAgain();
-            // The system keeps the text as well: it is what screen readers ask for.
+            // The system must store the text, too, because screen readers read it from there.
             return DefWindowProcW(window_, message, wParam, lParam);
         case WM_SETFONT:
             font_ = reinterpret_cast<HFONT>(wParam);
@@ -85,7 +85,7 @@ void Win32Label::Paint() {
 }
 
 void Win32Label::PaintLines(HDC context, const RECT& dirty) {
-    // The form gives its labels their colours.
+    // The form sets the colours of its labels.
     auto* const brush = reinterpret_cast<HBRUSH>(SendMessageW(
         GetParent(window_), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(context), reinterpret_cast<LPARAM>(window_)));
     FillRect(context, &dirty, brush);

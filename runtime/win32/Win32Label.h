@@ -1,5 +1,5 @@
-// A label's window. It shows any text as given ('&' too), wrapped at its width, and paints only the lines that show, so
-// that a long text costs no more than a short one.
+// A label's window. It shows its text unchanged, including '&', and wraps it at its width. It paints only the visible
+// lines, so that a long text takes no longer to paint than a short one.
 #pragma once
 
 #include "runtime/TextLayout.h"
@@ -9,7 +9,7 @@ namespace runtime::win32 {
 
 class Win32Label {
  public:
-    /// Makes the window class known to the module `instance` while it lives; false when the system refuses.
+    /// Registers the window class for the module `instance`; false on failure.
     static bool RegisterWindowClass(HINSTANCE instance);
     static void UnregisterWindowClass(HINSTANCE instance);
     static const wchar_t* ClassName() { return L"K4TBackProcess.Label"; }

@@ -9,8 +9,8 @@
 namespace runtime::win32 {
 namespace {
 
-/// Help of the box that this thread shows. The system hands its help callback nothing to know the box by; but of
-/// boxes within boxes only the innermost can be answered, and this is its help.
+/// The help of the message box that this thread shows. The help callback does not get the box as a parameter. Boxes can
+/// be nested, but only the innermost box takes input. The callback therefore opens the help of the innermost box.
 class ShownHelp {
  public:
     ShownHelp(HelpControl& control, HWND owner, const MessageHelp& help)
@@ -26,7 +26,7 @@ class ShownHelp {
     }
 
  private:
-    // The box's owner owns the help as well: owned by the box, the help would go with it.
+    // The owner of the box also owns the help window. If the box owned it, the help would close with the box.
     bool OpenFile() const { return !help_.file.empty() && control_.Open(owner_, help_.file, help_.context); }
 
     static thread_local const ShownHelp* innermost_;
@@ -43,8 +43,8 @@ bool HasKnownButtons(UINT style) {
     return (style & MB_TYPEMASK) <= MB_CANCELTRYCONTINUE;
 }
 
-/// The system closes its box for WM_QUIT and puts the message back for the outer loop. It is looked at and left there:
-/// taking it here would end nothing but this box.
+/// The system closes its box on WM_QUIT and posts the message again. The message stays in the queue, because the outer
+/// loop must also end.
 bool IsQuitting() {
     MSG message;
     return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != FALSE;
@@ -54,11 +54,11 @@ bool IsQuitting() {
 
 std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) {
     const auto style = static_cast<UINT>(flags);
-    // Systems differ in what they make of such a style.
+    // Windows versions treat an unknown set of buttons differently.
     if (!HasKnownButtons(style)) throw ErrorAbout(kInvalidProcedureCall, u"no message box has such buttons");
     const String promptText = NulsAsBlanks(prompt);
     const String titleText = NulsAsBlanks(title);
-    // The box of a service is shown on the desktop that is in use, and may have no owner.
+    // A service's box is shown on the active desktop and must not have an owner.
     const bool isForService = (style & MB_SERVICE_NOTIFICATION) != 0;
     const HWND owner = isForService ? nullptr : GetActiveWindow();
     MSGBOXPARAMSW box{};
@@ -70,9 +70,9 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     box.dwContextHelpId = static_cast<DWORD>(help.context);
     box.lpfnMsgBoxCallback = ShownHelp::Open;
     const ShownHelp shownHelp(helpControl_, owner, help);
-    // They are enabled afterwards; not every system does that when the thread was asked to end.
+    // The destructor enables the windows, because some systems leave them disabled if the thread is asked to end.
     DisabledWindows inputWindows(nullptr);
-    // A box without an owner keeps no window from its input by itself.
+    // The system disables no window for a box without an owner.
     if (!owner && !isForService) inputWindows.Disable();
     DWORD systemError = 0;
     const int answer = Callback::CallSystem([&] {
@@ -80,9 +80,9 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
         systemError = GetLastError();
         return given;
     });
-    // The box closed because the thread was asked to end: the system's result is not an answer of the user.
+    // The thread was asked to end, so the result is not an answer of the user.
     if (IsQuitting()) return IDCANCEL;
-    // The box closes with its owner, which may be unloaded while the question is open.
+    // The box closes with its owner, which may be destroyed while the box is open.
     if (answer == 0 && owner && !IsWindow(owner)) return IDCANCEL;
     if (answer == 0) throw OutOfResources(u"no message box", systemError);
     return answer;

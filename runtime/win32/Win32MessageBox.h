@@ -10,8 +10,9 @@ class Win32MessageBox : public MessageBoxPort {
  public:
     explicit Win32MessageBox(HelpControl& helpControl) : helpControl_(helpControl) {}
 
-    /// The thread's active window owns the box. Error 5 for a set of buttons that there is not, error 7 when the system
-    /// cannot show the box. Help is opened with the HTML Help control; nothing happens where that is missing.
+    /// The thread's active window owns the box. Returns IDCANCEL if the program is asked to quit or the owner is
+    /// destroyed. Help is opened with the HTML Help control; without the control, no help is opened. Error 5 for an
+    /// unknown set of buttons, error 7 if the system cannot show the box.
     std::int32_t Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) override;
 
  private:

@@ -6,7 +6,7 @@
 namespace runtime::win32 {
 namespace {
 
-/// The thread's active window, if a dialog can belong to it.
+/// The thread's active window, or null if it cannot own `dialog`.
 HWND OwnerFor(HWND dialog) {
     const HWND active = GetActiveWindow();
     return active != dialog && IsWindowVisible(active) ? active : nullptr;
@@ -17,7 +17,8 @@ HWND OwnerFor(HWND dialog) {
 Win32Modal::Win32Modal(Win32Windows& system, HWND window)
     : system_(system), window_(window), owner_(OwnerFor(window)), others_(window) {
     others_.Disable();
-    // While another program is in front no window is the active one; the dialog must not get behind the topmost.
+    // The thread has no active window while another program is in front. The dialog must still stay in front of the
+    // thread's first visible window.
     if (!owner_) owner_ = others_.FirstVisible();
     // An owned dialog stays in front of its owner, and the owner becomes active again when the dialog is hidden.
     SetWindowLongPtrW(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner_));
@@ -26,7 +27,7 @@ Win32Modal::Win32Modal(Win32Windows& system, HWND window)
 
 Win32Modal::~Win32Modal() {
     End();
-    // Only now: the window is hidden, and the windows below it were asked for a pointer already.
+    // Restore the pointer last. When the dialog was hidden, the windows below it may have set another pointer.
     if (pointerBefore_ && system_.MousePointer() == kDefaultPointer) SetCursor(*pointerBefore_);
 }
 
@@ -34,9 +35,10 @@ void Win32Modal::End() {
     if (ended_) return;
     ended_ = true;
     others_.Enable();
-    // When other code destroyed the dialog, its owner was still disabled and did not become active.
+    // If other code destroyed the dialog, its owner was disabled at that time and did not become active.
     if (!IsWindowVisible(window_) && owner_ && !GetActiveWindow()) SetActiveWindow(owner_);
-    // Run may wait for a message that the system has handled without handing it out.
+    // Wake up Run. It may still wait for a message, because the system handles some messages without returning them to
+    // Run.
     PostMessageW(nullptr, WM_NULL, 0, 0);
 }
 

@@ -1,5 +1,5 @@
-// The modal time of a window: it is owned by the window that was active, and all other windows of the thread are
-// disabled. The client's own pointer, a busy one perhaps, is an arrow for that time.
+// The modal loop of a dialog. The window that was active owns the dialog. All other windows of the thread are disabled.
+// The client's mouse pointer, which may be a busy one, is replaced by an arrow until the dialog closes.
 #pragma once
 
 #include <optional>
@@ -14,7 +14,7 @@ class Win32Windows;
 
 class Win32Modal final : public ModalLoop {
  public:
-    /// `window` is the dialog, still hidden.
+    /// `window` is the dialog, which is still hidden.
     Win32Modal(Win32Windows& system, HWND window);
     Win32Modal(const Win32Modal&) = delete;
     Win32Modal& operator=(const Win32Modal&) = delete;
@@ -28,7 +28,7 @@ class Win32Modal final : public ModalLoop {
     HWND window_;
     HWND owner_;
     DisabledWindows others_;
-    std::optional<HCURSOR> pointerBefore_;  ///< none when a pointer of ours was shown, which forms keep
+    std::optional<HCURSOR> pointerBefore_;  ///< none if the component shows a pointer of its own
     bool ended_ = false;
 };
 

@@ -12,7 +12,7 @@
 namespace runtime::win32 {
 namespace {
 
-/// The program's file, spelt alike however it was started: no short names, one letter case.
+/// The path of the program's file in a uniform spelling: long names in lower case.
 String ProgramPath() {
     const String path = ModulePath(nullptr);
     const String longPath = FillGrowing(
@@ -20,7 +20,7 @@ String ProgramPath() {
     return Win32Locale().LowerCase(longPath.empty() ? path : longPath);
 }
 
-/// FNV-1a: the same in every build of the component, as two builds may run side by side.
+/// FNV-1a. The hash must be the same in every build of the component, because two builds may run at the same time.
 std::uint64_t StableHash(StringView text) {
     constexpr std::uint64_t kPrime = 0x100000001B3u;
     std::uint64_t hash = 0xCBF29CE484222325u;
@@ -38,11 +38,11 @@ String Hexadecimal(std::uint64_t number) {
     return text;
 }
 
-/// The names of the objects that a claim is made of.
+/// The names of the mutexes of a claim.
 struct ClaimNames {
-    /// Exists while a process of the program has a claim.
+    /// Exists while any process of the program has a claim.
     String program = u"Local\\K4TBackProcess.FirstInstance." + Hexadecimal(StableHash(ProgramPath()));
-    /// Exists while this process has it.
+    /// Exists while this process has a claim.
     String process = program + u'.' + Hexadecimal(GetCurrentProcessId());
     String lock = process + u".lock";
 };
@@ -59,7 +59,7 @@ Error NoClaim(DWORD systemError) {
     return OutOfResources(u"cannot create the mutex of the first process of a program", systemError);
 }
 
-/// Lets the threads of this process claim and give up one after the other, whichever copy of this code they run.
+/// Allows one thread of this process at a time to create or release a claim, across all copies of this code.
 class ClaimLock {
  public:
     explicit ClaimLock(const String& name) : mutex_(MakeMutex(name)) {
@@ -76,8 +76,8 @@ class ClaimLock {
     KernelHandle mutex_;
 };
 
-/// Two mutexes that are never waited for, as owning one would tie the claim to a thread: that they exist is the claim.
-/// The system removes each with its last handle, however a process ends.
+/// The claim is the existence of two mutexes. No thread owns them, because ownership would tie the claim to a thread.
+/// The system removes a mutex when its last handle is closed, also if the process crashes.
 class ProcessClaim : public InstanceClaim {
  public:
     ProcessClaim(ClaimNames names, KernelHandle program, KernelHandle process)
@@ -113,7 +113,7 @@ std::unique_ptr<InstanceClaim> Win32Process::ClaimFirstInstance() {
     const bool isOurs = Exists(names.process);
     KernelHandle program = MakeMutex(names.program);
     const DWORD error = GetLastError();
-    // Refused access: a process of the session with higher rights made it.
+    // Access is denied if a process with higher rights in the same session created the mutex.
     if (!program && error == ERROR_ACCESS_DENIED) return nullptr;
     if (!program) throw NoClaim(error);
     if (error == ERROR_ALREADY_EXISTS && !isOurs) return nullptr;

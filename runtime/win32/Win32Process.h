@@ -1,4 +1,4 @@
-// The process that the component is loaded into, as Windows knows it.
+// The Windows process that the component is loaded into.
 #pragma once
 
 #include "runtime/ProcessPort.h"
@@ -8,13 +8,14 @@ namespace runtime::win32 {
 
 class Win32Process : public ProcessPort {
  public:
-    /// `component` is the module whose folder ComponentFolder gives; null stands for the program itself.
+    /// `component` is the module for ComponentFolder; null means the program itself.
     explicit Win32Process(HMODULE component) : component_(component) {}
 
     String CommandLine() override;
     String ComponentFolder() override;
-    /// Claims of one process share what they hold, whichever thread or copy of this code has them: the last one gives
-    /// it up. What a process held that ended in any way is free. Error 7 when the system lacks the means.
+    /// A process may have several claims, on any threads and from several copies of this code. It stays the first
+    /// instance until the last of them is destroyed. The system releases the claims of a process that ends in any way.
+    /// Error 7 if the system cannot create the claim.
     std::unique_ptr<InstanceClaim> ClaimFirstInstance() override;
 
  private:

@@ -14,7 +14,7 @@ DWORD EditStyleOf(ControlKind kind) {
 
 Win32TextBox::Win32TextBox(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
     : Win32Control(parent, system, look.kind, id, {WC_EDITW, EditStyleOf(look.kind), WS_EX_CLIENTEDGE}) {
-    // As long as memory holds it.
+    // 0 removes the limit on the text's length.
     SendMessageW(Window(), EM_SETLIMITTEXT, 0, 0);
 }
 

@@ -1,4 +1,4 @@
-// A text box, of one line or of many.
+// A text box with one line or many lines.
 #pragma once
 
 #include "runtime/win32/Win32Control.h"

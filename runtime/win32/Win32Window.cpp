@@ -49,25 +49,25 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
                     static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top), nullptr,
                     nullptr, system.Instance(), this);
     if (!window_) throw OutOfResources(u"no window for a form");
-    // The system limits a new window's size before the procedure can lift the limits.
+    // During creation, Windows limits the size before the window procedure can lift the limits. Set the bounds again.
     Win32Window::SetBounds(design.outer);
     ReportBounds();
-    // Access keys are underlined from the start, also on systems that hide them until Alt is pressed.
+    // Show the underlines of access keys from the start, also on systems that hide them until Alt is pressed.
     SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
 }
 
 Win32Window::~Win32Window() {
-    // The window may have ended with its thread, and the handle may be another window's by now.
+    // The window may have been destroyed with its thread, and the handle may now belong to another window.
     if (!window_ || !Lives(this, window_)) return;
     const HWND window = window_;
-    // From here on the procedure does not find this object: nothing is reported of an end that was asked for.
+    // Disconnect this object from the window, so that the destruction is not reported to the form.
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
     window_ = nullptr;
     Destroy(window);
 }
 
-// Another thread's window cannot be destroyed from here. It is asked to close, and without its object it destroys
-// itself.
+// DestroyWindow fails for a window of another thread. WM_CLOSE then destroys it, because it is not connected to an
+// object.
 void Win32Window::Destroy(HWND window) noexcept {
     if (!DestroyWindow(window)) PostMessageW(window, WM_CLOSE, 0, 0);
 }
@@ -78,7 +78,7 @@ DWORD Win32Window::StyleOf(BorderStyle border) {
 }
 
 DWORD Win32Window::ExtendedStyleOf(BorderStyle border) {
-    // A dialog's frame, and no icon in its title bar.
+    // A dialog frame, without an icon in the title bar.
     return border == BorderStyle::kFixedDialog ? WS_EX_DLGMODALFRAME : 0;
 }
 
@@ -88,7 +88,7 @@ void Win32Window::SetCaption(const String& caption) {
 
 void Win32Window::SetBounds(const Rect& outer) {
     const RECT place = ToPixels(outer);
-    // The message about the change reports it to the form.
+    // The window procedure reports the change to the form.
     Callback::CallSystem([&] {
         SetWindowPos(window_, nullptr, static_cast<int>(place.left), static_cast<int>(place.top),
                      static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top),
@@ -128,7 +128,7 @@ Size Win32Window::InnerSize() const {
 }
 
 NativeHandle Win32Window::DeviceContext() {
-    // The class gives each window a context of its own, so this is the same one each time and needs no release.
+    // The window class has CS_OWNDC: each window has one context, which is not released.
     return reinterpret_cast<NativeHandle>(GetDC(window_));
 }
 
@@ -140,7 +140,7 @@ NativeControl& Win32Window::AddControl(const ControlLook& look) {
 
 bool Win32Window::TakesKey(const MSG& message) {
     const HWND form = message.hwnd ? GetAncestor(message.hwnd, GA_ROOT) : nullptr;
-    // By its class: other code may have replaced the window's own procedure, and call ours.
+    // Check the class, because other code may have replaced the window's own procedure.
     if (!form || GetClassLongPtrW(form, GCLP_WNDPROC) != reinterpret_cast<ULONG_PTR>(&Procedure)) return false;
     auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(form, GWLP_USERDATA));
     return self && self->OnKey(message.message, message.wParam, message.lParam);
@@ -154,7 +154,7 @@ LRESULT CALLBACK Win32Window::Procedure(HWND window, UINT message, WPARAM wParam
     });
 }
 
-// A stranger may send the message, or make a window of the class.
+// Other code may send WM_NCCREATE, or create a window of this class.
 bool Win32Window::Adopt(HWND window, LPARAM createMessage) {
     if (!createMessage || GetWindowLongPtrW(window, GWLP_USERDATA)) return false;
     auto* created = static_cast<Win32Window*>(reinterpret_cast<const CREATESTRUCTW*>(createMessage)->lpCreateParams);
@@ -172,7 +172,7 @@ LRESULT Win32Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcW(window_, message, wParam, lParam);
 }
 
-// After an event the form may have destroyed this window: such a branch returns at once or touches locals only.
+// An event handler may destroy this window. After an event, a branch returns at once or uses only local variables.
 LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CLOSE:
@@ -189,11 +189,11 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SHOWWINDOW:
             return OnShowWindow(wParam, lParam);
         case WM_WINDOWPOSCHANGED:
-        case WM_STYLECHANGED:  // a window can be shown by its style alone
+        case WM_STYLECHANGED:  // other code can show a window by changing its style
             return OnChanged(message, wParam, lParam);
         case WM_GETMINMAXINFO: {
             if (!lParam) return 0;
-            // Forms may have any size, also one larger than the screen.
+            // A form may have any size, also one larger than the screen.
             auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
             constexpr LONG kAnySize = 32767;
             limits->ptMinTrackSize = {1, 1};
@@ -202,7 +202,7 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         }
         case WM_KEYDOWN:
         case WM_KEYUP:
-        case WM_SYSKEYDOWN:  // keys come as these to an icon, too
+        case WM_SYSKEYDOWN:  // a minimised window gets its keys in these messages
         case WM_SYSKEYUP:
         case WM_CHAR:
         case WM_SYSCHAR:
@@ -210,11 +210,11 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETFOCUS:
             events_.KeyboardArrived();
             return 0;
-        case WM_CANCELMODE:  // comes before the window is disabled, too
+        case WM_CANCELMODE:  // also sent before the window is disabled
             events_.KeyboardLeaves();
             return Default(message, wParam, lParam);
         case WM_HELP:
-            // The default passes it on to the owner: F1 is the form's own, and its handlers have seen it.
+            // The default handling would send WM_HELP to the owner. The form's handlers have already got F1.
             return TRUE;
         case WM_COMMAND:
             OnCommand(wParam, lParam);
@@ -233,8 +233,10 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-// Not asked for by the form; its handlers run while the window's children are still there. Other code can send the
-// message, so a window that is not being destroyed is asked to close: without its object it destroys itself.
+// Other code destroys the window. The form's handlers run while the child windows still exist.
+//
+// Other code can also send WM_DESTROY to a window that is not being destroyed. WM_CLOSE then destroys this window,
+// because it is no longer connected to an object.
 void Win32Window::OnDestroy() {
     PostMessageW(window_, WM_CLOSE, 0, 0);
     SetWindowLongPtrW(window_, GWLP_USERDATA, 0);
@@ -248,13 +250,14 @@ LRESULT Win32Window::OnActivate(WPARAM wParam, LPARAM lParam) {
     if (!activated) events_.KeyboardLeaves();
     const LRESULT result = Default(WM_ACTIVATE, wParam, lParam);
     if (!activated) return result;
-    // A window that others show becomes active before it gets the message about its change.
+    // If other code shows the window, WM_ACTIVATE arrives before the message about the change.
     if (Lives(this, window)) ReportChanges();
     if (Lives(this, window)) events_.Activated();
     return result;
 }
 
-// The default hides the window together with its owner and shows it again. For the form it stays visible.
+// The default handling hides the window when its owner is minimised, and shows it again later. The form still counts it
+// as visible.
 LRESULT Win32Window::OnShowWindow(WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     if (lParam == SW_PARENTCLOSING) isHiddenWithOwner_ = true;
@@ -272,7 +275,7 @@ LRESULT Win32Window::OnChanged(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-// The client's own message loop brings keys here without having shown them to the form.
+// Keys from the client's own message loop arrive here and have not been passed to the form yet.
 LRESULT Win32Window::OnKeyMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     const bool isNew = !system_.IsDispatchingKey();
@@ -303,7 +306,7 @@ void Win32Window::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (control >= controls_.size()) return;
     switch (controls_[control]->NoticeOf(HIWORD(wParam))) {
         case Notice::kClicked:
-            // A message can press a button of a window that takes no input.
+            // A message can press a button of a disabled window.
             if (IsWindowEnabled(window_)) events_.Clicked(control);
             return;
         case Notice::kEdited:
@@ -338,7 +341,7 @@ void Win32Window::ReportChanges() {
 
 void Win32Window::ReportBounds() {
     const bool isShown = IsWindowVisible(window_) != FALSE;
-    // Neither the place nor the state in which the form will be shown.
+    // A hidden minimised window has neither the bounds nor the state in which the form will be shown.
     if (!isShown && IsIconic(window_)) return;
     RECT outer{};
     GetWindowRect(window_, &outer);

@@ -1,5 +1,6 @@
-// A form's window and its controls' windows. The window reports its place and size whenever they change; else what the
-// user and the system do, and not what its form asked for itself.
+// A form's window and the windows of its controls. The window reports each change of its bounds, state and visibility
+// to its form, whether the form or other code caused the change. It reports its destruction only if other code caused
+// it.
 #pragma once
 
 #include <memory>
@@ -16,7 +17,7 @@ class Win32Windows;
 
 class Win32Window : public NativeWindow {
  public:
-    /// Error 7 when the system refuses. `system` outlives the window.
+    /// Error 7 if the system cannot create the window. `system` and `events` must outlive the window.
     Win32Window(Win32Windows& system, const WindowDesign& design, WindowEvents& events);
     Win32Window(const Win32Window&) = delete;
     Win32Window& operator=(const Win32Window&) = delete;
@@ -36,19 +37,20 @@ class Win32Window : public NativeWindow {
 
     static DWORD StyleOf(BorderStyle border);
     static DWORD ExtendedStyleOf(BorderStyle border);
-    /// Shows a key of the queue to the form that it is meant for; true when the form used it up.
+    /// Passes a key message from the queue to its form. True if the form consumed the key.
     static bool TakesKey(const MSG& message);
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
  private:
-    /// Binds the new window to its object; false when the message is not of a window that this class makes.
+    /// Connects a new window to its object. False if this class did not create the window.
     static bool Adopt(HWND window, LPARAM createMessage);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
-    /// `self` still exists and has the window; for use after a call in which others may have destroyed it.
+    /// True if `self` still exists and owns `window`. Used after a call that may run other code, which may destroy the
+    /// window.
     static bool Lives(const Win32Window* self, HWND window);
     void OnDestroy();
-    /// Destroys `window`, on its own thread. It must not be this object's any more.
+    /// Destroys `window` on its own thread. `window` must no longer be connected to this object.
     static void Destroy(HWND window) noexcept;
     LRESULT OnActivate(WPARAM wParam, LPARAM lParam);
     LRESULT OnShowWindow(WPARAM wParam, LPARAM lParam);
@@ -66,7 +68,7 @@ class Win32Window : public NativeWindow {
     Win32Windows& system_;
     WindowEvents& events_;
     HWND window_ = nullptr;
-    bool isHiddenWithOwner_ = false;  ///< the system hid it because its owner was minimised, and will show it again
+    bool isHiddenWithOwner_ = false;  ///< Windows hides it while its owner is minimised
     GdiBrush background_;
     std::vector<std::unique_ptr<Win32Control>> controls_;
 };

@@ -31,24 +31,24 @@ bool IsHeld(int key) {
     return GetAsyncKeyState(key) < 0;
 }
 
-/// The key that writes a character.
+/// The key that types a character.
 struct Keystroke {
     WORD key = 0;
-    bool pressesShift = false;  ///< it needs Shift, which the user does not hold
+    bool pressesShift = false;  ///< the character needs Shift, and the user does not hold it
 };
 
-/// None when no key writes `character`, or when what the user holds makes another one of it.
+/// None if no key types `character`, or if a held key or Caps Lock would change the character.
 std::optional<Keystroke> KeystrokeFor(char16_t character) {
     constexpr char16_t kLastAscii = 0x7F;
     constexpr SHORT kNoKey = -1;
     constexpr int kWithShift = 1;
-    // For a character outside the locale's set the system may name the key of a question mark.
+    // For a character outside the code page, the system may return the key of the question mark.
     if (character > kLastAscii) return std::nullopt;
     const SHORT found = VkKeyScanW(static_cast<wchar_t>(character));
     if (found == kNoKey || (HIBYTE(found) & ~kWithShift) != 0) return std::nullopt;
     const bool needsShift = HIBYTE(found) == kWithShift;
     const bool holdsShift = IsHeld(VK_SHIFT);
-    // On some layouts Caps Lock works like Shift for more than letters.
+    // On some keyboard layouts, Caps Lock changes more keys than the letters.
     const bool isCapsLockOn = (GetKeyState(VK_CAPITAL) & 1) != 0;
     if ((holdsShift && !needsShift) || IsHeld(VK_CONTROL) || isCapsLockOn) return std::nullopt;
     return Keystroke{static_cast<WORD>(LOBYTE(found)), needsShift && !holdsShift};
@@ -178,9 +178,9 @@ void Win32Windows::PressWithAlt(char16_t character) {
     const HWND active = GetActiveWindow();
     if (!active) return;
     const std::optional<Keystroke> stroke = KeystrokeFor(character);
-    // Another program would get the keys when it is in front.
+    // If another program is in front, it would get the keys.
     if (stroke && active == GetForegroundWindow()) return SendWithAlt(*stroke);
-    // The finished character, as the keys would have become it.
+    // Post the character that the keys would produce.
     constexpr LPARAM kAltIsDown = 1 << 29;
     PostMessageW(active, WM_SYSCHAR, character, kAltIsDown | 1);
 }

@@ -1,4 +1,4 @@
-// The window system of Windows. One object serves the process; it belongs to the thread that makes windows.
+// The window system of Windows. The process has one object. It is used on the thread that creates the windows.
 #pragma once
 
 #include "runtime/WindowsPort.h"
@@ -29,12 +29,12 @@ class Win32Windows : public WindowsPort {
     HINSTANCE Instance() const { return instance_; }
     const wchar_t* ClassName() const;
     Win32Fonts& Fonts() { return fonts_; }
-    /// Gives a message of the queue to the form that it is for, if it is a key, and then to its window. Throws what a
-    /// handler threw.
+    /// Sends a message from the queue to its window. A key is passed to the form first; if the form consumes it, the
+    /// window does not get it. Throws the exception of a handler.
     void Dispatch(const MSG& message);
-    /// A key that Dispatch has shown to its form already is on its way to a window.
+    /// True while Dispatch sends a key to its window. The form has already got this key.
     bool IsDispatchingKey() const { return dispatchingThread_ == GetCurrentThreadId(); }
-    /// Shows the chosen pointer; false when it is the default one.
+    /// Shows the chosen pointer. If it is the default pointer, does nothing and returns false.
     bool ShowPointer() const;
 
  protected:
@@ -45,10 +45,10 @@ class Win32Windows : public WindowsPort {
 
     HINSTANCE instance_;
     bool classesRegistered_ = false;
-    DWORD dispatchingThread_ = 0;  ///< may have ended
+    DWORD dispatchingThread_ = 0;  ///< the thread may have ended
     Win32Fonts fonts_;
     std::int16_t pointer_ = 0;
-    HCURSOR pointerBefore_ = nullptr;  ///< the shape that the client showed when a pointer of ours replaced it
+    HCURSOR pointerBefore_ = nullptr;  ///< the client's pointer, from before a pointer of the component replaced it
 };
 
 }  // namespace runtime::win32

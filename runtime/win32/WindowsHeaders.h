@@ -1,5 +1,5 @@
-// The one place that includes the platform's headers, which need the build's definitions (UNICODE, NOMINMAX, …), and
-// the conversions between its character type and ours.
+// Includes the Windows headers. Other files include them through this file, because they need the build's definitions
+// (UNICODE, NOMINMAX, …). Also converts between wchar_t and char16_t.
 #pragma once
 
 #include <windows.h>
@@ -12,7 +12,7 @@ namespace runtime::win32 {
 
 static_assert(sizeof(wchar_t) == sizeof(char16_t), "the platform's wide characters are UTF-16 units");
 
-/// `text` as the platform's functions take it; it must be zero-terminated where they want that.
+/// `text` for the Windows functions. It must end with a NUL if the function requires one.
 inline const wchar_t* Wide(const char16_t* text) {
     return reinterpret_cast<const wchar_t*>(text);
 }
