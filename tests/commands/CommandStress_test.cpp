@@ -1,5 +1,5 @@
-// Commands of every shape through the component's DLL, a million of them on request, over the development kernel and
-// its real main form: none hangs, and memory stays what it was.
+// Random commands through the component's DLL, with the development kernel and the real main form. No command may hang,
+// and memory must not grow. On request, the test sends a million commands.
 #include "host/com/ComHeaders.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ std::size_t PrivateBytes() {
     return counters.PagefileUsage;
 }
 
-/// What ships, beside this program.
+/// A shipped file, which is beside this program.
 String Shipped(StringView file) {
     return tests::TestFolder() + u'\\' + String(file);
 }
@@ -36,7 +36,7 @@ Function Entry(const runtime::win32::Library& library, const char* name) {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(entry));
 }
 
-/// An instance of what ships, over strings of this process's own.
+/// An instance of the shipped component. Its kernel strings are only for this process.
 class ShippedComponent : public ::testing::Test {
  protected:
     void SetUp() override {
@@ -78,7 +78,7 @@ class ShippedComponent : public ::testing::Test {
         return value.Text();
     }
     HRESULT NotifyEarly(Bstr& command) { return object_->NotifyMe(name_.Address(), command.Address()); }
-    /// The arguments stand in reverse: the command by reference, then the name by value.
+    /// Arguments are in reverse order: first the command, by reference, then the name, by value.
     HRESULT NotifyLate(Bstr& command) {
         constexpr DISPID kNotifyMe = 2;
         VARIANT arguments[2]{};
@@ -96,19 +96,19 @@ class ShippedComponent : public ::testing::Test {
     Bstr name_;
 };
 
-TEST_F(ShippedComponent, IsLoaded_HasAllItsResources) {
+TEST_F(ShippedComponent, Loaded_HasAllItsResources) {
     const HMODULE module = component_.Get();
     EXPECT_NE(FindResourceW(module, L"QUESTION", RT_GROUP_ICON), nullptr);
     EXPECT_NE(FindResourceW(module, MAKEINTRESOURCEW(1), L"TYPELIB"), nullptr);
     EXPECT_NE(FindResourceW(module, MAKEINTRESOURCEW(VS_VERSION_INFO), RT_VERSION), nullptr);
 }
 
-TEST_F(ShippedComponent, CommandsLeaveMemoryFlat) {
+TEST_F(ShippedComponent, ManyCommands_MemoryDoesNotGrow) {
     tests::CommandMaker maker(20'000, 10'000);
     const int commands = tests::Rounds(1'000'000, 100'000);
     std::size_t before = 0;
     for (int i = 0; i < commands; ++i) {
-        // What the first of them ask for once, the largest text above all, is there by then.
+        // By now, memory that is allocated once has been allocated; most of it is for the longest text.
         if (i == commands / 5) before = PrivateBytes();
         const String given = maker.Next();
         Bstr command(given);
@@ -121,7 +121,7 @@ TEST_F(ShippedComponent, CommandsLeaveMemoryFlat) {
     EXPECT_EQ(Value(&IK4TDiagnostics::get_Caption), u"Pelorix Background Processing Application");
 }
 
-TEST_F(ShippedComponent, RoomOfAGiantCommandIsGivenBackAtTheNextOne) {
+TEST_F(ShippedComponent, GiantCommand_MemoryIsFreedAtTheNextOne) {
     const std::size_t before = PrivateBytes();
     {
         Bstr giant(String(32 * kMegabyte, u'x'));

@@ -1,4 +1,4 @@
-// In a file of its own: a compiler that sees one half of a pair of operators inlined without the other warns.
+// These operators are in their own file, because a compiler warns if it inlines only one of a pair.
 #include "tests/commands/FailingMemory.h"
 
 #include <cstddef>

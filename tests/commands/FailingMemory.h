@@ -1,9 +1,9 @@
-// A program's memory that can be made to run out: once this is linked, every allocation of C++ goes through it.
+// A program that links this file can make its memory allocations fail. Every C++ allocation uses it.
 #pragma once
 
 namespace tests {
 
-/// From now on every allocation fails, or none does.
+/// Makes all later allocations fail, or succeed again.
 void MakeMemoryShort(bool isShort);
 
 }  // namespace tests

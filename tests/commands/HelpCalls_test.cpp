@@ -1,4 +1,4 @@
-// Help as it leaves the process: a recording help control takes the place of the system's.
+// Help calls as they leave the process. A recording help control replaces the system's.
 #include <gtest/gtest.h>
 
 #include "host/frmBackProcessMain.h"
@@ -40,13 +40,13 @@ class HelpCalls : public tests::ComponentTest {
     std::size_t before_ = 0;
 };
 
-TEST_F(HelpCalls, ContentsAreOpenedAndNotClosedByTheUnload) {
+TEST_F(HelpCalls, Contents_AreOpenedAndNotClosedByTheUnload) {
     services::ShowHelpContents();
     form_.Unload();
     EXPECT_EQ(NewCalls(), Opened());
 }
 
-TEST_F(HelpCalls, TopicIsOpenedAndClosedOnceByTheUnload) {
+TEST_F(HelpCalls, Topic_IsOpenedAndClosedOnceByTheUnload) {
     ShowTopic();
     ShowTopic();
     form_.Unload();
@@ -56,7 +56,7 @@ TEST_F(HelpCalls, TopicIsOpenedAndClosedOnceByTheUnload) {
     EXPECT_EQ(NewCalls(), Opened() + Opened() + Closed());
 }
 
-TEST_F(HelpCalls, TopicThatIsNotWantedCallsNothing) {
+TEST_F(HelpCalls, TopicNotWanted_CallsNothing) {
     std::int16_t wanted = 0;
     services::ShowHelpTopic(u"", 0, wanted);
     form_.Unload();
@@ -70,7 +70,7 @@ TEST_F(HelpCalls, NameBeyondAscii_HasTheBytesOfTheCodePage) {
     EXPECT_EQ(NewCalls(), u"A " + window_ + u" C:\\Gr\u00F6\u00DFe \u0080\\?.chm 1 0\n");
 }
 
-TEST(HelpControlInTheComponent, MissingOneDoesNothing) {
+TEST(HelpControlInTheComponent, MissingControl_DoesNothing) {
     for (const String& library : {String(u"C:\\none.ocx"), runtime::win32::InSystemFolder(u"version.dll")}) {
         runtime::win32::HelpControl control(library);
         EXPECT_NO_THROW(control.OpenContents(0, u"C:\\a.chm"));

@@ -1,4 +1,4 @@
-// Kernel libraries that lack one entry each: the command that needs it ends in a message and in the shutdown.
+// Kernel libraries that each lack one entry. A command that needs the entry ends with a message and the shutdown.
 #include <gmock/gmock.h>
 
 #include "host/clsQmxBackProcess.h"
@@ -19,14 +19,14 @@ String Beside(StringView folder) {
     return tests::TestFolder() + u"\\commands\\" + String(folder);
 }
 
-/// Titles would need the kernel, so they do not: the message is what is looked at.
+/// Titles do not need the kernel here, because the tests are about the message.
 class TitleReader : public kernel_api::builtin::BuiltInReader {
  public:
     using BuiltInReader::BuiltInReader;
     String TextAt(kernel_api::TextPointer /*pointer*/) override { return u"text"; }
 };
 
-/// The real main form, announced to a kernel that works, then over one that lacks an entry.
+/// The real main form, loaded with a working kernel and then used with one that lacks an entry.
 class KernelWithout : public tests::HeadlessComponentTest {
  protected:
     KernelWithout() {
@@ -43,7 +43,7 @@ class KernelWithout : public tests::HeadlessComponentTest {
         partial_ = std::make_unique<kernel_api::win32::KernelLibrary>(Beside(entry));
         kernel_api::CurrentSuite().kernel = partial_.get();
     }
-    /// The error that the command's sender gets; 0 for none.
+    /// The error that the command's sender gets; 0 if there is none.
     std::int32_t Execute(StringView command, StringView missing) {
         UseKernelWithout(missing);
         memory_.messageBox.answers = {1};
@@ -68,32 +68,32 @@ class KernelWithout : public tests::HeadlessComponentTest {
         form_.NotifyClass().Connect([this](String&, String& command) { heard_.push_back(runtime::ToUtf8(command)); });
 };
 
-TEST_F(KernelWithout, ItsDatabaseShowsTheErrorAndShutsDown) {
+TEST_F(KernelWithout, DB_DataBase_SaveShowsTheErrorAndShutsDown) {
     EXPECT_EQ(Execute(u"All,SAVE", u"DB_DataBase"), 0);
     ExpectMessageAbout(u"DB_DataBase");
     ExpectShutdown();
     EXPECT_EQ(routing::CurrentDesignName(), u"");
 }
 
-TEST_F(KernelWithout, ItsNamesShowsTheErrorAndShutsDown) {
+TEST_F(KernelWithout, O_GetName_OpenShowsTheErrorAndShutsDown) {
     EXPECT_EQ(Execute(u"All,OPEN", u"O_GetName"), 0);
     ExpectMessageAbout(u"O_GetName");
     ExpectShutdown();
 }
 
-TEST_F(KernelWithout, TheReadingOfStringsHasNoTitleForTheMessageAndShutsDownAllTheSame) {
+TEST_F(KernelWithout, E_GetString_LzShowsNoMessageAndShutsDown) {
     EXPECT_EQ(Execute(u"All,LZ", u"E_GetString"), runtime::kDllEntryPointNotFound);
     EXPECT_TRUE(memory_.messageBox.shown.empty());
     ExpectShutdown();
 }
 
-TEST_F(KernelWithout, TheWritingOfStringsCannotWithdrawTheRecordSaysSoAndShutsDown) {
+TEST_F(KernelWithout, E_SetString_ExShowsTheErrorAndShutsDown) {
     EXPECT_EQ(Execute(u"All,EX", u"E_SetString"), 0);
     ExpectMessageAbout(u"E_SetString");
     ExpectShutdown();
 }
 
-TEST_F(KernelWithout, TheWritingOfStringsCannotLoadTheFormNorCreateAnInstance) {
+TEST_F(KernelWithout, E_SetString_LoadAndCreationFail) {
     form_.Unload();
     heard_.clear();
     UseKernelWithout(u"E_SetString");
@@ -102,7 +102,7 @@ TEST_F(KernelWithout, TheWritingOfStringsCannotLoadTheFormNorCreateAnInstance) {
     EXPECT_EQ(tests::ErrorOf([] { clsQmxBackProcess([](String&, String&) {}); }), runtime::kDllEntryPointNotFound);
 }
 
-TEST_F(KernelWithout, AnyEntry_CommandsThatNeedNoneAreCarriedOut) {
+TEST_F(KernelWithout, AnyEntry_OtherCommandsRun) {
     for (const StringView missing : {u"E_SetString", u"E_GetString", u"DB_DataBase", u"O_GetName"}) {
         for (const StringView command : {u"All,RD", u"All,UP", u"All,FMVHDLED,CUPL", u"All,NONE", u"Editor,SAVE"}) {
             EXPECT_EQ(Execute(command, missing), 0) << runtime::ToUtf8(missing) << ": " << runtime::ToUtf8(command);

@@ -1,4 +1,4 @@
-// A command that fails while memory is short still ends in the shutdown.
+// A command that fails while memory runs out still ends with the shutdown.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -15,7 +15,7 @@
 namespace routing {
 namespace {
 
-/// Its parsers fail, and from then on there is no memory.
+/// The field parsers of this splitter fail and make all later allocations fail.
 class ShortSplitter : public kernel_api::Splitter {
  public:
     std::unique_ptr<kernel_api::FieldParser> MakeFieldParser() override { return std::make_unique<Parser>(); }
@@ -44,7 +44,7 @@ class ShortMemory : public tests::HeadlessComponentTest {
     runtime::Form form_{{.name = u"short", .caption = u"Short", .inner = {3000, 1500}}};
 };
 
-TEST_F(ShortMemory, DoesNotKeepAFailedCommandFromUnloadingAllForms) {
+TEST_F(ShortMemory, FailedCommand_StillUnloadsAllForms) {
     form_.EnsureLoaded();
     bool isReported = false;
     try {

@@ -1,4 +1,4 @@
-// The user-interface font as it reaches the windows of the suite's message box.
+// The user-interface font in the windows of the suite's message box.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -17,13 +17,13 @@ namespace {
 
 using SuiteBoxFont = SuiteBoxTest;
 
-TEST_F(SuiteBoxFont, IsTheProcesssOnLabelAndButtons) {
+TEST_F(SuiteBoxFont, ProcessFont_IsUsedByLabelAndButtons) {
     services::Values().uiFont = {u"Tahoma", 12, GREEK_CHARSET};
     const auto look = [](HWND box) {
         for (const HWND window : {LabelOf(box), ButtonOf(box, L"&Yes"), ButtonOf(box, L"Cancel")}) {
             const LOGFONTW font = FontDescriptionOf(window);
             EXPECT_STREQ(font.lfFaceName, L"Tahoma");
-            EXPECT_EQ(font.lfHeight, -16);  // 12 points at 96 dots an inch
+            EXPECT_EQ(font.lfHeight, -16);  // 12 points at 96 dots per inch
             EXPECT_EQ(font.lfCharSet, GREEK_CHARSET);
             EXPECT_EQ(font.lfWeight, FW_NORMAL);
         }
@@ -31,7 +31,7 @@ TEST_F(SuiteBoxFont, IsTheProcesssOnLabelAndButtons) {
     EXPECT_EQ(Ask(8, {Do(look), Keys({VK_ESCAPE})}), 2);
 }
 
-TEST_F(SuiteBoxFont, IsTheDesignsWhileNoneWasChosen) {
+TEST_F(SuiteBoxFont, NoProcessFont_DesignFontIsUsed) {
     const auto look = [](HWND box) {
         const LOGFONTW font = FontDescriptionOf(ButtonOf(box, L"&Yes"));
         EXPECT_STREQ(font.lfFaceName, L"MS Sans Serif");
@@ -40,7 +40,7 @@ TEST_F(SuiteBoxFont, IsTheDesignsWhileNoneWasChosen) {
     EXPECT_EQ(Ask(8, {Do(look), Keys({VK_ESCAPE})}), 2);
 }
 
-/// The texts of one language.
+/// A reader with the texts of one language.
 class OneLanguage : public kernel_api::Reader {
  public:
     explicit OneLanguage(std::string_view bytes) : texts_(bytes) { kernel_api::CurrentSuite().reader = this; }
@@ -65,7 +65,7 @@ std::string ExampleLanguage(const std::string& name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// Width of a button's caption in its font, with the '&' taken as a mark.
+/// The width of a button's caption in its font. An '&' marks an access key and takes no space.
 int CaptionWidth(HWND button) {
     const HDC context = GetDC(button);
     const HGDIOBJ former = SelectObject(context, FontOf(button));
@@ -78,7 +78,7 @@ int CaptionWidth(HWND button) {
     return static_cast<int>(drawn.right);
 }
 
-/// Every button has a caption that its frame leaves room for, and shows its access key.
+/// Fails the test unless each button has a caption that fits inside its frame and shows its access key.
 void ExpectWholeCaptions(HWND box) {
     int buttons = 0;
     for (HWND button = nullptr; (button = FindWindowExW(box, button, L"BUTTON", nullptr)) != nullptr; ++buttons) {
@@ -93,7 +93,7 @@ void ExpectWholeCaptions(HWND box) {
     EXPECT_EQ(buttons, 4);
 }
 
-TEST_F(SuiteBoxFont, LeavesRoomForTheCaptionsOfEachLanguage) {
+TEST_F(SuiteBoxFont, EachLanguage_CaptionsFitTheirButtons) {
     struct {
         const char* name;
         services::UiFont font;
@@ -115,14 +115,14 @@ TEST_F(SuiteBoxFont, LeavesRoomForTheCaptionsOfEachLanguage) {
     }
 }
 
-TEST_F(SuiteBoxFont, LeavesRoomForShortCaptionsOfThePseudoLanguage) {
+TEST_F(SuiteBoxFont, PseudoLanguage_CaptionsFitTheirButtons) {
     const OneLanguage spoken(
         "39171 = [&Y\u00E9\u0161]\n39172 = [&\u00D1\u00F3]\n99388 = [\u00C7\u00E1\u00F1\u00E7\u00E9l]\n");
     services::Values().uiFont = {u"MS Sans Serif", 8, ANSI_CHARSET};
     EXPECT_EQ(Ask(8, {Do(ExpectWholeCaptions), Keys({VK_ESCAPE})}), 2);
 }
 
-TEST_F(SuiteBoxFont, KeyboardStillWalksTheButtons) {
+TEST_F(SuiteBoxFont, LargeFont_KeysStillWork) {
     services::Values().uiFont = {u"Tahoma", 12, DEFAULT_CHARSET};
     EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), Keys({VK_TAB}), FocusIsOn(L"&No"), Keys({'T'})}), 8);
     ExpectNothingIsLeft();

@@ -1,4 +1,4 @@
-// The suite's message box when its owner, the client or another window interferes while it is open.
+// The suite's message box while its owner, the client or another window interferes.
 #include <gtest/gtest.h>
 
 #include "runtime/LoadedForms.h"
@@ -16,25 +16,25 @@ class SuiteBoxInterference : public SuiteBoxTest {
 };
 
 const Steps kNobody = {};
-TEST_F(SuiteBoxInterference, UnloadedByTheOwnerThatIsDisabledIsCancel) {
+TEST_F(SuiteBoxInterference, OwnerUnloadsItWhenDisabled_Cancels) {
     onDisabled_ = UnloadTheBox;
     EXPECT_EQ(Ask(8, kNobody), 2);
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, UnloadedByTheOwnerThatIsEnabledKeepsTheAnswer) {
+TEST_F(SuiteBoxInterference, OwnerUnloadsItWhenEnabled_AnswerStays) {
     onEnabled_ = UnloadTheBox;
     EXPECT_EQ(Ask(8, kEnter), 6);
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, UnloadedByTheOwnerThatIsActivatedKeepsTheAnswer) {
+TEST_F(SuiteBoxInterference, OwnerUnloadsItWhenActivated_AnswerStays) {
     onActivated_ = UnloadTheBox;
     EXPECT_EQ(Ask(8, kEnter), 6);
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, OwnerThatDisablesItselfAfterwardsStaysDisabled) {
+TEST_F(SuiteBoxInterference, OwnerDisablesItselfAfterwards_StaysDisabled) {
     int enablings = 0;
     onEnabled_ = [&] {
         if (++enablings == 1) EnableWindow(owner_, FALSE);
@@ -45,36 +45,36 @@ TEST_F(SuiteBoxInterference, OwnerThatDisablesItselfAfterwardsStaysDisabled) {
     EnableWindow(owner_, TRUE);
 }
 
-TEST_F(SuiteBoxInterference, OwnerThatGoesWhenItIsDisabledLeavesTheQuestion) {
+TEST_F(SuiteBoxInterference, OwnerDestroyedWhenDisabled_BoxStaysOpen) {
     onDisabled_ = [this] { DestroyTheOwner(); };
     EXPECT_EQ(Ask(8, kEnter), 6);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(SuiteBoxInterference, OwnerThatGoesWhenItIsEnabledKeepsTheAnswer) {
+TEST_F(SuiteBoxInterference, OwnerDestroyedWhenEnabled_AnswerStays) {
     onEnabled_ = [this] { DestroyTheOwner(); };
     EXPECT_EQ(Ask(8, kEnter), 6);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(SuiteBoxInterference, OwnerThatGoesWhenItIsActivatedKeepsTheAnswer) {
+TEST_F(SuiteBoxInterference, OwnerDestroyedWhenActivated_AnswerStays) {
     onActivated_ = [this] { DestroyTheOwner(); };
     EXPECT_EQ(Ask(8, kEnter), 6);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(SuiteBoxInterference, OwnerThatGoesWhileItIsOpenCancels) {
+TEST_F(SuiteBoxInterference, OwnerDestroyedWhileOpen_Cancels) {
     EXPECT_EQ(Ask(8, {Do([this](HWND) { DestroyTheOwner(); })}), 2);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(SuiteBoxInterference, HiddenByOthersCancels) {
+TEST_F(SuiteBoxInterference, HiddenByAnotherProgram_Cancels) {
     EXPECT_EQ(Ask(8, {Do([](HWND box) { ShowWindow(box, SW_HIDE); })}), 2);
     ExpectNothingIsLeft();
 }
 
-// What the system does with the windows of an owner that is minimised and restored.
-TEST_F(SuiteBoxInterference, OwnerThatIsMinimisedKeepsTheQuestion) {
+// The system hides and shows owned windows when their owner is minimised and restored.
+TEST_F(SuiteBoxInterference, OwnerMinimisedAndRestored_BoxStaysOpen) {
     const auto minimiseAndRestore = Do([this](HWND box) {
         ShowOwnedPopups(owner_, FALSE);
         EXPECT_FALSE(IsWindowVisible(box));
@@ -87,7 +87,7 @@ TEST_F(SuiteBoxInterference, OwnerThatIsMinimisedKeepsTheQuestion) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, ButtonOfADisabledOuterBoxCannotBeClickedByAMessage) {
+TEST_F(SuiteBoxInterference, ClickMessageToADisabledOuterBox_IsIgnored) {
     std::int32_t inner = 0;
     HWND outerBox = nullptr;
     const auto askInner = Do([&](HWND box) {
@@ -101,7 +101,7 @@ TEST_F(SuiteBoxInterference, ButtonOfADisabledOuterBoxCannotBeClickedByAMessage)
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, BusyPointerOfTheClientIsAnArrowMeanwhileAndBackAfterwards) {
+TEST_F(SuiteBoxInterference, ClientsBusyPointer_IsAnArrowWhileOpen) {
     const HCURSOR busy = LoadCursorW(nullptr, IDC_WAIT);
     const HCURSOR before = SetCursor(busy);
     const auto seeArrow = Do([](HWND) { EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW)); });

@@ -1,5 +1,5 @@
-// The keys of the suite's message box where they are not the plain ones: held keys, translated captions, other input
-// methods, combinations that mean nothing to it.
+// Unusual keys in the suite's message box: held keys, translated captions, input methods, and combinations without a
+// meaning.
 #include <gtest/gtest.h>
 
 #include "tests/messagebox/SuiteBoxTest.h"
@@ -9,7 +9,7 @@ namespace {
 
 class SuiteBoxKeys : public SuiteBoxTest {};
 
-TEST_F(SuiteBoxKeys, HeldSinceBeforeItOpenedAnswerNothing) {
+TEST_F(SuiteBoxKeys, KeyHeldSinceBeforeOpening_IsIgnored) {
     for (const WORD key : {VK_RETURN, VK_SPACE, VK_ESCAPE}) {
         EXPECT_EQ(Ask(8 + 0x100, {FocusIsOn(L"&No"), Repeated(key), Repeated(key), Keys({VK_TAB}),
                                   FocusIsOn(L"Yes &To All"), Keys({VK_RETURN})}),
@@ -19,14 +19,14 @@ TEST_F(SuiteBoxKeys, HeldSinceBeforeItOpenedAnswerNothing) {
     }
 }
 
-TEST_F(SuiteBoxKeys, LetterThatNoKeyboardKeyGivesIsAnAccessKeyToo) {
+TEST_F(SuiteBoxKeys, CharacterWithoutAKey_CanBeAnAccessKey) {
     ChangedBox japanese([](ChangedBox& box) { box.Caption(2, u"&\u3042"); });
     EXPECT_EQ(japanese.Ask(8, {FocusIsOn(L"&Yes"), Character(0x3042)}), 8);
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxKeys, CombinationsThatMeanNothingLeaveItAsItIs) {
-    // Control with I gives the character of the Tab key, with M that of Enter; Control with Alt is AltGr.
+TEST_F(SuiteBoxKeys, CombinationWithoutAMeaning_IsIgnored) {
+    // Control+I produces the character of Tab, Control+M that of Enter. Control+Alt is AltGr.
     EXPECT_EQ(Ask(8 + 0x100, {FocusIsOn(L"&No"), Keys({VK_CONTROL, 'Y'}), Keys({VK_CONTROL, 'I'}),
                               Keys({VK_CONTROL, 'M'}), Keys({VK_CONTROL, VK_MENU, 'Y'}),
                               Keys({VK_CONTROL, VK_MENU, 'E'}), Character(0x20AC), Keys({VK_CONTROL, VK_RETURN}),

@@ -1,4 +1,5 @@
-// The suite's own message box in pixels, and what it costs the system. All numbers are for 96 DPI: 15 twips a pixel.
+// The layout of the suite's message box in pixels, and its use of system objects. All numbers are for 96 DPI: 15 twips
+// per pixel.
 #include <gtest/gtest.h>
 
 #include "tests/messagebox/SuiteBoxTest.h"
@@ -11,7 +12,7 @@ namespace {
 
 using runtime::String;
 
-/// Size of `text` in the font of the box's buttons, which is its label's too.
+/// The size of `text` in the font of the box's buttons and label.
 SIZE SizeIn(HWND box, runtime::StringView text) {
     const HDC context = GetDC(box);
     const HGDIOBJ former = SelectObject(context, FontOf(ButtonOf(box, L"&Yes")));
@@ -24,7 +25,7 @@ SIZE SizeIn(HWND box, runtime::StringView text) {
 
 class SuiteBoxLayout : public SuiteBoxTest {
  protected:
-    /// Looks at the open box, then answers it.
+    /// Inspects the open box, then closes it.
     void Look(runtime::StringView prompt, const std::function<void(HWND box)>& look) {
         EXPECT_EQ(Ask(8, {Do(look), Keys({VK_ESCAPE})}, prompt), 2);
     }
@@ -37,7 +38,7 @@ void ExpectClient(HWND box, long width, long height) {
     EXPECT_EQ(client.bottom, height);
 }
 
-TEST_F(SuiteBoxLayout, OneWordLeavesTheDesign) {
+TEST_F(SuiteBoxLayout, ShortPrompt_KeepsTheDesignedLayout) {
     Look(u"Overwrite?", [](HWND box) {
         ExpectClient(box, 339, 95);
         ExpectCentred(box);
@@ -51,12 +52,12 @@ TEST_F(SuiteBoxLayout, OneWordLeavesTheDesign) {
     });
 }
 
-TEST_F(SuiteBoxLayout, WidePromptWidensItAndShiftsTheButtonsByHalf) {
+TEST_F(SuiteBoxLayout, WidePrompt_WidensTheBoxAndCentresTheButtons) {
     const String prompt(80, u'm');
     Look(prompt, [&](HWND box) {
         const long width = SizeIn(box, prompt).cx;
         ASSERT_GT(width, 247);
-        // The label was 3700 twips wide, 246 2/3 pixels.
+        // The label's original width is 3700 twips, or 246 2/3 pixels.
         EXPECT_EQ(PlaceIn(box, LabelOf(box)), (Place{63, 16, width, 26}));
         ExpectClient(box, width + 92, 95);
         ExpectCentred(box);
@@ -66,7 +67,7 @@ TEST_F(SuiteBoxLayout, WidePromptWidensItAndShiftsTheButtonsByHalf) {
     });
 }
 
-TEST_F(SuiteBoxLayout, ShowsAnyPromptAsGiven) {
+TEST_F(SuiteBoxLayout, AnyPrompt_IsShownUnchanged) {
     const String prompts[] = {
         u"",
         u"Save & quit && \"%d%s\" <b> '{ENTER}'",
@@ -83,7 +84,7 @@ TEST_F(SuiteBoxLayout, ShowsAnyPromptAsGiven) {
     }
 }
 
-TEST_F(SuiteBoxLayout, PromptOfAMegabyteIsShownAndAnswered) {
+TEST_F(SuiteBoxLayout, PromptOfAMegabyte_IsShownAndAnswered) {
     constexpr std::size_t kMegabyte = 1 << 20;
     String words;
     String lines;
@@ -99,7 +100,7 @@ TEST_F(SuiteBoxLayout, PromptOfAMegabyteIsShownAndAnswered) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxLayout, ManyQuestionsLeaveNothingBehind) {
+TEST_F(SuiteBoxLayout, ManyQuestions_LeakNothing) {
     ExpectNothingStays(2000, [this](int) { ASSERT_EQ(AskQuickly(), 6); });
     ExpectNothingIsLeft();
 }

@@ -1,4 +1,4 @@
-// What the prompt of the suite's message box looks like, pixel by pixel, beside the system's own drawing of the text.
+// The painted prompt of the suite's message box, compared pixel by pixel with the system's drawing of the text.
 #include <gtest/gtest.h>
 
 #include "tests/messagebox/SuiteBoxTest.h"
@@ -25,7 +25,7 @@ SIZE SizeOf(HWND window) {
     return {client.right, client.bottom};
 }
 
-/// A picture like the screen, in memory.
+/// A bitmap in memory with the format of the screen.
 class Canvas {
  public:
     Canvas(HDC like, SIZE size)
@@ -76,13 +76,13 @@ Pixels Drawn(HWND box, const String& text, UINT how) {
 
 class SuiteBoxPainting : public SuiteBoxTest {
  protected:
-    /// Looks at the open box, then answers it.
+    /// Inspects the open box, then closes it.
     void Look(StringView prompt, const std::function<void(HWND box)>& look) {
         EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), Do(look), Keys({VK_ESCAPE})}, prompt), 2);
     }
 };
 
-TEST_F(SuiteBoxPainting, DrawsEachLineOfThePromptWithItsAmpersands) {
+TEST_F(SuiteBoxPainting, PromptWithAmpersands_IsDrawnUnchanged) {
     const String prompt = u"Save & quit && &go?\r\n&Second";
     Look(prompt, [&](HWND box) {
         const Pixels shown = Shown(LabelOf(box));
@@ -92,7 +92,7 @@ TEST_F(SuiteBoxPainting, DrawsEachLineOfThePromptWithItsAmpersands) {
     });
 }
 
-TEST_F(SuiteBoxPainting, DrawsNulsAsBlanksAndWhatStandsBehindThem) {
+TEST_F(SuiteBoxPainting, PromptWithNuls_DrawsThemAsBlanks) {
     Look(StringView(u"first\0second\0", 13), [](HWND box) {
         EXPECT_EQ(TextOf(LabelOf(box)), u"first second ");
         EXPECT_TRUE(Shown(LabelOf(box)) == Drawn(box, u"first second ", DT_NOPREFIX));
@@ -113,7 +113,7 @@ TEST_F(SuiteBoxPainting, BoxIsOpen_IconIsABlueMarkInAWhiteBubble) {
     });
 }
 
-TEST_F(SuiteBoxPainting, TitleShowsWhatStandsBehindANul) {
+TEST_F(SuiteBoxPainting, TitleWithANul_IsShownWhole) {
     const DialogDriver driver({Do([](HWND box) { EXPECT_EQ(TextOf(box), u"first second"); }), Keys({VK_ESCAPE})});
     EXPECT_EQ(dialogs::AskWithSuiteBox(u"prompt", 8, StringView(u"first\0second", 12)), 2);
 }

@@ -1,5 +1,5 @@
-// How the suite's message box resends a character together with Alt: as key strokes when the character has a key of its
-// own and the box is in the foreground, otherwise as a posted character.
+// The suite's message box resends a character together with Alt. It sends key strokes if the character has its own key
+// and the box is in the foreground; otherwise it posts the character.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// Records the key strokes and characters that the thread receives together with Alt: "key 59", "character 79".
+/// Records the key strokes and characters with Alt that the thread receives: "key 59", "character 79".
 class AltLog {
  public:
     AltLog() : hook_(SetWindowsHookExW(WH_GETMESSAGE, Note, nullptr, GetCurrentThreadId())) { lines.clear(); }
@@ -48,7 +48,7 @@ class AltLog {
 
 class SuiteBoxResending : public SuiteBoxTest {
  protected:
-    /// Posts the character to the focused window, whichever window is in the foreground.
+    /// Posts the character to the focused window. It works even if another window is in the foreground.
     static DialogDriver::Step Posted(wchar_t character) {
         return Do([character](HWND) { PostMessageW(GetFocus(), WM_CHAR, character, 1); });
     }
@@ -85,7 +85,7 @@ TEST_F(SuiteBoxResending, BlankOrControlCharacter_IsNotResent) {
     ExpectNothingIsLeft();
 }
 
-/// The key of a keyboard on which the at-sign is on Q with AltGr, which is Control and Alt.
+/// On this keyboard, the at-sign is on Q with AltGr. AltGr is Control and Alt.
 SHORT WINAPI GermanKeyFor(wchar_t character) noexcept {
     return character == L'@' ? MAKEWORD('Q', 2 | 4) : static_cast<SHORT>(-1);
 }
@@ -101,7 +101,8 @@ TEST_F(SuiteBoxResending, CharacterNeedsAltGr_IsPostedAsACharacter) {
     ExpectNothingIsLeft();
 }
 
-/// A box whose buttons are marked with signs; on many layouts '+' and '=' share a key, '~' and '`' another one.
+/// A box whose buttons are marked with signs. On many keyboards, '+' shares a key with '=', and '~' shares one with
+/// '`'.
 class SignedBox : public ChangedBox {
  public:
     SignedBox()
@@ -119,8 +120,9 @@ class SignedBox : public ChangedBox {
     }
 
  private:
-    /// Some time after a window has got the focus, Wine's display reports which keys are down, and those that a program
-    /// holds are not. A display that has given a pixel has reported that.
+    /// Some time after a window gets the focus, Wine receives the state of the keyboard from the display. That state
+    /// does not include keys that a program holds down. Once the display has returned a pixel, Wine has received the
+    /// state.
     static void WaitForDisplay(HWND) {
         const HDC screen = GetDC(nullptr);
         GetPixel(screen, 0, 0);
@@ -128,7 +130,7 @@ class SignedBox : public ChangedBox {
     }
 };
 
-TEST_F(SuiteBoxResending, SignNeedsShift_ShiftGoesAlong) {
+TEST_F(SuiteBoxResending, SignNeedsShift_IsSentWithShift) {
     SignedBox box;
     EXPECT_EQ(box.AnswerTo(L'='), 6);
     EXPECT_EQ(box.AnswerTo(L'+'), 7);
@@ -177,14 +179,14 @@ TEST_F(SuiteBoxResending, ShiftOrControlIsHeld_SignIsTheSame) {
     }
 }
 
-/// Presses Caps Lock; false when it is not as it should be then.
+/// Presses Caps Lock. Returns false if its state is not `isOn` afterwards.
 bool SwitchCapsLock(bool isOn) {
     SendKeys({VK_CAPITAL});
     runtime::DoEvents();
     return (GetKeyState(VK_CAPITAL) & 1) == (isOn ? 1 : 0);
 }
 
-// With Caps Lock on, the keys of some layouts write other signs.
+// With Caps Lock on, the keys of some keyboards write other signs.
 TEST_F(SuiteBoxResending, CapsLockIsOn_SignIsPostedAsACharacter) {
     SignedBox box;
     ASSERT_TRUE(SwitchCapsLock(true));

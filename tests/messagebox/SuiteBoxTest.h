@@ -1,5 +1,5 @@
-// The suite's own message box in a real window above a real owner, which notes what happens to it. The steps of a test
-// use the keyboard and the mouse as the user does, through the system's input queue.
+// The suite's message box in a real window above a real owner, which records its messages. The test's steps use the
+// keyboard and the mouse through the system's input queue, as a user does.
 #pragma once
 
 #include <functional>
@@ -14,10 +14,10 @@
 
 namespace tests {
 
-/// Presses Enter, which answers with the focused button.
+/// Presses Enter, which clicks the focused button.
 inline const Steps kEnter = {Keys({VK_RETURN})};
 
-/// A box that its load handler changes, as the localisation does.
+/// A box that a test changes in its load handler, as the localisation does.
 class ChangedBox : public dialogs::frmQMXMsgBox {
  public:
     explicit ChangedBox(std::function<void(ChangedBox&)> change) : change_(std::move(change)) {}
@@ -41,14 +41,14 @@ class SuiteBoxTest : public AboveOwner<ComponentTest> {
  protected:
     ~SuiteBoxTest() override;
 
-    /// The answer, given by `steps`.
+    /// Shows the box, runs `steps` and returns the answer.
     std::int32_t Ask(std::int32_t flags, Steps steps, runtime::StringView prompt = u"Overwrite?");
-    /// Asks and answers at once with Yes, without the driver's timer.
+    /// Shows the box and answers Yes at once, without the driver's timer.
     std::int32_t AskQuickly();
     void OnOwnerMessage(UINT message, WPARAM wParam) override;
 
-    std::vector<std::string> log_;  ///< what happened to the owner
-    /// What the owner does when it is told that.
+    std::vector<std::string> log_;  ///< the owner's messages
+    /// Actions of the owner when it is disabled, enabled or activated.
     std::function<void()> onDisabled_, onEnabled_, onActivated_;
 };
 

@@ -1,4 +1,4 @@
-// The suite's own message box as the user has it: keys, clicks, and all the ways in which it ends.
+// The suite's message box as a user operates it: keys, clicks, and all ways to close it.
 #include <gtest/gtest.h>
 
 #include "runtime/Error.h"
@@ -15,7 +15,7 @@ const Steps kClose = {Do([](HWND box) { PostMessageW(box, WM_CLOSE, 0, 0); })};
 
 class SuiteBox : public SuiteBoxTest {};
 
-TEST_F(SuiteBox, FlagsChooseTheFocusedButtonWhichEnterPresses) {
+TEST_F(SuiteBox, Flags_ChooseTheFocusedButton) {
     EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), Keys({VK_RETURN})}), 6);
     EXPECT_EQ(Ask(8 + 0x100, {FocusIsOn(L"&No"), Keys({VK_RETURN})}), 7);
     EXPECT_EQ(Ask(8 + 0x200, {FocusIsOn(L"Yes &To All"), Keys({VK_RETURN})}), 8);
@@ -23,7 +23,7 @@ TEST_F(SuiteBox, FlagsChooseTheFocusedButtonWhichEnterPresses) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, TabWalksFromTheFirstButtonRound) {
+TEST_F(SuiteBox, Tab_MovesTheFocusInACircle) {
     EXPECT_EQ(Ask(8 + 0x100, {FocusIsOn(L"&No"), Keys({VK_TAB}), FocusIsOn(L"Yes &To All"), Keys({VK_TAB}),
                               FocusIsOn(L"Cancel"), Keys({VK_TAB}), FocusIsOn(L"&Yes"), Keys({VK_TAB}),
                               FocusIsOn(L"&No"), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"&Yes"), Keys({VK_RETURN})}),
@@ -31,7 +31,7 @@ TEST_F(SuiteBox, TabWalksFromTheFirstButtonRound) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, ClicksGiveTheAnswerOfTheirButton) {
+TEST_F(SuiteBox, Click_ReturnsTheButtonsAnswer) {
     EXPECT_EQ(Ask(8, {ClickOn(L"&Yes")}), 6);
     EXPECT_EQ(Ask(8, {ClickOn(L"&No")}), 7);
     EXPECT_EQ(Ask(8, {ClickOn(L"Yes &To All")}), 8);
@@ -39,7 +39,7 @@ TEST_F(SuiteBox, ClicksGiveTheAnswerOfTheirButton) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, EscapeAndClosingCancel) {
+TEST_F(SuiteBox, EscapeOrClosing_Cancels) {
     const auto closeFromMenu = [](HWND box) { PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0); };
     EXPECT_EQ(Ask(8, {Keys({VK_ESCAPE})}), 2);
     EXPECT_EQ(Ask(8 + 0x100, {Keys({VK_ESCAPE})}), 2);
@@ -48,7 +48,7 @@ TEST_F(SuiteBox, EscapeAndClosingCancel) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, PlainLettersPressTheMarkedButton) {
+TEST_F(SuiteBox, PlainLetter_PressesTheMarkedButton) {
     EXPECT_EQ(Ask(8 + 0x300, {Keys({'Y'})}), 6);
     ExpectNothingIsLeft();
     EXPECT_EQ(Ask(8 + 0x300, {Keys({'N'})}), 7);
@@ -56,20 +56,20 @@ TEST_F(SuiteBox, PlainLettersPressTheMarkedButton) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, LettersPressTheMarkedButtonWithAltOrShiftToo) {
+TEST_F(SuiteBox, LetterWithAltOrShift_PressesTheMarkedButton) {
     EXPECT_EQ(Ask(8, {Keys({VK_MENU, 'N'})}), 7);
     EXPECT_EQ(Ask(8, {Keys({VK_SHIFT, 'T'})}), 8);
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, OtherCharactersLeaveTheBoxAsItIs) {
+TEST_F(SuiteBox, OtherCharacter_IsIgnored) {
     EXPECT_EQ(Ask(8 + 0x100, {Keys({'X'}), FocusIsOn(L"&No"), Keys({'5'}), Keys({VK_ADD}), Keys({VK_BACK}),
                               FocusIsOn(L"&No"), Keys({VK_TAB}), FocusIsOn(L"Yes &To All"), Keys({VK_RETURN})}),
               8);
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, OwnerTakesNoInputUntilJustBeforeTheBoxGoes) {
+TEST_F(SuiteBox, Owner_IsEnabledJustBeforeTheBoxCloses) {
     Ask(8, {Do([this](HWND box) {
                 EXPECT_FALSE(IsWindowEnabled(owner_));
                 EXPECT_EQ(GetWindow(box, GW_OWNER), owner_);
@@ -80,7 +80,7 @@ TEST_F(SuiteBox, OwnerTakesNoInputUntilJustBeforeTheBoxGoes) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, BusyPointerIsBackAfterwards) {
+TEST_F(SuiteBox, BusyPointer_IsRestored) {
     const HCURSOR busy = LoadCursorW(nullptr, IDC_WAIT);
     runtime::SetMousePointer(runtime::kHourglassPointer);
     EXPECT_EQ(GetCursor(), busy);
@@ -90,19 +90,19 @@ TEST_F(SuiteBox, BusyPointerIsBackAfterwards) {
     runtime::SetMousePointer(runtime::kDefaultPointer);
 }
 
-TEST_F(SuiteBox, DestroyedBySomebodyElseIsCancel) {
+TEST_F(SuiteBox, DestroyedByAnotherProgram_Cancels) {
     EXPECT_EQ(Ask(8, {Do([](HWND box) { DestroyWindow(box); })}), 2);
     ExpectNothingIsLeft();
     EXPECT_EQ(Ask(8, kEnter), 6);
 }
 
-TEST_F(SuiteBox, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
+TEST_F(SuiteBox, QuitMessage_CancelsAndIsKeptForTheOuterLoop) {
     EXPECT_EQ(Ask(8, {Do([](HWND) { PostQuitMessage(5); })}), 2);
     EXPECT_EQ(TakeQuit(), 5);
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, ErrorOfAHandlerReachesTheCaller) {
+TEST_F(SuiteBox, HandlerFails_CallerGetsTheError) {
     class FailingBox : public dialogs::frmQMXMsgBox {
         void OnClick(runtime::Control&) override { throw runtime::Error(runtime::kOverflow); }
     } box;
@@ -113,7 +113,7 @@ TEST_F(SuiteBox, ErrorOfAHandlerReachesTheCaller) {
     }
 }
 
-TEST_F(SuiteBox, QuestionInsideAQuestionHasItsOwnAnswer) {
+TEST_F(SuiteBox, NestedBoxes_HaveTheirOwnAnswers) {
     std::int32_t inner = 0;
     HWND outerBox = nullptr;
     const auto askInner = Do([&](HWND box) {
@@ -137,7 +137,7 @@ TEST_F(SuiteBox, QuestionInsideAQuestionHasItsOwnAnswer) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, OuterBoxUnloadedBySomebodyElseCancelsTheInnerOneToo) {
+TEST_F(SuiteBox, OuterBoxUnloaded_CancelsTheInnerOne) {
     std::int32_t inner = 0;
     const auto askInner = Do([&](HWND) { inner = dialogs::AskWithSuiteBox(u"Inner", 8, u""); });
     const auto unloadOuter = Do([](HWND) { runtime::LoadedForms().At(0).Unload(); });
@@ -146,7 +146,7 @@ TEST_F(SuiteBox, OuterBoxUnloadedBySomebodyElseCancelsTheInnerOneToo) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, NeedsNoActiveWindow) {
+TEST_F(SuiteBox, NoActiveWindow_IsShown) {
     ShowWindow(owner_, SW_HIDE);
     EXPECT_EQ(Ask(8, kClose), 2);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);

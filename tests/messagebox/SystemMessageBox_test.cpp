@@ -1,4 +1,4 @@
-// The system message box as the user has it: real, shown by the runtime's port, answered from inside its modal loop.
+// The system's message box: a real one, shown by the runtime's port and operated from inside its modal loop.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -30,7 +30,7 @@ using tests::Type;
 constexpr std::int32_t kHelpButton = 0x4000;
 const DialogDriver::Step kQuit = Do([](HWND) { PostQuitMessage(5); });
 
-/// What a box shows, taken while it is open.
+/// What an open box shows.
 struct Seen {
     String title;
     String prompt;
@@ -68,7 +68,7 @@ DialogDriver::Step See(Seen& seen) {
 
 class SystemMessageBox : public tests::AboveOwner<testing::Test> {
  protected:
-    /// The answer, given by `steps`.
+    /// Shows the box, runs `steps` and returns the answer.
     std::int32_t Show(std::int32_t flags, Steps steps, StringView prompt = u"Prompt", const MessageHelp& help = {}) {
         const DialogDriver driver(std::move(steps));
         return box_.Show(prompt, flags, u"Title", help);
@@ -89,13 +89,13 @@ class SystemMessageBox : public tests::AboveOwner<testing::Test> {
     Win32MessageBox box_{helpControl_};
 };
 
-TEST_F(SystemMessageBox, ShowsPromptAndTitle) {
+TEST_F(SystemMessageBox, PromptAndTitle_AreShown) {
     const Seen seen = Look(MB_OK);
     EXPECT_EQ(seen.prompt, u"Prompt");
     EXPECT_EQ(seen.title, u"Title");
 }
 
-TEST_F(SystemMessageBox, ShowsTheButtonsOfItsStyle) {
+TEST_F(SystemMessageBox, Style_ChoosesTheButtons) {
     EXPECT_EQ(Look(MB_OK).buttons.size(), 1u);
     EXPECT_THAT(Look(MB_OKCANCEL).buttons, ElementsAre(IDOK, IDCANCEL));
     EXPECT_THAT(Look(MB_ABORTRETRYIGNORE).buttons, ElementsAre(IDABORT, IDRETRY, IDIGNORE));
@@ -105,7 +105,7 @@ TEST_F(SystemMessageBox, ShowsTheButtonsOfItsStyle) {
     EXPECT_THAT(Look(MB_YESNO | kHelpButton).buttons, ElementsAre(IDYES, IDNO, IDHELP));
 }
 
-TEST_F(SystemMessageBox, ReturnsTheCodeOfEachButton) {
+TEST_F(SystemMessageBox, EachButton_ReturnsItsCode) {
     EXPECT_EQ(Show(MB_OKCANCEL, {Press(IDOK)}), 1);
     EXPECT_EQ(Show(MB_OKCANCEL, {Press(IDCANCEL)}), 2);
     EXPECT_EQ(Show(MB_ABORTRETRYIGNORE, {Press(IDABORT)}), 3);
@@ -115,20 +115,20 @@ TEST_F(SystemMessageBox, ReturnsTheCodeOfEachButton) {
     EXPECT_EQ(Show(MB_YESNO, {Press(IDNO)}), 7);
 }
 
-TEST_F(SystemMessageBox, EnterPressesTheDefaultButton) {
+TEST_F(SystemMessageBox, Enter_PressesTheDefaultButton) {
     EXPECT_EQ(Show(MB_OK, {Type(VK_RETURN)}), 1);
     EXPECT_EQ(Show(MB_YESNOCANCEL, {Type(VK_RETURN)}), 6);
     EXPECT_EQ(Show(MB_YESNOCANCEL | MB_DEFBUTTON2, {Type(VK_RETURN)}), 7);
     EXPECT_EQ(Show(MB_YESNOCANCEL | MB_DEFBUTTON3, {Type(VK_RETURN)}), 2);
 }
 
-TEST_F(SystemMessageBox, EscapeAndClosingCancel) {
+TEST_F(SystemMessageBox, EscapeOrClosing_Cancels) {
     EXPECT_EQ(Show(MB_OKCANCEL, {Type(VK_ESCAPE)}), 2);
     EXPECT_EQ(Show(MB_YESNOCANCEL, {[](HWND box) { return PostMessageW(box, WM_SYSCOMMAND, SC_CLOSE, 0) != FALSE; }}),
               2);
 }
 
-TEST_F(SystemMessageBox, BelongsToTheActiveWindow) {
+TEST_F(SystemMessageBox, ActiveWindow_IsTheOwner) {
     const Seen seen = Look(MB_OK);
     EXPECT_EQ(seen.owner, owner_);
     EXPECT_FALSE(seen.ownerIsEnabled);
@@ -136,12 +136,12 @@ TEST_F(SystemMessageBox, BelongsToTheActiveWindow) {
     EXPECT_EQ(GetActiveWindow(), owner_);
 }
 
-TEST_F(SystemMessageBox, NeedsNoActiveWindow) {
+TEST_F(SystemMessageBox, NoActiveWindow_IsShown) {
     ShowWindow(owner_, SW_HIDE);
     EXPECT_EQ(Show(MB_OK | MB_TASKMODAL, {Type(VK_RETURN)}), 1);
 }
 
-TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesTheThreadsWindowsAllTheSame) {
+TEST_F(SystemMessageBox, NoActiveWindow_DisablesTheThreadsWindows) {
     LeaveNoWindowActive();
     for (const std::int32_t mode : {MB_APPLMODAL, MB_SYSTEMMODAL, MB_TASKMODAL}) {
         const auto look = [this, mode](HWND box) {
@@ -155,7 +155,7 @@ TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesTheThreadsWindowsAllTheSam
     }
 }
 
-TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesAlsoWhatMayBeShownMeanwhile) {
+TEST_F(SystemMessageBox, NoActiveWindow_DisablesHiddenWindowsToo) {
     LeaveNoWindowActive();
     ShowWindow(owner_, SW_HIDE);
     const auto look = [this](HWND box) {
@@ -167,40 +167,40 @@ TEST_F(SystemMessageBox, WithoutAnActiveWindowDisablesAlsoWhatMayBeShownMeanwhil
     EXPECT_TRUE(IsWindowEnabled(owner_));
 }
 
-TEST_F(SystemMessageBox, EndOfTheProgramEnablesTheThreadsWindowsWithoutAnOwnerToo) {
+TEST_F(SystemMessageBox, QuitMessageWithoutAnOwner_EnablesTheWindows) {
     LeaveNoWindowActive();
     EXPECT_EQ(Show(MB_YESNO, {kQuit}), 2);
     EXPECT_EQ(TakeQuit(), 5);
     EXPECT_TRUE(IsWindowEnabled(owner_));
 }
 
-TEST_F(SystemMessageBox, StaysInFrontWhenSystemModal) {
+TEST_F(SystemMessageBox, SystemModal_IsTopmost) {
     EXPECT_FALSE(Look(MB_ICONEXCLAMATION).extendedStyle & WS_EX_TOPMOST);
     EXPECT_TRUE(Look(MB_ICONEXCLAMATION | MB_SYSTEMMODAL).extendedStyle & WS_EX_TOPMOST);
 }
 
-TEST_F(SystemMessageBox, ShowsAnyCharacterAsGiven) {
+TEST_F(SystemMessageBox, AnyCharacter_IsShownUnchanged) {
     const String prompt = u"a & b && \"%<\t\u65E5\u672C \U0001F600 \u05D0\u05D1 \xD800";
     const Seen seen = Look(MB_OK, prompt);
     EXPECT_EQ(seen.prompt, prompt);
     EXPECT_TRUE(seen.promptStyle & SS_NOPREFIX);
 }
 
-TEST_F(SystemMessageBox, ShowsWhatStandsBehindANul) {
+TEST_F(SystemMessageBox, PromptWithANul_IsShownWhole) {
     EXPECT_EQ(Look(MB_OK, StringView(u"first\0second", 12)).prompt, u"first second");
 }
 
-TEST_F(SystemMessageBox, EmptyPromptIsShown) {
+TEST_F(SystemMessageBox, EmptyPrompt_IsShown) {
     EXPECT_EQ(Look(MB_OK, u"").title, u"Title");
 }
 
-TEST_F(SystemMessageBox, PromptOfAMegabyteCanBeAnswered) {
+TEST_F(SystemMessageBox, PromptOfAMegabyte_CanBeAnswered) {
     String lines;
     while (lines.size() < 1 << 20) lines += String(78, u'x') + u"\r\n";
     EXPECT_EQ(Show(MB_YESNO | MB_DEFBUTTON2, {Type(VK_RETURN)}, lines), 7);
 }
 
-TEST_F(SystemMessageBox, UnknownSetOfButtonsIsAnInvalidArgument) {
+TEST_F(SystemMessageBox, UnknownButtons_AreAnInvalidArgument) {
     for (const std::int32_t flags : {7, 15, 7 + 4096}) {
         try {
             Show(flags, {});
@@ -211,19 +211,19 @@ TEST_F(SystemMessageBox, UnknownSetOfButtonsIsAnInvalidArgument) {
     }
 }
 
-TEST_F(SystemMessageBox, ErrorOfAHandlerContinuesBehindTheBox) {
+TEST_F(SystemMessageBox, HandlerFails_CallerGetsTheError) {
     const auto fail = Do([](HWND) { Callback::Guard(false, []() -> bool { throw Error(kOverflow); }); });
     EXPECT_THROW(Show(MB_OK, {fail, Type(VK_RETURN)}), Error);
     EXPECT_EQ(Show(MB_OK, {Type(VK_RETURN)}), 1);
 }
 
-TEST_F(SystemMessageBox, EndOfTheProgramCancelsAndIsKeptForTheOuterLoop) {
+TEST_F(SystemMessageBox, QuitMessage_CancelsAndIsKeptForTheOuterLoop) {
     EXPECT_EQ(Show(MB_YESNO, {kQuit}), 2);
     EXPECT_EQ(TakeQuit(), 5);
     EXPECT_TRUE(IsWindowEnabled(owner_));
 }
 
-TEST_F(SystemMessageBox, OwnerThatGoesMeanwhileCancels) {
+TEST_F(SystemMessageBox, OwnerDestroyed_Cancels) {
     const auto destroyOwner = [this](HWND) { return DestroyWindow(owner_) != FALSE; };
     EXPECT_EQ(Show(MB_YESNO, {destroyOwner}), 2);
     EXPECT_EQ(ShownDialog(), nullptr);
@@ -233,7 +233,7 @@ bool IsWine() {
     return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
 }
 
-/// Tells the box what the system tells it for F1 and for its Help button.
+/// Sends the message that the system sends for F1 and for the Help button.
 bool AskForHelp(HWND box) {
     HELPINFO help{};
     help.cbSize = sizeof help;
@@ -243,7 +243,7 @@ bool AskForHelp(HWND box) {
     return true;
 }
 
-/// Lets the box handle what it was sent.
+/// Waits a few ticks, so that the box can handle its messages.
 DialogDriver::Step Pause() {
     return [ticks = 5](HWND) mutable { return --ticks == 0; };
 }
@@ -252,7 +252,7 @@ class MessageBoxHelp : public SystemMessageBox {
  protected:
     MessageBoxHelp() : before_(tests::RecordedHelp()) {}
 
-    /// Waits until the help control has been called.
+    /// Waits until the help control was called.
     DialogDriver::Step HelpIsAsked() {
         return [this](HWND) { return tests::RecordedHelp() != before_; };
     }
@@ -268,37 +268,37 @@ class MessageBoxHelp : public SystemMessageBox {
     String before_;
 };
 
-TEST_F(MessageBoxHelp, EventOpensTheTopicAndTheBoxStays) {
+TEST_F(MessageBoxHelp, HelpEvent_OpensTheTopicAndTheBoxStays) {
     EXPECT_EQ(
         Show(MB_YESNO | kHelpButton, {AskForHelp, HelpIsAsked(), Press(IDNO)}, u"", {u"C:\\Gr\u00F6\u00DFe.chm", 7}),
         7);
     EXPECT_EQ(NewCalls(), Call(u"C:\\Gr\u00F6\u00DFe.chm 15 7"));
 }
 
-TEST_F(MessageBoxHelp, EventOpensTheContentsWithoutAContext) {
+TEST_F(MessageBoxHelp, HelpEventWithoutAContext_OpensTheContents) {
     Show(MB_OK | kHelpButton, {AskForHelp, HelpIsAsked(), Type(VK_RETURN)}, u"", {u"C:\\a.chm", 0});
     EXPECT_EQ(NewCalls(), Call(u"C:\\a.chm 1 0"));
 }
 
-TEST_F(MessageBoxHelp, F1OpensItWithOrWithoutAButton) {
+TEST_F(MessageBoxHelp, F1WithoutAHelpButton_OpensTheTopic) {
     const auto pressF1 = [](HWND) { return SendKeys({VK_F1}); };
     EXPECT_EQ(Show(MB_YESNO, {pressF1, HelpIsAsked(), Press(IDYES)}, u"", {u"C:\\a.chm", -1}), 6);
     EXPECT_EQ(NewCalls(), Call(u"C:\\a.chm 15 4294967295"));
 }
 
-TEST_F(MessageBoxHelp, ButtonLeavesTheBoxOpenAndOpensTheTopicWhereTheSystemSupportsIt) {
+TEST_F(MessageBoxHelp, HelpButton_OpensTheTopicAndTheBoxStays) {
     EXPECT_EQ(Show(MB_YESNO | kHelpButton, {Press(IDHELP), Pause(), Press(IDNO)}, u"", {u"C:\\a.chm", 7}), 7);
-    // Wine 8 and Wine 10 show the button and ignore it; once Wine does not, this exception and its line in the list can
-    // go.
+    // Wine 8 and Wine 10 show the button but ignore it. Remove this exception and its entry in the list of deviations
+    // when Wine supports it.
     EXPECT_EQ(NewCalls(), IsWine() ? u"" : Call(u"C:\\a.chm 15 7"));
 }
 
-TEST_F(MessageBoxHelp, WithoutAFileNothingIsOpened) {
+TEST_F(MessageBoxHelp, NoHelpFile_NothingIsOpened) {
     EXPECT_EQ(Show(MB_YESNO | kHelpButton, {AskForHelp, Pause(), Press(IDNO)}, u"", {u"", 7}), 7);
     EXPECT_EQ(tests::RecordedHelp(), before_);
 }
 
-TEST_F(MessageBoxHelp, BoxWithinABoxHasItsOwn) {
+TEST_F(MessageBoxHelp, NestedBoxes_HaveTheirOwnHelp) {
     const auto showInner = [this](HWND) {
         EXPECT_EQ(box_.Show(u"Inner", MB_YESNO | kHelpButton, u"Title", {u"C:\\inner.chm", 2}), 7);
         return true;
@@ -313,11 +313,11 @@ TEST_F(MessageBoxHelp, BoxWithinABoxHasItsOwn) {
     EXPECT_TRUE(calls.ends_with(Call(u"C:\\outer.chm 15 1")));
 }
 
-TEST(HelpControl, MissingOneOpensNothing) {
+TEST(HelpControl, MissingControl_OpensNothing) {
     EXPECT_FALSE(HelpControl(u"C:\\none.ocx").Open(nullptr, u"C:\\a.chm", 1));
 }
 
-TEST(HelpControl, LibraryWithoutTheEntryOpensNothing) {
+TEST(HelpControl, LibraryWithoutTheEntry_OpensNothing) {
     EXPECT_FALSE(HelpControl(InSystemFolder(u"version.dll")).Open(nullptr, u"C:\\a.chm", 1));
 }
 

@@ -1,5 +1,5 @@
-// The query dialog in a real window above a real owner. The steps of a test use the keyboard and the mouse as the user
-// does, through the system's input queue.
+// The query dialog in a real window above a real owner. The test's steps use the keyboard and the mouse through the
+// system's input queue, as a user does.
 #pragma once
 
 #include "tests/support/ComponentFixture.h"
@@ -9,17 +9,17 @@
 
 namespace tests {
 
-/// The visible control of the dialog that takes the value; null when there is none.
+/// The dialog's visible input control. Null if there is none.
 HWND InputOf(HWND dialog);
 
-/// Waits until the control that takes the value has the focus in the active dialog.
+/// Waits until the dialog is active and its input control has the focus.
 DialogDriver::Step FocusIsOnInput();
 
 class QueryTest : public AboveOwner<ComponentTest> {
  protected:
-    /// The answer, given by `steps`.
+    /// Shows the dialog, runs `steps` and returns the answer.
     static Answer Ask(Question question, Steps steps);
-    /// Asks and accepts at once, without the driver's timer.
+    /// Shows the dialog and accepts at once, without the driver's timer.
     Answer AskQuickly(Question question);
 };
 

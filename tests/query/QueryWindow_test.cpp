@@ -1,5 +1,5 @@
-// The query dialog in pixels, what its controls hold, and what it costs the system. All numbers are for 96 DPI: 15
-// twips a pixel.
+// The layout of the query dialog in pixels, the content of its controls, and its use of system objects. All numbers are
+// for 96 DPI: 15 twips per pixel.
 #include <gtest/gtest.h>
 
 #include "runtime/win32/Handle.h"
@@ -29,20 +29,20 @@ String Lines(int count, const String& line) {
 
 class QueryWindow : public QueryTest {
  protected:
-    /// Looks at the open dialog, then leaves it.
+    /// Inspects the open dialog, then closes it.
     static void Look(const Question& question, const std::function<void(HWND dialog)>& look) {
         EXPECT_EQ(Ask(question, {Do(look), Keys({VK_ESCAPE})}), kNoAnswer);
     }
     static Question Of(std::int32_t kind) { return {.kind = kind, .values = {u"abc", u"A", u"B"}, .index = 0}; }
 };
 
-TEST_F(QueryWindow, ControlsStandWhereTheInnerHeightPutsThem) {
+TEST_F(QueryWindow, Controls_FollowTheInnerHeight) {
     Question question{.values = {u"abc"}, .button = u"More"};
     Look(question, [](HWND dialog) {
         const long inner = InnerHeightOf(dialog);
         EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"Accept")), (Place{288, 14, 75, 23}));
         EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"Cancel")), (Place{288, 46, 75, 23}));
-        // The button is 25 high, the text box 21; gaps are 4 and 8.
+        // The button is 25 pixels high, the text box 21. The gaps are 4 and 8.
         EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"More")), (Place{8, inner - 25, 361, 25}));
         EXPECT_EQ(PlaceIn(dialog, InputOf(dialog)), (Place{4, inner - 21 - 4 - 25, 365, 21}));
         EXPECT_EQ(PlaceIn(dialog, LabelOf(dialog)), (Place{4, 4, 277, inner - 21 - 8 - 25}));
@@ -63,7 +63,7 @@ TEST_F(QueryWindow, ControlsStandWhereTheInnerHeightPutsThem) {
     });
 }
 
-/// In the font of the form, which is not that of its controls.
+/// The font of the form differs from that of its controls.
 long WidthOfADigitInTheFormsFont() {
     const runtime::win32::GdiFont font(
         CreateFontW(-11, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"MS Sans Serif"));
@@ -76,10 +76,11 @@ long WidthOfADigitInTheFormsFont() {
     return size.cx;
 }
 
-// The label takes 269 pixels. Eight pieces and three more lines, and as many as the widest one has widths of the label,
-// rounded; each of 195 twips, and 315 of the text box. A digit of MS Sans Serif is 6 pixels wide, one of the face that
-// stands in for it where it is missing may be wider; so the lines have as many digits as reach the width.
-TEST_F(QueryWindow, WideLineMakesItHigherByItsShareOfTheLabel) {
+// The height is 8 + 3 + n lines of 195 twips each, and 315 twips for the text box. 8 is the number of lines in the
+// prompt. n is the width of the widest line divided by the label's width of 269 pixels, rounded. A digit of MS Sans
+// Serif is 6 pixels wide, but a substitute font may be wider. So the test measures a digit and makes the line as long
+// as needed.
+TEST_F(QueryWindow, WideLine_MakesTheDialogHigher) {
     const struct {
         long width;
         long height;
@@ -99,7 +100,7 @@ TEST_F(QueryWindow, WideLineMakesItHigherByItsShareOfTheLabel) {
     }
 }
 
-TEST_F(QueryWindow, GrowsToTheScreensHeightLessItsMargin) {
+TEST_F(QueryWindow, LongPrompt_GrowsToTheScreenLessAMargin) {
     const long screen = GetSystemMetrics(SM_CYSCREEN);
     for (const int lines : {100, 2000}) {
         Look({.values = {u"abc"}, .prompt = Lines(lines, u"line"), .button = u"More"}, [screen](HWND dialog) {
@@ -109,11 +110,11 @@ TEST_F(QueryWindow, GrowsToTheScreensHeightLessItsMargin) {
     }
 }
 
-TEST_F(QueryWindow, IsCentred) {
+TEST_F(QueryWindow, Dialog_IsCentred) {
     Look({}, ExpectCentred);
 }
 
-TEST_F(QueryWindow, AnyCharactersComeBackAsTheyWentIn) {
+TEST_F(QueryWindow, AnyCharacters_AreReturnedUnchanged) {
     const String texts[] = {
         u"\"quoted\" 'text' && a & b %d {ENTER}",
         u"a\tb\t\tc",
@@ -131,13 +132,13 @@ TEST_F(QueryWindow, AnyCharactersComeBackAsTheyWentIn) {
     }
 }
 
-TEST_F(QueryWindow, LineBreaksOfATextBlockComeBack) {
+TEST_F(QueryWindow, LineBreaksOfATextBlock_AreReturned) {
     for (const String& text : {String(u"a\r\nb\r\n\r\nc"), String(u"\r\n"), String(u"a\r\n")}) {
         EXPECT_EQ(AskQuickly({.kind = 4, .values = {text}}), (Answer{text, 0}));
     }
 }
 
-TEST_F(QueryWindow, MegabyteComesBack) {
+TEST_F(QueryWindow, TextOfAMegabyte_IsReturned) {
     constexpr std::size_t kMegabyte = 1 << 20;
     String lines;
     while (lines.size() < kMegabyte) lines += String(78, u'x') + u"\r\n";
@@ -149,7 +150,7 @@ TEST_F(QueryWindow, MegabyteComesBack) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(QueryWindow, TenThousandItemsComeBack) {
+TEST_F(QueryWindow, TenThousandItems_AreShown) {
     Question question{.index = 9'999};
     for (int i = 1; i <= 10'000; ++i) question.values.push_back(u"item " + runtime::FromAscii(std::to_string(i)));
     for (const std::int32_t kind : {3, 5}) {
@@ -160,13 +161,13 @@ TEST_F(QueryWindow, TenThousandItemsComeBack) {
     EXPECT_EQ(AskQuickly(question), (Answer{u"", 0}));
 }
 
-TEST_F(QueryWindow, PromptIsTheInputsNameForScreenReaders) {
+TEST_F(QueryWindow, Prompt_IsTheInputsAccessibleName) {
     for (const std::int32_t kind : kKinds) {
         Question question = Of(kind);
         question.prompt = u"Which of these? " + runtime::FromAscii(std::to_string(kind));
         Look(question, [&](HWND dialog) {
             const HWND input = InputOf(dialog);
-            // The static text before a control is what the system takes its name from.
+            // The system uses the static text before a control as the control's accessible name.
             const HWND before = GetWindow(input, GW_HWNDPREV);
             EXPECT_TRUE(IsClass(before, L"Static"));
             EXPECT_EQ(TextOf(before), question.prompt);
@@ -177,7 +178,7 @@ TEST_F(QueryWindow, PromptIsTheInputsNameForScreenReaders) {
     }
 }
 
-TEST_F(QueryWindow, ManyQuestionsLeaveNothingBehind) {
+TEST_F(QueryWindow, ManyQuestions_LeakNothing) {
     ExpectNothingStays(400, [this](int round) {
         for (const std::int32_t kind : kKinds) {
             Question question = Of(kind);

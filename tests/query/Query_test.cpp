@@ -1,6 +1,5 @@
-// The query dialog in real windows: what the window system does with its input controls, focus, keys, activation and
-// the windows around it. What the dialog decides is tested in dialogs/; modality and errors that both dialogs share are
-// tested with the message box.
+// The query dialog in real windows: input controls, focus, keys, activation and other windows. The tests in dialogs/
+// cover the dialog's decisions. The message box tests cover modality and errors, which both dialogs share.
 #include <gtest/gtest.h>
 
 #include "host/Process.h"
@@ -21,12 +20,12 @@ const DialogDriver::Step kEnter = Keys({VK_RETURN});
 const DialogDriver::Step kEscape = Keys({VK_ESCAPE});
 const DialogDriver::Step kTab = Keys({VK_TAB});
 
-/// Waits until the control that takes the value shows `text`.
+/// Waits until the input control shows `text`.
 DialogDriver::Step Shows(const String& text) {
     return [text](HWND dialog) { return TextOf(InputOf(dialog)) == text; };
 }
 
-/// The first and the last character selected in an edit control, or in that of a combo box.
+/// Checks the selection of an edit control or of a combo box's edit control: its start and end.
 DialogDriver::Step IsSelected(DWORD from, DWORD to) {
     return Do([from, to](HWND dialog) {
         const HWND edit = FindWindowExW(InputOf(dialog), nullptr, L"Edit", nullptr);
@@ -39,14 +38,14 @@ DialogDriver::Step IsSelected(DWORD from, DWORD to) {
     });
 }
 
-TEST_F(Query, TextIsShownSelectedAndReplacedByTyping) {
+TEST_F(Query, Text_IsSelectedAndReplacedByTyping) {
     EXPECT_EQ(Ask({.values = {u"abc   "}}, {FocusIsOnInput(), Shows(u"abc"), IsSelected(0, 3), kEnter}),
               (Answer{u"abc", 0}));
     EXPECT_EQ(Ask({.values = {u"abc   "}}, {FocusIsOnInput(), Keys({'Q'}), kEnter}), (Answer{u"q", 0}));
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, ComboGivesWhatIsTyped) {
+TEST_F(Query, Combo_ReturnsTheTypedText) {
     const Question question{.kind = 2, .values = {u"X", u"Y", u"Z"}};
     EXPECT_EQ(Ask(question, {FocusIsOnInput(), Shows(u"X"), IsSelected(0, 1), Keys({VK_SHIFT, 'Q'}), kEnter}),
               (Answer{u"Q", 0}));
@@ -54,13 +53,13 @@ TEST_F(Query, ComboGivesWhatIsTyped) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, ComboGivesWhatIsPicked) {
+TEST_F(Query, Combo_ReturnsTheChosenItem) {
     const Question question{.kind = 2, .values = {u"X", u"Y", u"Z"}};
     EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({VK_DOWN}), Shows(u"Y"), Keys({VK_DOWN}), Shows(u"Z"), kEnter}),
               (Answer{u"Z", 0}));
 }
 
-TEST_F(Query, DropDownListStartsAtTheIndexAndGivesTheSubscript) {
+TEST_F(Query, DropDownList_StartsAtIndexReturnsSubscript) {
     const Question question{.kind = 3, .values = {u"not shown", u"A", u"B", u"C"}, .index = 1};
     EXPECT_EQ(Ask(question, {FocusIsOnInput(), Shows(u"B"), kEnter}), (Answer{u"B", 2}));
     EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({VK_DOWN}), Shows(u"C"), ClickOn(L"Accept")}), (Answer{u"C", 3}));
@@ -68,7 +67,7 @@ TEST_F(Query, DropDownListStartsAtTheIndexAndGivesTheSubscript) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, ListGivesTheSubscriptOfTheSelectedItem) {
+TEST_F(Query, List_ReturnsTheSubscriptOfTheSelectedItem) {
     const Question question{.kind = 5, .values = {u"not shown", u"Ant", u"Bee", u"Cat"}, .index = 1};
     EXPECT_EQ(Ask(question, {ClickOn(L"Accept")}), (Answer{u"Bee", 2}));
     EXPECT_EQ(Ask(question, {kTab, kTab, FocusIsOnInput(), Keys({'C'}), kEnter}), (Answer{u"Cat", 3}));
@@ -76,7 +75,7 @@ TEST_F(Query, ListGivesTheSubscriptOfTheSelectedItem) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, EnterInTheTextBlockMakesALine) {
+TEST_F(Query, EnterInTheTextBlock_AddsALine) {
     EXPECT_EQ(Ask({.kind = 4, .values = {u"abc"}},
                   {kTab, kTab, FocusIsOnInput(), IsSelected(0, 3), Keys({VK_CONTROL, VK_END}), kEnter, Keys({'D'}),
                    Shows(u"abc\r\nd"), kTab, FocusIsOn(L"Accept"), kEnter}),
@@ -84,7 +83,7 @@ TEST_F(Query, EnterInTheTextBlockMakesALine) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, EscapeAndClosingCancel) {
+TEST_F(Query, EscapeOrClosing_Cancels) {
     const Question question{.kind = 3, .values = {u"abc   ", u"A", u"B"}, .index = 1};
     EXPECT_EQ(Ask(question, {kEscape}), kNoAnswer);
     EXPECT_EQ(Ask(question, {ClickOn(L"Cancel")}), kNoAnswer);
@@ -94,7 +93,7 @@ TEST_F(Query, EscapeAndClosingCancel) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, TabWalksRoundTheShownControls) {
+TEST_F(Query, Tab_MovesTheFocusInACircle) {
     for (const std::int32_t kind : {1, 2, 3}) {
         EXPECT_EQ(
             Ask({.kind = kind, .values = {u"abc", u"A"}, .button = u"More"},
@@ -111,7 +110,7 @@ TEST_F(Query, TabWalksRoundTheShownControls) {
     }
 }
 
-TEST_F(Query, OneEnterAcceptsOnceWithTheListOpen) {
+TEST_F(Query, EnterWithTheListOpen_AcceptsOnce) {
     for (const std::int32_t kind : {2, 3}) {
         EXPECT_EQ(Ask({.kind = kind, .values = {u"X", u"Y", u"Z"}, .index = 0},
                       {FocusIsOnInput(), Keys({VK_F4}),
@@ -122,7 +121,7 @@ TEST_F(Query, OneEnterAcceptsOnceWithTheListOpen) {
     }
 }
 
-TEST_F(Query, ControlF1OpensHelpAndF1AloneDoesNot) {
+TEST_F(Query, ControlF1_OpensHelpAndF1DoesNot) {
     services::Values().helpFilePath = u"D:\\Pelorix\\Marlentine.HLP";
     const auto calls = [this] { return memory_.help.calls.size(); };
     const auto isOpened = [calls](HWND) { return calls() == 1; };
@@ -133,7 +132,7 @@ TEST_F(Query, ControlF1OpensHelpAndF1AloneDoesNot) {
     EXPECT_EQ(memory_.help.calls[0].opened, u"D:\\Pelorix\\Marlentine.chm");
 }
 
-TEST_F(Query, IsTopmostOnEveryActivation) {
+TEST_F(Query, EveryActivation_MakesItTopmost) {
     const auto isTopmost = [](HWND dialog) { return (GetWindowLongW(dialog, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
     HWND other = nullptr;
     const auto goAway = Do([&](HWND dialog) {
@@ -153,8 +152,8 @@ TEST_F(Query, IsTopmostOnEveryActivation) {
     ExpectNothingIsLeft();
 }
 
-// The main form goes with the dialog, and its clients are told.
-TEST_F(Query, ExCommandCancels) {
+// The command unloads the main form and the dialog, and clients receive SHUTDOWN.
+TEST_F(Query, ExCommand_Cancels) {
     host::MainForm().EnsureLoaded();
     const auto endAll = Do([](HWND) {
         String command = u"All,EX";
@@ -165,8 +164,8 @@ TEST_F(Query, ExCommandCancels) {
     ExpectNothingIsLeft();
 }
 
-/// A hidden window is shown while the dialog is open, by a timer say.
-TEST_F(Query, WindowShownMeanwhileTakesNoInput) {
+/// A program may show a hidden window while the dialog is open, for example from a timer.
+TEST_F(Query, WindowShownWhileOpen_IsDisabled) {
     ShowWindow(owner_, SW_HIDE);
     const auto showOwner = Do([this](HWND dialog) {
         ShowWindow(owner_, SW_SHOWNA);
@@ -177,14 +176,14 @@ TEST_F(Query, WindowShownMeanwhileTakesNoInput) {
     EXPECT_TRUE(IsWindowEnabled(owner_));
 }
 
-TEST_F(Query, WindowThatTookNoInputBeforeTakesNoneAfterwards) {
+TEST_F(Query, WindowDisabledBefore_StaysDisabledAfterwards) {
     ShowWindow(owner_, SW_HIDE);
     EnableWindow(owner_, FALSE);
     EXPECT_EQ(Ask({.values = {u"abc"}}, {ClickOn(L"Accept")}), (Answer{u"abc", 0}));
     EXPECT_FALSE(IsWindowEnabled(owner_));
 }
 
-TEST_F(Query, OwnerHiddenMeanwhileLeavesTheQuestion) {
+TEST_F(Query, OwnerHiddenWhileOpen_DialogStaysOpen) {
     const auto hideOwner = Do([this](HWND dialog) {
         ShowWindow(owner_, SW_HIDE);
         EXPECT_TRUE(IsWindowVisible(dialog));
@@ -196,7 +195,7 @@ TEST_F(Query, OwnerHiddenMeanwhileLeavesTheQuestion) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(Query, NeedsNoVisibleOwner) {
+TEST_F(Query, NoVisibleOwner_IsShown) {
     ShowWindow(owner_, SW_HIDE);
     const auto see = Do([](HWND dialog) { EXPECT_TRUE(IsWindowVisible(dialog)); });
     EXPECT_EQ(Ask({.values = {u"abc"}}, {see, ClickOn(L"Accept")}), (Answer{u"abc", 0}));
