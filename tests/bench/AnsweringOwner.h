@@ -1,5 +1,5 @@
-// The owner of the dialogs that a benchmark opens: each is painted whole as soon as it is shown, its time is taken, and
-// one of its buttons clicked.
+// The owner window of a benchmark's dialogs. It paints each dialog as soon as it is shown, records the time, and clicks
+// a button.
 #pragma once
 
 #include "tests/bench/Timing.h"
@@ -7,10 +7,10 @@
 
 namespace tests {
 
-/// One at a time.
+/// Only one may exist at a time.
 class AnsweringOwner {
  public:
-    /// The button by its caption with its '&', which is not copied.
+    /// The caption of the button, including its '&'. It is not copied.
     explicit AnsweringOwner(const wchar_t* button)
         : button_(button), hook_(SetWindowsHookExW(WH_CALLWNDPROC, SeeMessage, nullptr, GetCurrentThreadId())) {
         current_ = this;
@@ -23,7 +23,7 @@ class AnsweringOwner {
     }
 
     HWND Handle() const { return window_.Handle(); }
-    /// When the last dialog was painted.
+    /// The time at which the last dialog was painted.
     Clock::time_point ShownAt() const { return shownAt_; }
 
  private:

@@ -1,6 +1,5 @@
-// What the suite's own message box costs beside the system's: from the call until it has returned, with a box that is
-// shown, painted and answered by a click as soon as it is there. The two take turns in one run; the medians and their
-// ratio are printed.
+// Compares the time of the suite's message box with that of the system's: from the call until it returns, with a box
+// that is shown, painted and clicked at once. Both alternate in one run. Prints the medians and their ratio.
 //     box_bench [ROUNDS]
 #include <cstdio>
 #include <cstdlib>

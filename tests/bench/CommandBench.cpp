@@ -1,6 +1,6 @@
-// What a command costs that the component ignores, through its dual interface and through Invoke, beside Exists of the
-// system's Scripting.Dictionary called in the same two ways in the same process. They take turns; medians and ratios
-// are printed.
+// Compares the time of a command that the component ignores with the time of Exists of the system's
+// Scripting.Dictionary. Each is called through its dual interface and through Invoke, in one process and alternating.
+// Prints medians and ratios.
 //     command_bench [CALLS A ROUND]
 #include <cstdio>
 #include <cstdlib>
@@ -9,8 +9,8 @@
 #include "host/com/ComPtr.h"
 #include "tests/bench/Timing.h"
 
-/// The dictionary's own interface, as far as it is called. Not in the unnamed namespace: the compiler would know of no
-/// class that implements it.
+/// The part of the dictionary's interface that is called. It is outside the unnamed namespace, because the compiler
+/// would otherwise know that no class implements it.
 struct IDictionary : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE putref_Item(VARIANT* key, VARIANT* item) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Item(VARIANT* key, VARIANT* item) = 0;
@@ -34,7 +34,7 @@ void Check(HRESULT result, const char* what) {
     std::exit(1);
 }
 
-/// From the library beside this program, registered or not.
+/// Creates an instance from the library beside this program, without using the registration.
 ComPtr<_clsQmxBackProcess> MakeComponent() {
     const HMODULE library = LoadLibraryW(L"K4TBackProcess.dll");
     const FARPROC entry = library ? GetProcAddress(library, "DllGetClassObject") : nullptr;
@@ -72,7 +72,7 @@ DISPID MemberOf(IDispatch& object, const wchar_t* name) {
     return member;
 }
 
-/// `arguments` in reverse order, as Invoke has them.
+/// `arguments` are in reverse order, as Invoke requires.
 void Invoke(IDispatch& object, DISPID member, VARIANT* arguments, UINT count) {
     DISPPARAMS parameters{arguments, nullptr, count, 0};
     VARIANT result{};
@@ -80,7 +80,7 @@ void Invoke(IDispatch& object, DISPID member, VARIANT* arguments, UINT count) {
           "Invoke");
 }
 
-/// Nanoseconds a call.
+/// The time of one call in nanoseconds.
 template <typename Call>
 double TimeOfCall(int calls, Call&& call) {
     return tests::TimeOf<std::nano>([&] {

@@ -1,5 +1,5 @@
-// What splitting costs beside a well-known peer, Boost.Tokenizer's escaped-list separator doing the same job: the
-// fields' texts, and the number of each. Prints the ratio of the two for each kind and size of list.
+// Compares the field splitter with Boost.Tokenizer's escaped-list separator. Both produce the fields' texts and the
+// number of each field. Prints the ratio for each kind and size of list.
 #include <benchmark/benchmark.h>
 
 #include <boost/tokenizer.hpp>
@@ -16,7 +16,8 @@ using runtime::String;
 
 enum Quotes : std::int64_t { kPlain, kQuoted };
 
-/// Fields like "NAME17", each third one a number; with quotes, each second one holds a comma and stands in quotes.
+/// A list of fields like "NAME17". Every third field is a number. With quotes, every second field contains a comma and
+/// is quoted.
 String MakeList(std::int64_t fields, bool hasQuotes) {
     String list;
     for (std::int64_t i = 0; i < fields; ++i) {
@@ -69,7 +70,7 @@ void Lists(benchmark::internal::Benchmark* benchmark) {
 BENCHMARK(Ours)->Apply(Lists);
 BENCHMARK(Peer)->Apply(Lists);
 
-/// The usual table; afterwards the ratios.
+/// Prints the usual table, then the ratios.
 class RatioReporter : public benchmark::ConsoleReporter {
  public:
     void ReportRuns(const std::vector<Run>& runs) override {

@@ -1,6 +1,5 @@
-// What localising a form costs beside setting a caption and a font on each of its controls, known by their kind. Both
-// have the same texts at hand and start from a freshly loaded form, all in memory; afterwards the ratio and the cost
-// per control are printed.
+// Compares the time to localise a form with the time to set a caption and a font on each of its controls directly. Both
+// use the same texts in memory and start with a freshly loaded form. Prints the ratio and the time per control.
 //     LocalisationBench [ROUNDS]
 #include <cstdio>
 #include <functional>
@@ -21,7 +20,7 @@ using runtime::Control;
 using runtime::ControlKind;
 using runtime::String;
 
-/// Labels, buttons and pictures in turn, each with a tag of its own.
+/// A form with labels, buttons and pictures in turn, each with its own tag.
 class WideForm : public runtime::Form {
  public:
     explicit WideForm(int controls) : Form({.name = u"wide", .inner = {9000, 9000}}) {
@@ -57,7 +56,7 @@ double MicrosecondsOf(WideForm& form, runtime::headless::MemoryFiles& files,
                       const std::function<void(runtime::Form&)>& action) {
     form.Unload();
     form.EnsureLoaded();
-    // The twin notes each look-up; its notes must not grow from round to round.
+    // The in-memory files log each look-up. The log must not grow from round to round.
     files.ClearLog();
     return tests::TimeOf<std::micro>([&] { action(form); });
 }

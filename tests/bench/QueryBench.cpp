@@ -1,6 +1,6 @@
-// What it costs to open the suite's query dialog with a long list, beside a bare list box of the same size filled the
-// same way: from the call until the window is shown and painted. The two take turns in one run; the medians, their
-// ratio, and the time for each thousand items are printed for growing numbers of items.
+// Compares the time to open the suite's query dialog with a long list with the time of a bare list box of the same size
+// and content: from the call until the window is painted. Both alternate in one run. For growing numbers of items,
+// prints the medians, their ratio, and the time per thousand items.
 //     query_bench [ROUNDS]
 #include <cstdio>
 #include <cstdlib>
@@ -57,7 +57,7 @@ void Compare(const tests::AnsweringOwner& owner, int items, int rounds) {
                 items, times.ours, times.theirs, times.Ratio(), times.ours * 1000 / items);
 }
 
-/// The component's surroundings, without a test.
+/// The fixture of component tests, without a test.
 class Bench : public tests::ComponentTest {
     void TestBody() override {}
 };

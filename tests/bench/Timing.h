@@ -1,4 +1,4 @@
-// What the benchmarks share that print a ratio: rounds from the command line, turns, and medians.
+// Shared by benchmarks that print a ratio: rounds from the command line, alternation, and medians.
 #pragma once
 
 #include <algorithm>
@@ -11,13 +11,13 @@ namespace tests {
 
 using Clock = std::chrono::steady_clock;
 
-/// Unit is std::milli, std::micro or std::nano.
+/// `Unit` is std::milli, std::micro or std::nano.
 template <typename Unit>
 double TimeBetween(Clock::time_point start, Clock::time_point end) {
     return std::chrono::duration<double, Unit>(end - start).count();
 }
 
-/// How long `action` takes, in `Unit`.
+/// The duration of `action`, in `Unit`.
 template <typename Unit, typename Action>
 double TimeOf(Action&& action) {
     const Clock::time_point start = Clock::now();
@@ -25,7 +25,7 @@ double TimeOf(Action&& action) {
     return TimeBetween<Unit>(start, Clock::now());
 }
 
-/// The program's one argument, at least 1; without it `otherwise`.
+/// The program's argument, at least 1; `otherwise` if there is none.
 inline int CountFrom(int argc, char** argv, int otherwise) {
     return argc > 1 ? std::max(1, std::atoi(argv[1])) : otherwise;
 }
@@ -42,7 +42,7 @@ struct Medians {
     double Ratio() const { return ours / theirs; }
 };
 
-/// The medians of what two functions give that take turns for `rounds`, after `warmUp` rounds that do not count.
+/// The medians of the results of two functions. They alternate for `rounds`, after `warmUp` rounds that do not count.
 template <typename Ours, typename Theirs>
 Medians InTurns(int warmUp, int rounds, Ours&& ours, Theirs&& theirs) {
     std::vector<double> our;

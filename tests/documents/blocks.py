@@ -1,12 +1,13 @@
-"""Reads the code blocks of the documents: which commands they have, what those print, and which files they show.
+"""Reads the code blocks of the documents: commands, expected output, and contents of files.
 
-A block says by its form what it is:
-    ```sh               commands, one a line; a plain block directly after it is what the last one prints
-    ```                 with lines that start with "$ " (or "> " for Windows' prompt, in the folder of the package): commands, each with what it prints below
-    any language        behind a line that ends in `build/try/NAME`: or `C:\\Orvane\\…`: the contents of that file
-    any language        behind a line that ends in `FOLDER/NAME`: lines of that file of the project, as they stand there
+The form of a block says what it is:
+    ```sh               commands, one per line; a plain block directly below is the output of the last one
+    ```                 with lines that start with "$ " (or "> " for the Windows prompt, in the package's
+                        folder): commands, each followed by its output
+    any language        after a line that ends with `build/try/NAME`: or `C:\\Orvane\\…`: the contents of that file
+    any language        after a line that ends with `FOLDER/NAME`: lines of that project file, quoted unchanged
     anything else       an illustration
-A line "..." in what is printed stands for any lines.
+A line "..." in expected output stands for any number of lines.
 """
 import re
 from dataclasses import dataclass
@@ -20,17 +21,18 @@ DRIVE = "build/wine/drive_c/"
 
 @dataclass
 class Command:
-    """`expected` are the lines that it prints, None when the document says nothing about them: then it has to succeed."""
+    """`expected` is the list of output lines. None means that the document shows no output; then the command must
+    succeed."""
 
     document: str
     line: str
     expected: list = None
-    is_for_windows: bool = False  # typed at the prompt of Windows
+    is_for_windows: bool = False  # to be typed at the Windows prompt
 
 
 @dataclass
 class MadeFile:
-    """A file that the reader is told to make."""
+    """A file that the document tells the reader to create."""
 
     document: str
     path: str
@@ -39,7 +41,7 @@ class MadeFile:
 
 @dataclass
 class Quotation:
-    """Lines that the document takes from a file of the project."""
+    """Lines that the document quotes from a project file."""
 
     document: str
     path: str
@@ -53,12 +55,12 @@ class Illustration:
 
 
 def place(path):
-    """Where a file of the document lies in the checkout."""
+    """The path in the checkout of a file that a document names."""
     return DRIVE + path[3:].replace("\\", "/") if path.startswith("C:\\") else path
 
 
 def transcript(document, body):
-    """The commands of a block of lines with prompts."""
+    """The commands of a block that has prompts."""
     commands = []
     for line in body.splitlines():
         if line.startswith(PROMPTS):
@@ -69,9 +71,9 @@ def transcript(document, body):
 
 
 def read(document, text):
-    """The document's steps, in their order."""
+    """The document's steps, in order."""
     steps = []
-    after_commands = False  # directly: nothing but blanks in between
+    after_commands = False  # directly: only blank lines in between
     end = 0
     for fence in FENCE.finditer(text):
         between = text[end:fence.start()].strip()
@@ -96,6 +98,6 @@ def read(document, text):
 
 
 def is_as_expected(printed, expected):
-    """Whether the lines are those; "..." stands for any lines."""
+    """True if the lines are as expected; "..." stands for any number of lines."""
     pattern = "".join("(?:.*\n)*" if line == "..." else re.escape(line) + "\n" for line in expected)
     return re.fullmatch(pattern, "".join(line + "\n" for line in printed)) is not None

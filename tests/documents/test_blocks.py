@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""How the code blocks of a document are understood."""
+"""Tests of reading the documents' code blocks."""
 import unittest
 
 from blocks import Command, Illustration, MadeFile, Quotation, is_as_expected, read

@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Follows the documents word by word: makes the files that they show, runs their commands in order, compares output.
+"""Follows the documents literally: creates the files that they show, runs their commands in order and compares the
+output.
 
     test_documents.py PROJECT BUILD
 
-The commands run in a folder that looks like a checkout in which ./demo has run, with a Wine prefix of its own. BUILD is
-the folder of the Windows build.
+The commands run in a folder that looks like a checkout after ./demo, with its own Wine prefix. BUILD is the folder of the
+Windows build.
 """
 import pathlib
 import shutil
@@ -15,13 +16,13 @@ import unittest
 
 import blocks
 
-# In this order: each takes up what the ones before have made.
+# In this order, because a document may use files from the documents before it.
 DOCUMENTS = ["README.md", "docs/USING.md", "docs/REFERENCE.md", "docs/KERNEL.md", "docs/TRANSLATING.md", "docs/TESTING.md", "docs/PERFORMANCE.md", "docs/ARCHITECTURE.md",
              "CONTRIBUTING.md"]
-PACKAGE = "build/wine/drive_c/Orvane"  # the folder of Windows' prompt
+PACKAGE = "build/wine/drive_c/Orvane"  # the folder of the Windows prompt
 TIMEOUT = 900  # seconds for all commands together; they take about 90
 
-# What is not followed here: how the command starts, and the reason. Whoever changes one of these runs it by hand.
+# Commands that are not run here: how the command starts, and the reason. After a change, run them by hand.
 BUILDS = "builds for minutes"
 NEEDS_THE_BUILD = "needs what such a build made"
 CHANGES_SOURCES = "is about changed sources"
@@ -48,7 +49,7 @@ NOT_FOLLOWED = {
     "sed -i": CHANGES_SOURCES,
 }
 
-# What shows a window until a key is pressed: the window's title, and the key.
+# Commands that show a window and wait for a key: the window's title and the key.
 ANSWERED = {
     "backproc msgbox": ("Orvane", "Return"),
     "scripts/wine-run dist/backproc.exe query": ("Orvane", "Return"),
@@ -56,7 +57,7 @@ ANSWERED = {
 
 ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
 
-# Code that is no file and no command: the first line of each.
+# Code that is neither a file nor a command: the first line of each.
 ILLUSTRATIONS = ["EDITOR.exe                                    LIBRARY.exe",
                  "EDITOR.exe                                            LIBRARY.exe",
                  "SuiteReader reader_;                    // was: kernel_api::builtin::BuiltInReader reader_;",
@@ -111,7 +112,7 @@ in_package() {
 
 
 def followed(number, command):
-    """The shell's lines for one command; its output and its exit code go to files."""
+    """The shell lines for one command. They write its output and exit code to files."""
     line = f"( in_package; {command.line}\n)" if command.is_for_windows else command.line
     run = f"{{ {{ {line}\n}} >$outputs/{number} 2>&1; echo $? >$outputs/{number}.code; }}"
     if ANOTHER_HAS_THE_FORM in line:
@@ -123,7 +124,7 @@ def followed(number, command):
 
 
 def script(steps, outputs):
-    """One script, so that what a command sets is there for the next."""
+    """All commands are in one script, so that a command can use the settings of an earlier one."""
     lines = ["export LC_ALL=C", "unset WINEPREFIX", f"outputs={outputs}",
              ': "${DISPLAY:=$(scripts/start-display)}"', "export DISPLAY", "checkout=$PWD", WINDOWS_PROMPT]
     for number, step in enumerate(steps):
@@ -140,7 +141,7 @@ def make_checkout(root):
     root.mkdir()
     for name in ("host", "examples", "docs"):
         (root / name).symlink_to(project / name)
-    shutil.copytree(project / "scripts", root / "scripts")  # they find the checkout by where they lie
+    shutil.copytree(project / "scripts", root / "scripts")  # the scripts find the checkout by their own path
     (root / "build").mkdir()
     (root / "build" / "windows").symlink_to(build)
     (root / "build" / "native").symlink_to(project / "build" / "native")
@@ -178,7 +179,7 @@ class Documents(unittest.TestCase):
                     self.check(step, outputs, number)
                 elif isinstance(step, blocks.Quotation):
                     self.check_quotation(step, root)
-            # Its processes must be gone before the folder goes.
+            # The processes must end before the folder is deleted.
             subprocess.run(["wineserver", "-k"], env={"WINEPREFIX": str(root / "build" / "wine"), "PATH": "/usr/bin:/bin"},
                            timeout=60)
 

@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Checks what the documents refer to: links, headings, files and folders, and that no command in them goes unfollowed.
+"""Checks the references in the documents: links, headings, files and folders. Also checks that each command is run or
+listed.
 
     test_references.py PROJECT
 """
@@ -27,7 +28,7 @@ def documents():
 
 
 def script(name):
-    """A Python program of scripts/ as a module."""
+    """Imports a Python program of scripts/ as a module."""
     loader = importlib.machinery.SourceFileLoader(name.replace("-", "_"), str(project / "scripts" / name))
     module = importlib.util.module_from_spec(importlib.util.spec_from_loader(loader.name, loader))
     loader.exec_module(module)
@@ -40,7 +41,7 @@ def prose(text):
 
 
 def anchor(heading):
-    """The name under which a heading is linked to."""
+    """The anchor of a heading in links."""
     return re.sub(r"[^\w\- ]", "", heading.strip().lower()).replace(" ", "-")
 
 
@@ -91,7 +92,7 @@ class References(unittest.TestCase):
 
 
 class Tables(unittest.TestCase):
-    """What the tables name is what the sources have."""
+    """The tables list exactly the names that the sources have."""
 
     def table(self, document, heading):
         """The names in the first column of the table below `heading`."""
@@ -121,7 +122,7 @@ class Tables(unittest.TestCase):
 
 
 class Commands(unittest.TestCase):
-    """Every block is followed, compared, or listed with a reason in test_documents.py."""
+    """Every code block is run, compared, or listed with a reason in test_documents.py."""
 
     def steps(self, kind):
         return [step for document in test_documents.DOCUMENTS for step in test_documents.read(document)

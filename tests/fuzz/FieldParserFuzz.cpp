@@ -1,5 +1,5 @@
-// The built-in field parser: any text gives what the slow splitter gives, a quote that never closes takes the rest, and
-// fields asked for in any order are the same.
+// The built-in field parser: the fields of any text equal those of the slow splitter, a quote that is never closed
+// takes the rest, and fields may be read in any order.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "kernel_api/builtin/BuiltInSplitter.h"
@@ -21,8 +21,8 @@ String TakeText(FuzzedDataProvider& data) {
     return text;
 }
 
-/// The number of fields that `parser`'s text must have, all of them as the slow splitter gives them; the rest behind an
-/// unclosed quote is the last one.
+/// Checks all fields of `text` against the slow splitter and returns their number. The rest after an unclosed quote is
+/// the last field.
 std::size_t CheckFields(kernel_api::FieldParser& parser, const String& text) {
     const tests::SlowFields slow = tests::SlowFieldSplitter::Split(text);
     std::size_t begin = 0;

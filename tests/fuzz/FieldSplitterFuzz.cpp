@@ -1,5 +1,5 @@
-// The field splitter: lists that are well formed by construction come apart into what they were made of, and every text
-// at all, but for those that never return, gives what the slow splitter gives.
+// The field splitter: a well-formed list is split into the fields that it was built from. Any text gives the result of
+// the slow splitter, except texts for which splitting never ends.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ using runtime::String;
 using tests::Require;
 
 char16_t TakeCharacter(FuzzedDataProvider& data) {
-    // Mostly the characters that matter, to get deep into the rules.
+    // Mostly the characters with a meaning, to reach deep into the rules.
     static constexpr char16_t kCommon[] = {u'"', u',', u'"', u',', u' ', u'A', u'1', u'E', u'-', u'.', u'&', u'H'};
     if (data.ConsumeIntegralInRange(0, 15) > 0) return data.PickValueInArray(kCommon);
     return data.ConsumeIntegral<char16_t>();
@@ -38,7 +38,7 @@ bool AreSameBits(const std::vector<double>& a, const std::vector<double>& b) {
     });
 }
 
-/// The number of the error that ended the split; 0 for none.
+/// The number of the error that ended the split; 0 if there was none.
 std::int32_t Split(const String& text) {
     try {
         routing::SplitFields(text);
@@ -82,7 +82,8 @@ void CheckWellFormedList(FuzzedDataProvider& data) {
         list += isQuoted ? u'"' + field + u'"' : field;
         fields.push_back(field);
     }
-    // A final comma behind quotes is not seen, so a list that ends in an empty plain field must not have one there.
+    // The splitter ignores a final comma after a quoted field. So a list that ends with an empty field gets a non-empty
+    // one.
     if (!isQuoted && fields.back().empty()) {
         list += u'Z';
         fields.back() = u"Z";

@@ -1,4 +1,4 @@
-// Whatever bytes an INI file has, reading its settings ends, and every setting written in plain form is found.
+// INI files of any bytes: reading settings ends, and every setting in plain form is found.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     settings.Find(u"Marlento", u"Ver");
     settings.Find(text, text);
 
-    // A section of its own behind any text is read as if it stood alone.
+    // A new section after any text is read as if it were alone.
     const bool nameIsTaken = settings.Find(u"own section", u"k") != nullptr;
     text += u"\n[own section]\nk=v";
     const IniText extended(locale, text);

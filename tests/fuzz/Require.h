@@ -1,4 +1,4 @@
-// How a fuzzer says which law an input broke.
+// Reports the law that an input breaks.
 #pragma once
 
 #include <cstdio>
@@ -6,7 +6,7 @@
 
 namespace tests {
 
-/// Ends the process unless `isTrue`, which makes the fuzzer keep the input.
+/// Unless `isTrue`, prints the law and aborts, so that the fuzzer keeps the input.
 inline void Require(bool isTrue, const char* law) {
     if (isTrue) return;
     std::fprintf(stderr, "broken: %s\n", law);

@@ -1,5 +1,5 @@
-// Whatever bytes a language file has, reading its texts ends, no line is counted twice, every text written in plain
-// form is found, and every text that was read says something and comes back from its written form.
+// Language files of any bytes: reading ends, no line is counted twice, every text in plain form is found, and no text
+// is empty. Writing a text and reading it again gives the same text.
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -16,7 +16,7 @@ using runtime::String;
 using tests::Require;
 using namespace std::string_view_literals;
 
-/// A lone CR or LF cannot stand in a text that was read.
+/// Checks that each text survives writing and reading. Identifiers contain no line break, equals sign or NUL.
 void CheckWrittenForm(const TextFile& texts) {
     for (const auto& [identifier, text] : texts.All()) {
         Require(identifier.find_first_of(u"\r\n=\0"sv) == String::npos,
@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     texts.Find(runtime::FromUtf8(bytes));
     CheckWrittenForm(texts);
 
-    // A line of its own behind any bytes is read as if it stood alone, unless its identifier was there before.
+    // A new line after any bytes is read as if it were alone, unless its identifier already exists.
     const bool isTaken = texts.Find(u"own id") != nullptr;
     const TextFile extended(bytes + "\nown id = v");
     const String* const text = extended.Find(u" own id ");

@@ -1,5 +1,5 @@
-// Laying out text: the lines hold the text in order, each as full as it can be and no fuller, surrogate pairs stay
-// whole, and the work is bounded, for any text, any wrap width and characters of different widths.
+// Text layout, for any text, wrap width and character widths: the lines contain the text in order, each line is as full
+// as possible, surrogate pairs stay whole, and the work is bounded.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -23,12 +23,12 @@ bool IsLow(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// Units of the character at the start of `text`.
+/// The number of code units of the first character.
 std::size_t CharacterLength(StringView text) {
     return text.size() > 1 && IsHigh(text[0]) && IsLow(text[1]) ? 2 : 1;
 }
 
-/// A surrogate pair is not as wide as its halves alone, so that measuring half of one shows.
+/// The width of a surrogate pair differs from the sum of its halves, so that measuring half a pair is noticed.
 int CharacterWidth(StringView text) {
     if (CharacterLength(text) == 2) return 9;
     if (IsHigh(text[0]) || IsLow(text[0])) return 40;
@@ -48,7 +48,7 @@ bool Fits(StringView text, int width) {
 
 class MixedMeasure : public runtime::TextMeasure {
  public:
-    /// With `splitsPairs` the answer of Fit may end between the halves of a pair.
+    /// With `splitsPairs`, the result of Fit may end inside a surrogate pair.
     explicit MixedMeasure(bool splitsPairs) : splitsPairs_(splitsPairs) {}
 
     int Width(StringView run) override {
@@ -102,7 +102,7 @@ String TakeText(FuzzedDataProvider& data) {
     return text;
 }
 
-/// The paragraphs of `text` as they are shown, taken apart in several plain passes.
+/// The paragraphs of `text` as they are shown, split by a simple method with several passes.
 std::vector<String> Paragraphs(String text) {
     for (std::size_t at = 0; (at = text.find(u"\r\n", at)) != String::npos;) text.erase(at, 1);
     std::replace(text.begin(), text.end(), u'\r', u'\n');
@@ -120,12 +120,12 @@ std::vector<String> Paragraphs(String text) {
     return paragraphs;
 }
 
-/// Characters up to the next blank.
+/// The characters before the next blank.
 StringView Word(StringView text) {
     return text.substr(0, std::min(text.find(u' '), text.size()));
 }
 
-/// The lines of one paragraph, built word by word: slow, and nothing but the rules.
+/// The lines of one paragraph, built word by word: slow, but exactly by the rules.
 std::vector<String> SlowLines(StringView rest, int wrapWidth) {
     std::vector<String> lines;
     while (true) {
@@ -133,7 +133,7 @@ std::vector<String> SlowLines(StringView rest, int wrapWidth) {
             lines.emplace_back(rest);
             return lines;
         }
-        // Words are added while they fit, with the blanks before them.
+        // Words are added while they fit, including the blanks before them.
         std::size_t taken = 0;
         while (taken < rest.size()) {
             const std::size_t word = std::min(rest.find_first_not_of(u' ', taken), rest.size());
@@ -161,7 +161,7 @@ void CheckLine(StringView line, int recordedWidth, int wrapWidth) {
     Require(recordedWidth <= std::max(wrapWidth, 0) || isSingle, "no line wider than the wrap width");
 }
 
-/// `line` and the one behind it, of the same paragraph.
+/// Checks the break between `line` and the next one, which belongs to the same paragraph.
 void CheckBreak(const TextLayout& layout, std::size_t line) {
     const runtime::TextLine& first = layout.lines[line];
     const runtime::TextLine& second = layout.lines[line + 1];

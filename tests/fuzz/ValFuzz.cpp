@@ -1,5 +1,5 @@
-// Val: the number it reads is the one that the C library reads from the same digits, blanks within change nothing, and
-// a double written out comes back bit by bit.
+// Val: it reads the same number as the C library from the same digits, blanks inside the number change nothing, and a
+// double that is written and read again keeps its bits.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -27,7 +27,7 @@ char16_t TakeCharacter(FuzzedDataProvider& data) {
     return data.ConsumeIntegral<char16_t>();
 }
 
-/// Nothing for an overflow, which is the only error there is.
+/// Val's result. None for an overflow, which is its only error.
 std::optional<double> Read(const String& text) {
     try {
         return runtime::Val(text);
@@ -48,7 +48,7 @@ std::string TakeDigits(const std::string& text, std::size_t& position) {
     return text.substr(begin, position - begin);
 }
 
-/// What the C library makes of the decimal number at the start of `text`, which has no blanks.
+/// The number that the C library reads at the start of `text`, which must not contain blanks.
 std::optional<double> ReadWithLibrary(const std::string& text) {
     std::size_t position = 0;
     std::string number;
@@ -94,7 +94,7 @@ void CheckAnyText(FuzzedDataProvider& data) {
     Require(AreSame(value, Read(WithBlanks(data, text))), "wherever they stand");
     Require(AreSame(value, Read(text + u"|7")), "what cannot continue a number ends it");
 
-    // The library's number has no place for a NUL.
+    // The C library's text cannot contain a NUL.
     std::string narrow;
     for (const char16_t c : text) narrow += c > 0 && c < 0x80 ? static_cast<char>(c) : '|';
     const std::size_t first = narrow.find_first_not_of("+-");
@@ -122,7 +122,7 @@ void CheckRoundTrip(FuzzedDataProvider& data) {
     Require(AreSame(number, Read(runtime::FromAscii(digits.data()))), "a double written out comes back");
 }
 
-/// Numbers right between two doubles, and just above the middle by a digit as far behind as may be.
+/// Checks numbers exactly between two doubles, and numbers just above that because of a digit far to the right.
 void CheckMiddle(FuzzedDataProvider& data) {
     constexpr std::uint64_t kFirst = std::uint64_t{1} << 53;
     const std::uint64_t middle = kFirst + 2 * data.ConsumeIntegralInRange<std::uint64_t>(0, kFirst / 2 - 1) + 1;

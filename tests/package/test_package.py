@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""The packages under Wine: their contents; install, use, remove, and compare registry and folders with before.
+"""Tests the packages under Wine: contents, installation, use and removal. Compares registry and folders before and
+after.
 
     test_package.py WINE_RUN PACKAGES [CLASS…]
 
-WINEPREFIX names the prefix, in which no other program may run at the same time. CLASS chooses classes of tests.
+WINEPREFIX names the prefix. No other program may run in it at the same time. CLASS selects classes of tests.
 """
 import binascii
 import contextlib
@@ -27,8 +28,8 @@ UNINSTALLER = "K4TBackProcess-uninstall.exe"
 RECORD = "K4TBackProcess.files"
 FAILED, IN_USE = 2, 3  # exit codes
 
-# What Wine itself writes anew when a prefix starts and when a console ends. The first two are the same keys: Wine 10 has the
-# one as a link to the other, as Windows has it.
+# Keys that Wine itself writes when a prefix starts and when a console ends. The first two are one key: Wine 10 has one
+# as a link to the other, as Windows does.
 WRITTEN_BY_WINE = (r"System\\CurrentControlSet", r"System\\ControlSet001", "Console")
 
 wine_run = ""
@@ -37,8 +38,8 @@ prefix = pathlib.Path()
 
 
 def run(program, *arguments):
-    """The exit code and standard output of one run."""
-    # A file, not a pipe: helper processes of Wine inherit it and keep it open after the program has ended.
+    """Runs the program. Returns its exit code and standard output."""
+    # A file instead of a pipe: Wine's helper processes inherit a pipe and keep it open after the program has ended.
     with tempfile.TemporaryFile() as output:
         code = subprocess.run([wine_run, str(program), *arguments], stdin=subprocess.DEVNULL, stdout=output,
                               stderr=subprocess.DEVNULL, timeout=TIMEOUT).returncode
@@ -51,13 +52,13 @@ def press(key):
 
 
 def give_keyboard_to(title):
-    """Does nothing while no window has that title, a regular expression."""
+    """Focuses the window whose title matches the regular expression. Does nothing if there is none."""
     subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title, "windowfocus"], check=False, timeout=TIMEOUT,
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
 def press_until(key, is_over, title=None):
-    """Presses the key again and again, in the window with that title. Buttons that cannot be pressed yet ignore it."""
+    """Presses the key repeatedly, in the window with this title. Buttons that are still disabled ignore it."""
     end = time.monotonic() + TIMEOUT
     while not is_over():
         if time.monotonic() > end:
@@ -73,7 +74,7 @@ def start(program, *arguments, **options):
 
 
 def run_with_windows(program, *arguments):
-    """The exit code of a set-up program in which the user confirms each page with Enter."""
+    """Runs a set-up program and confirms each page with Enter, as a user does. Returns its exit code."""
     running = start(program, *arguments, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
     press_until("Return", lambda: running.poll() is not None)
     return running.returncode
@@ -84,12 +85,12 @@ def windows_path(path):
 
 
 def settle():
-    """Waits until the prefix has no process and its registry is written."""
+    """Waits until no process runs in the prefix and its registry is saved."""
     subprocess.run(["wineserver", "-w"], check=True, timeout=TIMEOUT)
 
 
 def registry():
-    """Each key's values in each hive, without the times at which they were written."""
+    """The values of each key in each hive, without modification times."""
     keys = {}
     for hive in ("system.reg", "user.reg", "userdef.reg"):
         key = None
@@ -103,15 +104,15 @@ def registry():
 
 
 def files():
-    """All but what set-up and removal leave in the folder for temporary files: the log, and the uninstaller's copy of
-    itself, which goes with the next restart."""
+    """All files, except two that set-up and removal leave in the folder for temporary files: the log, and the
+    uninstaller's copy of itself, which the next restart deletes."""
     drive, log = prefix / "drive_c", log_file()
     return {str(path.relative_to(drive)) for path in drive.rglob("*") if "/Temp/~nsu" not in str(path) and path != log}
 
 
 @functools.cache
 def log_file():
-    """In the folder for temporary files, which is not in the same place under each Wine."""
+    """The path of the log. The folder for temporary files depends on the version of Wine."""
     folder = run("cmd.exe", "/c", "echo %TEMP%")[1].strip().replace("\\", "/")
     return prefix / "drive_c" / folder.removeprefix("C:/") / "K4TBackProcess-setup.log"
 
@@ -121,12 +122,12 @@ def log():
 
 
 def short(data):
-    """Long contents by their checksum, so that a failure does not print them."""
+    """Replaces long contents by their checksum, so that a failure does not print them."""
     return data if len(data) < 100 else hashlib.sha256(data).hexdigest()
 
 
 def contents(folder):
-    """Each file of the folder with its contents."""
+    """The contents of each file in the folder."""
     return {str(path.relative_to(folder)): short(path.read_bytes()) for path in folder.rglob("*") if path.is_file()}
 
 
@@ -137,13 +138,13 @@ def write(folder, texts):
 
 
 def package(ending):
-    """The package whose name goes on like this behind the version."""
+    """The package whose name has this text after the version."""
     return next(path for path in packages.iterdir() if re.fullmatch(r"K4TBackProcess-[\d.]+" + re.escape(ending), path.name))
 
 
 @contextlib.contextmanager
 def unpacked():
-    """The folder of the zip's programs, somewhere outside the project."""
+    """Unpacks the zip outside the project and returns the folder of its programs."""
     with tempfile.TemporaryDirectory() as folder, zipfile.ZipFile(package(".zip")) as archive:
         archive.extractall(folder)
         yield next(pathlib.Path(folder).iterdir())
@@ -151,7 +152,7 @@ def unpacked():
 
 @contextlib.contextmanager
 def host(folder):
-    """A module that holds the component of the folder until the end."""
+    """Runs a module that uses the component in the folder, until the end of the block."""
     with tempfile.TemporaryFile() as output:
         running = start(folder / "backproc.exe", "host", stdin=subprocess.PIPE, stdout=output)
         try:
@@ -177,7 +178,7 @@ class Installation(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.setup = package("-setup.exe")
-        # What every user of Windows has, and what the script host leaves behind when it first runs.
+        # Every Windows user has these keys. The script host leaves some when it first runs.
         run("reg.exe", "add", r"HKCU\Software\Classes", "/f")
         for hive in ("HKCU", "HKLM"):
             run("reg.exe", "add", hive + r"\Software\Microsoft\Windows\CurrentVersion\Uninstall", "/f")
@@ -197,7 +198,7 @@ class Installation(unittest.TestCase):
         self.assertEqual(sorted(self.files ^ files()), [])
 
     def remove(self, folder):
-        # The uninstaller goes on in a copy of itself, which may delete the original.
+        # The uninstaller continues in a copy of itself, which may delete the original.
         self.assertEqual(run(folder / UNINSTALLER, "/S")[0], 0)
         settle()
 
@@ -223,7 +224,7 @@ class RoundTrip(Installation):
         output = run(folder / "backproc.exe", "doctor")[1]
         self.assertIn("ok   registration: for the user", output.splitlines())
         self.assertIn(r"ok   file: C:\own\backproc\K4TBackProcess.dll", output.splitlines())
-        # A file of the user's own is not ours to remove.
+        # Removal must not delete a file of the user.
         (folder / "notes.txt").write_text("mine")
         self.remove(folder)
         self.assertEqual([path.name for path in folder.iterdir()], ["notes.txt"])
@@ -289,7 +290,7 @@ class RoundTrip(Installation):
         self.assertEqual(list(folder.rglob("*Krn*.dll")), [])
         self.assertEqual(run(self.setup, "/S", "/AllUsers", "/DevKernel", r"/D=C:\own")[0], 0)
         self.assertEqual(list(folder.rglob("*Krn*.dll")), [folder / "dev" / "QmxKrn2K.dll"])
-        # The next update keeps what is there.
+        # A later update keeps the option.
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\own")[0], 0)
         self.assertEqual(list(folder.rglob("*Krn*.dll")), [folder / "dev" / "QmxKrn2K.dll"])
         self.remove(folder)
@@ -297,11 +298,11 @@ class RoundTrip(Installation):
 
 
 class FilesOfOthers(Installation):
-    """Set-up and removal in a folder that has files under the names of ours."""
+    """Set-up and removal in a folder that contains other files with the same names as the package's."""
 
     FOREIGN = {"QmxKrn2K.dll": b"the kernel of the suite", "README.md": b"the suite's own", "README.html": b"another",
                "dev/QmxKrn2K.dll": b"a kernel", "uninstall.exe": b"the suite's own"}
-    TAKEN = ("README.html", r"dev\QmxKrn2K.dll")  # places that the set-up wants
+    TAKEN = ("README.html", r"dev\QmxKrn2K.dll")  # files of the package whose names are taken
 
     def setUp(self):
         super().setUp()
@@ -345,7 +346,7 @@ class FilesOfOthers(Installation):
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         self.assertLessEqual(changed.items(), contents(self.folder).items())
         self.assert_named("CHANGELOG.html", r"examples\client.vbs")
-        # One that is changed after the last set-up.
+        # This one is changed after the last set-up.
         late = {"docs/USING.html": b"with remarks"}
         write(self.folder, late)
         self.remove(self.folder)
@@ -355,7 +356,7 @@ class FilesOfOthers(Installation):
     def test_an_update_replaces_the_unchanged_files(self):
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         new = contents(self.folder)
-        # The same as an older set-up would have left it: other contents, and a file that no longer ships.
+        # The state that an older set-up would have left: other contents, and a file that no longer ships.
         older = {"K4TBackProcess.manifest": b"older", "docs/OLD.html": b"gone since"}
         write(self.folder, older)
         record = (self.folder / RECORD).read_text()
@@ -400,7 +401,7 @@ class FilesOfOthers(Installation):
                 shutil.move(self.folder / name, elsewhere)
             self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         self.assertLessEqual(others.items(), contents(self.folder).items())
-        # What stands for the suite's kernel is none, which is all that is wrong.
+        # The file in place of the suite's kernel is not a library. That is the only problem.
         lines = run(self.folder / "backproc.exe", "doctor")[1].splitlines()
         self.assertEqual([line.split(":")[0] for line in lines if line.startswith("BAD")], ["BAD  kernel"])
         self.remove(self.folder)
@@ -418,7 +419,7 @@ class FilesOfOthers(Installation):
 
 
 class InUse(Installation):
-    """Update and removal while a module holds the component."""
+    """Update and removal while a module uses the component."""
 
     def setUp(self):
         super().setUp()
@@ -446,7 +447,8 @@ class InUse(Installation):
         with host(self.folder):
             running = start(self.setup, "/AllUsers", r"/D=C:\used", stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
             press_until("Return", lambda: "In use" in log())
-            # Wine 10 leaves the keyboard with the window behind the box, which the installing thread opens.
+            # Wine 10 leaves the keyboard focus on the window behind the box, because the installing thread opens the
+            # box.
             press_until("Escape", lambda: running.poll() is not None, title="Setup$")
             self.assertEqual(running.returncode, IN_USE)
             self.assertEqual(contents(self.folder), self.installed)
@@ -454,7 +456,7 @@ class InUse(Installation):
 
     def test_removal_changes_nothing(self):
         with host(self.folder):
-            # In its own folder the uninstaller has an exit code.
+            # Run from its own folder, the uninstaller returns an exit code.
             self.assertEqual(run(self.folder / UNINSTALLER, "/S", r"_?=C:\used")[0], IN_USE)
             self.assert_refused()
             log_file().unlink()
@@ -468,7 +470,7 @@ class InUse(Installation):
 
 
 class Page(html.parser.HTMLParser):
-    """A document of the package: what it links to, the names of its headings, its commands."""
+    """A document of the package: its links, the names of its headings, its commands."""
 
     def __init__(self, path):
         super().__init__()
@@ -490,7 +492,7 @@ class Page(html.parser.HTMLParser):
 
 
 class Packages(Installation):
-    """What is in the packages."""
+    """The contents of the packages."""
 
     def test_the_checksums_are_those_of_the_packages(self):
         done = subprocess.run(["sha256sum", "--check", "--strict", "SHA256SUMS"], cwd=packages, capture_output=True, text=True)
@@ -535,7 +537,7 @@ class Packages(Installation):
                 with self.subTest(command), contextlib.chdir(folder):
                     code, output = run("cmd.exe", "/c", command)
                     self.assertEqual(code, 0, output)
-        # The clients have left the place of the form.
+        # The clients have saved the form's position.
         run("reg.exe", "delete", r"HKCU\Software\VB and VBA Program Settings", "/f")
         self.assert_as_before()
 
@@ -567,7 +569,8 @@ class Packages(Installation):
             for program in programs:
                 with self.subTest(program.name):
                     debug = next(pathlib.Path(symbols).rglob(program.name + ".debug"))
-                    # The program has the name, zeros up to a multiple of four, and the checksum of the file.
+                    # The program contains the file's name, padded with zeros to a multiple of four, and the file's
+                    # checksum.
                     name = debug.name.encode() + b"\0" * (4 - len(debug.name) % 4)
                     checksum = binascii.crc32(debug.read_bytes()).to_bytes(4, "little")
                     self.assertTrue(name + checksum in program.read_bytes())
@@ -578,5 +581,5 @@ class Packages(Installation):
 if __name__ == "__main__":
     wine_run, packages = os.path.abspath(sys.argv[1]), pathlib.Path(sys.argv[2]).resolve()
     prefix = pathlib.Path(os.environ["WINEPREFIX"])
-    log_file()  # starts Wine, which no test may do while it compares
+    log_file()  # starts Wine, which must not start during a comparison
     unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2, warnings="ignore")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests of every script's --help, and of what it says to an argument that it does not take: it does nothing else."""
+"""Tests of every script's --help and of its error for wrong arguments. Neither does anything else."""
 import pathlib
 import subprocess
 import unittest
@@ -29,7 +29,7 @@ class Help(unittest.TestCase):
 
     def test_an_unknown_option_is_named_and_refused(self):
         for script in SCRIPTS:
-            # What follows wine-run is the program's.
+            # The arguments after wine-run belong to the program.
             if script == "scripts/wine-run":
                 continue
             with self.subTest(script):

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests of scripts/setup with stand-ins for apt and dpkg: what it asks them to install on which system, what it says before,
-and that it changes nothing where it must not."""
+"""Tests of scripts/setup with stand-ins for apt and dpkg: the packages it installs on each system, the messages before
+that, and the systems that it leaves unchanged."""
 import os
 import pathlib
 import shutil
@@ -17,7 +17,7 @@ FEDORA = 'PRETTY_NAME="Fedora Linux 41"\nID=fedora\n'
 MINT = 'PRETTY_NAME="LMDE 6"\nID=linuxmint\nVERSION_CODENAME=faye\n'
 FORKY = 'PRETTY_NAME="Debian GNU/Linux forky/sid"\nID=debian\nVERSION_CODENAME=forky\n'
 
-# Each notes its call. The plan of apt-get --simulate comes from a file; without one it cannot be done.
+# Each stand-in logs its call. A file has the plan that apt-get --simulate prints; without that file it fails.
 STAND_INS = {
     "id": "echo 0",
     "dpkg-query": 'sed "s/^/installed /" installed',

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
-"""Tests of scripts/wine-test: it ends as its command does, and fails for a test program that ends before its last test.
+"""Tests of scripts/wine-test: its exit code is that of its command, except that an unfinished test program is a
+failure.
 
-    test_wine_test.py PREFIX PROGRAM    PROGRAM is the test program that ends too early
+    test_wine_test.py PREFIX PROGRAM    PROGRAM is a test program that ends too early
 """
 import pathlib
 import subprocess
@@ -9,7 +10,7 @@ import sys
 import unittest
 
 SCRIPTS = pathlib.Path(__file__).resolve().parent.parent.parent / "scripts"
-TIMEOUT = 200  # seconds; making a prefix takes one or two, the template of all prefixes ten
+TIMEOUT = 200  # seconds; a prefix takes one or two, the template of all prefixes ten
 
 prefix = ""
 program = ""

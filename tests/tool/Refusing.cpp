@@ -1,4 +1,4 @@
-// A component that may not register itself for the machine, as it is without an administrator's rights.
+// A component whose registration for the machine fails, as it does without administrator rights.
 #include "runtime/win32/WindowsHeaders.h"
 
 extern "C" HRESULT __stdcall DllRegisterServer() {

@@ -1,5 +1,5 @@
-// Prints the font that the component gives its forms, and the rule that chose it: on this system, or as on a system of
-// the locale whose number is the argument.
+// Prints the font that the component gives its forms, and the rule that chose it. Without an argument it uses this
+// system's locale, otherwise the locale with the given number.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>

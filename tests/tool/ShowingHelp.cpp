@@ -1,5 +1,5 @@
-// A help control that shows a plain window in help's place, without taking the keyboard, closes it after a moment, and
-// notes its calls in a file beside itself: whether there is an owner, the file, the command.
+// A help control for tests. It shows a plain window without taking the keyboard and closes it after a moment. It writes
+// each call to a file beside itself: whether there is an owner, the help file, the command.
 #include "runtime/win32/WindowsHeaders.h"
 
 #include <fstream>

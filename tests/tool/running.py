@@ -1,6 +1,6 @@
-"""What the tests of the tool share: running built programs under Wine, and scenarios of single runs.
+"""Shared by the tests of the tool: running built programs under Wine, and scenarios.
 
-Each file in scenarios/ is one run of the tool (see Scenario). The paths come from the command line, which main() reads.
+Each file in scenarios/ is one run of the tool (see Scenario). main() reads the paths from the command line.
 """
 import os
 import pathlib
@@ -15,7 +15,7 @@ import unittest
 
 HERE = pathlib.Path(__file__).resolve().parent
 EXAMPLES = HERE.parent.parent / "examples"
-# How many identifiers a whole language file translates.
+# The number of identifiers in a complete language file.
 TEXTS = len(re.findall(r"^[^#\s].*=", (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8"), re.M))
 TIMEOUT = 120  # seconds; a run takes one or two
 
@@ -28,8 +28,8 @@ def windows_path(path):
 
 
 def run(program, *arguments, text=b"", environment=None):
-    """The exit code, standard output and standard error of one run, as bytes."""
-    # Files, not pipes: helper processes of Wine inherit them and keep them open after the program has ended.
+    """Runs the program. Returns its exit code, standard output and standard error, as bytes."""
+    # Files instead of pipes: Wine's helper processes inherit pipes and keep them open after the program has ended.
     with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
         given.write(text)
         given.seek(0)
@@ -41,22 +41,22 @@ def run(program, *arguments, text=b"", environment=None):
 
 
 def copy_built(folder, *names):
-    """Copies built files into `folder`, each into the folder below it that it has in the build."""
+    """Copies built files into `folder`, keeping their subfolders."""
     for name in names:
         target = pathlib.Path(folder) / name
         target.parent.mkdir(exist_ok=True)
         shutil.copy(bin_folder / name, target)
 
 
-# Wine prefers its own control to the file in the system folder unless it is told otherwise.
+# Without this setting, Wine prefers its own control to the file in the system folder.
 SHOWS_HELP = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
 
 
 def replace_help_control(double):
-    """Puts a built double of the help control, without the notes of an earlier one, into the system folder; returns its
-    path. Only for the prefix of one test."""
+    """Copies a built help control for tests into the system folder and deletes an earlier one's record. Returns its
+    path. Use it only in a prefix of this test."""
     control = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "system32", "hhctrl.ocx")
-    # All prefixes share the file, so it must not be written to.
+    # All prefixes share this file as a hard link, so it must be replaced, not overwritten.
     control.unlink()
     pathlib.Path(f"{control}.txt").unlink(missing_ok=True)
     return pathlib.Path(shutil.copy(bin_folder / double, control))
@@ -67,7 +67,7 @@ def tool(*arguments, text=b""):
 
 
 class LiveHost:
-    """`backproc host` with its input held open."""
+    """`backproc host` with its standard input kept open."""
 
     def __enter__(self):
         self.process = subprocess.Popen([wine_run, str(bin_folder / "backproc.exe"), "host"], stdin=subprocess.PIPE,
@@ -85,20 +85,20 @@ class LiveHost:
             self.lines.put(line)
 
     def ask(self, *commands):
-        """The first line that the host prints after `commands`."""
+        """Sends `commands` and returns the next line that the host prints."""
         self.process.stdin.write(b"".join(command + b"\n" for command in commands))
         self.process.stdin.flush()
         return self.lines.get(timeout=TIMEOUT)
 
 
 class Scenario:
-    """One run: a file of sections, each headed by a line "--- name".
+    """One run of the tool: a file of sections, each with a heading "--- name".
 
-    arguments  one a line; {bin} stands for the folder of the tool
-    input      what the tool reads
-    output     what it prints; {*} stands for any text within a line, {bin} as above
-    errors     the same for standard error; it must be empty when the section is missing
-    exit       the exit code, 0 when the section is missing
+    arguments  one per line; {bin} stands for the tool's folder
+    input      the standard input
+    output     the expected standard output; {*} stands for any text within a line, {bin} as above
+    errors     the expected standard error; empty if the section is missing
+    exit       the exit code; 0 if the section is missing
     """
 
     def __init__(self, path):
@@ -147,8 +147,8 @@ class ToolTestCase(unittest.TestCase):
 
 
 def main():
-    """Runs the tests of the script; its arguments are WINE_RUN and BIN_FOLDER."""
+    """Runs the tests of the calling script. Its arguments are WINE_RUN and BIN_FOLDER."""
     global wine_run, bin_folder
     wine_run, bin_folder = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
-    # Without the warnings of pipes left open: Wine's helper processes hold the other end for as long as they like.
+    # Suppresses warnings about open pipes: Wine's helper processes keep the other end open for some time.
     unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")

@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Breaks an installation in one way after the other, and mends each by what the doctor advises, word for word.
+"""Breaks an installation in one way after the other, and repairs each by following the doctor's advice literally.
 
     test_broken_installations.py WINE_RUN BIN_FOLDER
 
-BROKEN and BROKEN_INI_FILES are the table: a name, how it is broken, the line of the doctor (subject and words), and what its advice means. Most
-advice names a command, which is run as it is written; where it asks for a file, the table has its words and a function.
+BROKEN and BROKEN_INI_FILES are the tables of cases: a name, a function that breaks the installation, the expected line of
+the doctor (subject and words), and its advice. Most advice contains a command, which the test runs as written. Advice
+that asks for a file has its words and a function in the table.
 """
 import dataclasses
 import os
@@ -25,14 +26,14 @@ MACHINE = "HKLM\\Software\\Classes\\"
 USER = "HKCU\\Software\\Classes\\"
 SERVER = MACHINE + "CLSID\\" + CLASS + "\\InprocServer32"
 PACKAGE = ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "dev/QmxKrn2K.dll")
-# What the doctor says about most installations of these tests: they have the development kernel and no suite.
+# A note that the doctor prints for most installations here, because they have the development kernel.
 ALWAYS_NOTED = "development kernel: shares no strings with the suite; for use with the suite"
-# In the place of the suite's kernel.
+# Stands in for the suite's kernel.
 SUITE_KERNEL = "kernel/recording/QmxKrn2K.dll"
 
 
 def interface_key(name):
-    """The key of an interface, by the identifier in the interface's definition."""
+    """The registry key of an interface, with the identifier from the IDL."""
     idl = (pathlib.Path(__file__).resolve().parents[2] / "host" / "com" / "K4TBackProcess.idl").read_text()
     before = idl[:re.search(rf"(dispinterface|interface) {name}\b[^;]*\{{", idl).start()]
     return "Interface\\{" + re.findall(r"uuid\(([0-9A-Fa-f-]+)\)", before)[-1].upper() + "}"
@@ -43,7 +44,7 @@ def system_folder():
 
 
 def as_64_bit(library):
-    """The bytes of a library that says that it is for 64-bit Windows."""
+    """The bytes of a library, changed so that its header says 64-bit Windows."""
     data = bytearray(library.read_bytes())
     header = int.from_bytes(data[0x3C:0x40], "little")
     data[header + 4:header + 6] = b"\x64\x86"
@@ -51,7 +52,7 @@ def as_64_bit(library):
 
 
 class Installation:
-    """The package in a folder of its own, registered for the machine."""
+    """The package in its own folder, registered for the machine."""
 
     def __init__(self, root):
         self.folder = root / "Orvane"
@@ -88,7 +89,7 @@ class Installation:
         self.ini.write_bytes(data if isinstance(data, bytes) else data.encode())
 
     def hold(self, key, value):
-        """A shared string, for as long as this installation is looked at."""
+        """Sets a shared string. A holding process keeps it until the end of the test."""
         self.holder.ask(f"set {key} {value}".encode(), b"get " + key.encode())
 
     def doctor(self):
@@ -114,12 +115,12 @@ class Broken:
     subject: str
     says: str
     advises: str = "run 'backproc "
-    mend: typing.Callable = None  # None: the commands in the advice
-    needs_strings: bool = False  # other programs hold the shared strings
-    stays: str = ""  # what the doctor still notes when all is mended
+    mend: typing.Callable = None  # None: run the commands in the advice
+    needs_strings: bool = False  # another program must hold the shared strings
+    stays: str = ""  # a note that the doctor still prints after the repair
 
 
-# How each is broken, where that takes more than a line.
+# Functions that break an installation, where a lambda is not enough.
 
 def unregister(it):
     it.run("unregister")
@@ -131,7 +132,7 @@ def register_for_the_user_alone(it):
 
 
 def register_for_both(it):
-    # Registering with the tool refuses this.
+    # The tool would refuse this registration.
     code, _, errors = run("regsvr32.exe", "/s", "/n", "/i:user", windows_path(it.component))
     assert code == 0, errors
 
@@ -318,10 +319,10 @@ BROKEN_INI_FILES = [
 class BrokenInstallations(ToolTestCase):
     @classmethod
     def setUpClass(cls):
-        # A program of another folder, without a kernel beside it.
+        # A program in another folder, without a kernel beside it.
         cls.client_folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         shutil.copy(running.bin_folder / "backproc.exe", cls.client_folder)
-        # As every Windows user has it.
+        # Every Windows user has this key.
         run("reg.exe", "add", "HKCU\\Software\\Classes", "/f")
 
     def setUp(self):
@@ -329,7 +330,7 @@ class BrokenInstallations(ToolTestCase):
 
     @staticmethod
     def tidy():
-        """Takes every registration back in one run."""
+        """Removes every registration, in one run."""
         keys = [NAME, "CLSID\\" + CLASS, "TypeLib\\" + LIBRARY, interface_key("_clsQmxBackProcess"),
                 interface_key("__clsQmxBackProcess")]
         with tempfile.NamedTemporaryFile("w", suffix=".reg") as script:
@@ -341,7 +342,7 @@ class BrokenInstallations(ToolTestCase):
         (system_folder() / "QmxKrn2K.dll").unlink(missing_ok=True)
 
     def follow(self, it, row, lines):
-        """Does what the line's advice says."""
+        """Follows the advice in the line."""
         meant = [line for line in lines if row.advises in line]
         self.assertTrue(meant, lines)
         if row.mend:
@@ -365,7 +366,7 @@ class BrokenInstallations(ToolTestCase):
             lines = [line for line in it.doctor() if not row.stays or row.stays not in line]
             if not lines:
                 return
-            # What is left has advice of its own.
+            # The remaining findings have their own advice.
             self.follow(it, Broken(row.name, row.how, row.subject, row.says), lines)
         self.assertEqual(lines, [])
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the verbs that show dialogs and answers them with keys.
+"""Runs the verbs that show dialogs and answers them with key strokes.
 
     test_dialogs.py WINE_RUN BIN_FOLDER
 """
@@ -16,7 +16,8 @@ from running import TIMEOUT, ToolTestCase, main, windows_path
 
 class Dialogs(ToolTestCase):
     def answer(self, keys, verb, *arguments, folder=None, environment=None):
-        """Exit code and output of a verb whose dialog is answered with `keys`; the tool is that in `folder`."""
+        """Runs a verb and answers its dialog with `keys`. Returns exit code and output. `folder` has the tool to
+        run."""
         title = f"Frage {os.getpid()}"
         display = os.environ.get("DISPLAY") or subprocess.check_output(
             [pathlib.Path(running.wine_run).parent / "start-display"], text=True, timeout=TIMEOUT).strip()
@@ -35,7 +36,8 @@ class Dialogs(ToolTestCase):
             while dialog.poll() is None and time.monotonic() < end:
                 press("search", "--onlyvisible", "--name", title, "windowfocus", "key")
                 time.sleep(0.3)
-            # A window that goes ends xdotool between down and up, and the next dialog would get a key that is held.
+            # If the window closes between key down and key up, xdotool ends without the release. The next dialog would
+            # receive a held key.
             press("keyup")
             output.seek(0)
             return dialog.poll(), output.read().decode()
@@ -55,7 +57,7 @@ class Dialogs(ToolTestCase):
             folder = pathlib.Path(name)
             running.copy_built(folder, "backproc.exe", "dev/QmxKrn2K.dll")
             control = running.replace_help_control("test/hhctrl.ocx")
-            # The character shows that the keys have arrived. "ctrl+F1" would release Ctrl first, which opens no help.
+            # The "a" shows that the keys have arrived. "ctrl+F1" would release Ctrl first, and then no help opens.
             keys = ["a", "keydown", "ctrl", "key", "F1", "keyup", "ctrl", "key", "Return"]
             answer = self.answer(keys, "query", "--kind", "1", "", folder=folder, environment=running.SHOWS_HELP)
             calls = pathlib.Path(f"{control}.txt").read_text(encoding="ascii")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the doctor in each state of a machine that keeps a client from the component.
+"""Runs the doctor in each state of a machine that makes a client fail.
 
     test_doctor.py WINE_RUN BIN_FOLDER
 """
@@ -15,14 +15,14 @@ CLASS = "{ECD8F3EF-620B-4D2C-8D9B-9F3E96273634}"
 
 
 def copy_package(folder, *left_out):
-    """The component, its kernel and the tool in a folder of their own; gives the path of the tool there."""
+    """Copies the component, its kernel and the tool into `folder`. Returns the path of the tool there."""
     names = ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "dev/QmxKrn2K.dll")
     running.copy_built(folder, *(name for name in names if name not in left_out))
     return pathlib.Path(folder) / "backproc.exe"
 
 
 class Doctor(ToolTestCase):
-    """Each state of a machine that keeps a client from the component, and what the tool says to it."""
+    """Each state of a machine that makes a client fail, and the doctor's findings."""
 
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
@@ -67,13 +67,13 @@ class Doctor(ToolTestCase):
         lines = self.diagnose(program)
         self.assertEqual(lines["registration"], "ok   registration: for the user")
         self.assertEqual(lines["type library"], "ok   type library: registered for the same file")
-        # Wine's COM does not look at a user's classes, and the doctor says so.
+        # Wine's COM ignores the classes of a user, and the doctor reports that.
         self.assert_bad(lines["activation"], "0x80040154", "backproc register")
 
     def test_registered_for_user_and_machine(self):
         program = copy_package(self.folder)
         run(program, "register")
-        # Registering with the tool refuses this.
+        # The tool would refuse this registration.
         run("regsvr32.exe", "/s", "/n", "/i:user", windows_path(self.folder / "K4TBackProcess.dll"))
         self.assert_bad(self.diagnose(program)["registration"], "hides", "unregister")
         code, output, errors = run(program, "register")
@@ -125,7 +125,7 @@ class Doctor(ToolTestCase):
         self.assertEqual(run(program, "register")[0], 0)
         with LiveHost() as holder:
             holder.ask(b'set AllAps EDITOR,"LIBRARY', b"get AllAps")
-            # Each run must end within the time that run() gives it.
+            # run() fails if a run does not end in time.
             self.assert_bad(self.diagnose(program)["modules"], "field 2, 'LIBRARY' opens a quote that is never closed",
                             "run 'backproc strings set AllAps \"EDITOR\"'")
             report = windows_path(self.folder / "ticket.txt")

@@ -1,9 +1,9 @@
 #!/usr/bin/env python3
-"""Runs the examples of the tool's own help texts as they are written there, so that none can rot.
+"""Runs the examples in the tool's help texts as written.
 
     test_help_texts.py WINE_RUN BIN_FOLDER
 
-They run in the order of the overview, in a folder that has what is handed out, with the component registered.
+They run in the order of the overview, in a folder with the package's files and with the component registered.
 """
 import os
 import pathlib
@@ -16,12 +16,12 @@ import unittest
 
 import running
 
-# What a verb's example gives; the others end with 0 and are not asked anything.
+# The exit codes of examples; the other examples must end with 0.
 EXIT_CODES = {"msgbox": 7}
-# What is run before a verb's example: no second registration is made beside the machine's.
+# A verb to run before the example, because a second registration would be refused.
 BEFORE = {"register": "unregister", "doctor": "register"}
 DIALOGS = {"error", "msgbox", "query"}
-# By how the line begins.
+# The expected output, by the beginning of the line.
 PRINTED = {
     "host": "1 created\n1 released\n",
     "texts get": "&Yes\n",
@@ -73,7 +73,7 @@ class HelpTexts(unittest.TestCase):
                     self.assertRegex(text, rf"\n  {option}\b")
 
     def answer(self, example, environment):
-        """The example's process, whose dialog gets Return until it ends."""
+        """Presses Return in the example's dialog until its process ends."""
         while example.poll() is None:
             subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "Orvane", "windowfocus", "key", "Return"],
                            env=environment, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, timeout=60)
@@ -81,7 +81,7 @@ class HelpTexts(unittest.TestCase):
         subprocess.run(["xdotool", "keyup", "Return"], env=environment, timeout=60)
 
     def run_example(self, verb, line):
-        """Exit code, output and errors of a command line, given to the command interpreter as it stands."""
+        """Runs a command line through the command interpreter. Returns exit code, output and errors."""
         batch = self.folder / "example.bat"
         batch.write_text(f"@{line}\n@exit %errorlevel%\n", encoding="ascii", newline="\r\n")
         display = os.environ.get("DISPLAY") or subprocess.check_output(

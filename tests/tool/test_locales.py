@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""The font of the forms, and texts, on systems of several languages: Wine takes the system's locale from its environment.
+"""The font of the forms, and texts, on systems with several languages. Wine takes the system's locale from its
+environment.
 
     test_locales.py WINE_RUN BIN_FOLDER LOCALE_FOLDER
 
-The locales are generated into LOCALE_FOLDER, unless they are there already.
+Missing locales are generated in LOCALE_FOLDER.
 """
 import os
 import pathlib
@@ -16,7 +17,7 @@ import unittest
 TIMEOUT = 120  # seconds; a run takes one or two
 JAPANESE_FACE = "\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF"
 WINE_FONTS = pathlib.Path("/usr/share/wine/fonts")
-# MS Sans Serif: the western, the Greek and the Cyrillic one. A system shows those of its own code page.
+# MS Sans Serif for Western, Greek and Cyrillic. A system shows the one for its own code page.
 MS_SANS_SERIF = ("sserife.fon", "sserifeg.fon", "sserifer.fon")
 
 wine_run = ""
@@ -25,11 +26,11 @@ locale_folder = pathlib.Path()
 
 
 def environment_of(locale):
-    """What a program runs with on a system of that locale, as "ja_JP"."""
+    """The environment of a program on a system with this locale, such as "ja_JP"."""
     path = locale_folder / (locale + ".UTF-8")
     if not path.exists():
         locale_folder.mkdir(parents=True, exist_ok=True)
-        # Under another name first: a run that is cut short leaves no half locale.
+        # The locale is generated under another name first, so that an interrupted run leaves no incomplete one.
         new = locale_folder / f"{locale}.{os.getpid()}.UTF-8"
         subprocess.run(["localedef", "-i", locale, "-f", "UTF-8", str(new)], check=True, timeout=TIMEOUT)
         new.rename(path)
@@ -37,8 +38,8 @@ def environment_of(locale):
 
 
 def output_of(locale, program, *arguments, text=""):
-    """What a program prints on a system of that locale; `text` is its input."""
-    # Files, not pipes: helper processes of Wine inherit them and keep them open after the program has ended.
+    """Runs a program on a system with this locale. Returns its output. `text` is its input."""
+    # Files instead of pipes: Wine's helper processes inherit pipes and keep them open after the program has ended.
     with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as output:
         given.write(text.encode("utf-8"))
         given.seek(0)
@@ -49,31 +50,31 @@ def output_of(locale, program, *arguments, text=""):
 
 
 def lines_of(locale, *arguments):
-    """What tests/tool/ShowFont.cpp prints, by the names of its lines."""
+    """The output of tests/tool/ShowFont.cpp, as a dictionary."""
     return dict(line.split("=", 1) for line in output_of(locale, "test/show_font.exe", *arguments).splitlines())
 
 
 def end_wine():
-    """Lets the server of the prefix end, which it does some seconds after its last program."""
+    """Waits until the prefix's Wine server ends, a few seconds after its last program."""
     subprocess.run(["wineserver", "-w"], check=True, timeout=TIMEOUT)
 
 
 def installed_fonts():
-    """Where the prefix has, or would have, its own MS Sans Serif."""
+    """The paths of MS Sans Serif in the prefix. The files need not exist."""
     folder = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "Fonts")
     return [folder / name for name in MS_SANS_SERIF]
 
 
 def remove_fonts():
-    # Wine lists the fonts when its server starts.
+    # Wine reads the list of fonts when its server starts.
     end_wine()
     for font in installed_fonts():
         font.unlink(missing_ok=True)
 
 
 def setUpModule():
-    lines_of("de_DE")  # makes the prefix
-    # Those of a run that was cut short would hide the last resort.
+    lines_of("de_DE")  # creates the prefix
+    # Fonts that an interrupted run left would make the tests of the last resort fail.
     if any(font.exists() for font in installed_fonts()):
         remove_fonts()
 
@@ -115,7 +116,7 @@ class SystemLocale(LocaleTestCase):
 
 
 class DoubleByteCodePage(unittest.TestCase):
-    """Code page 932, in which the second byte of some characters is that of a backslash: U+8868 is 95 5C."""
+    """Code page 932: the second byte of some characters is the byte of a backslash. U+8868 is 95 5C."""
 
     def test_unit_test_that_needs_it_runs(self):
         output = output_of("ja_JP", "unit_tests.exe", "--gtest_filter=Win32Locale.DoubleByteTextComesBack")
@@ -152,5 +153,5 @@ class SystemLocaleWithMsSansSerif(LocaleTestCase):
 if __name__ == "__main__":
     wine_run = sys.argv[1]
     bin_folder, locale_folder = (pathlib.Path(folder).resolve() for folder in sys.argv[2:4])
-    # Without the warnings of pipes left open: Wine's helper processes hold the other end for as long as they like.
+    # Suppresses warnings about open pipes: Wine's helper processes keep the other end open for some time.
     unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")

@@ -74,7 +74,7 @@ class Texts(ToolTestCase):
         lines = [line.split("\t") for line in output.decode().splitlines()]
         self.assertEqual((code, errors, lines[-1]), (0, b"", [f"{TEXTS} of {TEXTS} identifiers translated"]))
         for line in lines[:-1]:
-            # "LOC" has two English forms, of which a language file has one.
+            # "LOC" has two English forms. A language file has only one of them.
             self.assertTrue(line[2] == line[3] or line[1] == "LOC", line)
 
     def test_texts_goes_on_without_a_kernel(self):

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Runs the built tool and the example clients under Wine and compares what they print.
+"""Runs the built tool and the example clients under Wine and compares their output.
 
     test_tool.py WINE_RUN BIN_FOLDER
 
-Each file in scenarios/ is one run of the tool; what needs more than one process is below. The component is
-registered in the Wine prefix while the tests run that need it.
+Each file in scenarios/ is one run of the tool. Tests with several processes are below. The component is registered only
+for the tests that need it.
 """
 import pathlib
 import shutil
@@ -51,7 +51,7 @@ class WithoutComponent(ToolTestCase):
         self.assertRegex(errors, rb"^backproc strings: there are no strings in .*QmxKrn2K\.dll; they exist while a program")
 
     def test_where_shows_each_value_with_its_source(self):
-        # A blank in the folder's name puts the argument in quotes, as the component wants it.
+        # The folder's name has a blank, so that the argument is in quotes, as the component needs it.
         with tempfile.TemporaryDirectory(suffix=" sys") as folder:
             ini = pathlib.Path(folder) / "MARLENTO.INI"
             ini.write_text("[Marlento]\nJobDir=D:\\job\n", encoding="ascii")
@@ -140,7 +140,7 @@ class WithoutComponent(ToolTestCase):
 class WithComponent(ToolTestCase):
     @classmethod
     def setUpClass(cls):
-        # For the machine: Wine's COM does not look at a user's classes.
+        # The component is registered for the machine, because Wine's COM ignores the classes of a user.
         code, _, errors = tool("register")
         if code != 0:
             raise RuntimeError("cannot register: " + errors.decode())
@@ -224,7 +224,7 @@ class WithComponent(ToolTestCase):
                          ["Caption=[Hintergrund]", "Caption=[Background]", "Caption=[Hintergrund]"])
         folders = [line for line in shown if line.startswith("LanguagePath")]
         self.assertEqual([line[-3:] for line in folders], ["de]", "en]", "de]"])
-        # What the load published stays.
+        # The strings that the load published are unchanged.
         self.assertIn("K4TBACKPROCESS=[Pelorix Background Processing Application, 0, 0, 0, 0]", shown)
 
     def test_the_help_file_has_its_topics(self):

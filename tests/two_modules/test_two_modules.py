@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The sample modules EDITOR and LIBRARY: programs with windows, in processes of their own, that deliver commands to each other.
+"""Tests of the sample modules EDITOR and LIBRARY: two processes with windows that deliver commands to each other.
 
     test_two_modules.py WINE_RUN BIN_FOLDER EXAMPLES
 
@@ -16,7 +16,7 @@ import tempfile
 import time
 import unittest
 
-TIMEOUT = 120  # seconds for what takes one or two; a burst takes longer on a busy machine
+TIMEOUT = 120  # seconds; most steps take one or two, a burst takes longer on a busy machine
 BURST = 1000
 
 wine_run = ""
@@ -29,7 +29,7 @@ def windows_path(path):
 
 
 def tool(*arguments):
-    # A file, not a pipe: helper processes of Wine inherit it and keep it open after the program has ended.
+    # A file instead of a pipe: Wine's helper processes inherit a pipe and keep it open after the program has ended.
     with tempfile.TemporaryFile() as output:
         subprocess.run([wine_run, str(bin_folder / "backproc.exe"), *arguments], check=True, stdout=output,
                        stderr=subprocess.DEVNULL, timeout=TIMEOUT)
@@ -51,12 +51,12 @@ class Program:
         self.process.stdin.flush()
 
     def lines(self):
-        """What it has said, without its name in front."""
+        """The lines that the module has printed, without its name at the beginning."""
         said = pathlib.Path(self.output.name).read_text(encoding="utf-8").splitlines()
         return [line.partition(": ")[2] for line in said]
 
     def wait_for(self, line, count=1):
-        """Until it has said `line` that often."""
+        """Waits until the module has printed `line` that many times."""
         end = time.monotonic() + TIMEOUT
         while self.lines().count(line) < count:
             if time.monotonic() > end:
@@ -67,7 +67,7 @@ class Program:
         return [line.removeprefix(f"from {module}: ") for line in self.lines() if line.startswith(f"from {module}: ")]
 
     def quit(self):
-        """Its exit code."""
+        """Ends the module and returns its exit code."""
         self.type("quit")
         return self.process.wait(TIMEOUT)
 
@@ -82,7 +82,7 @@ class Program:
 class TwoModules(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        subprocess.run(["wineserver", "-p"], check=True)  # stays between the tests; scripts/wine-test ends it
+        subprocess.run(["wineserver", "-p"], check=True)  # keeps running between the tests; scripts/wine-test ends it
         tool("register")
 
     def start(self, path, *arguments):
@@ -147,7 +147,7 @@ class TwoModules(unittest.TestCase):
         self.editor.wait_for("from EDITOR: still here")
         self.assertIn("LIBRARY is not running, not delivered: last", self.editor.lines())
         self.assertFalse([line for line in self.editor.lines() if "busy" in line])
-        # A new one gets what is sent to it, and nothing that was meant for the one before.
+        # A new module receives commands for it, and none that were sent to the earlier one.
         self.library = self.start(bin_folder / "examples" / "two-modules" / "library.exe")
         self.editor.type("LIBRARY welcome")
         self.library.wait_for("from EDITOR: welcome")
