@@ -14,11 +14,11 @@ class Blocks(unittest.TestCase):
         text = document("Run:", "", "```sh", "./one  # first", "./two", "```")
         self.assertEqual(read("D", text), [Command("D", "./one  # first"), Command("D", "./two")])
 
-    def test_a_plain_block_below_is_what_the_last_line_prints(self):
+    def test_plain_block_below_is_the_output_of_the_last_line(self):
         text = document("```sh", "./one", "./two", "```", "", "```", "printed", "```")
         self.assertEqual(read("D", text), [Command("D", "./one"), Command("D", "./two", ["printed"])])
 
-    def test_a_plain_block_behind_other_text_is_not(self):
+    def test_plain_block_after_other_text_is_an_illustration(self):
         text = document("```sh", "./one", "```", "", "Something else:", "", "```", "shown", "```")
         self.assertEqual(read("D", text), [Command("D", "./one"), Illustration("D", "shown\n")])
 
@@ -28,12 +28,12 @@ class Blocks(unittest.TestCase):
                          [Command("D", "./one", []), Command("D", "./two", ["a", "b"]),
                           Command("D", "three", ["c"], is_for_windows=True)])
 
-    def test_a_path_before_the_block_names_the_file_that_it_is(self):
+    def test_block_after_a_path_is_a_file_to_create(self):
         text = document("Text, `build/try/a.vbs`:", "", "```vb", "x", "```", "And `C:\\Orvane\\LANG\\a.txt`:", "", "```", "y", "```")
         self.assertEqual(read("D", text), [MadeFile("D", "build/try/a.vbs", "x\n"),
                                            MadeFile("D", "build/wine/drive_c/Orvane/LANG/a.txt", "y\n")])
 
-    def test_a_file_of_the_project_is_quoted(self):
+    def test_block_after_a_project_file_is_a_quotation(self):
         text = document("As in `routing/A.cpp`:", "", "```cpp", "x", "```")
         self.assertEqual(read("D", text), [Quotation("D", "routing/A.cpp", "x\n")])
 

@@ -50,7 +50,7 @@ def anchors(document):
 
 
 class References(unittest.TestCase):
-    def test_links_lead_somewhere(self):
+    def test_links_have_targets(self):
         for document in documents():
             for link in LINK.findall(prose(document.read_text(encoding="utf-8"))):
                 with self.subTest(f"{document.name}: {link}"):
@@ -66,7 +66,7 @@ class References(unittest.TestCase):
             if document.name != "README.md":
                 self.assertIn(str(document.relative_to(project)), linked)
 
-    def test_files_and_folders_that_are_named_exist(self):
+    def test_named_files_and_folders_exist(self):
         folders = {path.name for path in project.iterdir() if path.is_dir()} - {"build", "dist", ".git"}
         for document in documents():
             for code in CODE.findall(prose(document.read_text(encoding="utf-8"))):
@@ -75,7 +75,7 @@ class References(unittest.TestCase):
                 with self.subTest(f"{document.name}: {code}"):
                     self.assertTrue((project / code).exists() or list(project.glob(code + ".*")) or "XVerb" in code)
 
-    def test_the_table_of_folders_is_the_rule_that_is_checked(self):
+    def test_table_of_folders_matches_check_includes(self):
         rows = re.findall(r"^\| `([\w/]+)/` \|.*\| (.*) \|$", (project / "docs/ARCHITECTURE.md").read_text(), re.MULTILINE)
         allowed = script("check-includes").ALLOWED
         self.assertEqual({folder for folder, _ in rows}, set(allowed))

@@ -233,7 +233,7 @@ class RoundTrip(Installation):
         folder.parent.rmdir()
         self.assert_as_before()
 
-    def test_the_user_is_refused_beside_the_machine(self):
+    def test_user_installation_beside_the_machine_s_is_refused(self):
         folder = prefix / "drive_c" / "Program Files" / NAME
         self.assertEqual(run(self.setup, "/S", "/AllUsers")[0], 0)
         installed = files()
@@ -242,7 +242,7 @@ class RoundTrip(Installation):
         self.remove(folder)
         self.assert_as_before()
 
-    def test_the_machine_is_refused_beside_the_user(self):
+    def test_machine_installation_beside_the_user_s_is_refused(self):
         folder = prefix / "drive_c" / "own"
         self.assertEqual(run(self.setup, "/S", r"/D=C:\own")[0], 0)
         installed = files()
@@ -251,7 +251,7 @@ class RoundTrip(Installation):
         self.remove(folder)
         self.assert_as_before()
 
-    def test_removal_leaves_a_registration_from_another_folder_alone(self):
+    def test_removal_keeps_a_registration_from_another_folder(self):
         folder = prefix / "drive_c" / "Program Files" / NAME
         self.assertEqual(run(self.setup, "/S", "/AllUsers")[0], 0)
         with unpacked() as other:
@@ -262,7 +262,7 @@ class RoundTrip(Installation):
             self.assertEqual(run(program, "unregister")[0], 0)
         self.assert_as_before()
 
-    def test_removal_leaves_a_later_installation_in_another_folder_alone(self):
+    def test_removal_keeps_a_later_installation_elsewhere(self):
         first, second = prefix / "drive_c" / "first", prefix / "drive_c" / "second"
         for scope in (["/AllUsers"], []):
             with self.subTest(scope):
@@ -277,7 +277,7 @@ class RoundTrip(Installation):
                 self.remove(second)
                 self.assert_as_before()
 
-    def test_installing_again_over_itself_is_no_error(self):
+    def test_installing_again_succeeds(self):
         folder = prefix / "drive_c" / "Program Files" / NAME
         for _ in range(2):
             self.assertEqual(run(self.setup, "/S", "/AllUsers")[0], 0)
@@ -321,7 +321,7 @@ class FilesOfOthers(Installation):
             self.assertIn(fr"Left as it is, because", log())
             self.assertIn(fr": C:\Suite\{name}", log())
 
-    def test_they_stay_as_they_are(self):
+    def test_foreign_files_stay_unchanged(self):
         write(self.folder, self.FOREIGN)
         self.assertEqual(run(self.setup, "/S", "/AllUsers", "/DevKernel", r"/D=C:\Suite")[0], 0)
         self.assertLessEqual(self.FOREIGN.items(), contents(self.folder).items())
@@ -330,7 +330,7 @@ class FilesOfOthers(Installation):
         self.remove(self.folder)
         self.assertEqual(contents(self.folder), self.FOREIGN)
 
-    def test_they_stay_as_they_are_with_windows(self):
+    def test_foreign_files_stay_unchanged_with_windows(self):
         write(self.folder, self.FOREIGN)
         self.assertEqual(run_with_windows(self.setup, "/AllUsers", "/DevKernel", r"/D=C:\Suite"), 0)
         self.assertLessEqual(self.FOREIGN.items(), contents(self.folder).items())
@@ -339,7 +339,7 @@ class FilesOfOthers(Installation):
         self.remove_with_windows(self.folder)
         self.assertEqual(contents(self.folder), self.FOREIGN)
 
-    def test_a_file_of_ours_that_was_changed_since_stays(self):
+    def test_changed_file_of_the_package_stays(self):
         changed = {"CHANGELOG.html": b"notes of the user", "examples/client.vbs": b"' adapted"}
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         write(self.folder, changed)
@@ -353,7 +353,7 @@ class FilesOfOthers(Installation):
         self.assertEqual(contents(self.folder), changed | late)
         self.assert_named(r"docs\USING.html")
 
-    def test_an_update_replaces_the_unchanged_files(self):
+    def test_update_replaces_unchanged_files(self):
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         new = contents(self.folder)
         # The state that an older set-up would have left: other contents, and a file that no longer ships.
@@ -371,7 +371,7 @@ class FilesOfOthers(Installation):
         self.assertFalse(self.folder.exists())
         self.assert_as_before()
 
-    def test_set_up_gives_up_where_a_foreign_file_has_the_place_of_a_program(self):
+    def test_foreign_file_in_place_of_a_program_stops_set_up(self):
         for name in ("K4TBackProcess.dll", "backproc.exe", UNINSTALLER, RECORD):
             with self.subTest(name):
                 foreign = {name: b"of unknown origin"}
@@ -383,7 +383,7 @@ class FilesOfOthers(Installation):
                 self.assertEqual(changes(self.registry, registry()), [])
                 (self.folder / name).unlink()
 
-    def test_first_set_up_is_replaced_as_the_message_says(self):
+    def test_following_the_message_replaces_the_first_set_up(self):
         with unpacked() as package_folder:
             shutil.copytree(package_folder, self.folder, dirs_exist_ok=True)
         shutil.rmtree(self.folder / "dev")
@@ -410,7 +410,7 @@ class FilesOfOthers(Installation):
         shutil.rmtree(self.folder)
         self.assert_as_before()
 
-    def test_set_up_gives_up_where_a_program_of_ours_was_changed(self):
+    def test_changed_program_stops_set_up(self):
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         write(self.folder, {"backproc.exe": b"patched"})
         before = contents(self.folder)
@@ -509,7 +509,7 @@ class Packages(Installation):
         self.assertNotIn("QmxKrn2K.dll", names)
         self.assertEqual([name for name in names if name.endswith(".md")], [])
 
-    def test_links_of_the_documents_lead_somewhere(self):
+    def test_links_of_the_documents_have_targets(self):
         with unpacked() as folder:
             pages = sorted(folder.rglob("*.html"))
             self.assertGreater(len(pages), 3)

@@ -69,7 +69,7 @@ class Setup(unittest.TestCase):
     def installs(self):
         return [line for line in self.calls("install") if "--simulate" not in line]
 
-    def test_another_system_is_left_alone_and_what_it_needs_is_named(self):
+    def test_unsupported_system_is_unchanged_and_packages_are_named(self):
         for system, name in ((FEDORA, "Fedora Linux 41"), (MINT, "LMDE 6"), (FORKY, "Debian GNU/Linux forky/sid")):
             with self.subTest(name):
                 done = self.run_setup(system, "demo")
@@ -78,13 +78,13 @@ class Setup(unittest.TestCase):
                 self.assertIn(" xvfb ", done.stderr)
                 self.assertEqual((self.folder / "calls").read_text(), "")
 
-    def test_with_nothing_missing_nothing_is_called_or_said(self):
+    def test_nothing_missing_calls_and_prints_nothing(self):
         self.write("installed", "debootstrap\n")
         done = self.run_setup(BOOKWORM, "platforms")
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
         self.assertEqual((self.folder / "calls").read_text(), "")
 
-    def test_names_follow_the_release(self):
+    def test_package_names_depend_on_the_release(self):
         self.write("own-plan", "Inst clang (1 Debian [amd64])\n")
         for system, name, other in ((BOOKWORM, "libclang-rt-14-dev", "libclang-rt-dev"),
                                     (TRIXIE, "libclang-rt-dev", "libclang-rt-14-dev")):
@@ -94,29 +94,29 @@ class Setup(unittest.TestCase):
                 self.assertIn(name, words)
                 self.assertNotIn(other, words)
 
-    def test_only_what_is_missing_for_the_purpose_is_asked_for(self):
+    def test_only_missing_packages_are_installed(self):
         self.write("own-plan", "Inst gcovr (5.2-1 Debian [all])\n")
         self.write("installed", "git\ncmake\nninja-build\ng++\ngoogletest\npython3\nlocales\n")
         self.assertEqual(self.run_setup(BOOKWORM, "coverage").returncode, 0)
         self.assertEqual(self.installs()[0].split()[-2:], ["ccache", "gcovr"])
         self.assertEqual(self.calls("--add-architecture"), [])
 
-    def test_the_second_architecture_is_added_for_wine(self):
+    def test_second_architecture_is_added_for_wine(self):
         self.write("own-plan", "Inst wine (8 Debian [all])\n")
         self.assertEqual(self.run_setup(BOOKWORM, "demo").returncode, 0)
         self.assertEqual(self.calls("--add-architecture"), ["dpkg --add-architecture i386"])
 
-    def test_what_comes_is_said_first(self):
+    def test_new_packages_are_announced_first(self):
         self.write("own-plan", "Inst libone (1 Debian [amd64])\nInst libtwo:i386 (1 Debian [i386])\nConf libone (1 Debian [amd64])\n")
         done = self.run_setup(BOOKWORM, "platforms")
         self.assertEqual(done.stdout.splitlines()[0], "setup: new packages: 2, 2 MB; upgraded packages: none")
 
-    def test_installed_packages_that_change_are_named(self):
+    def test_upgraded_packages_are_named(self):
         self.write("own-plan", "Inst libnew (1 Debian [amd64])\nInst libold [1] (2 Debian [amd64])\nInst perl [1] (2 Debian [amd64]) []\n")
         done = self.run_setup(BOOKWORM, "platforms")
         self.assertEqual(done.stdout.splitlines()[0], "setup: new packages: 1, 1 MB; upgraded packages: libold perl")
 
-    def test_the_way_out_is_the_main_archive_of_the_same_release(self):
+    def test_failing_sources_fall_back_to_the_main_archive(self):
         self.write("main-plan", "Inst debootstrap (1 Debian [all])\n")
         for system, release in ((BOOKWORM, "bookworm"), (TRIXIE, "trixie")):
             with self.subTest(release):
@@ -132,7 +132,7 @@ class Setup(unittest.TestCase):
             self.assertIn(" --no-remove ", line)
             self.assertNotIn("--allow-", line)
 
-    def test_without_a_way_nothing_is_installed(self):
+    def test_no_possible_plan_installs_nothing(self):
         done = self.run_setup(BOOKWORM, "platforms")
         self.assertNotEqual(done.returncode, 0)
         self.assertIn("removes and downgrades nothing: debootstrap", done.stderr)

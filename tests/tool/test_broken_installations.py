@@ -378,7 +378,7 @@ class BrokenInstallations(ToolTestCase):
         self.break_and_mend(it, row)
         self.check_client(it)
 
-    def test_each_is_mended_by_what_the_doctor_says(self):
+    def test_doctors_advice_repairs_each_installation(self):
         for row in BROKEN:
             with self.subTest(row.name), tempfile.TemporaryDirectory() as root:
                 try:
@@ -387,7 +387,7 @@ class BrokenInstallations(ToolTestCase):
                     self.doCleanups()
                     self.tidy()
 
-    def test_each_ini_file_is_mended_by_what_the_doctor_says(self):
+    def test_doctors_advice_repairs_each_ini_file(self):
         with tempfile.TemporaryDirectory() as root:
             it = Installation(pathlib.Path(root))
             it.run("register")

@@ -42,7 +42,7 @@ class Dialogs(ToolTestCase):
             output.seek(0)
             return dialog.poll(), output.read().decode()
 
-    def test_msgbox_speaks_the_language_of_a_folder(self):
+    def test_msgbox_uses_the_language_of_the_folder(self):
         with tempfile.TemporaryDirectory() as folder:
             (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("39171 = &Ja\n", encoding="utf-8")
             # The English box has no button for this letter.
@@ -64,7 +64,7 @@ class Dialogs(ToolTestCase):
         self.assertEqual(answer, (0, "text=a\nindex=0\n"))
         self.assertEqual(calls.splitlines(), [f"ownerless [{windows_path(folder)}\\Marlentine.chm] 1"])
 
-    def test_query_tells_its_ends_apart(self):
+    def test_query_reports_how_it_ended(self):
         self.assertEqual(self.ask("Return", "--kind", "1", "abc  "), (0, "text=abc\nindex=0\n"))
         self.assertEqual(self.ask("Return", "--kind", "1", ""), (0, "text=\nindex=0\n"))
         self.assertEqual(self.ask("Escape", "--kind", "1", "abc"), (1, "text=\nindex=-1\n"))

@@ -58,7 +58,7 @@ class HelpTexts(unittest.TestCase):
     def tearDownClass(cls):
         running.run(cls.tool, "unregister")
 
-    def test_every_verb_explains_itself_in_the_same_form(self):
+    def test_help_of_every_verb_has_the_same_form(self):
         self.assertIn("host", verbs())
         for verb in verbs():
             with self.subTest(verb):
@@ -98,7 +98,7 @@ class HelpTexts(unittest.TestCase):
             errors.seek(0)
             return code, output.read().decode("utf-8"), errors.read().decode("utf-8")
 
-    def test_every_example_works_as_it_is_written(self):
+    def test_every_example_works_as_written(self):
         for verb in verbs():
             if verb in BEFORE:
                 self.assertEqual(running.run(self.tool, BEFORE[verb])[0], 0)

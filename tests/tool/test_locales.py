@@ -110,7 +110,7 @@ class SystemLocale(LocaleTestCase):
                          ("0x0407", "8", "0", "font of icon titles"))
         self.assertRegex(lines["face"], r"^\[[^ ].*\]$")
 
-    def test_pretended_locale_decides_alone(self):
+    def test_given_locale_overrides_the_system_s(self):
         self.assertEqual(lines_of("de_DE", "3090")["rule"], "other Korean")
         self.assertEqual(lines_of("de_DE", "0x30404")["rule"], "other Chinese")
 
@@ -123,7 +123,7 @@ class DoubleByteCodePage(unittest.TestCase):
         self.assertIn("[  PASSED  ] 1 test.\n", output)
         self.assertNotIn("SKIPPED", output)
 
-    def test_shared_string_comes_back(self):
+    def test_shared_string_is_returned_unchanged(self):
         output = output_of("ja_JP", "backproc.exe", "host", text="set JobDir C:\\\u8A2D\u8A08\\\u8868\nget JobDir\n")
         self.assertEqual(output, "JobDir=[C:\\\u8A2D\u8A08\\\u8868]\n")
 
@@ -139,7 +139,7 @@ class SystemLocaleWithMsSansSerif(LocaleTestCase):
     def test_german(self):
         self.check("de_DE", "0x0407", "MS Sans Serif", "8", "0", "first installed face")
 
-    def test_japanese_does_not_look_for_it(self):
+    def test_japanese_ignores_ms_sans_serif(self):
         self.check("ja_JP", "0x0411", JAPANESE_FACE, "9", "128", "Japanese")
 
     def test_character_set_is_the_user_s(self):

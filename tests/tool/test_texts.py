@@ -11,7 +11,7 @@ from running import EXAMPLES, LiveHost, TEXTS, ToolTestCase, main, tool, windows
 
 
 class Texts(ToolTestCase):
-    def test_text_is_the_current_language_s(self):
+    def test_get_uses_the_current_language(self):
         with tempfile.TemporaryDirectory() as folder, LiveHost() as holder:
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"
             texts.write_text("39171 = &Ja\n1 = eins\\nzwei\n2 =\n4 = \\s\n", encoding="utf-8")
@@ -25,7 +25,7 @@ class Texts(ToolTestCase):
             self.assertEqual(tool("texts", "get", "3"), (1, b"", b"backproc texts: there is no text '3' in the current language; "
                                                          b"give a DEFAULT, or see 'backproc texts'\n"))
 
-    def test_texts_finds_each_example_language_complete_and_in_order(self):
+    def test_each_example_language_is_complete(self):
         for language in ("German", "French", "Japanese"):
             with self.subTest(language):
                 folder = windows_path(EXAMPLES / "languages" / language)
@@ -34,7 +34,7 @@ class Texts(ToolTestCase):
                 self.assertEqual((code, errors, lines[-1]), (0, b"", f"{TEXTS} of {TEXTS} identifiers translated"))
                 self.assertEqual({line.split("\t")[0] for line in lines[:-1]}, {"translated"}, lines)
 
-    def test_texts_takes_the_current_language(self):
+    def test_texts_uses_the_current_language(self):
         with tempfile.TemporaryDirectory() as folder, LiveHost() as holder:
             (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("39171 = &Ja\nwords\n7 = x\n", encoding="utf-8")
             self.assertEqual(tool("texts")[::2], (1, b"backproc texts: no language folder is chosen; give one with --folder\n"))
@@ -48,7 +48,7 @@ class Texts(ToolTestCase):
         self.assertEqual(lines[-3:], [f"unreadable\t{path}:2\thas no '='", f"unknown\t{path}:3\t7\t[x]",
                                       f"1 of {TEXTS} identifiers translated"])
 
-    def test_texts_names_a_file_that_it_cannot_take(self):
+    def test_unusable_file_is_named(self):
         with tempfile.TemporaryDirectory() as folder:
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"
             path = windows_path(texts)
@@ -77,21 +77,21 @@ class Texts(ToolTestCase):
             # "LOC" has two English forms. A language file has only one of them.
             self.assertTrue(line[2] == line[3] or line[1] == "LOC", line)
 
-    def test_texts_goes_on_without_a_kernel(self):
+    def test_texts_works_without_a_kernel(self):
         with tempfile.TemporaryDirectory() as folder:
             running.copy_built(folder, "backproc.exe", "K4TBackProcess.dll")
             code, output, errors = running.run(pathlib.Path(folder) / "backproc.exe", "texts")
         self.assertEqual((code, output.decode().splitlines()[-1]), (1, f"0 of {TEXTS} identifiers translated"))
         self.assertRegex(errors, rb"^backproc texts: File not found: QmxKrn2K\.dll.*; without a kernel, give .* with --folder\n$")
 
-    def test_texts_shows_a_caption_as_the_code_page_publishes_it(self):
+    def test_caption_is_shown_as_published(self):
         with tempfile.TemporaryDirectory() as folder:
             (pathlib.Path(folder) / "K4TBackProcess.txt").write_text("561 = 日本\n39171 = 日\n", encoding="utf-8")
             output = tool("texts", "--folder", windows_path(folder))[1].decode().splitlines()
         changed = [line for line in output if "published as" in line]
         self.assertEqual([(line.split("\t")[1], line.split("\t")[-1]) for line in changed], [("561", "published as [??]")])
 
-    def test_msgbox_wants_the_language_file_that_it_is_given(self):
+    def test_msgbox_without_the_language_file_fails(self):
         with tempfile.TemporaryDirectory() as folder:
             code, output, errors = tool("msgbox", "--language", windows_path(folder), "Overwrite?")
         expected = (f"backproc msgbox: there is no language file '{windows_path(folder)}\\K4TBackProcess.txt'; "
@@ -105,7 +105,7 @@ class Texts(ToolTestCase):
                             "give a folder that has a K4TBackProcess.txt\n")
                 self.assertEqual(tool(*arguments), (failure, b"", expected.encode()))
 
-    def test_texts_tells_by_its_exit_code_what_is_missing_alone(self):
+    def test_exit_code_reports_missing_texts_only(self):
         german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
         with tempfile.TemporaryDirectory() as folder:
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"
@@ -120,7 +120,7 @@ class Texts(ToolTestCase):
             self.assertEqual((code, output.decode().splitlines()[-1]), (1, f"{TEXTS - 1} of {TEXTS} identifiers translated"))
         self.assertEqual(tool("texts", "--nothing")[0], 2)
 
-    def test_texts_measures_captions_and_looks_for_lost_keys(self):
+    def test_wide_captions_and_lost_keys_are_reported(self):
         german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
         with tempfile.TemporaryDirectory() as folder:
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"
@@ -132,7 +132,7 @@ class Texts(ToolTestCase):
         self.assertEqual(found[0], f"key\t{windows_path(texts)}:{line}\t39172\thas no access key; put '&' before a letter")
         self.assertRegex(found[1], r"^wide\t.*:\d+\t39172\tis \d+ pixels wide, and its button has room for \d+$")
 
-    def test_texts_says_of_utf16_how_to_save_it(self):
+    def test_utf16_file_is_reported_with_advice(self):
         with tempfile.TemporaryDirectory() as folder:
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"
             texts.write_text("39171 = &Ja\n", encoding="utf-16")
@@ -140,7 +140,7 @@ class Texts(ToolTestCase):
         self.assertEqual((code, errors), (1, b""))
         self.assertIn(f"encoding\t{windows_path(texts)}\tis UTF-16; save it as UTF-8\n", output.decode())
 
-    def test_template_goes_into_a_new_file(self):
+    def test_template_is_written_to_a_new_file(self):
         with tempfile.TemporaryDirectory() as folder:
             path = pathlib.Path(folder) / "K4TBackProcess.txt"
             self.assertEqual(tool("texts", "--template", "--output", windows_path(path)), (0, b"", b""))

@@ -26,7 +26,7 @@ class WithoutComponent(ToolTestCase):
     def test_scenarios(self):
         self.check_all("unregistered")
 
-    def test_very_long_lines_pass_through(self):
+    def test_very_long_lines_are_kept(self):
         text = "x" * 200_000
         code, output, errors = tool("host", text=f"set Long {text}\nget Long\n".encode())
         self.assertEqual((code, errors), (0, b""))
@@ -67,12 +67,12 @@ class WithoutComponent(ToolTestCase):
         self.assertIn("secondary job folder=[C:\\CADJOB] default", plain)
         self.assertIn("product name=[Orvane] default", plain)
 
-    def test_strings_says_when_the_kernel_keeps_another_text(self):
+    def test_strings_reports_a_text_that_the_kernel_changed(self):
         code, output, errors = tool("strings", "set", "Maker", "日本")
         self.assertEqual((code, output), (0, b""))
         self.assertRegex(errors, rb"^backproc strings: the kernel keeps it as \[\?\?\]; the ANSI code page")
 
-    def test_where_shows_what_the_ansi_code_page_makes_of_a_value(self):
+    def test_where_shows_values_as_the_code_page_changes_them(self):
         with tempfile.TemporaryDirectory(suffix=" sys") as folder:
             (pathlib.Path(folder) / "MARLENTO.INI").write_text("[Marlento]\nJobDir=D:\\日\nSysDir=D:\\日\n",
                                                                encoding="utf-8")
@@ -80,7 +80,7 @@ class WithoutComponent(ToolTestCase):
         self.assertIn("job folder=[D:\\?] INI file, changed by the ANSI code page", output)
         self.assertIn("system folder setting=[D:\\日] INI file", output)
 
-    def test_where_goes_on_without_a_kernel(self):
+    def test_where_works_without_a_kernel(self):
         with tempfile.TemporaryDirectory() as folder:
             for name in ("backproc.exe", "K4TBackProcess.dll"):
                 shutil.copy(running.bin_folder / name, folder)
@@ -94,7 +94,7 @@ class WithoutComponent(ToolTestCase):
         self.assertIn("job folder=[D:\\JOB] INI file", lines)
         self.assertIn("library folder=[C:\\?\\LIB] default", lines)
 
-    def test_where_goes_on_with_a_kernel_that_clients_do_not_find(self):
+    def test_where_works_with_a_kernel_hidden_from_clients(self):
         with tempfile.TemporaryDirectory() as name:
             folder, tools = pathlib.Path(name), pathlib.Path(name) / "tools"
             tools.mkdir()
@@ -112,7 +112,7 @@ class WithoutComponent(ToolTestCase):
         self.assertEqual(strings[:2], (1, b""))
         self.assertIn(b"is only beside this tool", strings[2])
 
-    def test_a_lone_tool_says_that_the_component_is_missing(self):
+    def test_missing_component_is_reported(self):
         with tempfile.TemporaryDirectory() as folder:
             lone = pathlib.Path(folder) / "backproc.exe"
             shutil.copy(running.bin_folder / "backproc.exe", lone)
@@ -120,7 +120,7 @@ class WithoutComponent(ToolTestCase):
         self.assertEqual((code, output), (1, b""))
         self.assertRegex(errors, rb"^backproc register: cannot load 'Z:.*\\K4TBackProcess\.dll': .*; put the K4TBackP")
 
-    def test_a_lone_tool_says_that_the_kernel_is_missing(self):
+    def test_missing_kernel_is_reported(self):
         with tempfile.TemporaryDirectory() as folder:
             lone = pathlib.Path(folder) / "backproc.exe"
             shutil.copy(running.bin_folder / "backproc.exe", lone)
@@ -128,7 +128,7 @@ class WithoutComponent(ToolTestCase):
         self.assertEqual((code, output), (1, b""))
         self.assertRegex(errors, rb"^backproc strings: File not found: QmxKrn2K\.dll \(not in Z:.*\); put .* beside ")
 
-    def test_a_refused_registration_names_the_way_without_rights(self):
+    def test_refused_registration_suggests_the_user_option(self):
         with tempfile.TemporaryDirectory() as folder:
             shutil.copy(running.bin_folder / "backproc.exe", folder)
             shutil.copy(running.bin_folder / "test" / "refusing.dll", pathlib.Path(folder) / "K4TBackProcess.dll")
@@ -152,12 +152,12 @@ class WithComponent(ToolTestCase):
     def test_scenarios(self):
         self.check_all("registered")
 
-    def test_registers_for_the_user_and_leaves_nothing(self):
+    def test_registration_for_the_user_is_removed_completely(self):
         tool("unregister")
         self.addCleanup(tool, "register")
         self.check_registration("HKEY_CURRENT_USER", "--user")
 
-    def test_registers_for_the_machine_and_leaves_nothing(self):
+    def test_registration_for_the_machine_is_removed_completely(self):
         self.addCleanup(tool, "register")
         self.check_registration("HKEY_LOCAL_MACHINE")
 
@@ -183,7 +183,7 @@ class WithComponent(ToolTestCase):
             code, output, _ = run("reg.exe", "query", hive + "\\Software\\Classes\\" + key)
             self.assertEqual(code, 1, key + " is still there: " + output.decode(errors="replace"))
 
-    def test_a_second_process_sees_the_state_that_a_load_publishes_and_a_release_withdraws(self):
+    def test_second_process_sees_the_published_state(self):
         with LiveHost() as host:
             host.ask(b"set AllAps EDITOR,K4TBACKPROCESS,LIBRARY", b"create")
             self.assertEqual(tool("strings", "get", "K4TBACKPROCESS")[0], 1)
@@ -194,7 +194,7 @@ class WithComponent(ToolTestCase):
             self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 released\n")
             self.assertEqual(tool("strings", "get", "K4TBACKPROCESS"), (0, b"K4TBACKPROCESS=[]\n", b""))
 
-    def test_another_copy_of_the_tool_looks_where_clients_look(self):
+    def test_another_copy_of_the_tool_finds_what_clients_find(self):
         with tempfile.TemporaryDirectory() as folder:
             lone = pathlib.Path(folder) / "backproc.exe"
             shutil.copy(running.bin_folder / "backproc.exe", lone)
@@ -242,7 +242,7 @@ class WithComponent(ToolTestCase):
             self.assertEqual(host.ask(b"release 1"), b"1 NotifyServer [K4TBACKPROCESS] [SHUTDOWN]\n")
             self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 released\n")
 
-    def test_a_failing_creation_shows_the_component_s_own_words(self):
+    def test_failed_creation_shows_the_component_s_error(self):
         self.addCleanup(tool, "register")
         with tempfile.TemporaryDirectory() as folder:
             for name in ("backproc.exe", "K4TBackProcess.dll"):

@@ -95,12 +95,12 @@ class TwoModules(unittest.TestCase):
         self.library = self.start(bin_folder / "examples" / "two-modules" / "library.exe")
         self.editor = self.start(bin_folder / "examples" / "two-modules" / "editor.exe")
 
-    def test_command_goes_there_and_back(self):
+    def test_command_and_reply_are_delivered(self):
         self.editor.type("LIBRARY OPEN,amp.sch")
         self.library.wait_for("from EDITOR: OPEN,amp.sch")
         self.editor.wait_for("from LIBRARY: OPENED,amp.sch")
 
-    def test_any_text_arrives_as_it_was(self):
+    def test_any_text_arrives_unchanged(self):
         text = 'a\\u0041 "b",\tc \u00fc\u6f22 \\'
         self.editor.type("LIBRARY " + text, "LIBRARY")
         self.library.wait_for("from EDITOR: ")
@@ -114,7 +114,7 @@ class TwoModules(unittest.TestCase):
         self.library.wait_for("EDITOR is not running, not delivered: OPEN,x")
         self.library.wait_for("from LIBRARY: still here")
 
-    def test_a_second_module_of_a_name_is_refused(self):
+    def test_second_module_of_a_name_is_refused(self):
         second = Program(bin_folder / "examples" / "two-modules" / "library.exe")
         self.addCleanup(second.kill)
         second.wait_for("another program is LIBRARY already")
@@ -127,7 +127,7 @@ class TwoModules(unittest.TestCase):
         self.editor.wait_for(said)
         self.library.wait_for(said)
 
-    def test_bursts_in_both_directions_lose_nothing_and_keep_their_order(self):
+    def test_bursts_in_both_directions_arrive_in_order(self):
         commands = [f"R{number}" for number in range(BURST)]
         self.editor.type(*(f"LIBRARY {command}" for command in commands))
         self.library.type(*(f"EDITOR {command}" for command in commands))
@@ -136,7 +136,7 @@ class TwoModules(unittest.TestCase):
         self.assertEqual(self.library.from_module("EDITOR"), commands)
         self.assertEqual(self.editor.from_module("LIBRARY"), commands)
 
-    def test_a_module_that_is_killed_is_reported_as_gone(self):
+    def test_killed_module_is_reported_as_gone(self):
         commands = [f"LIBRARY R{number}" for number in range(BURST)]
         self.editor.type(*commands[:BURST // 2])
         self.library.wait_for("from EDITOR: R0")
@@ -153,7 +153,7 @@ class TwoModules(unittest.TestCase):
         self.library.wait_for("from EDITOR: welcome")
         self.assertEqual(self.library.from_module("EDITOR"), ["welcome"])
 
-    def test_a_module_that_takes_nothing_is_reported_as_busy(self):
+    def test_module_with_a_full_queue_is_reported_as_busy(self):
         self.library.process.send_signal(signal.SIGSTOP)
         large = [letter * 300_000 for letter in "ABCD"]
         self.editor.type(*(f"LIBRARY {command}" for command in large), "EDITOR still here")
@@ -163,7 +163,7 @@ class TwoModules(unittest.TestCase):
         self.library.wait_for("from EDITOR: " + "C" * 40)
         self.assertEqual(self.library.from_module("EDITOR"), [letter * 40 for letter in "ABC"])
 
-    def test_a_module_that_starts_later_takes_part(self):
+    def test_module_that_starts_later_receives_commands(self):
         self.editor.type("SIMULATOR RUN,1")
         self.editor.wait_for("SIMULATOR is not running, not delivered: RUN,1")
         with tempfile.TemporaryDirectory() as folder:
