@@ -1,7 +1,7 @@
-// The development kernel's entries, as the suite's modules call them. Texts are zero-terminated bytes in the system's
-// ANSI code page; they are kept as they come. A string set to "" exists: its address is that of an empty text.
+// The development kernel's entries. Any thread may call them. Texts are zero-terminated bytes in the system's ANSI code
+// page and are stored unchanged. A string with the value "" exists; its address is that of an empty text.
 //
-// No entry lets an exception out: what cannot be done is answered with the entry's failure value.
+// No exception leaves an entry. An entry that fails returns its failure value.
 #include <atomic>
 #include <cstring>
 
@@ -17,22 +17,23 @@ static_assert(sizeof(long) == sizeof(void*), "addresses are handed out as 32-bit
 
 constexpr long kOpenDesign = 1;
 constexpr const char* kDesignNameKey = "DESIGN_NAME";
-/// Names of the handed out texts: an object's name must not take the place of the string that it comes from.
+/// Prefixes of names in ThreadTexts. O_GetName and E_GetString use different ones, so that neither replaces the other's
+/// text of the same key.
 constexpr char kStringPrefix = 'E';
 constexpr char kNamePrefix = 'O';
 
-/// What a process has while it uses the strings.
+/// The process's connection to the strings.
 struct Connection {
     SectionMemory memory{DevelopmentStoreName(), kDevelopmentStoreCapacity};
     StringStore strings{memory};
     ThreadTexts texts;
 };
 
-/// For the end of a thread, which must make no connection: the loader's lock is held then.
+/// Null before the first use. DllMain reads this pointer, because it must not connect while it holds the loader's lock.
 std::atomic<Connection*> connection = nullptr;
 
-/// The library stays in memory once it is used: the compiler's static runtime gives back neither its TLS slot nor its
-/// handles when a DLL is unloaded, and a program may load and free it many times.
+/// Keeps the library in memory until the process ends. The compiler's static runtime frees neither its TLS slot nor its
+/// handles when a DLL is unloaded, and a program may load and free the library many times.
 void PinLibrary() {
     HMODULE library = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
@@ -45,7 +46,8 @@ Connection* Connect() {
     return connection;
 }
 
-/// Made at the first call, and tried again at the next when it could not be made. It is never destroyed.
+/// The process's connection. The first call makes it; a failed attempt is repeated at the next call. It is never
+/// destroyed.
 Connection& Connected() {
     static Connection& connected = *Connect();
     return connected;
@@ -83,13 +85,14 @@ long Guarded(long failure, Body&& body) noexcept {
 
 extern "C" {
 
-/// Non-zero when `value` is stored under `key`; 0 leaves what was there.
+/// Stores `value` under `key` and returns 1. On failure returns 0; the old value then stays.
 long __stdcall E_SetString(const char* key, const char* value) {
     if (!key || !value) return 0;
     return Guarded(0, [&] { return Connected().strings.Set(key, value) ? 1L : 0L; });
 }
 
-/// Address of the text under `key`, 0 when there is none. It holds until this thread asks for the same key again.
+/// Address of the text under `key`, or 0 if there is none. It is valid until this thread asks for the same key again or
+/// ends.
 long __stdcall E_GetString(const char* key) {
     if (!key) return 0;
     return Guarded(0, [&] { return TextOf(key, kStringPrefix); });
@@ -100,15 +103,15 @@ long __stdcall DB_DataBase() {
     return kOpenDesign;
 }
 
-/// Address of the object's name, 0 when there is none. It holds until this thread asks for it again.
+/// Address of the object's name, or 0 if there is none. It is valid until this thread asks for it again or ends.
 long __stdcall O_GetName(long handle) {
     if (handle != kOpenDesign) return 0;
     return Guarded(0, [] { return TextOf(kDesignNameKey, kNamePrefix); });
 }
 
-/// Lists the keys in byte order: the first one for a null `afterKey`, else the next one after it. The bytes that the
-/// key takes with its NUL, 0 after the last key, -1 when the strings cannot be reached. `keyBuffer` of `size` bytes
-/// is left alone when it is null or too small.
+/// Lists the keys in byte order. Copies the first key after `afterKey`, or the first key of all if `afterKey` is null,
+/// to `keyBuffer`. A buffer that is null or has fewer than the needed `size` bytes stays unchanged. Returns the key's
+/// size in bytes including its NUL, 0 after the last key, or -1 if the strings cannot be reached.
 long __stdcall QmxDev_NextString(const char* afterKey, char* keyBuffer, long size) {
     return Guarded(-1, [&] {
         StringStore& strings = Connected().strings;

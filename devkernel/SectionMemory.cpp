@@ -14,7 +14,7 @@ using runtime::String;
 using runtime::win32::KernelHandle;
 using runtime::win32::Wide;
 
-/// Views start at multiples of this, and it is a multiple of the page size.
+/// In bytes. Views start at multiples of this size, which is a multiple of the page size.
 constexpr std::uint32_t kGranularity = 64 * 1024;
 
 struct LocalMemoryPolicy {
@@ -33,7 +33,7 @@ std::uint32_t RoundedUp(std::uint32_t size) {
     return (size + kGranularity - 1) / kGranularity * kGranularity;
 }
 
-/// The user's own identifier, as security descriptions spell it.
+/// The user's security identifier as text.
 String UserSid() {
     HANDLE opened = nullptr;
     if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened)) Fail("the user is not known");
@@ -50,7 +50,7 @@ String UserSid() {
     return runtime::win32::ToString(text);
 }
 
-/// Lets every process of the user in, whether it is elevated or not, and nobody else.
+/// Grants access to all processes of the user, elevated or not, and to the system account. Denies it to all others.
 LocalMemory UserOnly() {
     const String description = u"D:P(A;;GA;;;SY)(A;;GA;;;" + UserSid() + u")";
     PSECURITY_DESCRIPTOR descriptor = nullptr;
@@ -70,7 +70,7 @@ String DevelopmentStoreName() {
     if (size == 0) return base;
     String own(size, u'\0');
     own.resize(GetEnvironmentVariableW(kVariable, Wide(own.data()), size));
-    std::replace(own.begin(), own.end(), u'\\', u'/');  // a backslash would name another name space
+    std::replace(own.begin(), own.end(), u'\\', u'/');  // a backslash would select another name space
     return base + u'.' + own;
 }
 
@@ -122,7 +122,7 @@ MappedView SectionMemory::Map(std::uint64_t offset, std::uint32_t size) const {
                                               static_cast<DWORD>(offset >> 32), static_cast<DWORD>(offset), size)));
 }
 
-/// Maps `space` anew with at least `size` bytes, and with room for more where there is room.
+/// Maps `space` again with at least `size` bytes. Doubles the mapped size if the address space allows it.
 bool SectionMemory::Grow(std::uint32_t space, std::uint32_t size) {
     Space& grown = spaces_.at(space);
     const std::uint32_t least = RoundedUp(size);

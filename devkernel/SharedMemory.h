@@ -1,6 +1,6 @@
 // Memory that several processes share, as the string store needs it: a few header words, two spaces of bytes that
-// grow on demand, and one lock. The operating system stands behind this interface so that the store's algorithm can
-// be tested, stopped at any step, in plain memory.
+// grow on demand, and one lock. The interface hides the operating system, so that tests can run the store in ordinary
+// memory and stop it at any step.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace devkernel {
 
-/// The strings cannot be reached: the memory is missing, foreign or damaged, or its lock cannot be had.
+/// The strings cannot be reached: the memory is missing, foreign or damaged, or its lock cannot be acquired.
 class StoreError : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
@@ -19,31 +19,32 @@ class StoreError : public std::runtime_error {
 enum class Word : std::uint32_t { kMagic, kVersion, kGeneration, kUsed0, kUsed1 };
 inline constexpr std::uint32_t kWordCount = static_cast<std::uint32_t>(Word::kUsed1) + 1;
 
-/// One process calls it from one thread at a time, the lock apart. Writing needs the lock, reading does not.
+/// Any thread may call Lock and Unlock. Within a process, one thread at a time may call the other functions. Writing
+/// requires the lock, reading does not.
 class SharedMemory {
  public:
     virtual ~SharedMemory() = default;
 
-    /// Waits for the lock, which an owner that died gives up. Throws StoreError when it cannot be had in reasonable
-    /// time.
+    /// Waits for the lock. The lock is free if its owner has died. Throws StoreError after a reasonable time.
     virtual void Lock() = 0;
     virtual void Unlock() noexcept = 0;
 
     virtual std::uint32_t Load(Word word) const = 0;
-    /// Visible to the other processes at once and as a whole, after everything written before it and before everything
-    /// written after it.
+    /// The value is visible to other processes at once and as a whole. It becomes visible after everything that was
+    /// written before it, and before everything that is written after it.
     virtual void Store(Word word, std::uint32_t value) = 0;
 
-    /// The most bytes that each of the two spaces can hold.
+    /// The largest size of each space, in bytes.
     virtual std::uint32_t Capacity() const = 0;
-    /// Makes the first `size` bytes of `space` (0 or 1) usable here. False when there is no memory for them.
+    /// Makes the first `size` bytes of `space` (0 or 1) accessible to this process. False if there is no memory for
+    /// them.
     virtual bool View(std::uint32_t space, std::uint32_t size) = 0;
-    /// Reads from what View made usable. A writer may change the bytes during the call; every Load that follows it is
-    /// made after it.
+    /// Reads bytes that View made accessible. A writer may change the bytes during the call. A later Load is never
+    /// reordered before the read.
     virtual void Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const = 0;
-    /// Writes into what View made usable.
+    /// Writes bytes that View made accessible.
     virtual void Write(std::uint32_t space, std::uint32_t offset, const void* bytes, std::size_t size) = 0;
-    /// This process does not need `space` for now.
+    /// Ends this process's access to `space` until the next View.
     virtual void Release(std::uint32_t space) noexcept = 0;
 };
 

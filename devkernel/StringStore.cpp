@@ -8,10 +8,10 @@ namespace {
 
 constexpr std::uint32_t kMagic = 0x4B584D51;  // "QMXK"
 constexpr std::uint32_t kVersion = 1;
-/// Dead bytes that are not worth a rewrite.
+/// Bytes of outdated records that do not justify a rewrite.
 constexpr std::uint64_t kSlack = 0x10000;
 
-/// What each record starts with; the key's bytes follow, then the value's, then padding.
+/// The start of a record. The key's bytes follow, then the value's bytes, then padding.
 struct RecordHead {
     std::uint32_t keySize;
     std::uint32_t valueSize;
@@ -27,7 +27,7 @@ struct Record {
     std::uint32_t size;  ///< bytes, all included
 };
 
-/// The record at `offset` of the first `used` bytes of `space`; trusts nothing that it reads.
+/// The record at `offset` in the first `used` bytes of `space`. Throws StoreError if it does not fit into these bytes.
 Record ReadRecord(const SharedMemory& memory, std::uint32_t space, std::uint32_t offset, std::uint32_t used) {
     const std::uint32_t left = used - offset;
     RecordHead head{};
@@ -61,7 +61,7 @@ Word UsedOf(std::uint32_t space) {
     return space == 0 ? Word::kUsed0 : Word::kUsed1;
 }
 
-/// Gives the standard lock guards the names that they expect.
+/// Adapts the memory's lock to the standard lock guards.
 class Lockable {
  public:
     explicit Lockable(SharedMemory& memory) : memory_(memory) {}
@@ -74,8 +74,8 @@ class Lockable {
 
 }  // namespace
 
-/// What `look` finds in an index that has caught up. If a writer has gone to the other space in the meantime, the bytes
-/// that were read may be those of a later writer: the result does not count then, nor does an error.
+/// Updates the index and returns the result of `look`. If the generation has changed during the call, a writer may have
+/// overwritten the bytes that were read. The result or the error is then discarded and the call is repeated.
 template <typename Look>
 auto StringStore::Read(const Look& look) {
     const std::scoped_lock lock(mutex_);
@@ -136,7 +136,8 @@ bool StringStore::IsCurrent() const {
     return memory_.Load(Word::kGeneration) == generation_;
 }
 
-/// Marks new memory as ours, the magic number last: a process that dies before it leaves new memory.
+/// Marks new memory as a string store. The magic number is stored last, so that the memory stays new if the process
+/// dies before that.
 void StringStore::Attach() {
     if (memory_.Load(Word::kMagic) == 0) {
         memory_.Store(Word::kVersion, kVersion);
@@ -145,7 +146,7 @@ void StringStore::Attach() {
     RefuseForeignMemory();
 }
 
-/// New memory has no strings and is not foreign.
+/// Throws StoreError for foreign memory. New memory is accepted and has no strings.
 void StringStore::RefuseForeignMemory() const {
     const std::uint32_t magic = memory_.Load(Word::kMagic);
     if (magic == 0 || (magic == kMagic && memory_.Load(Word::kVersion) == kVersion)) return;
@@ -209,7 +210,7 @@ bool StringStore::Rewrite(std::string_view key, std::string_view value, std::uin
     return true;
 }
 
-/// Copies into the other space, in the log's order; `size` bytes in all, as the index has it.
+/// Copies to the other space in the log's order. `size` is the total in bytes according to the index.
 void StringStore::CopyLiveRecordsExcept(std::string_view key, std::uint32_t size) {
     std::uint32_t copied = 0;
     for (std::uint32_t offset = 0; size > 0 && offset < seen_;) {

@@ -1,13 +1,14 @@
-// Named strings in shared memory. Keys and values are bytes of any length and content, keys are compared exactly.
+// Named strings in shared memory. Keys and values are bytes of any length and content. Keys are compared exactly.
 //
-// One of the memory's two spaces is active and holds a log: a changed string is appended as a new record, which becomes
-// visible by one store of the space's used size. When the dead records outweigh the live ones, the live ones go to the
-// other space, which becomes the active one by one store of the generation. So a process that dies between any two
-// steps leaves the old or the new value of what it wrote, and memory stays in proportion to what is stored.
+// The memory has two spaces. The active space is a log: each change appends a record, and one store of the space's used
+// size makes the record visible. When the outdated records need more bytes than the valid ones, the valid records are
+// copied to the other space, and one store of the generation makes that space the active one. A process that dies
+// between any two steps leaves either the old or the new value. The memory in use stays in proportion to the strings.
 //
-// Each process has its own store object over the same memory, with its own index that catches up with the log at every
-// call. The calls may come from any thread. Only a call that changes a string takes the memory's lock. The others copy
-// what they need and then look at the generation: while it is the same, no writer has touched the space that they read.
+// Each process has its own StringStore over the same memory, with its own index. Each call first updates the index from
+// the log. Any thread may call. Only a call that changes a string takes the memory's lock. The other calls copy what
+// they need and then compare the generation. If it has changed, they start again, because a writer may have overwritten
+// the bytes that they copied.
 #pragma once
 
 #include <cstddef>
@@ -23,21 +24,21 @@
 
 namespace devkernel {
 
-/// Every call throws StoreError when the memory cannot be reached or is not a string store's.
+/// Every call throws StoreError if the memory cannot be reached or does not belong to a string store.
 class StringStore {
  public:
-    /// `memory` outlives the store.
+    /// `memory` must outlive the store.
     explicit StringStore(SharedMemory& memory) : memory_(memory) {}
     StringStore(const StringStore&) = delete;
     StringStore& operator=(const StringStore&) = delete;
 
-    /// False when the memory is full; the old value stays then.
+    /// False if the memory is full; the old value then stays.
     bool Set(std::string_view key, std::string_view value);
     std::optional<std::string> Get(std::string_view key);
 
     /// The first key in byte order.
     std::optional<std::string> FirstKey();
-    /// The first key after `key` in byte order; `key` itself need not exist.
+    /// The first key after `key` in byte order. `key` itself need not exist.
     std::optional<std::string> KeyAfter(std::string_view key);
 
  private:
@@ -64,10 +65,10 @@ class StringStore {
     std::uint32_t OtherSpace() const { return 1 - ActiveSpace(); }
 
     SharedMemory& memory_;
-    std::mutex mutex_;                         ///< of the members below; never waited for the memory's lock with it
-    std::optional<std::uint32_t> generation_;  ///< the one that the index describes
+    std::mutex mutex_;  ///< guards the members below; not held while waiting for the memory's lock
+    std::optional<std::uint32_t> generation_;  ///< the generation that the index describes
     std::uint32_t seen_ = 0;                   ///< bytes of the active space that the index covers
-    std::uint32_t live_ = 0;                   ///< bytes of these in records that are still valid
+    std::uint32_t live_ = 0;                   ///< bytes of the valid records among them
     Index index_;
 };
 

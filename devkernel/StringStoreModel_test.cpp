@@ -1,5 +1,5 @@
-// A model of one reader beside one writer: every order in which a writer's steps can fall between a reader's steps is
-// tried. The reader must find what was stored at some moment of its call, whole.
+// A model of one reader and one writer. The tests try every order in which the writer's steps can fall between the
+// reader's steps. The reader must find a complete value that was stored at some moment of its call.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -21,7 +21,7 @@ struct ModelState {
     std::array<std::array<std::byte, kModelCapacity>, 2> spaces{};
 };
 
-/// Runs the writer once and keeps the state after each of its steps, that is after each byte and word.
+/// Runs the writer once and records the state after each of its steps. A step writes one byte or stores one word.
 class WritersMemory : public SharedMemory {
  public:
     void Lock() override {}
@@ -44,7 +44,7 @@ class WritersMemory : public SharedMemory {
     }
     void Release(std::uint32_t) noexcept override {}
 
-    /// Forgets the steps so far: the writer's work that is looked at starts here.
+    /// Discards the steps recorded so far. The tested part of the writer's work starts here.
     void Restart() { states_ = {now_}; }
     const std::vector<ModelState>& States() const { return states_; }
 
@@ -53,9 +53,9 @@ class WritersMemory : public SharedMemory {
     std::vector<ModelState> states_{now_};
 };
 
-/// Before each step of a reader the writer goes on as far as the present order says. Only states in which what the
-/// reader's step reads has changed are tried: in the states between them the reader finds the same. `NextOrder` goes on
-/// to the next order, until all were tried.
+/// Replays the writer's states to a reader. The current order says how many of the writer's steps happen before each
+/// step of the reader. Only states that change what the reader's next step reads are tried, because the reader cannot
+/// tell the others apart. NextOrder selects the next order and returns false after the last one.
 class ReadersMemory : public SharedMemory {
  public:
     explicit ReadersMemory(const std::vector<ModelState>& states) : states_(states) {}
@@ -78,7 +78,7 @@ class ReadersMemory : public SharedMemory {
     void Write(std::uint32_t, std::uint32_t, const void*, std::size_t) override { FAIL() << "reading changes nothing"; }
     void Release(std::uint32_t) noexcept override {}
 
-    /// The reader's call that the orders are about starts; until now the writer made no step.
+    /// Starts the tested call of the reader. The writer makes no steps before it.
     void StartCall() { inCall_ = true; }
     std::size_t WritersSteps() const { return writersSteps_; }
     bool NextOrder() {
@@ -95,8 +95,8 @@ class ReadersMemory : public SharedMemory {
 
  private:
     struct Choice {
-        std::size_t changes = 0;   ///< of what the reader's step reads, before that step
-        std::size_t possible = 0;  ///< until the writer's last state
+        std::size_t changes = 0;   ///< changes of what the reader's step reads that happen before that step
+        std::size_t possible = 0;  ///< the largest possible number of these changes
     };
 
     template <typename Look>
@@ -110,7 +110,7 @@ class ReadersMemory : public SharedMemory {
         const std::size_t changes = order_[readersSteps_++].changes;
         if (changes > 0) writersSteps_ = Changes(look).at(changes - 1);
     }
-    /// The later states in which what the reader looks at has just changed.
+    /// The later states in which the result of `look` differs from that in the state before.
     template <typename Look>
     std::vector<std::size_t> Changes(const Look& look) const {
         std::vector<std::size_t> changes;
@@ -122,12 +122,12 @@ class ReadersMemory : public SharedMemory {
 
     const std::vector<ModelState>& states_;
     bool inCall_ = false;
-    mutable std::vector<Choice> order_;  ///< one for each step of the reader
+    mutable std::vector<Choice> order_;  ///< one choice for each step of the reader
     mutable std::size_t readersSteps_ = 0;
     mutable std::size_t writersSteps_ = 0;
 };
 
-/// What a reader finds in the state that the writer has left after `step`.
+/// The value that a reader finds after the writer's step `step`.
 std::optional<std::string> ValueAfter(const std::vector<ModelState>& states, std::size_t step) {
     const std::vector<ModelState> still{states.at(step)};
     ReadersMemory memory(still);
@@ -142,8 +142,8 @@ bool IsOneOfThese(const std::optional<std::string>& value, const std::vector<std
     return false;
 }
 
-/// Reads "k" in every order beside the steps in `writer`, with a store that has read before (`isWarm`) or a new one.
-/// The number of orders.
+/// Reads "k" in every order of the reader's steps and those in `writer`. The reader's store is new or, if `isWarm`, has
+/// read before the writer's steps. Returns the number of orders.
 std::size_t ReadInEveryOrder(const WritersMemory& writer, bool isWarm) {
     const std::vector<ModelState>& states = writer.States();
     std::vector<std::optional<std::string>> values;
@@ -167,7 +167,7 @@ std::size_t ReadInEveryOrder(const WritersMemory& writer, bool isWarm) {
     return orders;
 }
 
-/// The writer's first string, then the steps that `write` makes.
+/// Stores the writer's first string, then records the steps of `write`.
 template <typename Write>
 WritersMemory StepsOf(const Write& write) {
     WritersMemory memory;
@@ -192,7 +192,7 @@ TEST(StringStoreModel, ReaderBesideAnAppend_FindsTheOldOrTheNewValue) {
 
 TEST(StringStoreModel, ReaderBesideTwoRewrites_FindsAValueThatWasThere) {
     const WritersMemory memory = StepsOf([](StringStore& writer) {
-        EXPECT_TRUE(writer.Set("k", std::string(60, '2')));  // more than the space still has
+        EXPECT_TRUE(writer.Set("k", std::string(60, '2')));  // does not fit into the active space
         EXPECT_TRUE(writer.Set("k", std::string(52, '3')));
     });
     EXPECT_EQ(memory.States().back().words.at(static_cast<std::size_t>(Word::kGeneration)), 2u);

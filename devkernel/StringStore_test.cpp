@@ -1,4 +1,4 @@
-// The strings that processes share, over plain memory in which a writer can be made to die after any of its steps.
+// The strings that processes share. The tests use ordinary memory and let a writer die after any of its steps.
 #include "devkernel/StringStore.h"
 
 #include <gmock/gmock.h>
@@ -17,8 +17,8 @@ using testing::Optional;
 
 struct WriterDied {};
 
-/// Shared memory in plain memory. Several stores over one of these are several processes. Each byte written and each
-/// word stored is one step, and the writer can be made to die after any number of them.
+/// Shared memory in ordinary memory. Several stores over one object act as several processes. Each written byte and
+/// each stored word is one step. The writer dies when `stepsLeft` is used up.
 class HeapMemory : public SharedMemory {
  public:
     explicit HeapMemory(std::uint32_t capacity) : capacity_(capacity) {}
@@ -61,7 +61,7 @@ class HeapMemory : public SharedMemory {
     }
 
     std::uint32_t available = UINT32_MAX;  ///< bytes of a space that the system grants
-    std::uint32_t peak = 0;                ///< most bytes of a space that were used
+    std::uint32_t peak = 0;                ///< the largest number of bytes used in a space
     std::size_t stepsLeft = SIZE_MAX;
     std::vector<std::uint32_t> released;  ///< spaces
 
@@ -89,7 +89,7 @@ TEST(StringStore, HasNothingAtFirst) {
     EXPECT_EQ(store.FirstKey(), std::nullopt);
 }
 
-TEST(StringStore, GivesBackTheLastValueSet) {
+TEST(StringStore, ReturnsTheLastValueSet) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     EXPECT_TRUE(store.Set("INITBP", "INIT"));
@@ -97,7 +97,7 @@ TEST(StringStore, GivesBackTheLastValueSet) {
     EXPECT_THAT(store.Get("INITBP"), Optional(std::string("TERM")));
 }
 
-TEST(StringStore, TellsAnEmptyValueFromNone) {
+TEST(StringStore, EmptyValueDiffersFromNoValue) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     EXPECT_TRUE(store.Set("K4TBACKPROCESS", ""));
@@ -151,18 +151,18 @@ TEST(StringStore, WritesNothingWhenTheValueIsTheSame) {
     EXPECT_TRUE(store.Set("key", "value"));
 }
 
-TEST(StringStore, LooksAndSetsWhatIsThereWithoutTheLock) {
+TEST(StringStore, ReadingAndUnchangedSet_TakeNoLock) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     store.Set("key", "value");
-    memory.Lock();  // and the process is stopped
+    memory.Lock();  // as a process that is stopped while it holds the lock
     EXPECT_THAT(store.Get("key"), Optional(std::string("value")));
     EXPECT_THAT(StringStore(memory).FirstKey(), Optional(std::string("key")));
     EXPECT_EQ(store.KeyAfter("key"), std::nullopt);
     EXPECT_TRUE(store.Set("key", "value"));
 }
 
-TEST(StringStore, KeepsMemoryInProportionToWhatItHolds) {
+TEST(StringStore, ManyChanges_MemoryStaysInProportion) {
     HeapMemory memory(kRoom);
     StringStore writer(memory);
     StringStore reader(memory);
@@ -205,7 +205,7 @@ TEST(StringStore, TakesValuesUpToTheLastByte) {
     EXPECT_THAT(store.Get("a"), Optional(std::string(991, 'a')));
 }
 
-TEST(StringStore, ReleasesTheSpaceThatItHasLeft) {
+TEST(StringStore, Rewrite_ReleasesTheOldSpace) {
     HeapMemory memory(1000);
     StringStore store(memory);
     store.Set("a", std::string(900, 'a'));
@@ -225,7 +225,7 @@ TEST(StringStore, LeavesTheOldValueWhenTheSystemGrantsNoMemory) {
     EXPECT_TRUE(store.Set("b", "small"));
 }
 
-TEST(StringStore, SaysSoWhenTheStringsCannotBeViewed) {
+TEST(StringStore, ViewFails_StoreError) {
     HeapMemory memory(kRoom);
     StringStore writer(memory);
     writer.Set("a", std::string(200, 'x'));
@@ -247,7 +247,7 @@ TEST(StringStore, RefusesForeignMemory) {
     EXPECT_THROW(StringStore(memory).Set("a", "2"), StoreError);
 }
 
-TEST(StringStore, RefusesAUsedSizeThatCannotBe) {
+TEST(StringStore, InvalidUsedSize_StoreError) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     store.Set("a", "1");
@@ -271,7 +271,7 @@ TEST(StringStore, RefusesRecordsThatRunOverTheEnd) {
     }
 }
 
-TEST(StringStore, NoticesRecordsThatChangedBehindItsBack) {
+TEST(StringStore, OverwrittenRecord_StoreError) {
     HeapMemory memory(64);
     StringStore store(memory);
     store.Set("one", "a");
@@ -283,8 +283,8 @@ TEST(StringStore, NoticesRecordsThatChangedBehindItsBack) {
     EXPECT_THAT(store.Get("two"), Optional(std::string("b")));
 }
 
-/// Sets `key` with a writer that dies after ever more steps, until one lives; checks after each death that another
-/// process finds the old value whole, then lets it set the string itself.
+/// Sets `key` with a writer that dies after 0, 1, 2 … steps, until one writer completes. After each death another
+/// process must find the complete old value and must be able to set the string.
 void CheckEveryDeath(std::uint32_t capacity, const std::string& newValue) {
     const std::string oldValue(300, 'o');
     std::size_t deaths = 0;
@@ -339,7 +339,7 @@ TEST(StringStore, SurvivesAFirstUserThatDiesAtAnyStep) {
     EXPECT_GT(deaths, 3u);
 }
 
-TEST(StringStore, AgreesWithAMapWhateverTheOrderOfCalls) {
+TEST(StringStore, RandomCalls_AgreeWithAMap) {
     std::mt19937 random(20031);
     const auto below = [&random](std::size_t bound) { return random() % bound; };
     for (const std::uint32_t capacity : {2000u, 20000u, 1u << 22}) {
@@ -351,7 +351,7 @@ TEST(StringStore, AgreesWithAMapWhateverTheOrderOfCalls) {
         for (int i = 0; i < 20000; ++i) {
             auto& process = processes.at(below(3));
             const std::string key(1 + below(3), static_cast<char>('a' + below(20)));
-            if (below(200) == 0) process.emplace(memory);  // one ends, another starts
+            if (below(200) == 0) process.emplace(memory);  // one process ends and another starts
             if (below(2) == 0) {
                 const std::string value(below(120), static_cast<char>(below(256)));
                 if (process->Set(key, value)) {

@@ -1,5 +1,5 @@
-// The texts whose addresses the kernel has handed out. Each thread has its own under every name, so that an address
-// holds until the same thread asks for the same name again, whatever other threads do.
+// The texts whose addresses the kernel has returned. Each thread has its own text under each name, so that an address
+// is valid until the same thread asks for the same name again. Calls of other threads do not affect it.
 #pragma once
 
 #include <cstdint>
@@ -9,13 +9,13 @@
 
 namespace devkernel {
 
-/// For any thread to call; `thread` is the caller's identifier.
+/// Any thread may call. `thread` is the caller's identifier.
 class ThreadTexts {
  public:
-    /// Keeps `text` in place of what `thread` had under `name`. The address of its zero-terminated bytes.
+    /// Replaces the text of `thread` under `name` by `text`. Returns the address of its zero-terminated bytes.
     const char* Keep(std::uint32_t thread, const std::string& name, std::string text);
     void Drop(std::uint32_t thread, const std::string& name);
-    /// The thread has ended.
+    /// Must be called when the thread ends.
     void DropAll(std::uint32_t thread);
 
  private:

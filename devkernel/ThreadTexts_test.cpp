@@ -1,4 +1,4 @@
-// How long the address of a text holds while its own and other threads ask for more.
+// How long the address of a text is valid while the same and other threads ask for more texts.
 #include "devkernel/ThreadTexts.h"
 
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 namespace devkernel {
 namespace {
 
-TEST(ThreadTexts, KeepAnAddressWhileOtherNamesAndThreadsAsk) {
+TEST(ThreadTexts, OtherNamesAndThreads_AddressStaysValid) {
     ThreadTexts texts;
     const char* address = texts.Keep(1, "key", "short");
     for (int i = 0; i < 100; ++i) {
@@ -18,14 +18,14 @@ TEST(ThreadTexts, KeepAnAddressWhileOtherNamesAndThreadsAsk) {
     EXPECT_STREQ(address, "short");
 }
 
-TEST(ThreadTexts, GiveTheNewTextOnceTheThreadAsksAgain) {
+TEST(ThreadTexts, SameThreadAndName_NewText) {
     ThreadTexts texts;
     texts.Keep(1, "key", "old");
     EXPECT_STREQ(texts.Keep(1, "key", "new and a good deal longer than before"),
                  "new and a good deal longer than before");
 }
 
-TEST(ThreadTexts, StartAfreshAfterBeingDropped) {
+TEST(ThreadTexts, Dropped_NameCanBeUsedAgain) {
     ThreadTexts texts;
     texts.Drop(1, "never asked for");
     texts.DropAll(1);
