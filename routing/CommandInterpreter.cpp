@@ -25,7 +25,7 @@ String TextAt(kernel_api::TextPointer pointer) {
     return kernel_api::CurrentReader().TextAt(pointer);
 }
 
-/// The main form as commands act on it.
+/// What a command acts on.
 struct Receiver {
     runtime::Form& mainForm;
     bool staysLoaded;
@@ -53,18 +53,18 @@ struct Verb {
     void (*carryOut)(const Receiver& receiver);
 };
 
-/// In the order in which a command's verb is compared with them.
+/// The verbs, in the order of comparison.
 constexpr Verb kVerbs[] = {
     {u"SAVE", TakeDesignName},    {u"RD", DoNothing},      {u"OPEN", TakeDesignName}, {u"UP", DoNothing},
     {u"EX", UnloadUnlessStaying}, {u"LZ", SwitchLanguage}, {u"FMVHDLED", DoNothing},
 };
 
-/// A client may send failing commands as long as a message is open, from a timer say. Each message needs room on the
-/// stack until the ones above it are answered, so there is an end to them.
+/// A client may send failing commands while a message is open, for example from a timer. Each open message uses stack
+/// space until it is closed, so their number is limited.
 constexpr int kMaxOpenMessages = 8;
 
-/// None for the silent error, and for a load that shut the forms down: its failure does not surface. What is no error
-/// of the runtime has the number that it has at the component's edge.
+/// None for the silent error and for the error of a form that its own load handler has unloaded. Other C++ exceptions
+/// become the same errors as for COM clients.
 std::optional<String> MessageFor(const std::exception_ptr& failure) {
     try {
         std::rethrow_exception(failure);
@@ -91,7 +91,7 @@ void CommandInterpreter::Execute(StringView command, runtime::Form& mainForm, bo
 void CommandInterpreter::Interpret(StringView command, runtime::Form& mainForm, bool staysLoaded) {
     kernel_api::FieldParser& parser = Parser();
     parser.SetText(command);
-    // Two requests for the first field, even if the first one settles it: the order of calls is what parsers rely on.
+    // Request the first field twice even if the first comparison succeeds, because parsers rely on this order of calls.
     const bool isForThisModule = parser.Field(1) == services::kOwnModuleName;
     const bool isForAll = parser.Field(1) == u"All";
     if (!isForThisModule && !isForAll) return;
@@ -106,7 +106,7 @@ kernel_api::FieldParser& CommandInterpreter::Parser() {
     return *parser_;
 }
 
-// The failure is kept as it is: when memory is short even a copy of it could fail, and the forms must go all the same.
+// `failure` is not copied, because a copy could fail when memory is short, and the forms must be unloaded in any case.
 void CommandInterpreter::Report(const std::exception_ptr& failure) {
     runtime::FirstError firstError;
     firstError.Run([&] { ShowFailure(failure); });
@@ -118,7 +118,7 @@ void CommandInterpreter::ShowFailure(const std::exception_ptr& failure) {
     const std::optional<String> message = MessageFor(failure);
     if (!message || openMessages_ >= kMaxOpenMessages) return;
     const runtime::ScopeGuard closed([this] {
-        // It may have been abandoned.
+        // AbandonOpenMessages may have reset the count.
         if (openMessages_ > 0) --openMessages_;
     });
     ++openMessages_;

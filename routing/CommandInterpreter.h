@@ -1,9 +1,10 @@
-// The interpreter of commands that come to this component from other modules. A command is a list of comma fields: the
-// addressee, the verb, and what belongs to the verb. It is carried out when it is addressed to this module or to all;
-// every other command, and every verb that is not this component's business, is ignored.
+// Interprets the commands that other modules send to this component. A command is a list of comma fields: the
+// addressee, the verb and the verb's arguments. A command is carried out if its addressee is this module or all
+// modules. Other commands and unknown verbs are ignored.
 //
-// An error is answered severely, and on purpose: its description is shown, and then all forms of the component are
-// unloaded. Two errors are not shown: the silent one, and that of a form whose load shut itself down.
+// If a command fails, the error's description is shown and then all forms of the component are unloaded. This severe
+// reaction is intended. Two errors are not shown: the silent error, and the error of a form that its own load handler
+// has unloaded.
 #pragma once
 
 #include <exception>
@@ -19,24 +20,24 @@ class Form;
 
 namespace routing {
 
-/// Name of the design that the suite had open at the last SAVE or OPEN, without leading and trailing blanks.
+/// Name of the design that was open at the last SAVE or OPEN, without leading and trailing blanks.
 inline runtime::String& CurrentDesignName() {
     return services::Values().currentDesignName;
 }
-/// The language folder since the last LZ, exactly as the kernel had it; empty before.
+/// The language folder at the last LZ, exactly as the kernel returned it; empty before the first LZ.
 inline runtime::String& LanguagePath() {
     return services::Values().languagePath;
 }
 
-/// The main form has one.
+/// The main form owns one. Home thread only.
 class CommandInterpreter {
  public:
-    /// Carries `command` out; nothing for an empty one. LZ localises `mainForm`; EX leaves the forms alone when it
-    /// `staysLoaded`. Throws only what fails while an error is being reported, after the forms are unloaded: the
-    /// message's error, or else that of the unload.
+    /// Carries out `command`; an empty command does nothing. LZ localises `mainForm`. EX unloads no form if
+    /// `staysLoaded`. A failed command is reported here. Throws only an error of that report: the message's error, else
+    /// the unload's error. The unload has been tried by then.
     void Execute(runtime::StringView command, runtime::Form& mainForm, bool staysLoaded);
 
-    /// The thread that shows the open messages has ended, or is home no more: they do not count any more.
+    /// Resets the count of open messages. To be called when their thread has ended or is no longer the home thread.
     void AbandonOpenMessages() { openMessages_ = 0; }
 
  private:
@@ -45,7 +46,7 @@ class CommandInterpreter {
     void Report(const std::exception_ptr& failure);
     void ShowFailure(const std::exception_ptr& failure);
 
-    std::unique_ptr<kernel_api::FieldParser> parser_;  ///< made when the first command comes
+    std::unique_ptr<kernel_api::FieldParser> parser_;  ///< made for the first command
     int openMessages_ = 0;
 };
 

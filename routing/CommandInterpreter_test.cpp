@@ -28,7 +28,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tests::ErrorOf;
 
-/// Notes what its parsers are asked, and fails where a test says so.
+/// Records the calls of its parsers. A test can make them fail with `onField`.
 class RecordingSplitter : public kernel_api::Splitter {
  public:
     std::unique_ptr<kernel_api::FieldParser> MakeFieldParser() override {
@@ -79,7 +79,7 @@ class InterpreterTest : public tests::HeadlessComponentTest {
         };
     }
 
-    /// With a form loaded whose unloads are counted.
+    /// Executes `command` while `dialog_` is loaded. `unloads_` counts the unloads of that form.
     void Execute(StringView command) {
         dialog_.EnsureLoaded();
         interpreter_.Execute(command, form_, false);
@@ -87,7 +87,7 @@ class InterpreterTest : public tests::HeadlessComponentTest {
     std::int32_t ErrorOfExecuting(StringView command) {
         return ErrorOf([&] { Execute(command); });
     }
-    /// Has the first unload of all forms fail and leave one that the second takes.
+    /// Makes the first unload of all forms fail and leave `dialog_` loaded for the second one.
     void MakeFirstUnloadFail() {
         failing_.onUnload = [] { throw Error(runtime::kOverflow); };
         dialog_.refusesUnload = true;
@@ -100,7 +100,7 @@ class InterpreterTest : public tests::HeadlessComponentTest {
         for (const auto& message : memory_.messageBox.shown) prompts.push_back(message.prompt);
         return prompts;
     }
-    /// What a command left that the component ignores.
+    /// Checks that a command had no effect.
     void ExpectNothingDone() const {
         EXPECT_EQ(CurrentDesignName(), u"");
         EXPECT_EQ(LanguagePath(), u"");
@@ -121,7 +121,7 @@ class InterpreterTest : public tests::HeadlessComponentTest {
 
 using Addressee = InterpreterTest;
 
-TEST_F(Addressee, ThisModuleAndAllAreHeard) {
+TEST_F(Addressee, ThisModuleOrAll_CommandIsCarriedOut) {
     for (const StringView command : {u"K4TBACKPROCESS,SAVE", u"All,SAVE", u"\"All\",\"SAVE\""}) {
         CurrentDesignName().clear();
         Execute(command);
@@ -129,7 +129,7 @@ TEST_F(Addressee, ThisModuleAndAllAreHeard) {
     }
 }
 
-TEST_F(Addressee, AnyOtherIsIgnored) {
+TEST_F(Addressee, AnyOther_CommandIsIgnored) {
     for (const StringView command :
          {u"Editor,SAVE", u"all,SAVE", u"ALL,SAVE", u"k4tbackprocess,SAVE", u" All,SAVE", u"All ,SAVE", u",SAVE", u"Al",
           u"SAVE", u",", u"\"", u"\"All,SAVE", u"K4TBACKPROCESS;SAVE"}) {
@@ -138,7 +138,7 @@ TEST_F(Addressee, AnyOtherIsIgnored) {
     }
 }
 
-TEST_F(Addressee, IsAskedForOncePerComparisonAndTheVerbOnce) {
+TEST_F(Addressee, IsReadTwiceAndTheVerbOnce) {
     Execute(u"All,UP,3,4");
     EXPECT_THAT(splitter_.asked, ElementsAre("text All,UP,3,4", "field 1", "field 1", "field 2"));
     splitter_.asked.clear();
@@ -146,12 +146,12 @@ TEST_F(Addressee, IsAskedForOncePerComparisonAndTheVerbOnce) {
     EXPECT_THAT(splitter_.asked, ElementsAre("text K4TBACKPROCESS,RD", "field 1", "field 1", "field 2"));
 }
 
-TEST_F(Addressee, OfAnotherModuleLeavesTheVerbUnread) {
+TEST_F(Addressee, OtherModule_VerbIsNotRead) {
     Execute(u"Editor,SAVE");
     EXPECT_THAT(splitter_.asked, ElementsAre("text Editor,SAVE", "field 1", "field 1"));
 }
 
-TEST_F(Addressee, IsReadByOneParserMadeForTheFirstCommand) {
+TEST_F(Addressee, FirstCommand_MakesTheOnlyParser) {
     EXPECT_EQ(splitter_.made, 0);
     Execute(u"");
     EXPECT_EQ(splitter_.made, 0);
@@ -172,7 +172,7 @@ TEST_F(Verbs, SaveAndOpenTakeTheTrimmedNameOfTheDesign) {
     EXPECT_EQ(CurrentDesignName(), u"other");
 }
 
-TEST_F(Verbs, SaveAndOpen_NameIsThatOfTheHandleTheKernelGave) {
+TEST_F(Verbs, SaveAndOpen_UseTheHandleFromTheKernel) {
     for (const std::int32_t handle : {7, -2}) {
         kernel_.UseDesignHandle(handle);
         for (const StringView command : {u"All,SAVE", u"All,OPEN"}) {
@@ -185,7 +185,7 @@ TEST_F(Verbs, SaveAndOpen_NameIsThatOfTheHandleTheKernelGave) {
     }
 }
 
-TEST_F(Verbs, DesignWithoutANameGivesAnEmptyOne) {
+TEST_F(Verbs, DesignWithoutAName_EmptyName) {
     CurrentDesignName() = u"before";
     tests::InMemoryKernel empty;
     kernel_api::CurrentSuite().kernel = &empty;
@@ -194,7 +194,7 @@ TEST_F(Verbs, DesignWithoutANameGivesAnEmptyOne) {
     EXPECT_EQ(unloads_, 0);
 }
 
-TEST_F(Verbs, InertOnesAndUnknownOnesDoNothing) {
+TEST_F(Verbs, InertAndUnknown_DoNothing) {
     for (const StringView command :
          {u"All", u"All,", u"All,RD", u"All,UP", u"All,FMVHDLED,WIRELIST", u"All,FMVHDLED,XILINX", u"All,FMVHDLED,CUPL",
           u"All,save", u"All,SAVE ", u"All, SAVE", u"All,SAVEAS", u"All,Ex", u"All,,SAVE", u"All,\"SAVE,x"}) {
@@ -214,13 +214,13 @@ TEST_F(Verbs, ExUnloadsAllFormsOnce) {
     EXPECT_FALSE(form_.IsLoaded());
 }
 
-TEST_F(Verbs, LzTakesTheLanguageFolderAsItIs) {
+TEST_F(Verbs, LzCopiesTheLanguageFolderUnchanged) {
     kernel_.Put(u"LANGUAGEPATH", u" C:\\lang ");
     Execute(u"All,LZ");
     EXPECT_EQ(LanguagePath(), u" C:\\lang ");
 }
 
-TEST_F(Verbs, LzWithoutALanguageFolderEmptiesIt) {
+TEST_F(Verbs, LzWithoutALanguageFolder_PathIsEmpty) {
     LanguagePath() = u"C:\\lang";
     Execute(u"All,LZ");
     EXPECT_EQ(LanguagePath(), u"");
@@ -229,7 +229,7 @@ TEST_F(Verbs, LzWithoutALanguageFolderEmptiesIt) {
 
 using Failure = InterpreterTest;
 
-TEST_F(Failure, IsShownAndThenAllFormsAreUnloaded) {
+TEST_F(Failure, IsShownThenAllFormsAreUnloaded) {
     kernel_.FailOn("DB_DataBase", Error(runtime::kDllEntryPointNotFound, u"no database"));
     memory_.messageBox.answers = {1};
     onUnload_ = [this] { EXPECT_THAT(Messages(), ElementsAre(u"no database")); };
@@ -242,7 +242,7 @@ TEST_F(Failure, IsShownAndThenAllFormsAreUnloaded) {
     EXPECT_EQ(message.help, runtime::MessageHelp());
 }
 
-TEST_F(Failure, OfEachKernelCallIsAnswered) {
+TEST_F(Failure, AnyKernelCallFails_FormsAreUnloaded) {
     const std::pair<StringView, const char*> calls[] = {
         {u"All,SAVE", "DB_DataBase"}, {u"All,SAVE", "O_GetName"}, {u"All,LZ", "E_GetString(LANGUAGEPATH)"}};
     for (const auto& [command, call] : calls) {
@@ -259,7 +259,7 @@ TEST_F(Failure, OfEachKernelCallIsAnswered) {
     }
 }
 
-TEST_F(Failure, OfTheParserIsAnswered) {
+TEST_F(Failure, ParserFails_ErrorIsShownAndFormsUnloaded) {
     memory_.messageBox.answers = {1};
     splitter_.onField = [] { throw Error(runtime::kTypeMismatch); };
     Execute(u"Editor,SAVE");
@@ -267,7 +267,7 @@ TEST_F(Failure, OfTheParserIsAnswered) {
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Failure, WithoutASplitterIsAnswered) {
+TEST_F(Failure, NoSplitter_ErrorIsShownAndFormsUnloaded) {
     memory_.messageBox.answers = {1};
     kernel_api::CurrentSuite().splitter = nullptr;
     Execute(u"All,SAVE");
@@ -275,7 +275,7 @@ TEST_F(Failure, WithoutASplitterIsAnswered) {
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Failure, ForWantOfMemoryIsShownAsSuch) {
+TEST_F(Failure, OutOfMemory_IsShown) {
     memory_.messageBox.answers = {1};
     splitter_.onField = [] { throw std::bad_alloc(); };
     Execute(u"All,SAVE");
@@ -283,7 +283,7 @@ TEST_F(Failure, ForWantOfMemoryIsShownAsSuch) {
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Failure, ThatNobodyKnowsIsAnInternalError) {
+TEST_F(Failure, UnknownException_IsInternalError) {
     memory_.messageBox.answers = {1, 1};
     splitter_.onField = [] { throw std::logic_error("odd"); };
     Execute(u"All,SAVE");
@@ -293,7 +293,7 @@ TEST_F(Failure, ThatNobodyKnowsIsAnInternalError) {
     EXPECT_EQ(unloads_, 2);
 }
 
-TEST_F(Failure, OfTheUnloadThatExAskedForIsShownAndTheUnloadTriedOnceMore) {
+TEST_F(Failure, UnloadByExFails_ErrorIsShownAndUnloadRepeated) {
     memory_.messageBox.answers = {1};
     MakeFirstUnloadFail();
     onUnload_ = [this] { dialog_.refusesUnload = false; };
@@ -303,21 +303,21 @@ TEST_F(Failure, OfTheUnloadThatExAskedForIsShownAndTheUnloadTriedOnceMore) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0U);
 }
 
-TEST_F(Failure, OfTheMessageItselfIsTheCallersAfterTheUnload) {
+TEST_F(Failure, MessageFails_UnloadThenErrorForCaller) {
     kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
-    EXPECT_EQ(ErrorOfExecuting(u"All,SAVE"), runtime::kInternalError);  // the box has no answer
+    EXPECT_EQ(ErrorOfExecuting(u"All,SAVE"), runtime::kInternalError);  // the test's message box has no answer
     EXPECT_EQ(Messages().size(), 1U);
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Failure, OfTheMessagesTitleIsTheCallersAfterTheUnload) {
+TEST_F(Failure, MessageTitleFails_UnloadThenErrorForCaller) {
     kernel_.FailOn("E_GetString", Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(ErrorOfExecuting(u"All,LZ"), runtime::kDllEntryPointNotFound);
     EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Failure, OfTheUnloadIsTheCallers) {
+TEST_F(Failure, SecondUnloadFails_ErrorForCaller) {
     memory_.messageBox.answers = {1};
     MakeFirstUnloadFail();
     onUnload_ = [this] {
@@ -327,7 +327,7 @@ TEST_F(Failure, OfTheUnloadIsTheCallers) {
     EXPECT_EQ(unloads_, 2);
 }
 
-TEST_F(Failure, OfMessageAndUnloadIsTheMessages) {
+TEST_F(Failure, MessageAndUnloadFail_MessagesErrorForCaller) {
     MakeFirstUnloadFail();
     onUnload_ = [this] {
         if (unloads_ == 2) throw Error(runtime::kTypeMismatch);
@@ -336,7 +336,7 @@ TEST_F(Failure, OfMessageAndUnloadIsTheMessages) {
     EXPECT_EQ(unloads_, 2);
 }
 
-TEST_F(Failure, DoesNotSpoilTheNextCommand) {
+TEST_F(Failure, NextCommandIsCarriedOut) {
     memory_.messageBox.answers = {1};
     kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
     Execute(u"All,SAVE");
@@ -356,7 +356,7 @@ TEST_F(Reentered, CommandInsideACommandHasItsOwnVerb) {
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Reentered, CommandWhileAFailureIsAnsweredIsCarriedOut) {
+TEST_F(Reentered, CommandDuringAFailuresUnload_IsCarriedOut) {
     memory_.messageBox.answers = {1};
     kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
     onUnload_ = [this] {

@@ -18,9 +18,9 @@ namespace {
 
 constexpr char16_t kComma = u',';
 
-/// What a quoted field without its closing quote leads to: the same quote is found again for ever.
+/// Never returns. This is the splitter's defined behaviour for a quoted field that is not closed.
 [[noreturn]] void RepeatForEver() {
-    // An endless loop without any side effect may be removed by the compiler; reading a volatile is one.
+    // The compiler may remove an endless loop without side effects. Reading a volatile is a side effect.
     const volatile bool isFoundAgain = true;
     for (;;) {
         static_cast<void>(isFoundAgain);
@@ -28,7 +28,7 @@ constexpr char16_t kComma = u',';
     }
 }
 
-/// The field's place and text, cut off where it is too long to be read in a message.
+/// The field's number and text for an error message. A long text is cut off.
 String InWords(std::size_t place, StringView field) {
     constexpr std::size_t kMaxShown = 80;
     const bool isCut = field.size() > kMaxShown;
@@ -36,7 +36,7 @@ String InWords(std::size_t place, StringView field) {
            (isCut ? u"…'" : u"'");
 }
 
-/// The arrays grow before the number is read, so that an error in it leaves them as long as each other.
+/// Extends both arrays before it reads the number, so that their lengths are equal after an error.
 void Add(StringView field) {
     FieldTexts().emplace_back(field);
     FieldValues().push_back(0);
@@ -58,7 +58,7 @@ const Entry& EntryOf(const std::vector<Entry>& entries, std::int32_t index) {
 }  // namespace
 
 void SplitFields(StringView text) {
-    // Kept until the end, because `text` may lie in one of its entries.
+    // Keep the previous texts until the end, because `text` may refer to one of them.
     const std::vector<String> previous = std::exchange(FieldTexts(), std::vector<String>(1));
     FieldValues().assign(1, 0);
     for (kernel_api::CommaFields fields(text); !fields.AtEnd();) {

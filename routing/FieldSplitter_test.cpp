@@ -27,7 +27,7 @@ struct Row {
     std::vector<String> fields;
 };
 
-// Every row is worked out by hand from the rules.
+// The expected fields were derived by hand from the rules.
 const std::vector<Row>& Rows() {
     static const std::vector<Row> rows = {
         // plain fields
@@ -58,16 +58,16 @@ const std::vector<Row>& Rows() {
         {uR"(",")", {u","}},
         {uR"(",",",")", {u",", u","}},
         {uR"(" A ",B)", {u" A ", u"B"}},
-        // a final comma behind quotes is not seen; the field keeps its closing quote and none follows
+        // a comma at the end of the text does not end a quoted field, so the closing quote is kept
         {uR"("A",)", {uR"(A")"}},
         {uR"("",)", {uR"(")"}},
         {uR"(A,"B",)", {u"A", uR"(B")"}},
         {uR"(,"",)", {u"", uR"(")"}},
-        // with one more comma, or a plain field between, it is seen
+        // after another comma or a plain field, the comma at the end counts
         {uR"("A",,)", {u"A", u"", u""}},
         {uR"("",,)", {u"", u"", u""}},
         {uR"("A",B,)", {u"A", u"B", u""}},
-        // text behind the closing quote: the field ends one character early
+        // text after the closing quote: the last character of the field is left out
         {uR"("A"x)", {uR"(A")"}},
         {uR"("A"xy)", {uR"(A"x)"}},
         {uR"("A"x,)", {uR"(A"x)"}},
@@ -75,21 +75,21 @@ const std::vector<Row>& Rows() {
         {uR"("A"xy,B)", {uR"(A"x)", u"B"}},
         {uR"("A" ,B)", {uR"(A")", u"B"}},
         {uR"(A,"B"C,"D")", {u"A", uR"(B")", u"D"}},
-        // quotes behind the closing quote
+        // quotes after the closing quote
         {uR"(""")", {uR"(")"}},
         {uR"("""")", {uR"("")"}},
         {uR"(""",)", {uR"("")"}},
         {uR"("A""B",C)", {uR"(A""B)", u"C"}},
         {uR"("A"B"C",D)", {uR"(A"B"C)", u"D"}},
         {uR"("A,B,"C")", {uR"(A,B,"C)"}},
-        // a quote as the last character opens nothing
+        // a quote as the last character opens no quoted field
         {uR"(")", {uR"(")"}},
         {uR"(A,")", {u"A", uR"(")"}},
         {uR"(,")", {u"", uR"(")"}},
         {uR"("",")", {u"", uR"(")"}},
         {uR"("A",")", {u"A", uR"(")"}},
         {uR"("A",",")", {u"A", u","}},
-        // quotes inside plain fields are characters like others
+        // quotes inside plain fields are ordinary characters
         {uR"(A"B,C)", {uR"(A"B)", u"C"}},
         {uR"(A"B",C)", {uR"(A"B")", u"C"}},
         {uR"(A"B,C"D)", {uR"(A"B)", uR"(C"D)"}},
@@ -134,7 +134,7 @@ TEST_F(FieldSplitter, AgreesWithTheSlowSplitterThatTheFuzzerUses) {
     }
 }
 
-/// Texts of up to 12 parts that matter to the rules, always the same ones.
+/// Makes texts of up to 12 parts that matter to the rules. The sequence of texts is always the same.
 class FieldListMaker {
  public:
     String Next() {
@@ -182,7 +182,7 @@ TEST_F(FieldSplitter, ReadsEachFieldsNumber) {
     EXPECT_EQ(FieldValues(), (std::vector<double>{8, 1, 5, 0, -2.5, 3.5, 0, 0, 7}));
 }
 
-TEST_F(FieldSplitter, SplitsOneOfItsOwnFields) {
+TEST_F(FieldSplitter, SplitsATextFromItsOwnResult) {
     SplitFields(uR"(A,"a first name,a second one, long enough to lie elsewhere")");
     SplitFields(FieldTexts()[2]);
     EXPECT_EQ(FieldTexts(),
@@ -194,7 +194,7 @@ TEST_F(FieldSplitter, KeepsNulCharacters) {
     EXPECT_EQ(FieldTexts(), (std::vector<String>{u"", String(u"A\0", 2), String(u"\0B", 2)}));
 }
 
-TEST_F(FieldSplitter, LetsOverflowThroughAndStopsAtThatField) {
+TEST_F(FieldSplitter, Overflow_ErrorAndArraysEndAtThatField) {
     EXPECT_EQ(ErrorOf([] { SplitFields(u"1,2,1E999,4"); }), runtime::kOverflow);
     EXPECT_EQ(FieldTexts(), (std::vector<String>{u"", u"1", u"2", u"1E999"}));
     EXPECT_EQ(FieldValues(), (std::vector<double>{0, 1, 2, 0}));
@@ -213,14 +213,14 @@ TEST_F(FieldSplitter, OverflowNamesTheFieldAndItsText) {
     EXPECT_EQ(description(u"A," + String(400, u'9')), u"Overflow: field 2, '" + String(80, u'9') + u"…'");
 }
 
-TEST_F(FieldSplitter, LetsOverflowThroughFromQuotedAndLastFields) {
+TEST_F(FieldSplitter, OverflowInQuotedOrLastField_Error) {
     EXPECT_EQ(ErrorOf([] { SplitFields(uR"(1,"1E999",4)"); }), runtime::kOverflow);
     EXPECT_EQ(FieldValues(), (std::vector<double>{0, 1, 0}));
     EXPECT_EQ(ErrorOf([] { SplitFields(u"1,&H123456789"); }), runtime::kOverflow);
     EXPECT_EQ(FieldTexts(), (std::vector<String>{u"", u"1", u"&H123456789"}));
 }
 
-TEST_F(FieldSplitter, RaisesSubscriptErrorsOutsideTheArrays) {
+TEST_F(FieldSplitter, IndexOutsideTheArrays_IsError9) {
     EXPECT_EQ(ErrorOf([] { FieldText(0); }), runtime::kSubscriptOutOfRange);
     SplitFields(u"A,2");
     EXPECT_EQ(FieldText(0), u"");
@@ -262,7 +262,7 @@ constexpr int kReturned = 43;
 constexpr std::chrono::milliseconds kLongEnough{500};
 constexpr std::chrono::seconds kHang{30};
 
-/// Splits in a process of its own, which this ends after a while.
+/// For the child process of a death test. Ends the process when the split returns, or else after `watch`.
 [[noreturn]] void SplitUnderWatch(const String& text, std::chrono::milliseconds watch) {
     std::thread([watch] {
         std::this_thread::sleep_for(watch);

@@ -18,11 +18,11 @@ namespace {
 using runtime::Str;
 using runtime::String;
 
-// Two numbers of the published state that no module has a use for yet.
+// Two numbers of the published state that no module uses.
 constexpr std::int32_t kSpareA = 0;
 constexpr std::int32_t kSpareB = 0;
 
-/// Makes room for `count` names, none of which is known yet.
+/// Resets the list to `count` empty names.
 void StartModuleNames(std::int32_t count) {
     ModuleNames().assign(static_cast<std::size_t>(count) + 1, String());
     ModuleCount() = count;

@@ -1,5 +1,5 @@
-// The suite's modules as this component knows them: the list that the suite keeps, this module's place in it, the
-// window message that all modules share, and this module's published state.
+// The suite's modules as this component knows them: the suite's list of modules, this module's index in it, the window
+// message that all modules share, and this module's published state.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace routing {
 
-/// Number of the message registered under "PELORIX"; kept so that all modules agree on it, never sent from here.
+/// Number of the window message registered under "PELORIX". All modules share it. This component never sends it.
 inline std::uint32_t& InterModuleMessage() {
     return services::Values().interModuleMessage;
 }
@@ -21,21 +21,23 @@ inline std::vector<runtime::String>& ModuleNames() {
 inline std::int32_t& ModuleCount() {
     return services::Values().moduleCount;
 }
-/// Index of services::kOwnModuleName in ModuleNames, the last one if it is there more than once; 0 when absent.
+/// Index of services::kOwnModuleName in ModuleNames; the last index if the name occurs more than once; 0 if absent.
 inline std::int32_t& OwnModuleIndex() {
     return services::Values().ownModuleIndex;
 }
 
-/// Registers the shared message and reads the kernel string "AllAps". The errors of kernel, reader and field splitter
-/// pass.
+/// Registers the shared message and reads the list of modules from the kernel string "AllAps". Errors of the kernel,
+/// the reader and the field splitter reach the caller.
 void ReadModuleList();
 
-/// Publishes the main form's caption and window state together with `extra` under the module's name, or the empty
-/// string when `active` is 0: the module is not running. Else the main form is loaded if it is not; error 91 when there
-/// is none. The errors of the kernel pass.
+/// Publishes this module's state as the kernel string with the module's name.
+/// - `active` is 0: the empty string, because the module is not running.
+/// - Otherwise: the main form's caption and window state, and `extra`. Loads the main form if necessary; error 91 if
+///   there is none.
+/// Errors of the kernel reach the caller.
 void PublishModuleState(std::int32_t active, std::int32_t extra);
 
-/// `form` is among the loaded forms and visible. Does not load it.
+/// Whether `form` is loaded and visible. Does not load it.
 bool IsFormShown(runtime::Form& form);
 
 }  // namespace routing

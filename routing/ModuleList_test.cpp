@@ -71,7 +71,7 @@ TEST_F(ReadingTheModuleList, MissingListLeavesNoModules) {
     EXPECT_THAT(ModuleNames(), ElementsAre(u""));
 }
 
-/// A kernel whose strings lie at an address that means none.
+/// A kernel that returns an address that means "no text".
 class KernelWithoutText : public tests::InMemoryKernel {
  public:
     explicit KernelWithoutText(kernel_api::TextPointer none) : none_(none) {}
@@ -93,7 +93,7 @@ TEST_F(ReadingTheModuleList, AddressOfZeroOrBelowIsNotRead) {
     }
 }
 
-TEST_F(ReadingTheModuleList, EmptyListForgetsTheEarlierOne) {
+TEST_F(ReadingTheModuleList, EmptyList_ReplacesTheEarlierOne) {
     Read(u"A,K4TBACKPROCESS");
     Read(u"");
     EXPECT_EQ(ModuleCount(), 0);
@@ -143,7 +143,7 @@ TEST_F(PublishingTheState, HoldsWindowStateAndExtraNumber) {
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"My, \"caption\", 2, 0, 2147483647, 0");
 }
 
-TEST_F(PublishingTheState, InactiveStoresTheEmptyStringThoughTheFormIsLoaded) {
+TEST_F(PublishingTheState, Inactive_StoresTheEmptyString) {
     PublishModuleState(-1, 0);
     PublishModuleState(0, 5);
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
@@ -162,12 +162,12 @@ class FormShown : public tests::ComponentTest {
     runtime::Form other_{{.name = u"other", .caption = u"", .inner = {3000, 1500}}};
 };
 
-TEST_F(FormShown, IsFalseForAFormThatIsNotLoadedAndDoesNotLoadIt) {
+TEST_F(FormShown, FormNotLoaded_FalseAndStaysUnloaded) {
     EXPECT_FALSE(IsFormShown(form_));
     EXPECT_FALSE(form_.IsLoaded());
 }
 
-TEST_F(FormShown, AnotherFormIsVisible_ThisOneIsNotLoadedByAsking) {
+TEST_F(FormShown, OtherFormVisible_FormStaysUnloaded) {
     other_.SetVisible(true);
     EXPECT_FALSE(IsFormShown(form_));
     EXPECT_FALSE(form_.IsLoaded());
@@ -188,7 +188,7 @@ TEST_F(FormShown, IsFalseWhileHiddenAndTrueWhileVisible) {
 
 using FormShownInMemory = tests::HeadlessTest;
 
-TEST_F(FormShownInMemory, FollowsWhatOthersDo) {
+TEST_F(FormShownInMemory, OtherProgramShowsOrHidesTheForm_IsFollowed) {
     runtime::Form form({.name = u"form", .caption = u"", .inner = {3000, 1500}});
     form.EnsureLoaded();
     memory_.windows.Last().OthersShow();
