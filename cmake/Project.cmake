@@ -1,6 +1,6 @@
-# What every folder's CMakeLists.txt uses: one library per folder, unit tests beside their source.
+# Functions for every folder's CMakeLists.txt: one library per folder, unit tests beside their source.
 
-# Options that all our own code is built with; third-party code is not.
+# Options for the project's own code. Third-party code is built without them.
 add_library(project_options INTERFACE)
 target_compile_features(project_options INTERFACE cxx_std_20)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
@@ -12,11 +12,11 @@ else()
         $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual>)
 endif()
 if(WIN32)
-    # Windows 7 is the oldest system served; the wide functions are the only ones called without a suffix.
+    # Windows 7 is the oldest supported system. Only wide functions are called without a suffix.
     target_compile_definitions(project_options INTERFACE
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
-    # No compiler's DLL beside ours. Definition files give the plain names of exports, for which the linker finds the
-    # decorated ones.
+    # The programs must not need a DLL of the compiler. Definition files contain undecorated export names, for which the
+    # linker finds the decorated functions.
     if(MSVC)
         set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
     else()
@@ -25,18 +25,18 @@ if(WIN32)
     endif()
 endif()
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # GCC 12 folds functions whose code is alike although they are called differently: an empty lambda in a std::function
-    # became a method's "ret 4", which leaves the stack of its caller askew.
+    # GCC 12 merges functions with equal code even if their calling conventions differ: it replaced an empty lambda in a
+    # std::function by a method that ends with "ret 4". The caller's stack was then wrong.
     add_compile_options(-fno-ipa-icf)
 endif()
-# What the libraries are compiled with beside the options above; the tests are not.
+# Additional compiler options for the libraries. The tests are compiled without them.
 set(instrumentation)
 if(K4T_SANITIZE)
     list(APPEND instrumentation -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
 if(K4T_FUZZ)
-    # The libraries report to the fuzzer which of their branches an input took.
+    # With this option, the libraries report to the fuzzer which branches an input takes.
     list(APPEND instrumentation -fsanitize=fuzzer-no-link)
 endif()
 if(K4T_COVERAGE)
@@ -44,18 +44,18 @@ if(K4T_COVERAGE)
     add_link_options(--coverage)
 endif()
 
-# What ships has symbols (split_symbols): names of functions, and lines. The paths are those within the project.
+# Shipped programs have symbols (split_symbols): function names and lines. Paths are relative to the project.
 set(symbols)
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_BUILD_TYPE STREQUAL "Release")
     set(symbols $<$<COMPILE_LANGUAGE:C,CXX>:-g1> $<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 endif()
 
-# compile_together(TARGET): compiles the sources of TARGET as one, which saves reading the headers again for each.
+# compile_together(TARGET): compiles all sources of TARGET as one file, so that headers are read only once.
 function(compile_together target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ${K4T_UNITY} UNITY_BUILD_BATCH_SIZE 0)
 endfunction()
 
-# folder_library(NAME SOURCES … [LINK …]): the static library of one folder.
+# folder_library(NAME SOURCES … [LINK …]): creates the static library of a folder.
 function(folder_library name)
     cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
     add_library(${name} STATIC ${ARG_SOURCES})
@@ -64,8 +64,8 @@ function(folder_library name)
     compile_together(${name})
 endfunction()
 
-# split_symbols(TARGET): moves the symbols of TARGET, which ships, into a file of the folder symbols/. The program keeps a
-# link by which debuggers find that file.
+# split_symbols(TARGET): moves the symbols of a shipped TARGET into a file in the folder symbols/. The program keeps a
+# link that debuggers use to find that file.
 function(split_symbols target)
     if(NOT symbols)
         return()
@@ -80,8 +80,8 @@ function(split_symbols target)
         VERBATIM)
 endfunction()
 
-# test_sources(TARGET): compiles the sources of TARGET as tests are compiled: together, and without optimising, because
-# compiling them takes longer than running them.
+# test_sources(TARGET): compiles the sources of TARGET as tests: as one file, and without optimisation, because
+# compiling takes longer than running.
 function(test_sources target)
     target_link_libraries(${target} PRIVATE project_options)
     if(WIN32 AND NOT MSVC)
@@ -90,11 +90,11 @@ function(test_sources target)
     compile_together(${target})
 endfunction()
 
-# unit_tests([PLATFORM …] [SMOKE …] [PORTABLE …]): the tests beside their source. All folders' tests are linked into one
-# program.
-#     PLATFORM  run on the in-memory back end natively, and on the Win32 back end under Wine
-#     SMOKE     touch no platform; run natively, and as 32-bit code under Wine
-#     PORTABLE  touch no platform; run natively only
+# unit_tests([PLATFORM …] [SMOKE …] [PORTABLE …]): adds the unit tests of a folder. The tests of all folders are linked
+# into one program.
+#     PLATFORM  run natively with the in-memory back end, and under Wine with the Win32 back end
+#     SMOKE     use no platform; run natively, and under Wine as 32-bit code
+#     PORTABLE  use no platform; run natively only
 function(unit_tests)
     cmake_parse_arguments(ARG "" "" "PLATFORM;SMOKE;PORTABLE" ${ARGN})
     set(files ${ARG_PLATFORM} ${ARG_SMOKE})
@@ -112,8 +112,8 @@ function(unit_tests)
     set_property(GLOBAL APPEND PROPERTY unit_tests ${name})
 endfunction()
 
-# project_test(NAME name COMMAND … [NEEDS targets…] [WINE]): a test, and a target needs_NAME that builds what it needs. With
-# WINE it gets a new Wine prefix and a display of its own.
+# project_test(NAME name COMMAND … [NEEDS targets…] [WINE]): adds a test, and a target needs_NAME that builds what the
+# test needs. With WINE, the test runs in a new Wine prefix on its own display.
 function(project_test)
     cmake_parse_arguments(ARG "WINE" "NAME" "COMMAND;NEEDS" ${ARGN})
     set(command ${ARG_COMMAND})
@@ -125,14 +125,14 @@ function(project_test)
     add_custom_target(needs_${ARG_NAME} DEPENDS ${ARG_NEEDS})
 endfunction()
 
-# wine_test(PROGRAM [NEEDS targets…]): the test of that name that runs PROGRAM under Wine.
+# wine_test(PROGRAM [NEEDS targets…]): adds a test that runs PROGRAM under Wine and has its name.
 function(wine_test program)
     cmake_parse_arguments(ARG "" "" "NEEDS" ${ARGN})
     project_test(NAME ${program} WINE NEEDS ${program} ${ARG_NEEDS}
         COMMAND ${PROJECT_SOURCE_DIR}/scripts/wine-run $<TARGET_FILE:${program}>)
 endfunction()
 
-# fuzz_target(NAME SOURCES … LINK …): a libFuzzer program; only made by the fuzz preset.
+# fuzz_target(NAME SOURCES … LINK …): adds a libFuzzer program. Only the fuzz preset builds it.
 function(fuzz_target name)
     if(NOT K4T_FUZZ)
         return()

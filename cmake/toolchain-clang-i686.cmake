@@ -1,5 +1,5 @@
-# The same target as toolchain-mingw-i686.cmake through clang: a second opinion on warnings and on what is standard C++.
-# Headers and libraries are those of the MinGW-w64 g++ package.
+# Clang for the same target as toolchain-mingw-i686.cmake: it finds other warnings and other code that is not standard
+# C++. Headers and libraries are those of MinGW-w64's g++.
 include(${CMAKE_CURRENT_LIST_DIR}/toolchain-mingw-i686.cmake)
 set(CMAKE_C_COMPILER clang)
 set(CMAKE_CXX_COMPILER clang++)
@@ -12,7 +12,7 @@ cmake_path(GET mingw_headers PARENT_PATH mingw_folder)
 cmake_path(GET mingw_folder PARENT_PATH mingw_folder)
 set(CMAKE_CXX_STANDARD_INCLUDE_DIRECTORIES
     ${mingw_headers} ${mingw_headers}/i686-w64-mingw32 ${mingw_headers}/backward)
-# The library's thread-local variables are emulated ones.
+# libstdc++ is built with emulated thread-local variables.
 set(CMAKE_CXX_FLAGS_INIT "-nostdinc++ -femulated-tls -Wno-unused-command-line-argument")
 foreach(kind EXE SHARED MODULE)
     set(CMAKE_${kind}_LINKER_FLAGS_INIT -L${mingw_folder})

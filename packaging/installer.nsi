@@ -1,11 +1,11 @@
-; The installer of the component. scripts/package builds it and gives it:
+; The installer of the component. scripts/package builds it with these definitions:
 ;     VERSION   "1.0.0"
-;     CLASS_ID  of the component's class, without braces
-;     FILES     a script with the macros InstallFiles and InstallDevelopmentKernel, made from what ships
-;     OUTPUT    the installer's file
+;     CLASS_ID  the identifier of the component's class, without braces
+;     FILES     a generated script with the macros InstallFiles and InstallDevelopmentKernel
+;     OUTPUT    the installer's file name
 ;
-; It installs for the current user, without an administrator's rights; with /AllUsers for the machine. /DevKernel installs
-; the development kernel too. /S asks nothing, /D=FOLDER (last, without quotes) chooses the folder.
+; It installs for the current user, without administrator rights, or with /AllUsers for the machine. Options: /DevKernel
+; also installs the development kernel; /S asks nothing; /D=FOLDER (last, without quotes) chooses the folder.
 ; Exit codes: 0 done, 1 cancelled by the user, 2 failed, 3 a file is in use and nothing was changed.
 Unicode true
 SetCompressor /SOLID lzma
@@ -18,7 +18,7 @@ SetCompressor /SOLID lzma
 !define REMOVAL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\K4TBackProcess"
 !define CLASS_KEY "Software\Classes\K4TBackProcess.clsQmxBackProcess"
 !define SERVER_KEY "Software\Classes\CLSID\{${CLASS_ID}}\InprocServer32"
-; Where the component keeps the place of its window, in the user's settings.
+; The component saves the position of its window here, in the user's settings.
 !define SETTINGS_KEY "Software\VB and VBA Program Settings"
 
 Name "${PRODUCT} ${VERSION}"
@@ -32,8 +32,8 @@ VIAddVersionKey FileDescription "Installs the ${PRODUCT}"
 VIAddVersionKey FileVersion "${VERSION}.0"
 VIAddVersionKey LegalCopyright "Daventa"
 
-Var hasEntries ; "yes" when the entry for the removal is this folder's
-Var scopeOption ; the tool's option for the scope: "--user", or nothing for the machine
+Var hasEntries ; "yes" if the uninstall entry in the registry belongs to this folder
+Var scopeOption ; the tool's option for the scope: "--user", or empty for the machine
 Var record ; the list of installed files, open for writing
 
 Page directory
@@ -45,7 +45,8 @@ UninstPage instfiles
 !insertmacro RecordFunctions ""
 !insertmacro RecordFunctions "un."
 
-; Visitor: $found becomes "recorded" or "ours" when $wanted is in the list or even has the contents of the list.
+; Visitor for EachRecorded. If $wanted is in the list, sets $found to "ours" if the file is unchanged, else to
+; "recorded".
 Function FindWanted
   ${If} $path == $wanted
     StrCpy $found "recorded"
@@ -56,8 +57,8 @@ Function FindWanted
   ${EndIf}
 FunctionEnd
 
-; Ends the program where an earlier set-up installed without a list. Which files are its own cannot be known, and its
-; uninstaller deletes the suite's, too.
+; Ends the program if an earlier set-up installed without a list. It is unknown which files belong to that set-up, and
+; its uninstaller also deletes files of the suite.
 Function RequireNoOldInstallation
   ReadRegStr $0 SHCTX "${REMOVAL_KEY}" UninstallString
   ${If} $0 == '"$INSTDIR\uninstall.exe"'
@@ -69,7 +70,7 @@ Function RequireNoOldInstallation
   ${EndIf}
 FunctionEnd
 
-; Ends the program when the place of a file that must be installed is taken by one that is not ours.
+; Ends the program if a file with this name exists that the set-up did not install.
 !macro RequirePlace file
   StrCpy $wanted "${file}"
   StrCpy $found ""
@@ -81,7 +82,7 @@ FunctionEnd
   ${EndIf}
 !macroend
 
-; Installs SOURCE, with the SHA-256 HASH, as FILE, unless there is a file already.
+; Installs SOURCE, whose SHA-256 is HASH, as FILE. An existing file is kept.
 !macro PlaceFile file folder hash source
   ${If} ${FileExists} "$INSTDIR\${file}"
     ${Note} "Left as it is, because this set-up did not install it or it was changed since: $INSTDIR\${file}"
@@ -105,7 +106,7 @@ Function GiveUpWriting
     installation is not complete: run this set-up again."
 FunctionEnd
 
-; Two registrations would hide one another, so one scope refuses while the other is there.
+; One registration would hide the other. So each scope refuses to install if the other one is registered.
 Function ChooseUser
   SetShellVarContext current
   StrCpy $scopeOption "--user"
@@ -135,8 +136,8 @@ Function ChooseMachine
   ${EndIf}
 FunctionEnd
 
-; Everything that can refuse comes before the first change. Then the unchanged files of an earlier set-up go, so that what
-; is left at a place is the user's.
+; All checks run before the first change. Then the unchanged files of an earlier set-up are deleted. A file that is
+; still there belongs to the user.
 Section "-Make room"
   ${Note} "Folder $INSTDIR"
   Call RequireRecord
@@ -160,7 +161,7 @@ Section "-Make room"
   FileWrite $record "${RECORD_HEAD}$\r$\n"
 SectionEnd
 
-; A file that only has the name of the list is the user's.
+; If a file has the list's name but not its first line, it belongs to the user.
 Function RequireRecord
   ${If} ${FileExists} "$INSTDIR\${RECORD}"
     FileOpen $0 "$INSTDIR\${RECORD}" r
@@ -195,7 +196,7 @@ Section "-Register"
   FileWrite $record "$0 $path$\r$\n"
   FileClose $record
 
-  ; A program that is started from here searches the current folder for libraries.
+  ; A program that is started here searches the current folder for libraries, so that folder must be a safe one.
   SetOutPath $SYSDIR
   DetailPrint "Registering the component"
   nsExec::ExecToLog '"$INSTDIR\backproc.exe" register $scopeOption'
@@ -234,7 +235,7 @@ Function .onInit
   Call KeepDevelopmentKernel
 FunctionEnd
 
-; An update keeps the development kernel where an earlier set-up installed it.
+; An update keeps the development kernel if an earlier set-up installed it.
 Function KeepDevelopmentKernel
   StrCpy $wanted "dev\QmxKrn2K.dll"
   StrCpy $found ""
@@ -244,8 +245,9 @@ Function KeepDevelopmentKernel
   ${EndIf}
 FunctionEnd
 
-; What is removed is what this folder's own installation entered. When a later one went into another folder, the entries
-; are that one's, and only the files go. A registration that was made from another folder stays while its file is there.
+; Removes only what this folder's installation entered in the registry. If a later installation is in another folder,
+; the entries belong to that one, and only the files here are removed. A registration from another folder stays while
+; its file exists.
 Function un.onInit
   Push "Removal of ${PRODUCT} ${VERSION} from $INSTDIR"
   Call un.BeginLog
@@ -272,13 +274,13 @@ Function un.TakeRegistrationBack
   ${EndIf}
 FunctionEnd
 
-; $1 becomes "yes" when the class is registered from a file of another folder that is there.
+; Sets $1 to "yes" if the class is registered with an existing file in another folder.
 Function un.IsRegisteredElsewhere
   StrCpy $1 "no"
   ReadRegStr $0 SHCTX "${SERVER_KEY}" ""
   ${If} $0 != ""
   ${AndIf} ${FileExists} "$0"
-    ; Short names, as a folder has several long ones.
+    ; Compare short names, because a folder can have several long ones.
     GetFullPathName /SHORT $0 "$0"
     GetFullPathName /SHORT $2 "$INSTDIR\K4TBackProcess.dll"
     ${If} $0 != $2
@@ -287,7 +289,7 @@ Function un.IsRegisteredElsewhere
   ${EndIf}
 FunctionEnd
 
-; The registration first: once it is taken back nothing starts the component's file any more.
+; The registration is removed first. After that, no program can load the component's file.
 Section Uninstall
   Call un.RefuseWhileInUse
   SetOutPath $SYSDIR
@@ -303,7 +305,8 @@ Section Uninstall
     ${Note} "Left all files as they are, because the list of installed files is gone: $INSTDIR\${RECORD}"
   ${EndIf}
   ${EachRecorded} un.RemoveIfOurs
-  ; An uninstaller that runs in its own folder stays, and a later set-up must know it.
+  ; The uninstaller cannot delete itself if it runs in its own folder. The list then stays, because a later set-up needs
+  ; it to recognise the uninstaller.
   ${IfNot} ${FileExists} "$INSTDIR\${UNINSTALLER}"
     Delete "$INSTDIR\${RECORD}"
   ${EndIf}

@@ -1,6 +1,6 @@
-; Which files of the folder are the set-up's own. The list K4TBackProcess.files in the folder names each file that was put
-; there, with the SHA-256 of its contents. A file belongs to the set-up as long as its contents are those of the list.
-; Every other file belongs to the user: it is never replaced and never deleted.
+; Records which files in the folder belong to the set-up. The list K4TBackProcess.files names each installed file and
+; the SHA-256 of its contents. A file belongs to the set-up while its contents match the list. Every other file belongs
+; to the user: it is never replaced and never deleted.
 !define RECORD "K4TBackProcess.files"
 !define RECORD_HEAD "; What the set-up of K4TBackProcess put into this folder: SHA-256, file"
 !define HASH_LENGTH 64
@@ -9,10 +9,10 @@
 !define EXIT_FAILED 2
 !define EXIT_IN_USE 3
 
-Var path ; a file of the list, below $INSTDIR
-Var hash ; the SHA-256 that the list has for it
-Var wanted ; the file that a visitor looks for
-Var found ; what a visitor found
+Var path ; the current file of the list, relative to $INSTDIR
+Var hash ; its SHA-256 in the list
+Var wanted ; the file that a visitor searches for
+Var found ; the visitor's result
 
 !macro Note text
   Push "${text}"
@@ -24,7 +24,7 @@ Var found ; what a visitor found
 !macroend
 !define Note "!insertmacro Note"
 
-; Ends the program. The reason is shown, and it is in the log file.
+; Ends the program. Shows the reason and writes it to the log.
 !macro GiveUp code reason
   ${Note} "${reason}"
   MessageBox MB_OK|MB_ICONSTOP "${reason}" /SD IDOK
@@ -33,7 +33,7 @@ Var found ; what a visitor found
 !macroend
 !define GiveUp "!insertmacro GiveUp"
 
-; Calls FUNCTION with $path and $hash of each file of the list.
+; Calls FUNCTION for each file of the list, with $path and $hash set.
 !macro EachRecorded function
   GetFunctionAddress $0 ${function}
   !ifdef __UNINSTALL__
@@ -44,10 +44,10 @@ Var found ; what a visitor found
 !macroend
 !define EachRecorded "!insertmacro EachRecorded"
 
-; Installer and uninstaller share no functions, so each has them under a name of its own: UN is "" or "un.".
+; An installer and an uninstaller cannot share functions, so each gets its own copy. UN is "" or "un.".
 !macro RecordFunctions UN
 
-; Adds the text on the stack to the log file and to the lines on the screen.
+; Pops a text. Appends it to the log file and shows it on the screen.
 Function ${UN}Note
   System::Store S
   Pop $0
@@ -62,14 +62,14 @@ Function ${UN}Note
   System::Store L
 FunctionEnd
 
-; Begins the log of this run: when, and the text on the stack.
+; Pops a text. Begins the log of this run with the time and the text.
 Function ${UN}BeginLog
   Pop $7
   ${GetTime} "" "L" $0 $1 $2 $3 $4 $5 $6
   ${Note} "$2-$1-$0 $4:$5:$6 $7"
 FunctionEnd
 
-; On the stack: a file, which becomes the SHA-256 of its contents, or "" when it is empty or cannot be read.
+; Pops a file name. Pushes the SHA-256 of the file's contents, or "" if it is empty or cannot be read.
 Function ${UN}HashFile
   System::Store S
   Pop $0
@@ -105,7 +105,7 @@ Function ${UN}HashFile
   System::Store L
 FunctionEnd
 
-; Calls the function at the address $0 with $path and $hash of each file of the list.
+; Calls the function at the address $0 for each file of the list, with $path and $hash set.
 Function ${UN}EachRecorded
   ClearErrors
   FileOpen $1 "$INSTDIR\${RECORD}" r
@@ -130,7 +130,7 @@ Function ${UN}EachRecorded
   FileClose $1
 FunctionEnd
 
-; $0 becomes "yes" when $path has the contents of the list, "no" when it has others, "unknown" when it cannot be read.
+; Sets $0 to "yes" if the contents of $path match the list, "no" if they differ, "unknown" if the file cannot be read.
 Function ${UN}IsOurs
   StrCpy $0 "no"
   Push "$INSTDIR\$path"
@@ -143,8 +143,8 @@ Function ${UN}IsOurs
   ${EndIf}
 FunctionEnd
 
-; Visitor: $found becomes the path of a file of ours that cannot be written, as those of running programs are. The
-; uninstaller itself does not count, because it may be running right now.
+; Visitor: sets $found to an installed file that cannot be written, for example because its program is running. Ignores
+; the uninstaller, because it may be running now.
 Function ${UN}FindInUse
   ${If} $path == "${UNINSTALLER}"
     Return
@@ -163,7 +163,7 @@ Function ${UN}FindInUse
   ${EndIf}
 FunctionEnd
 
-; Ends the program, before anything is changed, while a file of ours is in use.
+; While an installed file is in use, ends the program before anything is changed.
 Function ${UN}RefuseWhileInUse
   ${Do}
     StrCpy $found ""
@@ -180,7 +180,7 @@ Function ${UN}RefuseWhileInUse
   ${Loop}
 FunctionEnd
 
-; Visitor: deletes a file of ours, and the folders that it leaves empty. $found becomes a file that could not be deleted.
+; Visitor: deletes an unchanged installed file and the folders that become empty. On failure, sets $found to the file.
 Function ${UN}RemoveIfOurs
   Call ${UN}IsOurs
   ${If} $0 == "yes"
