@@ -246,7 +246,7 @@ Function KeepDevelopmentKernel
 FunctionEnd
 
 ; Removes only what this folder's installation entered in the registry. If a later installation is in another folder,
-; the entries belong to that one, and only the files here are removed. A registration from another folder stays while
+; the entries belong to the later one, and only the files here are removed. A registration from another folder stays while
 ; its file exists.
 Function un.onInit
   Push "Removal of ${PRODUCT} ${VERSION} from $INSTDIR"

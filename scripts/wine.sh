@@ -50,7 +50,7 @@ ensure_template() {
     ) 7>"$template.lock"
 }
 
-# copy_template FOLDER: creates a Wine prefix from the template. It gets its name only when it is complete. All prefixes
+# copy_template FOLDER: creates a Wine prefix from the template. The prefix gets its name when it is complete. All prefixes
 # share the files of Wine's system folder as hard links, because programs only read them. All other files are copied.
 copy_template() {
     local new=$1.$$ system=drive_c/windows/system32
