@@ -1,5 +1,5 @@
-// The texts that code asks for by name, each written down once: identifier, English default, and where it is shown.
-// Captions of forms and controls are not here, they stand with their identifiers in the forms' designs.
+// The texts that code looks up by name. Each has an identifier, an English default and a note on its use. The designs
+// of the forms hold the captions of forms and controls, with their identifiers.
 #pragma once
 
 #include <cstdint>
@@ -15,29 +15,29 @@ struct LocalText {
     runtime::StringView use;  ///< for translators
 };
 
-// One identifier with two defaults: a translation stands in both places.
+// Two defaults with the same identifier: a translation replaces both.
 inline constexpr LocalText kApplicationCaption = {u"LOC", u"Pelorix Background Processing Application",
                                                   u"caption of the main form"};
 inline constexpr LocalText kModuleCaption = {u"LOC", u"Pelorix Background process ", u"title of error reports"};
 
-// The blanks at the ends of these identifiers belong to them.
+// The blank at the end of each of these identifiers is part of it.
 inline constexpr LocalText kFolderLead = {u"991019 ", u"Path: ", u"folder check, before the folder"};
 inline constexpr LocalText kFolderNotAvailable = {u"99961 ", u" not available", u"folder check, after the folder"};
 
-/// An error of the suite's common table: the texts before and after the detail; most errors have none after it.
+/// An error of the suite's common table, with the texts before and after the detail. Most errors have no text after it.
 struct ErrorText {
     std::int32_t number;
     LocalText before;
     LocalText after = {};
 };
 
-/// Null for a number that the table does not have.
+/// Null if the table does not have `number`.
 const ErrorText* FindErrorText(std::int32_t number);
 
-/// All of the above, and those of the error reports.
+/// All texts above and those of the error reports.
 std::vector<LocalText> CodeTexts();
 
-/// The text in the current language, or its default.
+/// The text in the current language, or its default if there is no translation.
 runtime::String GetLocalText(const LocalText& text);
 
 }  // namespace services

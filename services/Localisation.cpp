@@ -29,7 +29,7 @@ enum Language : std::int32_t { kChinese = 0x04, kJapanese = 0x11, kKorean = 0x12
 constexpr std::int16_t kEastAsianSize = 9;
 constexpr std::int16_t kWesternSize = 8;
 
-/// What the fixed rules choose, by language and sublanguage; a language's last row is for its other sublanguages.
+/// The font for a language and sublanguage. A language's last row is for its other sublanguages.
 struct FixedFont {
     std::int32_t language;
     std::int32_t subLanguage;
@@ -55,7 +55,7 @@ constexpr FixedFont kFixedFonts[] = {
 
 constexpr StringView kWesternFaces[] = {u"MS Sans Serif", u"Arial", u"System"};
 
-/// Null for a language that the fixed rules do not know.
+/// Null if no row matches.
 const FixedFont* FindFixed(std::int32_t lcid) {
     const std::int32_t language = PrimaryLanguage(lcid);
     const std::int32_t subLanguage = SubLanguage(lcid);
@@ -71,7 +71,8 @@ struct FoundFace {
     String name;
 };
 
-/// The system's own font in a context of `window`. In the end the context has its former font again and is released.
+/// Selects the system's own font into a context of `window`. The destructor selects the former font again and releases
+/// the context.
 class SystemFontInContext {
  public:
     SystemFontInContext(NativeHandle window, NativeHandle context)
@@ -95,7 +96,7 @@ class SystemFontInContext {
     runtime::FontsPort& fonts_ = runtime::CurrentPorts().fonts;
     NativeHandle window_;
     NativeHandle context_;
-    NativeHandle made_;  ///< 0 for the stock font, which is not deleted
+    NativeHandle made_;  ///< 0 for the stock font, which must not be deleted
     NativeHandle before_;
 };
 
@@ -106,8 +107,8 @@ FoundFace WesternFace(NativeHandle window, NativeHandle context) {
     return SystemFontInContext(window, context).Face();
 }
 
-/// A new font object with the process's font. It refuses an empty name and a size of 0 and keeps its own, which leaves
-/// a usable font where no rule named one.
+/// A new font with the values of the process's font. The font refuses an empty name and a size of 0 and keeps its own
+/// values. So it is usable even if no rule has named a face.
 Font NewFont(const UiFont& uiFont) {
     Font font;
     runtime::PutFontProperty(font, u"Name", uiFont.name);

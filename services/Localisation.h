@@ -1,5 +1,5 @@
-// Forms in the user's language: the font that can show it, chosen from the system's locale; a form's captions, colour
-// and fonts; its place in the middle of the screen.
+// Localises forms: chooses the user-interface font by the system's locale, sets a form's captions, colour and fonts,
+// and centres the form on the screen. Home thread only.
 #pragma once
 
 #include <cstdint>
@@ -16,14 +16,14 @@ namespace services {
 
 /// The low ten bits of a locale identifier.
 std::int32_t PrimaryLanguage(std::int32_t lcid);
-/// A locale identifier divided by 1024 and rounded to the nearest, halves to even. Bits above the language, as those
-/// of a sort order, are part of it.
+/// A locale identifier divided by 1024 and rounded to the nearest integer, halves to even. The bits above the language,
+/// for example those of a sort order, are not masked out.
 std::int32_t SubLanguage(std::int32_t lcid);
-/// The character set of the user's default locale, 0 when it cannot be found.
+/// The character set of the user's default locale; 0 if it is unknown.
 std::int16_t UserCharset();
 
-/// What decided the user-interface font. The first six name the system's language; under any other one it is the first
-/// installed face of a list, or else the system's own font.
+/// The rule that decided the user-interface font. The first six rules each belong to a system language. For any other
+/// language, the font is the first installed face of a list, or else the system's own font.
 enum class FontRule {
     kTraditionalChinese,
     kSimplifiedChinese,
@@ -36,27 +36,30 @@ enum class FontRule {
     kStockFont,
 };
 
-/// The choice that `rule` decided has released the context that it was given.
+/// Whether a choice by `rule` has released the device context that it received.
 constexpr bool ReleasesContext(FontRule rule) {
     return rule == FontRule::kIconTitleFont || rule == FontRule::kStockFont;
 }
 
-/// Decides the process's user-interface font by the system's locale. `deviceContext`, a context of `window`, is
-/// released if the deciding rule is one that does so, and only then. Errors of the fonts pass; the former font stays.
+/// Chooses the process's user-interface font by the system's locale and returns the deciding rule. `deviceContext` is a
+/// context of `window`. It is released if ReleasesContext() is true for that rule. If the system's font cannot be read,
+/// that error reaches the caller and the former font stays.
 FontRule ChooseUiFont(runtime::NativeHandle window, runtime::NativeHandle deviceContext);
-/// The same as it is on a system of the locale `systemLcid`.
+/// The same for a system with the locale `systemLcid`.
 FontRule ChooseUiFontFor(std::int32_t systemLcid, runtime::NativeHandle window, runtime::NativeHandle deviceContext);
 
-/// Gives a form and its controls the captions of their tags, the current caption being the default, and all the
-/// controls the user-interface font without bold, and no tab stop. Turns a light grey form into the system's button
-/// colour. What fails is passed over, but for the form's loading, whose errors pass.
+/// Localises a form and its controls:
+/// - A form or control with a tag gets the caption under the tag; the current caption is the default.
+/// - A light grey form gets the system's button colour.
+/// - Each control gets the user-interface font without bold, and no tab stop.
+/// Errors are ignored, except errors of loading the form, which reach the caller.
 void LocaliseForm(runtime::Form& form);
-/// The same for one control; `font` is a font with the name, size and character set of the user-interface font. A
-/// control has few of the properties that are tried: it refuses the others, and the next one is tried.
+/// The same for one control. `font` has the name, size and character set of the user-interface font. A control lacks
+/// most of the properties that are set; each error is ignored and the next property is tried.
 void LocaliseControl(runtime::Properties& control, const runtime::Font& font);
 
-/// Moves a form to half the difference between the screen's size and its own. A form that is larger than the screen
-/// moves down and right. Error 384 while it is minimised or maximised.
+/// Centres a form: its left and top become half the absolute difference between the screen's size and its own. A form
+/// that is larger than the screen therefore moves right and down. Error 384 if the form is minimised or maximised.
 void SetForm(runtime::Form& form);
 
 }  // namespace services

@@ -1,4 +1,4 @@
-// The choice of the font of forms, over all its branches.
+// The choice of the user-interface font, in all its branches.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ TEST(Language, SubLanguageIsTheQuotientRounded) {
     EXPECT_EQ(SubLanguage(0x0004), 0);  // 4 / 1024 = 0.004
 }
 
-TEST(Language, SubLanguageIsTheNextOneFromTheMiddleOn) {
+TEST(Language, SubLanguageRoundsHalvesToEven) {
     EXPECT_EQ(SubLanguage(0x05FF), 1);  // 1535 / 1024 = 1.499
     EXPECT_EQ(SubLanguage(0x0600), 2);  // 1536 / 1024 = 1.5
     EXPECT_EQ(SubLanguage(0x0601), 2);  // 1537 / 1024 = 1.501
@@ -45,7 +45,7 @@ TEST(Language, SubLanguageIsTheNextOneFromTheMiddleOn) {
     EXPECT_EQ(SubLanguage(0x0200), 0);  // 512 / 1024 = 0.5
 }
 
-TEST(Language, SubLanguageHasTheSortOrdersBits) {
+TEST(Language, SubLanguageIncludesTheSortOrder) {
     EXPECT_EQ(SubLanguage(0x30404), 193);  // 197636 / 1024 = 193.004
     EXPECT_EQ(SubLanguage(0x10412), 65);   // 66578 / 1024 = 65.018
 }
@@ -88,7 +88,7 @@ const FixedChoice kFixedChoices[] = {
 
 class FixedUiFont : public UiFontChoice, public testing::WithParamInterface<FixedChoice> {};
 
-TEST_P(FixedUiFont, IsChosenByTheSystemsLanguageWhateverIsInstalled) {
+TEST_P(FixedUiFont, DependsOnTheSystemLanguageOnly) {
     memory_.fonts.installed.clear();
     memory_.locale.charsets.clear();
     Values().uiFont = {u"Arial", 8, 77};
@@ -122,7 +122,7 @@ TEST_F(UiFontChoice, WesternIsTheFirstInstalledFaceOfTheList) {
     EXPECT_THAT(Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System"));
 }
 
-TEST_F(UiFontChoice, WesternCharacterSetIsTheUsersAndNotTheSystems) {
+TEST_F(UiFontChoice, WesternCharacterSetIsThatOfTheUsersLocale) {
     memory_.locale.charsets = {{0x0407, 0}, {0x0419, 204}};
     memory_.locale.userLcid = 0x0419;
     ChooseFor(0x0407);
@@ -146,9 +146,9 @@ TEST_F(UiFontChoice, UnknownSystemLocaleIsWestern) {
     EXPECT_EQ(Values().uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
 }
 
-// 81 is the stock font, 82 the one that was made, 80 what the context had selected.
+// Font handles in the logs: 80 is the context's former font, 81 the stock font, 82 the font that was made.
 
-TEST_F(UiFontChoice, LastResortReadsTheFaceOfIconTitlesAndLeavesNothingBehind) {
+TEST_F(UiFontChoice, NoFaceInstalled_IconTitleFontIsReadAndReleased) {
     memory_.fonts.installed.clear();
     memory_.fonts.iconTitleFace = u"Segoe UI";
     EXPECT_EQ(ChooseFor(0x0407), FontRule::kIconTitleFont);
@@ -158,7 +158,7 @@ TEST_F(UiFontChoice, LastResortReadsTheFaceOfIconTitlesAndLeavesNothingBehind) {
                                    "delete 82"));
 }
 
-TEST_F(UiFontChoice, LastResortWithoutIconTitlesTakesTheStockFontAndDeletesNothing) {
+TEST_F(UiFontChoice, NoIconTitleFont_StockFontIsReadAndNotDeleted) {
     memory_.fonts.installed.clear();
     memory_.fonts.describesIconTitles = false;
     EXPECT_EQ(ChooseFor(0x0407), FontRule::kStockFont);
@@ -168,7 +168,7 @@ TEST_F(UiFontChoice, LastResortWithoutIconTitlesTakesTheStockFontAndDeletesNothi
                            "select 81 in 4097", "face of 4097", "select 80 in 4097", "release 4097 of 4096"));
 }
 
-TEST_F(UiFontChoice, LastResortThatFailsLeavesNothingBehindAndKeepsTheFont) {
+TEST_F(UiFontChoice, FaceNameFails_FontStaysAndHandlesAreReleased) {
     memory_.fonts.installed.clear();
     memory_.fonts.failsFaceName = true;
     Values().uiFont = {u"Arial", 9, 161};
@@ -179,7 +179,7 @@ TEST_F(UiFontChoice, LastResortThatFailsLeavesNothingBehindAndKeepsTheFont) {
                                    "delete 82"));
 }
 
-TEST_F(UiFontChoice, FaceThatTheSystemDoesNotNameIsTheBuffersBlanks) {
+TEST_F(UiFontChoice, NoFaceName_NameIsTheBufferOfBlanks) {
     memory_.fonts.installed.clear();
     memory_.locale.systemLcid = 0x0407;
     EXPECT_EQ(ChooseUiFont(kWindow, 0), FontRule::kIconTitleFont);

@@ -1,4 +1,4 @@
-// Forms and controls in several languages, and their place on the screen.
+// The localisation of forms and controls, and the centring of forms.
 #include "services/Localisation.h"
 
 #include <gmock/gmock.h>
@@ -29,7 +29,7 @@ using runtime::headless::MemoryWindow;
 using ::testing::ElementsAre;
 using ::testing::Pair;
 
-/// An object that notes each access and answers as it is told to.
+/// Records each access and returns the result that the test has set.
 class NotingObject : public runtime::Properties {
  public:
     runtime::AccessError Put(StringView name, const PropertyValue& value) override {
@@ -82,34 +82,34 @@ class ControlLocalisation : public tests::HeadlessComponentTest {
         "ControlFont.Charset = 161", "FontBold = off",       "Bold = off"};
 };
 
-TEST_F(ControlLocalisation, SetsPropertyAfterPropertyInOneOrder) {
+TEST_F(ControlLocalisation, SetsThePropertiesInAFixedOrder) {
     std::vector<std::string> expected = fontAccesses_;
     expected.insert(expected.end(), {"Tag?", "Caption?", "Caption = &Ja"});
     EXPECT_EQ(Accesses(), expected);
 }
 
-TEST_F(ControlLocalisation, GoesOnAfterEachRefusal) {
+TEST_F(ControlLocalisation, PropertyRefused_TriesTheNextOne) {
     object_.answer = runtime::kPropertyNotSupported;
     std::vector<std::string> expected = fontAccesses_;
     expected.emplace_back("Tag?");
     EXPECT_EQ(Accesses(), expected);
 }
 
-TEST_F(ControlLocalisation, GoesOnAfterAccessesThatCannotBeTried) {
+TEST_F(ControlLocalisation, AccessThrows_TriesTheNextProperty) {
     object_.throwsAtEach = true;
     std::vector<std::string> expected = fontAccesses_;
     expected.emplace_back("Tag?");
     EXPECT_EQ(Accesses(), expected);
 }
 
-TEST_F(ControlLocalisation, WithoutATagLeavesTheCaption) {
+TEST_F(ControlLocalisation, NoTag_CaptionStays) {
     object_.tag = u"";
     std::vector<std::string> expected = fontAccesses_;
     expected.emplace_back("Tag?");
     EXPECT_EQ(Accesses(), expected);
 }
 
-/// One of each kind, all with a tag but the last button.
+/// A form with several kinds of control. All but the last button have a tag.
 class TaggedForm : public runtime::Form {
  public:
     explicit TaggedForm(runtime::Colour backColour = runtime::kLightGrey)
@@ -148,7 +148,7 @@ class FormLocalisation : public tests::HeadlessComponentTest {
     TaggedForm form_;
 };
 
-TEST_F(FormLocalisation, CaptionsAreTheLanguages) {
+TEST_F(FormLocalisation, CaptionsAreTranslated) {
     Learn(u"C:\\de", "561 = Titel\n1 = Name:\n39171 = &Ja\n2 = Bild\n3 = Bereit\n");
     LocaliseForm(form_);
     EXPECT_EQ(form_.Caption(), u"Titel");
@@ -160,7 +160,7 @@ TEST_F(FormLocalisation, CaptionsAreTheLanguages) {
     EXPECT_EQ(Window().Control(u"picture").text, u"");
 }
 
-TEST_F(FormLocalisation, TextsAreAskedForInTheControlsOrderWithTheCurrentCaptions) {
+TEST_F(FormLocalisation, TextsAreLookedUpInTheOrderOfTheControls) {
     tests::RecordingReader recording(reader_);
     const tests::ReaderInUse inUse(recording);
     form_.yes->SetText(u"&Sure");
@@ -168,7 +168,7 @@ TEST_F(FormLocalisation, TextsAreAskedForInTheControlsOrderWithTheCurrentCaption
     EXPECT_THAT(recording.Asked(), ElementsAre(Pair(u"Title", u"561"), Pair(u"Name", u"1"), Pair(u"&Sure", u"39171")));
 }
 
-TEST_F(FormLocalisation, CaptionsOfALanguageStayWhereTheNextOneHasNoText) {
+TEST_F(FormLocalisation, NextLanguageLacksAText_EarlierCaptionStays) {
     Learn(u"C:\\de", "561 = Titel\n39171 = &Ja\n1 = Name:\n");
     LocaliseForm(form_);
     Learn(u"C:\\fr", "39171 = &Oui\n");
@@ -182,7 +182,7 @@ TEST_F(FormLocalisation, CaptionsOfALanguageStayWhereTheNextOneHasNoText) {
     EXPECT_EQ(form_.yes->Text(), u"&Oui");
 }
 
-TEST_F(FormLocalisation, DesignCaptionsReturnWhenTheFormIsLoadedAnew) {
+TEST_F(FormLocalisation, FormIsReloaded_DesignCaptionsReturn) {
     Learn(u"C:\\de", "561 = Titel\n39171 = &Ja\n");
     LocaliseForm(form_);
     form_.Unload();
@@ -214,7 +214,7 @@ TEST_F(FormLocalisation, EveryControlGetsTheFontWithoutBoldAndNoTabStop) {
     EXPECT_NE(Window().Control(u"picture").font, expected);
 }
 
-TEST_F(FormLocalisation, WithoutAFaceAndSizeControlsHaveThatOfANewFont) {
+TEST_F(FormLocalisation, NoFaceOrSize_ControlsHaveThoseOfANewFont) {
     Values().uiFont = {};
     form_.yes->SetFont({u"Courier", 12, 2, true});
     LocaliseForm(form_);
@@ -236,7 +236,7 @@ TEST_F(FormLocalisation, InputControlsGetTheFontAndKeepTheirTexts) {
     EXPECT_EQ(inputs.combo.Text(), u"Combo1");
 }
 
-TEST_F(FormLocalisation, GoesOnWhereTextsFail) {
+TEST_F(FormLocalisation, TextsFail_FontsAndColourAreSet) {
     tests::RecordingReader broken(reader_);
     broken.onEachText = [] { throw runtime::Error(runtime::kPropertyNotSupported); };
     const tests::ReaderInUse inUse(broken);
@@ -247,7 +247,8 @@ TEST_F(FormLocalisation, GoesOnWhereTextsFail) {
     EXPECT_EQ(form_.BackColour(), runtime::kButtonFace);
 }
 
-// The screen is 19200 x 15361, and a pixel is a twip; a frame adds 120 to the width and 405 to the height.
+// The screen has 19200 x 15361 pixels, and a pixel is one twip. A frame adds 120 twips to the width and 405 to the
+// height.
 class FormPlace : public FormLocalisation {
  protected:
     FormPlace() {
@@ -264,14 +265,14 @@ TEST_F(FormPlace, IsTheMiddleOfTheScreen) {
     EXPECT_EQ(form_.Height(), 3405);
 }
 
-TEST_F(FormPlace, IsSetFromTheTopThenFromTheLeft) {
+TEST_F(FormPlace, TopIsSetBeforeLeft) {
     form_.EnsureLoaded();
     Window().places.clear();
     SetForm(form_);
     EXPECT_THAT(Window().places, ElementsAre(Pair(300, 5978), Pair(6540, 5978)));
 }
 
-TEST_F(FormPlace, OfAMinimisedOrMaximisedFormIsAnError) {
+TEST_F(FormPlace, MinimisedOrMaximised_IsError384) {
     for (const runtime::WindowState state : {runtime::WindowState::kMinimised, runtime::WindowState::kMaximised}) {
         form_.SetState(state);
         EXPECT_EQ(tests::ErrorOf([this] { SetForm(form_); }), runtime::kMoveWhileMinimisedOrMaximised);
@@ -280,7 +281,7 @@ TEST_F(FormPlace, OfAMinimisedOrMaximisedFormIsAnError) {
     }
 }
 
-TEST_F(FormPlace, OfAFormLargerThanTheScreenIsDownAndRight) {
+TEST_F(FormPlace, LargerThanTheScreen_MovesDownAndRight) {
     form_.SetSize({20000, 16001});
     SetForm(form_);
     EXPECT_EQ(form_.Left(), 400);

@@ -14,7 +14,7 @@ String TextIfAny(const LocalText& text) {
     return text.id.empty() ? String() : GetLocalText(text);
 }
 
-/// None for a number that the table does not have.
+/// None if the table does not have `number`.
 std::optional<String> ErrorPrompt(std::int32_t number, const String& detail) {
     const ErrorText* const error = FindErrorText(number);
     if (!error) return std::nullopt;
@@ -22,7 +22,7 @@ std::optional<String> ErrorPrompt(std::int32_t number, const String& detail) {
     return before + detail + TextIfAny(error->after);
 }
 
-/// The module is called after the product, so that the product's name normally shows twice.
+/// The module normally has the product's name, so the title contains that name twice.
 String ErrorTitle() {
     return GetProductName() + u" - " + Values().moduleName + u" (" + Values().moduleCaption + u")";
 }
@@ -34,7 +34,7 @@ String GetLocalText(StringView defaultText, StringView textId) {
 }
 
 void ShowError(std::int32_t& errorNumber, StringView detail) {
-    // Looking up texts calls the suite's objects, and `detail` may lie in something that they change.
+    // Copy `detail`, because the lookup of texts calls other objects, which may change the text that it refers to.
     const std::optional<String> prompt = ErrorPrompt(errorNumber, String(detail));
     const std::int32_t style = prompt ? kExclamation : 0;
     ShowMessage(prompt.value_or(String()), style | kSystemModal, ErrorTitle());
@@ -44,7 +44,7 @@ std::int32_t ShowMessage(StringView prompt, std::int32_t flags, const std::optio
                          const MessageHelp& help) {
     const String shownTitle = title ? *title : GetProductName();
     if ((flags & kSuiteBox) == 0) return runtime::CurrentPorts().messageBox.Show(prompt, flags, shownTitle, help);
-    // A copy: while the box is open, the one in use may be exchanged.
+    // Copy the function, because it may be replaced while the box is open.
     const SuiteMessageBox box = Values().suiteMessageBox;
     if (!box) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"the suite's message box");
     return box(prompt, flags, shownTitle);

@@ -1,5 +1,5 @@
-// Texts for the user: localised texts with their English defaults, the common error reports, and the one way to show a
-// message. It chooses between the system's message box and the suite's own, which also knows "Yes To All".
+// Texts for the user: localised texts with English defaults, the suite's common error reports, and the function that
+// shows a message. It uses the system's message box or the suite's own, which also has "Yes To All". Home thread only.
 #pragma once
 
 #include <cstdint>
@@ -14,24 +14,24 @@ using runtime::MessageHelp;
 using runtime::String;
 using runtime::StringView;
 
-/// Style bits of messages: the platform's own, and one of the suite's.
+/// Style bits of messages. kSuiteBox is the suite's own bit; the others are those of the system.
 enum MessageFlags : std::int32_t {
     kSuiteBox = 8,
     kExclamation = 48,
     kSystemModal = 4096,
 };
 
-/// The text under `textId` in the current language, or `defaultText`.
+/// The text under `textId` in the current language, or `defaultText` if there is none.
 String GetLocalText(StringView defaultText, StringView textId);
 
-/// Reports an error of the suite's common table: its text and `detail`, system-modal, with an exclamation icon. A
-/// number that the table does not have is reported all the same, by an empty message without an icon. The errors of
-/// reader and kernel pass.
+/// Reports an error of the suite's common table: its text and `detail`, system-modal, with an exclamation icon. If the
+/// table does not have the number, an empty message without an icon is shown. Errors of the reader and the kernel reach
+/// the caller.
 void ShowError(std::int32_t& errorNumber, StringView detail);
 
-/// Shows a message and returns the code of the pressed button (OK 1, Cancel 2, Abort 3, Retry 4, Ignore 5, Yes 6,
-/// No 7; Yes To All 8 from the suite's box). Without a title: the product's name. With kSuiteBox in the flags the
-/// suite's box is shown (ProcessValues::suiteMessageBox), which has no help; error 91 without one.
+/// Shows a message and returns the code of the pressed button: OK 1, Cancel 2, Abort 3, Retry 4, Ignore 5, Yes 6, No 7,
+/// Yes To All 8 (suite's box only). The default title is the product's name. The flag kSuiteBox selects the suite's box
+/// (ProcessValues::suiteMessageBox), which ignores `help`; error 91 if there is none.
 std::int32_t ShowMessage(StringView prompt, std::int32_t flags, const std::optional<String>& title = std::nullopt,
                          const MessageHelp& help = {});
 

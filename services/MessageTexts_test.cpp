@@ -33,7 +33,7 @@ class MessageTexts : public tests::HeadlessComponentTest {
     const std::vector<Message>& Shown() const { return memory_.messageBox.shown; }
 };
 
-TEST_F(MessageTexts, LocalTextIsTheLanguagesOrTheDefault) {
+TEST_F(MessageTexts, LocalTextIsTheTranslationOrTheDefault) {
     EXPECT_EQ(GetLocalText(u"Path: ", u"991019 "), u"Path: ");
     WriteTexts("991019 = Pfad:\\s\n");
     EXPECT_EQ(GetLocalText(u"Path: ", u"991019 "), u"Pfad: ");
@@ -68,7 +68,7 @@ TEST_F(ErrorReports, EachErrorHasItsTextBeforeTheDetail) {
     EXPECT_EQ(Prompt(24), u"Password can't exceed 8 characters.x");
 }
 
-TEST_F(ErrorReports, DuplicatePartHasATextOnEitherSideOfTheDetail) {
+TEST_F(ErrorReports, DuplicatePart_HasTextsBeforeAndAfterTheDetail) {
     EXPECT_EQ(Report(101, u"R1").prompt, u"Part/Symbol: R1 already exists");
 }
 
@@ -98,7 +98,7 @@ TEST_F(ErrorReports, AreSystemModalWithAnExclamationIcon) {
     }
 }
 
-TEST_F(ErrorReports, UnlistedNumbersShowAnEmptyTitledMessageWithoutAnIcon) {
+TEST_F(ErrorReports, UnlistedNumber_EmptyMessageWithoutAnIcon) {
     for (const std::int32_t number : {0, 5, 20, 25, 100, 102, 9999, -1, -101, INT32_MAX, INT32_MIN}) {
         EXPECT_EQ(Report(number, u"x"), (Message{u"", 4096, String(kTitle)})) << number;
     }
@@ -113,7 +113,7 @@ TEST_F(ErrorReports, ModuleNameIsEmpty_TitleKeepsTheDash) {
     EXPECT_EQ(Report(2, u"x").title, u"Orvane -  (Pelorix Background process )");
 }
 
-TEST_F(ErrorReports, TitleHasTheProductsNameOfNowAndTheModulesOfItsLoad) {
+TEST_F(ErrorReports, ProductNameChanges_TitleKeepsTheModuleName) {
     kernel_.Put(u"PRODUCT_NAME", u"Other");
     EXPECT_EQ(Report(2, u"x").title, u"Other - Orvane (Pelorix Background process )");
 }
@@ -122,7 +122,7 @@ TEST_F(ErrorReports, HaveNoHelp) {
     EXPECT_EQ(Report(2, u"x").help, MessageHelp{});
 }
 
-TEST_F(ErrorReports, LeaveTheNumberAlone) {
+TEST_F(ErrorReports, NumberStaysUnchanged) {
     memory_.messageBox.answers = {1};
     std::int32_t number = 2;
     ShowError(number, u"x");
@@ -134,7 +134,7 @@ TEST_F(ErrorReports, ShowAnyCharacterAsGiven) {
     EXPECT_EQ(Report(2, detail).prompt, u"Can't save project" + detail);
 }
 
-TEST_F(ErrorReports, KeepADetailThatLiesInWhatTheLookupChanges) {
+TEST_F(ErrorReports, LookupChangesTheDetail_OldDetailIsShown) {
     String detail = u"R1";
     reader_.UseLanguageFolder([&detail] {
         detail = u"R2";
@@ -143,7 +143,7 @@ TEST_F(ErrorReports, KeepADetailThatLiesInWhatTheLookupChanges) {
     EXPECT_EQ(Report(101, detail).prompt, u"Part/Symbol: R1 already exists");
 }
 
-TEST_F(ErrorReports, ErrorOfTheReaderPassesAndNothingIsShown) {
+TEST_F(ErrorReports, ReaderFails_NothingIsShown) {
     tests::RecordingReader broken(reader_);
     broken.onEachText = [] { throw runtime::Error(runtime::kPropertyNotSupported); };
     const tests::ReaderInUse inUse(broken);
@@ -154,7 +154,7 @@ TEST_F(ErrorReports, ErrorOfTheReaderPassesAndNothingIsShown) {
 
 class Messages : public MessageTexts {};
 
-TEST_F(Messages, GoToTheSystemBoxWithAllTheyWereGiven) {
+TEST_F(Messages, SystemBoxReceivesAllArguments) {
     memory_.messageBox.answers = {6};
     EXPECT_EQ(ShowMessage(u"Save?", 36, u"Title", {u"C:\\help.chm", 7}), 6);
     EXPECT_THAT(Shown(), ElementsAre(Message{u"Save?", 36, u"Title", {u"C:\\help.chm", 7}}));
@@ -179,7 +179,7 @@ TEST_F(Messages, EmptyTitleStaysEmpty) {
     EXPECT_EQ(Shown().at(0).title, u"");
 }
 
-/// With a suite's box that answers 8 and remembers what it was asked.
+/// Installs a suite's message box that returns 8 and records its arguments.
 class SuiteMessages : public MessageTexts {
  protected:
     SuiteMessages() {
@@ -191,14 +191,14 @@ class SuiteMessages : public MessageTexts {
     std::vector<Message> asked_;
 };
 
-TEST_F(SuiteMessages, AreThoseWithTheSuitesBit) {
+TEST_F(SuiteMessages, SuiteBitSet_SuiteBoxIsShown) {
     EXPECT_EQ(ShowMessage(u"Overwrite?", 8, u"T"), 8);
     EXPECT_EQ(ShowMessage(u"Overwrite?", 8 + 0x100 + 48 + 4, u"T"), 8);
     EXPECT_THAT(asked_, ElementsAre(Message{u"Overwrite?", 8, u"T"}, Message{u"Overwrite?", 8 + 0x100 + 48 + 4, u"T"}));
     EXPECT_TRUE(Shown().empty());
 }
 
-TEST_F(SuiteMessages, AreNotThoseWithAnyOtherBit) {
+TEST_F(SuiteMessages, SuiteBitClear_SystemBoxIsShown) {
     for (const std::int32_t flags : {0, 7, 48 + 4096, 0x300, ~8}) {
         memory_.messageBox.answers = {1};
         EXPECT_EQ(ShowMessage(u"", flags, u"T"), 1) << flags;
@@ -218,13 +218,13 @@ TEST_F(SuiteMessages, AreNeverErrorReports) {
     EXPECT_TRUE(asked_.empty());
 }
 
-TEST_F(SuiteMessages, NeedAConnectedBox) {
+TEST_F(SuiteMessages, NoSuiteBox_IsError91) {
     Values().suiteMessageBox = nullptr;
     EXPECT_EQ(tests::ErrorOf([] { ShowMessage(u"Overwrite?", 8, u"T"); }), kObjectVariableNotSet);
     EXPECT_TRUE(Shown().empty());
 }
 
-TEST_F(SuiteMessages, BoxMayBeTakenBackWhileItIsOpen) {
+TEST_F(SuiteMessages, BoxRemovedWhileOpen_CallCompletes) {
     Values().suiteMessageBox = [kept = String(100, u'x')](StringView, std::int32_t, StringView) {
         Values().suiteMessageBox = nullptr;
         return static_cast<std::int32_t>(kept.size());
@@ -232,7 +232,7 @@ TEST_F(SuiteMessages, BoxMayBeTakenBackWhileItIsOpen) {
     EXPECT_EQ(ShowMessage(u"Overwrite?", 8, u"T"), 100);
 }
 
-TEST_F(SuiteMessages, ErrorOfTheBoxPasses) {
+TEST_F(SuiteMessages, BoxFails_CallerReceivesTheError) {
     Values().suiteMessageBox = [](StringView, std::int32_t, StringView) -> std::int32_t {
         throw runtime::Error(runtime::kOverflow);
     };

@@ -1,5 +1,5 @@
-// The component's process-wide values: shared by every instance and form in the process, as its clients see them. The
-// composition owns them (host/Process.h). For the home thread.
+// The component's process-wide values. All instances and forms in the process share them. host::Process owns them. Home
+// thread only.
 #pragma once
 
 #include <cstdint>
@@ -15,11 +15,11 @@ namespace services {
 using runtime::String;
 using runtime::StringView;
 
-/// This component as a module of the suite: its entry in the list of modules, the kernel key of its state, an addressee
-/// of commands, the section of its settings.
+/// This component's name as a module of the suite: in the list of modules, as the kernel key of its state, as the
+/// addressee of commands and as the section of its settings.
 inline constexpr StringView kOwnModuleName = u"K4TBACKPROCESS";
 
-/// The font for every control; empty until it is chosen.
+/// The font for every control. Empty until it is chosen.
 struct UiFont {
     String name;
     std::int16_t size = 0;  ///< in points
@@ -37,30 +37,30 @@ struct NumberFormats {
     String fixedValue;
 };
 
-/// The forms that a process has one of, each made when it is first needed.
+/// The forms that exist once in a process. Each is created when it is first needed.
 struct SharedForms {
     std::unique_ptr<runtime::Form> main;
     std::unique_ptr<runtime::Form> messageBox;
     std::unique_ptr<runtime::Form> query;
 };
 
-/// The suite's message box: given prompt, flags and title, it returns the code of the pressed button.
+/// The suite's message box. Returns the code of the pressed button.
 using SuiteMessageBox = std::function<std::int32_t(StringView prompt, std::int32_t flags, StringView title)>;
 
-/// The suite's query dialog; arguments and answer are those of dialogs::AskQuery.
+/// The suite's query dialog, with the parameters and the result of dialogs::AskQuery.
 using SuiteQuery =
     std::function<String(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                          std::int32_t& index, bool showButton, const String& buttonCaption)>;
 
 struct ProcessValues {
-    // Where things are; full paths.
+    // Full paths of folders.
     String installFolder;  ///< holds the component's own file
     String jobFolder;
     String libraryFolder;
     String systemFolder;  ///< the setting "SysDir", not the folder of the suite's INI file
     String secondaryJobFolder;
 
-    // What the product is called.
+    // The product's identity.
     String productName;
     String makerName;
     String copyrightHolder;
@@ -71,9 +71,9 @@ struct ProcessValues {
     // Set when the main form loads.
     String moduleName;
     String moduleCaption;
-    String helpFilePath;  ///< of the old help format; what is opened bears the extension "chm"
+    String helpFilePath;  ///< the file's old name; the file that is opened has the extension "chm"
 
-    /// Help has been opened in a way that the main form's unload ends: -1, else 0.
+    /// -1 if help is open that the main form's unload must close, else 0.
     std::int16_t helpIsOpen = 0;
 
     UiFont uiFont;
@@ -81,7 +81,7 @@ struct ProcessValues {
     String serverPath;
     NumberFormats numberFormats;
 
-    // What the commands and the list of modules said; see routing/CommandInterpreter.h and routing/ModuleList.h.
+    // Set by commands and by the list of modules; see routing/CommandInterpreter.h and routing/ModuleList.h.
     String currentDesignName;
     String languagePath;
     std::uint32_t interModuleMessage = 0;
@@ -93,21 +93,22 @@ struct ProcessValues {
     std::vector<String> fieldTexts;
     std::vector<double> fieldValues;
 
-    // The suite's dialogs, which are in a layer above. The composition chooses them.
+    // The suite's dialogs belong to a layer above, so the services call them through these functions. The composition
+    // sets them.
 
-    /// Shows what ShowMessage sends to the suite's box.
+    /// Shows the messages for which ShowMessage uses the suite's box.
     SuiteMessageBox suiteMessageBox;
     SuiteQuery suiteQuery;
 
     SharedForms forms;
 };
 
-/// The values of this process; all empty at its start. Error 91 before the process was composed.
+/// The values of this process, initially empty. Error 91 before the process was composed.
 ProcessValues& Values();
-/// Chooses them; null takes the choice back. The caller keeps ownership.
+/// Makes `values` the values of this process; null removes them. The caller keeps ownership.
 void UseValues(ProcessValues* values);
 
-/// Puts the suite's formats into the process's values.
+/// Stores the suite's format patterns in the process's values.
 void InitNumberFormats();
 
 }  // namespace services

@@ -9,7 +9,7 @@ namespace {
 
 using SuiteValues = tests::HeadlessComponentTest;
 
-TEST_F(SuiteValues, NumberFormatsAreSetUp_TheyAreTheSuitesPatterns) {
+TEST_F(SuiteValues, InitNumberFormats_StoresTheSuitesPatterns) {
     InitNumberFormats();
     EXPECT_EQ(Values().numberFormats.coordinate, u"#0.0000#");
     EXPECT_EQ(Values().numberFormats.value, u"###0.000#");

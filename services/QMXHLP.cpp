@@ -12,7 +12,7 @@ namespace {
 
 using runtime::NativeHandle;
 
-/// The suite's true, with all bits set.
+/// The suite's value for true: all bits set.
 constexpr std::int16_t kTrue = -1;
 
 NativeHandle MainWindow() {
@@ -43,8 +43,8 @@ void ShowHelpTopic(StringView /*file*/, std::int32_t /*topic*/, std::int16_t& wa
     if (wanted == 0) return;
     const String name = CompiledHelpName();
     const NativeHandle window = MainWindow();
-    // Noted before the viewer is called, as it may fail with its window open; and once more behind it, as the main form
-    // may be unloaded, and the note cleared, while the viewer opens its window.
+    // Set the flag before calling the viewer, because the viewer may fail with its window open. Set it again
+    // afterwards, because an unload of the main form clears it and may happen while the viewer opens its window.
     Values().helpIsOpen = kTrue;
     runtime::CurrentPorts().help.OpenContents(window, name);
     Values().helpIsOpen = kTrue;

@@ -31,7 +31,7 @@ class HelpTest : public tests::HeadlessComponentTest {
     void ShowTopic(std::int16_t wanted = -1) { ShowHelpTopic(u"", 0, wanted); }
 };
 
-/// A help viewer in whose calls something happens.
+/// A help viewer that runs the test's code during each call.
 class InterruptedHelp : public runtime::headless::RecordingHelp {
  public:
     void OpenContents(runtime::NativeHandle owner, StringView file) override {
@@ -57,19 +57,19 @@ class InterruptedHelpTest : public HelpTest {
 
 const Call kOpened{0, u"D:\\Pelorix\\Marlentine.chm"};
 
-TEST_F(HelpTest, ContentsAreOfTheCompiledFile) {
+TEST_F(HelpTest, ContentsOpenTheCompiledFile) {
     ShowHelpContents();
     EXPECT_THAT(Calls(), ElementsAre(kOpened));
     EXPECT_EQ(Values().helpIsOpen, 0);
 }
 
-TEST_F(HelpTest, WantedTopicOpensTheContentsAndIsNoted) {
+TEST_F(HelpTest, WantedTopic_OpensTheContentsAndSetsTheFlag) {
     ShowTopic();
     EXPECT_THAT(Calls(), ElementsAre(kOpened));
     EXPECT_EQ(Values().helpIsOpen, -1);
 }
 
-TEST_F(HelpTest, AnyValueButZeroIsTrue) {
+TEST_F(HelpTest, WantedIsAnyNonZeroValue) {
     ShowTopic(1);
     EXPECT_THAT(Calls(), ElementsAre(kOpened));
 }
@@ -80,7 +80,7 @@ TEST_F(HelpTest, TopicThatIsNotWantedDoesNothing) {
     EXPECT_EQ(Values().helpIsOpen, 0);
 }
 
-TEST_F(HelpTest, LeadingArgumentsChangeNothing) {
+TEST_F(HelpTest, FileAndTopic_AreIgnored) {
     std::int16_t wanted = -1;
     ShowHelpTopic(u"C:\\other.chm", 4711, wanted);
     EXPECT_THAT(Calls(), ElementsAre(kOpened));
@@ -101,7 +101,7 @@ TEST_F(HelpTest, UnloadedMainFormIsLoadedForItsWindow) {
     EXPECT_THAT(Calls(), ElementsAre(Call{form.Handle(), kOpened.opened}));
 }
 
-TEST_F(HelpTest, LastThreeCharactersGoWhateverTheyAre) {
+TEST_F(HelpTest, LastThreeCharactersAreReplaced) {
     Values().helpFilePath = u"abc";
     ShowHelpContents();
     Values().helpFilePath = u"C:\\help";
@@ -118,7 +118,7 @@ TEST_F(HelpTest, NameOfLessThanThreeCharactersIsError5) {
     EXPECT_EQ(Values().helpIsOpen, 0);
 }
 
-TEST_F(HelpTest, ClosesOnceWhatATopicOpened) {
+TEST_F(HelpTest, HelpOfATopic_IsClosedOnce) {
     ShowTopic();
     ShowTopic();
     memory_.help.calls.clear();
@@ -127,13 +127,13 @@ TEST_F(HelpTest, ClosesOnceWhatATopicOpened) {
     EXPECT_THAT(Calls(), ElementsAre(Call{42, std::nullopt}));
 }
 
-TEST_F(HelpTest, DoesNotCloseContentsThatWereAskedForAlone) {
+TEST_F(HelpTest, HelpContents_AreNotClosed) {
     ShowHelpContents();
     CloseHelp(42);
     EXPECT_THAT(Calls(), ElementsAre(kOpened));
 }
 
-TEST_F(HelpTest, ClosesAgainWhatWasOpenedAgain) {
+TEST_F(HelpTest, HelpOpenedAgain_IsClosedAgain) {
     ShowTopic();
     CloseHelp(42);
     ShowTopic();
@@ -142,7 +142,7 @@ TEST_F(HelpTest, ClosesAgainWhatWasOpenedAgain) {
     EXPECT_THAT(Calls(), ElementsAre(Call{43, std::nullopt}));
 }
 
-TEST_F(InterruptedHelpTest, TopicIsClosedLaterThoughTheViewerFailed) {
+TEST_F(InterruptedHelpTest, ViewerFails_HelpIsClosedLater) {
     help_.onCall = [] { throw runtime::Error(runtime::kInternalError); };
     EXPECT_EQ(tests::ErrorOf([this] { ShowTopic(); }), runtime::kInternalError);
     help_.onCall = {};
@@ -150,7 +150,7 @@ TEST_F(InterruptedHelpTest, TopicIsClosedLaterThoughTheViewerFailed) {
     EXPECT_THAT(help_.calls, ElementsAre(kOpened, Call{42, std::nullopt}));
 }
 
-TEST_F(InterruptedHelpTest, TopicThatWasOpeningDuringACloseIsClosedByTheNext) {
+TEST_F(InterruptedHelpTest, CloseWhileOpening_NextCloseClosesTheHelp) {
     help_.onCall = [this] {
         help_.onCall = {};
         CloseHelp(42);
@@ -160,7 +160,7 @@ TEST_F(InterruptedHelpTest, TopicThatWasOpeningDuringACloseIsClosedByTheNext) {
     EXPECT_THAT(help_.calls, ElementsAre(kOpened, Call{42, std::nullopt}, Call{43, std::nullopt}));
 }
 
-TEST_F(InterruptedHelpTest, CloseThatFailsIsNotTriedAgain) {
+TEST_F(InterruptedHelpTest, CloseFails_IsNotRepeated) {
     ShowTopic();
     help_.onCall = [] { throw runtime::Error(runtime::kInternalError); };
     EXPECT_EQ(tests::ErrorOf([] { CloseHelp(42); }), runtime::kInternalError);

@@ -7,8 +7,8 @@ class Form;
 
 namespace services {
 
-/// Puts the form's window above all windows that are not topmost, or takes it back among them. Place and size stay.
-/// Loads a form that is not loaded.
+/// Makes the form's window topmost, or an ordinary window again. Place and size stay. Loads the form if necessary. Home
+/// thread only.
 void SetWindowTopMost(runtime::Form& form, bool onTop);
 
 }  // namespace services

@@ -52,11 +52,11 @@ void Publish(StringView key, String& value) {
 
 bool IsBareDrive(StringView path) {
     const bool hasForm = path.size() == 2 || (path.size() == 3 && path[2] == u'\\');
-    // Z is left out on purpose: it goes to the disk like any folder.
+    // Z is left out on purpose: it is checked like a folder.
     return hasForm && path[1] == u':' && path[0] >= u'A' && path[0] <= u'Y';
 }
 
-/// Makes `path` the current folder and then `before` again. The description of the error if that fails.
+/// Makes `path` the current folder and then `before` again. Returns the description of the first error.
 std::optional<String> FailureOfVisit(const String& path, const String& before) {
     runtime::FilesPort& files = CurrentPorts().files;
     try {
@@ -94,7 +94,7 @@ void LoadDirectories() {
     ReadSettings(kFolderSettings);
     Publish(u"JobDir", values.jobFolder);
     Publish(u"LibDir", values.libraryFolder);
-    // The job folder again: modules that ask for this key work in the same folder as all others.
+    // Publish the job folder here, too, so that modules that use this key work in the same folder as all others.
     Publish(u"EED3JobDir", values.jobFolder);
 }
 
@@ -138,7 +138,7 @@ void SaveWindowPlacement(runtime::Form& form) {
     const std::int16_t scaleMode = form.ScaleMode();
     form.SetScaleMode(kScaleTwips);
     const auto save = [&form](StringView suffix, runtime::Twips value) {
-        // A whole number: every program reads it alike, whatever the decimal mark of its language.
+        // Write a whole number, because its text has no decimal mark, which depends on the language.
         SaveAppSetting(kPlacementApplication, kOwnModuleName, form.Name() + String(suffix),
                        runtime::Trim(runtime::Str(runtime::ToInt32(value))));
     };

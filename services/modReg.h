@@ -1,5 +1,5 @@
 // The settings store: working folders, product identity, install folder and window placement. Settings are read through
-// the suite's reader and published as kernel strings, so that every module sees the same ones.
+// the suite's reader and published as kernel strings, so that all modules use the same values. Home thread only.
 #pragma once
 
 #include <cstdint>
@@ -23,8 +23,8 @@ inline constexpr StringView kSettingsApplication = u"Marlento";
 /// A setting of the suite that this component reads.
 struct SuiteSetting {
     StringView key;
-    StringView meaning;            ///< in a few words, for people
-    String ProcessValues::*value;  ///< where it is kept
+    StringView meaning;            ///< a short description for users
+    String ProcessValues::*value;  ///< where the value is stored
     bool isProductFolder;          ///< the default is C:\, the product's name and `defaultText`
     StringView defaultText;
 };
@@ -32,32 +32,34 @@ struct SuiteSetting {
 /// In the order in which they are read.
 std::span<const SuiteSetting> FolderSettings();
 std::span<const SuiteSetting> IdentitySettings();
-/// What counts when the setting is absent, with the product's name as the kernel has it now.
+/// The value of an absent setting. A product folder contains the name that GetProductName returns now.
 String DefaultOf(const SuiteSetting& setting);
 
-/// Reads the folders for job, library, system and secondary job, then publishes the first two. Each published value is
-/// taken back from the kernel. The errors of kernel and reader pass.
+/// Reads the folders for job, library, system and secondary job. Then publishes the job folder as "JobDir", the library
+/// folder, and the job folder again as "EED3JobDir". If the kernel rewrites a published value, the new value is kept.
+/// Errors of the kernel and the reader reach the caller.
 void LoadDirectories();
-/// Reads product name, maker, copyright holder, version, revision and range, then publishes the first three. Errors as
-/// above.
+/// Reads product name, maker, copyright holder, version, revision and range, then publishes the first three. Rewritten
+/// values and errors as above.
 void LoadProductIdentity();
 
-/// The product's name as the kernel has it now; "" when it has none. The errors of kernel and reader pass.
+/// The product's name that the kernel has now; "" if it has none. Errors of the kernel and the reader reach the caller.
 String GetProductName();
-/// The folder that holds the component's own file, without a final backslash unless it is a drive's root.
+/// The folder of the component's file. Only a drive's root ends in a backslash.
 String GetInstallFolder();
 
-/// A per-user setting of the runtime, or `defaultValue`.
+/// A per-user setting, or `defaultValue` if there is none.
 String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue);
 void SaveAppSetting(StringView appName, StringView section, StringView key, StringView value);
 
-/// Upper-cases `path` in place, then sets `result` to 0 when the folder is usable, else to 1 after a message. The bare
-/// drives A to Y are accepted unseen. The current folder stays what it was; a folder after which it cannot be restored
-/// counts as not usable. The errors of the report pass; `result` is 1 then.
+/// Converts `path` to upper case and checks whether it can be made the current folder. Sets `result` to 0 if so, else
+/// to 1, and then shows a message. An error of the message reaches the caller.
+/// - The bare drives A to Y are accepted without a check.
+/// - The current folder is restored afterwards. If that fails, `result` is 1.
 void CheckFolder(String& path, std::int32_t& result);
 
-/// Writes the form's top, left, height and width to the per-user settings: whole numbers of twips. Error 5 when they
-/// refuse it.
+/// Writes the form's top, left, height and width to the per-user settings, as whole numbers of twips. Error 5 if a
+/// setting cannot be written.
 void SaveWindowPlacement(runtime::Form& form);
 
 }  // namespace services

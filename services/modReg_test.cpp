@@ -29,7 +29,7 @@ class ModReg : public tests::HeadlessComponentTest {
         reader_.NormaliseFolder(folder);
         memory_.files.AddFile(u"C:\\sys\\MARLENTO.INI", text);
     }
-    /// What `load` reads and publishes, in order: "read JobDir", "publish JobDir".
+    /// What `load` reads and publishes, in order; for example "read JobDir", "publish JobDir".
     std::vector<std::string> StepsOf(void (*load)()) {
         std::vector<std::string> steps;
         tests::RecordingReader recording(reader_);
@@ -53,12 +53,12 @@ TEST_F(LoadingDirectories, DefaultsHoldTheKernelsProductName) {
     EXPECT_EQ(Values().secondaryJobFolder, u"C:\\CADJOB");
 }
 
-TEST_F(LoadingDirectories, BeforeTheProductIsKnownDefaultsLackItsName) {
+TEST_F(LoadingDirectories, NoProductName_DefaultsLackIt) {
     LoadDirectories();
     EXPECT_EQ(Values().jobFolder, u"C:\\\\JOB");
 }
 
-TEST_F(LoadingDirectories, ProductNameIsReadAnewForEachDefault) {
+TEST_F(LoadingDirectories, ProductNameIsReadForEachDefault) {
     kernel_.Put(u"PRODUCT_NAME", u"Orvane");
     LoadDirectories();
     EXPECT_THAT(kernel_.Log(),
@@ -89,22 +89,22 @@ TEST_F(LoadingDirectories, SecondaryJobFolderIsPublishedAsTheJobFolder) {
     EXPECT_EQ(Kept(u"SysDir"), u"(none)");
 }
 
-TEST_F(LoadingDirectories, PublishedValuesAreTakenBackFromTheKernel) {
+TEST_F(LoadingDirectories, KernelRewritesValues_NewValuesAreKept) {
     kernel_.RewriteValues([](const std::string&, std::string& value) { value += "!"; });
     WriteIni("[Marlento]\nJobDir=J\nLibDir=L\n");
     LoadDirectories();
-    // Twice for the job folder: it is published under two keys.
+    // The kernel has rewritten the job folder twice, because it is published under two keys.
     EXPECT_EQ(Values().jobFolder, u"J!!");
     EXPECT_EQ(Values().libraryFolder, u"L!");
     EXPECT_EQ(Kept(u"EED3JobDir"), u"J!!");
 }
 
-TEST_F(LoadingDirectories, KernelFailurePasses) {
+TEST_F(LoadingDirectories, KernelFails_CallerReceivesTheError) {
     kernel_.FailOn("E_SetString(LibDir", runtime::Error(runtime::kFileNotFound));
     EXPECT_EQ(tests::ErrorOf([] { LoadDirectories(); }), runtime::kFileNotFound);
 }
 
-TEST_F(LoadingDirectories, ReadersFailurePassesAndNothingIsPublished) {
+TEST_F(LoadingDirectories, ReaderFails_NothingIsPublished) {
     tests::BrokenReader broken;
     const tests::ReaderInUse inUse(broken);
     EXPECT_EQ(tests::ErrorOf([] { LoadDirectories(); }), runtime::kPropertyNotSupported);
@@ -113,7 +113,7 @@ TEST_F(LoadingDirectories, ReadersFailurePassesAndNothingIsPublished) {
 
 class LoadingProductIdentity : public ModReg {};
 
-TEST_F(LoadingProductIdentity, ReadersFailurePassesAndNothingIsPublished) {
+TEST_F(LoadingProductIdentity, ReaderFails_NothingIsPublished) {
     tests::BrokenReader broken;
     const tests::ReaderInUse inUse(broken);
     EXPECT_EQ(tests::ErrorOf([] { LoadProductIdentity(); }), runtime::kPropertyNotSupported);
@@ -147,7 +147,7 @@ TEST_F(LoadingProductIdentity, ReadsEachSetting) {
     EXPECT_EQ(Values().productRange, u"R");
 }
 
-TEST_F(LoadingProductIdentity, PublishesThreeInOrderAndTakesThemBack) {
+TEST_F(LoadingProductIdentity, PublishesThreeInOrderAndKeepsRewrittenValues) {
     kernel_.RewriteValues([](const std::string&, std::string& value) { value += "+"; });
     LoadProductIdentity();
     EXPECT_THAT(kernel_.Log(), ElementsAre("E_SetString(PRODUCT_NAME, Orvane)", "E_SetString(MAKER_NAME, Harnwell)",
@@ -157,7 +157,7 @@ TEST_F(LoadingProductIdentity, PublishesThreeInOrderAndTakesThemBack) {
     EXPECT_EQ(Values().copyrightHolder, u"Daventa+");
 }
 
-TEST_F(ModReg, ProductNameIsWhatTheKernelHasNow) {
+TEST_F(ModReg, ProductNameIsReadFromTheKernelEachTime) {
     EXPECT_EQ(GetProductName(), u"");
     kernel_.Put(u"PRODUCT_NAME", u"Other");
     EXPECT_EQ(GetProductName(), u"Other");
@@ -186,7 +186,7 @@ TEST_F(ModReg, AppSettingsAreTheRuntimesPerUserSettings) {
 
 class CheckingFolders : public ModReg {
  protected:
-    /// The result for `path`, which comes back as CheckFolder left it.
+    /// The result of CheckFolder, which may change `path`.
     std::int32_t Check(String& path) {
         std::int32_t result = -1;
         CheckFolder(path, result);
@@ -200,7 +200,7 @@ class CheckingFolders : public ModReg {
     }
 };
 
-TEST_F(CheckingFolders, BareDrivesAToYPassWithoutAskingTheDisk) {
+TEST_F(CheckingFolders, BareDrivesAToY_AreAcceptedWithoutACheck) {
     for (const char16_t drive : {u'a', u'A', u'c', u'Y', u'y'}) {
         EXPECT_EQ(CheckOf(String{drive, u':'}), 0);
         EXPECT_EQ(CheckOf(String{drive, u':', u'\\'}), 0);
@@ -225,7 +225,7 @@ TEST_F(CheckingFolders, LettersOutsideAscii_AreUpperCasedToo) {
     EXPECT_EQ(path, u"C:\\GR\u00D6\u00DFE");
 }
 
-TEST_F(CheckingFolders, DriveZGoesToTheDisk) {
+TEST_F(CheckingFolders, DriveZ_IsCheckedOnTheDisk) {
     memory_.messageBox.answers = {1};
     EXPECT_EQ(CheckOf(u"Z:"), 1);
     EXPECT_TRUE(AskedTheDisk());
@@ -233,7 +233,7 @@ TEST_F(CheckingFolders, DriveZGoesToTheDisk) {
     EXPECT_EQ(CheckOf(u"z:\\"), 0);
 }
 
-TEST_F(CheckingFolders, WhatOnlyLooksLikeADriveGoesToTheDisk) {
+TEST_F(CheckingFolders, SimilarToABareDrive_IsCheckedOnTheDisk) {
     for (const auto* path : {u"@:", u"[:", u"C:/", u"CC:", u"1:"}) {
         memory_.messageBox.answers = {1};
         memory_.files.ClearLog();
@@ -262,7 +262,7 @@ TEST_F(CheckingFolders, MissingFolderIsReported) {
     EXPECT_EQ(memory_.messageBox.shown[0].title, u"Path not found");
 }
 
-TEST_F(CheckingFolders, TitleIsTheDescriptionOfTheErrorThatChangingGave) {
+TEST_F(CheckingFolders, TitleIsTheDescriptionOfTheError) {
     memory_.files.AddFolder(u"C:\\locked");
     memory_.files.FailChange(u"C:\\locked", runtime::kPathFileAccessError);
     memory_.messageBox.answers = {1};
@@ -270,7 +270,7 @@ TEST_F(CheckingFolders, TitleIsTheDescriptionOfTheErrorThatChangingGave) {
     EXPECT_EQ(memory_.messageBox.shown.at(0).title, u"Path/File access error");
 }
 
-TEST_F(CheckingFolders, FolderFromWhichThereIsNoWayBackIsReportedWithThatError) {
+TEST_F(CheckingFolders, RestoringTheFolderFails_IsReported) {
     memory_.files.AddFolder(u"C:\\here");
     memory_.files.AddFolder(u"D:\\there");
     memory_.files.ChangeFolder(u"C:\\here");
@@ -282,20 +282,20 @@ TEST_F(CheckingFolders, FolderFromWhichThereIsNoWayBackIsReportedWithThatError) 
     EXPECT_EQ(memory_.messageBox.shown[0].title, u"Device unavailable");
 }
 
-TEST_F(CheckingFolders, TextsOfTheReportAreAskedForByTheirIdentifiers) {
+TEST_F(CheckingFolders, TextsOfTheReportAreLookedUpByIdentifier) {
     tests::RecordingReader recording(reader_);
     const tests::ReaderInUse inUse(recording);
     memory_.messageBox.answers = {1};
     CheckOf(u"C:\\no");
-    // The blank behind each identifier belongs to it.
+    // The blank at the end of each identifier is part of it.
     EXPECT_THAT(recording.Asked(),
                 UnorderedElementsAre(Pair(u"Path: ", u"991019 "), Pair(u" not available", u"99961 ")));
 }
 
-TEST_F(CheckingFolders, FolderIsNotUsableThoughItsReportFails) {
+TEST_F(CheckingFolders, ReportFails_ResultIsNotUsable) {
     String path = u"C:\\no";
     std::int32_t result = 0;
-    // Nobody answers the message, which is error 51 here.
+    // The message has no prepared answer, which is error 51 here.
     EXPECT_EQ(tests::ErrorOf([&] { CheckFolder(path, result); }), runtime::kInternalError);
     EXPECT_EQ(result, 1);
 }
@@ -307,7 +307,7 @@ class SavingPlacement : public ModReg {
 
 TEST_F(SavingPlacement, WritesTopLeftHeightWidthInThatOrder) {
     SaveWindowPlacement(form_);
-    // The frame in memory adds 120 x 405 twips.
+    // The frame of a window in memory adds 120 x 405 twips.
     const auto setting = [](StringView key, StringView value) {
         return MemorySettings::Setting{u"Pelorix", u"K4TBACKPROCESS", String(key), String(value)};
     };
@@ -316,7 +316,7 @@ TEST_F(SavingPlacement, WritesTopLeftHeightWidthInThatOrder) {
                             setting(u"frmAny_HEIGHT", u"1905"), setting(u"frmAny_WIDTH", u"3120")));
 }
 
-TEST_F(SavingPlacement, WritesTheWholePixelsInWhichTheWindowIs) {
+TEST_F(SavingPlacement, WritesThePlaceRoundedToPixels) {
     form_.Move(8527.5F, -6412.5F);
     SaveWindowPlacement(form_);
     EXPECT_EQ(memory_.settings.Saved().at(0).value, u"-6420");
@@ -338,7 +338,7 @@ TEST_F(SavingPlacement, KeepsTheScaleModeOfTheForm) {
     EXPECT_EQ(form_.ScaleMode(), 3);
 }
 
-/// Notes the form's scale mode at each setting saved.
+/// Records the form's scale mode at each saved setting.
 class ScaleModeSettings : public runtime::headless::MemorySettings {
  public:
     explicit ScaleModeSettings(runtime::Form& form) : form_(form) {}
@@ -352,7 +352,7 @@ class ScaleModeSettings : public runtime::headless::MemorySettings {
     runtime::Form& form_;
 };
 
-TEST_F(SavingPlacement, SwitchesTheFormToTwipsMeanwhile) {
+TEST_F(SavingPlacement, SwitchesTheFormToTwipsWhileSaving) {
     ScaleModeSettings settings(form_);
     const runtime::Ports ports = tests::WithPort(ports_, settings);
     form_.SetScaleMode(3);
@@ -362,7 +362,7 @@ TEST_F(SavingPlacement, SwitchesTheFormToTwipsMeanwhile) {
     EXPECT_THAT(settings.scaleModes, ElementsAre(1, 1, 1, 1));
 }
 
-TEST_F(SavingPlacement, IsDoneWhateverTheWindowState) {
+TEST_F(SavingPlacement, MinimisedForm_IsSaved) {
     form_.SetState(runtime::WindowState::kMinimised);
     SaveWindowPlacement(form_);
     EXPECT_EQ(memory_.settings.Saved().size(), 4u);
