@@ -1,4 +1,4 @@
-// What an error says, and keeping the first one of several steps that must all run.
+// The texts of errors, and FirstError.
 #include "runtime/Error.h"
 
 #include <gtest/gtest.h>
@@ -8,12 +8,12 @@
 namespace runtime {
 namespace {
 
-TEST(Error, SaysItsDescriptionInUtf8) {
+TEST(Error, What_IsTheDescriptionInUtf8) {
     EXPECT_STREQ(Error(kOverflow).what(), "Overflow");
     EXPECT_STREQ(Error(kPathNotFound, u"\u00C4").what(), "\xC3\x84");
 }
 
-TEST(FirstErrorTest, ThrowsNothingWhenEveryStepWentWell) {
+TEST(FirstErrorTest, AllStepsSucceed_NothingIsThrown) {
     FirstError error;
     error.Run([] {});
 
@@ -21,7 +21,7 @@ TEST(FirstErrorTest, ThrowsNothingWhenEveryStepWentWell) {
     EXPECT_NO_THROW(error.Rethrow());
 }
 
-TEST(FirstErrorTest, RunsTheStepsAfterAFailedOneAndThrowsTheFirstError) {
+TEST(FirstErrorTest, StepFails_OthersRunAndFirstErrorIsThrown) {
     FirstError error;
     int ran = 0;
     error.Run([] { throw Error(kOverflow); });
@@ -33,14 +33,14 @@ TEST(FirstErrorTest, RunsTheStepsAfterAFailedOneAndThrowsTheFirstError) {
     EXPECT_EQ(tests::ErrorOf([&error] { error.Rethrow(); }), kOverflow);
 }
 
-TEST(FirstErrorTest, KeepsWhatIsNoErrorOfTheRuntimeToo) {
+TEST(FirstErrorTest, KeepsOtherExceptionsToo) {
     FirstError error;
     error.Run([] { throw 7; });
 
     EXPECT_THROW(error.Rethrow(), int);
 }
 
-TEST(Error, SaysWhatItIsAbout) {
+TEST(Error, ErrorAbout_DescriptionNamesTheObject) {
     const Error error = ErrorAbout(kFileNotFound, u"QmxKrn2K.dll");
     EXPECT_EQ(error.Number(), 53);
     EXPECT_STREQ(error.what(), "File not found: QmxKrn2K.dll");

@@ -1,4 +1,4 @@
-// Events whose listeners come, go, fail and raise again while they are being told.
+// Events: the order of calls, and listeners that connect, disconnect, throw or raise the event again during a call.
 #include "runtime/Event.h"
 
 #include <gmock/gmock.h>
@@ -24,7 +24,7 @@ class EventTest : public ::testing::Test {
     std::vector<std::string> told_;
 };
 
-TEST_F(EventTest, TellsListenersInTheOrderOfConnecting) {
+TEST_F(EventTest, CallsListenersInTheOrderOfConnecting) {
     const auto a = Listen("a");
     const auto b = Listen("b");
     Raise();
@@ -36,7 +36,7 @@ TEST_F(EventTest, WithoutListenersDoesNothing) {
     EXPECT_TRUE(told_.empty());
 }
 
-TEST_F(EventTest, PassesWhatOneListenerChangesToTheNextAndToTheRaiser) {
+TEST_F(EventTest, ListenerChangesArgument_NextOneAndCallerSeeIt) {
     const auto a = event_.Connect([](std::string& text) { text += "a"; });
     const auto b = event_.Connect([](std::string& text) { text += "b"; });
     std::string text = "x";
@@ -44,7 +44,7 @@ TEST_F(EventTest, PassesWhatOneListenerChangesToTheNextAndToTheRaiser) {
     EXPECT_EQ(text, "xab");
 }
 
-TEST_F(EventTest, DoesNotTellADisconnectedListener) {
+TEST_F(EventTest, DisconnectedListener_IsNotCalled) {
     auto a = Listen("a");
     const auto b = Listen("b");
     a.Disconnect();
@@ -64,7 +64,7 @@ TEST_F(EventTest, ListenerMayDisconnectItself) {
     EXPECT_THAT(told_, ElementsAre("a", "b", "b"));
 }
 
-TEST_F(EventTest, ListenerDisconnectedBeforeItsTurnIsNotTold) {
+TEST_F(EventTest, ListenerDisconnectedDuringRaise_IsNotCalled) {
     StringEvent::Connection b;
     const auto a = event_.Connect([&](std::string&) { b.Disconnect(); });
     b = Listen("b");
@@ -73,7 +73,7 @@ TEST_F(EventTest, ListenerDisconnectedBeforeItsTurnIsNotTold) {
     EXPECT_THAT(told_, ElementsAre("c"));
 }
 
-TEST_F(EventTest, ListenerConnectedMeanwhileIsToldOnlyOfTheNextOne) {
+TEST_F(EventTest, ListenerConnectedDuringRaise_IsCalledNextTime) {
     StringEvent::Connection late;
     const auto a = event_.Connect([&](std::string&) {
         told_.push_back("a");
@@ -96,7 +96,7 @@ TEST_F(EventTest, ListenerMayRaiseAgain) {
     EXPECT_THAT(told_, ElementsAre("a", "a", "b", "b"));
 }
 
-TEST_F(EventTest, FailureIsThrownAfterAllOthersWereTold) {
+TEST_F(EventTest, ListenersFail_FirstErrorIsThrownAfterTheLastCall) {
     const auto a = event_.Connect([](std::string&) { throw std::runtime_error("first"); });
     const auto b = event_.Connect([](std::string&) { throw std::runtime_error("second"); });
     const auto c = Listen("c");

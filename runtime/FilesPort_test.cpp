@@ -1,5 +1,5 @@
-// What every implementation of the files port must do. Runs once for each of them: in memory everywhere, on the real
-// file system under Windows.
+// Tests that every implementation of FilesPort must pass. They run for the files in memory on every platform, and for
+// the real file system on Windows.
 #include "runtime/FilesPort_test.h"
 
 namespace runtime {
@@ -11,7 +11,7 @@ TEST_P(FilesPortTest, ChangedFolderIsTheCurrentOne) {
     EXPECT_EQ(Files().CurrentFolder(), Path(u"job"));
 }
 
-TEST_P(FilesPortTest, FolderMayBeGivenFromTheCurrentOne) {
+TEST_P(FilesPortTest, RelativeFolder_IsRelativeToTheCurrentOne) {
     AddFolder(u"job\\deep");
     Files().ChangeFolder(Path(u"job"));
     Files().ChangeFolder(u"deep");
@@ -20,7 +20,7 @@ TEST_P(FilesPortTest, FolderMayBeGivenFromTheCurrentOne) {
     EXPECT_EQ(Files().CurrentFolder(), Path(u"job"));
 }
 
-TEST_P(FilesPortTest, FinalBackslashAndSlashesAreTaken) {
+TEST_P(FilesPortTest, FinalBackslashAndForwardSlashes_AreAccepted) {
     AddFolder(u"job\\deep");
     EXPECT_EQ(ChangeError(Path(u"job\\")), 0);
     EXPECT_EQ(ChangeError(Path(u"job/deep")), 0);
@@ -32,14 +32,14 @@ TEST_P(FilesPortTest, LetterCaseOfAFolderDoesNotMatter) {
     EXPECT_EQ(ChangeError(Path(u"jOB")), 0);
 }
 
-TEST_P(FilesPortTest, ChangingToWhatIsNoFolderIsPathNotFound) {
+TEST_P(FilesPortTest, ChangeToMissingFolderOrFile_IsPathNotFound) {
     AddFile(u"file.txt", "x");
     EXPECT_EQ(ChangeError(Path(u"missing")), kPathNotFound);
     EXPECT_EQ(ChangeError(Path(u"file.txt")), kPathNotFound);
     EXPECT_EQ(ChangeError(Path(u"missing\\deep")), kPathNotFound);
 }
 
-TEST_P(FilesPortTest, ChangingToWhatCannotBeAPathIsPathNotFound) {
+TEST_P(FilesPortTest, ChangeToInvalidPath_IsPathNotFound) {
     EXPECT_EQ(ChangeError(u""), kPathNotFound);
     EXPECT_EQ(ChangeError(Path(StringView(u"a\0b", 3))), kPathNotFound);
     EXPECT_EQ(ChangeError(Path(u"a*b")), kPathNotFound);
@@ -48,25 +48,25 @@ TEST_P(FilesPortTest, ChangingToWhatCannotBeAPathIsPathNotFound) {
     }
 }
 
-TEST_P(FilesPortTest, ChangingToAMissingDriveIsDeviceUnavailable) {
+TEST_P(FilesPortTest, ChangeToMissingDrive_IsDeviceUnavailable) {
     EXPECT_EQ(ChangeError(MissingDrive() + u"\\"), kDeviceUnavailable);
     EXPECT_EQ(ChangeError(MissingDrive() + u"\\cad"), kDeviceUnavailable);
     EXPECT_EQ(ChangeError(MissingDrive()), kDeviceUnavailable);
 }
 
-TEST_P(FilesPortTest, FailedChangeLeavesTheCurrentFolder) {
+TEST_P(FilesPortTest, FailedChange_KeepsTheCurrentFolder) {
     const String before = Files().CurrentFolder();
     EXPECT_EQ(ChangeError(Path(u"missing")), kPathNotFound);
     EXPECT_EQ(Files().CurrentFolder(), before);
 }
 
-TEST_P(FilesPortTest, MatchIsTheFilesOwnNameWithoutItsFolder) {
+TEST_P(FilesPortTest, Match_IsTheNameAsStoredWithoutItsFolder) {
     AddFile(u"Board.sch", "x");
     EXPECT_EQ(Files().FirstMatch(Path(u"Board.sch")), u"Board.sch");
     EXPECT_EQ(Files().FirstMatch(Path(u"bOARD.SCH")), u"Board.sch");
 }
 
-TEST_P(FilesPortTest, WildcardsStandInTheLastPart) {
+TEST_P(FilesPortTest, Wildcards_AreAllowedInTheLastPart) {
     AddFile(u"board.sch", "x");
     EXPECT_EQ(Files().FirstMatch(Path(u"*.sch")), u"board.sch");
     EXPECT_EQ(Files().FirstMatch(Path(u"b?ard.*")), u"board.sch");
@@ -76,25 +76,25 @@ TEST_P(FilesPortTest, WildcardsStandInTheLastPart) {
     EXPECT_EQ(Files().FirstMatch(Path(u"b?oard.sch")), u"");
 }
 
-TEST_P(FilesPortTest, WildcardsInAFolderMatchNothing) {
+TEST_P(FilesPortTest, WildcardsInAFolder_MatchNothing) {
     AddFile(u"job\\board.sch", "x");
     EXPECT_EQ(Files().FirstMatch(Path(u"j*\\board.sch")), u"");
 }
 
-TEST_P(FilesPortTest, MatchIsSoughtInTheCurrentFolderWhenNoneIsGiven) {
+TEST_P(FilesPortTest, PatternWithoutFolder_SearchesTheCurrentFolder) {
     AddFile(u"job\\board.sch", "x");
     EXPECT_EQ(Files().FirstMatch(u"board.sch"), u"");
     Files().ChangeFolder(Path(u"job"));
     EXPECT_EQ(Files().FirstMatch(u"board.sch"), u"board.sch");
 }
 
-TEST_P(FilesPortTest, FolderWithItsSeparatorStandsForItsFiles) {
+TEST_P(FilesPortTest, FolderWithSeparator_MatchesItsFiles) {
     AddFile(u"job\\board.sch", "x");
     EXPECT_EQ(Files().FirstMatch(Path(u"job\\")), u"board.sch");
     EXPECT_EQ(Files().FirstMatch(Path(u"job")), u"");
 }
 
-TEST_P(FilesPortTest, FoldersHiddenAndSystemFilesAreNoMatch) {
+TEST_P(FilesPortTest, FoldersHiddenAndSystemFiles_DoNotMatch) {
     AddFolder(u"a.sch");
     AddFile(u"b.sch", "x", FilesBed::Kind::kHidden);
     AddFile(u"c.sch", "x", FilesBed::Kind::kSystem);
@@ -103,7 +103,7 @@ TEST_P(FilesPortTest, FoldersHiddenAndSystemFilesAreNoMatch) {
     EXPECT_EQ(Files().FirstMatch(Path(u"*.sch")), u"d.sch");
 }
 
-TEST_P(FilesPortTest, WhatCannotBeAPathHasNoMatch) {
+TEST_P(FilesPortTest, InvalidPath_HasNoMatch) {
     AddFile(u"a", "x");
     EXPECT_EQ(Files().FirstMatch(u""), u"");
     EXPECT_EQ(Files().FirstMatch(Path(StringView(u"a\0b", 3))), u"");
@@ -118,7 +118,7 @@ TEST_P(FilesPortTest, WhatCannotBeAPathHasNoMatch) {
     }
 }
 
-TEST_P(FilesPortTest, ContentsAreGivenByteForByte) {
+TEST_P(FilesPortTest, Read_ReturnsEveryByte) {
     using namespace std::string_literals;
     const std::string contents = "a\r\n\0\x80\xFF\x1A"s + "z";
     AddFile(u"raw.bin", contents);
@@ -133,7 +133,7 @@ TEST_P(FilesPortTest, EmptyAndLargeFilesAreRead) {
     EXPECT_TRUE(Files().Read(Path(u"large")) == large);
 }
 
-TEST_P(FilesPortTest, WhatIsNoFileHasNeitherStampNorContents) {
+TEST_P(FilesPortTest, NoFile_HasNeitherStampNorContents) {
     AddFolder(u"job");
     for (const String& path : {Path(u"missing"), Path(u"job"), Path(u"a*b"), Path(StringView(u"a\0b", 3)), String()}) {
         EXPECT_EQ(Files().Stamp(path), std::nullopt) << ToUtf8(path);
@@ -141,7 +141,7 @@ TEST_P(FilesPortTest, WhatIsNoFileHasNeitherStampNorContents) {
     }
 }
 
-TEST_P(FilesPortTest, StampStaysWithTheFileAndTellsItsSize) {
+TEST_P(FilesPortTest, UnchangedFile_HasTheSameStampWithItsSize) {
     AddFile(u"a.ini", "12345");
     const auto stamp = Files().Stamp(Path(u"a.ini"));
     ASSERT_TRUE(stamp);
@@ -150,7 +150,7 @@ TEST_P(FilesPortTest, StampStaysWithTheFileAndTellsItsSize) {
     EXPECT_EQ(Files().Stamp(Path(u"A.INI")), stamp);
 }
 
-TEST_P(FilesPortTest, StampDiffersForOtherContentsAndGoesWithTheFile) {
+TEST_P(FilesPortTest, ChangedFile_HasAnotherStampAndRemovedFileNone) {
     AddFile(u"a.ini", "12345");
     const auto before = Files().Stamp(Path(u"a.ini"));
     AddFile(u"a.ini", "123456");

@@ -1,4 +1,4 @@
-// What every implementation of the files port must do, as tests that each of them instantiates.
+// Tests that every implementation of FilesPort must pass. Each implementation instantiates them.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,7 +10,7 @@
 
 namespace runtime {
 
-/// An empty folder to test in, and ways round the port to fill it.
+/// An empty test folder, and functions that fill it without using the port.
 class FilesBed {
  public:
     enum class Kind { kOrdinary, kHidden, kSystem };
@@ -19,7 +19,7 @@ class FilesBed {
     virtual FilesPort& Port() = 0;
     /// The folder, without a final backslash.
     virtual String Folder() = 0;
-    /// A drive that is not there, as "X:".
+    /// A drive that does not exist, for example "X:".
     virtual String MissingDrive() = 0;
 
     // Names are relative to the folder.
@@ -41,7 +41,7 @@ class FilesPortTest : public testing::TestWithParam<std::unique_ptr<FilesBed> (*
     }
     void RemoveFile(StringView name) { bed_->RemoveFile(name); }
     String MissingDrive() { return bed_->MissingDrive(); }
-    /// The number of the error that changing to `path` raises; 0 when it succeeds.
+    /// The number of the error that ChangeFolder to `path` raises; 0 for none.
     std::int32_t ChangeError(StringView path) {
         return tests::ErrorOf([&] { Files().ChangeFolder(path); });
     }

@@ -5,7 +5,7 @@
 namespace runtime {
 namespace {
 
-TEST(Font, IsTheSameOnlyWithEveryValueTheSame) {
+TEST(Font, IsEqualOnlyIfEveryValueIsEqual) {
     EXPECT_EQ(Font{}, (Font{.name = u"MS Sans Serif", .size = 8.25F, .charset = 0, .bold = false}));
     EXPECT_NE(Font{}, Font{.name = u"Tahoma"});
     EXPECT_NE(Font{}, Font{.size = 9});

@@ -1,21 +1,21 @@
-// What every implementation of the fonts port must do. Runs once for each of them: scripted everywhere, over GDI under
-// Windows.
+// Tests that every implementation of FontsPort must pass. They run for the fonts in memory on every platform, and for
+// GDI on Windows.
 #include "runtime/FontsPort_test.h"
 
 namespace runtime {
 namespace {
 
-TEST_P(FontsPortTest, OnlyFacesThatThereAreAreInstalled) {
+TEST_P(FontsPortTest, IsInstalled_OnlyForExistingFaces) {
     EXPECT_TRUE(fonts_.IsInstalled(tried_->KnownFace()));
     EXPECT_FALSE(fonts_.IsInstalled(u"No Such Face"));
     EXPECT_FALSE(fonts_.IsInstalled(u""));
 }
 
-TEST_P(FontsPortTest, NameThatIsLongerThanAFaceCanBeIsNotInstalled) {
+TEST_P(FontsPortTest, TooLongName_IsNotInstalled) {
     EXPECT_FALSE(fonts_.IsInstalled(tried_->KnownFace() + String(100, u' ') + u"x"));
 }
 
-TEST_P(FontsPortTest, SelectingReturnsTheFontThatWasThere) {
+TEST_P(FontsPortTest, Select_ReturnsTheFormerFont) {
     const NativeHandle stock = fonts_.StockGuiFont();
     ASSERT_NE(stock, 0);
     const NativeHandle before = fonts_.Select(context_, stock);
@@ -24,7 +24,7 @@ TEST_P(FontsPortTest, SelectingReturnsTheFontThatWasThere) {
     EXPECT_EQ(fonts_.Select(context_, before), before);
 }
 
-TEST_P(FontsPortTest, FaceOfTheSelectedFontHasAName) {
+TEST_P(FontsPortTest, SelectedFont_HasAFaceName) {
     const NativeHandle before = fonts_.Select(context_, fonts_.StockGuiFont());
     const String face = fonts_.FaceName(context_);
     EXPECT_NE(Trim(face), u"");
@@ -32,12 +32,12 @@ TEST_P(FontsPortTest, FaceOfTheSelectedFontHasAName) {
     fonts_.Select(context_, before);
 }
 
-TEST_P(FontsPortTest, ContextThatIsNoneHasNoFace) {
+TEST_P(FontsPortTest, NoContext_HasNoFace) {
     EXPECT_EQ(fonts_.FaceName(0), String(80, u' '));
     EXPECT_EQ(fonts_.Select(0, fonts_.StockGuiFont()), 0);
 }
 
-TEST_P(FontsPortTest, FontOfIconTitlesIsTheCallersOwn) {
+TEST_P(FontsPortTest, IconTitleFont_IsDeletedByTheCaller) {
     const NativeHandle made = fonts_.MakeIconTitleFont();
     ASSERT_NE(made, 0);
     const NativeHandle before = fonts_.Select(context_, made);

@@ -1,4 +1,4 @@
-// What every implementation of the fonts port must do, as tests that each of them instantiates.
+// Tests that every implementation of FontsPort must pass. Each implementation instantiates them.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +9,8 @@
 
 namespace runtime {
 
-/// An implementation with a device context to try it on. The context is released by a test, or goes with the process.
+/// An implementation with a device context for the tests. A test releases the context, or the system does at the end of
+/// the process.
 struct TriedFonts {
     virtual ~TriedFonts() = default;
     virtual FontsPort& Port() = 0;

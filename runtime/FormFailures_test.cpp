@@ -1,5 +1,7 @@
-// Forms when something does not go as asked: a window system that refuses or corrects, handlers that fail or unload
-// the form under the call that led to them, windows that go by themselves.
+// Failures around forms:
+// - the window system refuses or corrects a request
+// - a handler fails, or unloads the form during a call
+// - other code destroys the window
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -24,7 +26,7 @@ using tests::ErrorOf;
 
 constexpr Twips kMaxWidthHere = 4500;
 
-/// A list into which nothing more goes when `isFull`.
+/// A control that accepts no items while `isFull` is true.
 struct FullControl : headless::MemoryControl {
     FullControl(headless::MemoryWindow& formWindow, const ControlLook& controlLook, const bool& full)
         : MemoryControl(formWindow, controlLook), isFull(full) {}
@@ -37,9 +39,9 @@ struct FullControl : headless::MemoryControl {
     const bool& isFull;
 };
 
-/// Refuses controls or items, makes no window wider than kMaxWidthHere, or lets something happen when other windows
-/// take input again, as its test wants.
-class StubbornWindows : public headless::MemoryWindows {
+/// A window system with the failures that a test chooses: it refuses controls or items, or makes no window wider than
+/// kMaxWidthHere. It also calls `onModalEnd` when a modal loop ends.
+class FaultyWindows : public headless::MemoryWindows {
  public:
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override {
         return std::make_unique<Loop>(*this, MemoryWindows::BeginModal(window));
@@ -56,7 +58,7 @@ class StubbornWindows : public headless::MemoryWindows {
  private:
     class Loop : public ModalLoop {
      public:
-        Loop(StubbornWindows& system, std::unique_ptr<ModalLoop> loop) : system_(system), loop_(std::move(loop)) {}
+        Loop(FaultyWindows& system, std::unique_ptr<ModalLoop> loop) : system_(system), loop_(std::move(loop)) {}
 
         void Run() override { loop_->Run(); }
         void End() override {
@@ -65,13 +67,13 @@ class StubbornWindows : public headless::MemoryWindows {
         }
 
      private:
-        StubbornWindows& system_;
+        FaultyWindows& system_;
         std::unique_ptr<ModalLoop> loop_;
     };
 
     class Window : public headless::MemoryWindow {
      public:
-        Window(StubbornWindows& system, const WindowDesign& design, WindowEvents& events)
+        Window(FaultyWindows& system, const WindowDesign& design, WindowEvents& events)
             : MemoryWindow(system, design, events, kHandle), system_(system) {}
 
         NativeControl& AddControl(const ControlLook& look) override {
@@ -90,20 +92,20 @@ class StubbornWindows : public headless::MemoryWindows {
 
      private:
         static constexpr NativeHandle kHandle = 0x10;
-        StubbornWindows& system_;
+        FaultyWindows& system_;
     };
 };
 
-class FormOverStubbornWindows : public tests::HeadlessTest {
+class WindowFailures : public tests::HeadlessTest {
  protected:
-    FormOverStubbornWindows() { UsePorts(&stubbornPorts_); }
+    WindowFailures() { UsePorts(&stubbornPorts_); }
 
-    StubbornWindows windows_;
+    FaultyWindows windows_;
     Ports stubbornPorts_ = tests::WithPort(ports_, windows_);
     tests::HandledForm form_;
 };
 
-TEST_F(FormOverStubbornWindows, RefusedControlLeavesNothingLoadedAndTheNextAccessTriesAgain) {
+TEST_F(WindowFailures, ControlIsRefused_FormLoadsAtTheNextAccess) {
     windows_.refuseControls = 1;
     EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kOutOfMemory);
     EXPECT_FALSE(form_.IsLoaded());
@@ -114,7 +116,7 @@ TEST_F(FormOverStubbornWindows, RefusedControlLeavesNothingLoadedAndTheNextAcces
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(FormOverStubbornWindows, CorrectedSizeIsTakenOverAndRaisesOneResize) {
+TEST_F(WindowFailures, SizeIsCorrected_FormHasItAndRaisesOneResize) {
     form_.EnsureLoaded();
     windows_.limitsWidth = true;
     form_.SetWidth(9000);
@@ -122,7 +124,7 @@ TEST_F(FormOverStubbornWindows, CorrectedSizeIsTakenOverAndRaisesOneResize) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
 }
 
-TEST_F(FormOverStubbornWindows, HandlerOfACorrectedSizeMayUnloadTheForm) {
+TEST_F(WindowFailures, SizeIsCorrected_ResizeHandlerMayUnload) {
     form_.EnsureLoaded();
     windows_.limitsWidth = true;
     form_.onResize = [&] { form_.Unload(); };
@@ -131,7 +133,7 @@ TEST_F(FormOverStubbornWindows, HandlerOfACorrectedSizeMayUnloadTheForm) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
 }
 
-TEST_F(FormOverStubbornWindows, WhoTakesInputAgainWhileTheFormGoesFindsItGone) {
+TEST_F(WindowFailures, WindowsEnabledInUnload_FormIsAlreadyUnloaded) {
     bool wasLoaded = true;
     windows_.onModalEnd = [&] {
         wasLoaded = form_.IsLoaded();
@@ -143,9 +145,9 @@ TEST_F(FormOverStubbornWindows, WhoTakesInputAgainWhileTheFormGoesFindsItGone) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "activate", "query 1", "unload"));
 }
 
-TEST_F(FormOverStubbornWindows, AccessKeyComesWhileItGoes_ItIsNotLoadedAnew) {
+TEST_F(WindowFailures, AccessKeyDuringUnload_DoesNotLoadTheForm) {
     tests::InputForm inputs;
-    // Its window still exists while other windows take input again.
+    // The window still exists when the other windows are enabled again.
     windows_.onModalEnd = [this] { EXPECT_FALSE(windows_.Last().Events().AccessKey(u'a')); };
     windows_.Post([&] { inputs.Unload(); });
     inputs.ShowModal();
@@ -153,12 +155,12 @@ TEST_F(FormOverStubbornWindows, AccessKeyComesWhileItGoes_ItIsNotLoadedAnew) {
     EXPECT_THAT(inputs.log, IsEmpty());
 }
 
-class FormOverStubbornLists : public FormOverStubbornWindows {
+class ListFailures : public WindowFailures {
  protected:
     tests::InputForm inputs_;
 };
 
-TEST_F(FormOverStubbornLists, RefusedItemIsNotKept) {
+TEST_F(ListFailures, ItemIsRefused_ItIsNotStored) {
     inputs_.list.AddItem(u"A");
     windows_.refusesItems = true;
     EXPECT_EQ(ErrorOf([&] { inputs_.list.AddItem(u"B"); }), kOutOfMemory);
@@ -168,7 +170,7 @@ TEST_F(FormOverStubbornLists, RefusedItemIsNotKept) {
     EXPECT_EQ(inputs_.list.Item(1), u"C");
 }
 
-/// Has a button and no handler but one that swallows the letter a.
+/// A form with a button. Its only handlers consume the key A.
 class SilentForm : public Form {
  public:
     SilentForm() : Form({.name = u"silent", .inner = {3000, 1500}}) {
@@ -188,14 +190,14 @@ class FormWithoutHandlers : public tests::HeadlessTest {
     SilentForm form_;
 };
 
-TEST_F(FormWithoutHandlers, LeavesCharactersAndClicksAlone) {
+TEST_F(FormWithoutHandlers, CharactersAndClicks_HaveNoEffect) {
     form_.SetVisible(true);
     EXPECT_FALSE(Events().KeyPress(u'a'));
     Events().Clicked(0);
     EXPECT_TRUE(form_.IsLoaded());
 }
 
-TEST_F(FormWithoutHandlers, SwallowedKeysAreUsedUpGoingDownAndComingUp) {
+TEST_F(FormWithoutHandlers, HandlersConsumeAKey_DownAndUpAreConsumed) {
     form_.SetVisible(true);
     EXPECT_TRUE(Events().KeyDown(65, 0));
     EXPECT_FALSE(Events().KeyDown(66, 0));
@@ -203,7 +205,7 @@ TEST_F(FormWithoutHandlers, SwallowedKeysAreUsedUpGoingDownAndComingUp) {
     EXPECT_FALSE(Events().KeyUp(66, 0));
 }
 
-TEST_F(FormWithoutHandlers, CannotBeShownModallyWhileItIsVisible) {
+TEST_F(FormWithoutHandlers, ShowModalWhileVisible_IsError400) {
     form_.SetVisible(true);
     EXPECT_EQ(ErrorOf([&] { form_.ShowModal(); }), kFormAlreadyDisplayed);
     EXPECT_TRUE(form_.Visible());
@@ -214,7 +216,7 @@ class FirstShow : public tests::HeadlessTest {
     tests::HandledForm form_;
 };
 
-TEST_F(FirstShow, ThatFailsInResizeLeavesTheFormInvisibleAndTheNextOneShowsIt) {
+TEST_F(FirstShow, ResizeHandlerFails_FormStaysHiddenUntilTheNextShow) {
     form_.onResize = [] { throw Error(kOverflow); };
     EXPECT_EQ(ErrorOf([&] { form_.SetVisible(true); }), kOverflow);
     EXPECT_FALSE(form_.Visible());
@@ -224,7 +226,7 @@ TEST_F(FirstShow, ThatFailsInResizeLeavesTheFormInvisibleAndTheNextOneShowsIt) {
     EXPECT_TRUE(memory_.windows.Last().visible);
 }
 
-TEST_F(FirstShow, MayMinimiseTheFormInResize) {
+TEST_F(FirstShow, ResizeHandlerMinimises_FormAppearsMinimised) {
     form_.onResize = [&] { form_.SetState(WindowState::kMinimised); };
     form_.SetVisible(true);
     EXPECT_EQ(form_.State(), WindowState::kMinimised);
@@ -233,13 +235,13 @@ TEST_F(FirstShow, MayMinimiseTheFormInResize) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
 }
 
-TEST_F(FirstShow, ThatUnloadsTheFormInResizeFails) {
+TEST_F(FirstShow, ResizeHandlerUnloads_IsError364) {
     form_.onResize = [&] { form_.Unload(); };
     EXPECT_EQ(ErrorOf([&] { form_.SetVisible(true); }), kObjectWasUnloaded);
     EXPECT_FALSE(form_.IsLoaded());
 }
 
-TEST_F(FirstShow, LoadHandlerThatUnloadedTheFormCannotLoadItAgain) {
+TEST_F(FirstShow, LoadHandlerUnloads_ItsNextAccessIsError364) {
     std::int32_t error = 0;
     form_.onLoad = [&] {
         form_.Unload();
@@ -253,14 +255,14 @@ TEST_F(FirstShow, LoadHandlerThatUnloadedTheFormCannotLoadItAgain) {
     EXPECT_TRUE(form_.IsLoaded());
 }
 
-class WindowThatGoes : public tests::HeadlessTest {
+class LostWindow : public tests::HeadlessTest {
  protected:
     void Lose() { memory_.windows.Last().Events().Lost(); }
 
     tests::HandledForm form_;
 };
 
-TEST_F(WindowThatGoes, RunsTheUnloadHandlers) {
+TEST_F(LostWindow, RunsTheUnloadHandlers) {
     form_.EnsureLoaded();
     Lose();
     EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "unload"));
@@ -268,7 +270,7 @@ TEST_F(WindowThatGoes, RunsTheUnloadHandlers) {
     EXPECT_EQ(LoadedForms().Count(), 0u);
 }
 
-TEST_F(WindowThatGoes, CannotBeKeptByARefusal) {
+TEST_F(LostWindow, HandlersRefuse_FormIsStillUnloaded) {
     form_.EnsureLoaded();
     form_.refusesQuery = true;
     Lose();
@@ -282,7 +284,7 @@ TEST_F(WindowThatGoes, CannotBeKeptByARefusal) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "load", "query 2", "unload"));
 }
 
-TEST_F(WindowThatGoes, CannotBeKeptByARefusalOfAnUnloadThatRuns) {
+TEST_F(LostWindow, LostDuringUnload_RefusalIsIgnored) {
     form_.EnsureLoaded();
     form_.refusesUnload = true;
     form_.onUnload = [this] { Lose(); };
@@ -291,18 +293,18 @@ TEST_F(WindowThatGoes, CannotBeKeptByARefusalOfAnUnloadThatRuns) {
     EXPECT_EQ(LoadedForms().Count(), 0u);
     form_.onUnload = {};
     form_.EnsureLoaded();
-    EXPECT_FALSE(form_.Unload());  // the window is a new one, which may be kept
+    EXPECT_FALSE(form_.Unload());  // this window is a new one, so the refusal counts
     form_.refusesUnload = false;
 }
 
-TEST_F(WindowThatGoes, KeepsTheErrorsOfItsHandlersToItself) {
+TEST_F(LostWindow, HandlerFails_ErrorIsIgnored) {
     form_.EnsureLoaded();
     form_.onUnload = [] { throw Error(kOverflow); };
     Lose();
     EXPECT_FALSE(form_.IsLoaded());
 }
 
-TEST_F(WindowThatGoes, IsForgottenWithoutAnyHandler) {
+TEST_F(LostWindow, Abandoned_RunsNoHandler) {
     form_.EnsureLoaded();
     form_.refusesQuery = true;
     form_.AbandonWindow();
@@ -313,11 +315,11 @@ TEST_F(WindowThatGoes, IsForgottenWithoutAnyHandler) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(WindowThatGoes, IsForgottenWithWhateverWasGoingOn) {
+TEST_F(LostWindow, AbandonedDuringLoadOrUnload_IsUnloaded) {
     form_.onLoad = [this] {
         form_.AbandonWindow();
         form_.onLoad = {};
-        EXPECT_EQ(form_.Caption(), u"Design");  // loads it anew: that load is over
+        EXPECT_EQ(form_.Caption(), u"Design");  // loads the form again, because the first load has ended
     };
     form_.EnsureLoaded();
     form_.onUnload = [this] {
@@ -358,19 +360,19 @@ class FailingUnload : public tests::HeadlessTest {
     tests::HandledForm form_;
 };
 
-TEST_F(FailingUnload, ErrorOfTheQueryDoesNotKeepTheForm) {
+TEST_F(FailingUnload, QueryHandlerFails_FormIsUnloaded) {
     EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), kOverflow);
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(FailingUnload, OfTwoErrorsTheFirstIsThrown) {
+TEST_F(FailingUnload, BothHandlersFail_FirstErrorIsThrown) {
     form_.onUnload = [] { throw Error(kPathNotFound); };
     EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), kOverflow);
     EXPECT_FALSE(form_.IsLoaded());
 }
 
-TEST_F(FailingUnload, RefusalAfterAnErrorOfTheQueryDoesNotCount) {
+TEST_F(FailingUnload, QueryHandlerFails_LaterRefusalIsIgnored) {
     form_.refusesUnload = true;
     EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), kOverflow);
     EXPECT_FALSE(form_.IsLoaded());

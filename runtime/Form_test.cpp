@@ -1,5 +1,5 @@
-// The life cycle of forms and their properties. Where a case makes sense on real windows it runs on the build's own
-// window system (RuntimeTest), otherwise in memory (HeadlessTest).
+// The life cycle and the properties of forms. Tests with RuntimeTest run on the window system of the build. Tests with
+// HeadlessTest run in memory.
 #include "runtime/Form.h"
 
 #include <gmock/gmock.h>
@@ -24,7 +24,7 @@ class FormLife : public tests::RuntimeTest {
     tests::HandledForm form_;
 };
 
-TEST_F(FormLife, IsNotLoadedByCreatingItOrByWhatTellsOfItsState) {
+TEST_F(FormLife, ConstructorAndStateQueries_DoNotLoad) {
     EXPECT_EQ(form_.Name(), u"handled");
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_FALSE(form_.IsUnloading());
@@ -34,7 +34,7 @@ TEST_F(FormLife, IsNotLoadedByCreatingItOrByWhatTellsOfItsState) {
     EXPECT_EQ(LoadedForms().Count(), 0u);
 }
 
-TEST_F(FormLife, IsNotLoadedByLookingAtItsDesign) {
+TEST_F(FormLife, DesignAccess_DoesNotLoad) {
     form_.SetCaption(u"Shown");
     form_.Unload();
     EXPECT_EQ(form_.Design().caption, u"Design");
@@ -56,7 +56,7 @@ TEST_F(FormLife, IsLoadedByTheFirstAccessToAControl) {
     EXPECT_EQ(form_.Bar().Text(), u"hello");
 }
 
-TEST_F(FormLife, UnloadAsksThenUnloadsThenLeavesTheCollection) {
+TEST_F(FormLife, Unload_RunsQueryThenUnloadThenLeavesTheCollection) {
     form_.EnsureLoaded();
     form_.onUnload = [] { EXPECT_EQ(LoadedForms().Count(), 1u); };
     form_.Unload();
@@ -77,7 +77,7 @@ TEST_F(FormLife, HandlersMayRefuseToUnload) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "query 1", "unload"));
 }
 
-TEST_F(FormLife, LaterAccessLoadsAnewWithTheDesignValues) {
+TEST_F(FormLife, AccessAfterUnload_LoadsTheDesignValues) {
     form_.SetCaption(u"Changed");
     form_.Move(3000, 3000);
     form_.SetWidth(9000);
@@ -90,7 +90,7 @@ TEST_F(FormLife, LaterAccessLoadsAnewWithTheDesignValues) {
     EXPECT_EQ(form_.Bar().Text(), u"ready");
 }
 
-TEST_F(FormLife, UnloadInsideTheLoadHandlerFailsTheAccess) {
+TEST_F(FormLife, LoadHandlerUnloads_AccessIsError364) {
     form_.onLoad = [&] { form_.Unload(); };
     EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kObjectWasUnloaded);
     EXPECT_FALSE(form_.IsLoaded());
@@ -104,7 +104,7 @@ TEST_F(FormLife, PropertiesInsideTheLoadHandlerDoNotLoadAgain) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(FormLife, ErrorOfTheLoadHandlerTakesTheFormBack) {
+TEST_F(FormLife, LoadHandlerFails_FormIsNotLoaded) {
     form_.onLoad = [] { throw Error(kOverflow); };
     EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kOverflow);
     EXPECT_FALSE(form_.IsLoaded());
@@ -112,7 +112,7 @@ TEST_F(FormLife, ErrorOfTheLoadHandlerTakesTheFormBack) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(FormLife, ErrorOfTheUnloadHandlerIsThrownWhenTheFormIsGone) {
+TEST_F(FormLife, UnloadHandlerFails_FormIsUnloadedAndErrorThrown) {
     form_.EnsureLoaded();
     form_.onUnload = [] { throw Error(kPathNotFound); };
     EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), kPathNotFound);
@@ -149,7 +149,7 @@ TEST_F(FormLife, CollectionIsInLoadOrderAndNamesTheLastFormToUnload) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(FormLife, WindowThatTheSystemRefusesIsOutOfMemoryAndLeavesNothing) {
+TEST_F(FormLife, WindowIsRefused_IsOutOfMemoryAndNothingIsLoaded) {
     runtime::headless::MemoryWindows refusing;
     refusing.refuseWindows = 1;
     const Ports ports = tests::WithPort(ports_, refusing);
@@ -167,7 +167,7 @@ TEST_F(FormProperties, ClientAreaHasItsDesignSizeInsideTheFrame) {
     EXPECT_GT(form_.Height(), 1500);
 }
 
-TEST_F(FormProperties, BoundsAreTheWholePixelsOfTheWindow) {
+TEST_F(FormProperties, Bounds_AreRoundedToWholePixels) {
     form_.Move(1501.5F, -7.25F);
     EXPECT_EQ(form_.Left(), OnPixels(1501.5F));
     EXPECT_EQ(form_.Top(), OnPixels(-7.25F));
@@ -176,7 +176,7 @@ TEST_F(FormProperties, BoundsAreTheWholePixelsOfTheWindow) {
     EXPECT_EQ(form_.Height(), OnPixels(3001));
 }
 
-TEST_F(FormProperties, DesignIsRoundedToWholePixelsToo) {
+TEST_F(FormProperties, DesignBounds_AreRoundedToWholePixels) {
     Form odd({.name = u"odd", .caption = u"", .left = 1508, .top = 742, .inner = {3001, 1507}});
     EXPECT_EQ(odd.Left(), OnPixels(1508));
     EXPECT_EQ(odd.Top(), OnPixels(742));
@@ -184,7 +184,7 @@ TEST_F(FormProperties, DesignIsRoundedToWholePixelsToo) {
     EXPECT_EQ(odd.InnerSize(), (Size{OnPixels(3001), OnPixels(1507)}));
 }
 
-TEST_F(FormProperties, SizeOfTheSamePixelsRaisesNoResize) {
+TEST_F(FormProperties, SizeWithTheSamePixels_RaisesNoResize) {
     form_.SetWidth(8000);
     form_.SetWidth(8001);
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
@@ -240,7 +240,7 @@ TEST_F(FormProperties, HiddenMinimisedFormKeepsItsNormalBounds) {
     EXPECT_EQ(form_.InnerSize(), (Size{3000, 1500}));
 }
 
-TEST_F(FormProperties, VisibleFormMinimisesAndComesBack) {
+TEST_F(FormProperties, VisibleForm_MinimisesAndIsRestored) {
     form_.SetVisible(true);
     form_.SetState(WindowState::kMinimised);
     EXPECT_EQ(form_.State(), WindowState::kMinimised);
@@ -263,7 +263,7 @@ TEST_F(FormProperties, ActivateHandlerMayHideTheForm) {
     EXPECT_FALSE(form_.Visible());
 }
 
-TEST_F(FormProperties, ScaleModeIsKeptAndChecked) {
+TEST_F(FormProperties, ScaleMode_IsStoredAndChecked) {
     EXPECT_EQ(form_.ScaleMode(), 1);
     form_.SetScaleMode(3);
     EXPECT_EQ(form_.ScaleMode(), 3);
@@ -276,7 +276,7 @@ TEST_F(FormProperties, StateOutsideItsRangeIsRefused) {
     EXPECT_EQ(ErrorOf([&] { form_.SetState(static_cast<WindowState>(3)); }), kInvalidPropertyValue);
 }
 
-TEST_F(FormProperties, HandleAndContextLiveAsLongAsTheWindow) {
+TEST_F(FormProperties, HandleAndContext_StayTheSame) {
     const NativeHandle handle = form_.Handle();
     EXPECT_NE(handle, 0);
     EXPECT_NE(form_.DeviceContext(), 0);
@@ -292,7 +292,7 @@ TEST_F(FormProperties, TextIsMeasuredInTheFontOfTheForm) {
     EXPECT_EQ(form_.TextSize(u"").height, one.height);
     EXPECT_EQ(form_.TextSize(u"R\r\nRRR\r\nRR").height, one.height * 3);
     EXPECT_EQ(form_.TextSize(u"R\r\nRRR\r\nRR").width, form_.TextSize(u"RRR").width);
-    // Wider than anything that a window can show.
+    // Wider than any window can be.
     EXPECT_EQ(form_.TextSize(String(10'000, u'R')).height, one.height);
     form_.SetFont({.size = 20});
     EXPECT_EQ(form_.Font().size, 20);
@@ -301,7 +301,7 @@ TEST_F(FormProperties, TextIsMeasuredInTheFontOfTheForm) {
     EXPECT_EQ(form_.TextSize(u"R"), one);
 }
 
-TEST_F(FormProperties, MousePointerIsCheckedAndKept) {
+TEST_F(FormProperties, MousePointer_IsCheckedAndStored) {
     SetMousePointer(kHourglassPointer);
     EXPECT_EQ(MousePointer(), kHourglassPointer);
     SetMousePointer(kDefaultPointer);
@@ -315,7 +315,7 @@ class FormInMemory : public tests::HeadlessTest {
     tests::HandledForm form_;
 };
 
-TEST_F(FormInMemory, ClosingByTheUserUnloadsWithThatReason) {
+TEST_F(FormInMemory, UserCloses_FormUnloadsWithReasonUser) {
     form_.EnsureLoaded();
     memory_.windows.Post([&] { memory_.windows.Last().Events().Closing(UnloadReason::kUser); });
     EXPECT_TRUE(form_.IsLoaded());
@@ -324,7 +324,7 @@ TEST_F(FormInMemory, ClosingByTheUserUnloadsWithThatReason) {
     EXPECT_TRUE(memory_.windows.Windows().empty());
 }
 
-TEST_F(FormInMemory, SizingByTheUserIsTakenOverAndRaisesResize) {
+TEST_F(FormInMemory, UserResizes_FormHasTheSizeAndRaisesResize) {
     form_.EnsureLoaded();
     memory_.windows.Last().Events().BoundsChanged({15, 30, 4500, 6000}, WindowState::kNormal);
     EXPECT_EQ(form_.Left(), 15);
@@ -332,7 +332,7 @@ TEST_F(FormInMemory, SizingByTheUserIsTakenOverAndRaisesResize) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
 }
 
-TEST_F(FormInMemory, ShownByOthersIsVisibleAndHasItsFirstResize) {
+TEST_F(FormInMemory, OtherProgramShows_FormIsVisibleAndRaisesResize) {
     form_.EnsureLoaded();
     auto& window = memory_.windows.Last();
     window.OthersShow();
@@ -345,13 +345,13 @@ TEST_F(FormInMemory, ShownByOthersIsVisibleAndHasItsFirstResize) {
     EXPECT_EQ(form_.State(), WindowState::kMinimised);
 }
 
-TEST_F(FormInMemory, ShownByOthersAsItIsAlreadyIsNotToldToIt) {
+TEST_F(FormInMemory, OtherProgramShowsAVisibleForm_RaisesNoEvent) {
     form_.SetVisible(true);
     memory_.windows.Last().OthersShow();
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "activate"));
 }
 
-TEST_F(FormInMemory, ShownByOthersMayBeUnloadedByItsHandlers) {
+TEST_F(FormInMemory, OtherProgramShows_HandlerMayUnload) {
     form_.EnsureLoaded();
     form_.onResize = [&] { form_.Unload(); };
     memory_.windows.Last().OthersShow();
@@ -359,28 +359,28 @@ TEST_F(FormInMemory, ShownByOthersMayBeUnloadedByItsHandlers) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
 }
 
-TEST_F(FormInMemory, HidingReachesAWindowThatWasShownUnnoticed) {
+TEST_F(FormInMemory, Hide_HidesAWindowThatWasShownUnnoticed) {
     form_.EnsureLoaded();
     memory_.windows.Last().visible = true;
     form_.SetVisible(false);
     EXPECT_FALSE(memory_.windows.Last().visible);
 }
 
-TEST_F(FormInMemory, ModalFormThatOthersHideGivesBackControl) {
+TEST_F(FormInMemory, OtherProgramHidesAModalForm_ShowModalReturns) {
     memory_.windows.Post([&] { memory_.windows.Last().OthersHide(); });
     form_.ShowModal();
     EXPECT_FALSE(form_.Visible());
     EXPECT_TRUE(form_.IsLoaded());
 }
 
-TEST_F(FormInMemory, TopMostIsPassedOnEachTime) {
+TEST_F(FormInMemory, SetTopMost_ReachesTheWindowEachTime) {
     form_.SetTopMost(true);
     form_.SetTopMost(true);
     form_.SetTopMost(false);
     EXPECT_THAT(memory_.windows.Last().topMost, ElementsAre(true, true, false));
 }
 
-TEST_F(FormInMemory, ErrorOfAHandlerLeavesDoEvents) {
+TEST_F(FormInMemory, HandlerFails_DoEventsThrowsTheError) {
     form_.EnsureLoaded();
     form_.onResize = [] { throw Error(kOverflow); };
     memory_.windows.Post([&] { form_.SetWidth(9000); });

@@ -1,4 +1,4 @@
-// Text boxes, combos and lists: their properties and what they hold, on the build's own window system.
+// Text boxes, combos and lists: their properties, texts and items, on the window system of the build.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -14,10 +14,10 @@ using tests::ErrorOf;
 
 using InputControls = InputControlsTest;
 
-/// Characters of all kinds, with every special one of the controls.
+/// Characters of all kinds, including those that have a special meaning in a control.
 const String kAnyText = u"\"quotes\" & && \t tab \u65E5\u672C\u8A9E \U0001F600 \u05E9\u05DC\u05D5\u05DD \xD800 'end' ";
 
-TEST_F(InputControls, TextsComeBackAsTheyWentIn) {
+TEST_F(InputControls, Text_IsReturnedUnchanged) {
     for (Control* control : {&form_.text, &form_.block, &form_.combo}) {
         for (const String& text : {kAnyText, String(u"two\r\nlines"), String(u"lone\nones\r"), String(u"a\0b", 3)}) {
             control->SetText(text);
@@ -26,7 +26,7 @@ TEST_F(InputControls, TextsComeBackAsTheyWentIn) {
     }
 }
 
-TEST_F(InputControls, ItemsComeBackAsTheyWentIn) {
+TEST_F(InputControls, Items_AreReturnedUnchanged) {
     for (Control* control : {&form_.combo, &form_.dropDown, &form_.list}) {
         control->AddItem(kAnyText);
         control->AddItem(u"");
@@ -47,7 +47,7 @@ TEST_F(InputControls, StartWithTheirDesignValues) {
     EXPECT_EQ(form_.list.ItemCount(), 0);
 }
 
-TEST_F(InputControls, LaterLoadStartsAnew) {
+TEST_F(InputControls, NextLoad_RestoresTheDesignValues) {
     Fill(form_.combo);
     form_.combo.SetListIndex(1);
     form_.text.SetText(u"old");
@@ -76,7 +76,7 @@ TEST_F(InputControls, SelectionStaysWithinTheText) {
     }
 }
 
-TEST_F(InputControls, NewTextHasNothingSelectedAtItsStart) {
+TEST_F(InputControls, NewText_HasTheCaretAtItsStart) {
     form_.text.SetText(u"abcdef");
     form_.text.SetSelStart(4);
     form_.text.SetText(u"xyz");
@@ -84,7 +84,7 @@ TEST_F(InputControls, NewTextHasNothingSelectedAtItsStart) {
     EXPECT_EQ(form_.text.SelLength(), 0u);
 }
 
-TEST_F(InputControls, AWrongListIndexIsNamedWithItsControl) {
+TEST_F(InputControls, InvalidListIndex_ErrorNamesControlAndRange) {
     form_.list.AddItem(u"A");
     try {
         form_.list.SetListIndex(4);
@@ -95,7 +95,7 @@ TEST_F(InputControls, AWrongListIndexIsNamedWithItsControl) {
     }
 }
 
-TEST_F(InputControls, ListIndexIsCheckedAndSelectsTheText) {
+TEST_F(InputControls, ListIndex_IsCheckedAndSelectsTheItem) {
     for (Control* control : {&form_.combo, &form_.dropDown, &form_.list}) {
         Fill(*control);
         control->SetListIndex(3);
@@ -110,14 +110,14 @@ TEST_F(InputControls, ListIndexIsCheckedAndSelectsTheText) {
     }
 }
 
-TEST_F(InputControls, ItemOutsideTheListIsAnIndexError) {
+TEST_F(InputControls, ItemOutsideTheList_IsError381) {
     Fill(form_.list);
     EXPECT_EQ(form_.list.Item(0), u"Alpha");
     EXPECT_EQ(ErrorOf([&] { form_.list.Item(4); }), kInvalidPropertyIndex);
     EXPECT_EQ(ErrorOf([&] { form_.list.Item(-1); }), kInvalidPropertyIndex);
 }
 
-TEST_F(InputControls, ClearingTakesItemsSelectionAndTextAway) {
+TEST_F(InputControls, ClearItems_RemovesItemsSelectionAndText) {
     for (Control* control : {&form_.combo, &form_.dropDown, &form_.list}) {
         Fill(*control);
         control->SetListIndex(1);
@@ -131,7 +131,7 @@ TEST_F(InputControls, ClearingTakesItemsSelectionAndTextAway) {
     }
 }
 
-TEST_F(InputControls, TextOfAnEditableComboIsNotOneOfItsItems) {
+TEST_F(InputControls, SetTextOnACombo_SelectsNoItem) {
     Fill(form_.combo);
     form_.combo.SetListIndex(1);
     form_.combo.SetText(u"Beta");
@@ -139,7 +139,7 @@ TEST_F(InputControls, TextOfAnEditableComboIsNotOneOfItsItems) {
     EXPECT_EQ(form_.combo.Text(), u"Beta");
 }
 
-TEST_F(InputControls, TextOfAListSelectsItsItem) {
+TEST_F(InputControls, SetTextOnAList_SelectsTheItem) {
     for (Control* control : {&form_.dropDown, &form_.list}) {
         Fill(*control);
         control->SetText(u"Bravo");
@@ -169,7 +169,7 @@ TEST_F(InputControls, TabIndexBelowZeroIsRefused) {
     EXPECT_EQ(form_.FocusedControl(), &form_.text);
 }
 
-TEST_F(InputControls, ControlsThatDropDownKeepTheirOwnHeight) {
+TEST_F(InputControls, DropDownControls_KeepTheirOwnHeight) {
     const Twips height = form_.combo.Height();
     EXPECT_GT(height, 0);
     form_.combo.SetBounds({75, 90, 3000, 2000});
@@ -182,7 +182,7 @@ TEST_F(InputControls, ControlsThatDropDownKeepTheirOwnHeight) {
     EXPECT_EQ(form_.combo.Height(), height);
 }
 
-TEST_F(InputControls, OtherControlsHaveThePlaceThatTheyAreGiven) {
+TEST_F(InputControls, OtherControls_HaveTheGivenBounds) {
     form_.text.SetTop(3000);
     form_.text.SetLeft(15);
     form_.text.SetWidth(1500);
@@ -192,7 +192,7 @@ TEST_F(InputControls, OtherControlsHaveThePlaceThatTheyAreGiven) {
     EXPECT_EQ(form_.list.Height(), 841);
 }
 
-TEST_F(InputControls, FirstFocusIsTheFirstVisibleOneInTabOrder) {
+TEST_F(InputControls, FirstFocus_IsTheFirstVisibleControlInTabOrder) {
     form_.text.SetVisible(false);
     form_.combo.SetVisible(false);
     form_.dropDown.SetTabIndex(3);
@@ -200,13 +200,13 @@ TEST_F(InputControls, FirstFocusIsTheFirstVisibleOneInTabOrder) {
     EXPECT_EQ(form_.FocusedControl(), &form_.block);
 }
 
-TEST_F(InputControls, FocusGivenBeforeTheFormIsShownStays) {
+TEST_F(InputControls, FocusSetBeforeTheFirstShow_IsKept) {
     form_.SetFocus(form_.block);
     form_.SetVisible(true);
     EXPECT_EQ(form_.FocusedControl(), &form_.block);
 }
 
-TEST_F(InputControls, LargeTextsAreHeld) {
+TEST_F(InputControls, LargeTexts_AreStored) {
     String lines;
     while (lines.size() < 1'000'000) lines += u"words & \u65E5\u672C\u8A9E \U0001F600\r\n";
     form_.block.SetText(lines);
@@ -222,7 +222,7 @@ TEST_F(InputControls, LargeTextsAreHeld) {
     EXPECT_TRUE(form_.text.Text() == line);
 }
 
-TEST_F(InputControls, ManyItemsAreHeld) {
+TEST_F(InputControls, ManyItems_AreStored) {
     for (Control* control : {&form_.combo, &form_.dropDown, &form_.list}) {
         for (int i = 0; i < 10'000; ++i) control->AddItem(u"item");
         EXPECT_EQ(control->ItemCount(), 10'000);
@@ -236,7 +236,7 @@ class InputControlsInMemory : public tests::HeadlessTest {
     tests::InputForm form_;
 };
 
-TEST_F(InputControlsInMemory, UserMovesTheFocus_ControlHasItIfItTakesIt) {
+TEST_F(InputControlsInMemory, UserMovesFocus_LabelDoesNotGetIt) {
     form_.SetVisible(true);
     headless::MemoryWindow& window = memory_.windows.Last();
     window.focused = &window.Control(u"list");
@@ -245,7 +245,7 @@ TEST_F(InputControlsInMemory, UserMovesTheFocus_ControlHasItIfItTakesIt) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list) << "a label takes none";
 }
 
-TEST_F(InputControlsInMemory, ControlWithTheUsersFocusIsHidden_NextOneHasIt) {
+TEST_F(InputControlsInMemory, HideFocusedControl_NextOneHasTheFocus) {
     form_.SetVisible(true);
     headless::MemoryWindow& window = memory_.windows.Last();
     window.focused = &window.Control(u"list");
@@ -254,7 +254,7 @@ TEST_F(InputControlsInMemory, ControlWithTheUsersFocusIsHidden_NextOneHasIt) {
     EXPECT_EQ(window.focused, &window.Control(u"text"));
 }
 
-TEST_F(InputControlsInMemory, FontThatIsThereAlreadyIsNotSetAgain) {
+TEST_F(InputControlsInMemory, SetTheSameFont_DoesNotReachTheWindow) {
     form_.text.SetFont({.size = 20});
     headless::MemoryControl& window = memory_.windows.Last().Control(u"text");
     window.font.size = 5;
@@ -262,7 +262,7 @@ TEST_F(InputControlsInMemory, FontThatIsThereAlreadyIsNotSetAgain) {
     EXPECT_EQ(window.font.size, 5);
 }
 
-TEST_F(InputControlsInMemory, NamesForScreenReadersAreToldToTheWindow) {
+TEST_F(InputControlsInMemory, AccessibleName_ReachesTheWindow) {
     form_.list.SetAccessibleName(u"Choose one");
     EXPECT_EQ(memory_.windows.Last().Control(u"list").accessibleName, u"Choose one");
 }

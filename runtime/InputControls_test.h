@@ -1,4 +1,4 @@
-// The form with input controls on the build's own window system, and a user who types into it.
+// A form with input controls on the window system of the build, and a user who types into it.
 #pragma once
 
 #include "tests/support/InputForm.h"

@@ -1,5 +1,5 @@
-// What a form and its input controls make of the user's keys: on the build's own window system, and in memory where a
-// test plays the window system.
+// How a form and its input controls handle keys, on the window system of the build. In the tests in memory, the test
+// acts as the window system.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ using tests::ErrorOf;
 
 using InputKeys = InputControlsTest;
 
-TEST_F(InputKeys, TabWalksTheVisibleControlsFromEveryKind) {
+TEST_F(InputKeys, Tab_MovesThroughTheVisibleControls) {
     form_.text.SetVisible(false);
     ShowOn(form_.combo);
     std::vector<Control*> walked;
@@ -30,7 +30,7 @@ TEST_F(InputKeys, TabWalksTheVisibleControlsFromEveryKind) {
     EXPECT_EQ(form_.block.Text(), u"");
 }
 
-TEST_F(InputKeys, HiddenControlsTakeNoFocusAndAreNotPressed) {
+TEST_F(InputKeys, HiddenControl_TakesNoFocusAndIsNotPressed) {
     ShowOn(form_.text);
     form_.cancel.SetVisible(false);
     EXPECT_EQ(ErrorOf([&] { form_.SetFocus(form_.cancel); }), kInvalidProcedureCall);
@@ -40,7 +40,7 @@ TEST_F(InputKeys, HiddenControlsTakeNoFocusAndAreNotPressed) {
     EXPECT_EQ(form_.FocusedControl(), &form_.combo);
 }
 
-TEST_F(InputKeys, WrittenCharactersReachTheFormThenTheControlThenTheText) {
+TEST_F(InputKeys, TypedCharacter_ReachesFormThenControlThenText) {
     form_.onControlKeyPress = [](Control& control, char16_t&) { EXPECT_EQ(control.Text(), u""); };
     ShowOn(form_.text);
     user_.Type(u"Q");
@@ -49,7 +49,7 @@ TEST_F(InputKeys, WrittenCharactersReachTheFormThenTheControlThenTheText) {
     EXPECT_EQ(form_.text.SelStart(), 1u);
 }
 
-TEST_F(InputKeys, CharactersThatAreSwallowedAreNotWritten) {
+TEST_F(InputKeys, ConsumedCharacter_IsNotInserted) {
     ShowOn(form_.text);
     form_.onKeyPress = [](char16_t& character) {
         if (character == u'x') character = 0;
@@ -62,7 +62,7 @@ TEST_F(InputKeys, CharactersThatAreSwallowedAreNotWritten) {
     EXPECT_EQ(form_.text.Text(), u"z");
 }
 
-TEST_F(InputKeys, WritingReplacesTheSelectedPart) {
+TEST_F(InputKeys, Typing_ReplacesTheSelection) {
     for (Control* control : {&form_.text, &form_.block, &form_.combo}) {
         ShowOn(*control);
         control->SetText(u"abcdef");
@@ -73,14 +73,14 @@ TEST_F(InputKeys, WritingReplacesTheSelectedPart) {
     }
 }
 
-TEST_F(InputKeys, LettersInATextAreNoAccessKeys) {
+TEST_F(InputKeys, LetterInATextBox_IsNoAccessKey) {
     ShowOn(form_.text);
     user_.Type(u"a");
     EXPECT_EQ(form_.text.Text(), u"a");
     EXPECT_EQ(form_.FocusedControl(), &form_.text);
 }
 
-TEST_F(InputKeys, EnterIsANewLineInTheTextBlockAlone) {
+TEST_F(InputKeys, Enter_InsertsALineOnlyInTheTextBlock) {
     ShowOn(form_.block);
     user_.Type(u"a");
     user_.Press(kKeyEnter);
@@ -96,7 +96,7 @@ TEST_F(InputKeys, EnterIsANewLineInTheTextBlockAlone) {
     EXPECT_EQ(form_.text.Text(), u"");
 }
 
-TEST_F(InputKeys, EscapePressesTheCancelButtonFromEveryKind) {
+TEST_F(InputKeys, Escape_PressesTheCancelButtonFromEveryControl) {
     for (Control* control : {&form_.text, &form_.combo, &form_.dropDown, &form_.block, &form_.list}) {
         ShowOn(*control);
         user_.Press(kKeyEscape);
@@ -104,7 +104,7 @@ TEST_F(InputKeys, EscapePressesTheCancelButtonFromEveryKind) {
     }
 }
 
-TEST_F(InputKeys, ArrowsWalkTheItemsAndNotTheFocus) {
+TEST_F(InputKeys, ArrowInAList_MovesTheSelectionAndNotTheFocus) {
     for (Control* control : {&form_.combo, &form_.dropDown, &form_.list}) {
         Fill(*control);
         ShowOn(*control);
@@ -119,7 +119,7 @@ TEST_F(InputKeys, ArrowsWalkTheItemsAndNotTheFocus) {
     }
 }
 
-TEST_F(InputKeys, ListsSelectByFirstLetterAndEnds) {
+TEST_F(InputKeys, List_SelectsByFirstLetterHomeAndEnd) {
     for (Control* control : {&form_.dropDown, &form_.list}) {
         Fill(*control);
         ShowOn(*control);
@@ -132,7 +132,7 @@ TEST_F(InputKeys, ListsSelectByFirstLetterAndEnds) {
     }
 }
 
-TEST_F(InputKeys, BackspaceTakesTheSelectedPartOrTheCharacterBeforeIt) {
+TEST_F(InputKeys, Backspace_RemovesTheSelectionOrOneCharacter) {
     for (Control* control : {&form_.text, &form_.block, &form_.combo}) {
         ShowOn(*control);
         control->SetText(u"abcdef");
@@ -145,7 +145,7 @@ TEST_F(InputKeys, BackspaceTakesTheSelectedPartOrTheCharacterBeforeIt) {
     }
 }
 
-TEST_F(InputKeys, WritingInAComboDeselectsItsItem) {
+TEST_F(InputKeys, TypingInACombo_DeselectsItsItem) {
     Fill(form_.combo);
     form_.combo.SetListIndex(1);
     ShowOn(form_.combo);
@@ -155,7 +155,7 @@ TEST_F(InputKeys, WritingInAComboDeselectsItsItem) {
     EXPECT_EQ(form_.combo.ListIndex(), -1);
 }
 
-TEST_F(InputKeys, EscapeTakesAnOpenListAwayAndPressesNothing) {
+TEST_F(InputKeys, EscapeOnAnOpenList_ClosesItAndPressesNothing) {
     for (Control* control : {&form_.combo, &form_.dropDown}) {
         Fill(*control);
         control->SetListIndex(1);
@@ -169,7 +169,7 @@ TEST_F(InputKeys, EscapeTakesAnOpenListAwayAndPressesNothing) {
     }
 }
 
-TEST_F(InputKeys, EscapeOnAnOpenListPutsBackWhatWasThereBefore) {
+TEST_F(InputKeys, EscapeOnAnOpenList_RestoresTheSelectedItem) {
     for (Control* control : {&form_.combo, &form_.dropDown}) {
         Fill(*control);
         control->SetListIndex(0);
@@ -186,7 +186,7 @@ TEST_F(InputKeys, EscapeOnAnOpenListPutsBackWhatWasThereBefore) {
     }
 }
 
-TEST_F(InputKeys, EscapeOnAnOpenListPutsBackThatNothingWasSelected) {
+TEST_F(InputKeys, EscapeOnAnOpenList_RestoresNoSelection) {
     Fill(form_.dropDown);
     ShowOn(form_.dropDown);
     user_.Press(kKeyF4);
@@ -196,7 +196,7 @@ TEST_F(InputKeys, EscapeOnAnOpenListPutsBackThatNothingWasSelected) {
     EXPECT_EQ(form_.dropDown.Text(), u"");
 }
 
-TEST_F(InputKeys, EscapeOnAnOpenListPutsBackTheTextOfACombo) {
+TEST_F(InputKeys, EscapeOnAnOpenList_RestoresTheTextOfACombo) {
     Fill(form_.combo);
     form_.combo.SetText(u"own");
     ShowOn(form_.combo);
@@ -210,7 +210,7 @@ TEST_F(InputKeys, EscapeOnAnOpenListPutsBackTheTextOfACombo) {
     EXPECT_EQ(form_.combo.Text(), u"x") << "all of it was selected";
 }
 
-TEST_F(InputKeys, EnterOnAnOpenListChoosesBeforeItIsACharacter) {
+TEST_F(InputKeys, EnterOnAnOpenList_SelectsBeforeItsCharacter) {
     for (Control* control : {&form_.combo, &form_.dropDown}) {
         Fill(*control);
         control->SetListIndex(1);
@@ -228,7 +228,7 @@ TEST_F(InputKeys, EnterOnAnOpenListChoosesBeforeItIsACharacter) {
     }
 }
 
-TEST_F(InputKeys, F4TakesAnOpenListAwayAndKeepsWhatItShows) {
+TEST_F(InputKeys, F4OnAnOpenList_ClosesItAndKeepsTheItem) {
     for (Control* control : {&form_.combo, &form_.dropDown}) {
         Fill(*control);
         control->SetListIndex(0);
@@ -255,7 +255,7 @@ class InputKeysInMemory : public tests::HeadlessTest {
     tests::InputForm form_;
 };
 
-TEST_F(InputKeysInMemory, HeldEnterIsNoCharacterOutsideTheTextBlock) {
+TEST_F(InputKeysInMemory, HeldEnter_IsACharacterOnlyInTheTextBlock) {
     form_.SetVisible(true);
     WindowEvents& events = memory_.windows.Last().Events();
     EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, false));
@@ -264,7 +264,7 @@ TEST_F(InputKeysInMemory, HeldEnterIsNoCharacterOutsideTheTextBlock) {
     EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, true));
 }
 
-TEST_F(InputKeysInMemory, EnterHeldSinceBeforeTheFormWasShownWritesNoLine) {
+TEST_F(InputKeysInMemory, EnterHeldSinceBeforeTheShow_InsertsNoLine) {
     for (int loads = 0; loads < 2; ++loads) {
         form_.SetVisible(true);
         form_.SetFocus(form_.block);
@@ -276,7 +276,7 @@ TEST_F(InputKeysInMemory, EnterHeldSinceBeforeTheFormWasShownWritesNoLine) {
     }
 }
 
-TEST_F(InputKeysInMemory, HeldKeysPressNoButton) {
+TEST_F(InputKeysInMemory, HeldKey_PressesNoButton) {
     form_.SetVisible(true);
     form_.SetFocus(form_.button);
     WindowEvents& events = memory_.windows.Last().Events();
@@ -286,7 +286,7 @@ TEST_F(InputKeysInMemory, HeldKeysPressNoButton) {
     EXPECT_THAT(form_.log, ElementsAre("click button"));
 }
 
-TEST_F(InputKeysInMemory, ArrowsWalkTheFocusFromButtonsOnly) {
+TEST_F(InputKeysInMemory, Arrow_MovesTheFocusFromButtonsOnly) {
     form_.SetVisible(true);
     form_.SetFocus(form_.button);
     WindowEvents& events = memory_.windows.Last().Events();
@@ -299,7 +299,7 @@ TEST_F(InputKeysInMemory, ArrowsWalkTheFocusFromButtonsOnly) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
 }
 
-TEST_F(InputKeysInMemory, KeysTogetherWithControlOrAltAreTheSystems) {
+TEST_F(InputKeysInMemory, KeyWithCtrlOrAlt_IsLeftToTheSystem) {
     form_.SetVisible(true);
     WindowEvents& events = memory_.windows.Last().Events();
     for (const std::int16_t shift : {kCtrl, kAlt}) {
@@ -310,7 +310,7 @@ TEST_F(InputKeysInMemory, KeysTogetherWithControlOrAltAreTheSystems) {
     EXPECT_THAT(form_.log, IsEmpty());
 }
 
-TEST_F(InputKeysInMemory, BackwardsFromNoFocusIsTheLastControl) {
+TEST_F(InputKeysInMemory, ShiftTabWithoutFocus_FocusesTheLastControl) {
     for (const auto& control : form_.Controls()) control->SetVisible(false);
     form_.SetVisible(true);
     form_.block.SetVisible(true);
@@ -320,7 +320,7 @@ TEST_F(InputKeysInMemory, BackwardsFromNoFocusIsTheLastControl) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
 }
 
-TEST_F(InputKeysInMemory, HiddenButtonHasNoAccessKey) {
+TEST_F(InputKeysInMemory, HiddenButton_HasNoAccessKey) {
     form_.SetVisible(true);
     WindowEvents& events = memory_.windows.Last().Events();
     form_.button.SetVisible(false);
@@ -330,7 +330,7 @@ TEST_F(InputKeysInMemory, HiddenButtonHasNoAccessKey) {
     EXPECT_THAT(form_.log, ElementsAre("click button"));
 }
 
-TEST_F(InputKeysInMemory, AccessKeyOfSeveralButtonsWalksAmongThem) {
+TEST_F(InputKeysInMemory, AccessKeyOfSeveralButtons_MovesTheFocus) {
     form_.cancel.SetText(u"C&ancel");
     form_.SetVisible(true);
     WindowEvents& events = memory_.windows.Last().Events();

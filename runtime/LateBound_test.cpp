@@ -1,4 +1,4 @@
-// Which kind of control answers to which property by its name, and what fonts refuse.
+// The properties that each kind of control has by name, and the values that a font refuses.
 #include "runtime/LateBound.h"
 
 #include <gmock/gmock.h>
@@ -34,7 +34,7 @@ class LateBound : public tests::RuntimeTest {
  protected:
     static PropertyValue Text(StringView text) { return String(text); }
 
-    /// The properties that the control does not refuse.
+    /// The properties that the control accepts.
     static std::vector<std::string> Takes(Control& control) {
         const std::pair<std::string, PropertyValue> properties[] = {
             {"Bold", false},    {"Caption", Text(u"x")}, {"Charset", std::int16_t{0}}, {"ControlFont", Font{}},
@@ -64,21 +64,21 @@ class LateBound : public tests::RuntimeTest {
     AllKinds form_;
 };
 
-TEST_F(LateBound, PictureHasNeitherTextNorFontEarlyBoundEither) {
+TEST_F(LateBound, Picture_HasNoTextAndNoFontEarlyBound) {
     EXPECT_EQ(tests::ErrorOf([&] { form_.picture->Text(); }), kPropertyNotSupported);
     EXPECT_EQ(tests::ErrorOf([&] { form_.picture->SetText(u"x"); }), kPropertyNotSupported);
     EXPECT_EQ(tests::ErrorOf([&] { form_.picture->Font(); }), kPropertyNotSupported);
     EXPECT_EQ(tests::ErrorOf([&] { form_.picture->SetFont({}); }), kPropertyNotSupported);
 }
 
-TEST_F(LateBound, EachKindTakesItsPropertiesAndRefusesTheOthers) {
+TEST_F(LateBound, Put_EachKindAcceptsOnlyItsProperties) {
     EXPECT_THAT(Takes(*form_.label), ElementsAre("Caption", "Font", "FontBold", "FontName"));
     EXPECT_THAT(Takes(*form_.button), ElementsAre("Caption", "Font", "FontBold", "FontName", "TabStop"));
     EXPECT_THAT(Takes(*form_.picture), IsEmpty());
     EXPECT_THAT(Takes(*form_.bar), ElementsAre("Font"));
 }
 
-TEST_F(LateBound, EachInputKindTakesAndGivesFontAndTabStopButNoCaption) {
+TEST_F(LateBound, InputControl_HasFontAndTabStopButNoCaption) {
     tests::InputForm inputs;
     for (Control* control : {&inputs.text, &inputs.block, &inputs.combo, &inputs.dropDown, &inputs.list}) {
         SCOPED_TRACE(ToUtf8(control->Name()));
@@ -87,7 +87,7 @@ TEST_F(LateBound, EachInputKindTakesAndGivesFontAndTabStopButNoCaption) {
     }
 }
 
-TEST_F(LateBound, ObjectOfAControlReachesItsProperties) {
+TEST_F(LateBound, ControlProperties_AccessTheControl) {
     ControlProperties properties(*form_.button);
     PropertyValue value;
     EXPECT_EQ(properties.Put(u"Caption", Text(u"&Ja")), kNoError);
@@ -98,14 +98,14 @@ TEST_F(LateBound, ObjectOfAControlReachesItsProperties) {
     EXPECT_EQ(properties.PutOfFont(u"HeadFont", u"Name", Text(u"Tahoma")), kPropertyNotSupported);
 }
 
-TEST_F(LateBound, EachKindGivesItsPropertiesAndRefusesTheOthers) {
+TEST_F(LateBound, Get_EachKindHasOnlyItsProperties) {
     EXPECT_THAT(Gives(*form_.label), ElementsAre("Caption", "Font", "FontBold", "FontName", "Tag"));
     EXPECT_THAT(Gives(*form_.button), ElementsAre("Caption", "Font", "FontBold", "FontName", "TabStop", "Tag"));
     EXPECT_THAT(Gives(*form_.picture), ElementsAre("Tag"));
     EXPECT_THAT(Gives(*form_.bar), ElementsAre("Font", "Tag"));
 }
 
-TEST_F(LateBound, ValuesArriveAndComeBack) {
+TEST_F(LateBound, PutThenGet_ReturnsTheValue) {
     Control& button = *form_.button;
     EXPECT_EQ(PutProperty(button, u"Caption", Text(u"&Ja")), kNoError);
     EXPECT_EQ(button.Text(), u"&Ja");
@@ -123,13 +123,13 @@ TEST_F(LateBound, ValuesArriveAndComeBack) {
     EXPECT_EQ(value, Text(u"3"));
 }
 
-TEST_F(LateBound, RefusedReadingLeavesTheValueAlone) {
+TEST_F(LateBound, GetFails_ValueIsUnchanged) {
     PropertyValue value = Text(u"before");
     EXPECT_EQ(GetProperty(*form_.bar, u"Caption", value), kPropertyNotSupported);
     EXPECT_EQ(value, Text(u"before"));
 }
 
-TEST_F(LateBound, ValueOfAnotherTypeIsRefused) {
+TEST_F(LateBound, ValueOfAnotherType_IsTypeMismatch) {
     EXPECT_EQ(PutProperty(*form_.button, u"Caption", false), kTypeMismatch);
     EXPECT_EQ(PutProperty(*form_.button, u"Font", Text(u"Arial")), kTypeMismatch);
     EXPECT_EQ(PutProperty(*form_.button, u"TabStop", std::int16_t{0}), kTypeMismatch);
@@ -138,7 +138,7 @@ TEST_F(LateBound, ValueOfAnotherTypeIsRefused) {
     EXPECT_EQ(form_.button->Text(), u"&B");
 }
 
-TEST_F(LateBound, OnlyTheFontItselfIsAFontObject) {
+TEST_F(LateBound, FontObject_IsOnlyInThePropertyFont) {
     const PropertyValue name = Text(u"Arial");
     EXPECT_EQ(PutFontProperty(*form_.label, u"Font", u"Name", name), kNoError);
     EXPECT_EQ(PutFontProperty(*form_.bar, u"Font", u"Charset", std::int16_t{128}), kNoError);
@@ -150,7 +150,7 @@ TEST_F(LateBound, OnlyTheFontItselfIsAFontObject) {
     EXPECT_EQ(form_.bar->Font().charset, 128);
 }
 
-TEST_F(LateBound, FontKeepsItsNameAndSizeWhenGivenNone) {
+TEST_F(LateBound, EmptyNameOrInvalidSize_FontIsUnchanged) {
     Font font{u"Arial", 12, 0, false};
     EXPECT_EQ(PutFontProperty(font, u"Name", Text(u"")), kInvalidPropertyValue);
     EXPECT_EQ(PutFontProperty(font, u"Size", std::int16_t{0}), kInvalidPropertyValue);
@@ -166,7 +166,7 @@ TEST_F(LateBound, FontKeepsItsNameAndSizeWhenGivenNone) {
 
 class LateBoundWithoutWindow : public tests::HeadlessTest {};
 
-TEST_F(LateBoundWithoutWindow, ErrorOfLoadingTheFormIsTheAnswer) {
+TEST_F(LateBoundWithoutWindow, FormFailsToLoad_ReturnsItsError) {
     AllKinds form;
     memory_.windows.refuseWindows = 1;
     EXPECT_EQ(PutProperty(*form.label, u"Caption", String(u"x")), kOutOfMemory);

@@ -1,4 +1,4 @@
-// What every implementation of the locale port must do on a western system, as tests that each of them instantiates.
+// Tests that every implementation of LocalePort must pass on a western system. Each implementation instantiates them.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +9,7 @@
 
 namespace runtime {
 
-/// A null port stands for a system of another code page, where the tests do not apply.
+/// A null port means that the system has another code page, for which the tests do not apply.
 class LocalePortTest : public testing::TestWithParam<std::unique_ptr<LocalePort> (*)()> {
  protected:
     void SetUp() override {

@@ -1,4 +1,4 @@
-// Numbers as text and text as numbers in the classic runtime's way, to the last bit on every floating-point unit.
+// Conversion between numbers and text as in the classic runtime, exact to the last bit on every floating-point unit.
 #include "runtime/Numbers.h"
 
 #include <gtest/gtest.h>
@@ -143,21 +143,21 @@ TEST(Val, RoundsToTheNearestDouble) {
     EXPECT_EQ(Val(u"1E23"), 0x1.52d02c7e14af6p+76);
 }
 
-// An x87 unit multiplies these in 64 bits first: rounded once more to 53 bits, they end one bit off.
-TEST(Val, RoundsOnlyOnceWhateverTheFloatingPointUnit) {
+// An x87 unit rounds the product of these numbers to 64 bits and then to 53 bits. That result is wrong in the last bit.
+TEST(Val, RoundsOnlyOnceOnEveryFloatingPointUnit) {
     EXPECT_EQ(Val(u"1143506246534187E14"), 0x1.717c9ea7b72e7p+96);
     EXPECT_EQ(Val(u"6008520440604289E13"), 0x1.844aa1e320717p+95);
     EXPECT_EQ(Val(u"377224343200080E18"), 0x1.2993d97473537p+108);
 }
 
-TEST(Val, LooksAtDigitsFarBehindTheKeptOnes) {
+TEST(Val, DigitsBeyondTheKeptOnes_AffectTheRounding) {
     const String half = u"9007199254740993." + String(2000, u'0');
     EXPECT_EQ(Val(half), 9007199254740992.0);
     EXPECT_EQ(Val(half + u"1"), 9007199254740994.0);
     EXPECT_EQ(Val(half + u"10"), 9007199254740994.0);
 }
 
-TEST(Val, TakesAMillionDigits) {
+TEST(Val, ReadsAMillionDigits) {
     constexpr std::size_t kMany = 1'000'000;
     EXPECT_EQ(Val(u"0." + String(kMany, u'3')), 1.0 / 3);
     EXPECT_EQ(Val(String(kMany, u'0') + u"12"), 12);

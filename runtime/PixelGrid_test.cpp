@@ -6,7 +6,7 @@ namespace runtime {
 namespace {
 
 TEST(PixelGrid, RoundsToTheNearestPixelAndHalvesAwayFromZero) {
-    const PixelGrid grid(96);  // 15 twips a pixel
+    const PixelGrid grid(96);  // 15 twips per pixel
     EXPECT_EQ(grid.ToPixels(0), 0);
     EXPECT_EQ(grid.ToPixels(7.25F), 0);
     EXPECT_EQ(grid.ToPixels(7.5F), 1);
@@ -31,13 +31,13 @@ TEST(PixelGrid, KeepsWholePixelsAtEveryResolution) {
     }
 }
 
-TEST(PixelGrid, EndsWhereAWindowSystemDoes) {
+TEST(PixelGrid, LargeLength_IsLimitedToWindowCoordinates) {
     const PixelGrid grid(96);
     EXPECT_EQ(grid.ToPixels(1e9F), 32767);
     EXPECT_EQ(grid.ToPixels(-1e9F), -32767);
 }
 
-TEST(PixelGrid, RoundsPlaceAndSizeOnTheirOwn) {
+TEST(PixelGrid, RoundsPositionAndSizeSeparately) {
     EXPECT_EQ(PixelGrid(96).Whole({8527.5F, 6412.5F, 2145, 2530}), (Rect{8535, 6420, 2145, 2535}));
     EXPECT_EQ(PixelGrid(96).Whole({-7.25F, 1501.5F, 8000, 3000}), (Rect{0, 1500, 7995, 3000}));
 }

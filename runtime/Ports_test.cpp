@@ -8,7 +8,7 @@
 namespace runtime {
 namespace {
 
-TEST(Ports, WithoutAnyAreError91) {
+TEST(Ports, NoneChosen_IsError91) {
     EXPECT_EQ(tests::ErrorOf([] { CurrentPorts(); }), kObjectVariableNotSet);
 }
 

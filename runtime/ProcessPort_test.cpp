@@ -1,18 +1,18 @@
-// What every implementation of the process port must do. Runs once for each of them: the fixed one everywhere, the
-// system's under Windows. What other processes see of a claim takes several of them: Win32Process_test.cpp.
+// Tests that every implementation of ProcessPort must pass. They run for FixedProcess on every platform, and for the
+// real process on Windows. Win32Process_test.cpp tests claims of several processes.
 #include "runtime/ProcessPort_test.h"
 
 namespace runtime {
 namespace {
 
-TEST_P(ProcessPortTest, ProcessThatHoldsTheClaimIsStillTheFirst) {
+TEST_P(ProcessPortTest, SecondClaimInTheSameProcess_Succeeds) {
     const auto first = process_->ClaimFirstInstance();
     const auto second = process_->ClaimFirstInstance();
     EXPECT_NE(first, nullptr);
     EXPECT_NE(second, nullptr);
 }
 
-TEST_P(ProcessPortTest, ClaimOutlivesTheObjectThatGaveIt) {
+TEST_P(ProcessPortTest, Claim_OutlivesThePort) {
     const auto claim = process_->ClaimFirstInstance();
     process_.reset();
     EXPECT_NE(claim, nullptr);

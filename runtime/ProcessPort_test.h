@@ -1,4 +1,4 @@
-// What every implementation of the process port must do, as tests that each of them instantiates.
+// Tests that every implementation of ProcessPort must pass. Each implementation instantiates them.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -7,7 +7,7 @@
 namespace runtime {
 namespace {
 
-/// A program's file as far as its headers matter.
+/// The headers of a program file with the given machine type.
 std::string Program(std::string_view machineNumber) {
     std::string bytes(0x80, '\0');
     bytes.replace(0, 2, "MZ");
@@ -24,7 +24,7 @@ TEST(BitsOfProgram, AreReadFromTheHeader) {
     EXPECT_EQ(BitsOfProgram(Program("\x4C\x01").substr(0, 0x7E)), 32);
 }
 
-TEST(BitsOfProgram, AreNoneForOtherFiles) {
+TEST(BitsOfProgram, AreZeroForOtherFiles) {
     const std::string program = Program("\x4C\x01");
     for (std::size_t size = 0; size < 0x7E; ++size) EXPECT_EQ(BitsOfProgram(program.substr(0, size)), 0) << size;
     std::string wild = program;

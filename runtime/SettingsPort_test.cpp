@@ -1,5 +1,5 @@
-// What every implementation of the settings port must do. Runs once for each of them: in memory everywhere, in the
-// registry under Windows.
+// Tests that every implementation of SettingsPort must pass. They run for the settings in memory on every platform, and
+// for the registry on Windows.
 #include "runtime/SettingsPort_test.h"
 
 #include "tests/support/ErrorOf.h"
@@ -31,12 +31,12 @@ TEST_P(SettingsPortTest, LetterCaseOfNamesDoesNotMatter) {
     EXPECT_EQ(settings_->Get(u"k4t SETTINGS tests", u"sECTION", u"KEY\u00C9"), u"x");
 }
 
-TEST_P(SettingsPortTest, EmptyValueIsAValue) {
+TEST_P(SettingsPortTest, EmptyValue_IsNotAbsent) {
     Save(u"Key", u"");
     EXPECT_EQ(Get(u"Key"), u"");
 }
 
-TEST_P(SettingsPortTest, AnyCharactersComeBack) {
+TEST_P(SettingsPortTest, AnyCharacters_RoundTrip) {
     const String odd = u"a\"b;\\=\r\n\t\u20AC\u4E2D\xD83D\xDE00\xD800" + String(1, u'\0') + u"z";
     Save(u"Key", odd);
     EXPECT_EQ(Get(u"Key"), odd);
@@ -45,13 +45,13 @@ TEST_P(SettingsPortTest, AnyCharactersComeBack) {
     EXPECT_EQ(Get(u"Key"), onlyNul);
 }
 
-TEST_P(SettingsPortTest, LongValueComesBack) {
+TEST_P(SettingsPortTest, LongValue_RoundTrips) {
     const String value = String(100'000, u'x') + u"end";
     Save(u"Key", value);
     EXPECT_TRUE(Get(u"Key") == value);
 }
 
-TEST_P(SettingsPortTest, NamesThatCannotBeAreRefusedAndNeverFound) {
+TEST_P(SettingsPortTest, InvalidNames_AreRefusedAndNotFound) {
     const String withNul(u"a\0b", 3);
     const auto saveError = [this](StringView application, StringView section, StringView key) {
         return tests::ErrorOf([&] { settings_->Save(application, section, key, u"x"); });

@@ -1,4 +1,4 @@
-// What every implementation of the settings port must do, as tests that each of them instantiates.
+// Tests that every implementation of SettingsPort must pass. Each implementation instantiates them.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +9,8 @@
 
 namespace runtime {
 
-/// The application that the tests save under; whoever makes a port clears it before and after.
+/// The application name of the tests' settings. The factory of a permanent store deletes these settings before and
+/// after each test.
 inline constexpr StringView kTestApplication = u"K4T settings tests";
 
 class SettingsPortTest : public testing::TestWithParam<std::shared_ptr<SettingsPort> (*)()> {

@@ -1,4 +1,4 @@
-// Lines and wrapping, with a measure of round numbers that counts how often it is asked.
+// Line breaks and wrapping, with a measure that counts its calls.
 #include "runtime/TextLayout.h"
 
 #include <gmock/gmock.h>
@@ -11,7 +11,8 @@ namespace {
 
 using testing::ElementsAre;
 
-/// Every character is 1 wide (but those chosen), a line 2 high. Counts what it is asked.
+/// A character has the width 1, but a 'W' has `wideWidth`. A line has the height 2. Counts the calls and the units in
+/// them.
 class UnitMeasure : public TextMeasure {
  public:
     int Width(StringView run) override {
@@ -30,7 +31,7 @@ class UnitMeasure : public TextMeasure {
     int LineHeight() override { return lineHeight; }
 
     int wideWidth = 5;
-    /// What every run is wider than Fit takes it to be, as slanted fonts are.
+    /// How much wider a run is than Fit assumes, as with slanted fonts.
     int overhang = 0;
     int lineHeight = 2;
     std::size_t calls = 0;
@@ -57,7 +58,7 @@ std::vector<String> Lines(StringView text, int wrapWidth = kNoWrap) {
     return Lines(LayOut(text, wrapWidth, measure));
 }
 
-TEST(TextLayout, NoTextIsOneEmptyLine) {
+TEST(TextLayout, EmptyText_IsOneEmptyLine) {
     UnitMeasure measure;
     const TextLayout layout = LayOut(u"", 10, measure);
     EXPECT_THAT(Lines(layout), ElementsAre(u""));
@@ -65,7 +66,7 @@ TEST(TextLayout, NoTextIsOneEmptyLine) {
     EXPECT_EQ(layout.height, 2);
 }
 
-TEST(TextLayout, GivesPlaceAndWidthOfEveryLine) {
+TEST(TextLayout, EveryLine_HasPositionAndWidth) {
     UnitMeasure measure;
     const TextLayout layout = LayOut(u"Save it?\r\nWell", kNoWrap, measure);
     EXPECT_EQ(layout.text, u"Save it?Well");
@@ -77,7 +78,7 @@ TEST(TextLayout, GivesPlaceAndWidthOfEveryLine) {
     EXPECT_EQ(layout.height, 4);
 }
 
-TEST(TextLayout, KnowsThreeLineEnds) {
+TEST(TextLayout, BreaksAtThreeKindsOfLineEnd) {
     EXPECT_THAT(Lines(u"a\r\nb\nc\rd"), ElementsAre(u"a", u"b", u"c", u"d"));
     EXPECT_THAT(Lines(u"a\n\rb"), ElementsAre(u"a", u"", u"b"));
     EXPECT_THAT(Lines(u"\r\r\n"), ElementsAre(u"", u"", u""));
@@ -89,7 +90,7 @@ TEST(TextLayout, FinalLineEndMakesAnEmptyLastLine) {
     EXPECT_THAT(Lines(u"\r", 0), ElementsAre(u"", u""));
 }
 
-TEST(TextLayout, TabGoesToTheNextMultipleOfEight) {
+TEST(TextLayout, Tab_FillsToTheNextMultipleOfEight) {
     EXPECT_THAT(Lines(u"\tx"), ElementsAre(u"        x"));
     EXPECT_THAT(Lines(u"abc\tx"), ElementsAre(u"abc     x"));
     EXPECT_THAT(Lines(u"1234567\tx"), ElementsAre(u"1234567 x"));
@@ -107,7 +108,7 @@ TEST(TextLayout, ControlCharactersBecomeBlanks) {
                 ElementsAre(u"a b c d e f\u00A0g"));
 }
 
-TEST(TextLayout, OtherCharactersStayAsTheyAre) {
+TEST(TextLayout, OtherCharacters_AreUnchanged) {
     EXPECT_THAT(Lines(u"&Yes && <b>\\n\u65B0"), ElementsAre(u"&Yes && <b>\\n\u65B0"));
 }
 
@@ -118,11 +119,11 @@ TEST(TextLayout, WrapsAtBlanks) {
     EXPECT_THAT(Lines(u"one two three", 13), ElementsAre(u"one two three"));
 }
 
-TEST(TextLayout, WrapsEveryParagraphByItself) {
+TEST(TextLayout, WrapsEachParagraphSeparately) {
     EXPECT_THAT(Lines(u"one two\nthree four", 5), ElementsAre(u"one", u"two", u"three", u"four"));
 }
 
-TEST(TextLayout, ShowsNoBlankOfABreak) {
+TEST(TextLayout, BlanksAtABreak_AreNotShown) {
     UnitMeasure measure;
     const TextLayout layout = LayOut(u"ab    cd", 4, measure);
     EXPECT_THAT(Lines(layout), ElementsAre(u"ab", u"cd"));
@@ -131,12 +132,12 @@ TEST(TextLayout, ShowsNoBlankOfABreak) {
     EXPECT_THAT(Lines(u"          ", 4), ElementsAre(u""));
 }
 
-TEST(TextLayout, KeepsBlanksThatNeedNoBreak) {
+TEST(TextLayout, OtherBlanks_AreKept) {
     EXPECT_THAT(Lines(u"  ab  ", 6), ElementsAre(u"  ab  "));
     EXPECT_THAT(Lines(u"  ab cd", 4), ElementsAre(u"  ab", u"cd"));
 }
 
-TEST(TextLayout, DropsIndentationThatLeavesNoRoom) {
+TEST(TextLayout, IndentationWithoutRoomForTheWord_IsDropped) {
     EXPECT_THAT(Lines(u"   abc", 4), ElementsAre(u"abc"));
     EXPECT_THAT(Lines(u"  abcdef", 4), ElementsAre(u"abcd", u"ef"));
     EXPECT_THAT(Lines(u"a\n   bcd", 4), ElementsAre(u"a", u"bcd"));
@@ -149,31 +150,31 @@ TEST(TextLayout, BreaksAWordThatIsTooWide) {
     EXPECT_THAT(Lines(u"a bcdef g", 3), ElementsAre(u"a", u"bcd", u"ef", u"g"));
 }
 
-TEST(TextLayout, ShowsOneCharacterALineAtLeast) {
+TEST(TextLayout, EachLine_HasAtLeastOneCharacter) {
     for (const int width : {0, -1, std::numeric_limits<int>::min()}) {
         EXPECT_THAT(Lines(u"ab c ", width), ElementsAre(u"a", u"b", u"c")) << width;
     }
     EXPECT_THAT(Lines(u"aW  b", 2), ElementsAre(u"a", u"W", u"b"));
 }
 
-TEST(TextLayout, TellsTheWidthOfACharacterThatIsTooWide) {
+TEST(TextLayout, TooWideCharacter_SetsTheWidth) {
     UnitMeasure measure;
     EXPECT_EQ(LayOut(u"aW", 2, measure).width, 5);
 }
 
-TEST(TextLayout, KeepsSurrogatePairsWhole) {
+TEST(TextLayout, SurrogatePairs_AreNotSplit) {
     EXPECT_THAT(Lines(u"a\U0001F600b", 2), ElementsAre(u"a", u"\U0001F600", u"b"));
     EXPECT_THAT(Lines(u"\U0001F600\U0001F601", 1), ElementsAre(u"\U0001F600", u"\U0001F601"));
     EXPECT_THAT(Lines(u"\U0001F600\U0001F601", 3), ElementsAre(u"\U0001F600", u"\U0001F601"));
 }
 
-TEST(TextLayout, TakesLoneSurrogatesForCharacters) {
+TEST(TextLayout, LoneSurrogates_AreCharacters) {
     const String lows(3, char16_t{0xDC00});
     EXPECT_THAT(Lines(lows, 1), ElementsAre(u"\xDC00", u"\xDC00", u"\xDC00"));
 }
 
-TEST(TextLayout, MeasuresNoHalfOfASurrogatePair) {
-    // Behind one plain character every even number of units would end within a pair.
+TEST(TextLayout, MeasuredRuns_DoNotSplitSurrogatePairs) {
+    // After the one plain character, a run of an even number of units would split a pair.
     String text = u"a";
     for (int i = 0; i < 2000; ++i) text += u"\U0001F600";
     class WholePairs : public UnitMeasure {
@@ -187,7 +188,7 @@ TEST(TextLayout, MeasuresNoHalfOfASurrogatePair) {
     EXPECT_EQ(LayOut(text, 3000, measure).width, 2999);
 }
 
-TEST(TextLayout, CopesWithRunsWiderThanTheyWereSaidToFit) {
+TEST(TextLayout, RunIsWiderThanFitAssumes_TextIsStillBroken) {
     UnitMeasure measure;
     measure.overhang = 1;
     EXPECT_THAT(Lines(LayOut(u"abcdefghij", 8, measure)), ElementsAre(u"abcdefgh", u"ij"));
@@ -196,7 +197,7 @@ TEST(TextLayout, CopesWithRunsWiderThanTheyWereSaidToFit) {
                 ElementsAre(u"WWWWWWWWWW", u"a"));
 }
 
-TEST(TextLayout, StaysAtTheEndOfTheRange) {
+TEST(TextLayout, HugeSizes_AreLimitedToTheLargestInt) {
     UnitMeasure measure;
     measure.wideWidth = 2'000'000'000;
     measure.lineHeight = 2'000'000'000;
@@ -208,7 +209,7 @@ TEST(TextLayout, StaysAtTheEndOfTheRange) {
 
 constexpr std::size_t kMillion = 1'000'000;
 
-TEST(TextLayoutOfAMillionCharacters, MeasuresEachOnceWithoutWrapping) {
+TEST(TextLayoutCost, MeasuresEachOnceWithoutWrapping) {
     UnitMeasure measure;
     EXPECT_EQ(LayOut(String(kMillion, u'a'), kNoWrap, measure).width, 1'000'000);
     EXPECT_EQ(measure.calls, 977U);  // 976 runs of 1024 and one of 576
@@ -216,50 +217,53 @@ TEST(TextLayoutOfAMillionCharacters, MeasuresEachOnceWithoutWrapping) {
     EXPECT_EQ(measure.longestRun, 1024U);
 }
 
-TEST(TextLayoutOfAMillionCharacters, OffersEightForALineOfOne) {
+TEST(TextLayoutCost, LinesOfOneCharacter_EightAreMeasured) {
     UnitMeasure measure;
     EXPECT_EQ(LayOut(String(kMillion, u'a'), 1, measure).lines.size(), kMillion);
-    EXPECT_EQ(measure.calls, 2 * kMillion);  // what fits, and its width
-    // 8 offered and 1 measured a line; for the last seven lines 7, 6 … 1 are left to offer.
+    EXPECT_EQ(measure.calls, 2 * kMillion);  // for each line, one call of Fit and one of Width
+    // For each line, Fit gets 8 units and Width gets 1. For the last seven lines, Fit gets only 7, 6 … 1 units.
     EXPECT_EQ(measure.units, 9 * kMillion - 28);
 }
 
-TEST(TextLayoutOfAMillionCharacters, OffersLittleMoreThanALineHolds) {
+TEST(TextLayoutCost, LinesOfAHundred_LittleMoreIsMeasured) {
     UnitMeasure measure;
     EXPECT_EQ(LayOut(String(kMillion, u'a'), 100, measure).lines.size(), 10'000U);
-    // A line: 8, 16, 32 fit, 44 of the 64 behind them do; each is offered and what fits is measured.
+    // For each line, Fit gets 8, 16, 32 and 64 units, of which 8, 16, 32 and 44 fit. Width gets each part that fits.
     EXPECT_EQ(measure.calls, 80'000U);
-    // 120 offered and 100 measured; less is left for the last line.
+    // For each line, Fit gets 120 units and Width gets 100. For the last line, Fit gets 20 units less.
     EXPECT_EQ(measure.units, 2'200'000U - 20);
 }
 
-TEST(TextLayoutOfAMillionCharacters, OffersNoMoreThanTheLongestRun) {
+TEST(TextLayoutCost, LongLines_NoRunExceedsTheLimit) {
     UnitMeasure measure;
     EXPECT_EQ(LayOut(String(kMillion, u'a'), 100'000, measure).lines.size(), 10U);
     EXPECT_EQ(measure.longestRun, 1024U);
 }
 
-TEST(TextLayoutOfAMillionCharacters, SkipsBlanksUnmeasured) {
+TEST(TextLayoutCost, BlanksAtABreak_AreNotMeasured) {
     UnitMeasure measure;
     const TextLayout layout = LayOut(u"a" + String(kMillion, u' ') + u"b", 10, measure);
     EXPECT_THAT(Lines(layout), ElementsAre(u"a", u"b"));
-    // First line: 8 and 16 offered, 8 and 2 fit, then the "a" alone; second line: the "b" twice.
+    // First line: Fit gets 8 and 16 units, of which 8 and 2 fit. Width gets these parts and then the "a". Second line:
+    // Fit and Width get the "b".
     EXPECT_EQ(measure.units, 24U + 10 + 1 + 2);
 }
 
-TEST(TextLayoutOfAMillionCharacters, MeasuresAWordAgainOnlyOnTheNextLine) {
+TEST(TextLayoutCost, MeasuresAWordAgainOnlyOnTheNextLine) {
     constexpr std::size_t kPairs = 90'910;
     String text;
     for (std::size_t i = 0; i < kPairs; ++i) text += u"a bcdefghi ";
     UnitMeasure measure;
     EXPECT_EQ(LayOut(text, 9, measure).lines.size(), 2 * kPairs);
-    // Two offers a line, what fits of each, and the line; the last line is all that is left and needs no fifth call.
+    // For each line: two calls of Fit, two of Width for the parts that fit, and one of Width for the line. The last
+    // line is the rest of the text and needs no fifth call.
     EXPECT_EQ(measure.calls, 2 * kPairs * 5 - 1);
-    // Offered 8 and 16, 8 and 1 fit, and the line has 1 or 8: 34 and 41. The last four lines are offered 42 less.
+    // For each line, Fit gets 8 and 16 units and Width gets 8 and 1. For the line itself, Width gets 1 or 8 units. The
+    // sums are 34 and 41. For the last four lines, Fit gets 42 units less.
     EXPECT_EQ(measure.units, kPairs * 75 - 42);
 }
 
-TEST(TextLayoutOfAMillionCharacters, MeasuresNoEmptyLines) {
+TEST(TextLayoutCost, EmptyLines_AreNotMeasured) {
     UnitMeasure measure;
     const TextLayout layout = LayOut(String(kMillion, u'\n'), 10, measure);
     EXPECT_EQ(layout.lines.size(), kMillion + 1);
@@ -267,7 +271,7 @@ TEST(TextLayoutOfAMillionCharacters, MeasuresNoEmptyLines) {
     EXPECT_EQ(measure.calls, 0U);
 }
 
-TEST(TextLayoutOfAMillionCharacters, TurnsTabsIntoEightMillionBlanks) {
+TEST(TextLayoutCost, TurnsTabsIntoEightMillionBlanks) {
     UnitMeasure measure;
     const TextLayout layout = LayOut(String(kMillion, u'\t') + u"x", 10, measure);
     EXPECT_EQ(layout.text.size(), 8 * kMillion + 1);

@@ -22,7 +22,7 @@ TEST(RTrim, RemovesTrailingBlanksOnly) {
     EXPECT_EQ(RTrim(u""), u"");
 }
 
-TEST(NulsAsBlanks, KeepsWhatStandsBehindANul) {
+TEST(NulsAsBlanks, KeepsTheTextAfterANul) {
     EXPECT_EQ(NulsAsBlanks(StringView(u"\0a\0\0b\0", 6)), u" a  b ");
     EXPECT_EQ(NulsAsBlanks(u""), u"");
 }
@@ -41,7 +41,7 @@ TEST(Utf8, ReplacesLoneSurrogates) {
     EXPECT_EQ(ToUtf8(String(1, char16_t{0xD800})), "\xEF\xBF\xBD");
 }
 
-TEST(Utf8, ReplacesWhatIsNotUtf8ByteByByte) {
+TEST(Utf8, ReplacesEachInvalidByte) {
     EXPECT_EQ(FromUtf8("\x80"), u"\uFFFD");
     EXPECT_EQ(FromUtf8("\xC3"), u"\uFFFD");
     EXPECT_EQ(FromUtf8("\xC0\x80"), u"\uFFFD\uFFFD");

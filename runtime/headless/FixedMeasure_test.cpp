@@ -12,7 +12,7 @@ TEST(FixedMeasure, HasRoundNumbersAtTheDesignSize) {
     EXPECT_EQ(measure.LineHeight(), 195);
 }
 
-TEST(FixedMeasure, FollowsTheFontSize) {
+TEST(FixedMeasure, IsProportionalToTheFontSize) {
     FixedMeasure large{Font{.size = 11}};
     EXPECT_EQ(large.Width(u"ab"), 240);
     EXPECT_EQ(large.LineHeight(), 260);
@@ -21,7 +21,7 @@ TEST(FixedMeasure, FollowsTheFontSize) {
     EXPECT_EQ(rounded.LineHeight(), 284);  // 283.6
 }
 
-TEST(FixedMeasure, IsNeverWithoutExtent) {
+TEST(FixedMeasure, WidthAndHeightAreAtLeastOne) {
     FixedMeasure measure{Font{.size = 0}};
     EXPECT_EQ(measure.Width(u"abc"), 3);
     EXPECT_EQ(measure.Fit(u"abc", 2), 2U);

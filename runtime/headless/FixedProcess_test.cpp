@@ -10,7 +10,7 @@ std::unique_ptr<ProcessPort> MakeFixedProcess() {
 }
 INSTANTIATE_TEST_SUITE_P(Fixed, ProcessPortTest, testing::Values(&MakeFixedProcess));
 
-TEST(FixedProcess, TellsWhatItWasGiven) {
+TEST(FixedProcess, ReturnsTheSetValues) {
     FixedProcess process;
     EXPECT_EQ(process.CommandLine(), u"");
     process.SetCommandLine(u"\"/sys:C:\\cad\"");

@@ -1,4 +1,4 @@
-// The file system in memory as a files port, and what only it has: chosen failures and a log.
+// The file system in memory as a FilesPort, and its own functions: chosen failures and a log.
 #include "runtime/headless/MemoryFiles.h"
 
 #include <gmock/gmock.h>
@@ -49,7 +49,7 @@ TEST(MemoryFiles, StartsAtTheRootOfDriveC) {
     EXPECT_EQ(MemoryFiles().CurrentFolder(), u"C:\\");
 }
 
-TEST(MemoryFiles, ChangingToAnotherDriveChangesBoth) {
+TEST(MemoryFiles, ChangeToAnotherDrive_ChangesDriveAndFolder) {
     MemoryFiles files;
     files.AddFolder(u"D:\\cad\\sys");
     files.ChangeFolder(u"d:\\CAD\\sys\\");
@@ -58,7 +58,7 @@ TEST(MemoryFiles, ChangingToAnotherDriveChangesBoth) {
     EXPECT_EQ(files.CurrentFolder(), u"D:\\");
 }
 
-TEST(MemoryFiles, ScriptedErrorIsRaisedUntilItIsTakenBack) {
+TEST(MemoryFiles, FailChange_RaisesTheErrorUntilItIsRemoved) {
     MemoryFiles files;
     files.AddFolder(u"C:\\locked");
     files.FailChange(u"c:\\LOCKED", kPathFileAccessError);
@@ -68,7 +68,7 @@ TEST(MemoryFiles, ScriptedErrorIsRaisedUntilItIsTakenBack) {
     EXPECT_EQ(files.CurrentFolder(), u"C:\\locked");
 }
 
-TEST(MemoryFiles, FileWhoseReadingFailsKeepsItsStamp) {
+TEST(MemoryFiles, FailRead_FileKeepsItsStamp) {
     MemoryFiles files;
     files.AddFile(u"C:\\a.ini", "x");
     files.FailRead(u"C:\\a.ini");
@@ -76,7 +76,7 @@ TEST(MemoryFiles, FileWhoseReadingFailsKeepsItsStamp) {
     EXPECT_EQ(files.Read(u"C:\\a.ini"), std::nullopt);
 }
 
-TEST(MemoryFiles, StampIsNewerEachTimeAFileIsMade) {
+TEST(MemoryFiles, FileIsReplaced_HasANewStamp) {
     MemoryFiles files;
     files.AddFile(u"C:\\a.ini", "x");
     const auto before = files.Stamp(u"C:\\a.ini");
@@ -84,14 +84,14 @@ TEST(MemoryFiles, StampIsNewerEachTimeAFileIsMade) {
     EXPECT_NE(files.Stamp(u"C:\\a.ini"), before);
 }
 
-TEST(MemoryFiles, FirstOfSeveralMatchesIsTheFirstByName) {
+TEST(MemoryFiles, SeveralMatches_FirstNameIsReturned) {
     MemoryFiles files;
     files.AddFile(u"C:\\b.sch");
     files.AddFile(u"C:\\A.sch");
     EXPECT_EQ(files.FirstMatch(u"C:\\*.sch"), u"A.sch");
 }
 
-TEST(MemoryFiles, LogTellsWhatWasAskedInOrder) {
+TEST(MemoryFiles, Log_HasTheCallsInOrder) {
     MemoryFiles files;
     files.CurrentFolder();
     files.ChangeFolder(u"c:\\");

@@ -1,4 +1,4 @@
-// The settings in memory as a settings port, and what only they have: a refusal and a log of saves.
+// The settings in memory as a SettingsPort, and their own functions: refusal and a log of the saved settings.
 #include "runtime/headless/MemorySettings.h"
 
 #include <gmock/gmock.h>
@@ -14,7 +14,7 @@ std::shared_ptr<SettingsPort> MakeMemorySettings() {
 }
 INSTANTIATE_TEST_SUITE_P(Memory, SettingsPortTest, testing::Values(&MakeMemorySettings));
 
-TEST(MemorySettings, LogTellsTheSavesInOrder) {
+TEST(MemorySettings, Saved_HasTheSettingsInOrder) {
     MemorySettings settings;
     settings.Save(u"Pelorix", u"S", u"b", u"1");
     settings.Save(u"Pelorix", u"S", u"a", u"2");
@@ -25,7 +25,7 @@ TEST(MemorySettings, LogTellsTheSavesInOrder) {
                                      Setting{u"PELORIX", u"S", u"b", u"3"}));
 }
 
-TEST(MemorySettings, RefusedSaveLeavesNoTrace) {
+TEST(MemorySettings, SaveIsRefused_NothingIsStored) {
     MemorySettings settings;
     settings.Refuse();
     EXPECT_THROW(settings.Save(u"Pelorix", u"S", u"a", u"1"), Error);

@@ -1,4 +1,4 @@
-// The fonts in memory as a fonts port, and the log that they keep of each call.
+// The fonts in memory as a FontsPort, and their log of calls.
 #include "runtime/headless/ScriptedFonts.h"
 
 #include <gmock/gmock.h>
@@ -22,7 +22,7 @@ std::unique_ptr<TriedFonts> MakeScriptedFonts() {
 }
 INSTANTIATE_TEST_SUITE_P(Scripted, FontsPortTest, testing::Values(&MakeScriptedFonts));
 
-TEST(ScriptedFonts, NotesEachCall) {
+TEST(ScriptedFonts, LogsEachCall) {
     ScriptedFonts fonts;
     fonts.IsInstalled(u"Arial");
     fonts.Select(7, fonts.StockGuiFont());
@@ -33,7 +33,7 @@ TEST(ScriptedFonts, NotesEachCall) {
                                        "make icon title", "delete 82"));
 }
 
-TEST(ScriptedFonts, GivesNoFontOfIconTitlesThatItDoesNotDescribe) {
+TEST(ScriptedFonts, DescribesNoIconTitles_CreatesNoFont) {
     ScriptedFonts fonts;
     fonts.describesIconTitles = false;
     EXPECT_EQ(fonts.MakeIconTitleFont(), 0);

@@ -1,4 +1,4 @@
-// The system's rules of paths and wildcards, for the file system in memory to follow.
+// The path and wildcard rules of Windows in the file system in memory.
 #include "runtime/headless/WindowsPath.h"
 
 #include <gtest/gtest.h>
@@ -6,13 +6,13 @@
 namespace runtime::headless {
 namespace {
 
-TEST(WindowsPath, FullPathKeepsWhatIsFull) {
+TEST(WindowsPath, FullPath_KeepsAFullPath) {
     EXPECT_EQ(FullPath(u"D:\\cad\\sys", u"C:\\x"), u"D:\\cad\\sys");
     EXPECT_EQ(FullPath(u"d:\\", u"C:\\x"), u"D:\\");
     EXPECT_EQ(FullPath(u"d:/cad//sys/", u"C:\\x"), u"D:\\cad\\sys");
 }
 
-TEST(WindowsPath, FullPathStartsFromTheCurrentFolder) {
+TEST(WindowsPath, RelativePath_StartsAtTheCurrentFolder) {
     EXPECT_EQ(FullPath(u"sys", u"C:\\cad"), u"C:\\cad\\sys");
     EXPECT_EQ(FullPath(u"sys", u"C:\\"), u"C:\\sys");
     EXPECT_EQ(FullPath(u"\\sys", u"C:\\cad"), u"C:\\sys");
@@ -21,7 +21,7 @@ TEST(WindowsPath, FullPathStartsFromTheCurrentFolder) {
     EXPECT_EQ(FullPath(u"c:", u"C:\\cad"), u"C:\\cad");
 }
 
-TEST(WindowsPath, PeriodsAreResolvedAndNeverLeaveTheRoot) {
+TEST(WindowsPath, Periods_AreResolvedWithinTheRoot) {
     EXPECT_EQ(FullPath(u".", u"C:\\cad"), u"C:\\cad");
     EXPECT_EQ(FullPath(u"..\\..\\..\\x", u"C:\\cad"), u"C:\\x");
     EXPECT_EQ(FullPath(u"C:\\a\\.\\b\\..\\c", u"C:\\"), u"C:\\a\\c");
@@ -35,7 +35,7 @@ TEST(WindowsPath, SharesAreRootsToo) {
     EXPECT_EQ(RootOf(u"\\\\host\\cad\\sys"), u"\\\\host\\cad\\");
 }
 
-TEST(WindowsPath, WhatCannotBeAPathHasNoFullPath) {
+TEST(WindowsPath, InvalidPath_HasNoFullPath) {
     EXPECT_EQ(FullPath(u"", u"C:\\"), std::nullopt);
     EXPECT_EQ(FullPath(u"C:\\a?", u"C:\\"), std::nullopt);
     EXPECT_EQ(FullPath(u"C:\\a:b", u"C:\\"), std::nullopt);
@@ -49,7 +49,7 @@ TEST(WindowsPath, ParentOfTheRootIsTheRoot) {
     EXPECT_EQ(ParentOf(u"\\\\host\\cad\\sys"), u"\\\\host\\cad\\");
 }
 
-TEST(WindowsPath, StarsMatchAnyRun) {
+TEST(WindowsPath, Star_MatchesAnyCharacters) {
     EXPECT_TRUE(MatchesWildcards(u"board.sch", u"*"));
     EXPECT_TRUE(MatchesWildcards(u"board", u"*.*"));
     EXPECT_TRUE(MatchesWildcards(u"a.b.c", u"a*c"));
@@ -59,7 +59,7 @@ TEST(WindowsPath, StarsMatchAnyRun) {
     EXPECT_FALSE(MatchesWildcards(u"board.sch", u"oard*"));
 }
 
-TEST(WindowsPath, QuestionMarksMatchOneCharacterOrTheEnd) {
+TEST(WindowsPath, QuestionMark_MatchesOneCharacterOrTheEnd) {
     EXPECT_TRUE(MatchesWildcards(u"a1", u"a?"));
     EXPECT_TRUE(MatchesWildcards(u"a", u"a??"));
     EXPECT_FALSE(MatchesWildcards(u"ab12", u"ab?"));

@@ -1,4 +1,4 @@
-// Who gets the error of a handler that the window system called.
+// Where the error of a handler is thrown when the window system has called the handler.
 #include "runtime/win32/Callback.h"
 
 #include <gtest/gtest.h>
@@ -11,23 +11,23 @@ namespace {
 
 using tests::ErrorOf;
 
-/// What the window system does when it runs a handler that fails.
+/// Runs a failing handler as the window system does.
 int RunFailingHandler(std::int32_t number) {
     return Callback::Guard(-1, [number]() -> int { throw Error(number); });
 }
 
-TEST(Callback, HandlersResultPasses) {
+TEST(Callback, HandlerSucceeds_ResultIsReturned) {
     EXPECT_EQ(Callback::Guard(-1, [] { return 7; }), 7);
     EXPECT_EQ(Callback::CallSystem([] { return 8; }), 8);
 }
 
-TEST(Callback, ErrorOfAHandlerIsThrownByTheCallThatLedToIt) {
+TEST(Callback, HandlerFails_EnclosingCallThrowsTheError) {
     int answer = 0;
     EXPECT_EQ(ErrorOf([&] { Callback::CallSystem([&] { answer = RunFailingHandler(kOverflow); }); }), kOverflow);
     EXPECT_EQ(answer, -1);
 }
 
-TEST(Callback, OfTwoErrorsTheFirstIsThrown) {
+TEST(Callback, TwoHandlersFail_FirstErrorIsThrown) {
     const auto two = [] {
         RunFailingHandler(kOverflow);
         RunFailingHandler(kTypeMismatch);
@@ -35,7 +35,7 @@ TEST(Callback, OfTwoErrorsTheFirstIsThrown) {
     EXPECT_EQ(ErrorOf([&] { Callback::CallSystem(two); }), kOverflow);
 }
 
-TEST(Callback, NestedCallsHaveTheErrorsOfTheirOwnHandlers) {
+TEST(Callback, NestedCalls_ThrowTheErrorsOfTheirOwnHandlers) {
     std::int32_t inner = 0;
     std::int32_t innerLater = 0;
     const std::int32_t outer = ErrorOf([&] {
@@ -50,7 +50,7 @@ TEST(Callback, NestedCallsHaveTheErrorsOfTheirOwnHandlers) {
     EXPECT_EQ(outer, kOverflow);
 }
 
-TEST(Callback, ErrorOfAnInnerCallThatIsDealtWithDoesNotReachTheOuterOne) {
+TEST(Callback, InnerErrorIsCaught_OuterCallDoesNotThrow) {
     EXPECT_EQ(
         ErrorOf([] {
             Callback::CallSystem([] { ErrorOf([] { Callback::CallSystem([] { RunFailingHandler(kOverflow); }); }); });
@@ -58,7 +58,7 @@ TEST(Callback, ErrorOfAnInnerCallThatIsDealtWithDoesNotReachTheOuterOne) {
         0);
 }
 
-TEST(Callback, ErrorAfterAnInnerCallReachesTheOuterOne) {
+TEST(Callback, HandlerFailsAfterAnInnerCall_OuterCallThrows) {
     const auto later = [] {
         Callback::CallSystem([] {});
         RunFailingHandler(kOverflow);
@@ -66,7 +66,7 @@ TEST(Callback, ErrorAfterAnInnerCallReachesTheOuterOne) {
     EXPECT_EQ(ErrorOf([&] { Callback::CallSystem(later); }), kOverflow);
 }
 
-TEST(Callback, OwnErrorOfACallGoesBeforeThatOfAHandlerAndNothingIsLeftOver) {
+TEST(Callback, CallAndHandlerFail_ErrorOfTheCallIsThrown) {
     const auto failing = [] {
         RunFailingHandler(kOverflow);
         throw Error(kTypeMismatch);
@@ -75,7 +75,7 @@ TEST(Callback, OwnErrorOfACallGoesBeforeThatOfAHandlerAndNothingIsLeftOver) {
     EXPECT_EQ(ErrorOf([] { Callback::CallSystem([] {}); }), 0);
 }
 
-TEST(Callback, ErrorThatNoCallOfOursWaitsForIsDropped) {
+TEST(Callback, NoEnclosingCall_ErrorIsDropped) {
     EXPECT_EQ(RunFailingHandler(kOverflow), -1);
     EXPECT_EQ(Callback::Guard(-1, []() -> int { throw 5; }), -1);
     EXPECT_EQ(ErrorOf([] { Callback::CallSystem([] {}); }), 0);

@@ -1,4 +1,4 @@
-// The system's fonts as a fonts port, with whatever faces this system has.
+// The system's fonts as a FontsPort, with the faces that this system has.
 #include "runtime/win32/GdiFonts.h"
 
 #include "runtime/FontsPort_test.h"
@@ -12,7 +12,7 @@ namespace {
 struct TriedGdiFonts : TriedFonts {
     FontsPort& Port() override { return fonts; }
     NativeHandle Context() override { return reinterpret_cast<NativeHandle>(GetDC(nullptr)); }
-    /// The face that the system's own font really has.
+    /// The actual face of the stock font.
     String KnownFace() override {
         const NativeHandle context = Context();
         fonts.Select(context, fonts.StockGuiFont());

@@ -1,5 +1,5 @@
-// The registry as a settings port, and values there that others wrote. All of it lies under an application of the
-// tests' own, which is cleared before and after.
+// The registry as a SettingsPort, and values that other programs have written. All values are stored for a test
+// application, whose key is deleted before and after each test.
 #include "runtime/win32/RegistrySettings.h"
 
 #include <gtest/gtest.h>
@@ -27,7 +27,7 @@ INSTANTIATE_TEST_SUITE_P(Registry, SettingsPortTest, testing::Values(&MakeRegist
 
 class RegistrySettingsTest : public testing::Test {
  protected:
-    /// Writes past the port, as another program does.
+    /// Writes without using the port, as another program does.
     void Write(DWORD type, const void* data, DWORD bytes) {
         HKEY key = nullptr;
         ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, Wide(kApplicationPath + u"\\Section"), 0, nullptr, 0,
@@ -41,7 +41,7 @@ class RegistrySettingsTest : public testing::Test {
     std::shared_ptr<SettingsPort> settings_ = MakeRegistrySettings();
 };
 
-TEST_F(RegistrySettingsTest, SavesTextWhereTheClassicRuntimeKeepsIt) {
+TEST_F(RegistrySettingsTest, Save_UsesTheKeyOfTheClassicRuntime) {
     settings_->Save(kTestApplication, u"Section", u"Key", u"C:\\cad");
     wchar_t value[16] = {};
     DWORD bytes = sizeof(value);
@@ -62,7 +62,7 @@ TEST_F(RegistrySettingsTest, ValueWithoutAnyBytesIsEmpty) {
     EXPECT_EQ(Get(), u"");
 }
 
-TEST_F(RegistrySettingsTest, VariablesAreLeftAsTheyStand) {
+TEST_F(RegistrySettingsTest, Variables_AreNotExpanded) {
     Write(REG_EXPAND_SZ, L"%TEMP%", 14);
     EXPECT_EQ(Get(), u"%TEMP%");
 }

@@ -1,4 +1,4 @@
-// The real file system as a files port, in a temporary folder, and what only it has: pipes, locked files, long paths.
+// The real file system as a FilesPort, in a temporary folder. Also tests pipes, locked files and long paths.
 #include "runtime/win32/Win32Files.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@
 namespace runtime::win32 {
 namespace {
 
-/// Deletes the folder with all that is in it, whatever the attributes.
+/// Deletes the folder and its contents, whatever attributes they have.
 void DeleteFolder(const String& folder) {
     WIN32_FIND_DATAW found{};
     FindHandle search(FindFirstFileW(Wide(folder + u"\\*"), &found));
@@ -89,7 +89,7 @@ std::unique_ptr<FilesBed> MakeRealBed() {
 }
 INSTANTIATE_TEST_SUITE_P(Windows, FilesPortTest, testing::Values(&MakeRealBed));
 
-TEST(Win32Files, CurrentFolderIsTheProcesss) {
+TEST(Win32Files, CurrentFolder_IsThatOfTheProcess) {
     wchar_t current[MAX_PATH];
     ASSERT_NE(GetCurrentDirectoryW(MAX_PATH, current), 0u);
     EXPECT_EQ(Win32Files().CurrentFolder(), ToString(current));
@@ -103,7 +103,7 @@ TEST(Win32Files, DevicesAndPipesAreNeverRead) {
     EXPECT_EQ(Win32Files().Read(u"NUL"), std::nullopt);
 }
 
-TEST(Win32Files, FileThatIsBeingWrittenIsReadAllTheSame) {
+TEST(Win32Files, FileIsOpenForWriting_CanBeRead) {
     RealBed bed;
     bed.AddFile(u"a.ini", "[Marlento]", FilesBed::Kind::kOrdinary);
     const String path = bed.Folder() + u"\\a.ini";
@@ -113,7 +113,7 @@ TEST(Win32Files, FileThatIsBeingWrittenIsReadAllTheSame) {
     EXPECT_EQ(bed.Port().Read(path), "[Marlento]");
 }
 
-TEST(Win32Files, FileHeldForItselfHasAStampButNoContents) {
+TEST(Win32Files, LockedFile_HasAStampButNoContents) {
     RealBed bed;
     bed.AddFile(u"a.ini", "[Marlento]", FilesBed::Kind::kOrdinary);
     const String path = bed.Folder() + u"\\a.ini";
@@ -123,7 +123,7 @@ TEST(Win32Files, FileHeldForItselfHasAStampButNoContents) {
     EXPECT_EQ(bed.Port().Read(path), std::nullopt);
 }
 
-TEST(Win32Files, PathBeyondTheOldLimitIsServed) {
+TEST(Win32Files, PathLongerThanMaxPath_CanBeUsed) {
     RealBed bed;
     const String deep = bed.Folder() + u"\\" + String(120, u'a');
     const String deeper = deep + u"\\" + String(120, u'b');

@@ -1,5 +1,5 @@
-// Input controls as real windows: how they look to the window system, to screen readers and to the system's own input
-// queue, and that none stays behind.
+// Input controls as real windows: their accessible names, focus and fonts, and keys from the system's input queue. No
+// window is left over.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ using tests::PlaceOf;
 class RealInputs : public tests::RuntimeTest {
  protected:
     HWND Window() { return reinterpret_cast<HWND>(form_.Handle()); }
-    /// The window of the n-th control, in the order in which they were added.
+    /// The window of the control with this number, counted from 0 in the order in which the controls were added.
     HWND WindowOf(int number) {
         constexpr int kFirstId = 100;
         return GetDlgItem(Window(), kFirstId + number);
@@ -44,15 +44,15 @@ class RealInputs : public tests::RuntimeTest {
     tests::TypingUser user_{form_};
 };
 
-TEST_F(RealInputs, AreCalledByTheirAccessibleName) {
+TEST_F(RealInputs, ScreenReader_GetsTheAccessibleName) {
     form_.text.SetAccessibleName(u"Old");
     for (Control* control : {&form_.text, &form_.block}) control->SetAccessibleName(u"Value of " + control->Name());
     EXPECT_EQ(AccessibleNameOf(TextWindow()), u"Value of text");
     EXPECT_EQ(AccessibleNameOf(BlockWindow()), u"Value of block");
 }
 
-// Wine's own reader of names looks for the label of an edit window only, so the other kinds are shown here.
-TEST_F(RealInputs, NameStandsDirectlyBeforeItsControlAndIsNotShown) {
+// Wine finds the accessible name of edit windows only. For the other kinds, this test checks the label window itself.
+TEST_F(RealInputs, AccessibleName_IsAHiddenLabelBeforeItsControl) {
     for (const int number : {0, 1, 2, 3, 4}) {
         Control& control = *form_.Controls()[static_cast<std::size_t>(number)];
         const HWND before = GetWindow(WindowOf(number), GW_HWNDPREV);
@@ -66,8 +66,8 @@ TEST_F(RealInputs, NameStandsDirectlyBeforeItsControlAndIsNotShown) {
     }
 }
 
-// A blank is what is left of a NUL, and what stands behind it is not lost.
-TEST_F(RealInputs, NameKeepsAllItsCharacters) {
+// A NUL becomes a blank, and the text after it is kept.
+TEST_F(RealInputs, AccessibleName_KeepsAllCharacters) {
     for (const StringView name : {StringView(u"Save\0as & where?", 16), StringView(u"R&D\0", 4)}) {
         form_.text.SetAccessibleName(name);
         const HWND label = GetWindow(TextWindow(), GW_HWNDPREV);
@@ -76,7 +76,7 @@ TEST_F(RealInputs, NameKeepsAllItsCharacters) {
     }
 }
 
-/// Notes what the system is asked for when a window's place or order is to change.
+/// Records the requests to change a window's position or order.
 class OrderSpy {
  public:
     struct Request {
@@ -113,13 +113,13 @@ class OrderSpy {
 
 OrderSpy* OrderSpy::current_ = nullptr;
 
-TEST_F(RealInputs, TopMostAsksForTheOrderAlone) {
+TEST_F(RealInputs, SetTopMost_RequestsOnlyTheOrder) {
     form_.SetVisible(true);
     DoEvents();
     OrderSpy spy(Window());
     form_.SetTopMost(true);
     form_.SetTopMost(false);
-    constexpr UINT kFlags = 515;  // no size, no move, no order of the owner
+    constexpr UINT kFlags = 515;  // SWP_NOSIZE, SWP_NOMOVE and SWP_NOOWNERZORDER
     ASSERT_EQ(spy.requests.size(), 2u);
     EXPECT_EQ(spy.requests[0].insertAfter, HWND_TOPMOST);
     EXPECT_EQ(spy.requests[0].flags, kFlags);
@@ -127,7 +127,7 @@ TEST_F(RealInputs, TopMostAsksForTheOrderAlone) {
     EXPECT_EQ(spy.requests[1].flags, kFlags);
 }
 
-TEST_F(RealInputs, KeysReachAFormWhoseWindowAClientHasSubclassed) {
+TEST_F(RealInputs, ClientSubclassesTheWindow_FormStillGetsKeys) {
     ShowOn(form_.text);
     const OrderSpy spy(Window());
     user_.Type(u"a");
@@ -135,7 +135,7 @@ TEST_F(RealInputs, KeysReachAFormWhoseWindowAClientHasSubclassed) {
     EXPECT_EQ(form_.text.Text(), u"a");
 }
 
-TEST_F(RealInputs, TopMostChangesNothingButTheOrderOfWindows) {
+TEST_F(RealInputs, SetTopMost_ChangesOnlyTheOrder) {
     form_.SetVisible(true);
     const auto isTopMost = [this] { return (GetWindowLongW(Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
     const tests::Place before = PlaceOf(Window());
@@ -146,7 +146,7 @@ TEST_F(RealInputs, TopMostChangesNothingButTheOrderOfWindows) {
     EXPECT_FALSE(isTopMost());
 }
 
-TEST_F(RealInputs, HiddenOnesHaveNoVisibleWindow) {
+TEST_F(RealInputs, HiddenControl_HasNoVisibleWindow) {
     form_.text.SetVisible(false);
     form_.SetVisible(true);
     EXPECT_FALSE(IsWindowVisible(TextWindow()));
@@ -169,7 +169,7 @@ TEST_F(RealInputs, OpenListShowsEightItems) {
     EXPECT_FALSE(IsWindowVisible(parts.hwndList));
 }
 
-TEST_F(RealInputs, NulIsShownAsABlankAndBecomesOneWhenTheUserWrites) {
+TEST_F(RealInputs, Nul_IsShownAsABlankAndIsOneAfterTyping) {
     form_.text.SetText(StringView(u"a\0b", 3));
     EXPECT_EQ(TextOf(TextWindow()), u"a b");
     ShowOn(form_.text);
@@ -178,7 +178,7 @@ TEST_F(RealInputs, NulIsShownAsABlankAndBecomesOneWhenTheUserWrites) {
     EXPECT_EQ(form_.text.Text(), u"a bc");
 }
 
-TEST_F(RealInputs, FocusByTheUserIsKnown) {
+TEST_F(RealInputs, UserMovesTheFocus_FormReportsIt) {
     ShowOn(form_.text);
     for (const HWND window : {ComboWindow(), BlockWindow(), ListWindow()}) SetFocus(window);
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
@@ -188,7 +188,7 @@ TEST_F(RealInputs, FocusByTheUserIsKnown) {
     EXPECT_EQ(form_.FocusedControl(), &form_.combo);
 }
 
-// The system takes the focus from a window that is disabled, and from one that is no longer the active one.
+// Windows removes the focus from a disabled window and from a window that is no longer active.
 TEST_F(RealInputs, UserMovedTheFocus_ItReturnsThereAfterADialog) {
     ShowOn(form_.text);
     SetFocus(ListWindow());
@@ -208,7 +208,7 @@ TEST_F(RealInputs, UserMovedTheFocus_ItReturnsThereAfterADialog) {
     EXPECT_EQ(GetFocus(), ListWindow());
 }
 
-// A list box is as high as whole items, and an open list as eight of them.
+// The height of a list box is a whole number of items. An open list shows eight items.
 TEST_F(RealInputs, FontOfAListChanges_WindowFitsTheNewItems) {
     const auto openPlace = [this] {
         RECT open{};
@@ -230,7 +230,7 @@ TEST_F(RealInputs, FontsReachTheWindows) {
     EXPECT_STREQ(tests::FontDescriptionOf(TextWindow()).lfFaceName, L"Arial");
 }
 
-/// Types through the system's input queue, and waits until the form saw `log`.
+/// Types through the system's input queue and waits until the form has logged `logged` events.
 class KeyboardInputs : public RealInputs {
  protected:
     void Send(const std::vector<WORD>& keys, std::size_t logged) {
@@ -243,7 +243,7 @@ class KeyboardInputs : public RealInputs {
     }
 };
 
-TEST_F(KeyboardInputs, LettersOfTheInnerEditReachTheFormFirst) {
+TEST_F(KeyboardInputs, KeyInTheEditOfACombo_ReachesTheFormFirst) {
     ShowOn(form_.combo);
     form_.combo.SetSelStart(0);
     form_.combo.SetSelLength(6);
@@ -254,7 +254,7 @@ TEST_F(KeyboardInputs, LettersOfTheInnerEditReachTheFormFirst) {
     EXPECT_EQ(form_.combo.Text(), u"q");
 }
 
-TEST_F(KeyboardInputs, AltAndALetterPressTheMarkedButtonFromEveryKind) {
+TEST_F(KeyboardInputs, AltAndLetter_PressTheButtonFromEveryControl) {
     for (Control* control : {&form_.text, &form_.combo, &form_.dropDown, &form_.block, &form_.list}) {
         ShowOn(*control);
         Send({VK_MENU, 'A'}, 1);

@@ -1,4 +1,4 @@
-// The system's locale as a locale port where its code page is 1252, and what depends on the system.
+// The system's locale as a LocalePort if its code page is 1252, and the results that depend on the system.
 #include "runtime/win32/Win32Locale.h"
 
 #include "runtime/LocalePort_test.h"
@@ -13,7 +13,7 @@ std::unique_ptr<LocalePort> MakeWin32Locale() {
 }
 INSTANTIATE_TEST_SUITE_P(Windows, LocalePortTest, testing::Values(&MakeWin32Locale));
 
-TEST(Win32Locale, NearestCharacterStandsInForALackingOne) {
+TEST(Win32Locale, CharacterNotInCodePage_BecomesASimilarOne) {
     if (GetACP() != 1252) GTEST_SKIP() << "the system's code page is not 1252";
     EXPECT_EQ(Win32Locale().ToAnsi(u"\u0101"), "a");
 }
@@ -30,11 +30,11 @@ TEST(Win32Locale, CharacterSetFollowsTheLocale) {
     EXPECT_EQ(locale.CharsetOf(0x0419), std::int16_t{204});  // Russian
     EXPECT_EQ(locale.CharsetOf(0x0411), std::int16_t{128});  // Japanese
     EXPECT_EQ(locale.CharsetOf(0x0412), std::int16_t{129});  // Korean
-    EXPECT_EQ(locale.CharsetOf(0x0404), std::int16_t{136});  // Chinese of Taiwan
-    EXPECT_EQ(locale.CharsetOf(0x0804), std::int16_t{134});  // Chinese of China
+    EXPECT_EQ(locale.CharsetOf(0x0404), std::int16_t{136});  // Chinese (Taiwan)
+    EXPECT_EQ(locale.CharsetOf(0x0804), std::int16_t{134});  // Chinese (China)
 }
 
-TEST(Win32Locale, DoubleByteTextComesBack) {
+TEST(Win32Locale, DoubleByteText_RoundTrips) {
     if (GetACP() != 932) GTEST_SKIP() << "the system's code page is not 932";
     EXPECT_EQ(Win32Locale().ToAnsi(u"\u8868z"), "\x95\\z");
     EXPECT_EQ(Win32Locale().FromAnsi("\x95\\z"), u"\u8868z");

@@ -1,5 +1,5 @@
-// The real process as a process port. Claims are tried between processes: claim_holder.exe, which the build puts beside
-// the tests, claims and answers by named events.
+// The real process as a ProcessPort. To test claims between processes, the tests start claim_holder.exe, which the
+// build puts beside them. It claims, and reports the result through named events.
 #include "runtime/win32/Win32Process.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ String SystemFolder() {
         [](wchar_t* buffer, DWORD capacity) { return static_cast<DWORD>(GetSystemDirectoryW(buffer, capacity)); });
 }
 
-/// A process of its own that has claimed to be the first instance of its program, or was refused.
+/// Another process that claims to be the first instance of its program.
 class Holder {
  public:
     explicit Holder(StringView program = HolderPath()) {
@@ -57,7 +57,7 @@ class Holder {
     Holder(const Holder&) = delete;
     Holder& operator=(const Holder&) = delete;
 
-    /// "claimed" or "refused"; else what went wrong.
+    /// "claimed" or "refused", otherwise the reason for a failure.
     std::string Answer() {
         if (!process_) return "not started";
         const HANDLE events[] = {claimed_.Get(), refused_.Get(), process_.Get()};
@@ -72,7 +72,7 @@ class Holder {
                 return "no answer";
         }
     }
-    /// Whether it gave its claim up; it runs on.
+    /// Makes the process release its claim and continue. True if it confirms the release.
     bool GiveUp() {
         SetEvent(giveUp_.Get());
         return WaitForSingleObject(givenUp_.Get(), kMaxWait) == WAIT_OBJECT_0;
@@ -108,7 +108,7 @@ TEST(FirstInstanceClaim, SecondProcessOfTheSameProgramIsRefused) {
     EXPECT_EQ(third.Answer(), "refused");
 }
 
-TEST(FirstInstanceClaim, IsFreeOnceItsProcessGaveItUp) {
+TEST(FirstInstanceClaim, IsFreeWhenItsProcessReleasedIt) {
     Holder first;
     ASSERT_EQ(first.Answer(), "claimed");
     ASSERT_TRUE(first.GiveUp());
@@ -132,7 +132,7 @@ TEST(FirstInstanceClaim, IsFreeWhenItsProcessWasKilled) {
     EXPECT_EQ(second.Answer(), "claimed");
 }
 
-TEST(FirstInstanceClaim, SameFileIsTheSameProgramHoweverItIsSpelt) {
+TEST(FirstInstanceClaim, SameFileSpeltDifferently_IsTheSameProgram) {
     String upper = HolderPath();
     CharUpperBuffW(Wide(upper.data()), static_cast<DWORD>(upper.size()));
     Holder first;
@@ -141,7 +141,7 @@ TEST(FirstInstanceClaim, SameFileIsTheSameProgramHoweverItIsSpelt) {
     EXPECT_EQ(second.Answer(), "refused");
 }
 
-TEST(FirstInstanceClaim, AnotherProgramHasItsOwn) {
+TEST(FirstInstanceClaim, AnotherProgram_HasItsOwnClaim) {
     const auto ownClaim = Win32Process(nullptr).ClaimFirstInstance();
     ASSERT_NE(ownClaim, nullptr);
     const String copy = Win32Process(nullptr).ComponentFolder() + u"\\claim_holder_copy.exe";
@@ -164,21 +164,21 @@ TEST(FirstInstanceClaim, IsSharedByTheThreadsOfAProcess) {
     EXPECT_NE(Win32Process(nullptr).ClaimFirstInstance(), nullptr);
 }
 
-TEST(Win32Process, CommandLineIsTheEndOfTheSystems) {
+TEST(Win32Process, CommandLine_HasOnlyTheArguments) {
     const String whole = ToString(GetCommandLineW());
     const String arguments = Win32Process(nullptr).CommandLine();
     EXPECT_TRUE(whole.ends_with(arguments));
     EXPECT_EQ(arguments.find(u"unit_tests.exe"), String::npos);
 }
 
-TEST(Win32Process, ComponentFolderIsThatOfTheGivenModule) {
+TEST(Win32Process, ComponentFolder_IsThatOfTheGivenModule) {
     const String system = SystemFolder();
     const String folder = Win32Process(GetModuleHandleW(L"kernel32.dll")).ComponentFolder();
     EXPECT_EQ(CompareStringOrdinal(Wide(folder), -1, Wide(system), -1, TRUE), CSTR_EQUAL)
         << ToUtf8(folder) << " and " << ToUtf8(system);
 }
 
-TEST(Win32Process, ComponentInADrivesRootKeepsTheBackslash) {
+TEST(Win32Process, ComponentInADriveRoot_FolderEndsWithABackslash) {
     const String root = SystemFolder().substr(0, 3);
     const String copy = root + u"k4t_claim_holder.dll";
     if (!CopyFileW(Wide(HolderPath()), Wide(copy), FALSE)) GTEST_SKIP() << "the drive's root cannot be written";

@@ -1,5 +1,6 @@
-// Forms over real windows: what the user, other programs and the system do to a window reaches the form, and no
-// window, message or class stays behind. The tests play the others by sending messages to the form's window.
+// Forms with real windows. The form reacts to what the user, other programs and the system do to its window. No window,
+// message or window class is left over. The tests send messages to the form's window in place of the user, other
+// programs and the system.
 #include "runtime/win32/Win32Window.h"
 
 #include <gmock/gmock.h>
@@ -30,7 +31,7 @@ class RealWindow : public tests::RuntimeTest {
     static HWND WindowOf(Form& form) { return reinterpret_cast<HWND>(form.Handle()); }
     HWND Window() { return WindowOf(form_); }
     void Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) { SendMessageW(Window(), message, wParam, lParam); }
-    /// The window's outer bounds as the system has them, in twips.
+    /// The window's outer bounds as the system reports them, in twips.
     static Rect BoundsOf(HWND window) {
         RECT outer{};
         GetWindowRect(window, &outer);
@@ -41,7 +42,7 @@ class RealWindow : public tests::RuntimeTest {
     tests::HandledForm form_;
 };
 
-TEST_F(RealWindow, CloseUnloadsWithReasonUserInsideItsOwnMessage) {
+TEST_F(RealWindow, Close_UnloadsWithReasonUserBeforeItReturns) {
     const HWND window = Window();
     SendMessageW(window, WM_CLOSE, 0, 0);
     EXPECT_FALSE(IsWindow(window));
@@ -49,8 +50,8 @@ TEST_F(RealWindow, CloseUnloadsWithReasonUserInsideItsOwnMessage) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 0", "unload"));
 }
 
-// The system would hand the request on to the window's owner.
-TEST_F(RealWindow, RequestForHelpEndsHere) {
+// The default handling would send WM_HELP to the window's owner.
+TEST_F(RealWindow, HelpMessage_IsNotPassedToTheOwner) {
     HELPINFO help{};
     help.cbSize = sizeof help;
     EXPECT_EQ(SendMessageW(Window(), WM_HELP, 0, reinterpret_cast<LPARAM>(&help)), TRUE);
@@ -63,7 +64,7 @@ TEST_F(RealWindow, CloseMayBeRefused) {
     EXPECT_TRUE(IsWindow(Window()));
 }
 
-TEST_F(RealWindow, ErrorOfACloseThatWeDispatchLeavesDoEvents) {
+TEST_F(RealWindow, CloseFailsInDoEvents_DoEventsThrowsTheError) {
     form_.onUnload = [] { throw Error(kOverflow); };
     const HWND window = Window();
     PostMessageW(window, WM_CLOSE, 0, 0);
@@ -72,7 +73,7 @@ TEST_F(RealWindow, ErrorOfACloseThatWeDispatchLeavesDoEvents) {
     EXPECT_EQ(ErrorOf([] { CurrentPorts().windows.DoEvents(); }), 0);
 }
 
-TEST_F(RealWindow, ErrorInAMessageOfTheClientsLoopIsDropped) {
+TEST_F(RealWindow, HandlerFailsInTheClientsLoop_ErrorIsDropped) {
     form_.onUnload = [] { throw Error(kOverflow); };
     Send(WM_CLOSE);
     EXPECT_FALSE(form_.IsLoaded());
@@ -80,20 +81,20 @@ TEST_F(RealWindow, ErrorInAMessageOfTheClientsLoopIsDropped) {
     EXPECT_EQ(ErrorOf([&] { form_.SetWidth(6000); }), 0);
 }
 
-TEST_F(RealWindow, EndOfTheSessionUnloadsWithReasonSystemEnd) {
+TEST_F(RealWindow, SessionEnds_UnloadsWithReasonSystemEnd) {
     const HWND window = Window();
     SendMessageW(window, WM_ENDSESSION, TRUE, 0);
     EXPECT_FALSE(IsWindow(window));
     EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "unload"));
 }
 
-TEST_F(RealWindow, EndOfTheSessionThatIsCalledOffDoesNothing) {
+TEST_F(RealWindow, SessionEndIsCancelled_NothingHappens) {
     Send(WM_ENDSESSION, FALSE);
     EXPECT_TRUE(form_.IsLoaded());
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(RealWindow, DestroyedByOthersUnloadsTheForm) {
+TEST_F(RealWindow, OtherCodeDestroysTheWindow_FormIsUnloaded) {
     form_.refusesQuery = true;
     const HWND window = Window();
     DestroyWindow(window);
@@ -104,7 +105,7 @@ TEST_F(RealWindow, DestroyedByOthersUnloadsTheForm) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 2", "load"));
 }
 
-/// Counts memory faults: the system hides one that happens in a window procedure.
+/// Counts access violations, because the system hides them in a window procedure.
 class MemoryFaults {
  public:
     MemoryFaults() { count_ = 0; }
@@ -145,7 +146,7 @@ TEST_F(RealWindow, MessagesWithoutTheirData_ChangeNothing) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(RealWindow, CreationMessageOfAStranger_ChangesNothing) {
+TEST_F(RealWindow, CreationMessageFromOtherCode_ChangesNothing) {
     const MemoryFaults none;
     wchar_t name[64];
     ASSERT_NE(GetClassNameW(Window(), name, 64), 0);
@@ -158,7 +159,7 @@ TEST_F(RealWindow, CreationMessageOfAStranger_ChangesNothing) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(RealWindow, ForgottenOnAnotherThread_EndsOnItsOwn) {
+TEST_F(RealWindow, AbandonedOnAnotherThread_WindowDestroysItself) {
     const HWND window = Window();
     std::thread([&] { form_.AbandonWindow(); }).join();
     EXPECT_FALSE(form_.IsLoaded());
@@ -168,7 +169,7 @@ TEST_F(RealWindow, ForgottenOnAnotherThread_EndsOnItsOwn) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(RealWindow, OwnUnloadIsNotReportedAsALoss) {
+TEST_F(RealWindow, Unload_IsNotReportedAsALoss) {
     const HWND window = Window();
     form_.Unload();
     EXPECT_FALSE(IsWindow(window));
@@ -193,14 +194,14 @@ TEST_F(RealWindow, KeyHandlerMayUnloadTheForm) {
     }
 }
 
-TEST_F(RealWindow, SizingByOthersIsTakenOverAndRaisesResize) {
+TEST_F(RealWindow, OtherCodeResizes_FormHasTheSizeAndRaisesResize) {
     SetWindowPos(Window(), nullptr, 10, 20, 400, 300, kPlaceOnly);
     EXPECT_EQ(BoundsOf(form_), (Rect{ToTwips(10), ToTwips(20), ToTwips(400), ToTwips(300)}));
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
     EXPECT_EQ(form_.Controls().front()->Bounds().width, form_.InnerSize().width);
 }
 
-TEST_F(RealWindow, MovingByOthersIsTakenOverWithoutResize) {
+TEST_F(RealWindow, OtherCodeMoves_FormHasThePositionWithoutResize) {
     form_.EnsureLoaded();
     SetWindowPos(Window(), nullptr, 33, 44, 0, 0, kPlaceOnly | SWP_NOSIZE);
     EXPECT_EQ(form_.Left(), ToTwips(33));
@@ -231,7 +232,7 @@ TEST_F(RealWindow, MinimisingAndRestoringByTheUserRaiseResize) {
     EXPECT_THAT(form_.log, Contains("resize").Times(1));
 }
 
-TEST_F(RealWindow, MinimisedInTheFirstShowAppearsAsAnIcon) {
+TEST_F(RealWindow, MinimisedInTheFirstResize_AppearsMinimised) {
     form_.onResize = [&] { form_.SetState(WindowState::kMinimised); };
     form_.SetVisible(true);
     EXPECT_TRUE(IsIconic(Window()));
@@ -239,7 +240,7 @@ TEST_F(RealWindow, MinimisedInTheFirstShowAppearsAsAnIcon) {
     EXPECT_EQ(form_.State(), WindowState::kMinimised);
 }
 
-TEST_F(RealWindow, HiddenIconDoesNotLendTheFormItsRectangle) {
+TEST_F(RealWindow, HiddenMinimisedWindow_FormKeepsItsNormalBounds) {
     form_.SetVisible(true);
     const Rect normal = BoundsOf(form_);
     form_.SetState(WindowState::kMinimised);
@@ -250,7 +251,7 @@ TEST_F(RealWindow, HiddenIconDoesNotLendTheFormItsRectangle) {
     EXPECT_EQ(BoundsOf(form_), normal);
 }
 
-TEST_F(RealWindow, MayMeasureOnePixel) {
+TEST_F(RealWindow, MayBeOnePixelLarge) {
     tests::HandledForm tiny(u"tiny", {ToTwips(1), ToTwips(1)});
     EXPECT_EQ(tiny.InnerSize(), (Size{ToTwips(1), ToTwips(1)}));
     EXPECT_EQ(BoundsOf(tiny), BoundsOf(WindowOf(tiny)));
@@ -281,7 +282,7 @@ TEST_F(RealWindow, RequestToQuitStaysPendingForTheOuterLoop) {
     EXPECT_EQ(tests::TakeQuit(), std::nullopt);
 }
 
-TEST_F(RealWindow, StandsInTheWholePixelsThatTheFormHas) {
+TEST_F(RealWindow, WindowBounds_EqualTheFormsBounds) {
     form_.Move(8527.5F, -6412.5F);
     EXPECT_EQ(BoundsOf(form_), BoundsOf(Window()));
     form_.SetSize({8000, 3001});
@@ -290,10 +291,10 @@ TEST_F(RealWindow, StandsInTheWholePixelsThatTheFormHas) {
     EXPECT_EQ(BoundsOf(odd), BoundsOf(WindowOf(odd)));
 }
 
-/// What others do to a window that its form has hidden.
-class RealWindowOfOthers : public RealWindow {
+/// Other code shows the window of a hidden form.
+class ShownByOtherCode : public RealWindow {
  protected:
-    /// Shows the window with `command`, then hides it: the form follows.
+    /// Shows the window with `command` and hides it again. Checks that the form follows.
     void ShowAndHide(int command) {
         form_.log.clear();
         ShowWindow(Window(), command);
@@ -306,20 +307,20 @@ class RealWindowOfOthers : public RealWindow {
     }
 };
 
-TEST_F(RealWindowOfOthers, ShownAndHiddenIsSoForTheForm) {
+TEST_F(ShownByOtherCode, ShowThenHide_FormIsVisibleThenHidden) {
     for (const int command : {SW_SHOW, SW_SHOWNORMAL, SW_SHOWNA, SW_SHOWNOACTIVATE, SW_RESTORE, SW_MAXIMIZE,
                               SW_MINIMIZE, SW_SHOWMINIMIZED, SW_SHOWMINNOACTIVE}) {
         ShowAndHide(command);
     }
 }
 
-TEST_F(RealWindowOfOthers, FirstShowRaisesResizeBeforeItIsTold) {
+TEST_F(ShownByOtherCode, FirstShow_RaisesResizeBeforeShown) {
     form_.EnsureLoaded();
     ShowWindow(Window(), SW_SHOWNA);
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "shown"));
 }
 
-TEST_F(RealWindowOfOthers, ShownByItsPlaceOrItsStyleIsSoForTheForm) {
+TEST_F(ShownByOtherCode, ByPositionOrStyle_FormIsVisible) {
     SetWindowPos(Window(), nullptr, 0, 0, 0, 0, kPlaceOnly | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     EXPECT_TRUE(form_.Visible());
     form_.SetVisible(false);
@@ -328,14 +329,14 @@ TEST_F(RealWindowOfOthers, ShownByItsPlaceOrItsStyleIsSoForTheForm) {
     EXPECT_TRUE(form_.Visible());
 }
 
-TEST_F(RealWindowOfOthers, ItsOwnShowAndHideAreNotToldToTheForm) {
+TEST_F(ShownByOtherCode, FormShowsItself_ShownIsNotRaised) {
     form_.SetVisible(true);
     form_.SetVisible(false);
     EXPECT_THAT(form_.log, ::testing::Not(Contains("shown")));
 }
 
-// With the system's own procedure in its place, the window's does not notice.
-TEST_F(RealWindowOfOthers, ShownUnnoticedIsHiddenAllTheSame) {
+// While the default procedure replaces the window's own, the form does not notice that its window is shown.
+TEST_F(ShownByOtherCode, Unnoticed_HideStillHidesIt) {
     const LONG_PTR own = SetWindowLongPtrW(Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcW));
     ShowWindow(Window(), SW_SHOWNA);
     SetWindowLongPtrW(Window(), GWLP_WNDPROC, own);
@@ -344,7 +345,7 @@ TEST_F(RealWindowOfOthers, ShownUnnoticedIsHiddenAllTheSame) {
     EXPECT_FALSE(IsWindowVisible(Window()));
 }
 
-TEST_F(RealWindowOfOthers, HandlerThatIsToldMayUnloadTheForm) {
+TEST_F(ShownByOtherCode, ShownHandler_MayUnloadTheForm) {
     form_.onShown = [&] { form_.Unload(); };
     const HWND window = Window();
     ShowWindow(window, SW_SHOW);
@@ -352,15 +353,15 @@ TEST_F(RealWindowOfOthers, HandlerThatIsToldMayUnloadTheForm) {
     EXPECT_FALSE(form_.IsLoaded());
 }
 
-TEST(RegisteredMessage, HasItsNameInAnsi) {
+TEST(RegisteredMessage, NameIsConvertedToAnsi) {
     if (GetACP() != 1252) GTEST_SKIP() << "the system's code page is not 1252";
     Win32Windows windows(GetModuleHandleW(nullptr));
     EXPECT_EQ(windows.RegisterMessage(u"PELORIX"), RegisterWindowMessageA("PELORIX"));
-    // No character of the code page: the call that takes bytes has a question mark in its place.
+    // The code page lacks this character, so the name has a question mark in its place.
     EXPECT_EQ(windows.RegisterMessage(u"PELORIX \u3042"), RegisterWindowMessageA("PELORIX ?"));
 }
 
-TEST(WindowClass, GoesWithTheWindowSystem) {
+TEST(WindowClass, IsUnregisteredWithTheWindowSystem) {
     tests::MemoryPorts memory;
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     const auto isRegistered = [instance](const wchar_t* name) {

@@ -119,7 +119,7 @@ class DoubleByteCodePage(unittest.TestCase):
     """Code page 932: the second byte of some characters is the byte of a backslash. U+8868 is 95 5C."""
 
     def test_unit_test_that_needs_it_runs(self):
-        output = output_of("ja_JP", "unit_tests.exe", "--gtest_filter=Win32Locale.DoubleByteTextComesBack")
+        output = output_of("ja_JP", "unit_tests.exe", "--gtest_filter=Win32Locale.DoubleByteText_RoundTrips")
         self.assertIn("[  PASSED  ] 1 test.\n", output)
         self.assertNotIn("SKIPPED", output)
 
