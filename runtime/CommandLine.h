@@ -5,9 +5,8 @@
 
 namespace runtime {
 
-/// Returns the arguments of `commandLine`: the text after the program's name, unchanged, without the blanks and tabs
-/// between them. The name ends at the first blank or tab outside double quotes. If a quote is never closed, the name is
-/// the whole text.
+/// `commandLine` without the program's name and without the blanks and tabs after the name. The name ends at the first
+/// blank or tab outside double quotes. If a quote is never closed, the name is the whole text.
 StringView WithoutProgramName(StringView commandLine);
 
 }  // namespace runtime

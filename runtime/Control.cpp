@@ -54,8 +54,8 @@ void Control::SetVisible(bool visible) {
     if (visible == visible_) return;
     const bool loseFocus = !visible && tabs_.TakeFocusFrom(*this);
     visible_ = visible;
-    // Move the focus before the window is hidden; otherwise the window system would leave no control with the focus. A
-    // form that is not visible chooses a control when it is shown.
+    // Move the focus before the window is hidden; otherwise no control would have it. A form that is not visible
+    // chooses a control when it is shown.
     if (loseFocus && form_.Visible()) tabs_.Walk(1);
     // A handler of the focus change may have unloaded the form.
     if (native_) native_->SetVisible(visible);

@@ -74,8 +74,7 @@ class FormUnloadedInLoad : public Error {
 /// The standard description of `number`, or "Application-defined or object-defined error" for a number without one.
 String StandardDescription(std::int32_t number);
 
-/// An error whose description is the standard one, a colon and `about`. `about` names the object, and may say what to
-/// do.
+/// An error with the standard description, a colon and `about`. `about` names the object, and may contain advice.
 Error ErrorAbout(std::int32_t number, StringView about);
 
 /// Runs `statement` and ignores an exception, as a BASIC routine that continues with its next statement after an error.

@@ -51,8 +51,8 @@ class Event {
         return Connection(slots_.back());
     }
 
-    /// Calls each listener that was connected before Raise, and skips those that were disconnected since. The first
-    /// exception of a listener is thrown after the last listener was called.
+    /// Calls each listener that was connected before Raise and has not been disconnected since. The first exception of
+    /// a listener is thrown after the last listener was called.
     void Raise(Args... args) {
         const auto slots = slots_;
         FirstError error;

@@ -236,7 +236,7 @@ void Form::ShowModal() {
 void Form::Hide() {
     EnsureLoaded();
     const bool wasVisible = std::exchange(visible_, false);
-    // Enable the other windows before this one is hidden, so that one of them becomes the active window.
+    // Enable the other windows before hiding this one, because one of them becomes the active window.
     if (wasVisible && modal_) modal_->End();
     // End sends messages to the windows that it enables. A handler of such a message may have unloaded this form.
     if (window_) window_->Hide();

@@ -1,4 +1,4 @@
-// A form: a window with controls. The form object exists before its window is created and after it is destroyed.
+// A form: a window with controls. The form object also exists while it has no window.
 // - Load: the first access to a built-in property or to a control creates the window with the design values and runs
 //   the load handler.
 // - Unload: runs the query-unload and unload handlers, destroys the window and removes the form from LoadedForms(). A
@@ -13,8 +13,8 @@
 //
 // The form gets each key before its focused control does. FormKeys.h has the rules.
 //
-// A form is used on the thread that loaded it, except where a function says otherwise. The form owns its controls.
-// References to them stay valid when the form is unloaded.
+// A form is used on the thread that loaded it, unless a function's comment allows other threads. The form owns its
+// controls. References to them stay valid when the form is unloaded.
 #pragma once
 
 #include <memory>
@@ -73,8 +73,8 @@ class Form : private WindowEvents {
     /// handler ends the loop and is thrown. Error 400 if the form is already visible.
     void ShowModal();
 
-    /// Outer bounds of the window on the screen, in twips, rounded to whole pixels. While the window is minimised: its
-    /// bounds from before.
+    /// Outer bounds of the window on the screen, in twips, rounded to whole pixels. While the window is minimised: the
+    /// bounds that it had before.
     Twips Left();
     Twips Top();
     Twips Width();
@@ -128,7 +128,8 @@ class Form : private WindowEvents {
     virtual void OnQueryUnload(bool& /*cancel*/, UnloadReason /*reason*/) {}
     virtual void OnUnload(bool& /*cancel*/) {}
     virtual void OnActivate() {}
-    /// Called when the client or another program has shown the form's window; the first time, after OnResize.
+    /// Called when the client or another program has shown the form's window. On the first show, OnResize is called
+    /// before it.
     virtual void OnShownByOthers() {}
     virtual void OnResize() {}
     /// A handler consumes the key or the character by setting it to 0.

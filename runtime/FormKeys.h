@@ -22,9 +22,9 @@ enum class KeyAction {
     kWalkOn,       ///< moves the focus to the next control
     kWalkBack,     ///< moves the focus to the previous control
     kPress,        ///< presses the focused button
-    kPressCancel,  ///< presses the cancel button; like kNone if the form shows none
-    kWrite,        ///< becomes a character
-    kChooseItem,   ///< closes the list, selects the highlighted item, and becomes a character
+    kPressCancel,  ///< presses the cancel button; like kNone if the form shows no cancel button
+    kWrite,        ///< produces its character
+    kChooseItem,   ///< closes the list, selects the highlighted item, and produces its character
     kCloseList,    ///< closes the list and restores the previous item and text
 };
 

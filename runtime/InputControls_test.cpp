@@ -14,7 +14,7 @@ using tests::ErrorOf;
 
 using InputControls = InputControlsTest;
 
-/// Characters of all kinds, including those that have a special meaning in a control.
+/// Characters of all kinds, including the characters with a special meaning in a control.
 const String kAnyText = u"\"quotes\" & && \t tab \u65E5\u672C\u8A9E \U0001F600 \u05E9\u05DC\u05D5\u05DD \xD800 'end' ";
 
 TEST_F(InputControls, Text_IsReturnedUnchanged) {

@@ -30,7 +30,7 @@ class LoadedFormsCollection {
 
     void Add(Form& form);
     void Remove(const Form& form);
-    /// Removes all forms without accessing them. For forms that belong to another thread or were on its stack.
+    /// Removes all forms without accessing them. Used for forms that belong to another thread or were on its stack.
     void Clear();
 
  private:

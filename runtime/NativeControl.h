@@ -100,9 +100,9 @@ class NativeControl {
     virtual void Refresh() = 0;
     /// Sets the name that a screen reader announces.
     virtual void SetAccessibleName(const String& name) = 0;
-    /// Not null exactly for the kinds with HasEdit.
+    /// Null exactly for the kinds without HasEdit.
     virtual NativeEdit* Edit() { return nullptr; }
-    /// Not null exactly for the kinds with HasList.
+    /// Null exactly for the kinds without HasList.
     virtual NativeList* List() { return nullptr; }
 };
 

@@ -177,7 +177,7 @@ double Val(StringView text) {
 }
 
 std::int32_t ToInt32(double number) {
-    // Round by hand, because library functions use the thread's rounding mode, which the client may have changed.
+    // Round without library functions, because they use the thread's rounding mode, which the client may have changed.
     const double below = std::floor(number);
     const double fraction = number - below;
     const bool isUp = fraction > 0.5 || (fraction == 0.5 && std::fmod(below, 2) != 0);

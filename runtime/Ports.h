@@ -12,7 +12,7 @@
 
 namespace runtime {
 
-/// References to the ports. The code that composes the process owns the ports.
+/// References to the ports. The code that created the ports owns them.
 struct Ports {
     WindowsPort& windows;
     SettingsPort& settings;

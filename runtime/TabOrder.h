@@ -1,8 +1,8 @@
 // The tab order of a form's controls, and the control that has the focus. Each form owns one. It refers to the form's
 // controls and is used on the form's thread only.
 //
-// The window system is asked which control has the focus, because the mouse and screen readers also move it. The last
-// answer is kept while the form is not active.
+// The window system reports which control has the focus, because the mouse and screen readers also move it. The last
+// report is kept while the form is not active.
 #pragma once
 
 #include <memory>
@@ -19,9 +19,9 @@ class TabOrder {
     TabOrder(const TabOrder&) = delete;
     TabOrder& operator=(const TabOrder&) = delete;
 
-    /// Called when the form is loaded. Sets the order of the design; no control has the focus.
+    /// Called when the form is loaded. Restores the order of the design. Afterwards no control has the focus.
     void Reset();
-    /// Called when the form is unloaded. Empties the order; no control has the focus.
+    /// Called when the form is unloaded. Empties the order. Afterwards no control has the focus.
     void Clear();
     /// Moves `control` to position `place`, counted from 0. A place beyond the last position means the last position.
     /// Error 438 for a control that is not in the tab order.
@@ -35,10 +35,10 @@ class TabOrder {
     void Focus(Control& control);
     /// Called when the form's window gets the keyboard focus. Passes it to the control that last had it.
     void FocusAgain();
-    /// If `control` has the focus, takes the focus from it and returns true. No control has the focus afterwards.
+    /// If `control` has the focus, removes the focus from it and returns true. Afterwards no control has the focus.
     bool TakeFocusFrom(const Control& control);
-    /// Moves the focus by `step` controls (1 or -1) among those that Tab reaches, in a circle. If no control has the
-    /// focus, it moves to the first one, or to the last one for -1.
+    /// Moves the focus by `step` controls (1 or -1) among the controls that Tab reaches, in a circle. If no control has
+    /// the focus, the first one gets it, or the last one for -1.
     void Walk(int step);
 
     /// The visible controls whose access key is `character` (lower case), in tab order.

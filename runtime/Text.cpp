@@ -125,7 +125,8 @@ String FromUtf8(std::string_view bytes) {
 
 std::optional<String> FromStrictUtf8(std::string_view bytes) {
     String text = FromUtf8(bytes);
-    // If `bytes` contain no U+FFFD at its place, U+FFFD replaced invalid bytes. The text then does not convert back.
+    // A U+FFFD in the text is either encoded in `bytes` or replaces an invalid byte. If it replaces a byte, the text
+    // does not convert back to `bytes`.
     const bool isReplaced = text.find(static_cast<char16_t>(kReplacement)) != String::npos;
     if (isReplaced && ToUtf8(text) != bytes) return std::nullopt;
     return text;

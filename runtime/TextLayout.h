@@ -1,5 +1,5 @@
 // Breaks a label's text into lines. A self-sizing label takes its size from these lines, and the back end paints these
-// lines. The size and the painted text therefore always agree.
+// lines. The size and the painted text therefore always agree. The rules:
 //
 // - CR LF, LF and CR end a line. A line end at the end of the text adds an empty last line.
 // - A tab becomes blanks up to the next multiple of 8 characters. NUL and other control characters become a blank each.

@@ -1,4 +1,4 @@
-// A process whose command line, folder and earlier instance a test sets.
+// A process with the command line, folder and earlier instance that a test sets.
 #pragma once
 
 #include "runtime/ProcessPort.h"

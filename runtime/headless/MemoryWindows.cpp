@@ -143,7 +143,7 @@ void MemoryWindow::SetBounds(const Rect& newOuter) {
 void MemoryWindow::Show(WindowState newState) {
     state = newState;
     const bool appears = !std::exchange(visible, true);
-    // Report this change, too, as Windows does.
+    // Report a change by the form, too, as Windows does.
     events_.VisibilityChanged(true);
     // A window that appears becomes active, unless it is minimised.
     if (appears && state != WindowState::kMinimised) events_.Activated();

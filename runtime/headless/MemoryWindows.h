@@ -45,9 +45,9 @@ class MemoryWindows : public WindowsPort {
     int dpi = 96;  ///< 15 twips per pixel
     /// Every pointer shape that was set, in order.
     std::vector<std::int16_t> pointers;
-    /// Called when a visible window is hidden or destroyed.
+    /// Called when a visible window is destroyed, or hidden by its form.
     std::function<void()> onWindowGoes;
-    /// The number of next calls of MakeWindow that fail.
+    /// The number of calls of MakeWindow that will fail.
     int refuseWindows = 0;
     bool quitting = false;
     /// The characters that were sent with Alt, in order.

@@ -1,5 +1,5 @@
-// The system's message box in memory. It records each message and returns the answers that the test has set. A message
-// without an answer raises error 51.
+// The system's message box in memory. It records each message and returns the button codes that the test has set. A
+// message without a button code raises error 51.
 #pragma once
 
 #include <deque>
@@ -28,7 +28,7 @@ class ScriptedMessageBox : public MessageBoxPort {
         return answer;
     }
 
-    /// The answers to the next messages.
+    /// The button codes for the next messages.
     std::deque<std::int32_t> answers;
     std::vector<Message> shown;
 };

@@ -7,9 +7,9 @@
 
 namespace runtime::headless {
 
-/// The full path of `path`. It starts with a drive or a share and contains only backslashes, and no "." or "..". It
-/// ends with a backslash only if it is a root. `current` is the current folder as a full path. A path without a drive
-/// refers to `current`, and so does "C:name" if `current` is on drive C:. None if `path` is empty or contains a
+/// The full path of `path`. It starts with a drive or a share, has backslashes as separators, and contains no "." or
+/// "..". It ends with a backslash only if it is a root. `current` is the current folder as a full path. A path without
+/// a drive refers to `current`, and so does "C:name" if `current` is on drive C:. None if `path` is empty or contains a
 /// wildcard or another character that names cannot have.
 std::optional<String> FullPath(StringView path, StringView current);
 

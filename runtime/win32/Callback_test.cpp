@@ -1,4 +1,4 @@
-// Where the error of a handler is thrown when the window system has called the handler.
+// Errors of handlers that the window system calls, and the calls that throw these errors again.
 #include "runtime/win32/Callback.h"
 
 #include <gtest/gtest.h>

@@ -7,8 +7,8 @@
 
 namespace runtime::win32 {
 
-/// The calling thread's top-level windows that are enabled when this object is created. The destructor re-enables those
-/// that are disabled by then, by this object or by other code. Used on that thread only.
+/// The calling thread's top-level windows that are enabled when this object is created. The destructor enables each of
+/// them that is disabled, no matter which code disabled it. Used on that thread only.
 class DisabledWindows {
  public:
     /// `question` is the dialog, which stays enabled; may be null.

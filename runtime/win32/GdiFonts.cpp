@@ -40,7 +40,7 @@ int CALLBACK NoteFound(const LOGFONTW* /*font*/, const TEXTMETRICW* /*metric*/, 
 bool GdiFonts::IsInstalled(StringView face) {
     if (face.empty() || face.size() >= LF_FACESIZE) return false;
     LOGFONTW description{};
-    // Accept any character set. For a fixed one, the system may prefer another face that has the character set.
+    // Accept any character set. For a fixed character set, the system may prefer another face that has it.
     description.lfCharSet = DEFAULT_CHARSET;
     std::copy(face.begin(), face.end(), description.lfFaceName);
     bool found = false;

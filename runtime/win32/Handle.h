@@ -7,7 +7,7 @@
 
 namespace runtime::win32 {
 
-/// Owns a handle. The policy gives its type, its invalid value and how to close it.
+/// Owns a handle. The policy defines the type, the invalid value and the closing function.
 template <typename Policy>
 class UniqueHandle {
  public:

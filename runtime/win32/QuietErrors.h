@@ -5,7 +5,8 @@
 
 namespace runtime::win32 {
 
-/// Applies to the current thread until the object is destroyed. What the thread suppresses already stays suppressed.
+/// Applies to the current thread until the object is destroyed. Message boxes that the thread suppresses already stay
+/// suppressed.
 class QuietErrors {
  public:
     /// `kinds`: SEM_FAILCRITICALERRORS, SEM_NOOPENFILEERRORBOX.

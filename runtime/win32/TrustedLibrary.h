@@ -1,5 +1,5 @@
-// Loads libraries from known folders only. The current folder and PATH are never searched for a library. Otherwise a
-// prepared file in the folder of a design could run in the program that opens the design.
+// Loads libraries from known folders only, not from the current folder or PATH. Otherwise a prepared file in the folder
+// of a design could run in the program that opens the design.
 #pragma once
 
 #include "runtime/Text.h"

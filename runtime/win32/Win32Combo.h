@@ -32,8 +32,7 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     Notice NoticeOfClosing();
     void PutBackOpening();
     bool HasChangedSinceOpening();
-    /// True if the control shows the text of the selected item. Always true for a drop-down list without an edit
-    /// window.
+    /// True if the control shows the text of the selected item. Always true for a control without an edit window.
     bool ShowsItem();
     String TextOfItem(int item) const;
 

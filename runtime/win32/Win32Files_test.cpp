@@ -11,7 +11,7 @@
 namespace runtime::win32 {
 namespace {
 
-/// Deletes the folder and its contents, whatever attributes they have.
+/// Deletes the folder and its contents, including read-only, hidden and system files.
 void DeleteFolder(const String& folder) {
     WIN32_FIND_DATAW found{};
     FindHandle search(FindFirstFileW(Wide(folder + u"\\*"), &found));

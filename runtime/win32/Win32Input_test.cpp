@@ -76,7 +76,7 @@ TEST_F(RealInputs, AccessibleName_KeepsAllCharacters) {
     }
 }
 
-/// Records the requests to change a window's position or order.
+/// Records the requests to change a window's position or z-order.
 class OrderSpy {
  public:
     struct Request {

@@ -54,7 +54,7 @@ bool IsQuitting() {
 
 std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) {
     const auto style = static_cast<UINT>(flags);
-    // Windows versions treat an unknown set of buttons differently.
+    // An unknown set of buttons has different effects on different versions of Windows.
     if (!HasKnownButtons(style)) throw ErrorAbout(kInvalidProcedureCall, u"no message box has such buttons");
     const String promptText = NulsAsBlanks(prompt);
     const String titleText = NulsAsBlanks(title);

@@ -1,5 +1,5 @@
 // The modal loop of a dialog. The window that was active owns the dialog. All other windows of the thread are disabled.
-// The client's mouse pointer, which may be a busy one, is replaced by an arrow until the dialog closes.
+// An arrow replaces the client's mouse pointer, which may be an hourglass, until the dialog closes.
 #pragma once
 
 #include <optional>
@@ -28,7 +28,7 @@ class Win32Modal final : public ModalLoop {
     HWND window_;
     HWND owner_;
     DisabledWindows others_;
-    std::optional<HCURSOR> pointerBefore_;  ///< none if the component shows a pointer of its own
+    std::optional<HCURSOR> pointerBefore_;  ///< the client's pointer; none if the component shows its own
     bool ended_ = false;
 };
 

@@ -14,8 +14,8 @@ class Win32Process : public ProcessPort {
     String CommandLine() override;
     String ComponentFolder() override;
     /// A process may have several claims, on any threads and from several copies of this code. It stays the first
-    /// instance until the last of them is destroyed. The system releases the claims of a process that ends in any way.
-    /// Error 7 if the system cannot create the claim.
+    /// instance until its last claim is destroyed. The system releases the claims of a process that ends, also after a
+    /// crash. Error 7 if the system cannot create the claim.
     std::unique_ptr<InstanceClaim> ClaimFirstInstance() override;
 
  private:

@@ -256,8 +256,8 @@ LRESULT Win32Window::OnActivate(WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-// The default handling hides the window when its owner is minimised, and shows it again later. The form still counts it
-// as visible.
+// The default handling hides the window when its owner is minimised, and shows it again later. For the form, the window
+// stays visible.
 LRESULT Win32Window::OnShowWindow(WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     if (lParam == SW_PARENTCLOSING) isHiddenWithOwner_ = true;

@@ -68,7 +68,7 @@ class Win32Window : public NativeWindow {
     Win32Windows& system_;
     WindowEvents& events_;
     HWND window_ = nullptr;
-    bool isHiddenWithOwner_ = false;  ///< Windows hides it while its owner is minimised
+    bool isHiddenWithOwner_ = false;  ///< Windows hid it because its owner was minimised
     GdiBrush background_;
     std::vector<std::unique_ptr<Win32Control>> controls_;
 };

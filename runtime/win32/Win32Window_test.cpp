@@ -1,6 +1,5 @@
-// Forms with real windows. The form reacts to what the user, other programs and the system do to its window. No window,
-// message or window class is left over. The tests send messages to the form's window in place of the user, other
-// programs and the system.
+// Forms with real windows. A form reacts to what the user, other programs and the system do to its window. The tests
+// simulate this with messages to the window. No window, message or window class is left over.
 #include "runtime/win32/Win32Window.h"
 
 #include <gmock/gmock.h>

@@ -48,7 +48,7 @@ class Win32Windows : public WindowsPort {
     DWORD dispatchingThread_ = 0;  ///< the thread may have ended
     Win32Fonts fonts_;
     std::int16_t pointer_ = 0;
-    HCURSOR pointerBefore_ = nullptr;  ///< the client's pointer, from before a pointer of the component replaced it
+    HCURSOR pointerBefore_ = nullptr;  ///< the client's pointer, which the component's pointer replaced
 };
 
 }  // namespace runtime::win32
