@@ -17,7 +17,7 @@ PromptForm::PromptSession::PromptSession(PromptForm& form) : form_(form) {
     form_.hasOpenPrompt_ = true;
 }
 
-// A handler of the unload must not ask with this dialog again, so the flag is cleared after the unload.
+// Clears the flag after the unload, so that a handler of the unload cannot ask with this dialog again.
 PromptForm::PromptSession::~PromptSession() {
     runtime::IgnoreErrors([this] { form_.Unload(); });
     form_.hasOpenPrompt_ = false;

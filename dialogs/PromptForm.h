@@ -1,5 +1,5 @@
-// The base of the dialogs that ask one question and wait for its answer: how a question begins and ends, and the one
-// dialog of each kind that a process shares. Everything here is used on the home thread.
+// The base of the dialogs that ask one question and wait for the answer: the begin and end of a question, and the
+// shared dialog of each kind. Home thread only.
 #pragma once
 
 #include <memory>
@@ -10,18 +10,18 @@ namespace dialogs {
 
 class PromptForm : public runtime::Form {
  public:
-    /// True from the call that asks until its answer was taken.
+    /// True from the begin of a question until its form was unloaded.
     bool HasOpenPrompt() const { return hasOpenPrompt_; }
-    /// Moves `form` to the middle of the screen; a form that is larger moves down and right.
+    /// Centres `form` on the screen; see services::SetForm.
     static void SetForm(runtime::Form& form);
 
  protected:
     using Form::Form;
 
-    /// One question. Its destructor unloads the form and ignores errors of that.
+    /// One question. The destructor unloads the form and ignores errors of the unload.
     class PromptSession {
      public:
-        /// Error 400 while another question is open in `form`.
+        /// Error 400 if `form` has an open question.
         explicit PromptSession(PromptForm& form);
         ~PromptSession();
         PromptSession(const PromptSession&) = delete;
@@ -35,14 +35,14 @@ class PromptForm : public runtime::Form {
     bool hasOpenPrompt_ = false;
 };
 
-/// The process's shared dialog of a kind; null before the first question.
+/// The process's shared dialog of a kind; null before its first question.
 template <typename Dialog>
 Dialog* SharedDialog() {
     return static_cast<Dialog*>(Dialog::Shared().get());
 }
 
-/// Calls `ask` with the shared dialog of the kind. While a question is open in that one, `ask` gets a dialog of its
-/// own: a handler can ask a second question, which is answered first and does not touch the outer one.
+/// Calls `ask` with the shared dialog of the kind. If that dialog has an open question, `ask` gets a new dialog
+/// instead. So a handler can ask a second question during the first one. The second question is answered first.
 template <typename Dialog, typename Ask>
 auto AskWithShared(Ask&& ask) {
     if (!SharedDialog<Dialog>()) Dialog::Shared() = std::make_unique<Dialog>();

@@ -23,7 +23,7 @@ constexpr std::int16_t kKeyF1 = 112;
 constexpr StringView kLineBreak = u"\r\n";
 constexpr StringView kExtraButtonText = u"\x01";
 
-/// All input controls lie on the same spot, and one of them is shown.
+/// All input controls have the same place. One of them is shown.
 constexpr Rect InputSpot(Twips height) {
     return {60, 1170, 5475, height};
 }
@@ -203,7 +203,7 @@ void Qmxquery::Wait() {
 }
 
 void Qmxquery::Accept() {
-    // One Enter reaches the form and then the combo box.
+    // The form and then the combo box receive the same Enter.
     if (isAnswered_) return;
     Control& input = InputFor(kind_);
     const String text = input.Text();
@@ -248,7 +248,7 @@ void Qmxquery::OnKeyUp(std::int16_t& keyCode, std::int16_t shift) {
 
 String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                 std::int32_t& index, bool showButton, const String& buttonCaption) {
-    // A copy: while the dialog is open, the one in use may be exchanged.
+    // Copy the function, because it may be replaced while the dialog is open.
     const services::SuiteQuery ask = services::Values().suiteQuery;
     return ask(title, prompt, values, kind, index, showButton, buttonCaption);
 }

@@ -1,5 +1,5 @@
-// The suite's query dialog: asks for one value as a line of text, in a combo box, a drop-down list, a block of text or
-// a list box, with an extra button when the caller wants one.
+// The suite's query dialog. It asks for one value in a text box, a combo box, a drop-down list, a block of text or a
+// list box. The caller may add an extra button. Home thread only.
 #pragma once
 
 #include <cstdint>
@@ -17,29 +17,31 @@ using runtime::StringView;
 
 class Qmxquery : public PromptForm {
  public:
-    /// What `index` is afterwards when it is no place among the values.
+    /// Values of `index` after a question for which no item was chosen.
     enum Result : std::int32_t { kNothingChosen = 0, kCancelled = -1, kExtraButton = -100 };
 
-    /// Where the process keeps its shared one.
+    /// The variable that holds the process's shared dialog.
     static std::unique_ptr<runtime::Form>& Shared() { return services::Values().forms.query; }
 
     Qmxquery();
 
-    /// Asks and waits. `kind` is a QueryKind; any other number is kText. `values` holds the initial text and, behind
-    /// it, the items of a list; on entry `index` is the selected item counted from 0, -1 for none. Afterwards `index`
-    /// is the subscript of the chosen value or a Result, and `values[0]`, which is returned as well, the answer: empty
-    /// when cancelled, the character 1 for the extra button. Closing the dialog in any way but by a button or Enter
-    /// cancels.
+    /// Asks one question and waits for the answer.
+    /// - `kind` is a QueryKind; any other number is kText.
+    /// - `values[0]` is the initial text, without its trailing blanks. The other values are the items of a list.
+    /// - On entry, `index` is the selected item, counted from 0, or -1 for none. On return, it is the subscript of the
+    ///   chosen value in `values`, or a Result.
+    /// - The result, which is also stored in `values[0]`, is the answer: empty if the user cancelled, the character 1
+    ///   for the extra button. Closing the dialog other than by a button or Enter cancels.
     ///
-    /// Trailing blanks of `values[0]` are removed even when no dialog shows. Errors of controls pass and leave nothing
-    /// open, and `index` is what it was: 6 for a prompt too long for 32 bits of height, 9 without a `values[0]`, 380
-    /// for an `index` outside a list. Error 400 while this very dialog asks.
+    /// Errors: 6 (the prompt needs a height of more than 32 bits), 9 (no `values[0]`), 380 (`index` is outside the
+    /// list), 400 (this dialog has an open question), and those of the controls. An error closes the dialog and leaves
+    /// `index` unchanged.
     String QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                  std::int32_t& index, bool showButton, const String& buttonCaption);
 
-    // What the last question left; it outlives the window.
+    // Values of the last question. They stay after the form was unloaded.
 
-    /// Outer, in twips.
+    /// The form's outer height in twips.
     std::int32_t LayoutHeight() const { return layoutHeight_; }
     std::int32_t Kind() const { return kind_; }
     std::int32_t ResultIndex() const { return resultIndex_; }
@@ -54,9 +56,9 @@ class Qmxquery : public PromptForm {
     void OnKeyUp(std::int16_t& keyCode, std::int16_t shift) override;
 
  private:
-    /// The control that takes the kind's value.
+    /// The input control of a kind.
     runtime::Control& InputFor(std::int32_t kind) const;
-    /// The one whose height the layout reckons with.
+    /// The control whose height the layout of a kind uses.
     runtime::Control& MeasuredInputFor(std::int32_t kind) const;
     std::int32_t LayOut(std::int32_t kind, StringView prompt, bool showButton);
     void Fill(const std::vector<String>& values, std::int32_t index);
@@ -81,11 +83,11 @@ class Qmxquery : public PromptForm {
     bool isAnswered_ = false;
 };
 
-/// Asks with the query dialog of the process (ProcessValues::suiteQuery). Features above call this one.
+/// Asks with the process's query dialog (ProcessValues::suiteQuery). Features call this function.
 String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                 std::int32_t& index, bool showButton, const String& buttonCaption);
 
-/// Asks with the process's shared dialog, or, while that one is open, with one of its own.
+/// Asks with the process's shared dialog, or with a new one if the shared dialog has an open question.
 String AskWithQueryDialog(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                           std::int32_t& index, bool showButton, const String& buttonCaption);
 

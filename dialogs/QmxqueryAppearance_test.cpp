@@ -1,4 +1,4 @@
-// How the query dialog looks: its design, what each kind of input shows, its layout and place.
+// The appearance of the query dialog: its design, the controls of each kind of input, its layout and place.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -38,7 +38,7 @@ TEST_F(Query, HasItsDesign) {
     EXPECT_FALSE(window.Control(u"F_Button").visible);
 }
 
-TEST_F(Query, TagsNameTheCaptions) {
+TEST_F(Query, ControlsHaveTheTagsOfTheirCaptions) {
     Qmxquery dialog;
     std::vector<String> tags;
     for (const auto& control : dialog.Controls()) tags.push_back(control->Tag());
@@ -87,7 +87,7 @@ TEST_F(Query, TabWalksInTheDesignsOrder) {
     EXPECT_THAT(walk(5), ElementsAre(u"cmdAccept", u"cmdCancel", u"cboList", u"F_Button", u"cmdAccept"));
 }
 
-TEST_F(Query, IsPutOnTopAtEachActivation) {
+TEST_F(Query, EachActivationMakesItTopmost) {
     Look({}, [](MemoryWindow& dialog) {
         EXPECT_THAT(dialog.topMost, ElementsAre(true));
         dialog.Events().Activated();
@@ -95,7 +95,7 @@ TEST_F(Query, IsPutOnTopAtEachActivation) {
     });
 }
 
-TEST_F(Query, PromptIsTheInputsName) {
+TEST_F(Query, PromptIsTheInputsAccessibleName) {
     for (const std::int32_t kind : {1, 2, 3, 4, 5}) {
         Look({.kind = kind, .prompt = u"Which?"}, [](MemoryWindow& dialog) {
             EXPECT_EQ(dialog.Control(ShownInputs(dialog).at(0)).accessibleName, u"Which?");
@@ -103,8 +103,8 @@ TEST_F(Query, PromptIsTheInputsName) {
     }
 }
 
-TEST_F(Query, ShortPromptLaysOutTheLowestForm) {
-    // Outer 2000: inner 1625.
+TEST_F(Query, ShortPrompt_FormHasTheMinimumHeight) {
+    // The outer height is 2000, the inner height 1625.
     Look({}, [](MemoryWindow& dialog) {
         EXPECT_EQ(dialog.outer.height, 2000);
         EXPECT_EQ(dialog.InnerSize().width, 5595);
@@ -113,7 +113,7 @@ TEST_F(Query, ShortPromptLaysOutTheLowestForm) {
         EXPECT_EQ(dialog.Control(u"cmdAccept").bounds.top, 210);
         EXPECT_EQ(dialog.Control(u"cmdCancel").bounds.top, 690);
     });
-    // Outer 2400 + 495: inner 2520.
+    // The outer height is 2400 + 495, the inner height 2520.
     Look({.kind = 5, .button = u"More"}, [](MemoryWindow& dialog) {
         EXPECT_EQ(dialog.outer.height, 2895);
         EXPECT_EQ(dialog.Control(u"F_Button").bounds, (runtime::Rect{120, 2145, 5415, 375}));
@@ -122,8 +122,9 @@ TEST_F(Query, ShortPromptLaysOutTheLowestForm) {
     });
 }
 
-TEST_F(Query, LongPromptOfLinesMakesItHigher) {
-    // Ten lines of 60 characters, 5400 wide: 1 + 10 + 3 lines of 195, and 765 of the block: 3495. Inner 3120.
+TEST_F(Query, PromptOfManyLines_FormIsHigher) {
+    // Ten lines of 60 characters are 5400 wide. 1 + 10 + 3 lines of 195 and 765 of the text block are an outer height
+    // of 3495 and an inner height of 3120.
     String prompt(60, u'm');
     for (int i = 1; i < 10; ++i) prompt += u"\r\n" + String(60, u'm');
     Look({.kind = 4, .prompt = prompt}, [](MemoryWindow& dialog) {
@@ -141,7 +142,7 @@ TEST_F(Query, LineEndIsNotCrLf_PromptIsOnePiece) {
         Look({.prompt = prompt}, [&height](MemoryWindow& dialog) { height = dialog.outer.height; });
         return height;
     };
-    // 30 pieces and three lines to spare; no line is wide enough to count twice.
+    // There are 30 pieces and three spare lines. No line is wide enough to count twice.
     EXPECT_EQ(heightOf(u"\r\n"), 33 * 195 + 315);
     for (const StringView other : {u"\n", u"\r", u"\n\r"}) EXPECT_EQ(heightOf(other), 2000);
 }
@@ -168,14 +169,14 @@ TEST_F(Query, HigherThanTheScreenIsLimited) {
     });
 }
 
-TEST_F(Query, IsMeasuredInTheFormsFontAndNotInTheLabels) {
+TEST_F(Query, PromptIsMeasuredInTheFormsFont) {
     services::Values().uiFont = {u"Arial", 80, 0};
     Look({.prompt = String(60, u'm')}, [](MemoryWindow& dialog) { EXPECT_EQ(dialog.outer.height, 2000); });
 }
 
 TEST_F(Query, IsCentred) {
     memory_.windows.screen = {19201, 15360};
-    // Outer size 5595 + 90 by 2000.
+    // The outer size is 5595 + 90 by 2000.
     Look({}, [](MemoryWindow& dialog) {
         EXPECT_EQ(dialog.outer, (runtime::Rect{(19201 - 5685) / 2.0F, 6680, 5685, 2000}));
     });
@@ -191,7 +192,7 @@ TEST_F(Query, EachQuestionStartsFromTheDesign) {
     });
 }
 
-TEST_F(Query, TakesCaptionsFromTheLanguage) {
+TEST_F(Query, CaptionsAreTranslated) {
     kernel_.Put(u"LANGUAGEPATH", u"C:\\lang");
     memory_.files.AddFile(u"C:\\lang\\K4TBackProcess.txt", "99177 = OK\n99388 = Abbruch\n");
     Look({}, [](MemoryWindow& dialog) {

@@ -1,5 +1,5 @@
-// The query dialog when something else comes between: errors, questions inside questions, other windows, an unload from
-// outside and the end of the program.
+// Interruptions of the query dialog: errors, questions inside questions, other windows, an unload by other code, and
+// the end of the program.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ using tests::Question;
 
 using Query = QueryTest;
 
-TEST_F(Query, UnloadedBySomebodyElseCancels) {
+TEST_F(Query, UnloadedByOtherCode_IsCancel) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, [](MemoryWindow&) { runtime::LoadedForms().At(0).Unload(); }), kNoAnswer);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
@@ -35,14 +35,14 @@ TEST_F(Query, RequestToQuitCancelsAndStaysPending) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(Query, ArrayWithoutItsFirstElementFailsBeforeAnythingShows) {
+TEST_F(Query, NoFirstElement_FailsBeforeTheDialogShows) {
     Question question{.values = {}, .index = 4};
     EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kSubscriptOutOfRange);
     EXPECT_EQ(question.index, 4);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-/// A dialog that has answered once, and what it must still have when the next question fails in its layout.
+/// A dialog that has answered one question. A next question that fails in its layout must change nothing.
 class QueryAfterAnAnswer : public QueryTest {
  protected:
     QueryAfterAnAnswer() {
@@ -51,7 +51,7 @@ class QueryAfterAnAnswer : public QueryTest {
         Queue([](MemoryWindow& dialog) { Click(dialog, u"cmdAccept"); });
         dialog_.QUERY(u"Title", u"Name?", values, kList, index, true, u"More");
     }
-    /// The error of a question that fails; it must change nothing.
+    /// Asks a question that fails, checks that nothing has changed, and returns the error.
     std::int32_t ErrorOfNext() {
         std::vector<String> values = {u"abc  ", u"C"};
         std::int32_t index = 7;
@@ -71,7 +71,7 @@ class QueryAfterAnAnswer : public QueryTest {
 };
 
 TEST_F(QueryAfterAnAnswer, LayoutOverflows_NothingIsStored) {
-    /// Counts so many pieces that their height is no 32-bit number, and notes the form's title when it is asked.
+    /// Returns so many pieces that their height exceeds 32 bits. Records the form's title at the call.
     struct ManyPieces : kernel_api::builtin::BuiltInSplitter {
         std::int32_t CountPieces(StringView, StringView) override {
             title = window->Last().caption;
@@ -91,7 +91,7 @@ TEST_F(QueryAfterAnAnswer, WindowCannotBeMade_NothingIsStored) {
     EXPECT_EQ(ErrorOfNext(), runtime::kOutOfMemory);
 }
 
-TEST_F(Query, IndexOutsideTheListFailsAndLeavesNothingOpen) {
+TEST_F(Query, IndexOutsideTheList_ErrorAndDialogIsClosed) {
     runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
     owner.SetVisible(true);
     for (const std::int32_t kind : {3, 5}) {
@@ -107,7 +107,7 @@ TEST_F(Query, IndexOutsideTheListFailsAndLeavesNothingOpen) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, PressEnter), (Answer{u"abc", 0}));
 }
 
-TEST_F(Query, ErrorInsideTheWaitReachesTheCallerWhoseValuesStay) {
+TEST_F(Query, ErrorDuringTheWait_CallersValuesStay) {
     runtime::SetMousePointer(runtime::kHourglassPointer);
     Question question{.values = {u"abc "}, .index = 7};
     Queue([](MemoryWindow&) { throw runtime::Error(runtime::kOverflow); });
@@ -118,13 +118,13 @@ TEST_F(Query, ErrorInsideTheWaitReachesTheCallerWhoseValuesStay) {
     EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
 }
 
-TEST_F(Query, BusyPointerIsBackAfterwards) {
+TEST_F(Query, BusyPointerIsRestored) {
     runtime::SetMousePointer(runtime::kHourglassPointer);
     Look({}, [](MemoryWindow&) { EXPECT_EQ(runtime::MousePointer(), runtime::kDefaultPointer); });
     EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
 }
 
-TEST_F(Query, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheDialogGoes) {
+TEST_F(Query, OtherWindowsAreDisabledUntilTheDialogCloses) {
     runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
     owner.SetVisible(true);
     MemoryWindow& ownerWindow = memory_.windows.Last();
@@ -138,7 +138,7 @@ TEST_F(Query, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheDialogGoes) {
     EXPECT_THAT(enabledWhenWindowsGo, ElementsAre(true));
 }
 
-TEST_F(Query, HiddenWindowTakesNoInputEitherWhenItIsShownMeanwhile) {
+TEST_F(Query, OtherWindowIsShownDuringTheDialog_IsDisabled) {
     runtime::Form other({.name = u"other", .caption = u"", .inner = {3000, 1500}});
     other.EnsureLoaded();
     MemoryWindow& otherWindow = memory_.windows.Last();
@@ -171,7 +171,7 @@ TEST_F(Query, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(Query, OpenDialogRefusesAnotherQuestionAndIsNotTouched) {
+TEST_F(Query, OpenDialog_RefusesAnotherQuestion) {
     Qmxquery dialog;
     std::vector<String> values = {u"first"};
     std::int32_t index = 0;

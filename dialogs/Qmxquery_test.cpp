@@ -1,4 +1,4 @@
-// What the query dialog answers: to each of its buttons, to keys, and for each kind of input.
+// The query dialog's answers to its buttons and to keys, for each kind of input.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -49,7 +49,7 @@ TEST_F(Query, OnlyBlanksAreStripped) {
     EXPECT_EQ(Ask({.values = {u"    "}}, PressEnter), (Answer{u"", 0}));
 }
 
-TEST_F(Query, IndexCountsFromNothingOnEntryAndIsASubscriptAfterwards) {
+TEST_F(Query, Index_IsAnItemOnEntryAndASubscriptOnReturn) {
     for (const std::int32_t kind : {3, 5}) {
         const Question question{.kind = kind, .values = {u"x", u"A", u"B", u"C"}, .index = 1};
         EXPECT_EQ(Ask(question, Clicks(u"cmdAccept")), (Answer{u"B", 2}));
@@ -57,20 +57,20 @@ TEST_F(Query, IndexCountsFromNothingOnEntryAndIsASubscriptAfterwards) {
     }
 }
 
-TEST_F(Query, NothingSelectedIsEmptyAndZero) {
+TEST_F(Query, NothingSelected_EmptyTextAndIndexZero) {
     for (const std::int32_t kind : {3, 5}) {
         EXPECT_EQ(Ask({.kind = kind, .values = {u"x", u"A"}}, Clicks(u"cmdAccept")), (Answer{u"", 0}));
         EXPECT_EQ(Ask({.kind = kind, .values = {u"x"}}, Clicks(u"cmdAccept")), (Answer{u"", 0}));
     }
 }
 
-TEST_F(Query, IndexDoesNotMatterWhereTextIsTyped) {
+TEST_F(Query, KindsWithText_IndexIsIgnored) {
     for (const std::int32_t kind : {0, 1, 2, 4}) {
         EXPECT_EQ(Ask({.kind = kind, .values = {u"abc"}, .index = 77}, Clicks(u"cmdAccept")), (Answer{u"abc", 0}));
     }
 }
 
-/// Notes what its controls are like when it goes.
+/// Records at its unload which inputs are visible or have items.
 class LeavingDialog : public Qmxquery {
  public:
     struct Input {
@@ -95,7 +95,7 @@ void PrintTo(const LeavingDialog::Input& input, std::ostream* out) {
     *out << runtime::ToUtf8(input.name) << (input.isVisible ? " visible, " : " hidden, ") << input.items;
 }
 
-TEST_F(Query, AcceptHidesTheInputAndClearsItsItemsAndOtherEndsDoNot) {
+TEST_F(Query, OnlyAcceptHidesTheInputAndClearsItsItems) {
     const auto leftBy = [this](std::int32_t kind, const User& user) {
         LeavingDialog dialog;
         std::vector<String> values = {u"x", u"A", u"B"};
@@ -120,7 +120,7 @@ TEST_F(Query, AcceptHidesTheInputAndClearsItsItemsAndOtherEndsDoNot) {
     }
 }
 
-TEST_F(Query, CancelExtraButtonAndAcceptedEmptyTextAreToldApart) {
+TEST_F(Query, CancelExtraButtonAndEmptyTextHaveDifferentResults) {
     const Question question{.values = {u"abc"}, .button = u"More"};
     EXPECT_EQ(Ask(question, Clicks(u"cmdCancel")), kNoAnswer);
     EXPECT_EQ(Ask(question, [](MemoryWindow& dialog) { dialog.Events().KeyDown(runtime::kKeyEscape, 0); }), kNoAnswer);
@@ -152,7 +152,7 @@ TEST_F(Query, ButtonHasTheFocus_EnterPressesIt) {
     EXPECT_EQ(enterAfter(3), kButtonAnswer);
 }
 
-TEST_F(Query, ClosingTheWindowCancelsEvenAfterAnEarlierAnswer) {
+TEST_F(Query, ClosedAfterAnEarlierAnswer_IsCancel) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, PressEnter), (Answer{u"abc", 0}));
     EXPECT_EQ(Ask({.values = {u"abc"}}, Close), kNoAnswer);
 }
@@ -162,7 +162,7 @@ TEST_F(Query, EnterInTheComboAccepts) {
     EXPECT_THAT(memory_.windows.Windows(), IsEmpty());
 }
 
-TEST_F(Query, EnterThatBothHandlersSeeAcceptsOnce) {
+TEST_F(Query, BothHandlersReceiveEnter_AcceptsOnce) {
     class OpenEars : public Qmxquery {
         void OnKeyPress(char16_t& character) override {
             runtime::Control& combo = *Controls().at(5);
@@ -177,7 +177,7 @@ TEST_F(Query, EnterThatBothHandlersSeeAcceptsOnce) {
     EXPECT_FALSE(dialog.IsLoaded());
 }
 
-TEST_F(Query, ComboAcceptsItsOwnEnterWhateverTheFormDoes) {
+TEST_F(Query, FormIgnoresEnter_ComboAccepts) {
     class DeafForm : public Qmxquery {
         void OnKeyPress(char16_t&) override {}
     } dialog;
@@ -197,7 +197,7 @@ TEST_F(Query, TypingReplacesTheInitialText) {
     }
 }
 
-TEST_F(Query, ComboGivesWhatIsPicked) {
+TEST_F(Query, ComboReturnsThePickedItem) {
     const auto pick = [](MemoryWindow& dialog) {
         dialog.Press(runtime::kKeyDown);
         dialog.Press(runtime::kKeyDown);
@@ -206,7 +206,7 @@ TEST_F(Query, ComboGivesWhatIsPicked) {
     EXPECT_EQ(Ask({.kind = 2, .values = {u"X", u"Y", u"Z"}}, pick), (Answer{u"Z", 0}));
 }
 
-TEST_F(Query, ListsAreWalkedByKeys) {
+TEST_F(Query, KeysSelectItemsInLists) {
     for (const std::int32_t kind : {3, 5}) {
         const auto answerTo = [this, kind](const User& keys) {
             const Question question{.kind = kind, .values = {u"", u"Ant", u"Bee", u"Cat"}, .index = 1};
@@ -222,7 +222,7 @@ TEST_F(Query, ListsAreWalkedByKeys) {
     }
 }
 
-TEST_F(Query, EnterInTheTextBlockMakesALine) {
+TEST_F(Query, EnterInTheTextBlock_StartsALine) {
     const auto type = [](MemoryWindow& dialog) {
         dialog.Press(runtime::kKeyTab);
         dialog.Press(runtime::kKeyTab);
@@ -235,7 +235,7 @@ TEST_F(Query, EnterInTheTextBlockMakesALine) {
     EXPECT_EQ(Ask({.kind = 4, .values = {u"abc"}}, type), (Answer{u"a\r\nb", 0}));
 }
 
-TEST_F(Query, HeldEnterIsNoAnswerButWritesLines) {
+TEST_F(Query, HeldEnter_WritesLinesButDoesNotAccept) {
     for (const std::int32_t kind : {1, 2, 3, 5}) {
         Look({.kind = kind, .values = {u"abc", u"A"}},
              [](MemoryWindow& dialog) { EXPECT_TRUE(dialog.Events().KeyDown(runtime::kKeyEnter, 0, true)); });
@@ -257,7 +257,7 @@ TEST_F(Query, OtherCharactersReachTheControls) {
     });
 }
 
-TEST_F(Query, ControlAndF1OpenHelpAndNothingElseDoes) {
+TEST_F(Query, OnlyControlF1OpensHelp) {
     services::Values().helpFilePath = u"D:\\Pelorix\\Marlentine.HLP";
     Look({}, [this](MemoryWindow& dialog) {
         for (const std::int16_t shift : {0, 1, 3, 4, 6}) dialog.Events().KeyUp(kF1, shift);
@@ -271,7 +271,7 @@ TEST_F(Query, ControlAndF1OpenHelpAndNothingElseDoes) {
     EXPECT_EQ(memory_.help.calls.at(0).opened, u"D:\\Pelorix\\Marlentine.chm");
 }
 
-TEST_F(Query, StateOutlivesTheWindow) {
+TEST_F(Query, Unloaded_ResultsAreKept) {
     Qmxquery dialog;
     std::vector<String> values = {u"", u"A", u"B"};
     std::int32_t index = 1;
@@ -300,7 +300,7 @@ TEST_F(Query, PromptMayBeTheValueItself) {
     EXPECT_EQ(AskQuery(values[0], values[0], values, kText, index, false, values[0]), u"Name?");
 }
 
-TEST_F(Query, AnotherDialogIsChosen_ItsAnswerIsTaken) {
+TEST_F(Query, OtherQueryFunctionInstalled_ItsAnswerIsReturned) {
     services::Values().suiteQuery = [](const String& title, const String& prompt, std::vector<String>& values,
                                        std::int32_t kind, std::int32_t& index, bool showButton,
                                        const String& buttonCaption) {

@@ -1,5 +1,5 @@
-// The arithmetic that fits the query dialog to its prompt, apart from any window: how high the form becomes, and where
-// its controls are placed in the client area that results. All lengths are in twips.
+// The arithmetic that fits the query dialog to its prompt: the height of the form, and the places of the controls in
+// the resulting client area. It uses no window. All lengths are in twips.
 #pragma once
 
 #include <cstdint>
@@ -8,35 +8,36 @@
 
 namespace dialogs {
 
-/// What the user is asked for. Any other number means kText.
+/// The kind of input. Any other number means kText.
 enum QueryKind : std::int32_t { kText = 1, kCombo = 2, kDropDown = 3, kTextBlock = 4, kList = 5 };
 
-/// What a form's height depends on.
+/// The values on which the form's height depends.
 struct QueryMeasures {
     std::int32_t kind = kText;
-    runtime::Twips labelWidth = 0;   ///< above 120
-    runtime::Twips promptWidth = 0;  ///< of its widest line, not wrapped
-    std::int32_t promptPieces = 0;   ///< between line breaks
+    runtime::Twips labelWidth = 0;   ///< more than 120
+    runtime::Twips promptWidth = 0;  ///< width of the widest line, not wrapped
+    std::int32_t promptPieces = 0;   ///< number of pieces between line breaks
     runtime::Twips lineHeight = 0;
-    /// Of the text block, the list box, or, for every other kind, the single-line text box: combo boxes are placed by
-    /// its height and not by their own.
+    /// Height of the text block or the list box. For all other kinds, the height of the single-line text box, which is
+    /// also used to place the combo boxes.
     runtime::Twips inputHeight = 0;
-    runtime::Twips buttonHeight = 0;  ///< of the extra button; meant only when it is shown
+    runtime::Twips buttonHeight = 0;  ///< height of the extra button; used only if it is shown
     bool showsButton = false;
     runtime::Twips screenHeight = 0;
 };
 
-/// The outer height of the form. Error 6 when it goes beyond 32 bits.
+/// The outer height of the form. Error 6 if it exceeds 32 bits.
 std::int32_t QueryFormHeight(const QueryMeasures& measures);
 
-/// The places of the controls, one above the other, in a client area `innerHeight` high.
+/// The places of the controls in the client area, from top to bottom.
 struct QueryPlaces {
     runtime::Twips labelHeight = 0;
     runtime::Twips inputTop = 0;
-    runtime::Twips buttonTop = 0;  ///< meant only when the extra button is shown
+    runtime::Twips buttonTop = 0;  ///< valid only if the extra button is shown
     bool operator==(const QueryPlaces&) const = default;
 };
 
+/// `innerHeight` is the height of the client area.
 QueryPlaces PlacesInQuery(runtime::Twips innerHeight, const QueryMeasures& measures);
 
 }  // namespace dialogs

@@ -1,4 +1,5 @@
-// The query dialog's arithmetic, beside numbers worked out by hand: the design's measures, lines 195 high.
+// Compares the query dialog's arithmetic with numbers calculated by hand, for the design's measures and lines of 195
+// twips.
 #include "dialogs/QueryLayout.h"
 
 #include <gtest/gtest.h>
@@ -33,15 +34,15 @@ QueryMeasures WithButton(QueryMeasures measures) {
     return measures;
 }
 
-TEST(QueryLayout, ShortPromptGivesTheLowestHeightOfItsKind) {
-    // One piece and three spare lines: 4 x 195 = 780, and 315, 765 or 840 of the control.
+TEST(QueryLayout, ShortPrompt_MinimumHeightOfItsKind) {
+    // One piece and three spare lines are 4 x 195 = 780 twips. The control adds 315, 765 or 840.
     for (const std::int32_t kind : {0, 1, 2, 3, 6, 9, -1}) EXPECT_EQ(QueryFormHeight(Measures(kind, 450, 1)), 2000);
     EXPECT_EQ(QueryFormHeight(Measures(kTextBlock, 450, 1)), 2400);
     EXPECT_EQ(QueryFormHeight(Measures(kList, 450, 1)), 2400);
 }
 
-TEST(QueryLayout, TenLinesGiveTheirHeightAndTheControls) {
-    // 5400 / 4035 = 1.34, so 1 + 10 + 3 lines are 14 x 195 = 2730.
+TEST(QueryLayout, TenLines_HeightOfLinesAndControl) {
+    // 5400 / 4035 is 1.34, rounded to 1. The 1 + 10 + 3 lines are 14 x 195 = 2730 twips high.
     EXPECT_EQ(QueryFormHeight(Measures(kText, 5400, 10)), 2730 + 315);
     EXPECT_EQ(QueryFormHeight(Measures(kDropDown, 5400, 10)), 2730 + 315);
     EXPECT_EQ(QueryFormHeight(Measures(kTextBlock, 5400, 10)), 2730 + 765);
@@ -62,25 +63,25 @@ TEST(QueryLayout, WidthOverTheLabelsRoundsHalvesToEven) {
 
 TEST(QueryLayout, HeightItselfRoundsHalvesToEven) {
     QueryMeasures measures = Measures(kText, 0, 17);  // 20 lines
-    measures.lineHeight = 195.125F;                   // 3902.5 and 315 are 4217.5
+    measures.lineHeight = 195.125F;                   // 3902.5 + 315 = 4217.5
     EXPECT_EQ(QueryFormHeight(measures), 4218);
-    measures.lineHeight = 195.375F;  // 3907.5 and 315 are 4222.5
+    measures.lineHeight = 195.375F;  // 3907.5 + 315 = 4222.5
     EXPECT_EQ(QueryFormHeight(measures), 4222);
 }
 
-TEST(QueryLayout, ExtraButtonAddsItsHeightAndAGapAboveTheLowestHeight) {
+TEST(QueryLayout, ExtraButton_AddsItsHeightAndAGap) {
     EXPECT_EQ(QueryFormHeight(WithButton(Measures(kText, 450, 1))), 2000 + 120 + 375);
     EXPECT_EQ(QueryFormHeight(WithButton(Measures(kList, 450, 1))), 2400 + 120 + 375);
     EXPECT_EQ(QueryFormHeight(WithButton(Measures(kText, 5400, 10))), 3045 + 120 + 375);
 }
 
-TEST(QueryLayout, HigherThanTheScreenIsLimitedWithRoomLeft) {
-    // 103 lines are 20085 high.
+TEST(QueryLayout, HigherThanTheScreen_HeightIsLimited) {
+    // 103 lines are 20085 twips high.
     EXPECT_EQ(QueryFormHeight(Measures(kText, 90, 100)), 15360 - 1200);
     EXPECT_EQ(QueryFormHeight(WithButton(Measures(kList, 90, 100))), 15360 - 1200);
 }
 
-TEST(QueryLayout, LimitIsForWhatIsHigherThanTheScreenOnly) {
+TEST(QueryLayout, AsHighAsTheScreen_HeightIsNotLimited) {
     QueryMeasures measures = Measures(kText, 450, 1);
     measures.screenHeight = 2000;
     EXPECT_EQ(QueryFormHeight(measures), 2000);
@@ -89,25 +90,25 @@ TEST(QueryLayout, LimitIsForWhatIsHigherThanTheScreenOnly) {
     EXPECT_EQ(QueryFormHeight(WithButton(measures)), 799);
 }
 
-TEST(QueryLayout, HeightBeyondTheNumbersIsAnOverflow) {
+TEST(QueryLayout, HeightBeyond32Bits_IsOverflow) {
     EXPECT_EQ(tests::ErrorOf([] { QueryFormHeight(Measures(kText, 0, 2'147'483'647)); }), runtime::kOverflow);
     EXPECT_EQ(tests::ErrorOf([] { QueryFormHeight(Measures(kText, 0, 20'000'000)); }), runtime::kOverflow);
     EXPECT_EQ(tests::ErrorOf([] { QueryFormHeight(Measures(kText, 1e20F, 1)); }), runtime::kOverflow);
 }
 
-TEST(QueryLayout, ControlsStandAtTheBottomAndTheLabelTakesTheRest) {
-    // 1625 is what 2000 leaves when frame and title bar take 375.
+TEST(QueryLayout, InputIsAtTheBottomAndTheLabelFillsTheRest) {
+    // Frame and title bar take 375 twips, so an outer height of 2000 leaves 1625.
     EXPECT_EQ(PlacesInQuery(1625, Measures(kText, 0, 1)), (QueryPlaces{1190, 1250, 1625}));
     EXPECT_EQ(PlacesInQuery(2025, Measures(kTextBlock, 0, 1)), (QueryPlaces{1140, 1200, 2025}));
     EXPECT_EQ(PlacesInQuery(2025, Measures(kList, 0, 1)), (QueryPlaces{1065, 1125, 2025}));
 }
 
-TEST(QueryLayout, ExtraButtonStandsBelowThem) {
+TEST(QueryLayout, ExtraButtonIsBelowTheInput) {
     EXPECT_EQ(PlacesInQuery(2120, WithButton(Measures(kText, 0, 1))), (QueryPlaces{1310, 1370, 1745}));
     EXPECT_EQ(PlacesInQuery(2520, WithButton(Measures(kList, 0, 1))), (QueryPlaces{1185, 1245, 2145}));
 }
 
-/// Measures of every shape, always the same ones, with many that lie in the middle between two numbers of lines.
+/// Makes measures of all kinds. The sequence is always the same. Many prompts are exactly between two numbers of lines.
 class MeasuresMaker {
  public:
     QueryMeasures Next() {
@@ -129,7 +130,7 @@ class MeasuresMaker {
 
  private:
     std::size_t Pick(std::size_t count) { return random_() % count; }
-    /// 0 to below `end`.
+    /// A multiple of 0.5, from 0 to below `end`.
     runtime::Twips Halves(std::size_t end) { return static_cast<runtime::Twips>(Pick(2 * end)) / 2; }
 
     std::minstd_rand random_{4711};

@@ -86,7 +86,7 @@ std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringV
     return result_;
 }
 
-// In ascending order: a button that gets a place pushes those behind it on.
+// Sets the places in ascending order, because a button that gets a place moves the following buttons.
 void frmQMXMsgBox::ChooseFirstButton(std::int32_t flags) {
     const int first = (flags & kDefaultButtonBits) >> 8;
     if (first == 0) return;
@@ -115,7 +115,8 @@ void frmQMXMsgBox::LayOut(std::int32_t origW, std::int32_t origH) {
 
 void frmQMXMsgBox::OnLoad() {
     services::LocaliseForm(*this);
-    // With another font the label has followed its placeholder text, but prompts are measured against the design.
+    // Restore the label's design size, against which prompts are measured. A new font has fitted the label to its
+    // placeholder text.
     lblPrompt_->SetBounds(BoxPromptDesign().bounds);
 }
 
@@ -126,7 +127,7 @@ void frmQMXMsgBox::OnClick(Control& control) {
     Hide();
 }
 
-// A plain letter presses the button whose caption marks it: it comes back together with Alt.
+// Sends the character again together with Alt, so that a plain letter presses the button with that access key.
 void frmQMXMsgBox::OnKeyPress(char16_t& character) {
     runtime::IgnoreErrors([character] { runtime::CurrentPorts().windows.SendAltKey(character); });
 }

@@ -1,5 +1,5 @@
-// The suite's own message box: a modal question with the answers Yes, No, Yes To All and Cancel, for work that would
-// else have to ask again and again. Services reach it through ShowMessage.
+// The suite's own message box: a modal question with the answers Yes, No, Yes To All and Cancel. It is for work that
+// would otherwise ask the same question many times. Services reach it through ShowMessage. Home thread only.
 #pragma once
 
 #include <array>
@@ -17,17 +17,17 @@ using runtime::StringView;
 
 class frmQMXMsgBox : public PromptForm {
  public:
-    /// The answers; all but kYesToAll are the platform's own codes.
+    /// The answers. All but kYesToAll are the system's own codes.
     enum Result : std::int32_t { kCancel = 2, kYes = 6, kNo = 7, kYesToAll = 8 };
 
-    /// Where the process keeps its shared one.
+    /// The variable that holds the process's shared box.
     static std::unique_ptr<runtime::Form>& Shared() { return services::Values().forms.messageBox; }
 
     frmQMXMsgBox();
 
-    /// Asks and waits; the form is unloaded afterwards. Of `flags` only the default-button bits count (0x300). Closing
-    /// the box in any way but by a button is kCancel. Errors of controls pass and leave nothing open. Error 400 while
-    /// this very box asks, which it does until its answer was taken.
+    /// Asks, waits for the answer and unloads the form. Only the default-button bits (0x300) of `flags` are used.
+    /// Closing the box other than by a button is kCancel. Error 400 if this box has an open question. Errors of
+    /// controls close the box and reach the caller.
     std::int32_t ShowMe(StringView prompt, std::int32_t flags, StringView title);
 
  protected:
@@ -47,7 +47,7 @@ class frmQMXMsgBox : public PromptForm {
     std::int32_t result_ = kCancel;
 };
 
-/// Asks with the process's shared box, or, while that one is open, with one of its own.
+/// Asks with the process's shared box, or with a new one if the shared box has an open question.
 std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title);
 
 }  // namespace dialogs

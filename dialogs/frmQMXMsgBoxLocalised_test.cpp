@@ -1,4 +1,4 @@
-// The suite's message box in the user's language and font, played in memory.
+// Runs the suite's message box in the user's language and font, in memory.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -22,7 +22,7 @@ using ::testing::ElementsAre;
 class LocalisedBox : public tests::HeadlessComponentTest {
  protected:
     LocalisedBox() { memory_.windows.MakePixelsTwips(); }
-    /// Asks, looks at the open box and closes it.
+    /// Asks, runs `look` while the box is open, and closes the box.
     void Look(StringView prompt, const std::function<void(MemoryWindow&)>& look) {
         bool wasOpen = false;
         memory_.windows.Post([this, look, &wasOpen] {
@@ -49,7 +49,7 @@ class LocalisedBox : public tests::HeadlessComponentTest {
     }
 };
 
-TEST_F(LocalisedBox, ButtonsHaveTheLanguagesCaptions) {
+TEST_F(LocalisedBox, ButtonCaptionsAreTranslated) {
     Learn(u"C:\\de", "39171 = &Ja\n39172 = &Nein\n39173 = Ja zu &allem\n99388 = Abbrechen\n");
     EXPECT_THAT(Captions(), ElementsAre(u"&Ja", u"&Nein", u"Ja zu &allem", u"Abbrechen"));
 }
@@ -71,7 +71,7 @@ TEST_F(LocalisedBox, TranslatedAccessKeyPressesItsButton) {
 
 TEST_F(LocalisedBox, LoadLeavesTheLabelAtItsDesignSize) {
     Values().uiFont = {u"Arial", 16, 161};
-    // A short prompt: what it is measured against is the design, not the placeholder in the new font.
+    // A short prompt is measured against the design, not against the placeholder in the new font.
     Look(u"A?", [](MemoryWindow& box) {
         EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 3700, 390}));
         EXPECT_EQ(box.Control(u"lblPrompt").font, (Font{u"Arial", 16, 161, false}));
@@ -88,7 +88,7 @@ TEST_F(LocalisedBox, PromptIsMeasuredInTheLanguagesFont) {
     });
 }
 
-TEST_F(LocalisedBox, WithoutAChosenFontItStaysUsable) {
+TEST_F(LocalisedBox, NoFontChosen_BoxIsUsable) {
     Look(u"Overwrite?", [](MemoryWindow& box) {
         EXPECT_EQ(box.Control(u"lblPrompt").font, Font{});
         EXPECT_EQ(box.Control(u"cmdBut").font, Font{});

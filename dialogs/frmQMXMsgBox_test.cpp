@@ -1,5 +1,5 @@
-// The suite's message box, played in memory. A character is 90 twips wide and a line 195 high there, and a pixel is a
-// twip, so that bounds are what the layout gives.
+// Runs the suite's message box in memory. There, a character is 90 twips wide and a line is 195 twips high. A pixel is
+// one twip, so that bounds are not rounded.
 #include "dialogs/frmQMXMsgBox.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ class MessageBox : public tests::HeadlessComponentTest {
  protected:
     MessageBox() { memory_.windows.MakePixelsTwips(); }
 
-    /// Asks, and does `user` while the box is open.
+    /// Asks, and runs `user` while the box is open.
     std::int32_t Ask(std::int32_t flags, const std::function<void(MemoryWindow&)>& user,
                      runtime::StringView prompt = u"Overwrite?") {
         wasOpen_ = false;
@@ -42,7 +42,7 @@ class MessageBox : public tests::HeadlessComponentTest {
     }
     static MemoryControl& Button(MemoryWindow& box, std::size_t index) { return *box.controls.at(index + 2); }
 
-    /// Walks with Tab and notes the focused buttons, beginning with the first.
+    /// The buttons that Tab reaches, starting with the button that has the focus first.
     std::vector<int> WalkOf(std::int32_t flags) {
         std::vector<int> walk;
         Ask(flags, [&](MemoryWindow& box) {
@@ -90,7 +90,7 @@ TEST_F(MessageBox, HasItsDesign) {
     });
 }
 
-TEST_F(MessageBox, ClicksGiveTheCodeOfTheirButton) {
+TEST_F(MessageBox, ClickReturnsTheButtonsCode) {
     const auto click = [this](std::size_t button) {
         return Ask(8, [button](MemoryWindow& box) { box.Events().Clicked(button + 2); });
     };
@@ -100,26 +100,26 @@ TEST_F(MessageBox, ClicksGiveTheCodeOfTheirButton) {
     EXPECT_EQ(click(3), 2);
 }
 
-TEST_F(MessageBox, EnterPressesTheButtonThatTheFlagsPutFirst) {
+TEST_F(MessageBox, EnterPressesTheDefaultButtonOfTheFlags) {
     EXPECT_EQ(AskAndPress(8, runtime::kKeyEnter), 6);
     EXPECT_EQ(AskAndPress(8 + 0x100, runtime::kKeyEnter), 7);
     EXPECT_EQ(AskAndPress(8 + 0x200, runtime::kKeyEnter), 8);
     EXPECT_EQ(AskAndPress(8 + 0x300, runtime::kKeyEnter), 2);
 }
 
-TEST_F(MessageBox, OtherFlagsDoNotMatter) {
+TEST_F(MessageBox, OtherFlagsAreIgnored) {
     EXPECT_EQ(AskAndPress(8 + 48 + 4 + 0x1000, runtime::kKeyEnter), 6);
     EXPECT_EQ(AskAndPress(-1, runtime::kKeyEnter), 2);
 }
 
-TEST_F(MessageBox, TabWalksInTheOrderThatTheFlagsGive) {
+TEST_F(MessageBox, TabOrderStartsAtTheDefaultButtonOfTheFlags) {
     EXPECT_THAT(WalkOf(8), ElementsAre(0, 1, 2, 3, 0));
     EXPECT_THAT(WalkOf(8 + 0x100), ElementsAre(1, 2, 3, 0, 1));
     EXPECT_THAT(WalkOf(8 + 0x200), ElementsAre(2, 3, 0, 1, 2));
     EXPECT_THAT(WalkOf(8 + 0x300), ElementsAre(3, 0, 1, 2, 3));
 }
 
-TEST_F(MessageBox, EscapeIsCancelWhereverTheFocusIs) {
+TEST_F(MessageBox, EscapeIsCancelWithAnyFocus) {
     EXPECT_EQ(AskAndPress(8, runtime::kKeyEscape), 2);
     EXPECT_EQ(AskAndPress(8 + 0x200, runtime::kKeyEscape), 2);
 }
@@ -135,7 +135,7 @@ TEST_F(MessageBox, PlainLettersPressTheMarkedButton) {
     EXPECT_EQ(memory_.windows.altKeys, u"yntT");
 }
 
-TEST_F(MessageBox, EveryCharacterIsResentAndOnesThatNoButtonHasDoNothing) {
+TEST_F(MessageBox, CharacterOfNoButton_IsResentAndDoesNothing) {
     const auto answer = Ask(8, [this](MemoryWindow& box) {
         for (const char16_t character : {u'x', u'%', u'{', u'\u3042'}) box.Events().KeyPress(character);
         memory_.windows.Post([&box] { box.Events().KeyDown(runtime::kKeyEnter, 0); });
@@ -165,17 +165,17 @@ TEST_F(MessageBox, BlanksAndControlCharactersAreNotResent) {
     EXPECT_EQ(memory_.windows.altKeys, u"5(~");
 }
 
-TEST_F(MessageBox, HiddenByOthersIsCancel) {
+TEST_F(MessageBox, HiddenByOtherProgram_IsCancel) {
     EXPECT_EQ(Ask(8, [](MemoryWindow& box) { box.OthersHide(); }), 2);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(MessageBox, ClosingTheWindowIsCancelEvenAfterAnEarlierAnswer) {
+TEST_F(MessageBox, ClosedAfterAnEarlierAnswer_IsCancel) {
     EXPECT_EQ(AskAndPress(8, runtime::kKeyEnter), 6);
     EXPECT_EQ(Ask(8, [](MemoryWindow& box) { box.Events().Closing(runtime::UnloadReason::kUser); }), 2);
 }
 
-TEST_F(MessageBox, UnloadedBySomebodyElseIsCancel) {
+TEST_F(MessageBox, UnloadedByOtherCode_IsCancel) {
     EXPECT_EQ(Ask(8, [](MemoryWindow&) { runtime::LoadedForms().At(0).Unload(); }), 2);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
@@ -187,7 +187,7 @@ TEST_F(MessageBox, RequestToQuitIsCancelAndStaysPending) {
 }
 
 TEST_F(MessageBox, WidePromptWidensTheFormAndShiftsTheButtonsByHalf) {
-    // 51 characters are 4590 wide: 890 more than the label's 3700. Half of it is 445.
+    // 51 characters are 4590 wide, 890 more than the label's 3700. Half of 890 is 445.
     const runtime::String prompt(51, u'm');
     Ask(
         8,
@@ -202,8 +202,8 @@ TEST_F(MessageBox, WidePromptWidensTheFormAndShiftsTheButtonsByHalf) {
         prompt);
 }
 
-TEST_F(MessageBox, OddHalvesAreTwips) {
-    // At 1 point a character is 11 twips wide: 343 of them are 3773, 73 more than the label's 3700.
+TEST_F(MessageBox, OddGrowth_ButtonsMoveByHalfATwip) {
+    // At 1 point a character is 11 twips wide. 343 characters are 3773 wide, 73 more than the label's 3700.
     class SmallPrint : public frmQMXMsgBox {
         void OnLoad() override {
             runtime::Control& prompt = *Controls().at(1);
@@ -219,7 +219,7 @@ TEST_F(MessageBox, OddHalvesAreTwips) {
     box.ShowMe(runtime::String(343, u'm'), 0, u"");
 }
 
-/// Windows in which every text has the same size, of broken twips if need be.
+/// Windows in which every text has the same size, which may have fractions of twips.
 class FixedTextSize : public runtime::headless::MemoryWindows {
  public:
     explicit FixedTextSize(runtime::Size size) : size_(size) { MakePixelsTwips(); }
@@ -230,7 +230,7 @@ class FixedTextSize : public runtime::headless::MemoryWindows {
 };
 
 TEST_F(MessageBox, PromptGrowsByHalfTwips_GrowthIsRoundedToEven) {
-    // The label is 3700 by 390: it grows by 1.5 twips each way, then by 2.5.
+    // The label is 3700 by 390. It grows by 1.5 twips in both directions, then by 2.5.
     for (const runtime::Size text : {runtime::Size{3701.5F, 391.5F}, {3702.5F, 392.5F}}) {
         FixedTextSize windows(text);
         const runtime::Ports ports = tests::WithPort(ports_, windows);
@@ -247,8 +247,8 @@ TEST_F(MessageBox, PromptGrowsByHalfTwips_GrowthIsRoundedToEven) {
     }
 }
 
-TEST_F(MessageBox, LongPromptOfLinesLowersTheButtons) {
-    // Ten lines are 1950 high: 1560 more than the label's 390.
+TEST_F(MessageBox, PromptOfManyLines_ButtonsMoveDown) {
+    // Ten lines are 1950 high, 1560 more than the label's 390.
     Ask(
         8,
         [](MemoryWindow& box) {
@@ -263,7 +263,7 @@ TEST_F(MessageBox, LongPromptOfLinesLowersTheButtons) {
 TEST_F(MessageBox, IsCentredWithoutClamping) {
     memory_.windows.screen = {3001, 900};
     Ask(8, [](MemoryWindow& box) {
-        // Outer size 5085 + 90 by 1425 + 375.
+        // The outer size is 5085 + 90 by 1425 + 375.
         EXPECT_EQ(box.outer, (runtime::Rect{(3001 - 5175) / 2.0F, (900 - 1800) / 2.0F, 5175, 1800}));
         box.Events().Closing(runtime::UnloadReason::kUser);
     });
@@ -280,7 +280,7 @@ TEST_F(MessageBox, EachQuestionStartsFromTheDesign) {
     EXPECT_THAT(WalkOf(8), ElementsAre(0, 1, 2, 3, 0));
 }
 
-TEST_F(MessageBox, BusyPointerIsBackAfterwards) {
+TEST_F(MessageBox, BusyPointerIsRestored) {
     runtime::SetMousePointer(runtime::kHourglassPointer);
     Ask(8, [](MemoryWindow& box) {
         EXPECT_EQ(runtime::MousePointer(), runtime::kDefaultPointer);
@@ -289,7 +289,7 @@ TEST_F(MessageBox, BusyPointerIsBackAfterwards) {
     EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
 }
 
-TEST_F(MessageBox, BoxIsUnloaded_BusyPointerIsAlreadyBack) {
+TEST_F(MessageBox, BusyPointerIsRestoredBeforeTheUnload) {
     struct WatchedBox : frmQMXMsgBox {
         void OnUnload(bool&) override { pointers.push_back(runtime::MousePointer()); }
         std::vector<std::int16_t> pointers;
@@ -300,7 +300,7 @@ TEST_F(MessageBox, BoxIsUnloaded_BusyPointerIsAlreadyBack) {
     EXPECT_THAT(box.pointers, ElementsAre(runtime::kHourglassPointer));
 }
 
-TEST_F(MessageBox, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheBoxGoes) {
+TEST_F(MessageBox, OtherWindowsAreDisabledUntilTheBoxCloses) {
     runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
     owner.SetVisible(true);
     MemoryWindow& ownerWindow = memory_.windows.Last();
@@ -313,7 +313,7 @@ TEST_F(MessageBox, OtherWindowsTakeNoInputMeanwhileAndDoSoBeforeTheBoxGoes) {
     EXPECT_TRUE(ownerWindow.enabled);
 }
 
-TEST_F(MessageBox, ErrorOfAHandlerReachesTheCallerAndLeavesNothingOpen) {
+TEST_F(MessageBox, HandlerFails_CallerReceivesErrorAndBoxCloses) {
     runtime::SetMousePointer(runtime::kHourglassPointer);
     const auto failing = [](MemoryWindow&) { throw runtime::Error(runtime::kOverflow); };
     EXPECT_EQ(tests::ErrorOf([&] { Ask(8, failing); }), runtime::kOverflow);
@@ -332,7 +332,7 @@ TEST_F(MessageBox, QuestionInsideAQuestionHasItsOwnAnswer) {
     EXPECT_EQ(outer, 8);
 }
 
-TEST_F(MessageBox, ShowMeOfAnOpenBoxIsRefusedAndDoesNotTouchIt) {
+TEST_F(MessageBox, OpenBox_RefusesAnotherQuestion) {
     frmQMXMsgBox box;
     memory_.windows.Post([&] {
         EXPECT_EQ(tests::ErrorOf([&] { box.ShowMe(u"again", 0, u"again"); }), runtime::kFormAlreadyDisplayed);
@@ -353,7 +353,7 @@ TEST_F(MessageBox, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(MessageBox, TranslatedCaptionsPressByTheirOwnLetters) {
+TEST_F(MessageBox, TranslatedCaptionsHaveTheirOwnAccessKeys) {
     class GermanBox : public frmQMXMsgBox {
         void OnLoad() override {
             Controls().at(2)->SetText(u"&Ja");
@@ -372,7 +372,7 @@ TEST_F(MessageBox, TranslatedCaptionsPressByTheirOwnLetters) {
     EXPECT_EQ(type(u'\u00FC'), 7);
 }
 
-TEST_F(MessageBox, KeysHeldSinceBeforeItOpenedAnswerNothing) {
+TEST_F(MessageBox, KeysHeldSinceBeforeTheBoxOpened_DoNotAnswer) {
     const auto answer = Ask(8 + 0x100, [this](MemoryWindow& box) {
         for (const auto key : {runtime::kKeyEnter, runtime::kKeySpace, runtime::kKeyEscape}) {
             EXPECT_TRUE(box.Events().KeyDown(key, 0, true)) << key;
@@ -383,7 +383,7 @@ TEST_F(MessageBox, KeysHeldSinceBeforeItOpenedAnswerNothing) {
     EXPECT_EQ(answer, 7);
 }
 
-TEST_F(MessageBox, HeldKeysThatWalkGoOn) {
+TEST_F(MessageBox, HeldTabMovesTheFocus) {
     EXPECT_EQ(Ask(8,
                   [](MemoryWindow& box) {
                       box.Events().KeyDown(runtime::kKeyTab, 0);
@@ -393,7 +393,7 @@ TEST_F(MessageBox, HeldKeysThatWalkGoOn) {
               8);
 }
 
-TEST_F(MessageBox, LetterThatSeveralButtonsMarkWalksAmongThemAndPressesNone) {
+TEST_F(MessageBox, SharedAccessKey_MovesTheFocusAndPressesNoButton) {
     class DoubtfulBox : public frmQMXMsgBox {
         void OnLoad() override {
             Controls().at(2)->SetText(u"&Same");
@@ -408,13 +408,13 @@ TEST_F(MessageBox, LetterThatSeveralButtonsMarkWalksAmongThemAndPressesNone) {
         });
         return box.ShowMe(u"p", 0x100, u"t");
     };
-    // The focus starts on No; in tab order behind it are the third button, Cancel and the first.
+    // The focus starts on No. The third button, Cancel and the first button follow in tab order.
     EXPECT_EQ(typeAndEnter(1), 8);
     EXPECT_EQ(typeAndEnter(2), 6);
     EXPECT_EQ(typeAndEnter(3), 8);
 }
 
-TEST_F(MessageBox, AnswersWithAllTabStopsOff) {
+TEST_F(MessageBox, NoTabStops_TabStillMovesTheFocus) {
     class StoplessBox : public frmQMXMsgBox {
         void OnLoad() override {
             for (const auto& control : Controls())
