@@ -19,23 +19,23 @@ namespace {
 constexpr std::string_view kHelp =
     R"(Usage: backproc doctor [--report FILE]
 
-Shows what a program of the suite would get here that creates the component, one line for each thing that it needs:
-registration, name, file, version, proxies, kernel library, INI file, module list, language. Each line begins with
+Checks whether a program can create the component here and, if not, why. Prints one line for each thing that a client
+needs: registration, name, file, version, proxies, kernel library, INI file, module list, language. A line begins with
 
-  ok    all is well
-  note  worth knowing, but no client fails for it
-  BAD   a client fails, or gets something else than was meant
+  ok    nothing to do
+  note  worth knowing, but clients work
+  BAD   a client fails, or gets something that was not meant
 
-and ends with what to do. Without a registration the file beside the tool is looked at. Nothing is changed, and no
+and ends with advice. Without a registration, the component beside the tool is checked. Nothing is changed, and no
 instance is created.
 
-The component takes the first QmxKrn2K.dll that exists: beside itself, in the program's folder, in the system folder,
-in 'dev' below its own folder. The program's folder is not known here, so a kernel that is only beside this tool does
-not count.
+The component loads the first QmxKrn2K.dll that exists: beside itself, in the program's folder, in the system folder,
+in 'dev' below its own folder. The program's folder is unknown here, so a kernel that is only beside this tool is
+ignored.
 
-  --report FILE  also writes FILE for a ticket: the same lines, the registry's entries, the shared strings, the INI file
+  --report FILE  also writes a report for a support ticket: these lines, registry entries, shared strings, INI file
 
-Exit code: 0 there is no BAD line, 1 there is one, or FILE cannot be written, 2 bad usage.
+Exit code: 0 no BAD line, 1 a BAD line, or FILE cannot be written, 2 bad usage.
 
 Example:
   backproc doctor --report ticket.txt
@@ -73,6 +73,7 @@ int RunDoctor(const Arguments& arguments, Console& console) {
 
 }  // namespace
 
-const Verb kDoctorVerb = {"doctor", "Checks whether a client would get the component, and why not", kHelp, RunDoctor};
+const Verb kDoctorVerb = {"doctor", "Checks whether a client can create the component, and if not, why", kHelp,
+                          RunDoctor};
 
 }  // namespace tools

@@ -15,8 +15,8 @@ Shows the component's error message NUMBER with DETAIL and waits until it is clo
 
   NUMBER  1, 2, 3, 4, 21, 22, 23, 24 or 101; any other 32-bit number shows an empty message, as in the component.
           Decimal, or hexadecimal after 0x
-  DETAIL  what the message is about; may begin with '--', and may be empty: ""
-  --      before a NUMBER; it is skipped
+  DETAIL  what the message is about; may begin with '--' or be empty: ""
+  --      optional; ends the options
 
 Exit code: 0 shown and closed, 1 failed, 2 bad usage.
 

@@ -18,41 +18,41 @@ namespace {
 constexpr std::string_view kHelp =
     R"(Usage: backproc host [FILE] ["/sys:FOLDER"]
 
-Hosts the component as a module of the suite would: in this process, through COM, with an event sink connected to
-each instance. Commands come one a line (UTF-8) from FILE, or from standard input. The component reads this process's
-command line as it would a module's: "/sys:FOLDER", in double quotes, is its system folder.
+Runs the component as a module of the suite does: in this process, through COM, with an event sink for each instance.
+Commands come from FILE or from standard input, one per line, in UTF-8. The component reads the command line of this
+process as it reads a module's: "/sys:FOLDER", in double quotes, sets its system folder.
 
   create          creates an instance                         1 created
   load N          calls Load                                  1 Load True
-  notify N TEXT   hands TEXT to NotifyMe                      1 NotifyMe
-  sever N VALUE   puts SeverPath; shows the value put         1 SeverPath [VALUE]
-  sever N         gets SeverPath                              1 SeverPath []
+  notify N TEXT   passes TEXT to NotifyMe                     1 NotifyMe
+  sever N VALUE   sets SeverPath; shows the value set         1 SeverPath [VALUE]
+  sever N         reads SeverPath                             1 SeverPath []
   send N MODULE COMMAND       raises COMMAND for MODULE       1 AP_SendCmd
   sendall N COMMAND           raises COMMAND in the component's own name, K4TBACKPROCESS
-  shell N MODULE MODE LINE    raises the request to MODULE to start a program with the command line LINE
+  shell N MODULE MODE LINE    asks MODULE to start a program with the command line LINE
   release N       releases the instance                       1 released
   set KEY VALUE   sets a shared string of the suite
-  get KEY         shows one; 'KEY=' alone if there is none    KEY=[VALUE]
-  strings         shows them all, sorted by key               KEY=[VALUE]
-  state           shows what commands have set in the component, and the main form's caption while it is loaded:
-                  CurrentDesignName=[NAME]  LanguagePath=[FOLDER]  Caption=[TEXT], a line each
-  pump MS         serves window messages for so many milliseconds
+  get KEY         shows one string; 'KEY=' if it is not set   KEY=[VALUE]
+  strings         shows all strings, sorted by key            KEY=[VALUE]
+  state           shows the values that commands have set, and the caption of the main form if it is loaded, one per
+                  line: CurrentDesignName=[NAME]  LanguagePath=[FOLDER]  Caption=[TEXT]
+  pump MS         dispatches window messages for MS milliseconds
 
-N is the number of an instance: the first 'create' makes 1, and no number is used twice. MS is at most 999999999. MODULE
-is one word; MODE is a whole number from -32768 to 32767, which MODULE interprets. COMMAND, LINE, TEXT and VALUE are the
-rest of the line after one blank, as it stands; they may be empty or absent. Blank lines and lines that start with '#'
-are skipped. Window messages are served between the lines and while waiting for one.
+N is the number of an instance. The first 'create' makes instance 1; numbers are never reused. MS is at most 999999999.
+MODULE is one word. MODE is a whole number from -32768 to 32767; MODULE decides what it means. COMMAND, LINE, TEXT and
+VALUE are the rest of the line after one blank. They may be empty or missing. Blank lines and lines that start with '#'
+are skipped. Window messages are dispatched between the lines and while the host waits for a line.
 
-An event is shown the moment it comes:                        1 NotifyServer [MODULE] [COMMAND]
-A call that fails, and the host goes on:                      1 error 0x800A0035 File not found
-A control character inside a text is shown by its picture, a line feed as one character, so that each fact is one line.
+An event is shown at once:                                    1 NotifyServer [MODULE] [COMMAND]
+A failed call is shown, and the host continues:               1 error 0x800A0035 File not found
+A control character inside a text is shown as one visible character, so that each fact stays on one line.
 
 'send', 'sendall' and 'shell' use the diagnostics interface of the instance. Every instance of the process receives the
 event. No other call of a client raises these events.
 
-At the end of the input all instances are released in the order of their creation.
+At the end of the input, all instances are released in the order of their creation.
 
-Exit code: 0 done, 1 a call failed or a line could not be understood (the message names the line), 2 bad usage.
+Exit code: 0 done, 1 a call failed or a line is not a valid command (the message has its number), 2 bad usage.
 
 Example, in a command prompt:
   echo create| backproc host
@@ -131,6 +131,6 @@ int RunHost(const Arguments& arguments, Console& console) {
 
 }  // namespace
 
-const Verb kHostVerb = {"host", "Hosts the component and calls it, driven by lines of text", kHelp, RunHost};
+const Verb kHostVerb = {"host", "Runs the component and calls it, driven by lines of text", kHelp, RunHost};
 
 }  // namespace tools

@@ -15,15 +15,15 @@ constexpr std::string_view kHelp =
 
 Shows the suite's message box, waits for its answer and prints the answer's code.
 
-  --flags N          which button is chosen first: 0 Yes, 0x100 No, 0x200 Yes To All, 0x300 Cancel; other bits of the
-                     32-bit number do nothing. Decimal, or hexadecimal after 0x
-  --title T          the box's title; without it, the product's name
-  --language FOLDER  takes the captions from K4TBackProcess.txt in FOLDER; the language that the modules share stays
+  --flags N          the button with the focus: 0 Yes, 0x100 No, 0x200 Yes To All, 0x300 Cancel; other bits of the
+                     32-bit number are ignored. Decimal, or hexadecimal after 0x
+  --title T          the box's title; by default, the product's name
+  --language FOLDER  reads the captions from K4TBackProcess.txt in FOLDER; the language of the modules does not change
   --                 ends the options, for a PROMPT that begins with '--'
   PROMPT             the message; '\n' in it is a line break
 
-Exit code: that of the answer: 6 Yes, 7 No, 8 Yes To All, 2 Cancel or closed; 64 bad usage, 65 failed. These two print
-nothing but a message on standard error.
+Exit code: the answer: 6 Yes, 7 No, 8 Yes To All, 2 Cancel or closed. 64 bad usage, 65 failed; these two print only a
+message on standard error.
 
 Example:
   backproc msgbox --flags 0x100 --title Orvane "Overwrite?\nR1 is in the library already."
@@ -40,6 +40,6 @@ int RunMsgbox(const Arguments& arguments, Console& console) {
 }  // namespace
 
 const Verb kMsgboxVerb = {
-    "msgbox", "Shows the suite's message box and its answer", kHelp, RunMsgbox, kDialogFailure, kDialogBadUsage};
+    "msgbox", "Shows the suite's message box and prints the answer", kHelp, RunMsgbox, kDialogFailure, kDialogBadUsage};
 
 }  // namespace tools

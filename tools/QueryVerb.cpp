@@ -20,23 +20,23 @@ constexpr std::string_view kHelp =
     R"(Usage: backproc query --kind K [--title T] [--prompt P] [--index I] [--button CAPTION] [--language FOLDER]
                       [--] VALUE0 [ITEM...]
 
-Asks for a value with the suite's query dialog and prints the answer's text, control characters as pictures, and its
-index: of a chosen ITEM, counted from 1, else 0; -1 cancelled, -100 the extra button. In all texts but FOLDER '\n' is a
-line break.
+Shows the suite's query dialog and prints the answer: its text, with control characters made visible, and its index. The
+index is that of the chosen ITEM, counted from 1, or 0 without a chosen ITEM, -1 if the dialog was cancelled, and -100
+for the extra button. In all texts except FOLDER, '\n' is a line break.
 
   --kind K           1 a line of text, 2 an editable combo box, 3 a drop-down list, 4 a block of text, 5 a list box;
                      any other 32-bit number is 1
-  --title T          the dialog's title; without it, the product's name
-  --prompt P         what is asked for
-  --index I          in 3 and 5 the item selected at first, from 0; -1 for none
-  --button CAPTION   gives the dialog an extra button
-  --language FOLDER  takes the captions from K4TBackProcess.txt in FOLDER; the language that the modules share stays
+  --title T          the dialog's title; by default, the product's name
+  --prompt P         the question
+  --index I          for 3 and 5: the item that is selected first, from 0; -1 for none
+  --button CAPTION   adds an extra button
+  --language FOLDER  reads the captions from K4TBackProcess.txt in FOLDER; the language of the modules does not change
   --                 ends the options, for a VALUE0 that begins with '--'
   VALUE0             the initial text of 1, 2 and 4; may be empty: ""
   ITEM...            the items of 2, 3 and 5
 
-Exit code: 0 accepted, 1 cancelled, 3 the extra button; 64 bad usage, 65 failed. These two print nothing but a message
-on standard error.
+Exit code: 0 accepted, 1 cancelled, 3 the extra button. 64 bad usage, 65 failed; these two print only a message on
+standard error.
 
 Example:
   backproc query --kind 3 --prompt "Which side?" --index 0 "" Top Bottom
@@ -64,6 +64,6 @@ int RunQuery(const Arguments& arguments, Console& console) {
 }  // namespace
 
 const Verb kQueryVerb = {
-    "query", "Shows the suite's query dialog and its answer", kHelp, RunQuery, kDialogFailure, kDialogBadUsage};
+    "query", "Shows the suite's query dialog and prints the answer", kHelp, RunQuery, kDialogFailure, kDialogBadUsage};
 
 }  // namespace tools

@@ -15,11 +15,11 @@ namespace {
 constexpr std::string_view kRegisterHelp =
     R"(Usage: backproc register [--user]
 
-Registers the K4TBackProcess.dll beside the tool for all users of the machine, which needs an administrator's rights.
-Shows what was registered, and where. Refuses when the other registration is there already, for the user or for the
-machine: the user's would hide the machine's.
+Registers the K4TBackProcess.dll beside the tool for all users of the machine. This needs administrator rights. Shows
+what was registered, and where. Fails if the component is already registered in the other way, for the user or for the
+machine, because the user's registration would hide the machine's.
 
-  --user  for the current user alone, which needs no special rights
+  --user  registers it for the current user only; this needs no special rights
 
 Exit code: 0 done, 1 failed, 2 bad usage.
 
@@ -30,10 +30,9 @@ Example:
 constexpr std::string_view kUnregisterHelp =
     R"(Usage: backproc unregister [--user]
 
-Takes the registration for all users of the machine back, which needs an administrator's rights. Does nothing when there
-is none.
+Removes the registration for all users of the machine. This needs administrator rights. Does nothing if there is none.
 
-  --user  takes back that of the current user, which needs no special rights
+  --user  removes the registration of the current user; this needs no special rights
 
 Exit code: 0 done, 1 failed, 2 bad usage.
 
@@ -111,7 +110,8 @@ int RunUnregister(const Arguments& arguments, Console& console) {
 
 }  // namespace
 
-const Verb kRegisterVerb = {"register", "Registers the component for all users or for one", kRegisterHelp, RunRegister};
-const Verb kUnregisterVerb = {"unregister", "Takes the registration back", kUnregisterHelp, RunUnregister};
+const Verb kRegisterVerb = {"register", "Registers the component for all users or the current one", kRegisterHelp,
+                            RunRegister};
+const Verb kUnregisterVerb = {"unregister", "Removes the registration", kUnregisterHelp, RunUnregister};
 
 }  // namespace tools

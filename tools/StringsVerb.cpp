@@ -17,14 +17,15 @@ constexpr std::string_view kHelp =
        backproc strings get KEY
        backproc strings set KEY VALUE
 
-Shows the strings that the modules of the suite share, sorted by key, one KEY=[VALUE] a line; or shows one string;
-or sets one. 'get' fails when there is no such string. A control character inside a text is shown by its picture.
+Shows all strings that the modules of the suite share, sorted by key, one KEY=[VALUE] per line. 'get' shows one string,
+and fails if it is not set. 'set' sets one. A control character inside a text is shown as a visible character.
 
-The kernel library is that of the registered component, as its clients get it; a line on standard error names both when
-they are in another folder than this tool. A text that the ANSI code page cannot hold is changed, and 'set' reports it.
+The strings are those of the kernel library that clients of the registered component load. If the component is not in
+the tool's folder, a line on standard error names both files. If the ANSI code page cannot hold a text, the text is
+changed and 'set' reports it.
 
-The strings exist as long as a process uses the kernel: what is set here is lost at the end of this process unless
-another process, such as a module or 'backproc host', uses the kernel.
+The strings exist while any process uses the kernel. A string that is set here is lost when this process ends, unless
+another process uses the kernel, such as a module or 'backproc host'.
 
 Exit code: 0 done, 1 failed, 2 bad usage.
 

@@ -29,32 +29,32 @@ constexpr std::string_view kHelp =
        backproc texts get ID [DEFAULT]
        backproc texts --template [--output FILE]
 
-Shows every text that the component asks for, one a line, with tabs between: 'translated' or 'missing', identifier,
-[English], [translation], where it is shown; and 'published as [TEXT]' for a caption that this system's ANSI code page
-changes in the state that the modules read. The language file is K4TBackProcess.txt in the folder F, or in the one of
-the shared string LANGUAGEPATH; without both everything is missing. Then what is wrong with the file, with its line:
+Shows every text of the component, one per line, with fields separated by tabs: 'translated' or 'missing', identifier,
+[English], [translation], where it is shown. If this system's ANSI code page changes a caption in the state that modules
+read, 'published as [TEXT]' follows. The language file is K4TBackProcess.txt in folder F or, without F, in the folder of
+the shared string LANGUAGEPATH. Without both, every text is missing. Then come the problems of the file, with lines:
 
-  encoding    the file is UTF-16, which is not read
-  unreadable  a line that is skipped, and why
-  unknown     an identifier that the component does not ask for
-  clash       two captions of a dialog that have the same access key
-  key         a caption that has lost its access key
-  wide        a caption that is too wide for its button, in the font that the component has on this system
-  blank       a text that is joined with others and has lost the blank in between
-  state       a caption that breaks the state which the modules read: it has a comma, a quote mark or a line break
+  encoding    the file is UTF-16, which cannot be read
+  unreadable  a line that is skipped, with the reason
+  unknown     an identifier that the component does not use
+  clash       two captions of a dialog with the same access key
+  key         a caption without its access key
+  wide        a caption that is too wide for its button, in the font that the component uses on this system
+  blank       a text that lacks the blank between it and the text that it is joined with
+  state       a caption that breaks the state that modules read: it has a comma, a quote mark or a line break
 
-The last line counts. 'get' shows the text that the current language has under ID, else DEFAULT; without a DEFAULT it
-fails when there is no such text.
+The last line has the number of translated identifiers. 'get' shows the text ID in the current language.
+If there is none, it shows DEFAULT, or fails without a DEFAULT.
 
   ID             identifier of a text
   DEFAULT        any text; may be empty: ""
-  --folder F     the folder to look into; without it, the one of LANGUAGEPATH
-  --check        for a build: exit code 1 for whatever is wrong, not only for a missing text
-  --template     writes a language file with the English texts instead, to start a translation from
-  --output FILE  writes the template to FILE, which must not exist yet, in UTF-8
+  --folder F     folder of the language file; by default, the folder of LANGUAGEPATH
+  --check        for a build: exit code 1 for every problem, not only for a missing text
+  --template     writes a language file with the English texts, as the start of a translation
+  --output FILE  writes the template to the new file FILE, in UTF-8
 
-Exit code: 0 nothing is missing, 1 something is missing or the file cannot be read, 2 bad usage; with --check, 1 for
-every finding; of 'get', 0 the text was shown, 1 there is none.
+Exit code: 0 no text is missing, 1 a text is missing or the file cannot be read, 2 bad usage. With --check, 1 for every
+problem. For 'get', 0 the text was shown, 1 there is none.
 
 Examples:
   backproc texts --folder examples\languages\German --check
@@ -195,6 +195,6 @@ int RunTexts(const Arguments& arguments, Console& console) {
 
 }  // namespace
 
-const Verb kTextsVerb = {"texts", "Shows all texts and what a language makes of them", kHelp, RunTexts};
+const Verb kTextsVerb = {"texts", "Shows all texts and their translations", kHelp, RunTexts};
 
 }  // namespace tools

@@ -47,8 +47,8 @@ std::vector<std::string> OptionsOf(const Verb& verb) {
 
 constexpr std::string_view kOverviewEnd =
     R"(
-'backproc help VERB', and '--help' anywhere behind a verb, show its arguments, an example and its exit codes.
-Output is UTF-8, one fact a line; errors go to standard error.
+'backproc help VERB' and 'backproc VERB --help' show the verb's arguments, exit codes and an example.
+Output is UTF-8, one fact per line. Errors go to standard error.
 
 Exit codes:
   0      done; query: accepted
@@ -59,8 +59,8 @@ Exit codes:
   64     msgbox, query: the command line cannot be understood
   65     msgbox, query: failed
 
-With K4TBACKPROCESS_DEVELOPMENT_KERNEL=1 in the environment, the development kernel is used, dev\QmxKrn2K.dll below the
-component's folder; without it, only when there is no other kernel.
+With K4TBACKPROCESS_DEVELOPMENT_KERNEL=1 in the environment, the component uses the development kernel, dev\QmxKrn2K.dll
+in its own folder. Otherwise it uses that kernel only if it finds no other one.
 )";
 
 class Tool {

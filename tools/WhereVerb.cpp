@@ -24,19 +24,20 @@ using kernel_api::builtin::SettingSource;
 constexpr std::string_view kHelp =
     R"(Usage: backproc where ["/sys:FOLDER" | "FILE"]
 
-Shows what a client that starts now with this argument would get: component and kernel library, install folder, system
-folder, start file, INI file, the four folders and six identity values of the suite, one NAME=[VALUE] a line, followed
-by where the value comes from: 'command line', 'INI file', 'registry' or 'default'. Nothing is published.
+Shows the values that a client would get if it started now with this argument: component, kernel library, install
+folder, system folder, start file, INI file, and the suite's four folders and six identity values. Each line is
+NAME=[VALUE], followed by the source of the value: 'command line', 'INI file', 'registry' or 'default'. Nothing is
+published.
 
-The component is the registered one; without a registration, the copy beside this tool. A value that the kernel's ANSI
-code page changes is shown as the client gets it. Without a kernel the product's name in the default folders is unknown
-and is shown as '?'.
+The component is the registered one; without a registration, the copy beside this tool. If the kernel's ANSI code page
+changes a value, the changed value is shown. Without a kernel, the product's name in the default folders is unknown and
+shown as '?'.
 
-  "/sys:FOLDER"  FOLDER as the system folder; a message box reports a folder that cannot be used
-  "FILE"         an existing file, as the start file
+  "/sys:FOLDER"  sets the system folder; a message box reports a folder that cannot be used
+  "FILE"         sets the start file, which must exist
 
-As on a module's command line, the argument counts only in double quotes. A module takes up to two of them; here the
-verb is the first.
+As on a module's command line, the argument must be in double quotes. A module reads up to two arguments; here the
+verb is the first of them.
 
 Exit code: 0 done, 1 failed, 2 bad usage.
 
