@@ -25,7 +25,6 @@ class ComFailure : public std::exception {
 /// cleared. Without a description there, it is the system's text for `result`.
 void ThrowIfFailed(HRESULT result);
 
-/// Clears the thread's error object.
 void ClearErrorObject();
 /// Throws a ComFailure if the thread has an error object. For calls that return no HRESULT.
 void ThrowIfErrorObject();

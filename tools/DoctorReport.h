@@ -12,7 +12,8 @@ namespace tools {
 /// advice.
 void WriteFindings(std::ostream& out, const std::vector<Finding>& findings);
 
-/// Writes the findings, both users' and machine's registry entries, the suite's shared strings and the INI file.
+/// Writes the findings, the registry entries for the user and for the machine, the suite's shared strings and the INI
+/// file.
 void WriteReport(std::ostream& out, const MachineState& machine, const std::vector<Finding>& findings);
 
 }  // namespace tools

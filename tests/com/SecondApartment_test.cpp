@@ -113,8 +113,8 @@ TEST_F(SecondApartment, LastInstanceEnds_NextThreadBecomesHome) {
     EXPECT_THAT(TheDouble().threads, Each(there));
 }
 
-/// Releases the home's only instance while another thread is creating one: after that thread has found the home and
-/// before it calls the home. It does so when that thread calls CoCreateInstance.
+/// Releases the home's only instance while another thread creates one. The release happens inside the other thread's
+/// call of CoCreateInstance: that thread has found the home, but has not called it yet.
 class LeavingHome {
  public:
     explicit LeavingHome(ComPtr<_clsQmxBackProcess>& instance) {

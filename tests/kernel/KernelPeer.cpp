@@ -150,7 +150,7 @@ class PeerProcess {
         return "locked";
     }
 
-    // Leaves what a process leaves that is killed while it adds a record.
+    // Leaves the state of a process that was killed while it added a record.
     std::string WriteHalf(const Fields& fields) {
         LockOnly(fields);
         const std::uint32_t space = memory_->Load(Word::kGeneration) % 2;

@@ -1,4 +1,5 @@
-// A reader whose every call fails, as a call fails if the suite's reader object lacks the method.
+// A reader on which every call fails. The suite's reader object may lack methods, and calls to them fail in the same
+// way.
 #pragma once
 
 #include "kernel_api/Reader.h"

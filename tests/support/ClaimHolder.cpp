@@ -1,5 +1,5 @@
-// A program for tests of the first-instance claim. It tries to claim, reports the result by an event, and holds the
-// claim until an event tells it to give up the claim or to end.
+// A program for tests of the first-instance claim. It tries to claim the first instance, reports the result by an
+// event, and holds the claim until an event tells it to release the claim or to end.
 //     claim_holder NAME
 // It sets the event NAME-claimed or NAME-refused. When NAME-give-up is set, it releases the claim and sets
 // NAME-given-up. It ends when NAME-end is set, or after 30 seconds without an event.

@@ -7,8 +7,8 @@
 namespace tests {
 namespace {
 
-/// True if the foreground window belongs to this process. Otherwise another program has taken the keyboard, and this
-/// takes it back.
+/// True if this process has the foreground and the focus is inside the dialog. If another program has taken the
+/// foreground, this takes it back.
 bool HasKeyboard(HWND dialog) {
     DWORD process = 0;
     GetWindowThreadProcessId(GetForegroundWindow(), &process);
