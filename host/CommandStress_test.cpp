@@ -1,4 +1,4 @@
-// Thousands of commands of every shape, with the sanitizers looking on where the build has them: none hangs or fails.
+// Runs thousands of commands of all kinds. None of them may hang or fail. Some builds add the compiler's sanitizers.
 #include <gtest/gtest.h>
 
 #include "host/clsQmxBackProcess.h"
@@ -12,14 +12,14 @@ namespace {
 
 using CommandStress = tests::HeadlessComponentTest;
 
-TEST_F(CommandStress, CommandsOfEveryShapeLeaveTheComponentWorking) {
+TEST_F(CommandStress, CommandsOfAllKinds_ComponentKeepsWorking) {
     constexpr int kCommands = 20'000;
     kernel_.Put(u"DESIGN_NAME", u"amplifier");
     clsQmxBackProcess object([](String&, String&) {});
     MainForm().EnsureLoaded();
     tests::CommandMaker maker(4'000, 200);
     for (int i = 0; i < kCommands; ++i) {
-        // So that what is handed over is looked at no further than it goes.
+        // Use a new string for each command, so that a sanitizer finds accesses beyond its end.
         const String command = maker.Next();
         object.NotifyMe({}, command);
         if (i % 1000 == 0) kernel_.ClearLog();

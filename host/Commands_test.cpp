@@ -1,5 +1,5 @@
-// Commands from clients, through the service object to the main form: what they do, whatever the component is doing
-// when they come. And the help that the main form's unload closes.
+// Commands from clients, through the service object to the main form: their effects in every state of the component.
+// Also the help that the main form's unload closes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -24,7 +24,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tests::ErrorOf;
 
-/// A message box that lets something happen while it is open.
+/// A message box that runs the test's code while it is open.
 class InterruptedMessageBox : public runtime::MessageBoxPort {
  public:
     std::int32_t Show(StringView prompt, std::int32_t /*flags*/, StringView /*title*/,
@@ -40,7 +40,7 @@ class InterruptedMessageBox : public runtime::MessageBoxPort {
     std::function<void()> onNextMessage;
 };
 
-/// One instance, which notes the commands that it hears; a dialog stands ready.
+/// One instance, which records its events. Tests may load a dialog.
 template <typename Base>
 class CommandsOver : public Base {
  protected:
@@ -82,13 +82,13 @@ class CommandsOver : public Base {
 
 using Commands = CommandsOver<tests::ComponentTest>;
 
-TEST_F(Commands, EmptyOneDoesNothingAtAll) {
+TEST_F(Commands, EmptyCommand_DoesNothing) {
     kernel_api::CurrentSuite().splitter = nullptr;
     Notify(u"");
     EXPECT_THAT(box_.prompts, IsEmpty());
 }
 
-TEST_F(Commands, ExSaysShutdownOnceAndWithdrawsTheRecord) {
+TEST_F(Commands, Ex_RaisesShutdownOnceAndClearsTheRecord) {
     form_.EnsureLoaded();
     EXPECT_NE(Kept(u"K4TBACKPROCESS"), u"");
     Notify(u"All,EX");
@@ -103,7 +103,7 @@ TEST_F(Commands, ExWithoutALoadedFormDoesNothing) {
     EXPECT_THAT(box_.prompts, IsEmpty());
 }
 
-TEST_F(Commands, FormIsLoadedAnewAfterEx) {
+TEST_F(Commands, FormCanBeLoadedAgainAfterEx) {
     form_.EnsureLoaded();
     Notify(u"All,EX");
     form_.EnsureLoaded();
@@ -112,7 +112,7 @@ TEST_F(Commands, FormIsLoadedAnewAfterEx) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN", "SHUTDOWN"));
 }
 
-TEST_F(Commands, ExInsideAnEventHandlerLetsTheOperationEnd) {
+TEST_F(Commands, ExInAnEventHandler_OperationCompletes) {
     form_.EnsureLoaded();
     onHeard_ = Notifying(u"All,EX");
     String command = u"OPEN";
@@ -121,7 +121,7 @@ TEST_F(Commands, ExInsideAnEventHandlerLetsTheOperationEnd) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, ExInsideTheShutdownEnds) {
+TEST_F(Commands, ExInTheShutdown_Completes) {
     form_.EnsureLoaded();
     onHeard_ = Notifying(u"All,EX");
     Notify(u"All,EX");
@@ -129,7 +129,7 @@ TEST_F(Commands, ExInsideTheShutdownEnds) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, ExInsideADialogsUnloadEnds) {
+TEST_F(Commands, ExInADialogsUnload_Completes) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     dialog_.onUnload = Notifying(u"All,EX");
@@ -138,7 +138,7 @@ TEST_F(Commands, ExInsideADialogsUnloadEnds) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(Commands, ExDuringTheFormsOwnLoadTakesItBack) {
+TEST_F(Commands, ExDuringTheLoad_FormIsUnloaded) {
     interruptedReader_.onNextText = Notifying(u"All,EX");
     EXPECT_EQ(ErrorOf([this] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
     EXPECT_TRUE(NoneLoaded());
@@ -146,7 +146,7 @@ TEST_F(Commands, ExDuringTheFormsOwnLoadTakesItBack) {
     EXPECT_THAT(box_.prompts, IsEmpty());
 }
 
-TEST_F(Commands, ExEndsAtADialogThatRefuses) {
+TEST_F(Commands, ExWhileADialogRefuses_DialogStaysLoaded) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     dialog_.refusesUnload = true;
@@ -158,7 +158,7 @@ TEST_F(Commands, ExEndsAtADialogThatRefuses) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(Commands, ErrorIsShownAndEndsTheComponent) {
+TEST_F(Commands, Error_IsShownAndAllFormsAreUnloaded) {
     form_.EnsureLoaded();
     FailSave();
     Notify(u"All,SAVE");
@@ -167,7 +167,7 @@ TEST_F(Commands, ErrorIsShownAndEndsTheComponent) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, ErrorDuringTheFormsOwnLoadTakesItBack) {
+TEST_F(Commands, ErrorDuringTheLoad_FormIsUnloaded) {
     FailSave();
     interruptedReader_.onNextText = Notifying(u"All,SAVE");
     EXPECT_EQ(ErrorOf([this] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
@@ -175,7 +175,7 @@ TEST_F(Commands, ErrorDuringTheFormsOwnLoadTakesItBack) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, ErrorInsideAnEventHandlerLetsTheOperationEnd) {
+TEST_F(Commands, ErrorInAnEventHandler_OperationCompletes) {
     form_.EnsureLoaded();
     FailSave();
     onHeard_ = Notifying(u"All,SAVE");
@@ -185,7 +185,7 @@ TEST_F(Commands, ErrorInsideAnEventHandlerLetsTheOperationEnd) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, ExWhileTheMessageOfAnErrorIsOpenComesFirst) {
+TEST_F(Commands, ExWhileAnErrorMessageIsOpen_UnloadsAtOnce) {
     form_.EnsureLoaded();
     FailSave();
     box_.onNextMessage = [this] {
@@ -196,7 +196,7 @@ TEST_F(Commands, ExWhileTheMessageOfAnErrorIsOpenComesFirst) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(Commands, ErrorsFromInsideOpenMessagesAreShownUpToADepthAndUnloadBeyondIt) {
+TEST_F(Commands, ErrorsInsideOpenMessages_OnlyEightAreShown) {
     form_.EnsureLoaded();
     FailSave();
     int commands = 1;
@@ -220,7 +220,7 @@ TEST_F(Commands, HomeIsLostInsideMessages_LaterErrorsAreShown) {
     };
     Notify(u"All,SAVE");
     EXPECT_EQ(box_.prompts.size(), 9U);
-    // The lost messages ended after all, and must not count the other way.
+    // The abandoned messages have closed by now. They must not make the count negative.
     box_.prompts.clear();
     box_.onEachMessage = [&] {
         if (++commands <= 100) Notify(u"All,SAVE");
@@ -229,7 +229,7 @@ TEST_F(Commands, HomeIsLostInsideMessages_LaterErrorsAreShown) {
     EXPECT_EQ(box_.prompts.size(), 8U);
 }
 
-TEST_F(Commands, ErrorOfAClientThatHearsTheShutdownIsShown) {
+TEST_F(Commands, ClientFailsInTheShutdown_ErrorIsShown) {
     form_.EnsureLoaded();
     onHeard_ = [] { throw Error(runtime::kTypeMismatch); };
     Notify(u"All,EX");
@@ -238,7 +238,7 @@ TEST_F(Commands, ErrorOfAClientThatHearsTheShutdownIsShown) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, ErrorOfTheShutdownAfterAnErrorReachesTheClient) {
+TEST_F(Commands, ShutdownFailsAfterAnError_ClientGetsItsError) {
     form_.EnsureLoaded();
     FailSave(runtime::kSilent);
     kernel_.FailOn("E_SetString(K4TBACKPROCESS,", Error(runtime::kDllEntryPointNotFound));
@@ -246,7 +246,7 @@ TEST_F(Commands, ErrorOfTheShutdownAfterAnErrorReachesTheClient) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, RecordThatCannotBeWithdrawnKeepsNoStepOfTheShutdown) {
+TEST_F(Commands, RecordCannotBeCleared_OtherStepsOfShutdownRun) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     std::int16_t wanted = -1;
@@ -258,7 +258,7 @@ TEST_F(Commands, RecordThatCannotBeWithdrawnKeepsNoStepOfTheShutdown) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(Commands, DialogThatFailsInItsUnloadKeepsNoStepOfTheShutdown) {
+TEST_F(Commands, DialogFailsToUnload_OtherStepsOfShutdownRun) {
     form_.EnsureLoaded();
     tests::HandledForm second(u"second");
     dialog_.EnsureLoaded();
@@ -290,7 +290,7 @@ TEST_F(LanguageCommands, LzSwitchesTheCaptionAndBack) {
     EXPECT_THAT(heard_, IsEmpty());
 }
 
-TEST_F(LanguageCommands, LzLocalisesThoughTheFolderIsTheSame) {
+TEST_F(LanguageCommands, LzWithTheSameFolder_LocalisesAgain) {
     CaptionAfterLz(u"C:\\de");
     form_.SetCaption(u"changed");
     EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
@@ -304,7 +304,7 @@ TEST_F(LanguageCommands, LzChoosesTheFontAgain) {
     EXPECT_EQ(Values().uiFont.characterSet, 128);
 }
 
-TEST_F(LanguageCommands, LzLeavesThePublishedRecordAlone) {
+TEST_F(LanguageCommands, LzDoesNotChangeThePublishedRecord) {
     form_.EnsureLoaded();
     const String record = Kept(u"K4TBACKPROCESS");
     CaptionAfterLz(u"C:\\de");
@@ -318,13 +318,13 @@ TEST_F(LanguageCommands, LzLoadsTheForm_ItIsPublishedInTheNewLanguage) {
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"Background, 0, 0, 0, 0");
 }
 
-TEST_F(LanguageCommands, TextsFollowTheCommandAndNotTheKernelAfterwards) {
+TEST_F(LanguageCommands, KernelsFolderChangesAfterLz_TextsStay) {
     CaptionAfterLz(u"C:\\de");
     kernel_.Put(u"LANGUAGEPATH", u"C:\\en");
     EXPECT_EQ(services::GetLocalText(u"", u"561"), u"Hintergrund");
 }
 
-TEST_F(LanguageCommands, LzBesideAnEarlierInstanceShowsNothing) {
+TEST_F(LanguageCommands, LzWithAnEarlierInstance_ShowsNoMessage) {
     dialog_.EnsureLoaded();
     memory_.process.SetEarlierInstance(true);
     EXPECT_EQ(ErrorOfNotifying(u"All,LZ"), 0);
@@ -332,7 +332,7 @@ TEST_F(LanguageCommands, LzBesideAnEarlierInstanceShowsNothing) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(LanguageCommands, LzWhoseLoadFailsShowsNothingAndUnloadsAllForms) {
+TEST_F(LanguageCommands, LzLoadFails_AllFormsUnloadedWithoutAMessage) {
     kernel_.FailOn("E_GetString(AllAps)", Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(ErrorOfNotifying(u"All,LZ"), 0);
     EXPECT_THAT(box_.prompts, IsEmpty());
@@ -340,7 +340,7 @@ TEST_F(LanguageCommands, LzWhoseLoadFailsShowsNothingAndUnloadsAllForms) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(LanguageCommands, LzInsideALoadThatHasShutItselfDownShowsNothing) {
+TEST_F(LanguageCommands, LzInALoadThatEndedInEx_ShowsNoMessage) {
     interruptedReader_.onNextText = [this] {
         Notify(u"All,EX");
         Notify(u"All,LZ");
@@ -350,7 +350,7 @@ TEST_F(LanguageCommands, LzInsideALoadThatHasShutItselfDownShowsNothing) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(LanguageCommands, LzThatGetsNoWindowIsReported) {
+TEST_F(LanguageCommands, LzCannotMakeTheWindow_ErrorIsShown) {
     runtime::headless::MemoryWindows refusing;
     refusing.refuseWindows = 1;
     const runtime::Ports ports = tests::WithPort(interruptedPorts_, refusing);
@@ -360,8 +360,8 @@ TEST_F(LanguageCommands, LzThatGetsNoWindowIsReported) {
     EXPECT_THAT(box_.prompts, ElementsAre(u"Out of memory"));
 }
 
-// The same number, but not of a load.
-TEST_F(LanguageCommands, UnloadedObjectOfAClientIsReported) {
+// The client's error has the number of an undone load, but no load was undone.
+TEST_F(LanguageCommands, ClientsErrorOfAnUnloadedObject_IsShown) {
     form_.EnsureLoaded();
     onHeard_ = [] { throw Error(runtime::kObjectWasUnloaded); };
     Notify(u"All,EX");
@@ -371,7 +371,7 @@ TEST_F(LanguageCommands, UnloadedObjectOfAClientIsReported) {
 
 using CommandsInMemory = CommandsOver<tests::HeadlessComponentTest>;
 
-TEST_F(CommandsInMemory, ExWhileTheSuitesBoxIsOpenAnswersItWithCancel) {
+TEST_F(CommandsInMemory, ExWhileTheSuiteBoxIsOpen_BoxReturnsCancel) {
     form_.EnsureLoaded();
     memory_.windows.Post(Notifying(u"All,EX"));
     EXPECT_EQ(services::ShowMessage(u"Overwrite?", services::kSuiteBox), 2);
@@ -379,7 +379,7 @@ TEST_F(CommandsInMemory, ExWhileTheSuitesBoxIsOpenAnswersItWithCancel) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(CommandsInMemory, ErrorWhileTheSuitesBoxIsOpenIsShownAndAnswersItWithCancel) {
+TEST_F(CommandsInMemory, ErrorWhileTheSuiteBoxIsOpen_BoxReturnsCancel) {
     form_.EnsureLoaded();
     FailSave();
     memory_.windows.Post(Notifying(u"All,SAVE"));
@@ -388,14 +388,14 @@ TEST_F(CommandsInMemory, ErrorWhileTheSuitesBoxIsOpenIsShownAndAnswersItWithCanc
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(CommandsInMemory, ExWithoutALoadedForm_LetsPendingEventsRun) {
+TEST_F(CommandsInMemory, ExWithoutALoadedForm_PendingEventsRun) {
     bool ran = false;
     memory_.windows.Post([&ran] { ran = true; });
     Notify(u"All,EX");
     EXPECT_TRUE(ran);
 }
 
-TEST_F(CommandsInMemory, ExUnloadsAFormAgainThatAPendingEventLoads) {
+TEST_F(CommandsInMemory, PendingEventLoadsTheForm_ExUnloadsItAgain) {
     form_.EnsureLoaded();
     memory_.windows.Post([this] { form_.EnsureLoaded(); });
     Notify(u"All,EX");
@@ -403,7 +403,7 @@ TEST_F(CommandsInMemory, ExUnloadsAFormAgainThatAPendingEventLoads) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(CommandsInMemory, ExEndsThoughAClientLoadsTheFormAfterEachUnload) {
+TEST_F(CommandsInMemory, ClientReloadsTheFormEachTime_ExEnds) {
     const auto loading = form_.NotifyClass().Connect([this](String&, String&) {
         ASSERT_LT(heard_.size(), 1000U) << "the loop does not end";
         memory_.windows.Post([this] { form_.EnsureLoaded(); });
@@ -414,7 +414,7 @@ TEST_F(CommandsInMemory, ExEndsThoughAClientLoadsTheFormAfterEachUnload) {
     EXPECT_EQ(heard_.size(), 101U);
 }
 
-TEST_F(CommandsInMemory, LzChoosesTheFontInTheFormsContextBeforeItLocalises) {
+TEST_F(CommandsInMemory, LzChoosesTheFontInTheFormsContextThenLocalises) {
     form_.EnsureLoaded();
     const std::string context = std::to_string(form_.DeviceContext());
     const std::string window = std::to_string(form_.Handle());
@@ -441,7 +441,7 @@ TEST_F(CommandsInMemory, LzReadsTheFolderBeforeItChoosesTheFont) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(CommandsInMemory, LzWhoseFontCannotBeSetUpIsReportedAndUnloadsAllForms) {
+TEST_F(CommandsInMemory, LzFontCannotBeRead_ErrorIsShownAndFormsUnloaded) {
     form_.EnsureLoaded();
     memory_.fonts.installed.clear();
     memory_.fonts.failsFaceName = true;
@@ -456,7 +456,7 @@ class StayingMainForm : public frmBackProcessMain {
     StayingMainForm() { staysLoaded_ = true; }
 };
 
-TEST_F(CommandsInMemory, ExLeavesAFormThatIsToStayAndAnErrorDoesNot) {
+TEST_F(CommandsInMemory, FormIsToStay_ExLeavesItLoadedButAnErrorDoesNot) {
     StayingMainForm staying;
     staying.EnsureLoaded();
     staying.AP_ExeCmd(u"All,EX");
@@ -468,7 +468,7 @@ TEST_F(CommandsInMemory, ExLeavesAFormThatIsToStayAndAnErrorDoesNot) {
 
 using Help = CommandsOver<tests::ComponentTest>;
 
-TEST_F(Help, OpenedForATopicIsClosedOnceByTheUnload) {
+TEST_F(Help, OpenedForATopic_UnloadClosesItOnce) {
     std::int16_t wanted = -1;
     form_.EnsureLoaded();
     services::ShowHelpTopic(u"", 0, wanted);
@@ -487,7 +487,7 @@ TEST_F(Help, OpenedForATopicIsClosedOnceByTheUnload) {
     EXPECT_EQ(memory_.help.calls.size(), 2U);
 }
 
-TEST_F(Help, OpenedAtItsContentsOutlivesTheUnload) {
+TEST_F(Help, OpenedAtItsContents_StaysOpenAfterTheUnload) {
     form_.EnsureLoaded();
     services::ShowHelpContents();
     form_.Unload();

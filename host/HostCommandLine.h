@@ -1,4 +1,5 @@
-// What the host's command line says to this component: the folder of the suite's INI file, and a file to start with.
+// The values that the host program's command line has for this component: the folder of the suite's INI file, and a
+// file to start with.
 #pragma once
 
 #include "runtime/Text.h"
@@ -6,12 +7,13 @@
 namespace host {
 
 struct HostCommandLine {
-    runtime::String systemFolder;  ///< "sys" beside the component unless an accepted "/sys:" piece names another
-    runtime::String startFile;     ///< a piece that names an existing file; else empty
+    runtime::String systemFolder;  ///< the folder of an accepted "/sys:" piece, else "sys" beside the component
+    runtime::String startFile;     ///< a piece that names an existing file, else empty
 };
 
-/// Reads the process's command line. It is split at double quotes, never at blanks, into one or two pieces, of which a
-/// later one wins; with more nothing is taken. A "/sys:" folder that cannot be used is reported to the user.
+/// Reads the process's command line. It is split into pieces at double quotes, never at blanks. One or two pieces are
+/// evaluated, and the later one takes precedence. If there are more, none is evaluated. A "/sys:" folder that cannot be
+/// used is reported to the user.
 HostCommandLine ReadHostCommandLine();
 
 }  // namespace host

@@ -1,5 +1,5 @@
-// The main form beside other forms and beside failures: the order of its shutdown, the loops that unload all forms, and
-// loads that fail.
+// The main form together with other forms and with failures: the order of its shutdown, the loops that unload all
+// forms, and loads that fail.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -18,7 +18,7 @@ using ::testing::ElementsAre;
 using ::testing::Pair;
 using tests::ErrorOf;
 
-/// Listens to the main form's event; two dialogs stand ready.
+/// Records the main form's events. Tests may load two dialogs.
 template <typename Base>
 class MainFormBesideOver : public Base {
  protected:
@@ -45,7 +45,7 @@ class MainFormBesideOver : public Base {
 
 using Shutdown = MainFormBesideOver<tests::ComponentTest>;
 
-TEST_F(Shutdown, WithdrawsTheRecordBeforeTheDialogsUnloadAndSpeaksAfterThem) {
+TEST_F(Shutdown, ClearsTheRecordThenUnloadsDialogsThenRaisesTheEvent) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     second_.EnsureLoaded();
@@ -64,7 +64,7 @@ TEST_F(Shutdown, WithdrawsTheRecordBeforeTheDialogsUnloadAndSpeaksAfterThem) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Shutdown, StartsWithTheDialogThatWasLoadedLast) {
+TEST_F(Shutdown, DialogLoadedLast_IsUnloadedFirst) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     second_.EnsureLoaded();
@@ -74,7 +74,7 @@ TEST_F(Shutdown, StartsWithTheDialogThatWasLoadedLast) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Shutdown, StartedInsideADialogsUnloadEnds) {
+TEST_F(Shutdown, StartedInADialogsUnload_Completes) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     second_.EnsureLoaded();
@@ -86,7 +86,7 @@ TEST_F(Shutdown, StartedInsideADialogsUnloadEnds) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(Shutdown, EndsAtADialogThatRefuses) {
+TEST_F(Shutdown, DialogRefusesToUnload_ItStaysLoaded) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     dialog_.refusesUnload = true;
@@ -97,7 +97,7 @@ TEST_F(Shutdown, EndsAtADialogThatRefuses) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(Shutdown, IsSaidAlthoughThePlacementCannotBeSaved) {
+TEST_F(Shutdown, PlacementCannotBeSaved_EventIsRaised) {
     form_.EnsureLoaded();
     memory_.settings.Refuse();
     EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), runtime::kInvalidProcedureCall);
@@ -108,8 +108,9 @@ TEST_F(Shutdown, IsSaidAlthoughThePlacementCannotBeSaved) {
 
 using ShutdownInMemory = MainFormBesideOver<tests::HeadlessComponentTest>;
 
-// The first dialog keeps the loop going, and the second one, which is always the last, comes back in each round.
-TEST_F(ShutdownInMemory, EndsThoughADialogIsLoadedAgainAfterEachUnload) {
+// The second dialog is always the last form, so each round unloads it, and a posted event loads it again. The first
+// dialog keeps the loop running.
+TEST_F(ShutdownInMemory, DialogIsReloadedAfterEachUnload_LoopEnds) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     second_.EnsureLoaded();
@@ -126,7 +127,7 @@ TEST_F(ShutdownInMemory, EndsThoughADialogIsLoadedAgainAfterEachUnload) {
 
 using FailingLoad = MainFormBesideOver<tests::ComponentTest>;
 
-TEST_F(FailingLoad, BesideAnEarlierInstanceHidesAFailingListener) {
+TEST_F(FailingLoad, EarlierInstanceAndFailingListener_ErrorIsHidden) {
     memory_.process.SetEarlierInstance(true);
     onHeard_ = [] { throw runtime::Error(runtime::kTypeMismatch); };
     EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
@@ -134,7 +135,7 @@ TEST_F(FailingLoad, BesideAnEarlierInstanceHidesAFailingListener) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(FailingLoad, HidesAKernelThatFailsInTheShutdownToo) {
+TEST_F(FailingLoad, KernelFailsInTheShutdownToo_ErrorIsHidden) {
     FailLoads();
     kernel_.FailOn("E_SetString", runtime::Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
@@ -142,7 +143,7 @@ TEST_F(FailingLoad, HidesAKernelThatFailsInTheShutdownToo) {
     EXPECT_TRUE(memory_.messageBox.shown.empty());
 }
 
-TEST_F(FailingLoad, UnloadsEarlierDialogsAlthoughTheKernelFailsInTheShutdown) {
+TEST_F(FailingLoad, KernelFailsInTheShutdown_DialogsAreUnloaded) {
     dialog_.EnsureLoaded();
     second_.EnsureLoaded();
     FailLoads();
@@ -152,7 +153,7 @@ TEST_F(FailingLoad, UnloadsEarlierDialogsAlthoughTheKernelFailsInTheShutdown) {
     EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(FailingLoad, HidesADialogThatFailsToUnload) {
+TEST_F(FailingLoad, DialogFailsToUnload_ErrorIsHidden) {
     dialog_.EnsureLoaded();
     second_.EnsureLoaded();
     second_.onUnload = [] { throw runtime::Error(runtime::kOverflow); };
@@ -161,7 +162,7 @@ TEST_F(FailingLoad, HidesADialogThatFailsToUnload) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(FailingLoad, StartedInsideADialogsUnloadEnds) {
+TEST_F(FailingLoad, StartedInADialogsUnload_Completes) {
     dialog_.EnsureLoaded();
     second_.EnsureLoaded();
     FailLoads();
@@ -172,7 +173,7 @@ TEST_F(FailingLoad, StartedInsideADialogsUnloadEnds) {
     EXPECT_THAT(second_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(FailingLoad, EndsAtADialogThatRefuses) {
+TEST_F(FailingLoad, DialogRefusesToUnload_ItStaysLoaded) {
     dialog_.EnsureLoaded();
     dialog_.refusesQuery = true;
     FailLoads();
@@ -183,7 +184,7 @@ TEST_F(FailingLoad, EndsAtADialogThatRefuses) {
 
 using FailingLoadInMemory = MainFormBesideOver<tests::HeadlessComponentTest>;
 
-TEST_F(FailingLoadInMemory, LetsPendingEventsRunAfterEachUnload) {
+TEST_F(FailingLoadInMemory, PendingEventsRunAfterEachUnload) {
     FailLoads();
     bool ran = false;
     memory_.windows.Post([&] {
@@ -194,7 +195,7 @@ TEST_F(FailingLoadInMemory, LetsPendingEventsRunAfterEachUnload) {
     EXPECT_TRUE(ran);
 }
 
-TEST_F(FailingLoadInMemory, UnloadsAFormThatAPendingEventLoads) {
+TEST_F(FailingLoadInMemory, PendingEventLoadsAForm_FormIsUnloaded) {
     FailLoads();
     memory_.windows.Post([&] { dialog_.EnsureLoaded(); });
     ErrorOfLoad();
@@ -202,10 +203,10 @@ TEST_F(FailingLoadInMemory, UnloadsAFormThatAPendingEventLoads) {
     EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(FailingLoadInMemory, TriesADialogThatRefusedOnceMoreWhenAnotherOneWent) {
+TEST_F(FailingLoadInMemory, DialogRefused_IsTriedAgainAfterAnotherUnload) {
     dialog_.EnsureLoaded();
     dialog_.refusesQuery = true;
-    // The main form's own unload asks first, the loop over all forms second.
+    // The main form's own unload makes the first query, the loop over all forms the second.
     int queries = 0;
     dialog_.onQueryUnload = [&] {
         if (++queries == 2) memory_.windows.Post([&] { second_.EnsureLoaded(); });
@@ -217,7 +218,7 @@ TEST_F(FailingLoadInMemory, TriesADialogThatRefusedOnceMoreWhenAnotherOneWent) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(FailingLoadInMemory, HidesAnErrorOfAPendingEvent) {
+TEST_F(FailingLoadInMemory, PendingEventFails_ErrorIsHidden) {
     FailLoads();
     memory_.windows.Post([] { throw runtime::Error(runtime::kOverflow); });
     EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
@@ -226,7 +227,7 @@ TEST_F(FailingLoadInMemory, HidesAnErrorOfAPendingEvent) {
 
 using MainFormTexts = MainFormBesideOver<tests::HeadlessComponentTest>;
 
-TEST_F(MainFormTexts, AreAskedForByTheirIdentifiers) {
+TEST_F(MainFormTexts, AreLookedUpByTheirIdentifiers) {
     tests::RecordingReader recording(reader_);
     const tests::ReaderInUse inUse(recording);
     form_.EnsureLoaded();

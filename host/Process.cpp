@@ -13,7 +13,7 @@
 namespace host {
 namespace {
 
-/// No events run: nothing may be loaded anew.
+/// Runs no events, so that no form is loaded again.
 void UnloadForms() {
     while (runtime::Form* const last = runtime::LoadedForms().LastToUnload()) {
         runtime::IgnoreErrors([last] { last->Unload(); });
@@ -57,7 +57,7 @@ std::size_t LoadedWindowCount() {
 
 void AbandonForms() {
     runtime::LoadedForms().Clear();
-    // Not destroyed: their thread may have a question open in them.
+    // Do not destroy the dialogs, because their thread may have a question open in them.
     static_cast<void>(services::Values().forms.messageBox.release());
     static_cast<void>(services::Values().forms.query.release());
     if (MainFormExists()) MainForm().Abandon();

@@ -1,5 +1,5 @@
-// The one composition: everything of the component that is process-wide. The DLL, the tool and the tests' fixtures each
-// make one, over ports and a kernel of theirs. Its end puts everything back.
+// Composes the component and owns its process-wide parts. The DLL, the tool and the tests' fixtures each make one
+// Process with their own ports and kernel. Home thread only, except LoadedWindowCount and AbandonForms.
 #pragma once
 
 #include <cstddef>
@@ -16,11 +16,12 @@ class frmBackProcessMain;
 
 class Process {
  public:
-    /// `ports` and `kernel` must outlive it.
+    /// Makes the ports, the kernel and its own parts those of the process. `ports` and `kernel` must outlive the
+    /// object.
     Process(const runtime::Ports& ports, kernel_api::Kernel& kernel);
     Process(const Process&) = delete;
     Process& operator=(const Process&) = delete;
-    /// Unloads the forms that are left, errors ignored.
+    /// Unloads the remaining forms, ignores errors, and removes all parts from the process.
     ~Process();
 
     kernel_api::builtin::BuiltInReader& Reader() { return reader_; }
@@ -32,15 +33,16 @@ class Process {
     services::ProcessValues values_;
 };
 
-/// The process's main form, created (not loaded) by the first call.
+/// The process's main form. The first call creates the form, but does not load it.
 frmBackProcessMain& MainForm();
 bool MainFormExists();
 
-/// How many forms have a window: while it is not 0 the component must stay in memory. Called from any thread.
+/// The number of loaded forms. While it is not 0, the component must stay in memory. Any thread may call.
 std::size_t LoadedWindowCount();
 
-/// The thread that owns the forms has ended, or is home no more: no form is loaded and no question is open. The main
-/// form may be loaded by another thread; dialogs are left to theirs.
+/// To be called when the forms' thread has ended or is no longer the home thread, from the thread that notices it.
+/// Afterwards no form is loaded and no question is open, and another thread may load the main form. The shared dialogs
+/// are not destroyed; the next question makes new ones.
 void AbandonForms();
 
 }  // namespace host

@@ -23,7 +23,7 @@ void ExpectNothingIsChosen() {
     EXPECT_EQ(ErrorOf([] { services::Values(); }), runtime::kObjectVariableNotSet);
 }
 
-TEST(ProcessEnd, FormsAndValuesAreInUse_EverythingIsPutBack) {
+TEST(ProcessEnd, FormsAndValuesAreInUse_EverythingIsRemoved) {
     tests::MemoryPorts memory;
     const runtime::Ports ports = memory.All();
     tests::InMemoryKernel kernel;
@@ -52,7 +52,7 @@ class AbandoningForms : public tests::HeadlessComponentTest {
     tests::HandledForm second_{u"second"};
 };
 
-TEST_F(AbandoningForms, FormsAreLoaded_NoneIsAndNoHandlerRuns) {
+TEST_F(AbandoningForms, FormsAreLoaded_AllAreGivenUpWithoutHandlers) {
     first_.EnsureLoaded();
     second_.EnsureLoaded();
     second_.refusesQuery = true;
@@ -63,7 +63,7 @@ TEST_F(AbandoningForms, FormsAreLoaded_NoneIsAndNoHandlerRuns) {
     EXPECT_THAT(second_.log, ElementsAre("load"));
 }
 
-TEST_F(AbandoningForms, MainFormIsLoaded_MayBeLoadedAnew) {
+TEST_F(AbandoningForms, MainFormIsLoaded_CanBeLoadedAgain) {
     int events = 0;
     const auto connection = MainForm().NotifyClass().Connect([&](String&, String&) { ++events; });
     MainForm().EnsureLoaded();
@@ -75,7 +75,7 @@ TEST_F(AbandoningForms, MainFormIsLoaded_MayBeLoadedAnew) {
     EXPECT_EQ(LoadedWindowCount(), 1u);
 }
 
-/// The process's shared dialog of a kind, which asks; `ask` is called while it does.
+/// Calls `ask`, which asks with the process's shared dialog, and abandons the forms while that question is open.
 template <typename Dialog>
 void AbandonWhileAsking(runtime::headless::MemoryWindows& windows, const std::function<void()>& ask) {
     std::unique_ptr<Dialog> asking;

@@ -1,5 +1,5 @@
-// The service object as the COM edge calls it. The component's own is clsQmxBackProcess; the edge's tests have a
-// double.
+// The interface through which the COM layer calls a service object. The component's service object is
+// clsQmxBackProcess; the tests of the COM layer use a fake.
 #pragma once
 
 #include <cstdint>
@@ -13,14 +13,14 @@ namespace host {
 using runtime::String;
 using runtime::StringView;
 
-/// Raises the instance's event at its client. Both strings are by reference: what one sink changes, the next one sees.
-/// Throws the first error of a sink after all were told.
+/// Raises the instance's event at its client. Both strings are by reference, so a sink receives the changes of earlier
+/// sinks. If sinks fail, throws the first error after all sinks were called.
 using NotifyServerEvent = std::function<void(String& Aname, String& sCommand)>;
 
-/// What is said of an instance that has been terminated.
+/// Part of the error's text for a call on a terminated instance.
 inline constexpr StringView kInstanceHasEnded = u"this instance has ended; create a new one";
 
-/// Called on the home apartment's thread only. Every method may throw.
+/// Home thread only. Every method may throw.
 class ServiceObject {
  public:
     ServiceObject() = default;
@@ -28,22 +28,22 @@ class ServiceObject {
     ServiceObject& operator=(const ServiceObject&) = delete;
     virtual ~ServiceObject() = default;
 
-    /// Called once, before destruction, while the event still reaches the client.
+    /// To be called once, before destruction, while the event still reaches the client.
     virtual void Terminate() = 0;
     virtual bool Load(std::int16_t iMode) = 0;
-    /// The texts are the client's own: they hold until client code runs.
+    /// Both texts belong to the client and are valid until client code runs.
     virtual void NotifyMe(StringView Aname, StringView sCommand) = 0;
     virtual String SeverPath() = 0;
     virtual void SetSeverPath(StringView value) = 0;
 
-    // For diagnostics: the main form's operations, each of which raises the event of every instance, and what commands
-    // have set.
+    // For diagnostics: the main form's operations, each of which raises the event of every instance, and the values
+    // that commands have set.
     virtual void AP_SendCmd(String module, String command) = 0;
     virtual void AP_SendCmdAll(String command) = 0;
     virtual void AP_Shell(String module, std::int16_t mode, StringView commandLine) = 0;
     virtual String CurrentDesignName() = 0;
     virtual String LanguagePath() = 0;
-    /// The main form's; none while it is not loaded.
+    /// The main form's caption; none while the form is not loaded.
     virtual std::optional<String> Caption() = 0;
 };
 

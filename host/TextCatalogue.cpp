@@ -18,7 +18,7 @@ String UseOf(const runtime::ControlDesign& control, const String& form) {
     return use.append(u" of ").append(form);
 }
 
-/// Whatever carries an identifier in its tag is translated when the form loads.
+/// Adds the captions of the form and its controls that have a tag, because the load of the form translates them.
 void AppendTags(std::vector<CatalogueText>& texts, const runtime::Form& form, runtime::StringView formDefault = {}) {
     const runtime::FormDesign& design = form.Design();
     if (!design.tag.empty()) {
@@ -33,7 +33,7 @@ void AppendTags(std::vector<CatalogueText>& texts, const runtime::Form& form, ru
     }
 }
 
-/// The main form's caption is whichever of these has a text; the published state has it unquoted.
+/// Marks the texts that can become the main form's caption, because the published state contains it unquoted.
 void MarkPublished(std::vector<CatalogueText>& texts) {
     const String tag = frmBackProcessMain().Design().tag;
     for (CatalogueText& text : texts) text.isPublished = text.id == services::kApplicationCaption.id || text.id == tag;
@@ -46,7 +46,7 @@ std::vector<CatalogueText> TextCatalogue() {
     for (const services::LocalText& text : services::CodeTexts()) {
         texts.push_back({String(text.id), String(text.defaultText), String(text.use), {}});
     }
-    // Its load has given the main form another caption by the time its tag is looked up.
+    // The default is not the design's caption, because the main form's load replaces it before the tag is looked up.
     AppendTags(texts, frmBackProcessMain(), services::kApplicationCaption.defaultText);
     AppendTags(texts, dialogs::frmQMXMsgBox());
     AppendTags(texts, dialogs::Qmxquery());

@@ -1,5 +1,5 @@
-// The list of all texts that the component asks the suite's reader for: what a language file has to translate. It is
-// made from where the texts stand, the tables of the services and the designs of the forms, so that it cannot miss one.
+// The list of all texts that the component looks up in the suite's reader. A language file translates these texts. The
+// list is made from the tables of the services and the designs of the forms, so that it is complete.
 #pragma once
 
 #include <vector>
@@ -10,15 +10,15 @@
 namespace host {
 
 struct CatalogueText {
-    runtime::String id;  ///< as it is asked for
+    runtime::String id;  ///< exactly as it is looked up, with blanks
     runtime::String defaultText;
-    runtime::String use;             ///< where it is shown, for translators
-    runtime::String dialog;          ///< for a control's caption: the form whose access keys it shares; else empty
-    runtime::Twips buttonWidth = 0;  ///< of the button that shows it; 0 for other texts
-    bool isPublished = false;        ///< stands between commas, as it is, in the state that the suite's modules read
+    runtime::String use;             ///< where the text is shown, for translators
+    runtime::String dialog;          ///< for a control's caption, the form whose access keys it shares; else empty
+    runtime::Twips buttonWidth = 0;  ///< width of the button that shows the text; 0 for other texts
+    bool isPublished = false;        ///< part of this module's published state, where it is an unquoted comma field
 };
 
-/// An identifier that is used with several defaults is there with each. No form is loaded.
+/// All texts. An identifier with several defaults is listed once for each default. No form is loaded.
 std::vector<CatalogueText> TextCatalogue();
 
 }  // namespace host

@@ -1,4 +1,4 @@
-// The list of all texts against what the component really asks the reader for.
+// Compares the list of all texts with the texts that the component looks up.
 #include "host/TextCatalogue.h"
 
 #include <gmock/gmock.h>
@@ -27,7 +27,7 @@ bool Lists(const std::vector<CatalogueText>& catalogue, const String& defaultTex
         catalogue, [&](const CatalogueText& text) { return text.id == id && text.defaultText == defaultText; });
 }
 
-/// Walks every way that asks for texts, with English as the language.
+/// Runs all code that looks up texts, with English as the language.
 class AskedTexts : public tests::HeadlessComponentTest {
  protected:
     AskedTexts() {
@@ -60,14 +60,14 @@ TEST_F(AskedTexts, AreAllListed) {
     }
 }
 
-TEST_F(AskedTexts, OfTheCodeAreAllAskedFor) {
+TEST_F(AskedTexts, TextsOfTheCodeAreAllLookedUp) {
     for (const services::LocalText& text : services::CodeTexts()) {
         const tests::RecordingReader::AskedText expected(text.defaultText, text.id);
         EXPECT_THAT(recording_.Asked(), testing::Contains(expected)) << runtime::ToUtf8(text.id);
     }
 }
 
-TEST_F(AskedTexts, OfTheFormsAreAllAskedFor) {
+TEST_F(AskedTexts, TextsOfTheFormsAreAllLookedUp) {
     for (const CatalogueText& text : TextCatalogue()) {
         if (text.dialog.empty() && text.id != u"561") continue;
         const tests::RecordingReader::AskedText expected(text.defaultText, text.id);
@@ -75,7 +75,7 @@ TEST_F(AskedTexts, OfTheFormsAreAllAskedFor) {
     }
 }
 
-TEST(TextCatalogue, ListsEachTextWithWhereItIsShown) {
+TEST(TextCatalogue, ListsEachTextWithItsUse) {
     std::vector<std::string> lines;
     for (const CatalogueText& text : TextCatalogue()) {
         lines.push_back(runtime::ToUtf8(text.id + u"|" + text.defaultText + u"|" + text.use + u"|" + text.dialog));
@@ -102,7 +102,7 @@ TEST(TextCatalogue, ListsEachTextWithWhereItIsShown) {
             "99388 |Cancel|cmdCancel of Qmxquery|Qmxquery"));
 }
 
-TEST(TextCatalogue, MarksTheCaptionsThatThePublishedStateMayHave) {
+TEST(TextCatalogue, MarksTheCaptionsOfThePublishedState) {
     std::set<String> published;
     for (const CatalogueText& text : TextCatalogue()) {
         if (text.isPublished) published.insert(text.id);

@@ -25,7 +25,7 @@ void SetKernelString(StringView key, String value) {
 
 }  // namespace
 
-/// What ties an instance to the main form: as long as it lives, the form's event reaches the instance's client.
+/// Links an instance to the main form. While the link exists, the form's event reaches the instance's client.
 class clsQmxBackProcess::Link {
  public:
     Link(frmBackProcessMain& mainForm, NotifyServerEvent notifyServer)
@@ -126,7 +126,7 @@ void clsQmxBackProcess::Terminate() {
     runtime::FirstError error;
     error.Run([this] { link_->form.Unload(); });
     link_.reset();
-    // Also after an error, a failing client's say: the suite must not take this process for a running one.
+    // Publish this after an error, too, because the suite must not regard this process as running.
     error.Run([] { SetKernelString(u"INITBP", u"TERM"); });
     error.Rethrow();
 }

@@ -20,7 +20,7 @@ using services::Values;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// Ends an instance as its owner must: terminated first. Where that may fail, the test terminates it itself.
+/// Terminates and then destroys an instance, as owners must. If Terminate may fail, the test calls it first.
 struct Terminating {
     void operator()(clsQmxBackProcess* object) const {
         EXPECT_EQ(tests::ErrorOf([object] { object->Terminate(); }), 0);
@@ -33,7 +33,7 @@ Instance MakeWith(NotifyServerEvent listener) {
     return Instance(new clsQmxBackProcess(std::move(listener)));
 }
 
-/// Makes instances numbered from 1 that note what they hear as "1 MODULE|COMMAND".
+/// Makes instances numbered from 1. Each records its events in the form "1 MODULE|COMMAND".
 template <typename Base>
 class ServiceObjectOver : public Base {
  protected:
@@ -63,7 +63,7 @@ TEST_F(Diagnostics, Raise_ReachesAllInstancesInTheirOrder) {
     EXPECT_FALSE(MainForm().IsLoaded());
 }
 
-TEST_F(Diagnostics, Read_GivesWhatCommandsHaveSet) {
+TEST_F(Diagnostics, Read_ReturnsTheValuesSetByCommands) {
     const auto object = Make();
     routing::CurrentDesignName() = u"amplifier";
     routing::LanguagePath() = u"C:\\de";
@@ -95,7 +95,7 @@ TEST_F(Creation, MakesTheMainFormWithoutLoadingItAndSharesIt) {
     EXPECT_EQ(LoadedWindowCount(), 0u);
 }
 
-TEST_F(Creation, TakesItsStepsInOrder) {
+TEST_F(Creation, RunsItsStepsInOrder) {
     memory_.process.SetComponentFolder(u"C:\\Pelorix");
     const auto object = Make();
     EXPECT_THAT(kernel_.Log(),
@@ -135,7 +135,7 @@ TEST_F(Creation, ReadsSettingsFromTheIniFileOfTheSystemFolder) {
     EXPECT_EQ(Kept(u"JobDir"), u"E:\\work");
 }
 
-TEST_F(Creation, EachFailureReachesTheCreatorAndLeavesNoLink) {
+TEST_F(Creation, AnyKernelCallFails_CallerGetsErrorAndNoLinkStays) {
     const auto calls = [this] {
         const auto object = Make();
         return kernel_.Log().size();
@@ -149,7 +149,7 @@ TEST_F(Creation, EachFailureReachesTheCreatorAndLeavesNoLink) {
     EXPECT_THAT(heard_, IsEmpty());
 }
 
-TEST_F(Creation, ThatFailsHalfWayLeavesWhatItHasDone) {
+TEST_F(Creation, FailsHalfWay_EarlierStepsStayDone) {
     kernel_.FailOn("E_SetString(LibDir", runtime::Error(runtime::kFileNotFound));
     EXPECT_EQ(tests::ErrorOf([&] { Make(); }), runtime::kFileNotFound);
     EXPECT_EQ(Kept(u"INITBP"), u"INIT");
@@ -190,13 +190,13 @@ TEST_F(HostCommandLine, FolderIsRefused_NumberFormatsAreAlreadySet) {
     LookWhileTheFolderIsRefused([] { EXPECT_EQ(services::Values().numberFormats.coordinate, u"#0.0000#"); });
 }
 
-TEST_F(HostCommandLine, EmptyGivesTheFolderBesideTheComponent) {
+TEST_F(HostCommandLine, Empty_FolderIsBesideTheComponent) {
     const auto object = MakeOn(u"");
     EXPECT_EQ(object->SystemFolder(), u"C:\\Pelorix\\sys\\");
     EXPECT_EQ(object->StartFile(), u"");
 }
 
-TEST_F(HostCommandLine, AcceptedSystemFolderIsTakenAsWritten) {
+TEST_F(HostCommandLine, AcceptedSystemFolderIsUsedAsWritten) {
     memory_.files.AddFolder(u"C:\\cad\\sys");
     const auto object = MakeOn(u"\"/sys:C:\\cad\\sys\\\"");
     EXPECT_EQ(object->SystemFolder(), u"C:\\cad\\sys\\");
@@ -226,7 +226,7 @@ TEST_F(HostCommandLine, PieceThatMatchesNoFileSetsNothing) {
     EXPECT_EQ(MakeOn(u"C:\\missing.sch")->StartFile(), u"");
 }
 
-TEST_F(HostCommandLine, PatternWhoseFirstMatchItDoesNotEndWithSetsNothing) {
+TEST_F(HostCommandLine, PatternDoesNotEndWithItsFirstMatch_SetsNothing) {
     memory_.files.AddFile(u"C:\\a.sch");
     EXPECT_EQ(MakeOn(u"C:\\*.sch")->StartFile(), u"");
 }
@@ -247,14 +247,14 @@ TEST_F(HostCommandLine, TwoPiecesBothCountInEitherOrder) {
     EXPECT_EQ(object->StartFile(), u"C:\\a.sch");
 }
 
-TEST_F(HostCommandLine, OfTwoPiecesOfAKindTheLaterWins) {
+TEST_F(HostCommandLine, TwoPiecesOfAKind_LaterOneCounts) {
     memory_.files.AddFile(u"C:\\a.sch");
     memory_.files.AddFile(u"C:\\b.sch");
     EXPECT_EQ(MakeOn(u"\"C:\\a.sch\"\"C:\\b.sch\"")->StartFile(), u"C:\\b.sch");
     EXPECT_EQ(MakeOn(u"\"/sys:d:\" \"/sys:e:\"")->SystemFolder(), u"e:\\");
 }
 
-TEST_F(HostCommandLine, LaterPieceThatIsRefusedLeavesTheEarlierOne) {
+TEST_F(HostCommandLine, LaterPieceIsRefused_EarlierOneCounts) {
     memory_.files.AddFile(u"C:\\a.sch");
     EXPECT_EQ(MakeOn(u"\"C:\\a.sch\" \"C:\\missing.sch\"")->StartFile(), u"C:\\a.sch");
     memory_.messageBox.answers = {1};
@@ -268,14 +268,14 @@ TEST_F(HostCommandLine, ThreePiecesSetNothing) {
     EXPECT_EQ(object->StartFile(), u"");
 }
 
-TEST_F(HostCommandLine, EmptyAndBlankPiecesDoNotCount) {
+TEST_F(HostCommandLine, EmptyAndBlankPiecesAreIgnored) {
     memory_.files.AddFile(u"C:\\a.sch");
     const auto object = MakeOn(u"\"\" \"  \" \"C:\\a.sch\" \"\"\"/sys:d:\"");
     EXPECT_EQ(object->SystemFolder(), u"d:\\");
     EXPECT_EQ(object->StartFile(), u"C:\\a.sch");
 }
 
-TEST_F(HostCommandLine, OfOnlyQuotesSetsNothing) {
+TEST_F(HostCommandLine, OnlyQuotes_SetNothing) {
     EXPECT_EQ(MakeOn(u"\"\"\"\"")->SystemFolder(), u"C:\\Pelorix\\sys\\");
 }
 
@@ -291,7 +291,7 @@ TEST_F(HostCommandLine, SystemFolderWithoutANameIsRefused) {
 
 using Loading = ServiceObjectOver<tests::ComponentTest>;
 
-TEST_F(Loading, BringsTheFormUpHiddenAndMinimised) {
+TEST_F(Loading, LoadsTheFormHiddenAndMinimised) {
     const auto object = Make();
     EXPECT_TRUE(Load(*object));
     EXPECT_TRUE(MainForm().IsLoaded());
@@ -300,7 +300,7 @@ TEST_F(Loading, BringsTheFormUpHiddenAndMinimised) {
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"Pelorix Background Processing Application, 0, 0, 0, 0");
 }
 
-TEST_F(Loading, OfALoadedHiddenFormIsTrueAndDoesNotLoadItAgain) {
+TEST_F(Loading, FormIsAlreadyLoaded_TrueWithoutASecondLoad) {
     const auto object = Make();
     Load(*object);
     kernel_.ClearLog();
@@ -308,7 +308,7 @@ TEST_F(Loading, OfALoadedHiddenFormIsTrueAndDoesNotLoadItAgain) {
     EXPECT_THAT(kernel_.Log(), IsEmpty());
 }
 
-TEST_F(Loading, LeavesThePlacementOfTheNormalStateToBeSaved) {
+TEST_F(Loading, SavedPlacementIsThatOfTheNormalState) {
     const Instance object = Make();
     Load(*object);
     ASSERT_EQ(MainForm().State(), runtime::WindowState::kMinimised);
@@ -327,16 +327,16 @@ TEST_F(Loading, LeavesThePlacementOfTheNormalStateToBeSaved) {
 
 using LoadingInMemory = ServiceObjectOver<tests::HeadlessComponentTest>;
 
-TEST_F(LoadingInMemory, GoesOnWithTheNextStatementWhenSettingTheStateFailed) {
+TEST_F(LoadingInMemory, SettingTheStateFails_NextStatementRuns) {
     const Instance object = Make();
     memory_.windows.refuseWindows = 1;
     EXPECT_TRUE(Load(*object));
     EXPECT_TRUE(MainForm().IsLoaded());
-    // The state is set first, so that it is the one that failed.
+    // The state is set first, so setting the state is the statement that failed.
     EXPECT_EQ(MainForm().State(), runtime::WindowState::kNormal);
 }
 
-TEST_F(LoadingInMemory, HidesAsItsLastStatement) {
+TEST_F(LoadingInMemory, LastStatementHidesTheForm) {
     const Instance object = Make();
     memory_.windows.refuseWindows = 2;
     EXPECT_TRUE(Load(*object));
@@ -344,10 +344,10 @@ TEST_F(LoadingInMemory, HidesAsItsLastStatement) {
     EXPECT_FALSE(MainForm().Visible());
 }
 
-TEST_F(LoadingInMemory, OfAVisibleFormIsFalseAndChangesNothing) {
+TEST_F(LoadingInMemory, FormIsVisible_FalseAndNothingChanges) {
     const auto object = Make();
     Load(*object);
-    // As an icon it does not become active, so it stays visible.
+    // A minimised form does not become active, so it stays visible.
     MainForm().SetVisible(true);
     EXPECT_FALSE(Load(*object));
     EXPECT_TRUE(MainForm().Visible());
@@ -366,7 +366,7 @@ TEST_F(LoadingInMemory, FormIsLoading_PointerIsTheHourglassUntilTheEnd) {
     EXPECT_THAT(memory_.windows.pointers, ElementsAre(11, 0));
 }
 
-TEST_F(LoadingInMemory, SwallowsEveryErrorAndResetsThePointer) {
+TEST_F(LoadingInMemory, AllStatementsFail_NoErrorAndPointerIsReset) {
     const auto object = Make();
     memory_.windows.refuseWindows = 3;
     EXPECT_TRUE(Load(*object));
@@ -376,7 +376,7 @@ TEST_F(LoadingInMemory, SwallowsEveryErrorAndResetsThePointer) {
     EXPECT_EQ(memory_.windows.refuseWindows, 0);
 }
 
-TEST_F(LoadingInMemory, BesideAnEarlierInstanceLeavesNoFormAndNoMessage) {
+TEST_F(LoadingInMemory, EarlierInstance_NoFormAndNoMessage) {
     const auto object = Make();
     memory_.process.SetEarlierInstance(true);
     EXPECT_TRUE(Load(*object));
@@ -385,7 +385,7 @@ TEST_F(LoadingInMemory, BesideAnEarlierInstanceLeavesNoFormAndNoMessage) {
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
 }
 
-TEST_F(LoadingInMemory, BesideAnEarlierInstanceSaysShutdownForEachOfItsStatements) {
+TEST_F(LoadingInMemory, EarlierInstance_EachStatementRaisesShutdown) {
     const Instance object = Make();
     memory_.process.SetEarlierInstance(true);
     Load(*object);
@@ -395,7 +395,7 @@ TEST_F(LoadingInMemory, BesideAnEarlierInstanceSaysShutdownForEachOfItsStatement
 
 using Properties = ServiceObjectOver<tests::HeadlessComponentTest>;
 
-TEST_F(Properties, SeverPathReadsEmptyAndForgets) {
+TEST_F(Properties, SeverPath_IsEmptyAndClearsTheStoredValue) {
     const auto object = Make();
     object->SetSeverPath(u"X");
     EXPECT_EQ(Values().serverPath, u"X");
@@ -404,7 +404,7 @@ TEST_F(Properties, SeverPathReadsEmptyAndForgets) {
     EXPECT_EQ(object->SeverPath(), u"");
 }
 
-TEST_F(Properties, NotifyMeWithoutACommandDoesNothingEvenAfterTermination) {
+TEST_F(Properties, NotifyMeWithAnEmptyCommand_DoesNothing) {
     const auto object = Make();
     object->Terminate();
     String name = u"X";
@@ -416,7 +416,7 @@ TEST_F(Properties, NotifyMeWithoutACommandDoesNothingEvenAfterTermination) {
 
 using Relaying = ServiceObjectOver<tests::HeadlessComponentTest>;
 
-TEST_F(Relaying, TellsEveryInstanceInLinkOrder) {
+TEST_F(Relaying, EveryInstanceReceivesTheEventInLinkOrder) {
     const auto first = Make();
     const auto second = Make();
     const auto third = Make();
@@ -425,7 +425,7 @@ TEST_F(Relaying, TellsEveryInstanceInLinkOrder) {
     EXPECT_THAT(heard_, ElementsAre("1 M|SHELL,-3,a,b", "2 M|SHELL,-3,a,b", "3 M|SHELL,-3,a,b"));
 }
 
-TEST_F(Relaying, WhatOneClientChangesTheNextOneSees) {
+TEST_F(Relaying, ClientChangesTheTexts_NextClientReceivesTheChange) {
     const Instance first = MakeWith([](String& module, String& command) {
         module = u"CHANGED";
         command += u"!";
@@ -437,7 +437,7 @@ TEST_F(Relaying, WhatOneClientChangesTheNextOneSees) {
     EXPECT_THAT(heard_, ElementsAre("1 CHANGED|C!"));
 }
 
-TEST_F(Relaying, InstanceDestroyedByAnEarlierOnesClientIsNotToldAndTheRestAre) {
+TEST_F(Relaying, InstanceDestroyedDuringTheEvent_IsSkipped) {
     Instance second;
     bool done = false;
     const Instance first = MakeWith([&](String&, String&) {
@@ -464,7 +464,7 @@ TEST_F(Relaying, ClientMayRaiseTheSameCommandAgain) {
 
 using Destruction = ServiceObjectOver<tests::ComponentTest>;
 
-TEST_F(Destruction, UnloadsTheFormWhileClientsListenThenSaysTerm) {
+TEST_F(Destruction, ClientsReceiveShutdownThenTermIsPublished) {
     const auto first = Make();
     const auto second = Make();
     Load(*first);
@@ -475,7 +475,7 @@ TEST_F(Destruction, UnloadsTheFormWhileClientsListenThenSaysTerm) {
     EXPECT_FALSE(MainForm().IsLoaded());
 }
 
-TEST_F(Destruction, OfAnInstanceThatNeverLoadedIsSilent) {
+TEST_F(Destruction, FormWasNeverLoaded_NoEvent) {
     const auto object = Make();
     object->Terminate();
     EXPECT_THAT(heard_, IsEmpty());
@@ -490,7 +490,7 @@ TEST_F(Destruction, TerminatesOnce) {
     EXPECT_THAT(kernel_.Log(), IsEmpty());
 }
 
-TEST_F(Destruction, FromInsideItsOwnShutdownDoesNothingMore) {
+TEST_F(Destruction, InsideItsOwnShutdown_DoesNothing) {
     Instance object;
     int told = 0;
     object = MakeWith([&](String&, String&) {
@@ -503,7 +503,7 @@ TEST_F(Destruction, FromInsideItsOwnShutdownDoesNothingMore) {
     EXPECT_EQ(Kept(u"INITBP"), u"TERM");
 }
 
-TEST_F(Destruction, TerminatedInstanceHearsNothingAndLoadsNothing) {
+TEST_F(Destruction, TerminatedInstance_NoEventAndNoLoad) {
     const auto first = Make();
     const auto second = Make();
     first->Terminate();
@@ -514,7 +514,7 @@ TEST_F(Destruction, TerminatedInstanceHearsNothingAndLoadsNothing) {
     EXPECT_THAT(heard_, ElementsAre("2 K4TBACKPROCESS|C"));
 }
 
-TEST_F(Destruction, SurvivorLoadsTheFormAnew) {
+TEST_F(Destruction, OtherInstanceCanLoadTheFormAgain) {
     const auto first = Make();
     const auto second = Make();
     Load(*first);
@@ -527,14 +527,14 @@ TEST_F(Destruction, SurvivorLoadsTheFormAnew) {
     EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
 }
 
-TEST_F(Destruction, NewInstanceAfterTheLastOneSaysInitAgain) {
+TEST_F(Destruction, NewInstanceAfterTheLastOne_PublishesInit) {
     Make()->Terminate();
     const auto object = Make();
     EXPECT_EQ(Kept(u"INITBP"), u"INIT");
     EXPECT_TRUE(Load(*object));
 }
 
-TEST_F(Destruction, FailingKernelReachesTheCallerAndTheLinkIsCut) {
+TEST_F(Destruction, KernelFails_CallerGetsErrorAndLinkIsRemoved) {
     const auto object = Make();
     Load(*object);
     kernel_.FailOn("E_SetString(K4TBACKPROCESS", runtime::Error(runtime::kDllEntryPointNotFound));
@@ -544,7 +544,7 @@ TEST_F(Destruction, FailingKernelReachesTheCallerAndTheLinkIsCut) {
     EXPECT_FALSE(Load(*object));
 }
 
-TEST_F(Destruction, CutsTheLinkBeforeItSaysTerm) {
+TEST_F(Destruction, RemovesTheLinkBeforeItPublishesTerm) {
     const Instance object = Make();
     bool raised = false;
     kernel_.RewriteValues([&](const std::string& key, std::string&) {
@@ -558,7 +558,7 @@ TEST_F(Destruction, CutsTheLinkBeforeItSaysTerm) {
     EXPECT_THAT(heard_, IsEmpty());
 }
 
-TEST_F(Destruction, FailingClientReachesTheCallerAfterTermIsSaid) {
+TEST_F(Destruction, ClientFails_CallerGetsErrorAfterTermIsPublished) {
     const Instance object = MakeWith([](String&, String&) { throw runtime::Error(runtime::kTypeMismatch); });
     Load(*object);
     EXPECT_EQ(tests::ErrorOf([&] { object->Terminate(); }), runtime::kTypeMismatch);
@@ -566,7 +566,7 @@ TEST_F(Destruction, FailingClientReachesTheCallerAfterTermIsSaid) {
     EXPECT_EQ(LoadedWindowCount(), 0u);
 }
 
-TEST_F(Destruction, RefusedSettingsReachTheCallerAfterTermIsSaid) {
+TEST_F(Destruction, SettingsRefused_CallerGetsErrorAfterTermIsPublished) {
     const Instance object = Make();
     Load(*object);
     memory_.settings.Refuse();
@@ -576,10 +576,10 @@ TEST_F(Destruction, RefusedSettingsReachTheCallerAfterTermIsSaid) {
     EXPECT_EQ(LoadedWindowCount(), 0u);
 }
 
-/// What clients do while they hear SHUTDOWN.
+/// Actions of clients while they receive SHUTDOWN.
 class DuringShutdown : public Destruction {
  protected:
-    /// An instance whose client does `then` when it hears something.
+    /// An instance whose client runs `then` at each event.
     static Instance MakeThat(std::function<void()> then) {
         return MakeWith([then](String&, String&) { then(); });
     }
@@ -600,7 +600,7 @@ TEST_F(DuringShutdown, LoadDoesNotKeepTheForm) {
     EXPECT_EQ(LoadedWindowCount(), 0u);
 }
 
-TEST_F(DuringShutdown, NewInstanceDoesNotHearItAndCanLoadAfterwards) {
+TEST_F(DuringShutdown, NewInstance_NoEventAndCanLoadAfterwards) {
     Instance made;
     const Instance maker = MakeThat([&] {
         if (!made) made = Make();
@@ -614,7 +614,7 @@ TEST_F(DuringShutdown, NewInstanceDoesNotHearItAndCanLoadAfterwards) {
     EXPECT_TRUE(MainForm().IsLoaded());
 }
 
-TEST_F(DuringShutdown, InstanceThatIsReleasedDoesNotHearIt) {
+TEST_F(DuringShutdown, ReleasedInstance_NoEvent) {
     Instance released;
     const Instance releaser = MakeThat([&] { released.reset(); });
     released = Make();

@@ -53,7 +53,7 @@ void frmBackProcessMain::SetForm(runtime::Form& form) {
 }
 
 void frmBackProcessMain::Abandon() {
-    // It may be on its way in or out, without a window.
+    // The form may be loading or unloading and have no window.
     AbandonWindow();
     interpreter_.AbandonOpenMessages();
     firstInstance_.reset();
@@ -82,7 +82,7 @@ void frmBackProcessMain::AP_Shell(String& module, std::int16_t mode, StringView 
     notifyClass_.Raise(module, command);
 }
 
-// Whatever fails while loading shuts the component's forms down without a message.
+// An error while loading unloads all forms of the component without a message.
 void frmBackProcessMain::OnLoad() {
     try {
         Announce();
@@ -115,9 +115,9 @@ void frmBackProcessMain::OnQueryUnload(bool& /*cancel*/, runtime::UnloadReason /
 }
 
 void frmBackProcessMain::OnUnload(bool& /*cancel*/) {
-    // The claim ends with the unload, however that ends.
+    // Release the claim when this function ends, even after an error.
     const auto claim = std::move(firstInstance_);
-    // No step is left out for an error of another one: the clients are told in any case.
+    // Run every step even if another one fails, because the clients must receive SHUTDOWN in any case.
     runtime::FirstError error;
     error.Run([] { routing::PublishModuleState(0, 0); });
     error.Run([this] { services::CloseHelp(handle_); });

@@ -1,6 +1,6 @@
-// The main form: the component's one window, which nobody sees. It is what the process has a handle, a status line and
-// an event for: commands for other modules go out through it, to every service object at once. While it is loaded the
-// suite knows this module; the clients hear "SHUTDOWN" when it goes.
+// The main form, a hidden window. It owns the process's window handle, its status line and its outgoing event, which
+// passes commands for other modules to all service objects. While the form is loaded, the suite knows this module. Its
+// unload sends "SHUTDOWN" to the clients. Home thread only, except Abandon.
 #pragma once
 
 #include <memory>
@@ -17,30 +17,32 @@ using runtime::StringView;
 
 class frmBackProcessMain : public runtime::Form {
  public:
-    /// A command for the suite's module of the given name. Both strings are by reference.
+    /// The parameters are a module's name and a command for that module, both by reference.
     using NotifyClassEvent = runtime::Event<String&, String&>;
 
     frmBackProcessMain();
 
     NotifyClassEvent& NotifyClass() { return notifyClass_; }
 
-    /// Moves `form` to the middle of the screen; a form that is larger moves down and right.
+    /// Centres `form` on the screen; see services::SetForm.
     static void SetForm(runtime::Form& form);
-    /// Its thread has ended, or is home no more: gives up window, messages and claim without running a handler.
+    /// To be called when the form's thread has ended or is no longer the home thread. Gives up the window, the open
+    /// messages and the claim to be the first instance, without running a handler.
     void Abandon();
-    /// Puts `text` into the status line and shows it at once.
+    /// Shows `text` in the status line at once.
     void EditMsgLine(StringView text);
 
-    /// Carries out a command from another module. Does not load the form, unless the command does.
+    /// Carries out a command from another module. Loads the form only if the command needs it.
     void AP_ExeCmd(StringView command);
 
-    // Commands for other modules. Each raises NotifyClass once, before it returns; a client's error passes.
+    // Commands for other modules. Each function raises NotifyClass once before it returns. An error of a client reaches
+    // the caller.
 
-    /// `command` for `module`, both as they are.
+    /// Sends `command` to `module`, both unchanged.
     void AP_SendCmd(String& module, String& command);
-    /// `command` in this module's name.
+    /// Sends `command` with this module's name.
     void AP_SendCmdAll(String& command);
-    /// Asks `module` to start a program; `commandLine` goes unquoted, so its commas make further fields.
+    /// Asks `module` to start a program. `commandLine` is not quoted, so commas in it start further fields.
     void AP_Shell(String& module, std::int16_t mode, StringView commandLine);
 
  protected:
@@ -54,7 +56,7 @@ class frmBackProcessMain : public runtime::Form {
     void OnKeyUp(std::int16_t& keyCode, std::int16_t shift) override;
     void OnKeyPress(char16_t& character) override;
 
-    /// Never set by anything so far; EX looks at it.
+    /// EX unloads no form if this is true. The component never sets it.
     bool staysLoaded_ = false;
 
  private:

@@ -20,7 +20,7 @@ using runtime::WindowState;
 using services::Values;
 using ::testing::ElementsAre;
 
-/// Listens to the main form's event.
+/// Records the main form's events.
 template <typename Base>
 class MainFormOver : public Base {
  protected:
@@ -76,7 +76,7 @@ TEST_F(MainFormLoad, ReadsTheListThenPublishesTheState) {
     kernel_.Put(u"AllAps", u"EDITOR,K4TBACKPROCESS");
     form_.EnsureLoaded();
     EXPECT_EQ(routing::OwnModuleIndex(), 2);
-    // The reader asks for the language folder for each of the two captions, and for the one of the form's tag.
+    // The reader gets the language folder for each lookup: two captions and the text of the form's tag.
     EXPECT_THAT(kernel_.Log(),
                 ElementsAre("E_GetString(LANGUAGEPATH)", "E_GetString(LANGUAGEPATH)", "E_GetString(PRODUCT_NAME)",
                             "E_GetString(LANGUAGEPATH)", "E_GetString(AllAps)",
@@ -93,7 +93,7 @@ TEST_F(MainFormLoad, ChoosesTheFontAndGivesItToTheStatusLine) {
     EXPECT_EQ(font, (runtime::Font{Values().uiFont.name, 9, 128, false}));
 }
 
-TEST_F(MainFormInMemory, HandsItsWindowAndContextToTheChoiceOfTheFont) {
+TEST_F(MainFormInMemory, FontIsChosenWithTheFormsWindowAndContext) {
     memory_.fonts.installed.clear();
     form_.EnsureLoaded();
     const std::string release =
@@ -102,7 +102,7 @@ TEST_F(MainFormInMemory, HandsItsWindowAndContextToTheChoiceOfTheFont) {
     EXPECT_THAT(memory_.fonts.log, ::testing::Contains(release).Times(1));
 }
 
-TEST_F(MainFormLoad, TakesTheCaptionOfItsTag) {
+TEST_F(MainFormLoad, CaptionIsTheTextOfItsTag) {
     kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
     memory_.files.AddFile(u"C:\\de\\K4TBackProcess.txt", "561 = Hintergrund\n");
     EXPECT_EQ(form_.Caption(), u"Hintergrund");
@@ -127,7 +127,7 @@ TEST_F(MainFormLoad, IsRepeatedAfterAnUnload) {
     EXPECT_THAT(kernel_.Log(), ::testing::Contains("E_GetString(AllAps)").Times(1));
 }
 
-TEST_F(MainFormLoad, EarlierInstanceShutsDownWithoutAMessage) {
+TEST_F(MainFormLoad, EarlierInstance_FormIsUnloadedWithoutAMessage) {
     memory_.process.SetEarlierInstance(true);
     EXPECT_EQ(tests::ErrorOf([&] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
     EXPECT_FALSE(form_.IsLoaded());
@@ -136,7 +136,7 @@ TEST_F(MainFormLoad, EarlierInstanceShutsDownWithoutAMessage) {
     EXPECT_EQ(routing::InterModuleMessage(), 0u);
 }
 
-TEST_F(MainFormLoad, ErrorOfAnyNumberUnloadsEveryFormWithoutAMessage) {
+TEST_F(MainFormLoad, Error_AllFormsAreUnloadedWithoutAMessage) {
     runtime::Form dialog({.name = u"dialog", .caption = u"", .inner = {3000, 1500}});
     dialog.EnsureLoaded();
     kernel_.FailOn("E_GetString(AllAps)", runtime::Error(runtime::kDllEntryPointNotFound));
@@ -156,7 +156,7 @@ TEST_F(MainFormLoad, HoldsTheClaimOfTheFirstInstanceUntilItsUnload) {
 TEST_F(MainFormInMemory, EarlierInstanceIsFound_TextsAndHandleAreSet) {
     kernel_.Put(u"PRODUCT_NAME", u"Orvane");
     memory_.process.SetEarlierInstance(true);
-    // Help that is open is closed with the handle that the load has taken.
+    // Open help is closed with the window handle that the load has stored.
     Values().helpIsOpen = -1;
     String caption;
     runtime::NativeHandle window = 0;
@@ -183,7 +183,7 @@ TEST_F(MainFormInMemory, EarlierInstanceIsFound_FormIsNotCentred) {
 
 TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsNotSetYet) {
     kernel_.RewriteValues([this](const std::string&, std::string&) {
-        // As an icon it does not become active, so that nothing but the load hides it.
+        // A minimised form does not become active, so only the load hides it.
         form_.SetState(WindowState::kMinimised);
         form_.SetVisible(true);
     });
@@ -199,7 +199,7 @@ TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsNotSetYet) {
 
 using MainFormUnload = MainFormOver<tests::ComponentTest>;
 
-TEST_F(MainFormUnload, WithdrawsTheRecordSavesThePlacementAndSaysShutdownOnce) {
+TEST_F(MainFormUnload, ClearsRecordSavesPlacementAndRaisesShutdownOnce) {
     form_.EnsureLoaded();
     form_.Unload();
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
@@ -238,7 +238,7 @@ TEST_F(MainFormUnload, UnloadFromInsideShutdownIsHarmless) {
     EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
 }
 
-TEST_F(MainFormUnload, ErrorOfAListenerLeavesNoForm) {
+TEST_F(MainFormUnload, ListenerFails_FormIsUnloaded) {
     const auto failing =
         form_.NotifyClass().Connect([](String&, String&) { throw runtime::Error(runtime::kTypeMismatch); });
     form_.EnsureLoaded();
@@ -276,7 +276,7 @@ TEST_F(MainFormUnloadInMemory, RecordIsWithdrawn_HelpIsStillOpen) {
     EXPECT_EQ(memory_.help.calls.size(), 2u);
 }
 
-TEST_F(MainFormUnloadInMemory, LetsPendingEventsRunBetweenUnloads) {
+TEST_F(MainFormUnloadInMemory, PendingEventsRunBetweenUnloads) {
     runtime::Form dialog({.name = u"dialog", .caption = u"", .inner = {3000, 1500}});
     form_.EnsureLoaded();
     dialog.EnsureLoaded();
@@ -289,7 +289,7 @@ TEST_F(MainFormUnloadInMemory, LetsPendingEventsRunBetweenUnloads) {
     EXPECT_TRUE(ran);
 }
 
-TEST_F(MainFormUnloadInMemory, DialogThatGoesMeanwhileIsNotUnloadedTwice) {
+TEST_F(MainFormUnloadInMemory, DialogUnloadedByAnEvent_IsNotUnloadedTwice) {
     tests::HandledForm dialog;
     form_.EnsureLoaded();
     dialog.EnsureLoaded();
@@ -341,20 +341,20 @@ TEST_F(MainFormEventsInMemory, KeysHideTheForm) {
     form_.EnsureLoaded();
     auto& window = memory_.windows.Last();
     const auto hidesAfter = [&](const std::function<void(runtime::WindowEvents&)>& key) {
-        // An icon does not become active when it appears.
+        // A minimised form does not become active when it is shown.
         form_.SetState(WindowState::kMinimised);
         form_.SetVisible(true);
         EXPECT_TRUE(form_.Visible());
         key(window.Events());
         EXPECT_FALSE(form_.Visible());
     };
-    // The key that hid the form is not for anything on it.
+    // The key that hides the form does not reach its controls.
     hidesAfter([](auto& events) { EXPECT_TRUE(events.KeyDown(65, 0)); });
     hidesAfter([](auto& events) { EXPECT_FALSE(events.KeyPress(u'a')); });
     hidesAfter([](auto& events) { EXPECT_FALSE(events.KeyUp(65, 0)); });
 }
 
-TEST_F(MainFormEventsInMemory, ShownByOthersIsHiddenAtOnce) {
+TEST_F(MainFormEventsInMemory, ShownByOtherProgram_IsHiddenAtOnce) {
     for (const bool activates : {true, false}) {
         for (const auto state : {WindowState::kNormal, WindowState::kMinimised, WindowState::kMaximised}) {
             form_.EnsureLoaded();
@@ -391,7 +391,7 @@ TEST_F(MainFormEventsInMemory, MinimisedFormIgnoresTheLimits) {
 
 using MainFormCommands = MainFormOver<tests::HeadlessComponentTest>;
 
-TEST_F(MainFormCommands, SendCmdRaisesTheEventWithBothTextsAsTheyAre) {
+TEST_F(MainFormCommands, SendCmd_PassesBothTextsUnchanged) {
     String module = u"EDITOR";
     String command = u"RD,  x";
     form_.AP_SendCmd(module, command);
@@ -415,7 +415,7 @@ TEST_F(MainFormCommands, ShellBuildsItsCommand) {
     EXPECT_THAT(heard_, ElementsAre("M|SHELL,1,X", "M|SHELL,0,", "M|SHELL,-3,a,b"));
 }
 
-TEST_F(MainFormCommands, FormIsNotLoaded_NoneOfThemLoadsIt) {
+TEST_F(MainFormCommands, FormIsNotLoaded_CommandsForOthersDoNotLoadIt) {
     String module = u"M";
     String command = u"C";
     form_.AP_SendCmd(module, command);
@@ -443,7 +443,7 @@ TEST_F(MainFormCommands, ListenerChangesTheTexts_TheCallersChangeToo) {
     EXPECT_EQ(module, u"M11");
 }
 
-TEST_F(MainFormCommands, ErrorOfAListenerReachesTheCallerAfterAllWereTold) {
+TEST_F(MainFormCommands, ListenerFails_CallerGetsErrorAfterAllEvents) {
     connection_.Disconnect();
     const auto failing =
         form_.NotifyClass().Connect([](String&, String&) { throw runtime::Error(runtime::kInvalidProcedureCall); });

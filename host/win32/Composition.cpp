@@ -14,7 +14,7 @@
 namespace host {
 namespace {
 
-/// What the process runs on under Windows.
+/// The component of a process under Windows, with its back ends.
 struct Composition {
     explicit Composition(HINSTANCE module) : windows(module), process(module) {}
     Composition(const Composition&) = delete;
@@ -37,7 +37,7 @@ struct Composition {
 }  // namespace
 
 Process& EnsureComposed(void* module) {
-    // Never destroyed: at the end of a process the system takes windows and libraries back itself.
+    // Never destroyed, because the system frees windows and libraries at the end of a process.
     static Composition* const composition = new Composition(static_cast<HINSTANCE>(module));
     return composition->component;
 }

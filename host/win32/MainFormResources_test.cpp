@@ -1,4 +1,4 @@
-// The main form comes and goes with its clients' instances: nothing of the window system may stay behind.
+// The main form is loaded and unloaded many times in a process. It must not leak resources of the window system.
 #include <gtest/gtest.h>
 
 #include "host/frmBackProcessMain.h"
@@ -10,7 +10,7 @@ namespace {
 
 using MainFormResources = tests::ComponentTest;
 
-TEST_F(MainFormResources, StayFlatOverManyLoadsAndUnloads) {
+TEST_F(MainFormResources, ManyLoadsAndUnloads_NothingLeaks) {
     frmBackProcessMain& form = MainForm();
     tests::ExpectNothingStays(2000, [&form](int) {
         form.EditMsgLine(u"text");

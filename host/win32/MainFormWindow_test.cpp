@@ -1,4 +1,4 @@
-// The main form's real window under the hands of others: a client, or any program, that shows, moves or sizes it.
+// The main form's real window when a client or another program shows, moves or resizes it.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -27,7 +27,7 @@ class MainFormWindow : public tests::ComponentTest {
         return object_.Load(mode);
     }
     HWND Window() { return reinterpret_cast<HWND>(form_.Handle()); }
-    /// The form is hidden again when `show` returns, and can be used as before.
+    /// Checks that the form is hidden again when `show` returns, and that it still works.
     void ExpectHiddenAfter(const std::function<void(HWND window)>& show) {
         const HWND window = Window();
         show(window);
@@ -43,7 +43,7 @@ class MainFormWindow : public tests::ComponentTest {
     frmBackProcessMain& form_ = MainForm();
 };
 
-TEST_F(MainFormWindow, ShownByOthersIsHiddenAtOnce) {
+TEST_F(MainFormWindow, ShownByOtherProgram_IsHiddenAtOnce) {
     const int commands[] = {SW_SHOW,     SW_SHOWNORMAL, SW_SHOWNA,        SW_SHOWNOACTIVATE, SW_RESTORE,
                             SW_MAXIMIZE, SW_MINIMIZE,   SW_SHOWMINIMIZED, SW_SHOWMINNOACTIVE};
     for (const bool isLoadedByClient : {false, true}) {
@@ -58,7 +58,7 @@ TEST_F(MainFormWindow, ShownByOthersIsHiddenAtOnce) {
     }
 }
 
-TEST_F(MainFormWindow, ShownByOthersHasTheStateInWhichItWasShown) {
+TEST_F(MainFormWindow, ShownByOtherProgram_StateIsTheShownState) {
     Load();
     const auto stateAfter = [this](int command) {
         ShowWindow(Window(), command);
@@ -69,7 +69,7 @@ TEST_F(MainFormWindow, ShownByOthersHasTheStateInWhichItWasShown) {
     EXPECT_EQ(stateAfter(SW_MINIMIZE), runtime::WindowState::kMinimised);
 }
 
-TEST_F(MainFormWindow, ShownByItsPlaceOrStyleIsHiddenAtOnce) {
+TEST_F(MainFormWindow, ShownBySetWindowPosOrStyle_IsHiddenAtOnce) {
     Load();
     ExpectHiddenAfter([](HWND window) { SetWindowPos(window, HWND_TOP, 0, 0, 100, 100, SWP_SHOWWINDOW); });
     ExpectHiddenAfter(
@@ -89,7 +89,7 @@ TEST_F(MainFormWindow, ShownByAnotherThreadIsHiddenAtOnce) {
     });
 }
 
-// With the system's own procedure in its place, the window's does not notice that it is shown.
+// While the system's procedure replaces the window's own procedure, the form does not notice that it is shown.
 TEST_F(MainFormWindow, KeysAndActivationHideIt) {
     Load();
     const auto hides = [this](UINT message, WPARAM wParam) {
@@ -106,7 +106,7 @@ TEST_F(MainFormWindow, KeysAndActivationHideIt) {
     hides(WM_CHAR, 'a');
 }
 
-TEST_F(MainFormWindow, PlacementThatIsSavedIsWhereItStands) {
+TEST_F(MainFormWindow, SavedPlacementIsTheWindowsPlace) {
     Load();
     RECT place{};
     GetWindowRect(Window(), &place);
@@ -119,7 +119,7 @@ TEST_F(MainFormWindow, PlacementThatIsSavedIsWhereItStands) {
     std::vector<String> saved;
     for (const auto& setting : memory_.settings.Saved()) saved.push_back(setting.value);
     EXPECT_EQ(saved, expected);
-    // As near to the middle of the screen as a pixel allows.
+    // The window is centred to the nearest pixel.
     EXPECT_NEAR(twips.left, (runtime::ScreenSize().width - twips.width) / 2, ToTwips(1) / 2);
     EXPECT_NEAR(twips.top, (runtime::ScreenSize().height - twips.height) / 2, ToTwips(1) / 2);
 }
