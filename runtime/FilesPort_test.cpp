@@ -1,5 +1,4 @@
-// Tests that every implementation of FilesPort must pass. They run for the files in memory on every platform, and for
-// the real file system on Windows.
+// Tests for every FilesPort: the files in memory on every platform, and the real file system on Windows.
 #include "runtime/FilesPort_test.h"
 
 namespace runtime {

@@ -1,5 +1,4 @@
-// Tests that every implementation of FontsPort must pass. They run for the fonts in memory on every platform, and for
-// GDI on Windows.
+// Tests for every FontsPort: ScriptedFonts on every platform, and GDI on Windows.
 #include "runtime/FontsPort_test.h"
 
 namespace runtime {

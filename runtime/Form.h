@@ -5,8 +5,8 @@
 //   later access loads the form again.
 //
 // Special cases:
-// - A load handler may unload its own form. The access that loaded the form then fails with error 364. Every later
-//   access from inside the handler also fails with error 364, because it would load the form a second time.
+// - A load handler may unload its own form. The access that loaded the form then fails with error 364, and so does
+//   every later access from inside the handler.
 // - Unloading a form whose unload handlers are running does nothing.
 // - If an unload handler throws, the form is still unloaded; then the error is thrown.
 // - If the load handler throws, the form is unloaded without running its unload handlers; then the error is thrown.

@@ -1,7 +1,5 @@
-// Failures around forms:
-// - the window system refuses or corrects a request
-// - a handler fails, or unloads the form during a call
-// - other code destroys the window
+// Failures around forms: the window system refuses or corrects a request, a handler fails or unloads the form, or other
+// code destroys the window.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -39,8 +37,8 @@ struct FullControl : headless::MemoryControl {
     const bool& isFull;
 };
 
-/// A window system with the failures that a test chooses: it refuses controls or items, or makes no window wider than
-/// kMaxWidthHere. It also calls `onModalEnd` when a modal loop ends.
+/// A window system that refuses controls or items, or makes no window wider than kMaxWidthHere, as the test chooses. It
+/// calls `onModalEnd` when a modal loop ends.
 class FaultyWindows : public headless::MemoryWindows {
  public:
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override {

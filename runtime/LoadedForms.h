@@ -17,8 +17,7 @@ class LoadedFormsCollection {
     /// Error 9 for an index outside 0..Count-1.
     Form& At(std::size_t index) const;
     /// The last form that is not already unloading, or null. A form that is unloading stays in the collection until its
-    /// handlers return. A loop that unloads the last form until none is left therefore uses this function; otherwise it
-    /// would not end while such a handler runs.
+    /// handlers return. A loop that unloads all forms must therefore skip it.
     Form* LastToUnload() const;
 
     /// Unloads the last form until none is left. Processes pending events after each unload, and at least once. Ends

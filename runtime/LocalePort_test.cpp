@@ -1,5 +1,4 @@
-// Tests that every implementation of LocalePort must pass. They run for PlainLocale on every platform, and for the
-// system's locale on Windows.
+// Tests for every LocalePort: PlainLocale on every platform, and the system's locale on Windows.
 #include "runtime/LocalePort_test.h"
 
 namespace runtime {

@@ -1,5 +1,5 @@
-// Tests that every implementation of ProcessPort must pass. They run for FixedProcess on every platform, and for the
-// real process on Windows. Win32Process_test.cpp tests claims of several processes.
+// Tests for every ProcessPort: FixedProcess on every platform, and the real process on Windows. Win32Process_test.cpp
+// tests claims of several processes.
 #include "runtime/ProcessPort_test.h"
 
 namespace runtime {

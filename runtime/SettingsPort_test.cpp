@@ -1,5 +1,4 @@
-// Tests that every implementation of SettingsPort must pass. They run for the settings in memory on every platform, and
-// for the registry on Windows.
+// Tests for every SettingsPort: the settings in memory on every platform, and the registry on Windows.
 #include "runtime/SettingsPort_test.h"
 
 #include "tests/support/ErrorOf.h"

@@ -97,7 +97,6 @@ class MemoryWindow : public NativeWindow {
     /// The user presses and releases a key. Enter, Space, Escape and Tab also produce a character, unless the form
     /// consumes the key.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);
-    /// The user types characters.
     void Type(StringView text);
 
     String caption;

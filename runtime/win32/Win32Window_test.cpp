@@ -1,5 +1,5 @@
-// Forms with real windows. A form reacts to what the user, other programs and the system do to its window. The tests
-// simulate this with messages to the window. No window, message or window class is left over.
+// Forms with real windows. Messages to the windows simulate what the user, other programs and the system do to them. No
+// window, message or window class is left over.
 #include "runtime/win32/Win32Window.h"
 
 #include <gmock/gmock.h>
