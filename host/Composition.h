@@ -5,6 +5,10 @@
 
 namespace host {
 
+/// With the value "1" in the environment of the host program, no dialog is shown (UnattendedDialogs). Read when the
+/// process is composed.
+inline constexpr const wchar_t* kUnattendedVariable = L"K4TBACKPROCESS_UNATTENDED";
+
 /// The component of this process. The first call composes it; it exists until the process ends. `module` is the
 /// component's own module handle (HINSTANCE).
 Process& EnsureComposed(void* module);

@@ -1,10 +1,14 @@
 #include "host/Composition.h"
 
+#include <memory>
+
+#include "host/UnattendedDialogs.h"
 #include "kernel_api/win32/KernelLibrary.h"
 #include "runtime/Ports.h"
 #include "runtime/win32/GdiFonts.h"
 #include "runtime/win32/HelpControl.h"
 #include "runtime/win32/RegistrySettings.h"
+#include "runtime/win32/Switch.h"
 #include "runtime/win32/Win32Files.h"
 #include "runtime/win32/Win32Locale.h"
 #include "runtime/win32/Win32MessageBox.h"
@@ -14,9 +18,21 @@
 namespace host {
 namespace {
 
+void WriteToDebugger(const runtime::String& line) {
+    OutputDebugStringW(runtime::win32::Wide(line + u"\n"));
+}
+
+/// Null unless the environment asks for a run without a user.
+std::unique_ptr<UnattendedDialogs> UnattendedIfAsked() {
+    if (!runtime::win32::IsSwitchedOn(kUnattendedVariable)) return nullptr;
+    return std::make_unique<UnattendedDialogs>(WriteToDebugger);
+}
+
 /// The component of a process under Windows, with its back ends.
 struct Composition {
-    explicit Composition(HINSTANCE module) : windows(module), process(module) {}
+    explicit Composition(HINSTANCE module) : windows(module), process(module) {
+        if (unattended) unattended->ReplaceSuiteDialogs();
+    }
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;
     ~Composition() = delete;
@@ -28,7 +44,9 @@ struct Composition {
     runtime::win32::Win32Locale locale;
     runtime::win32::GdiFonts fonts;
     runtime::win32::HelpControl help;
-    runtime::win32::Win32MessageBox messageBox{help};
+    runtime::win32::Win32MessageBox systemBox{help};
+    const std::unique_ptr<UnattendedDialogs> unattended = UnattendedIfAsked();
+    runtime::MessageBoxPort& messageBox = unattended ? static_cast<runtime::MessageBoxPort&>(*unattended) : systemBox;
     const runtime::Ports ports{windows, settings, files, process, locale, fonts, messageBox, help};
     kernel_api::win32::KernelLibrary kernel{process.ComponentFolder()};
     Process component{ports, kernel};

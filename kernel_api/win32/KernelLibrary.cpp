@@ -8,6 +8,7 @@
 #include "runtime/ProgramFile.h"
 #include "runtime/win32/ModulePath.h"
 #include "runtime/win32/QuietErrors.h"
+#include "runtime/win32/Switch.h"
 #include "runtime/win32/TrustedLibrary.h"
 #include "runtime/win32/Win32Files.h"
 #include "runtime/win32/Win32Locale.h"
@@ -35,8 +36,7 @@ bool IsFile(const String& path) {
 }
 
 bool IsAskedForDevelopmentKernel() {
-    wchar_t value[2]{};
-    return GetEnvironmentVariableW(kAskForDevelopmentKernel, value, 2) == 1 && value[0] == L'1';
+    return runtime::win32::IsSwitchedOn(kAskForDevelopmentKernel);
 }
 
 /// Why the file at `path` does not load.

@@ -3,8 +3,10 @@
 //                                    release. Exit code 0; 1 if the form's window is destroyed at the end; 2 or more
 //                                    after an earlier failure
 //     com_client lose COMPONENT      ends eight threads, each while it shows the message of a failed command. Exit code
-//     0
-//                                    if the message of the next failed command still appears, else 1
+//                                    0 if the message of the next failed command still appears, else 1
+//     com_client unattended COMPONENT
+//                                    sends failing commands from two apartments. Exit code 0 if no message appears and
+//                                    each is reported to the debugger; 1 if one appears; 11 if a report is missing
 //     com_client listen FILE EVENT   reads a marshalled instance from FILE, connects a sink to it, sets EVENT, and
 //                                    dispatches messages until it is killed
 #include <cstdlib>
@@ -155,6 +157,58 @@ int LoseHomes(wchar_t* component) {
     return isMessageShown ? 0 : 1;
 }
 
+int answeredMessages = 0;
+
+/// A line for a debugger arrives as an exception.
+LONG CALLBACK CountAnswers(EXCEPTION_POINTERS* exception) noexcept {
+    const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
+    if (record.ExceptionCode != DBG_PRINTEXCEPTION_C || record.NumberParameters < 2) return EXCEPTION_CONTINUE_SEARCH;
+    const auto* const line = reinterpret_cast<const char*>(record.ExceptionInformation[1]);
+    if (std::strstr(line, "unattended, message answered with OK") != nullptr) ++answeredMessages;
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+constexpr int kFailingCommands = 20;
+
+/// EX each time: a sink that fails at the shutdown makes it fail, which is reported in a message.
+void SendFailingCommands(_clsQmxBackProcess* instance) {
+    for (int i = 0; i < kFailingCommands; ++i) {
+        short mode = 0;
+        VARIANT_BOOL result = VARIANT_FALSE;
+        Require(SUCCEEDED(instance->Load(&mode, &result)), 9);
+        Bstr name;
+        Bstr command(u"All,EX");
+        Require(SUCCEEDED(instance->NotifyMe(name.Address(), command.Address())), 10);
+    }
+}
+
+DWORD WINAPI SendFromOtherApartment(void* component) {
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    SendFailingCommands(MakeLoadedInstance(static_cast<const wchar_t*>(component)));
+    return 0;
+}
+
+/// Serves this thread's messages until `thread` has ended.
+void ServeUntilEndOf(HANDLE thread) {
+    while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
+        for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessageW(&message);
+    }
+}
+
+int AnswerUnattended(wchar_t* component) {
+    AddVectoredExceptionHandler(1, CountAnswers);
+    SetTimer(nullptr, 0, 20, OnTimer);
+    static EndlessSink failing(E_FAIL);
+    _clsQmxBackProcess* const instance = MakeLoadedInstance(component);
+    Connect(instance, failing);
+    const HANDLE thread = CreateThread(nullptr, 0, SendFromOtherApartment, component, 0, nullptr);
+    ServeUntilEndOf(thread);
+    SendFailingCommands(instance);
+    CloseHandle(thread);
+    if (isMessageShown) return 1;
+    return answeredMessages == 2 * kFailingCommands ? 0 : 11;
+}
+
 ComPtr<IUnknown> Unmarshal(const wchar_t* path) {
     std::ifstream file(path, std::ios::binary);
     const std::string bytes{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
@@ -185,6 +239,7 @@ int main() {
     const std::wstring job = argc > 1 ? argv[1] : L"";
     if (job == L"exit" && argc == 3) return EndWithoutRelease(argv[2]);
     if (job == L"lose" && argc == 3) return LoseHomes(argv[2]);
+    if (job == L"unattended" && argc == 3) return AnswerUnattended(argv[2]);
     if (job == L"listen" && argc == 4) return Listen(argv[2], argv[3]);
     return 99;
 }

@@ -69,9 +69,13 @@ def tool(*arguments, text=b""):
 class LiveHost:
     """`backproc host` with its standard input kept open."""
 
+    def __init__(self, *arguments, program=None, environment=None):
+        self.command = [wine_run, str(program or bin_folder / "backproc.exe"), "host", *arguments]
+        self.environment = dict(os.environ, **(environment or {}))
+
     def __enter__(self):
-        self.process = subprocess.Popen([wine_run, str(bin_folder / "backproc.exe"), "host"], stdin=subprocess.PIPE,
-                                        stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
+        self.process = subprocess.Popen(self.command, stdin=subprocess.PIPE, stdout=subprocess.PIPE,
+                                        stderr=subprocess.DEVNULL, env=self.environment)
         self.lines = queue.Queue()
         threading.Thread(target=self.read, daemon=True).start()
         return self

@@ -1,0 +1,101 @@
+#include "host/UnattendedDialogs.h"
+
+#include <array>
+#include <cstddef>
+
+#include "dialogs/Qmxquery.h"
+#include "dialogs/frmQMXMsgBox.h"
+#include "runtime/Error.h"
+#include "services/ProcessValues.h"
+
+namespace host {
+namespace {
+
+using dialogs::Qmxquery;
+using runtime::String;
+using runtime::StringView;
+
+struct Answer {
+    std::int32_t code;
+    StringView name;
+};
+
+constexpr Answer kCancel{2, u"Cancel"};
+
+/// By the style's set of buttons. What Escape does not answer, because the box has no Cancel, is answered by the button
+/// that changes least.
+constexpr std::array kSystemBoxAnswers = {
+    Answer{1, u"OK"},     // OK
+    kCancel,              // OK, Cancel
+    Answer{3, u"Abort"},  // Abort, Retry, Ignore
+    kCancel,              // Yes, No, Cancel
+    Answer{7, u"No"},     // Yes, No
+    kCancel,              // Retry, Cancel
+    kCancel,              // Cancel, Try Again, Continue
+};
+constexpr std::int32_t kButtonBits = 0xF;
+
+String OneLine(StringView text) {
+    String line(text);
+    for (char16_t& character : line) {
+        if (character < u' ') character = u' ';
+    }
+    return line;
+}
+
+/// What the dialog refuses to ask is an error in a run without a user, too.
+void CheckQuestion(const std::vector<String>& values, std::int32_t kind, std::int32_t index) {
+    if (values.empty()) {
+        throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange, u"the first of the values, which is the initial text");
+    }
+    const bool hasSelection = kind == dialogs::kDropDown || kind == dialogs::kList;
+    const auto items = static_cast<std::int32_t>(values.size() - 1);
+    if (hasSelection && (index < -1 || index >= items)) {
+        throw runtime::ErrorAbout(runtime::kInvalidPropertyValue, u"the index of the item that is selected at first");
+    }
+}
+
+}  // namespace
+
+void UnattendedDialogs::ReplaceSuiteDialogs() {
+    services::ProcessValues& values = services::Values();
+    values.suiteMessageBox = [this](StringView prompt, std::int32_t /*flags*/, StringView title) {
+        return AnswerSuiteBox(prompt, title);
+    };
+    values.suiteQuery = [this](const String& title, const String& prompt, std::vector<String>& items, std::int32_t kind,
+                               std::int32_t& index, bool /*showButton*/, const String& /*buttonCaption*/) {
+        return AnswerQuery(title, prompt, items, kind, index);
+    };
+}
+
+std::int32_t UnattendedDialogs::Show(StringView prompt, std::int32_t flags, StringView title,
+                                     const runtime::MessageHelp& /*help*/) {
+    const auto buttons = static_cast<std::size_t>(flags & kButtonBits);
+    if (buttons >= kSystemBoxAnswers.size()) {
+        throw runtime::ErrorAbout(runtime::kInvalidProcedureCall, u"no message box has such buttons");
+    }
+    const Answer& answer = kSystemBoxAnswers[buttons];
+    Note(u"message", answer.name, title, prompt);
+    return answer.code;
+}
+
+std::int32_t UnattendedDialogs::AnswerSuiteBox(StringView prompt, StringView title) const {
+    Note(u"message", kCancel.name, title, prompt);
+    return dialogs::frmQMXMsgBox::kCancel;
+}
+
+String UnattendedDialogs::AnswerQuery(const String& title, const String& prompt, std::vector<String>& values,
+                                      std::int32_t kind, std::int32_t& index) const {
+    CheckQuestion(values, kind, index);
+    Note(u"question", kCancel.name, title, prompt);
+    values.front().clear();
+    index = Qmxquery::kCancelled;
+    return {};
+}
+
+void UnattendedDialogs::Note(StringView dialog, StringView answer, StringView title, StringView prompt) const {
+    report_(u"K4TBackProcess: unattended, " + String(dialog) + u" answered with " + String(answer) + u": title=[" +
+            OneLine(title) + u"] prompt=[" + OneLine(prompt) + u"]");
+}
+
+}  // namespace host

@@ -1,0 +1,106 @@
+#!/usr/bin/env python3
+"""Runs the tool and the example clients without a user: whatever would show a dialog is answered at once.
+
+    test_unattended.py WINE_RUN BIN_FOLDER
+
+The component is registered with a kernel that lacks an entry, so that a client's command fails, which is reported in a
+message box.
+"""
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import tempfile
+import time
+
+import running
+from running import EXAMPLES, TIMEOUT, LiveHost, ToolTestCase, main, run, windows_path
+
+# Wine shows the lines for a debugger on standard error.
+UNATTENDED = {"K4TBACKPROCESS_UNATTENDED": "1", "WINEDEBUG": "warn+seh"}
+# The blank puts it in quotes, as the component wants it beside other arguments.
+BAD_FOLDER = "/sys:C:\\no where"
+BAD_FOLDER_NOTE = "message answered with OK: title=[Path not found] prompt=[Path: C:\\NO WHERE not available]"
+# The kernel keeps no strings, so there is no product name.
+FAILED_COMMAND = "message answered with OK: title=[] prompt=[Can't find DLL entry point: DB_DataBase"
+
+
+def notes(errors):
+    """What the component has written for a debugger, in order."""
+    written = re.findall(r'OutputDebugString[AW] L?"K4TBackProcess: unattended, (.*)\\n"', errors.decode(errors="replace"))
+    return [note.replace('\\"', '"').replace("\\\\", "\\") for note in written]
+
+
+def colours_on_screen():
+    shown = subprocess.run(["import", "-window", "root", "-format", "%k", "info:"], capture_output=True, check=True,
+                           timeout=TIMEOUT)
+    return int(shown.stdout)
+
+
+class Unattended(ToolTestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
+        running.copy_built(cls.folder, "backproc.exe", "K4TBackProcess.dll")
+        shutil.copy(running.bin_folder / "commands" / "DB_DataBase" / "QmxKrn2K.dll", cls.folder)
+        cls.tool = cls.folder / "backproc.exe"
+        assert run(cls.tool, "register")[0] == 0
+
+    @classmethod
+    def tearDownClass(cls):
+        run(cls.tool, "unregister")
+
+    def check(self, arguments, code, output, note):
+        got = run(self.tool, *arguments, environment=UNATTENDED)
+        self.assertEqual((got[0], got[1].decode()), (code, output))
+        self.assertEqual(notes(got[2]), [note])
+
+    def test_dialogs_of_the_tool_are_answered(self):
+        self.check(["msgbox", "--title", "T", "Overwrite?"], 2, "2\n",
+                   "message answered with Cancel: title=[T] prompt=[Overwrite?]")
+        self.check(["query", "--kind", "3", "--title", "T", "--prompt", "Which?", "--index", "0", "", "A"], 1,
+                   "text=\nindex=-1\n", "question answered with Cancel: title=[T] prompt=[Which?]")
+        self.check(["error", "2", "x"], 0, "", "message answered with OK: title=[ -  (Pelorix Background process )] "
+                   "prompt=[Can't save projectx]")
+
+    def check_client(self, *command):
+        """The client starts with a folder that is not there, and sends a command that fails."""
+        code, output, errors = run(*command, BAD_FOLDER, environment=UNATTENDED)
+        self.assertEqual(code, 0, output.decode(errors="replace"))
+        self.assertIn(b"released", output.splitlines())
+        first, *others = notes(errors)
+        self.assertEqual(first, BAD_FOLDER_NOTE)
+        self.assertTrue(others)
+        for note in others:
+            self.assertTrue(note.startswith(FAILED_COMMAND), note)
+
+    def test_clients_see_no_dialog(self):
+        self.check_client(running.bin_folder / "examples" / "client.exe")
+        self.check_client("cscript.exe", "//nologo", windows_path(EXAMPLES / "client.vbs"))
+
+    def test_the_screen_stays_empty(self):
+        with LiveHost(BAD_FOLDER, program=self.tool, environment=UNATTENDED) as host:
+            self.assertEqual(host.ask(b"create"), b"1 created\n")
+            self.assertEqual(host.ask(b"load 1"), b"1 Load True\n")
+            self.assertEqual(host.ask(b"notify 1 All,SAVE"), b"1 NotifyServer [K4TBACKPROCESS] [SHUTDOWN]\n")
+            self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 NotifyMe\n")
+            self.assertEqual(colours_on_screen(), 1)
+
+    def test_another_value_shows_the_dialogs(self):
+        environment = {**os.environ, **UNATTENDED, "K4TBACKPROCESS_UNATTENDED": "0"}
+        box = subprocess.Popen([running.wine_run, str(self.tool), "msgbox", "--title", "T", "Overwrite?"], env=environment,
+                               stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        try:
+            end = time.monotonic() + TIMEOUT
+            while colours_on_screen() == 1 and time.monotonic() < end:
+                time.sleep(0.1)
+            self.assertGreater(colours_on_screen(), 1)
+            self.assertIsNone(box.poll())
+        finally:
+            box.kill()
+            box.wait(timeout=TIMEOUT)
+
+
+if __name__ == "__main__":
+    main()
