@@ -197,7 +197,7 @@ void Qmxquery::Fill(const std::vector<String>& values, std::int32_t index) {
 }
 
 void Qmxquery::Wait() {
-    const runtime::DefaultPointer pointer;
+    const auto pointer = runtime::DefaultPointerForScope();
     ShowModal();
     if (!isAnswered_) Finish({}, kCancelled);
 }

@@ -76,7 +76,7 @@ std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringV
     const runtime::Rect design = lblPrompt_->Bounds();
     const std::int32_t origW = runtime::ToInt32(design.width);
     const std::int32_t origH = runtime::ToInt32(design.height);
-    const runtime::DefaultPointer pointer;
+    const auto pointer = runtime::DefaultPointerForScope();
     lblPrompt_->SetText(prompt);
     SetCaption(title);
     ChooseFirstButton(flags);

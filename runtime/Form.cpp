@@ -6,6 +6,7 @@
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Ports.h"
+#include "runtime/ScopeGuard.h"
 
 namespace runtime {
 namespace {
@@ -218,17 +219,12 @@ void Form::ShowModal() {
     // BeginModal sends messages to the windows that it disables. A handler of such a message may have unloaded this
     // form.
     if (!window_) return;
-    const struct ModalTime {
-        Form& form;
-        ModalTime(Form& modalForm, ModalLoop& modalLoop) : form(modalForm) { form.modal_ = &modalLoop; }
-        ModalTime(const ModalTime&) = delete;
-        ModalTime& operator=(const ModalTime&) = delete;
-        ~ModalTime() {
-            // Hide the form, also after an exception.
-            if (form.window_) IgnoreErrors([this] { form.Hide(); });
-            form.modal_ = nullptr;
-        }
-    } modalTime(*this, *loop);
+    modal_ = loop.get();
+    const ScopeGuard ended([this] {
+        // Hide the form, also after an exception.
+        if (window_) IgnoreErrors([this] { Hide(); });
+        modal_ = nullptr;
+    });
     SetVisible(true);
     loop->Run();
 }

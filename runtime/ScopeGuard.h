@@ -18,4 +18,10 @@ class ScopeGuard {
     Action action_;
 };
 
+/// Gives `variable` a value for the time of a scope; then it has its former one again.
+template <typename Value>
+[[nodiscard]] auto SetForScope(Value& variable, Value value) {
+    return ScopeGuard([&variable, former = std::exchange(variable, std::move(value))] { variable = former; });
+}
+
 }  // namespace runtime

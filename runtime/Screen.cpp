@@ -23,12 +23,4 @@ void SetMousePointer(std::int16_t shape) {
     CurrentPorts().windows.SetMousePointer(shape);
 }
 
-DefaultPointer::DefaultPointer() : former_(MousePointer()) {
-    SetMousePointer(kDefaultPointer);
-}
-
-DefaultPointer::~DefaultPointer() {
-    IgnoreErrors([this] { SetMousePointer(former_); });
-}
-
 }  // namespace runtime

@@ -3,7 +3,9 @@
 
 #include <cstdint>
 
+#include "runtime/Error.h"
 #include "runtime/Geometry.h"
+#include "runtime/ScopeGuard.h"
 
 namespace runtime {
 
@@ -16,16 +18,11 @@ std::int16_t MousePointer();
 void SetMousePointer(std::int16_t shape);
 
 /// Shows the default pointer while a dialog is open, because a caller's busy pointer would hide the dialog's own
-/// pointers. The destructor restores the caller's pointer.
-class DefaultPointer {
- public:
-    DefaultPointer();
-    ~DefaultPointer();
-    DefaultPointer(const DefaultPointer&) = delete;
-    DefaultPointer& operator=(const DefaultPointer&) = delete;
-
- private:
-    std::int16_t former_;
-};
+/// pointers. The guard restores the caller's pointer.
+[[nodiscard]] inline auto DefaultPointerForScope() {
+    const std::int16_t former = MousePointer();
+    SetMousePointer(kDefaultPointer);
+    return ScopeGuard([former] { IgnoreErrors([former] { SetMousePointer(former); }); });
+}
 
 }  // namespace runtime

@@ -9,6 +9,7 @@
 #include "runtime/LateBound.h"
 #include "runtime/Numbers.h"
 #include "runtime/Ports.h"
+#include "runtime/ScopeGuard.h"
 #include "runtime/Screen.h"
 #include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
@@ -71,40 +72,26 @@ struct FoundFace {
     String name;
 };
 
-/// Selects the system's own font into a context of `window`. The destructor selects the former font again and releases
-/// the context.
-class SystemFontInContext {
- public:
-    SystemFontInContext(NativeHandle window, NativeHandle context)
-        : window_(window),
-          context_(context),
-          made_(fonts_.MakeIconTitleFont()),
-          before_(fonts_.Select(context, made_ != 0 ? made_ : fonts_.StockGuiFont())) {}
-    SystemFontInContext(const SystemFontInContext&) = delete;
-    SystemFontInContext& operator=(const SystemFontInContext&) = delete;
-    ~SystemFontInContext() {
-        fonts_.Select(context_, before_);
-        fonts_.ReleaseContext(window_, context_);
-        if (made_ != 0) fonts_.Delete(made_);
-    }
-
-    FoundFace Face() const {
-        return {made_ != 0 ? FontRule::kIconTitleFont : FontRule::kStockFont, fonts_.FaceName(context_)};
-    }
-
- private:
-    runtime::FontsPort& fonts_ = runtime::CurrentPorts().fonts;
-    NativeHandle window_;
-    NativeHandle context_;
-    NativeHandle made_;  ///< 0 for the stock font, which must not be deleted
-    NativeHandle before_;
-};
+/// The face of the system's own font, in a context of `window`. The guard selects the former font again and releases the
+/// context.
+FoundFace SystemFace(NativeHandle window, NativeHandle context) {
+    runtime::FontsPort& fonts = runtime::CurrentPorts().fonts;
+    const NativeHandle made = fonts.MakeIconTitleFont();
+    const NativeHandle before = fonts.Select(context, made != 0 ? made : fonts.StockGuiFont());
+    const runtime::ScopeGuard released([&] {
+        fonts.Select(context, before);
+        fonts.ReleaseContext(window, context);
+        // The stock font is not deleted.
+        if (made != 0) fonts.Delete(made);
+    });
+    return {made != 0 ? FontRule::kIconTitleFont : FontRule::kStockFont, fonts.FaceName(context)};
+}
 
 FoundFace WesternFace(NativeHandle window, NativeHandle context) {
     for (const StringView face : kWesternFaces) {
         if (runtime::CurrentPorts().fonts.IsInstalled(face)) return {FontRule::kInstalledFace, String(face)};
     }
-    return SystemFontInContext(window, context).Face();
+    return SystemFace(window, context);
 }
 
 /// A new font with the values of the process's font. The font refuses an empty name and a size of 0 and keeps its own

@@ -3,6 +3,7 @@
 #include "host/com/ComHeaders.h"
 #include "host/com/ComPtr.h"
 #include "runtime/ProgramFile.h"
+#include "runtime/ScopeGuard.h"
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/TrustedLibrary.h"
 #include "tools/ComFailure.h"
@@ -30,27 +31,14 @@ void ReadVersion(const String& path, ComponentFile& component) {
                             std::to_string(HIWORD(information.dwFileVersionLS));
 }
 
-/// The attributes of a type library. The library owns them and must outlive this object.
-class Attributes {
- public:
-    explicit Attributes(ITypeLib& library) : library_(library) { ThrowIfFailed(library.GetLibAttr(&attributes_)); }
-    Attributes(const Attributes&) = delete;
-    Attributes& operator=(const Attributes&) = delete;
-    ~Attributes() { library_.ReleaseTLibAttr(attributes_); }
-
-    const TLIBATTR& operator*() const { return *attributes_; }
-
- private:
-    ITypeLib& library_;
-    TLIBATTR* attributes_ = nullptr;
-};
-
 std::optional<Version> TypeLibraryOf(const String& path) {
     ComPtr<ITypeLib> library;
     if (FAILED(LoadTypeLibEx(Wide(path), REGKIND_NONE, library.Put()))) return {};
-    const Attributes attributes(*library.Get());
-    if ((*attributes).guid != LIBID_K4TBackProcess) return {};
-    return Version{(*attributes).wMajorVerNum, (*attributes).wMinorVerNum};
+    TLIBATTR* attributes = nullptr;
+    ThrowIfFailed(library->GetLibAttr(&attributes));
+    const runtime::ScopeGuard released([&] { library->ReleaseTLibAttr(attributes); });
+    if (attributes->guid != LIBID_K4TBackProcess) return {};
+    return Version{attributes->wMajorVerNum, attributes->wMinorVerNum};
 }
 
 std::string LoadFailureOf(const String& path) {

@@ -11,22 +11,11 @@
 #include <memory>
 #include <new>
 
+#include "runtime/ScopeGuard.h"
 #include "tools/Tool.h"
 #include "tools/Verbs.h"
 
 namespace {
-
-/// Switches the console to UTF-8, which the tool writes. The destructor restores the console's code page.
-class Utf8Console {
- public:
-    Utf8Console() : former_(GetConsoleOutputCP()) { SetConsoleOutputCP(CP_UTF8); }
-    Utf8Console(const Utf8Console&) = delete;
-    Utf8Console& operator=(const Utf8Console&) = delete;
-    ~Utf8Console() { SetConsoleOutputCP(former_); }
-
- private:
-    UINT former_;
-};
 
 struct LocalFreer {
     void operator()(wchar_t** memory) const { LocalFree(memory); }
@@ -45,7 +34,9 @@ tools::Arguments ProcessArguments() {
 
 int main() try {
     for (std::FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
-    const Utf8Console utf8;
+    // The tool writes UTF-8. The console has its own code page again afterwards.
+    const runtime::ScopeGuard restored([former = GetConsoleOutputCP()] { SetConsoleOutputCP(former); });
+    SetConsoleOutputCP(CP_UTF8);
     tools::Console console{std::cin, std::cout, std::cerr};
     return tools::RunTool(tools::AllVerbs(), K4T_VERSION, ProcessArguments(), console);
 } catch (const std::bad_alloc&) {

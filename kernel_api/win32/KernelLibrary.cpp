@@ -70,7 +70,7 @@ Error NotFound(const String& folder) {
 Library Load(const String& folder) {
     const auto found = FindKernel(folder, FolderOf(ModulePath(nullptr)));
     if (!found) throw NotFound(folder);
-    const QuietErrors quiet(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+    const auto quiet = QuietErrors(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     Library library = runtime::win32::LoadTrusted(found->path);
     if (!library) throw CannotLoad(found->path, GetLastError());
     return library;

@@ -2,6 +2,7 @@
 
 #include <commctrl.h>
 
+#include "runtime/ScopeGuard.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/OutOfResources.h"
 #include "runtime/win32/Pixels.h"
@@ -43,7 +44,7 @@ void Win32Combo::SetBounds(const Rect& bounds) {
 
 void Win32Combo::SetText(const String& text) {
     if (!edit_) return;
-    const ScopedFlag setting(isSetting_);
+    const auto setting = SetForScope(isSetting_, true);
     SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(-1), 0);
     Win32Control::SetText(text);
     SetSelection({});
@@ -55,13 +56,13 @@ void Win32Combo::Add(const String& item) {
 }
 
 void Win32Combo::Clear() {
-    const ScopedFlag setting(isSetting_);
+    const auto setting = SetForScope(isSetting_, true);
     SendMessageW(Window(), CB_RESETCONTENT, 0, 0);
     if (edit_) SetWindowTextW(edit_, L"");
 }
 
 void Win32Combo::Choose(int index) {
-    const ScopedFlag setting(isSetting_);
+    const auto setting = SetForScope(isSetting_, true);
     SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
 }
 
@@ -79,7 +80,7 @@ void Win32Combo::Close(bool choose) {
         return;
     }
     {
-        const ScopedFlag setting(isSetting_);
+        const auto setting = SetForScope(isSetting_, true);
         press(VK_ESCAPE);
         if (!HasChangedSinceOpening()) return;
         PutBackOpening();

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <memory>
-#include <utility>
 
 #include "runtime/WindowsPort.h"
 #include "runtime/win32/Handle.h"
@@ -43,19 +42,6 @@ class Win32Control : public NativeControl {
         DWORD extendedStyle;
     };
     Win32Control(Win32Window& parent, Win32Windows& system, ControlKind kind, int id, const WindowKind& windowKind);
-
-    /// Sets a flag. The destructor restores the former value.
-    class ScopedFlag {
-     public:
-        explicit ScopedFlag(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-        ScopedFlag(const ScopedFlag&) = delete;
-        ScopedFlag& operator=(const ScopedFlag&) = delete;
-        ~ScopedFlag() { flag_ = before_; }
-
-     private:
-        bool& flag_;
-        const bool before_;
-    };
 
  private:
     Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id);

@@ -94,7 +94,7 @@ String Win32Files::CurrentFolder() {
 
 void Win32Files::ChangeFolder(StringView path) {
     if (!CanBePath(path)) throw Error(kPathNotFound);
-    const QuietErrors quiet(SEM_FAILCRITICALERRORS);
+    const auto quiet = QuietErrors(SEM_FAILCRITICALERRORS);
     const String folder(path);
     if (SetCurrentDirectoryW(Wide(folder))) return;
     const DWORD systemError = GetLastError();
@@ -106,7 +106,7 @@ String Win32Files::FirstMatch(StringView pattern) {
     if (!CanBePath(pattern) || pattern.find_first_of(u"<>\"") != StringView::npos) return {};
     String sought(pattern);
     if (StringView(u"\\/:").find(sought.back()) != StringView::npos) sought += u'*';
-    const QuietErrors quiet(SEM_FAILCRITICALERRORS);
+    const auto quiet = QuietErrors(SEM_FAILCRITICALERRORS);
     WIN32_FIND_DATAW found{};
     const FindHandle search(FindFirstFileW(Wide(ToExtendedLengthPath(sought)), &found));
     if (!search) return {};
@@ -118,7 +118,7 @@ String Win32Files::FirstMatch(StringView pattern) {
 
 std::optional<FileStamp> Win32Files::Stamp(StringView path) {
     if (!CanBePath(path)) return std::nullopt;
-    const QuietErrors quiet(SEM_FAILCRITICALERRORS);
+    const auto quiet = QuietErrors(SEM_FAILCRITICALERRORS);
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!GetFileAttributesExW(Wide(ToExtendedLengthPath(path)), GetFileExInfoStandard, &data)) return std::nullopt;
     if (data.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) return std::nullopt;
@@ -128,7 +128,7 @@ std::optional<FileStamp> Win32Files::Stamp(StringView path) {
 
 std::optional<std::string> Win32Files::Read(StringView path) {
     if (!CanBePath(path)) return std::nullopt;
-    const QuietErrors quiet(SEM_FAILCRITICALERRORS);
+    const auto quiet = QuietErrors(SEM_FAILCRITICALERRORS);
     constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const FileHandle file(CreateFileW(Wide(ToExtendedLengthPath(path)), GENERIC_READ, kShareAll, nullptr, OPEN_EXISTING,
                                       FILE_FLAG_SEQUENTIAL_SCAN, nullptr));

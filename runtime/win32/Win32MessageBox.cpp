@@ -1,6 +1,7 @@
 #include "runtime/win32/Win32MessageBox.h"
 
 #include "runtime/Error.h"
+#include "runtime/ScopeGuard.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/DisabledWindows.h"
 #include "runtime/win32/OutOfResources.h"
@@ -11,33 +12,20 @@ namespace {
 
 /// The help of the message box that this thread shows. The help callback does not get the box as a parameter. Boxes can
 /// be nested, but only the innermost box takes input. The callback therefore opens the help of the innermost box.
-class ShownHelp {
- public:
-    ShownHelp(HelpControl& control, HWND owner, const MessageHelp& help)
-        : control_(control), owner_(owner), help_(help), outer_(innermost_) {
-        innermost_ = this;
-    }
-    ShownHelp(const ShownHelp&) = delete;
-    ShownHelp& operator=(const ShownHelp&) = delete;
-    ~ShownHelp() { innermost_ = outer_; }
+struct ShownHelp {
+    HelpControl& control;
+    HWND owner;
+    const MessageHelp& help;
 
-    static void CALLBACK Open(HELPINFO*) noexcept {
-        Callback::Guard(false, [] { return innermost_->OpenFile(); });
-    }
-
- private:
     // The owner of the box also owns the help window. If the box owned it, the help would close with the box.
-    bool OpenFile() const { return !help_.file.empty() && control_.Open(owner_, help_.file, help_.context); }
-
-    static thread_local const ShownHelp* innermost_;
-
-    HelpControl& control_;
-    HWND owner_;
-    const MessageHelp& help_;
-    const ShownHelp* outer_;
+    bool Open() const { return !help.file.empty() && control.Open(owner, help.file, help.context); }
 };
 
-thread_local const ShownHelp* ShownHelp::innermost_ = nullptr;
+thread_local const ShownHelp* innermostHelp = nullptr;
+
+void CALLBACK OpenInnermostHelp(HELPINFO*) noexcept {
+    Callback::Guard(false, [] { return innermostHelp->Open(); });
+}
 
 bool HasKnownButtons(UINT style) {
     return (style & MB_TYPEMASK) <= MB_CANCELTRYCONTINUE;
@@ -68,8 +56,9 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     box.lpszCaption = Wide(titleText);
     box.dwStyle = style;
     box.dwContextHelpId = static_cast<DWORD>(help.context);
-    box.lpfnMsgBoxCallback = ShownHelp::Open;
-    const ShownHelp shownHelp(helpControl_, owner, help);
+    box.lpfnMsgBoxCallback = OpenInnermostHelp;
+    const ShownHelp shownHelp{helpControl_, owner, help};
+    const auto innermost = SetForScope(innermostHelp, &shownHelp);
     // The destructor enables the windows, because some systems leave them disabled if the thread is asked to end.
     DisabledWindows inputWindows(nullptr);
     // The system disables no window for a box without an owner.

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "runtime/CommandLine.h"
+#include "runtime/ScopeGuard.h"
 #include "runtime/win32/GrowingBuffer.h"
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/ModulePath.h"
@@ -59,22 +60,13 @@ Error NoClaim(DWORD systemError) {
     return OutOfResources(u"cannot create the mutex of the first process of a program", systemError);
 }
 
-/// Allows one thread of this process at a time to create or release a claim, across all copies of this code.
-class ClaimLock {
- public:
-    explicit ClaimLock(const String& name) : mutex_(MakeMutex(name)) {
-        if (mutex_) WaitForSingleObject(mutex_.Get(), INFINITE);
-    }
-    ClaimLock(const ClaimLock&) = delete;
-    ClaimLock& operator=(const ClaimLock&) = delete;
-    ~ClaimLock() {
-        if (mutex_) ReleaseMutex(mutex_.Get());
-    }
-    explicit operator bool() const { return static_cast<bool>(mutex_); }
-
- private:
-    KernelHandle mutex_;
-};
+/// Allows one thread of this process at a time to create or release a claim, across all copies of this code. The caller
+/// releases the mutex. Empty when the system refuses it.
+KernelHandle Acquire(const String& lockName) {
+    KernelHandle mutex = MakeMutex(lockName);
+    if (mutex) WaitForSingleObject(mutex.Get(), INFINITE);
+    return mutex;
+}
 
 /// The claim is the existence of two mutexes. No thread owns them, because ownership would tie the claim to a thread.
 /// The system removes a mutex when its last handle is closed, also if the process crashes.
@@ -83,7 +75,8 @@ class ProcessClaim : public InstanceClaim {
     ProcessClaim(ClaimNames names, KernelHandle program, KernelHandle process)
         : names_(std::move(names)), program_(std::move(program)), process_(std::move(process)) {}
     ~ProcessClaim() override {
-        const ClaimLock lock(names_.lock);
+        const KernelHandle lock = Acquire(names_.lock);
+        const ScopeGuard released([&lock] { ReleaseMutex(lock.Get()); });
         process_.Reset();
         program_.Reset();
     }
@@ -108,8 +101,9 @@ String Win32Process::ComponentFolder() {
 
 std::unique_ptr<InstanceClaim> Win32Process::ClaimFirstInstance() {
     ClaimNames names;
-    const ClaimLock lock(names.lock);
+    const KernelHandle lock = Acquire(names.lock);
     if (!lock) throw NoClaim(GetLastError());
+    const ScopeGuard released([&lock] { ReleaseMutex(lock.Get()); });
     const bool isOurs = Exists(names.process);
     KernelHandle program = MakeMutex(names.program);
     const DWORD error = GetLastError();

@@ -2,6 +2,8 @@
 
 #include <commctrl.h>
 
+#include "runtime/ScopeGuard.h"
+
 namespace runtime::win32 {
 namespace {
 
@@ -19,7 +21,7 @@ Win32TextBox::Win32TextBox(Win32Window& parent, Win32Windows& system, const Cont
 }
 
 void Win32TextBox::SetText(const String& text) {
-    const ScopedFlag setting(isSetting_);
+    const auto setting = SetForScope(isSetting_, true);
     Win32Control::SetText(text);
 }
 

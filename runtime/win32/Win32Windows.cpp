@@ -2,9 +2,9 @@
 
 #include <iterator>
 #include <optional>
-#include <utility>
 #include <vector>
 
+#include "runtime/ScopeGuard.h"
 #include "runtime/Screen.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/GdiMeasure.h"
@@ -152,12 +152,7 @@ void Win32Windows::DoEvents() {
 void Win32Windows::Dispatch(const MSG& message) {
     const bool isKey = message.message >= WM_KEYFIRST && message.message <= WM_KEYLAST;
     if (isKey && Callback::CallSystem([&] { return Win32Window::TakesKey(message); })) return;
-    const DWORD outer = std::exchange(dispatchingThread_, isKey ? GetCurrentThreadId() : 0);
-    const struct Restore {
-        DWORD& thread;
-        DWORD value;
-        ~Restore() { thread = value; }
-    } restore{dispatchingThread_, outer};
+    const auto dispatching = SetForScope(dispatchingThread_, isKey ? GetCurrentThreadId() : DWORD{0});
     Callback::CallSystem([&] {
         TranslateMessage(&message);
         DispatchMessageW(&message);

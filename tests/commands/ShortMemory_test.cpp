@@ -9,6 +9,7 @@
 #include "routing/CommandInterpreter.h"
 #include "runtime/Error.h"
 #include "runtime/Form.h"
+#include "runtime/ScopeGuard.h"
 #include "tests/commands/FailingMemory.h"
 #include "tests/support/ComponentFixture.h"
 
@@ -26,9 +27,7 @@ class ShortSplitter : public kernel_api::Splitter {
      public:
         void SetText(runtime::StringView) override {}
         runtime::StringView Field(std::int32_t) override {
-            const struct Shortage {
-                ~Shortage() { tests::MakeMemoryShort(true); }
-            } beginsWithTheError;
+            const runtime::ScopeGuard beginsWithTheError([] { tests::MakeMemoryShort(true); });
             throw runtime::Error(runtime::kFileNotFound, runtime::String(100, u'x'));
         }
     };
