@@ -1,16 +1,48 @@
-// Composes the component for Windows: chooses the back ends of the forms runtime and the suite's kernel library.
+// Composes the component and owns its process-wide parts. The DLL, the tool and the tests' fixtures each make one
+// Composition with their own ports and kernel. Home thread only, except LoadedWindowCount and AbandonForms.
 #pragma once
 
-#include "host/Process.h"
+#include <cstddef>
+
+#include "kernel_api/Kernel.h"
+#include "kernel_api/builtin/BuiltInReader.h"
+#include "kernel_api/builtin/BuiltInSplitter.h"
+#include "runtime/Ports.h"
+#include "services/ProcessValues.h"
 
 namespace host {
 
-/// With the value "1" in the environment of the host program, no dialog is shown (UnattendedDialogs). Read when the
-/// process is composed.
-inline constexpr const wchar_t* kUnattendedVariable = L"K4TBACKPROCESS_UNATTENDED";
+class frmBackProcessMain;
 
-/// The component of this process. The first call composes it; it exists until the process ends. `module` is the
-/// component's own module handle (HINSTANCE).
-Process& EnsureComposed(void* module);
+class Composition {
+ public:
+    /// Makes the ports, the kernel and its own parts those of the process. `ports` and `kernel` must outlive the
+    /// object.
+    Composition(const runtime::Ports& ports, kernel_api::Kernel& kernel);
+    Composition(const Composition&) = delete;
+    Composition& operator=(const Composition&) = delete;
+    /// Unloads the remaining forms, ignores errors, and removes all parts from the process.
+    ~Composition();
+
+    kernel_api::builtin::BuiltInReader& Reader() { return reader_; }
+    kernel_api::builtin::BuiltInSplitter& Splitter() { return splitter_; }
+
+ private:
+    kernel_api::builtin::BuiltInReader reader_;
+    kernel_api::builtin::BuiltInSplitter splitter_;
+    services::ProcessValues values_;
+};
+
+/// The process's main form. The first call creates the form, but does not load it.
+frmBackProcessMain& MainForm();
+bool MainFormExists();
+
+/// The number of loaded forms. While it is not 0, the component must stay in memory. Any thread may call.
+std::size_t LoadedWindowCount();
+
+/// To be called when the forms' thread has ended or is no longer the home thread, from the thread that notices it.
+/// Afterwards no form is loaded and no question is open, and another thread may load the main form. The shared dialogs
+/// are not destroyed; the next question makes new ones.
+void AbandonForms();
 
 }  // namespace host

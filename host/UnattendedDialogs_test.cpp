@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "dialogs/Qmxquery.h"
-#include "host/Process.h"
+#include "host/Composition.h"
 #include "host/clsQmxBackProcess.h"
 #include "runtime/Error.h"
 #include "services/MessageTexts.h"
@@ -43,7 +43,7 @@ class UnattendedRun : public tests::HeadlessTest {
     std::vector<std::string> lines_;
     UnattendedDialogs unattended_{[this](const String& line) { lines_.push_back(runtime::ToUtf8(line)); }};
     const runtime::Ports unattendedPorts_ = tests::WithPort(ports_, unattended_);
-    Process process_{unattendedPorts_, kernel_};
+    Composition composition_{unattendedPorts_, kernel_};
 };
 
 TEST_F(UnattendedRun, SystemBox_AnswersAsEscape) {

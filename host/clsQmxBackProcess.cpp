@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "host/Composition.h"
 #include "host/HostCommandLine.h"
-#include "host/Process.h"
 #include "host/frmBackProcessMain.h"
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Reader.h"

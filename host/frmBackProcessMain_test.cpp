@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/Process.h"
+#include "host/Composition.h"
 #include "routing/ModuleList.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Screen.h"

@@ -1,5 +1,5 @@
-// The component's process-wide values. All instances and forms in the process share them. host::Process owns them. Home
-// thread only.
+// The component's process-wide values. All instances and forms in the process share them. host::Composition owns them.
+// Home thread only.
 #pragma once
 
 #include <cstdint>

@@ -3,7 +3,7 @@
 #include <ostream>
 #include <utility>
 
-#include "host/Composition.h"
+#include "host/WindowsComposition.h"
 #include "kernel_api/Kernel.h"
 #include "kernel_api/Suite.h"
 #include "runtime/Error.h"

@@ -1,6 +1,6 @@
 #include "tools/MessageService.h"
 
-#include "host/Composition.h"
+#include "host/WindowsComposition.h"
 #include "runtime/Ports.h"
 #include "runtime/win32/WindowsHeaders.h"
 #include "services/LocalTexts.h"
@@ -15,16 +15,16 @@ namespace tools {
 namespace {
 
 /// Makes this process take its texts from `folder`. The shared string LANGUAGEPATH does not change.
-void UseLanguageOf(host::Process& process, const runtime::String& folder) {
+void UseLanguageOf(host::Composition& composition, const runtime::String& folder) {
     LanguageFileIn(runtime::CurrentPorts().files, folder);
-    process.Reader().UseLanguageFolder([folder] { return folder; });
+    composition.Reader().UseLanguageFolder([folder] { return folder; });
 }
 
 }  // namespace
 
 void PrepareMessages(const std::optional<runtime::String>& languageFolder) {
-    host::Process& process = host::EnsureComposed(GetModuleHandleW(nullptr));
-    if (languageFolder) UseLanguageOf(process, *languageFolder);
+    host::Composition& composition = host::EnsureComposed(GetModuleHandleW(nullptr));
+    if (languageFolder) UseLanguageOf(composition, *languageFolder);
     ChooseFont();
     if (services::GetProductName().empty()) services::LoadProductIdentity();
     services::Values().installFolder = services::GetInstallFolder();

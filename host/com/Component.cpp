@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "host/Composition.h"
-#include "host/Process.h"
+#include "host/WindowsComposition.h"
 #include "host/clsQmxBackProcess.h"
 #include "host/com/Module.h"
 #include "runtime/Error.h"

@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "dialogs/frmQMXMsgBox.h"
-#include "host/Process.h"
+#include "host/Composition.h"
 #include "runtime/win32/Win32Windows.h"
 #include "tests/bench/AnsweringOwner.h"
 #include "tests/support/InMemoryKernel.h"
@@ -47,6 +47,6 @@ int main(int argc, char** argv) {
     runtime::win32::Win32Windows windows(GetModuleHandleW(nullptr));
     const runtime::Ports ports = tests::WithPort(memory.All(), windows);
     tests::InMemoryKernel kernel;
-    const host::Process process(ports, kernel);
+    const host::Composition composition(ports, kernel);
     Compare(tests::CountFrom(argc, argv, kRounds));
 }

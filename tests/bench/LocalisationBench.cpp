@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "host/Process.h"
+#include "host/Composition.h"
 #include "runtime/Form.h"
 #include "services/Localisation.h"
 #include "services/MessageTexts.h"
@@ -80,9 +80,9 @@ int main(int argc, char** argv) {
     tests::MemoryPorts memory;
     const runtime::Ports ports = memory.All();
     tests::InMemoryKernel kernel;
-    host::Process process(ports, kernel);
+    host::Composition composition(ports, kernel);
     memory.files.AddFile(u"C:\\de\\K4TBackProcess.txt", TextsFor(kLargest));
-    process.Reader().UseLanguageFolder([] { return String(u"C:\\de"); });
+    composition.Reader().UseLanguageFolder([] { return String(u"C:\\de"); });
     services::Values().uiFont = {u"Arial", 9, 0};
     for (const int controls : {100, 1'000, kLargest}) Compare(controls, rounds, memory.files);
 }

@@ -2,7 +2,7 @@
 // cover the dialog's decisions. The message box tests cover modality and errors, which both dialogs share.
 #include <gtest/gtest.h>
 
-#include "host/Process.h"
+#include "host/Composition.h"
 #include "host/frmBackProcessMain.h"
 #include "runtime/LoadedForms.h"
 #include "services/ProcessValues.h"

@@ -2,7 +2,7 @@
 // process-wide state.
 #pragma once
 
-#include "host/Process.h"
+#include "host/Composition.h"
 #include "kernel_api/Suite.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/InMemoryKernel.h"
@@ -20,8 +20,8 @@ class ComponentOver : public Base {
     runtime::String Kept(runtime::StringView key) const { return kernel_.Kept(key).value_or(u"(none)"); }
 
     InMemoryKernel kernel_;
-    host::Process process_{this->ports_, kernel_};
-    kernel_api::builtin::BuiltInReader& reader_ = process_.Reader();
+    host::Composition composition_{this->ports_, kernel_};
+    kernel_api::builtin::BuiltInReader& reader_ = composition_.Reader();
 };
 
 /// The window system is in memory, too.

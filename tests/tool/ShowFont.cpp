@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "host/Composition.h"
+#include "host/WindowsComposition.h"
 #include "runtime/Ports.h"
 #include "runtime/Text.h"
 #include "runtime/win32/WindowsHeaders.h"

@@ -1,4 +1,4 @@
-#include "host/Composition.h"
+#include "host/WindowsComposition.h"
 
 #include <memory>
 
@@ -29,13 +29,13 @@ std::unique_ptr<UnattendedDialogs> UnattendedIfAsked() {
 }
 
 /// The component of a process under Windows, with its back ends.
-struct Composition {
-    explicit Composition(HINSTANCE module) : windows(module), process(module) {
+struct WindowsComposition {
+    explicit WindowsComposition(HINSTANCE module) : windows(module), process(module) {
         if (unattended) unattended->ReplaceSuiteDialogs();
     }
-    Composition(const Composition&) = delete;
-    Composition& operator=(const Composition&) = delete;
-    ~Composition() = delete;
+    WindowsComposition(const WindowsComposition&) = delete;
+    WindowsComposition& operator=(const WindowsComposition&) = delete;
+    ~WindowsComposition() = delete;
 
     runtime::win32::Win32Windows windows;
     runtime::win32::RegistrySettings settings;
@@ -49,15 +49,15 @@ struct Composition {
     runtime::MessageBoxPort& messageBox = unattended ? static_cast<runtime::MessageBoxPort&>(*unattended) : systemBox;
     const runtime::Ports ports{windows, settings, files, process, locale, fonts, messageBox, help};
     kernel_api::win32::KernelLibrary kernel{process.ComponentFolder()};
-    Process component{ports, kernel};
+    Composition composition{ports, kernel};
 };
 
 }  // namespace
 
-Process& EnsureComposed(void* module) {
+Composition& EnsureComposed(void* module) {
     // Never destroyed, because the system frees windows and libraries at the end of a process.
-    static Composition* const composition = new Composition(static_cast<HINSTANCE>(module));
-    return composition->component;
+    static auto* const composed = new WindowsComposition(static_cast<HINSTANCE>(module));
+    return composed->composition;
 }
 
 }  // namespace host

@@ -1,4 +1,4 @@
-#include "host/Process.h"
+#include "host/Composition.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -23,7 +23,7 @@ void ExpectNothingIsChosen() {
     EXPECT_EQ(ErrorOf([] { services::Values(); }), runtime::kObjectVariableNotSet);
 }
 
-TEST(ProcessEnd, FormsAndValuesAreInUse_EverythingIsRemoved) {
+TEST(CompositionEnd, FormsAndValuesAreInUse_EverythingIsRemoved) {
     tests::MemoryPorts memory;
     const runtime::Ports ports = memory.All();
     tests::InMemoryKernel kernel;
@@ -31,7 +31,7 @@ TEST(ProcessEnd, FormsAndValuesAreInUse_EverythingIsRemoved) {
     dialog.refusesUnload = true;
     ExpectNothingIsChosen();
     {
-        const Process process(ports, kernel);
+        const Composition composition(ports, kernel);
         MainForm().EnsureLoaded();
         dialog.EnsureLoaded();
         services::Values().languagePath = u"C:\\de";
@@ -41,7 +41,7 @@ TEST(ProcessEnd, FormsAndValuesAreInUse_EverythingIsRemoved) {
     EXPECT_EQ(LoadedWindowCount(), 0U);
     EXPECT_EQ(memory.process.HeldClaims(), 0);
     EXPECT_EQ(kernel.Kept(u"K4TBACKPROCESS"), u"");
-    const Process next(ports, kernel);
+    const Composition next(ports, kernel);
     EXPECT_EQ(services::Values().languagePath, u"");
     EXPECT_FALSE(MainFormExists());
 }

@@ -1,4 +1,4 @@
-#include "host/Process.h"
+#include "host/Composition.h"
 
 #include <memory>
 
@@ -23,7 +23,7 @@ void UnloadForms() {
 
 }  // namespace
 
-Process::Process(const runtime::Ports& ports, kernel_api::Kernel& kernel)
+Composition::Composition(const runtime::Ports& ports, kernel_api::Kernel& kernel)
     : reader_(ports.files, ports.settings, ports.locale) {
     reader_.UseLanguageFolder([this] { return values_.languagePath; });
     values_.suiteMessageBox = dialogs::AskWithSuiteBox;
@@ -33,7 +33,7 @@ Process::Process(const runtime::Ports& ports, kernel_api::Kernel& kernel)
     services::UseValues(&values_);
 }
 
-Process::~Process() {
+Composition::~Composition() {
     UnloadForms();
     values_.forms = {};
     services::UseValues(nullptr);
