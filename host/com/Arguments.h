@@ -1,7 +1,7 @@
-// The arguments of one late-bound call, by the position of the parameter they are for. They come in reverse, the
-// named ones first; any may be missing.
+// The arguments of one late-bound call, by the position of their parameter. The client's list has them in reverse
+// order, the named ones first. Any argument may be missing.
 //
-// Where an argument is at fault, its index in the client's list is answered along with the error.
+// If an argument causes an error, its index in the client's list is returned with the error.
 #pragma once
 
 #include <array>
@@ -15,14 +15,15 @@ class Arguments {
  public:
     static constexpr std::size_t kMaxParameters = 2;
 
-    /// Throws DISP_E_BADPARAMCOUNT for too many arguments, DISP_E_PARAMNOTFOUND for a name that is no parameter's or
-    /// whose parameter has its argument already. `badArgument` may be null.
+    /// Throws DISP_E_BADPARAMCOUNT for too many arguments. Throws DISP_E_PARAMNOTFOUND for a name that no parameter
+    /// has, or whose parameter already has an argument. `badArgument` may be null.
     Arguments(const DISPPARAMS& parameters, std::size_t parameterCount, LCID lcid, UINT* badArgument);
 
-    /// A parameter's text; an empty one for an optional parameter left out. It stands in the client's own variable, or
-    /// in `converted` when the client gave something else.
+    /// A parameter's text; empty if the parameter was left out. The result refers to the client's own variable, or to
+    /// `converted` if the client's argument is not a text.
     StringView OptionalText(std::size_t parameter, Variant& converted) const;
-    /// These throw DISP_E_PARAMNOTOPTIONAL when left out.
+    // Text and Number throw DISP_E_PARAMNOTOPTIONAL if the parameter was left out.
+
     StringView Text(std::size_t parameter, Variant& converted) const;
     std::int16_t Number(std::size_t parameter) const;
 
@@ -37,7 +38,7 @@ class Arguments {
     const DISPPARAMS& parameters_;
     LCID lcid_;
     UINT* badArgument_;
-    std::array<std::size_t, kMaxParameters> indexes_;  ///< of the parameters' arguments in the client's list
+    std::array<std::size_t, kMaxParameters> indexes_;  ///< by parameter: the argument's index in the client's list
 };
 
 }  // namespace host::com

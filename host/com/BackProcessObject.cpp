@@ -13,7 +13,7 @@
 namespace host::com {
 namespace {
 
-/// A by-reference string of an early-bound call: a null pointer is a missing argument, a null string an empty one.
+/// The text of a by-reference string. A null pointer is a missing argument; a null string is an empty text.
 StringView TextAt(const BSTR* place) {
     return place == nullptr ? StringView() : ViewOf(*place);
 }
@@ -35,7 +35,7 @@ BackProcessObject::BackProcessObject(HomeMembership membership) noexcept
 
 void BackProcessObject::MakeService() {
     service_ = MakeServiceObject([this](String& Aname, String& sCommand) {
-        // The event belongs to the present home; sinks of one that was given up cannot be called from here.
+        // If the instance's home was given up, its sinks cannot be called from this thread.
         if (!membership_.IsOnHomeThread()) return;
         const ScopedReference held(Identity());
         RaiseNotifyServer(sinks_, Aname, sCommand);
@@ -44,7 +44,7 @@ void BackProcessObject::MakeService() {
 
 HRESULT BackProcessObject::Create(HomeMembership membership, REFIID iid, void** object) {
     auto made = ComPtr<BackProcessObject>::Attach(new BackProcessObject(std::move(membership)));
-    // The interface first: making a service object and ending it again would unload the form for every other client.
+    // Get the interface first, because ending a new service object again would unload the form for all clients.
     ComPtr<IUnknown> wanted;
     Check(made->QueryInterface(iid, wanted.PutVoid()));
     made->MakeService();
@@ -55,7 +55,7 @@ HRESULT BackProcessObject::Create(HomeMembership membership, REFIID iid, void** 
 ULONG BackProcessObject::OnLastRelease() {
     if (isEnded_) return Implements::OnLastRelease();
     isEnded_ = true;
-    // Held until it has ended: sinks take and release references while they are called, and may keep some.
+    // Hold a reference until the instance has ended, because the sinks that are called may take and release references.
     AddRef();
     if (EndAtHome(*this)) return 0;
     Terminate();
@@ -70,8 +70,8 @@ void BackProcessObject::End() {
 }
 
 void BackProcessObject::Terminate() {
-    // A release has no result; the guard leaves the error in the thread's error object. Without an error the object
-    // stays what it was before: a client often releases an instance before it looks at the error of the call before.
+    // Release returns no HRESULT, so the guard leaves an error in the thread's error object. Without an error, restore
+    // the earlier error object, because clients often read the error of a call after they have released the instance.
     ComPtr<IErrorInfo> before;
     GetErrorInfo(0, before.Put());
     const HRESULT result = Guarded([this] {
@@ -115,7 +115,7 @@ HRESULT BackProcessObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count
 
 HRESULT BackProcessObject::Invoke(DISPID member, REFIID iid, LCID lcid, WORD flags, DISPPARAMS* parameters,
                                   VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
-    // The code itself, not an exception of the call: nothing was called.
+    // Return the code itself instead of DISP_E_EXCEPTION, because no member was called.
     if (!membership_.IsOnHomeThread()) return Member([] { return S_OK; });
     return GuardedInvoke(exception, [&] {
         const ScopedReference held(Identity());

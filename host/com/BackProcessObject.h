@@ -1,12 +1,12 @@
-// The COM object that a client holds: a service object behind a dual interface, with its class information and its
-// one connection point. It lives in the home apartment as long as references to it are held.
+// The COM object that a client holds: a service object with a dual interface, class information and one connection
+// point. It lives in the home apartment until its last reference is released.
 //
-// The last release terminates the service object while the sinks are still connected, then disconnects them. A
-// reference that is taken in that time stays valid, but every call on it fails with error 91. A call or an event in
-// progress holds a reference of its own, so nothing is destroyed under it.
+// The last release terminates the service object while the sinks are still connected, and then disconnects the sinks. A
+// reference taken during that time stays valid, but every call on it fails with error 91. Each call and each event
+// holds its own reference, so that the object is not destroyed during it.
 //
-// Only the home thread may call it. A client that passes the bare pointer to another thread gets RPC_E_WRONG_THREAD
-// from every member; a last release there has the home thread end the instance.
+// Only the home thread may call it. On another thread, calls through an unmarshalled pointer fail with
+// RPC_E_WRONG_THREAD. After a last release on another thread, the home thread ends the instance.
 #pragma once
 
 #include <memory>
@@ -20,12 +20,12 @@
 
 namespace host::com {
 
-// Asked for and not offered: IExternalConnection, IMarshal, IDispatchEx, IPersistStreamInit, IObjectWithSite. The
-// system's marshaller, plain late binding and an object without stored state are what clients get.
+// Clients also ask for IExternalConnection, IMarshal, IDispatchEx, IPersistStreamInit and IObjectWithSite. These are
+// not offered, because the system's marshaller and IDispatch are enough and the object has no stored state.
 class BackProcessObject final : public Implements<_clsQmxBackProcess, IProvideClassInfo2, ISupportErrorInfo,
                                                   IConnectionPointContainer, IK4TDiagnostics> {
  public:
-    /// A new instance in the calling apartment, as interface `iid`. Throws what creating the service object throws.
+    /// Creates an instance in the calling apartment and returns its interface `iid`. Throws the errors of the creation.
     static HRESULT Create(HomeMembership membership, REFIID iid, void** object);
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
@@ -54,26 +54,26 @@ class BackProcessObject final : public Implements<_clsQmxBackProcess, IProvideCl
     HRESULT STDMETHODCALLTYPE get_LanguagePath(BSTR* folder) override;
     HRESULT STDMETHODCALLTYPE get_Caption(BSTR* caption) override;
 
-    /// For the home window: ends the instance after its last release.
+    /// Called by the home window to end the instance after its last release on another thread.
     void End();
 
  private:
     explicit BackProcessObject(HomeMembership membership) noexcept;
 
-    /// Terminates the instance, and deletes it at the release after that.
+    /// Terminates the instance. The next last release deletes it.
     ULONG OnLastRelease() override;
     void MakeService();
     IUnknown& Identity() { return static_cast<_clsQmxBackProcess&>(*this); }
-    /// Error 91 once it has been terminated.
+    /// The service object. Error 91 after the instance was terminated.
     ServiceObject& Service();
-    /// Runs a member's `body`, which returns its HRESULT, on the home thread only. `results` are cleared in any case.
+    /// Clears `results`, then runs a member's `body`, which returns its HRESULT. On any thread but the home thread,
+    /// returns RPC_E_WRONG_THREAD instead.
     template <typename Body, typename... Result>
     HRESULT Member(Body&& body, Result*... results) noexcept;
     void Terminate();
 
     HomeMembership membership_;
-    /// Never used: the type library stays open while an instance lives, because the system's marshaller asks for it
-    /// from every thread.
+    /// Keeps the type library open while an instance lives, because the system's marshaller uses it on every thread.
     const ComPtr<ITypeLib> typeLibrary_ = OpenTypeLibrary();
     Sinks sinks_;
     EventPoint eventPoint_;

@@ -12,7 +12,7 @@ namespace host::com {
 using runtime::String;
 using runtime::StringView;
 
-/// The text of `bstr`, NULs inside included; of an odd number of bytes the last one is left out.
+/// The text of `bstr`, including NULs. If the number of bytes is odd, the last byte is left out.
 inline StringView ViewOf(BSTR bstr) {
     return bstr == nullptr ? StringView() : StringView(runtime::win32::Utf16(bstr), SysStringLen(bstr));
 }
@@ -27,7 +27,7 @@ class Bstr {
         : bstr_(SysAllocStringLen(reinterpret_cast<const wchar_t*>(text.data()), static_cast<UINT>(text.size()))) {
         if (bstr_ == nullptr) throw std::bad_alloc();
     }
-    /// Takes over what a callee made.
+    /// Takes ownership of `bstr`.
     static Bstr Attach(BSTR bstr) noexcept {
         Bstr attached;
         attached.bstr_ = bstr;
@@ -42,7 +42,7 @@ class Bstr {
 
     BSTR Get() const noexcept { return bstr_; }
     BSTR Detach() noexcept { return std::exchange(bstr_, nullptr); }
-    /// For a callee that may replace the text.
+    /// The address for a callee that may replace the text.
     BSTR* Address() noexcept { return &bstr_; }
     String Text() const { return ToString(bstr_); }
 

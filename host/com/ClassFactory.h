@@ -1,5 +1,5 @@
-// Makes instances. The one that clients get keeps the DLL while they hold it; the one that the home apartment keeps
-// for calls from other apartments does not.
+// The class factory. A client's factory keeps the DLL in memory while the client holds it. The home apartment's own
+// factory, which creates instances for other apartments, does not.
 #pragma once
 
 #include "host/com/ComPtr.h"

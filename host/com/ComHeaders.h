@@ -1,4 +1,4 @@
-// COM's headers and the declarations made from the component's IDL, included alike everywhere at the edge.
+// COM's headers and the header made from the component's IDL. All files of this folder include them through this file.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"

@@ -11,7 +11,7 @@ template <typename Interface>
 class ComPtr {
  public:
     ComPtr() = default;
-    /// Takes a reference of its own.
+    /// Adds a reference.
     explicit ComPtr(Interface* pointer) noexcept : pointer_(pointer) {
         if (pointer_ != nullptr) pointer_->AddRef();
     }
@@ -23,7 +23,7 @@ class ComPtr {
     }
     ~ComPtr() { Reset(); }
 
-    /// Takes over the caller's reference.
+    /// Takes ownership of the caller's reference.
     static ComPtr Attach(Interface* pointer) noexcept {
         ComPtr owner;
         owner.pointer_ = pointer;
@@ -38,7 +38,7 @@ class ComPtr {
     Interface* operator->() const noexcept { return pointer_; }
     explicit operator bool() const noexcept { return pointer_ != nullptr; }
 
-    /// Where a function puts a reference that the caller owns; what was held is released first.
+    /// The address for a function that returns an owned reference. Releases the present reference first.
     Interface** Put() noexcept {
         Reset();
         return &pointer_;
@@ -49,7 +49,7 @@ class ComPtr {
     Interface* pointer_ = nullptr;
 };
 
-/// `unknown` as another interface; empty when the object has none or `unknown` is null.
+/// The interface `iid` of `unknown`; empty if the object does not have it or `unknown` is null.
 template <typename Interface>
 ComPtr<Interface> Query(IUnknown* unknown, REFIID iid) {
     ComPtr<Interface> found;

@@ -1,5 +1,5 @@
-// What stands behind the COM edge, supplied by whoever links it: the component itself in the DLL (Component.cpp), a
-// double in the tests.
+// The functions that the COM layer calls in the component. The DLL links those of the component (Component.cpp), the
+// tests link a double.
 #pragma once
 
 #include <cstddef>
@@ -9,12 +9,12 @@
 
 namespace host::com {
 
-/// A new service object. Throws what its creation throws.
+/// Makes a service object. Throws the errors of its creation.
 std::unique_ptr<ServiceObject> MakeServiceObject(NotifyServerEvent notifyServer);
-/// How many windows of the component live. Called from any thread.
+/// The number of the component's windows. Any thread may call.
 std::size_t LiveWindows() noexcept;
-/// The home apartment or its thread has ended while instances live: no form is loaded any more. Called from any thread,
-/// and under a lock: no waiting for other threads.
+/// Called when the home apartment or its thread has ended while instances live. Afterwards no form is loaded. Any
+/// thread may call. The caller holds a lock, so this function must not wait for other threads.
 void GiveUpForms() noexcept;
 
 }  // namespace host::com

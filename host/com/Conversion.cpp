@@ -5,17 +5,17 @@
 namespace host::com {
 namespace {
 
-/// The platform's functions take what they only read as if they wrote to it.
+/// The system's functions declare arguments as writable even if they only read them.
 VARIANT* AsWritable(const VARIANT& value) {
     return const_cast<VARIANT*>(&value);
 }
 
-/// How far default properties are followed: an object may answer with an object, for ever.
+/// The longest chain of default properties or references that is followed, because such a chain may be endless.
 constexpr int kMaxDefaultProperties = 8;
 
 constexpr VARTYPE kVariantReference = VT_VARIANT | VT_BYREF;
 
-/// `argument` without the variants by reference around it.
+/// The variant at the end of a chain of references to variants.
 const VARIANT& WithoutReferences(const VARIANT& argument) {
     const VARIANT* inner = &argument;
     for (int i = 0; i < kMaxDefaultProperties && inner->vt == kVariantReference && inner->pvarVal != nullptr; ++i) {
@@ -24,7 +24,7 @@ const VARIANT& WithoutReferences(const VARIANT& argument) {
     return *inner;
 }
 
-/// What a conversion may answer to a late-bound client; everything else means that the value does not fit.
+/// The result of a conversion for a late-bound client. Other errors than these become DISP_E_TYPEMISMATCH.
 HRESULT AsDispatchResult(HRESULT result) {
     const bool mayPass =
         SUCCEEDED(result) || result == DISP_E_OVERFLOW || result == DISP_E_BADVARTYPE || result == E_OUTOFMEMORY;
@@ -67,7 +67,7 @@ HRESULT ConvertValue(const VARIANT& value, VARTYPE type, LCID lcid, Variant& con
         case VT_UNKNOWN:
             return ConvertObject(value, type, lcid, converted, chain);
         default:
-            // Flags become words rather than -1 and 0, as everywhere in the suite's language.
+            // Flags become words instead of -1 and 0, as in the language of the suite's modules.
             return AsDispatchResult(
                 VariantChangeTypeEx(converted.Address(), AsWritable(value), lcid, VARIANT_ALPHABOOL, type));
     }

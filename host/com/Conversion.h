@@ -1,19 +1,19 @@
-// Conversions between the variants of a late-bound client and the types of our parameters.
+// Converts the variants of late-bound clients to the types of the component's parameters.
 #pragma once
 
 #include "host/com/Variant.h"
 
 namespace host::com {
 
-/// Whether the client left the argument out (also through a variable that is itself a left-out argument).
+/// Whether the client left the argument out. A variable that is itself a left-out argument counts, too.
 bool IsMissing(const VARIANT& argument);
 
-/// Where the text of an argument stands that is a text and needs no conversion; null for any other.
+/// The text of an argument that needs no conversion to a text; null for any other argument.
 const BSTR* FindText(const VARIANT& argument);
 
-/// `argument`, which may be by reference, as `type`. Whatever has a sensible value converts: numbers, flags, dates,
-/// texts, objects with a default property; Empty is 0 or an empty text, Null is nothing.
-/// Answers DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADVARTYPE, E_OUTOFMEMORY, or E_POINTER for a reference to
+/// Converts `argument`, which may be by reference, to `type`. Numbers, flags, dates, texts and objects with a default
+/// property convert. Empty becomes 0 or an empty text. Null and arrays do not convert.
+/// Returns DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADVARTYPE, E_OUTOFMEMORY, or E_POINTER for a reference to
 /// null.
 HRESULT Convert(const VARIANT& argument, VARTYPE type, LCID lcid, Variant& converted);
 

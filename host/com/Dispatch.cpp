@@ -16,7 +16,7 @@ constexpr DISPID kSeverPath = 3;
 struct Member {
     DISPID id;
     const wchar_t* name;
-    std::array<const wchar_t*, Arguments::kMaxParameters> parameters;  ///< null behind the last one
+    std::array<const wchar_t*, Arguments::kMaxParameters> parameters;  ///< null after the last one
 };
 
 constexpr Member kMembers[] = {
@@ -58,7 +58,7 @@ void GetSeverPath(ServiceObject& service, const Call& call) {
     SetResult(call, Variant(StringView(service.SeverPath())));
 }
 
-/// The value of a property comes as an argument with a name of its own.
+/// The client passes the property's value as an argument with the name DISPID_PROPERTYPUT.
 void PutSeverPath(ServiceObject& service, const Call& call) {
     const DISPPARAMS& given = call.parameters;
     if (given.cArgs != 1) throw ComError(DISP_E_BADPARAMCOUNT);

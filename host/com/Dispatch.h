@@ -1,5 +1,5 @@
-// Late binding to the service object. It is our own, not the type library's: with three members it is small, and a
-// call through the type library with a missing by-reference string hands the method a pointer to nothing.
+// Late binding to the service object. It is not built on the type library, because the type library's Invoke passes an
+// invalid pointer to the method if a by-reference string is missing.
 #pragma once
 
 #include "host/ServiceObject.h"
@@ -7,7 +7,7 @@
 
 namespace host::com {
 
-/// One call as a client asks for it.
+/// One call of a client.
 struct Call {
     DISPID member;
     WORD flags;
@@ -17,11 +17,11 @@ struct Call {
     UINT* badArgument;  ///< may be null
 };
 
-/// Carries out `call`. Throws a ComError for a call that is not well made, and what the service object throws.
+/// Carries out `call`. Throws ComError for an invalid call, and the errors of the service object.
 HRESULT InvokeMember(ServiceObject& service, const Call& call);
 
-/// The identifiers of a member (first name) and of its parameters (the names after it); case does not matter.
-/// DISP_E_UNKNOWNNAME when any is unknown, whose identifier is then DISPID_UNKNOWN.
+/// The identifiers of a member (the first name) and of its parameters (the other names). Letter case is ignored. An
+/// unknown name gets DISPID_UNKNOWN, and the result is then DISP_E_UNKNOWNNAME.
 HRESULT FindMemberIds(REFIID iid, LPOLESTR* names, UINT count, DISPID* ids);
 
 }  // namespace host::com

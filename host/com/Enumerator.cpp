@@ -32,7 +32,7 @@ class Enumerator final : public Implements<typename Policy::Interface> {
 
     explicit Enumerator(Items items, std::size_t next = 0) : items_(std::move(items)), next_(next) {}
 
-    /// `fetched` may be null only when one item is asked for.
+    /// `fetched` may be null only if `count` is 1.
     HRESULT STDMETHODCALLTYPE Next(ULONG count, Item* items, ULONG* fetched) override {
         if (fetched != nullptr) *fetched = 0;
         if (items == nullptr || (fetched == nullptr && count != 1)) return E_POINTER;
@@ -62,7 +62,7 @@ class Enumerator final : public Implements<typename Policy::Interface> {
  private:
     ULONG Left() const { return static_cast<ULONG>(items_.size() - next_); }
 
-    // First, so that it goes last: what the items release may still need this code.
+    // The first member is destroyed last, because releasing the items may still run this code.
     ServerReference server_;
     Items items_;
     std::size_t next_;

@@ -1,5 +1,5 @@
-// The two enumerators that connection points need. Each walks a copy made when it was asked for, and holds
-// references to what it walks.
+// The two enumerators that connection points need. Each enumerates a copy that is made at its creation, and holds
+// references to the items.
 #pragma once
 
 #include <vector>

@@ -1,5 +1,5 @@
-// The instance's one connection point, for its event interface. A part of the instance: a reference to it is a
-// reference to the instance, though it has an identity of its own.
+// The instance's connection point for its event interface. It is a part of the instance: a reference to it is a
+// reference to the instance. It has its own COM identity. Home thread only.
 #pragma once
 
 #include "host/com/HomeApartment.h"
@@ -25,7 +25,8 @@ class EventPoint final : public Interfaces<IConnectionPoint, ISupportErrorInfo> 
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
 
  private:
-    /// Runs a member's `body`, which returns its HRESULT, on the home thread only. `results` are cleared in any case.
+    /// Clears `results`, then runs a member's `body`, which returns its HRESULT. On any thread but the home thread,
+    /// returns RPC_E_WRONG_THREAD instead.
     template <typename Body, typename... Result>
     HRESULT Member(Body&& body, Result*... results) noexcept;
 

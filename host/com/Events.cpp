@@ -14,7 +14,7 @@ namespace {
 
 constexpr DISPID kNotifyServer = 1;
 
-/// What a sink says about its failure. The strings are ours to free, whatever the sink answered.
+/// A sink's description of its failure. The destructor frees the strings, whatever result the sink has returned.
 class SinkException {
  public:
     SinkException() = default;
@@ -28,7 +28,7 @@ class SinkException {
 
     EXCEPINFO* Address() { return &info_; }
 
-    /// Filling in late may fail; then what is there must do.
+    /// Calls the sink's deferred fill-in. Its result is ignored, and the fields are used as they are.
     void FillIn() {
         if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
     }
@@ -45,11 +45,11 @@ class SinkException {
 };
 
 bool IsFailure(HRESULT result) {
-    // A sink need not know the event.
+    // A sink may lack a handler for the event.
     return FAILED(result) && result != DISP_E_MEMBERNOTFOUND && result != E_NOTIMPL;
 }
 
-/// The sink's own words; without any, which sink it was and what it answered.
+/// An error with the sink's description. Without a description, the text names the connection and the result.
 runtime::Error FailureOf(const Connection& connection, HRESULT code, String description) {
     const std::int32_t number = NumberOf(code);
     if (!description.empty()) return {number, std::move(description)};
@@ -71,7 +71,7 @@ std::optional<runtime::Error> Tell(Sinks& sinks, const Connection& connection, B
     const HRESULT result = connection.sink->Invoke(kNotifyServer, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
                                                    &parameters, nullptr, exception.Address(), &badArgument);
     if (IsPeerGone(result)) {
-        // No handler ran, so there is no error of the client's.
+        // No handler has run, so this is no error of the client.
         sinks.Drop(connection.cookie);
         return {};
     }

@@ -6,9 +6,11 @@
 
 namespace host::com {
 
-/// Tells each sink that is connected now, and still is when its turn comes, once and in order. What one changes in
-/// the strings the next one sees, and the caller gets back. A sink whose apartment or process has ended is
-/// disconnected. Throws the first failure, after all were called.
+/// Calls each sink once, in order. A sink receives the changes that earlier sinks made in the strings, and the caller
+/// receives the final strings.
+/// - A sink that is connected during the event is not called, nor is a sink that is disconnected before its call.
+/// - A sink whose apartment or process has ended is disconnected.
+/// - If sinks fail, the first error is thrown after all sinks were called.
 void RaiseNotifyServer(Sinks& sinks, runtime::String& Aname, runtime::String& sCommand);
 
 }  // namespace host::com

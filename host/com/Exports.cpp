@@ -1,4 +1,4 @@
-// The DLL's exports, named without decoration in the module definition file.
+// The DLL's exports. The module definition file gives them undecorated names.
 #include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 

@@ -13,7 +13,7 @@ constexpr std::uint32_t kRuntimeErrors = 0x800A0000;
 constexpr std::int32_t kMaxNumber = 0xFFFF;
 constexpr StringView kSource = u"K4TBackProcess";
 
-/// What went wrong, as far as a client is told. Without a description the code says it all.
+/// An error as the client receives it. There is no description if the code alone is enough.
 struct Failure {
     HRESULT code;
     std::optional<String> description;
@@ -39,12 +39,12 @@ Failure CurrentFailure() noexcept {
             return Described(runtime::Error(runtime::kInternalError));
         }
     } catch (...) {
-        // There was no room left for the description.
+        // There was no memory for the description.
         return {E_OUTOFMEMORY, {}};
     }
 }
 
-/// Replaces the thread's error object; the error is only worse described when there is no memory for it.
+/// Replaces the thread's error object. If there is no memory for it, the client receives the code only.
 void SetErrorObject(const Failure& failure) noexcept try {
     ComPtr<ICreateErrorInfo> made;
     if (!failure.description || FAILED(CreateErrorInfo(made.Put()))) {

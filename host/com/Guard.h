@@ -1,10 +1,9 @@
-// The one place that turns what is thrown inside into what a COM client understands. Every COM method, the class
-// factory and the exports run inside the guard: an exception never leaves the component.
+// Converts exceptions to results for COM clients. Every COM method, the class factory and the exports run inside the
+// guard, so that no exception leaves the component.
 //
-// An error of the runtime with number n becomes HRESULT 0x800A0000 + n; a negative number is a foreign HRESULT that
-// passed through and goes on as it is. Its description is left in the thread's error object. A call without an error,
-// or with one that has no description, leaves no error object, because a client would take an older one for this
-// call's.
+// A runtime error with number n becomes HRESULT 0x800A0000 + n. A negative number is a foreign HRESULT and is returned
+// unchanged. The description is stored in the thread's error object. A call without an error or without a description
+// clears the error object, because a client would otherwise read the description of an earlier error.
 #pragma once
 
 #include <exception>
@@ -16,8 +15,9 @@
 
 namespace host::com {
 
-/// A call that fails with a plain HRESULT. It needs a description where the code alone does not tell a client what to
-/// change; not in a late-bound call, whose code the client would then not see.
+/// An error with an HRESULT of its own. It has a description if the code alone does not tell the client what to change.
+/// The errors of an invalid late-bound call have none, because with a description Invoke returns DISP_E_EXCEPTION
+/// instead of the code.
 class ComError : public std::exception {
  public:
     explicit ComError(HRESULT code) noexcept : code_(code) {}
@@ -34,34 +34,35 @@ class ComError : public std::exception {
 inline void Check(HRESULT result) {
     if (FAILED(result)) throw ComError(result);
 }
-/// E_POINTER for a place for a result that is not there.
+/// Throws E_POINTER if `pointer`, the address for a result, is null.
 inline void RequirePointer(const void* pointer) {
     if (pointer == nullptr) throw ComError(E_POINTER);
 }
 
-/// A place for a result, which is empty when the call fails.
+/// Clears a result before a call, so that it is empty if the call fails. `result` may be null.
 template <typename Result>
 void Clear(Result* result) noexcept {
     if (result != nullptr) *result = {};
 }
 
-/// The HRESULT under which an error of the runtime crosses the edge.
+/// The HRESULT that a client receives for a runtime error.
 HRESULT HresultOf(const runtime::Error& error) noexcept;
-/// Whether `code` is an error of a runtime like ours: 0x800A0000 + number.
+/// Whether `code` is a runtime error: 0x800A0000 + number.
 bool IsRuntimeError(HRESULT code) noexcept;
-/// The runtime's number for a failure reported by a client.
+/// The number of the runtime error for an HRESULT that a client has returned.
 std::int32_t NumberOf(HRESULT code) noexcept;
 
-/// What the exception in flight is for a client. Leaves its description in the thread's error object, or none.
+/// The HRESULT for the exception that is being handled. Stores its description in the thread's error object, or clears
+/// that object.
 HRESULT CurrentHresult() noexcept;
-/// The same for a late-bound call: errors that have a description go into `exception` (which may be null), and the
-/// answer is then DISP_E_EXCEPTION.
+/// The same for a late-bound call. An error with a description is stored in `exception`, which may be null, and the
+/// result is DISP_E_EXCEPTION.
 HRESULT CurrentHresult(EXCEPINFO* exception) noexcept;
 
-/// Takes the error object that a failed call of another object has left: its description goes on to the client.
+/// Throws `failure`, the result of a call of another object, with the description in the thread's error object.
 [[noreturn]] void ThrowWithErrorObject(HRESULT failure);
 
-/// Runs `body`, which returns an HRESULT.
+/// Runs `body`, which returns an HRESULT, and converts its exceptions.
 template <typename Body>
 HRESULT Guarded(Body&& body) noexcept {
     try {
@@ -73,6 +74,7 @@ HRESULT Guarded(Body&& body) noexcept {
     }
 }
 
+/// The same for a late-bound call.
 template <typename Body>
 HRESULT GuardedInvoke(EXCEPINFO* exception, Body&& body) noexcept {
     try {

@@ -15,13 +15,13 @@
 namespace host::com {
 namespace {
 
-/// Homes may come and go between an attempt's two steps, however often.
+/// Limits the attempts to create an instance, because the home may end between the two steps of each attempt.
 constexpr int kMaxAttempts = 20;
 
-/// What the process knows of its home and of what keeps the DLL.
+/// The process's home, and the counts of what keeps the DLL in memory.
 struct Server {
     HomeState home;
-    // Counted apart: a lock that is given back once too often must not count for a factory that a client holds.
+    // Separate counts, because a client that removes one lock too many must not release another client's factory.
     std::atomic<long> references = 0;
     std::atomic<long> locks = 0;
 };
@@ -39,7 +39,7 @@ ComPtr<IGlobalInterfaceTable> InterfaceTable() {
     return table;
 }
 
-/// Whether the table has no entry under `cookie` any more. An apartment that has ended has taken its entry along.
+/// Revokes an entry. True if the table has no entry under `cookie` any more. The end of an apartment removes its entry.
 bool Revoke(DWORD cookie) noexcept {
     ComPtr<IGlobalInterfaceTable> table;
     if (FAILED(FindInterfaceTable(table))) return false;
@@ -52,8 +52,8 @@ bool RevokeLink(HomeLink& link) noexcept {
     return link.cookie == 0 || Revoke(link.cookie);
 }
 
-/// Takes back the ways to homes that are over; on a thread outside COM that fails, and a later caller does it. Never
-/// under the home state's lock: COM may run calls of other apartments on this thread.
+/// Revokes the links to homes that have ended. On a thread outside COM this fails, and a later call repeats it. Must
+/// not be called under the home state's lock, because COM may run calls of other apartments on this thread.
 void RevokeStaleLinks() noexcept {
     HomeLinks failed;
     for (HomeLinks link = server.home.TakeStaleLink(); !link.empty(); link = server.home.TakeStaleLink()) {
@@ -73,13 +73,13 @@ void RequireSingleThreadedApartment() {
     }
 }
 
-/// The way home; makes the calling thread's apartment the home when there is none.
+/// Joins the home. If there is none, the calling thread's apartment becomes the home.
 HomeState::Entry JoinHome() {
     HomeState::Entry entry = server.home.Join();
     RevokeStaleLinks();
     if (entry.generation != 0) return entry;
 
-    // No lock is held here, so another thread may have been quicker.
+    // No lock is held here, so another thread may become the home first.
     HomeLinks link(1);
     runtime::win32::KernelHandle thread = OwnThread();
     HomeWindow window = MakeHomeWindow();
@@ -145,7 +145,7 @@ void LockServer(bool lock) noexcept {
 }
 
 bool CanUnload() noexcept {
-    // In this order: looking may find that the home is over.
+    // The first check may find that the home has ended. Its link is then revoked before the second check.
     server.home.IsEmpty();
     RevokeStaleLinks();
     return server.home.IsEmpty() && server.references == 0 && server.locks == 0;

@@ -1,14 +1,14 @@
-// The home apartment: the single-threaded one in which all instances of the process live, because a window belongs to
-// one thread. The first client's apartment becomes it. Clients in other apartments get a proxy, and COM carries calls
-// and events between the threads. Without instances and windows there is no home, and the next client's apartment
-// becomes it.
+// The home apartment: the single-threaded apartment of all instances in the process. There is only one, because a
+// window belongs to one thread. The apartment of the first client becomes the home. Clients in other apartments get
+// proxies, and COM carries calls and events between the threads. Without instances and windows there is no home, and
+// the apartment of the next client becomes the home.
 //
-// A home ends early when its thread ends, or leaves COM, while instances live. Its forms are given up then: the next
-// home loads its own. What is left of its instances reaches no form and receives no event; it answers
-// RPC_E_WRONG_THREAD until it is released.
+// A home ends early if its thread ends or leaves COM while instances live. Its forms are then given up, and the next
+// home loads its own forms. The remaining instances of the old home reach no form and receive no event. Calls on them
+// return RPC_E_WRONG_THREAD.
 //
-// The same place counts what lives, because "may the DLL be unloaded" and "is the home still needed" depend on each
-// other. All functions may be called from any thread.
+// This file also counts everything that needs the DLL, because "may the DLL be unloaded" and "is the home still needed"
+// depend on each other. Any thread may call all functions.
 #pragma once
 
 #include <utility>
@@ -19,19 +19,19 @@ namespace host::com {
 
 class BackProcessObject;
 
-/// An instance's right to live at home, and its place in the count.
+/// Counts one instance as a member of a home.
 class HomeMembership {
  public:
-    /// Of the home of that generation, which is the calling thread's; counted already.
+    /// For the home `generation` on the calling thread. The instance has been counted already.
     explicit HomeMembership(unsigned generation) noexcept : generation_(generation) {}
     HomeMembership(HomeMembership&& other) noexcept
         : generation_(std::exchange(other.generation_, 0)), threadId_(other.threadId_) {}
     HomeMembership& operator=(HomeMembership&&) = delete;
     ~HomeMembership();
 
-    /// The calling thread is the home thread, and the home is the instance's.
+    /// Whether the calling thread is the home thread and the instance belongs to the present home.
     bool IsOnHomeThread() const noexcept;
-    /// Throws RPC_E_WRONG_THREAD, with a text, unless it is.
+    /// Throws RPC_E_WRONG_THREAD, with a description, unless IsOnHomeThread().
     void RequireHomeThread() const;
 
  private:
@@ -39,7 +39,7 @@ class HomeMembership {
     DWORD threadId_ = GetCurrentThreadId();
 };
 
-/// A factory or an enumerator: keeps the DLL, but no home.
+/// Part of a factory or an enumerator. Keeps the DLL in memory, but not the home.
 class ServerReference {
  public:
     ServerReference() noexcept;
@@ -48,19 +48,18 @@ class ServerReference {
     ~ServerReference();
 };
 
-/// A client's lock on the server, taken and given back as often as it likes. A lock that was never taken cannot be
-/// given back.
+/// Adds or removes a client's lock, which keeps the DLL in memory. Removing a lock that was not added does nothing.
 void LockServer(bool lock) noexcept;
-/// Whether nothing lives that needs the DLL's code.
+/// Whether no object needs the DLL's code.
 bool CanUnload() noexcept;
 
-/// Creates an instance in the home apartment, which the calling thread's becomes when there is none.
-/// Throws RPC_E_WRONG_THREAD for a caller outside a single-threaded apartment, CO_E_NOTINITIALIZED without COM, and
-/// what the creation throws.
+/// Creates an instance in the home apartment. If there is no home, the calling thread's apartment becomes the home.
+/// Throws RPC_E_WRONG_THREAD if the caller is not in a single-threaded apartment, CO_E_NOTINITIALIZED without COM, and
+/// the errors of the creation.
 HRESULT CreateAtHome(REFIID iid, void** object);
 
-/// Has the home thread end `instance` when it is another one than the calling thread. False when the caller must end
-/// it: it is the home thread, or there is no home.
+/// If the home thread is another thread, makes it end `instance`. False if the caller must end the instance, because
+/// the caller is the home thread or there is no home.
 bool EndAtHome(BackProcessObject& instance) noexcept;
 
 }  // namespace host::com

@@ -1,6 +1,6 @@
-// Who is home, how many instances live there, and how to reach it: the data behind the home apartment, under one lock.
-// It makes no COM calls. How other threads reach a home is a link; one that is stale is handed out to the
-// caller, who takes it back without holding the lock.
+// The data of the home apartment, under one lock: the home thread, the number of instances, and the link through which
+// other threads reach the home. The class makes no COM calls. It returns stale links to its caller, which revokes them
+// without holding the lock. Any thread may call.
 #pragma once
 
 #include <atomic>
@@ -16,36 +16,37 @@ struct HomeLink {
     DWORD cookie = 0;       ///< of the home's factory in the process's interface table; 0: none
     HWND window = nullptr;  ///< the home window; null: none
 };
-/// Links are handed around as nodes, which takes no memory and cannot fail.
+/// Links are moved as list nodes, because moving a node needs no memory and cannot fail.
 using HomeLinks = std::list<HomeLink>;
 
 class HomeState {
  public:
     struct Entry {
         unsigned generation = 0;  ///< 0: there is no home
-        bool isHere = false;      ///< the calling thread is home; a place in the count was taken for it
+        bool isHere = false;      ///< the calling thread is the home; an instance was counted for it
         DWORD cookie = 0;         ///< of the home's factory
     };
 
-    /// The way to the home there is.
+    /// The present home. If the calling thread is the home, counts an instance for it.
     Entry Join() noexcept;
-    /// The same; the calling thread, which `link` leads to, becomes home when there is none. Else `link` is stale.
+    /// The same. If there is no home, the calling thread `thread` becomes the home, which `link` leads to. Otherwise
+    /// `link` becomes stale.
     Entry JoinOrBecomeHome(HomeLinks link, runtime::win32::KernelHandle thread) noexcept;
-    /// Gives back a place in the count.
+    /// Removes an instance from the count.
     void RemoveInstance(unsigned generation) noexcept;
-    /// Gives up a home that cannot be reached, and its forms.
+    /// Gives up a home that cannot be reached, and its forms. Does nothing if it is not the present home.
     void AbandonHome(unsigned generation) noexcept;
 
-    /// That home is the present one. Takes no lock.
+    /// Whether `generation` is the present home. Takes no lock.
     bool IsCurrent(unsigned generation) const noexcept { return generation_ == generation; }
-    /// The window of a home on another thread; null when there is no home or the calling thread is home.
+    /// The window of a home on another thread; null if there is no home or the calling thread is the home.
     HWND WindowElsewhere() noexcept;
-    /// No instance, no window and no stale link is left.
+    /// Whether there is no instance, no window and no stale link.
     bool IsEmpty() noexcept;
 
-    /// Hands out one stale link; none when there is none.
+    /// Removes and returns one stale link; empty if there is none.
     HomeLinks TakeStaleLink() noexcept;
-    /// Keeps a link that could not be taken back.
+    /// Adds links that could not be revoked to the stale links.
     void KeepStaleLinks(HomeLinks link) noexcept;
 
  private:
@@ -66,7 +67,7 @@ class HomeState {
     HomeLinks staleLinks_;
 };
 
-/// A handle of the calling thread by which others see that it has ended.
+/// A handle of the calling thread. Other threads use it to find out whether the thread has ended.
 runtime::win32::KernelHandle OwnThread();
 
 }  // namespace host::com

@@ -9,7 +9,7 @@ namespace {
 
 constexpr wchar_t kHomeWindowClass[] = L"K4TBackProcess.Home";
 
-/// A registered message: no other code in the process uses its number by chance.
+/// The message is registered, so that no other code in the process uses its number.
 UINT EndMessage() {
     static const UINT message = RegisterWindowMessageW(L"K4TBackProcess.EndInstance");
     return message;

@@ -1,5 +1,5 @@
-// A window of the home thread that is never shown. An instance whose last reference was released on another thread is
-// posted to it, because only the home thread may end the instance and the component's windows.
+// A window of the home thread that is never shown. When another thread releases the last reference of an instance, the
+// instance is posted to this window, because only the home thread may end the instance and the component's windows.
 #pragma once
 
 #include "runtime/win32/Handle.h"
@@ -11,15 +11,15 @@ class BackProcessObject;
 struct HomeWindowPolicy {
     using Type = HWND;
     static Type Invalid() noexcept { return nullptr; }
-    /// On another thread the window is asked to close itself.
+    /// Destroys the window. On another thread, posts a request to close it.
     static void Close(Type window) noexcept;
 };
 using HomeWindow = runtime::win32::UniqueHandle<HomeWindowPolicy>;
 
-/// Makes the window on the calling thread. Throws the system's HRESULT.
+/// Makes the window on the calling thread. Throws the HRESULT of a system error.
 HomeWindow MakeHomeWindow();
 
-/// Has the window's thread end `instance`, which must stay alive until then. False when the window does not exist.
+/// Makes the window's thread end `instance`, which must exist until then. False if the message cannot be posted.
 bool PostEnd(HWND window, BackProcessObject& instance) noexcept;
 
 }  // namespace host::com

@@ -1,12 +1,12 @@
-// What the COM objects of this component have in common: the interfaces that QueryInterface gives, and the reference
-// count.
+// Base classes of the component's COM objects: QueryInterface for a list of interfaces, and the reference count.
 #pragma once
 
 #include "host/com/References.h"
 
 namespace host::com {
 
-/// Whether a pointer to `Interface` serves for `iid`: its own identifier, or one of an interface that it extends.
+/// Whether QueryInterface may return a pointer to `Interface` for `iid`. That is so for its own identifier and those of
+/// its base interfaces.
 template <typename Interface>
 inline bool Serves(REFIID iid) {
     return iid == __uuidof(Interface);
@@ -20,7 +20,7 @@ inline bool Serves<IProvideClassInfo2>(REFIID iid) {
     return iid == IID_IProvideClassInfo2 || iid == IID_IProvideClassInfo;
 }
 
-/// An object with these interfaces; the first one is its identity.
+/// An object with these interfaces. The first one is its COM identity.
 template <typename First, typename... Others>
 class Interfaces : public First, public Others... {
  public:
@@ -45,7 +45,7 @@ class Interfaces : public First, public Others... {
     ~Interfaces() = default;
 };
 
-/// The same with a reference count of its own, which begins with its maker's reference.
+/// The same with a reference count, which begins with the creator's reference.
 template <typename First, typename... Others>
 class Implements : public Interfaces<First, Others...> {
  public:
@@ -58,7 +58,7 @@ class Implements : public Interfaces<First, Others...> {
  protected:
     virtual ~Implements() = default;
 
-    /// Returns what Release returns.
+    /// Returns the result of Release.
     virtual ULONG OnLastRelease() {
         delete this;
         return 0;

@@ -1,4 +1,4 @@
-// The module that this code was linked into: the component's DLL, or a program of the tests.
+// The module that contains this code: the component's DLL or a test program.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"

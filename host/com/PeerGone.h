@@ -1,5 +1,5 @@
-// The answers by which COM says that the other side of a proxy no longer exists: its apartment or its process has
-// ended. A call that is answered so has run nothing there.
+// The results with which COM reports that the other side of a proxy no longer exists, because its apartment or process
+// has ended. A call with such a result has run no code there.
 #pragma once
 
 #include "host/com/ComHeaders.h"

@@ -11,10 +11,10 @@ class References {
     ULONG Drop() noexcept { return static_cast<ULONG>(InterlockedDecrement(&count_)); }
 
  private:
-    LONG count_ = 1;  // its maker's
+    LONG count_ = 1;  // the creator's reference
 };
 
-/// Holds an object over a call that may make the client release it.
+/// Holds a reference during a call in which the client may release the object.
 class ScopedReference {
  public:
     explicit ScopedReference(IUnknown& object) noexcept : object_(object) { object_.AddRef(); }

@@ -15,7 +15,7 @@ using runtime::StringView;
 constexpr StringView kProgId = u"K4TBackProcess.clsQmxBackProcess";
 constexpr StringView kVersion = u"1.0";
 constexpr StringView kLibraryName = u"Pelorix Back process Manager";
-// The system's marshallers: one reads the dual interface from the type library, the other passes late-bound calls.
+// The system's marshallers: the first reads dual interfaces from the type library, the second passes late-bound calls.
 constexpr StringView kTypeLibraryMarshaller = u"{00020424-0000-0000-C000-000000000046}";
 constexpr StringView kDispatchMarshaller = u"{00020420-0000-0000-C000-000000000046}";
 
@@ -61,7 +61,7 @@ void AddTypeLibrary(EntryList& list, const String& modulePath) {
     const String key = String(u"TypeLib") / Text(LIBID_K4TBackProcess) / kVersion;
     list.AddDefault(key, kLibraryName);
     list.AddDefault(key / u"409" / u"win32", modulePath);
-    // Marshalling looks for the library under the user's language, then under the neutral one.
+    // Marshalling looks for the library under the user's language, then under the neutral language.
     list.AddDefault(key / u"0" / u"win32", modulePath);
     list.AddDefault(key / u"FLAGS", u"0");
     list.AddDefault(key / u"HELPDIR", modulePath.substr(0, modulePath.rfind(u'\\')));
@@ -75,12 +75,12 @@ void AddInterface(EntryList& list, REFIID iid, StringView name, StringView marsh
     list.Add(key / u"TypeLib", u"Version", kVersion);
 }
 
-/// Written by LoadTypeLibEx and RegisterTypeLib: the marshaller of 16-bit programs, which needs no entry of ours.
+/// The marshaller for 16-bit programs. LoadTypeLibEx and RegisterTypeLib write this entry; Register does not need it.
 void AddInterfaceOfTypeLibrary(EntryList& list, REFIID iid, StringView marshaller) {
     list.AddDefault(String(u"Interface") / Text(iid) / u"ProxyStubClsid", marshaller);
 }
 
-/// COM reads the path into a buffer of this size, its NUL included.
+/// Throws if COM cannot load the module. COM reads the path, with its NUL, into a buffer of MAX_PATH characters.
 void RequireLoadable(const String& modulePath) {
     if (modulePath.size() < MAX_PATH) return;
     throw ComError(HRESULT_FROM_WIN32(ERROR_FILENAME_EXCED_RANGE),

@@ -1,4 +1,4 @@
-// The component's entries in the registry: for the machine or for the current user, never both from one call.
+// The component's entries in the registry. Each call changes those of the machine or those of the current user.
 #pragma once
 
 #include "host/com/RegistryEntries.h"
@@ -7,14 +7,14 @@ namespace host::com {
 
 enum class RegistrationScope { kMachine, kUser };
 
-/// Everything that is registered, relative to a hive's Software\Classes, for a module at `modulePath`.
+/// All entries for a module at `modulePath`. Their keys are relative to Software\Classes of a hive.
 std::vector<RegistryEntry> RegistrationEntries(const String& modulePath);
 
-/// Registers this module. May be repeated; a failure leaves the registry as it was. Throws its HRESULT, and that of a
-/// path that is too long for COM to load the module from there.
+/// Registers this module. May be repeated. A failure leaves the registry unchanged; its HRESULT is thrown. A path that
+/// is too long for COM is a failure.
 void Register(RegistrationScope scope);
-/// Removes what Register wrote, and what the system adds when a program registers the type library by itself. May be
-/// repeated. What others put beside it stays.
+/// Removes the entries of Register, and those that the system adds when a program registers the type library itself.
+/// May be repeated. Other entries stay.
 void Unregister(RegistrationScope scope);
 
 }  // namespace host::com

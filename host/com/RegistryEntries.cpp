@@ -16,7 +16,7 @@ void CheckWin32(LSTATUS status) {
     Check(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
 }
 
-/// The path of the key above; empty for one directly below the root.
+/// The path of the parent key; empty for a key directly below the root.
 String Parent(const String& key) {
     const auto separator = key.rfind(u'\\');
     return separator == String::npos ? String() : key.substr(0, separator);
@@ -38,7 +38,7 @@ RegistryKey Open(HKEY root, const String& path) {
     return RegistryKey(key);
 }
 
-/// Deletes `path` and the keys above it as far as they hold nothing. The root stays.
+/// Deletes the key `path` if it is empty, then its parents that become empty. The root stays.
 void DeleteEmptyKeys(HKEY root, String path) {
     for (; !path.empty(); path = Parent(path)) {
         const RegistryKey key = Open(root, path);
@@ -54,7 +54,7 @@ void RemoveEntry(HKEY root, const RegistryEntry& entry) {
     DeleteEmptyKeys(root, entry.key);
 }
 
-/// One written value and how to put back what was there.
+/// One written value, with the earlier value to restore.
 class Change {
  public:
     Change(HKEY root, const RegistryEntry& entry) : root_(root), entry_(entry) { Remember(); }
@@ -64,7 +64,7 @@ class Change {
         CheckWin32(RegSetKeyValueW(root_, Wide(entry_.key), Wide(entry_.name), REG_SZ, entry_.value.c_str(), bytes));
     }
 
-    /// A way back that is barred as well cannot be helped; the failure that led here is what is told.
+    /// Errors while undoing are ignored; the original error is reported.
     void Undo() const {
         if (before_) {
             RegSetKeyValueW(root_, Wide(entry_.key), Wide(entry_.name), type_, before_->data(),
@@ -94,7 +94,7 @@ class Change {
 
     HKEY root_;
     const RegistryEntry& entry_;
-    String deepestBefore_;  ///< the key, or the nearest one above it that was there
+    String deepestBefore_;  ///< the key, or its nearest parent that existed before
     std::optional<std::vector<BYTE>> before_;
     DWORD type_ = REG_NONE;
 };

@@ -1,5 +1,5 @@
-// Writes and removes a list of registry values as a whole. Writing undoes itself when it fails half-way; removing
-// takes away the values of the list and the keys that are then empty, and nothing else.
+// Writes and removes a list of registry values as a whole. If writing fails half-way, it is undone. Removing deletes
+// the values of the list and the keys that are then empty, and nothing else.
 #pragma once
 
 #include <optional>
@@ -13,13 +13,13 @@ using runtime::String;
 
 struct RegistryEntry {
     String key;   ///< path below the root
-    String name;  ///< empty: the key's default value
+    String name;  ///< empty for the key's default value
     String value;
 };
 
-/// Throws the HRESULT of what failed, after everything has been put back.
+/// A failure restores the earlier values and throws its HRESULT.
 void WriteEntries(HKEY root, const std::vector<RegistryEntry>& entries);
-/// Removing what is not there succeeds. Goes on after a failure, then throws its HRESULT.
+/// A value that does not exist is no error. After a failure the other values are removed, then its HRESULT is thrown.
 void RemoveEntries(HKEY root, const std::vector<RegistryEntry>& entries);
 
 }  // namespace host::com

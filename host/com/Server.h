@@ -1,17 +1,19 @@
-// What the DLL's exports do; the exports themselves only pass on.
+// The functions of the DLL's exports.
 #pragma once
 
 #include "host/com/ComHeaders.h"
 
 namespace host::com {
 
-/// Pins the module: from here on it stays in memory, because the compiler's static runtime gives back neither its TLS
-/// slot nor its handles when a DLL is unloaded, and a client may load and free it many times.
+/// Keeps the module in memory until the process ends. The compiler's static runtime frees neither its TLS slot nor its
+/// handles when a DLL is unloaded, and a client may load and free the DLL many times.
 HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) noexcept;
-/// For the machine.
+// RegisterServer and UnregisterServer change the entries of the machine.
+
 HRESULT RegisterServer() noexcept;
 HRESULT UnregisterServer() noexcept;
-/// `commandLine` "user" means the current user, none or an empty one the machine; E_INVALIDARG for anything else.
+/// A `commandLine` of "user" selects the current user; null or an empty one selects the machine. E_INVALIDARG for any
+/// other.
 HRESULT Install(bool install, const wchar_t* commandLine) noexcept;
 
 }  // namespace host::com

@@ -11,12 +11,12 @@ namespace host::com {
 DWORD Sinks::Connect(IUnknown* sink) {
     RequireOpen();
     ComPtr<IDispatch> listener = Query<IDispatch>(sink, DIID___clsQmxBackProcess);
-    // Scripting clients answer for plain late binding only.
+    // The sinks of scripting clients offer IDispatch only.
     if (!listener) listener = Query<IDispatch>(sink, IID_IDispatch);
     if (!listener) {
         throw ComError(CONNECT_E_CANNOTCONNECT, u"the event sink has neither __clsQmxBackProcess nor IDispatch");
     }
-    // Asking the sink may have ended the instance.
+    // The sink's QueryInterface may have ended the instance.
     RequireOpen();
     const DWORD cookie = NextCookie();
     connections_.push_back({cookie, std::move(listener)});

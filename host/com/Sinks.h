@@ -1,6 +1,6 @@
-// The clients that listen to one instance, in the order in which they connected. A sink may do anything while it is
-// called or released: connect, disconnect, raise the event again, release the instance. So every change of the list
-// is complete before a sink's reference is given up, and the event walks on a copy.
+// The event sinks of one instance, in the order of their connection. While a sink is called or released, it may
+// connect, disconnect, raise the event again or release the instance. Therefore each change of the list is complete
+// before a sink is released, and the event uses a copy of the list. Home thread only.
 #pragma once
 
 #include <vector>
@@ -16,14 +16,14 @@ struct Connection {
 
 class Sinks {
  public:
-    /// Answers the cookie, unique for the instance and never 0. Throws CONNECT_E_CANNOTCONNECT for an object without
-    /// the event interface, and when closed.
+    /// Returns the cookie, which is unique for the instance and never 0. Throws CONNECT_E_CANNOTCONNECT for an object
+    /// without the event interface, and after Close.
     DWORD Connect(IUnknown* sink);
     /// Throws CONNECT_E_NOCONNECTION for an unknown cookie.
     void Disconnect(DWORD cookie);
-    /// Disconnects the sink whose peer is gone; nothing for an unknown cookie.
+    /// Disconnects a sink that no longer exists. Does nothing for an unknown cookie.
     void Drop(DWORD cookie) noexcept;
-    /// Disconnects all, for good.
+    /// Disconnects all sinks. Later connections are refused.
     void Close();
 
     bool IsConnected(DWORD cookie) const;

@@ -1,14 +1,14 @@
-// The type library that sits in the module's resources; it is read from there whether or not it is registered.
+// The type library in the module's resources. It is read from there, whether or not it is registered.
 #pragma once
 
 #include "host/com/ComPtr.h"
 
 namespace host::com {
 
-/// Empty when it cannot be read. While a reference is held the system reads the file only once.
+/// The type library; empty if it cannot be read. While a reference is held, the system reads the file only once.
 ComPtr<ITypeLib> OpenTypeLibrary() noexcept;
 
-/// The description of the interface or class with that identifier. Throws the HRESULT of a library that cannot be read.
+/// The description of the interface or class `guid`. Throws the HRESULT if the library cannot be read.
 ComPtr<ITypeInfo> DescriptionOf(REFGUID guid);
 
 }  // namespace host::com

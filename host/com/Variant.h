@@ -28,7 +28,7 @@ class Variant {
 
     VARIANT* Address() noexcept { return &value_; }
     const VARIANT& Get() const noexcept { return value_; }
-    /// Hands the contents on; nothing is left here.
+    /// Returns the contents and leaves this object empty.
     VARIANT Detach() noexcept {
         const VARIANT contents = value_;
         VariantInit(&value_);
