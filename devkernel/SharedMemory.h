@@ -25,7 +25,7 @@ class SharedMemory {
  public:
     virtual ~SharedMemory() = default;
 
-    /// Waits for the lock. The lock is free if its owner has died. Throws StoreError after a reasonable time.
+    /// Waits for the lock. The lock is free if its owner has died. Throws StoreError if the wait takes too long.
     virtual void Lock() = 0;
     virtual void Unlock() noexcept = 0;
 

@@ -24,7 +24,7 @@ std::uint64_t RecordSize(std::uint64_t keySize, std::uint64_t valueSize) {
 
 struct Record {
     RecordHead head;
-    std::uint32_t size;  ///< bytes, all included
+    std::uint32_t size;  ///< of the whole record, in bytes
 };
 
 /// The record at `offset` in the first `used` bytes of `space`. Throws StoreError if it does not fit into these bytes.

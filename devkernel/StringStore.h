@@ -1,9 +1,9 @@
 // Named strings in shared memory. Keys and values are bytes of any length and content. Keys are compared exactly.
 //
-// The memory has two spaces. The active space is a log: each change appends a record, and one store of the space's used
-// size makes the record visible. When the outdated records need more bytes than the valid ones, the valid records are
-// copied to the other space, and one store of the generation makes that space the active one. A process that dies
-// between any two steps leaves either the old or the new value. The memory in use stays in proportion to the strings.
+// The memory has two spaces. The active space is a log. A change appends a record, which becomes visible when the
+// space's used size is written. When the outdated records need more bytes than the valid ones, the valid records are
+// copied to the other space, which becomes the active one when the generation is written. A process that dies between
+// any two steps leaves either the old or the new value. The memory in use stays in proportion to the strings.
 //
 // Each process has its own StringStore over the same memory, with its own index. Each call first updates the index from
 // the log. Any thread may call. Only a call that changes a string takes the memory's lock. The other calls copy what
@@ -65,7 +65,7 @@ class StringStore {
     std::uint32_t OtherSpace() const { return 1 - ActiveSpace(); }
 
     SharedMemory& memory_;
-    std::mutex mutex_;  ///< guards the members below; not held while waiting for the memory's lock
+    std::mutex mutex_;                         ///< guards the members below; taken after the memory's lock
     std::optional<std::uint32_t> generation_;  ///< the generation that the index describes
     std::uint32_t seen_ = 0;                   ///< bytes of the active space that the index covers
     std::uint32_t live_ = 0;                   ///< bytes of the valid records among them

@@ -95,8 +95,8 @@ class ReadersMemory : public SharedMemory {
 
  private:
     struct Choice {
-        std::size_t changes = 0;   ///< changes of what the reader's step reads that happen before that step
-        std::size_t possible = 0;  ///< the largest possible number of these changes
+        std::size_t changes = 0;   ///< number of relevant changes before the reader's step
+        std::size_t possible = 0;  ///< the largest such number
     };
 
     template <typename Look>

@@ -155,7 +155,7 @@ TEST(StringStore, ReadingAndUnchangedSet_TakeNoLock) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     store.Set("key", "value");
-    memory.Lock();  // as a process that is stopped while it holds the lock
+    memory.Lock();  // imitates a process that is stopped while it holds the lock
     EXPECT_THAT(store.Get("key"), Optional(std::string("value")));
     EXPECT_THAT(StringStore(memory).FirstKey(), Optional(std::string("key")));
     EXPECT_EQ(store.KeyAfter("key"), std::nullopt);

@@ -1,4 +1,4 @@
-// The base of the dialogs that ask one question and wait for the answer: the begin and end of a question, and the
+// The base of the dialogs that ask one question and wait for the answer: the start and end of a question, and the
 // shared dialog of each kind. Home thread only.
 #pragma once
 
@@ -10,7 +10,7 @@ namespace dialogs {
 
 class PromptForm : public runtime::Form {
  public:
-    /// True from the begin of a question until its form was unloaded.
+    /// True from the start of a question until its form was unloaded.
     bool HasOpenPrompt() const { return hasOpenPrompt_; }
     /// Centres `form` on the screen; see services::SetForm.
     static void SetForm(runtime::Form& form);

@@ -33,9 +33,9 @@ class Qmxquery : public PromptForm {
     /// - The result, which is also stored in `values[0]`, is the answer: empty if the user cancelled, the character 1
     ///   for the extra button. Closing the dialog other than by a button or Enter cancels.
     ///
-    /// Errors: 6 (the prompt needs a height of more than 32 bits), 9 (no `values[0]`), 380 (`index` is outside the
-    /// list), 400 (this dialog has an open question), and those of the controls. An error closes the dialog and leaves
-    /// `index` unchanged.
+    /// Error 400 if this dialog has an open question, which is not affected. Other errors close the dialog and leave
+    /// `index` unchanged: 6 (the prompt needs a height of more than 32 bits), 9 (no `values[0]`), 380 (`index` is
+    /// outside the list), and the errors of the controls.
     String QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                  std::int32_t& index, bool showButton, const String& buttonCaption);
 

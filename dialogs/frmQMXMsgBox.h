@@ -26,8 +26,8 @@ class frmQMXMsgBox : public PromptForm {
     frmQMXMsgBox();
 
     /// Asks, waits for the answer and unloads the form. Only the default-button bits (0x300) of `flags` are used.
-    /// Closing the box other than by a button is kCancel. Error 400 if this box has an open question. Errors of
-    /// controls close the box and reach the caller.
+    /// Closing the box other than by a button is kCancel. Error 400 if this box has an open question, which is
+    /// not affected. Errors of controls close the box and reach the caller.
     std::int32_t ShowMe(StringView prompt, std::int32_t flags, StringView title);
 
  protected:

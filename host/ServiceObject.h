@@ -1,5 +1,5 @@
 // The interface through which the COM layer calls a service object. The component's service object is
-// clsQmxBackProcess; the tests of the COM layer use a fake.
+// clsQmxBackProcess; the tests of the COM layer use a double.
 #pragma once
 
 #include <cstdint>

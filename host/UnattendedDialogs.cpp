@@ -22,8 +22,8 @@ struct Answer {
 
 constexpr Answer kCancel{2, u"Cancel"};
 
-/// By the style's set of buttons. What Escape does not answer, because the box has no Cancel, is answered by the button
-/// that changes least.
+/// The answers, by the style's set of buttons. A box without Cancel gets the answer that changes least, because Escape
+/// does not close it.
 constexpr std::array kSystemBoxAnswers = {
     Answer{1, u"OK"},     // OK
     kCancel,              // OK, Cancel
@@ -43,7 +43,7 @@ String OneLine(StringView text) {
     return line;
 }
 
-/// What the dialog refuses to ask is an error in a run without a user, too.
+/// Throws the errors that the query dialog throws for the same arguments.
 void CheckQuestion(const std::vector<String>& values, std::int32_t kind, std::int32_t index) {
     if (values.empty()) {
         throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange, u"the first of the values, which is the initial text");

@@ -1,5 +1,6 @@
-// The dialogs of a run without a user. Each message and question is answered at once, as Escape would answer it, and
-// nothing is shown. The composition puts this object in the place of the dialogs when the environment asks for it.
+// Replaces the dialogs in a run without a user. Each message and question is answered at once, with the answer of the
+// Escape key, and no dialog is shown. The composition uses this class if an environment variable requests it. Home
+// thread only.
 #pragma once
 
 #include <cstdint>
@@ -19,11 +20,11 @@ class UnattendedDialogs : public runtime::MessageBoxPort {
 
     explicit UnattendedDialogs(Report report) : report_(std::move(report)) {}
 
-    /// Replaces the suite's dialogs of the composed process, which this object must outlive.
+    /// Replaces the suite's dialogs of the process, which must be composed. This object must outlive the composition.
     void ReplaceSuiteDialogs();
 
-    /// The system's message box: Cancel if it has that button, else OK, No or Abort. Error 5 for a set of buttons that
-    /// no box has.
+    /// Replaces the system's message box. The answer is Cancel if the box has that button, else OK, No or Abort. Error
+    /// 5 for a set of buttons that no box has.
     std::int32_t Show(runtime::StringView prompt, std::int32_t flags, runtime::StringView title,
                       const runtime::MessageHelp& help) override;
 

@@ -27,7 +27,7 @@ using tests::ErrorOf;
 
 constexpr int kRefused = 1000;
 
-/// A process as the composition makes it for a run without a user. The window system refuses every window.
+/// A process that is composed for a run without a user. The window system refuses every window.
 class UnattendedRun : public tests::HeadlessTest {
  protected:
     UnattendedRun() {
@@ -51,7 +51,7 @@ TEST_F(UnattendedRun, SystemBox_AnswersAsEscape) {
     const std::vector<std::int32_t> answers = {1, 2, 3, 2, 7, 2, 2};
     for (std::int32_t buttons = 0; buttons < 7; ++buttons) {
         const auto answer = answers[static_cast<std::size_t>(buttons)];
-        // Icons, default buttons, modality and the help button change nothing.
+        // Icons, default buttons, modality and the help button do not change the answer.
         for (const std::int32_t others : {0, 48, 0x100, 0x200, 0x1000, 0x4000}) {
             EXPECT_EQ(ShowMessage(u"Overwrite?", buttons | others, u"T"), answer) << buttons << ' ' << others;
         }

@@ -5,8 +5,8 @@
 
 namespace host {
 
-/// With the value "1" in the environment of the host program, no dialog is shown (UnattendedDialogs). Read when the
-/// process is composed.
+/// An environment variable of the host program. With the value "1", no dialog is shown (see UnattendedDialogs). It is
+/// read when the process is composed.
 inline constexpr const wchar_t* kUnattendedVariable = L"K4TBACKPROCESS_UNATTENDED";
 
 /// The component of this process. The first call composes it; it exists until the process ends. `module` is the

@@ -63,7 +63,7 @@ const std::vector<Row>& Rows() {
         {uR"("",)", {uR"(")"}},
         {uR"(A,"B",)", {u"A", uR"(B")"}},
         {uR"(,"",)", {u"", uR"(")"}},
-        // after another comma or a plain field, the comma at the end counts
+        // a comma at the end counts if it does not directly follow a quoted field
         {uR"("A",,)", {u"A", u"", u""}},
         {uR"("",,)", {u"", u"", u""}},
         {uR"("A",B,)", {u"A", u"B", u""}},

@@ -33,7 +33,7 @@ extern "C" {
 long __stdcall E_SetString(const char* key, char* value);
 
 /// The address of the text under `key`, or a number <= 0 if there is none. Copy the text at once, because the address
-/// is valid only until the same thread asks for the same key again. Never write to the text.
+/// is valid only until the same thread asks for the same key again or ends. Never write to the text.
 long __stdcall E_GetString(const char* key);
 
 /// The handle of the open design database, for O_GetName.

@@ -27,8 +27,8 @@ struct UiFont {
     bool operator==(const UiFont&) const = default;
 };
 
-/// Format patterns of coordinates and values in the classic BASIC notation. Kept for callers; nothing in the component
-/// formats with them.
+/// Format patterns of coordinates and values in the classic BASIC notation. They are stored for callers; the component
+/// itself does not use them.
 struct NumberFormats {
     String coordinate;
     String value;
@@ -71,7 +71,7 @@ struct ProcessValues {
     // Set when the main form loads.
     String moduleName;
     String moduleCaption;
-    String helpFilePath;  ///< the file's old name; the file that is opened has the extension "chm"
+    String helpFilePath;  ///< with the extension "HLP"; the file that is opened has the extension "chm"
 
     /// -1 if help is open that the main form's unload must close, else 0.
     std::int16_t helpIsOpen = 0;

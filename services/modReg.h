@@ -29,7 +29,7 @@ struct SuiteSetting {
     StringView defaultText;
 };
 
-/// In the order in which they are read.
+// The settings, in the order in which they are read.
 std::span<const SuiteSetting> FolderSettings();
 std::span<const SuiteSetting> IdentitySettings();
 /// The value of an absent setting. A product folder contains the name that GetProductName returns now.
@@ -52,10 +52,11 @@ String GetInstallFolder();
 String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue);
 void SaveAppSetting(StringView appName, StringView section, StringView key, StringView value);
 
-/// Converts `path` to upper case and checks whether it can be made the current folder. Sets `result` to 0 if so, else
-/// to 1, and then shows a message. An error of the message reaches the caller.
+/// Converts `path` to upper case and checks it by making it the current folder for a moment. Sets `result` to 0 if that
+/// succeeds. Otherwise sets `result` to 1 and shows a message.
 /// - The bare drives A to Y are accepted without a check.
-/// - The current folder is restored afterwards. If that fails, `result` is 1.
+/// - If the former current folder cannot be restored, `result` is 1.
+/// - An error while the message is shown reaches the caller; `result` is 1.
 void CheckFolder(String& path, std::int32_t& result);
 
 /// Writes the form's top, left, height and width to the per-user settings, as whole numbers of twips. Error 5 if a

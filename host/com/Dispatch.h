@@ -1,5 +1,5 @@
-// Late binding to the service object. It is not built on the type library, because the type library's Invoke passes an
-// invalid pointer to the method if a by-reference string is missing.
+// Late binding to the service object. It does not use the type library's Invoke, because that passes no valid pointer
+// to the method if a by-reference string is missing.
 #pragma once
 
 #include "host/ServiceObject.h"

@@ -21,7 +21,7 @@ constexpr int kMaxAttempts = 20;
 /// The process's home, and the counts of what keeps the DLL in memory.
 struct Server {
     HomeState home;
-    // Separate counts, because a client that removes one lock too many must not release another client's factory.
+    // Counted separately, because a client that removes one lock too many must not cancel another client's reference.
     std::atomic<long> references = 0;
     std::atomic<long> locks = 0;
 };

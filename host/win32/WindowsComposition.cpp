@@ -22,7 +22,7 @@ void WriteToDebugger(const runtime::String& line) {
     OutputDebugStringW(runtime::win32::Wide(line + u"\n"));
 }
 
-/// Null unless the environment asks for a run without a user.
+/// Null unless the environment variable requests a run without a user.
 std::unique_ptr<UnattendedDialogs> UnattendedIfAsked() {
     if (!runtime::win32::IsSwitchedOn(kUnattendedVariable)) return nullptr;
     return std::make_unique<UnattendedDialogs>(WriteToDebugger);

@@ -15,8 +15,8 @@
 
 namespace kernel_api::builtin {
 
-/// The largest language file that is read. It holds about 300,000 texts of ordinary length. A larger file would take
-/// hundreds of megabytes of a module's memory and several seconds.
+/// The largest size of a language file that is read, in bytes. It is enough for about 300,000 texts. A larger file
+/// would take hundreds of megabytes of a module's memory and several seconds.
 constexpr std::uint64_t kMaxTextsBytes = 16u << 20;
 
 /// Path of the language file in `languageFolder`, which may end in a backslash.

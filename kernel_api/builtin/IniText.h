@@ -19,8 +19,8 @@ String DecodeIni(std::string_view bytes, runtime::LocalePort& locale);
 std::string_view IniProblem(std::string_view bytes);
 
 /// The settings of an INI file.
-/// - A section starts with a "[section]" line; "key = value" lines follow. A ";" at the start of a line makes it a
-///   comment. Other lines, and keys above the first section, are skipped.
+/// - A section starts with a "[section]" line. Its settings are "key = value" lines.
+/// - A line that starts with ";" is a comment. Other lines, and settings above the first section, are skipped.
 /// - The letter case of sections and keys is ignored. If a section has the same key twice, the first value counts.
 /// - Blanks and tabs around names and values are removed, then one pair of quotes ("…" or '…') around a value.
 class IniText {

@@ -27,8 +27,8 @@ class WatchedFile {
     }
 
     /// If the path or the file has changed, calls `take` with the file's bytes, or with none if there is no file. A
-    /// changed file that cannot be read, for example because another program is writing it, counts as unchanged until
-    /// it can be read.
+    /// file that cannot be read, for example because another program is writing it, counts as unchanged until it can be
+    /// read. After a change of the path it counts as missing.
     template <typename Take>
     void Refresh(Take&& take) {
         const auto stamp = path_.empty() ? std::nullopt : files_.Stamp(path_);
