@@ -82,6 +82,7 @@ std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringV
     ChooseFirstButton(flags);
     LayOut(origW, origH);
     result_ = kCancel;
+    runtime::CurrentPorts().windows.PlayQuestionSound();
     ShowModal();
     return result_;
 }
@@ -125,6 +126,19 @@ void frmQMXMsgBox::OnClick(Control& control) {
     if (index >= 0 && index < kCancelIndex) result_ = index + kYes;
     if (index == kCancelIndex) result_ = kCancel;
     Hide();
+}
+
+String frmQMXMsgBox::TextToCopy() {
+    const String line = String(27, u'-') + u"\r\n";
+    String buttons;
+    for (Control* button : cmdBut_) buttons += runtime::WithoutMarks(button->Text()) + u"   ";
+    return line + Caption() + u"\r\n" + line + lblPrompt_->Text() + u"\r\n" + line + buttons + u"\r\n" + line;
+}
+
+void frmQMXMsgBox::OnKeyDown(std::int16_t& keyCode, std::int16_t shift) {
+    if (keyCode != runtime::kKeyC || shift != runtime::kCtrl) return;
+    runtime::CurrentPorts().windows.CopyToClipboard(TextToCopy());
+    keyCode = 0;
 }
 
 // Sends the character again together with Alt, so that a plain letter presses the button with that access key.

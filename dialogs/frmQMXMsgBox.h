@@ -33,6 +33,7 @@ class frmQMXMsgBox : public PromptForm {
  protected:
     void OnLoad() override;
     void OnClick(runtime::Control& control) override;
+    void OnKeyDown(std::int16_t& keyCode, std::int16_t shift) override;
     void OnKeyPress(char16_t& character) override;
 
  private:
@@ -41,6 +42,8 @@ class frmQMXMsgBox : public PromptForm {
     runtime::Control& AddButton(int index, runtime::Twips left, StringView caption, StringView tag);
     void ChooseFirstButton(std::int32_t flags);
     void LayOut(std::int32_t origW, std::int32_t origH);
+    /// Title, prompt and buttons, as the system's message box copies its own.
+    String TextToCopy();
 
     runtime::Control* lblPrompt_ = nullptr;
     std::array<runtime::Control*, kButtons> cmdBut_{};

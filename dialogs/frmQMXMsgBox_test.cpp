@@ -135,6 +135,45 @@ TEST_F(MessageBox, PlainLettersPressTheMarkedButton) {
     EXPECT_EQ(memory_.windows.altKeys, u"yntT");
 }
 
+// The format is that of the system's own box, down to the three blanks behind each button.
+TEST_F(MessageBox, CtrlC_CopiesTitlePromptAndButtons) {
+    const std::string line = "---------------------------\r\n";
+    Ask(
+        8,
+        [](MemoryWindow& box) {
+            box.Press(runtime::kKeyC, runtime::kCtrl);
+            EXPECT_TRUE(box.visible);
+            box.Events().Closing(runtime::UnloadReason::kUser);
+        },
+        u"R&D\r\nOverwrite?");
+    EXPECT_EQ(runtime::ToUtf8(memory_.windows.clipboard), line + "Title\r\n" + line + "R&D\r\nOverwrite?\r\n" + line +
+                                                              "Yes   No   Yes To All   Cancel   \r\n" + line);
+    EXPECT_EQ(memory_.windows.altKeys, u"");
+}
+
+TEST_F(MessageBox, CtrlCWithClipboardInUse_CopiesNothing) {
+    memory_.windows.isClipboardInUse = true;
+    EXPECT_EQ(Ask(8,
+                  [this](MemoryWindow& box) {
+                      box.Press(runtime::kKeyC, runtime::kCtrl);
+                      memory_.windows.isClipboardInUse = false;
+                      box.Press(runtime::kKeyC);
+                      box.Press(runtime::kKeyC, runtime::kCtrl | runtime::kAlt);
+                      box.Press(runtime::kKeyC, runtime::kCtrl | runtime::kShift);
+                      box.Press(runtime::kKeyEnter);
+                  }),
+              6);
+    EXPECT_EQ(memory_.windows.clipboard, u"");
+}
+
+TEST_F(MessageBox, Question_PlaysItsSoundOnce) {
+    Ask(8 + 0x100, [this](MemoryWindow& box) {
+        EXPECT_EQ(memory_.windows.questionSounds, 1);
+        box.Press(runtime::kKeyEnter);
+    });
+    EXPECT_EQ(memory_.windows.questionSounds, 1);
+}
+
 TEST_F(MessageBox, CharacterOfNoButton_IsResentAndDoesNothing) {
     const auto answer = Ask(8, [this](MemoryWindow& box) {
         for (const char16_t character : {u'x', u'%', u'{', u'\u3042'}) box.Events().KeyPress(character);

@@ -142,6 +142,15 @@ char16_t MarkedCharacter(StringView caption) {
     return 0;
 }
 
+String WithoutMarks(StringView caption) {
+    String shown;
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+        if (caption[i] == u'&' && ++i == caption.size()) break;
+        shown += caption[i];
+    }
+    return shown;
+}
+
 void Control::Refresh() {
     form_.EnsureLoaded();
     native_->Refresh();

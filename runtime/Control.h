@@ -40,6 +40,8 @@ struct ControlDesign {
 
 /// The access key that `caption` marks with '&'; 0 for none.
 char16_t MarkedCharacter(StringView caption);
+/// A caption as its button shows it: "&&" becomes '&', and a single '&' is removed.
+String WithoutMarks(StringView caption);
 
 class Control {
  public:
@@ -106,6 +108,8 @@ class Control {
     std::size_t SelLength();
     /// Error 380 for a negative `length`.
     void SetSelLength(std::ptrdiff_t length);
+    /// Replaces the selected part in the user's place.
+    void Write(StringView text);
 
     // For controls with a list. Items are numbered from 0.
 

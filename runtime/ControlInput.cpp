@@ -75,6 +75,10 @@ void Control::SetSelLength(std::ptrdiff_t length) {
     edit.SetSelection({start, std::min(static_cast<std::size_t>(length), text_.size() - start)});
 }
 
+void Control::Write(StringView text) {
+    LoadedEdit().Write(String(text));
+}
+
 void Control::AddItem(StringView item) {
     NativeList& list = LoadedList();
     items_.emplace_back(item);

@@ -10,6 +10,8 @@ namespace runtime {
 namespace {
 
 KeyAction ActionOf(std::int16_t keyCode, std::int16_t shift, const Control* focused) {
+    const bool isInBlock = focused && focused->Kind() == ControlKind::kTextBlock;
+    if (keyCode == kKeyTab && shift == kCtrl && isInBlock) return KeyAction::kWriteTab;
     if ((shift & (kCtrl | kAlt)) != 0) return KeyAction::kNone;
     constexpr auto kRules = KeyRules();
     const auto rule = std::find_if(kRules.begin(), kRules.end(), [&](const KeyRule& r) { return r.key == keyCode; });
@@ -45,6 +47,9 @@ bool Form::ActOnKey(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
             return isRepeated || Press(*focused);
         case KeyAction::kPressCancel:
             return PressCancel(isRepeated);
+        case KeyAction::kWriteTab:
+            if (!KeyPress(u'\t')) focused->Write(u"\t");
+            return true;
         case KeyAction::kCloseList:
             focused->CloseList(false);
             return true;

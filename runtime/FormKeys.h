@@ -4,9 +4,10 @@
 // A key that moves the focus, presses a button or cancels a list is consumed: it produces no character. A held key
 // continues to move the focus, but it presses no button, because the user may have pressed it in another form.
 //
-// Two rules are not in the table:
+// Three rules are not in the table:
 // - Alt with a letter presses the button whose caption marks the letter. If several captions mark it, the focus moves
-//   to the next of these buttons and no button is pressed. Other keys with Alt or Ctrl have no rule.
+//   to the next of these buttons and no button is pressed.
+// - Ctrl+Tab inserts a tab into a text block. Other keys with Alt or Ctrl have no rule.
 // - A held Enter inserts lines only in a text block, and only if it was pressed in this form.
 #pragma once
 
@@ -25,6 +26,7 @@ enum class KeyAction {
     kPressCancel,  ///< presses the cancel button; like kNone if the form shows no cancel button
     kWrite,        ///< produces its character
     kChooseItem,   ///< closes the list, selects the highlighted item, and produces its character
+    kWriteTab,     ///< produces the tab character
     kCloseList,    ///< closes the list and restores the previous item and text
 };
 

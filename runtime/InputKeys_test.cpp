@@ -96,6 +96,38 @@ TEST_F(InputKeys, Enter_InsertsALineOnlyInTheTextBlock) {
     EXPECT_EQ(form_.text.Text(), u"");
 }
 
+TEST_F(InputKeys, CtrlTab_InsertsATabIntoATextBlockOnly) {
+    ShowOn(form_.block);
+    form_.block.SetText(u"ab");
+    form_.block.SetSelStart(1);
+    user_.Press(kKeyTab, kCtrl);
+    EXPECT_EQ(form_.block.Text(), u"a\tb");
+    EXPECT_THAT(form_.log, ElementsAre("form 9", "block 9"));
+    for (Control* control : {&form_.text, &form_.combo, &form_.dropDown, &form_.list, &form_.button}) {
+        ShowOn(*control);
+        user_.Press(kKeyTab, kCtrl);
+        EXPECT_EQ(form_.FocusedControl(), control) << ToUtf8(control->Name());
+        EXPECT_THAT(form_.log, IsEmpty()) << ToUtf8(control->Name());
+    }
+    EXPECT_EQ(form_.text.Text(), u"");
+}
+
+TEST_F(InputKeys, TabThatAHandlerConsumes_IsNotInserted) {
+    ShowOn(form_.block);
+    form_.onKeyPress = [](char16_t& character) { character = 0; };
+    user_.Press(kKeyTab, kCtrl);
+    EXPECT_EQ(form_.block.Text(), u"");
+}
+
+TEST_F(InputKeys, AltF4_ClosesTheFormFromEveryControl) {
+    for (Control* control :
+         {&form_.text, &form_.combo, &form_.dropDown, &form_.block, &form_.list, &form_.button, &form_.cancel}) {
+        ShowOn(*control);
+        user_.Press(kKeyF4, kAlt);
+        EXPECT_FALSE(form_.IsLoaded()) << ToUtf8(control->Name());
+    }
+}
+
 TEST_F(InputKeys, Escape_PressesTheCancelButtonFromEveryControl) {
     for (Control* control : {&form_.text, &form_.combo, &form_.dropDown, &form_.block, &form_.list}) {
         ShowOn(*control);
@@ -318,6 +350,13 @@ TEST_F(InputKeysInMemory, ShiftTabWithoutFocus_FocusesTheLastControl) {
     EXPECT_EQ(form_.FocusedControl(), nullptr);
     memory_.windows.Last().Press(kKeyTab, kShift);
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
+}
+
+TEST(WithoutMarks, Caption_IsAsItsButtonShowsIt) {
+    EXPECT_EQ(WithoutMarks(u"Yes &To All"), u"Yes To All");
+    EXPECT_EQ(WithoutMarks(u"R&&D &&& x"), u"R&D & x");
+    EXPECT_EQ(WithoutMarks(u"\u306F\u3044(&Y)"), u"\u306F\u3044(Y)");
+    EXPECT_EQ(WithoutMarks(u"end&"), u"end");
 }
 
 TEST_F(InputKeysInMemory, HiddenButton_HasNoAccessKey) {

@@ -53,6 +53,8 @@ class NativeEdit {
     virtual String Text() = 0;
     virtual TextRange Selection() = 0;
     virtual void SetSelection(TextRange range) = 0;
+    /// Replaces the selected part, as the user's typing does: it is reported, and the user can undo it.
+    virtual void Write(const String& text) = 0;
 };
 
 /// The list part of a control.

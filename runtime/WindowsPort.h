@@ -37,6 +37,7 @@ enum KeyCode : std::int16_t {
     kKeyUp = 38,
     kKeyRight = 39,
     kKeyDown = 40,
+    kKeyC = 67,
     kKeyF4 = 115,
 };
 
@@ -149,6 +150,10 @@ class WindowsPort {
     /// Processes all pending events. An exception of a handler ends the call and is thrown. A request to quit stays
     /// pending.
     virtual void DoEvents() = 0;
+    /// Plays the user's sound for questions and does not wait for its end.
+    virtual void PlayQuestionSound() = 0;
+    /// Replaces what is in the clipboard; false if another program holds the clipboard.
+    virtual bool CopyToClipboard(StringView text) = 0;
     /// Begins the modal loop of `window`, which is about to be shown.
     virtual std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) = 0;
     /// Presses Alt together with `character` for the active window, without waiting for the effect. Does nothing for a

@@ -139,23 +139,13 @@ int WriteTemplate(const TextsRequest& request, Console& console) {
     return kSuccess;
 }
 
-/// A caption as its button shows it: "&&" becomes '&', and a single '&' is removed.
-String WithoutMarks(StringView caption) {
-    String shown;
-    for (std::size_t i = 0; i < caption.size(); ++i) {
-        if (caption[i] == u'&' && ++i == caption.size()) break;
-        shown += caption[i];
-    }
-    return shown;
-}
-
 runtime::Twips WidthOf(StringView caption) {
     const services::UiFont& chosen = services::Values().uiFont;
     runtime::Font font;
     if (!chosen.name.empty()) font.name = chosen.name;
     if (chosen.size > 0) font.size = chosen.size;
     font.charset = chosen.characterSet;
-    return runtime::CurrentPorts().windows.TextSize(WithoutMarks(caption), font, runtime::kEndlessWidth).width;
+    return runtime::CurrentPorts().windows.TextSize(runtime::WithoutMarks(caption), font, runtime::kEndlessWidth).width;
 }
 
 /// True if the text exists: then the default makes no difference.

@@ -29,6 +29,7 @@ struct MemoryControl : NativeControl, NativeEdit, NativeList {
     String Text() override { return text; }
     TextRange Selection() override { return selection; }
     void SetSelection(TextRange range) override { selection = range; }
+    void Write(const String& written) override { Replace(written); }
 
     void Add(const String& item) override { items.push_back(item); }
     void Clear() override;

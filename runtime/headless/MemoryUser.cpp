@@ -10,7 +10,7 @@ namespace {
 
 /// True for a key whose code equals the character that it produces.
 bool BecomesCharacter(std::int16_t keyCode, std::int16_t shift) {
-    if ((shift & kAlt) != 0) return false;
+    if ((shift & (kAlt | kCtrl)) != 0) return false;
     return keyCode == kKeyEnter || keyCode == kKeySpace || keyCode == kKeyEscape || keyCode == kKeyTab;
 }
 
@@ -25,7 +25,9 @@ bool MemoryWindow::Lives(const MemoryWindows& system, const MemoryWindow* window
 void MemoryWindow::Press(std::int16_t keyCode, std::int16_t shift) {
     const MemoryWindows& system = system_;
     const bool usedUp = events_.KeyDown(keyCode, shift);
-    if (!usedUp) {
+    if (!usedUp && keyCode == kKeyF4 && shift == kAlt) {
+        events_.Closing(UnloadReason::kUser);
+    } else if (!usedUp) {
         if (focused) focused->OnKey(keyCode, shift);
         if (BecomesCharacter(keyCode, shift)) TypeOne(static_cast<char16_t>(keyCode));
     }

@@ -64,6 +64,11 @@ Size MemoryWindows::TextSize(StringView text, const Font& font, Twips wrapWidth)
     return {static_cast<Twips>(layout.width), static_cast<Twips>(layout.height)};
 }
 
+bool MemoryWindows::CopyToClipboard(StringView text) {
+    if (!isClipboardInUse) clipboard = text;
+    return !isClipboardInUse;
+}
+
 void MemoryWindows::PressWithAlt(char16_t character) {
     if (failsAltKeys) throw Error(kInvalidProcedureCall);
     altKeys += character;

@@ -23,6 +23,8 @@ class MemoryWindows : public WindowsPort {
     Size TextSize(StringView text, const Font& font, Twips wrapWidth) override;
     std::uint32_t RegisterMessage(StringView name) override;
     void DoEvents() override;
+    void PlayQuestionSound() override { ++questionSounds; }
+    bool CopyToClipboard(StringView text) override;
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override;
 
     /// Queues an action of the user or the window system. The next DoEvents or modal loop runs it.
@@ -54,6 +56,10 @@ class MemoryWindows : public WindowsPort {
     String altKeys;
     /// Sending a character with Alt raises error 5.
     bool failsAltKeys = false;
+    int questionSounds = 0;
+    String clipboard;
+    /// True while another program holds the clipboard.
+    bool isClipboardInUse = false;
     /// The names of the registered messages, in order.
     std::vector<String> messages;
 

@@ -63,6 +63,13 @@ struct LibraryPolicy {
 };
 using Library = UniqueHandle<LibraryPolicy>;
 
+struct GlobalMemoryPolicy {
+    using Type = HGLOBAL;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { GlobalFree(handle); }
+};
+using GlobalMemory = UniqueHandle<GlobalMemoryPolicy>;
+
 struct RegistryKeyPolicy {
     using Type = HKEY;
     static Type Invalid() noexcept { return nullptr; }

@@ -13,14 +13,15 @@ namespace {
 constexpr int kItemsInList = 8;
 
 DWORD ComboStyleOf(ControlKind kind) {
-    const DWORD both = CBS_HASSTRINGS | WS_VSCROLL;
+    const DWORD both = CBS_HASSTRINGS | WS_VSCROLL | WS_HSCROLL;
     return kind == ControlKind::kCombo ? both | CBS_DROPDOWN | CBS_AUTOHSCROLL : both | CBS_DROPDOWNLIST;
 }
 
 }  // namespace
 
 Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
-    : Win32Control(parent, system, look.kind, id, {WC_COMBOBOXW, ComboStyleOf(look.kind), 0}) {
+    : Win32Control(parent, system, look.kind, id, {WC_COMBOBOXW, ComboStyleOf(look.kind), 0}),
+      extent_(Window(), CB_SETHORIZONTALEXTENT) {
     if (look.kind != ControlKind::kCombo) return;
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;
@@ -50,14 +51,23 @@ void Win32Combo::SetText(const String& text) {
     SetSelection({});
 }
 
+void Win32Combo::SetFont(const Font& font) {
+    Win32Control::SetFont(font);
+    extent_.Reset();
+    const auto items = static_cast<int>(SendMessageW(Window(), CB_GETCOUNT, 0, 0));
+    for (int item = 0; item < items; ++item) extent_.Take(TextOfItem(item));
+}
+
 void Win32Combo::Add(const String& item) {
     const LRESULT place = SendMessageW(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(NulsAsBlanks(item))));
     if (place < 0) throw ErrorAbout(kOutOfMemory, u"no room for an item of a list");
+    extent_.Take(item);
 }
 
 void Win32Combo::Clear() {
     const auto setting = SetForScope(isSetting_, true);
     SendMessageW(Window(), CB_RESETCONTENT, 0, 0);
+    extent_.Reset();
     if (edit_) SetWindowTextW(edit_, L"");
 }
 

@@ -1,6 +1,7 @@
 // A control with a drop-down list: an editable combo, or a drop-down list that shows the selected item.
 #pragma once
 
+#include "runtime/win32/ListExtent.h"
 #include "runtime/win32/Win32Control.h"
 
 namespace runtime::win32 {
@@ -11,6 +12,7 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
 
     void SetBounds(const Rect& bounds) override;
     void SetText(const String& text) override;
+    void SetFont(const Font& font) override;
     NativeEdit* Edit() override { return edit_ ? this : nullptr; }
     NativeList* List() override { return this; }
     Notice NoticeOf(WORD code) override;
@@ -20,6 +22,7 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     String Text() override { return TextOf(Window()); }
     TextRange Selection() override { return SelectionOf(edit_); }
     void SetSelection(TextRange range) override { SelectIn(edit_, range); }
+    void Write(const String& text) override { WriteInto(edit_, text); }
 
     void Add(const String& item) override;
     void Clear() override;
@@ -36,6 +39,7 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     bool ShowsItem();
     String TextOfItem(int item) const;
 
+    ListExtent extent_;
     HWND edit_ = nullptr;  ///< the edit window of an editable combo, otherwise null
     String textAtOpening_;
     int itemAtOpening_ = -1;

@@ -148,4 +148,8 @@ void SelectIn(HWND edit, TextRange range) {
     SendMessageW(edit, EM_SCROLLCARET, 0, 0);
 }
 
+void WriteInto(HWND edit, const String& text) {
+    Callback::CallSystem([&] { SendMessageW(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(text))); });
+}
+
 }  // namespace runtime::win32

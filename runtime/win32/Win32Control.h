@@ -59,5 +59,7 @@ String TextOf(HWND window);
 /// The selected part of an edit window.
 TextRange SelectionOf(HWND edit);
 void SelectIn(HWND edit, TextRange range);
+/// Replaces the selected part of an edit window.
+void WriteInto(HWND edit, const String& text);
 
 }  // namespace runtime::win32

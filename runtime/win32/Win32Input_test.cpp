@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "runtime/win32/DisabledWindows.h"
+#include "runtime/win32/GdiMeasure.h"
 #include "runtime/win32/Win32Control.h"
 #include "tests/support/InputForm.h"
 #include "tests/support/RuntimeFixture.h"
@@ -49,6 +50,51 @@ TEST_F(RealInputs, ScreenReader_GetsTheAccessibleName) {
     for (Control* control : {&form_.text, &form_.block}) control->SetAccessibleName(u"Value of " + control->Name());
     EXPECT_EQ(AccessibleNameOf(TextWindow()), u"Value of text");
     EXPECT_EQ(AccessibleNameOf(BlockWindow()), u"Value of block");
+}
+
+/// How far a list box scrolls sideways: its width, and that of its part that shows; both 0 without a bar.
+std::pair<int, int> SidewaysRangeOf(HWND list) {
+    const bool hasBar = (GetWindowLongW(list, GWL_STYLE) & WS_HSCROLL) != 0;
+    SCROLLINFO info{sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE, 0, 0, 0, 0, 0};
+    if (!hasBar || !GetScrollInfo(list, SB_HORZ, &info)) return {0, 0};
+    return {info.nMax + 1, static_cast<int>(info.nPage)};
+}
+
+TEST_F(RealInputs, ListBox_ScrollsSidewaysToTheEndOfItsWidestItem) {
+    const String wide(200, u'm');
+    const int width = GdiMeasure(tests::FontOf(ListWindow())).Width(wide);
+    form_.list.AddItem(u"narrow");
+    ShowOn(form_.list);
+    EXPECT_EQ(SidewaysRangeOf(ListWindow()), (std::pair{0, 0}));
+    form_.list.AddItem(wide);
+    form_.list.AddItem(u"narrow");
+    const auto [all, shown] = SidewaysRangeOf(ListWindow());
+    EXPECT_GT(shown, 0);
+    EXPECT_GT(all, width);
+    EXPECT_LT(all, width + 20);
+    form_.list.ClearItems();
+    form_.list.AddItem(u"narrow");
+    EXPECT_EQ(SidewaysRangeOf(ListWindow()), (std::pair{0, 0}));
+}
+
+// Wine gives the list of a combo box no scroll bar, but keeps how far it would scroll.
+TEST_F(RealInputs, DropDownList_KeepsTheWidthOfItsWidestItem) {
+    for (const int number : {1, 2}) {
+        Control& control = *form_.Controls()[static_cast<std::size_t>(number)];
+        const HWND combo = WindowOf(number);
+        const auto extent = [combo] { return static_cast<int>(SendMessageW(combo, CB_GETHORIZONTALEXTENT, 0, 0)); };
+        control.AddItem(u"mmm");
+        control.AddItem(u"m");
+        const int width = GdiMeasure(tests::FontOf(combo)).Width(u"mmm");
+        EXPECT_GT(extent(), width);
+        EXPECT_LT(extent(), width + 20);
+        Font large = control.Font();
+        large.size *= 2;
+        control.SetFont(large);
+        EXPECT_GT(extent(), GdiMeasure(tests::FontOf(combo)).Width(u"mmm"));
+        control.ClearItems();
+        EXPECT_EQ(extent(), 0);
+    }
 }
 
 // Wine finds the accessible name of edit windows only. For the other kinds, this test checks the label window itself.

@@ -8,15 +8,33 @@ namespace runtime::win32 {
 
 Win32ListBox::Win32ListBox(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
     : Win32Control(parent, system, look.kind, id,
-                   {WC_LISTBOXW, LBS_NOTIFY | LBS_HASSTRINGS | WS_VSCROLL, WS_EX_CLIENTEDGE}) {}
+                   {WC_LISTBOXW, LBS_NOTIFY | LBS_HASSTRINGS | WS_VSCROLL | WS_HSCROLL, WS_EX_CLIENTEDGE}),
+      extent_(Window(), LB_SETHORIZONTALEXTENT) {}
+
+void Win32ListBox::SetFont(const Font& font) {
+    Win32Control::SetFont(font);
+    extent_.Reset();
+    const auto items = static_cast<int>(SendMessageW(Window(), LB_GETCOUNT, 0, 0));
+    for (int item = 0; item < items; ++item) extent_.Take(TextOfItem(item));
+}
 
 void Win32ListBox::Add(const String& item) {
     const LRESULT place = SendMessageW(Window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(NulsAsBlanks(item))));
     if (place < 0) throw ErrorAbout(kOutOfMemory, u"no room for an item of a list");
+    extent_.Take(item);
+}
+
+String Win32ListBox::TextOfItem(int item) const {
+    const LRESULT length = SendMessageW(Window(), LB_GETTEXTLEN, static_cast<WPARAM>(item), 0);
+    if (length < 0) return {};
+    String text(static_cast<std::size_t>(length), u'\0');
+    SendMessageW(Window(), LB_GETTEXT, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(Wide(text.data())));
+    return text;
 }
 
 void Win32ListBox::Clear() {
     SendMessageW(Window(), LB_RESETCONTENT, 0, 0);
+    extent_.Reset();
 }
 
 void Win32ListBox::Choose(int index) {

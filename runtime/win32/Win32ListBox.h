@@ -1,6 +1,7 @@
 // A list box.
 #pragma once
 
+#include "runtime/win32/ListExtent.h"
 #include "runtime/win32/Win32Control.h"
 
 namespace runtime::win32 {
@@ -10,6 +11,7 @@ class Win32ListBox final : public Win32Control, private NativeList {
     Win32ListBox(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id);
 
     void SetText(const String& /*text*/) override {}
+    void SetFont(const Font& font) override;
     NativeList* List() override { return this; }
     Notice NoticeOf(WORD code) override;
     int ChosenItem() override;
@@ -18,6 +20,9 @@ class Win32ListBox final : public Win32Control, private NativeList {
     void Add(const String& item) override;
     void Clear() override;
     void Choose(int index) override;
+    String TextOfItem(int item) const;
+
+    ListExtent extent_;
 };
 
 }  // namespace runtime::win32

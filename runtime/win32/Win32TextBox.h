@@ -17,6 +17,7 @@ class Win32TextBox final : public Win32Control, private NativeEdit {
     String Text() override { return TextOf(Window()); }
     TextRange Selection() override { return SelectionOf(Window()); }
     void SetSelection(TextRange range) override { SelectIn(Window(), range); }
+    void Write(const String& text) override { WriteInto(Window(), text); }
 
     bool isSetting_ = false;
 };

@@ -287,7 +287,8 @@ bool Win32Window::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:
-            return events_.KeyDown(static_cast<std::int16_t>(wParam), HeldModifiers(), IsRepeated(lParam));
+            return events_.KeyDown(static_cast<std::int16_t>(wParam), HeldModifiers(), IsRepeated(lParam)) ||
+                   ClosesWindow(message, wParam, lParam);
         case WM_KEYUP:
         case WM_SYSKEYUP:
             return events_.KeyUp(static_cast<std::int16_t>(wParam), HeldModifiers());
@@ -298,6 +299,14 @@ bool Win32Window::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
         default:
             return false;
     }
+}
+
+// The window's own key, whichever control has the focus: a drop-down list would use it up.
+bool Win32Window::ClosesWindow(UINT message, WPARAM wParam, LPARAM lParam) {
+    const bool isWithAlt = (HIWORD(lParam) & KF_ALTDOWN) != 0;
+    if (message != WM_SYSKEYDOWN || wParam != VK_F4 || !isWithAlt) return false;
+    Default(message, wParam, lParam);
+    return true;
 }
 
 void Win32Window::OnCommand(WPARAM wParam, LPARAM lParam) {

@@ -1,5 +1,6 @@
 #include "runtime/win32/Win32Windows.h"
 
+#include <cstring>
 #include <iterator>
 #include <optional>
 #include <vector>
@@ -8,6 +9,7 @@
 #include "runtime/Screen.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/GdiMeasure.h"
+#include "runtime/win32/Handle.h"
 #include "runtime/win32/OutOfResources.h"
 #include "runtime/win32/Pixels.h"
 #include "runtime/win32/Win32Label.h"
@@ -157,6 +159,23 @@ void Win32Windows::Dispatch(const MSG& message) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     });
+}
+
+bool Win32Windows::CopyToClipboard(StringView text) {
+    const String shown = NulsAsBlanks(text);
+    const std::size_t bytes = (shown.size() + 1) * sizeof(char16_t);
+    GlobalMemory memory(GlobalAlloc(GMEM_MOVEABLE, bytes));
+    void* const place = memory ? GlobalLock(memory.Get()) : nullptr;
+    if (!place) return false;
+    std::memcpy(place, shown.c_str(), bytes);
+    GlobalUnlock(memory.Get());
+    if (!OpenClipboard(GetActiveWindow())) return false;
+    EmptyClipboard();
+    // The clipboard owns the memory from then on.
+    const bool isTaken = SetClipboardData(CF_UNICODETEXT, memory.Get()) != nullptr;
+    if (isTaken) memory.Release();
+    CloseClipboard();
+    return isTaken;
 }
 
 std::unique_ptr<ModalLoop> Win32Windows::BeginModal(NativeWindow& window) {

@@ -24,6 +24,8 @@ class Win32Windows : public WindowsPort {
     Size TextSize(StringView text, const Font& font, Twips wrapWidth) override;
     std::uint32_t RegisterMessage(StringView name) override;
     void DoEvents() override;
+    void PlayQuestionSound() override { MessageBeep(MB_ICONQUESTION); }
+    bool CopyToClipboard(StringView text) override;
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override;
 
     HINSTANCE Instance() const { return instance_; }

@@ -6,6 +6,7 @@
 #include "runtime/Screen.h"
 #include "tests/messagebox/SuiteBoxTest.h"
 #include "tests/windows/Queues.h"
+#include "tests/windows/ReplacedImport.h"
 #include "tests/windows/WindowTexts.h"
 
 namespace tests {
@@ -60,6 +61,39 @@ TEST_F(SuiteBox, LetterWithAltOrShift_PressesTheMarkedButton) {
     EXPECT_EQ(Ask(8, {Keys({VK_MENU, 'N'})}), 7);
     EXPECT_EQ(Ask(8, {Keys({VK_SHIFT, 'T'})}), 8);
     ExpectNothingIsLeft();
+}
+
+runtime::String TextInClipboard() {
+    if (!OpenClipboard(nullptr)) return u"(in use)";
+    const HANDLE data = GetClipboardData(CF_UNICODETEXT);
+    const auto* text = data ? static_cast<const wchar_t*>(GlobalLock(data)) : nullptr;
+    const runtime::String copied = text ? runtime::win32::ToString(text) : u"(no text)";
+    if (text) GlobalUnlock(data);
+    CloseClipboard();
+    return copied;
+}
+
+TEST_F(SuiteBox, CtrlC_CopiesInTheFormatOfTheSystemsBox) {
+    const auto hasCopied = [](HWND) { return TextInClipboard().find(u"\u65E5?\r\n") != runtime::String::npos; };
+    EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), Keys({VK_CONTROL, 'C'}), hasCopied, Keys({VK_RETURN})}, u"A\u65E5?"), 6);
+    const runtime::String line = runtime::String(27, u'-') + u"\r\n";
+    EXPECT_EQ(TextInClipboard(),
+              line + u"Title\r\n" + line + u"A\u65E5?\r\n" + line + u"Yes   No   Yes To All   Cancel   \r\n" + line);
+    ExpectNothingIsLeft();
+}
+
+std::vector<UINT> sounds;
+
+BOOL WINAPI NoteSound(UINT sound) {
+    sounds.push_back(sound);
+    return TRUE;
+}
+
+TEST_F(SuiteBox, Question_PlaysTheSystemsSound) {
+    sounds.clear();
+    const ReplacedImport beep("MessageBeep", NoteSound);
+    Ask(8, kEnter);
+    EXPECT_EQ(sounds, std::vector<UINT>{MB_ICONQUESTION});
 }
 
 TEST_F(SuiteBox, OtherCharacter_IsIgnored) {

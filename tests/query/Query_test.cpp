@@ -20,6 +20,16 @@ const DialogDriver::Step kEnter = Keys({VK_RETURN});
 const DialogDriver::Step kEscape = Keys({VK_ESCAPE});
 const DialogDriver::Step kTab = Keys({VK_TAB});
 
+const DialogDriver::Step kListIsOpen = [](HWND dialog) {
+    return SendMessageW(InputOf(dialog), CB_GETDROPPEDSTATE, 0, 0) != 0;
+};
+
+/// Gives the focus to the control that takes the value, or to a button.
+const DialogDriver::Step kGoToInput = Do([](HWND dialog) { SetFocus(InputOf(dialog)); });
+DialogDriver::Step GoTo(const wchar_t* button) {
+    return Do([button](HWND dialog) { SetFocus(ButtonOf(dialog, button)); });
+}
+
 /// Waits until the input control shows `text`.
 DialogDriver::Step Shows(const String& text) {
     return [text](HWND dialog) { return TextOf(InputOf(dialog)) == text; };
@@ -89,7 +99,35 @@ TEST_F(Query, EscapeOrClosing_Cancels) {
     EXPECT_EQ(Ask(question, {ClickOn(L"Cancel")}), kNoAnswer);
     EXPECT_EQ(Ask(question, {Do([](HWND dialog) { PostMessageW(dialog, WM_CLOSE, 0, 0); })}), kNoAnswer);
     EXPECT_EQ(Ask(question, {Do([](HWND dialog) { PostMessageW(dialog, WM_SYSCOMMAND, SC_CLOSE, 0); })}), kNoAnswer);
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {FocusIsOnInput(), Keys({VK_MENU, VK_F4})}), kNoAnswer);
+    ExpectNothingIsLeft();
+}
+
+TEST_F(Query, AltF4_CancelsFromEveryControl) {
+    for (const std::int32_t kind : {1, 2, 3, 4, 5}) {
+        const Question question{.kind = kind, .values = {u"abc", u"A", u"B"}, .index = 0, .button = u"More"};
+        EXPECT_EQ(Ask(question, {kGoToInput, FocusIsOnInput(), Keys({VK_MENU, VK_F4})}), kNoAnswer) << kind;
+        ExpectNothingIsLeft();
+    }
+    for (const wchar_t* const button : {L"Accept", L"Cancel", L"More"}) {
+        EXPECT_EQ(Ask({.button = u"More"}, {GoTo(button), FocusIsOn(button), Keys({VK_MENU, VK_F4})}), kNoAnswer);
+        ExpectNothingIsLeft();
+    }
+}
+
+TEST_F(Query, AltF4OnAnOpenList_Cancels) {
+    for (const std::int32_t kind : {2, 3}) {
+        EXPECT_EQ(Ask({.kind = kind, .values = {u"X", u"Y", u"Z"}, .index = 0},
+                      {FocusIsOnInput(), Keys({VK_F4}), kListIsOpen, Keys({VK_MENU, VK_F4})}),
+                  kNoAnswer);
+        ExpectNothingIsLeft();
+    }
+}
+
+TEST_F(Query, CtrlTab_InsertsATabIntoTheTextBlock) {
+    EXPECT_EQ(Ask({.kind = 4, .values = {u"abc"}},
+                  {kGoToInput, FocusIsOnInput(), Keys({VK_CONTROL, VK_END}), Keys({VK_CONTROL, VK_TAB}), Keys({'D'}),
+                   Shows(u"abc\td"), kTab, FocusIsOn(L"Accept"), kEnter}),
+              (Answer{u"abc\td", 0}));
     ExpectNothingIsLeft();
 }
 
@@ -113,9 +151,7 @@ TEST_F(Query, Tab_MovesTheFocusInACircle) {
 TEST_F(Query, EnterWithTheListOpen_AcceptsOnce) {
     for (const std::int32_t kind : {2, 3}) {
         EXPECT_EQ(Ask({.kind = kind, .values = {u"X", u"Y", u"Z"}, .index = 0},
-                      {FocusIsOnInput(), Keys({VK_F4}),
-                       [](HWND dialog) { return SendMessageW(InputOf(dialog), CB_GETDROPPEDSTATE, 0, 0) != 0; },
-                       Keys({VK_DOWN}), Keys({VK_RETURN})}),
+                      {FocusIsOnInput(), Keys({VK_F4}), kListIsOpen, Keys({VK_DOWN}), Keys({VK_RETURN})}),
                   kind == 2 ? (Answer{u"Y", 0}) : (Answer{u"Z", 2}));
         ExpectNothingIsLeft();
     }

@@ -6,6 +6,9 @@
 #include "runtime/Ports.h"
 
 #ifdef _WIN32
+#include <algorithm>
+#include <iterator>
+
 #include "runtime/win32/WindowsHeaders.h"
 #else
 #include "runtime/headless/MemoryWindows.h"
@@ -19,7 +22,7 @@ class TypingUser {
     explicit TypingUser(runtime::Form& form) : form_(form) {}
 
     /// Presses and releases a key. Enter, Space, Escape and Tab become characters unless the form consumes them.
-    void Press(std::int16_t keyCode);
+    void Press(std::int16_t keyCode, std::int16_t shift = 0);
     void Type(runtime::StringView text);
 
  private:
@@ -28,12 +31,38 @@ class TypingUser {
 
 #ifdef _WIN32
 
-inline void TypingUser::Press(std::int16_t keyCode) {
+/// Holds modifier keys for this thread as long as it lives.
+class HeldKeys {
+ public:
+    explicit HeldKeys(std::int16_t shift) {
+        GetKeyboardState(before_);
+        BYTE held[kKeys];
+        std::copy(std::begin(before_), std::end(before_), held);
+        const auto hold = [&](int modifier, int key) { held[key] = (shift & modifier) != 0 ? 0x80 : 0; };
+        hold(runtime::kShift, VK_SHIFT);
+        hold(runtime::kCtrl, VK_CONTROL);
+        hold(runtime::kAlt, VK_MENU);
+        SetKeyboardState(held);
+    }
+    HeldKeys(const HeldKeys&) = delete;
+    HeldKeys& operator=(const HeldKeys&) = delete;
+    ~HeldKeys() { SetKeyboardState(before_); }
+
+ private:
+    static constexpr int kKeys = 256;
+    BYTE before_[kKeys]{};
+};
+
+inline void TypingUser::Press(std::int16_t keyCode, std::int16_t shift) {
     runtime::DoEvents();
     const HWND focus = GetFocus();
-    const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(keyCode), MAPVK_VK_TO_VSC)) << 16;
-    PostMessageW(focus, WM_KEYDOWN, static_cast<WPARAM>(keyCode), scan | 1);
-    PostMessageW(focus, WM_KEYUP, static_cast<WPARAM>(keyCode), scan | static_cast<LPARAM>(0xC0000001));
+    const bool isSystemKey = (shift & runtime::kAlt) != 0;
+    const LPARAM alt = isSystemKey ? static_cast<LPARAM>(KF_ALTDOWN) << 16 : 0;
+    const LPARAM scan = static_cast<LPARAM>(MapVirtualKeyW(static_cast<UINT>(keyCode), MAPVK_VK_TO_VSC)) << 16 | alt;
+    const HeldKeys held(shift);
+    PostMessageW(focus, isSystemKey ? WM_SYSKEYDOWN : WM_KEYDOWN, static_cast<WPARAM>(keyCode), scan | 1);
+    PostMessageW(focus, isSystemKey ? WM_SYSKEYUP : WM_KEYUP, static_cast<WPARAM>(keyCode),
+                 scan | static_cast<LPARAM>(0xC0000001));
     runtime::DoEvents();
 }
 
@@ -55,8 +84,8 @@ inline runtime::headless::MemoryWindow& WindowOf(runtime::Form& form) {
     return windows.Last();
 }
 
-inline void TypingUser::Press(std::int16_t keyCode) {
-    WindowOf(form_).Press(keyCode);
+inline void TypingUser::Press(std::int16_t keyCode, std::int16_t shift) {
+    WindowOf(form_).Press(keyCode, shift);
 }
 
 inline void TypingUser::Type(runtime::StringView text) {
