@@ -22,7 +22,6 @@ constexpr const char* kDesignNameKey = "DESIGN_NAME";
 constexpr char kStringPrefix = 'E';
 constexpr char kNamePrefix = 'O';
 
-/// The process's connection to the strings.
 struct Connection {
     SectionMemory memory{DevelopmentStoreName(), kDevelopmentStoreCapacity};
     StringStore strings{memory};

@@ -74,8 +74,8 @@ class Lockable {
 
 }  // namespace
 
-/// Updates the index and returns the result of `look`. If the generation has changed during the call, a writer may have
-/// overwritten the bytes that were read. The result or the error is then discarded and the call is repeated.
+/// Updates the index and returns the result of `look`. Repeats this if the generation has changed, because a writer may
+/// have overwritten the bytes that were read. Errors of such an attempt are ignored.
 template <typename Look>
 auto StringStore::Read(const Look& look) {
     const std::scoped_lock lock(mutex_);
@@ -136,8 +136,8 @@ bool StringStore::IsCurrent() const {
     return memory_.Load(Word::kGeneration) == generation_;
 }
 
-/// Marks new memory as a string store. The magic number is stored last, so that the memory stays new if the process
-/// dies before that.
+/// Marks new memory as a string store. The magic number is last, so that memory of a process that dies before stays
+/// new.
 void StringStore::Attach() {
     if (memory_.Load(Word::kMagic) == 0) {
         memory_.Store(Word::kVersion, kVersion);

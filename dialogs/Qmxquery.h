@@ -20,7 +20,6 @@ class Qmxquery : public PromptForm {
     /// Values of `index` after a question for which no item was chosen.
     enum Result : std::int32_t { kNothingChosen = 0, kCancelled = -1, kExtraButton = -100 };
 
-    /// The variable that holds the process's shared dialog.
     static std::unique_ptr<runtime::Form>& Shared() { return services::Values().forms.query; }
 
     Qmxquery();

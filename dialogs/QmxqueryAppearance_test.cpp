@@ -104,7 +104,7 @@ TEST_F(Query, PromptIsTheInputsAccessibleName) {
 }
 
 TEST_F(Query, ShortPrompt_FormHasTheMinimumHeight) {
-    // The outer height is 2000, the inner height 1625.
+    // Outer height 2000, inner height 1625.
     Look({}, [](MemoryWindow& dialog) {
         EXPECT_EQ(dialog.outer.height, 2000);
         EXPECT_EQ(dialog.InnerSize().width, 5595);
@@ -113,7 +113,7 @@ TEST_F(Query, ShortPrompt_FormHasTheMinimumHeight) {
         EXPECT_EQ(dialog.Control(u"cmdAccept").bounds.top, 210);
         EXPECT_EQ(dialog.Control(u"cmdCancel").bounds.top, 690);
     });
-    // The outer height is 2400 + 495, the inner height 2520.
+    // Outer height 2400 + 495, inner height 2520.
     Look({.kind = 5, .button = u"More"}, [](MemoryWindow& dialog) {
         EXPECT_EQ(dialog.outer.height, 2895);
         EXPECT_EQ(dialog.Control(u"F_Button").bounds, (runtime::Rect{120, 2145, 5415, 375}));
@@ -123,8 +123,8 @@ TEST_F(Query, ShortPrompt_FormHasTheMinimumHeight) {
 }
 
 TEST_F(Query, PromptOfManyLines_FormIsHigher) {
-    // Ten lines of 60 characters are 5400 wide. 1 + 10 + 3 lines of 195 and 765 of the text block are an outer height
-    // of 3495 and an inner height of 3120.
+    // Ten lines of 60 characters are 5400 wide. 1 + 10 + 3 lines of 195 and 765 of the text block are 3495; the inner
+    // height is 3120.
     String prompt(60, u'm');
     for (int i = 1; i < 10; ++i) prompt += u"\r\n" + String(60, u'm');
     Look({.kind = 4, .prompt = prompt}, [](MemoryWindow& dialog) {
@@ -176,7 +176,7 @@ TEST_F(Query, PromptIsMeasuredInTheFormsFont) {
 
 TEST_F(Query, IsCentred) {
     memory_.windows.screen = {19201, 15360};
-    // The outer size is 5595 + 90 by 2000.
+    // Outer size 5595 + 90 by 2000.
     Look({}, [](MemoryWindow& dialog) {
         EXPECT_EQ(dialog.outer, (runtime::Rect{(19201 - 5685) / 2.0F, 6680, 5685, 2000}));
     });

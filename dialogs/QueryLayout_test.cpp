@@ -1,5 +1,4 @@
-// Compares the query dialog's arithmetic with numbers calculated by hand, for the design's measures and lines of 195
-// twips.
+// Compares the query dialog's arithmetic with numbers calculated by hand. Lines are 195 twips high.
 #include "dialogs/QueryLayout.h"
 
 #include <gtest/gtest.h>

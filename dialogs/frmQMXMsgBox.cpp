@@ -116,8 +116,7 @@ void frmQMXMsgBox::LayOut(std::int32_t origW, std::int32_t origH) {
 
 void frmQMXMsgBox::OnLoad() {
     services::LocaliseForm(*this);
-    // Restore the label's design size, because prompts are measured against it. The new font has resized the label to
-    // its placeholder text.
+    // Restore the label's design size, because prompts are measured against it. The new font has changed the size.
     lblPrompt_->SetBounds(BoxPromptDesign().bounds);
 }
 

@@ -20,7 +20,6 @@ class frmQMXMsgBox : public PromptForm {
     /// The answers. All but kYesToAll are the system's own codes.
     enum Result : std::int32_t { kCancel = 2, kYes = 6, kNo = 7, kYesToAll = 8 };
 
-    /// The variable that holds the process's shared box.
     static std::unique_ptr<runtime::Form>& Shared() { return services::Values().forms.messageBox; }
 
     frmQMXMsgBox();

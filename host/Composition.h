@@ -16,12 +16,11 @@ class frmBackProcessMain;
 
 class Composition {
  public:
-    /// Makes the ports, the kernel and its own parts those of the process. `ports` and `kernel` must outlive the
-    /// object.
+    /// `ports` and `kernel` must outlive the object.
     Composition(const runtime::Ports& ports, kernel_api::Kernel& kernel);
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;
-    /// Unloads the remaining forms, ignores errors, and removes all parts from the process.
+    /// Unloads the remaining forms and ignores errors.
     ~Composition();
 
     kernel_api::builtin::BuiltInReader& Reader() { return reader_; }
@@ -40,9 +39,8 @@ bool MainFormExists();
 /// The number of loaded forms. While it is not 0, the component must stay in memory. Any thread may call.
 std::size_t LoadedWindowCount();
 
-/// To be called when the forms' thread has ended or is no longer the home thread, from the thread that notices it.
-/// Afterwards no form is loaded and no question is open, and another thread may load the main form. The shared dialogs
-/// are not destroyed; the next question makes new ones.
+/// Called by the thread that notices that the forms' thread has ended or is no longer the home. Afterwards no form is
+/// loaded and no question is open. Another thread may load the main form; the next question makes a new dialog.
 void AbandonForms();
 
 }  // namespace host

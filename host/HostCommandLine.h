@@ -1,5 +1,4 @@
-// The values that the host program's command line has for this component: the folder of the suite's INI file, and a
-// file to start with.
+// The values on the host program's command line: the folder of the suite's INI file, and a file to start with.
 #pragma once
 
 #include "runtime/Text.h"

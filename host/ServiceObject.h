@@ -1,5 +1,5 @@
-// The interface through which the COM layer calls a service object. The component's service object is
-// clsQmxBackProcess; the tests of the COM layer use a double.
+// The service object's interface for the COM layer. The component implements it in clsQmxBackProcess, the tests of the
+// COM layer in a double.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ using runtime::StringView;
 /// sinks. If sinks fail, throws the first error after all sinks were called.
 using NotifyServerEvent = std::function<void(String& Aname, String& sCommand)>;
 
-/// Part of the error's text for a call on a terminated instance.
+/// Text of errors of a terminated instance.
 inline constexpr StringView kInstanceHasEnded = u"this instance has ended; create a new one";
 
 /// Home thread only. Every method may throw.

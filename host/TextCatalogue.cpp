@@ -18,7 +18,7 @@ String UseOf(const runtime::ControlDesign& control, const String& form) {
     return use.append(u" of ").append(form);
 }
 
-/// Adds the captions of the form and its controls that have a tag, because the load of the form translates them.
+/// Adds the captions of the form and its controls that have a tag. The form's load translates them.
 void AppendTags(std::vector<CatalogueText>& texts, const runtime::Form& form, runtime::StringView formDefault = {}) {
     const runtime::FormDesign& design = form.Design();
     if (!design.tag.empty()) {

@@ -5,8 +5,8 @@
 
 namespace host {
 
-/// An environment variable of the host program. With the value "1", no dialog is shown (see UnattendedDialogs). It is
-/// read when the process is composed.
+/// The environment variable that suppresses dialogs with the value "1" (see UnattendedDialogs). It is read when the
+/// process is composed.
 inline constexpr const wchar_t* kUnattendedVariable = L"K4TBACKPROCESS_UNATTENDED";
 
 /// The component of this process. The first call composes it; it exists until the process ends. `module` is the

@@ -11,8 +11,8 @@ namespace kernel_api {
 using runtime::String;
 using runtime::StringView;
 
-/// Address of a zero-terminated text in the system's ANSI code page; 0 if there is none. The component is a 32-bit
-/// library, so the type has 32 bits there. The type is signed, because callers test for values <= 0.
+/// Address of a zero-terminated text in the system's ANSI code page; 0 if there is none. It has 32 bits in the
+/// component and is signed, because callers test for values <= 0.
 using TextPointer = std::intptr_t;
 
 /// The kernel string that holds the current language's folder.

@@ -25,7 +25,6 @@ String TextAt(kernel_api::TextPointer pointer) {
     return kernel_api::CurrentReader().TextAt(pointer);
 }
 
-/// What a command acts on.
 struct Receiver {
     runtime::Form& mainForm;
     bool staysLoaded;

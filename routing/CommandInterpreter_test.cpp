@@ -94,7 +94,6 @@ class InterpreterTest : public tests::HeadlessComponentTest {
         dialog_.EnsureLoaded();
         failing_.EnsureLoaded();
     }
-    /// The prompts of the messages that were shown.
     std::vector<String> Messages() const {
         std::vector<String> prompts;
         for (const auto& message : memory_.messageBox.shown) prompts.push_back(message.prompt);

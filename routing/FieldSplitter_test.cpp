@@ -58,12 +58,12 @@ const std::vector<Row>& Rows() {
         {uR"(",")", {u","}},
         {uR"(",",",")", {u",", u","}},
         {uR"(" A ",B)", {u" A ", u"B"}},
-        // a comma at the end of the text does not end a quoted field, so the closing quote is kept
+        // a comma at the end of the text does not end a quoted field; the closing quote is kept
         {uR"("A",)", {uR"(A")"}},
         {uR"("",)", {uR"(")"}},
         {uR"(A,"B",)", {u"A", uR"(B")"}},
         {uR"(,"",)", {u"", uR"(")"}},
-        // a comma at the end counts if it does not directly follow a quoted field
+        // a comma at the end counts unless it directly follows a quoted field
         {uR"("A",,)", {u"A", u"", u""}},
         {uR"("",,)", {u"", u"", u""}},
         {uR"("A",B,)", {u"A", u"B", u""}},

@@ -1,7 +1,7 @@
-// The functions of QmxKrn2K.h for modules. Each one calls the kernel library that is loaded in this process, normally
-// by the component. These functions load no library themselves, so they never load a foreign library of that name.
+// The functions of QmxKrn2K.h for modules. Each one calls the kernel library that the component has loaded in this
+// process. They load no library themselves, so they never load a foreign library of that name.
 //
-// The file uses no exceptions and no standard library, so that programs in any language can link it.
+// They use no exceptions and no standard library, so that programs in any language can link them.
 #include "QmxKrn2K.h"
 
 #include <windows.h>

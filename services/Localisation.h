@@ -54,12 +54,12 @@ FontRule ChooseUiFontFor(std::int32_t systemLcid, runtime::NativeHandle window, 
 /// - Each control gets the user-interface font without bold, and no tab stop.
 /// Errors are ignored, except errors of loading the form, which reach the caller.
 void LocaliseForm(runtime::Form& form);
-/// The same for one control. `font` has the name, size and character set of the user-interface font. A control lacks
-/// most of the properties that are set; each error is ignored and the next property is tried.
+/// The same for one control. `font` has the name, size and character set of the user-interface font. Properties that
+/// the control refuses are skipped.
 void LocaliseControl(runtime::Properties& control, const runtime::Font& font);
 
-/// Centres a form: its left and top become half the absolute difference between the screen's size and its own. A form
-/// that is larger than the screen therefore moves right and down. Error 384 if the form is minimised or maximised.
+/// Centres a form: left and top become half the absolute difference between the screen's size and its own. A form
+/// larger than the screen thus moves right and down. Error 384 if the form is minimised or maximised.
 void SetForm(runtime::Form& form);
 
 }  // namespace services

@@ -14,7 +14,6 @@ String TextIfAny(const LocalText& text) {
     return text.id.empty() ? String() : GetLocalText(text);
 }
 
-/// None if the table does not have `number`.
 std::optional<String> ErrorPrompt(std::int32_t number, const String& detail) {
     const ErrorText* const error = FindErrorText(number);
     if (!error) return std::nullopt;

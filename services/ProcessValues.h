@@ -93,8 +93,7 @@ struct ProcessValues {
     std::vector<String> fieldTexts;
     std::vector<double> fieldValues;
 
-    // The suite's dialogs belong to a layer above, so the services call them through these functions. The composition
-    // sets them.
+    // The suite's dialogs, which belong to a layer above. The composition sets these functions.
 
     /// Shows the messages for which ShowMessage uses the suite's box.
     SuiteMessageBox suiteMessageBox;

@@ -35,12 +35,11 @@ std::span<const SuiteSetting> IdentitySettings();
 /// The value of an absent setting. A product folder contains the name that GetProductName returns now.
 String DefaultOf(const SuiteSetting& setting);
 
-/// Reads the folders for job, library, system and secondary job. Then publishes the job folder as "JobDir", the library
-/// folder, and the job folder again as "EED3JobDir". If the kernel rewrites a published value, the new value is kept.
-/// Errors of the kernel and the reader reach the caller.
+/// Reads the folders for job, library, system and secondary job, then publishes the first two; the job folder is also
+/// published as "EED3JobDir". If the kernel rewrites a value, the new value is kept. Errors of the kernel and the
+/// reader reach the caller.
 void LoadDirectories();
-/// Reads product name, maker, copyright holder, version, revision and range, then publishes the first three. Rewritten
-/// values and errors as above.
+/// Reads product name, maker, copyright holder, version, revision and range, then publishes the first three, as above.
 void LoadProductIdentity();
 
 /// The product's name that the kernel has now; "" if it has none. Errors of the kernel and the reader reach the caller.
@@ -52,11 +51,9 @@ String GetInstallFolder();
 String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue);
 void SaveAppSetting(StringView appName, StringView section, StringView key, StringView value);
 
-/// Converts `path` to upper case and checks it by making it the current folder for a moment. Sets `result` to 0 if that
-/// succeeds. Otherwise sets `result` to 1 and shows a message.
-/// - The bare drives A to Y are accepted without a check.
-/// - If the former current folder cannot be restored, `result` is 1.
-/// - An error while the message is shown reaches the caller; `result` is 1.
+/// Converts `path` to upper case and makes it the current folder for a moment. `result` becomes 0 if that succeeds,
+/// else 1, and a message is shown, whose errors reach the caller. It is also 1 if the former folder cannot be restored.
+/// The bare drives A to Y are accepted without a check.
 void CheckFolder(String& path, std::int32_t& result);
 
 /// Writes the form's top, left, height and width to the per-user settings, as whole numbers of twips. Error 5 if a

@@ -66,8 +66,7 @@ class BackProcessObject final : public Implements<_clsQmxBackProcess, IProvideCl
     IUnknown& Identity() { return static_cast<_clsQmxBackProcess&>(*this); }
     /// The service object. Error 91 after the instance was terminated.
     ServiceObject& Service();
-    /// Clears `results`, then runs a member's `body`, which returns its HRESULT. On any thread but the home thread,
-    /// returns RPC_E_WRONG_THREAD instead.
+    /// Clears `results` and runs a member's `body`, which returns its HRESULT. Fails on any thread but the home thread.
     template <typename Body, typename... Result>
     HRESULT Member(Body&& body, Result*... results) noexcept;
     void Terminate();

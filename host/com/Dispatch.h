@@ -7,7 +7,6 @@
 
 namespace host::com {
 
-/// One call of a client.
 struct Call {
     DISPID member;
     WORD flags;

@@ -1,5 +1,5 @@
-// The instance's connection point for its event interface. It is a part of the instance: a reference to it is a
-// reference to the instance. It has its own COM identity. Home thread only.
+// The instance's connection point for its event interface. A reference to it is a reference to the instance, but it has
+// its own COM identity. Home thread only.
 #pragma once
 
 #include "host/com/HomeApartment.h"
@@ -25,8 +25,7 @@ class EventPoint final : public Interfaces<IConnectionPoint, ISupportErrorInfo> 
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
 
  private:
-    /// Clears `results`, then runs a member's `body`, which returns its HRESULT. On any thread but the home thread,
-    /// returns RPC_E_WRONG_THREAD instead.
+    /// Clears `results` and runs a member's `body`, which returns its HRESULT. Fails on any thread but the home thread.
     template <typename Body, typename... Result>
     HRESULT Member(Body&& body, Result*... results) noexcept;
 

@@ -8,7 +8,7 @@ namespace host::com {
 
 /// Calls each sink once, in order. A sink receives the changes that earlier sinks made in the strings, and the caller
 /// receives the final strings.
-/// - A sink that is connected during the event is not called, nor is a sink that is disconnected before its call.
+/// - Sinks that are connected during the event, or disconnected before their call, are not called.
 /// - A sink whose apartment or process has ended is disconnected.
 /// - If sinks fail, the first error is thrown after all sinks were called.
 void RaiseNotifyServer(Sinks& sinks, runtime::String& Aname, runtime::String& sCommand);

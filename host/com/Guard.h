@@ -15,9 +15,8 @@
 
 namespace host::com {
 
-/// An error with an HRESULT of its own. It has a description if the code alone does not tell the client what to change.
-/// The errors of an invalid late-bound call have none, because with a description Invoke returns DISP_E_EXCEPTION
-/// instead of the code.
+/// An error with its own HRESULT. It has a description if the code alone does not tell the client what to change. An
+/// invalid late-bound call has none, because with a description Invoke returns DISP_E_EXCEPTION instead of the code.
 class ComError : public std::exception {
  public:
     explicit ComError(HRESULT code) noexcept : code_(code) {}
@@ -74,7 +73,6 @@ HRESULT Guarded(Body&& body) noexcept {
     }
 }
 
-/// The same for a late-bound call.
 template <typename Body>
 HRESULT GuardedInvoke(EXCEPINFO* exception, Body&& body) noexcept {
     try {

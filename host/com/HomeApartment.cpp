@@ -15,13 +15,13 @@
 namespace host::com {
 namespace {
 
-/// Limits the attempts to create an instance, because the home may end between the two steps of each attempt.
+/// The attempts are limited, because the home may end between the two steps of each attempt.
 constexpr int kMaxAttempts = 20;
 
 /// The process's home, and the counts of what keeps the DLL in memory.
 struct Server {
     HomeState home;
-    // Counted separately, because a client that removes one lock too many must not cancel another client's reference.
+    // Counted separately, because removing one lock too many must not cancel another client's reference.
     std::atomic<long> references = 0;
     std::atomic<long> locks = 0;
 };

@@ -1,7 +1,7 @@
 // The home apartment: the single-threaded apartment of all instances in the process. There is only one, because a
-// window belongs to one thread. The apartment of the first client becomes the home. Clients in other apartments get
-// proxies, and COM carries calls and events between the threads. Without instances and windows there is no home, and
-// the apartment of the next client becomes the home.
+// window belongs to one thread. The first client's apartment becomes the home. Clients in other apartments get proxies,
+// and COM carries calls and events between the threads. Without instances and windows there is no home, and the next
+// client's apartment becomes it.
 //
 // A home ends early if its thread ends or leaves COM while instances live. Its forms are then given up, and the next
 // home loads its own forms. The remaining instances of the old home reach no form and receive no event. Calls on them

@@ -29,15 +29,14 @@ class HomeState {
 
     /// The present home. If the calling thread is the home, counts an instance for it.
     Entry Join() noexcept;
-    /// The same. If there is no home, the calling thread `thread` becomes the home, which `link` leads to. Otherwise
+    /// The same, but if there is no home, the calling thread becomes the home, with `link` and `thread`. Otherwise
     /// `link` becomes stale.
     Entry JoinOrBecomeHome(HomeLinks link, runtime::win32::KernelHandle thread) noexcept;
-    /// Removes an instance from the count.
     void RemoveInstance(unsigned generation) noexcept;
     /// Gives up a home that cannot be reached, and its forms. Does nothing if it is not the present home.
     void AbandonHome(unsigned generation) noexcept;
 
-    /// Whether `generation` is the present home. Takes no lock.
+    /// Takes no lock.
     bool IsCurrent(unsigned generation) const noexcept { return generation_ == generation; }
     /// The window of a home on another thread; null if there is no home or the calling thread is the home.
     HWND WindowElsewhere() noexcept;
@@ -46,7 +45,7 @@ class HomeState {
 
     /// Removes and returns one stale link; empty if there is none.
     HomeLinks TakeStaleLink() noexcept;
-    /// Adds links that could not be revoked to the stale links.
+    /// Takes back links that could not be revoked.
     void KeepStaleLinks(HomeLinks link) noexcept;
 
  private:
@@ -67,7 +66,7 @@ class HomeState {
     HomeLinks staleLinks_;
 };
 
-/// A handle of the calling thread. Other threads use it to find out whether the thread has ended.
+/// A handle of the calling thread that shows other threads when it has ended.
 runtime::win32::KernelHandle OwnThread();
 
 }  // namespace host::com

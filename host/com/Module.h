@@ -8,7 +8,6 @@ namespace host::com {
 HMODULE OwnModule();
 /// Keeps the module in memory until the process ends, even if a client frees it.
 void PinModule();
-/// Full path of the module's file.
 runtime::String ModulePath();
 
 }  // namespace host::com

@@ -177,7 +177,7 @@ class LocalTexts : public BuiltInReaderTest {
     String Text(StringView textId) { return reader_.GetText(u"default", textId); }
 
     tests::InMemoryKernel kernel_;
-    String folder_;  ///< the component's language folder
+    String folder_;
 };
 
 TEST_F(LocalTexts, NoLanguageFolder_DefaultText) {

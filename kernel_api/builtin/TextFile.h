@@ -28,7 +28,6 @@ class TextFile {
         using is_transparent = void;
         std::size_t operator()(runtime::StringView text) const { return std::hash<runtime::StringView>()(text); }
     };
-    /// The texts by identifier.
     using Texts = std::unordered_map<runtime::String, runtime::String, Hash, std::equal_to<>>;
 
     TextFile() = default;

@@ -13,7 +13,6 @@
 
 namespace kernel_api::win32 {
 
-/// Where a kernel library can be.
 enum class KernelPlace {
     kAskedFor,  ///< the development kernel, requested by the environment variable
     kBesideComponent,
@@ -41,7 +40,7 @@ std::optional<FoundKernel> FindKernel(const String& componentFolder, const Strin
 /// Errors of all calls: 53 (no library), 48 (the library does not load), 453 (the library lacks the entry).
 class KernelLibrary : public Kernel {
  public:
-    /// `folder` is the component's folder. FindKernel documents the search.
+    /// `folder` is the component's folder; see FindKernel.
     explicit KernelLibrary(String folder);
 
     void E_SetString(StringView key, String& value) override;
