@@ -34,7 +34,7 @@ tools::Arguments ProcessArguments() {
 
 int main() try {
     for (std::FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
-    // The tool writes UTF-8. The console has its own code page again afterwards.
+    // The tool writes UTF-8. The guard restores the console's code page.
     const runtime::ScopeGuard restored([former = GetConsoleOutputCP()] { SetConsoleOutputCP(former); });
     SetConsoleOutputCP(CP_UTF8);
     tools::Console console{std::cin, std::cout, std::cerr};

@@ -159,7 +159,7 @@ int LoseHomes(wchar_t* component) {
 
 int answeredMessages = 0;
 
-/// A line for a debugger arrives as an exception.
+/// The text of OutputDebugString arrives as an exception.
 LONG CALLBACK CountAnswers(EXCEPTION_POINTERS* exception) noexcept {
     const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
     if (record.ExceptionCode != DBG_PRINTEXCEPTION_C || record.NumberParameters < 2) return EXCEPTION_CONTINUE_SEARCH;
@@ -170,7 +170,7 @@ LONG CALLBACK CountAnswers(EXCEPTION_POINTERS* exception) noexcept {
 
 constexpr int kFailingCommands = 20;
 
-/// EX each time: a sink that fails at the shutdown makes it fail, which is reported in a message.
+/// Sends EX repeatedly. A sink that fails at the shutdown makes each command fail, which is reported in a message box.
 void SendFailingCommands(_clsQmxBackProcess* instance) {
     for (int i = 0; i < kFailingCommands; ++i) {
         short mode = 0;
@@ -188,7 +188,7 @@ DWORD WINAPI SendFromOtherApartment(void* component) {
     return 0;
 }
 
-/// Serves this thread's messages until `thread` has ended.
+/// Dispatches this thread's messages until `thread` has ended.
 void ServeUntilEndOf(HANDLE thread) {
     while (MsgWaitForMultipleObjects(1, &thread, FALSE, INFINITE, QS_ALLINPUT) != WAIT_OBJECT_0) {
         for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessageW(&message);

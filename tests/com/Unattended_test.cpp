@@ -1,4 +1,4 @@
-// A client that runs without a user, in two apartments.
+// A client that runs without a user, with two apartments.
 #include "tests/com/ClientProcess.h"
 #include "tests/com/ComponentLibrary.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 constexpr const wchar_t* kVariable = L"K4TBACKPROCESS_UNATTENDED";
 
-/// Calls that cross apartments take the registered description of the interfaces.
+/// Calls between apartments need the registered description of the interfaces.
 class UnattendedClient : public testing::Test {
  protected:
     UnattendedClient() {

@@ -24,7 +24,7 @@ const DialogDriver::Step kListIsOpen = [](HWND dialog) {
     return SendMessageW(InputOf(dialog), CB_GETDROPPEDSTATE, 0, 0) != 0;
 };
 
-/// Gives the focus to the control that takes the value, or to a button.
+/// Sets the focus to the input control or to a button.
 const DialogDriver::Step kGoToInput = Do([](HWND dialog) { SetFocus(InputOf(dialog)); });
 DialogDriver::Step GoTo(const wchar_t* button) {
     return Do([button](HWND dialog) { SetFocus(ButtonOf(dialog, button)); });

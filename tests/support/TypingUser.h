@@ -21,7 +21,8 @@ class TypingUser {
     /// `form` must be visible. Its focused control receives the keys.
     explicit TypingUser(runtime::Form& form) : form_(form) {}
 
-    /// Presses and releases a key. Enter, Space, Escape and Tab become characters unless the form consumes them.
+    /// Presses and releases a key with the modifiers `shift` (kShift, kCtrl, kAlt). Enter, Space, Escape and Tab become
+    /// characters unless the form consumes them.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);
     void Type(runtime::StringView text);
 
@@ -31,7 +32,7 @@ class TypingUser {
 
 #ifdef _WIN32
 
-/// Holds modifier keys for this thread as long as it lives.
+/// Holds modifier keys down for this thread until it is destroyed.
 class HeldKeys {
  public:
     explicit HeldKeys(std::int16_t shift) {

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Runs the tool and the example clients without a user: whatever would show a dialog is answered at once.
+"""Runs the tool and the example clients without a user: every dialog is answered at once and never shown.
 
     test_unattended.py WINE_RUN BIN_FOLDER
 
-The component is registered with a kernel that lacks an entry, so that a client's command fails, which is reported in a
-message box.
+The component is registered with a kernel that lacks an entry. So a client's command fails, which is reported in a message
+box.
 """
 import os
 import pathlib
@@ -17,17 +17,17 @@ import time
 import running
 from running import EXAMPLES, TIMEOUT, LiveHost, ToolTestCase, main, run, windows_path
 
-# Wine shows the lines for a debugger on standard error.
+# Wine writes the text of OutputDebugString to standard error.
 UNATTENDED = {"K4TBACKPROCESS_UNATTENDED": "1", "WINEDEBUG": "warn+seh"}
-# The blank puts it in quotes, as the component wants it beside other arguments.
+# The blank puts the argument in quotes, as the component needs it.
 BAD_FOLDER = "/sys:C:\\no where"
 BAD_FOLDER_NOTE = "message answered with OK: title=[Path not found] prompt=[Path: C:\\NO WHERE not available]"
-# The kernel keeps no strings, so there is no product name.
+# The kernel stores no strings, so there is no product name.
 FAILED_COMMAND = "message answered with OK: title=[] prompt=[Can't find DLL entry point: DB_DataBase"
 
 
 def notes(errors):
-    """What the component has written for a debugger, in order."""
+    """The component's debug output, in order."""
     written = re.findall(r'OutputDebugString[AW] L?"K4TBackProcess: unattended, (.*)\\n"', errors.decode(errors="replace"))
     return [note.replace('\\"', '"').replace("\\\\", "\\") for note in written]
 
@@ -65,7 +65,7 @@ class Unattended(ToolTestCase):
                    "prompt=[Can't save projectx]")
 
     def check_client(self, *command):
-        """The client starts with a folder that is not there, and sends a command that fails."""
+        """Runs a client with a missing system folder. It also sends a command that fails."""
         code, output, errors = run(*command, BAD_FOLDER, environment=UNATTENDED)
         self.assertEqual(code, 0, output.decode(errors="replace"))
         self.assertIn(b"released", output.splitlines())
