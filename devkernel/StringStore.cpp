@@ -136,8 +136,8 @@ bool StringStore::IsCurrent() const {
     return memory_.Load(Word::kGeneration) == generation_;
 }
 
-/// Marks new memory as a string store. The magic number is last, so that memory of a process that dies before stays
-/// new.
+/// Marks new memory as a string store. The magic number is written last, so that the memory stays new if the process
+/// dies before that.
 void StringStore::Attach() {
     if (memory_.Load(Word::kMagic) == 0) {
         memory_.Store(Word::kVersion, kVersion);

@@ -51,9 +51,9 @@ String GetInstallFolder();
 String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue);
 void SaveAppSetting(StringView appName, StringView section, StringView key, StringView value);
 
-/// Converts `path` to upper case and makes it the current folder for a moment. `result` becomes 0 if that succeeds,
-/// else 1, and a message is shown, whose errors reach the caller. It is also 1 if the former folder cannot be restored.
-/// The bare drives A to Y are accepted without a check.
+/// Converts `path` to upper case, makes it the current folder and then restores the former current folder. Sets
+/// `result` to 0 if both succeed, else to 1. In the second case a message is shown, whose errors reach the caller. The
+/// bare drives A to Y are accepted without a check.
 void CheckFolder(String& path, std::int32_t& result);
 
 /// Writes the form's top, left, height and width to the per-user settings, as whole numbers of twips. Error 5 if a
