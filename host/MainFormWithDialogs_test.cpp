@@ -97,15 +97,6 @@ TEST_F(Shutdown, DialogRefusesToUnload_ItStaysLoaded) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(Shutdown, PlacementCannotBeSaved_EventIsRaised) {
-    form_.EnsureLoaded();
-    memory_.settings.Refuse();
-    EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), runtime::kInvalidProcedureCall);
-    EXPECT_FALSE(form_.IsLoaded());
-    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
-}
-
 using ShutdownInMemory = MainFormBesideOver<tests::HeadlessComponentTest>;
 
 // The second dialog is always the last form, so each round unloads it, and a posted event loads it again. The first
@@ -135,14 +126,6 @@ TEST_F(FailingLoad, EarlierInstanceAndFailingListener_ErrorIsHidden) {
     EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(FailingLoad, KernelFailsInTheShutdownToo_ErrorIsHidden) {
-    FailLoads();
-    kernel_.FailOn("E_SetString", runtime::Error(runtime::kDllEntryPointNotFound));
-    EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
-    EXPECT_TRUE(NoneLoaded());
-    EXPECT_TRUE(memory_.messageBox.shown.empty());
-}
-
 TEST_F(FailingLoad, KernelFailsInTheShutdown_DialogsAreUnloaded) {
     dialog_.EnsureLoaded();
     second_.EnsureLoaded();
@@ -150,6 +133,7 @@ TEST_F(FailingLoad, KernelFailsInTheShutdown_DialogsAreUnloaded) {
     kernel_.FailOn("E_SetString", runtime::Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
     EXPECT_TRUE(NoneLoaded());
+    EXPECT_TRUE(memory_.messageBox.shown.empty());
     EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
 }
 

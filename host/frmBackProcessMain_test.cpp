@@ -199,26 +199,6 @@ TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsNotSetYet) {
 
 using MainFormUnload = MainFormOver<tests::ComponentTest>;
 
-TEST_F(MainFormUnload, ClearsRecordSavesPlacementAndRaisesShutdownOnce) {
-    form_.EnsureLoaded();
-    form_.Unload();
-    EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
-    EXPECT_EQ(memory_.settings.Saved().size(), 4u);
-    EXPECT_EQ(memory_.settings.Saved().at(0).key, u"frmBackProcessMain_TOP");
-    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
-}
-
-TEST_F(MainFormUnload, UnloadsTwoDialogsLoadedAfterIt) {
-    runtime::Form first({.name = u"first", .caption = u"", .inner = {3000, 1500}});
-    runtime::Form second({.name = u"second", .caption = u"", .inner = {3000, 1500}});
-    form_.EnsureLoaded();
-    first.EnsureLoaded();
-    second.EnsureLoaded();
-    form_.Unload();
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
-}
-
 TEST_F(MainFormUnload, UnloadsDialogsLoadedBeforeIt) {
     runtime::Form before({.name = u"before", .caption = u"", .inner = {3000, 1500}});
     runtime::Form after({.name = u"after", .caption = u"", .inner = {3000, 1500}});
@@ -236,15 +216,6 @@ TEST_F(MainFormUnload, UnloadFromInsideShutdownIsHarmless) {
     form_.Unload();
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
-}
-
-TEST_F(MainFormUnload, ListenerFails_FormIsUnloaded) {
-    const auto failing =
-        form_.NotifyClass().Connect([](String&, String&) { throw runtime::Error(runtime::kTypeMismatch); });
-    form_.EnsureLoaded();
-    EXPECT_EQ(tests::ErrorOf([&] { form_.Unload(); }), runtime::kTypeMismatch);
-    EXPECT_FALSE(form_.IsLoaded());
-    EXPECT_EQ(memory_.process.HeldClaims(), 0);
 }
 
 using MainFormUnloadInMemory = MainFormOver<tests::HeadlessComponentTest>;
@@ -391,42 +362,6 @@ TEST_F(MainFormEventsInMemory, MinimisedFormIgnoresTheLimits) {
 
 using MainFormCommands = MainFormOver<tests::HeadlessComponentTest>;
 
-TEST_F(MainFormCommands, SendCmd_PassesBothTextsUnchanged) {
-    String module = u"EDITOR";
-    String command = u"RD,  x";
-    form_.AP_SendCmd(module, command);
-    module.clear();
-    command.clear();
-    form_.AP_SendCmd(module, command);
-    EXPECT_THAT(heard_, ElementsAre("EDITOR|RD,  x", "|"));
-}
-
-TEST_F(MainFormCommands, SendCmdAllUsesTheOwnName) {
-    String command = u"OPEN";
-    form_.AP_SendCmdAll(command);
-    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|OPEN"));
-}
-
-TEST_F(MainFormCommands, ShellBuildsItsCommand) {
-    String module = u"M";
-    form_.AP_Shell(module, 1, u"X");
-    form_.AP_Shell(module, 0, u"");
-    form_.AP_Shell(module, -3, u"a,b");
-    EXPECT_THAT(heard_, ElementsAre("M|SHELL,1,X", "M|SHELL,0,", "M|SHELL,-3,a,b"));
-}
-
-TEST_F(MainFormCommands, FormIsNotLoaded_CommandsForOthersDoNotLoadIt) {
-    String module = u"M";
-    String command = u"C";
-    form_.AP_SendCmd(module, command);
-    EXPECT_FALSE(form_.IsLoaded());
-    form_.AP_SendCmdAll(command);
-    EXPECT_FALSE(form_.IsLoaded());
-    form_.AP_Shell(module, 1, u"X");
-    EXPECT_FALSE(form_.IsLoaded());
-    EXPECT_EQ(heard_.size(), 3u);
-}
-
 TEST_F(MainFormCommands, ListenerChangesTheTexts_TheCallersChangeToo) {
     const auto changing = form_.NotifyClass().Connect([](String& module, String& command) {
         module += u"1";
@@ -441,17 +376,6 @@ TEST_F(MainFormCommands, ListenerChangesTheTexts_TheCallersChangeToo) {
     EXPECT_EQ(command, u"C22");
     form_.AP_Shell(module, 1, u"X");
     EXPECT_EQ(module, u"M11");
-}
-
-TEST_F(MainFormCommands, ListenerFails_CallerGetsErrorAfterAllEvents) {
-    connection_.Disconnect();
-    const auto failing =
-        form_.NotifyClass().Connect([](String&, String&) { throw runtime::Error(runtime::kInvalidProcedureCall); });
-    int told = 0;
-    const auto later = form_.NotifyClass().Connect([&](String&, String&) { ++told; });
-    String text = u"x";
-    EXPECT_EQ(tests::ErrorOf([&] { form_.AP_SendCmdAll(text); }), runtime::kInvalidProcedureCall);
-    EXPECT_EQ(told, 1);
 }
 
 }  // namespace

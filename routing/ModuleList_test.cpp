@@ -101,11 +101,6 @@ TEST_F(ReadingTheModuleList, EmptyList_ReplacesTheEarlierOne) {
     EXPECT_THAT(ModuleNames(), ElementsAre(u""));
 }
 
-TEST_F(ReadingTheModuleList, OnlyReadsTheList) {
-    Read(u"A,B");
-    EXPECT_THAT(kernel_.Log(), ElementsAre("E_GetString(AllAps)"));
-}
-
 TEST_F(ReadingTheModuleList, ListCannotBeRead_MessageIsRegistered) {
     kernel_.FailOn("E_GetString(AllAps)", runtime::Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(tests::ErrorOf([] { ReadModuleList(); }), runtime::kDllEntryPointNotFound);

@@ -58,15 +58,6 @@ TEST_F(LoadingDirectories, NoProductName_DefaultsLackIt) {
     EXPECT_EQ(Values().jobFolder, u"C:\\\\JOB");
 }
 
-TEST_F(LoadingDirectories, ProductNameIsReadForEachDefault) {
-    kernel_.Put(u"PRODUCT_NAME", u"Orvane");
-    LoadDirectories();
-    EXPECT_THAT(kernel_.Log(),
-                ElementsAre("E_GetString(PRODUCT_NAME)", "E_GetString(PRODUCT_NAME)", "E_GetString(PRODUCT_NAME)",
-                            "E_SetString(JobDir, C:\\Orvane\\JOB)", "E_SetString(LibDir, C:\\Orvane\\LIB)",
-                            "E_SetString(EED3JobDir, C:\\Orvane\\JOB)"));
-}
-
 TEST_F(LoadingDirectories, FourFolders_AreReadBeforeTheyArePublished) {
     EXPECT_THAT(StepsOf(LoadDirectories), ElementsAre("read JobDir", "read LibDir", "read SysDir", "read EED3JobDir",
                                                       "publish JobDir", "publish LibDir", "publish EED3JobDir"));
@@ -97,11 +88,6 @@ TEST_F(LoadingDirectories, KernelRewritesValues_NewValuesAreKept) {
     EXPECT_EQ(Values().jobFolder, u"J!!");
     EXPECT_EQ(Values().libraryFolder, u"L!");
     EXPECT_EQ(Kept(u"EED3JobDir"), u"J!!");
-}
-
-TEST_F(LoadingDirectories, KernelFails_CallerReceivesTheError) {
-    kernel_.FailOn("E_SetString(LibDir", runtime::Error(runtime::kFileNotFound));
-    EXPECT_EQ(tests::ErrorOf([] { LoadDirectories(); }), runtime::kFileNotFound);
 }
 
 TEST_F(LoadingDirectories, ReaderFails_NothingIsPublished) {
@@ -161,21 +147,6 @@ TEST_F(ModReg, ProductNameIsReadFromTheKernelEachTime) {
     EXPECT_EQ(GetProductName(), u"");
     kernel_.Put(u"PRODUCT_NAME", u"Other");
     EXPECT_EQ(GetProductName(), u"Other");
-}
-
-TEST_F(ModReg, SettingsAreListedInTheOrderInWhichTheyAreRead) {
-    const auto keysOf = [](std::span<const SuiteSetting> settings) {
-        std::vector<String> keys;
-        for (const SuiteSetting& setting : settings) keys.emplace_back(setting.key);
-        return keys;
-    };
-    EXPECT_THAT(keysOf(FolderSettings()), ElementsAre(u"JobDir", u"LibDir", u"SysDir", u"EED3JobDir"));
-    EXPECT_THAT(keysOf(IdentitySettings()), ElementsAre(u"SysName", u"Maker", u"Copyright", u"Ver", u"Rev", u"Range"));
-}
-
-TEST_F(ModReg, InstallFolderIsTheComponentsOwn) {
-    memory_.process.SetComponentFolder(u"D:\\Suite\\bin");
-    EXPECT_EQ(GetInstallFolder(), u"D:\\Suite\\bin");
 }
 
 TEST_F(ModReg, AppSettingsAreTheRuntimesPerUserSettings) {
@@ -332,12 +303,6 @@ TEST_F(SavingPlacement, WritesWholeTwipsWherePixelsHaveFractions) {
     EXPECT_EQ(memory_.settings.Saved().at(1).value, u"8");
 }
 
-TEST_F(SavingPlacement, KeepsTheScaleModeOfTheForm) {
-    form_.SetScaleMode(3);
-    SaveWindowPlacement(form_);
-    EXPECT_EQ(form_.ScaleMode(), 3);
-}
-
 /// Records the form's scale mode at each saved setting.
 class ScaleModeSettings : public runtime::headless::MemorySettings {
  public:
@@ -360,12 +325,7 @@ TEST_F(SavingPlacement, SwitchesTheFormToTwipsWhileSaving) {
     SaveWindowPlacement(form_);
     runtime::UsePorts(&ports_);
     EXPECT_THAT(settings.scaleModes, ElementsAre(1, 1, 1, 1));
-}
-
-TEST_F(SavingPlacement, MinimisedForm_IsSaved) {
-    form_.SetState(runtime::WindowState::kMinimised);
-    SaveWindowPlacement(form_);
-    EXPECT_EQ(memory_.settings.Saved().size(), 4u);
+    EXPECT_EQ(form_.ScaleMode(), 3);
 }
 
 }  // namespace

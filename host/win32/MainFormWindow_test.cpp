@@ -3,20 +3,14 @@
 
 #include <functional>
 #include <thread>
-#include <vector>
 
 #include "host/clsQmxBackProcess.h"
 #include "host/frmBackProcessMain.h"
 #include "routing/ModuleList.h"
-#include "runtime/Numbers.h"
-#include "runtime/Screen.h"
-#include "runtime/win32/Pixels.h"
 #include "tests/support/ComponentFixture.h"
 
 namespace host {
 namespace {
-
-using runtime::win32::ToTwips;
 
 class MainFormWindow : public tests::ComponentTest {
  protected:
@@ -104,24 +98,6 @@ TEST_F(MainFormWindow, KeysAndActivationHideIt) {
     hides(WM_KEYDOWN, 'A');
     hides(WM_KEYUP, 'A');
     hides(WM_CHAR, 'a');
-}
-
-TEST_F(MainFormWindow, SavedPlacementIsTheWindowsPlace) {
-    Load();
-    RECT place{};
-    GetWindowRect(Window(), &place);
-    const runtime::Rect twips = ToTwips(place);
-    form_.Unload();
-    std::vector<String> expected;
-    for (const runtime::Twips length : {twips.top, twips.left, twips.height, twips.width}) {
-        expected.push_back(runtime::Trim(runtime::Str(runtime::ToInt32(length))));
-    }
-    std::vector<String> saved;
-    for (const auto& setting : memory_.settings.Saved()) saved.push_back(setting.value);
-    EXPECT_EQ(saved, expected);
-    // The window is centred to the nearest pixel.
-    EXPECT_NEAR(twips.left, (runtime::ScreenSize().width - twips.width) / 2, ToTwips(1) / 2);
-    EXPECT_NEAR(twips.top, (runtime::ScreenSize().height - twips.height) / 2, ToTwips(1) / 2);
 }
 
 }  // namespace
