@@ -1,7 +1,10 @@
 // Composes the component for Windows: chooses the back ends of the forms runtime and the suite's kernel library.
 #pragma once
 
+#include <memory>
+
 #include "host/Composition.h"
+#include "host/ServiceObject.h"
 
 namespace host {
 
@@ -12,5 +15,8 @@ inline constexpr const wchar_t* kUnattendedVariable = L"K4TBACKPROCESS_UNATTENDE
 /// The component of this process. The first call composes it; it exists until the process ends. `module` is the
 /// component's own module handle (HINSTANCE).
 Composition& EnsureComposed(void* module);
+
+/// A new service object. The first call composes the component.
+std::unique_ptr<ServiceObject> NewServiceObject(void* module, NotifyServerEvent notifyServer);
 
 }  // namespace host

@@ -3,6 +3,7 @@
 #include <exception>
 #include <utility>
 
+#include "host/Observer.h"
 #include "routing/CommandInterpreter.h"
 #include "routing/CommandText.h"
 #include "routing/ModuleList.h"
@@ -65,7 +66,9 @@ void frmBackProcessMain::EditMsgLine(StringView text) {
 }
 
 void frmBackProcessMain::AP_ExeCmd(StringView command) {
-    interpreter_.Execute(command, *this, staysLoaded_);
+    const std::exception_ptr failure = interpreter_.Execute(command, *this, staysLoaded_);
+    Observer* const observer = CurrentObserver();
+    if (failure && observer) observer->CommandFailed(failure);
 }
 
 void frmBackProcessMain::AP_SendCmd(String& module, String& command) {
@@ -86,7 +89,8 @@ void frmBackProcessMain::AP_Shell(String& module, std::int16_t mode, StringView 
 void frmBackProcessMain::OnLoad() {
     try {
         Announce();
-    } catch (const std::exception&) {
+    } catch (const std::exception& error) {
+        if (Observer* const observer = CurrentObserver()) observer->LoadShutDown(error);
         runtime::IgnoreErrors([] { runtime::LoadedForms().UnloadAll(); });
     }
 }

@@ -80,11 +80,12 @@ std::optional<String> MessageFor(const std::exception_ptr& failure) {
 
 }  // namespace
 
-void CommandInterpreter::Execute(StringView command, runtime::Form& mainForm, bool staysLoaded) {
-    if (command.empty()) return;
+std::exception_ptr CommandInterpreter::Execute(StringView command, runtime::Form& mainForm, bool staysLoaded) {
+    if (command.empty()) return nullptr;
     runtime::FirstError failure;
     failure.Run([&] { Interpret(command, mainForm, staysLoaded); });
     if (failure.IsKept()) Report(failure.Kept());
+    return failure.Kept();
 }
 
 void CommandInterpreter::Interpret(StringView command, runtime::Form& mainForm, bool staysLoaded) {

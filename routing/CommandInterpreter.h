@@ -33,9 +33,9 @@ inline runtime::String& LanguagePath() {
 class CommandInterpreter {
  public:
     /// Carries out `command`; an empty command does nothing. LZ localises `mainForm`. EX unloads no form if
-    /// `staysLoaded`. A failed command is reported here. Throws only an error of that report: the message's error, else
-    /// the unload's error. The unload has been tried by then.
-    void Execute(runtime::StringView command, runtime::Form& mainForm, bool staysLoaded);
+    /// `staysLoaded`. A failed command is reported here, and its error returned; null after success. Throws only an
+    /// error of that report: the message's error, else the unload's error. The unload has been tried by then.
+    std::exception_ptr Execute(runtime::StringView command, runtime::Form& mainForm, bool staysLoaded);
 
     /// Resets the count of open messages. To be called when their thread has ended or is no longer the home thread.
     void AbandonOpenMessages() { openMessages_ = 0; }

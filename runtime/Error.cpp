@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "runtime/FormObserver.h"
+
 namespace runtime {
 namespace {
 
@@ -50,6 +52,10 @@ Error::Error(std::int32_t number, String description) : number_(number) {
 }
 
 FormUnloadedInLoad::FormUnloadedInLoad(StringView form) : Error(ErrorAbout(kObjectWasUnloaded, form)) {}
+
+void NoteIgnored(const std::exception& error) noexcept {
+    if (FormObserver* const observer = CurrentFormObserver()) observer->ErrorIgnored(error);
+}
 
 Error ErrorAbout(std::int32_t number, StringView about) {
     return {number, StandardDescription(number) + u": " + String(about)};

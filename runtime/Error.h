@@ -77,13 +77,17 @@ String StandardDescription(std::int32_t number);
 /// An error with the standard description, a colon and `about`. `about` names the object, and may contain advice.
 Error ErrorAbout(std::int32_t number, StringView about);
 
+/// Reports the error that is ignored to the observer of forms, if there is one.
+void NoteIgnored(const std::exception& error) noexcept;
+
 /// Runs `statement` and ignores an exception, as a BASIC routine that continues with its next statement after an error.
 template <typename Statement>
 void IgnoreErrors(Statement&& statement) {
     try {
         statement();
-    } catch (const std::exception&) {
+    } catch (const std::exception& error) {
         // Ignored on purpose: the caller continues with its next statement.
+        NoteIgnored(error);
     }
 }
 

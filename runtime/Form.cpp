@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "runtime/Error.h"
+#include "runtime/FormObserver.h"
 #include "runtime/LoadedForms.h"
 #include "runtime/Ports.h"
 #include "runtime/ScopeGuard.h"
@@ -13,6 +14,17 @@ namespace {
 
 constexpr std::int16_t kScaleTwips = 1;
 constexpr std::int16_t kLastScaleMode = 7;
+
+using ObserverCall = void (FormObserver::*)(const Form& form) noexcept;
+
+void Report(ObserverCall call, const Form& form) noexcept {
+    if (FormObserver* const observer = CurrentFormObserver()) (observer->*call)(form);
+}
+
+/// Because of the exception in flight.
+void ReportNotLoaded(const Form& form) noexcept {
+    if (FormObserver* const observer = CurrentFormObserver()) observer->NotLoaded(form, std::current_exception());
+}
 
 }  // namespace
 
@@ -39,16 +51,19 @@ void Form::EnsureLoaded() {
     if (window_) return;
     if (stage_ == Stage::kLoadingWithoutWindow) throw FormUnloadedInLoad(Name());
     stage_ = Stage::kLoadingWithoutWindow;
+    Report(&FormObserver::Loading, *this);
     try {
         MakeWindow();
         OnLoad();
+        if (!window_) throw FormUnloadedInLoad(Name());
     } catch (...) {
         if (window_) DestroyWindow();
         stage_ = Stage::kUnloaded;
+        ReportNotLoaded(*this);
         throw;
     }
-    stage_ = window_ ? Stage::kLoaded : Stage::kUnloaded;
-    if (!window_) throw FormUnloadedInLoad(Name());
+    stage_ = Stage::kLoaded;
+    Report(&FormObserver::Loaded, *this);
 }
 
 void Form::MakeWindow() {
@@ -79,12 +94,14 @@ void Form::DestroyWindow() {
     stage_ = stage_ == Stage::kLoading ? Stage::kLoadingWithoutWindow : Stage::kUnloaded;
     // Clear window_ before destroying the window: callbacks must already see the form as unloaded.
     const auto window = std::move(window_);
+    Report(&FormObserver::Unloaded, *this);
     if (modal_) modal_->End();
 }
 
 bool Form::Unload(UnloadReason reason) {
     if (!window_ || stage_ == Stage::kUnloading) return true;
     const Stage before = std::exchange(stage_, Stage::kUnloading);
+    Report(&FormObserver::Unloading, *this);
     bool cancel = false;
     FirstError error;
     error.Run([&] { OnQueryUnload(cancel, reason); });
@@ -92,6 +109,7 @@ bool Form::Unload(UnloadReason reason) {
     if (window_) stage_ = before;
     const bool isRefused = window_ && cancel && !isDestroyedByOthers_ && !error.IsKept();
     if (window_ && !isRefused) DestroyWindow();
+    if (isRefused) Report(&FormObserver::UnloadRefused, *this);
     error.Rethrow();
     return !isRefused;
 }

@@ -4,15 +4,13 @@
 
 #include "host/Composition.h"
 #include "host/WindowsComposition.h"
-#include "host/clsQmxBackProcess.h"
 #include "host/com/Module.h"
 #include "runtime/Error.h"
 
 namespace host::com {
 
 std::unique_ptr<ServiceObject> MakeServiceObject(NotifyServerEvent notifyServer) {
-    EnsureComposed(OwnModule());
-    return std::make_unique<clsQmxBackProcess>(std::move(notifyServer));
+    return NewServiceObject(OwnModule(), std::move(notifyServer));
 }
 
 std::size_t LiveWindows() noexcept {

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "host/Observer.h"
 #include "host/com/Bstr.h"
 #include "host/com/Guard.h"
 #include "host/com/PeerGone.h"
@@ -68,8 +69,11 @@ std::optional<runtime::Error> Tell(Sinks& sinks, const Connection& connection, B
     DISPPARAMS parameters{arguments, nullptr, 2, 0};
     SinkException exception;
     UINT badArgument = 0;
+    Observer* const observer = CurrentObserver();
+    if (observer) observer->SinkCalled(connection.cookie, ViewOf(Aname.Get()), ViewOf(sCommand.Get()));
     const HRESULT result = connection.sink->Invoke(kNotifyServer, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
                                                    &parameters, nullptr, exception.Address(), &badArgument);
+    if (observer) observer->SinkAnswered(connection.cookie, static_cast<std::uint32_t>(result));
     if (IsPeerGone(result)) {
         // No handler has run, so this is no error of the client.
         sinks.Drop(connection.cookie);

@@ -1,12 +1,15 @@
 #include "host/WindowsComposition.h"
 
 #include <memory>
+#include <utility>
 
 #include "host/UnattendedDialogs.h"
+#include "host/clsQmxBackProcess.h"
 #include "kernel_api/win32/KernelLibrary.h"
 #include "runtime/Ports.h"
 #include "runtime/win32/GdiFonts.h"
 #include "runtime/win32/HelpControl.h"
+#include "runtime/win32/ModulePath.h"
 #include "runtime/win32/RegistrySettings.h"
 #include "runtime/win32/Switch.h"
 #include "runtime/win32/Win32Files.h"
@@ -14,6 +17,9 @@
 #include "runtime/win32/Win32MessageBox.h"
 #include "runtime/win32/Win32Process.h"
 #include "runtime/win32/Win32Windows.h"
+#include "trace/Line.h"
+#include "trace/Tracing.h"
+#include "trace/win32/TraceFile.h"
 
 namespace host {
 namespace {
@@ -28,10 +34,27 @@ std::unique_ptr<UnattendedDialogs> UnattendedIfAsked() {
     return std::make_unique<UnattendedDialogs>(WriteToDebugger);
 }
 
+/// Null unless the environment names a file for the trace.
+std::unique_ptr<trace::Tracing> TracingIfAsked(HINSTANCE module, bool isUnattended, const runtime::Ports& ports,
+                                               kernel_api::Kernel& kernel) {
+    std::unique_ptr<trace::Output> file = trace::win32::OpenFromEnvironment();
+    if (!file) return nullptr;
+    trace::Line("trace started")
+        .Text("program", runtime::win32::ModulePath(nullptr))
+        .Text("arguments", ports.process.CommandLine())
+        .Text("component", runtime::win32::ModulePath(module))
+        .Number("unattended", isUnattended)
+        .WriteTo(*file);
+    return std::make_unique<trace::Tracing>(std::move(file), ports, kernel);
+}
+
 /// The component of a process under Windows, with its back ends.
 struct WindowsComposition {
-    explicit WindowsComposition(HINSTANCE module) : windows(module), process(module) {
+    explicit WindowsComposition(HINSTANCE module)
+        : windows(module), process(module), tracing(TracingIfAsked(module, unattended != nullptr, ports, kernel)) {
         if (unattended) unattended->ReplaceSuiteDialogs();
+        // The last, so that the trace shows what all others answer.
+        if (tracing) tracing->Watch(composition);
     }
     WindowsComposition(const WindowsComposition&) = delete;
     WindowsComposition& operator=(const WindowsComposition&) = delete;
@@ -49,15 +72,27 @@ struct WindowsComposition {
     runtime::MessageBoxPort& messageBox = unattended ? static_cast<runtime::MessageBoxPort&>(*unattended) : systemBox;
     const runtime::Ports ports{windows, settings, files, process, locale, fonts, messageBox, help};
     kernel_api::win32::KernelLibrary kernel{process.ComponentFolder()};
-    Composition composition{ports, kernel};
+    const std::unique_ptr<trace::Tracing> tracing;
+    Composition composition{tracing ? tracing->Ports() : ports, tracing ? tracing->Kernel() : kernel};
 };
+
+WindowsComposition& Composed(void* module) {
+    // Never destroyed, because the system frees windows and libraries at the end of a process.
+    static auto* const composed = new WindowsComposition(static_cast<HINSTANCE>(module));
+    return *composed;
+}
 
 }  // namespace
 
 Composition& EnsureComposed(void* module) {
-    // Never destroyed, because the system frees windows and libraries at the end of a process.
-    static auto* const composed = new WindowsComposition(static_cast<HINSTANCE>(module));
-    return composed->composition;
+    return Composed(module).composition;
+}
+
+std::unique_ptr<ServiceObject> NewServiceObject(void* module, NotifyServerEvent notifyServer) {
+    const auto make = [](NotifyServerEvent event) { return std::make_unique<clsQmxBackProcess>(std::move(event)); };
+    trace::Tracing* const tracing = Composed(module).tracing.get();
+    if (tracing) return tracing->NewInstance(std::move(notifyServer), make);
+    return make(std::move(notifyServer));
 }
 
 }  // namespace host

@@ -1,0 +1,30 @@
+// The suite's kernel with a line for each call: the key, the value given and the value taken back, or the error, and
+// the time that the call took.
+#pragma once
+
+#include "kernel_api/Kernel.h"
+#include "runtime/LocalePort.h"
+#include "trace/Line.h"
+
+namespace trace {
+
+class TracedKernel final : public kernel_api::Kernel {
+ public:
+    /// All must outlive it.
+    TracedKernel(Output& output, kernel_api::Kernel& kernel, runtime::LocalePort& locale)
+        : output_(output), kernel_(kernel), locale_(locale) {}
+
+    void E_SetString(StringView key, String& value) override;
+    kernel_api::TextPointer E_GetString(StringView key) override;
+    std::int32_t DB_DataBase() override;
+    kernel_api::TextPointer O_GetName(std::int32_t handle) override;
+
+ private:
+    void AddText(Line& line, kernel_api::TextPointer pointer) const noexcept;
+
+    Output& output_;
+    kernel_api::Kernel& kernel_;
+    runtime::LocalePort& locale_;
+};
+
+}  // namespace trace

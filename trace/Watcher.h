@@ -1,0 +1,37 @@
+// Writes what the component's forms do, the errors that never reach a client, and how each client takes an event.
+#pragma once
+
+#include <chrono>
+#include <vector>
+
+#include "host/Observer.h"
+#include "trace/Line.h"
+
+namespace trace {
+
+class Watcher final : public host::Observer {
+ public:
+    /// `output` must outlive it.
+    explicit Watcher(Output& output) : output_(output) {}
+
+    void Loading(const runtime::Form& form) noexcept override;
+    void Loaded(const runtime::Form& form) noexcept override;
+    void NotLoaded(const runtime::Form& form, const std::exception_ptr& error) noexcept override;
+    void Unloading(const runtime::Form& form) noexcept override;
+    void UnloadRefused(const runtime::Form& form) noexcept override;
+    void Unloaded(const runtime::Form& form) noexcept override;
+    void ErrorIgnored(const std::exception& error) noexcept override;
+    void LoadShutDown(const std::exception& error) noexcept override;
+    void CommandFailed(const std::exception_ptr& error) noexcept override;
+    void SinkCalled(std::uint32_t connection, StringView Aname, StringView sCommand) noexcept override;
+    void SinkAnswered(std::uint32_t connection, std::uint32_t result) noexcept override;
+
+ private:
+    using Clock = std::chrono::steady_clock;
+
+    Output& output_;
+    /// When the sinks were called that have not answered yet: one may raise the event again from its handler.
+    std::vector<Clock::time_point> callTimes_;
+};
+
+}  // namespace trace
