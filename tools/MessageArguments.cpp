@@ -1,5 +1,6 @@
 #include "tools/MessageArguments.h"
 
+#include "tools/Display.h"
 #include "tools/Usage.h"
 
 namespace tools {
@@ -9,6 +10,14 @@ namespace {
 constexpr StringView kWrittenBreak = u"\\n";
 constexpr StringView kLineBreak = u"\r\n";
 
+/// The code of one of the message box's buttons.
+std::int32_t ReadAnswer(StringView text) {
+    for (const StringView code : {u"6", u"7", u"8", u"2"}) {
+        if (text == code) return code.front() - u'0';
+    }
+    throw UsageError("--default must be 6, 7, 8 or 2, not " + Quoted(text));
+}
+
 void TakeOption(MessageArguments& message, const Arguments& arguments, std::size_t place) {
     const String& option = arguments[place];
     if (option == u"--flags") {
@@ -17,12 +26,21 @@ void TakeOption(MessageArguments& message, const Arguments& arguments, std::size
         message.title = ValueOf(arguments, place);
     } else if (option == u"--language") {
         message.languageFolder = ValueOf(arguments, place);
+    } else if (option == u"--timeout") {
+        message.timeout = ReadTimeout(ValueOf(arguments, place));
+    } else if (option == u"--default") {
+        message.defaultAnswer = ReadAnswer(ValueOf(arguments, place));
     } else {
         throw UnknownOption(option);
     }
 }
 
 }  // namespace
+
+std::int32_t ReadTimeout(StringView text) {
+    constexpr std::int64_t kDay = 86'400;
+    return static_cast<std::int32_t>(ReadWhole(text, "--timeout", 1, kDay));
+}
 
 String WithLineBreaks(StringView written) {
     String text;
@@ -48,6 +66,7 @@ MessageArguments ReadMessageArguments(const Arguments& arguments) {
     if (next == arguments.size()) throw Missing("PROMPT");
     RequireAtMost(next + 1, arguments);
     message.prompt = WithLineBreaks(arguments[next]);
+    if (message.defaultAnswer && !message.timeout) throw UsageError("--default needs --timeout");
     return message;
 }
 

@@ -56,5 +56,26 @@ TEST(MessageArguments, WrongArguments_AreNamed) {
               "--flags must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not ''");
 }
 
+TEST(MessageArguments, TimeoutAndDefault_AreNumbers) {
+    const MessageArguments limited{u"a", 0, {}, {}, 30, 7};
+    EXPECT_EQ(ReadMessageArguments({u"--timeout", u"30", u"--default", u"7", u"a"}), limited);
+    EXPECT_EQ(ReadMessageArguments({u"--default", u"7", u"--timeout", u"30", u"a"}), limited);
+    EXPECT_EQ(ReadMessageArguments({u"--timeout", u"86400", u"a"}).timeout, 86400);
+    EXPECT_EQ(ReadMessageArguments({u"--timeout", u"1", u"a"}).defaultAnswer, std::nullopt);
+}
+
+TEST(MessageArguments, WrongTimeoutsAndDefaults_AreNamed) {
+    for (const char* const wrong : {"0", "-1", "86401", "99999999999999999999", "soon", "1.5", "0x10", "", " 1"}) {
+        EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--timeout", runtime::FromAscii(wrong), u"a"}),
+                  std::string("--timeout must be a whole number from 1 to 86400, not '") + wrong + "'");
+    }
+    for (const char* const wrong : {"1", "9", "06", "yes", ""}) {
+        EXPECT_EQ(
+            ComplaintOf<ReadMessageArguments>({u"--timeout", u"1", u"--default", runtime::FromAscii(wrong), u"a"}),
+            std::string("--default must be 6, 7, 8 or 2, not '") + wrong + "'");
+    }
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--default", u"6", u"a"}), "--default needs --timeout");
+}
+
 }  // namespace
 }  // namespace tools

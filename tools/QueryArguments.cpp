@@ -1,7 +1,10 @@
 #include "tools/QueryArguments.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "dialogs/Qmxquery.h"
+#include "tools/Display.h"
 #include "tools/MessageArguments.h"
 #include "tools/Usage.h"
 
@@ -24,9 +27,23 @@ void TakeOption(QueryArguments& query, bool& hasKind, const Arguments& arguments
         query.buttonCaption = WithLineBreaks(ValueOf(arguments, place));
     } else if (option == u"--language") {
         query.languageFolder = ValueOf(arguments, place);
+    } else if (option == u"--timeout") {
+        query.timeout = ReadTimeout(ValueOf(arguments, place));
+    } else if (option == u"--default") {
+        query.defaultText = WithLineBreaks(ValueOf(arguments, place));
     } else {
         throw UnknownOption(option);
     }
+}
+
+/// The index that the dialog would give for the default answer.
+std::int32_t IndexOfDefault(const QueryArguments& query) {
+    if (query.kind != dialogs::kDropDown && query.kind != dialogs::kList) return dialogs::Qmxquery::kNothingChosen;
+    const auto item = std::find(query.values.begin() + 1, query.values.end(), *query.defaultText);
+    if (item == query.values.end()) {
+        throw UsageError("--default must be one of the items, not " + Quoted(*query.defaultText));
+    }
+    return static_cast<std::int32_t>(item - query.values.begin());
 }
 
 }  // namespace
@@ -45,6 +62,10 @@ QueryArguments ReadQueryArguments(const Arguments& arguments) {
     if (!hasKind) throw Missing("--kind");
     if (next == arguments.size()) throw Missing("VALUE0");
     for (; next < arguments.size(); ++next) query.values.push_back(WithLineBreaks(arguments[next]));
+    if (query.defaultText) {
+        if (!query.timeout) throw UsageError("--default needs --timeout");
+        query.defaultIndex = IndexOfDefault(query);
+    }
     return query;
 }
 

@@ -15,13 +15,16 @@ struct QueryArguments {
     std::int32_t index = -1;
     std::optional<String> buttonCaption;  ///< caption of the extra button; none for no button
     std::optional<String> languageFolder;
-    std::vector<String> values;  ///< the initial text, followed by the items
+    std::optional<std::int32_t> timeout;  ///< in seconds
+    std::optional<String> defaultText;    ///< the answer after the timeout; none for Cancel
+    std::int32_t defaultIndex = -1;       ///< the index of that answer
+    std::vector<String> values;           ///< the initial text, followed by the items
     bool operator==(const QueryArguments&) const = default;
 };
 
-/// Parses "--kind K [--title T] [--prompt P] [--index I] [--button CAPTION] [--language FOLDER] [--] VALUE0 [ITEM...]",
-/// with the options in any order. "\n" becomes a line break everywhere except in FOLDER. Throws UsageError for anything
-/// else.
+/// Parses "--kind K [--title T] [--prompt P] [--index I] [--button CAPTION] [--language FOLDER] [--timeout SECONDS
+/// [--default TEXT]] [--] VALUE0 [ITEM...]", with the options in any order. "\n" becomes a line break everywhere except
+/// in FOLDER. Throws UsageError for anything else.
 QueryArguments ReadQueryArguments(const Arguments& arguments);
 
 }  // namespace tools

@@ -70,5 +70,27 @@ TEST(QueryArguments, WrongArguments_AreNamed) {
     EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kinds"}), "unknown option '--kinds'");
 }
 
+TEST(QueryArguments, Default_IsATextOrAnItem) {
+    QueryArguments query =
+        ReadQueryArguments({u"--kind", u"1", u"--timeout", u"5", u"--default", u"R\\n1", u"x", u"A"});
+    EXPECT_EQ(query.timeout, 5);
+    EXPECT_EQ(query.defaultText, u"R\r\n1");
+    EXPECT_EQ(query.defaultIndex, 0);
+    for (const String kind : {u"3", u"5"}) {
+        query = ReadQueryArguments({u"--kind", kind, u"--timeout", u"5", u"--default", u"B", u"B", u"A", u"B", u"B"});
+        EXPECT_EQ(query.defaultIndex, 2);
+    }
+    EXPECT_EQ(ReadQueryArguments({u"--kind", u"1", u"--timeout", u"5", u"x"}).defaultIndex, -1);
+}
+
+TEST(QueryArguments, WrongTimeoutsAndDefaults_AreNamed) {
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"1", u"--timeout", u"0", u"x"}),
+              "--timeout must be a whole number from 1 to 86400, not '0'");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"1", u"--default", u"x", u"x"}),
+              "--default needs --timeout");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"3", u"--timeout", u"5", u"--default", u"x", u"x", u"A"}),
+              "--default must be one of the items, not 'x'");
+}
+
 }  // namespace
 }  // namespace tools

@@ -58,9 +58,12 @@ Exit codes:
   6 7 8  msgbox: Yes, No, Yes To All
   64     msgbox, query: the command line cannot be understood
   65     msgbox, query: failed
+  66     msgbox, query: not answered within --timeout
 
 With K4TBACKPROCESS_DEVELOPMENT_KERNEL=1 in the environment, the component uses the development kernel, dev\QmxKrn2K.dll
 in its own folder. Otherwise it uses that kernel only if it finds no other one.
+
+With K4TBACKPROCESS_UNATTENDED=1 in the environment, the component answers each dialog at once, as by Escape.
 )";
 
 class Tool {

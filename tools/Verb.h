@@ -33,6 +33,7 @@ enum ExitCode : int {
     // For verbs whose exit code is the user's answer. No answer uses these codes.
     kDialogBadUsage = 64,
     kDialogFailure = 65,
+    kDialogTimedOut = 66,
 };
 
 struct Verb {

@@ -11,7 +11,7 @@ import tempfile
 import time
 
 import running
-from running import TIMEOUT, ToolTestCase, main, windows_path
+from running import TIMEOUT, ToolTestCase, main, run, tool, windows_path
 
 
 class Dialogs(ToolTestCase):
@@ -71,6 +71,24 @@ class Dialogs(ToolTestCase):
         self.assertEqual(self.ask("alt+m", "--kind", "1", "--button", "&More", "abc"), (3, "text=␁\nindex=-100\n"))
         self.assertEqual(self.ask("Return", "--kind", "3", "--index", "1", "", "A", "B\\nC"),
                          (0, "text=B␍␊C\nindex=2\n"))
+
+    def test_a_timeout_closes_each_dialog(self):
+        limit = ("--timeout", "1")
+        self.assertEqual(tool("msgbox", *limit, "Overwrite?"), (66, b"2\n", b""))
+        self.assertEqual(tool("msgbox", *limit, "--default", "8", "Overwrite?"), (66, b"8\n", b""))
+        for kind in "12345":
+            with self.subTest(kind):
+                self.assertEqual(tool("query", "--kind", kind, *limit, "", "A"), (66, b"text=\nindex=-1\n", b""))
+        self.assertEqual(tool("query", "--kind", "3", *limit, "--default", "B", "", "A", "B"),
+                         (66, b"text=B\nindex=2\n", b""))
+
+    def test_an_answer_before_the_timeout_counts(self):
+        self.assertEqual(self.answer(["Return"], "msgbox", "--timeout", "100", "--default", "7", "Overwrite?"), (6, "6\n"))
+        self.assertEqual(self.answer(["Return"], "query", "--timeout", "100", "--default", "x", "--kind", "1", "abc"),
+                         (0, "text=abc\nindex=0\n"))
+
+    def test_a_timeout_ends_a_blocked_dialog(self):
+        self.assertEqual(run(running.bin_folder / "test" / "blocked_dialog.exe"), (66, b"given up", b""))
 
 
 if __name__ == "__main__":
