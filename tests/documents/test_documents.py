@@ -59,10 +59,10 @@ ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
 
 # Code that is neither a file nor a command: the first line of each.
 ILLUSTRATIONS = ["EDITOR.exe                                    LIBRARY.exe",
-                 "EDITOR.exe                                            LIBRARY.exe",
+                 "EDITOR.exe                                          LIBRARY.exe",
                  "SuiteReader reader_;                    // was: kernel_api::builtin::BuiltInReader reader_;",
                  "tools/   tests/                       examples/ (COM only)",
-                 "Composition (host/win32)   or   tests::ComponentOver (tests/support)",
+                 "WindowsComposition (host/win32)   or   tests::ComponentOver (tests/support)",
                  "Unloaded -> LoadingWithoutWindow -> Loading -> Loaded -> Unloading -> Unloaded",
                  "client: NotifyMe(Aname, sCommand)"]
 
