@@ -9,6 +9,7 @@
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "runtime/LoadedForms.h"
+#include "runtime/Operation.h"
 
 namespace host {
 namespace {
@@ -56,6 +57,7 @@ std::size_t LoadedWindowCount() {
 }
 
 void AbandonForms() {
+    runtime::Operation::Abandon();
     runtime::LoadedForms().Clear();
     // Do not destroy the dialogs, because their thread may have a question open in them.
     static_cast<void>(services::Values().forms.messageBox.release());

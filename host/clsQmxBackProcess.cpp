@@ -10,6 +10,7 @@
 #include "routing/CommandInterpreter.h"
 #include "routing/ModuleList.h"
 #include "runtime/Error.h"
+#include "runtime/Operation.h"
 #include "runtime/Screen.h"
 #include "services/ProcessValues.h"
 #include "services/modReg.h"
@@ -46,6 +47,7 @@ clsQmxBackProcess::clsQmxBackProcess(NotifyServerEvent notifyServer)
     kernel_api::CurrentReader().NormaliseFolder(systemFolder_);
     SetKernelString(u"IniFile", systemFolder_ + String(kernel_api::kIniFileName));
     services::Values().installFolder = services::GetInstallFolder();
+    const runtime::Operation operation;
     services::LoadDirectories();
     services::LoadProductIdentity();
 }

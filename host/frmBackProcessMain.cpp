@@ -9,6 +9,7 @@
 #include "routing/ModuleList.h"
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
+#include "runtime/Operation.h"
 #include "runtime/Ports.h"
 #include "runtime/Screen.h"
 #include "services/LocalTexts.h"
@@ -96,6 +97,7 @@ void frmBackProcessMain::OnLoad() {
 }
 
 void frmBackProcessMain::Announce() {
+    const runtime::Operation operation;
     services::ProcessValues& values = services::Values();
     SetCaption(services::GetLocalText(services::kApplicationCaption));
     values.moduleCaption = services::GetLocalText(services::kModuleCaption);

@@ -8,6 +8,7 @@
 #include "runtime/Form.h"
 #include "runtime/LateBound.h"
 #include "runtime/Numbers.h"
+#include "runtime/Operation.h"
 #include "runtime/Ports.h"
 #include "runtime/ScopeGuard.h"
 #include "runtime/Screen.h"
@@ -111,15 +112,19 @@ void ApplyFont(Properties& control, const UiFont& uiFont, const Font& font) {
     const auto putOfFont = [&control](StringView object, StringView name, const PropertyValue& value) {
         runtime::IgnoreErrors([&] { control.PutOfFont(object, name, value); });
     };
-    put(u"FontName", uiFont.name);
-    for (const StringView object : {u"Font", u"HeadFont", u"ControlFont"}) putOfFont(object, u"Name", uiFont.name);
-    put(u"Font", font);
-    put(u"TabStop", false);
-    put(u"HeadFont", font);
-    put(u"Charset", uiFont.characterSet);
-    for (const StringView object : {u"Font", u"ControlFont"}) putOfFont(object, u"Charset", uiFont.characterSet);
-    put(u"FontBold", false);
-    put(u"Bold", false);
+    const PropertyValue name = uiFont.name;
+    const PropertyValue newFont = font;
+    const PropertyValue characterSet = uiFont.characterSet;
+    const PropertyValue off = false;
+    put(u"FontName", name);
+    for (const StringView object : {u"Font", u"HeadFont", u"ControlFont"}) putOfFont(object, u"Name", name);
+    put(u"Font", newFont);
+    put(u"TabStop", off);
+    put(u"HeadFont", newFont);
+    put(u"Charset", characterSet);
+    for (const StringView object : {u"Font", u"ControlFont"}) putOfFont(object, u"Charset", characterSet);
+    put(u"FontBold", off);
+    put(u"Bold", off);
 }
 
 void LocaliseCaption(Properties& control) {
@@ -162,6 +167,7 @@ FontRule ChooseUiFontFor(std::int32_t systemLcid, NativeHandle window, NativeHan
 
 void LocaliseForm(runtime::Form& form) {
     using runtime::IgnoreErrors;
+    const runtime::Operation operation;
     IgnoreErrors([&form] {
         const String tag = form.Tag();
         if (!tag.empty()) form.SetCaption(GetLocalText(form.Caption(), tag));

@@ -2,6 +2,7 @@
 
 #include "kernel_api/Reader.h"
 #include "runtime/Error.h"
+#include "runtime/Operation.h"
 #include "runtime/Ports.h"
 #include "services/LocalTexts.h"
 #include "services/ProcessValues.h"
@@ -15,6 +16,7 @@ String TextIfAny(const LocalText& text) {
 }
 
 std::optional<String> ErrorPrompt(std::int32_t number, const String& detail) {
+    const runtime::Operation operation;
     const ErrorText* const error = FindErrorText(number);
     if (!error) return std::nullopt;
     const String before = TextIfAny(error->before);

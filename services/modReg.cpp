@@ -7,6 +7,7 @@
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "runtime/Numbers.h"
+#include "runtime/Operation.h"
 #include "runtime/Ports.h"
 #include "services/LocalTexts.h"
 #include "services/MessageTexts.h"
@@ -68,10 +69,14 @@ std::optional<String> FailureOfVisit(const String& path, const String& before) {
     }
 }
 
-void ReportUnusableFolder(const String& path, const String& failure) {
+String UnusableFolderPrompt(const String& path) {
+    const runtime::Operation operation;
     const String before = GetLocalText(kFolderLead);
-    const String after = GetLocalText(kFolderNotAvailable);
-    ShowMessage(before + path + after, kExclamation | kSystemModal, failure);
+    return before + path + GetLocalText(kFolderNotAvailable);
+}
+
+void ReportUnusableFolder(const String& path, const String& failure) {
+    ShowMessage(UnusableFolderPrompt(path), kExclamation | kSystemModal, failure);
 }
 
 }  // namespace
@@ -90,6 +95,7 @@ String DefaultOf(const SuiteSetting& setting) {
 }
 
 void LoadDirectories() {
+    const runtime::Operation operation;
     ProcessValues& values = Values();
     ReadSettings(kFolderSettings);
     Publish(u"JobDir", values.jobFolder);
@@ -99,6 +105,7 @@ void LoadDirectories() {
 }
 
 void LoadProductIdentity() {
+    const runtime::Operation operation;
     ProcessValues& values = Values();
     ReadSettings(kIdentitySettings);
     Publish(u"PRODUCT_NAME", values.productName);

@@ -1,4 +1,5 @@
-// A file that is read once, and again when its path or its stamp (size and time) changes.
+// A file that is read once, and again when its path or its stamp (size and time) changes. Within an operation the stamp
+// is checked once.
 #pragma once
 
 #include <cstdint>
@@ -8,6 +9,7 @@
 #include <utility>
 
 #include "runtime/FilesPort.h"
+#include "runtime/Operation.h"
 
 namespace kernel_api::builtin {
 
@@ -15,7 +17,8 @@ class WatchedFile {
  public:
     static constexpr std::uint64_t kAnySize = std::numeric_limits<std::uint64_t>::max();
 
-    /// `files` must outlive the object. A file larger than `maxBytes` is not read; it counts as missing.
+    /// `files` must outlive the object; the object must outlive every operation in which it is used. A file larger than
+    /// `maxBytes` is not read; it counts as missing.
     explicit WatchedFile(runtime::FilesPort& files, std::uint64_t maxBytes = kAnySize)
         : files_(files), maxBytes_(maxBytes) {}
 
@@ -31,7 +34,9 @@ class WatchedFile {
     /// read. After a change of the path it counts as missing.
     template <typename Take>
     void Refresh(Take&& take) {
+        if (!changed_ && isChecked_) return;
         const auto stamp = path_.empty() ? std::nullopt : files_.Stamp(path_);
+        isChecked_ = runtime::Operation::KeepUntilEnd([this] { isChecked_ = false; });
         if (!changed_ && stamp == stamp_) return;
         std::optional<std::string> bytes;
         const bool isTooLarge = stamp && stamp->size > maxBytes_;
@@ -51,6 +56,7 @@ class WatchedFile {
     runtime::String path_;
     std::optional<runtime::FileStamp> stamp_;  ///< of the file that `take` received last
     bool changed_ = false;                     ///< the path has changed since
+    bool isChecked_ = false;                   ///< in the current operation
 };
 
 }  // namespace kernel_api::builtin

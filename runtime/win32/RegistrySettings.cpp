@@ -3,7 +3,7 @@
 #include <limits>
 
 #include "runtime/Error.h"
-#include "runtime/win32/Handle.h"
+#include "runtime/Operation.h"
 
 namespace runtime::win32 {
 namespace {
@@ -39,15 +39,26 @@ std::optional<String> QueryText(HKEY key, const String& name) {
 
 std::optional<String> RegistrySettings::Get(StringView application, StringView section, StringView key) {
     if (!IsName(application) || !IsName(section) || !IsName(key)) return std::nullopt;
-    HKEY opened = nullptr;
-    const String path = SectionPath(application, section);
-    if (RegOpenKeyExW(HKEY_CURRENT_USER, Wide(path), 0, KEY_QUERY_VALUE, &opened) != ERROR_SUCCESS) {
-        return std::nullopt;
-    }
-    const RegistryKey owner(opened);
-    std::optional<String> text = QueryText(opened, String(key));
+    const HKEY opened = SectionToRead(SectionPath(application, section));
+    std::optional<String> text = opened ? QueryText(opened, String(key)) : std::nullopt;
+    if (openedPath_.empty()) Forget();
     if (text && text->ends_with(u'\0')) text->pop_back();
     return text;
+}
+
+HKEY RegistrySettings::SectionToRead(const String& path) {
+    if (path == openedPath_) return opened_.Get();
+    Forget();
+    HKEY opened = nullptr;
+    RegOpenKeyExW(HKEY_CURRENT_USER, Wide(path), 0, KEY_QUERY_VALUE, &opened);
+    opened_.Reset(opened);
+    if (Operation::KeepUntilEnd([this] { Forget(); })) openedPath_ = path;
+    return opened;
+}
+
+void RegistrySettings::Forget() {
+    openedPath_.clear();
+    opened_.Reset();
 }
 
 void RegistrySettings::Save(StringView application, StringView section, StringView key, StringView value) {
@@ -59,6 +70,7 @@ void RegistrySettings::Save(StringView application, StringView section, StringVi
     if (value.size() > kMaxLength) {
         throw ErrorAbout(kInvalidProcedureCall, u"the value of '" + String(key) + u"' is too long");
     }
+    Forget();  // this call may create the section
     HKEY opened = nullptr;
     LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, Wide(SectionPath(application, section)), 0, nullptr,
                                      REG_OPTION_NON_VOLATILE, KEY_SET_VALUE, nullptr, &opened, nullptr);

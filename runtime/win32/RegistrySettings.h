@@ -1,8 +1,10 @@
 // The per-user settings in the registry. Each setting is a text value in the key "HKEY_CURRENT_USER\Software\VB and VBA
-// Program Settings\<application>\<section>". Names are not case-sensitive.
+// Program Settings\<application>\<section>". Names are not case-sensitive. Within an operation a section is opened
+// once.
 #pragma once
 
 #include "runtime/SettingsPort.h"
+#include "runtime/win32/Handle.h"
 
 namespace runtime::win32 {
 
@@ -12,6 +14,14 @@ class RegistrySettings : public SettingsPort {
     std::optional<String> Get(StringView application, StringView section, StringView key) override;
     /// Error 5 also if the application, section or key is empty or contains a NUL.
     void Save(StringView application, StringView section, StringView key, StringView value) override;
+
+ private:
+    /// The registry key at `path`; null if there is none.
+    HKEY SectionToRead(const String& path);
+    void Forget();
+
+    String openedPath_;   ///< of the section opened in the current operation; empty if none was
+    RegistryKey opened_;  ///< null if that section does not exist
 };
 
 }  // namespace runtime::win32

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "runtime/Operation.h"
 #include "runtime/SettingsPort_test.h"
 #include "runtime/win32/Handle.h"
 
@@ -72,6 +73,43 @@ TEST_F(RegistrySettingsTest, OtherTypesCountAsAbsent) {
     Write(REG_DWORD, &number, sizeof(number));
     EXPECT_EQ(Get(), std::nullopt);
     Write(REG_BINARY, &number, sizeof(number));
+    EXPECT_EQ(Get(), std::nullopt);
+}
+
+TEST_F(RegistrySettingsTest, SectionAppearsInAnOperation_NextOneSeesIt) {
+    {
+        const Operation operation;
+        EXPECT_EQ(Get(), std::nullopt);
+        Write(REG_SZ, L"abc", 8);
+        EXPECT_EQ(Get(), std::nullopt);
+    }
+    EXPECT_EQ(Get(), u"abc");
+}
+
+TEST_F(RegistrySettingsTest, SavedInAnOperation_IsReadInIt) {
+    const Operation operation;
+    EXPECT_EQ(Get(), std::nullopt);
+    settings_->Save(kTestApplication, u"Section", u"Key", u"abc");
+    EXPECT_EQ(Get(), u"abc");
+}
+
+TEST_F(RegistrySettingsTest, TwoSectionsInAnOperation_EachGivesItsOwn) {
+    const Operation operation;
+    settings_->Save(kTestApplication, u"Other", u"Key", u"other");
+    Write(REG_SZ, L"abc", 8);
+    EXPECT_EQ(Get(), u"abc");
+    EXPECT_EQ(settings_->Get(kTestApplication, u"Other", u"Key"), u"other");
+    EXPECT_EQ(Get(), u"abc");
+}
+
+TEST_F(RegistrySettingsTest, SectionGoesAfterAnOperation_NextOneSeesNone) {
+    Write(REG_SZ, L"abc", 8);
+    {
+        const Operation operation;
+        EXPECT_EQ(Get(), u"abc");
+    }
+    ClearTestApplication();
+    const Operation next;
     EXPECT_EQ(Get(), std::nullopt);
 }
 
