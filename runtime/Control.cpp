@@ -167,11 +167,11 @@ void Control::Attach(NativeWindow& window) {
     userHasText_ = false;
     native_ = &window.AddControl({design_.kind, design_.name, design_.picture});
     native_->SetFont(font_);
-    native_->SetText(text_);
-    native_->SetBounds(bounds_);
+    if (!text_.empty()) native_->SetText(text_);
+    if (design_.align == Align::kNone) native_->SetBounds(bounds_);
+    Dock(window.InnerSize());
     if (!visible_) native_->SetVisible(false);
     TakeNativeHeight();
-    Dock(window.InnerSize());
 }
 
 void Control::Detach() {

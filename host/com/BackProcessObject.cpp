@@ -31,7 +31,9 @@ HRESULT BackProcessObject::Member(Body&& body, Result*... results) noexcept {
 }
 
 BackProcessObject::BackProcessObject(HomeMembership membership) noexcept
-    : membership_(std::move(membership)), eventPoint_(*this, membership_, sinks_) {}
+    : membership_(std::move(membership)), eventPoint_(*this, membership_, sinks_) {
+    KeepTypeLibraryOpen();
+}
 
 void BackProcessObject::MakeService() {
     service_ = MakeServiceObject([this](String& Aname, String& sCommand) {

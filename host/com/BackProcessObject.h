@@ -72,8 +72,6 @@ class BackProcessObject final : public Implements<_clsQmxBackProcess, IProvideCl
     void Terminate();
 
     HomeMembership membership_;
-    /// Keeps the type library open while an instance lives, because the system's marshaller uses it on every thread.
-    const ComPtr<ITypeLib> typeLibrary_ = OpenTypeLibrary();
     Sinks sinks_;
     EventPoint eventPoint_;
     bool isEnded_ = false;

@@ -2,9 +2,9 @@
 
 #include "host/com/Guard.h"
 #include "host/com/Module.h"
+#include "runtime/NeverDestroyed.h"
 
 namespace host::com {
-
 namespace {
 
 ComPtr<ITypeLib> Open() {
@@ -13,18 +13,21 @@ ComPtr<ITypeLib> Open() {
     return library;
 }
 
+/// If it cannot be read, the next call tries again.
+ITypeLib& Library() {
+    static const auto& library = runtime::NeverDestroyed<ComPtr<ITypeLib>>(Open());
+    return *library.Get();
+}
+
 }  // namespace
 
-ComPtr<ITypeLib> OpenTypeLibrary() noexcept {
-    ComPtr<ITypeLib> library;
-    runtime::IgnoreErrors([&library] { library = Open(); });
-    return library;
+void KeepTypeLibraryOpen() noexcept {
+    runtime::IgnoreErrors([] { Library(); });
 }
 
 ComPtr<ITypeInfo> DescriptionOf(REFGUID guid) {
-    const ComPtr<ITypeLib> library = Open();
     ComPtr<ITypeInfo> description;
-    Check(library->GetTypeInfoOfGuid(guid, description.Put()));
+    Check(Library().GetTypeInfoOfGuid(guid, description.Put()));
     return description;
 }
 

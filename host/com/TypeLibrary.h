@@ -5,8 +5,9 @@
 
 namespace host::com {
 
-/// The type library; empty if it cannot be read. While a reference is held, the system reads the file only once.
-ComPtr<ITypeLib> OpenTypeLibrary() noexcept;
+/// Keeps the library open for the rest of the process, if it can be read: the system's marshaller needs it on every
+/// thread.
+void KeepTypeLibraryOpen() noexcept;
 
 /// The description of the interface or class `guid`. Throws the HRESULT if the library cannot be read.
 ComPtr<ITypeInfo> DescriptionOf(REFGUID guid);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "runtime/win32/Handle.h"
 #include "runtime/win32/Win32Locale.h"
 #include "runtime/win32/WindowsHeaders.h"
 
@@ -44,9 +45,8 @@ bool GdiFonts::IsInstalled(StringView face) {
     description.lfCharSet = DEFAULT_CHARSET;
     std::copy(face.begin(), face.end(), description.lfFaceName);
     bool found = false;
-    const HDC screen = GetDC(nullptr);
-    EnumFontFamiliesExW(screen, &description, NoteFound, reinterpret_cast<LPARAM>(&found), 0);
-    ReleaseDC(nullptr, screen);
+    const MemoryContext context(CreateCompatibleDC(nullptr));
+    EnumFontFamiliesExW(context.Get(), &description, NoteFound, reinterpret_cast<LPARAM>(&found), 0);
     return found;
 }
 

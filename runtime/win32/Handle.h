@@ -86,6 +86,14 @@ struct GdiObjectPolicy {
 using GdiBrush = UniqueHandle<GdiObjectPolicy<HBRUSH>>;
 using GdiFont = UniqueHandle<GdiObjectPolicy<HFONT>>;
 
+struct MemoryContextPolicy {
+    using Type = HDC;
+    static Type Invalid() noexcept { return nullptr; }
+    static void Close(Type handle) noexcept { DeleteDC(handle); }
+};
+/// A device context in memory.
+using MemoryContext = UniqueHandle<MemoryContextPolicy>;
+
 struct IconPolicy {
     using Type = HICON;
     static Type Invalid() noexcept { return nullptr; }

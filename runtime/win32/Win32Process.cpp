@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "runtime/CommandLine.h"
+#include "runtime/NeverDestroyed.h"
 #include "runtime/ScopeGuard.h"
 #include "runtime/win32/GrowingBuffer.h"
 #include "runtime/win32/Handle.h"
@@ -39,10 +40,17 @@ String Hexadecimal(std::uint64_t number) {
     return text;
 }
 
+/// Computed once: the name must stay the same if the program's file is renamed.
+const String& NameOfProgram() {
+    static const String& name =
+        NeverDestroyed<String>(u"Local\\K4TBackProcess.FirstInstance." + Hexadecimal(StableHash(ProgramPath())));
+    return name;
+}
+
 /// The names of the mutexes of a claim.
 struct ClaimNames {
     /// Exists while any process of the program has a claim.
-    String program = u"Local\\K4TBackProcess.FirstInstance." + Hexadecimal(StableHash(ProgramPath()));
+    String program = NameOfProgram();
     /// Exists while this process has a claim.
     String process = program + u'.' + Hexadecimal(GetCurrentProcessId());
     String lock = process + u".lock";

@@ -26,6 +26,14 @@ COLORREF ToColorRef(Colour colour) {
 
 constexpr int kFirstControlId = 100;
 
+/// A form may have any size, also one larger than the screen.
+void LiftSizeLimits(MINMAXINFO* limits) {
+    constexpr LONG kAnySize = 32767;
+    if (!limits) return;
+    limits->ptMinTrackSize = {1, 1};
+    limits->ptMaxTrackSize = {kAnySize, kAnySize};
+}
+
 int ShowCommand(WindowState state) {
     switch (state) {
         case WindowState::kMinimised:
@@ -49,8 +57,6 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
                     static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top), nullptr,
                     nullptr, system.Instance(), this);
     if (!window_) throw OutOfResources(u"no window for a form");
-    // During creation, Windows limits the size before the window procedure can lift the limits. Set the bounds again.
-    Win32Window::SetBounds(design.outer);
     ReportBounds();
     // Show the underlines of access keys from the start, also on systems that hide them until Alt is pressed.
     SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
@@ -148,6 +154,10 @@ bool Win32Window::TakesKey(const MSG& message) {
 
 LRESULT CALLBACK Win32Window::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
     return Callback::Guard(LRESULT{0}, [&]() -> LRESULT {
+        if (message == WM_GETMINMAXINFO) {  // also sent before the window has its object
+            LiftSizeLimits(reinterpret_cast<MINMAXINFO*>(lParam));
+            return 0;
+        }
         if (message == WM_NCCREATE && !Adopt(window, lParam)) return FALSE;
         auto* self = reinterpret_cast<Win32Window*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         return self ? self->OnMessage(message, wParam, lParam) : DefWindowProcW(window, message, wParam, lParam);
@@ -191,15 +201,9 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_WINDOWPOSCHANGED:
         case WM_STYLECHANGED:  // other code can show a window by changing its style
             return OnChanged(message, wParam, lParam);
-        case WM_GETMINMAXINFO: {
-            if (!lParam) return 0;
-            // A form may have any size, also one larger than the screen.
-            auto* limits = reinterpret_cast<MINMAXINFO*>(lParam);
-            constexpr LONG kAnySize = 32767;
-            limits->ptMinTrackSize = {1, 1};
-            limits->ptMaxTrackSize = {kAnySize, kAnySize};
+        case WM_WINDOWPOSCHANGING:
+            // A form has no size limits. The default would ask for them, and query the displays each time.
             return 0;
-        }
         case WM_KEYDOWN:
         case WM_KEYUP:
         case WM_SYSKEYDOWN:  // a minimised window gets its keys in these messages

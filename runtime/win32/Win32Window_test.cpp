@@ -262,6 +262,48 @@ TEST_F(RealWindow, MayBeOnePixelLarge) {
     EXPECT_EQ(BoundsOf(tiny), BoundsOf(WindowOf(tiny)));
 }
 
+/// Counts a message that the forms of this thread receive.
+class CountedMessage {
+ public:
+    explicit CountedMessage(UINT message)
+        : hook_(SetWindowsHookExW(WH_CALLWNDPROC, See, nullptr, GetCurrentThreadId())) {
+        message_ = message;
+        count_ = 0;
+    }
+    CountedMessage(const CountedMessage&) = delete;
+    CountedMessage& operator=(const CountedMessage&) = delete;
+    ~CountedMessage() { UnhookWindowsHookEx(hook_); }
+
+    int Count() const { return count_; }
+
+ private:
+    static LRESULT CALLBACK See(int code, WPARAM wParam, LPARAM lParam) noexcept {
+        const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+        wchar_t name[64]{};
+        GetClassNameW(sent.hwnd, name, 64);
+        if (code == HC_ACTION && sent.message == message_ && ToString(name) == u"K4TBackProcess.Form") ++count_;
+        return CallNextHookEx(nullptr, code, wParam, lParam);
+    }
+
+    static inline UINT message_ = 0;
+    static inline int count_ = 0;
+    HHOOK hook_;
+};
+
+TEST_F(RealWindow, Created_HasItsPlaceAtOnce) {
+    const CountedMessage changes(WM_WINDOWPOSCHANGING);
+    form_.EnsureLoaded();
+    EXPECT_EQ(changes.Count(), 0);
+}
+
+TEST_F(RealWindow, Moved_IsNotAskedForLimits) {
+    form_.EnsureLoaded();
+    const CountedMessage questions(WM_GETMINMAXINFO);
+    form_.Move(ToTwips(50), ToTwips(60));
+    EXPECT_EQ(questions.Count(), 0);
+    EXPECT_EQ(BoundsOf(form_), BoundsOf(WindowOf(form_)));
+}
+
 TEST_F(RealWindow, MayBeLargerThanTheScreen) {
     const int width = GetSystemMetrics(SM_CXSCREEN) * 3;
     const int height = GetSystemMetrics(SM_CYSCREEN) * 3;

@@ -20,13 +20,17 @@
 namespace runtime::win32 {
 namespace {
 
-/// The system's shapes for the classic runtime's pointer numbers 0..15.
-LPCWSTR SystemPointer(std::int16_t shape) {
-    const LPCWSTR kShapes[] = {IDC_ARROW,    IDC_ARROW,       IDC_CROSS,    IDC_IBEAM,  IDC_ICON,    IDC_SIZEALL,
-                               IDC_SIZENESW, IDC_SIZENS,      IDC_SIZENWSE, IDC_SIZEWE, IDC_UPARROW, IDC_WAIT,
-                               IDC_NO,       IDC_APPSTARTING, IDC_HELP,     IDC_SIZEALL};
+/// The system's cursors for the classic runtime's pointer numbers 0..15. They exist as long as the process, so each is
+/// loaded once.
+HCURSOR SystemPointer(std::int16_t shape) {
+    static const LPCWSTR kShapes[] = {IDC_ARROW,    IDC_ARROW,       IDC_CROSS,    IDC_IBEAM,  IDC_ICON,    IDC_SIZEALL,
+                                      IDC_SIZENESW, IDC_SIZENS,      IDC_SIZENWSE, IDC_SIZEWE, IDC_UPARROW, IDC_WAIT,
+                                      IDC_NO,       IDC_APPSTARTING, IDC_HELP,     IDC_SIZEALL};
     const bool known = shape >= 0 && static_cast<std::size_t>(shape) < std::size(kShapes);
-    return known ? kShapes[shape] : IDC_ARROW;
+    const std::size_t index = known ? static_cast<std::size_t>(shape) : 0;
+    static HCURSOR cursors[std::size(kShapes)];
+    if (!cursors[index]) cursors[index] = LoadCursorW(nullptr, kShapes[index]);
+    return cursors[index];
 }
 
 bool IsHeld(int key) {
@@ -126,13 +130,13 @@ void Win32Windows::SetMousePointer(std::int16_t shape) {
         if (!wasDefault) SetCursor(pointerBefore_);
         return;
     }
-    const HCURSOR before = SetCursor(LoadCursorW(nullptr, SystemPointer(shape)));
+    const HCURSOR before = SetCursor(SystemPointer(shape));
     if (wasDefault) pointerBefore_ = before;
 }
 
 bool Win32Windows::ShowPointer() const {
     if (pointer_ == kDefaultPointer) return false;
-    SetCursor(LoadCursorW(nullptr, SystemPointer(pointer_)));
+    SetCursor(SystemPointer(pointer_));
     return true;
 }
 
