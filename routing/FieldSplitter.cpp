@@ -37,13 +37,13 @@ String InWords(std::size_t place, StringView field) {
 }
 
 /// Extends both arrays before it reads the number, so that their lengths are equal after an error.
-void Add(StringView field) {
-    FieldTexts().emplace_back(field);
-    FieldValues().push_back(0);
+void Add(StringView field, std::vector<String>& texts, std::vector<double>& values) {
+    texts.emplace_back(field);
+    values.push_back(0);
     try {
-        FieldValues().back() = FieldToNumber(field);
+        values.back() = FieldToNumber(field);
     } catch (const runtime::Error& error) {
-        throw runtime::ErrorAbout(error.Number(), InWords(FieldTexts().size() - 1, field));
+        throw runtime::ErrorAbout(error.Number(), InWords(texts.size() - 1, field));
     }
 }
 
@@ -58,15 +58,17 @@ const Entry& EntryOf(const std::vector<Entry>& entries, std::int32_t index) {
 }  // namespace
 
 void SplitFields(StringView text) {
+    std::vector<String>& texts = FieldTexts();
+    std::vector<double>& values = FieldValues();
     // Keep the previous texts until the end, because `text` may refer to one of them.
-    const std::vector<String> previous = std::exchange(FieldTexts(), std::vector<String>(1));
-    FieldValues().assign(1, 0);
+    const std::vector<String> previous = std::exchange(texts, std::vector<String>(1));
+    values.assign(1, 0);
     for (kernel_api::CommaFields fields(text); !fields.AtEnd();) {
         const kernel_api::CommaField field = fields.Take();
         if (field.isUnclosed) RepeatForEver();
-        Add(field.text);
+        Add(field.text, texts, values);
     }
-    FieldValues().front() = static_cast<double>(FieldTexts().size() - 1);
+    values.front() = static_cast<double>(texts.size() - 1);
 }
 
 double FieldToNumber(StringView text) {

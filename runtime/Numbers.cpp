@@ -78,8 +78,9 @@ class Decimal {
 
     /// The number times 10 to the power `powerOfTen`. Error 6 if it is too large for a double; 0 if it is too small.
     double Scaled(std::int64_t powerOfTen) {
-        if (size_ == 0) return 0;
         exponent_ += powerOfTen;
+        if (exponent_ == 0 && size_ <= kExactDigits) return Integer();
+        if (size_ == 0) return 0;
         const std::int64_t magnitude = exponent_ + static_cast<std::int64_t>(size_);
         if (magnitude > kMaxMagnitude) throw Error(kOverflow);
         if (magnitude < kMinMagnitude) return 0;
@@ -93,9 +94,17 @@ class Decimal {
  private:
     // The nearest double depends only on the first 767 significant digits and on whether a digit other than 0 follows.
     static constexpr std::size_t kKeptDigits = 768;
+    /// Every integer of so many digits is a double.
+    static constexpr std::size_t kExactDigits = 15;
     static constexpr std::int64_t kMaxMagnitude = 309;
     static constexpr std::int64_t kMinMagnitude = -324;
     static constexpr std::size_t kExponentRoom = 24;
+
+    double Integer() const {
+        std::int64_t number = 0;
+        for (std::size_t i = 0; i < size_; ++i) number = number * 10 + (digits_[i] - '0');
+        return static_cast<double>(number);
+    }
 
     void Append(char digit) {
         digits_[size_++] = digit;

@@ -35,6 +35,12 @@ TEST(Val, ReadsDecimalNumbers) {
     EXPECT_EQ(Val(u"000120"), 120);
 }
 
+TEST(Val, WholeNumber_IsExactToItsLastDigit) {
+    EXPECT_EQ(Val(u"999999999999999"), 999999999999999.0);
+    EXPECT_EQ(Val(u"-9007199254740991"), -9007199254740991.0);
+    EXPECT_EQ(Val(u"12.5E1"), 125);
+}
+
 TEST(Val, SkipsBlanksTabsAndLineFeedsAnywhere) {
     EXPECT_EQ(Val(u"    1615 198th Street N.E."), 1615198);
     EXPECT_EQ(Val(u" 0"), 0);
