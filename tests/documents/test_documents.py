@@ -61,7 +61,7 @@ ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
 ILLUSTRATIONS = ["EDITOR.exe                                    LIBRARY.exe",
                  "EDITOR.exe                                          LIBRARY.exe",
                  "SuiteReader reader_;                    // was: kernel_api::builtin::BuiltInReader reader_;",
-                 "tools/   tests/                       examples/ (COM only)",
+                 "tools/   tests/                       examples/ use COM and the kernel only",
                  "WindowsComposition (host/win32)   or   tests::ComponentOver (tests/support)",
                  "Unloaded -> LoadingWithoutWindow -> Loading -> Loaded -> Unloading -> Unloaded",
                  "client: NotifyMe(Aname, sCommand)"]
