@@ -73,8 +73,8 @@ struct FoundFace {
     String name;
 };
 
-/// The face of the system's own font, in a context of `window`. The guard selects the former font again and releases the
-/// context.
+/// The face of the system's own font, in a context of `window`. The guard selects the former font again and releases
+/// the context.
 FoundFace SystemFace(NativeHandle window, NativeHandle context) {
     runtime::FontsPort& fonts = runtime::CurrentPorts().fonts;
     const NativeHandle made = fonts.MakeIconTitleFont();

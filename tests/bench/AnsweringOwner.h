@@ -2,7 +2,7 @@
 // a button.
 #pragma once
 
-#include "tests/bench/Timing.h"
+#include "tests/bench/Row.h"
 #include "tests/windows/OwnerWindow.h"
 
 namespace tests {

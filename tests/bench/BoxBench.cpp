@@ -1,52 +1,36 @@
 // Compares the time of the suite's message box with that of the system's: from the call until it returns, with a box
-// that is shown, painted and clicked at once. Both alternate in one run. Prints the medians and their ratio.
-//     box_bench [ROUNDS]
-#include <cstdio>
-#include <cstdlib>
-
+// that is shown, painted and clicked at once.
 #include "dialogs/frmQMXMsgBox.h"
-#include "host/Composition.h"
-#include "runtime/win32/Win32Windows.h"
 #include "tests/bench/AnsweringOwner.h"
-#include "tests/support/InMemoryKernel.h"
-#include "tests/support/MemoryPorts.h"
+#include "tests/support/ComponentFixture.h"
 
 namespace {
 
 constexpr std::int32_t kYes = 6;
 
-void Check(std::int32_t answer) {
-    if (answer == kYes) return;
-    std::fprintf(stderr, "wrong answer %d\n", static_cast<int>(answer));
-    std::exit(1);
-}
-
 void AskOurs() {
-    Check(dialogs::AskWithSuiteBox(u"Overwrite?", 8, u"Title"));
+    tests::Require(dialogs::AskWithSuiteBox(u"Overwrite?", 8, u"Title") == kYes, "our answer");
 }
 
 void AskSystem(HWND owner) {
-    Check(MessageBoxW(owner, L"Overwrite?", L"Title", MB_YESNOCANCEL | MB_ICONQUESTION));
+    tests::Require(MessageBoxW(owner, L"Overwrite?", L"Title", MB_YESNOCANCEL | MB_ICONQUESTION) == kYes, "the answer");
 }
 
-void Compare(int rounds) {
-    constexpr int kWarmUp = 10;
+void Compare() {
     const tests::AnsweringOwner owner(L"&Yes");
-    const tests::Medians times = tests::InTurns(
-        kWarmUp, rounds, [] { return tests::TimeOf<std::milli>(AskOurs); },
-        [&] { return tests::TimeOf<std::milli>([&] { AskSystem(owner.Handle()); }); });
-    std::printf("suite's box   %.2f ms\nsystem's box  %.2f ms\nratio         %.2f\n", times.ours, times.theirs,
-                times.Ratio());
+    tests::Measure(
+        {"message box, open to closed", "the system's message box", 1.0, 15}, [] { return tests::TimeOf(AskOurs); },
+        [&] { return tests::TimeOf([&] { AskSystem(owner.Handle()); }); });
 }
+
+/// The fixture of component tests, without a test.
+class Bench : public tests::ComponentTest {
+    void TestBody() override {}
+};
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    constexpr int kRounds = 200;
-    tests::MemoryPorts memory;
-    runtime::win32::Win32Windows windows(GetModuleHandleW(nullptr));
-    const runtime::Ports ports = tests::WithPort(memory.All(), windows);
-    tests::InMemoryKernel kernel;
-    const host::Composition composition(ports, kernel);
-    Compare(tests::CountFrom(argc, argv, kRounds));
+int main() {
+    const Bench surroundings;
+    Compare();
 }

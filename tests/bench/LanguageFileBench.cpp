@@ -1,25 +1,24 @@
-// Compares the time to look up a text among 100,000 texts with GNU gettext. The built-in reader is measured twice: as
-// the component calls it, where it notices a changed file at once, and with the loaded texts alone. gettext never
-// checks its file again. Prints the ratios.
-#include <benchmark/benchmark.h>
+// Compares the time to look up a text with GNU gettext. The built-in reader is measured twice: as the component calls
+// it, and with the loaded texts alone. The reader checks once per operation whether the file has changed; gettext never
+// does.
 #include <libintl.h>
 #include <sys/stat.h>
 
 #include <clocale>
-#include <cstdio>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <map>
 #include <stdexcept>
 #include <string>
 #include <vector>
 
 #include "kernel_api/builtin/BuiltInReader.h"
 #include "kernel_api/builtin/TextFile.h"
+#include "runtime/Operation.h"
 #include "runtime/headless/MemorySettings.h"
 #include "runtime/headless/PlainLocale.h"
+#include "tests/bench/Row.h"
 
 namespace {
 
@@ -27,11 +26,11 @@ namespace fs = std::filesystem;
 using runtime::String;
 using runtime::StringView;
 
-constexpr int kTexts = 100'000;
-constexpr const char* kDomain = "bench";
+/// Texts that one operation looks up: those of a large form.
+constexpr int kTextsOfAForm = 50;
 constexpr const char* kLocale = "C.UTF-8";
 
-/// The root of the folders below. It is deleted when the program ends.
+/// The folders below are in this one, which goes with the program.
 const fs::path& Root() {
     static const struct Made {
         Made() {
@@ -45,7 +44,7 @@ const fs::path& Root() {
     return root.path;
 }
 
-/// Files of this machine under the paths that the reader uses: "name" in Root() for any folder.
+/// The machine's files under the paths that the reader asks for: "name" in Root() for any folder.
 class DiskFiles : public runtime::FilesPort {
  public:
     String CurrentFolder() override { return {}; }
@@ -77,33 +76,38 @@ std::string Translation(int i) {
     return "Text number " + std::to_string(i) + " of the benchmark";
 }
 
-std::string LanguageFile() {
+std::string LanguageFile(int texts) {
     std::string lines;
-    for (int i = 0; i < kTexts; ++i) lines += Identifier(i) + " = " + Translation(i) + "\n";
+    for (int i = 0; i < texts; ++i) lines += Identifier(i) + " = " + Translation(i) + "\n";
     return lines;
 }
 
-void MakeCatalogue() {
+/// Each size has a domain of its own, because gettext never reads a catalogue again.
+std::string MakeCatalogue(int texts) {
+    const std::string domain = "bench" + std::to_string(texts);
     const fs::path folder = Root() / kLocale / "LC_MESSAGES";
     const fs::path source = Root() / "bench.po";
     fs::create_directories(folder);
     std::ofstream po(source);
     po << "msgid \"\"\nmsgstr \"Content-Type: text/plain; charset=UTF-8\\n\"\n\n";
-    for (int i = 0; i < kTexts; ++i) {
+    for (int i = 0; i < texts; ++i) {
         po << "msgid \"" << Identifier(i) << "\"\nmsgstr \"" << Translation(i) << "\"\n\n";
     }
     po.close();
-    const std::string command = std::string(MSGFMT) + " -o " + (folder / "bench.mo").string() + " " + source.string();
+    const std::string command =
+        std::string(MSGFMT) + " -o " + (folder / (domain + ".mo")).string() + " " + source.string();
     if (std::system(command.c_str()) != 0) throw std::runtime_error("msgfmt failed");
     if (!std::setlocale(LC_ALL, kLocale)) throw std::runtime_error("no such locale");
-    bindtextdomain(kDomain, Root().c_str());
+    bindtextdomain(domain.c_str(), Root().c_str());
+    return domain;
 }
 
-/// All identifiers, in random order, so that caches do not help.
+/// Identifiers in an order that makes caches useless.
 template <typename Text>
-std::vector<Text> Shuffled(Text (*make)(int)) {
+std::vector<Text> Shuffled(Text (*make)(int), int texts) {
+    constexpr int kIdentifiers = 10'000;
     std::vector<Text> identifiers;
-    for (int i = 0; i < kTexts; ++i) identifiers.push_back(make(static_cast<int>(i * 7919LL % kTexts)));
+    for (int i = 0; i < kIdentifiers; ++i) identifiers.push_back(make(static_cast<int>(i * 7919LL % texts)));
     return identifiers;
 }
 
@@ -111,83 +115,53 @@ String WideIdentifier(int i) {
     return runtime::FromAscii(Identifier(i));
 }
 
-/// Looks up one identifier after the other. `lookUp` returns whether it was found.
-template <typename Texts, typename LookUp>
-void Run(benchmark::State& state, const Texts& identifiers, LookUp&& lookUp) {
-    std::size_t next = 0;
+/// Microseconds per identifier. `find` returns whether it was found.
+template <typename Texts, typename Find>
+double TimeOfEach(const Texts& identifiers, Find&& find) {
     bool areFound = true;
-    for (auto _ : state) {
-        areFound = lookUp(identifiers[next]) && areFound;
-        next = next + 1 == identifiers.size() ? 0 : next + 1;
-    }
-    if (!areFound) state.SkipWithError("a text was not found");
+    const double time = tests::TimeOf([&] {
+        for (const auto& id : identifiers) areFound = find(id) && areFound;
+    });
+    tests::Require(areFound, "a text was not found");
+    return time / static_cast<double>(identifiers.size());
 }
 
-struct Ours {
-    Ours() {
-        reader.UseLanguageFolder([] { return String(u"\\language"); });
-    }
+void Compare(int texts) {
+    const std::string bytes = LanguageFile(texts);
+    std::ofstream(Root() / "K4TBackProcess.txt", std::ios::binary) << bytes;
     DiskFiles files;
     runtime::headless::MemorySettings settings;
     runtime::headless::PlainLocale locale;
     kernel_api::builtin::BuiltInReader reader{files, settings, locale};
-};
+    reader.UseLanguageFolder([] { return String(u"\\language"); });
+    const kernel_api::builtin::TextFile loaded(bytes);
+    const std::string domain = MakeCatalogue(texts);
+    const auto wide = Shuffled(WideIdentifier, texts);
+    const auto narrow = Shuffled(Identifier, texts);
 
-void Reader(benchmark::State& state) {
-    Ours ours;
-    const auto identifiers = Shuffled(WideIdentifier);
-    ours.reader.GetText(u"", u"1");
-    Run(state, identifiers, [&](const String& id) { return !ours.reader.GetText({}, id).empty(); });
+    const auto peer = [&] {
+        return TimeOfEach(narrow, [&](const auto& id) { return dgettext(domain.c_str(), id.c_str()) != id.c_str(); });
+    };
+    const auto inOperations = [&] {
+        std::optional<runtime::Operation> operation;
+        int asked = 0;
+        return TimeOfEach(wide, [&](const auto& id) {
+            if (asked++ % kTextsOfAForm == 0) {
+                operation.reset();
+                operation.emplace();
+            }
+            return !reader.GetText({}, id).empty();
+        });
+    };
+    const std::string among = " of " + std::to_string(texts);
+    tests::Measure({"text by identifier, reader," + among, "gettext", 1.0, 5}, inOperations, peer);
+    tests::Measure(
+        {"text by identifier, loaded texts," + among, "gettext", 0.6, 5},
+        [&] { return TimeOfEach(wide, [&](const auto& id) { return loaded.Find(id) != nullptr; }); }, peer);
 }
-
-void LoadedTexts(benchmark::State& state) {
-    const kernel_api::builtin::TextFile texts(LanguageFile());
-    const auto identifiers = Shuffled(WideIdentifier);
-    Run(state, identifiers, [&](const String& id) { return texts.Find(id) != nullptr; });
-}
-
-void Gettext(benchmark::State& state) {
-    const auto identifiers = Shuffled(Identifier);
-    Run(state, identifiers, [](const std::string& id) { return dgettext(kDomain, id.c_str()) != id.c_str(); });
-}
-
-void Load(benchmark::State& state) {
-    const std::string bytes = LanguageFile();
-    for (auto _ : state) benchmark::DoNotOptimize(kernel_api::builtin::TextFile(bytes).Count());
-}
-
-BENCHMARK(Reader);
-BENCHMARK(LoadedTexts);
-BENCHMARK(Gettext);
-BENCHMARK(Load)->Unit(benchmark::kMillisecond);
-
-/// Prints the usual table, then the ratios.
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-    void ReportRuns(const std::vector<Run>& runs) override {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) times_[run.run_name.function_name] = run.GetAdjustedCPUTime();
-    }
-
-    void Finalize() override {
-        for (const char* ours : {"Reader", "LoadedTexts"}) {
-            if (times_.contains(ours) && times_.contains("Gettext"))
-                std::printf("%s/gettext %.2f\n", ours, times_[ours] / times_["Gettext"]);
-        }
-    }
-
- private:
-    std::map<std::string, double> times_;
-};
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-    std::ofstream(Root() / "K4TBackProcess.txt", std::ios::binary) << LanguageFile();
-    MakeCatalogue();
-    RatioReporter reporter;
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
+int main() {
+    for (const int texts : {10, 100, 1'000, 10'000, 100'000}) Compare(texts);
 }

@@ -1,18 +1,14 @@
 // Compares the time to localise a form with the time to set a caption and a font on each of its controls directly. Both
-// use the same texts in memory and start with a freshly loaded form. Prints the ratio and the time per control.
-//     LocalisationBench [ROUNDS]
-#include <cstdio>
+// use the same texts in memory and start with a freshly loaded form.
 #include <functional>
 #include <string>
 
-#include "host/Composition.h"
 #include "runtime/Form.h"
 #include "services/Localisation.h"
 #include "services/MessageTexts.h"
 #include "services/ProcessValues.h"
-#include "tests/bench/Timing.h"
-#include "tests/support/InMemoryKernel.h"
-#include "tests/support/MemoryPorts.h"
+#include "tests/bench/Row.h"
+#include "tests/support/ComponentFixture.h"
 
 namespace {
 
@@ -20,7 +16,7 @@ using runtime::Control;
 using runtime::ControlKind;
 using runtime::String;
 
-/// A form with labels, buttons and pictures in turn, each with its own tag.
+/// Labels, buttons and pictures in turn, each with a tag of its own.
 class WideForm : public runtime::Form {
  public:
     explicit WideForm(int controls) : Form({.name = u"wide", .inner = {9000, 9000}}) {
@@ -56,33 +52,39 @@ double MicrosecondsOf(WideForm& form, runtime::headless::MemoryFiles& files,
                       const std::function<void(runtime::Form&)>& action) {
     form.Unload();
     form.EnsureLoaded();
-    // The in-memory files log each look-up. The log must not grow from round to round.
+    // The twin notes each look-up; its notes must not grow from round to round.
     files.ClearLog();
-    return tests::TimeOf<std::micro>([&] { action(form); });
+    return tests::TimeOf([&] { action(form); });
 }
 
-void Compare(int controls, int rounds, runtime::headless::MemoryFiles& files) {
+void Compare(int controls, runtime::headless::MemoryFiles& files) {
     WideForm form(controls);
-    const tests::Medians times = tests::InTurns(
-        0, rounds, [&] { return MicrosecondsOf(form, files, services::LocaliseForm); },
+    tests::Measure(
+        {"localising " + std::to_string(controls) + " controls", "a plain loop", 1.3, 5},
+        [&] { return MicrosecondsOf(form, files, services::LocaliseForm); },
         [&] { return MicrosecondsOf(form, files, SetEach); });
-    std::printf("%6d controls: %6.2f us a control, plain loop %6.2f us, ratio %.2f\n", controls, times.ours / controls,
-                times.theirs / controls, times.Ratio());
 }
+
+/// The fixture of component tests, without a test.
+class Bench : public tests::HeadlessComponentTest {
+ public:
+    Bench() {
+        memory_.files.AddFile(u"C:\\de\\K4TBackProcess.txt", TextsFor(kLargest));
+        reader_.UseLanguageFolder([] { return String(u"C:\\de"); });
+        services::Values().uiFont = {u"Arial", 9, 0};
+    }
+    void Run() {
+        for (const int controls : {10, 100, 1'000, kLargest}) Compare(controls, memory_.files);
+    }
+
+ private:
+    static constexpr int kLargest = 10'000;
+
+    void TestBody() override {}
+};
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    constexpr int kLargest = 10'000;
-    constexpr int kRounds = 31;
-    const int rounds = tests::CountFrom(argc, argv, kRounds);
-
-    tests::MemoryPorts memory;
-    const runtime::Ports ports = memory.All();
-    tests::InMemoryKernel kernel;
-    host::Composition composition(ports, kernel);
-    memory.files.AddFile(u"C:\\de\\K4TBackProcess.txt", TextsFor(kLargest));
-    composition.Reader().UseLanguageFolder([] { return String(u"C:\\de"); });
-    services::Values().uiFont = {u"Arial", 9, 0};
-    for (const int controls : {100, 1'000, kLargest}) Compare(controls, rounds, memory.files);
+int main() {
+    Bench().Run();
 }
