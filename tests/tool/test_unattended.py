@@ -79,6 +79,18 @@ class Unattended(ToolTestCase):
         self.check_client(running.bin_folder / "examples" / "client.exe")
         self.check_client("cscript.exe", "//nologo", windows_path(EXAMPLES / "client.vbs"))
 
+    def test_the_trace_shows_the_answers(self):
+        trace = self.folder / "trace.txt"
+        environment = {**UNATTENDED, "K4TBACKPROCESS_TRACE": windows_path(trace)}
+        run(self.tool, "msgbox", "Overwrite?", environment=environment)
+        run(self.tool, "query", "--kind", "1", "", environment=environment)
+        run("cscript.exe", "//nologo", windows_path(EXAMPLES / "client.vbs"), BAD_FOLDER, environment=environment)
+        lines = trace.read_text(encoding="utf-8")
+        self.assertEqual(lines.count(" unattended=[1]"), 3)
+        answers = re.findall(r" ((?:message|question) answered .*?) ms=", lines)
+        self.assertEqual(answers[:3], ["message answered answer=[2]", "question answered answer=[] index=[-1]",
+                                       "message answered answer=[1]"])
+
     def test_the_screen_stays_empty(self):
         with LiveHost(BAD_FOLDER, program=self.tool, environment=UNATTENDED) as host:
             self.assertEqual(host.ask(b"create"), b"1 created\n")
