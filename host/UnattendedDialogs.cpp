@@ -72,7 +72,7 @@ std::int32_t UnattendedDialogs::Show(StringView prompt, std::int32_t flags, Stri
                                      const runtime::MessageHelp& /*help*/) {
     const auto buttons = static_cast<std::size_t>(flags & kButtonBits);
     if (buttons >= kSystemBoxAnswers.size()) {
-        throw runtime::ErrorAbout(runtime::kInvalidProcedureCall, u"no message box has such buttons");
+        throw runtime::ErrorAbout(runtime::kInvalidProcedureCall, u"unknown buttons of a message box");
     }
     const Answer& answer = kSystemBoxAnswers[buttons];
     Note(u"message", answer.name, title, prompt);

@@ -72,7 +72,7 @@ class Words {
 const VerbForm& FindVerb(StringView name) {
     const auto verb = std::find_if(kVerbs.begin(), kVerbs.end(), [&](const VerbForm& row) { return row.name == name; });
     if (verb == kVerbs.end())
-        throw HostScriptError("there is no command " + Quoted(name) + "; 'backproc help host' lists them");
+        throw HostScriptError("unknown command " + Quoted(name) + "; 'backproc help host' lists the commands");
     return *verb;
 }
 
@@ -99,7 +99,7 @@ std::int16_t ToMode(StringView word) {
 }
 
 StringView Required(const std::string& command, StringView word, const char* what) {
-    if (word.empty()) throw HostScriptError("'" + command + "' needs a " + what);
+    if (word.empty()) throw HostScriptError("'" + command + "' requires a " + what);
     return word;
 }
 
@@ -134,7 +134,7 @@ HostCommand ParseHostCommand(StringView line) {
     if (TakesText(row.form)) {
         command.text = words.Rest();
     } else if (const StringView more = words.Next(); !more.empty()) {
-        throw HostScriptError(Quoted(more) + " is one word too many for '" + given + "'");
+        throw HostScriptError("unexpected argument " + Quoted(more) + " for '" + given + "'");
     }
     return command;
 }

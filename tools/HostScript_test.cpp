@@ -54,14 +54,14 @@ TEST(HostScript, Send_TakesModuleAndRest) {
     EXPECT_EQ(ParseHostCommand(u"send 2 M X,1 "), ForModule(HostVerb::kSend, u"M", 0, u"X,1 "));
     EXPECT_EQ(ParseHostCommand(u"send 2 M"), ForModule(HostVerb::kSend, u"M", 0, std::nullopt));
     EXPECT_EQ(ParseHostCommand(u"sendall 1 OPEN"), WithNumber(HostVerb::kSendAll, 1, u"OPEN"));
-    EXPECT_EQ(ErrorOf(u"send 1"), "'send' needs a module");
+    EXPECT_EQ(ErrorOf(u"send 1"), "'send' requires a module");
 }
 
 TEST(HostScript, Shell_TakesModuleModeAndRest) {
     EXPECT_EQ(ParseHostCommand(u"shell 2 M -3 a,b"), ForModule(HostVerb::kShell, u"M", -3, u"a,b"));
     EXPECT_EQ(ParseHostCommand(u"shell 2 M -32768 "), ForModule(HostVerb::kShell, u"M", -32768, u""));
     EXPECT_EQ(ParseHostCommand(u"shell 2 M 32767"), ForModule(HostVerb::kShell, u"M", 32767, std::nullopt));
-    EXPECT_EQ(ErrorOf(u"shell 2 M"), "'shell' needs a mode");
+    EXPECT_EQ(ErrorOf(u"shell 2 M"), "'shell' requires a mode");
     EXPECT_EQ(ErrorOf(u"shell 2 M 32768 x"), "MODE must be a whole number from -32768 to 32767, not '32768'");
 }
 
@@ -76,8 +76,8 @@ TEST(HostScript, TextOfAMillionCharacters_IsParsed) {
 }
 
 TEST(HostScript, UnknownCommand_IsNamed) {
-    EXPECT_EQ(ErrorOf(u"Create"), "there is no command 'Create'; 'backproc help host' lists them");
-    EXPECT_EQ(ErrorOf(u"loadx 1"), "there is no command 'loadx'; 'backproc help host' lists them");
+    EXPECT_EQ(ErrorOf(u"Create"), "unknown command 'Create'; 'backproc help host' lists the commands");
+    EXPECT_EQ(ErrorOf(u"loadx 1"), "unknown command 'loadx'; 'backproc help host' lists the commands");
 }
 
 TEST(HostScript, WrongNumber_IsNamed) {
@@ -87,10 +87,10 @@ TEST(HostScript, WrongNumber_IsNamed) {
 }
 
 TEST(HostScript, MissingAndSurplusWords_AreNamed) {
-    EXPECT_EQ(ErrorOf(u"notify"), "'notify' needs a number");
-    EXPECT_EQ(ErrorOf(u"get "), "'get' needs a key");
-    EXPECT_EQ(ErrorOf(u"create 1"), "'1' is one word too many for 'create'");
-    EXPECT_EQ(ErrorOf(u"get a b"), "'b' is one word too many for 'get'");
+    EXPECT_EQ(ErrorOf(u"notify"), "'notify' requires a number");
+    EXPECT_EQ(ErrorOf(u"get "), "'get' requires a key");
+    EXPECT_EQ(ErrorOf(u"create 1"), "unexpected argument '1' for 'create'");
+    EXPECT_EQ(ErrorOf(u"get a b"), "unexpected argument 'b' for 'get'");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "tools/LineReader.h"
 #include "tools/MessagePump.h"
 #include "tools/ModuleHost.h"
+#include "tools/Usage.h"
 #include "tools/Verbs.h"
 
 namespace tools {
@@ -103,7 +104,7 @@ std::optional<String> ScriptFile(const Arguments& arguments) {
     for (const String& argument : arguments) {
         // The component reads this argument from the process's command line.
         if (IsSystemFolder(argument)) continue;
-        if (file) throw UsageError("takes one FILE at most; " + Quoted(argument) + " is another one");
+        if (file) throw UnexpectedArgument(argument);
         file = argument;
     }
     return file;

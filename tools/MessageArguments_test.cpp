@@ -43,14 +43,14 @@ TEST(MessageArguments, BackslashN_IsALineBreakInThePromptOnly) {
 }
 
 TEST(MessageArguments, WrongArguments_AreNamed) {
-    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({}), "PROMPT is missing");
-    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--"}), "PROMPT is missing");
-    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags", u"8"}), "PROMPT is missing");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({}), "missing argument PROMPT");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--"}), "missing argument PROMPT");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags", u"8"}), "missing argument PROMPT");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"b"}), "unexpected argument 'b'");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"--"}), "unexpected argument '--'");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"a", u"--flags", u"8"}), "unexpected argument '--flags'");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--", u"--flags", u"8"}), "unexpected argument '8'");
-    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags"}), "'--flags' needs a value");
+    EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags"}), "option '--flags' requires a value");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flag", u"8", u"a"}), "unknown option '--flag'");
     EXPECT_EQ(ComplaintOf<ReadMessageArguments>({u"--flags", u"", u"a"}),
               "--flags must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not ''");

@@ -186,7 +186,7 @@ void ModuleHost::PrintStrings() {
 }
 
 void ModuleHost::PrintState() {
-    if (instances_.empty()) throw HostScriptError("'state' needs an instance; 'create' makes one");
+    if (instances_.empty()) throw HostScriptError("'state' requires an instance; create one with 'create'");
     const auto diagnostics = DiagnosticsOf(*instances_.begin()->second.Get());
     Bstr name;
     Bstr folder;
@@ -214,7 +214,7 @@ ModuleHost::Instance ModuleHost::NewInstance(std::int32_t number) {
 _clsQmxBackProcess& ModuleHost::Find(std::int32_t number) const {
     const auto instance = instances_.find(number);
     if (instance == instances_.end())
-        throw HostScriptError("there is no instance " + std::to_string(number) + "; 'create' makes one");
+        throw HostScriptError("there is no instance " + std::to_string(number) + "; create one with 'create'");
     return *instance->second.Get();
 }
 

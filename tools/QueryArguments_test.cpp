@@ -57,11 +57,11 @@ TEST(QueryArguments, BackslashN_IsALineBreakExceptInTheFolder) {
 }
 
 TEST(QueryArguments, WrongArguments_AreNamed) {
-    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({}), "--kind is missing");
-    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"x"}), "--kind is missing");
-    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"1"}), "VALUE0 is missing");
-    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"1", u"--"}), "VALUE0 is missing");
-    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind"}), "'--kind' needs a value");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({}), "missing option --kind");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"x"}), "missing option --kind");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"1"}), "missing argument VALUE0");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"1", u"--"}), "missing argument VALUE0");
+    EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind"}), "option '--kind' requires a value");
     EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"one", u"x"}),
               "--kind must be a number from -2147483648 to 2147483647, or from 0x0 to 0xFFFFFFFF, not 'one'");
     EXPECT_EQ(ComplaintOf<ReadQueryArguments>({u"--kind", u"3", u"--index", u"", u"x"}),

@@ -79,7 +79,7 @@ void RequireNoOther(Scope scope) {
     const char* const holder = other == Scope::kUser ? "the user" : "the machine";
     const char* const command =
         other == Scope::kUser ? "'backproc unregister --user'" : "'backproc unregister' as an administrator";
-    throw std::runtime_error(std::string("it is registered for ") + holder + " already: " + Display(*library) +
+    throw std::runtime_error(std::string("already registered for ") + holder + ": " + Display(*library) +
                              "; a user's registration hides the machine's, so run " + command + " first");
 }
 

@@ -65,7 +65,7 @@ void SetOne(SharedStrings& strings, const String& key, const String& value, Cons
 int RunStrings(const Arguments& arguments, Console& console) {
     const bool sets = !arguments.empty() && arguments[0] == u"set";
     if (!arguments.empty() && !sets && arguments[0] != u"get") {
-        throw UsageError("takes 'get', 'set' or nothing, not " + Quoted(arguments[0]));
+        throw UsageError("unknown action " + Quoted(arguments[0]) + "; expected 'get' or 'set'");
     }
     if (arguments.size() == 1) throw Missing("KEY");
     if (sets && arguments.size() == 2) throw Missing("VALUE");

@@ -127,7 +127,7 @@ int WriteTemplate(const TextsRequest& request, Console& console) {
     const std::filesystem::path path(*request.output);
     std::error_code ignored;
     if (std::filesystem::exists(path, ignored)) {
-        throw std::runtime_error(Quoted(*request.output) + " exists already; give a new file");
+        throw std::runtime_error(Quoted(*request.output) + " already exists; give a new file");
     }
     std::ofstream file(path, std::ios::binary);
     WriteTextTemplate(file, catalogue);

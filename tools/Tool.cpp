@@ -119,13 +119,13 @@ class Tool {
             const int code = verb.run(arguments, console_);
             console_.out.flush();
             if (console_.out) return code;
-            console_.err << "backproc " << verb.name << ": could not write all output (disk full or pipe closed)\n";
+            console_.err << "backproc " << verb.name << ": cannot write all output (disk full or pipe closed)\n";
         } catch (const UnknownOptionError& error) {
             return ReportUsage(verb, error.what() + DidYouMean(error.Option(), OptionsOf(verb)));
         } catch (const UsageError& error) {
             return ReportUsage(verb, error.what());
         } catch (const std::bad_alloc&) {
-            console_.err << "backproc " << verb.name << ": there is not enough memory for this\n";
+            console_.err << "backproc " << verb.name << ": out of memory\n";
         } catch (const std::exception& error) {
             console_.err << "backproc " << verb.name << ": " << error.what() << '\n';
         }

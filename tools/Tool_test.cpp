@@ -97,7 +97,7 @@ TEST_F(ToolTest, FailureOfADialog_HasItsOwnExitCode) {
 TEST_F(ToolTest, OutputThatCannotBeWritten_IsAFailure) {
     out.setstate(std::ios::badbit);
     EXPECT_EQ(Run({u"echo", u"a"}), 1);
-    EXPECT_EQ(err.str(), "backproc echo: could not write all output (disk full or pipe closed)\n");
+    EXPECT_EQ(err.str(), "backproc echo: cannot write all output (disk full or pipe closed)\n");
 }
 
 TEST_F(ToolTest, HelpOptionAfterArguments_ShowsTheHelp) {
@@ -145,7 +145,7 @@ TEST_F(ToolTest, HelpOptionBeforeArguments_ShowsTheHelp) {
 
 TEST_F(ToolTest, LackOfMemory_IsReported) {
     EXPECT_EQ(Run({u"huge"}), 1);
-    EXPECT_EQ(err.str(), "backproc huge: there is not enough memory for this\n");
+    EXPECT_EQ(err.str(), "backproc huge: out of memory\n");
 }
 
 TEST_F(ToolTest, BadUsageOfAVerb_PointsToItsHelp) {

@@ -30,7 +30,7 @@ std::optional<std::int32_t> Number(std::string_view text) {
 }  // namespace
 
 UsageError Missing(std::string_view name) {
-    return UsageError(std::string(name) + " is missing");
+    return UsageError((name.starts_with("--") ? "missing option " : "missing argument ") + std::string(name));
 }
 
 UsageError UnexpectedArgument(StringView argument) {
@@ -42,7 +42,7 @@ UnknownOptionError UnknownOption(StringView option) {
 }
 
 const String& ValueOf(const Arguments& arguments, std::size_t place) {
-    if (place + 1 == arguments.size()) throw UsageError(Quoted(arguments[place]) + " needs a value");
+    if (place + 1 == arguments.size()) throw UsageError("option " + Quoted(arguments[place]) + " requires a value");
     return arguments[place + 1];
 }
 

@@ -17,14 +17,15 @@ std::string ComplaintOf(const std::function<void()>& reading) {
 }
 
 TEST(Usage, EveryError_NamesTheArgument) {
-    EXPECT_STREQ(Missing("KEY").what(), "KEY is missing");
+    EXPECT_STREQ(Missing("KEY").what(), "missing argument KEY");
+    EXPECT_STREQ(Missing("--kind").what(), "missing option --kind");
     EXPECT_STREQ(UnexpectedArgument(u"a b").what(), "unexpected argument 'a b'");
     EXPECT_STREQ(UnknownOption(u"--kinds").what(), "unknown option '--kinds'");
 }
 
 TEST(Usage, ValueOf_ReturnsTheNextArgument) {
     EXPECT_EQ(ValueOf({u"--kind", u"1"}, 0), u"1");
-    EXPECT_EQ(ComplaintOf([] { ValueOf({u"1", u"--kind"}, 1); }), "'--kind' needs a value");
+    EXPECT_EQ(ComplaintOf([] { ValueOf({u"1", u"--kind"}, 1); }), "option '--kind' requires a value");
 }
 
 TEST(Usage, RequireAtMost_NamesTheFirstSurplusArgument) {

@@ -112,7 +112,7 @@ int RunWhere(const Arguments& arguments, Console& console) {
     const std::string kernelFailure = KernelFailure();
     const runtime::Ports& ports = runtime::CurrentPorts();
     if (!arguments.empty() && ports.process.CommandLine().find(u'"') == String::npos) {
-        console.err << "backproc where: " << Quoted(arguments[0]) << " does not count: it is not in double quotes\n";
+        console.err << "backproc where: " << Quoted(arguments[0]) << " is ignored: it is not in double quotes\n";
     }
     const String installFolder = services::GetInstallFolder();
     host::HostCommandLine given = host::ReadHostCommandLine();

@@ -40,7 +40,7 @@ int main() try {
     tools::Console console{std::cin, std::cout, std::cerr};
     return tools::RunTool(tools::AllVerbs(), K4T_VERSION, ProcessArguments(), console);
 } catch (const std::bad_alloc&) {
-    std::cerr << "backproc: there is not enough memory; end other programs, and try again\n";
+    std::cerr << "backproc: out of memory; end other programs and try again\n";
     // The verb may be unknown here. This code is no answer of any verb.
     return tools::kDialogFailure;
 }

@@ -7,7 +7,7 @@
 namespace runtime::win32 {
 
 GdiMeasure::GdiMeasure(HFONT font) : context_(CreateCompatibleDC(nullptr)), former_(nullptr) {
-    if (!context_) throw OutOfResources(u"nothing to measure texts with");
+    if (!context_) throw OutOfResources(u"cannot create a device context");
     former_ = SelectObject(context_, font);
 }
 

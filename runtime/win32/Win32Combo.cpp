@@ -27,7 +27,7 @@ Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlL
     parts.cbSize = sizeof parts;
     GetComboBoxInfo(Window(), &parts);
     edit_ = parts.hwndItem;
-    if (!edit_) throw OutOfResources(u"no text box in a combo box");
+    if (!edit_) throw OutOfResources(u"cannot create the text box of a combo box");
     // 0 removes the limit on the text's length.
     SendMessageW(edit_, EM_SETLIMITTEXT, 0, 0);
 }
@@ -60,7 +60,7 @@ void Win32Combo::SetFont(const Font& font) {
 
 void Win32Combo::Add(const String& item) {
     const LRESULT place = SendMessageW(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(NulsAsBlanks(item))));
-    if (place < 0) throw ErrorAbout(kOutOfMemory, u"no room for an item of a list");
+    if (place < 0) throw ErrorAbout(kOutOfMemory, u"cannot add an item to a list");
     extent_.Take(item);
 }
 

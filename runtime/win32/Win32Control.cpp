@@ -54,7 +54,7 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKin
     }
     window_ = CreateChild(reinterpret_cast<HWND>(parent.Handle()), system.Instance(), windowKind.className, L"",
                           WS_VISIBLE | windowKind.style, windowKind.extendedStyle, id);
-    if (!window_) throw OutOfResources(u"no window for a control");
+    if (!window_) throw OutOfResources(u"cannot create the window of a control");
 }
 
 Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
@@ -117,7 +117,7 @@ void Win32Control::SetAccessibleName(const String& name) {
         return;
     }
     name_ = CreateChild(GetParent(window_), system_.Instance(), WC_STATICW, Wide(shown), SS_NOPREFIX, 0, -1);
-    if (!name_) throw OutOfResources(u"no window for a control's name");
+    if (!name_) throw OutOfResources(u"cannot create the label that names a control");
     const auto putBehind = [](HWND window, HWND before) {
         SetWindowPos(window, before, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     };

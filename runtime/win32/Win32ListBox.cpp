@@ -20,7 +20,7 @@ void Win32ListBox::SetFont(const Font& font) {
 
 void Win32ListBox::Add(const String& item) {
     const LRESULT place = SendMessageW(Window(), LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(NulsAsBlanks(item))));
-    if (place < 0) throw ErrorAbout(kOutOfMemory, u"no room for an item of a list");
+    if (place < 0) throw ErrorAbout(kOutOfMemory, u"cannot add an item to a list");
     extent_.Take(item);
 }
 

@@ -43,7 +43,7 @@ bool IsQuitting() {
 std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) {
     const auto style = static_cast<UINT>(flags);
     // An unknown set of buttons has different effects on different versions of Windows.
-    if (!HasKnownButtons(style)) throw ErrorAbout(kInvalidProcedureCall, u"no message box has such buttons");
+    if (!HasKnownButtons(style)) throw ErrorAbout(kInvalidProcedureCall, u"unknown buttons of a message box");
     const String promptText = NulsAsBlanks(prompt);
     const String titleText = NulsAsBlanks(title);
     // A service's box is shown on the active desktop and must not have an owner.
@@ -73,7 +73,7 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     if (IsQuitting()) return IDCANCEL;
     // The box closes with its owner, which may be destroyed while the box is open.
     if (answer == 0 && owner && !IsWindow(owner)) return IDCANCEL;
-    if (answer == 0) throw OutOfResources(u"no message box", systemError);
+    if (answer == 0) throw OutOfResources(u"cannot show a message box", systemError);
     return answer;
 }
 

@@ -65,7 +65,7 @@ bool Exists(const String& mutexName) {
 }
 
 Error NoClaim(DWORD systemError) {
-    return OutOfResources(u"cannot create the mutex of the first process of a program", systemError);
+    return OutOfResources(u"cannot create the single-instance mutex", systemError);
 }
 
 /// Allows one thread of this process at a time to create or release a claim, across all copies of this code. The caller

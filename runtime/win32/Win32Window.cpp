@@ -56,7 +56,7 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
                     StyleOf(design.border), static_cast<int>(place.left), static_cast<int>(place.top),
                     static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top), nullptr,
                     nullptr, system.Instance(), this);
-    if (!window_) throw OutOfResources(u"no window for a form");
+    if (!window_) throw OutOfResources(u"cannot create the window of a form");
     ReportBounds();
     // Show the underlines of access keys from the start, also on systems that hide them until Alt is pressed.
     SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);

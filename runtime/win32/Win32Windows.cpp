@@ -99,9 +99,9 @@ void Win32Windows::RegisterWindowClasses() {
     windowClass.hInstance = instance_;
     windowClass.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     windowClass.lpszClassName = ClassName();
-    if (!RegisterClassExW(&windowClass)) throw OutOfResources(u"no window class for forms");
+    if (!RegisterClassExW(&windowClass)) throw OutOfResources(u"cannot register the window class of forms");
     if (!Win32Label::RegisterWindowClass(instance_)) {
-        const Error failure = OutOfResources(u"no window class for labels");
+        const Error failure = OutOfResources(u"cannot register the window class of labels");
         UnregisterClassW(ClassName(), instance_);
         throw failure;
     }

@@ -148,7 +148,7 @@ class Texts(ToolTestCase):
             path.write_text("kept")
             code, output, errors = tool("texts", "--template", "--output", windows_path(path))
             self.assertEqual((code, output, path.read_text()), (1, b"", "kept"))
-            self.assertIn(b"exists already; give a new file", errors)
+            self.assertIn(b"already exists; give a new file", errors)
         self.assertEqual(tool("texts", "--output", "x")[0], 2)
         self.assertEqual(tool("texts", "--template", "--check")[0], 2)
 

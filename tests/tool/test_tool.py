@@ -165,7 +165,7 @@ class WithComponent(ToolTestCase):
         code, output, errors = tool("register", "--user")
         library = windows_path(running.bin_folder / "K4TBackProcess.dll")
         self.assertEqual((code, output), (1, b""))
-        self.assertEqual(errors.decode(), f"backproc register: it is registered for the machine already: {library}; a user's "
+        self.assertEqual(errors.decode(), f"backproc register: already registered for the machine: {library}; a user's "
                                           "registration hides the machine's, so run 'backproc unregister' as an "
                                           "administrator first\n")
         self.assertEqual(run("reg.exe", "query", "HKCU\\Software\\Classes\\CLSID\\" + CLASS)[0], 1)
@@ -252,7 +252,7 @@ class WithComponent(ToolTestCase):
             code, output, errors = run(lone, "host", text=b"create\nrelease 1\n")
         self.assertEqual(code, 1)
         self.assertRegex(output, rb"^1 error 0x800A0035 File not found: QmxKrn2K\.dll[^\n]*\n$")
-        self.assertEqual(errors, b"backproc host: line 2: there is no instance 1; 'create' makes one\n")
+        self.assertEqual(errors, b"backproc host: line 2: there is no instance 1; create one with 'create'\n")
 
     def check_client(self, *command):
         code, output, errors = run(*command)
