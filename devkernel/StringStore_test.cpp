@@ -89,14 +89,6 @@ TEST(StringStore, HasNothingAtFirst) {
     EXPECT_EQ(store.FirstKey(), std::nullopt);
 }
 
-TEST(StringStore, ReturnsTheLastValueSet) {
-    HeapMemory memory(kRoom);
-    StringStore store(memory);
-    EXPECT_TRUE(store.Set("INITBP", "INIT"));
-    EXPECT_TRUE(store.Set("INITBP", "TERM"));
-    EXPECT_THAT(store.Get("INITBP"), Optional(std::string("TERM")));
-}
-
 TEST(StringStore, EmptyValueDiffersFromNoValue) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
@@ -120,16 +112,6 @@ TEST(StringStore, KeepsEveryByte) {
     const std::string value("\0\xFF,\n\0", 5);
     store.Set(value, value);
     EXPECT_THAT(store.Get(value), Optional(value));
-}
-
-TEST(StringStore, SharesItsStringsWithOtherStoresOfTheSameMemory) {
-    HeapMemory memory(kRoom);
-    StringStore one(memory);
-    StringStore two(memory);
-    one.Set("JobDir", "C:\\JOB");
-    EXPECT_THAT(two.Get("JobDir"), Optional(std::string("C:\\JOB")));
-    two.Set("JobDir", "D:\\JOB");
-    EXPECT_THAT(one.Get("JobDir"), Optional(std::string("D:\\JOB")));
 }
 
 TEST(StringStore, ListsItsKeysInByteOrder) {

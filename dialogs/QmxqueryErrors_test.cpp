@@ -29,12 +29,6 @@ TEST_F(Query, UnloadedByOtherCode_IsCancel) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(Query, RequestToQuitCancelsAndStaysPending) {
-    EXPECT_EQ(Ask({.values = {u"abc"}}, [this](MemoryWindow&) { memory_.windows.Quit(); }), kNoAnswer);
-    EXPECT_TRUE(memory_.windows.quitting);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-}
-
 TEST_F(Query, NoFirstElement_FailsBeforeTheDialogShows) {
     Question question{.values = {}, .index = 4};
     EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kSubscriptOutOfRange);
@@ -110,32 +104,15 @@ TEST_F(Query, IndexOutsideTheList_ErrorAndDialogIsClosed) {
 TEST_F(Query, ErrorDuringTheWait_CallersValuesStay) {
     runtime::SetMousePointer(runtime::kHourglassPointer);
     Question question{.values = {u"abc "}, .index = 7};
-    Queue([](MemoryWindow&) { throw runtime::Error(runtime::kOverflow); });
+    Queue([](MemoryWindow&) {
+        EXPECT_EQ(runtime::MousePointer(), runtime::kDefaultPointer);
+        throw runtime::Error(runtime::kOverflow);
+    });
     EXPECT_EQ(ErrorOf([&] { tests::AskFor(question); }), runtime::kOverflow);
     EXPECT_EQ(question.values[0], u"abc");
     EXPECT_EQ(question.index, 7);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
     EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
-}
-
-TEST_F(Query, BusyPointerIsRestored) {
-    runtime::SetMousePointer(runtime::kHourglassPointer);
-    Look({}, [](MemoryWindow&) { EXPECT_EQ(runtime::MousePointer(), runtime::kDefaultPointer); });
-    EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
-}
-
-TEST_F(Query, OtherWindowsAreDisabledUntilTheDialogCloses) {
-    runtime::Form owner({.name = u"owner", .caption = u"", .inner = {3000, 1500}});
-    owner.SetVisible(true);
-    MemoryWindow& ownerWindow = memory_.windows.Last();
-    std::vector<bool> enabledWhenWindowsGo;
-    memory_.windows.onWindowGoes = [&] { enabledWhenWindowsGo.push_back(ownerWindow.enabled); };
-    Look({}, [&](MemoryWindow& dialog) {
-        EXPECT_FALSE(ownerWindow.enabled);
-        EXPECT_TRUE(dialog.enabled);
-    });
-    memory_.windows.onWindowGoes = nullptr;
-    EXPECT_THAT(enabledWhenWindowsGo, ElementsAre(true));
 }
 
 TEST_F(Query, OtherWindowIsShownDuringTheDialog_IsDisabled) {
@@ -147,28 +124,6 @@ TEST_F(Query, OtherWindowIsShownDuringTheDialog_IsDisabled) {
         EXPECT_FALSE(otherWindow.enabled);
     });
     EXPECT_TRUE(otherWindow.enabled);
-}
-
-TEST_F(Query, QuestionInsideAQuestionHasItsOwnAnswer) {
-    Answer inner = kNoAnswer;
-    const Answer outer = Ask({.values = {u"outer"}}, [&](MemoryWindow& dialog) {
-        inner = Ask({.kind = 3, .values = {u"", u"A", u"B"}, .index = 1}, PressEnter);
-        EXPECT_EQ(dialog.Control(u"txtText").text, u"outer");
-        Click(dialog, u"cmdAccept");
-    });
-    EXPECT_EQ(inner, (Answer{u"B", 2}));
-    EXPECT_EQ(outer, (Answer{u"outer", 0}));
-}
-
-TEST_F(Query, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
-    Answer inner = kNoAnswer;
-    const Answer outer = Ask({.values = {u"outer"}}, [&](MemoryWindow&) {
-        runtime::LoadedForms().At(0).Unload();
-        inner = Ask({.values = {u"inner"}}, PressEnter);
-    });
-    EXPECT_EQ(inner, (Answer{u"inner", 0}));
-    EXPECT_EQ(outer, kNoAnswer);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
 TEST_F(Query, OpenDialog_RefusesAnotherQuestion) {

@@ -197,31 +197,6 @@ TEST_F(Query, TypingReplacesTheInitialText) {
     }
 }
 
-TEST_F(Query, ComboReturnsThePickedItem) {
-    const auto pick = [](MemoryWindow& dialog) {
-        dialog.Press(runtime::kKeyDown);
-        dialog.Press(runtime::kKeyDown);
-        PressEnter(dialog);
-    };
-    EXPECT_EQ(Ask({.kind = 2, .values = {u"X", u"Y", u"Z"}}, pick), (Answer{u"Z", 0}));
-}
-
-TEST_F(Query, KeysSelectItemsInLists) {
-    for (const std::int32_t kind : {3, 5}) {
-        const auto answerTo = [this, kind](const User& keys) {
-            const Question question{.kind = kind, .values = {u"", u"Ant", u"Bee", u"Cat"}, .index = 1};
-            return Ask(question, [kind, &keys](MemoryWindow& dialog) {
-                for (int i = 0; i < 2 && kind == kList; ++i) dialog.Press(runtime::kKeyTab);
-                keys(dialog);
-                PressEnter(dialog);
-            });
-        };
-        EXPECT_EQ(answerTo([](MemoryWindow& dialog) { dialog.Press(runtime::kKeyDown); }), (Answer{u"Cat", 3}));
-        EXPECT_EQ(answerTo([](MemoryWindow& dialog) { dialog.Press(runtime::kKeyUp); }), (Answer{u"Ant", 1}));
-        EXPECT_EQ(answerTo([](MemoryWindow& dialog) { dialog.Type(u"c"); }), (Answer{u"Cat", 3}));
-    }
-}
-
 TEST_F(Query, EnterInTheTextBlock_StartsALine) {
     const auto type = [](MemoryWindow& dialog) {
         dialog.Press(runtime::kKeyTab);
@@ -233,20 +208,6 @@ TEST_F(Query, EnterInTheTextBlock_StartsALine) {
         Click(dialog, u"cmdAccept");
     };
     EXPECT_EQ(Ask({.kind = 4, .values = {u"abc"}}, type), (Answer{u"a\r\nb", 0}));
-}
-
-TEST_F(Query, HeldEnter_WritesLinesButDoesNotAccept) {
-    for (const std::int32_t kind : {1, 2, 3, 5}) {
-        Look({.kind = kind, .values = {u"abc", u"A"}},
-             [](MemoryWindow& dialog) { EXPECT_TRUE(dialog.Events().KeyDown(runtime::kKeyEnter, 0, true)); });
-    }
-    Look({.kind = 4}, [](MemoryWindow& dialog) {
-        dialog.Press(runtime::kKeyTab);
-        dialog.Press(runtime::kKeyTab);
-        EXPECT_TRUE(dialog.Events().KeyDown(runtime::kKeyEnter, 0, true));
-        PressEnter(dialog);
-        EXPECT_FALSE(dialog.Events().KeyDown(runtime::kKeyEnter, 0, true));
-    });
 }
 
 TEST_F(Query, OtherCharactersReachTheControls) {

@@ -204,11 +204,6 @@ TEST_F(MessageBox, BlanksAndControlCharactersAreNotResent) {
     EXPECT_EQ(memory_.windows.altKeys, u"5(~");
 }
 
-TEST_F(MessageBox, HiddenByOtherProgram_IsCancel) {
-    EXPECT_EQ(Ask(8, [](MemoryWindow& box) { box.OthersHide(); }), 2);
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-}
-
 TEST_F(MessageBox, ClosedAfterAnEarlierAnswer_IsCancel) {
     EXPECT_EQ(AskAndPress(8, runtime::kKeyEnter), 6);
     EXPECT_EQ(Ask(8, [](MemoryWindow& box) { box.Events().Closing(runtime::UnloadReason::kUser); }), 2);
@@ -409,65 +404,6 @@ TEST_F(MessageBox, TranslatedCaptionsHaveTheirOwnAccessKeys) {
     };
     EXPECT_EQ(type(u'j'), 6);
     EXPECT_EQ(type(u'\u00FC'), 7);
-}
-
-TEST_F(MessageBox, KeysHeldSinceBeforeTheBoxOpened_DoNotAnswer) {
-    const auto answer = Ask(8 + 0x100, [this](MemoryWindow& box) {
-        for (const auto key : {runtime::kKeyEnter, runtime::kKeySpace, runtime::kKeyEscape}) {
-            EXPECT_TRUE(box.Events().KeyDown(key, 0, true)) << key;
-        }
-        EXPECT_TRUE(box.visible);
-        memory_.windows.Post([&box] { box.Events().KeyDown(runtime::kKeyEnter, 0); });
-    });
-    EXPECT_EQ(answer, 7);
-}
-
-TEST_F(MessageBox, HeldTabMovesTheFocus) {
-    EXPECT_EQ(Ask(8,
-                  [](MemoryWindow& box) {
-                      box.Events().KeyDown(runtime::kKeyTab, 0);
-                      box.Events().KeyDown(runtime::kKeyTab, 0, true);
-                      box.Events().KeyDown(runtime::kKeyEnter, 0);
-                  }),
-              8);
-}
-
-TEST_F(MessageBox, SharedAccessKey_MovesTheFocusAndPressesNoButton) {
-    class DoubtfulBox : public frmQMXMsgBox {
-        void OnLoad() override {
-            Controls().at(2)->SetText(u"&Same");
-            Controls().at(4)->SetText(u"The &same");
-        }
-    } box;
-    const auto typeAndEnter = [&](int times) {
-        memory_.windows.Post([this, times] {
-            auto& events = memory_.windows.Last().Events();
-            for (int i = 0; i < times; ++i) events.KeyPress(u's');
-            memory_.windows.Post([&events] { events.KeyDown(runtime::kKeyEnter, 0); });
-        });
-        return box.ShowMe(u"p", 0x100, u"t");
-    };
-    // The focus starts on No. The third button, Cancel and the first button follow in tab order.
-    EXPECT_EQ(typeAndEnter(1), 8);
-    EXPECT_EQ(typeAndEnter(2), 6);
-    EXPECT_EQ(typeAndEnter(3), 8);
-}
-
-TEST_F(MessageBox, NoTabStops_TabStillMovesTheFocus) {
-    class StoplessBox : public frmQMXMsgBox {
-        void OnLoad() override {
-            for (const auto& control : Controls())
-                if (control->TakesFocus()) control->SetTabStop(false);
-        }
-    } box;
-    memory_.windows.Post([this] {
-        auto& events = memory_.windows.Last().Events();
-        events.KeyDown(runtime::kKeyTab, 0);
-        events.KeyDown(runtime::kKeyTab, runtime::kShift);
-        events.KeyDown(runtime::kKeyTab, 0);
-        events.KeyDown(runtime::kKeyEnter, 0);
-    });
-    EXPECT_EQ(box.ShowMe(u"p", 0x100, u"t"), 8);
 }
 
 }  // namespace

@@ -459,12 +459,5 @@ TEST_F(Help, OpenedForATopic_UnloadClosesItOnce) {
     EXPECT_EQ(memory_.help.calls.size(), 2U);
 }
 
-TEST_F(Help, OpenedAtItsContents_StaysOpenAfterTheUnload) {
-    form_.EnsureLoaded();
-    services::ShowHelpContents();
-    form_.Unload();
-    EXPECT_EQ(memory_.help.calls.size(), 1U);
-}
-
 }  // namespace
 }  // namespace host

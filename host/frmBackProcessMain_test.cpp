@@ -210,14 +210,6 @@ TEST_F(MainFormUnload, UnloadsDialogsLoadedBeforeIt) {
     EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
 }
 
-TEST_F(MainFormUnload, UnloadFromInsideShutdownIsHarmless) {
-    const auto again = form_.NotifyClass().Connect([&](String&, String&) { form_.Unload(); });
-    form_.EnsureLoaded();
-    form_.Unload();
-    EXPECT_FALSE(form_.IsLoaded());
-    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
-}
-
 using MainFormUnloadInMemory = MainFormOver<tests::HeadlessComponentTest>;
 
 TEST_F(MainFormUnloadInMemory, UnloadBegins_PlacementIsAlreadySaved) {

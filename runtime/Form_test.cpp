@@ -90,14 +90,6 @@ TEST_F(FormLife, AccessAfterUnload_LoadsTheDesignValues) {
     EXPECT_EQ(form_.Bar().Text(), u"ready");
 }
 
-TEST_F(FormLife, LoadHandlerUnloads_AccessIsError364) {
-    form_.onLoad = [&] { form_.Unload(); };
-    EXPECT_EQ(ErrorOf([&] { form_.Caption(); }), kObjectWasUnloaded);
-    EXPECT_FALSE(form_.IsLoaded());
-    EXPECT_EQ(LoadedForms().Count(), 0u);
-    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
-}
-
 TEST_F(FormLife, PropertiesInsideTheLoadHandlerDoNotLoadAgain) {
     form_.onLoad = [&] { form_.SetCaption(u"From load"); };
     EXPECT_EQ(form_.Caption(), u"From load");
@@ -190,14 +182,6 @@ TEST_F(FormProperties, SizeWithTheSamePixels_RaisesNoResize) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
 }
 
-TEST_F(FormProperties, SizeMayExceedTheScreen) {
-    const Size screen = ScreenSize();
-    form_.SetWidth(screen.width * 2);
-    form_.SetHeight(screen.height * 2);
-    EXPECT_EQ(form_.Width(), screen.width * 2);
-    EXPECT_GT(form_.InnerSize().height, screen.height);
-}
-
 TEST_F(FormProperties, SizingRaisesResizeAndMovingDoesNot) {
     form_.Move(0, 0);
     EXPECT_THAT(form_.log, ElementsAre("load"));
@@ -205,16 +189,6 @@ TEST_F(FormProperties, SizingRaisesResizeAndMovingDoesNot) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
     form_.SetWidth(6000);
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
-}
-
-TEST_F(FormProperties, ResizeHandlerMaySizeTheForm) {
-    form_.onResize = [&] {
-        if (form_.Width() < 8000) form_.SetWidth(8000);
-        if (form_.Height() < 3000) form_.SetHeight(3000);
-    };
-    form_.SetWidth(5000);
-    EXPECT_EQ(form_.Width(), OnPixels(8000));
-    EXPECT_EQ(form_.Height(), OnPixels(3000));
 }
 
 TEST_F(FormProperties, StatusBarStaysDockedAtTheBottom) {
@@ -371,13 +345,6 @@ TEST_F(FormInMemory, OtherProgramHidesAModalForm_ShowModalReturns) {
     form_.ShowModal();
     EXPECT_FALSE(form_.Visible());
     EXPECT_TRUE(form_.IsLoaded());
-}
-
-TEST_F(FormInMemory, SetTopMost_ReachesTheWindowEachTime) {
-    form_.SetTopMost(true);
-    form_.SetTopMost(true);
-    form_.SetTopMost(false);
-    EXPECT_THAT(memory_.windows.Last().topMost, ElementsAre(true, true, false));
 }
 
 TEST_F(FormInMemory, HandlerFails_DoEventsThrowsTheError) {

@@ -209,58 +209,32 @@ TEST(TextLayout, HugeSizes_AreLimitedToTheLargestInt) {
 
 constexpr std::size_t kMillion = 1'000'000;
 
-TEST(TextLayoutCost, MeasuresEachOnceWithoutWrapping) {
+TEST(TextLayoutCost, ManyCharacters_AFewTimesTheirNumberIsMeasured) {
+    String words;
+    while (words.size() < kMillion) words += u"a bcdefghi ";
+    for (const String& text : {String(kMillion, u'a'), words}) {
+        for (const int width : {1, 9, 100, 100'000, kNoWrap}) {
+            UnitMeasure measure;
+            LayOut(text, width, measure);
+            EXPECT_LE(measure.calls, 2 * text.size()) << width;
+            EXPECT_LE(measure.units, 9 * text.size()) << width;
+            EXPECT_LE(measure.longestRun, TextMeasure::kMaxRun) << width;
+        }
+    }
+}
+
+TEST(TextLayoutCost, OneLine_IsMeasuredOnceInLongRuns) {
     UnitMeasure measure;
     EXPECT_EQ(LayOut(String(kMillion, u'a'), kNoWrap, measure).width, 1'000'000);
-    EXPECT_EQ(measure.calls, 977U);  // 976 runs of 1024 and one of 576
     EXPECT_EQ(measure.units, kMillion);
-    EXPECT_EQ(measure.longestRun, 1024U);
-}
-
-TEST(TextLayoutCost, LinesOfOneCharacter_EightAreMeasured) {
-    UnitMeasure measure;
-    EXPECT_EQ(LayOut(String(kMillion, u'a'), 1, measure).lines.size(), kMillion);
-    EXPECT_EQ(measure.calls, 2 * kMillion);  // for each line, one call of Fit and one of Width
-    // For each line, Fit gets 8 units and Width gets 1. For the last seven lines, Fit gets only 7, 6 … 1 units.
-    EXPECT_EQ(measure.units, 9 * kMillion - 28);
-}
-
-TEST(TextLayoutCost, LinesOfAHundred_LittleMoreIsMeasured) {
-    UnitMeasure measure;
-    EXPECT_EQ(LayOut(String(kMillion, u'a'), 100, measure).lines.size(), 10'000U);
-    // For each line, Fit gets 8, 16, 32 and 64 units, of which 8, 16, 32 and 44 fit. Width gets each part that fits.
-    EXPECT_EQ(measure.calls, 80'000U);
-    // For each line, Fit gets 120 units and Width gets 100. For the last line, Fit gets 20 units less.
-    EXPECT_EQ(measure.units, 2'200'000U - 20);
-}
-
-TEST(TextLayoutCost, LongLines_NoRunExceedsTheLimit) {
-    UnitMeasure measure;
-    EXPECT_EQ(LayOut(String(kMillion, u'a'), 100'000, measure).lines.size(), 10U);
-    EXPECT_EQ(measure.longestRun, 1024U);
+    EXPECT_LE(measure.calls, kMillion / 1000);
 }
 
 TEST(TextLayoutCost, BlanksAtABreak_AreNotMeasured) {
     UnitMeasure measure;
     const TextLayout layout = LayOut(u"a" + String(kMillion, u' ') + u"b", 10, measure);
     EXPECT_THAT(Lines(layout), ElementsAre(u"a", u"b"));
-    // First line: Fit gets 8 and 16 units, of which 8 and 2 fit. Width gets these parts and then the "a". Second line:
-    // Fit and Width get the "b".
-    EXPECT_EQ(measure.units, 24U + 10 + 1 + 2);
-}
-
-TEST(TextLayoutCost, MeasuresAWordAgainOnlyOnTheNextLine) {
-    constexpr std::size_t kPairs = 90'910;
-    String text;
-    for (std::size_t i = 0; i < kPairs; ++i) text += u"a bcdefghi ";
-    UnitMeasure measure;
-    EXPECT_EQ(LayOut(text, 9, measure).lines.size(), 2 * kPairs);
-    // For each line: two calls of Fit, two of Width for the parts that fit, and one of Width for the line. The last
-    // line is the rest of the text and needs no fifth call.
-    EXPECT_EQ(measure.calls, 2 * kPairs * 5 - 1);
-    // For each line, Fit gets 8 and 16 units and Width gets 8 and 1. For the line itself, Width gets 1 or 8 units. The
-    // sums are 34 and 41. For the last four lines, Fit gets 42 units less.
-    EXPECT_EQ(measure.units, kPairs * 75 - 42);
+    EXPECT_LE(measure.units, 40U);
 }
 
 TEST(TextLayoutCost, EmptyLines_AreNotMeasured) {

@@ -182,16 +182,6 @@ TEST_F(FormLocalisation, NextLanguageLacksAText_EarlierCaptionStays) {
     EXPECT_EQ(form_.yes->Text(), u"&Oui");
 }
 
-TEST_F(FormLocalisation, FormIsReloaded_DesignCaptionsReturn) {
-    Learn(u"C:\\de", "561 = Titel\n39171 = &Ja\n");
-    LocaliseForm(form_);
-    form_.Unload();
-    Speak(u"");
-    LocaliseForm(form_);
-    EXPECT_EQ(form_.Caption(), u"Title");
-    EXPECT_EQ(form_.yes->Text(), u"&Yes");
-}
-
 TEST_F(FormLocalisation, OnlyLightGreyBecomesTheButtonsColour) {
     LocaliseForm(form_);
     EXPECT_EQ(Window().backColour, 0x8000000Fu);

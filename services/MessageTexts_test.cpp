@@ -104,10 +104,6 @@ TEST_F(ErrorReports, UnlistedNumber_EmptyMessageWithoutAnIcon) {
     }
 }
 
-TEST_F(ErrorReports, TitleHoldsTheProductsNameTwiceAndTheModulesCaption) {
-    EXPECT_EQ(Report(2, u"x").title, kTitle);
-}
-
 TEST_F(ErrorReports, ModuleNameIsEmpty_TitleKeepsTheDash) {
     Values().moduleName.clear();
     EXPECT_EQ(Report(2, u"x").title, u"Orvane -  (Pelorix Background process )");
@@ -116,10 +112,6 @@ TEST_F(ErrorReports, ModuleNameIsEmpty_TitleKeepsTheDash) {
 TEST_F(ErrorReports, ProductNameChanges_TitleKeepsTheModuleName) {
     kernel_.Put(u"PRODUCT_NAME", u"Other");
     EXPECT_EQ(Report(2, u"x").title, u"Other - Orvane (Pelorix Background process )");
-}
-
-TEST_F(ErrorReports, HaveNoHelp) {
-    EXPECT_EQ(Report(2, u"x").help, MessageHelp{});
 }
 
 TEST_F(ErrorReports, NumberStaysUnchanged) {
@@ -158,13 +150,6 @@ TEST_F(Messages, SystemBoxReceivesAllArguments) {
     memory_.messageBox.answers = {6};
     EXPECT_EQ(ShowMessage(u"Save?", 36, u"Title", {u"C:\\help.chm", 7}), 6);
     EXPECT_THAT(Shown(), ElementsAre(Message{u"Save?", 36, u"Title", {u"C:\\help.chm", 7}}));
-}
-
-TEST_F(Messages, ReturnEachCodeOfTheSystemBox) {
-    for (std::int32_t code = 1; code <= 7; ++code) {
-        memory_.messageBox.answers = {code};
-        EXPECT_EQ(ShowMessage(u"", 0, u"T"), code);
-    }
 }
 
 TEST_F(Messages, WithoutATitleHaveTheProductsName) {
@@ -211,13 +196,6 @@ TEST_F(SuiteMessages, WithoutATitleHaveTheProductsName) {
     EXPECT_EQ(asked_.at(0).title, u"Orvane");
 }
 
-TEST_F(SuiteMessages, AreNeverErrorReports) {
-    std::int32_t number = 101;
-    memory_.messageBox.answers = {1};
-    ShowError(number, u"R1");
-    EXPECT_TRUE(asked_.empty());
-}
-
 TEST_F(SuiteMessages, NoSuiteBox_IsError91) {
     Values().suiteMessageBox = nullptr;
     EXPECT_EQ(tests::ErrorOf([] { ShowMessage(u"Overwrite?", 8, u"T"); }), kObjectVariableNotSet);
@@ -230,13 +208,6 @@ TEST_F(SuiteMessages, BoxRemovedWhileOpen_CallCompletes) {
         return static_cast<std::int32_t>(kept.size());
     };
     EXPECT_EQ(ShowMessage(u"Overwrite?", 8, u"T"), 100);
-}
-
-TEST_F(SuiteMessages, BoxFails_CallerReceivesTheError) {
-    Values().suiteMessageBox = [](StringView, std::int32_t, StringView) -> std::int32_t {
-        throw runtime::Error(runtime::kOverflow);
-    };
-    EXPECT_EQ(tests::ErrorOf([] { ShowMessage(u"Overwrite?", 8, u"T"); }), runtime::kOverflow);
 }
 
 }  // namespace

@@ -87,13 +87,6 @@ TEST_F(HelpTest, FileAndTopic_AreIgnored) {
     EXPECT_EQ(wanted, -1);
 }
 
-TEST_F(HelpTest, MainFormOwnsTheHelp) {
-    tests::HandledForm& form = MakeMainForm();
-    const runtime::NativeHandle window = form.Handle();
-    ShowHelpContents();
-    EXPECT_THAT(Calls(), ElementsAre(Call{window, kOpened.opened}));
-}
-
 TEST_F(HelpTest, UnloadedMainFormIsLoadedForItsWindow) {
     tests::HandledForm& form = MakeMainForm();
     ShowHelpContents();

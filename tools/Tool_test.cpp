@@ -67,10 +67,44 @@ TEST_F(ToolTest, Help_ListsEveryVerbWithItsSummary) {
     EXPECT_THAT(out.str(), HasSubstr("\n  echo     Prints its arguments\n  misused  Wants a key\n"));
 }
 
-TEST_F(ToolTest, HelpOfAVerb_IsTheSameInBothForms) {
-    EXPECT_EQ(Run({u"help", u"misused"}), 0);
-    EXPECT_EQ(Run({u"misused", u"--help"}), 0);
-    EXPECT_EQ(out.str(), "Usage: backproc misused KEY\nUsage: backproc misused KEY\n");
+TEST_F(ToolTest, HelpOfAVerb_IsTheSameInEachForm) {
+    const Arguments forms[] = {{u"help", u"misused"},
+                               {u"misused", u"--help"},
+                               {u"misused", u"KEY", u"--help"},
+                               {u"misused", u"--help", u"KEY"}};
+    for (const Arguments& form : forms) {
+        out.str("");
+        EXPECT_EQ(Run(form), 0);
+        EXPECT_EQ(out.str(), "Usage: backproc misused KEY\n");
+    }
+}
+
+TEST_F(ToolTest, Failure_HasItsTextAndExitCode) {
+    const struct {
+        Arguments arguments;
+        int code;
+        std::string text;
+    } failures[] = {
+        {{u"hosst"}, 2, ": unknown command 'hosst'\nTry 'backproc help'.\n"},
+        {{u"help", u"hosst"}, 2, ": unknown command 'hosst'\nTry 'backproc help'.\n"},
+        {{u"ECHOO"}, 2, ": unknown command 'ECHOO'; did you mean 'echo'?\nTry 'backproc help'.\n"},
+        {{u"--verbose"}, 2, ": unknown option '--verbose'\nTry 'backproc help'.\n"},
+        {{u"--help", u"echo", u"misused"}, 2, ": unexpected argument 'misused'\nTry 'backproc help'.\n"},
+        {{u"--version", u"1"}, 2, ": unexpected argument '1'\nTry 'backproc help'.\n"},
+        {{u"misused"}, 2, " misused: KEY is missing\nTry 'backproc help misused'.\n"},
+        {{u"failing"}, 1, " failing: no kernel\n"},
+        {{u"huge"}, 1, " huge: out of memory\n"},
+        {{u"dialog"}, 65, " dialog: no kernel\n"},
+        {{u"dialog", u"--flag"},
+         64,
+         " dialog: unknown option '--flag'; did you mean '--flags'?\nTry 'backproc help dialog'.\n"},
+    };
+    for (const auto& failure : failures) {
+        err.str("");
+        EXPECT_EQ(Run(failure.arguments), failure.code) << failure.text;
+        EXPECT_EQ(err.str(), "backproc" + failure.text);
+        EXPECT_EQ(out.str(), "");
+    }
 }
 
 TEST_F(ToolTest, Version_IsPrinted) {
@@ -78,31 +112,10 @@ TEST_F(ToolTest, Version_IsPrinted) {
     EXPECT_EQ(out.str(), "backproc 1.2.3\nbackproc 1.2.3\nbackproc 1.2.3\n");
 }
 
-TEST_F(ToolTest, MistypedVerb_SuggestsTheNearest) {
-    EXPECT_EQ(Run({u"ECHOO"}), 2);
-    EXPECT_EQ(err.str(), "backproc: unknown command 'ECHOO'; did you mean 'echo'?\nTry 'backproc help'.\n");
-}
-
-TEST_F(ToolTest, MistypedOption_SuggestsTheNearestInTheHelp) {
-    EXPECT_EQ(Run({u"dialog", u"--flag"}), 64);
-    EXPECT_EQ(err.str(),
-              "backproc dialog: unknown option '--flag'; did you mean '--flags'?\nTry 'backproc help dialog'.\n");
-}
-
-TEST_F(ToolTest, FailureOfADialog_HasItsOwnExitCode) {
-    EXPECT_EQ(Run({u"dialog"}), 65);
-    EXPECT_EQ(err.str(), "backproc dialog: no kernel\n");
-}
-
 TEST_F(ToolTest, OutputThatCannotBeWritten_IsAFailure) {
     out.setstate(std::ios::badbit);
     EXPECT_EQ(Run({u"echo", u"a"}), 1);
     EXPECT_EQ(err.str(), "backproc echo: cannot write all output (disk full or pipe closed)\n");
-}
-
-TEST_F(ToolTest, HelpOptionAfterArguments_ShowsTheHelp) {
-    EXPECT_EQ(Run({u"misused", u"KEY", u"--help"}), 0);
-    EXPECT_EQ(out.str(), "Usage: backproc misused KEY\n");
 }
 
 TEST_F(ToolTest, HelpAfterTheEndOfOptions_IsAnArgument) {
@@ -114,49 +127,6 @@ TEST_F(ToolTest, Overview_HasOneTableOfExitCodes) {
     EXPECT_EQ(Run({u"help"}), 0);
     EXPECT_THAT(out.str(), HasSubstr("\nExit codes:\n  0      done"));
     EXPECT_THAT(out.str(), HasSubstr("\n  64     msgbox, query: the command line cannot be understood\n"));
-}
-
-TEST_F(ToolTest, UnknownVerb_IsNamedWithAHint) {
-    EXPECT_EQ(Run({u"hosst"}), 2);
-    EXPECT_EQ(err.str(), "backproc: unknown command 'hosst'\nTry 'backproc help'.\n");
-}
-
-TEST_F(ToolTest, HelpOfAnUnknownVerb_IsBadUsage) {
-    EXPECT_EQ(Run({u"help", u"hosst"}), 2);
-}
-
-TEST_F(ToolTest, OptionWithoutAVerb_IsAnUnknownOption) {
-    EXPECT_EQ(Run({u"--verbose"}), 2);
-    EXPECT_EQ(err.str(), "backproc: unknown option '--verbose'\nTry 'backproc help'.\n");
-}
-
-TEST_F(ToolTest, SurplusArgumentOfHelpOrVersion_IsNamed) {
-    EXPECT_EQ(Run({u"--help", u"echo", u"misused"}), 2);
-    EXPECT_EQ(Run({u"--version", u"1"}), 2);
-    EXPECT_EQ(err.str(),
-              "backproc: unexpected argument 'misused'\nTry 'backproc help'.\n"
-              "backproc: unexpected argument '1'\nTry 'backproc help'.\n");
-}
-
-TEST_F(ToolTest, HelpOptionBeforeArguments_ShowsTheHelp) {
-    EXPECT_EQ(Run({u"misused", u"--help", u"KEY"}), 0);
-    EXPECT_EQ(out.str(), "Usage: backproc misused KEY\n");
-}
-
-TEST_F(ToolTest, LackOfMemory_IsReported) {
-    EXPECT_EQ(Run({u"huge"}), 1);
-    EXPECT_EQ(err.str(), "backproc huge: out of memory\n");
-}
-
-TEST_F(ToolTest, BadUsageOfAVerb_PointsToItsHelp) {
-    EXPECT_EQ(Run({u"misused"}), 2);
-    EXPECT_EQ(err.str(), "backproc misused: KEY is missing\nTry 'backproc help misused'.\n");
-}
-
-TEST_F(ToolTest, FailingVerb_PrintsItsTextAndExitsWithOne) {
-    EXPECT_EQ(Run({u"failing"}), 1);
-    EXPECT_EQ(err.str(), "backproc failing: no kernel\n");
-    EXPECT_EQ(out.str(), "");
 }
 
 }  // namespace

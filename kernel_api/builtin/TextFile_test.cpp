@@ -62,13 +62,6 @@ TEST(TextFile, LineWithoutText_SkippedAndIdentifierStaysFree) {
     EXPECT_EQ(file.SkippedLines(), 3u);
 }
 
-TEST(TextFile, LinesThatCannotBeReadAreSkippedAndCounted) {
-    const TextFile file("no equals sign\n= no identifier\n1 = bad \\x escape\n2 = ends in \\\n3 = \xFF\n4 = good\n");
-    EXPECT_EQ(file.SkippedLines(), 5u);
-    EXPECT_EQ(file.Count(), 1u);
-    EXPECT_EQ(TextIn(file, u"4"), u"good");
-}
-
 TEST(TextFile, FirstOfTwoTextsCounts) {
     const TextFile file("1 = first\n1 = second\n");
     EXPECT_EQ(TextIn(file, u"1"), u"first");

@@ -168,13 +168,6 @@ TEST_F(RealWindow, AbandonedOnAnotherThread_WindowDestroysItself) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(RealWindow, Unload_IsNotReportedAsALoss) {
-    const HWND window = Window();
-    form_.Unload();
-    EXPECT_FALSE(IsWindow(window));
-    EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
-}
-
 TEST_F(RealWindow, KeysReachTheHandlers) {
     Send(WM_KEYDOWN, 'A');
     Send(WM_CHAR, u'ä');
@@ -355,12 +348,6 @@ TEST_F(ShownByOtherCode, ShowThenHide_FormIsVisibleThenHidden) {
     }
 }
 
-TEST_F(ShownByOtherCode, FirstShow_RaisesResizeBeforeShown) {
-    form_.EnsureLoaded();
-    ShowWindow(Window(), SW_SHOWNA);
-    EXPECT_THAT(form_.log, ElementsAre("load", "resize", "shown"));
-}
-
 TEST_F(ShownByOtherCode, ByPositionOrStyle_FormIsVisible) {
     SetWindowPos(Window(), nullptr, 0, 0, 0, 0, kPlaceOnly | SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
     EXPECT_TRUE(form_.Visible());
@@ -368,12 +355,6 @@ TEST_F(ShownByOtherCode, ByPositionOrStyle_FormIsVisible) {
     EXPECT_FALSE(IsWindowVisible(Window()));
     SetWindowLongW(Window(), GWL_STYLE, GetWindowLongW(Window(), GWL_STYLE) | WS_VISIBLE);
     EXPECT_TRUE(form_.Visible());
-}
-
-TEST_F(ShownByOtherCode, FormShowsItself_ShownIsNotRaised) {
-    form_.SetVisible(true);
-    form_.SetVisible(false);
-    EXPECT_THAT(form_.log, ::testing::Not(Contains("shown")));
 }
 
 // While the default procedure replaces the window's own, the form does not notice that its window is shown.

@@ -34,17 +34,6 @@ TEST_F(Component, LastRelease_RaisesShutdownForItsOwnSink) {
     EXPECT_THAT(sink->heard, ElementsAre(kShutdown));
 }
 
-TEST_F(Component, OneInstanceEnds_AllReceiveShutdown) {
-    auto first = Create();
-    const auto second = Create();
-    const auto sink = Sink::Make();
-    Advise(second.Get(), sink.Get());
-    Load(first.Get());
-    first.Reset();
-    EXPECT_THAT(sink->heard, ElementsAre(kShutdown));
-    EXPECT_EQ(VARIANT_TRUE, Load(second.Get())) << "the form is loaded anew";
-}
-
 TEST_F(Component, UnknownInterface_LeavesTheLoadedFormAlone) {
     const auto instance = Create();
     const auto sink = Sink::Make();
@@ -56,14 +45,6 @@ TEST_F(Component, UnknownInterface_LeavesTheLoadedFormAlone) {
     EXPECT_THAT(sink->heard, ElementsAre());
     EXPECT_EQ(1, FormWindows(GetCurrentThreadId()));
     EXPECT_EQ("Pelorix Background Processing Application", CaptionOfForm(instance.Get()));
-}
-
-TEST_F(Component, SeverPath_ReadsAsEmpty) {
-    const auto instance = Create();
-    EXPECT_EQ(S_OK, instance->put_SeverPath(Bstr(u"X").Get()));
-    Bstr path;
-    EXPECT_EQ(S_OK, instance->get_SeverPath(path.Address()));
-    EXPECT_EQ(u"", path.Text());
 }
 
 TEST_F(Component, SinkKeepsEndedInstance_CallsFailWithError91) {
@@ -79,20 +60,10 @@ TEST_F(Component, SinkKeepsEndedInstance_CallsFailWithError91) {
     instance.Reset();
     ASSERT_TRUE(kept);
     EXPECT_EQ("0x800A005B", Hex(Notify(kept.Get(), u"QUERY")));
-}
-
-TEST_F(Component, SinkReleasesInstanceDuringEvent_NothingBreaks) {
-    auto instance = Create();
-    auto other = Create();
-    const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
-        other.Reset();
-        return S_OK;
-    });
-    Advise(instance.Get(), sink.Get());
-    Load(instance.Get());
-    instance.Reset();
-    EXPECT_FALSE(other);
-    EXPECT_FALSE(sink->heard.empty());
+    const auto diagnostics = Query<IK4TDiagnostics>(kept.Get(), IID_IK4TDiagnostics);
+    EXPECT_EQ("0x800A005B", Hex(diagnostics->AP_SendCmdAll(nullptr)));
+    Bstr name;
+    EXPECT_EQ("0x800A005B", Hex(diagnostics->get_CurrentDesignName(name.Address())));
 }
 
 /// A module may bring its own copy of the component, in addition to the registered one.

@@ -129,13 +129,6 @@ TEST_F(Conversion, ObjectWhoseDefaultPropertyFails_IsRefused) {
     EXPECT_EQ(kMismatchAt0, Heard(argument));
 }
 
-TEST_F(Conversion, UnchangedText_KeepsItsAddress) {
-    Bstr command(u"QUIET");
-    const BSTR before = command.Get();
-    EXPECT_EQ("notify [] [QUIET]", Heard(ByReference(command.Address())));
-    EXPECT_EQ(before, command.Get());
-}
-
 TEST_F(Conversion, FailedCall_LeavesTheCallersVariablesAlone) {
     Bstr command(u"FAIL 5|no");
     EXPECT_EQ("0x80020009 at 77", Heard(ByReference(command.Address())));

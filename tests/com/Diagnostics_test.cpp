@@ -1,7 +1,6 @@
-// The diagnostics interface of an instance, with the double and with the real component.
+// The diagnostics interface of an instance, with the double.
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
-#include "tests/com/ComponentLibrary.h"
 #include "tests/com/Sink.h"
 
 namespace tests::com {
@@ -81,53 +80,6 @@ TEST_F(Diagnostics, ProxyOfAnotherApartment_HasNone) {
         EXPECT_EQ(nullptr, found);
     });
     EXPECT_EQ(S_OK, host::com::UnregisterServer());
-}
-
-/// Uses the real component.
-class DiagnosticsOfTheComponent : public testing::Test {
- protected:
-    DiagnosticsOfTheComponent() { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
-    ~DiagnosticsOfTheComponent() override { CoUninitialize(); }
-
-    const ComponentLibrary library_;
-};
-
-TEST_F(DiagnosticsOfTheComponent, Raise_ReachesAllInstancesInTheirOrder) {
-    const auto first = library_.Create();
-    const auto second = library_.Create();
-    std::vector<std::string> heard;
-    const auto sinkOf = [&heard](std::string number) {
-        return Sink::Make([&heard, number](BSTR& module, BSTR& command, EXCEPINFO&) {
-            heard.push_back(number + " " + Utf8(module) + "|" + Utf8(command));
-            return S_OK;
-        });
-    };
-    Advise(first.Get(), sinkOf("1").Get());
-    Advise(second.Get(), sinkOf("2").Get());
-    const auto diagnostics = DiagnosticsOf(second.Get());
-    EXPECT_EQ(S_OK, diagnostics->AP_SendCmd(Bstr(u"M").Get(), Bstr(u"X,1").Get()));
-    EXPECT_EQ(S_OK, diagnostics->AP_SendCmdAll(Bstr(u"OPEN").Get()));
-    EXPECT_EQ(S_OK, diagnostics->AP_Shell(Bstr(u"M").Get(), -3, Bstr(u"a,b").Get()));
-    EXPECT_THAT(heard, ElementsAre("1 M|X,1", "2 M|X,1", "1 K4TBACKPROCESS|OPEN", "2 K4TBACKPROCESS|OPEN",
-                                   "1 M|SHELL,-3,a,b", "2 M|SHELL,-3,a,b"));
-    EXPECT_EQ(0, FormWindows(GetCurrentThreadId())) << "raising must not load the form";
-}
-
-TEST_F(DiagnosticsOfTheComponent, InstanceHasEnded_IsError91) {
-    auto instance = library_.Create();
-    Load(instance.Get());
-    ComPtr<IK4TDiagnostics> kept;
-    _clsQmxBackProcess* const source = instance.Get();
-    const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
-        kept = DiagnosticsOf(source);
-        return S_OK;
-    });
-    Advise(source, sink.Get());
-    instance.Reset();
-    ASSERT_TRUE(kept);
-    EXPECT_EQ("0x800A005B", Hex(kept->AP_SendCmdAll(nullptr)));
-    Bstr name;
-    EXPECT_EQ("0x800A005B", Hex(kept->get_CurrentDesignName(name.Address())));
 }
 
 }  // namespace

@@ -94,16 +94,6 @@ TEST_F(Lifetime, ShutdownWithoutError_KeepsTheEarlierOne) {
     EXPECT_EQ("kept", TakeErrorObject().description);
 }
 
-TEST_F(Lifetime, SinkFailsAtShutdown_NextSinkReceivesIt) {
-    const auto failing = Sink::Make([](BSTR&, BSTR&, EXCEPINFO&) { return E_ACCESSDENIED; });
-    const auto next = Sink::Make();
-    Advise(instance.Get(), failing.Get());
-    Advise(instance.Get(), next.Get());
-    instance.Reset();
-    EXPECT_THAT(next->heard, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
-    EXPECT_TRUE(TakeErrorObject().isThere);
-}
-
 TEST_F(Lifetime, SinkHoldsTheInstance_DisconnectingEndsIt) {
     auto sink = Sink::Make();
     ComPtr<_clsQmxBackProcess> held(instance.Get());

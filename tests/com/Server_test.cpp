@@ -188,19 +188,6 @@ TEST_F(RegisteredServer, TypeLibrary_IsFoundInEveryLanguage) {
     }
 }
 
-TEST_F(RegisteredServer, FreedByCom_StaysInMemoryAndServesAgain) {
-    for (int i = 0; i < 2; ++i) {
-        auto instance = Create();
-        ASSERT_TRUE(instance);
-        CoFreeUnusedLibrariesEx(0, 0);
-        EXPECT_EQ(S_OK, Notify(instance.Get(), u"QUERY"));
-        instance.Reset();
-        CoFreeUnusedLibrariesEx(0, 0);
-        CoFreeUnusedLibrariesEx(0, 0);
-        EXPECT_TRUE(IsInMemory(dll_));
-    }
-}
-
 class CrossingServer : public RegisteredServer {
  protected:
     CrossingServer() : RegisteredServer(kPlainFolder) {}

@@ -116,34 +116,6 @@ TEST_F(DevelopmentKernel, WriterKilledInARecord_RecordIsNotVisible) {
     EXPECT_EQ(Peer().Ask("get\tkey"), "=new");
 }
 
-TEST_F(DevelopmentKernel, TwoWriters_ReadersSeeNoTornText) {
-    Peer writers[2];
-    Peer readers[2];
-    EXPECT_EQ(readers[0].Ask("set\tkey\t"), "stored");
-    writers[0].Tell("write\tkey\t1000000\t17");
-    writers[1].Tell("write\tkey\t1000000\t4242");
-    for (Peer& reader : readers) reader.Tell("follow\tkey\t500");
-    for (Peer& reader : readers) EXPECT_EQ(reader.Answer(), "0");
-    for (Peer& writer : writers) writer.Kill();
-}
-
-TEST_F(DevelopmentKernel, WriterKilled_ReadersSeeNoTornText) {
-    Peer reader;
-    EXPECT_EQ(reader.Ask("set\tkey\t"), "stored");
-    for (int i = 0; i < 8; ++i) {
-        SCOPED_TRACE(i);
-        {
-            Peer writer;
-            EXPECT_EQ(writer.Ask("write\tkey\t1\t5"), "done");
-            writer.Tell("write\tkey\t1000000\t" + std::to_string(i));
-            EXPECT_EQ(reader.Ask("follow\tkey\t50"), "0");
-            writer.Kill();
-        }
-        EXPECT_EQ(reader.Ask("watch\tkey\t20"), "0");
-        EXPECT_EQ(reader.Ask("write\tkey\t5\t1"), "done");
-    }
-}
-
 TEST_F(DevelopmentKernel, EightProcessesAndKilledWriters_NoTextIsTorn) {
     constexpr std::size_t kKeys = 2;
     const auto writeOver = [](Peer& writer, std::size_t i) {

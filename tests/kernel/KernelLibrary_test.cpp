@@ -120,13 +120,6 @@ TEST_F(KernelLibraryTest, KernelChangesTheValue_CallerGetsTheChange) {
     EXPECT_EQ(value_, u"");
 }
 
-TEST_F(KernelLibraryTest, KernelChangesTheValue_OtherCopiesStay) {
-    KernelLibrary kernel(recording_);
-    const String before = value_;
-    kernel.E_SetString(u"upper", value_);
-    EXPECT_EQ(before, u"value");
-}
-
 TEST_F(KernelLibraryTest, Text_IsAnsiUpToTheFirstNul) {
     KernelLibrary kernel(recording_);
     value_ = String(u"a\u4E2D\0b", 4);  // not in a Western code page

@@ -115,18 +115,5 @@ TEST_F(SuiteBoxFont, EachLanguage_CaptionsFitTheirButtons) {
     }
 }
 
-TEST_F(SuiteBoxFont, PseudoLanguage_CaptionsFitTheirButtons) {
-    const OneLanguage spoken(
-        "39171 = [&Y\u00E9\u0161]\n39172 = [&\u00D1\u00F3]\n99388 = [\u00C7\u00E1\u00F1\u00E7\u00E9l]\n");
-    services::Values().uiFont = {u"MS Sans Serif", 8, ANSI_CHARSET};
-    EXPECT_EQ(Ask(8, {Do(ExpectWholeCaptions), Keys({VK_ESCAPE})}), 2);
-}
-
-TEST_F(SuiteBoxFont, LargeFont_KeysStillWork) {
-    services::Values().uiFont = {u"Tahoma", 12, DEFAULT_CHARSET};
-    EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), Keys({VK_TAB}), FocusIsOn(L"&No"), Keys({'T'})}), 8);
-    ExpectNothingIsLeft();
-}
-
 }  // namespace
 }  // namespace tests

@@ -24,12 +24,6 @@ const DialogDriver::Step kListIsOpen = [](HWND dialog) {
     return SendMessageW(InputOf(dialog), CB_GETDROPPEDSTATE, 0, 0) != 0;
 };
 
-/// Sets the focus to the input control or to a button.
-const DialogDriver::Step kGoToInput = Do([](HWND dialog) { SetFocus(InputOf(dialog)); });
-DialogDriver::Step GoTo(const wchar_t* button) {
-    return Do([button](HWND dialog) { SetFocus(ButtonOf(dialog, button)); });
-}
-
 /// Waits until the input control shows `text`.
 DialogDriver::Step Shows(const String& text) {
     return [text](HWND dialog) { return TextOf(InputOf(dialog)) == text; };
@@ -102,49 +96,12 @@ TEST_F(Query, EscapeOrClosing_Cancels) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(Query, AltF4_CancelsFromEveryControl) {
-    for (const std::int32_t kind : {1, 2, 3, 4, 5}) {
-        const Question question{.kind = kind, .values = {u"abc", u"A", u"B"}, .index = 0, .button = u"More"};
-        EXPECT_EQ(Ask(question, {kGoToInput, FocusIsOnInput(), Keys({VK_MENU, VK_F4})}), kNoAnswer) << kind;
-        ExpectNothingIsLeft();
-    }
-    for (const wchar_t* const button : {L"Accept", L"Cancel", L"More"}) {
-        EXPECT_EQ(Ask({.button = u"More"}, {GoTo(button), FocusIsOn(button), Keys({VK_MENU, VK_F4})}), kNoAnswer);
-        ExpectNothingIsLeft();
-    }
-}
-
 TEST_F(Query, AltF4OnAnOpenList_Cancels) {
     for (const std::int32_t kind : {2, 3}) {
         EXPECT_EQ(Ask({.kind = kind, .values = {u"X", u"Y", u"Z"}, .index = 0},
                       {FocusIsOnInput(), Keys({VK_F4}), kListIsOpen, Keys({VK_MENU, VK_F4})}),
                   kNoAnswer);
         ExpectNothingIsLeft();
-    }
-}
-
-TEST_F(Query, CtrlTab_InsertsATabIntoTheTextBlock) {
-    EXPECT_EQ(Ask({.kind = 4, .values = {u"abc"}},
-                  {kGoToInput, FocusIsOnInput(), Keys({VK_CONTROL, VK_END}), Keys({VK_CONTROL, VK_TAB}), Keys({'D'}),
-                   Shows(u"abc\td"), kTab, FocusIsOn(L"Accept"), kEnter}),
-              (Answer{u"abc\td", 0}));
-    ExpectNothingIsLeft();
-}
-
-TEST_F(Query, Tab_MovesTheFocusInACircle) {
-    for (const std::int32_t kind : {1, 2, 3}) {
-        EXPECT_EQ(
-            Ask({.kind = kind, .values = {u"abc", u"A"}, .button = u"More"},
-                {FocusIsOnInput(), kTab, FocusIsOn(L"Accept"), kTab, FocusIsOn(L"Cancel"), kTab, FocusIsOn(L"More"),
-                 kTab, FocusIsOnInput(), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"More"), kEscape}),
-            kNoAnswer);
-    }
-    for (const std::int32_t kind : {4, 5}) {
-        EXPECT_EQ(
-            Ask({.kind = kind, .values = {u"abc", u"A"}, .button = u"More"},
-                {FocusIsOn(L"Accept"), kTab, FocusIsOn(L"Cancel"), kTab, FocusIsOnInput(), kTab, FocusIsOn(L"More"),
-                 kTab, FocusIsOn(L"Accept"), Keys({VK_SHIFT, VK_TAB}), FocusIsOn(L"More"), kEscape}),
-            kNoAnswer);
     }
 }
 
@@ -228,13 +185,6 @@ TEST_F(Query, OwnerHiddenWhileOpen_DialogStaysOpen) {
               (Answer{u"q", 0}));
     EXPECT_TRUE(IsWindowEnabled(owner_));
     EXPECT_FALSE(IsWindowVisible(owner_));
-    EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-}
-
-TEST_F(Query, NoVisibleOwner_IsShown) {
-    ShowWindow(owner_, SW_HIDE);
-    const auto see = Do([](HWND dialog) { EXPECT_TRUE(IsWindowVisible(dialog)); });
-    EXPECT_EQ(Ask({.values = {u"abc"}}, {see, ClickOn(L"Accept")}), (Answer{u"abc", 0}));
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
