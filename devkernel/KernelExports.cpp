@@ -61,7 +61,7 @@ long TextOf(std::string_view key, char prefix) {
         connected.texts.Drop(thread, name);
         return 0;
     }
-    return reinterpret_cast<long>(connected.texts.Keep(thread, name, *std::move(text)));
+    return reinterpret_cast<long>(connected.texts.Store(thread, name, *std::move(text)));
 }
 
 long CopyKey(const std::optional<std::string>& key, char* buffer, long size) {

@@ -4,7 +4,7 @@
 
 namespace devkernel {
 
-const char* ThreadTexts::Keep(std::uint32_t thread, const std::string& name, std::string text) {
+const char* ThreadTexts::Store(std::uint32_t thread, const std::string& name, std::string text) {
     const std::scoped_lock lock(mutex_);
     std::string& kept = texts_[thread][name];
     kept = std::move(text);

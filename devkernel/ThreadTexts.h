@@ -13,7 +13,7 @@ namespace devkernel {
 class ThreadTexts {
  public:
     /// Replaces the text of `thread` under `name` by `text`. Returns the address of its zero-terminated bytes.
-    const char* Keep(std::uint32_t thread, const std::string& name, std::string text);
+    const char* Store(std::uint32_t thread, const std::string& name, std::string text);
     void Drop(std::uint32_t thread, const std::string& name);
     /// Must be called when the thread ends.
     void DropAll(std::uint32_t thread);

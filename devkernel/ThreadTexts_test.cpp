@@ -8,10 +8,10 @@ namespace {
 
 TEST(ThreadTexts, OtherNamesAndThreads_AddressStaysValid) {
     ThreadTexts texts;
-    const char* address = texts.Keep(1, "key", "short");
+    const char* address = texts.Store(1, "key", "short");
     for (int i = 0; i < 100; ++i) {
-        texts.Keep(1, "other" + std::to_string(i), std::string(100, 'x'));
-        texts.Keep(2, "key", std::string(100, 'y'));
+        texts.Store(1, "other" + std::to_string(i), std::string(100, 'x'));
+        texts.Store(2, "key", std::string(100, 'y'));
     }
     texts.Drop(2, "key");
     texts.DropAll(2);
@@ -20,8 +20,8 @@ TEST(ThreadTexts, OtherNamesAndThreads_AddressStaysValid) {
 
 TEST(ThreadTexts, SameThreadAndName_NewText) {
     ThreadTexts texts;
-    texts.Keep(1, "key", "old");
-    EXPECT_STREQ(texts.Keep(1, "key", "new and a good deal longer than before"),
+    texts.Store(1, "key", "old");
+    EXPECT_STREQ(texts.Store(1, "key", "new and a good deal longer than before"),
                  "new and a good deal longer than before");
 }
 
@@ -29,9 +29,9 @@ TEST(ThreadTexts, Dropped_NameCanBeUsedAgain) {
     ThreadTexts texts;
     texts.Drop(1, "never asked for");
     texts.DropAll(1);
-    texts.Keep(1, "key", "text");
+    texts.Store(1, "key", "text");
     texts.DropAll(1);
-    EXPECT_STREQ(texts.Keep(1, "key", ""), "");
+    EXPECT_STREQ(texts.Store(1, "key", ""), "");
 }
 
 }  // namespace

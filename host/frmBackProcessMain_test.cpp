@@ -331,7 +331,8 @@ TEST_F(MainFormEventsInMemory, ShownByOtherProgram_IsHiddenAtOnce) {
 
 TEST_F(MainFormEventsInMemory, LimitsAreExactWherePixelsAllowIt) {
     memory_.windows.dpi = 144;  // 10 twips a pixel
-    form_.SetSize({5000, 2000});
+    form_.SetWidth(5000);
+    form_.SetHeight(2000);
     EXPECT_EQ(form_.Width(), 8000);
     EXPECT_EQ(form_.Height(), 3000);
 }

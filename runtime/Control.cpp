@@ -24,19 +24,9 @@ void Control::SetBounds(const Rect& bounds) {
     TakeNativeHeight();
 }
 
-void Control::SetLeft(Twips left) {
-    const Rect now = Bounds();
-    SetBounds({left, now.top, now.width, now.height});
-}
-
 void Control::SetTop(Twips top) {
     const Rect now = Bounds();
     SetBounds({now.left, top, now.width, now.height});
-}
-
-void Control::SetWidth(Twips width) {
-    const Rect now = Bounds();
-    SetBounds({now.left, now.top, width, now.height});
 }
 
 void Control::SetHeight(Twips height) {

@@ -67,9 +67,7 @@ class Control {
     Twips Top() { return Bounds().top; }
     Twips Width() { return Bounds().width; }
     Twips Height() { return Bounds().height; }
-    void SetLeft(Twips left);
     void SetTop(Twips top);
-    void SetWidth(Twips width);
     void SetHeight(Twips height);
     /// No key reaches a hidden control.
     bool Visible();

@@ -167,11 +167,6 @@ void Form::SetHeight(Twips height) {
     SetBounds({bounds_.left, bounds_.top, bounds_.width, height});
 }
 
-void Form::SetSize(Size outer) {
-    EnsureLoaded();
-    SetBounds({bounds_.left, bounds_.top, outer.width, outer.height});
-}
-
 void Form::Move(Twips left, Twips top) {
     EnsureLoaded();
     SetBounds({left, top, bounds_.width, bounds_.height});

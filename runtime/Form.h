@@ -79,11 +79,10 @@ class Form : private WindowEvents {
     Twips Top();
     Twips Width();
     Twips Height();
-    /// SetWidth, SetHeight, SetSize and Move round to the nearest pixel. Error 384 while the window is minimised or
+    /// SetWidth, SetHeight and Move round to the nearest pixel. Error 384 while the window is minimised or
     /// maximised.
     void SetWidth(Twips width);
     void SetHeight(Twips height);
-    void SetSize(Size outer);
     void Move(Twips left, Twips top);
     /// Size of the client area, in twips.
     Size InnerSize();

@@ -163,7 +163,8 @@ TEST_F(FormProperties, Bounds_AreRoundedToWholePixels) {
     form_.Move(1501.5F, -7.25F);
     EXPECT_EQ(form_.Left(), OnPixels(1501.5F));
     EXPECT_EQ(form_.Top(), OnPixels(-7.25F));
-    form_.SetSize({8000, 3001});
+    form_.SetWidth(8000);
+    form_.SetHeight(3001);
     EXPECT_EQ(form_.Width(), OnPixels(8000));
     EXPECT_EQ(form_.Height(), OnPixels(3001));
 }

@@ -183,9 +183,8 @@ TEST_F(InputControls, DropDownControls_KeepTheirOwnHeight) {
 }
 
 TEST_F(InputControls, OtherControls_HaveTheGivenBounds) {
+    form_.text.SetBounds({15, 60, 1500, 315});
     form_.text.SetTop(3000);
-    form_.text.SetLeft(15);
-    form_.text.SetWidth(1500);
     form_.text.SetHeight(400);
     EXPECT_EQ(form_.text.Bounds(), (Rect{15, 3000, 1500, 400}));
     form_.list.SetHeight(841);

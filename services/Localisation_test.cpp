@@ -272,7 +272,8 @@ TEST_F(FormPlace, MinimisedOrMaximised_IsError384) {
 }
 
 TEST_F(FormPlace, LargerThanTheScreen_MovesDownAndRight) {
-    form_.SetSize({20000, 16001});
+    form_.SetWidth(20000);
+    form_.SetHeight(16001);
     SetForm(form_);
     EXPECT_EQ(form_.Left(), 400);
     EXPECT_EQ(form_.Top(), 320);

@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "kernel_api/builtin/BuiltInReader.h"
 #include "tools/Display.h"
 
 namespace tools {
@@ -307,14 +308,17 @@ Finding OfState(const SuiteStrings& strings) {
 
 Finding OfLanguage(const LanguageFolder& language) {
     if (language.folder.empty()) return Good("language", "no folder is chosen: English");
+    using kernel_api::builtin::kTextsFileName;
     const std::string folder = Display(language.folder);
     if (!language.hasFile) {
-        return Bad("language", folder + " has no K4TBackProcess.txt: English",
+        return Bad("language", folder + " has no " + Display(kTextsFileName) + ": English",
                    "set LANGUAGEPATH to a language folder: 'backproc strings set LANGUAGEPATH FOLDER'");
     }
     if (language.isUtf16) {
-        return Bad("language", folder + "\\K4TBackProcess.txt is UTF-16, which is not read: English",
-                   "save it as UTF-8");
+        return Bad(
+            "language",
+            Display(kernel_api::builtin::TextsPathIn(language.folder)) + " is UTF-16, which is not read: English",
+            "save it as UTF-8");
     }
     std::string what = folder + ", " + std::to_string(language.lacking) + " texts are lacking";
     if (language.skipped == 0) return Good("language", what);

@@ -33,25 +33,6 @@ class TextArgument {
 
 }  // namespace
 
-HRESULT EventSink::QueryInterface(REFIID id, void** object) {
-    if (object == nullptr) return E_POINTER;
-    const bool known = id == __uuidof(IUnknown) || id == __uuidof(IDispatch) || id == __uuidof(__clsQmxBackProcess);
-    *object = known ? this : nullptr;
-    if (!known) return E_NOINTERFACE;
-    AddRef();
-    return S_OK;
-}
-
-ULONG EventSink::AddRef() {
-    return ++references_;
-}
-
-ULONG EventSink::Release() {
-    const ULONG left = --references_;
-    if (left == 0) delete this;
-    return left;
-}
-
 HRESULT EventSink::GetTypeInfoCount(UINT* count) {
     if (count == nullptr) return E_POINTER;
     *count = 0;

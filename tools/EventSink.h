@@ -3,20 +3,16 @@
 
 #include <functional>
 
-#include "host/com/ComHeaders.h"
+#include "host/com/Implements.h"
 
 namespace tools {
 
 /// Reference-counted; a new sink has one reference.
-class EventSink final : public IDispatch {
+class EventSink final : public host::com::Implements<__clsQmxBackProcess> {
  public:
     using NotifyServer = std::function<void(runtime::StringView Aname, runtime::StringView sCommand)>;
 
     explicit EventSink(NotifyServer notifyServer) : notifyServer_(std::move(notifyServer)) {}
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override;
-    ULONG STDMETHODCALLTYPE AddRef() override;
-    ULONG STDMETHODCALLTYPE Release() override;
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID locale, ITypeInfo** information) override;
@@ -26,10 +22,9 @@ class EventSink final : public IDispatch {
                                      VARIANT* result, EXCEPINFO* exception, UINT* argument) override;
 
  private:
-    ~EventSink() = default;
+    ~EventSink() override = default;
 
     NotifyServer notifyServer_;
-    ULONG references_ = 1;
 };
 
 }  // namespace tools

@@ -9,10 +9,11 @@ namespace tools {
 
 runtime::String LanguageFileIn(runtime::FilesPort& files, runtime::StringView folder) {
     using kernel_api::builtin::kMaxTextsBytes;
+    using kernel_api::builtin::kTextsFileName;
     // To the reader, an empty folder would mean the suite's current language folder.
     if (folder.empty())
-        throw std::runtime_error(
-            "the name of the language folder is empty; give a folder that has a K4TBackProcess.txt");
+        throw std::runtime_error("the name of the language folder is empty; give a folder that has a " +
+                                 Display(kTextsFileName));
     runtime::String path = kernel_api::builtin::TextsPathIn(folder);
     const auto stamp = files.Stamp(path);
     if (!stamp)

@@ -9,8 +9,8 @@ namespace {
 
 constexpr wchar_t kWindowClass[] = L"PelorixMailbox";
 constexpr wchar_t kMutex[] = L"Local\\PelorixMailbox";
-constexpr DWORD kLongestWait = 2000;  // milliseconds
-constexpr std::size_t kMostBytes = 1'000'000;
+constexpr DWORD kMaxWait = 2000;  // milliseconds
+constexpr std::size_t kMaxBytes = 1'000'000;
 constexpr char kModuleList[] = "AllAps";
 constexpr char kComponent[] = "K4TBACKPROCESS";
 
@@ -20,7 +20,7 @@ constexpr char kComponent[] = "K4TBACKPROCESS";
 class Lock {
  public:
     Lock() : mutex_(CreateMutexW(nullptr, FALSE, kMutex)) {
-        const DWORD waited = WaitForSingleObject(mutex_, kLongestWait);
+        const DWORD waited = WaitForSingleObject(mutex_, kMaxWait);
         isHeld_ = waited == WAIT_OBJECT_0 || waited == WAIT_ABANDONED;
     }
     Lock(const Lock&) = delete;
@@ -162,7 +162,7 @@ Delivery Mailbox::Send(const std::wstring& module, const std::wstring& command) 
     const HWND addressee = MailboxOf(module);
     if (!IsOpen() || addressee == nullptr) return Delivery::kGone;
     const std::string queue = Get(QueueOf(module)) + Ascii(name_) + '\t' + Escaped(command) + '\n';
-    if (queue.size() > kMostBytes || !Put(QueueOf(module), queue)) return Delivery::kBusy;
+    if (queue.size() > kMaxBytes || !Put(QueueOf(module), queue)) return Delivery::kBusy;
     // This fails only if 10,000 messages are waiting for the addressee's thread. One of them is then an earlier
     // notification, which is enough.
     PostMessageW(addressee, message_, 0, 0);

@@ -16,6 +16,10 @@ inline bool Serves<_clsQmxBackProcess>(REFIID iid) {
     return iid == IID__clsQmxBackProcess || iid == IID_IDispatch;
 }
 template <>
+inline bool Serves<__clsQmxBackProcess>(REFIID iid) {
+    return iid == DIID___clsQmxBackProcess || iid == IID_IDispatch;
+}
+template <>
 inline bool Serves<IProvideClassInfo2>(REFIID iid) {
     return iid == IID_IProvideClassInfo2 || iid == IID_IProvideClassInfo;
 }

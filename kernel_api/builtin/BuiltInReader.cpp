@@ -7,7 +7,6 @@
 namespace kernel_api::builtin {
 namespace {
 
-constexpr StringView kTextsName = u"K4TBackProcess.txt";
 constexpr StringView kRegistrySection = u"Settings";
 
 /// Windows never maps the first and the last 64 KB of the address space, so that accesses through wrong pointers fail.
@@ -18,7 +17,7 @@ constexpr TextPointer kUnusedAddresses = 0x10000;
 String TextsPathIn(StringView languageFolder) {
     String path(languageFolder);
     if (!path.ends_with(u'\\')) path += u'\\';
-    return path.append(kTextsName);
+    return path.append(kTextsFileName);
 }
 
 BuiltInReader::BuiltInReader(runtime::FilesPort& files, runtime::SettingsPort& settings, runtime::LocalePort& locale)

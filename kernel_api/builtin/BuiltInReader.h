@@ -19,6 +19,9 @@ namespace kernel_api::builtin {
 /// would take hundreds of megabytes of a module's memory and several seconds.
 constexpr std::uint64_t kMaxTextsBytes = 16u << 20;
 
+/// The name of the language file in each language folder.
+inline constexpr StringView kTextsFileName = u"K4TBackProcess.txt";
+
 /// Path of the language file in `languageFolder`, which may end in a backslash.
 String TextsPathIn(StringView languageFolder);
 

@@ -319,7 +319,8 @@ TEST_F(RealWindow, RequestToQuitStaysPendingForTheOuterLoop) {
 TEST_F(RealWindow, WindowBounds_EqualTheFormsBounds) {
     form_.Move(8527.5F, -6412.5F);
     EXPECT_EQ(BoundsOf(form_), BoundsOf(Window()));
-    form_.SetSize({8000, 3001});
+    form_.SetWidth(8000);
+    form_.SetHeight(3001);
     EXPECT_EQ(BoundsOf(form_), BoundsOf(Window()));
     Form odd({.name = u"odd", .caption = u"", .left = 1508, .top = 742, .inner = {3001, 1507}});
     EXPECT_EQ(BoundsOf(odd), BoundsOf(WindowOf(odd)));
