@@ -100,7 +100,8 @@ class Unattended(ToolTestCase):
             self.assertEqual(colours_on_screen(), 1)
 
     def test_another_value_shows_the_dialogs(self):
-        environment = {**os.environ, **UNATTENDED, "K4TBACKPROCESS_UNATTENDED": "0"}
+        trace = self.folder / "waiting.txt"
+        environment = {**os.environ, "K4TBACKPROCESS_UNATTENDED": "0", "K4TBACKPROCESS_TRACE": windows_path(trace)}
         box = subprocess.Popen([running.wine_run, str(self.tool), "msgbox", "--title", "T", "Overwrite?"], env=environment,
                                stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
         try:
@@ -109,6 +110,10 @@ class Unattended(ToolTestCase):
                 time.sleep(0.1)
             self.assertGreater(colours_on_screen(), 1)
             self.assertIsNone(box.poll())
+            # The trace shows the message that a program waits for.
+            lines = trace.read_text(encoding="utf-8")
+            self.assertIn(" message box=[suite] prompt=[Overwrite?]", lines)
+            self.assertNotIn(" message answered ", lines)
         finally:
             box.kill()
             box.wait(timeout=TIMEOUT)
