@@ -7,16 +7,33 @@ bool IsGap(char16_t c) {
     return c == u' ' || c == u'\t';
 }
 
+/// Whether the quote at `place` follows an odd number of backslashes.
+bool IsEscaped(StringView text, std::size_t place) {
+    const std::size_t last = text.substr(0, place).find_last_not_of(u'\\');
+    const std::size_t backslashes = last == StringView::npos ? place : place - last - 1;
+    return backslashes % 2 == 1;
+}
+
+/// What follows the first word and the gap behind it. A quote for which `counts` is false is a character of the word.
+template <typename Counts>
+StringView WithoutFirstWord(StringView text, Counts&& counts) {
+    std::size_t i = 0;
+    for (bool quoted = false; i < text.size(); ++i) {
+        if (text[i] == u'"' && counts(i)) quoted = !quoted;
+        if (!quoted && IsGap(text[i])) break;
+    }
+    while (i < text.size() && IsGap(text[i])) ++i;
+    return text.substr(i);
+}
+
 }  // namespace
 
 StringView WithoutProgramName(StringView commandLine) {
-    std::size_t i = 0;
-    for (bool quoted = false; i < commandLine.size(); ++i) {
-        if (commandLine[i] == u'"') quoted = !quoted;
-        if (!quoted && IsGap(commandLine[i])) break;
-    }
-    while (i < commandLine.size() && IsGap(commandLine[i])) ++i;
-    return commandLine.substr(i);
+    return WithoutFirstWord(commandLine, [](std::size_t) { return true; });
+}
+
+StringView WithoutFirstArgument(StringView arguments) {
+    return WithoutFirstWord(arguments, [arguments](std::size_t quote) { return !IsEscaped(arguments, quote); });
 }
 
 }  // namespace runtime

@@ -9,4 +9,8 @@ namespace runtime {
 /// blank or tab outside double quotes. If a quote is never closed, the name is the whole text.
 StringView WithoutProgramName(StringView commandLine);
 
+/// What follows the first argument of `arguments`, without the blanks and tabs before it, otherwise as it was given.
+/// The argument ends like a program's name, but a double quote behind a backslash belongs to it.
+StringView WithoutFirstArgument(StringView arguments);
+
 }  // namespace runtime

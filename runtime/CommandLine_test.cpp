@@ -38,5 +38,20 @@ TEST(CommandLine, StartsWithABlank_NameIsEmpty) {
     EXPECT_EQ(WithoutProgramName(u"  a b"), u"a b");
 }
 
+TEST(CommandLine, FirstArgument_EndsAtTheFirstBlankOutsideQuotes) {
+    EXPECT_EQ(WithoutFirstArgument(u"trace --  a.exe  \"/sys:C:\\x\""), u"--  a.exe  \"/sys:C:\\x\"");
+    EXPECT_EQ(WithoutFirstArgument(u"\"C:\\my files\\t.txt\" -- a.exe"), u"-- a.exe");
+    EXPECT_EQ(WithoutFirstArgument(u"--"), u"");
+    EXPECT_EQ(WithoutFirstArgument(u""), u"");
+}
+
+TEST(CommandLine, FirstArgument_QuoteBehindABackslashOpensNothing) {
+    EXPECT_EQ(WithoutFirstArgument(u"a\\\"b c d"), u"c d");
+    EXPECT_EQ(WithoutFirstArgument(u"\"a\\\" b\" c"), u"c");
+    // Two backslashes are one of the argument, and the quote behind them closes.
+    EXPECT_EQ(WithoutFirstArgument(u"\"C:\\x\\\\\" c"), u"c");
+    EXPECT_EQ(WithoutFirstArgument(u"\\\" c"), u"c");
+}
+
 }  // namespace
 }  // namespace runtime

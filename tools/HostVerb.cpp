@@ -3,12 +3,14 @@
 #include <fstream>
 #include <istream>
 #include <ostream>
+#include <utility>
 
 #include "tools/Apartment.h"
 #include "tools/Display.h"
 #include "tools/LineReader.h"
 #include "tools/MessagePump.h"
 #include "tools/ModuleHost.h"
+#include "tools/TraceView.h"
 #include "tools/Usage.h"
 #include "tools/Verbs.h"
 
@@ -17,11 +19,13 @@ namespace tools {
 namespace {
 
 constexpr std::string_view kHelp =
-    R"(Usage: backproc host [FILE] ["/sys:FOLDER"]
+    R"(Usage: backproc host [--trace] [FILE] ["/sys:FOLDER"]
 
 Runs the component as a module of the suite does: in this process, through COM, with an event sink for each instance.
 Commands come from FILE or from standard input, one per line, in UTF-8. The component reads the command line of this
 process as it reads a module's: "/sys:FOLDER", in double quotes, sets its system folder.
+
+  --trace         also shows what the component does, as 'backproc help trace' describes
 
   create          creates an instance                         1 created
   load N          calls Load                                  1 Load True
@@ -64,7 +68,8 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 /// Runs the lines of one script. Counts them and records whether all succeeded.
 class HostRun {
  public:
-    HostRun(std::istream& in, Console& console) : reader_(in), host_(console.out), err_(console.err) {}
+    HostRun(std::istream& in, ModuleHost::Printer print, std::ostream& err)
+        : reader_(in), host_(std::move(print)), err_(err) {}
 
     bool Run() {
         while (std::optional<std::string> line = reader_.Next()) {
@@ -98,16 +103,26 @@ bool IsSystemFolder(const String& argument) {
     return _wcsnicmp(runtime::win32::Wide(argument), kOption.data(), kOption.size()) == 0;
 }
 
-/// The argument that names the script file. None for standard input.
-std::optional<String> ScriptFile(const Arguments& arguments) {
+struct HostArguments {
+    /// None for standard input.
     std::optional<String> file;
+    bool traces = false;
+};
+
+HostArguments ParseHostArguments(const Arguments& arguments) {
+    HostArguments parsed;
     for (const String& argument : arguments) {
         // The component reads this argument from the process's command line.
         if (IsSystemFolder(argument)) continue;
-        if (file) throw UnexpectedArgument(argument);
-        file = argument;
+        if (argument == u"--trace") {
+            parsed.traces = true;
+            continue;
+        }
+        if (argument.starts_with(u"--")) throw UnknownOption(argument);
+        if (parsed.file) throw UnexpectedArgument(argument);
+        parsed.file = argument;
     }
-    return file;
+    return parsed;
 }
 
 std::string WhyUnreadable(const String& name) {
@@ -119,15 +134,30 @@ std::string WhyUnreadable(const String& name) {
     return "cannot read the file " + Quoted(name) + "; check that you may read it and that no program locks it";
 }
 
+bool RunPlain(std::istream& in, Console& console) {
+    const auto print = [&console](const std::string& line) { console.out << line << '\n' << std::flush; };
+    return HostRun(in, print, console.err).Run();
+}
+
+bool RunTraced(std::istream& in, Console& console) {
+    TraceTarget target(nullptr);
+    target.UseForThisProcess();
+    TraceView view(target, console.out);
+    return HostRun(
+               in, [&view](const std::string& line) { view.Print(line); }, console.err)
+        .Run();
+}
+
 int RunHost(const Arguments& arguments, Console& console) {
-    const std::optional<String> name = ScriptFile(arguments);
+    const HostArguments parsed = ParseHostArguments(arguments);
     std::ifstream file;
-    if (name) {
-        file.open(std::filesystem::path(*name), std::ios::binary);
-        if (!file) throw std::runtime_error(WhyUnreadable(*name));
+    if (parsed.file) {
+        file.open(std::filesystem::path(*parsed.file), std::ios::binary);
+        if (!file) throw std::runtime_error(WhyUnreadable(*parsed.file));
     }
+    std::istream& in = parsed.file ? file : console.in;
     const Apartment apartment;
-    return HostRun(name ? file : console.in, console).Run() ? kSuccess : kFailure;
+    return (parsed.traces ? RunTraced(in, console) : RunPlain(in, console)) ? kSuccess : kFailure;
 }
 
 }  // namespace

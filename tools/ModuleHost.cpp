@@ -1,7 +1,7 @@
 // Creates instances, calls them and prints their results and events.
 #include "tools/ModuleHost.h"
 
-#include <ostream>
+#include <utility>
 
 #include "host/com/Bstr.h"
 #include "runtime/win32/ModulePath.h"
@@ -50,8 +50,8 @@ ComPtr<IK4TDiagnostics> DiagnosticsOf(_clsQmxBackProcess& instance) {
 }  // namespace
 
 // `strings_` uses the kernel that the instances use in this process.
-ModuleHost::ModuleHost(std::ostream& out)
-    : out_(out),
+ModuleHost::ModuleHost(Printer print)
+    : print_(std::move(print)),
       strings_(std::make_unique<kernel_api::win32::KernelLibrary>(runtime::win32::FolderOf(FindComponent().library))) {}
 
 bool ModuleHost::Run(const HostCommand& command) {
@@ -172,17 +172,17 @@ bool ModuleHost::Release(std::int32_t number) {
         ThrowIfErrorObject();
         return std::string();
     });
-    Print(std::to_string(number) + " released");
+    print_(std::to_string(number) + " released");
     return succeeded;
 }
 
 void ModuleHost::PrintString(StringView key) {
     const std::optional<String> value = strings_.Get(key);
-    Print(Display(key) + "=" + (value ? Bracketed(*value) : std::string()));
+    print_(Display(key) + "=" + (value ? Bracketed(*value) : std::string()));
 }
 
 void ModuleHost::PrintStrings() {
-    for (const auto& [key, value] : strings_.All()) Print(Display(key) + "=" + Bracketed(value));
+    for (const auto& [key, value] : strings_.All()) print_(Display(key) + "=" + Bracketed(value));
 }
 
 void ModuleHost::PrintState() {
@@ -194,9 +194,9 @@ void ModuleHost::PrintState() {
     ThrowIfFailed(diagnostics->get_CurrentDesignName(name.Address()));
     ThrowIfFailed(diagnostics->get_LanguagePath(folder.Address()));
     ThrowIfFailed(diagnostics->get_Caption(caption.Address()));
-    Print("CurrentDesignName=" + Bracketed(name.Text()));
-    Print("LanguagePath=" + Bracketed(folder.Text()));
-    Print("Caption=" + (caption.Get() ? Bracketed(caption.Text()) : std::string()));
+    print_("CurrentDesignName=" + Bracketed(name.Text()));
+    print_("LanguagePath=" + Bracketed(folder.Text()));
+    print_("Caption=" + (caption.Get() ? Bracketed(caption.Text()) : std::string()));
 }
 
 ModuleHost::Instance ModuleHost::NewInstance(std::int32_t number) {
@@ -206,7 +206,7 @@ ModuleHost::Instance ModuleHost::NewInstance(std::int32_t number) {
     ThrowIfNotMade(
         CoCreateInstance(identifier, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_clsQmxBackProcess), instance.PutVoid()));
     Connect(*instance.Get(), [this, number](StringView Aname, StringView sCommand) {
-        Print(std::to_string(number) + " NotifyServer " + Bracketed(Aname) + " " + Bracketed(sCommand));
+        print_(std::to_string(number) + " NotifyServer " + Bracketed(Aname) + " " + Bracketed(sCommand));
     });
     return instance;
 }
@@ -224,16 +224,12 @@ bool ModuleHost::Report(std::int32_t number, Call&& call) {
     try {
         ClearErrorObject();
         const std::string outcome = call();
-        if (!outcome.empty()) Print(std::to_string(number) + " " + outcome);
+        if (!outcome.empty()) print_(std::to_string(number) + " " + outcome);
         return true;
     } catch (const ComFailure& failure) {
-        Print(std::to_string(number) + " error " + failure.what());
+        print_(std::to_string(number) + " error " + failure.what());
         return false;
     }
-}
-
-void ModuleHost::Print(const std::string& line) {
-    out_ << line << '\n' << std::flush;
 }
 
 }  // namespace tools

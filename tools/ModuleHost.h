@@ -2,9 +2,10 @@
 // results and events.
 #pragma once
 
-#include <iosfwd>
+#include <functional>
 #include <map>
 #include <optional>
+#include <string>
 
 #include "host/com/ComPtr.h"
 #include "tools/HostScript.h"
@@ -16,7 +17,10 @@ namespace tools {
 /// running.
 class ModuleHost {
  public:
-    explicit ModuleHost(std::ostream& out);
+    /// Prints one line, given without a line end.
+    using Printer = std::function<void(const std::string& line)>;
+
+    explicit ModuleHost(Printer print);
 
     /// Runs `command` and prints its result. If the component returns a failure, prints that and returns false. Throws
     /// HostScriptError if there is no such instance, and runtime::Error if the kernel library fails.
@@ -44,9 +48,8 @@ class ModuleHost {
     _clsQmxBackProcess& Find(std::int32_t number) const;
     template <typename Call>
     bool Report(std::int32_t number, Call&& call);
-    void Print(const std::string& line);
 
-    std::ostream& out_;
+    const Printer print_;
     SharedStrings strings_;
     std::map<std::int32_t, Instance> instances_;
     std::int32_t lastNumber_ = 0;

@@ -5,8 +5,8 @@ namespace tools {
 
 std::vector<Verb> AllVerbs() {
     return {
-        kHostVerb,   kStringsVerb, kWhereVerb,    kTextsVerb,      kErrorVerb,
-        kMsgboxVerb, kQueryVerb,   kRegisterVerb, kUnregisterVerb, kDoctorVerb,
+        kHostVerb,   kTraceVerb, kStringsVerb,  kWhereVerb,      kTextsVerb,  kErrorVerb,
+        kMsgboxVerb, kQueryVerb, kRegisterVerb, kUnregisterVerb, kDoctorVerb,
     };
 }
 

@@ -12,6 +12,7 @@ std::vector<Verb> AllVerbs();
 
 // Each verb is defined in the file with its name.
 extern const Verb kHostVerb;
+extern const Verb kTraceVerb;
 extern const Verb kStringsVerb;
 extern const Verb kWhereVerb;
 extern const Verb kTextsVerb;

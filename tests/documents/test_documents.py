@@ -17,7 +17,7 @@ import unittest
 import blocks
 
 # In this order, because a document may use files from the documents before it.
-DOCUMENTS = ["README.md", "docs/USING.md", "docs/REFERENCE.md", "docs/KERNEL.md", "docs/TRANSLATING.md", "docs/TESTING.md", "docs/PERFORMANCE.md", "docs/ARCHITECTURE.md",
+DOCUMENTS = ["README.md", "docs/USING.md", "docs/REFERENCE.md", "docs/TROUBLESHOOTING.md", "docs/KERNEL.md", "docs/TRANSLATING.md", "docs/TESTING.md", "docs/PERFORMANCE.md", "docs/ARCHITECTURE.md",
              "CONTRIBUTING.md"]
 PACKAGE = "build/wine/drive_c/Orvane"  # the folder of the Windows prompt
 TIMEOUT = 900  # seconds for all commands together; they take about 90

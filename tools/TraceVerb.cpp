@@ -1,0 +1,120 @@
+// `backproc trace`: runs a program and shows what the component does in it.
+#include <algorithm>
+#include <optional>
+#include <stdexcept>
+
+#include "runtime/CommandLine.h"
+#include "tools/ComFailure.h"
+#include "tools/Display.h"
+#include "tools/TraceView.h"
+#include "tools/Usage.h"
+#include "tools/Verbs.h"
+
+namespace tools {
+
+namespace {
+
+using runtime::win32::KernelHandle;
+
+constexpr std::string_view kHelp =
+    R"(Usage: backproc trace [--file FILE] -- PROGRAM [ARGUMENT...]
+       backproc trace --file FILE
+
+Runs PROGRAM and shows what the component does in it and in the programs that it starts, one line per event, at once:
+calls of clients with their results, calls of the kernel, settings with their source, texts, messages and their answers,
+events and how each client takes them, forms, and the errors that no client sees. Ends with PROGRAM.
+Without PROGRAM, shows the lines that programs append to FILE, until Ctrl+C.
+
+  --file FILE  the trace is appended to FILE and stays there; without it, it is only shown
+
+PROGRAM receives its arguments exactly as they are written here, quotes included. Its own output is shown, too.
+
+A line has local time, process/thread, the event, and values as NAME=[VALUE], or NAME= for a value that is missing:
+  2026-11-20 14:03:07.125 1234/5678 E_GetString key=[AllAps] value=[EDITOR,LIBRARY] ms=[0.021]
+ms is the time that a call took. A value longer than 256 characters is cut, and its length follows. A control character,
+a lone surrogate and ']' are written as \u{HEX}; a backslash is written as it is.
+
+Programs that are started elsewhere write a trace when K4TBACKPROCESS_TRACE=FILE is in their environment. They may share
+one file. A file that cannot be written disables the trace and does no other harm.
+
+Exit code: PROGRAM's own; 1 if it cannot be started or FILE cannot be written, 2 bad usage.
+
+Example:
+  backproc trace -- backproc.exe doctor
+)";
+
+struct TraceArguments {
+    std::optional<String> file;
+    /// The number of arguments up to and including "--". None if there is no program.
+    std::optional<std::size_t> programPlace;
+};
+
+TraceArguments ParseTraceArguments(const Arguments& arguments) {
+    TraceArguments parsed;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        if (arguments[i] == kEndOfOptions) {
+            if (i + 1 == arguments.size()) throw Missing("PROGRAM");
+            parsed.programPlace = i + 1;
+            return parsed;
+        }
+        if (arguments[i] == u"--file") {
+            parsed.file = ValueOf(arguments, i++);
+        } else if (arguments[i].starts_with(u'-')) {
+            throw UnknownOption(arguments[i]);
+        } else {
+            throw UsageError("unexpected argument " + Quoted(arguments[i]) + "; write '--' before PROGRAM");
+        }
+    }
+    if (!parsed.file) throw Missing("'-- PROGRAM' or '--file FILE'");
+    return parsed;
+}
+
+/// The program and its arguments as they are on this process's command line: the component in the program divides its
+/// command line at the quotes. `place` arguments of the verb are before it.
+String ProgramPart(std::size_t place) {
+    constexpr std::size_t kVerb = 1;
+    StringView part = runtime::WithoutProgramName(runtime::win32::Utf16(GetCommandLineW()));
+    for (std::size_t i = 0; i < kVerb + place; ++i) part = runtime::WithoutFirstArgument(part);
+    return String(part);
+}
+
+KernelHandle Start(String commandLine, StringView program) {
+    STARTUPINFOW startup{};
+    startup.cb = sizeof startup;
+    PROCESS_INFORMATION started{};
+    if (!CreateProcessW(nullptr, runtime::win32::Wide(commandLine.data()), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
+                        &startup, &started)) {
+        throw std::runtime_error("cannot start " + Quoted(program) + ": " +
+                                 SystemText(HRESULT_FROM_WIN32(GetLastError())) + "; give its full path");
+    }
+    const KernelHandle thread(started.hThread);
+    return KernelHandle(started.hProcess);
+}
+
+/// Ctrl+C ends the program, and the rest of its trace is still shown.
+BOOL WINAPI LeaveInterruptToProgram(DWORD event) {
+    return event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
+}
+
+int RunTrace(const Arguments& arguments, Console& console) {
+    const TraceArguments parsed = ParseTraceArguments(arguments);
+    TraceTarget target(parsed.file ? &*parsed.file : nullptr);
+    if (!parsed.programPlace) {
+        const TraceView view(target, console.out);
+        Sleep(INFINITE);
+    }
+    target.UseForThisProcess();
+    SetConsoleCtrlHandler(LeaveInterruptToProgram, TRUE);
+    const TraceView view(target, console.out);
+    const KernelHandle program = Start(ProgramPart(*parsed.programPlace), arguments[*parsed.programPlace]);
+    WaitForSingleObject(program.Get(), INFINITE);
+    DWORD code = kFailure;
+    GetExitCodeProcess(program.Get(), &code);
+    return static_cast<int>(code);
+}
+
+}  // namespace
+
+const Verb kTraceVerb = {"trace", "Runs a program and shows what the component does in it", kHelp, RunTrace};
+
+}  // namespace tools
