@@ -78,7 +78,7 @@ class Doctor(ToolTestCase):
         self.assert_bad(self.diagnose(program)["registration"], "hides", "unregister")
         code, output, errors = run(program, "register")
         self.assertEqual((code, output), (1, b""))
-        self.assertIn(b"registered for the user already: ", errors)
+        self.assertIn(b"already registered for the user: ", errors)
         self.assertIn(b"run 'backproc unregister --user' first", errors)
 
     def test_moved_component(self):
