@@ -36,15 +36,16 @@ std::uint32_t RoundedUp(std::uint32_t size) {
 /// The user's security identifier as text.
 String UserSid() {
     HANDLE opened = nullptr;
-    if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened)) Fail("the user is not known");
+    if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened)) Fail("cannot read the user of this process");
     const KernelHandle token(opened);
     DWORD size = 0;
     GetTokenInformation(token.Get(), TokenUser, nullptr, 0, &size);
     std::vector<std::byte> buffer(size);
-    if (!GetTokenInformation(token.Get(), TokenUser, buffer.data(), size, &size)) Fail("the user is not known");
+    if (!GetTokenInformation(token.Get(), TokenUser, buffer.data(), size, &size))
+        Fail("cannot read the user of this process");
     LPWSTR text = nullptr;
     if (!ConvertSidToStringSidW(reinterpret_cast<const TOKEN_USER*>(buffer.data())->User.Sid, &text)) {
-        Fail("the user is not known");
+        Fail("cannot read the user of this process");
     }
     const LocalMemory owner(text);
     return runtime::win32::ToString(text);
@@ -56,7 +57,7 @@ LocalMemory UserOnly() {
     PSECURITY_DESCRIPTOR descriptor = nullptr;
     if (!ConvertStringSecurityDescriptorToSecurityDescriptorW(Wide(description), SDDL_REVISION_1, &descriptor,
                                                               nullptr)) {
-        Fail("the shared strings cannot be protected");
+        Fail("cannot create the security descriptor of the shared strings");
     }
     return LocalMemory(descriptor);
 }
@@ -80,14 +81,14 @@ SectionMemory::SectionMemory(const String& name, std::uint32_t capacity, std::ui
     SECURITY_ATTRIBUTES userOnly{sizeof userOnly, descriptor.Get(), FALSE};
     const String lockName = name + u".Lock";
     mutex_ = KernelHandle(CreateMutexW(&userOnly, FALSE, Wide(lockName)));
-    if (!mutex_) Fail("the lock of the shared strings cannot be had");
+    if (!mutex_) Fail("cannot create the lock of the shared strings");
     const std::uint64_t size = kGranularity + 2 * std::uint64_t{capacity};
     section_ = KernelHandle(CreateFileMappingW(INVALID_HANDLE_VALUE, &userOnly, PAGE_READWRITE | SEC_RESERVE,
                                                static_cast<DWORD>(size >> 32), static_cast<DWORD>(size), Wide(name)));
-    if (!section_) Fail("the memory of the shared strings cannot be had");
+    if (!section_) Fail("cannot create the memory of the shared strings");
     header_ = Map(0, kGranularity);
     if (!header_ || !VirtualAlloc(header_.Get(), kGranularity, MEM_COMMIT, PAGE_READWRITE)) {
-        Fail("the memory of the shared strings cannot be seen");
+        Fail("cannot map the memory of the shared strings");
     }
 }
 
@@ -95,8 +96,8 @@ void SectionMemory::Lock() {
     const DWORD result = WaitForSingleObject(mutex_.Get(), isLockStuck_ ? 0 : lockTimeout_);
     isLockStuck_ = result == WAIT_TIMEOUT;
     if (result == WAIT_OBJECT_0 || result == WAIT_ABANDONED) return;
-    if (result == WAIT_TIMEOUT) throw StoreError("another process keeps the shared strings locked");
-    Fail("the shared strings cannot be locked");
+    if (result == WAIT_TIMEOUT) throw StoreError("another process holds the lock of the shared strings");
+    Fail("cannot lock the shared strings");
 }
 
 void SectionMemory::Unlock() noexcept {

@@ -31,10 +31,10 @@ struct Record {
 Record ReadRecord(const SharedMemory& memory, std::uint32_t space, std::uint32_t offset, std::uint32_t used) {
     const std::uint32_t left = used - offset;
     RecordHead head{};
-    if (left < sizeof head) throw StoreError("a record of the shared strings is cut off");
+    if (left < sizeof head) throw StoreError("a record of the shared strings is truncated");
     memory.Read(space, offset, &head, sizeof head);
     const std::uint64_t size = RecordSize(head.keySize, head.valueSize);
-    if (size > left) throw StoreError("a record of the shared strings is longer than what is in use");
+    if (size > left) throw StoreError("a record of the shared strings exceeds the used size");
     return {head, static_cast<std::uint32_t>(size)};
 }
 
@@ -158,9 +158,9 @@ void StringStore::CatchUp() {
     if (generation_ != generation) StartGeneration(generation);
 
     const std::uint32_t used = memory_.Load(UsedOf(ActiveSpace()));
-    if (used < seen_ || used > memory_.Capacity()) throw StoreError("the used size of the shared strings is wrong");
+    if (used < seen_ || used > memory_.Capacity()) throw StoreError("the used size of the shared strings is invalid");
     if (used == seen_) return;
-    if (!memory_.View(ActiveSpace(), used)) throw StoreError("the shared strings do not fit into this process");
+    if (!memory_.View(ActiveSpace(), used)) throw StoreError("cannot map the shared strings into this process");
     while (seen_ < used) {
         const Record record = ReadRecord(memory_, ActiveSpace(), seen_, used);
         Entry& entry = index_[ReadKey(memory_, ActiveSpace(), seen_, record)];
@@ -225,7 +225,7 @@ void StringStore::CopyLiveRecordsExcept(std::string_view key, std::uint32_t size
         }
         offset += record.size;
     }
-    if (copied != size) throw StoreError("the records of the shared strings do not add up");
+    if (copied != size) throw StoreError("the sizes of the shared records do not match the used size");
 }
 
 }  // namespace devkernel

@@ -12,7 +12,7 @@ void PromptForm::SetForm(runtime::Form& form) {
 PromptForm::PromptSession::PromptSession(PromptForm& form) : form_(form) {
     if (form_.hasOpenPrompt_) {
         throw runtime::ErrorAbout(runtime::kFormAlreadyDisplayed,
-                                  form_.Name() + u"; its question must be answered first");
+                                  form_.Name() + u"; close it before you show it again");
     }
     form_.hasOpenPrompt_ = true;
 }

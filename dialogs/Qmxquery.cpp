@@ -98,7 +98,8 @@ bool HasItems(std::int32_t kind) {
 
 String& InitialText(std::vector<String>& values) {
     if (values.empty()) {
-        throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange, u"the first of the values, which is the initial text");
+        throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange,
+                                  u"the list of values is empty; its first value is the initial text");
     }
     return values.front();
 }

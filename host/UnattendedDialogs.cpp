@@ -46,12 +46,13 @@ String OneLine(StringView text) {
 /// Throws the errors that the query dialog throws for the same arguments.
 void CheckQuestion(const std::vector<String>& values, std::int32_t kind, std::int32_t index) {
     if (values.empty()) {
-        throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange, u"the first of the values, which is the initial text");
+        throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange,
+                                  u"the list of values is empty; its first value is the initial text");
     }
     const bool hasSelection = kind == dialogs::kDropDown || kind == dialogs::kList;
     const auto items = static_cast<std::int32_t>(values.size() - 1);
     if (hasSelection && (index < -1 || index >= items)) {
-        throw runtime::ErrorAbout(runtime::kInvalidPropertyValue, u"the index of the item that is selected at first");
+        throw runtime::ErrorAbout(runtime::kInvalidPropertyValue, u"the index of the initially selected item");
     }
 }
 

@@ -64,7 +64,7 @@ Function RequireNoOldInstallation
   ${If} $0 == '"$INSTDIR\uninstall.exe"'
   ${AndIfNot} ${FileExists} "$INSTDIR\${RECORD}"
   ${AndIf} ${FileExists} "$INSTDIR\K4TBackProcess.dll"
-    ${GiveUp} ${EXIT_FAILED} "$INSTDIR has the installation of an earlier set-up, which kept no list of its files. Move \
+    ${GiveUp} ${EXIT_FAILED} "$INSTDIR contains an installation by an earlier set-up, which kept no list of its files. Move \
       K4TBackProcess.dll, K4TBackProcess.manifest, backproc.exe and uninstall.exe out of the folder. Then run this set-up again. \
       Do not run that uninstall.exe: it also deletes QmxKrn2K.dll and README.md, even those of the suite. Nothing has been changed."
   ${EndIf}
@@ -102,8 +102,8 @@ FunctionEnd
 Function GiveUpWriting
   FileClose $record
   Delete "$INSTDIR\$path"
-  ${GiveUp} ${EXIT_FAILED} "$INSTDIR\$path could not be written. Is the disk full, or the folder protected? The \
-    installation is not complete: run this set-up again."
+  ${GiveUp} ${EXIT_FAILED} "$INSTDIR\$path could not be written. Check that the disk is not full and that you may write to the \
+    folder. The installation is incomplete: run this set-up again."
 FunctionEnd
 
 ; One registration would hide the other. So each scope refuses to install if the other one is registered.
@@ -125,7 +125,7 @@ Function ChooseMachine
   UserInfo::GetAccountType
   Pop $0
   ${If} $0 != "Admin"
-    ${GiveUp} ${EXIT_FAILED} "Installing for all users needs an administrator's rights. Run this as one, or without /AllUsers."
+    ${GiveUp} ${EXIT_FAILED} "Installing for all users needs administrator rights. Run set-up as an administrator, or without /AllUsers."
   ${EndIf}
   ReadRegStr $0 HKCU "${CLASS_KEY}" ""
   ${If} $0 != ""
@@ -150,13 +150,13 @@ Section "-Make room"
   StrCpy $found ""
   ${EachRecorded} RemoveIfOurs
   ${If} $found != ""
-    ${GiveUp} ${EXIT_FAILED} "$INSTDIR\$found could not be replaced. The installation is not complete: run this set-up again."
+    ${GiveUp} ${EXIT_FAILED} "$INSTDIR\$found could not be replaced. The installation is incomplete: run this set-up again."
   ${EndIf}
   CreateDirectory "$INSTDIR"
   ClearErrors
   FileOpen $record "$INSTDIR\${RECORD}" w
   ${If} ${Errors}
-    ${GiveUp} ${EXIT_FAILED} "Nothing can be written to $INSTDIR. Choose another folder, or run this as an administrator."
+    ${GiveUp} ${EXIT_FAILED} "Cannot write to $INSTDIR. Choose another folder, or run set-up as an administrator."
   ${EndIf}
   FileWrite $record "${RECORD_HEAD}$\r$\n"
 SectionEnd
@@ -265,12 +265,12 @@ Function un.onInit
   ${EndIf}
 FunctionEnd
 
-Function un.TakeRegistrationBack
-  DetailPrint "Taking the registration back"
+Function un.Unregister
+  DetailPrint "Unregistering the component"
   nsExec::ExecToLog '"$INSTDIR\backproc.exe" unregister $scopeOption'
   Pop $0
   ${If} $0 != 0
-    ${GiveUp} ${EXIT_FAILED} "The registration could not be taken back; nothing was removed. 'backproc unregister $scopeOption' in $INSTDIR tells why."
+    ${GiveUp} ${EXIT_FAILED} "The component could not be unregistered; nothing was removed. Run 'backproc unregister $scopeOption' in $INSTDIR to see why."
   ${EndIf}
 FunctionEnd
 
@@ -296,9 +296,9 @@ Section Uninstall
   ${If} $hasEntries == "yes"
     Call un.IsRegisteredElsewhere
     ${If} $1 == "yes"
-      DetailPrint "The component is registered from another folder by now, and stays so"
+      DetailPrint "The component is registered from another folder; that registration is kept"
     ${Else}
-      Call un.TakeRegistrationBack
+      Call un.Unregister
     ${EndIf}
   ${EndIf}
   ${IfNot} ${FileExists} "$INSTDIR\${RECORD}"

@@ -156,7 +156,7 @@ Function ${UN}FindInUse
     FileOpen $1 "$INSTDIR\$path" a
     ${If} ${Errors}
       StrCpy $found $path
-      ${Note} "In use, or protected against writing: $INSTDIR\$path"
+      ${Note} "In use or write-protected: $INSTDIR\$path"
     ${Else}
       FileClose $1
     ${EndIf}
@@ -171,9 +171,9 @@ Function ${UN}RefuseWhileInUse
     ${If} $found == ""
       Return
     ${EndIf}
-    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$INSTDIR\$found is in use, or protected against writing. \
+    MessageBox MB_RETRYCANCEL|MB_ICONEXCLAMATION "$INSTDIR\$found is in use or write-protected. \
       Close the programs that use it and try again. Nothing has been changed." /SD IDCANCEL IDRETRY again
-    ${Note} "Given up. Nothing has been changed."
+    ${Note} "Cancelled. Nothing has been changed."
     SetErrorLevel ${EXIT_IN_USE}
     Quit
     again:

@@ -72,7 +72,7 @@ void Control::SetText(StringView text) {
     CheckHasText();
     if (HasList(design_.kind) && !HasEdit(design_.kind)) {
         const auto found = std::find(items_.begin(), items_.end(), text);
-        if (found == items_.end()) throw ErrorAbout(kPropertyIsReadOnly, Name() + u" has no item of this text");
+        if (found == items_.end()) throw ErrorAbout(kPropertyIsReadOnly, Name() + u" has no item with this text");
         Select(static_cast<int>(found - items_.begin()));
         return;
     }
@@ -101,7 +101,7 @@ void Control::SetFont(const runtime::Font& font) {
 
 void Control::SetTabIndex(int index) {
     form_.EnsureLoaded();
-    if (index < 0) throw ErrorAbout(kInvalidPropertyValue, u"TabIndex of " + Name());
+    if (index < 0) throw ErrorAbout(kInvalidPropertyValue, u"TabIndex of " + Name() + u" must not be negative");
     tabs_.Move(*this, index);
 }
 

@@ -58,7 +58,7 @@ std::size_t Control::SelStart() {
 
 void Control::SetSelStart(std::ptrdiff_t start) {
     NativeEdit& edit = LoadedEdit();
-    if (start < 0) throw ErrorAbout(kInvalidPropertyValue, u"SelStart of " + Name());
+    if (start < 0) throw ErrorAbout(kInvalidPropertyValue, u"SelStart of " + Name() + u" must not be negative");
     FetchText();
     edit.SetSelection({std::min(static_cast<std::size_t>(start), text_.size()), 0});
 }
@@ -69,7 +69,7 @@ std::size_t Control::SelLength() {
 
 void Control::SetSelLength(std::ptrdiff_t length) {
     NativeEdit& edit = LoadedEdit();
-    if (length < 0) throw ErrorAbout(kInvalidPropertyValue, u"SelLength of " + Name());
+    if (length < 0) throw ErrorAbout(kInvalidPropertyValue, u"SelLength of " + Name() + u" must not be negative");
     FetchText();
     const std::size_t start = std::min(edit.Selection().start, text_.size());
     edit.SetSelection({start, std::min(static_cast<std::size_t>(length), text_.size() - start)});

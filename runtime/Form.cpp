@@ -42,7 +42,8 @@ std::vector<const ControlDesign*> Form::ControlDesigns() const {
 }
 
 Control& Form::AddControl(ControlDesign design) {
-    if (window_) throw ErrorAbout(kInvalidProcedureCall, Name() + u" is loaded and takes no more controls");
+    if (window_)
+        throw ErrorAbout(kInvalidProcedureCall, Name() + u" is already loaded; add its controls before it is loaded");
     controls_.push_back(std::make_unique<Control>(*this, tabs_, std::move(design)));
     return *controls_.back();
 }
@@ -197,7 +198,7 @@ WindowState Form::State() {
 void Form::SetState(WindowState state) {
     EnsureLoaded();
     if (state < WindowState::kNormal || state > WindowState::kMaximised) {
-        throw ErrorAbout(kInvalidPropertyValue, u"WindowState of " + Name());
+        throw ErrorAbout(kInvalidPropertyValue, u"WindowState of " + Name() + u" must be 0 to 2");
     }
     // A visible window reports its new state. A hidden window gets the state when it is shown.
     if (visible_) {
@@ -269,7 +270,8 @@ std::int16_t Form::ScaleMode() {
 
 void Form::SetScaleMode(std::int16_t mode) {
     EnsureLoaded();
-    if (mode < 0 || mode > kLastScaleMode) throw ErrorAbout(kInvalidPropertyValue, u"ScaleMode of " + Name());
+    if (mode < 0 || mode > kLastScaleMode)
+        throw ErrorAbout(kInvalidPropertyValue, u"ScaleMode of " + Name() + u" must be 0 to 7");
     scaleMode_ = mode;
 }
 

@@ -8,7 +8,7 @@ const Ports* currentPorts = nullptr;
 }
 
 const Ports& CurrentPorts() {
-    if (!currentPorts) throw ErrorAbout(kObjectVariableNotSet, u"the ports to the system");
+    if (!currentPorts) throw ErrorAbout(kObjectVariableNotSet, u"the system ports; call UsePorts first");
     return *currentPorts;
 }
 

@@ -14,12 +14,12 @@ answer_help() {
 }
 
 refuse() { # WORDS: the problem
-    echo "$script_name: $*; --help shows what it takes" >&2
+    echo "$script_name: $*; see --help" >&2
     exit 2
 }
 
 # takes_nothing "$@": for a script without arguments.
 takes_nothing() {
     answer_help "$@"
-    [ $# -eq 0 ] || refuse "there is no argument '$1'"
+    [ $# -eq 0 ] || refuse "unexpected argument '$1'"
 }

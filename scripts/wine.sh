@@ -18,7 +18,7 @@ start_xvfb() {
         sleep 0.05
     done
     kill "$xvfb" 2>/dev/null || true
-    echo "$script_name: no display came up within ten seconds; is Xvfb there? scripts/setup demo installs it" >&2
+    echo "$script_name: no display started within ten seconds; check that Xvfb is installed ('scripts/setup demo' installs it)" >&2
     return 1
 }
 
@@ -37,7 +37,7 @@ make_prefix() {
 ensure_template() {
     template=$root/build/wine-template
     [ -e "$template/.ready" ] && return
-    command -v wine >/dev/null || { echo "$script_name: there is no wine; scripts/setup demo installs it" >&2; return 1; }
+    command -v wine >/dev/null || { echo "$script_name: wine is not installed; run 'scripts/setup demo'" >&2; return 1; }
     mkdir -p "$root/build"
     (
         flock 7
@@ -45,7 +45,7 @@ ensure_template() {
         rm -rf "$template"
         # make_prefix runs in the background, because "set -e" has no effect in a function in front of "||".
         (set -e; export WINEPREFIX=$template; make_prefix) 7>&- >"$template.log" 2>&1 &
-        wait $! || { echo "$script_name: the Wine prefix $template could not be made:" >&2; cat "$template.log" >&2; exit 1; }
+        wait $! || { echo "$script_name: cannot create the Wine prefix $template:" >&2; cat "$template.log" >&2; exit 1; }
         touch "$template/.ready"
     ) 7>"$template.lock"
 }

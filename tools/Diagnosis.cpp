@@ -45,8 +45,8 @@ Finding OfSystem(const ThisSystem& system) {
 }
 
 Finding OfRights(const ThisSystem& system) {
-    if (system.isElevated) return Good("rights", "an administrator's");
-    return Good("rights", "a user's, which are not enough to register for the machine");
+    if (system.isElevated) return Good("rights", "administrator");
+    return Good("rights", "standard user; registering for the machine needs an administrator");
 }
 
 Finding OfTool(const MachineState& machine) {
@@ -59,10 +59,10 @@ Finding OfTool(const MachineState& machine) {
                     here + "; the component in force is " +
                         (there.empty() ? "another copy" : "another copy, " + there) + ": " +
                         Display(machine.component.path),
-                    machine.tool.hasComponent ? "if the copy here is meant, " + RegisterAgain(machine) : "");
+                    machine.tool.hasComponent ? "to use the copy here, " + RegisterAgain(machine) : "");
     }
     if (there.empty() || there == machine.tool.fullVersion) return Good(subject, here + ", beside the component");
-    return Note(subject, here + ", but the component beside it is " + there, "take both from one package");
+    return Note(subject, here + ", but the component beside it is " + there, "install both from the same package");
 }
 
 Finding OfRegistration(const MachineState& machine) {
@@ -105,32 +105,32 @@ Finding OfFile(const MachineState& machine) {
     }
     if (machine.component.exists) return Good("file", path);
     if (!EntryInForce(machine)) {
-        return Bad("file", path + " is not there", "put the K4TBackProcess.dll of the package there");
+        return Bad("file", path + " does not exist", "put the K4TBackProcess.dll of the package there");
     }
     const std::string again =
         machine.forUser ? "'backproc register --user'" : "'backproc register', as an administrator,";
-    return Bad("file", path + " is not there", "put it back, or run " + again + " in the folder where it is now");
+    return Bad("file", path + " does not exist", "put it back, or run " + again + " in the folder where it is now");
 }
 
 Finding OfBits(const ComponentFile& component) {
     constexpr int kOurs = 32;
-    if (component.bits == kOurs) return Good("bitness", "32-bit; so must its clients be");
+    if (component.bits == kOurs) return Good("bitness", "32-bit; its clients must be 32-bit, too");
     const std::string what =
-        component.bits == 0 ? "no program file for Windows" : std::to_string(component.bits) + "-bit";
+        component.bits == 0 ? "not a Windows program file" : std::to_string(component.bits) + "-bit";
     return Bad("bitness", what, "put the 32-bit K4TBackProcess.dll of the package there");
 }
 
 Finding OfVersions(const ComponentFile& component) {
     const std::string subject = "version";
-    if (!component.version) return Bad(subject, "the file says none", kTakePackage);
+    if (!component.version) return Bad(subject, "the file has no version", kTakePackage);
     const std::string file = Text(*component.version);
     if (!component.typeLibrary) return Bad(subject, file + ", without the component's type library", kTakePackage);
-    if (component.typeLibrary == component.version) return Good(subject, file + ", and so is its type library");
+    if (component.typeLibrary == component.version) return Good(subject, file + ", the same as its type library");
     return Bad(subject, file + ", but its type library is " + Text(*component.typeLibrary), kTakePackage);
 }
 
 Finding OfLoading(const ComponentFile& component) {
-    if (component.loadFailure.empty()) return Good("loading", "it loads and has the class");
+    if (component.loadFailure.empty()) return Good("loading", "loads and provides the class");
     return Bad("loading", component.loadFailure, kTakePackage);
 }
 
@@ -159,14 +159,15 @@ Finding OfProxies(const MachineState& machine) {
 }
 
 Finding OfActivation(const MachineState& machine) {
-    if (machine.activationFailure.empty()) return Good("activation", "COM gives the class");
+    if (machine.activationFailure.empty()) return Good("activation", "COM returns the class object");
     constexpr int kOurs = 32;
     const ComponentFile& component = machine.component;
     if (!component.exists) return Bad("activation", machine.activationFailure, "see 'file' above");
     if (component.bits != kOurs) return Bad("activation", machine.activationFailure, "see 'bitness' above");
     if (!component.loadFailure.empty()) return Bad("activation", machine.activationFailure, "see 'loading' above");
     constexpr const char* kForAll =
-        "this system may not look at a user's classes: run 'backproc unregister --user', then run 'backproc register' "
+        "COM on this system may ignore the classes of a user: run 'backproc unregister --user', then run 'backproc "
+        "register' "
         "as an administrator";
     const bool isUsersAlone = machine.forUser && !machine.forMachine;
     return Bad("activation", machine.activationFailure, isUsersAlone ? kForAll : RegisterAgain(machine));
@@ -214,7 +215,7 @@ std::string Joined(const std::vector<std::string>& words) {
 Finding OfReadIni(const IniFile& ini) {
     const IniReport& report = ini.report;
     std::string what = Display(ini.path) + ", " + ini.encoding + ", ";
-    what += report.taken.empty() ? "no setting taken" : "settings taken:" + Joined(report.taken);
+    what += report.taken.empty() ? "no setting read" : "settings read:" + Joined(report.taken);
     if (!report.notTaken.empty()) what += "; the component does not read:" + Joined(report.notTaken);
     if (ini.encoding != "ANSI") return Good("INI file", what);
     return Note("INI file", what + "; letters beyond ASCII depend on the code page", "save it as UTF-8");
@@ -225,7 +226,7 @@ void AddIni(std::vector<Finding>& findings, const IniFile& ini) {
     if (ini.isFolder) {
         findings.push_back(Bad("INI file", path + " is a folder", "rename the folder"));
     } else if (!ini.exists) {
-        findings.push_back(Good("INI file", path + " is not there: registry settings and defaults count"));
+        findings.push_back(Good("INI file", path + " does not exist; registry settings and defaults are used"));
     } else if (!ini.canBeRead) {
         findings.push_back(
             Bad("INI file", path + " cannot be read", "check that you may read it and that no program locks it"));
@@ -281,11 +282,12 @@ Finding OfState(const SuiteStrings& strings) {
     const std::vector<MainFormOfProcess>& forms = strings.mainForms;
     if (strings.stateRecord.empty()) {
         if (forms.empty()) return Good(subject, "the component is not running");
-        return Note(subject,
-                    "K4TBACKPROCESS is empty, so the modules take the component for not running, but the main form is "
-                    "loaded in " +
-                        ProcessesOf(forms),
-                    "end that program and start it again");
+        return Note(
+            subject,
+            "K4TBACKPROCESS is empty, so modules assume that the component is not running, but the main form is "
+            "loaded in " +
+                ProcessesOf(forms),
+            "end that program and start it again");
     }
     const String caption = CaptionOf(strings.stateRecord);
     std::vector<MainFormOfProcess> named;
@@ -303,26 +305,26 @@ Finding OfState(const SuiteStrings& strings) {
         "K4TBACKPROCESS names the main form " + Quoted(caption) +
             ", but no main form of this session has that caption; one with another caption is loaded in " +
             ProcessesOf(forms),
-        "a language that was switched since is no fault; otherwise end that program, then run 'backproc doctor'");
+        "if the language was changed since, ignore this; otherwise end that program, then run 'backproc doctor'");
 }
 
 Finding OfLanguage(const LanguageFolder& language) {
-    if (language.folder.empty()) return Good("language", "no folder is chosen: English");
+    if (language.folder.empty()) return Good("language", "no folder is chosen; texts are in English");
     using kernel_api::builtin::kTextsFileName;
     const std::string folder = Display(language.folder);
     if (!language.hasFile) {
-        return Bad("language", folder + " has no " + Display(kTextsFileName) + ": English",
+        return Bad("language", folder + " has no " + Display(kTextsFileName) + "; texts are in English",
                    "set LANGUAGEPATH to a language folder: 'backproc strings set LANGUAGEPATH FOLDER'");
     }
     if (language.isUtf16) {
-        return Bad(
-            "language",
-            Display(kernel_api::builtin::TextsPathIn(language.folder)) + " is UTF-16, which is not read: English",
-            "save it as UTF-8");
+        return Bad("language",
+                   Display(kernel_api::builtin::TextsPathIn(language.folder)) +
+                       " is UTF-16, which is not read; texts are in English",
+                   "save it as UTF-8");
     }
-    std::string what = folder + ", " + std::to_string(language.lacking) + " texts are lacking";
+    std::string what = folder + ", missing texts: " + std::to_string(language.lacking);
     if (language.skipped == 0) return Good("language", what);
-    return Bad("language", what + ", " + std::to_string(language.skipped) + " lines cannot be read",
+    return Bad("language", what + ", unreadable lines: " + std::to_string(language.skipped),
                "run 'backproc texts' to see which");
 }
 

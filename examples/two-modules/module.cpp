@@ -114,7 +114,7 @@ int Module::Run() {
         mailbox_ = std::make_unique<Mailbox>(
             name_, [this](const std::wstring& from, const std::wstring& command) { Arrived(from, command); });
         started = mailbox_->IsOpen() && LoadForm();
-        if (!mailbox_->IsOpen()) Say(L"another program is " + name_ + L" already");
+        if (!mailbox_->IsOpen()) Say(L"a module " + name_ + L" is already running");
     }
     if (started) {
         Say(L"ready");
@@ -179,7 +179,7 @@ bool Module::CreateComponent() {
     if (FAILED(created)) {
         wchar_t code[11];
         swprintf(code, 11, L"0x%08lX", static_cast<unsigned long>(created));
-        Say(std::wstring(L"no component: ") + code + L"; 'backproc doctor' tells why");
+        Say(std::wstring(L"cannot create the component: ") + code + L"; run 'backproc doctor' to see why");
         return false;
     }
     component_.reset(static_cast<_clsQmxBackProcess*>(made));

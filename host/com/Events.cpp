@@ -58,7 +58,7 @@ runtime::Error FailureOf(const Connection& connection, HRESULT code, String desc
     std::snprintf(answer, sizeof answer, "0x%08lX", static_cast<unsigned long>(code));
     return runtime::ErrorAbout(
         number, u"the event sink of connection " + runtime::FromAscii(std::to_string(connection.cookie)) +
-                    u" answered NotifyServer with " + runtime::FromAscii(answer) + u"; look into the client's handler");
+                    u" returned " + runtime::FromAscii(answer) + u" from NotifyServer; check the client's handler");
 }
 
 std::optional<runtime::Error> Tell(Sinks& sinks, const Connection& connection, Bstr& Aname, Bstr& sCommand) {

@@ -67,9 +67,10 @@ void RequireSingleThreadedApartment() {
     APTTYPEQUALIFIER qualifier{};
     Check(CoGetApartmentType(&type, &qualifier));
     if (type != APTTYPE_STA && type != APTTYPE_MAINSTA) {
-        throw ComError(RPC_E_WRONG_THREAD,
-                       u"this thread is in no single-threaded apartment; call CoInitialize or OleInitialize on it, or "
-                       u"CoCreateInstance instead of the class factory");
+        throw ComError(
+            RPC_E_WRONG_THREAD,
+            u"this thread is not in a single-threaded apartment; call CoInitialize or OleInitialize first, or "
+            u"use CoCreateInstance instead of the class factory");
     }
 }
 
@@ -123,7 +124,7 @@ void HomeMembership::RequireHomeThread() const {
     if (IsOnHomeThread()) return;
     throw ComError(
         RPC_E_WRONG_THREAD,
-        u"this instance cannot be called on this thread: it lives in another apartment, or its apartment has "
+        u"this instance cannot be called on this thread, because it belongs to another apartment or its apartment has "
         u"ended; marshal the interface to this thread, or create an instance here");
 }
 

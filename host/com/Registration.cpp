@@ -85,7 +85,7 @@ void RequireLoadable(const String& modulePath) {
     if (modulePath.size() < MAX_PATH) return;
     throw ComError(HRESULT_FROM_WIN32(ERROR_FILENAME_EXCED_RANGE),
                    u"the path " + modulePath +
-                       u" has more than 259 characters, so that COM could not load the component "
+                       u" has more than 259 characters, so COM cannot load the component "
                        u"from it; install it in a folder with a shorter path");
 }
 

@@ -14,7 +14,7 @@ DWORD Sinks::Connect(IUnknown* sink) {
     // The sinks of scripting clients offer IDispatch only.
     if (!listener) listener = Query<IDispatch>(sink, IID_IDispatch);
     if (!listener) {
-        throw ComError(CONNECT_E_CANNOTCONNECT, u"the event sink has neither __clsQmxBackProcess nor IDispatch");
+        throw ComError(CONNECT_E_CANNOTCONNECT, u"the event sink implements neither __clsQmxBackProcess nor IDispatch");
     }
     // The sink's QueryInterface may have ended the instance.
     RequireOpen();
@@ -25,7 +25,7 @@ DWORD Sinks::Connect(IUnknown* sink) {
 
 void Sinks::Disconnect(DWORD cookie) {
     if (!IsConnected(cookie)) {
-        throw ComError(CONNECT_E_NOCONNECTION, u"there is no connection " + runtime::FromAscii(std::to_string(cookie)));
+        throw ComError(CONNECT_E_NOCONNECTION, u"unknown connection " + runtime::FromAscii(std::to_string(cookie)));
     }
     Drop(cookie);
 }

@@ -37,13 +37,13 @@ String DecodeIni(std::string_view bytes, runtime::LocalePort& locale) {
 
 std::string_view IniProblem(std::string_view bytes) {
     if (bytes.starts_with("\xEF\xBB\xBF")) {
-        return runtime::FromStrictUtf8(bytes.substr(3)) ? "" : "it says that it is UTF-8, but is not throughout";
+        return runtime::FromStrictUtf8(bytes.substr(3)) ? "" : "it has a UTF-8 byte order mark, but is not valid UTF-8";
     }
     if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
-        return bytes.size() % 2 == 0 ? "" : "it says that it is UTF-16, but ends within a character";
+        return bytes.size() % 2 == 0 ? "" : "it has a UTF-16 byte order mark, but ends within a character";
     }
     if (bytes.find('\0') == std::string_view::npos) return "";
-    return "it has NUL characters: UTF-16 without a byte order mark, or no text at all";
+    return "it has NUL characters: UTF-16 without a byte order mark, or not a text file";
 }
 
 IniText::IniText(runtime::LocalePort& locale, StringView text) : locale_(&locale) {

@@ -23,7 +23,7 @@ TEST(IniProblem, ReadableFile_HasNoProblem) {
 }
 
 TEST(IniProblem, WrongByteOrderMark_IsReported) {
-    EXPECT_THAT(IniProblem("\xEF\xBB\xBFk=\xFC"), ::testing::HasSubstr("UTF-8, but is not"));
+    EXPECT_THAT(IniProblem("\xEF\xBB\xBFk=\xFC"), ::testing::HasSubstr("not valid UTF-8"));
     EXPECT_THAT(IniProblem(std::string_view("\xFF\xFE\x61", 3)), ::testing::HasSubstr("within a character"));
     EXPECT_THAT(IniProblem(std::string_view("\xFE\xFF\x61", 3)), ::testing::HasSubstr("within a character"));
 }

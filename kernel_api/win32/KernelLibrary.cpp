@@ -57,13 +57,14 @@ Error NotFound(const String& folder) {
     if (IsAskedForDevelopmentKernel()) {
         return runtime::ErrorAbout(
             runtime::kFileNotFound,
-            PathIn(PathIn(folder, kDevelopmentFolder)) + u"; put the development kernel there, or do not ask for it");
+            PathIn(PathIn(folder, kDevelopmentFolder)) +
+                u"; put the development kernel there, or unset K4TBACKPROCESS_DEVELOPMENT_KERNEL");
     }
     const String places = folder.empty() ? u"" : u"in " + folder + u", ";
     return runtime::ErrorAbout(
         runtime::kFileNotFound,
         kFileName + (u" (not " + places) +
-            u"in the program's or the system's folder); put the suite's one beside the component");
+            u"in the program's or the system's folder); put the suite's QmxKrn2K.dll beside the component");
 }
 
 /// If the file that was found does not load, no other copy is tried, because that would hide the damage.

@@ -98,7 +98,7 @@ class MemoryModal final : public ModalLoop {
 
     void Run() override {
         while (!ended_ && !system_.quitting) {
-            if (!system_.RunOne()) throw Error(kInternalError, u"a modal form waits for an event that never comes");
+            if (!system_.RunOne()) throw Error(kInternalError, u"a modal form is open, but no event is left");
         }
     }
 

@@ -22,7 +22,7 @@ class ScriptedMessageBox : public MessageBoxPort {
 
     std::int32_t Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) override {
         shown.push_back({String(prompt), flags, String(title), help});
-        if (answers.empty()) throw Error(kInternalError, u"a message that nobody expected: " + String(prompt));
+        if (answers.empty()) throw Error(kInternalError, u"unexpected message box: " + String(prompt));
         const std::int32_t answer = answers.front();
         answers.pop_front();
         return answer;

@@ -16,7 +16,7 @@ void Callback::Scope::Store(std::exception_ptr error) noexcept {
     } catch (const std::exception& e) {
         OutputDebugStringA(e.what());
     } catch (...) {
-        OutputDebugStringA("unknown error in a window's handler");
+        OutputDebugStringA("unknown exception in a window procedure");
     }
 }
 

@@ -65,7 +65,7 @@ void RegistrySettings::Save(StringView application, StringView section, StringVi
     constexpr std::size_t kMaxLength = std::numeric_limits<DWORD>::max() / sizeof(char16_t) - 1;
     if (!IsName(application) || !IsName(section) || !IsName(key)) {
         const String path = String(application) + u'\\' + String(section) + u'\\' + String(key);
-        throw ErrorAbout(kInvalidProcedureCall, u"'" + path + u"' cannot be the name of a setting");
+        throw ErrorAbout(kInvalidProcedureCall, u"'" + path + u"' is not a valid setting name");
     }
     if (value.size() > kMaxLength) {
         throw ErrorAbout(kInvalidProcedureCall, u"the value of '" + String(key) + u"' is too long");

@@ -71,7 +71,7 @@ TEST_F(ErrorObjectAfter, ConnectionPoint_SupportsErrorInfo) {
     EXPECT_EQ(S_OK, support->InterfaceSupportsErrorInfo(IID_IConnectionPoint));
     EXPECT_EQ(S_FALSE, support->InterfaceSupportsErrorInfo(IID_IUnknown));
     EXPECT_EQ(Query<IUnknown>(support.Get(), IID_IUnknown).Get(), Query<IUnknown>(point.Get(), IID_IUnknown).Get());
-    EXPECT_EQ("there is no connection 7", TextAfter([&] { point->Unadvise(7); }));
+    EXPECT_EQ("unknown connection 7", TextAfter([&] { point->Unadvise(7); }));
     EXPECT_EQ("(none)", TextAfter([&] {
                   const auto sink = Sink::Make();
                   EXPECT_EQ(S_OK, point->Unadvise(Advise(instance.Get(), sink.Get())));

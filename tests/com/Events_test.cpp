@@ -200,7 +200,7 @@ TEST_F(Events, SinkFailsWithoutDescription_GetsTheStandardOne) {
     Advise(instance.Get(), sink.Get());
     EXPECT_EQ("0x800A004C", Hex(Raise(u"x|")));
     EXPECT_EQ(
-        "Path not found: the event sink of connection 1 answered NotifyServer with 0x800A004C; look into the "
+        "Path not found: the event sink of connection 1 returned 0x800A004C from NotifyServer; check the "
         "client's handler",
         TakeErrorObject().description);
 }
@@ -228,8 +228,8 @@ TEST_F(Events, SinkReturnsAFailure_IsAnErrorUnlessEventUnknown) {
     answer = E_ACCESSDENIED;
     EXPECT_EQ("0x80070005", Hex(Raise(u"x|")));
     EXPECT_EQ(
-        "Application-defined or object-defined error: the event sink of connection 1 answered NotifyServer with "
-        "0x80070005; look into the client's handler",
+        "Application-defined or object-defined error: the event sink of connection 1 returned "
+        "0x80070005 from NotifyServer; check the client's handler",
         TakeErrorObject().description);
     answer = DISP_E_MEMBERNOTFOUND;
     EXPECT_EQ(S_OK, Raise(u"x|"));
@@ -290,13 +290,13 @@ TEST_F(Events, ObjectWithoutASinkInterface_IsRefused) {
     const auto point = EventsOf(instance.Get());
     DWORD cookie = 5;
     EXPECT_EQ("0x80040202", Hex(point->Advise(stranger.Get(), &cookie)));
-    EXPECT_EQ("the event sink has neither __clsQmxBackProcess nor IDispatch", TakeErrorObject().description);
+    EXPECT_EQ("the event sink implements neither __clsQmxBackProcess nor IDispatch", TakeErrorObject().description);
     EXPECT_EQ(0u, cookie);
     EXPECT_EQ("0x80004003", Hex(point->Advise(nullptr, &cookie)));
     EXPECT_EQ("0x80004003", Hex(point->Advise(stranger.Get(), nullptr)));
     EXPECT_EQ("0x80040200", Hex(point->Unadvise(0)));
     EXPECT_EQ("0x80040200", Hex(point->Unadvise(12345)));
-    EXPECT_EQ("there is no connection 12345", TakeErrorObject().description);
+    EXPECT_EQ("unknown connection 12345", TakeErrorObject().description);
 }
 
 TEST_F(Events, Cookie_IsNeverReused) {

@@ -206,7 +206,8 @@ TEST_F(SecondApartment, MultithreadedApartment_CreationIsRefused) {
         [] {
             ComPtr<IUnknown> none;
             EXPECT_EQ("0x8001010E", Hex(Factory()->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
-            EXPECT_TRUE(TakeErrorObject().description.starts_with("this thread is in no single-threaded apartment; "));
+            EXPECT_TRUE(
+                TakeErrorObject().description.starts_with("this thread is not in a single-threaded apartment; "));
         },
         COINIT_MULTITHREADED);
 }

@@ -434,8 +434,8 @@ class InUse(Installation):
 
     def assert_refused(self):
         for name in ("K4TBackProcess.dll", "backproc.exe", r"dev\QmxKrn2K.dll"):
-            self.assertIn(fr"In use, or protected against writing: C:\used\{name}", log())
-        self.assertTrue(log().endswith("Given up. Nothing has been changed.\n"), log())
+            self.assertIn(fr"In use or write-protected: C:\used\{name}", log())
+        self.assertTrue(log().endswith("Cancelled. Nothing has been changed.\n"), log())
 
     def test_set_up_changes_nothing(self):
         with host(self.folder):
@@ -462,7 +462,7 @@ class InUse(Installation):
             log_file().unlink()
             self.assertEqual(run(self.folder / UNINSTALLER, "/S")[0], 0)
             end = time.monotonic() + TIMEOUT
-            while "Given up" not in log() and time.monotonic() < end:
+            while "Cancelled" not in log() and time.monotonic() < end:
                 time.sleep(0.1)
             self.assert_refused()
             self.assertEqual(contents(self.folder), self.installed)

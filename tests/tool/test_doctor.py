@@ -49,7 +49,7 @@ class Doctor(ToolTestCase):
         self.assertEqual(noted, [lines["kernel"]])
         self.assertEqual(lines["registration"], "ok   registration: for the machine")
         self.assertEqual(lines["file"], "ok   file: " + windows_path(self.folder / "K4TBackProcess.dll"))
-        self.assertEqual(lines["version"], "ok   version: 1.0, and so is its type library")
+        self.assertEqual(lines["version"], "ok   version: 1.0, the same as its type library")
         self.assertEqual(lines["kernel"], "note kernel: " + windows_path(self.folder / "dev" / "QmxKrn2K.dll") +
                          ", development kernel: shares no strings with the suite; for use with the suite, "
                          "put its QmxKrn2K.dll beside the component")
@@ -57,7 +57,7 @@ class Doctor(ToolTestCase):
     def test_not_registered(self):
         lines = self.diagnose(copy_package(self.folder))
         self.assert_bad(lines["registration"], "manifest names K4TBackProcess", "backproc register --user")
-        self.assertEqual(lines["loading"], "ok   loading: it loads and has the class")
+        self.assertEqual(lines["loading"], "ok   loading: loads and provides the class")
         lines = self.diagnose(running.bin_folder / "backproc.exe")
         self.assert_bad(lines["registration"])
 
@@ -86,7 +86,7 @@ class Doctor(ToolTestCase):
         run(program, "register")
         (self.folder / "K4TBackProcess.dll").rename(self.folder / "moved.dll")
         lines = self.diagnose(program)
-        self.assert_bad(lines["file"], "K4TBackProcess.dll is not there", "put it back")
+        self.assert_bad(lines["file"], "K4TBackProcess.dll does not exist", "put it back")
         self.assert_bad(lines["activation"], "0x")
 
     def test_another_file_in_its_place(self):
@@ -94,8 +94,8 @@ class Doctor(ToolTestCase):
         run(program, "register")
         (self.folder / "K4TBackProcess.dll").write_bytes(b"MZ no program")
         lines = self.diagnose(program)
-        self.assert_bad(lines["bitness"], "no program", "32-bit")
-        self.assert_bad(lines["version"], "says none")
+        self.assert_bad(lines["bitness"], "not a Windows program file", "32-bit")
+        self.assert_bad(lines["version"], "has no version")
         self.assert_bad(lines["loading"], "cannot be loaded")
         shutil.copy(running.bin_folder / "test" / "refusing.dll", self.folder / "K4TBackProcess.dll")
         self.assert_bad(self.diagnose(program)["loading"], "DllGetClassObject")
@@ -113,10 +113,10 @@ class Doctor(ToolTestCase):
     def test_ini_file(self):
         program = copy_package(self.folder)
         ini = self.folder / "sys" / "MARLENTO.INI"
-        self.assertIn("is not there: registry settings", self.diagnose(program)["INI file"])
+        self.assertIn("does not exist; registry settings", self.diagnose(program)["INI file"])
         ini.parent.mkdir()
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-8")
-        self.assertEqual(self.diagnose(program)["INI file"], "ok   INI file: " + windows_path(ini) + ", UTF-8, settings taken: Ver")
+        self.assertEqual(self.diagnose(program)["INI file"], "ok   INI file: " + windows_path(ini) + ", UTF-8, settings read: Ver")
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-16-le")
         self.assert_bad(self.diagnose(program)["INI file"], "NUL characters", "UTF-8")
 
@@ -195,9 +195,9 @@ class Doctor(ToolTestCase):
             self.assert_bad(self.diagnose(program)["language"], "no K4TBackProcess.txt", "LANGUAGEPATH")
             texts.write_text("39171 = &Ja\n39172 = &Nein\n", encoding="utf-8")
             self.assertEqual(self.diagnose(program)["language"],
-                             f"ok   language: {folder}, {TEXTS - 2} texts are lacking")
+                             f"ok   language: {folder}, missing texts: {TEXTS - 2}")
             texts.write_text("39171 = &Ja\nwords\n", encoding="utf-8")
-            self.assert_bad(self.diagnose(program)["language"], "1 lines cannot be read", "backproc texts")
+            self.assert_bad(self.diagnose(program)["language"], "unreadable lines: 1", "backproc texts")
 
 
 if __name__ == "__main__":

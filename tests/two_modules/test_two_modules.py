@@ -117,7 +117,7 @@ class TwoModules(unittest.TestCase):
     def test_second_module_of_a_name_is_refused(self):
         second = Program(bin_folder / "examples" / "two-modules" / "library.exe")
         self.addCleanup(second.kill)
-        second.wait_for("another program is LIBRARY already")
+        second.wait_for("a module LIBRARY is already running")
         self.assertEqual(second.process.wait(TIMEOUT), 1)
 
     def test_all_modules_switch_the_language(self):
