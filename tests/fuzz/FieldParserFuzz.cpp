@@ -31,13 +31,13 @@ std::size_t CheckFields(kernel_api::FieldParser& parser, const String& text) {
         const runtime::StringView field = parser.Field(static_cast<std::int32_t>(i));
         Require(field == slow.texts[i], "same fields as the slow splitter");
         begin = text.find(field, begin);
-        Require(begin != String::npos, "each field stands in the text, behind the one before");
+        Require(begin != String::npos, "each field occurs in the text after the previous one");
         begin += field.size();
     }
     if (!slow.isEndless) return closedFields;
     const runtime::StringView rest = parser.Field(static_cast<std::int32_t>(closedFields + 1));
-    Require(text.ends_with(u'"' + String(rest)), "a quote that never closes takes the rest");
-    Require(rest.find(u'"') == String::npos, "and there is no quote in it");
+    Require(text.ends_with(u'"' + String(rest)), "an unclosed quote contains the rest of the text");
+    Require(rest.find(u'"') == String::npos, "the rest contains no quote");
     return closedFields + 1;
 }
 
@@ -51,7 +51,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     parser->SetText(text);
     const String asked(parser->Field(early));
     const std::size_t count = CheckFields(*parser, text);
-    Require(parser->Field(static_cast<std::int32_t>(count + 1)).empty() || count == 0, "no field behind the last one");
-    Require(parser->Field(early) == asked, "a field asked for again is the same");
+    Require(parser->Field(static_cast<std::int32_t>(count + 1)).empty() || count == 0, "no field after the last one");
+    Require(parser->Field(early) == asked, "a second read returns the same field");
     return 0;
 }

@@ -51,7 +51,7 @@ std::int32_t Split(const String& text) {
 void CheckAnyText(const String& text) {
     const tests::SlowFields slow = tests::SlowFieldSplitter::Split(text);
     if (slow.error == 0) {
-        Require(slow.isEndless == tests::NeverReturns(text), "endless exactly when the walk through says so");
+        Require(slow.isEndless == tests::NeverReturns(text), "endless exactly if NeverReturns says so");
     }
     if (slow.isEndless) return;
     Require(Split(text) == slow.error, "same error as the slow splitter");
@@ -90,10 +90,11 @@ void CheckWellFormedList(FuzzedDataProvider& data) {
     }
     CheckAnyText(list);
     if (Split(list) != 0) return;
-    Require(FieldTexts() == fields, "a well-formed list comes apart into its fields");
-    Require(FieldValues().front() == static_cast<double>(fields.size() - 1), "and their number is the count");
+    Require(FieldTexts() == fields, "a well-formed list is split into its fields");
+    Require(FieldValues().front() == static_cast<double>(fields.size() - 1),
+            "entry 0 of the values is the number of fields");
     for (std::size_t i = 1; i < fields.size(); ++i) {
-        Require(FieldValues()[i] == routing::FieldToNumber(fields[i]), "each with its own number");
+        Require(FieldValues()[i] == routing::FieldToNumber(fields[i]), "each value is the number of its field");
     }
 }
 

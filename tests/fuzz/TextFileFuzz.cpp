@@ -21,10 +21,10 @@ void CheckWrittenForm(const TextFile& texts) {
     for (const auto& [identifier, text] : texts.All()) {
         Require(identifier.find_first_of(u"\r\n=\0"sv) == String::npos,
                 "an identifier has no line break, equals sign or NUL");
-        Require(!text.empty(), "a text says something");
+        Require(!text.empty(), "no text is empty");
         const TextFile again("1 = " + runtime::ToUtf8(kernel_api::builtin::EscapeText(text)));
         const String* const found = again.Find(u"1");
-        Require(found && *found == text && again.SkippedLines() == 0, "a text comes back from its written form");
+        Require(found && *found == text && again.SkippedLines() == 0, "a written text is read unchanged");
     }
 }
 
@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::size_t lastLine = 0;
     std::size_t faults = 0;
     const TextFile texts(bytes, [&](std::size_t line, LineFault) {
-        Require(line > lastLine, "faults come line by line");
+        Require(line > lastLine, "faults are in the order of the lines");
         lastLine = line;
         ++faults;
     });
@@ -49,8 +49,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool isTaken = texts.Find(u"own id") != nullptr;
     const TextFile extended(bytes + "\nown id = v");
     const String* const text = extended.Find(u" own id ");
-    Require(text && (isTaken || *text == u"v"), "a line of its own is found");
-    Require(extended.Count() == texts.Count() + (isTaken ? 0 : 1), "a line of its own is one text more");
+    Require(text && (isTaken || *text == u"v"), "an appended line is found");
+    Require(extended.Count() == texts.Count() + (isTaken ? 0 : 1), "an appended line adds one text");
     Require(extended.SkippedLines() == texts.SkippedLines() + (isTaken ? 1 : 0),
             "a taken identifier is one skipped line more");
     return 0;

@@ -156,7 +156,7 @@ std::vector<String> SlowLines(StringView rest, int wrapWidth) {
 }
 
 void CheckLine(StringView line, int recordedWidth, int wrapWidth) {
-    Require(recordedWidth == WidthOf(line), "the width of the whole line");
+    Require(recordedWidth == WidthOf(line), "the recorded width is that of the whole line");
     const bool isSingle = !line.empty() && CharacterLength(line) == line.size();
     Require(recordedWidth <= std::max(wrapWidth, 0) || isSingle, "no line wider than the wrap width");
 }
@@ -181,7 +181,7 @@ void CheckOrder(const TextLayout& layout, const std::vector<String>& paragraphs)
         Require(whole.find_first_not_of(u' ', end) >= line.offset, "only blanks are left out");
         end = line.offset + line.length;
     }
-    Require(whole.find_first_not_of(u' ', end) == String::npos, "to the end");
+    Require(whole.find_first_not_of(u' ', end) == String::npos, "the lines reach the end of the text");
 }
 
 }  // namespace
@@ -201,17 +201,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     for (const String& paragraph : paragraphs) {
         const std::size_t first = index;
         for (const String& line : SlowLines(paragraph, std::max(wrapWidth, 0))) {
-            Require(index < layout.lines.size() && layout.Line(index) == line, "the lines of the slow way");
+            Require(index < layout.lines.size() && layout.Line(index) == line, "the same lines as the slow layout");
             CheckLine(layout.Line(index), layout.lines[index].width, wrapWidth);
             widestLine = std::max(widestLine, layout.lines[index].width);
             if (index > first) CheckBreak(layout, index - 1);
             ++index;
         }
     }
-    Require(index == layout.lines.size(), "and no more");
+    Require(index == layout.lines.size(), "no further lines");
     Require(layout.width == widestLine, "as wide as the widest line");
     Require(layout.height == 3 * static_cast<int>(layout.lines.size()), "as high as all lines");
-    Require(measure.Units() <= 16 * layout.text.size(), "work in proportion to the text");
+    Require(measure.Units() <= 16 * layout.text.size(), "measured units in proportion to the text");
     Require(measure.Calls() <= 4 * layout.text.size(), "calls in proportion to the text");
     return 0;
 }

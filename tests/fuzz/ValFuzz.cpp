@@ -91,8 +91,8 @@ void CheckAnyText(FuzzedDataProvider& data) {
     Require(!value || std::isfinite(*value), "a finite number");
     std::erase_if(text, [](char16_t c) { return c == u' ' || c == u'\t' || c == u'\n'; });
     Require(AreSame(value, Read(text)), "blanks, tabs and line feeds change nothing");
-    Require(AreSame(value, Read(WithBlanks(data, text))), "wherever they stand");
-    Require(AreSame(value, Read(text + u"|7")), "what cannot continue a number ends it");
+    Require(AreSame(value, Read(WithBlanks(data, text))), "blanks at any position change nothing");
+    Require(AreSame(value, Read(text + u"|7")), "a character that cannot continue a number ends it");
 
     // The C library's text cannot contain a NUL.
     std::string narrow;
@@ -119,7 +119,7 @@ void CheckRoundTrip(FuzzedDataProvider& data) {
     if (!std::isfinite(number) || number == 0) return;
     std::array<char, 64> digits{};
     std::to_chars(digits.data(), digits.data() + digits.size(), number);
-    Require(AreSame(number, Read(runtime::FromAscii(digits.data()))), "a double written out comes back");
+    Require(AreSame(number, Read(runtime::FromAscii(digits.data()))), "a written double is read unchanged");
 }
 
 /// Checks numbers exactly between two doubles, and numbers just above that because of a digit far to the right.
@@ -129,8 +129,8 @@ void CheckMiddle(FuzzedDataProvider& data) {
     const std::uint64_t even = middle % 4 == 1 ? middle - 1 : middle + 1;
     const String zeros(data.ConsumeIntegralInRange<std::size_t>(0, 3000), u'0');
     const String text = runtime::FromAscii(std::to_string(middle)) + u"." + zeros;
-    Require(Read(text) == static_cast<double>(even), "the middle goes to the even one");
-    Require(Read(text + u"1") == static_cast<double>(middle + 1), "what is above the middle goes up");
+    Require(Read(text) == static_cast<double>(even), "a midpoint is rounded to even");
+    Require(Read(text + u"1") == static_cast<double>(middle + 1), "a value above the midpoint is rounded up");
 }
 
 }  // namespace
