@@ -51,7 +51,7 @@ class CommandsOver : public Base {
     }
     ~CommandsOver() override {
         this->kernel_.StopFailing();
-        onHeard_ = {};
+        onEvent_ = {};
         object_.Terminate();
         runtime::UsePorts(&this->ports_);
         kernel_api::CurrentSuite().reader = &this->reader_;
@@ -70,11 +70,11 @@ class CommandsOver : public Base {
     tests::RecordingReader interruptedReader_{this->reader_};
     InterruptedMessageBox box_;
     runtime::Ports interruptedPorts_ = tests::WithPort(this->ports_, box_);
-    std::vector<std::string> heard_;
-    std::function<void()> onHeard_;
+    std::vector<std::string> received_;
+    std::function<void()> onEvent_;
     clsQmxBackProcess object_{[this](String& /*module*/, String& command) {
-        heard_.push_back(runtime::ToUtf8(command));
-        if (const auto then = std::exchange(onHeard_, {})) then();
+        received_.push_back(runtime::ToUtf8(command));
+        if (const auto then = std::exchange(onEvent_, {})) then();
     }};
     frmBackProcessMain& form_ = MainForm();
     tests::HandledForm dialog_{u"dialog"};
@@ -86,25 +86,25 @@ TEST_F(Commands, Ex_RaisesShutdownOnceAndClearsTheRecord) {
     form_.EnsureLoaded();
     EXPECT_NE(Kept(u"K4TBACKPROCESS"), u"");
     Notify(u"All,EX");
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
     EXPECT_TRUE(NoneLoaded());
 }
 
 TEST_F(Commands, ExInAnEventHandler_OperationCompletes) {
     form_.EnsureLoaded();
-    onHeard_ = Notifying(u"All,EX");
+    onEvent_ = Notifying(u"All,EX");
     String command = u"OPEN";
     form_.AP_SendCmdAll(command);
-    EXPECT_THAT(heard_, ElementsAre("OPEN", "SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("OPEN", "SHUTDOWN"));
     EXPECT_TRUE(NoneLoaded());
 }
 
 TEST_F(Commands, ExInTheShutdown_Completes) {
     form_.EnsureLoaded();
-    onHeard_ = Notifying(u"All,EX");
+    onEvent_ = Notifying(u"All,EX");
     Notify(u"All,EX");
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
     EXPECT_TRUE(NoneLoaded());
 }
 
@@ -114,7 +114,7 @@ TEST_F(Commands, ExInADialogsUnload_Completes) {
     dialog_.onUnload = Notifying(u"All,EX");
     dialog_.Unload();
     EXPECT_TRUE(NoneLoaded());
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
 TEST_F(Commands, ExDuringTheLoad_FormIsUnloaded) {
@@ -134,7 +134,7 @@ TEST_F(Commands, ExWhileADialogRefuses_DialogStaysLoaded) {
     dialog_.refusesUnload = false;
     Notify(u"All,EX");
     EXPECT_TRUE(NoneLoaded());
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
 TEST_F(Commands, ErrorDuringTheLoad_FormIsUnloaded) {
@@ -148,11 +148,11 @@ TEST_F(Commands, ErrorDuringTheLoad_FormIsUnloaded) {
 TEST_F(Commands, ErrorInAnEventHandler_OperationCompletes) {
     form_.EnsureLoaded();
     FailSave();
-    onHeard_ = Notifying(u"All,SAVE");
+    onEvent_ = Notifying(u"All,SAVE");
     String command = u"OPEN";
     form_.AP_SendCmdAll(command);
     EXPECT_THAT(box_.prompts, ElementsAre(u"no database"));
-    EXPECT_THAT(heard_, ElementsAre("OPEN", "SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("OPEN", "SHUTDOWN"));
     EXPECT_TRUE(NoneLoaded());
 }
 
@@ -164,7 +164,7 @@ TEST_F(Commands, ExWhileAnErrorMessageIsOpen_UnloadsAtOnce) {
         EXPECT_TRUE(NoneLoaded());
     };
     Notify(u"All,SAVE");
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
 TEST_F(Commands, ErrorsInsideOpenMessages_OnlyEightAreShown) {
@@ -176,7 +176,7 @@ TEST_F(Commands, ErrorsInsideOpenMessages_OnlyEightAreShown) {
     };
     Notify(u"All,SAVE");
     EXPECT_EQ(box_.prompts.size(), 8U);
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
     box_.onEachMessage = {};
     Notify(u"All,SAVE");
     EXPECT_EQ(box_.prompts.size(), 9U);
@@ -202,10 +202,10 @@ TEST_F(Commands, HomeIsLostInsideMessages_LaterErrorsAreShown) {
 
 TEST_F(Commands, ClientFailsInTheShutdown_ErrorIsShown) {
     form_.EnsureLoaded();
-    onHeard_ = [] { throw Error(runtime::kTypeMismatch); };
+    onEvent_ = [] { throw Error(runtime::kTypeMismatch); };
     Notify(u"All,EX");
     EXPECT_THAT(box_.prompts, ElementsAre(u"Type mismatch"));
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
     EXPECT_TRUE(NoneLoaded());
 }
 
@@ -226,7 +226,7 @@ TEST_F(Commands, RecordCannotBeCleared_OtherStepsOfShutdownRun) {
     EXPECT_EQ(ErrorOf([this] { form_.Unload(); }), runtime::kDllEntryPointNotFound);
     EXPECT_EQ(memory_.help.calls.size(), 2U);
     EXPECT_TRUE(NoneLoaded());
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
 TEST_F(Commands, DialogFailsToUnload_OtherStepsOfShutdownRun) {
@@ -237,7 +237,7 @@ TEST_F(Commands, DialogFailsToUnload_OtherStepsOfShutdownRun) {
     second.onUnload = [] { throw Error(runtime::kOverflow); };
     EXPECT_EQ(ErrorOf([this] { form_.Unload(); }), runtime::kOverflow);
     EXPECT_TRUE(NoneLoaded());
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
 class LanguageCommands : public CommandsOver<tests::ComponentTest> {
@@ -258,7 +258,7 @@ TEST_F(LanguageCommands, LzSwitchesTheCaptionAndBack) {
     EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
     EXPECT_EQ(CaptionAfterLz(u"C:\\en"), u"Background");
     EXPECT_EQ(CaptionAfterLz(u"C:\\de"), u"Hintergrund");
-    EXPECT_THAT(heard_, IsEmpty());
+    EXPECT_THAT(received_, IsEmpty());
 }
 
 TEST_F(LanguageCommands, LzWithTheSameFolder_LocalisesAgain) {
@@ -307,7 +307,7 @@ TEST_F(LanguageCommands, LzLoadFails_AllFormsUnloadedWithoutAMessage) {
     kernel_.FailOn("E_GetString(AllAps)", Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(ErrorOfNotifying(u"All,LZ"), 0);
     EXPECT_THAT(box_.prompts, IsEmpty());
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
     EXPECT_TRUE(NoneLoaded());
 }
 
@@ -334,7 +334,7 @@ TEST_F(LanguageCommands, LzCannotMakeTheWindow_ErrorIsShown) {
 // The client's error has the number of an undone load, but no load was undone.
 TEST_F(LanguageCommands, ClientsErrorOfAnUnloadedObject_IsShown) {
     form_.EnsureLoaded();
-    onHeard_ = [] { throw Error(runtime::kObjectWasUnloaded); };
+    onEvent_ = [] { throw Error(runtime::kObjectWasUnloaded); };
     Notify(u"All,EX");
     EXPECT_THAT(box_.prompts, ElementsAre(u"Object was unloaded"));
     EXPECT_TRUE(NoneLoaded());
@@ -346,7 +346,7 @@ TEST_F(CommandsInMemory, ExWhileTheSuiteBoxIsOpen_BoxReturnsCancel) {
     form_.EnsureLoaded();
     memory_.windows.Post(Notifying(u"All,EX"));
     EXPECT_EQ(services::ShowMessage(u"Overwrite?", services::kSuiteBox), 2);
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
     EXPECT_TRUE(NoneLoaded());
 }
 
@@ -364,26 +364,26 @@ TEST_F(CommandsInMemory, ExWithoutALoadedForm_PendingEventsRun) {
     memory_.windows.Post([&ran] { ran = true; });
     Notify(u"All,EX");
     EXPECT_TRUE(ran);
-    EXPECT_THAT(heard_, IsEmpty());
+    EXPECT_THAT(received_, IsEmpty());
 }
 
 TEST_F(CommandsInMemory, PendingEventLoadsTheForm_ExUnloadsItAgain) {
     form_.EnsureLoaded();
     memory_.windows.Post([this] { form_.EnsureLoaded(); });
     Notify(u"All,EX");
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN", "SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN", "SHUTDOWN"));
     EXPECT_TRUE(NoneLoaded());
 }
 
 TEST_F(CommandsInMemory, ClientReloadsTheFormEachTime_ExEnds) {
     const auto loading = form_.NotifyClass().Connect([this](String&, String&) {
-        ASSERT_LT(heard_.size(), 1000U) << "the loop does not end";
+        ASSERT_LT(received_.size(), 1000U) << "the loop does not end";
         memory_.windows.Post([this] { form_.EnsureLoaded(); });
     });
     form_.EnsureLoaded();
     Notify(u"All,EX");
     EXPECT_TRUE(NoneLoaded());
-    EXPECT_EQ(heard_.size(), 101U);
+    EXPECT_EQ(received_.size(), 101U);
 }
 
 TEST_F(CommandsInMemory, LzChoosesTheFontInTheFormsContextThenLocalises) {
@@ -419,7 +419,7 @@ TEST_F(CommandsInMemory, LzFontCannotBeRead_ErrorIsShownAndFormsUnloaded) {
     memory_.fonts.failsFaceName = true;
     Notify(u"All,LZ");
     EXPECT_THAT(box_.prompts, ElementsAre(u"Out of memory"));
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
     EXPECT_TRUE(NoneLoaded());
 }
 

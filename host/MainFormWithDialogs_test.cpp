@@ -24,8 +24,8 @@ class MainFormBesideOver : public Base {
  protected:
     MainFormBesideOver() {
         connection_ = form_.NotifyClass().Connect([this](String& /*module*/, String& command) {
-            heard_.push_back(runtime::ToUtf8(command));
-            if (onHeard_) onHeard_();
+            received_.push_back(runtime::ToUtf8(command));
+            if (onEvent_) onEvent_();
         });
     }
 
@@ -38,8 +38,8 @@ class MainFormBesideOver : public Base {
     frmBackProcessMain& form_ = MainForm();
     tests::HandledForm dialog_{u"dialog"};
     tests::HandledForm second_{u"second"};
-    std::vector<std::string> heard_;
-    std::function<void()> onHeard_;
+    std::vector<std::string> received_;
+    std::function<void()> onEvent_;
     frmBackProcessMain::NotifyClassEvent::Connection connection_;
 };
 
@@ -52,7 +52,7 @@ TEST_F(Shutdown, ClearsTheRecordThenUnloadsDialogsThenRaisesTheEvent) {
     EXPECT_NE(Kept(u"K4TBACKPROCESS"), u"");
     const auto recordIsWithdrawn = [&] { EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u""); };
     dialog_.onUnload = second_.onUnload = recordIsWithdrawn;
-    onHeard_ = [&] {
+    onEvent_ = [&] {
         EXPECT_FALSE(dialog_.IsLoaded());
         EXPECT_FALSE(second_.IsLoaded());
         EXPECT_TRUE(form_.IsLoaded());
@@ -60,7 +60,7 @@ TEST_F(Shutdown, ClearsTheRecordThenUnloadsDialogsThenRaisesTheEvent) {
     form_.Unload();
     EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
     EXPECT_THAT(second_.log, ElementsAre("load", "query 1", "unload"));
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
     EXPECT_TRUE(NoneLoaded());
 }
 
@@ -83,7 +83,7 @@ TEST_F(Shutdown, StartedInADialogsUnload_Completes) {
     EXPECT_TRUE(NoneLoaded());
     EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
     EXPECT_THAT(second_.log, ElementsAre("load", "query 1", "unload"));
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
 TEST_F(Shutdown, DialogRefusesToUnload_ItStaysLoaded) {
@@ -94,7 +94,7 @@ TEST_F(Shutdown, DialogRefusesToUnload_ItStaysLoaded) {
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_TRUE(dialog_.IsLoaded());
     EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
 using ShutdownInMemory = MainFormBesideOver<tests::HeadlessComponentTest>;
@@ -113,17 +113,17 @@ TEST_F(ShutdownInMemory, DialogIsReloadedAfterEachUnload_LoopEnds) {
     form_.Unload();
     EXPECT_TRUE(NoneLoaded());
     EXPECT_EQ(unloads, 100);
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
 using FailingLoad = MainFormBesideOver<tests::ComponentTest>;
 
 TEST_F(FailingLoad, EarlierInstanceAndFailingListener_ErrorIsHidden) {
     memory_.process.SetEarlierInstance(true);
-    onHeard_ = [] { throw runtime::Error(runtime::kTypeMismatch); };
+    onEvent_ = [] { throw runtime::Error(runtime::kTypeMismatch); };
     EXPECT_EQ(ErrorOfLoad(), runtime::kObjectWasUnloaded);
     EXPECT_TRUE(NoneLoaded());
-    EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
 TEST_F(FailingLoad, KernelFailsInTheShutdown_DialogsAreUnloaded) {

@@ -40,13 +40,13 @@ class ServiceObjectOver : public Base {
     Instance Make() {
         const std::string number = std::to_string(++made_);
         return MakeWith([this, number](String& module, String& command) {
-            heard_.push_back(number + " " + runtime::ToUtf8(module) + "|" + runtime::ToUtf8(command));
+            received_.push_back(number + " " + runtime::ToUtf8(module) + "|" + runtime::ToUtf8(command));
         });
     }
     static bool Load(clsQmxBackProcess& object) { return object.Load(3); }
 
     int made_ = 0;
-    std::vector<std::string> heard_;
+    std::vector<std::string> received_;
 };
 
 using Diagnostics = ServiceObjectOver<tests::HeadlessComponentTest>;
@@ -58,8 +58,8 @@ TEST_F(Diagnostics, Raise_ReachesAllInstancesInTheirOrder) {
     first->AP_SendCmd(u"", u"");
     first->AP_SendCmdAll(u"OPEN");
     first->AP_Shell(u"M", -3, u"a,b");
-    EXPECT_THAT(heard_, ElementsAre("1 M|RD,  x", "2 M|RD,  x", "1 |", "2 |", "1 K4TBACKPROCESS|OPEN",
-                                    "2 K4TBACKPROCESS|OPEN", "1 M|SHELL,-3,a,b", "2 M|SHELL,-3,a,b"));
+    EXPECT_THAT(received_, ElementsAre("1 M|RD,  x", "2 M|RD,  x", "1 |", "2 |", "1 K4TBACKPROCESS|OPEN",
+                                       "2 K4TBACKPROCESS|OPEN", "1 M|SHELL,-3,a,b", "2 M|SHELL,-3,a,b"));
     EXPECT_FALSE(MainForm().IsLoaded());
 }
 
@@ -116,7 +116,7 @@ TEST_F(Creation, InitIsPublished_ClientIsAlreadyLinkedToTheForm) {
     const Instance object = Make();
     kernel_.RewriteValues({});
     EXPECT_TRUE(raised);
-    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|EARLY"));
+    EXPECT_THAT(received_, ElementsAre("1 K4TBACKPROCESS|EARLY"));
 }
 
 TEST_F(Creation, SetsProcessWideValues) {
@@ -146,7 +146,7 @@ TEST_F(Creation, AnyKernelCallFails_CallerGetsErrorAndNoLinkStays) {
     }
     String text = u"x";
     MainForm().AP_SendCmdAll(text);
-    EXPECT_THAT(heard_, IsEmpty());
+    EXPECT_THAT(received_, IsEmpty());
 }
 
 TEST_F(Creation, FailsHalfWay_EarlierStepsStayDone) {
@@ -380,7 +380,7 @@ TEST_F(LoadingInMemory, EarlierInstance_NoFormAndNoMessage) {
     EXPECT_THAT(memory_.messageBox.shown, IsEmpty());
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
     // Each of the three statements loads the form and receives SHUTDOWN.
-    EXPECT_THAT(heard_,
+    EXPECT_THAT(received_,
                 ElementsAre("1 K4TBACKPROCESS|SHUTDOWN", "1 K4TBACKPROCESS|SHUTDOWN", "1 K4TBACKPROCESS|SHUTDOWN"));
 }
 
@@ -416,7 +416,7 @@ TEST_F(Relaying, ClientChangesTheTexts_NextClientReceivesTheChange) {
     String module = u"M";
     String command = u"C";
     MainForm().AP_SendCmd(module, command);
-    EXPECT_THAT(heard_, ElementsAre("1 CHANGED|C!"));
+    EXPECT_THAT(received_, ElementsAre("1 CHANGED|C!"));
 }
 
 using Destruction = ServiceObjectOver<tests::ComponentTest>;
@@ -427,7 +427,7 @@ TEST_F(Destruction, ClientsReceiveShutdownThenTermIsPublished) {
     Load(*first);
     kernel_.ClearLog();
     first->Terminate();
-    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN", "2 K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN", "2 K4TBACKPROCESS|SHUTDOWN"));
     EXPECT_THAT(kernel_.Log(), ElementsAre("E_SetString(K4TBACKPROCESS, )", "E_SetString(INITBP, TERM)"));
     EXPECT_FALSE(MainForm().IsLoaded());
 }
@@ -435,7 +435,7 @@ TEST_F(Destruction, ClientsReceiveShutdownThenTermIsPublished) {
 TEST_F(Destruction, FormWasNeverLoaded_NoEvent) {
     const auto object = Make();
     object->Terminate();
-    EXPECT_THAT(heard_, IsEmpty());
+    EXPECT_THAT(received_, IsEmpty());
     EXPECT_EQ(Kept(u"INITBP"), u"TERM");
 }
 
@@ -449,14 +449,14 @@ TEST_F(Destruction, TerminatesOnce) {
 
 TEST_F(Destruction, InsideItsOwnShutdown_DoesNothing) {
     Instance object;
-    int told = 0;
+    int received = 0;
     object = MakeWith([&](String&, String&) {
-        ++told;
+        ++received;
         object->Terminate();
     });
     Load(*object);
     object->Terminate();
-    EXPECT_EQ(told, 1);
+    EXPECT_EQ(received, 1);
     EXPECT_EQ(Kept(u"INITBP"), u"TERM");
 }
 
@@ -468,7 +468,7 @@ TEST_F(Destruction, TerminatedInstance_NoEventAndNoLoad) {
     EXPECT_TRUE(Load(*second));
     String command = u"C";
     MainForm().AP_SendCmdAll(command);
-    EXPECT_THAT(heard_, ElementsAre("2 K4TBACKPROCESS|C"));
+    EXPECT_THAT(received_, ElementsAre("2 K4TBACKPROCESS|C"));
 }
 
 TEST_F(Destruction, OtherInstanceCanLoadTheFormAgain) {
@@ -479,9 +479,9 @@ TEST_F(Destruction, OtherInstanceCanLoadTheFormAgain) {
     kernel_.Put(u"AllAps", u"K4TBACKPROCESS");
     EXPECT_TRUE(Load(*first));
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"Pelorix Background Processing Application, 0, 0, 0, 0");
-    heard_.clear();
+    received_.clear();
     first->Terminate();
-    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
 }
 
 TEST_F(Destruction, NewInstanceAfterTheLastOne_PublishesInit) {
@@ -512,7 +512,7 @@ TEST_F(Destruction, RemovesTheLinkBeforeItPublishesTerm) {
     });
     object->Terminate();
     EXPECT_TRUE(raised);
-    EXPECT_THAT(heard_, IsEmpty());
+    EXPECT_THAT(received_, IsEmpty());
 }
 
 TEST_F(Destruction, ClientFails_CallerGetsErrorAfterTermIsPublished) {
@@ -529,7 +529,7 @@ TEST_F(Destruction, SettingsRefused_CallerGetsErrorAfterTermIsPublished) {
     Load(*object);
     memory_.settings.Refuse();
     EXPECT_EQ(tests::ErrorOf([&] { object->Terminate(); }), runtime::kInvalidProcedureCall);
-    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
     EXPECT_EQ(Kept(u"INITBP"), u"TERM");
     EXPECT_EQ(LoadedWindowCount(), 0u);
@@ -546,16 +546,16 @@ class DuringShutdown : public Destruction {
 
 TEST_F(DuringShutdown, LoadDoesNotKeepTheForm) {
     Instance busy;
-    int told = 0;
+    int received = 0;
     busy = MakeThat([&] {
-        ++told;
+        ++received;
         EXPECT_TRUE(Load(*busy));
     });
     const Instance other = Make();
     Load(*busy);
     busy->Terminate();
-    EXPECT_EQ(told, 1);
-    EXPECT_THAT(heard_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_EQ(received, 1);
+    EXPECT_THAT(received_, ElementsAre("1 K4TBACKPROCESS|SHUTDOWN"));
     EXPECT_EQ(LoadedWindowCount(), 0u);
 }
 
@@ -566,7 +566,7 @@ TEST_F(DuringShutdown, NewInstance_NoEventAndCanLoadAfterwards) {
     });
     Load(*maker);
     maker->Terminate();
-    EXPECT_THAT(heard_, IsEmpty());
+    EXPECT_THAT(received_, IsEmpty());
     EXPECT_EQ(Kept(u"INITBP"), u"TERM");
     ASSERT_TRUE(made);
     EXPECT_TRUE(Load(*made));
@@ -580,7 +580,7 @@ TEST_F(DuringShutdown, ReleasedInstance_NoEvent) {
     const Instance last = Make();
     Load(*releaser);
     releaser->Terminate();
-    EXPECT_THAT(heard_, ElementsAre("2 K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("2 K4TBACKPROCESS|SHUTDOWN"));
     EXPECT_EQ(LoadedWindowCount(), 0u);
 }
 

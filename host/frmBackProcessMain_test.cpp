@@ -26,12 +26,12 @@ class MainFormOver : public Base {
  protected:
     MainFormOver() {
         connection_ = form_.NotifyClass().Connect([this](String& module, String& command) {
-            heard_.push_back(runtime::ToUtf8(module) + "|" + runtime::ToUtf8(command));
+            received_.push_back(runtime::ToUtf8(module) + "|" + runtime::ToUtf8(command));
         });
     }
 
     frmBackProcessMain& form_ = MainForm();
-    std::vector<std::string> heard_;
+    std::vector<std::string> received_;
     frmBackProcessMain::NotifyClassEvent::Connection connection_;
 };
 
@@ -81,7 +81,7 @@ TEST_F(MainFormLoad, ReadsTheListThenPublishesTheState) {
                 ElementsAre("E_GetString(LANGUAGEPATH)", "E_GetString(LANGUAGEPATH)", "E_GetString(PRODUCT_NAME)",
                             "E_GetString(LANGUAGEPATH)", "E_GetString(AllAps)",
                             "E_SetString(K4TBACKPROCESS, Pelorix Background Processing Application, 0, 0, 0, 0)"));
-    EXPECT_TRUE(heard_.empty());
+    EXPECT_TRUE(received_.empty());
 }
 
 TEST_F(MainFormLoad, ChoosesTheFontAndGivesItToTheStatusLine) {
@@ -132,7 +132,7 @@ TEST_F(MainFormLoad, EarlierInstance_FormIsUnloadedWithoutAMessage) {
     EXPECT_EQ(tests::ErrorOf([&] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_TRUE(memory_.messageBox.shown.empty());
-    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
     EXPECT_EQ(routing::InterModuleMessage(), 0u);
 }
 
@@ -143,7 +143,7 @@ TEST_F(MainFormLoad, Error_AllFormsAreUnloadedWithoutAMessage) {
     EXPECT_EQ(tests::ErrorOf([&] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
     EXPECT_TRUE(memory_.messageBox.shown.empty());
-    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
 }
 
 TEST_F(MainFormLoad, HoldsTheClaimOfTheFirstInstanceUntilItsUnload) {
@@ -188,11 +188,11 @@ TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsNotSetYet) {
         form_.SetVisible(true);
     });
     std::vector<String> helpPaths;
-    memory_.windows.onWindowGoes = [&helpPaths] { helpPaths.push_back(Values().helpFilePath); };
+    memory_.windows.onWindowHidden = [&helpPaths] { helpPaths.push_back(Values().helpFilePath); };
     Values().installFolder = u"D:\\Pelorix";
     form_.EnsureLoaded();
     kernel_.RewriteValues({});
-    memory_.windows.onWindowGoes = {};
+    memory_.windows.onWindowHidden = {};
     EXPECT_THAT(helpPaths, ElementsAre(u""));
     EXPECT_EQ(Values().helpFilePath, u"D:\\Pelorix\\Marlentine.HLP");
 }
@@ -207,7 +207,7 @@ TEST_F(MainFormUnload, UnloadsDialogsLoadedBeforeIt) {
     after.EnsureLoaded();
     form_.Unload();
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
-    EXPECT_THAT(heard_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(received_, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
 }
 
 using MainFormUnloadInMemory = MainFormOver<tests::HeadlessComponentTest>;
@@ -321,7 +321,7 @@ TEST_F(MainFormEventsInMemory, ShownByOtherProgram_IsHiddenAtOnce) {
     for (const bool activates : {true, false}) {
         for (const auto state : {WindowState::kNormal, WindowState::kMinimised, WindowState::kMaximised}) {
             form_.EnsureLoaded();
-            memory_.windows.Last().OthersShow(state, activates);
+            memory_.windows.Last().ShowExternally(state, activates);
             EXPECT_FALSE(memory_.windows.Last().visible);
             EXPECT_FALSE(form_.Visible());
             form_.Unload();

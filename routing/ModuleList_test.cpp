@@ -186,9 +186,9 @@ using FormShownInMemory = tests::HeadlessTest;
 TEST_F(FormShownInMemory, OtherProgramShowsOrHidesTheForm_IsFollowed) {
     runtime::Form form({.name = u"form", .caption = u"", .inner = {3000, 1500}});
     form.EnsureLoaded();
-    memory_.windows.Last().OthersShow();
+    memory_.windows.Last().ShowExternally();
     EXPECT_TRUE(IsFormShown(form));
-    memory_.windows.Last().OthersHide();
+    memory_.windows.Last().HideExternally();
     EXPECT_FALSE(IsFormShown(form));
     form.Unload();
 }

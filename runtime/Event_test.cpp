@@ -16,24 +16,24 @@ using StringEvent = Event<std::string&>;
 class EventTest : public ::testing::Test {
  protected:
     StringEvent::Connection Listen(const std::string& name) {
-        return event_.Connect([this, name](std::string&) { told_.push_back(name); });
+        return event_.Connect([this, name](std::string&) { notified_.push_back(name); });
     }
     void Raise(std::string text = "x") { event_.Raise(text); }
 
     StringEvent event_;
-    std::vector<std::string> told_;
+    std::vector<std::string> notified_;
 };
 
 TEST_F(EventTest, CallsListenersInTheOrderOfConnecting) {
     const auto a = Listen("a");
     const auto b = Listen("b");
     Raise();
-    EXPECT_THAT(told_, ElementsAre("a", "b"));
+    EXPECT_THAT(notified_, ElementsAre("a", "b"));
 }
 
 TEST_F(EventTest, WithoutListenersDoesNothing) {
     Raise();
-    EXPECT_TRUE(told_.empty());
+    EXPECT_TRUE(notified_.empty());
 }
 
 TEST_F(EventTest, ListenerChangesArgument_NextOneAndCallerSeeIt) {
@@ -49,19 +49,19 @@ TEST_F(EventTest, DisconnectedListener_IsNotCalled) {
     const auto b = Listen("b");
     a.Disconnect();
     Raise();
-    EXPECT_THAT(told_, ElementsAre("b"));
+    EXPECT_THAT(notified_, ElementsAre("b"));
 }
 
 TEST_F(EventTest, ListenerMayDisconnectItself) {
     StringEvent::Connection a;
     a = event_.Connect([&](std::string&) {
-        told_.push_back("a");
+        notified_.push_back("a");
         a.Disconnect();
     });
     const auto b = Listen("b");
     Raise();
     Raise();
-    EXPECT_THAT(told_, ElementsAre("a", "b", "b"));
+    EXPECT_THAT(notified_, ElementsAre("a", "b", "b"));
 }
 
 TEST_F(EventTest, ListenerDisconnectedDuringRaise_IsNotCalled) {
@@ -70,30 +70,30 @@ TEST_F(EventTest, ListenerDisconnectedDuringRaise_IsNotCalled) {
     b = Listen("b");
     const auto c = Listen("c");
     Raise();
-    EXPECT_THAT(told_, ElementsAre("c"));
+    EXPECT_THAT(notified_, ElementsAre("c"));
 }
 
 TEST_F(EventTest, ListenerConnectedDuringRaise_IsCalledNextTime) {
     StringEvent::Connection late;
     const auto a = event_.Connect([&](std::string&) {
-        told_.push_back("a");
-        if (told_.size() == 1) late = Listen("late");
+        notified_.push_back("a");
+        if (notified_.size() == 1) late = Listen("late");
     });
     Raise();
-    EXPECT_THAT(told_, ElementsAre("a"));
+    EXPECT_THAT(notified_, ElementsAre("a"));
     Raise();
-    EXPECT_THAT(told_, ElementsAre("a", "a", "late"));
+    EXPECT_THAT(notified_, ElementsAre("a", "a", "late"));
 }
 
 TEST_F(EventTest, ListenerMayRaiseAgain) {
     bool nested = false;
     const auto a = event_.Connect([&](std::string&) {
-        told_.push_back("a");
+        notified_.push_back("a");
         if (!std::exchange(nested, true)) Raise();
     });
     const auto b = Listen("b");
     Raise();
-    EXPECT_THAT(told_, ElementsAre("a", "a", "b", "b"));
+    EXPECT_THAT(notified_, ElementsAre("a", "a", "b", "b"));
 }
 
 TEST_F(EventTest, ListenersFail_FirstErrorIsThrownAfterTheLastCall) {
@@ -106,7 +106,7 @@ TEST_F(EventTest, ListenersFail_FirstErrorIsThrownAfterTheLastCall) {
     } catch (const std::runtime_error& error) {
         EXPECT_STREQ(error.what(), "first");
     }
-    EXPECT_THAT(told_, ElementsAre("c"));
+    EXPECT_THAT(notified_, ElementsAre("c"));
 }
 
 TEST_F(EventTest, ConnectionMayOutliveTheEvent) {

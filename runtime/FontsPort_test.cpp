@@ -5,13 +5,13 @@ namespace runtime {
 namespace {
 
 TEST_P(FontsPortTest, IsInstalled_OnlyForExistingFaces) {
-    EXPECT_TRUE(fonts_.IsInstalled(tried_->KnownFace()));
+    EXPECT_TRUE(fonts_.IsInstalled(tested_->KnownFace()));
     EXPECT_FALSE(fonts_.IsInstalled(u"No Such Face"));
     EXPECT_FALSE(fonts_.IsInstalled(u""));
 }
 
 TEST_P(FontsPortTest, TooLongName_IsNotInstalled) {
-    EXPECT_FALSE(fonts_.IsInstalled(tried_->KnownFace() + String(100, u' ') + u"x"));
+    EXPECT_FALSE(fonts_.IsInstalled(tested_->KnownFace() + String(100, u' ') + u"x"));
 }
 
 TEST_P(FontsPortTest, Select_ReturnsTheFormerFont) {

@@ -310,26 +310,26 @@ TEST_F(FormInMemory, UserResizes_FormHasTheSizeAndRaisesResize) {
 TEST_F(FormInMemory, OtherProgramShows_FormIsVisibleAndRaisesResize) {
     form_.EnsureLoaded();
     auto& window = memory_.windows.Last();
-    window.OthersShow();
+    window.ShowExternally();
     EXPECT_TRUE(form_.Visible());
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "shown", "activate"));
-    window.OthersHide();
+    window.HideExternally();
     EXPECT_FALSE(form_.Visible());
-    window.OthersShow(WindowState::kMinimised);
+    window.ShowExternally(WindowState::kMinimised);
     EXPECT_TRUE(form_.Visible());
     EXPECT_EQ(form_.State(), WindowState::kMinimised);
 }
 
 TEST_F(FormInMemory, OtherProgramShowsAVisibleForm_RaisesNoEvent) {
     form_.SetVisible(true);
-    memory_.windows.Last().OthersShow();
+    memory_.windows.Last().ShowExternally();
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "activate"));
 }
 
 TEST_F(FormInMemory, OtherProgramShows_HandlerMayUnload) {
     form_.EnsureLoaded();
     form_.onResize = [&] { form_.Unload(); };
-    memory_.windows.Last().OthersShow();
+    memory_.windows.Last().ShowExternally();
     EXPECT_FALSE(form_.IsLoaded());
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
 }
@@ -342,7 +342,7 @@ TEST_F(FormInMemory, Hide_HidesAWindowThatWasShownUnnoticed) {
 }
 
 TEST_F(FormInMemory, OtherProgramHidesAModalForm_ShowModalReturns) {
-    memory_.windows.Post([&] { memory_.windows.Last().OthersHide(); });
+    memory_.windows.Post([&] { memory_.windows.Last().HideExternally(); });
     form_.ShowModal();
     EXPECT_FALSE(form_.Visible());
     EXPECT_TRUE(form_.IsLoaded());

@@ -64,8 +64,8 @@ void SetErrorObject(const Failure& failure) noexcept try {
 HRESULT HresultOf(const runtime::Error& error) noexcept {
     const std::int32_t number = error.Number();
     if (number < 0) return number;
-    const std::int32_t told = number <= kMaxNumber ? number : static_cast<std::int32_t>(runtime::kInternalError);
-    return static_cast<HRESULT>(kRuntimeErrors + static_cast<std::uint32_t>(told));
+    const std::int32_t reported = number <= kMaxNumber ? number : static_cast<std::int32_t>(runtime::kInternalError);
+    return static_cast<HRESULT>(kRuntimeErrors + static_cast<std::uint32_t>(reported));
 }
 
 bool IsRuntimeError(HRESULT code) noexcept {

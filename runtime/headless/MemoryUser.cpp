@@ -34,7 +34,7 @@ void MemoryWindow::Press(std::int16_t keyCode, std::int16_t shift) {
     if (Lives(system, this)) events_.KeyUp(keyCode, shift);
 }
 
-void MemoryWindow::OthersShow(WindowState newState, bool activates) {
+void MemoryWindow::ShowExternally(WindowState newState, bool activates) {
     const MemoryWindows& system = system_;
     const bool appears = !std::exchange(visible, true);
     if (std::exchange(state, newState) != newState) events_.BoundsChanged(outer, newState);
@@ -43,7 +43,7 @@ void MemoryWindow::OthersShow(WindowState newState, bool activates) {
     events_.Activated();
 }
 
-void MemoryWindow::OthersHide() {
+void MemoryWindow::HideExternally() {
     if (std::exchange(visible, false)) events_.VisibilityChanged(false);
 }
 

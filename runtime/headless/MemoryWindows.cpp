@@ -136,7 +136,7 @@ MemoryWindow::MemoryWindow(MemoryWindows& system, const WindowDesign& design, Wi
 
 MemoryWindow::~MemoryWindow() {
     std::erase(system_.windows_, this);
-    if (visible && system_.onWindowGoes) system_.onWindowGoes();
+    if (visible && system_.onWindowHidden) system_.onWindowHidden();
 }
 
 void MemoryWindow::SetBounds(const Rect& newOuter) {
@@ -157,7 +157,7 @@ void MemoryWindow::Show(WindowState newState) {
 void MemoryWindow::Hide() {
     if (!std::exchange(visible, false)) return;
     events_.VisibilityChanged(false);
-    if (system_.onWindowGoes) system_.onWindowGoes();
+    if (system_.onWindowHidden) system_.onWindowHidden();
 }
 
 void MemoryWindow::SetState(WindowState newState) {

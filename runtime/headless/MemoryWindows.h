@@ -48,7 +48,7 @@ class MemoryWindows : public WindowsPort {
     /// Every pointer shape that was set, in order.
     std::vector<std::int16_t> pointers;
     /// Called when a visible window is destroyed, or hidden by its form.
-    std::function<void()> onWindowGoes;
+    std::function<void()> onWindowHidden;
     /// The number of calls of MakeWindow that will fail.
     int refuseWindows = 0;
     bool quitting = false;
@@ -98,8 +98,8 @@ class MemoryWindow : public NativeWindow {
     WindowEvents& Events() const { return events_; }
     /// Another program shows or hides the window. A window that appears becomes active, unless it appears minimised or
     /// `activates` is false.
-    void OthersShow(WindowState newState = WindowState::kNormal, bool activates = true);
-    void OthersHide();
+    void ShowExternally(WindowState newState = WindowState::kNormal, bool activates = true);
+    void HideExternally();
     /// The user presses and releases a key. Enter, Space, Escape and Tab also produce a character, unless the form
     /// consumes the key.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);

@@ -14,7 +14,7 @@ bool ScriptedFonts::IsInstalled(StringView face) {
 
 NativeHandle ScriptedFonts::MakeIconTitleFont() {
     log.emplace_back("make icon title");
-    iconTitleFontLives_ = describesIconTitles;
+    iconTitleFontExists_ = describesIconTitles;
     return describesIconTitles ? kIconTitleFont : 0;
 }
 
@@ -47,11 +47,11 @@ void ScriptedFonts::ReleaseContext(NativeHandle window, NativeHandle context) {
 
 void ScriptedFonts::Delete(NativeHandle font) {
     log.push_back("delete " + std::to_string(font));
-    if (font == kIconTitleFont) iconTitleFontLives_ = false;
+    if (font == kIconTitleFont) iconTitleFontExists_ = false;
 }
 
 bool ScriptedFonts::Exists(NativeHandle font) const {
-    return font == kFirstFont || font == kStockFont || (font == kIconTitleFont && iconTitleFontLives_);
+    return font == kFirstFont || font == kStockFont || (font == kIconTitleFont && iconTitleFontExists_);
 }
 
 }  // namespace runtime::headless

@@ -39,7 +39,7 @@ class ScriptedFonts : public FontsPort {
     bool Exists(NativeHandle font) const;
 
     std::map<NativeHandle, NativeHandle> selected_;
-    bool iconTitleFontLives_ = false;
+    bool iconTitleFontExists_ = false;
 };
 
 }  // namespace runtime::headless

@@ -10,15 +10,15 @@ namespace {
 
 using ::testing::ElementsAre;
 
-struct TriedScriptedFonts : TriedFonts {
+struct TestedScriptedFonts : TestedFonts {
     FontsPort& Port() override { return fonts; }
     NativeHandle Context() override { return 7; }
     String KnownFace() override { return u"Arial"; }
     ScriptedFonts fonts;
 };
 
-std::unique_ptr<TriedFonts> MakeScriptedFonts() {
-    return std::make_unique<TriedScriptedFonts>();
+std::unique_ptr<TestedFonts> MakeScriptedFonts() {
+    return std::make_unique<TestedScriptedFonts>();
 }
 INSTANTIATE_TEST_SUITE_P(Scripted, FontsPortTest, testing::Values(&MakeScriptedFonts));
 

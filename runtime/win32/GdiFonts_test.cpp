@@ -9,7 +9,7 @@
 namespace runtime::win32 {
 namespace {
 
-struct TriedGdiFonts : TriedFonts {
+struct TestedGdiFonts : TestedFonts {
     FontsPort& Port() override { return fonts; }
     NativeHandle Context() override { return reinterpret_cast<NativeHandle>(GetDC(nullptr)); }
     /// The actual face of the stock font.
@@ -23,13 +23,13 @@ struct TriedGdiFonts : TriedFonts {
     GdiFonts fonts;
 };
 
-std::unique_ptr<TriedFonts> MakeGdiFonts() {
-    return std::make_unique<TriedGdiFonts>();
+std::unique_ptr<TestedFonts> MakeGdiFonts() {
+    return std::make_unique<TestedGdiFonts>();
 }
 INSTANTIATE_TEST_SUITE_P(Windows, FontsPortTest, testing::Values(&MakeGdiFonts));
 
 TEST(GdiFonts, FindsAFaceInAnyLetterCase) {
-    const String face = TriedGdiFonts().KnownFace();
+    const String face = TestedGdiFonts().KnownFace();
     EXPECT_TRUE(GdiFonts().IsInstalled(Win32Locale().LowerCase(face)));
     EXPECT_TRUE(GdiFonts().IsInstalled(Win32Locale().UpperCase(face)));
 }

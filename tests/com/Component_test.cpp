@@ -29,9 +29,9 @@ TEST_F(Component, LastRelease_RaisesShutdownForItsOwnSink) {
     Advise(instance.Get(), sink.Get());
     EXPECT_EQ(VARIANT_TRUE, Load(instance.Get()));
     EXPECT_EQ(S_FALSE, CanUnload());
-    EXPECT_THAT(sink->heard, ElementsAre());
+    EXPECT_THAT(sink->received, ElementsAre());
     instance.Reset();
-    EXPECT_THAT(sink->heard, ElementsAre(kShutdown));
+    EXPECT_THAT(sink->received, ElementsAre(kShutdown));
 }
 
 TEST_F(Component, UnknownInterface_LeavesTheLoadedFormAlone) {
@@ -42,7 +42,7 @@ TEST_F(Component, UnknownInterface_LeavesTheLoadedFormAlone) {
     ComPtr<IUnknown> none;
     EXPECT_EQ("0x80004002",
               Hex(library_.ClassFactory()->CreateInstance(nullptr, IID_IPersistStreamInit, none.PutVoid())));
-    EXPECT_THAT(sink->heard, ElementsAre());
+    EXPECT_THAT(sink->received, ElementsAre());
     EXPECT_EQ(1, FormWindows(GetCurrentThreadId()));
     EXPECT_EQ("Pelorix Background Processing Application", CaptionOfForm(instance.Get()));
 }
@@ -80,11 +80,11 @@ TEST_F(Component, TwoCopiesInOneProcess_EachHasItsOwnForm) {
     Advise(other.Get(), sink.Get());
     EXPECT_EQ(VARIANT_TRUE, Load(instance.Get()));
     EXPECT_EQ(VARIANT_TRUE, Load(other.Get()));
-    EXPECT_THAT(sink->heard, ElementsAre());
+    EXPECT_THAT(sink->received, ElementsAre());
     EXPECT_EQ(2, FormWindows(GetCurrentThreadId()));
     EXPECT_EQ("Pelorix Background Processing Application", CaptionOfForm(other.Get()));
     EXPECT_EQ(S_OK, Notify(instance.Get(), u"All,EX"));
-    EXPECT_THAT(sink->heard, ElementsAre()) << "the shutdown of the first copy is its own";
+    EXPECT_THAT(sink->received, ElementsAre()) << "the shutdown of the first copy is its own";
     EXPECT_EQ(1, FormWindows(GetCurrentThreadId()));
     EXPECT_EQ(VARIANT_TRUE, Load(instance.Get())) << "the claim is held by the second copy still";
     EXPECT_EQ(2, FormWindows(GetCurrentThreadId()));

@@ -33,7 +33,7 @@ TEST_F(Diagnostics, Raise_PassesTheArguments) {
     EXPECT_EQ(S_OK, diagnostics->AP_SendCmd(nullptr, nullptr));
     EXPECT_EQ(S_OK, diagnostics->AP_SendCmdAll(Bstr(u"OPEN").Get()));
     EXPECT_EQ(S_OK, diagnostics->AP_Shell(Bstr(u"M").Get(), -3, Bstr(u"a,b").Get()));
-    EXPECT_THAT(sink->heard, ElementsAre("M|X,1", "|", "all|OPEN", "M|-3 a,b"));
+    EXPECT_THAT(sink->received, ElementsAre("M|X,1", "|", "all|OPEN", "M|-3 a,b"));
 }
 
 TEST_F(Diagnostics, Raise_HandlerFails_ReturnsItsError) {

@@ -41,7 +41,7 @@ TEST_F(Events, Event_ReachesSinksInTheOrderOfConnection) {
     for (const auto& sink : {first, second, third}) Advise(instance.Get(), sink.Get());
     EXPECT_EQ(S_OK, Raise(u"NAME|text"));
     EXPECT_EQ("123", order);
-    EXPECT_THAT(second->heard, ElementsAre("NAME|text"));
+    EXPECT_THAT(second->received, ElementsAre("NAME|text"));
 }
 
 TEST_F(Events, SinkConnectedTwice_ReceivesTwice) {
@@ -50,10 +50,10 @@ TEST_F(Events, SinkConnectedTwice_ReceivesTwice) {
     const DWORD second = Advise(instance.Get(), sink.Get());
     EXPECT_NE(first, second);
     Raise(u"a|b");
-    EXPECT_THAT(sink->heard, ElementsAre("a|b", "a|b"));
+    EXPECT_THAT(sink->received, ElementsAre("a|b", "a|b"));
     Unadvise(first);
     Raise(u"c|d");
-    EXPECT_THAT(sink->heard, ElementsAre("a|b", "a|b", "c|d"));
+    EXPECT_THAT(sink->received, ElementsAre("a|b", "a|b", "c|d"));
 }
 
 TEST_F(Events, SinkChangesTheStrings_NextSinkAndCallerSeeIt) {
@@ -66,7 +66,7 @@ TEST_F(Events, SinkChangesTheStrings_NextSinkAndCallerSeeIt) {
     Advise(instance.Get(), changing.Get());
     Advise(instance.Get(), next.Get());
     EXPECT_EQ(S_OK, Raise(u"N1|C1"));
-    EXPECT_THAT(next->heard, ElementsAre("N2|"));
+    EXPECT_THAT(next->received, ElementsAre("N2|"));
     EXPECT_EQ("N2|", TheDouble().raised);
 }
 
@@ -79,9 +79,9 @@ TEST_F(Events, SinkConnectedInAHandler_ReceivesTheNextEvent) {
     });
     Advise(instance.Get(), connecting.Get());
     Raise(u"first|");
-    EXPECT_THAT(late->heard, ElementsAre());
+    EXPECT_THAT(late->received, ElementsAre());
     Raise(u"second|");
-    EXPECT_THAT(late->heard, ElementsAre("second|"));
+    EXPECT_THAT(late->received, ElementsAre("second|"));
 }
 
 TEST_F(Events, SinkDisconnectedBeforeItsTurn_ReceivesNothing) {
@@ -96,8 +96,8 @@ TEST_F(Events, SinkDisconnectedBeforeItsTurn_ReceivesNothing) {
     cookie = Advise(instance.Get(), unlucky.Get());
     Advise(instance.Get(), last.Get());
     Raise(u"x|");
-    EXPECT_THAT(unlucky->heard, ElementsAre());
-    EXPECT_THAT(last->heard, ElementsAre("x|"));
+    EXPECT_THAT(unlucky->received, ElementsAre());
+    EXPECT_THAT(last->received, ElementsAre("x|"));
 }
 
 TEST_F(Events, SinkDisconnectsItself_IsReleasedAfterItsCall) {
@@ -115,7 +115,7 @@ TEST_F(Events, SinkDisconnectsItself_IsReleasedAfterItsCall) {
     leaving.Reset();
     Raise(u"x|");
     EXPECT_TRUE(isReleased);
-    EXPECT_THAT(next->heard, ElementsAre("x|"));
+    EXPECT_THAT(next->received, ElementsAre("x|"));
 }
 
 TEST_F(Events, SinkRaisesAnEvent_EventsNest) {
@@ -125,7 +125,7 @@ TEST_F(Events, SinkRaisesAnEvent_EventsNest) {
     Advise(instance.Get(), raising.Get());
     Advise(instance.Get(), next.Get());
     EXPECT_EQ(S_OK, Raise(u"first|"));
-    EXPECT_THAT(next->heard, ElementsAre("again|", "again|", "first|"));
+    EXPECT_THAT(next->received, ElementsAre("again|", "again|", "first|"));
 }
 
 TEST_F(Events, SinkDestroysAnotherInstance_EventContinues) {
@@ -140,8 +140,8 @@ TEST_F(Events, SinkDestroysAnotherInstance_EventContinues) {
     Advise(instance.Get(), destroying.Get());
     Advise(instance.Get(), next.Get());
     EXPECT_EQ(S_OK, Raise(u"x|"));
-    EXPECT_THAT(listener->heard, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
-    EXPECT_THAT(next->heard, ElementsAre("x|"));
+    EXPECT_THAT(listener->received, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(next->received, ElementsAre("x|"));
 }
 
 TEST_F(Events, SinkReleasesTheLastReference_EventContinues) {
@@ -155,7 +155,7 @@ TEST_F(Events, SinkReleasesTheLastReference_EventContinues) {
     Advise(last, releasing.Get());
     Advise(last, next.Get());
     EXPECT_EQ(S_OK, Notify(last, u"RAISE x|y"));
-    EXPECT_THAT(next->heard, ElementsAre("x|y", "K4TBACKPROCESS|SHUTDOWN"));
+    EXPECT_THAT(next->received, ElementsAre("x|y", "K4TBACKPROCESS|SHUTDOWN"));
     EXPECT_EQ("destroyed", TheDouble().log.back());
 }
 
@@ -167,7 +167,7 @@ TEST_F(Events, SinkFails_ErrorIsThrownAfterAllSinks) {
     for (const auto& sink : {failing, failingToo, last}) Advise(instance.Get(), sink.Get());
     EXPECT_EQ("0x800A0005", Hex(Raise(u"x|")));
     EXPECT_EQ("first", TakeErrorObject().description);
-    EXPECT_THAT(last->heard, ElementsAre("x|"));
+    EXPECT_THAT(last->received, ElementsAre("x|"));
 }
 
 TEST_F(Events, SinkFails_ErrorKeepsItsNumber) {
@@ -248,7 +248,7 @@ TEST_F(Events, SinkOfAnEndedProcess_IsDroppedWithoutAnError) {
         const DWORD cookie = Advise(instance.Get(), gone.Get());
         const DWORD nextCookie = Advise(instance.Get(), next.Get());
         EXPECT_EQ("0x00000000", Hex(Raise(u"x|"))) << Hex(static_cast<HRESULT>(answer));
-        EXPECT_THAT(next->heard, ElementsAre("x|"));
+        EXPECT_THAT(next->received, ElementsAre("x|"));
         EXPECT_EQ("0x80040200", Hex(EventsOf(instance.Get())->Unadvise(cookie))) << "it is connected still";
         Unadvise(nextCookie);
     }
@@ -282,7 +282,7 @@ TEST_F(Events, SinkChangesAndFails_NextSinkSeesTheChange) {
     Advise(instance.Get(), failing.Get());
     Advise(instance.Get(), next.Get());
     Raise(u"x|");
-    EXPECT_THAT(next->heard, ElementsAre("changed|"));
+    EXPECT_THAT(next->received, ElementsAre("changed|"));
 }
 
 TEST_F(Events, ObjectWithoutASinkInterface_IsRefused) {

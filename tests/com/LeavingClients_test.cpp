@@ -112,7 +112,7 @@ TEST_F(KilledClient, Ex_ShowsNothingAndDropsTheConnection) {
     const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
     std::printf("EX after a client was killed: %.1f ms\n", taken.count());
     EXPECT_EQ(0, UnwantedBoxes::count);
-    EXPECT_THAT(sink->heard, ElementsAre(kShutdown));
+    EXPECT_THAT(sink->received, ElementsAre(kShutdown));
     EXPECT_EQ(1u, ConnectionCount(instance.Get()));
 }
 

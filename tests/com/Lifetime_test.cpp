@@ -18,8 +18,8 @@ TEST_F(Lifetime, LastRelease_NotifiesSinksThenReleasesThem) {
     auto sink = Sink::Make();
     Sink* const watched = sink.Get();
     sink->handler = [&](BSTR&, BSTR&, EXCEPINFO&) {
-        EXPECT_THAT(watched->heard, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
-        TheDouble().log.push_back("heard");
+        EXPECT_THAT(watched->received, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+        TheDouble().log.push_back("received");
         return S_OK;
     };
     sink->whenReleased = [&] { isReleased = true; };
@@ -27,7 +27,7 @@ TEST_F(Lifetime, LastRelease_NotifiesSinksThenReleasesThem) {
     sink.Reset();
     instance.Reset();
     EXPECT_TRUE(isReleased);
-    EXPECT_THAT(TheDouble().log, ElementsAre("made", "terminate", "heard", "destroyed"));
+    EXPECT_THAT(TheDouble().log, ElementsAre("made", "terminate", "received", "destroyed"));
 }
 
 TEST_F(Lifetime, References_AreCountedOverAllInterfaces) {
@@ -75,7 +75,7 @@ TEST_F(Lifetime, ReferenceTakenDuringShutdown_FailsWithError91) {
     EXPECT_EQ("0x80040202", Hex(EventsOf(kept.Get())->Advise(sink.Get(), &cookie)));
     EXPECT_EQ("this instance has ended; create a new one", TakeErrorObject().description);
     kept.Reset();
-    EXPECT_EQ(1u, sink->heard.size()) << "it ends once";
+    EXPECT_EQ(1u, sink->received.size()) << "it ends once";
 }
 
 TEST_F(Lifetime, ShutdownFails_LeavesAnErrorObject) {
@@ -84,7 +84,7 @@ TEST_F(Lifetime, ShutdownFails_LeavesAnErrorObject) {
     Advise(instance.Get(), sink.Get());
     instance.Reset();
     EXPECT_EQ("File not found", TakeErrorObject().description);
-    EXPECT_EQ(1u, sink->heard.size());
+    EXPECT_EQ(1u, sink->received.size());
     EXPECT_EQ("destroyed", TheDouble().log.back());
 }
 

@@ -68,7 +68,7 @@ TEST_F(SecondApartment, Event_ReachesTheSinksThreadAndReturns) {
         Bstr command(u"RAISE name|text");
         EXPECT_EQ(S_OK, second->NotifyMe(name.Address(), command.Address()));
         EXPECT_EQ("changed|text", TheDouble().raised);
-        EXPECT_THAT(sink->heard, ElementsAre("name|text"));
+        EXPECT_THAT(sink->received, ElementsAre("name|text"));
         EXPECT_EQ(there, sink->thread);
         EXPECT_EQ(S_OK, EventsOf(second.Get())->Unadvise(cookie));
     });
@@ -82,7 +82,7 @@ TEST_F(SecondApartment, LastRelease_NotifiesSinksOfOtherThreads) {
         const auto sink = Sink::Make();
         Advise(second.Get(), sink.Get());
         second.Reset();
-        EXPECT_THAT(sink->heard, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
+        EXPECT_THAT(sink->received, ElementsAre("K4TBACKPROCESS|SHUTDOWN"));
     });
     EXPECT_THAT(TheDouble().threads, Each(here));
 }
@@ -176,7 +176,7 @@ TEST_F(SecondApartment, HomeThreadEnded_NextThreadBecomesHome) {
     EXPECT_FALSE(host::com::CanUnload());
 }
 
-DWORD WINAPI LeaveWithoutWord(void* orphan) {
+DWORD WINAPI EndThreadInsideCom(void* orphan) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     *static_cast<ComPtr<_clsQmxBackProcess>*>(orphan) = MakeInstance();
     return 0;
@@ -184,7 +184,7 @@ DWORD WINAPI LeaveWithoutWord(void* orphan) {
 
 TEST_F(SecondApartment, HomeThreadEndedInsideCom_NextThreadBecomesHome) {
     ComPtr<_clsQmxBackProcess> orphan;
-    const HANDLE thread = CreateThread(nullptr, 0, LeaveWithoutWord, &orphan, 0, nullptr);
+    const HANDLE thread = CreateThread(nullptr, 0, EndThreadInsideCom, &orphan, 0, nullptr);
     EXPECT_EQ(WAIT_OBJECT_0, WaitForSingleObject(thread, 10000));
     CloseHandle(thread);
     InOtherApartment([] { EXPECT_TRUE(MakeInstance()); });

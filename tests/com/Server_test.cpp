@@ -178,7 +178,7 @@ TEST_F(RegisteredServer, ActivationByName_Succeeds) {
     const auto sink = Sink::Make();
     Advise(instance.Get(), sink.Get());
     EXPECT_EQ(S_OK, Notify(instance.Get(), u"RAISE name|text"));
-    EXPECT_THAT(sink->heard, testing::ElementsAre("name|text"));
+    EXPECT_THAT(sink->received, testing::ElementsAre("name|text"));
 }
 
 TEST_F(RegisteredServer, TypeLibrary_IsFoundInEveryLanguage) {
@@ -201,7 +201,7 @@ TEST_F(CrossingServer, TwoApartments_AreServed) {
         const auto sink = Sink::Make();
         Advise(other.Get(), sink.Get());
         EXPECT_EQ(S_OK, Notify(other.Get(), u"RAISE name|text"));
-        EXPECT_THAT(sink->heard, testing::ElementsAre("name|text"));
+        EXPECT_THAT(sink->received, testing::ElementsAre("name|text"));
     });
 }
 

@@ -45,7 +45,8 @@ HRESULT Sink::Invoke(DISPID member, REFIID iid, LCID, WORD flags, DISPPARAMS* pa
     EXPECT_EQ(VT_BSTR | VT_BYREF, parameters->rgvarg[1].vt);
     BSTR& name = *parameters->rgvarg[1].pbstrVal;
     BSTR& command = *parameters->rgvarg[0].pbstrVal;
-    heard.push_back(runtime::ToUtf8(host::com::ToString(name)) + '|' + runtime::ToUtf8(host::com::ToString(command)));
+    received.push_back(runtime::ToUtf8(host::com::ToString(name)) + '|' +
+                       runtime::ToUtf8(host::com::ToString(command)));
     thread = GetCurrentThreadId();
     if (!handler) return S_OK;
     EXCEPINFO unwanted{};

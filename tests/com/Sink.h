@@ -29,7 +29,7 @@ class Sink final : public IDispatch {
     Sink& operator=(const Sink&) = delete;
 
     /// "name|command" of each event, as received.
-    std::vector<std::string> heard;
+    std::vector<std::string> received;
     DWORD thread = 0;
     Handler handler;
     std::function<void()> whenReleased;

@@ -86,7 +86,7 @@ TEST_F(WrongThread, LastRelease_EndsTheInstanceAtHome) {
     ServeMessages();
     EXPECT_THAT(TheDouble().log, ElementsAre("made", "terminate", "destroyed"));
     EXPECT_THAT(TheDouble().threads, Each(here));
-    EXPECT_THAT(sink->heard, ElementsAre(kShutdown));
+    EXPECT_THAT(sink->received, ElementsAre(kShutdown));
     EXPECT_EQ(here, sink->thread);
 }
 
@@ -136,7 +136,7 @@ TEST_F(WrongThreadWindow, LastRelease_DestroysTheWindowOnItsThread) {
     InOtherApartment([&] { instance_.Reset(); });
     ServeMessages();
     EXPECT_EQ(0, FormWindows(here));
-    EXPECT_THAT(sink->heard, ElementsAre(kShutdown));
+    EXPECT_THAT(sink->received, ElementsAre(kShutdown));
     EXPECT_EQ(here, sink->thread);
 }
 
@@ -154,7 +154,7 @@ TEST_F(WrongThreadWindow, HomeLeftCom_NextHomeHasAFormOfItsOwn) {
         EXPECT_EQ(0, FormWindows(GetCurrentThreadId()));
     });
     EXPECT_EQ(0, FormWindows(here));
-    EXPECT_THAT(sink->heard, ElementsAre()) << "its home was given up";
+    EXPECT_THAT(sink->received, ElementsAre()) << "its home was given up";
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     EXPECT_EQ("0x8001010E", Hex(Notify(instance_.Get(), u"All,UP")));
     instance_.Reset();

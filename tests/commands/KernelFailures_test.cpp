@@ -50,7 +50,7 @@ class KernelWithout : public tests::HeadlessComponentTest {
         return tests::ErrorOf([&] { form_.AP_ExeCmd(command); });
     }
     void ExpectShutdown() const {
-        EXPECT_THAT(heard_, ElementsAre("SHUTDOWN"));
+        EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
         EXPECT_EQ(runtime::LoadedForms().Count(), 0U);
     }
     void ExpectMessageAbout(StringView entry) const {
@@ -63,9 +63,9 @@ class KernelWithout : public tests::HeadlessComponentTest {
     TitleReader titles_{memory_.files, memory_.settings, memory_.locale};
     std::unique_ptr<kernel_api::win32::KernelLibrary> partial_;
     frmBackProcessMain& form_ = MainForm();
-    std::vector<std::string> heard_;
-    frmBackProcessMain::NotifyClassEvent::Connection connection_ =
-        form_.NotifyClass().Connect([this](String&, String& command) { heard_.push_back(runtime::ToUtf8(command)); });
+    std::vector<std::string> received_;
+    frmBackProcessMain::NotifyClassEvent::Connection connection_ = form_.NotifyClass().Connect(
+        [this](String&, String& command) { received_.push_back(runtime::ToUtf8(command)); });
 };
 
 TEST_F(KernelWithout, DB_DataBase_SaveShowsTheErrorAndShutsDown) {
@@ -95,7 +95,7 @@ TEST_F(KernelWithout, E_SetString_ExShowsTheErrorAndShutsDown) {
 
 TEST_F(KernelWithout, E_SetString_LoadAndCreationFail) {
     form_.Unload();
-    heard_.clear();
+    received_.clear();
     UseKernelWithout(u"E_SetString");
     EXPECT_EQ(tests::ErrorOf([this] { form_.EnsureLoaded(); }), runtime::kObjectWasUnloaded);
     ExpectShutdown();
@@ -109,7 +109,7 @@ TEST_F(KernelWithout, AnyEntry_OtherCommandsRun) {
         }
     }
     EXPECT_TRUE(memory_.messageBox.shown.empty());
-    EXPECT_THAT(heard_, ElementsAre());
+    EXPECT_THAT(received_, ElementsAre());
     EXPECT_TRUE(form_.IsLoaded());
 }
 

@@ -13,7 +13,7 @@ using runtime::String;
 using runtime::win32::KernelHandle;
 using runtime::win32::Wide;
 
-constexpr DWORD kPatience = 60'000;  // milliseconds
+constexpr DWORD kMaxWait = 60'000;  // milliseconds
 
 struct Pipe {
     KernelHandle reading;
@@ -65,7 +65,7 @@ Peer::~Peer() {
 }
 
 void Peer::WaitForEnd() {
-    if (WaitForSingleObject(process_.Get(), kPatience) == WAIT_OBJECT_0) return;
+    if (WaitForSingleObject(process_.Get(), kMaxWait) == WAIT_OBJECT_0) return;
     ADD_FAILURE() << "the peer does not end";
     TerminateProcess(process_.Get(), 1);
 }
@@ -84,7 +84,7 @@ void Peer::Tell(const std::string& command) {
 
 std::string Peer::Answer() {
     std::string line;
-    const ULONGLONG end = GetTickCount64() + kPatience;
+    const ULONGLONG end = GetTickCount64() + kMaxWait;
     while (GetTickCount64() < end) {
         DWORD available = 0;
         if (!PeekNamedPipe(fromPeer_.Get(), nullptr, 0, nullptr, &available, nullptr)) return "gone";
