@@ -1,6 +1,7 @@
 #include "dialogs/PromptForm.h"
 
 #include "runtime/Error.h"
+#include "runtime/Ports.h"
 #include "services/Localisation.h"
 
 namespace dialogs {
@@ -9,7 +10,8 @@ void PromptForm::SetForm(runtime::Form& form) {
     services::SetForm(form);
 }
 
-PromptForm::PromptSession::PromptSession(PromptForm& form) : form_(form) {
+PromptForm::PromptSession::PromptSession(PromptForm& form)
+    : form_(form), resolution_(runtime::CurrentPorts().windows.UseSystemResolution()) {
     if (form_.hasOpenPrompt_) {
         throw runtime::ErrorAbout(runtime::kFormAlreadyDisplayed,
                                   form_.Name() + u"; close it before you show it again");

@@ -29,6 +29,7 @@ class PromptForm : public runtime::Form {
 
      private:
         PromptForm& form_;
+        const std::unique_ptr<runtime::ResolutionScope> resolution_;
     };
 
  private:

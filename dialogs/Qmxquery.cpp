@@ -129,6 +129,7 @@ String Qmxquery::QUERY(const String& title, const String& prompt, std::vector<St
     InitialText(values) = runtime::RTrim(InitialText(values));
     Fill(values, index);
     lblPrompt_->SetText(prompt);
+    SetAccessibleDescription(prompt);
     InputFor(kind_).SetAccessibleName(prompt);
     if (showButton) F_Button_->SetText(buttonCaption);
     SetForm(*this);

@@ -32,6 +32,7 @@ ControlDesign ImageDesign() {
         .kind = ControlKind::kPicture,
         .name = u"Image1",
         .bounds = {180, 180, 480, 480},
+        .text = u"?",  // what screen readers call it, in any language
         .picture = u"QUESTION",
     };
 }
@@ -78,6 +79,7 @@ std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringV
     const std::int32_t origH = runtime::ToInt32(design.height);
     const auto pointer = runtime::DefaultPointerForScope();
     lblPrompt_->SetText(prompt);
+    SetAccessibleDescription(prompt);
     SetCaption(title);
     ChooseFirstButton(flags);
     LayOut(origW, origH);

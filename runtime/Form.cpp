@@ -295,6 +295,11 @@ void Form::SetTopMost(bool onTop) {
     window_->SetTopMost(onTop);
 }
 
+void Form::SetAccessibleDescription(StringView description) {
+    EnsureLoaded();
+    window_->SetAccessibleDescription(String(description));
+}
+
 NativeHandle Form::Handle() {
     EnsureLoaded();
     return window_->Handle();

@@ -109,6 +109,8 @@ class Form : private WindowEvents {
     Size TextSize(StringView text);
     /// Makes the window topmost (above all windows that are not topmost), or removes that state.
     void SetTopMost(bool onTop);
+    /// What a screen reader says about the form after its caption.
+    void SetAccessibleDescription(StringView description);
     NativeHandle Handle();
     NativeHandle DeviceContext();
 

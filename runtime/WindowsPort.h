@@ -103,6 +103,8 @@ class NativeWindow {
     virtual NativeHandle Handle() const = 0;
     /// A device context that is valid as long as the window exists.
     virtual NativeHandle DeviceContext() = 0;
+    /// What a screen reader says about the window after its caption.
+    virtual void SetAccessibleDescription(const String& description) = 0;
     /// The window owns the control.
     virtual NativeControl& AddControl(const ControlLook& look) = 0;
 };
@@ -125,6 +127,12 @@ class ModalLoop {
     virtual void Run() = 0;
     /// Enables the other windows again and makes Run return. May be called more than once.
     virtual void End() = 0;
+};
+
+/// See WindowsPort::UseSystemResolution.
+class ResolutionScope {
+ public:
+    virtual ~ResolutionScope() = default;
 };
 
 /// The wrap width for breaking lines at line ends only.
@@ -150,6 +158,9 @@ class WindowsPort {
     /// Processes all pending events. An exception of a handler ends the call and is thrown. A request to quit stays
     /// pending.
     virtual void DoEvents() = 0;
+    /// While the returned object exists, windows are created and measured in the system's resolution, also in a program
+    /// that is aware of each monitor's resolution. The window system scales them for the other monitors.
+    virtual std::unique_ptr<ResolutionScope> UseSystemResolution() = 0;
     /// Plays the user's sound for questions and does not wait for its end.
     virtual void PlayQuestionSound() = 0;
     /// Replaces what is in the clipboard; false if another program holds the clipboard.

@@ -64,6 +64,20 @@ Size MemoryWindows::TextSize(StringView text, const Font& font, Twips wrapWidth)
     return {static_cast<Twips>(layout.width), static_cast<Twips>(layout.height)};
 }
 
+std::unique_ptr<ResolutionScope> MemoryWindows::UseSystemResolution() {
+    class Scope final : public ResolutionScope {
+     public:
+        explicit Scope(int& count) : count_(count) { ++count_; }
+        Scope(const Scope&) = delete;
+        Scope& operator=(const Scope&) = delete;
+        ~Scope() override { --count_; }
+
+     private:
+        int& count_;
+    };
+    return std::make_unique<Scope>(systemResolutions);
+}
+
 bool MemoryWindows::CopyToClipboard(StringView text) {
     if (!isClipboardInUse) clipboard = text;
     return !isClipboardInUse;

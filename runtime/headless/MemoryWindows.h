@@ -23,6 +23,7 @@ class MemoryWindows : public WindowsPort {
     Size TextSize(StringView text, const Font& font, Twips wrapWidth) override;
     std::uint32_t RegisterMessage(StringView name) override;
     void DoEvents() override;
+    std::unique_ptr<ResolutionScope> UseSystemResolution() override;
     void PlayQuestionSound() override { ++questionSounds; }
     bool CopyToClipboard(StringView text) override;
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override;
@@ -56,6 +57,8 @@ class MemoryWindows : public WindowsPort {
     String altKeys;
     /// Sending a character with Alt raises error 5.
     bool failsAltKeys = false;
+    /// How many objects of UseSystemResolution exist.
+    int systemResolutions = 0;
     int questionSounds = 0;
     String clipboard;
     /// True while another program holds the clipboard.
@@ -90,6 +93,7 @@ class MemoryWindow : public NativeWindow {
     Size InnerSize() const override;
     NativeHandle Handle() const override { return handle_; }
     NativeHandle DeviceContext() override { return handle_ + 1; }
+    void SetAccessibleDescription(const String& newDescription) override { accessibleDescription = newDescription; }
     NativeControl& AddControl(const ControlLook& look) override;
 
     /// The first control with this name; error 438 if there is none.
@@ -106,6 +110,7 @@ class MemoryWindow : public NativeWindow {
     void Type(StringView text);
 
     String caption;
+    String accessibleDescription;
     BorderStyle border;
     Rect outer;
     /// Left and top after each call of SetBounds, in order.

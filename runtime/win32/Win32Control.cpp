@@ -55,6 +55,8 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKin
     window_ = CreateChild(reinterpret_cast<HWND>(parent.Handle()), system.Instance(), windowKind.className, L"",
                           WS_VISIBLE | windowKind.style, windowKind.extendedStyle, id);
     if (!window_) throw OutOfResources(u"cannot create the window of a control");
+    // A letter typed on a button is an access key, also for an input method that would compose with it.
+    if (kind == ControlKind::kButton) ImmAssociateContext(window_, nullptr);
 }
 
 Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
@@ -82,6 +84,9 @@ void Win32Control::SetText(const String& text) {
     const String shown = NulsAsBlanks(text);
     if (kind_ == ControlKind::kStatusBar) {
         SendMessageW(window_, SB_SETTEXTW, SB_SIMPLEID, reinterpret_cast<LPARAM>(Wide(shown)));
+    } else if (kind_ == ControlKind::kPicture) {
+        // Screen readers say this text. The window class itself would take it for the name of a picture.
+        DefWindowProcW(window_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(shown)));
     } else {
         Callback::CallSystem([&] { SetWindowTextW(window_, Wide(shown)); });
     }

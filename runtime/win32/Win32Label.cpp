@@ -1,8 +1,13 @@
 #include "runtime/win32/Win32Label.h"
 
+#include <ole2.h>
+// After ole2.h, which it needs.
+#include <oleacc.h>
+
 #include <algorithm>
 #include <memory>
 
+#include "runtime/win32/AccessibleWindow.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/GdiMeasure.h"
 
@@ -62,6 +67,11 @@ LRESULT Win32Label::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
             return 1;
         case WM_NCHITTEST:
             return HTTRANSPARENT;
+        case WM_GETOBJECT: {
+            const LRESULT answer =
+                AsksForClientObject(lParam) ? AnswerGetObject(window_, wParam, ROLE_SYSTEM_STATICTEXT, {}) : 0;
+            return answer != 0 ? answer : DefWindowProcW(window_, message, wParam, lParam);
+        }
         default:
             return DefWindowProcW(window_, message, wParam, lParam);
     }

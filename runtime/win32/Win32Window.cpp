@@ -1,5 +1,10 @@
 #include "runtime/win32/Win32Window.h"
 
+#include <ole2.h>
+// After ole2.h, which it needs.
+#include <oleacc.h>
+
+#include "runtime/win32/AccessibleWindow.h"
 #include "runtime/win32/Callback.h"
 #include "runtime/win32/OutOfResources.h"
 #include "runtime/win32/Pixels.h"
@@ -19,9 +24,19 @@ bool IsRepeated(LPARAM keyMessage) {
     return (HIWORD(keyMessage) & KF_REPEAT) != 0;
 }
 
-COLORREF ToColorRef(Colour colour) {
-    constexpr Colour kSystemColour = 0x80000000;
-    return (colour & kSystemColour) ? GetSysColor(static_cast<int>(colour & ~kSystemColour)) : colour;
+constexpr Colour kSystemColour = 0x80000000;
+
+bool IsSystemColour(Colour colour) {
+    return (colour & kSystemColour) != 0;
+}
+
+int SystemColourIndex(Colour colour) {
+    return static_cast<int>(colour & ~kSystemColour);
+}
+
+BOOL CALLBACK PassOn(HWND child, LPARAM message) noexcept {
+    SendMessageW(child, static_cast<UINT>(message), 0, 0);
+    return TRUE;
 }
 
 constexpr int kFirstControlId = 100;
@@ -49,7 +64,7 @@ int ShowCommand(WindowState state) {
 }  // namespace
 
 Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, WindowEvents& events)
-    : system_(system), events_(events) {
+    : system_(system), events_(events), border_(design.border) {
     SetBackColour(design.backColour);
     const RECT place = ToPixels(design.outer);
     CreateWindowExW(ExtendedStyleOf(design.border), system.ClassName(), Wide(NulsAsBlanks(design.caption)),
@@ -116,7 +131,8 @@ void Win32Window::SetState(WindowState state) {
 }
 
 void Win32Window::SetBackColour(Colour colour) {
-    background_.Reset(CreateSolidBrush(ToColorRef(colour)));
+    backColour_ = colour;
+    ownBackground_.Reset(IsSystemColour(colour) ? nullptr : CreateSolidBrush(colour));
     if (window_) InvalidateRect(window_, nullptr, TRUE);
 }
 
@@ -229,6 +245,12 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_ERASEBKGND:
             Erase(reinterpret_cast<HDC>(wParam));
             return 1;
+        case WM_SYSCOLORCHANGE:
+        case WM_THEMECHANGED:
+        case WM_SETTINGCHANGE:
+            return OnLookChanged(message, wParam, lParam);
+        case WM_GETOBJECT:
+            return OnGetObject(wParam, lParam);
         case WM_SETCURSOR:
             if (LOWORD(lParam) == HTCLIENT && system_.ShowPointer()) return TRUE;
             return Default(message, wParam, lParam);
@@ -334,11 +356,30 @@ void Win32Window::OnCommand(WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT Win32Window::GiveColours(HDC context) const {
-    LOGBRUSH background{};
-    GetObjectW(background_.Get(), sizeof background, &background);
-    SetBkColor(context, background.lbColor);
+    const bool isSystemColour = IsSystemColour(backColour_);
+    SetBkColor(context, isSystemColour ? GetSysColor(SystemColourIndex(backColour_)) : backColour_);
     SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
-    return reinterpret_cast<LRESULT>(background_.Get());
+    return reinterpret_cast<LRESULT>(Background());
+}
+
+// The brush of a system colour changes with the colour.
+HBRUSH Win32Window::Background() const {
+    return IsSystemColour(backColour_) ? GetSysColorBrush(SystemColourIndex(backColour_)) : ownBackground_.Get();
+}
+
+LRESULT Win32Window::OnLookChanged(UINT message, WPARAM wParam, LPARAM lParam) {
+    // The system sends this one to top-level windows only.
+    if (message == WM_SYSCOLORCHANGE) EnumChildWindows(window_, PassOn, WM_SYSCOLORCHANGE);
+    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+    return Default(message, wParam, lParam);
+}
+
+LRESULT Win32Window::OnGetObject(WPARAM wParam, LPARAM lParam) {
+    const bool isDialog = border_ == BorderStyle::kFixedDialog;
+    const LRESULT answer = isDialog && AsksForClientObject(lParam)
+                               ? AnswerGetObject(window_, wParam, ROLE_SYSTEM_DIALOG, accessibleDescription_)
+                               : 0;
+    return answer != 0 ? answer : Default(WM_GETOBJECT, wParam, lParam);
 }
 
 WindowState Win32Window::CurrentState() const {
@@ -368,7 +409,7 @@ void Win32Window::ReportVisibility() {
 void Win32Window::Erase(HDC context) const {
     RECT client{};
     GetClientRect(window_, &client);
-    FillRect(context, &client, background_.Get());
+    FillRect(context, &client, Background());
 }
 
 }  // namespace runtime::win32

@@ -33,6 +33,7 @@ class Win32Window : public NativeWindow {
     Size InnerSize() const override;
     NativeHandle Handle() const override { return reinterpret_cast<NativeHandle>(window_); }
     NativeHandle DeviceContext() override;
+    void SetAccessibleDescription(const String& description) override { accessibleDescription_ = description; }
     NativeControl& AddControl(const ControlLook& look) override;
 
     static DWORD StyleOf(BorderStyle border);
@@ -60,6 +61,9 @@ class Win32Window : public NativeWindow {
     bool ClosesWindow(UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT GiveColours(HDC context) const;
+    LRESULT OnLookChanged(UINT message, WPARAM wParam, LPARAM lParam);
+    LRESULT OnGetObject(WPARAM wParam, LPARAM lParam);
+    HBRUSH Background() const;
     void ReportChanges();
     void ReportBounds();
     void ReportVisibility();
@@ -70,7 +74,10 @@ class Win32Window : public NativeWindow {
     WindowEvents& events_;
     HWND window_ = nullptr;
     bool isHiddenWithOwner_ = false;  ///< Windows hid it because its owner was minimised
-    GdiBrush background_;
+    const BorderStyle border_;
+    Colour backColour_ = kButtonFace;
+    GdiBrush ownBackground_;  ///< none for a system colour
+    String accessibleDescription_;
     std::vector<std::unique_ptr<Win32Control>> controls_;
 };
 

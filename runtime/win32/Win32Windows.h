@@ -2,6 +2,7 @@
 #pragma once
 
 #include "runtime/WindowsPort.h"
+#include "runtime/win32/SystemResolution.h"
 #include "runtime/win32/Win32Fonts.h"
 #include "runtime/win32/WindowsHeaders.h"
 
@@ -24,6 +25,7 @@ class Win32Windows : public WindowsPort {
     Size TextSize(StringView text, const Font& font, Twips wrapWidth) override;
     std::uint32_t RegisterMessage(StringView name) override;
     void DoEvents() override;
+    std::unique_ptr<ResolutionScope> UseSystemResolution() override { return std::make_unique<SystemResolution>(); }
     void PlayQuestionSound() override { MessageBeep(MB_ICONQUESTION); }
     bool CopyToClipboard(StringView text) override;
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override;

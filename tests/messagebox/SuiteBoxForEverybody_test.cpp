@@ -1,0 +1,122 @@
+// The suite's message box for users who do not see it, type with an input method, use another theme, or have monitors
+// of several resolutions.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "tests/messagebox/SuiteBoxTest.h"
+#include "tests/windows/Accessible.h"
+
+namespace tests {
+namespace {
+
+using ::testing::ElementsAre;
+
+class SuiteBoxForEverybody : public SuiteBoxTest {};
+
+TEST_F(SuiteBoxForEverybody, ScreenReader_GetsRoleNameAndPrompt) {
+    std::vector<std::string> elements;
+    const auto read = Do([&](HWND box) { elements = AccessibleElementsOf(box); });
+    Ask(8 + 0x100, {FocusIsOn(L"&No"), read, Keys({VK_RETURN})}, u"Overwrite R&D?\r\nR1 is there.");
+    EXPECT_THAT(elements, ElementsAre("dialog [Title] description [Overwrite R&D?\r\nR1 is there.]", "Static [?]",
+                                      "static text [Overwrite R&D?\r\nR1 is there.]", "Button [Yes]",
+                                      "Button [No] focused", "Button [Yes To All]", "Button [Cancel]"));
+    ExpectNothingIsLeft();
+}
+
+TEST_F(SuiteBoxForEverybody, Buttons_TakeNoComposition) {
+    Ask(8, {Do([](HWND box) {
+                EXPECT_EQ(ImmGetContext(ButtonOf(box, L"&Yes")), nullptr);
+                EXPECT_EQ(ImmGetContext(ButtonOf(box, L"Cancel")), nullptr);
+                const HIMC own = ImmGetContext(box);
+                EXPECT_NE(own, nullptr);
+                ImmReleaseContext(box, own);
+            }),
+            Keys({VK_RETURN})});
+    ExpectNothingIsLeft();
+}
+
+/// Puts a system colour back in its destructor.
+class ChangedColour {
+ public:
+    ChangedColour(int index, COLORREF colour) : index_(index), before_(GetSysColor(index)) { Set(colour); }
+    ChangedColour(const ChangedColour&) = delete;
+    ChangedColour& operator=(const ChangedColour&) = delete;
+    ~ChangedColour() { Set(before_); }
+
+ private:
+    void Set(COLORREF colour) const { SetSysColors(1, &index_, &colour); }
+
+    int index_;
+    COLORREF before_;
+};
+
+constexpr COLORREF kNew = RGB(16, 32, 48);
+
+COLORREF ColourAt(HWND window, int x, int y) {
+    UpdateWindow(window);
+    const HDC context = GetDC(window);
+    const COLORREF colour = GetPixel(context, x, y);
+    ReleaseDC(window, context);
+    return colour;
+}
+
+TEST_F(SuiteBoxForEverybody, OpenBox_FollowsTheSystemsColours) {
+    std::optional<ChangedColour> changed;
+    const auto isPainted = [](HWND box) {
+        const HWND label = LabelOf(box);
+        RECT place{};
+        GetClientRect(label, &place);
+        return ColourAt(box, 2, 2) == kNew && ColourAt(label, static_cast<int>(place.right) - 2, 2) == kNew;
+    };
+    Ask(8, {FocusIsOn(L"&Yes"), Do([](HWND box) { EXPECT_NE(ColourAt(box, 2, 2), kNew); }),
+            Do([&](HWND) { changed.emplace(COLOR_BTNFACE, kNew); }), isPainted, Keys({VK_RETURN})});
+    changed.reset();
+    ExpectNothingIsLeft();
+}
+
+/// The system's functions for resolutions, which the headers declare for newer systems only.
+template <typename Function>
+Function* SystemEntry(const char* name) {
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32"), name)));
+}
+
+int AwarenessOf(HANDLE context) {
+    return SystemEntry<int WINAPI(HANDLE)>("GetAwarenessFromDpiAwarenessContext")(context);
+}
+
+HANDLE ContextOf(HWND window) {
+    return SystemEntry<HANDLE WINAPI(HWND)>("GetWindowDpiAwarenessContext")(window);
+}
+
+HANDLE CurrentContext() {
+    return SystemEntry<HANDLE WINAPI()>("GetThreadDpiAwarenessContext")();
+}
+
+HANDLE UseContext(LONG_PTR context) {
+    return SystemEntry<HANDLE WINAPI(HANDLE)>("SetThreadDpiAwarenessContext")(reinterpret_cast<HANDLE>(context));
+}
+
+TEST_F(SuiteBoxForEverybody, HostAwareOfEachMonitor_GetsABoxThatTheSystemScales) {
+    constexpr LONG_PTR kEachMonitorV2 = -4;
+    constexpr int kUnaware = 0;
+    constexpr int kSystem = 1;
+    constexpr int kEachMonitor = 2;
+    int ofBox = -1;
+    const auto look = Do([&](HWND box) { ofBox = AwarenessOf(ContextOf(box)); });
+    const HANDLE before = UseContext(kEachMonitorV2);
+    ASSERT_EQ(AwarenessOf(CurrentContext()), kEachMonitor);
+    Ask(8, {look, Keys({VK_RETURN})});
+    EXPECT_EQ(ofBox, kSystem);
+    EXPECT_EQ(AwarenessOf(CurrentContext()), kEachMonitor);
+    // A host that knows nothing of resolutions keeps windows of its own kind.
+    UseContext(-1);
+    Ask(8, {look, Keys({VK_RETURN})});
+    EXPECT_EQ(ofBox, kUnaware);
+    SystemEntry<HANDLE WINAPI(HANDLE)>("SetThreadDpiAwarenessContext")(before);
+    ExpectNothingIsLeft();
+}
+
+}  // namespace
+}  // namespace tests
