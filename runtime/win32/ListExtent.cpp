@@ -21,19 +21,25 @@ int WidthOfItem(StringView item, GdiMeasure& measure) {
 void ListExtent::Take(StringView item) {
     if (!measure_) measure_.emplace(reinterpret_cast<HFONT>(SendMessageW(list_, WM_GETFONT, 0, 0)));
     const int width = WidthOfItem(item, *measure_);
-    if (width > width_) Set(width);
+    if (width <= widest_) return;
+    widest_ = width;
+    // The list leaves some pixels before the text. The same number behind it separates the last character from the
+    // edge.
+    const int needed = width + 2 * GetSystemMetrics(SM_CXEDGE);
+    RECT client{};
+    GetClientRect(list_, &client);
+    if (needed > client.right - GetSystemMetrics(SM_CXVSCROLL)) Set(needed);
 }
 
 void ListExtent::Reset() {
     measure_.reset();
-    if (width_ > 0) Set(0);
+    widest_ = 0;
+    if (extent_ > 0) Set(0);
 }
 
-void ListExtent::Set(int width) {
-    width_ = width;
-    // The list leaves some pixels before the text; as many behind it make the last character stand clear of the edge.
-    const int margins = width > 0 ? 2 * GetSystemMetrics(SM_CXEDGE) : 0;
-    SendMessageW(list_, message_, static_cast<WPARAM>(width + margins), 0);
+void ListExtent::Set(int extent) {
+    extent_ = extent;
+    SendMessageW(list_, message_, static_cast<WPARAM>(extent), 0);
 }
 
 }  // namespace runtime::win32

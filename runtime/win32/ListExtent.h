@@ -1,4 +1,4 @@
-// How far a list scrolls sideways: as far as its widest item.
+// How far a list scrolls sideways: as far as its widest item, if that is wider than the list.
 #pragma once
 
 #include <optional>
@@ -18,11 +18,12 @@ class ListExtent {
     void Reset();
 
  private:
-    void Set(int width);
+    void Set(int extent);
 
     HWND list_;
     UINT message_;
-    int width_ = 0;
+    int widest_ = 0;                     ///< of the items
+    int extent_ = 0;                     ///< what the list was told
     std::optional<GdiMeasure> measure_;  ///< in the list's font; made for the first item
 };
 

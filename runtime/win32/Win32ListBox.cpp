@@ -9,7 +9,10 @@ namespace runtime::win32 {
 Win32ListBox::Win32ListBox(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
     : Win32Control(parent, system, look.kind, id,
                    {WC_LISTBOXW, LBS_NOTIFY | LBS_HASSTRINGS | WS_VSCROLL | WS_HSCROLL, WS_EX_CLIENTEDGE}),
-      extent_(Window(), LB_SETHORIZONTALEXTENT) {}
+      extent_(Window(), LB_SETHORIZONTALEXTENT) {
+    // The list shows the bar when an item needs it. Until then it would take the place of an item.
+    ShowScrollBar(Window(), SB_HORZ, FALSE);
+}
 
 void Win32ListBox::SetFont(const Font& font) {
     Win32Control::SetFont(font);
