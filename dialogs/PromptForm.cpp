@@ -3,11 +3,19 @@
 #include "runtime/Error.h"
 #include "runtime/Ports.h"
 #include "services/Localisation.h"
+#include "services/MessageTexts.h"
 
 namespace dialogs {
 
 void PromptForm::SetForm(runtime::Form& form) {
     services::SetForm(form);
+}
+
+// Like a caption, a direction that cannot be looked up is that of English.
+bool PromptForm::IsRightToLeft() const {
+    bool isRightToLeft = false;
+    runtime::IgnoreErrors([&] { isRightToLeft = services::IsRightToLeft(); });
+    return isRightToLeft;
 }
 
 PromptForm::PromptSession::PromptSession(PromptForm& form)

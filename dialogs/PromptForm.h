@@ -18,6 +18,8 @@ class PromptForm : public runtime::Form {
  protected:
     using Form::Form;
 
+    bool IsRightToLeft() const override;
+
     /// One question. The destructor unloads the form and ignores errors of the unload.
     class PromptSession {
      public:

@@ -201,5 +201,21 @@ TEST_F(Query, CaptionsAreTranslated) {
     });
 }
 
+TEST_F(Query, ScreenReader_GetsThePromptAsDescription) {
+    Look({.prompt = u"Which side?"},
+         [](MemoryWindow& dialog) { EXPECT_EQ(dialog.accessibleDescription, u"Which side?"); });
+}
+
+TEST_F(Query, LanguageReadFromRightToLeft_MirrorsTheDialog) {
+    kernel_.Put(u"LANGUAGEPATH", u"C:\\he");
+    memory_.files.AddFile(u"C:\\he\\K4TBackProcess.txt", "direction = rtl\n");
+    Look({}, [this](MemoryWindow& dialog) {
+        EXPECT_TRUE(dialog.isRightToLeft);
+        EXPECT_EQ(memory_.windows.systemResolutions, 1);
+        EXPECT_EQ(dialog.Control(u"cmdAccept").bounds, (runtime::Rect{4320, 210, 1125, 345}));
+    });
+    EXPECT_EQ(memory_.windows.systemResolutions, 0);
+}
+
 }  // namespace
 }  // namespace dialogs

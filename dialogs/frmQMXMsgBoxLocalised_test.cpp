@@ -96,5 +96,23 @@ TEST_F(LocalisedBox, NoFontChosen_BoxIsUsable) {
     });
 }
 
+TEST_F(LocalisedBox, LanguageReadFromRightToLeft_MirrorsTheBox) {
+    const auto isMirrored = [this] {
+        bool isMirrored = false;
+        Look(u"Overwrite?", [&](MemoryWindow& box) {
+            isMirrored = box.isRightToLeft;
+            EXPECT_EQ(box.controls.at(2)->bounds, (runtime::Rect{180, 915, 1125, 345}));
+        });
+        return isMirrored;
+    };
+    EXPECT_FALSE(isMirrored());
+    Learn(u"C:\\de", "39171 = &Ja\n");
+    EXPECT_FALSE(isMirrored());
+    Learn(u"C:\\he", "direction = rtl\n");
+    EXPECT_TRUE(isMirrored());
+    Learn(u"C:\\wrong", "direction = RTL\n");
+    EXPECT_FALSE(isMirrored());
+}
+
 }  // namespace
 }  // namespace dialogs

@@ -406,5 +406,27 @@ TEST_F(MessageBox, TranslatedCaptionsHaveTheirOwnAccessKeys) {
     EXPECT_EQ(type(u'\u00FC'), 7);
 }
 
+TEST_F(MessageBox, ScreenReader_GetsPromptAsDescriptionAndANameForTheIcon) {
+    Ask(
+        8,
+        [](MemoryWindow& box) {
+            EXPECT_EQ(box.accessibleDescription, u"Overwrite R1?");
+            EXPECT_EQ(box.Control(u"Image1").text, u"?");
+            box.Press(runtime::kKeyEnter);
+        },
+        u"Overwrite R1?");
+}
+
+TEST_F(MessageBox, Question_IsAskedInTheSystemsResolution) {
+    Ask(8, [this](MemoryWindow& box) {
+        EXPECT_EQ(memory_.windows.systemResolutions, 1);
+        box.Press(runtime::kKeyEnter);
+    });
+    EXPECT_EQ(memory_.windows.systemResolutions, 0);
+    memory_.windows.refuseWindows = 1;
+    EXPECT_EQ(tests::ErrorOf([] { AskWithSuiteBox(u"", 8, u""); }), runtime::kOutOfMemory);
+    EXPECT_EQ(memory_.windows.systemResolutions, 0);
+}
+
 }  // namespace
 }  // namespace dialogs

@@ -80,7 +80,7 @@ void Form::MakeWindow() {
     WindowsPort& windows = CurrentPorts().windows;
     const Size outer = windows.OuterSize(design_.inner, design_.border);
     bounds_ = {design_.left, design_.top, outer.width, outer.height};
-    window_ = windows.MakeWindow({caption_, design_.border, bounds_, backColour_}, *this);
+    window_ = windows.MakeWindow({caption_, design_.border, bounds_, backColour_, IsRightToLeft()}, *this);
     stage_ = Stage::kLoading;
     LoadedForms().Add(*this);
     for (const auto& control : controls_) control->Attach(*window_);

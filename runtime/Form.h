@@ -125,6 +125,9 @@ class Form : private WindowEvents {
     /// Error 5 while the form is loaded.
     Control& AddControl(ControlDesign design);
 
+    /// True if the form, when it is loaded, is mirrored: its left is on the right, and its texts are read from right to
+    /// left. Lengths and places stay the same.
+    virtual bool IsRightToLeft() const { return false; }
     virtual void OnLoad() {}
     virtual void OnQueryUnload(bool& /*cancel*/, UnloadReason /*reason*/) {}
     virtual void OnUnload(bool& /*cancel*/) {}

@@ -115,6 +115,7 @@ struct WindowDesign {
     BorderStyle border = BorderStyle::kSizable;
     Rect outer;
     Colour backColour = kButtonFace;
+    bool isRightToLeft = false;  ///< the window and its controls are mirrored
 };
 
 /// The modal loop of a window. The thread's other windows are disabled until End is called or this object is destroyed.

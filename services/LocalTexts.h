@@ -24,6 +24,10 @@ inline constexpr LocalText kModuleCaption = {u"LOC", u"Pelorix Background proces
 inline constexpr LocalText kFolderLead = {u"991019 ", u"Path: ", u"folder check, before the folder"};
 inline constexpr LocalText kFolderNotAvailable = {u"99961 ", u" not available", u"folder check, after the folder"};
 
+/// Not translated: "rtl" in a language that is read from right to left.
+inline constexpr LocalText kDirection = {u"direction", u"ltr", u"reading direction of the dialogs"};
+inline constexpr runtime::StringView kRightToLeft = u"rtl";
+
 /// An error of the suite's common table, with the texts before and after the detail. Most errors have no text after it.
 struct ErrorText {
     std::int32_t number;
@@ -34,7 +38,7 @@ struct ErrorText {
 /// Null if the table does not have `number`.
 const ErrorText* FindErrorText(std::int32_t number);
 
-/// All texts above and those of the error reports.
+/// The texts above that are translated, and those of the error reports.
 std::vector<LocalText> CodeTexts();
 
 /// The text in the current language, or its default if there is no translation.

@@ -9,6 +9,7 @@
 
 #include "kernel_api/builtin/TextFile.h"
 #include "runtime/Control.h"
+#include "services/LocalTexts.h"
 #include "tools/Display.h"
 
 namespace tools {
@@ -111,6 +112,7 @@ class Findings {
             return 1;
         }
         for (const auto& [line, fault] : faults_) Start("unreadable", line) << WordsFor(fault) << '\n';
+        WriteWrongDirection();
         WriteUnknown();
         WriteClashes(locale);
         WriteLostKeys();
@@ -128,11 +130,19 @@ class Findings {
     }
     std::ostream& StartAt(std::string_view kind, const String& id) { return Start(kind, lines_.at(id)); }
 
+    void WriteWrongDirection() {
+        const String* const direction = file_.Find(services::kDirection.id);
+        if (!direction || *direction == services::kDirection.defaultText || *direction == services::kRightToLeft)
+            return;
+        StartAt("direction", String(services::kDirection.id))
+            << "is " << Bracketed(*direction) << "; only ltr and rtl are known\n";
+    }
+
     void WriteUnknown() {
         const std::set<String> known = IdentifiersOf(catalogue_);
         std::map<String, String> unknown;
         for (const auto& [id, text] : file_.All()) {
-            if (!known.contains(id)) unknown.emplace(id, text);
+            if (!known.contains(id) && id != services::kDirection.id) unknown.emplace(id, text);
         }
         for (const auto& [id, text] : unknown) {
             StartAt("unknown", id) << Display(id) << '\t' << Bracketed(text) << '\n';
@@ -268,7 +278,8 @@ bool IsUtf16(std::string_view bytes) {
 
 void WriteTextTemplate(std::ostream& out, Catalogue catalogue) {
     out << "# Texts of the back process: identifier = text, in UTF-8. A blank at either end of a text is written \\s,\n"
-           "# a line break \\n, a tab \\t, a backslash \\\\. The letter after & is the access key.\n";
+           "# a line break \\n, a tab \\t, a backslash \\\\. The letter after & is the access key.\n"
+           "# In a language that is read from right to left, a line mirrors the dialogs: direction = rtl\n";
     std::set<String> written;
     for (const CatalogueText& text : catalogue) {
         const String id = runtime::Trim(text.id);

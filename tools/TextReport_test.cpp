@@ -177,5 +177,16 @@ TEST(TextTemplate, Template_IsALanguageFileWithTheEnglishTexts) {
     EXPECT_EQ(*file.Find(u"1"), u"Path: ");
 }
 
+TEST_F(TextReport, Direction_IsNoTextAndIsChecked) {
+    const std::string texts = "1 = &Ja\n2 = &Nein\n3 = Pfad:\\s\n";
+    Report(texts + "direction = rtl\n");
+    EXPECT_EQ(counts_, (TextReportCounts{0, 0}));
+    Report(texts + "direction = ltr\n");
+    EXPECT_EQ(counts_, (TextReportCounts{0, 0}));
+    EXPECT_THAT(Report("# Wrong\n" + texts + "direction = RTL\n"),
+                HasSubstr("direction\tF:5\tis [RTL]; only ltr and rtl are known\n"));
+    EXPECT_EQ(counts_, (TextReportCounts{0, 1}));
+}
+
 }  // namespace
 }  // namespace tools

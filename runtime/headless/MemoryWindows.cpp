@@ -139,6 +139,7 @@ std::unique_ptr<ModalLoop> MemoryWindows::BeginModal(NativeWindow& window) {
 MemoryWindow::MemoryWindow(MemoryWindows& system, const WindowDesign& design, WindowEvents& events, NativeHandle handle)
     : caption(design.caption),
       border(design.border),
+      isRightToLeft(design.isRightToLeft),
       outer(system.Grid().Whole(design.outer)),
       backColour(design.backColour),
       system_(system),

@@ -112,6 +112,7 @@ class MemoryWindow : public NativeWindow {
     String caption;
     String accessibleDescription;
     BorderStyle border;
+    bool isRightToLeft;
     Rect outer;
     /// Left and top after each call of SetBounds, in order.
     std::vector<std::pair<Twips, Twips>> places;

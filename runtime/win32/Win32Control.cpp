@@ -55,6 +55,7 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKin
     window_ = CreateChild(reinterpret_cast<HWND>(parent.Handle()), system.Instance(), windowKind.className, L"",
                           WS_VISIBLE | windowKind.style, windowKind.extendedStyle, id);
     if (!window_) throw OutOfResources(u"cannot create the window of a control");
+    if (kind == ControlKind::kLabel || kind == ControlKind::kPicture) KeepContentUnmirrored();
     // A letter typed on a button is an access key, also for an input method that would compose with it.
     if (kind == ControlKind::kButton) ImmAssociateContext(window_, nullptr);
 }
@@ -69,6 +70,14 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const Cont
             static_cast<HICON>(LoadImageW(system.Instance(), Wide(look.picture), IMAGE_ICON, 0, 0, LR_DEFAULTCOLOR)));
         SendMessageW(window_, STM_SETICON, reinterpret_cast<WPARAM>(icon_.Get()), 0);
     }
+}
+
+// On a mirrored form the control has its mirrored place. A picture would be mirrored as well; a label aligns its text
+// by itself.
+void Win32Control::KeepContentUnmirrored() {
+    const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
+    if ((style & WS_EX_LAYOUTRTL) == 0) return;
+    SetWindowLongPtrW(window_, GWL_EXSTYLE, (style & ~LONG_PTR{WS_EX_LAYOUTRTL}) | WS_EX_RIGHT | WS_EX_RTLREADING);
 }
 
 void Win32Control::SetBounds(const Rect& bounds) {

@@ -46,6 +46,7 @@ class Win32Control : public NativeControl {
  private:
     Win32Control(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id);
     static WindowKind KindOfWindow(ControlKind kind);
+    void KeepContentUnmirrored();
 
     Win32Windows& system_;
     const ControlKind kind_;

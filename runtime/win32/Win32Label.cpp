@@ -102,12 +102,18 @@ void Win32Label::PaintLines(HDC context, const RECT& dirty) {
     if (layout_.lines.empty() || !font_) return;
     const int lineHeight = std::max(1, layout_.height / static_cast<int>(layout_.lines.size()));
     const HGDIOBJ former = SelectObject(context, font_);
+    const bool isRightToLeft = (GetWindowLongPtrW(window_, GWL_EXSTYLE) & WS_EX_RTLREADING) != 0;
+    SetTextAlign(context, isRightToLeft ? TA_RIGHT | TA_RTLREADING : TA_LEFT);
+    RECT client{};
+    GetClientRect(window_, &client);
+    const int start = isRightToLeft ? static_cast<int>(client.right) : 0;
     const auto first = static_cast<std::size_t>(std::max(0L, dirty.top / lineHeight));
     for (std::size_t i = first; i < layout_.lines.size(); ++i) {
         const int top = static_cast<int>(i) * lineHeight;
         if (top >= dirty.bottom) break;
         const StringView line = layout_.Line(i);
-        ExtTextOutW(context, 0, top, ETO_CLIPPED, &dirty, Wide(line.data()), static_cast<UINT>(line.size()), nullptr);
+        ExtTextOutW(context, start, top, ETO_CLIPPED, &dirty, Wide(line.data()), static_cast<UINT>(line.size()),
+                    nullptr);
     }
     SelectObject(context, former);
 }

@@ -67,7 +67,8 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
     : system_(system), events_(events), border_(design.border) {
     SetBackColour(design.backColour);
     const RECT place = ToPixels(design.outer);
-    CreateWindowExW(ExtendedStyleOf(design.border), system.ClassName(), Wide(NulsAsBlanks(design.caption)),
+    const DWORD direction = design.isRightToLeft ? WS_EX_LAYOUTRTL : 0;
+    CreateWindowExW(ExtendedStyleOf(design.border) | direction, system.ClassName(), Wide(NulsAsBlanks(design.caption)),
                     StyleOf(design.border), static_cast<int>(place.left), static_cast<int>(place.top),
                     static_cast<int>(place.right - place.left), static_cast<int>(place.bottom - place.top), nullptr,
                     nullptr, system.Instance(), this);

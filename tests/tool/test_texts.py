@@ -26,7 +26,7 @@ class Texts(ToolTestCase):
                                                          b"give a DEFAULT, or see 'backproc texts'\n"))
 
     def test_each_example_language_is_complete(self):
-        for language in ("German", "French", "Japanese"):
+        for language in ("German", "French", "Japanese", "Hebrew"):
             with self.subTest(language):
                 folder = windows_path(EXAMPLES / "languages" / language)
                 code, output, errors = tool("texts", "--folder", folder)
