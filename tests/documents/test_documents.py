@@ -34,6 +34,7 @@ NOT_FOLLOWED = {
     "cmake --build": BUILDS,
     "scripts/build": BUILDS,
     "scripts/coverage": BUILDS,
+    "scripts/pictures": "shows what ships, and changes files of the project",
     "scripts/setup": "installs packages",
     "scripts/check-platforms": "makes whole systems, and runs this test in them",
     "build/fuzz/": NEEDS_THE_BUILD,

@@ -17,8 +17,8 @@ import unittest
 TIMEOUT = 120  # seconds; a run takes one or two
 JAPANESE_FACE = "\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF"
 WINE_FONTS = pathlib.Path("/usr/share/wine/fonts")
-# MS Sans Serif for Western, Greek and Cyrillic. A system shows the one for its own code page.
-MS_SANS_SERIF = ("sserife.fon", "sserifeg.fon", "sserifer.fon")
+# MS Sans Serif, in a file for each code page. A system shows the one for its own code page.
+MS_SANS_SERIF = sorted(font.name for font in WINE_FONTS.glob("ss*.fon"))
 
 wine_run = ""
 bin_folder = pathlib.Path()
