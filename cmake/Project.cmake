@@ -28,6 +28,8 @@ if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 merges functions with equal code even if their calling conventions differ: it replaced an empty lambda in a
     # std::function by a method that ends with "ret 4". The caller's stack was then wrong.
     add_compile_options(-fno-ipa-icf)
+    # -O3 would make the DLL a tenth larger and nothing faster that a client notices. Only host/com/ keeps it.
+    string(REPLACE "-O3" "-O2" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
 endif()
 # Additional compiler options for the libraries. The tests are compiled without them.
 set(instrumentation)
