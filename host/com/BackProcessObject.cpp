@@ -13,7 +13,7 @@
 namespace host::com {
 namespace {
 
-/// The text of a by-reference string. A null pointer is a missing argument; a null string is an empty text.
+/// Returns the text of a by-reference string. A null pointer is a missing argument; a null string is an empty text.
 StringView TextAt(const BSTR* place) {
     return place == nullptr ? StringView() : ViewOf(*place);
 }
@@ -46,7 +46,8 @@ void BackProcessObject::MakeService() {
 
 HRESULT BackProcessObject::Create(HomeMembership membership, REFIID iid, void** object) {
     auto made = ComPtr<BackProcessObject>::Attach(new BackProcessObject(std::move(membership)));
-    // Get the interface first, because ending a new service object again would unload the form for all clients.
+    // Get the interface before making the service. If the interface does not exist, no service object needs to be
+    // terminated, and the termination would unload the form of all clients.
     ComPtr<IUnknown> wanted;
     Check(made->QueryInterface(iid, wanted.PutVoid()));
     made->MakeService();
@@ -57,7 +58,8 @@ HRESULT BackProcessObject::Create(HomeMembership membership, REFIID iid, void** 
 ULONG BackProcessObject::OnLastRelease() {
     if (isEnded_) return Implements::OnLastRelease();
     isEnded_ = true;
-    // Hold a reference until the instance has ended, because the sinks that are called may take and release references.
+    // Hold a reference until the instance has ended, because the sinks may take and release references during the last
+    // event.
     AddRef();
     if (EndAtHome(*this)) return 0;
     Terminate();
@@ -72,8 +74,9 @@ void BackProcessObject::End() {
 }
 
 void BackProcessObject::Terminate() {
-    // Release returns no HRESULT, so the guard leaves an error in the thread's error object. Without an error, restore
-    // the earlier error object, because clients often read the error of a call after they have released the instance.
+    // Release returns no HRESULT, so the guard leaves an error in the thread's error object. If there was no error,
+    // restore the earlier error object, because clients often read a call's error after they have released the
+    // instance.
     ComPtr<IErrorInfo> before;
     GetErrorInfo(0, before.Put());
     const HRESULT result = Guarded([this] {

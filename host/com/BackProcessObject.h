@@ -1,12 +1,12 @@
-// The COM object that a client holds: a service object with a dual interface, class information and one connection
-// point. It lives in the home apartment until its last reference is released.
+// The COM object that a client uses. It owns a service object. It has a dual interface, class information and one
+// connection point. It belongs to the home apartment until a client releases its last reference.
 //
-// The last release terminates the service object while the sinks are still connected, and then disconnects the sinks. A
+// The last release terminates the service object while the sinks are still connected. Then it disconnects the sinks. A
 // reference taken during that time stays valid, but every call on it fails with error 91. Each call and each event
-// holds its own reference, so that the object is not destroyed during it.
+// holds a reference, so that the object is not destroyed during the call or event.
 //
-// Only the home thread may call it. On another thread, calls through an unmarshalled pointer fail with
-// RPC_E_WRONG_THREAD. After a last release on another thread, the home thread ends the instance.
+// Clients may call the object only on the home thread. On another thread, calls through an unmarshalled pointer fail
+// with RPC_E_WRONG_THREAD. If another thread releases the last reference, the home thread ends the instance.
 #pragma once
 
 #include <memory>
@@ -20,12 +20,14 @@
 
 namespace host::com {
 
-// Clients also ask for IExternalConnection, IMarshal, IDispatchEx, IPersistStreamInit and IObjectWithSite. These are
-// not offered, because the system's marshaller and IDispatch are enough and the object has no stored state.
+// Clients also request IExternalConnection, IMarshal, IDispatchEx, IPersistStreamInit and IObjectWithSite. The object
+// refuses these interfaces, because the system's marshaller and IDispatch are enough and the object has no stored
+// state.
 class BackProcessObject final : public Implements<_clsQmxBackProcess, IProvideClassInfo2, ISupportErrorInfo,
                                                   IConnectionPointContainer, IK4TDiagnostics> {
  public:
-    /// Creates an instance in the calling apartment and returns its interface `iid`. Throws the errors of the creation.
+    /// Creates an instance in the calling apartment and returns its interface `iid`. Throws an error if the creation
+    /// fails.
     static HRESULT Create(HomeMembership membership, REFIID iid, void** object);
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override;
@@ -54,19 +56,20 @@ class BackProcessObject final : public Implements<_clsQmxBackProcess, IProvideCl
     HRESULT STDMETHODCALLTYPE get_LanguagePath(BSTR* folder) override;
     HRESULT STDMETHODCALLTYPE get_Caption(BSTR* caption) override;
 
-    /// Called by the home window to end the instance after its last release on another thread.
+    /// Ends the instance. The home window calls this after the last release on another thread.
     void End();
 
  private:
     explicit BackProcessObject(HomeMembership membership) noexcept;
 
-    /// Terminates the instance. The next last release deletes it.
+    /// Terminates the instance. The next last release deletes the object.
     ULONG OnLastRelease() override;
     void MakeService();
     IUnknown& Identity() { return static_cast<_clsQmxBackProcess&>(*this); }
-    /// The service object. Error 91 after the instance was terminated.
+    /// Returns the service object. Throws error 91 after the instance was terminated.
     ServiceObject& Service();
-    /// Clears `results` and runs a member's `body`, which returns its HRESULT. Fails on any thread but the home thread.
+    /// Clears `results` and runs a member's `body`, which returns an HRESULT. Fails on every thread except the home
+    /// thread.
     template <typename Body, typename... Result>
     HRESULT Member(Body&& body, Result*... results) noexcept;
     void Terminate();

@@ -12,7 +12,7 @@ namespace host::com {
 using runtime::String;
 using runtime::StringView;
 
-/// The text of `bstr`, including NULs. If the number of bytes is odd, the last byte is left out.
+/// Returns the text of `bstr`, including NULs. If the number of bytes is odd, ignores the last byte.
 inline StringView ViewOf(BSTR bstr) {
     return bstr == nullptr ? StringView() : StringView(runtime::win32::Utf16(bstr), SysStringLen(bstr));
 }
@@ -42,7 +42,7 @@ class Bstr {
 
     BSTR Get() const noexcept { return bstr_; }
     BSTR Detach() noexcept { return std::exchange(bstr_, nullptr); }
-    /// The address for a callee that may replace the text.
+    /// Returns the address to pass to a function that may replace the text.
     BSTR* Address() noexcept { return &bstr_; }
     String Text() const { return ToString(bstr_); }
 

@@ -1,5 +1,5 @@
-// The class factory. A client's factory keeps the DLL in memory while the client holds it. The home apartment's own
-// factory, which creates instances for other apartments, does not.
+// Makes class factories. A factory of a client keeps the DLL in memory until the client releases the factory. The home
+// apartment's own factory creates instances for other apartments. It does not keep the DLL in memory.
 #pragma once
 
 #include "host/com/ComPtr.h"

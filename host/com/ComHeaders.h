@@ -1,4 +1,5 @@
-// COM's headers and the header made from the component's IDL. All files of this folder include them through this file.
+// Includes COM's headers and the header that the build generates from the component's IDL. All files of this folder
+// include these headers through this file.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"

@@ -38,7 +38,7 @@ class ComPtr {
     Interface* operator->() const noexcept { return pointer_; }
     explicit operator bool() const noexcept { return pointer_ != nullptr; }
 
-    /// The address for a function that returns an owned reference. Releases the present reference first.
+    /// Returns the address to pass to a function that returns an owned reference. Releases the present reference first.
     Interface** Put() noexcept {
         Reset();
         return &pointer_;
@@ -49,7 +49,7 @@ class ComPtr {
     Interface* pointer_ = nullptr;
 };
 
-/// The interface `iid` of `unknown`; empty if the object does not have it or `unknown` is null.
+/// Returns the interface `iid` of `unknown`. Empty if the object does not have the interface or `unknown` is null.
 template <typename Interface>
 ComPtr<Interface> Query(IUnknown* unknown, REFIID iid) {
     ComPtr<Interface> found;

@@ -1,5 +1,5 @@
-// The functions that the COM layer calls in the component. The DLL links those of the component (Component.cpp), the
-// tests link a double.
+// Declares the functions that the COM layer calls in the component. Component.cpp implements them for the DLL. The
+// tests link other implementations.
 #pragma once
 
 #include <cstddef>
@@ -9,12 +9,12 @@
 
 namespace host::com {
 
-/// Makes a service object. Throws the errors of its creation.
+/// Makes a service object. Throws an error if the creation fails.
 std::unique_ptr<ServiceObject> MakeServiceObject(NotifyServerEvent notifyServer);
-/// The number of the component's windows. Any thread may call.
+/// Returns the number of the component's windows. Any thread may call.
 std::size_t LiveWindows() noexcept;
-/// Called when the home apartment or its thread has ended while instances live. Afterwards no form is loaded. Any
-/// thread may call. The caller holds a lock, so this function must not wait for other threads.
+/// Unloads all forms. The COM layer calls this function when the home apartment or its thread has ended and instances
+/// still exist. Any thread may call. The caller holds a lock, so the function must not wait for other threads.
 void GiveUpForms() noexcept;
 
 }  // namespace host::com

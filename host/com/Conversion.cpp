@@ -5,17 +5,18 @@
 namespace host::com {
 namespace {
 
-/// The system's functions declare arguments as writable even if they only read them.
+/// The system's functions declare arguments as writable even if the functions only read them.
 VARIANT* AsWritable(const VARIANT& value) {
     return const_cast<VARIANT*>(&value);
 }
 
-/// The longest chain of default properties or references that is followed, because such a chain may be endless.
+/// The maximum number of default properties or references that a conversion follows. A limit is necessary, because such
+/// a chain may be endless.
 constexpr int kMaxDefaultProperties = 8;
 
 constexpr VARTYPE kVariantReference = VT_VARIANT | VT_BYREF;
 
-/// The variant at the end of a chain of references to variants.
+/// Returns the variant at the end of a chain of references to variants.
 const VARIANT& WithoutReferences(const VARIANT& argument) {
     const VARIANT* inner = &argument;
     for (int i = 0; i < kMaxDefaultProperties && inner->vt == kVariantReference && inner->pvarVal != nullptr; ++i) {
@@ -24,7 +25,7 @@ const VARIANT& WithoutReferences(const VARIANT& argument) {
     return *inner;
 }
 
-/// The result of a conversion for a late-bound client. Other errors than these become DISP_E_TYPEMISMATCH.
+/// Returns `result` if a late-bound client may receive it; otherwise DISP_E_TYPEMISMATCH.
 HRESULT AsDispatchResult(HRESULT result) {
     const bool mayPass =
         SUCCEEDED(result) || result == DISP_E_OVERFLOW || result == DISP_E_BADVARTYPE || result == E_OUTOFMEMORY;
@@ -67,7 +68,8 @@ HRESULT ConvertValue(const VARIANT& value, VARTYPE type, LCID lcid, Variant& con
         case VT_UNKNOWN:
             return ConvertObject(value, type, lcid, converted, chain);
         default:
-            // Flags become words instead of -1 and 0, as in the language of the suite's modules.
+            // VARIANT_ALPHABOOL converts Booleans to words instead of -1 and 0. The language of the suite's modules
+            // does the same.
             return AsDispatchResult(
                 VariantChangeTypeEx(converted.Address(), AsWritable(value), lcid, VARIANT_ALPHABOOL, type));
     }

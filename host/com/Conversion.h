@@ -5,16 +5,16 @@
 
 namespace host::com {
 
-/// Whether the client left the argument out. A variable that is itself a left-out argument counts, too.
+/// True if the client left the argument out. Also true for a variable that contains the value for a missing argument.
 bool IsMissing(const VARIANT& argument);
 
-/// The text of an argument that needs no conversion to a text; null for any other argument.
+/// Returns the string in an argument that is a string or a reference to a string; null for any other argument.
 const BSTR* FindText(const VARIANT& argument);
 
-/// Converts `argument`, which may be by reference, to `type`. Numbers, flags, dates, texts and objects with a default
-/// property convert. Empty becomes 0 or an empty text. Null and arrays do not convert.
-/// Returns DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADVARTYPE, E_OUTOFMEMORY, or E_POINTER for a reference to
-/// null.
+/// Converts `argument` to `type`. `argument` may be a reference. Converts numbers, Booleans, dates, strings, and
+/// objects with a default property. Empty becomes 0 or an empty text. Refuses Null and arrays.
+/// On failure, returns DISP_E_TYPEMISMATCH, DISP_E_OVERFLOW, DISP_E_BADVARTYPE or E_OUTOFMEMORY. Returns E_POINTER for
+/// a null reference.
 HRESULT Convert(const VARIANT& argument, VARTYPE type, LCID lcid, Variant& converted);
 
 }  // namespace host::com

@@ -1,5 +1,5 @@
-// Late binding to the service object. It does not use the type library's Invoke, because that passes no valid pointer
-// to the method if a by-reference string is missing.
+// Implements late binding to the service object. It does not use the type library's Invoke. If a by-reference string is
+// missing, that function does not pass a valid pointer to the method.
 #pragma once
 
 #include "host/ServiceObject.h"
@@ -16,11 +16,11 @@ struct Call {
     UINT* badArgument;  ///< may be null
 };
 
-/// Carries out `call`. Throws ComError for an invalid call, and the errors of the service object.
+/// Carries out `call`. Throws ComError for an invalid call. Errors of the service object reach the caller.
 HRESULT InvokeMember(ServiceObject& service, const Call& call);
 
-/// The identifiers of a member (the first name) and of its parameters (the other names). Letter case is ignored. An
-/// unknown name gets DISPID_UNKNOWN, and the result is then DISP_E_UNKNOWNNAME.
+/// Returns the identifiers of a member (the first name) and of its parameters (the other names). Ignores letter case.
+/// If a name is unknown, its identifier is DISPID_UNKNOWN and the result is DISP_E_UNKNOWNNAME.
 HRESULT FindMemberIds(REFIID iid, LPOLESTR* names, UINT count, DISPID* ids);
 
 }  // namespace host::com

@@ -1,4 +1,4 @@
-// The two enumerators that connection points need. Each enumerates a copy that is made at its creation, and holds
+// Makes the two enumerators that connection points need. Each enumerator copies the list at its creation and holds
 // references to the items.
 #pragma once
 

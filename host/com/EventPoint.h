@@ -1,5 +1,5 @@
-// The instance's connection point for its event interface. A reference to it is a reference to the instance, but it has
-// its own COM identity. Home thread only.
+// The instance's connection point for its event interface. It has its own COM identity, but a reference to it is a
+// reference to the instance. Use it only on the home thread.
 #pragma once
 
 #include "host/com/HomeApartment.h"
@@ -25,7 +25,8 @@ class EventPoint final : public Interfaces<IConnectionPoint, ISupportErrorInfo> 
     HRESULT STDMETHODCALLTYPE InterfaceSupportsErrorInfo(REFIID iid) override;
 
  private:
-    /// Clears `results` and runs a member's `body`, which returns its HRESULT. Fails on any thread but the home thread.
+    /// Clears `results` and runs a member's `body`, which returns an HRESULT. Fails on every thread except the home
+    /// thread.
     template <typename Body, typename... Result>
     HRESULT Member(Body&& body, Result*... results) noexcept;
 

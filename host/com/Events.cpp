@@ -15,7 +15,7 @@ namespace {
 
 constexpr DISPID kNotifyServer = 1;
 
-/// A sink's description of its failure. The destructor frees the strings, whatever result the sink has returned.
+/// Owns a sink's description of its failure. The destructor frees the strings for every result of the sink.
 class SinkException {
  public:
     SinkException() = default;
@@ -29,7 +29,7 @@ class SinkException {
 
     EXCEPINFO* Address() { return &info_; }
 
-    /// Calls the sink's deferred fill-in. Its result is ignored, and the fields are used as they are.
+    /// Calls the sink's deferred fill-in. Ignores its result and uses the fields as they are.
     void FillIn() {
         if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
     }
@@ -46,11 +46,11 @@ class SinkException {
 };
 
 bool IsFailure(HRESULT result) {
-    // A sink may lack a handler for the event.
+    // A sink without a handler for the event has not failed.
     return FAILED(result) && result != DISP_E_MEMBERNOTFOUND && result != E_NOTIMPL;
 }
 
-/// An error with the sink's description. Without a description, the text names the connection and the result.
+/// Returns an error with the sink's description. Without a description, the text names the connection and the result.
 runtime::Error FailureOf(const Connection& connection, HRESULT code, String description) {
     const std::int32_t number = NumberOf(code);
     if (!description.empty()) return {number, std::move(description)};
@@ -62,7 +62,7 @@ runtime::Error FailureOf(const Connection& connection, HRESULT code, String desc
 }
 
 std::optional<runtime::Error> Tell(Sinks& sinks, const Connection& connection, Bstr& Aname, Bstr& sCommand) {
-    VARIANTARG arguments[2]{};  // last parameter first
+    VARIANTARG arguments[2]{};  // the last parameter comes first
     arguments[0].vt = arguments[1].vt = VT_BSTR | VT_BYREF;
     arguments[0].pbstrVal = sCommand.Address();
     arguments[1].pbstrVal = Aname.Address();
@@ -75,7 +75,7 @@ std::optional<runtime::Error> Tell(Sinks& sinks, const Connection& connection, B
                                                    &parameters, nullptr, exception.Address(), &badArgument);
     if (observer) observer->SinkAnswered(connection.cookie, static_cast<std::uint32_t>(result));
     if (IsPeerGone(result)) {
-        // No handler has run, so this is no error of the client.
+        // No handler has run, so the client has not failed.
         sinks.Drop(connection.cookie);
         return {};
     }

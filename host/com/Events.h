@@ -6,11 +6,12 @@
 
 namespace host::com {
 
-/// Calls each sink once, in order. A sink receives the changes that earlier sinks made in the strings, and the caller
-/// receives the final strings.
-/// - Sinks that are connected during the event, or disconnected before their call, are not called.
+/// Calls each sink once, in order. If a sink changes the strings, later sinks and the caller receive the changed
+/// strings.
+/// - A sink that connects during the event is not called.
+/// - A sink that is disconnected before its call is not called.
 /// - A sink whose apartment or process has ended is disconnected.
-/// - If sinks fail, the first error is thrown after all sinks were called.
+/// - If sinks fail, the remaining sinks are still called. Then the first error is thrown.
 void RaiseNotifyServer(Sinks& sinks, runtime::String& Aname, runtime::String& sCommand);
 
 }  // namespace host::com

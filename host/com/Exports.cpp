@@ -1,4 +1,4 @@
-// The DLL's exports. The module definition file gives them undecorated names.
+// Implements the DLL's exports. The module definition file gives the exports undecorated names.
 #include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 

@@ -13,7 +13,7 @@ constexpr std::uint32_t kRuntimeErrors = 0x800A0000;
 constexpr std::int32_t kMaxNumber = 0xFFFF;
 constexpr StringView kSource = u"K4TBackProcess";
 
-/// An error as the client receives it. There is no description if the code alone is enough.
+/// An error as the client receives it. An error that its code explains has no description.
 struct Failure {
     HRESULT code;
     std::optional<String> description;
@@ -44,7 +44,7 @@ Failure CurrentFailure() noexcept {
     }
 }
 
-/// Replaces the thread's error object. If there is no memory for it, the client receives the code only.
+/// Replaces the thread's error object. If there is no memory for a new error object, the client receives only the code.
 void SetErrorObject(const Failure& failure) noexcept try {
     ComPtr<ICreateErrorInfo> made;
     if (!failure.description || FAILED(CreateErrorInfo(made.Put()))) {

@@ -1,9 +1,12 @@
-// Converts exceptions to results for COM clients. Every COM method, the class factory and the exports run inside the
-// guard, so that no exception leaves the component.
+// Converts exceptions to results for COM clients. Code that can throw runs inside the guard, so that no exception
+// leaves the component.
 //
-// A runtime error with number n becomes HRESULT 0x800A0000 + n. A negative number is a foreign HRESULT and is returned
-// unchanged. The description is stored in the thread's error object. A call without an error or without a description
-// clears the error object, because a client would otherwise read the description of an earlier error.
+// A runtime error with number n in 0..65535 becomes HRESULT 0x800A0000 + n. A larger number becomes the internal error.
+// A negative number is a foreign HRESULT and is returned unchanged. The description is stored in the thread's error
+// object.
+//
+// A call clears the error object if it succeeds or if its error has no description. A client would otherwise read an
+// earlier error's description. Exception: after a successful last Release, the earlier error object is restored.
 #pragma once
 
 #include <exception>
@@ -15,8 +18,9 @@
 
 namespace host::com {
 
-/// An error with its own HRESULT. It has a description if the code alone does not tell the client what to change. An
-/// invalid late-bound call has none, because with a description Invoke returns DISP_E_EXCEPTION instead of the code.
+/// An error with its own HRESULT. It has a description if the code does not show what the client must change. The error
+/// of an invalid late-bound call has no description. If it had a description, Invoke would return DISP_E_EXCEPTION and
+/// not the code.
 class ComError : public std::exception {
  public:
     explicit ComError(HRESULT code) noexcept : code_(code) {}
@@ -33,35 +37,37 @@ class ComError : public std::exception {
 inline void Check(HRESULT result) {
     if (FAILED(result)) throw ComError(result);
 }
-/// Throws E_POINTER if `pointer`, the address for a result, is null.
+/// Throws E_POINTER if `pointer` is null.
 inline void RequirePointer(const void* pointer) {
     if (pointer == nullptr) throw ComError(E_POINTER);
 }
 
-/// Clears a result before a call, so that it is empty if the call fails. `result` may be null.
+/// Clears a result before a call, so that the result is empty if the call fails. `result` may be null.
 template <typename Result>
 void Clear(Result* result) noexcept {
     if (result != nullptr) *result = {};
 }
 
-/// The HRESULT that a client receives for a runtime error.
+/// Returns the HRESULT that a client receives for a runtime error.
 HRESULT HresultOf(const runtime::Error& error) noexcept;
-/// Whether `code` is a runtime error: 0x800A0000 + number.
+/// True if `code` is the HRESULT of a runtime error: 0x800A0000 + number.
 bool IsRuntimeError(HRESULT code) noexcept;
-/// The number of the runtime error for an HRESULT that a client has returned.
+/// Converts an HRESULT that a client's sink returned to an error number. The number of any other HRESULT than a runtime
+/// error's is the HRESULT itself.
 std::int32_t NumberOf(HRESULT code) noexcept;
 
-/// The HRESULT for the exception that is being handled. Stores its description in the thread's error object, or clears
-/// that object.
+/// Returns the HRESULT for the exception that is being handled. Stores the exception's description in the thread's
+/// error object. Clears the error object if there is no description.
 HRESULT CurrentHresult() noexcept;
-/// The same for a late-bound call. An error with a description is stored in `exception`, which may be null, and the
-/// result is DISP_E_EXCEPTION.
+/// Does the same for a late-bound call. If the error has a description, stores it in `exception` and returns
+/// DISP_E_EXCEPTION. `exception` may be null. Returns E_OUTOFMEMORY if there is no memory for the description.
 HRESULT CurrentHresult(EXCEPINFO* exception) noexcept;
 
-/// Throws `failure`, the result of a call of another object, with the description in the thread's error object.
+/// Throws an error with the code `failure`, which another object returned. Takes the description from the thread's
+/// error object.
 [[noreturn]] void ThrowWithErrorObject(HRESULT failure);
 
-/// Runs `body`, which returns an HRESULT, and converts its exceptions.
+/// Runs `body`, which returns an HRESULT. Converts the exceptions of `body` to HRESULTs.
 template <typename Body>
 HRESULT Guarded(Body&& body) noexcept {
     try {

@@ -15,13 +15,14 @@
 namespace host::com {
 namespace {
 
-/// The attempts are limited, because the home may end between the two steps of each attempt.
+/// Limits the number of attempts, because the home may end between the two steps of each attempt.
 constexpr int kMaxAttempts = 20;
 
-/// The process's home, and the counts of what keeps the DLL in memory.
+/// The home of the process, and the counts of the objects that keep the DLL in memory.
 struct Server {
     HomeState home;
-    // Counted separately, because removing one lock too many must not cancel another client's reference.
+    // The two counts are separate, because a client that removes too many locks must not cancel another client's
+    // reference.
     std::atomic<long> references = 0;
     std::atomic<long> locks = 0;
 };
@@ -39,7 +40,8 @@ ComPtr<IGlobalInterfaceTable> InterfaceTable() {
     return table;
 }
 
-/// Revokes an entry. True if the table has no entry under `cookie` any more. The end of an apartment removes its entry.
+/// Revokes an entry. True if the table no longer has an entry with `cookie`. When an apartment ends, COM removes its
+/// entry.
 bool Revoke(DWORD cookie) noexcept {
     ComPtr<IGlobalInterfaceTable> table;
     if (FAILED(FindInterfaceTable(table))) return false;
@@ -52,8 +54,8 @@ bool RevokeLink(HomeLink& link) noexcept {
     return link.cookie == 0 || Revoke(link.cookie);
 }
 
-/// Revokes the links to homes that have ended. On a thread outside COM this fails, and a later call repeats it. Must
-/// not be called under the home state's lock, because COM may run calls of other apartments on this thread.
+/// Revokes the links to homes that have ended. This fails on a thread outside COM. A later call then tries again. The
+/// caller must not hold the home state's lock, because COM may run calls of other apartments on this thread.
 void RevokeStaleLinks() noexcept {
     HomeLinks failed;
     for (HomeLinks link = server.home.TakeStaleLink(); !link.empty(); link = server.home.TakeStaleLink()) {
@@ -74,7 +76,7 @@ void RequireSingleThreadedApartment() {
     }
 }
 
-/// Joins the home. If there is none, the calling thread's apartment becomes the home.
+/// Joins the home. If there is no home, the calling thread's apartment becomes the home.
 HomeState::Entry JoinHome() {
     HomeState::Entry entry = server.home.Join();
     RevokeStaleLinks();
@@ -146,7 +148,8 @@ void LockServer(bool lock) noexcept {
 }
 
 bool CanUnload() noexcept {
-    // The first check may find that the home has ended. Its link is then revoked before the second check.
+    // The first check may find that the home has ended. RevokeStaleLinks then revokes the home's link before the second
+    // check.
     server.home.IsEmpty();
     RevokeStaleLinks();
     return server.home.IsEmpty() && server.references == 0 && server.locks == 0;

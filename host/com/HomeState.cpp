@@ -42,7 +42,7 @@ HomeState::Entry HomeState::JoinOrBecomeHome(HomeLinks link, runtime::win32::Ker
 void HomeState::RemoveInstance(unsigned generation) noexcept {
     const ExclusiveLock lock(lock_);
     --instances_;
-    // An instance of a home that was given up is not counted for the present home.
+    // The present home does not count instances of an abandoned home.
     if (generation == generation_) --homeInstances_;
     ClearIfOver();
 }
@@ -93,7 +93,7 @@ HomeState::Entry HomeState::JoinPresent() noexcept {
 void HomeState::ClearIfOver() noexcept {
     if (generation_ == 0) return;
     if (HasEnded()) {
-        // The window has ended with its thread, and its handle may belong to another window now.
+        // The window was destroyed when its thread ended. The handle may belong to another window now.
         link_.front().window = nullptr;
         Abandon();
     } else if (homeInstances_ == 0 && LiveWindows() == 0) {

@@ -1,6 +1,6 @@
-// The data of the home apartment, under one lock: the home thread, the number of instances, and the link through which
-// other threads reach the home. The class makes no COM calls. It returns stale links to its caller, which revokes them
-// without holding the lock. Any thread may call.
+// Stores the data of the home apartment under one lock: the home thread, the number of instances, and the link through
+// which other threads reach the home. The class makes no COM calls. It returns stale links to its caller. The caller
+// revokes the stale links without holding the lock. Any thread may call.
 #pragma once
 
 #include <atomic>
@@ -11,41 +11,42 @@
 
 namespace host::com {
 
-/// How other threads reach a home.
+/// The way in which other threads reach a home.
 struct HomeLink {
-    DWORD cookie = 0;       ///< of the home's factory in the process's interface table; 0: none
+    DWORD cookie = 0;       ///< cookie of the home's factory in the process's interface table; 0: none
     HWND window = nullptr;  ///< the home window; null: none
 };
-/// Links are moved as list nodes, because moving a node needs no memory and cannot fail.
+/// A list stores the links, because moving a list node needs no memory and cannot fail.
 using HomeLinks = std::list<HomeLink>;
 
 class HomeState {
  public:
     struct Entry {
         unsigned generation = 0;  ///< 0: there is no home
-        bool isHere = false;      ///< the calling thread is the home; an instance was counted for it
-        DWORD cookie = 0;         ///< of the home's factory
+        bool isHere = false;      ///< true if the calling thread is the home thread; an instance was then counted
+        DWORD cookie = 0;         ///< cookie of the home's factory
     };
 
-    /// The present home. If the calling thread is the home, counts an instance for it.
+    /// Returns the present home. If the calling thread is the home thread, counts an instance.
     Entry Join() noexcept;
-    /// The same, but if there is no home, the calling thread becomes the home, with `link` and `thread`. Otherwise
-    /// `link` becomes stale.
+    /// Does the same. If there is no home, the calling thread becomes the home thread, with `link` and `thread`. If
+    /// there is a home, `link` becomes stale.
     Entry JoinOrBecomeHome(HomeLinks link, runtime::win32::KernelHandle thread) noexcept;
     void RemoveInstance(unsigned generation) noexcept;
-    /// Gives up a home that cannot be reached, and its forms. Does nothing if it is not the present home.
+    /// Abandons a home that cannot be reached, and its forms. Does nothing if `generation` is not the present home.
     void AbandonHome(unsigned generation) noexcept;
 
-    /// Takes no lock.
+    /// True if `generation` is the present home. Takes no lock.
     bool IsCurrent(unsigned generation) const noexcept { return generation_ == generation; }
-    /// The window of a home on another thread; null if there is no home or the calling thread is the home.
+    /// Returns the window of a home on another thread. Null if there is no home or the calling thread is the home
+    /// thread.
     HWND WindowElsewhere() noexcept;
-    /// Whether there is no instance, no window and no stale link.
+    /// True if there is no instance, no window and no stale link.
     bool IsEmpty() noexcept;
 
     /// Removes and returns one stale link; empty if there is none.
     HomeLinks TakeStaleLink() noexcept;
-    /// Takes back links that could not be revoked.
+    /// Stores stale links that the caller could not revoke.
     void KeepStaleLinks(HomeLinks link) noexcept;
 
  private:
@@ -57,7 +58,7 @@ class HomeState {
 
     SRWLOCK lock_ = SRWLOCK_INIT;
     unsigned lastGeneration_ = 0;
-    unsigned instances_ = 0;  ///< of all generations
+    unsigned instances_ = 0;  ///< instances of all generations
     std::atomic<unsigned> generation_ = 0;
     unsigned homeInstances_ = 0;
     DWORD threadId_ = 0;
@@ -66,7 +67,7 @@ class HomeState {
     HomeLinks staleLinks_;
 };
 
-/// A handle of the calling thread that shows other threads when it has ended.
+/// Returns a handle of the calling thread. Other threads use the handle to detect that the thread has ended.
 runtime::win32::KernelHandle OwnThread();
 
 }  // namespace host::com

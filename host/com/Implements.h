@@ -1,11 +1,12 @@
-// Base classes of the component's COM objects: QueryInterface for a list of interfaces, and the reference count.
+// Base classes of the component's COM objects. They implement QueryInterface for a list of interfaces, and the
+// reference count.
 #pragma once
 
 #include "host/com/References.h"
 
 namespace host::com {
 
-/// Whether QueryInterface may return a pointer to `Interface` for `iid`. That is so for its own identifier and those of
+/// True if QueryInterface may return a pointer to `Interface` for `iid`: if `iid` identifies the interface or one of
 /// its base interfaces.
 template <typename Interface>
 inline bool Serves(REFIID iid) {
@@ -24,7 +25,7 @@ inline bool Serves<IProvideClassInfo2>(REFIID iid) {
     return iid == IID_IProvideClassInfo2 || iid == IID_IProvideClassInfo;
 }
 
-/// An object with these interfaces. The first one is its COM identity.
+/// An object that implements these interfaces. The first interface is its COM identity.
 template <typename First, typename... Others>
 class Interfaces : public First, public Others... {
  public:
@@ -49,7 +50,7 @@ class Interfaces : public First, public Others... {
     ~Interfaces() = default;
 };
 
-/// The same with a reference count, which begins with the creator's reference.
+/// Adds a reference count. The count begins with the creator's reference.
 template <typename First, typename... Others>
 class Implements : public Interfaces<First, Others...> {
  public:
@@ -62,7 +63,7 @@ class Implements : public Interfaces<First, Others...> {
  protected:
     virtual ~Implements() = default;
 
-    /// Returns the result of Release.
+    /// Runs when the last reference is released. Release returns the result.
     virtual ULONG OnLastRelease() {
         delete this;
         return 0;

@@ -1,4 +1,4 @@
-// The module that contains this code: the component's DLL or a test program.
+// Functions for the module that contains this code: the component's DLL or a test program.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"

@@ -1,5 +1,5 @@
-// The results with which COM reports that the other side of a proxy no longer exists, because its apartment or process
-// has ended. A call with such a result has run no code there.
+// Recognises the results with which COM reports that the object behind a proxy no longer exists, because its apartment
+// or process has ended. The call has then run no code of the object.
 #pragma once
 
 #include "host/com/ComHeaders.h"

@@ -1,4 +1,4 @@
-// The reference count of a COM object, and a reference held for the length of a scope.
+// Implements the reference count of a COM object, and a reference that is held for the length of a scope.
 #pragma once
 
 #include "host/com/ComHeaders.h"

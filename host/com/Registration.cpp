@@ -15,7 +15,8 @@ using runtime::StringView;
 constexpr StringView kProgId = u"K4TBackProcess.clsQmxBackProcess";
 constexpr StringView kVersion = u"1.0";
 constexpr StringView kLibraryName = u"Pelorix Back process Manager";
-// The system's marshallers: the first reads dual interfaces from the type library, the second passes late-bound calls.
+// The system's two marshallers. The first marshaller reads dual interfaces from the type library. The second marshaller
+// passes late-bound calls.
 constexpr StringView kTypeLibraryMarshaller = u"{00020424-0000-0000-C000-000000000046}";
 constexpr StringView kDispatchMarshaller = u"{00020420-0000-0000-C000-000000000046}";
 
@@ -61,7 +62,7 @@ void AddTypeLibrary(EntryList& list, const String& modulePath) {
     const String key = String(u"TypeLib") / Text(LIBID_K4TBackProcess) / kVersion;
     list.AddDefault(key, kLibraryName);
     list.AddDefault(key / u"409" / u"win32", modulePath);
-    // Marshalling looks for the library under the user's language, then under the neutral language.
+    // Marshalling searches for the library under the user's language, then under the neutral language.
     list.AddDefault(key / u"0" / u"win32", modulePath);
     list.AddDefault(key / u"FLAGS", u"0");
     list.AddDefault(key / u"HELPDIR", modulePath.substr(0, modulePath.rfind(u'\\')));
@@ -75,7 +76,8 @@ void AddInterface(EntryList& list, REFIID iid, StringView name, StringView marsh
     list.Add(key / u"TypeLib", u"Version", kVersion);
 }
 
-/// The marshaller for 16-bit programs. LoadTypeLibEx and RegisterTypeLib write this entry; Register does not need it.
+/// Adds the marshaller for 16-bit programs. LoadTypeLibEx and RegisterTypeLib write this entry; Register does not need
+/// it.
 void AddInterfaceOfTypeLibrary(EntryList& list, REFIID iid, StringView marshaller) {
     list.AddDefault(String(u"Interface") / Text(iid) / u"ProxyStubClsid", marshaller);
 }

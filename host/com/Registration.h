@@ -1,4 +1,5 @@
-// The component's entries in the registry. Each call changes those of the machine or those of the current user.
+// Writes and removes the component's registry entries. Each call changes the entries of the machine or the entries of
+// the current user.
 #pragma once
 
 #include "host/com/RegistryEntries.h"
@@ -7,14 +8,14 @@ namespace host::com {
 
 enum class RegistrationScope { kMachine, kUser };
 
-/// All entries for a module at `modulePath`. Their keys are relative to Software\Classes of a hive.
+/// Returns all entries for a module at `modulePath`. Their keys are relative to Software\Classes of a hive.
 std::vector<RegistryEntry> RegistrationEntries(const String& modulePath);
 
-/// Registers this module. May be repeated. A failure leaves the registry unchanged; its HRESULT is thrown. A path that
-/// is too long for COM is a failure.
+/// Registers this module. May be repeated. On failure, leaves the registry unchanged and throws the HRESULT. Also fails
+/// if the module's path is too long for COM.
 void Register(RegistrationScope scope);
-/// Removes the entries of Register, and those that the system adds when a program registers the type library itself.
-/// May be repeated. Other entries stay.
+/// Removes the entries that Register writes. Also removes the entries that the system adds when a program registers the
+/// type library itself. May be repeated. Does not remove other entries.
 void Unregister(RegistrationScope scope);
 
 }  // namespace host::com

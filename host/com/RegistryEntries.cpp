@@ -16,7 +16,7 @@ void CheckWin32(LSTATUS status) {
     Check(HRESULT_FROM_WIN32(static_cast<DWORD>(status)));
 }
 
-/// The path of the parent key; empty for a key directly below the root.
+/// Returns the path of the parent key; empty for a key directly below the root.
 String Parent(const String& key) {
     const auto separator = key.rfind(u'\\');
     return separator == String::npos ? String() : key.substr(0, separator);
@@ -38,7 +38,7 @@ RegistryKey Open(HKEY root, const String& path) {
     return RegistryKey(key);
 }
 
-/// Deletes the key `path` if it is empty, then its parents that become empty. The root stays.
+/// Deletes the key `path` if it is empty. Then deletes each parent that becomes empty, except the root.
 void DeleteEmptyKeys(HKEY root, String path) {
     for (; !path.empty(); path = Parent(path)) {
         const RegistryKey key = Open(root, path);
@@ -54,7 +54,7 @@ void RemoveEntry(HKEY root, const RegistryEntry& entry) {
     DeleteEmptyKeys(root, entry.key);
 }
 
-/// One written value, with the earlier value to restore.
+/// One written value and the earlier value, which Undo restores.
 class Change {
  public:
     Change(HKEY root, const RegistryEntry& entry) : root_(root), entry_(entry) { Remember(); }
@@ -64,7 +64,7 @@ class Change {
         CheckWin32(RegSetKeyValueW(root_, Wide(entry_.key), Wide(entry_.name), REG_SZ, entry_.value.c_str(), bytes));
     }
 
-    /// Errors while undoing are ignored; the original error is reported.
+    /// Restores the earlier value and ignores errors, because the original error is reported.
     void Undo() const {
         if (before_) {
             RegSetKeyValueW(root_, Wide(entry_.key), Wide(entry_.name), type_, before_->data(),

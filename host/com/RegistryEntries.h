@@ -1,5 +1,5 @@
-// Writes and removes a list of registry values as a whole. If writing fails half-way, it is undone. Removing deletes
-// the values of the list and the keys that are then empty, and nothing else.
+// Writes and removes a list of registry values. If writing a value fails, the values that were written before are
+// undone. Removing deletes the values of the list, and then each key that is empty. It does not delete anything else.
 #pragma once
 
 #include <optional>
@@ -17,9 +17,9 @@ struct RegistryEntry {
     String value;
 };
 
-/// A failure restores the earlier values and throws its HRESULT.
+/// On failure, restores the earlier values and throws the HRESULT.
 void WriteEntries(HKEY root, const std::vector<RegistryEntry>& entries);
-/// A value that does not exist is no error. After a failure the other values are removed, then its HRESULT is thrown.
+/// Ignores values that do not exist. If removing a value fails, removes the other values and then throws the HRESULT.
 void RemoveEntries(HKEY root, const std::vector<RegistryEntry>& entries);
 
 }  // namespace host::com

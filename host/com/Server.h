@@ -1,19 +1,20 @@
-// The functions of the DLL's exports.
+// Implements the functions that the DLL exports.
 #pragma once
 
 #include "host/com/ComHeaders.h"
 
 namespace host::com {
 
-/// Keeps the module in memory until the process ends. The compiler's static runtime frees neither its TLS slot nor its
-/// handles when a DLL is unloaded, and a client may load and free the DLL many times.
+/// Returns a class factory. Keeps the module in memory until the process ends, because the compiler's static runtime
+/// frees neither its TLS slot nor its handles when a DLL is unloaded. Without this, each load and unload of the DLL
+/// would leak.
 HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) noexcept;
-// RegisterServer and UnregisterServer change the entries of the machine.
+// RegisterServer and UnregisterServer change the machine's entries.
 
 HRESULT RegisterServer() noexcept;
 HRESULT UnregisterServer() noexcept;
-/// A `commandLine` of "user" selects the current user; null or an empty one selects the machine. E_INVALIDARG for any
-/// other.
+/// Registers or unregisters the component. A `commandLine` of "user" selects the current user. A null or empty
+/// `commandLine` selects the machine. Any other `commandLine` returns E_INVALIDARG.
 HRESULT Install(bool install, const wchar_t* commandLine) noexcept;
 
 }  // namespace host::com

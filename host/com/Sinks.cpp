@@ -11,7 +11,7 @@ namespace host::com {
 DWORD Sinks::Connect(IUnknown* sink) {
     RequireOpen();
     ComPtr<IDispatch> listener = Query<IDispatch>(sink, DIID___clsQmxBackProcess);
-    // The sinks of scripting clients offer IDispatch only.
+    // The sinks of scripting clients offer only IDispatch.
     if (!listener) listener = Query<IDispatch>(sink, IID_IDispatch);
     if (!listener) {
         throw ComError(CONNECT_E_CANNOTCONNECT, u"the event sink implements neither __clsQmxBackProcess nor IDispatch");

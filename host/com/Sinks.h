@@ -1,6 +1,7 @@
-// The event sinks of one instance, in the order of their connection. While a sink is called or released, it may
-// connect, disconnect, raise the event again or release the instance. Therefore each change of the list is complete
-// before a sink is released, and the event uses a copy of the list. Home thread only.
+// Stores the event sinks of one instance, in the order of their connection. While a sink is called or released, the
+// sink may connect, disconnect, raise the event again or release the instance. Therefore each function completes its
+// change of the list before it releases a sink. The code that raises the event uses a copy of the list. Use the class
+// only on the home thread.
 #pragma once
 
 #include <vector>
@@ -16,18 +17,19 @@ struct Connection {
 
 class Sinks {
  public:
-    /// Returns the cookie, which is unique for the instance and never 0. Throws CONNECT_E_CANNOTCONNECT for an object
-    /// without the event interface, and after Close.
+    /// Connects a sink. Returns the cookie, which is never 0. Every connection of the instance has a different cookie.
+    /// Throws CONNECT_E_CANNOTCONNECT if the object has neither the event interface nor IDispatch. Throws the same
+    /// error after Close.
     DWORD Connect(IUnknown* sink);
-    /// Throws CONNECT_E_NOCONNECTION for an unknown cookie.
+    /// Removes the connection with this cookie. Throws CONNECT_E_NOCONNECTION for an unknown cookie.
     void Disconnect(DWORD cookie);
-    /// Disconnects a sink that no longer exists. Does nothing for an unknown cookie.
+    /// Removes the connection with this cookie. Does nothing for an unknown cookie.
     void Drop(DWORD cookie) noexcept;
-    /// Disconnects all sinks. Later connections are refused.
+    /// Removes all connections. Connect then fails.
     void Close();
 
     bool IsConnected(DWORD cookie) const;
-    /// A copy that holds references.
+    /// Returns a copy of the list. The copy holds a reference to each sink.
     std::vector<Connection> Connections() const { return connections_; }
 
  private:

@@ -13,7 +13,7 @@ ComPtr<ITypeLib> Open() {
     return library;
 }
 
-/// If it cannot be read, the next call tries again.
+/// Returns the type library. If reading it fails, the next call tries again.
 ITypeLib& Library() {
     static const auto& library = runtime::NeverDestroyed<ComPtr<ITypeLib>>(Open());
     return *library.Get();

@@ -1,15 +1,15 @@
-// The type library in the module's resources. It is read from there, whether or not it is registered.
+// Reads the type library from the module's resources. The library does not need to be registered.
 #pragma once
 
 #include "host/com/ComPtr.h"
 
 namespace host::com {
 
-/// Keeps the library open for the rest of the process, if it can be read: the system's marshaller needs it on every
-/// thread.
+/// Keeps the library open until the process ends, because the system's marshaller needs it on every thread. Ignores an
+/// error if the library cannot be read.
 void KeepTypeLibraryOpen() noexcept;
 
-/// The description of the interface or class `guid`. Throws the HRESULT if the library cannot be read.
+/// Returns the description of the interface or class `guid`. If the library cannot be read, throws the HRESULT.
 ComPtr<ITypeInfo> DescriptionOf(REFGUID guid);
 
 }  // namespace host::com
