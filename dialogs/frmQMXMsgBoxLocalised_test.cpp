@@ -98,12 +98,12 @@ TEST_F(LocalisedBox, NoFontChosen_BoxIsUsable) {
 
 TEST_F(LocalisedBox, LanguageReadFromRightToLeft_MirrorsTheBox) {
     const auto isMirrored = [this] {
-        bool isMirrored = false;
+        bool found = false;
         Look(u"Overwrite?", [&](MemoryWindow& box) {
-            isMirrored = box.isRightToLeft;
+            found = box.isRightToLeft;
             EXPECT_EQ(box.controls.at(2)->bounds, (runtime::Rect{180, 915, 1125, 345}));
         });
-        return isMirrored;
+        return found;
     };
     EXPECT_FALSE(isMirrored());
     Learn(u"C:\\de", "39171 = &Ja\n");

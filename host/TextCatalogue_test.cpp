@@ -56,6 +56,7 @@ TEST_F(AskedTexts, AreAllListed) {
     const auto catalogue = TextCatalogue();
     EXPECT_GE(recording_.Asked().size(), 19u);
     for (const auto& [defaultText, id] : recording_.Asked()) {
+        if (id == services::kDirection.id) continue;  // not a text for translators
         EXPECT_TRUE(Lists(catalogue, defaultText, id)) << runtime::ToUtf8(id) << " = " << runtime::ToUtf8(defaultText);
     }
 }

@@ -28,15 +28,6 @@ String ErrorTitle() {
     return GetProductName() + u" - " + Values().moduleName + u" (" + Values().moduleCaption + u")";
 }
 
-/// A text that cannot be looked up does not keep a message from being shown.
-std::int32_t DirectionFlags() {
-    std::int32_t flags = 0;
-    runtime::IgnoreErrors([&flags] {
-        if (IsRightToLeft()) flags = kRightAligned | kRightToLeftReading;
-    });
-    return flags;
-}
-
 }  // namespace
 
 String GetLocalText(StringView defaultText, StringView textId) {
@@ -57,9 +48,7 @@ void ShowError(std::int32_t& errorNumber, StringView detail) {
 std::int32_t ShowMessage(StringView prompt, std::int32_t flags, const std::optional<String>& title,
                          const MessageHelp& help) {
     const String shownTitle = title ? *title : GetProductName();
-    if ((flags & kSuiteBox) == 0) {
-        return runtime::CurrentPorts().messageBox.Show(prompt, flags | DirectionFlags(), shownTitle, help);
-    }
+    if ((flags & kSuiteBox) == 0) return runtime::CurrentPorts().messageBox.Show(prompt, flags, shownTitle, help);
     // Copy the function, because it may be replaced while the box is open.
     const SuiteMessageBox box = Values().suiteMessageBox;
     if (!box) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"the suite's message box");

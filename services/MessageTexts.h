@@ -19,8 +19,6 @@ enum MessageFlags : std::int32_t {
     kSuiteBox = 8,
     kExclamation = 48,
     kSystemModal = 4096,
-    kRightAligned = 0x80000,
-    kRightToLeftReading = 0x100000,
 };
 
 /// The text under `textId` in the current language, or `defaultText` if there is none.
@@ -36,8 +34,7 @@ void ShowError(std::int32_t& errorNumber, StringView detail);
 
 /// Shows a message and returns the code of the pressed button: OK 1, Cancel 2, Abort 3, Retry 4, Ignore 5, Yes 6, No 7,
 /// Yes To All 8 (suite's box only). The default title is the product's name. The flag kSuiteBox selects the suite's box
-/// (ProcessValues::suiteMessageBox), which ignores `help`; error 91 if there is none. The system's box also gets the
-/// flags of the current language's direction.
+/// (ProcessValues::suiteMessageBox), which ignores `help`; error 91 if there is none.
 std::int32_t ShowMessage(StringView prompt, std::int32_t flags, const std::optional<String>& title = std::nullopt,
                          const MessageHelp& help = {});
 

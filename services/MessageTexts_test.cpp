@@ -210,16 +210,5 @@ TEST_F(SuiteMessages, BoxRemovedWhileOpen_CallCompletes) {
     EXPECT_EQ(ShowMessage(u"Overwrite?", 8, u"T"), 100);
 }
 
-TEST_F(MessageTexts, SystemsBoxInALanguageReadFromRightToLeft_GetsItsFlags) {
-    memory_.messageBox.answers = {1, 1};
-    WriteTexts("direction = rtl\n");
-    ShowMessage(u"Done", 48, u"T");
-    kernel_.Put(u"LANGUAGEPATH", u"");
-    ShowMessage(u"Done", 48, u"T");
-    ASSERT_EQ(Shown().size(), 2u);
-    EXPECT_EQ(Shown()[0].flags, 48 + 0x80000 + 0x100000);
-    EXPECT_EQ(Shown()[1].flags, 48);
-}
-
 }  // namespace
 }  // namespace services
