@@ -1,4 +1,4 @@
-// A client of the component in another process: com_client.exe, which the build puts beside the tests.
+// Starts a client of the component in another process. Its program is com_client.exe in the folder of the tests.
 #pragma once
 
 #include <optional>
@@ -17,12 +17,12 @@ class ClientProcess {
     /// Kills the process.
     ~ClientProcess() { Kill(); }
 
-    /// Dispatches this thread's messages until `event` is set. Returns false if the process ends first or the time runs
-    /// out.
+    /// Dispatches this thread's messages until `event` is set. Returns false if the process ends first or the time is
+    /// over.
     bool WaitFor(HANDLE event) const;
-    /// Waits for the exit code. None if the time runs out.
+    /// Waits for the exit code. Returns no value if the time is over.
     std::optional<DWORD> ExitCode() const;
-    /// Kills the process and returns when it has ended.
+    /// Kills the process and waits for its end.
     void Kill() const;
 
  private:

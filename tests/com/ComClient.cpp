@@ -1,12 +1,13 @@
-// A client of the component in its own process, for tests of clients that leave without cleaning up.
+// The tests start this client of the component in its own process, because the process ends without a clean-up.
 //     com_client exit COMPONENT      creates an instance from the library COMPONENT, loads its form, and ends without a
 //                                    release. Exit code 0; 1 if the form's window is destroyed at the end; 2 or more
 //                                    after an earlier failure
 //     com_client lose COMPONENT      ends eight threads, each while it shows the message of a failed command. Exit code
-//                                    0 if the message of the next failed command still appears, else 1
+//                                    0 if the message of the next failed command appears, else 1
 //     com_client unattended COMPONENT
 //                                    sends failing commands from two apartments. Exit code 0 if no message appears and
-//                                    each is reported to the debugger; 1 if one appears; 11 if a report is missing
+//                                    the debugger gets a report of each failure; 1 if a message appears; 11 if a
+//                                    report is missing
 //     com_client listen FILE EVENT   reads a marshalled instance from FILE, connects a sink to it, sets EVENT, and
 //                                    dispatches messages until it is killed
 #include <cstdlib>
@@ -53,7 +54,7 @@ BOOL CALLBACK WatchForm(HWND window, LPARAM) noexcept {
     return FALSE;
 }
 
-/// The instance has its form loaded and is never released.
+/// Returns an instance whose form is loaded. The instance is never released.
 _clsQmxBackProcess* MakeLoadedInstance(const wchar_t* component) {
     const HMODULE library = LoadLibraryExW(component, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     Require(library != nullptr, 2);
@@ -77,7 +78,7 @@ int EndWithoutRelease(const wchar_t* component) {
     return 0;
 }
 
-/// Never destroyed. Returns `answer` for every event.
+/// A sink that is never destroyed. It returns `answer` for every event.
 class EndlessSink final : public IDispatch {
  public:
     explicit EndlessSink(HRESULT answer) : answer_(answer) {}
@@ -119,8 +120,8 @@ BOOL CALLBACK FindMessage(HWND window, LPARAM found) noexcept {
 bool isMessageShown = false;
 const DWORD mainThreadId = GetCurrentThreadId();
 
-/// Called by the message loop of a message box. Ends its thread, except the main thread, where it records and closes
-/// the box.
+/// The message loop of a message box calls this function. The function ends its thread. In the main thread, the
+/// function records and closes the box instead.
 void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     HWND message = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), FindMessage, reinterpret_cast<LPARAM>(&message));
@@ -130,7 +131,7 @@ void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     PostMessageW(message, WM_CLOSE, 0, 0);
 }
 
-/// Sends EX with a sink that fails at the shutdown. The failure is reported in a message box.
+/// Sends EX with a sink that fails at the shutdown. The component reports the failure in a message box.
 void SendFailingCommand(const wchar_t* component) {
     static EndlessSink failing(E_FAIL);
     _clsQmxBackProcess* const instance = MakeLoadedInstance(component);
@@ -159,7 +160,7 @@ int LoseHomes(wchar_t* component) {
 
 int answeredMessages = 0;
 
-/// The text of OutputDebugString arrives as an exception.
+/// Counts the texts of OutputDebugString, which arrive as exceptions.
 LONG CALLBACK CountAnswers(EXCEPTION_POINTERS* exception) noexcept {
     const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
     if (record.ExceptionCode != DBG_PRINTEXCEPTION_C || record.NumberParameters < 2) return EXCEPTION_CONTINUE_SEARCH;
@@ -170,7 +171,7 @@ LONG CALLBACK CountAnswers(EXCEPTION_POINTERS* exception) noexcept {
 
 constexpr int kFailingCommands = 20;
 
-/// Sends EX repeatedly. A sink that fails at the shutdown makes each command fail, which is reported in a message box.
+/// Sends EX repeatedly. A sink fails at the shutdown and therefore each command fails.
 void SendFailingCommands(_clsQmxBackProcess* instance) {
     for (int i = 0; i < kFailingCommands; ++i) {
         short mode = 0;

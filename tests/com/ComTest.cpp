@@ -173,7 +173,7 @@ ComTest::ComTest() {
 }
 
 ComTest::~ComTest() {
-    EXPECT_TRUE(host::com::CanUnload()) << "the test left something alive";
+    EXPECT_TRUE(host::com::CanUnload()) << "after the test, an instance, a form or a lock still needs the DLL";
     CoUninitialize();
 }
 

@@ -1,5 +1,5 @@
-// Shared by the tests of the COM interface: a thread with COM, instances created as clients create them, late-bound
-// calls, and readable results.
+// Declares what the tests of the COM interface share: a thread with COM, instances that are created as clients do it,
+// late-bound calls, and readable results.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -21,7 +21,7 @@ using host::com::Variant;
 using runtime::String;
 using runtime::StringView;
 
-/// "0x80020005".
+/// Returns the code as a text, for example "0x80020005".
 std::string Hex(HRESULT result);
 std::string Utf8(BSTR text);
 
@@ -39,7 +39,7 @@ constexpr DISPID kLoad = 1;
 constexpr DISPID kNotifyMe = 2;
 constexpr DISPID kSeverPath = 3;
 
-/// `arguments` have the order of IDispatch: the last parameter first, named ones in front.
+/// `arguments` have the order of IDispatch: the last parameter is first, and named arguments precede all others.
 Outcome Invoke(IDispatch* object, DISPID member, WORD flags, std::vector<VARIANT> arguments,
                std::vector<DISPID> names = {});
 
@@ -50,16 +50,16 @@ VARIANT Number(short number);
 VARIANT ByReference(BSTR* text);
 VARIANT ByReference(VARIANT* variable);
 
-/// The thread's error object. Taking it clears it.
+/// The thread's error object. TakeErrorObject clears it.
 struct ErrorObject {
     bool isThere = false;
     std::string description;
     std::string source;
 };
 ErrorObject TakeErrorObject();
-/// The description of the thread's error object; "(none)" if there is no such object.
+/// Returns the description of the thread's error object, or "(none)" if the thread has no error object.
 std::string TextOfErrorObject();
-/// Leaves an error object with this description on the thread, as an earlier call to another component does.
+/// Stores an error object with this description on the thread, as an earlier call of another component could do.
 void LeaveErrorObject(StringView description);
 
 ComPtr<IClassFactory> Factory();
@@ -69,10 +69,10 @@ DWORD Advise(IUnknown* instance, IUnknown* sink);
 /// Calls NotifyMe("", command) through the interface, early bound.
 HRESULT Notify(_clsQmxBackProcess* instance, StringView command);
 
-/// Dispatches the messages that are waiting for this thread.
+/// Dispatches the messages that wait for this thread.
 void ServeMessages();
-/// Runs `work` on a new thread in its own apartment, while this thread dispatches messages. Fails the test if that
-/// takes longer than ten seconds.
+/// Runs `work` on a new thread in its own apartment. Meanwhile, this thread dispatches messages. The test fails if
+/// `work` takes longer than ten seconds.
 void InOtherApartment(const std::function<void()>& work, DWORD apartment = COINIT_APARTMENTTHREADED);
 
 class ComTest : public testing::Test {

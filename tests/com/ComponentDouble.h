@@ -1,5 +1,5 @@
-// The test double behind the COM interface. Its service objects do what the text of a command says and record their
-// calls.
+// A test double replaces the component behind the COM interface. Its service objects record their calls and carry out
+// the text of a command:
 //
 //     RAISE name|text   raises the event with these strings, and records their values afterwards
 //     FAIL number|text  throws this runtime error; MEMORY, ODD and STRANGE throw other exceptions
@@ -16,18 +16,18 @@ namespace tests::com {
 
 struct ComponentDouble {
     std::vector<std::string> log;
-    std::vector<unsigned long> threads;  ///< on which service objects were created, called and terminated
-    host::String lastCommand;            ///< of NotifyMe, unchanged
-    std::string raised;                  ///< "name|text" after the last RAISE
+    std::vector<unsigned long> threads;  ///< the threads that created, called and terminated service objects
+    host::String lastCommand;            ///< the unchanged command of the last NotifyMe
+    std::string raised;                  ///< the values "name|text" after the last RAISE
     std::size_t liveWindows = 0;
     int lostHomes = 0;
-    bool endsQuietly = false;  ///< service objects do not raise SHUTDOWN
+    bool endsQuietly = false;  ///< if true, service objects do not raise SHUTDOWN
     std::optional<host::String> caption;
     std::optional<int> makeError;
     std::optional<int> terminateError;
 };
 
-/// The process's double. The fixture resets it for each test.
+/// Returns the process's double. The fixture resets it for each test.
 ComponentDouble& TheDouble();
 
 }  // namespace tests::com

@@ -1,4 +1,4 @@
-// The component's own DLL, loaded as COM loads it, and instances from its class factory.
+// Loads the component's own DLL as COM does, and creates instances with its class factory.
 #pragma once
 
 #include <filesystem>
@@ -8,10 +8,10 @@
 
 namespace tests::com {
 
-/// The event that sinks receive when the main form was unloaded.
+/// The event that sinks receive after the main form was unloaded.
 inline constexpr char kShutdown[] = "K4TBACKPROCESS|SHUTDOWN";
 
-/// The DLL that the build puts beside the tests.
+/// Returns the path of the DLL, which the build puts into the tests' folder.
 std::filesystem::path ComponentDll();
 
 class ComponentLibrary {
@@ -20,12 +20,12 @@ class ComponentLibrary {
     explicit ComponentLibrary(const std::filesystem::path& path = ComponentDll());
 
     ComPtr<IClassFactory> ClassFactory() const;
-    /// Fails the test if there is no instance.
+    /// Creates an instance. Fails the test if that is impossible.
     ComPtr<_clsQmxBackProcess> Create() const;
-    /// Registers for all users of the machine.
+    /// Registers the library for all users of the machine.
     HRESULT Register() const;
     HRESULT Unregister() const;
-    /// S_OK if the library may be freed.
+    /// Returns S_OK if the library may be freed.
     HRESULT CanUnload() const;
 
  private:
@@ -35,11 +35,11 @@ class ComponentLibrary {
     runtime::win32::Library library_;
 };
 
-/// Creates an instance of the registered library, as a client does. Fails the test if there is none.
+/// Creates an instance of the registered library, as a client does. Fails the test if that is impossible.
 ComPtr<_clsQmxBackProcess> CreateRegistered();
-/// The caption of the instance's main form, which must be loaded.
+/// Returns the caption of the instance's main form. The form must be loaded.
 std::string CaptionOfForm(_clsQmxBackProcess* instance);
-/// The number of the component's form windows of a thread.
+/// Returns how many of the component's form windows belong to the thread.
 int FormWindows(DWORD threadId);
 /// Calls the instance's Load, which loads the main form.
 VARIANT_BOOL Load(_clsQmxBackProcess* instance);

@@ -1,4 +1,4 @@
-// The component as its clients load it: the real DLL, beside its kernel library.
+// Tests the real DLL with its kernel library in the same folder, loaded as clients load it.
 #include <filesystem>
 
 #include "tests/com/ComponentLibrary.h"
@@ -34,7 +34,7 @@ TEST_F(Component, LastRelease_RaisesShutdownForItsOwnSink) {
     EXPECT_THAT(sink->received, ElementsAre(kShutdown));
 }
 
-TEST_F(Component, UnknownInterface_LeavesTheLoadedFormAlone) {
+TEST_F(Component, UnknownInterface_LoadedFormDoesNotChange) {
     const auto instance = Create();
     const auto sink = Sink::Make();
     Advise(instance.Get(), sink.Get());
@@ -66,7 +66,7 @@ TEST_F(Component, SinkKeepsEndedInstance_CallsFailWithError91) {
     EXPECT_EQ("0x800A005B", Hex(diagnostics->get_CurrentDesignName(name.Address())));
 }
 
-/// A module may bring its own copy of the component, in addition to the registered one.
+/// A module may load its own copy of the component in addition to the registered copy.
 TEST_F(Component, TwoCopiesInOneProcess_EachHasItsOwnForm) {
     const std::filesystem::path folder = ComponentDll().parent_path() / L"second copy";
     std::filesystem::create_directories(folder / L"dev");
@@ -84,9 +84,9 @@ TEST_F(Component, TwoCopiesInOneProcess_EachHasItsOwnForm) {
     EXPECT_EQ(2, FormWindows(GetCurrentThreadId()));
     EXPECT_EQ("Pelorix Background Processing Application", CaptionOfForm(other.Get()));
     EXPECT_EQ(S_OK, Notify(instance.Get(), u"All,EX"));
-    EXPECT_THAT(sink->received, ElementsAre()) << "the shutdown of the first copy is its own";
+    EXPECT_THAT(sink->received, ElementsAre()) << "the sink got the shutdown of the other copy";
     EXPECT_EQ(1, FormWindows(GetCurrentThreadId()));
-    EXPECT_EQ(VARIANT_TRUE, Load(instance.Get())) << "the claim is held by the second copy still";
+    EXPECT_EQ(VARIANT_TRUE, Load(instance.Get())) << "the second copy's claim prevented the load";
     EXPECT_EQ(2, FormWindows(GetCurrentThreadId()));
 }
 
@@ -101,7 +101,7 @@ TEST_F(Component, HomeThreadEnded_NewInstanceLoadsItsForm) {
         EXPECT_EQ(VARIANT_TRUE, Load(instance.Get()));
         EXPECT_EQ(S_OK, Notify(instance.Get(), u"All,UP"));
     }
-    EXPECT_EQ(S_FALSE, CanUnload()) << "the orphan still lives";
+    EXPECT_EQ(S_FALSE, CanUnload()) << "an instance of the ended thread still exists";
     orphan.Reset();
 }
 

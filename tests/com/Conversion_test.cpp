@@ -1,4 +1,4 @@
-// Arguments of late-bound calls: which values are converted, and with which code others are refused.
+// Tests the arguments of late-bound calls. Some values are converted. Others are refused with an error code.
 #include "tests/com/ComTest.h"
 #include "tests/com/DefaultProperty.h"
 
@@ -9,14 +9,14 @@ using testing::ElementsAre;
 
 class Conversion : public ComTest {
  protected:
-    /// The double's log entry for NotifyMe with `command`, or the error.
+    /// Returns the double's log entry for NotifyMe with `command`, or the error code.
     std::string Notified(VARIANT command) {
         TheDouble().log.clear();
         const Outcome outcome = Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {command, Missing()});
         if (outcome.result != S_OK) return Hex(outcome.result) + " at " + std::to_string(outcome.badArgument);
         return TheDouble().log.at(0);
     }
-    /// The double's log entry for Load with `mode`, or the error.
+    /// Returns the double's log entry for Load with `mode`, or the error code.
     std::string Loaded(VARIANT mode) {
         TheDouble().log.clear();
         const Outcome outcome = Invoke(instance.Get(), kLoad, DISPATCH_METHOD, {mode});
@@ -56,7 +56,7 @@ TEST_F(Conversion, Empty_BecomesEmptyTextOrZero) {
     EXPECT_EQ("load 0", Loaded(OfType(VT_EMPTY)));
 }
 
-TEST_F(Conversion, ValueWithoutAText_IsRefused) {
+TEST_F(Conversion, ValueThatCannotBeConverted_IsRefused) {
     EXPECT_EQ(kMismatchAt0, Notified(OfType(VT_NULL)));
     EXPECT_EQ(kMismatchAt0, Loaded(OfType(VT_NULL)));
     VARIANT error = OfType(VT_ERROR);
@@ -85,7 +85,7 @@ TEST_F(Conversion, OverflowAndMismatch_HaveDifferentCodes) {
     EXPECT_EQ("load 12", Loaded(Text(digits)));
 }
 
-TEST_F(Conversion, Reference_IsFollowed) {
+TEST_F(Conversion, Reference_IsConvertedLikeItsValue) {
     Bstr text(u"by reference");
     EXPECT_EQ("notify [] [by reference]", Notified(ByReference(text.Address())));
     VARIANT plain = Number(3);
@@ -96,7 +96,7 @@ TEST_F(Conversion, Reference_IsFollowed) {
     EXPECT_EQ("0x80004003 at 0", Notified(nothing));
 }
 
-TEST_F(Conversion, NulsAndLoneSurrogates_AreKept) {
+TEST_F(Conversion, NulsAndLoneSurrogates_ArriveUnchanged) {
     const String text = {u'a', u'\0', char16_t{0xD800}, u'b'};
     Notified(Text(Bstr(text)));
     EXPECT_EQ(TheDouble().lastCommand, text);
@@ -129,7 +129,7 @@ TEST_F(Conversion, ObjectWhoseDefaultPropertyFails_IsRefused) {
     EXPECT_EQ(kMismatchAt0, Notified(argument));
 }
 
-TEST_F(Conversion, FailedCall_LeavesTheCallersVariablesAlone) {
+TEST_F(Conversion, FailedCall_DoesNotChangeTheCallersVariables) {
     Bstr command(u"FAIL 5|no");
     EXPECT_EQ("0x80020009 at 77", Notified(ByReference(command.Address())));
     EXPECT_EQ(u"FAIL 5|no", command.Text());

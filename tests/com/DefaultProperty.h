@@ -1,4 +1,4 @@
-// A client's object that has a value only as its default property.
+// A client's object that has only a default property.
 #pragma once
 
 #include "host/com/ComPtr.h"

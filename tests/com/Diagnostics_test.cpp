@@ -1,4 +1,4 @@
-// The diagnostics interface of an instance, with the double.
+// Tests the diagnostics interface of an instance, with a test double of the component.
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
@@ -18,7 +18,7 @@ class Diagnostics : public ComTest {
     ComPtr<IK4TDiagnostics> diagnostics = DiagnosticsOf(instance.Get());
 };
 
-TEST_F(Diagnostics, Query_GivesTheInstanceItself) {
+TEST_F(Diagnostics, QueryInterface_ReturnsTheSameInstance) {
     ASSERT_TRUE(diagnostics);
     EXPECT_EQ(Query<IUnknown>(instance.Get(), IID_IUnknown).Get(),
               Query<IUnknown>(diagnostics.Get(), IID_IUnknown).Get());
@@ -47,7 +47,7 @@ TEST_F(Diagnostics, Raise_HandlerFails_ReturnsItsError) {
     EXPECT_EQ("no room", TextOfErrorObject());
 }
 
-TEST_F(Diagnostics, Read_GivesTheValues) {
+TEST_F(Diagnostics, Properties_ReturnTheValues) {
     Bstr name, folder, caption;
     EXPECT_EQ(S_OK, diagnostics->get_CurrentDesignName(name.Address()));
     EXPECT_EQ(S_OK, diagnostics->get_LanguagePath(folder.Address()));
@@ -70,8 +70,8 @@ TEST_F(Diagnostics, OtherThread_IsRefused) {
     EXPECT_THAT(TheDouble().log, ElementsAre("made"));
 }
 
-TEST_F(Diagnostics, ProxyOfAnotherApartment_HasNone) {
-    ASSERT_EQ(S_OK, host::com::RegisterServer()) << "for the proxy";
+TEST_F(Diagnostics, ProxyOfAnotherApartment_LacksTheDiagnostics) {
+    ASSERT_EQ(S_OK, host::com::RegisterServer()) << "the proxy needs the registered type library";
     InOtherApartment([&] {
         const auto proxy = MakeInstance();
         ASSERT_TRUE(proxy);

@@ -1,4 +1,4 @@
-// Calls through the interface: missing and null strings, results, and errors with their error objects.
+// Tests calls through the dual interface: missing and null strings, results, and errors with error objects.
 #include <limits>
 
 #include "tests/com/ComTest.h"
@@ -44,7 +44,7 @@ TEST_F(EarlyBound, NullPointerAndNullString_AreEmptyTexts) {
     EXPECT_THAT(TheDouble().log, ElementsAre("notify [] []", "notify [] []"));
 }
 
-TEST_F(EarlyBound, SinkChangesTheEvent_CallersStringsStay) {
+TEST_F(EarlyBound, SinkChangesTheEvent_CallersStringsDoNotChange) {
     const auto changing = Sink::Make([](BSTR& name, BSTR& command, EXCEPINFO&) {
         Replace(name, u"other");
         Replace(command, u"other");
@@ -85,7 +85,7 @@ TEST_F(EarlyBound, NumberAbove65535_IsAnInternalError) {
     EXPECT_EQ("0x80004005", Hex(Notify(instance.Get(), u"FAIL -2147467259|foreign")));
 }
 
-TEST_F(EarlyBound, LackOfMemoryAndOtherExceptions_AreReported) {
+TEST_F(EarlyBound, LackOfMemoryAndOtherExceptions_ReturnErrorCodes) {
     SetErrorInfo(0, nullptr);
     EXPECT_EQ("0x8007000E", Hex(Notify(instance.Get(), u"MEMORY")));
     EXPECT_FALSE(TakeErrorObject().isThere);
@@ -95,7 +95,7 @@ TEST_F(EarlyBound, LackOfMemoryAndOtherExceptions_AreReported) {
     EXPECT_EQ("Internal error: no such place", TakeErrorObject().description);
 }
 
-TEST_F(EarlyBound, FailureWithoutDescription_ClearsTheOldOne) {
+TEST_F(EarlyBound, FailureWithoutDescription_ClearsTheErrorObject) {
     Notify(instance.Get(), u"FAIL 5|old");
     EXPECT_EQ("0x80004003", Hex(instance->get_SeverPath(nullptr)));
     EXPECT_FALSE(TakeErrorObject().isThere);

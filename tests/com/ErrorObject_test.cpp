@@ -1,4 +1,4 @@
-// The thread's error object after each member: it belongs to that call or does not exist.
+// Tests the thread's error object after each call. The error object belongs to that call or does not exist.
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 class ErrorObjectAfter : public ComTest {
  protected:
-    /// The description after `call`. Before the call, the thread has an error object of another component.
+    /// Stores another component's error object on the thread, runs `call`, and returns the description afterwards.
     template <typename Call>
     static std::string TextAfter(Call&& call) {
         LeaveErrorObject(u"foreign");
@@ -53,14 +53,14 @@ TEST_F(ErrorObjectAfter, FailureWithoutDescription_IsNone) {
     EXPECT_EQ("(none)", TextAfter([&] { EXPECT_EQ("0x80004003", Hex(point->GetConnectionInterface(nullptr))); }));
 }
 
-TEST_F(ErrorObjectAfter, EventWhoseSinkLeftADescription_IsNone) {
+TEST_F(ErrorObjectAfter, EventWhoseSinkSetADescription_IsNone) {
     const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO&) {
         LeaveErrorObject(u"of the sink");
         return S_OK;
     });
     Advise(instance.Get(), sink.Get());
     EXPECT_EQ("(none)", TextAfter([&] { EXPECT_EQ(S_OK, Notify(instance.Get(), u"RAISE a|b")); }));
-    // The release raises an event, too. Afterwards the client's earlier error object is still there.
+    // The release raises an event, too. Afterwards the thread has the client's earlier error object again.
     point.Reset();
     EXPECT_EQ("foreign", TextAfter([&] { instance.Reset(); }));
 }

@@ -1,4 +1,4 @@
-// Events and their sinks, including sinks that fail or change connections during an event.
+// Tests events and their sinks. Some sinks fail, or connect and disconnect sinks during an event.
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
 
@@ -9,7 +9,8 @@ using testing::ElementsAre;
 
 class Events : public ComTest {
  protected:
-    // The sinks' handlers use variables of the test, which no longer exist here. So SHUTDOWN must not be raised.
+    // The sinks' handlers use the test's local variables, which no longer exist in TearDown. So SHUTDOWN must not be
+    // raised.
     void TearDown() override { TheDouble().endsQuietly = true; }
 
     HRESULT Raise(StringView what) { return Notify(instance.Get(), u"RAISE " + String(what)); }
@@ -56,7 +57,7 @@ TEST_F(Events, SinkConnectedTwice_ReceivesTwice) {
     EXPECT_THAT(sink->received, ElementsAre("a|b", "a|b", "c|d"));
 }
 
-TEST_F(Events, SinkChangesTheStrings_NextSinkAndCallerSeeIt) {
+TEST_F(Events, SinkChangesTheStrings_NextSinkAndCallerGetTheChange) {
     const auto changing = Sink::Make([](BSTR& name, BSTR& command, EXCEPINFO&) {
         Replace(name, u"N2");
         SysFreeString(std::exchange(command, nullptr));
@@ -105,7 +106,7 @@ TEST_F(Events, SinkDisconnectsItself_IsReleasedAfterItsCall) {
     bool isReleased = false;
     auto leaving = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
         Unadvise(cookie);
-        EXPECT_FALSE(isReleased) << "it is being called";
+        EXPECT_FALSE(isReleased) << "the sink was released during its own call";
         return S_OK;
     });
     leaving->whenReleased = [&] { isReleased = true; };
@@ -192,7 +193,7 @@ TEST_F(Events, SinkFails_ErrorKeepsItsNumber) {
     }
 }
 
-TEST_F(Events, SinkFailsWithoutDescription_GetsTheStandardOne) {
+TEST_F(Events, SinkFailsWithoutDescription_ErrorTextNamesTheSink) {
     const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) {
         e.scode = static_cast<HRESULT>(0x800A004C);
         return DISP_E_EXCEPTION;
@@ -211,7 +212,7 @@ HRESULT WINAPI FillInLate(EXCEPINFO* exception) {
     return S_OK;
 }
 
-TEST_F(Events, SinkFailsWithDeferredDetails_TheyAreFilledIn) {
+TEST_F(Events, SinkFailsWithDeferredDetails_ErrorHasTheDetails) {
     const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& e) {
         e.pfnDeferredFillIn = FillInLate;
         return DISP_E_EXCEPTION;
@@ -221,7 +222,7 @@ TEST_F(Events, SinkFailsWithDeferredDetails_TheyAreFilledIn) {
     EXPECT_EQ("late", TakeErrorObject().description);
 }
 
-TEST_F(Events, SinkReturnsAFailure_IsAnErrorUnlessEventUnknown) {
+TEST_F(Events, SinkReturnsAFailure_OnlyAnUnknownMemberIsNoError) {
     HRESULT answer = S_OK;
     const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) { return answer; });
     Advise(instance.Get(), sink.Get());
@@ -239,7 +240,7 @@ TEST_F(Events, SinkReturnsAFailure_IsAnErrorUnlessEventUnknown) {
     EXPECT_EQ(S_OK, Raise(u"x|"));
 }
 
-TEST_F(Events, SinkOfAnEndedProcess_IsDroppedWithoutAnError) {
+TEST_F(Events, SinkOfAnEndedProcess_IsDisconnectedWithoutAnError) {
     const std::uint32_t answers[] = {0x80010108, 0x80010007, 0x80010012, 0x800401FD, 0x80010114,
                                      0x800706B5, 0x800706BA, 0x800706BE, 0x800706BF};
     for (const std::uint32_t answer : answers) {
@@ -249,12 +250,12 @@ TEST_F(Events, SinkOfAnEndedProcess_IsDroppedWithoutAnError) {
         const DWORD nextCookie = Advise(instance.Get(), next.Get());
         EXPECT_EQ("0x00000000", Hex(Raise(u"x|"))) << Hex(static_cast<HRESULT>(answer));
         EXPECT_THAT(next->received, ElementsAre("x|"));
-        EXPECT_EQ("0x80040200", Hex(EventsOf(instance.Get())->Unadvise(cookie))) << "it is connected still";
+        EXPECT_EQ("0x80040200", Hex(EventsOf(instance.Get())->Unadvise(cookie))) << "the sink is still connected";
         Unadvise(nextCookie);
     }
 }
 
-TEST_F(Events, SinkOfAnEndedProcess_MayBeDisconnectedAlready) {
+TEST_F(Events, SinkOfAnEndedProcess_DisconnectedBefore_IsNoError) {
     DWORD cookie = 0;
     const auto gone = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
         Unadvise(cookie);
@@ -273,7 +274,7 @@ TEST_F(Events, HandlerRaisesADisconnectCode_IsAnError) {
     Unadvise(cookie);
 }
 
-TEST_F(Events, SinkChangesAndFails_NextSinkSeesTheChange) {
+TEST_F(Events, SinkChangesAndFails_NextSinkGetsTheChange) {
     const auto failing = Sink::Make([](BSTR& name, BSTR&, EXCEPINFO&) {
         Replace(name, u"changed");
         return E_FAIL;

@@ -1,4 +1,4 @@
-// The class factory, and what keeps the server in memory.
+// Tests the class factory, and which objects keep the server in memory.
 #include <thread>
 
 #include "host/com/HomeApartment.h"
@@ -36,7 +36,7 @@ TEST_F(FactoryTest, UnknownInterface_LeavesNoInstance) {
     EXPECT_TRUE(CanUnload());
 }
 
-TEST_F(FactoryTest, ErrorObject_IsSupportedAndNeverForeign) {
+TEST_F(FactoryTest, Call_ClearsTheErrorObjectOfOtherComponents) {
     const auto factory = Factory();
     const auto support = Query<ISupportErrorInfo>(factory.Get(), IID_ISupportErrorInfo);
     ASSERT_TRUE(support);
@@ -87,24 +87,24 @@ TEST_F(FactoryTest, UnlockedTooOften_FactoriesAndLocksStillCount) {
     factory->LockServer(TRUE);
     factory->LockServer(FALSE);
     factory->LockServer(FALSE);
-    EXPECT_FALSE(CanUnload()) << "the factory lives";
+    EXPECT_FALSE(CanUnload()) << "a factory still exists";
     factory->LockServer(TRUE);
     factory.Reset();
-    EXPECT_FALSE(CanUnload()) << "a lock is held";
+    EXPECT_FALSE(CanUnload()) << "the server is still locked";
     Factory()->LockServer(FALSE);
     EXPECT_TRUE(CanUnload());
 }
 
-TEST_F(FactoryTest, HomeThatCannotBeTakenBackYet_KeepsTheServer) {
+TEST_F(FactoryTest, HomeFactoryIsStillRegistered_KeepsTheServer) {
     TheDouble().liveWindows = 1;
     MakeInstance();
     TheDouble().liveWindows = 0;
-    // Only a thread with COM can remove the home's factory from the process's table.
+    // Only a thread that uses COM can remove the home's factory from the process's table.
     std::thread([] { EXPECT_FALSE(CanUnload()); }).join();
     EXPECT_TRUE(CanUnload());
 }
 
-TEST_F(FactoryTest, LiveWindow_KeepsTheServer) {
+TEST_F(FactoryTest, ExistingWindow_KeepsTheServer) {
     TheDouble().liveWindows = 1;
     EXPECT_FALSE(CanUnload());
     TheDouble().liveWindows = 0;

@@ -1,4 +1,4 @@
-// Snapshots of the registry, and a registry key for tests.
+// Takes snapshots of the registry, and makes a registry key for tests.
 #pragma once
 
 #include <map>

@@ -1,5 +1,5 @@
-// Several threads create, use and release instances at the same time. Home apartments begin and end all the time, and
-// each creation must find one or become one.
+// Several threads create, use and release instances at the same time. Home apartments begin and end during the test.
+// Each thread must find a home or become the home.
 #include <atomic>
 #include <cstdio>
 #include <functional>
@@ -24,8 +24,8 @@ class HomeRace : public testing::Test {
         EXPECT_EQ(S_OK, library_.CanUnload());
     }
 
-    /// The work of one thread. Afterwards it dispatches messages until all threads have finished, because it may be the
-    /// home of their instances.
+    /// Does the work of one thread. Afterwards the thread dispatches messages until all threads have finished, because
+    /// it may be the home of their instances.
     void Work(int rounds) {
         CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
         for (int i = 0; i < rounds; ++i) {

@@ -1,4 +1,4 @@
-// The instance's descriptions of itself: interfaces, class information, the type library, enumerators.
+// Tests how an instance describes itself: interfaces, class information, type library and enumerators.
 #include <utility>
 
 #include "host/com/HomeApartment.h"
@@ -29,7 +29,7 @@ ULONG ReferencesTo(IUnknown* object) {
 }
 
 TEST_F(Information, AfterTheFirstInstance_TheTypeLibraryStaysOpen) {
-    EXPECT_EQ(2u, ReferencesTo(OwnTypeLibrary().Get())) << "ours, and the component's";
+    EXPECT_EQ(2u, ReferencesTo(OwnTypeLibrary().Get())) << "the test and the component hold one reference each";
     {
         const auto second = MakeInstance();
         EXPECT_EQ(2u, ReferencesTo(OwnTypeLibrary().Get()));
@@ -50,7 +50,7 @@ std::string NameOf(ITypeInfo* type, DISPID member) {
     return Utf8(name.Get());
 }
 
-TEST_F(Information, AllInterfaces_HaveOneIdentity) {
+TEST_F(Information, AllInterfaces_ReturnTheSameIUnknown) {
     const auto identity = Query<IUnknown>(instance.Get(), IID_IUnknown);
     for (const IID* iid : {&IID_IDispatch, &IID__clsQmxBackProcess, &IID_IProvideClassInfo, &IID_IProvideClassInfo2,
                            &IID_ISupportErrorInfo, &IID_IConnectionPointContainer}) {
@@ -86,7 +86,7 @@ TEST_F(Information, TypeLibrary_HasItsIdentifierAndVersion) {
     EXPECT_EQ(u"Pelorix Back process Manager", help.Text());
 }
 
-/// Describes a type of the library: "name {identifier} kind 4 flags 0x1050 functions 4 interfaces 1".
+/// Returns a type's description, for example "name {identifier} kind 4 flags 0x1050 functions 4 interfaces 1".
 std::string Described(ITypeInfo* type) {
     TYPEATTR* attributes = nullptr;
     type->GetTypeAttr(&attributes);
@@ -167,7 +167,7 @@ TEST_F(Information, Members_HaveTheirFixedOrder) {
                                      "SeverPath 3 kind 4 slot 10"));
 }
 
-// Late binding uses its own table. The table must match the type library.
+// Late binding uses a table of its own, which must match the type library.
 TEST_F(Information, NamesOfLateBinding_MatchTheTypeLibrary) {
     ComPtr<ITypeInfo> type;
     ASSERT_EQ(S_OK, instance->GetTypeInfo(0, 0, type.Put()));
@@ -221,7 +221,7 @@ TEST_F(Information, Connections_AreEnumerated) {
     for (const auto& sink : sinks) cookies.push_back(Advise(instance.Get(), sink.Get()));
     ComPtr<IEnumConnections> connections;
     ASSERT_EQ(S_OK, EventsOf(instance.Get())->EnumConnections(connections.Put()));
-    EventsOf(instance.Get())->Unadvise(cookies[0]);  // the enumerator walks a copy
+    EventsOf(instance.Get())->Unadvise(cookies[0]);  // the enumerator has a copy of the connections
 
     CONNECTDATA data[4] = {};
     ULONG fetched = 0;
@@ -241,7 +241,7 @@ TEST_F(Information, Connections_AreEnumerated) {
     EXPECT_EQ(S_OK, connections->Skip(3));
 }
 
-TEST_F(Information, Enumerator_OutlivesTheInstanceAndKeepsTheServer) {
+TEST_F(Information, Enumerator_WorksWithoutTheInstanceAndKeepsTheServer) {
     ComPtr<IEnumConnections> connections;
     ASSERT_EQ(S_OK, EventsOf(instance.Get())->EnumConnections(connections.Put()));
     instance.Reset();

@@ -1,4 +1,4 @@
-// Late binding: which calls are valid, and the results of invalid ones.
+// Tests late binding: which calls are valid, and what invalid calls return.
 #include "tests/com/ComTest.h"
 
 namespace tests::com {
@@ -28,7 +28,7 @@ TEST_F(Invoking, Load_ReturnsABoolean) {
     EXPECT_THAT(TheDouble().log, ElementsAre("load 3"));
 }
 
-// A script passes a plain variable as a reference to a variant.
+// A script passes a variable as a reference to a VARIANT.
 TEST_F(Invoking, Load_AcceptsAScriptsVariable) {
     Variant variable(short{3});
     EXPECT_EQ(S_OK, Invoke(Object(), kLoad, kMethod | DISPATCH_PROPERTYGET, {ByReference(variable.Address())}).result);
@@ -110,7 +110,7 @@ TEST_F(Invoking, SeverPath_IsPutAndRead) {
     EXPECT_THAT(TheDouble().log, ElementsAre("put [X]", "put [5]", "get"));
 }
 
-TEST_F(Invoking, PutWithoutTheNamedValue_IsRefused) {
+TEST_F(Invoking, PutWithoutANamedArgument_IsRefused) {
     const Bstr path(u"X");
     constexpr WORD kPut = DISPATCH_PROPERTYPUT;
     EXPECT_EQ("0x80020004", HexOf(Invoke(Object(), kSeverPath, kPut, {Text(path)})));
@@ -170,7 +170,7 @@ TEST_F(Invoking, RuntimeError_IsAnException) {
     EXPECT_EQ(77u, outcome.badArgument);
 }
 
-TEST_F(Invoking, OtherExceptions_AreReported) {
+TEST_F(Invoking, OtherExceptions_ReturnErrorCodes) {
     const Bstr memory(u"MEMORY");
     EXPECT_EQ("0x8007000E", HexOf(Invoke(Object(), kNotifyMe, kMethod, {Text(memory)}, {1})));
     const Bstr odd(u"ODD");

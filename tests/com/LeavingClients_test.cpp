@@ -1,5 +1,5 @@
-// Clients that leave without a release: a process that ends with a loaded form, threads that end while a message is
-// shown, and a process that is killed while its sink is connected.
+// Tests clients that end without a release. One process ends with a loaded form, and another process is killed while
+// its sink is connected. Threads end while they show a message.
 #include <chrono>
 #include <cstdio>
 #include <filesystem>
@@ -18,7 +18,7 @@ namespace {
 using runtime::win32::KernelHandle;
 using testing::ElementsAre;
 
-TEST(LeavingClient, ProcessEndsWithALoadedForm_WindowIsLeftAlone) {
+TEST(LeavingClient, ProcessEndsWithALoadedForm_WindowIsNotDestroyed) {
     const ClientProcess client(L"exit \"" + ComponentDll().wstring() + L'"');
     EXPECT_EQ(0u, client.ExitCode());
 }
@@ -40,7 +40,7 @@ class KilledClient : public testing::Test {
         CoUninitialize();
     }
 
-    /// Connects a sink in another process to `instance` and kills that process.
+    /// Lets another process connect a sink to `instance` and kills that process.
     void ConnectAndKill(IUnknown* instance) {
         WriteMarshalled(instance);
         const std::wstring name = L"Local\\k4t-killed-client-" + std::to_wstring(GetCurrentProcessId());
@@ -77,7 +77,7 @@ class KilledClient : public testing::Test {
         std::filesystem::path(TestFolder()) / (L"marshalled_" + std::to_wstring(GetCurrentProcessId()));
 };
 
-/// Closes and counts the message boxes that appear.
+/// Closes message boxes that no test expects, and counts the boxes.
 class UnwantedBoxes {
  public:
     UnwantedBoxes() { timer_ = SetTimer(nullptr, 0, 50, OnTimer); }
@@ -98,7 +98,7 @@ class UnwantedBoxes {
     UINT_PTR timer_ = 0;
 };
 
-TEST_F(KilledClient, Ex_ShowsNothingAndDropsTheConnection) {
+TEST_F(KilledClient, Ex_ShowsNoMessageAndRemovesTheConnection) {
     auto instance = library_.Create();
     const auto sink = Sink::Make();
     Load(instance.Get());

@@ -1,4 +1,4 @@
-// The end of an instance: the events it raises, the calls it still accepts, and the references that remain.
+// Tests the end of an instance: the events that are raised, and the calls and references during the end and after it.
 #include "host/com/HomeApartment.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
@@ -75,7 +75,7 @@ TEST_F(Lifetime, ReferenceTakenDuringShutdown_FailsWithError91) {
     EXPECT_EQ("0x80040202", Hex(EventsOf(kept.Get())->Advise(sink.Get(), &cookie)));
     EXPECT_EQ("this instance has ended; create a new one", TakeErrorObject().description);
     kept.Reset();
-    EXPECT_EQ(1u, sink->received.size()) << "it ends once";
+    EXPECT_EQ(1u, sink->received.size()) << "the instance ended more than once";
 }
 
 TEST_F(Lifetime, ShutdownFails_LeavesAnErrorObject) {
@@ -88,7 +88,7 @@ TEST_F(Lifetime, ShutdownFails_LeavesAnErrorObject) {
     EXPECT_EQ("destroyed", TheDouble().log.back());
 }
 
-TEST_F(Lifetime, ShutdownWithoutError_KeepsTheEarlierOne) {
+TEST_F(Lifetime, ShutdownWithoutError_KeepsTheEarlierErrorObject) {
     Notify(instance.Get(), u"FAIL 5|kept");
     instance.Reset();
     EXPECT_EQ("kept", TakeErrorObject().description);

@@ -1,5 +1,5 @@
-// Loads, uses and frees the component repeatedly, as a host does that creates an instance for each command and frees
-// unused libraries in between. The first cycle may use any resources; the later ones must not use more.
+// Loads, uses and frees the component repeatedly. Some hosts do this: they create an instance for each command and free
+// unused libraries in between. The first cycle sets the limit. Later cycles must use about the same resources.
 #include <algorithm>
 #include <cstdio>
 #include <optional>
@@ -11,7 +11,7 @@
 namespace tests::com {
 namespace {
 
-/// The number of slots that TlsAlloc can still return.
+/// Returns how often TlsAlloc can still succeed.
 long FreeTlsSlots() {
     std::vector<DWORD> taken;
     for (DWORD slot = TlsAlloc(); slot != TLS_OUT_OF_INDEXES; slot = TlsAlloc()) taken.push_back(slot);
@@ -37,7 +37,7 @@ long HeapBytes() {
     return bytes;
 }
 
-/// Counts the handles one by one, because some systems do not report their number.
+/// Counts the handles one by one, because some systems do not report how many handles a process has.
 long Handles() {
     constexpr ULONG_PTR kHighest = 0x10000;
     constexpr ULONG_PTR kStep = 4;
@@ -79,7 +79,7 @@ void RunCycle() {
     CoFreeUnusedLibrariesEx(0, 0);
 }
 
-TEST(LoadCycles, CyclesAfterTheFirst_UseNoMoreResources) {
+TEST(LoadCycles, ManyCycles_UseOfResourcesDoesNotGrow) {
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     EXPECT_EQ(S_OK, ComponentLibrary().Register());
     const int rounds = Rounds(3000, 300);
@@ -91,7 +91,8 @@ TEST(LoadCycles, CyclesAfterTheFirst_UseNoMoreResources) {
         const Usage now = Measure();
         Print(cycle, now);
         if (!first) first = now;
-        // The system's own caches vary by a few pages and handles. A leak in each cycle would exceed this many times.
+        // The tolerance is for the system's caches, which vary by a few pages and handles. In 300 cycles, the test
+        // finds heap leaks of more than about 220 bytes per cycle.
         EXPECT_EQ(now.freeTlsSlots, first->freeTlsSlots);
         EXPECT_LE(now.handles, first->handles + 4);
         EXPECT_LE(now.heapBytes, first->heapBytes + 64 * 1024);

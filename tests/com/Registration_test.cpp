@@ -1,4 +1,4 @@
-// Registration in the real registry: it changes one hive only and can be removed completely.
+// Tests the registration in the real registry. A registration changes one hive, and it can be removed completely.
 #include <algorithm>
 #include <cwchar>
 
@@ -18,7 +18,7 @@ using runtime::win32::RegistryKey;
 
 constexpr wchar_t kOwnKey[] = L"Software\\K4TBackProcess tests";
 
-/// The functions that write and remove entries, used below a key of the test.
+/// Runs the functions that write and remove the entries. The entries are below a registry key of the test.
 class Entries : public testing::Test {
  protected:
     Entries() {
@@ -39,7 +39,7 @@ class Entries : public testing::Test {
         {u"A\\B", u"", u"default"}, {u"A\\B", u"name", u"named"}, {u"A\\C\\D", u"", u"deep"}};
 };
 
-TEST_F(Entries, WrittenAndRemoved_LeaveNoKeys) {
+TEST_F(Entries, EntriesWrittenAndRemoved_NoKeyRemains) {
     const Hive before = Content();
     host::com::WriteEntries(root.Get(), entries);
     const Hive written = Content();
@@ -49,7 +49,7 @@ TEST_F(Entries, WrittenAndRemoved_LeaveNoKeys) {
     EXPECT_EQ(before, Content());
 }
 
-TEST_F(Entries, WrittenAndRemovedTwice_AreTheSame) {
+TEST_F(Entries, EntriesWrittenTwice_EqualEntriesWrittenOnce) {
     const Hive before = Content();
     host::com::WriteEntries(root.Get(), entries);
     const Hive once = Content();
@@ -83,10 +83,10 @@ TEST_F(Entries, RemoveFails_TheRestIsRemoved) {
     host::com::WriteEntries(root.Get(), entries);
     withBadKey.push_back({String(300, u'x'), u"", u""});
     EXPECT_THROW(host::com::RemoveEntries(root.Get(), withBadKey), host::com::ComError);
-    EXPECT_EQ(1u, Content().size()) << "the root itself";
+    EXPECT_EQ(1u, Content().size()) << "more than the root key remains";
 }
 
-/// Windows has this key for every user. A new Wine prefix lacks it until the first registration for the user.
+/// On Windows, this key exists for every user. In a new Wine prefix, the first registration for the user creates it.
 Hive ExistingUserClasses() {
     HKEY key = nullptr;
     if (RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Classes", 0, nullptr, 0, KEY_READ, nullptr, &key, nullptr) ==
@@ -102,7 +102,7 @@ class Registration : public testing::Test {
     const Hive userBefore = ExistingUserClasses();
 };
 
-/// The number of values that only `after` has; -1 if anything else differs.
+/// Returns the number of values that only `after` has. Returns -1 if there is any other difference.
 int Added(const Hive& before, const Hive& after) {
     Hive rest = after;
     for (const auto& [path, value] : before) {
@@ -138,7 +138,7 @@ TEST_F(Registration, ForTheUser_ChangesOnlyTheUsersHive) {
     EXPECT_EQ(userBefore, UserClasses());
 }
 
-TEST_F(Registration, RemovedForTheUser_MachinesStays) {
+TEST_F(Registration, RemovedForTheUser_MachinesRegistrationStays) {
     ASSERT_EQ(S_OK, host::com::RegisterServer());
     ASSERT_EQ(S_OK, host::com::Install(true, L"user"));
     EXPECT_EQ(S_OK, host::com::Install(false, L"user"));
@@ -158,7 +158,7 @@ TEST_F(Registration, InstallationWithoutAText_IsForTheMachine) {
     }
 }
 
-TEST_F(Registration, TypeLibraryRegisteredByAProgram_IsRemovedToo) {
+TEST_F(Registration, TypeLibraryRegisteredByAProgram_IsRemoved) {
     ComPtr<ITypeLib> library;
     ASSERT_EQ("0x00000000",
               Hex(LoadTypeLibEx(runtime::win32::Wide(host::com::ModulePath()), REGKIND_REGISTER, library.Put())));
@@ -177,7 +177,7 @@ TEST_F(Registration, UnknownInstallation_IsRefused) {
     EXPECT_EQ(machineBefore, MachineClasses());
 }
 
-TEST(RegistrationEntries, Entries_HaveWhatComNeeds) {
+TEST(RegistrationEntries, Entries_ContainTheKeysThatComNeeds) {
     std::vector<std::string> lines;
     for (const RegistryEntry& entry : host::com::RegistrationEntries(u"C:\\the suite\\K4TBackProcess.dll")) {
         lines.push_back(runtime::ToUtf8(entry.key + u'|' + entry.name + u'|' + entry.value));

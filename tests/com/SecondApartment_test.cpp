@@ -1,5 +1,5 @@
-// Clients in several apartments of one process: all instances are in the home apartment, and calls and events are
-// marshalled.
+// Tests clients in several apartments of one process. All instances are in the home apartment. Calls and events of
+// other apartments are marshalled.
 #include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
@@ -12,7 +12,7 @@ namespace {
 using testing::Each;
 using testing::ElementsAre;
 
-/// Marshalling needs the registered description of the interfaces. Wine looks for it in the machine's hive only.
+/// Marshalling needs the registered type library. Wine looks for it only in the machine's hive.
 class SecondApartment : public ComTest {
  protected:
     SecondApartment() { EXPECT_EQ(S_OK, host::com::RegisterServer()); }
@@ -53,7 +53,7 @@ TEST_F(SecondApartment, ArgumentsAndResults_AreMarshalled) {
     EXPECT_THAT(TheDouble().threads, Each(here));
 }
 
-TEST_F(SecondApartment, Event_ReachesTheSinksThreadAndReturns) {
+TEST_F(SecondApartment, Event_RunsOnTheSinksThreadAndReturns) {
     const auto first = MakeInstance();
     DWORD there = 0;
     InOtherApartment([&] {
@@ -96,8 +96,8 @@ TEST_F(SecondApartment, CreationFails_ErrorIsMarshalled) {
         LeaveErrorObject(u"foreign");
         EXPECT_EQ("0x800A0035", Hex(factory->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
         EXPECT_FALSE(none);
-        // Windows transfers the description to the other apartment, Wine does not. Another component's description
-        // would be wrong.
+        // Windows passes the description to the other apartment, and Wine does not. The description of another
+        // component would be an error on both systems.
         EXPECT_THAT(TextOfErrorObject(), testing::AnyOf("File not found", "(none)"));
     });
 }
@@ -113,8 +113,8 @@ TEST_F(SecondApartment, LastInstanceEnds_NextThreadBecomesHome) {
     EXPECT_THAT(TheDouble().threads, Each(there));
 }
 
-/// Releases the home's only instance while another thread creates one. The release happens inside the other thread's
-/// call of CoCreateInstance: that thread has found the home, but has not called it yet.
+/// Releases the home's only instance while another thread is inside CoCreateInstance. At that moment, the other thread
+/// has found the home but has not called it.
 class LeavingHome {
  public:
     explicit LeavingHome(ComPtr<_clsQmxBackProcess>& instance) {
@@ -158,7 +158,7 @@ TEST_F(SecondApartment, HomeEndsDuringACreation_CallerBecomesHome) {
     EXPECT_THAT(TheDouble().threads, ElementsAre(here, here, here, there, there, there));
 }
 
-TEST_F(SecondApartment, LiveWindow_KeepsTheHome) {
+TEST_F(SecondApartment, ExistingWindow_KeepsTheHome) {
     TheDouble().liveWindows = 1;
     MakeInstance();
     InOtherApartment([] { MakeInstance(); });

@@ -1,5 +1,5 @@
-// The DLL itself, with the double: exports, resources, registration from its own folder, activation by COM and by a
-// manifest, and unloading.
+// Tests the DLL with a test double of the component: its exports and resources, its registration, its activation by COM
+// and by a manifest, and its unloading.
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -31,7 +31,7 @@ class Server : public testing::Test {
         CoUninitialize();
     }
 
-    /// Calls an exported function without parameters.
+    /// Calls an exported function that has no parameters.
     static HRESULT Call(const Library& library, const char* name) {
         const auto function =
             reinterpret_cast<HRESULT(WINAPI*)()>(reinterpret_cast<void*>(GetProcAddress(library.Get(), name)));
@@ -53,8 +53,8 @@ bool IsInMemory(const fs::path& dll) {
     return GetModuleHandleW(dll.c_str()) != nullptr;
 }
 
-/// A copy of the DLL in a new folder, which no other test has used in this process. A DLL that was used stays in
-/// memory.
+/// Copies the DLL to a new folder and returns the copy's path. No other test has used the copy in this process. A test
+/// needs this because a DLL stays in memory after its use.
 fs::path FreshCopy(const std::wstring& folderName = L"copy") {
     static int count = 0;
     const fs::path folder = DoubleFolder() / (folderName + L' ' + std::to_wstring(++count));
@@ -64,7 +64,7 @@ fs::path FreshCopy(const std::wstring& folderName = L"copy") {
     return dll;
 }
 
-TEST_F(Server, FreedAfterRegistration_LeavesMemory) {
+TEST_F(Server, LibraryFreedAfterRegistration_IsUnloaded) {
     const fs::path dll = FreshCopy();
     Library library(LoadLibraryW(dll.c_str()));
     EXPECT_EQ(S_OK, Call(library, "DllRegisterServer"));
@@ -76,7 +76,7 @@ TEST_F(Server, FreedAfterRegistration_LeavesMemory) {
 }
 
 TEST_F(Server, PathIsTooLongForCom_RegistrationIsRefused) {
-    // 260 characters and 259. Each path ends with "\\K4TBackProcess.dll".
+    // The two paths have 260 and 259 characters. Each path ends with "\\K4TBackProcess.dll".
     constexpr std::size_t kNameLength = 19;
     const std::wstring base = DoubleFolder().wstring() + L'\\';
     for (const std::size_t length : {std::size_t{260}, std::size_t{259}}) {
@@ -93,7 +93,7 @@ TEST_F(Server, PathIsTooLongForCom_RegistrationIsRefused) {
     }
 }
 
-/// Runs regsvr32 on the DLL and returns its exit code.
+/// Runs regsvr32 on the DLL and returns the exit code of regsvr32.
 DWORD RunRegsvr32(const std::wstring& options) {
     std::wstring line = L"regsvr32 /s " + options + L" \"" + DoubleDll().wstring() + L'"';
     STARTUPINFOW startup{};
@@ -116,7 +116,7 @@ TEST_F(Server, Regsvr32WithEmptyI_RegistersAndUnregisters) {
     EXPECT_NE(S_OK, CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &classId));
 }
 
-TEST_F(Server, FreedAfterDllGetClassObject_StaysInMemory) {
+TEST_F(Server, LibraryFreedAfterDllGetClassObject_StaysInMemory) {
     const fs::path dll = FreshCopy();
     Library library(LoadLibraryW(dll.c_str()));
     const auto getClassObject = reinterpret_cast<HRESULT(WINAPI*)(REFCLSID, REFIID, void**)>(
@@ -144,11 +144,11 @@ TEST_F(Server, Resources_HaveTheTypeLibraryAndTheVersion) {
     EXPECT_STREQ(L"K4TBackProcess.dll", text);
 }
 
-/// Wine converts a library's path to the system's code page for marshalling. So these tests use a path in ASCII.
+/// For marshalling, Wine converts a library's path to the system's code page. So these tests use an ASCII path.
 constexpr wchar_t kPlainFolder[] = L"plain & blank";
 constexpr wchar_t kForeignFolder[] = L"f\u00FCr \u6F22\u5B57 & more";
 
-/// A copy of the DLL in a folder of this name, registered for the machine.
+/// Copies the DLL to a folder with this name and registers the copy for the machine.
 class RegisteredServer : public Server {
  protected:
     explicit RegisteredServer(const wchar_t* folder = kForeignFolder) : dll_(FreshCopy(folder)) {
@@ -215,7 +215,7 @@ TEST_F(CrossingServer, MultithreadedApartment_IsServed) {
         COINIT_MULTITHREADED);
 }
 
-/// Activates the manifest beside the DLL for the thread.
+/// Activates the manifest in the DLL's folder for the current thread.
 class Context {
  public:
     Context() {

@@ -1,4 +1,4 @@
-// A client's event sink: a real COM object that records its events and then calls the test's handler.
+// A client's event sink. It is a real COM object that records its events and then calls the test's handler.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@
 
 namespace tests::com {
 
-/// Replaces an event's string by `text`.
+/// Replaces the string of an event by `text`.
 inline void Replace(BSTR& target, runtime::StringView text) {
     SysFreeString(std::exchange(target, host::com::Bstr(text).Detach()));
 }
@@ -28,7 +28,7 @@ class Sink final : public IDispatch {
     Sink(const Sink&) = delete;
     Sink& operator=(const Sink&) = delete;
 
-    /// "name|command" of each event, as received.
+    /// "name|command" of each received event.
     std::vector<std::string> received;
     DWORD thread = 0;
     Handler handler;

@@ -1,4 +1,4 @@
-// A client that runs without a user, with two apartments.
+// Tests a client that runs without a user and calls the component from two apartments.
 #include "tests/com/ClientProcess.h"
 #include "tests/com/ComponentLibrary.h"
 
@@ -7,7 +7,7 @@ namespace {
 
 constexpr const wchar_t* kVariable = L"K4TBACKPROCESS_UNATTENDED";
 
-/// Calls between apartments need the registered description of the interfaces.
+/// Registers the component, because calls between apartments need the registered type library.
 class UnattendedClient : public testing::Test {
  protected:
     UnattendedClient() {
@@ -22,7 +22,7 @@ class UnattendedClient : public testing::Test {
     const ComponentLibrary library_;
 };
 
-TEST_F(UnattendedClient, CommandsFailInTwoApartments_NoneShowsAMessage) {
+TEST_F(UnattendedClient, CommandsFailInTwoApartments_NoMessageIsShown) {
     const ClientProcess client(L"unattended \"" + ComponentDll().wstring() + L'"');
     EXPECT_EQ(0u, client.ExitCode());
 }

@@ -1,4 +1,5 @@
-// A client passes a bare pointer to another thread, against COM's rules. Its calls return an error and never crash.
+// Tests a client that passes an unmarshalled pointer to another thread. COM forbids this. The calls must return an
+// error and never crash.
 #include <thread>
 
 #include "host/com/HomeApartment.h"
@@ -15,7 +16,8 @@ using testing::StartsWith;
 
 class WrongThread : public ComTest {
  protected:
-    /// Fails the test unless `result` is the refusal and the error object has its text. Clears the error object.
+    /// Fails the test unless `result` is the error for a wrong thread and the error object has its text. Clears the
+    /// error object.
     static void ExpectRefused(HRESULT result, const char* member) {
         EXPECT_EQ("0x8001010E", Hex(result)) << member;
         EXPECT_THAT(TakeErrorObject().description, StartsWith("this instance cannot be called on this thread"))
@@ -79,7 +81,7 @@ TEST_F(WrongThread, MembersThatDescribeTheClass_AreRefused) {
     });
 }
 
-TEST_F(WrongThread, LastRelease_EndsTheInstanceAtHome) {
+TEST_F(WrongThread, LastRelease_EndsTheInstanceOnTheHomeThread) {
     const auto sink = Sink::Make();
     Advise(instance.Get(), sink.Get());
     InOtherApartment([&] { EXPECT_EQ(0u, instance.Detach()->Release()); });
@@ -90,7 +92,7 @@ TEST_F(WrongThread, LastRelease_EndsTheInstanceAtHome) {
     EXPECT_EQ(here, sink->thread);
 }
 
-TEST_F(WrongThread, LastReleaseOutsideCom_EndsTheInstanceAtHome) {
+TEST_F(WrongThread, LastReleaseOutsideCom_EndsTheInstanceOnTheHomeThread) {
     std::thread([&] { instance.Reset(); }).join();
     EXPECT_THAT(TheDouble().log, ElementsAre("made"));
     EXPECT_FALSE(host::com::CanUnload());
@@ -116,7 +118,7 @@ class WrongThreadWindow : public testing::Test {
     ComPtr<_clsQmxBackProcess> instance_;
 };
 
-TEST_F(WrongThreadWindow, Load_MakesNoWindowThere) {
+TEST_F(WrongThreadWindow, Load_CreatesNoWindowOnTheOtherThread) {
     InOtherApartment([&] {
         short mode = 0;
         VARIANT_BOOL result = VARIANT_FALSE;
@@ -140,7 +142,7 @@ TEST_F(WrongThreadWindow, LastRelease_DestroysTheWindowOnItsThread) {
     EXPECT_EQ(here, sink->thread);
 }
 
-TEST_F(WrongThreadWindow, HomeLeftCom_NextHomeHasAFormOfItsOwn) {
+TEST_F(WrongThreadWindow, HomeLeftCom_NextHomeHasItsOwnForm) {
     const auto sink = Sink::Make();
     Advise(instance_.Get(), sink.Get());
     Load(instance_.Get());
@@ -154,7 +156,7 @@ TEST_F(WrongThreadWindow, HomeLeftCom_NextHomeHasAFormOfItsOwn) {
         EXPECT_EQ(0, FormWindows(GetCurrentThreadId()));
     });
     EXPECT_EQ(0, FormWindows(here));
-    EXPECT_THAT(sink->received, ElementsAre()) << "its home was given up";
+    EXPECT_THAT(sink->received, ElementsAre()) << "the sink got an event after the home's end";
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     EXPECT_EQ("0x8001010E", Hex(Notify(instance_.Get(), u"All,UP")));
     instance_.Reset();

@@ -1,5 +1,5 @@
-// Random commands through the component's DLL, with the development kernel and the real main form. No command may hang,
-// and memory must not grow. On request, the test sends a million commands.
+// Sends random commands to the component's DLL, which uses the development kernel and the real main form. The commands
+// must not hang, and memory must not grow. On request, the test sends a million commands.
 #include "host/com/ComHeaders.h"
 
 #include <gtest/gtest.h>
@@ -24,7 +24,7 @@ std::size_t PrivateBytes() {
     return counters.PagefileUsage;
 }
 
-/// A shipped file, which is beside this program.
+/// Returns the path of a shipped file, which is in this program's folder.
 String Shipped(StringView file) {
     return tests::TestFolder() + u'\\' + String(file);
 }
@@ -36,7 +36,7 @@ Function Entry(const runtime::win32::Library& library, const char* name) {
     return reinterpret_cast<Function>(reinterpret_cast<void*>(entry));
 }
 
-/// An instance of the shipped component. Its kernel strings are only for this process.
+/// Creates an instance of the shipped component. Only this process uses the instance's kernel strings.
 class ShippedComponent : public ::testing::Test {
  protected:
     void SetUp() override {
@@ -78,7 +78,9 @@ class ShippedComponent : public ::testing::Test {
         return value.Text();
     }
     HRESULT NotifyEarly(Bstr& command) { return object_->NotifyMe(name_.Address(), command.Address()); }
-    /// Arguments are in reverse order: first the command, by reference, then the name, by value.
+    /// Sends the command late-bound. The arguments are in reverse order: first the command, by reference, then the
+    /// name.
+    /// by value.
     HRESULT NotifyLate(Bstr& command) {
         constexpr DISPID kNotifyMe = 2;
         VARIANT arguments[2]{};
@@ -96,7 +98,7 @@ class ShippedComponent : public ::testing::Test {
     Bstr name_;
 };
 
-TEST_F(ShippedComponent, Loaded_HasAllItsResources) {
+TEST_F(ShippedComponent, LoadedComponent_HasAllItsResources) {
     const HMODULE module = component_.Get();
     EXPECT_NE(FindResourceW(module, L"QUESTION", RT_GROUP_ICON), nullptr);
     EXPECT_NE(FindResourceW(module, MAKEINTRESOURCEW(1), L"TYPELIB"), nullptr);
@@ -108,7 +110,8 @@ TEST_F(ShippedComponent, ManyCommands_MemoryDoesNotGrow) {
     const int commands = tests::Rounds(1'000'000, 100'000);
     std::size_t before = 0;
     for (int i = 0; i < commands; ++i) {
-        // By now, memory that is allocated once has been allocated; most of it is for the longest text.
+        // From here on, memory that is allocated only once is no longer counted. The longest text needs most of that
+        // memory.
         if (i == commands / 5) before = PrivateBytes();
         const String given = maker.Next();
         Bstr command(given);
@@ -121,7 +124,7 @@ TEST_F(ShippedComponent, ManyCommands_MemoryDoesNotGrow) {
     EXPECT_EQ(Value(&IK4TDiagnostics::get_Caption), u"Pelorix Background Processing Application");
 }
 
-TEST_F(ShippedComponent, GiantCommand_MemoryIsFreedAtTheNextOne) {
+TEST_F(ShippedComponent, GiantCommand_NextCommandFreesTheMemory) {
     const std::size_t before = PrivateBytes();
     {
         Bstr giant(String(32 * kMegabyte, u'x'));

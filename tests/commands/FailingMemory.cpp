@@ -1,4 +1,4 @@
-// These operators are in their own file, because a compiler warns if it inlines only one of a pair.
+// These operators have their own file, because compilers warn if they inline only one operator of a pair.
 #include "tests/commands/FailingMemory.h"
 
 #include <cstddef>

@@ -1,4 +1,4 @@
-// A program that links this file can make its memory allocations fail. Every C++ allocation uses it.
+// A program that links this file can make all C++ allocations of the process fail.
 #pragma once
 
 namespace tests {

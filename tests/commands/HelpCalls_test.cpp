@@ -1,4 +1,4 @@
-// Help calls as they leave the process. A recording help control replaces the system's.
+// Tests the calls that open and close help. A recording help control replaces the system's control.
 #include <gtest/gtest.h>
 
 #include "host/frmBackProcessMain.h"
@@ -40,13 +40,13 @@ class HelpCalls : public tests::ComponentTest {
     std::size_t before_ = 0;
 };
 
-TEST_F(HelpCalls, Contents_AreOpenedAndNotClosedByTheUnload) {
+TEST_F(HelpCalls, Contents_AreOpened_UnloadDoesNotCloseHelp) {
     services::ShowHelpContents();
     form_.Unload();
     EXPECT_EQ(NewCalls(), Opened());
 }
 
-TEST_F(HelpCalls, Topic_IsOpenedAndClosedOnceByTheUnload) {
+TEST_F(HelpCalls, Topic_IsOpened_UnloadClosesHelpOnce) {
     ShowTopic();
     ShowTopic();
     form_.Unload();
@@ -56,14 +56,14 @@ TEST_F(HelpCalls, Topic_IsOpenedAndClosedOnceByTheUnload) {
     EXPECT_EQ(NewCalls(), Opened() + Opened() + Closed());
 }
 
-TEST_F(HelpCalls, TopicNotWanted_CallsNothing) {
+TEST_F(HelpCalls, TopicNotWanted_HelpIsNotCalled) {
     std::int16_t wanted = 0;
     services::ShowHelpTopic(u"", 0, wanted);
     form_.Unload();
     EXPECT_EQ(NewCalls(), u"");
 }
 
-TEST_F(HelpCalls, NameBeyondAscii_HasTheBytesOfTheCodePage) {
+TEST_F(HelpCalls, NonAsciiName_IsPassedInTheCodePage) {
     if (GetACP() != 1252) GTEST_SKIP() << "the system's code page is not 1252";
     services::Values().helpFilePath = u"C:\\Gr\u00F6\u00DFe \u20AC\\\u65B0.HLP";
     services::ShowHelpContents();

@@ -1,4 +1,5 @@
-// Kernel libraries that each lack one entry. A command that needs the entry ends with a message and the shutdown.
+// Tests kernel libraries that lack one function each. A command that needs the function ends with a message and the
+// shutdown. Exception: LZ shows no message.
 #include <gmock/gmock.h>
 
 #include "host/clsQmxBackProcess.h"
@@ -19,14 +20,14 @@ String Beside(StringView folder) {
     return tests::TestFolder() + u"\\commands\\" + String(folder);
 }
 
-/// Titles do not need the kernel here, because the tests are about the message.
+/// Reads titles without the kernel, because these tests are about the message and not about titles.
 class TitleReader : public kernel_api::builtin::BuiltInReader {
  public:
     using BuiltInReader::BuiltInReader;
     String TextAt(kernel_api::TextPointer /*pointer*/) override { return u"text"; }
 };
 
-/// The real main form, loaded with a working kernel and then used with one that lacks an entry.
+/// Loads the real main form with a working kernel. Then the test uses the form with a kernel that lacks a function.
 class KernelWithout : public tests::HeadlessComponentTest {
  protected:
     KernelWithout() {
@@ -43,7 +44,7 @@ class KernelWithout : public tests::HeadlessComponentTest {
         partial_ = std::make_unique<kernel_api::win32::KernelLibrary>(Beside(entry));
         kernel_api::CurrentSuite().kernel = partial_.get();
     }
-    /// The error that the command's sender gets; 0 if there is none.
+    /// Returns the error that the command's sender gets, or 0.
     std::int32_t Execute(StringView command, StringView missing) {
         UseKernelWithout(missing);
         memory_.messageBox.answers = {1};
@@ -102,7 +103,7 @@ TEST_F(KernelWithout, E_SetString_LoadAndCreationFail) {
     EXPECT_EQ(tests::ErrorOf([] { clsQmxBackProcess([](String&, String&) {}); }), runtime::kDllEntryPointNotFound);
 }
 
-TEST_F(KernelWithout, AnyEntry_OtherCommandsRun) {
+TEST_F(KernelWithout, AnyFunction_CommandsWithoutTheFunctionRun) {
     for (const StringView missing : {u"E_SetString", u"E_GetString", u"DB_DataBase", u"O_GetName"}) {
         for (const StringView command : {u"All,RD", u"All,UP", u"All,FMVHDLED,CUPL", u"All,NONE", u"Editor,SAVE"}) {
             EXPECT_EQ(Execute(command, missing), 0) << runtime::ToUtf8(missing) << ": " << runtime::ToUtf8(command);

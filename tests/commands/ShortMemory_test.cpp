@@ -1,4 +1,4 @@
-// A command that fails while memory runs out still ends with the shutdown.
+// Tests a command that fails because memory runs out. The command must still end with the shutdown.
 #include <gtest/gtest.h>
 
 #include <memory>

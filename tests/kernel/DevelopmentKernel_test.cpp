@@ -1,4 +1,4 @@
-// The development kernel as its users run it: a library that several processes of one session load.
+// Tests the development kernel as its users run it: several processes of one session load the library.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -27,7 +27,7 @@ const char* At(long address) {
     return reinterpret_cast<const char*>(address);
 }
 
-/// Each test has its own strings, separate from the session's.
+/// Gives each test its own strings, separate from the session's strings.
 class DevelopmentKernel : public testing::Test {
  protected:
     void SetUp() override {
@@ -37,7 +37,7 @@ class DevelopmentKernel : public testing::Test {
     }
     void TearDown() override { SetEnvironmentVariableA("QMXKRN2K_STORE", nullptr); }
 
-    /// Loads the kernel into this process. Each test loads a copy of the library, because a library that was used stays
+    /// Loads a copy of the kernel into this process. Each call loads a new copy, because a library that was used stays
     /// in memory with its strings.
     static LoadedKernel Load() {
         static int count = 0;
@@ -68,18 +68,18 @@ TEST_F(DevelopmentKernel, Strings_ExistUntilTheLastProcessEnds) {
     EXPECT_EQ(Peer().Ask("get\tkey"), "none");
 }
 
-TEST_F(DevelopmentKernel, FreedUnused_LeavesMemory) {
+TEST_F(DevelopmentKernel, LibraryFreedBeforeUse_IsUnloaded) {
     EXPECT_EQ(Peer().Ask("unload"), "unloaded");
 }
 
-TEST_F(DevelopmentKernel, FreedAfterUse_StaysInMemoryWithItsStrings) {
+TEST_F(DevelopmentKernel, LibraryFreedAfterUse_StaysInMemoryWithItsStrings) {
     Peer peer;
     EXPECT_EQ(peer.Ask("set\tkey\tvalue"), "stored");
     EXPECT_EQ(peer.Ask("unload"), "still loaded");
     EXPECT_STREQ(At(Load().E_GetString("key")), "value");
 }
 
-TEST_F(DevelopmentKernel, LockOwnerKilled_OthersContinue) {
+TEST_F(DevelopmentKernel, LockOwnerKilled_OtherProcessesContinue) {
     Peer peer;
     EXPECT_EQ(peer.Ask("set\tkey\tvalue"), "stored");
     for (int i = 0; i < 3; ++i) {
@@ -92,7 +92,7 @@ TEST_F(DevelopmentKernel, LockOwnerKilled_OthersContinue) {
     }
 }
 
-TEST_F(DevelopmentKernel, LockIsHeld_OthersReadAndSetExistingStrings) {
+TEST_F(DevelopmentKernel, LockIsHeld_OthersReadAndSetUnchangedStrings) {
     const LoadedKernel kernel = Load();
     EXPECT_NE(kernel.E_SetString("key", "value"), 0);
     Peer owner;
@@ -103,7 +103,7 @@ TEST_F(DevelopmentKernel, LockIsHeld_OthersReadAndSetExistingStrings) {
     EXPECT_EQ(kernel.QmxDev_NextString(nullptr, nullptr, 0), 4);
 }
 
-TEST_F(DevelopmentKernel, WriterKilledInARecord_RecordIsNotVisible) {
+TEST_F(DevelopmentKernel, WriterKilledWhileAddingARecord_RecordIsNotVisible) {
     Peer peer;
     EXPECT_EQ(peer.Ask("set\tkey\told"), "stored");
     {
@@ -174,7 +174,7 @@ TEST_F(DevelopmentKernel, StringThatDoesNotFit_KeepsTheOldValue) {
     EXPECT_EQ(two.Ask("fill\tkey\t1000000\tx"), "stored");
 }
 
-TEST_F(DevelopmentKernel, EmptyString_DiffersFromNone) {
+TEST_F(DevelopmentKernel, EmptyString_DiffersFromMissingString) {
     const LoadedKernel kernel = Load();
     EXPECT_NE(kernel.E_SetString("key", ""), 0);
     EXPECT_STREQ(At(kernel.E_GetString("key")), "");
@@ -189,7 +189,7 @@ TEST_F(DevelopmentKernel, NullArguments_AreRefused) {
     EXPECT_EQ(kernel.E_GetString("key"), 0);
 }
 
-TEST_F(DevelopmentKernel, O_GetName_NamesOnlyTheOpenDesign) {
+TEST_F(DevelopmentKernel, O_GetName_ReturnsOnlyTheOpenDesignsName) {
     const LoadedKernel kernel = Load();
     EXPECT_EQ(kernel.O_GetName(kernel.DB_DataBase()), 0);
     kernel.E_SetString("DESIGN_NAME", "amplifier");
@@ -199,7 +199,7 @@ TEST_F(DevelopmentKernel, O_GetName_NamesOnlyTheOpenDesign) {
     EXPECT_EQ(kernel.O_GetName(2), 0);
 }
 
-TEST_F(DevelopmentKernel, Address_StaysValidUntilItsThreadReadsTheKeyAgain) {
+TEST_F(DevelopmentKernel, Address_StaysValidUntilTheSameThreadReadsTheSameKey) {
     const LoadedKernel kernel = Load();
     kernel.E_SetString("DESIGN_NAME", "old");
     const char* text = At(kernel.E_GetString("DESIGN_NAME"));
@@ -211,7 +211,7 @@ TEST_F(DevelopmentKernel, Address_StaysValidUntilItsThreadReadsTheKeyAgain) {
     EXPECT_STREQ(At(kernel.E_GetString("DESIGN_NAME")), "new");
 }
 
-TEST_F(DevelopmentKernel, NextString_BufferTooSmall_StaysUnchanged) {
+TEST_F(DevelopmentKernel, NextString_BufferTooSmall_BufferIsUnchanged) {
     const LoadedKernel kernel = Load();
     EXPECT_EQ(kernel.QmxDev_NextString(nullptr, nullptr, 0), 0);
     kernel.E_SetString("LibDir", "1");
@@ -237,7 +237,7 @@ TEST_F(DevelopmentKernel, ForeignSharedMemory_CallsFail) {
     EXPECT_EQ(kernel.QmxDev_NextString(nullptr, nullptr, 0), -1);
 }
 
-TEST_F(DevelopmentKernel, NameTakenThenFree_Connects) {
+TEST_F(DevelopmentKernel, StoreNameIsTakenAndFreedLater_NextCallConnects) {
     std::optional<KernelHandle> event(CreateEventW(nullptr, TRUE, FALSE, Wide(DevelopmentStoreName())));
     const LoadedKernel kernel = Load();
     EXPECT_EQ(kernel.E_SetString("key", "value"), 0);

@@ -19,7 +19,7 @@ using runtime::win32::Wide;
 
 const String kFile = u"\\QmxKrn2K.dll";
 
-/// The error that `call` throws, as "53: File not found: …"; "" if it throws none.
+/// Returns the error that `call` throws, as "53: File not found: …"; "" if `call` throws no error.
 std::string ErrorOf(const std::function<void()>& call) {
     try {
         call();
@@ -36,7 +36,7 @@ std::string Recorded(const String& folder) {
     return reinterpret_cast<const char*(__stdcall*)()>(reinterpret_cast<void*>(recorded))();
 }
 
-/// A copy of a library that is in a folder until the end of the block.
+/// Copies a library to a folder and deletes the copy at the end of the block.
 class PlacedLibrary {
  public:
     PlacedLibrary(const String& from, const String& folder) : path_(folder + kFile) {
@@ -72,7 +72,7 @@ class KernelLibraryTest : public testing::Test {
         DWORD written = 0;
         ASSERT_TRUE(WriteFile(file.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr));
     }
-    /// The library that a component in `folder_` loads in this program; "" if it finds none.
+    /// Returns the path of the library that a component in `folder_` loads; "" if the component finds no library.
     String Found() const {
         const auto found = FindKernel(folder_, tests::TestFolder());
         return found ? found->path : String();
@@ -107,7 +107,7 @@ TEST_F(KernelLibraryTest, Library_IsLoadedAtTheFirstCall) {
     EXPECT_EQ(Recorded(recording_), "DB_DataBase()\n");
 }
 
-TEST_F(KernelLibraryTest, KernelChangesTheValue_CallerGetsTheChange) {
+TEST_F(KernelLibraryTest, KernelChangesTheValue_CallerGetsTheNewValue) {
     KernelLibrary kernel(recording_ + u"\\");
     kernel.E_SetString(u"upper", value_);
     EXPECT_EQ(value_, u"VALUE");
@@ -120,9 +120,9 @@ TEST_F(KernelLibraryTest, KernelChangesTheValue_CallerGetsTheChange) {
     EXPECT_EQ(value_, u"");
 }
 
-TEST_F(KernelLibraryTest, Text_IsAnsiUpToTheFirstNul) {
+TEST_F(KernelLibraryTest, Text_IsPassedInAnsiUpToTheFirstNul) {
     KernelLibrary kernel(recording_);
-    value_ = String(u"a\u4E2D\0b", 4);  // not in a Western code page
+    value_ = String(u"a\u4E2D\0b", 4);  // U+4E2D is not in a Western code page
     if (GetACP() == 1252) {
         kernel.E_SetString(String(u"caf\u00E9\0x", 6), value_);
         EXPECT_EQ(value_, u"a?");
@@ -132,7 +132,7 @@ TEST_F(KernelLibraryTest, Text_IsAnsiUpToTheFirstNul) {
     }
 }
 
-TEST_F(KernelLibraryTest, LongValue_IsForwardedWhole) {
+TEST_F(KernelLibraryTest, LongValue_IsNotCut) {
     KernelLibrary kernel(recording_);
     value_ = String(3'000'000, u'x');
     kernel.E_SetString(u"upper", value_);
@@ -168,7 +168,7 @@ TEST_F(KernelLibraryTest, LibraryInEachPlace_FirstPlaceWins) {
     EXPECT_EQ(Recorded(folder_), "DB_DataBase()\n");
 }
 
-TEST_F(KernelLibraryTest, DevelopmentKernelRequested_OthersAreIgnored) {
+TEST_F(KernelLibraryTest, DevelopmentKernelRequested_OtherKernelsAreIgnored) {
     SetEnvironmentVariableW(kAskForDevelopmentKernel, L"1");
     PutLibrary(partial_);
     EXPECT_EQ(Found(), u"");
@@ -187,7 +187,7 @@ TEST_F(KernelLibraryTest, EnvironmentVariableOtherThan1_IsIgnored) {
     }
 }
 
-/// The current folder and PATH hold a library that must not be loaded.
+/// Puts into the current folder and into a folder of PATH a library that must not be loaded.
 class PreparedLibraryTest : public KernelLibraryTest {
  protected:
     PreparedLibraryTest() {
@@ -214,7 +214,7 @@ TEST_F(PreparedLibraryTest, InCurrentFolderAndPath_KernelIsNotLoaded) {
 }
 
 TEST_F(PreparedLibraryTest, InCurrentFolderAndPath_HelpControlIsNotLoaded) {
-    // Hide the system's own control, which would be found first.
+    // Hide the system's own control, which the component would find first.
     const String control = runtime::win32::InSystemFolder(u"hhctrl.ocx");
     const String hidden = control + u".hidden";
     ASSERT_TRUE(MoveFileW(Wide(control), Wide(hidden)));

@@ -1,5 +1,5 @@
-// A second process that uses the development kernel, for tests. It reads one command per line, with fields separated by
-// tabs, and replies to each with one line.
+// The tests run this program as a second process that uses the development kernel. It reads one command per line. Tabs
+// separate a command's fields. It replies to each command with one line.
 //     kernel_peer FOLDER    FOLDER holds QmxKrn2K.dll
 #include <algorithm>
 #include <cstdlib>
@@ -29,7 +29,7 @@ Fields Split(const std::string& line) {
     return fields;
 }
 
-/// "3 a" for "aaa"; "mixed" for a text with more than one letter.
+/// Returns "3 a" for "aaa", and "mixed" for a text with more than one letter.
 std::string Summary(const std::string& text) {
     if (text.find_first_not_of(text.substr(0, 1)) != std::string::npos) return "mixed";
     return std::to_string(text.size()) + " " + text.substr(0, 1);
@@ -79,7 +79,8 @@ class PeerProcess {
         return text ? Summary(*text) : "none";
     }
 
-    // write KEY ROUNDS SEED: stores random texts. Each consists of one letter, which its length determines.
+    // write KEY ROUNDS SEED: stores random texts. Each text repeats one letter. The text's length determines the
+    // letter.
     std::string WriteOver(const Fields& fields) {
         auto length = static_cast<unsigned>(std::stoul(fields[3]));
         for (unsigned long round = std::stoul(fields[2]); round > 0; --round) {
@@ -89,14 +90,14 @@ class PeerProcess {
         return "done";
     }
 
-    // watch KEY ROUNDS: reads the text that often; returns how many texts were torn
+    // watch KEY ROUNDS: reads the text ROUNDS times; returns how many texts were torn
     std::string Watch(const Fields& fields) {
         int torn = 0;
         for (unsigned long round = std::stoul(fields[2]); round > 0; --round) torn += IsTorn(Text(fields[1])) ? 1 : 0;
         return std::to_string(torn);
     }
 
-    // follow KEY CHANGES: reads until the text has changed that often; returns how many texts were torn
+    // follow KEY CHANGES: reads until the text has changed CHANGES times; returns how many texts were torn
     std::string Follow(const Fields& fields) {
         const ULONGLONG end = GetTickCount64() + 60'000;
         std::optional<std::string> last = Text(fields[1]);
@@ -150,7 +151,7 @@ class PeerProcess {
         return "locked";
     }
 
-    // Leaves the state of a process that was killed while it added a record.
+    // Leaves the memory as a process does that was killed while it added a record.
     std::string WriteHalf(const Fields& fields) {
         LockOnly(fields);
         const std::uint32_t space = memory_->Load(Word::kGeneration) % 2;

@@ -1,4 +1,4 @@
-// A kernel library loaded from a given file, with its functions as the suite's modules call them.
+// Loads a kernel library from a given file and declares its functions as the suite's modules call them.
 #pragma once
 
 #include <stdexcept>

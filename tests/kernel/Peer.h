@@ -1,4 +1,5 @@
-// A second process that uses the development kernel, driven through pipes. KernelPeer.cpp has its commands.
+// Starts a second process that uses the development kernel, and sends commands to it through pipes. KernelPeer.cpp
+// describes the commands.
 #pragma once
 
 #include <string>
@@ -7,16 +8,16 @@
 
 namespace tests::kernel {
 
-/// The development kernel's folder.
+/// Returns the development kernel's folder.
 runtime::String KernelFolder();
 
-/// Every wait is bounded. The reply is "no answer" if the time runs out.
+/// A second process. Every wait for the process has a time limit. When the time is over, the reply is "no answer".
 class Peer {
  public:
     Peer();
     Peer(const Peer&) = delete;
     Peer& operator=(const Peer&) = delete;
-    /// Ends the process normally, unless it has ended already.
+    /// Ends the process normally if it still runs.
     ~Peer();
 
     /// Sends `command`, whose fields are separated by tabs, and returns the reply.
@@ -25,7 +26,7 @@ class Peer {
     std::string Answer();
     /// Makes the process terminate itself.
     void Die();
-    /// Kills the process at any point of its work.
+    /// Kills the process, whatever it is doing.
     void Kill();
 
  private:

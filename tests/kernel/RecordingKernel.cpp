@@ -1,4 +1,4 @@
-// A kernel library that records its calls and changes the value buffer as the key says.
+// A kernel library that records its calls. The key of a call determines how the library changes the value buffer.
 #include <cctype>
 #include <cstring>
 #include <string>
@@ -46,7 +46,7 @@ long __stdcall O_GetName(long handle) {
     return 0x5678;
 }
 
-/// The calls since the library was loaded, one per line.
+/// Returns the calls since the library was loaded. Each call is one line.
 const char* __stdcall Recorded() {
     return Record().c_str();
 }

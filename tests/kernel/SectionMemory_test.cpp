@@ -24,7 +24,7 @@ std::string Text(const SectionMemory& memory, std::uint32_t space, std::uint32_t
     return text;
 }
 
-/// One memory with two users, as in two processes.
+/// Two objects that use one section, as two processes do.
 class SectionMemoryOfTwo : public testing::Test {
  protected:
     SectionMemory one_{OwnName(u"SectionMemoryOfTwo"), kCapacity};
@@ -54,7 +54,7 @@ TEST_F(SectionMemoryOfTwo, Spaces_AreSeparate) {
     EXPECT_EQ(Text(two_, 0, kCapacity - 1, 1), "a");
 }
 
-TEST_F(SectionMemoryOfTwo, ViewsGrowOrEnd_BytesStay) {
+TEST_F(SectionMemoryOfTwo, ViewsGrowOrEnd_BytesDoNotChange) {
     ASSERT_TRUE(one_.View(0, 5));
     one_.Write(0, 0, "first", 5);
     for (const std::uint32_t size : {64u * 1024, 64u * 1024 + 1, kCapacity}) {
@@ -92,7 +92,7 @@ TEST(SectionMemory, LockIsHeld_OnlyTheFirstWaitIsLong) {
     }).join();
 }
 
-TEST(SectionMemory, NameOfAnotherKindOfObject_IsRefused) {
+TEST(SectionMemory, NameOfAnObjectOfAnotherKind_IsRefused) {
     const String name = OwnName(u"SectionMemoryTaken");
     const KernelHandle event(CreateEventW(nullptr, TRUE, FALSE, Wide(name)));
     EXPECT_THROW(SectionMemory(name, kCapacity), StoreError);

@@ -28,7 +28,7 @@ TEST(InMemoryKernel, SetString_IsReturned) {
     EXPECT_THAT(kernel.Kept(u"INITBP"), Optional(String(u"INIT")));
 }
 
-TEST(InMemoryKernel, EmptyString_DiffersFromNone) {
+TEST(InMemoryKernel, EmptyString_DiffersFromMissingString) {
     InMemoryKernel kernel;
     kernel.Put(u"K4TBACKPROCESS", u"");
     EXPECT_STREQ(At(kernel.E_GetString(u"K4TBACKPROCESS")), "");
@@ -48,7 +48,7 @@ TEST(InMemoryKernel, EveryCall_IsLoggedInOrder) {
     EXPECT_THAT(kernel.Log(), ElementsAre());
 }
 
-TEST(InMemoryKernel, Text_IsLatin1UpToTheFirstNul) {
+TEST(InMemoryKernel, Text_IsPassedInLatin1UpToTheFirstNul) {
     InMemoryKernel kernel;
     String value(u"\u00FF\u0100\0rest", 7);
     kernel.E_SetString(String(u"key\0more", 8), value);
@@ -56,7 +56,7 @@ TEST(InMemoryKernel, Text_IsLatin1UpToTheFirstNul) {
     EXPECT_STREQ(At(kernel.E_GetString(u"key")), "\xFF?");
 }
 
-TEST(InMemoryKernel, O_GetName_NamesOnlyTheOpenDesign) {
+TEST(InMemoryKernel, O_GetName_ReturnsOnlyTheOpenDesignsName) {
     InMemoryKernel kernel;
     EXPECT_EQ(kernel.O_GetName(1), 0);
     kernel.Put(u"DESIGN_NAME", u"amplifier");
@@ -67,7 +67,7 @@ TEST(InMemoryKernel, O_GetName_NamesOnlyTheOpenDesign) {
     EXPECT_STREQ(At(kernel.O_GetName(2)), "amplifier");
 }
 
-TEST(InMemoryKernel, Address_StaysValidUntilTheKeyIsReadAgain) {
+TEST(InMemoryKernel, Address_StaysValidUntilTheSameKeyIsReadAgain) {
     InMemoryKernel kernel;
     kernel.Put(u"DESIGN_NAME", u"old");
     const char* text = At(kernel.E_GetString(u"DESIGN_NAME"));
