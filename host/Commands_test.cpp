@@ -1,5 +1,5 @@
-// Commands from clients, through the service object to the main form: their effects in every state of the component.
-// Also the help that the main form's unload closes.
+// Tests commands that clients pass through the service object to the main form. Checks the effect of each command in
+// many states of the component. Also tests the help that the main form's unload closes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -40,7 +40,7 @@ class InterruptedMessageBox : public runtime::MessageBoxPort {
     std::function<void()> onNextMessage;
 };
 
-/// One instance, which records its events. Tests may load a dialog.
+/// An instance that records its events. Tests may load a dialog.
 template <typename Base>
 class CommandsOver : public Base {
  protected:
@@ -125,7 +125,7 @@ TEST_F(Commands, ExDuringTheLoad_FormIsUnloaded) {
     EXPECT_THAT(box_.prompts, IsEmpty());
 }
 
-TEST_F(Commands, ExWhileADialogRefuses_DialogStaysLoaded) {
+TEST_F(Commands, ExWhileADialogRefusesToUnload_DialogStaysLoaded) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     dialog_.refusesUnload = true;
@@ -282,14 +282,14 @@ TEST_F(LanguageCommands, LzDoesNotChangeThePublishedRecord) {
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), record);
 }
 
-TEST_F(LanguageCommands, LzLoadsTheForm_ItIsPublishedInTheNewLanguage) {
+TEST_F(LanguageCommands, LzLoadsTheForm_StateIsPublishedInTheNewLanguage) {
     CaptionAfterLz(u"C:\\de");
     Notify(u"All,EX");
     CaptionAfterLz(u"C:\\en");
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"Background, 0, 0, 0, 0");
 }
 
-TEST_F(LanguageCommands, KernelsFolderChangesAfterLz_TextsStay) {
+TEST_F(LanguageCommands, KernelsFolderChangesAfterLz_TextsStayUnchanged) {
     CaptionAfterLz(u"C:\\de");
     kernel_.Put(u"LANGUAGEPATH", u"C:\\en");
     EXPECT_EQ(services::GetLocalText(u"", u"561"), u"Hintergrund");
@@ -303,7 +303,7 @@ TEST_F(LanguageCommands, LzWithAnEarlierInstance_ShowsNoMessage) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(LanguageCommands, LzLoadFails_AllFormsUnloadedWithoutAMessage) {
+TEST_F(LanguageCommands, LzLoadFails_AllFormsAreUnloadedWithoutAMessage) {
     kernel_.FailOn("E_GetString(AllAps)", Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(ErrorOfNotifying(u"All,LZ"), 0);
     EXPECT_THAT(box_.prompts, IsEmpty());
@@ -413,7 +413,7 @@ TEST_F(CommandsInMemory, LzReadsTheFolderBeforeItChoosesTheFont) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(CommandsInMemory, LzFontCannotBeRead_ErrorIsShownAndFormsUnloaded) {
+TEST_F(CommandsInMemory, LzFontCannotBeRead_ErrorIsShownAndFormsAreUnloaded) {
     form_.EnsureLoaded();
     memory_.fonts.installed.clear();
     memory_.fonts.failsFaceName = true;
@@ -428,7 +428,7 @@ class StayingMainForm : public frmBackProcessMain {
     StayingMainForm() { staysLoaded_ = true; }
 };
 
-TEST_F(CommandsInMemory, FormIsToStay_ExLeavesItLoadedButAnErrorDoesNot) {
+TEST_F(CommandsInMemory, FormStaysLoaded_ExUnloadsNothingButAnErrorUnloads) {
     StayingMainForm staying;
     staying.EnsureLoaded();
     staying.AP_ExeCmd(u"All,EX");
@@ -440,7 +440,7 @@ TEST_F(CommandsInMemory, FormIsToStay_ExLeavesItLoadedButAnErrorDoesNot) {
 
 using Help = CommandsOver<tests::ComponentTest>;
 
-TEST_F(Help, OpenedForATopic_UnloadClosesItOnce) {
+TEST_F(Help, OpenedForATopic_UnloadClosesTheHelpOnce) {
     std::int16_t wanted = -1;
     form_.EnsureLoaded();
     services::ShowHelpTopic(u"", 0, wanted);

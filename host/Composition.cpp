@@ -14,7 +14,7 @@
 namespace host {
 namespace {
 
-/// Runs no events, so that no form is loaded again.
+/// Unloads all forms. Runs no events, because an event could load a form again.
 void UnloadForms() {
     while (runtime::Form* const last = runtime::LoadedForms().LastToUnload()) {
         runtime::IgnoreErrors([last] { last->Unload(); });

@@ -1,5 +1,6 @@
-// Composes the component and owns its process-wide parts. The DLL, the tool and the tests' fixtures each make one
-// Composition with their own ports and kernel. Home thread only, except LoadedWindowCount and AbandonForms.
+// Composes the component and owns its process-wide parts. The DLL, the tool and the fixtures of the tests each make one
+// Composition with their own ports and kernel. Use it only on the home thread. Exceptions: LoadedWindowCount and
+// AbandonForms.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +21,7 @@ class Composition {
     Composition(const runtime::Ports& ports, kernel_api::Kernel& kernel);
     Composition(const Composition&) = delete;
     Composition& operator=(const Composition&) = delete;
-    /// Unloads the remaining forms and ignores errors.
+    /// Unloads all loaded forms and ignores errors.
     ~Composition();
 
     kernel_api::builtin::BuiltInReader& Reader() { return reader_; }
@@ -32,15 +33,16 @@ class Composition {
     services::ProcessValues values_;
 };
 
-/// The process's main form. The first call creates the form, but does not load it.
+/// Returns the process's main form. The first call creates the form, but does not load it.
 frmBackProcessMain& MainForm();
 bool MainFormExists();
 
-/// The number of loaded forms. While it is not 0, the component must stay in memory. Any thread may call.
+/// Returns the number of loaded forms. The component must stay in memory until the number is 0. Any thread may call.
 std::size_t LoadedWindowCount();
 
-/// Called by the thread that notices that the forms' thread has ended or is no longer the home. Afterwards no form is
-/// loaded and no question is open. Another thread may load the main form; the next question makes a new dialog.
+/// Abandons all forms. The caller is the thread that notices that the forms' thread has ended or is no longer the home.
+/// Afterwards no form is loaded and no question is open. Another thread may load the main form. The next question makes
+/// a new dialog.
 void AbandonForms();
 
 }  // namespace host

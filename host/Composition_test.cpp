@@ -52,7 +52,7 @@ class AbandoningForms : public tests::HeadlessComponentTest {
     tests::HandledForm second_{u"second"};
 };
 
-TEST_F(AbandoningForms, FormsAreLoaded_AllAreGivenUpWithoutHandlers) {
+TEST_F(AbandoningForms, FormsAreLoaded_AllAreAbandonedWithoutHandlers) {
     first_.EnsureLoaded();
     second_.EnsureLoaded();
     second_.refusesQuery = true;
@@ -63,7 +63,7 @@ TEST_F(AbandoningForms, FormsAreLoaded_AllAreGivenUpWithoutHandlers) {
     EXPECT_THAT(second_.log, ElementsAre("load"));
 }
 
-TEST_F(AbandoningForms, MainFormIsLoaded_CanBeLoadedAgain) {
+TEST_F(AbandoningForms, MainFormIsAbandoned_CanBeLoadedAgain) {
     int events = 0;
     const auto connection = MainForm().NotifyClass().Connect([&](String&, String&) { ++events; });
     MainForm().EnsureLoaded();
@@ -75,7 +75,7 @@ TEST_F(AbandoningForms, MainFormIsLoaded_CanBeLoadedAgain) {
     EXPECT_EQ(LoadedWindowCount(), 1u);
 }
 
-/// Calls `ask`, which asks with the process's shared dialog, and abandons the forms while that question is open.
+/// Calls `ask`, which opens a question in the process's shared dialog. Abandons the forms while the question is open.
 template <typename Dialog>
 void AbandonWhileAsking(runtime::headless::MemoryWindows& windows, const std::function<void()>& ask) {
     std::unique_ptr<Dialog> asking;

@@ -18,7 +18,7 @@ constexpr StringView kSystemFolderPrefix = u"/sys:";
 constexpr std::size_t kMaxPieces = 2;
 constexpr char16_t kQuote = u'"';
 
-/// The parts of `commandLine` between double quotes, trimmed, without empty parts.
+/// Returns the parts of `commandLine` between double quotes. Trims the parts and omits empty parts.
 std::vector<String> SplitAtQuotes(StringView commandLine) {
     std::vector<String> pieces;
     for (std::size_t start = 0; start <= commandLine.size();) {
@@ -36,7 +36,7 @@ bool IsUsable(String folder) {
     return result == 0;
 }
 
-/// Whether `piece`, as a search pattern, ends with the name of its first match. Letter case is ignored.
+/// Uses `piece` as a search pattern. True if `piece` ends with the name of the first match. Ignores letter case.
 bool NamesAFile(const String& piece) {
     runtime::LocalePort& locale = runtime::CurrentPorts().locale;
     const String found = runtime::CurrentPorts().files.FirstMatch(piece);

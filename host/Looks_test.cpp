@@ -1,4 +1,5 @@
-// Each operation checks the files of settings and texts once, and the next operation sees what has changed.
+// Each operation checks once whether the files of settings and texts have changed. The next operation uses the changed
+// files.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,7 +21,7 @@ class Looks : public tests::HeadlessComponentTest {
         Translate("561 = eins\nLOC = eins\n");
     }
     void Translate(std::string_view texts) { memory_.files.AddFile(u"C:\\de\\K4TBackProcess.txt", texts); }
-    /// How often `action` asks for the stamp of the file `name`.
+    /// Returns how often `action` checks the stamp of the file `name`.
     template <typename Action>
     std::ptrdiff_t At(StringView name, Action&& action) {
         memory_.files.ClearLog();
@@ -38,11 +39,11 @@ class Looks : public tests::HeadlessComponentTest {
     }
 };
 
-TEST_F(Looks, Creation_LooksForTheSettingsOnce) {
+TEST_F(Looks, Creation_ChecksTheSettingsOnce) {
     EXPECT_EQ(At(u"MARLENTO.INI", [] { Make(); }), 1);
 }
 
-TEST_F(Looks, SettingsChangeBetweenCreations_NextOneSeesThem) {
+TEST_F(Looks, SettingsChangeBetweenCreations_NextCreationReadsThem) {
     Make();
     EXPECT_EQ(services::Values().version, u"?");
     memory_.settings.Save(u"Marlento", u"Settings", u"Ver", u"7");
@@ -53,11 +54,11 @@ TEST_F(Looks, SettingsChangeBetweenCreations_NextOneSeesThem) {
     EXPECT_EQ(services::Values().version, u"8");
 }
 
-TEST_F(Looks, LoadOfTheForm_LooksForTextsOnce) {
+TEST_F(Looks, LoadOfTheForm_ChecksTheTextsOnce) {
     EXPECT_EQ(AtTexts([] { MainForm().EnsureLoaded(); }), 1);
 }
 
-TEST_F(Looks, TextsChangeBetweenCommands_NextOneSeesThem) {
+TEST_F(Looks, TextsChangeBetweenCommands_NextCommandReadsThem) {
     frmBackProcessMain& form = MainForm();
     EXPECT_EQ(AtTexts([&] { form.AP_ExeCmd(u"All,LZ"); }), 2);  // the form's load, then the command
     EXPECT_EQ(AtTexts([&] { form.AP_ExeCmd(u"All,LZ"); }), 1);
@@ -67,7 +68,7 @@ TEST_F(Looks, TextsChangeBetweenCommands_NextOneSeesThem) {
     EXPECT_EQ(form.Caption(), u"zwei");
 }
 
-TEST_F(Looks, MessageOfTwoTexts_LooksOnce) {
+TEST_F(Looks, MessageOfTwoTexts_ChecksOnce) {
     memory_.messageBox.answers = {1, 1};
     std::int32_t number = 101;
     EXPECT_EQ(AtTexts([&] { services::ShowError(number, u"R1"); }), 1);
@@ -76,7 +77,7 @@ TEST_F(Looks, MessageOfTwoTexts_LooksOnce) {
     EXPECT_EQ(memory_.messageBox.shown.at(1).prompt, u"TeilR1 ist da");
 }
 
-TEST_F(Looks, SingleTexts_AreEachLookedFor) {
+TEST_F(Looks, SingleTexts_CheckOnceForEachText) {
     const auto twice = [] {
         services::GetLocalText(u"", u"561");
         services::GetLocalText(u"", u"561");

@@ -1,4 +1,4 @@
-// The main form together with other forms and with failures: the order of its shutdown, the loops that unload all
+// Tests the main form together with other forms, and with errors: the order of its shutdown, the loops that unload all
 // forms, and loads that fail.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -86,7 +86,7 @@ TEST_F(Shutdown, StartedInADialogsUnload_Completes) {
     EXPECT_THAT(received_, ElementsAre("SHUTDOWN"));
 }
 
-TEST_F(Shutdown, DialogRefusesToUnload_ItStaysLoaded) {
+TEST_F(Shutdown, DialogRefusesToUnload_DialogStaysLoaded) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     dialog_.refusesUnload = true;
@@ -99,8 +99,8 @@ TEST_F(Shutdown, DialogRefusesToUnload_ItStaysLoaded) {
 
 using ShutdownInMemory = MainFormBesideOver<tests::HeadlessComponentTest>;
 
-// The second dialog is always the last form, so each round unloads it, and a posted event loads it again. The first
-// dialog keeps the loop running.
+// The second dialog is always the last form. Each round unloads the second dialog, and a posted event loads it again.
+// The first dialog keeps the loop running.
 TEST_F(ShutdownInMemory, DialogIsReloadedAfterEachUnload_LoopEnds) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
@@ -157,7 +157,7 @@ TEST_F(FailingLoad, StartedInADialogsUnload_Completes) {
     EXPECT_THAT(second_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(FailingLoad, DialogRefusesToUnload_ItStaysLoaded) {
+TEST_F(FailingLoad, DialogRefusesToUnload_DialogStaysLoaded) {
     dialog_.EnsureLoaded();
     dialog_.refusesQuery = true;
     FailLoads();
@@ -187,10 +187,10 @@ TEST_F(FailingLoadInMemory, PendingEventLoadsAForm_FormIsUnloaded) {
     EXPECT_THAT(dialog_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(FailingLoadInMemory, DialogRefused_IsTriedAgainAfterAnotherUnload) {
+TEST_F(FailingLoadInMemory, DialogRefusesToUnload_IsAskedAgainLater) {
     dialog_.EnsureLoaded();
     dialog_.refusesQuery = true;
-    // The main form's own unload makes the first query, the loop over all forms the second.
+    // The main form's own unload makes the first query. The loop over all forms makes the second query.
     int queries = 0;
     dialog_.onQueryUnload = [&] {
         if (++queries == 2) memory_.windows.Post([&] { second_.EnsureLoaded(); });
@@ -211,7 +211,7 @@ TEST_F(FailingLoadInMemory, PendingEventFails_ErrorIsHidden) {
 
 using MainFormTexts = MainFormBesideOver<tests::HeadlessComponentTest>;
 
-TEST_F(MainFormTexts, AreLookedUpByTheirIdentifiers) {
+TEST_F(MainFormTexts, CaptionsAreLookedUpByTheirIdentifiers) {
     tests::RecordingReader recording(reader_);
     const tests::ReaderInUse inUse(recording);
     form_.EnsureLoaded();

@@ -1,5 +1,5 @@
-// Watches the component from outside: its forms, errors that never reach a client, and how each client takes an event.
-// There is one at most, chosen by the composition.
+// The interface of an object that observes the component: its forms, errors that never reach a client, and the result
+// of each event sink. The composition chooses at most one observer.
 #pragma once
 
 #include <cstdint>
@@ -10,17 +10,18 @@
 
 namespace host {
 
-/// Called on the home thread. None of the functions may throw.
+/// The component calls the functions on the home thread. The functions must not throw.
 class Observer : public runtime::FormObserver {
  public:
-    /// The main form's load has failed and unloads all forms; the error is not passed on.
+    /// The main form's load has failed. All forms will be unloaded. The error does not reach the caller of the load.
     virtual void LoadShutDown(const std::exception& error) noexcept = 0;
-    /// A command has failed. Its error was reported, unless it is a silent one, and all forms were unloaded.
+    /// A command has failed, and all forms were unloaded. The error was reported to the user, unless it is a silent
+    /// error.
     virtual void CommandFailed(const std::exception_ptr& error) noexcept = 0;
-    /// A client's sink is called with an event; `connection` is its cookie at the instance.
+    /// The component calls a client's sink with an event. `connection` is the sink's cookie at its instance.
     virtual void SinkCalled(std::uint32_t connection, runtime::StringView Aname,
                             runtime::StringView sCommand) noexcept = 0;
-    /// The last sink that was called and has not answered yet answers with this HRESULT.
+    /// A sink has returned `result`. The sink is the last called sink that had not returned.
     virtual void SinkAnswered(std::uint32_t connection, std::uint32_t result) noexcept = 0;
 };
 
@@ -28,11 +29,11 @@ namespace detail {
 inline Observer* observer = nullptr;
 }
 
-/// Null when nothing watches.
+/// Returns the observer; null if there is none.
 inline Observer* CurrentObserver() noexcept {
     return detail::observer;
 }
-/// Chooses it, for the forms too; null takes the choice back. The caller keeps ownership.
+/// Makes `observer` the observer of the component and its forms. Null removes the observer. The caller keeps ownership.
 inline void UseObserver(Observer* observer) noexcept {
     detail::observer = observer;
     runtime::UseFormObserver(observer);

@@ -18,7 +18,7 @@ String UseOf(const runtime::ControlDesign& control, const String& form) {
     return use.append(u" of ").append(form);
 }
 
-/// Adds the captions of the form and its controls that have a tag. The form's load translates them.
+/// Adds the captions of the form and its controls that have a tag. These captions are translated when the form loads.
 void AppendTags(std::vector<CatalogueText>& texts, const runtime::Form& form, runtime::StringView formDefault = {}) {
     const runtime::FormDesign& design = form.Design();
     if (!design.tag.empty()) {
@@ -33,7 +33,7 @@ void AppendTags(std::vector<CatalogueText>& texts, const runtime::Form& form, ru
     }
 }
 
-/// Marks the texts that can become the main form's caption, because the published state contains it unquoted.
+/// Marks the texts that can become the main form's caption, because the published state contains the caption unquoted.
 void MarkPublished(std::vector<CatalogueText>& texts) {
     const String tag = frmBackProcessMain().Design().tag;
     for (CatalogueText& text : texts) text.isPublished = text.id == services::kApplicationCaption.id || text.id == tag;
@@ -46,7 +46,8 @@ std::vector<CatalogueText> TextCatalogue() {
     for (const services::LocalText& text : services::CodeTexts()) {
         texts.push_back({String(text.id), String(text.defaultText), String(text.use), {}});
     }
-    // The default is not the design's caption, because the main form's load replaces it before the tag is looked up.
+    // Do not use the design's caption as the default, because the main form's load replaces that caption before it
+    // looks up the tag.
     AppendTags(texts, frmBackProcessMain(), services::kApplicationCaption.defaultText);
     AppendTags(texts, dialogs::frmQMXMsgBox());
     AppendTags(texts, dialogs::Qmxquery());

@@ -1,5 +1,5 @@
-// The list of all texts that the component looks up in the suite's reader. A language file translates these texts. The
-// list is made from the tables of the services and the designs of the forms, so that it is complete.
+// Lists all texts that the component looks up in the suite's reader. A language file translates these texts. The list
+// is complete, because the code builds it from the tables of the services and the designs of the forms.
 #pragma once
 
 #include <vector>
@@ -10,15 +10,16 @@
 namespace host {
 
 struct CatalogueText {
-    runtime::String id;  ///< exactly as it is looked up, with blanks
+    runtime::String id;  ///< the exact identifier, including blanks
     runtime::String defaultText;
     runtime::String use;             ///< where the text is shown, for translators
-    runtime::String dialog;          ///< for a control's caption, the form whose access keys it shares; else empty
+    runtime::String dialog;          ///< for a control's caption, the form that contains the control; else empty
     runtime::Twips buttonWidth = 0;  ///< width of the button that shows the text; 0 for other texts
-    bool isPublished = false;        ///< part of this module's published state, where it is an unquoted comma field
+    bool isPublished = false;        ///< true if the published state of this module contains the text, unquoted
 };
 
-/// All texts. An identifier with several defaults is listed once for each default. No form is loaded.
+/// Returns all texts. If an identifier has several defaults, the list contains an entry for each default. Loads no
+/// form.
 std::vector<CatalogueText> TextCatalogue();
 
 }  // namespace host

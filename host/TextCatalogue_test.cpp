@@ -27,7 +27,7 @@ bool Lists(const std::vector<CatalogueText>& catalogue, const String& defaultTex
         catalogue, [&](const CatalogueText& text) { return text.id == id && text.defaultText == defaultText; });
 }
 
-/// Runs all code that looks up texts, with English as the language.
+/// Runs all code that looks up texts. The language is English.
 class AskedTexts : public tests::HeadlessComponentTest {
  protected:
     AskedTexts() {
@@ -52,7 +52,7 @@ class AskedTexts : public tests::HeadlessComponentTest {
     const tests::ReaderInUse inUse_{recording_};
 };
 
-TEST_F(AskedTexts, AreAllListed) {
+TEST_F(AskedTexts, EachTextIsInTheCatalogue) {
     const auto catalogue = TextCatalogue();
     EXPECT_GE(recording_.Asked().size(), 19u);
     for (const auto& [defaultText, id] : recording_.Asked()) {
@@ -61,14 +61,14 @@ TEST_F(AskedTexts, AreAllListed) {
     }
 }
 
-TEST_F(AskedTexts, TextsOfTheCodeAreAllLookedUp) {
+TEST_F(AskedTexts, EachTextOfTheCodeIsLookedUp) {
     for (const services::LocalText& text : services::CodeTexts()) {
         const tests::RecordingReader::AskedText expected(text.defaultText, text.id);
         EXPECT_THAT(recording_.Asked(), testing::Contains(expected)) << runtime::ToUtf8(text.id);
     }
 }
 
-TEST_F(AskedTexts, TextsOfTheFormsAreAllLookedUp) {
+TEST_F(AskedTexts, EachTextOfTheFormsIsLookedUp) {
     for (const CatalogueText& text : TextCatalogue()) {
         if (text.dialog.empty() && text.id != u"561") continue;
         const tests::RecordingReader::AskedText expected(text.defaultText, text.id);
@@ -76,7 +76,7 @@ TEST_F(AskedTexts, TextsOfTheFormsAreAllLookedUp) {
     }
 }
 
-TEST(TextCatalogue, ListsEachTextWithItsUse) {
+TEST(TextCatalogue, ListsEachTextWithIdentifierDefaultAndUse) {
     std::vector<std::string> lines;
     for (const CatalogueText& text : TextCatalogue()) {
         lines.push_back(runtime::ToUtf8(text.id + u"|" + text.defaultText + u"|" + text.use + u"|" + text.dialog));
@@ -111,7 +111,7 @@ TEST(TextCatalogue, MarksTheCaptionsOfThePublishedState) {
     EXPECT_THAT(published, testing::ElementsAre(u"561", u"LOC"));
 }
 
-TEST_F(AskedTexts, ListIsMadeWithoutLoadingAForm) {
+TEST_F(AskedTexts, TextCatalogue_LoadsNoForm) {
     MainForm().Unload();
     TextCatalogue();
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);

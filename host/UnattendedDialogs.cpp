@@ -22,8 +22,8 @@ struct Answer {
 
 constexpr Answer kCancel{2, u"Cancel"};
 
-/// The answers, by the style's set of buttons. A box without Cancel gets the answer that changes least, because Escape
-/// does not close it.
+/// The answers for the sets of buttons. Escape does not close a box without Cancel, so its answer is the button that
+/// changes the least.
 constexpr std::array kSystemBoxAnswers = {
     Answer{1, u"OK"},     // OK
     kCancel,              // OK, Cancel
@@ -43,7 +43,7 @@ String OneLine(StringView text) {
     return line;
 }
 
-/// Throws the errors that the query dialog throws for the same arguments.
+/// Throws the error that the query dialog throws for the same arguments.
 void CheckQuestion(const std::vector<String>& values, std::int32_t kind, std::int32_t index) {
     if (values.empty()) {
         throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange,

@@ -1,6 +1,6 @@
-// Replaces the dialogs in a run without a user. Each message and question is answered at once, with the answer of the
-// Escape key, and no dialog is shown. The composition uses this class if an environment variable requests it. Home
-// thread only.
+// Replaces the dialogs in a run without a user. Answers each message and question at once, as if the user pressed
+// Escape, and shows no dialog. The composition uses this class if an environment variable requests a run without a
+// user. Use it only on the home thread.
 #pragma once
 
 #include <cstdint>
@@ -15,16 +15,17 @@ namespace host {
 
 class UnattendedDialogs : public runtime::MessageBoxPort {
  public:
-    /// Receives one line, without a line end, for each answer.
+    /// Receives one line for each answered dialog. The line has no line end.
     using Report = std::function<void(const runtime::String& line)>;
 
     explicit UnattendedDialogs(Report report) : report_(std::move(report)) {}
 
-    /// Replaces the suite's dialogs of the process, which must be composed. This object must outlive the composition.
+    /// Replaces the suite's dialogs of the process. The process must be composed before. This object must outlive the
+    /// composition.
     void ReplaceSuiteDialogs();
 
-    /// Replaces the system's message box. The answer is Cancel if the box has that button, else OK, No or Abort. Error
-    /// 5 for a set of buttons that no box has.
+    /// Replaces the system's message box. Answers Cancel if the box has a Cancel button, otherwise OK, No or Abort.
+    /// Raises error 5 if `flags` select a set of buttons that does not exist.
     std::int32_t Show(runtime::StringView prompt, std::int32_t flags, runtime::StringView title,
                       const runtime::MessageHelp& help) override;
 

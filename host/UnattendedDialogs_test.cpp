@@ -27,7 +27,7 @@ using tests::ErrorOf;
 
 constexpr int kRefused = 1000;
 
-/// A process that is composed for a run without a user. The window system refuses every window.
+/// A process that is composed for a run without a user. The window system fails to make any window.
 class UnattendedRun : public tests::HeadlessTest {
  protected:
     UnattendedRun() {
@@ -46,8 +46,9 @@ class UnattendedRun : public tests::HeadlessTest {
     Composition composition_{unattendedPorts_, kernel_};
 };
 
-TEST_F(UnattendedRun, SystemBox_AnswersAsEscape) {
-    // OK; OK/Cancel; Abort/Retry/Ignore; Yes/No/Cancel; Yes/No; Retry/Cancel; Cancel/Try Again/Continue
+TEST_F(UnattendedRun, SystemBox_IsAnsweredAsEscape) {
+    // Sets of buttons: OK; OK/Cancel; Abort/Retry/Ignore; Yes/No/Cancel; Yes/No; Retry/Cancel; Cancel/Try
+    // Again/Continue.
     const std::vector<std::int32_t> answers = {1, 2, 3, 2, 7, 2, 2};
     for (std::int32_t buttons = 0; buttons < 7; ++buttons) {
         const auto answer = answers[static_cast<std::size_t>(buttons)];
@@ -59,12 +60,12 @@ TEST_F(UnattendedRun, SystemBox_AnswersAsEscape) {
     EXPECT_EQ(lines_.size(), 7U * 6);
 }
 
-TEST_F(UnattendedRun, UnknownButtons_AreError5) {
+TEST_F(UnattendedRun, UnknownSetOfButtons_IsError5) {
     EXPECT_EQ(ErrorOf([] { ShowMessage(u"Overwrite?", 7, u"T"); }), runtime::kInvalidProcedureCall);
     EXPECT_THAT(lines_, IsEmpty());
 }
 
-TEST_F(UnattendedRun, SuiteBox_AnswersCancel) {
+TEST_F(UnattendedRun, SuiteBox_IsAnsweredCancel) {
     for (const std::int32_t first : {0, 0x100, 0x200, 0x300}) {
         EXPECT_EQ(ShowMessage(u"Overwrite?", services::kSuiteBox | first | 4, u"T"), 2);
     }
@@ -105,12 +106,12 @@ TEST_F(UnattendedRun, ErrorReport_IsAnsweredOk) {
                 ElementsAre(testing::HasSubstr("answered with OK: title=[ -  ()] prompt=[Can't save project x]")));
 }
 
-TEST_F(UnattendedRun, TextWithLineBreaks_GivesOneLine) {
+TEST_F(UnattendedRun, TextWithLineBreaks_IsReportedOnOneLine) {
     ShowMessage(String(u"a\r\nb\tc\0d", 8), 0, u"T\n");
     EXPECT_THAT(lines_, ElementsAre(testing::EndsWith("title=[T ] prompt=[a  b c d]")));
 }
 
-TEST_F(UnattendedRun, SystemFolderIsNotThere_StartsWithTheDefault) {
+TEST_F(UnattendedRun, SystemFolderIsMissing_DefaultFolderIsUsed) {
     memory_.process.SetCommandLine(u"/sys:C:\\nowhere");
     clsQmxBackProcess object([](String&, String&) {});
     EXPECT_EQ(object.SystemFolder(), u"C:\\Pelorix\\sys\\");

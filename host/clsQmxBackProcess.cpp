@@ -128,7 +128,7 @@ void clsQmxBackProcess::Terminate() {
     runtime::FirstError error;
     error.Run([this] { link_->form.Unload(); });
     link_.reset();
-    // Publish this after an error, too, because the suite must not regard this process as running.
+    // Publish this after an error as well, because the suite must not regard this process as running.
     error.Run([] { SetKernelString(u"INITBP", u"TERM"); });
     error.Rethrow();
 }

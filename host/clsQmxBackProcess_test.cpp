@@ -1,4 +1,4 @@
-// The service object: creation, command line, Load, events and destruction.
+// Tests the service object: creation, command line, Load, events and destruction.
 #include "host/clsQmxBackProcess.h"
 
 #include <gmock/gmock.h>
@@ -20,7 +20,7 @@ using services::Values;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// Terminates and then destroys an instance, as owners must. If Terminate may fail, the test calls it first.
+/// Terminates and then destroys an instance, as an owner must. If Terminate may fail, the test calls Terminate first.
 struct Terminating {
     void operator()(clsQmxBackProcess* object) const {
         EXPECT_EQ(tests::ErrorOf([object] { object->Terminate(); }), 0);
@@ -33,7 +33,7 @@ Instance MakeWith(NotifyServerEvent listener) {
     return Instance(new clsQmxBackProcess(std::move(listener)));
 }
 
-/// Makes instances numbered from 1. Each records its events in the form "1 MODULE|COMMAND".
+/// Makes instances numbered from 1. Each instance records its events in the form "1 MODULE|COMMAND".
 template <typename Base>
 class ServiceObjectOver : public Base {
  protected:
@@ -85,7 +85,7 @@ TEST_F(Diagnostics, InstanceHasEnded_IsError91) {
 
 using Creation = ServiceObjectOver<tests::HeadlessComponentTest>;
 
-TEST_F(Creation, MakesTheMainFormWithoutLoadingItAndSharesIt) {
+TEST_F(Creation, MakesOneSharedMainFormAndDoesNotLoadIt) {
     EXPECT_FALSE(MainFormExists());
     const auto first = Make();
     EXPECT_TRUE(MainFormExists());
@@ -135,7 +135,7 @@ TEST_F(Creation, ReadsSettingsFromTheIniFileOfTheSystemFolder) {
     EXPECT_EQ(Kept(u"JobDir"), u"E:\\work");
 }
 
-TEST_F(Creation, AnyKernelCallFails_CallerGetsErrorAndNoLinkStays) {
+TEST_F(Creation, AnyKernelCallFails_CallerGetsErrorAndLinkIsRemoved) {
     const auto calls = [this] {
         const auto object = Make();
         return kernel_.Log().size();
@@ -149,7 +149,7 @@ TEST_F(Creation, AnyKernelCallFails_CallerGetsErrorAndNoLinkStays) {
     EXPECT_THAT(received_, IsEmpty());
 }
 
-TEST_F(Creation, FailsHalfWay_EarlierStepsStayDone) {
+TEST_F(Creation, StepFails_EarlierStepsAreNotUndone) {
     kernel_.FailOn("E_SetString(LibDir", runtime::Error(runtime::kFileNotFound));
     EXPECT_EQ(tests::ErrorOf([&] { Make(); }), runtime::kFileNotFound);
     EXPECT_EQ(Kept(u"INITBP"), u"INIT");
@@ -166,7 +166,7 @@ class HostCommandLine : public Creation {
         memory_.process.SetCommandLine(commandLine);
         return Make();
     }
-    /// Creates an instance whose system folder is refused, and calls `look` just before the refusal is reported.
+    /// Creates an instance whose system folder is refused. Calls `look` just before the component reports the refusal.
     void LookWhileTheFolderIsRefused(const std::function<void()>& look) {
         tests::RecordingReader recording(reader_);
         const tests::ReaderInUse inUse(recording);
@@ -186,7 +186,7 @@ TEST_F(HostCommandLine, FolderIsRefused_EarlierStepsAreDone) {
     });
 }
 
-TEST_F(HostCommandLine, Empty_FolderIsBesideTheComponent) {
+TEST_F(HostCommandLine, Empty_FolderIsSysInTheComponentsFolder) {
     const auto object = MakeOn(u"");
     EXPECT_EQ(object->SystemFolder(), u"C:\\Pelorix\\sys\\");
     EXPECT_EQ(object->StartFile(), u"");
@@ -233,7 +233,7 @@ TEST_F(HostCommandLine, IsSplitAtQuotesAndNeverAtBlanks) {
     EXPECT_EQ(MakeOn(u"C:\\a b.sch /sys:d:")->StartFile(), u"");
 }
 
-TEST_F(HostCommandLine, TwoPiecesBothCountInEitherOrder) {
+TEST_F(HostCommandLine, TwoPieces_BothAreUsedInEitherOrder) {
     memory_.files.AddFile(u"C:\\a.sch");
     auto object = MakeOn(u"\"/sys:d:\" \"C:\\a.sch\"");
     EXPECT_EQ(object->SystemFolder(), u"d:\\");
@@ -243,14 +243,14 @@ TEST_F(HostCommandLine, TwoPiecesBothCountInEitherOrder) {
     EXPECT_EQ(object->StartFile(), u"C:\\a.sch");
 }
 
-TEST_F(HostCommandLine, TwoPiecesOfAKind_LaterOneCounts) {
+TEST_F(HostCommandLine, TwoPiecesOfAKind_LaterPieceIsUsed) {
     memory_.files.AddFile(u"C:\\a.sch");
     memory_.files.AddFile(u"C:\\b.sch");
     EXPECT_EQ(MakeOn(u"\"C:\\a.sch\"\"C:\\b.sch\"")->StartFile(), u"C:\\b.sch");
     EXPECT_EQ(MakeOn(u"\"/sys:d:\" \"/sys:e:\"")->SystemFolder(), u"e:\\");
 }
 
-TEST_F(HostCommandLine, LaterPieceIsRefused_EarlierOneCounts) {
+TEST_F(HostCommandLine, LaterPieceIsRefused_EarlierPieceIsUsed) {
     memory_.files.AddFile(u"C:\\a.sch");
     EXPECT_EQ(MakeOn(u"\"C:\\a.sch\" \"C:\\missing.sch\"")->StartFile(), u"C:\\a.sch");
     memory_.messageBox.answers = {1};
@@ -304,7 +304,7 @@ TEST_F(Loading, FormIsAlreadyLoaded_TrueWithoutASecondLoad) {
     EXPECT_THAT(kernel_.Log(), IsEmpty());
 }
 
-TEST_F(Loading, SavedPlacementIsThatOfTheNormalState) {
+TEST_F(Loading, SavedPlacement_IsThePlaceOfTheNormalState) {
     const Instance object = Make();
     Load(*object);
     ASSERT_EQ(MainForm().State(), runtime::WindowState::kMinimised);
@@ -395,7 +395,7 @@ TEST_F(Properties, SeverPath_IsEmptyAndClearsTheStoredValue) {
     EXPECT_EQ(object->SeverPath(), u"");
 }
 
-TEST_F(Properties, NotifyMeWithAnEmptyCommand_DoesNothing) {
+TEST_F(Properties, NotifyMe_EmptyCommand_DoesNothing) {
     const auto object = Make();
     object->Terminate();
     String name = u"X";
@@ -538,13 +538,13 @@ TEST_F(Destruction, SettingsRefused_CallerGetsErrorAfterTermIsPublished) {
 /// Actions of clients while they receive SHUTDOWN.
 class DuringShutdown : public Destruction {
  protected:
-    /// An instance whose client runs `then` at each event.
+    /// Makes an instance whose client runs `then` at each event.
     static Instance MakeThat(std::function<void()> then) {
         return MakeWith([then](String&, String&) { then(); });
     }
 };
 
-TEST_F(DuringShutdown, LoadDoesNotKeepTheForm) {
+TEST_F(DuringShutdown, LoadDuringShutdown_FormIsUnloaded) {
     Instance busy;
     int received = 0;
     busy = MakeThat([&] {

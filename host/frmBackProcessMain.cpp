@@ -55,7 +55,7 @@ void frmBackProcessMain::SetForm(runtime::Form& form) {
 }
 
 void frmBackProcessMain::Abandon() {
-    // The form may be loading or unloading and have no window.
+    // The form may have no window, because it is loading or unloading.
     AbandonWindow();
     interpreter_.AbandonOpenMessages();
     firstInstance_.reset();

@@ -1,6 +1,6 @@
-// The main form, a hidden window. It owns the process's window handle, its status line and its outgoing event, which
-// passes commands for other modules to all service objects. While the form is loaded, the suite knows this module. Its
-// unload sends "SHUTDOWN" to the clients. Home thread only, except Abandon.
+// The main form, a hidden window. It owns the process's window handle, its status line and its outgoing event. The
+// event passes commands for other modules to all service objects. The form's load publishes this module's state to the
+// suite. The form's unload sends "SHUTDOWN" to the clients. Use it only on the home thread. Exception: Abandon.
 #pragma once
 
 #include <memory>
@@ -26,23 +26,23 @@ class frmBackProcessMain : public runtime::Form {
 
     /// Centres `form` on the screen; see services::SetForm.
     static void SetForm(runtime::Form& form);
-    /// To be called when the form's thread has ended or is no longer the home thread. Gives up the window, the open
-    /// messages and the claim to be the first instance, without running a handler.
+    /// Abandons the window, the open messages and the claim to be the first instance. Runs no handler. Call it when the
+    /// form's thread has ended or is no longer the home thread.
     void Abandon();
     /// Shows `text` in the status line at once.
     void EditMsgLine(StringView text);
 
-    /// Carries out a command from another module. Loads the form only if the command needs it.
+    /// Carries out a command from another module. Loads the form only if the command requires it.
     void AP_ExeCmd(StringView command);
 
-    // Commands for other modules. Each function raises NotifyClass once before it returns. An error of a client reaches
-    // the caller.
+    // These functions send commands for other modules. Each function raises NotifyClass once before it returns. Errors
+    // of clients reach the caller.
 
-    /// Sends `command` to `module`, both unchanged.
+    /// Sends `command` to `module`. Both texts stay unchanged.
     void AP_SendCmd(String& module, String& command);
     /// Sends `command` with this module's name.
     void AP_SendCmdAll(String& command);
-    /// Asks `module` to start a program. `commandLine` is not quoted, so commas in it start further fields.
+    /// Asks `module` to start a program. Adds no quotes to `commandLine`, so a comma in it starts another field.
     void AP_Shell(String& module, std::int16_t mode, StringView commandLine);
 
  protected:

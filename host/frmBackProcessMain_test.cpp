@@ -1,4 +1,4 @@
-// The main form's load, unload, operations and events.
+// Tests the main form's load, unload, operations and events.
 #include "host/frmBackProcessMain.h"
 
 #include <gmock/gmock.h>
@@ -76,7 +76,7 @@ TEST_F(MainFormLoad, ReadsTheListThenPublishesTheState) {
     kernel_.Put(u"AllAps", u"EDITOR,K4TBACKPROCESS");
     form_.EnsureLoaded();
     EXPECT_EQ(routing::OwnModuleIndex(), 2);
-    // The reader gets the language folder for each lookup: two captions and the text of the form's tag.
+    // The reader asks for the language folder at each lookup: two captions and the text of the form's tag.
     EXPECT_THAT(kernel_.Log(),
                 ElementsAre("E_GetString(LANGUAGEPATH)", "E_GetString(LANGUAGEPATH)", "E_GetString(PRODUCT_NAME)",
                             "E_GetString(LANGUAGEPATH)", "E_GetString(AllAps)",
@@ -84,7 +84,7 @@ TEST_F(MainFormLoad, ReadsTheListThenPublishesTheState) {
     EXPECT_TRUE(received_.empty());
 }
 
-TEST_F(MainFormLoad, ChoosesTheFontAndGivesItToTheStatusLine) {
+TEST_F(MainFormLoad, ChoosesTheFontAndSetsItInTheStatusLine) {
     memory_.locale.systemLcid = 0x0411;
     form_.EnsureLoaded();
     EXPECT_EQ(Values().uiFont.size, 9);
@@ -102,7 +102,7 @@ TEST_F(MainFormInMemory, FontIsChosenWithTheFormsWindowAndContext) {
     EXPECT_THAT(memory_.fonts.log, ::testing::Contains(release).Times(1));
 }
 
-TEST_F(MainFormLoad, CaptionIsTheTextOfItsTag) {
+TEST_F(MainFormLoad, Caption_IsTheTextOfTheFormsTag) {
     kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
     memory_.files.AddFile(u"C:\\de\\K4TBackProcess.txt", "561 = Hintergrund\n");
     EXPECT_EQ(form_.Caption(), u"Hintergrund");
@@ -117,7 +117,7 @@ TEST_F(MainFormLoad, CentresAnyForm) {
     EXPECT_FALSE(form_.IsLoaded());
 }
 
-TEST_F(MainFormLoad, IsRepeatedAfterAnUnload) {
+TEST_F(MainFormLoad, LoadAfterAnUnload_RunsAllStepsAgain) {
     form_.EnsureLoaded();
     form_.Unload();
     kernel_.ClearLog();
@@ -153,7 +153,7 @@ TEST_F(MainFormLoad, HoldsTheClaimOfTheFirstInstanceUntilItsUnload) {
     EXPECT_EQ(memory_.process.HeldClaims(), 0);
 }
 
-TEST_F(MainFormInMemory, EarlierInstanceIsFound_TextsAndHandleAreSet) {
+TEST_F(MainFormInMemory, EarlierInstance_TextsAndHandleAreSet) {
     kernel_.Put(u"PRODUCT_NAME", u"Orvane");
     memory_.process.SetEarlierInstance(true);
     // Open help is closed with the window handle that the load has stored.
@@ -172,7 +172,7 @@ TEST_F(MainFormInMemory, EarlierInstanceIsFound_TextsAndHandleAreSet) {
     EXPECT_THAT(memory_.help.calls, ElementsAre(runtime::headless::RecordingHelp::Call{window, std::nullopt}));
 }
 
-TEST_F(MainFormInMemory, EarlierInstanceIsFound_FormIsNotCentred) {
+TEST_F(MainFormInMemory, EarlierInstance_FormIsNotCentred) {
     memory_.process.SetEarlierInstance(true);
     tests::ErrorOf([this] { form_.EnsureLoaded(); });
     ASSERT_EQ(memory_.settings.Saved().size(), 4u);
@@ -183,7 +183,7 @@ TEST_F(MainFormInMemory, EarlierInstanceIsFound_FormIsNotCentred) {
 
 TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsNotSetYet) {
     kernel_.RewriteValues([this](const std::string&, std::string&) {
-        // A minimised form does not become active, so only the load hides it.
+        // A minimised form does not become active, so only the load hides the form.
         form_.SetState(WindowState::kMinimised);
         form_.SetVisible(true);
     });
@@ -270,14 +270,14 @@ TEST_F(MainFormEvents, StatusLineShowsTheTextAndLoadsTheForm) {
     EXPECT_EQ(form_.Controls().at(0)->Text(), u"routing…");
 }
 
-TEST_F(MainFormEvents, SmallSizeIsRaisedToTheLimits) {
+TEST_F(MainFormEvents, SizeBelowTheLimits_IsRaisedToTheLimits) {
     form_.SetWidth(5000);
     form_.SetHeight(2000);
     EXPECT_EQ(form_.Width(), OnPixels(8000));
     EXPECT_EQ(form_.Height(), OnPixels(3000));
 }
 
-TEST_F(MainFormEvents, SizeAtOrAboveTheLimitsStays) {
+TEST_F(MainFormEvents, SizeAtOrAboveTheLimits_StaysUnchanged) {
     form_.SetWidth(8000);
     form_.SetHeight(3000);
     form_.SetWidth(9000);
@@ -285,7 +285,7 @@ TEST_F(MainFormEvents, SizeAtOrAboveTheLimitsStays) {
     EXPECT_EQ(form_.Height(), OnPixels(3000));
 }
 
-TEST_F(MainFormEvents, ShowingTheFormHidesItAgain) {
+TEST_F(MainFormEvents, FormIsShown_IsHiddenAgain) {
     form_.SetVisible(true);
     runtime::DoEvents();
     EXPECT_FALSE(form_.Visible());

@@ -1,4 +1,4 @@
-// The main form is loaded and unloaded many times in a process. It must not leak resources of the window system.
+// Loads and unloads the main form many times in a process. The form must not leak resources of the window system.
 #include <gtest/gtest.h>
 
 #include "host/frmBackProcessMain.h"

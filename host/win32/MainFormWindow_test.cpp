@@ -1,4 +1,4 @@
-// The main form's real window when a client or another program shows, moves or resizes it.
+// Tests the main form's Win32 window. Other code shows it, and the form must hide it again.
 #include <gtest/gtest.h>
 
 #include <functional>
@@ -21,7 +21,7 @@ class MainFormWindow : public tests::ComponentTest {
         return object_.Load(mode);
     }
     HWND Window() { return reinterpret_cast<HWND>(form_.Handle()); }
-    /// Checks that the form is hidden again when `show` returns, and that it still works.
+    /// Checks that the form is hidden again when `show` returns, and that the form can still be loaded.
     void ExpectHiddenAfter(const std::function<void(HWND window)>& show) {
         const HWND window = Window();
         show(window);
@@ -37,7 +37,7 @@ class MainFormWindow : public tests::ComponentTest {
     frmBackProcessMain& form_ = MainForm();
 };
 
-TEST_F(MainFormWindow, ShownByOtherProgram_IsHiddenAtOnce) {
+TEST_F(MainFormWindow, ShownWithShowWindow_IsHiddenAtOnce) {
     const int commands[] = {SW_SHOW,     SW_SHOWNORMAL, SW_SHOWNA,        SW_SHOWNOACTIVATE, SW_RESTORE,
                             SW_MAXIMIZE, SW_MINIMIZE,   SW_SHOWMINIMIZED, SW_SHOWMINNOACTIVE};
     for (const bool isLoadedByClient : {false, true}) {
@@ -52,7 +52,7 @@ TEST_F(MainFormWindow, ShownByOtherProgram_IsHiddenAtOnce) {
     }
 }
 
-TEST_F(MainFormWindow, ShownByOtherProgram_StateIsTheShownState) {
+TEST_F(MainFormWindow, ShownWithShowWindow_KeepsTheRequestedState) {
     Load();
     const auto stateAfter = [this](int command) {
         ShowWindow(Window(), command);
@@ -70,7 +70,7 @@ TEST_F(MainFormWindow, ShownBySetWindowPosOrStyle_IsHiddenAtOnce) {
         [](HWND window) { SetWindowLongW(window, GWL_STYLE, GetWindowLongW(window, GWL_STYLE) | WS_VISIBLE); });
 }
 
-TEST_F(MainFormWindow, ShownByAnotherThreadIsHiddenAtOnce) {
+TEST_F(MainFormWindow, ShownByAnotherThread_IsHiddenAtOnce) {
     Load();
     ExpectHiddenAfter([](HWND window) {
         std::thread other([window] {
@@ -83,8 +83,8 @@ TEST_F(MainFormWindow, ShownByAnotherThreadIsHiddenAtOnce) {
     });
 }
 
-// While the system's procedure replaces the window's own procedure, the form does not notice that it is shown.
-TEST_F(MainFormWindow, KeysAndActivationHideIt) {
+// The test replaces the form's window procedure for a moment. The form therefore misses the message that it was shown.
+TEST_F(MainFormWindow, KeyOrActivation_HidesAVisibleForm) {
     Load();
     const auto hides = [this](UINT message, WPARAM wParam) {
         const LONG_PTR own = SetWindowLongPtrW(Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcW));

@@ -28,13 +28,13 @@ void WriteToDebugger(const runtime::String& line) {
     OutputDebugStringW(runtime::win32::Wide(line + u"\n"));
 }
 
-/// Null unless the environment variable requests a run without a user.
+/// Returns null if the environment does not request a run without a user.
 std::unique_ptr<UnattendedDialogs> UnattendedIfAsked() {
     if (!runtime::win32::IsSwitchedOn(kUnattendedVariable)) return nullptr;
     return std::make_unique<UnattendedDialogs>(WriteToDebugger);
 }
 
-/// Null unless the environment names a file for the trace.
+/// Returns null if the environment does not name a file for the trace.
 std::unique_ptr<trace::Tracing> TracingIfAsked(HINSTANCE module, bool isUnattended, const runtime::Ports& ports,
                                                kernel_api::Kernel& kernel) {
     std::unique_ptr<trace::Output> file = trace::win32::OpenFromEnvironment();
@@ -48,12 +48,12 @@ std::unique_ptr<trace::Tracing> TracingIfAsked(HINSTANCE module, bool isUnattend
     return std::make_unique<trace::Tracing>(std::move(file), ports, kernel);
 }
 
-/// The component of a process under Windows, with its back ends.
+/// The component of a process under Windows, with its platform classes.
 struct WindowsComposition {
     explicit WindowsComposition(HINSTANCE module)
         : windows(module), process(module), tracing(TracingIfAsked(module, unattended != nullptr, ports, kernel)) {
         if (unattended) unattended->ReplaceSuiteDialogs();
-        // The last, so that the trace shows what all others answer.
+        // Start the trace after the other parts, so that the trace records the results of those parts.
         if (tracing) tracing->Watch(composition);
     }
     WindowsComposition(const WindowsComposition&) = delete;
@@ -77,7 +77,7 @@ struct WindowsComposition {
 };
 
 WindowsComposition& Composed(void* module) {
-    // Never destroyed, because the system frees windows and libraries at the end of a process.
+    // The object is never destroyed, because the system frees windows and libraries at the end of a process.
     static auto* const composed = new WindowsComposition(static_cast<HINSTANCE>(module));
     return *composed;
 }
