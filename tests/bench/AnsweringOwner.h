@@ -1,5 +1,5 @@
-// The owner window of a benchmark's dialogs. It paints each dialog as soon as it is shown, records the time, and clicks
-// a button.
+// The owner window of a benchmark's dialogs. It paints each dialog directly after the dialog is shown, records the
+// time, and clicks a button.
 #pragma once
 
 #include "tests/bench/Row.h"
@@ -7,10 +7,10 @@
 
 namespace tests {
 
-/// Only one may exist at a time.
+/// Only one object of this class may exist at a time.
 class AnsweringOwner {
  public:
-    /// The caption of the button, including its '&'. It is not copied.
+    /// `button` is the caption of the button, including its '&'. The string must outlive the object.
     explicit AnsweringOwner(const wchar_t* button)
         : button_(button), hook_(SetWindowsHookExW(WH_CALLWNDPROC, SeeMessage, nullptr, GetCurrentThreadId())) {
         current_ = this;
@@ -23,7 +23,7 @@ class AnsweringOwner {
     }
 
     HWND Handle() const { return window_.Handle(); }
-    /// The time at which the last dialog was painted.
+    /// Returns the time at which the last dialog was painted.
     Clock::time_point ShownAt() const { return shownAt_; }
 
  private:

@@ -1,5 +1,5 @@
-// Compares the time of the suite's message box with that of the system's: from the call until it returns, with a box
-// that is shown, painted and clicked at once.
+// Compares the time of a call of the suite's message box with the time of a call of the system's message box. Each box
+// is shown, painted, and clicked at once.
 #include "dialogs/frmQMXMsgBox.h"
 #include "tests/bench/AnsweringOwner.h"
 #include "tests/support/ComponentFixture.h"
@@ -23,7 +23,7 @@ void Compare() {
         [&] { return tests::TimeOf([&] { AskSystem(owner.Handle()); }); });
 }
 
-/// The fixture of component tests, without a test.
+/// Uses the fixture of the component tests outside a test.
 class Bench : public tests::ComponentTest {
     void TestBody() override {}
 };

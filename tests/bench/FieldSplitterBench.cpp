@@ -1,5 +1,5 @@
-// Compares the field splitter with Boost.Tokenizer's escaped-list separator. Both produce the fields' texts and the
-// number of each field.
+// Compares the field splitter with Boost.Tokenizer's escaped-list separator. Both produce the text and the number of
+// each field.
 #include <boost/tokenizer.hpp>
 
 #include "routing/FieldSplitter.h"
@@ -9,8 +9,8 @@ namespace {
 
 using runtime::String;
 
-/// A list of fields like "NAME17". Every third field is a number. With quotes, every second field contains a comma and
-/// is quoted.
+/// Returns a list of fields like "NAME17". Every third field is a number. If `hasQuotes` is true, every second field
+/// contains a comma and is quoted.
 String MakeList(int fields, bool hasQuotes) {
     String list;
     for (int i = 0; i < fields; ++i) {

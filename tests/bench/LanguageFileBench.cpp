@@ -1,6 +1,6 @@
-// Compares the time to look up a text with GNU gettext. The built-in reader is measured twice: as the component calls
-// it, and with the loaded texts alone. The reader checks once per operation whether the file has changed; gettext never
-// does.
+// Compares the time to look up a text with the time of GNU gettext. The built-in reader is measured twice: as the
+// component calls it, and with loaded texts only. Once per operation, the reader checks whether the file has changed.
+// gettext never checks this.
 #include <libintl.h>
 #include <sys/stat.h>
 
@@ -26,11 +26,11 @@ namespace fs = std::filesystem;
 using runtime::String;
 using runtime::StringView;
 
-/// Texts that one operation looks up: those of a large form.
+/// The number of texts that one operation looks up. A large form has this number of texts.
 constexpr int kTextsOfAForm = 50;
 constexpr const char* kLocale = "C.UTF-8";
 
-/// The folders below are in this one, which goes with the program.
+/// Returns the folder that contains all folders of this program. The folder is deleted at the program's end.
 const fs::path& Root() {
     static const struct Made {
         Made() {
@@ -44,7 +44,7 @@ const fs::path& Root() {
     return root.path;
 }
 
-/// The machine's files under the paths that the reader asks for: "name" in Root() for any folder.
+/// Serves the machine's files. For each path that the reader opens, it opens the file with the same name in Root().
 class DiskFiles : public runtime::FilesPort {
  public:
     String CurrentFolder() override { return {}; }
@@ -82,7 +82,7 @@ std::string LanguageFile(int texts) {
     return lines;
 }
 
-/// Each size has a domain of its own, because gettext never reads a catalogue again.
+/// Each size has its own gettext domain, because gettext reads the catalogue of a domain only once.
 std::string MakeCatalogue(int texts) {
     const std::string domain = "bench" + std::to_string(texts);
     const fs::path folder = Root() / kLocale / "LC_MESSAGES";
@@ -102,7 +102,7 @@ std::string MakeCatalogue(int texts) {
     return domain;
 }
 
-/// Identifiers in an order that makes caches useless.
+/// Returns the identifiers in an order that makes caches useless.
 template <typename Text>
 std::vector<Text> Shuffled(Text (*make)(int), int texts) {
     constexpr int kIdentifiers = 10'000;
@@ -115,7 +115,7 @@ String WideIdentifier(int i) {
     return runtime::FromAscii(Identifier(i));
 }
 
-/// Microseconds per identifier. `find` returns whether it was found.
+/// Returns the microseconds per identifier. `find` returns whether it has found the identifier.
 template <typename Texts, typename Find>
 double TimeOfEach(const Texts& identifiers, Find&& find) {
     bool areFound = true;

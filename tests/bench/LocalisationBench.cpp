@@ -1,5 +1,5 @@
-// Compares the time to localise a form with the time to set a caption and a font on each of its controls directly. Both
-// use the same texts in memory and start with a freshly loaded form.
+// Compares two times: the time to localise a form, and the time to set a caption and a font directly on each of its
+// controls. Both use the same texts in memory and start with a newly loaded form.
 #include <functional>
 #include <string>
 
@@ -16,7 +16,7 @@ using runtime::Control;
 using runtime::ControlKind;
 using runtime::String;
 
-/// Labels, buttons and pictures in turn, each with a tag of its own.
+/// A form with labels, buttons and pictures in turn. Each control has its own tag.
 class WideForm : public runtime::Form {
  public:
     explicit WideForm(int controls) : Form({.name = u"wide", .inner = {9000, 9000}}) {
@@ -52,7 +52,7 @@ double MicrosecondsOf(WideForm& form, runtime::headless::MemoryFiles& files,
                       const std::function<void(runtime::Form&)>& action) {
     form.Unload();
     form.EnsureLoaded();
-    // The twin notes each look-up; its notes must not grow from round to round.
+    // The in-memory files log each access. The log must not grow from round to round.
     files.ClearLog();
     return tests::TimeOf([&] { action(form); });
 }
@@ -65,7 +65,7 @@ void Compare(int controls, runtime::headless::MemoryFiles& files) {
         [&] { return MicrosecondsOf(form, files, SetEach); });
 }
 
-/// The fixture of component tests, without a test.
+/// Uses the fixture of the component tests outside a test.
 class Bench : public tests::HeadlessComponentTest {
  public:
     Bench() {

@@ -1,5 +1,5 @@
-// Compares the time to open the suite's query dialog with a long list with the time of a bare list box of the same size
-// and content: from the call until the window is painted.
+// Compares two times: the time to open the suite's query dialog with a long list, and the time to open a bare list box
+// of the same size and content. Both times end when the window is painted.
 #include "dialogs/Qmxquery.h"
 #include "tests/bench/AnsweringOwner.h"
 #include "tests/support/ComponentFixture.h"
@@ -39,7 +39,7 @@ double TimeOfListBox(HWND owner, const std::vector<String>& values) {
     return time;
 }
 
-/// The goal is for a long list. A short one opens in the time of the dialog's other controls.
+/// Only a long list has a goal. A dialog with a short list needs most of the time for its other controls.
 void Compare(const tests::AnsweringOwner& owner, int items) {
     constexpr int kLong = 1'250;
     const std::vector<String> values = Values(items);
@@ -48,7 +48,7 @@ void Compare(const tests::AnsweringOwner& owner, int items) {
         [&] { return TimeOfDialog(owner, values); }, [&] { return TimeOfListBox(owner.Handle(), values); });
 }
 
-/// The fixture of component tests, without a test.
+/// Uses the fixture of the component tests outside a test.
 class Bench : public tests::ComponentTest {
     void TestBody() override {}
 };

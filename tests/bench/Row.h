@@ -1,5 +1,6 @@
-// A row of the table that scripts/bench prints: the time of our code compared with that of a peer. Both alternate in
-// the same program. A benchmark writes its rows to the standard output, with tabs between the fields.
+// A row of the table that scripts/bench prints. It compares the time of our code with the time of another
+// implementation, the peer. Both alternate in the same program. A benchmark prints its rows with tabs between the
+// fields.
 #pragma once
 
 #include <algorithm>
@@ -14,10 +15,10 @@
 namespace tests {
 
 #ifdef _WIN32
-/// Wine does much of its work in a server process, so all time counts.
+/// Measures elapsed time, because Wine does much of its work in another process, the server.
 using Clock = std::chrono::steady_clock;
 #else
-/// Counts the processor time of this thread only, so that other programs make no difference.
+/// Measures the processor time of this thread only. Other programs do not change that time.
 struct Clock {
     using time_point = std::chrono::steady_clock::time_point;
     static time_point now() {
@@ -32,7 +33,7 @@ inline double MicrosecondsBetween(Clock::time_point start, Clock::time_point end
     return std::chrono::duration<double, std::micro>(end - start).count();
 }
 
-/// Microseconds that `action` takes.
+/// Returns the microseconds that `action` takes.
 template <typename Action>
 double TimeOf(Action&& action) {
     const Clock::time_point start = Clock::now();
@@ -40,7 +41,7 @@ double TimeOf(Action&& action) {
     return MicrosecondsBetween(start, Clock::now());
 }
 
-/// Microseconds per call, for `calls` calls.
+/// Calls `call` `calls` times and returns the mean time in microseconds.
 template <typename Call>
 double TimeOfCall(int calls, Call&& call) {
     return TimeOf([&] {
@@ -67,18 +68,19 @@ inline void Require(bool isTrue, const char* what) {
 struct Row {
     std::string name;
     std::string peer;
-    double goal = 0;  ///< the largest ratio that meets the goal; 0: no goal, the row shows growth only
-    int rounds = 15;  ///< in each turn
+    double goal = 0;  ///< the largest ratio that meets the goal; 0 if the row has no goal
+    int rounds = 15;  ///< number of rounds in each turn
 };
 
-/// How often each row is measured. The environment variable BENCH_TURNS changes it.
+/// Returns how often each row is measured. The environment variable BENCH_TURNS changes this number.
 inline int Turns() {
     constexpr int kTurns = 7;
     const char* const wanted = std::getenv("BENCH_TURNS");
     return wanted ? std::max(1, std::atoi(wanted)) : kTurns;
 }
 
-/// `ours` and `theirs` return the microseconds of one round. Prints the median, least and greatest ratio of the turns.
+/// `ours` and `theirs` return the microseconds of one round. Prints the median, the smallest and the largest ratio of
+/// all turns.
 template <typename Ours, typename Theirs>
 void Measure(const Row& row, Ours&& ours, Theirs&& theirs) {
     std::vector<double> ratios;

@@ -1,8 +1,10 @@
-// Compares what clients of the component wait for with what the system offers, through COM and the kernel's exports
-// only, so that every DLL that was ever built can be measured. The program registers the DLL, in a prefix that
-// scripts/bench deletes. Its input is in the environment, because the component parses the command line of its client:
+// Compares the times of clients' calls with the times of similar calls of the system. The program calls the component
+// only through COM and the kernel only through its exports. Therefore it can measure every DLL that was ever built. It
+// registers the DLL in a prefix that scripts/bench deletes afterwards. The input is in environment variables, because
+// the component parses the command line of its client:
 //     BENCH_DLL, BENCH_KERNEL    the component and the kernel
-//     BENCH_STEPS=1              does each step of a client once, after a mark in the trace of server calls
+//     BENCH_STEPS=1              runs each step of a client once; before each step, a mark appears in the
+//                                trace of server calls
 #include <cstring>
 #include <vector>
 
@@ -12,10 +14,10 @@
 #include "runtime/win32/Handle.h"
 #include "tests/bench/Row.h"
 
-#include <commctrl.h>  // needs what the headers above include
+#include <commctrl.h>  // needs the headers above
 
-/// The dictionary's own interface, as far as it is called. Not in the unnamed namespace: the compiler would know of no
-/// class that implements it.
+/// Declares the methods of the dictionary's own interface that the program calls. It is outside the unnamed namespace.
+/// Inside, the compiler would assume that no class implements the interface.
 struct IDictionary : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE putref_Item(VARIANT* key, VARIANT* item) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Item(VARIANT* key, VARIANT* item) = 0;
@@ -98,7 +100,7 @@ void Notify(const Component& component, Bstr& command) {
     Check(component->NotifyMe(name.Address(), command.Address()), "NotifyMe");
 }
 
-/// Creates and destroys a window like the main form's: overlapped and hidden, with a status bar.
+/// Creates and destroys an overlapped, hidden window with a status bar, as the main form has.
 void MakeBareWindow() {
     static const ATOM windowClass = [] {
         WNDCLASSW plain{};
@@ -116,7 +118,7 @@ void MakeBareWindow() {
     DestroyWindow(window);
 }
 
-/// The peers of the kernel's functions: a value of an open registry key, and a mutex.
+/// Measures similar calls of the system: reading a value of an open registry key, and locking a mutex.
 class SystemPeers {
  public:
     SystemPeers() {
@@ -149,7 +151,7 @@ class SystemPeers {
     runtime::win32::KernelHandle mutex_{CreateMutexW(nullptr, FALSE, L"Local\\K4T.Bench")};
 };
 
-/// The kernel's exports, as modules call them.
+/// The kernel's exports as modules call them.
 struct KernelEntries {
     explicit KernelEntries(const char* path) : library(LoadLibraryA(path)) {}
     HMODULE library;
@@ -199,7 +201,7 @@ DISPID MemberOf(IDispatch& object, const wchar_t* name) {
     return member;
 }
 
-/// `arguments` in reverse order, as Invoke has them.
+/// Calls a member through IDispatch. `arguments` must be in reverse order.
 void Invoke(IDispatch& object, DISPID member, VARIANT* arguments, UINT count) {
     DISPPARAMS parameters{arguments, nullptr, count, 0};
     VARIANT result{};
@@ -308,7 +310,7 @@ void MeasureCommands(IClassFactory& factory, const KernelEntries& kernel, const 
         [&] { return TimeOfCall(kCalls, [&] { TakeAndRelease(*dictionary.Get(), IID_IDispatch); }); });
 }
 
-/// EX unloads the form and tells every sink.
+/// Returns the time of EX, which unloads the form and raises SHUTDOWN for each sink.
 double TimeOfEnd(const Component& component) {
     Bstr end(u"All,EX");
     Load(component);
@@ -327,7 +329,7 @@ void MeasureSinks(IClassFactory& factory, int sinks) {
         [&] { return TimeOfEnd(few); });
 }
 
-/// Makes a call without effect, which shows this name in the trace.
+/// Makes a call that has no effect and shows the step's name in the trace.
 void Mark(const char* step) {
     const runtime::win32::KernelHandle none(OpenEventA(SYNCHRONIZE, FALSE, (std::string("K4T.step.") + step).c_str()));
 }

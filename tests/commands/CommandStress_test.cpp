@@ -79,8 +79,7 @@ class ShippedComponent : public ::testing::Test {
     }
     HRESULT NotifyEarly(Bstr& command) { return object_->NotifyMe(name_.Address(), command.Address()); }
     /// Sends the command late-bound. The arguments are in reverse order: first the command, by reference, then the
-    /// name.
-    /// by value.
+    /// name, by value.
     HRESULT NotifyLate(Bstr& command) {
         constexpr DISPID kNotifyMe = 2;
         VARIANT arguments[2]{};

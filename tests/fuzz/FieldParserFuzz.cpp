@@ -1,5 +1,5 @@
-// The built-in field parser: the fields of any text equal those of the slow splitter, a quote that is never closed
-// takes the rest, and fields may be read in any order.
+// Fuzzes the built-in field parser. For any text, its fields must equal the slow splitter's fields. The field after an
+// unclosed quote must contain the rest of the text. The caller may read fields in any order.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include "kernel_api/builtin/BuiltInSplitter.h"
@@ -21,22 +21,22 @@ String TakeText(FuzzedDataProvider& data) {
     return text;
 }
 
-/// Checks all fields of `text` against the slow splitter and returns their number. The rest after an unclosed quote is
-/// the last field.
+/// Compares all fields of `text` with the slow splitter's fields. Returns the number of fields. After an unclosed
+/// quote, the rest of the text is the last field.
 std::size_t CheckFields(kernel_api::FieldParser& parser, const String& text) {
     const tests::SlowFields slow = tests::SlowFieldSplitter::Split(text);
     std::size_t begin = 0;
     const std::size_t closedFields = slow.error == 0 ? slow.texts.size() - 1 : 0;
     for (std::size_t i = 1; i <= closedFields; ++i) {
         const runtime::StringView field = parser.Field(static_cast<std::int32_t>(i));
-        Require(field == slow.texts[i], "same fields as the slow splitter");
+        Require(field == slow.texts[i], "the field equals the slow splitter's field");
         begin = text.find(field, begin);
         Require(begin != String::npos, "each field occurs in the text after the previous one");
         begin += field.size();
     }
     if (!slow.isEndless) return closedFields;
     const runtime::StringView rest = parser.Field(static_cast<std::int32_t>(closedFields + 1));
-    Require(text.ends_with(u'"' + String(rest)), "an unclosed quote contains the rest of the text");
+    Require(text.ends_with(u'"' + String(rest)), "the field after an unclosed quote is the rest of the text");
     Require(rest.find(u'"') == String::npos, "the rest contains no quote");
     return closedFields + 1;
 }
@@ -51,7 +51,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     parser->SetText(text);
     const String asked(parser->Field(early));
     const std::size_t count = CheckFields(*parser, text);
-    Require(parser->Field(static_cast<std::int32_t>(count + 1)).empty() || count == 0, "no field after the last one");
+    Require(parser->Field(static_cast<std::int32_t>(count + 1)).empty() || count == 0,
+            "there is no field after the last field");
     Require(parser->Field(early) == asked, "a second read returns the same field");
     return 0;
 }

@@ -1,5 +1,5 @@
-// The field splitter: a well-formed list is split into the fields that it was built from. Any text gives the result of
-// the slow splitter, except texts for which splitting never ends.
+// Fuzzes the field splitter. A list that was built from fields must be split into these fields. For any text, the
+// result must equal the slow splitter's result. Texts for which splitting never ends are excluded.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -18,7 +18,7 @@ using runtime::String;
 using tests::Require;
 
 char16_t TakeCharacter(FuzzedDataProvider& data) {
-    // Mostly the characters with a meaning, to reach deep into the rules.
+    // Most characters have a meaning, because the fuzzer then reaches more of the rules.
     static constexpr char16_t kCommon[] = {u'"', u',', u'"', u',', u' ', u'A', u'1', u'E', u'-', u'.', u'&', u'H'};
     if (data.ConsumeIntegralInRange(0, 15) > 0) return data.PickValueInArray(kCommon);
     return data.ConsumeIntegral<char16_t>();
@@ -38,7 +38,7 @@ bool AreSameBits(const std::vector<double>& a, const std::vector<double>& b) {
     });
 }
 
-/// The number of the error that ended the split; 0 if there was none.
+/// Returns the number of the error that ended the split, or 0.
 std::int32_t Split(const String& text) {
     try {
         routing::SplitFields(text);
@@ -51,18 +51,18 @@ std::int32_t Split(const String& text) {
 void CheckAnyText(const String& text) {
     const tests::SlowFields slow = tests::SlowFieldSplitter::Split(text);
     if (slow.error == 0) {
-        Require(slow.isEndless == tests::NeverReturns(text), "endless exactly if NeverReturns says so");
+        Require(slow.isEndless == tests::NeverReturns(text), "splitting is endless exactly if NeverReturns is true");
     }
     if (slow.isEndless) return;
-    Require(Split(text) == slow.error, "same error as the slow splitter");
-    Require(FieldTexts() == slow.texts, "same texts as the slow splitter");
-    Require(AreSameBits(FieldValues(), slow.values), "same values as the slow splitter");
-    Require(FieldTexts().size() == FieldValues().size(), "as many texts as values");
+    Require(Split(text) == slow.error, "the error equals the slow splitter's error");
+    Require(FieldTexts() == slow.texts, "the texts equal the slow splitter's texts");
+    Require(AreSameBits(FieldValues(), slow.values), "the values equal the slow splitter's values");
+    Require(FieldTexts().size() == FieldValues().size(), "the numbers of texts and values are equal");
     Require(FieldTexts().front().empty(), "entry 0 of the texts is empty");
     if (slow.error != 0) return;
     const auto count = FieldTexts().size() - 1;
     const auto commas = static_cast<std::size_t>(std::count(text.begin(), text.end(), u','));
-    Require(count >= 1 && count <= commas + 1, "between one field and one more than there are commas");
+    Require(count >= 1 && count <= commas + 1, "there are 1 to commas + 1 fields");
     Require(FieldValues().front() == static_cast<double>(count), "entry 0 of the values is the count");
     std::size_t length = 0;
     for (const String& field : FieldTexts()) length += field.size();
@@ -82,8 +82,7 @@ void CheckWellFormedList(FuzzedDataProvider& data) {
         list += isQuoted ? u'"' + field + u'"' : field;
         fields.push_back(field);
     }
-    // The splitter ignores a final comma after a quoted field. So a list that ends with an empty field gets a non-empty
-    // one.
+    // The splitter ignores a final comma after a quoted field. So the last field of a list must not be empty.
     if (!isQuoted && fields.back().empty()) {
         list += u'Z';
         fields.back() = u"Z";

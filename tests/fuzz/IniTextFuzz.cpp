@@ -1,4 +1,4 @@
-// INI files of any bytes: reading settings ends, and every setting in plain form is found.
+// Fuzzes INI files with any bytes. Reading must end, and it must find every setting in plain form.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
@@ -15,7 +15,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     settings.Find(u"Marlento", u"Ver");
     settings.Find(text, text);
 
-    // A new section after any text is read as if it were alone.
+    // A new section after any text is read as if the file contained only that section.
     const bool nameIsTaken = settings.Find(u"own section", u"k") != nullptr;
     text += u"\n[own section]\nk=v";
     const IniText extended(locale, text);

@@ -1,4 +1,4 @@
-// Reports the law that an input breaks.
+// Declares Require, which reports the rule that an input breaks.
 #pragma once
 
 #include <cstdio>
@@ -6,7 +6,7 @@
 
 namespace tests {
 
-/// Unless `isTrue`, prints the law and aborts, so that the fuzzer keeps the input.
+/// If `isTrue` is false, prints the law and aborts. The fuzzer then keeps the input.
 inline void Require(bool isTrue, const char* law) {
     if (isTrue) return;
     std::fprintf(stderr, "broken: %s\n", law);

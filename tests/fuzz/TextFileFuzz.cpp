@@ -1,5 +1,5 @@
-// Language files of any bytes: reading ends, no line is counted twice, every text in plain form is found, and no text
-// is empty. Writing a text and reading it again gives the same text.
+// Fuzzes language files with any bytes. Reading must end. It must not count a line twice. It must find every text in
+// plain form, and no text may be empty. If a text is written and read again, it must be the same.
 #include <algorithm>
 #include <cstdint>
 #include <string>
@@ -16,7 +16,8 @@ using runtime::String;
 using tests::Require;
 using namespace std::string_view_literals;
 
-/// Checks that each text survives writing and reading. Identifiers contain no line break, equals sign or NUL.
+/// Checks that each text is unchanged after writing and reading. Also checks that no identifier contains a line break,
+/// an equals sign or NUL.
 void CheckWrittenForm(const TextFile& texts) {
     for (const auto& [identifier, text] : texts.All()) {
         Require(identifier.find_first_of(u"\r\n=\0"sv) == String::npos,
@@ -45,7 +46,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     texts.Find(runtime::FromUtf8(bytes));
     CheckWrittenForm(texts);
 
-    // A new line after any bytes is read as if it were alone, unless its identifier already exists.
+    // A new line after any bytes is read as if the file contained only that line. Exception: the identifier already
+    // exists.
     const bool isTaken = texts.Find(u"own id") != nullptr;
     const TextFile extended(bytes + "\nown id = v");
     const String* const text = extended.Find(u" own id ");

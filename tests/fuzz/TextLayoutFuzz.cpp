@@ -1,5 +1,5 @@
-// Text layout, for any text, wrap width and character widths: the lines contain the text in order, each line is as full
-// as possible, surrogate pairs stay whole, and the work is bounded.
+// Fuzzes the text layout with any text, wrap width and character widths. The lines must contain the text in order, and
+// each line must be as full as possible. Surrogate pairs must stay whole, and the work must be bounded.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -23,12 +23,13 @@ bool IsLow(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// The number of code units of the first character.
+/// Returns the number of code units of the first character.
 std::size_t CharacterLength(StringView text) {
     return text.size() > 1 && IsHigh(text[0]) && IsLow(text[1]) ? 2 : 1;
 }
 
-/// The width of a surrogate pair differs from the sum of its halves, so that measuring half a pair is noticed.
+/// The width of a surrogate pair differs from the sum of the widths of its halves. So the checks fail if the layout
+/// measures half a pair.
 int CharacterWidth(StringView text) {
     if (CharacterLength(text) == 2) return 9;
     if (IsHigh(text[0]) || IsLow(text[0])) return 40;
@@ -48,7 +49,7 @@ bool Fits(StringView text, int width) {
 
 class MixedMeasure : public runtime::TextMeasure {
  public:
-    /// With `splitsPairs`, the result of Fit may end inside a surrogate pair.
+    /// If `splitsPairs` is true, the result of Fit may end inside a surrogate pair.
     explicit MixedMeasure(bool splitsPairs) : splitsPairs_(splitsPairs) {}
 
     int Width(StringView run) override {
@@ -57,7 +58,7 @@ class MixedMeasure : public runtime::TextMeasure {
     }
     std::size_t Fit(StringView run, int width) override {
         Count(run);
-        Require(width >= 0, "no negative width to fit into");
+        Require(width >= 0, "LayOut passes no negative width to Fit");
         std::size_t fitting = 0;
         while (fitting < run.size()) {
             const StringView rest = run.substr(fitting);
@@ -74,7 +75,7 @@ class MixedMeasure : public runtime::TextMeasure {
 
  private:
     void Count(StringView run) {
-        Require(!run.empty() && run.size() <= kMaxRun, "runs of bounded length");
+        Require(!run.empty() && run.size() <= kMaxRun, "each measured run is not empty and has a bounded length");
         units_ += run.size();
         ++calls_;
     }
@@ -102,7 +103,7 @@ String TakeText(FuzzedDataProvider& data) {
     return text;
 }
 
-/// The paragraphs of `text` as they are shown, split by a simple method with several passes.
+/// Splits `text` into paragraphs as the layout shows them. Uses a simple method with several passes.
 std::vector<String> Paragraphs(String text) {
     for (std::size_t at = 0; (at = text.find(u"\r\n", at)) != String::npos;) text.erase(at, 1);
     std::replace(text.begin(), text.end(), u'\r', u'\n');
@@ -120,12 +121,12 @@ std::vector<String> Paragraphs(String text) {
     return paragraphs;
 }
 
-/// The characters before the next blank.
+/// Returns the characters before the next blank.
 StringView Word(StringView text) {
     return text.substr(0, std::min(text.find(u' '), text.size()));
 }
 
-/// The lines of one paragraph, built word by word: slow, but exactly by the rules.
+/// Builds the lines of one paragraph word by word. It is slow but follows the rules exactly.
 std::vector<String> SlowLines(StringView rest, int wrapWidth) {
     std::vector<String> lines;
     while (true) {
@@ -133,7 +134,7 @@ std::vector<String> SlowLines(StringView rest, int wrapWidth) {
             lines.emplace_back(rest);
             return lines;
         }
-        // Words are added while they fit, including the blanks before them.
+        // Add words while the words and the blanks before them fit.
         std::size_t taken = 0;
         while (taken < rest.size()) {
             const std::size_t word = std::min(rest.find_first_not_of(u' ', taken), rest.size());
@@ -156,29 +157,30 @@ std::vector<String> SlowLines(StringView rest, int wrapWidth) {
 }
 
 void CheckLine(StringView line, int recordedWidth, int wrapWidth) {
-    Require(recordedWidth == WidthOf(line), "the recorded width is that of the whole line");
+    Require(recordedWidth == WidthOf(line), "the recorded width is the width of the whole line");
     const bool isSingle = !line.empty() && CharacterLength(line) == line.size();
-    Require(recordedWidth <= std::max(wrapWidth, 0) || isSingle, "no line wider than the wrap width");
+    Require(recordedWidth <= std::max(wrapWidth, 0) || isSingle, "no line is wider than the wrap width");
 }
 
-/// Checks the break between `line` and the next one, which belongs to the same paragraph.
+/// Checks the break between `line` and the next line of the same paragraph.
 void CheckBreak(const TextLayout& layout, std::size_t line) {
     const runtime::TextLine& first = layout.lines[line];
     const runtime::TextLine& second = layout.lines[line + 1];
     if (first.offset + first.length != second.offset) return;
-    Require(first.length > 0 && second.length > 0, "a line in the middle of a word is not empty");
+    Require(first.length > 0 && second.length > 0, "if a word is split, both lines contain a part of the word");
     const bool isSplit = IsHigh(layout.text[second.offset - 1]) && IsLow(layout.text[second.offset]);
-    Require(!isSplit, "no surrogate pair split");
+    Require(!isSplit, "no surrogate pair is split");
 }
 
 void CheckOrder(const TextLayout& layout, const std::vector<String>& paragraphs) {
     String whole;
     for (const String& paragraph : paragraphs) whole += paragraph;
-    Require(layout.text == whole, "the shown text is the text");
+    Require(layout.text == whole, "the layout's text equals the paragraphs' text");
     std::size_t end = 0;
     for (const runtime::TextLine& line : layout.lines) {
-        Require(line.offset >= end && line.length <= whole.size() - line.offset, "in order and within the text");
-        Require(whole.find_first_not_of(u' ', end) >= line.offset, "only blanks are left out");
+        Require(line.offset >= end && line.length <= whole.size() - line.offset,
+                "the lines are in order and within the text");
+        Require(whole.find_first_not_of(u' ', end) >= line.offset, "the lines omit only blanks");
         end = line.offset + line.length;
     }
     Require(whole.find_first_not_of(u' ', end) == String::npos, "the lines reach the end of the text");
@@ -201,17 +203,19 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     for (const String& paragraph : paragraphs) {
         const std::size_t first = index;
         for (const String& line : SlowLines(paragraph, std::max(wrapWidth, 0))) {
-            Require(index < layout.lines.size() && layout.Line(index) == line, "the same lines as the slow layout");
+            Require(index < layout.lines.size() && layout.Line(index) == line,
+                    "each line equals the line from SlowLines");
             CheckLine(layout.Line(index), layout.lines[index].width, wrapWidth);
             widestLine = std::max(widestLine, layout.lines[index].width);
             if (index > first) CheckBreak(layout, index - 1);
             ++index;
         }
     }
-    Require(index == layout.lines.size(), "no further lines");
-    Require(layout.width == widestLine, "as wide as the widest line");
-    Require(layout.height == 3 * static_cast<int>(layout.lines.size()), "as high as all lines");
-    Require(measure.Units() <= 16 * layout.text.size(), "measured units in proportion to the text");
-    Require(measure.Calls() <= 4 * layout.text.size(), "calls in proportion to the text");
+    Require(index == layout.lines.size(), "there are no more lines than SlowLines gives");
+    Require(layout.width == widestLine, "the layout is as wide as its widest line");
+    Require(layout.height == 3 * static_cast<int>(layout.lines.size()),
+            "the layout's height is the sum of the line heights");
+    Require(measure.Units() <= 16 * layout.text.size(), "the number of measured units is in proportion to the text");
+    Require(measure.Calls() <= 4 * layout.text.size(), "the number of calls is in proportion to the text");
     return 0;
 }

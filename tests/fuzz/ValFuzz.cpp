@@ -1,5 +1,5 @@
-// Val: it reads the same number as the C library from the same digits, blanks inside the number change nothing, and a
-// double that is written and read again keeps its bits.
+// Fuzzes Val. It must read the same number as the C library from the same digits. Blanks inside a number must change
+// nothing. If a double is written and read again, it must keep its bits.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -27,12 +27,12 @@ char16_t TakeCharacter(FuzzedDataProvider& data) {
     return data.ConsumeIntegral<char16_t>();
 }
 
-/// Val's result. None for an overflow, which is its only error.
+/// Returns Val's result, or no value for an overflow. Val has no other error.
 std::optional<double> Read(const String& text) {
     try {
         return runtime::Val(text);
     } catch (const runtime::Error& error) {
-        Require(error.Number() == runtime::kOverflow, "no error but overflow");
+        Require(error.Number() == runtime::kOverflow, "the only error is an overflow");
     }
     return std::nullopt;
 }
@@ -48,7 +48,7 @@ std::string TakeDigits(const std::string& text, std::size_t& position) {
     return text.substr(begin, position - begin);
 }
 
-/// The number that the C library reads at the start of `text`, which must not contain blanks.
+/// Returns the number that the C library reads at the start of `text`. The text must not contain blanks.
 std::optional<double> ReadWithLibrary(const std::string& text) {
     std::size_t position = 0;
     std::string number;
@@ -88,18 +88,18 @@ void CheckAnyText(FuzzedDataProvider& data) {
     String text;
     for (auto left = data.ConsumeIntegralInRange(0, 1200); left > 0; --left) text += TakeCharacter(data);
     const std::optional<double> value = Read(text);
-    Require(!value || std::isfinite(*value), "a finite number");
+    Require(!value || std::isfinite(*value), "the result is a finite number");
     std::erase_if(text, [](char16_t c) { return c == u' ' || c == u'\t' || c == u'\n'; });
     Require(AreSame(value, Read(text)), "blanks, tabs and line feeds change nothing");
     Require(AreSame(value, Read(WithBlanks(data, text))), "blanks at any position change nothing");
     Require(AreSame(value, Read(text + u"|7")), "a character that cannot continue a number ends it");
 
-    // The C library's text cannot contain a NUL.
+    // The C library's text must not contain a NUL.
     std::string narrow;
     for (const char16_t c : text) narrow += c > 0 && c < 0x80 ? static_cast<char>(c) : '|';
     const std::size_t first = narrow.find_first_not_of("+-");
     const bool isRadix = first != std::string::npos && first <= 1 && narrow[first] == '&';
-    if (!isRadix) Require(AreSame(value, ReadWithLibrary(narrow)), "the nearest double");
+    if (!isRadix) Require(AreSame(value, ReadWithLibrary(narrow)), "the result is the nearest double");
 }
 
 void CheckRadix(FuzzedDataProvider& data) {
@@ -110,8 +110,8 @@ void CheckRadix(FuzzedDataProvider& data) {
     const String text = (base == 16 ? u"&H" : u"&O") + runtime::FromAscii(digits.data());
     const double asShort = static_cast<std::int16_t>(bits);
     const double asLong = static_cast<std::int32_t>(bits);
-    Require(Read(text + u"&") == asLong, "32 bits with the suffix");
-    Require(Read(text) == (bits <= 0xFFFF ? asShort : asLong), "16 bits while they suffice");
+    Require(Read(text + u"&") == asLong, "a number with the suffix has 32 bits");
+    Require(Read(text) == (bits <= 0xFFFF ? asShort : asLong), "a number of up to 16 bits is a signed 16-bit number");
 }
 
 void CheckRoundTrip(FuzzedDataProvider& data) {
@@ -122,7 +122,8 @@ void CheckRoundTrip(FuzzedDataProvider& data) {
     Require(AreSame(number, Read(runtime::FromAscii(digits.data()))), "a written double is read unchanged");
 }
 
-/// Checks numbers exactly between two doubles, and numbers just above that because of a digit far to the right.
+/// Checks numbers that are exactly in the middle of two doubles. Also checks numbers that are greater only by a late
+/// digit.
 void CheckMiddle(FuzzedDataProvider& data) {
     constexpr std::uint64_t kFirst = std::uint64_t{1} << 53;
     const std::uint64_t middle = kFirst + 2 * data.ConsumeIntegralInRange<std::uint64_t>(0, kFirst / 2 - 1) + 1;

@@ -1,5 +1,5 @@
-// A reader on which every call fails. The suite's reader object may lack methods, and calls to them fail in the same
-// way.
+// A reader whose calls all fail. The suite's reader object may lack a method. A call of a missing method fails with the
+// same error.
 #pragma once
 
 #include "kernel_api/Reader.h"

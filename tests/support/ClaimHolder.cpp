@@ -1,8 +1,8 @@
-// A program for tests of the first-instance claim. It tries to claim the first instance, reports the result by an
-// event, and holds the claim until an event tells it to release the claim or to end.
+// The tests of the first-instance claim start this program. It tries to claim the first instance and reports the result
+// by an event. It keeps the claim until an event requests the release or the end.
 //     claim_holder NAME
-// It sets the event NAME-claimed or NAME-refused. When NAME-give-up is set, it releases the claim and sets
-// NAME-given-up. It ends when NAME-end is set, or after 30 seconds without an event.
+// The program sets the event NAME-claimed or NAME-refused. After NAME-give-up, it releases the claim and sets
+// NAME-given-up. It ends after NAME-end, or after 30 seconds without an event.
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/Win32Process.h"
 

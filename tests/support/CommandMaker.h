@@ -1,5 +1,5 @@
-// Generates random commands: mixed addressees, verbs and rubbish, with an occasional very long one. The sequence is the
-// same in every run.
+// Generates random commands from addressees, verbs and random characters. A few commands are very long. The sequence is
+// the same in every run.
 #pragma once
 
 #include <iterator>
@@ -9,12 +9,12 @@
 
 namespace tests {
 
-/// EX is never generated, because it ends the component.
+/// Never generates EX, because EX unloads the forms.
 class CommandMaker {
  public:
-    static constexpr std::size_t kMaxLength = 1024 * 1024;  ///< characters of rubbish
+    static constexpr std::size_t kMaxLength = 1024 * 1024;  ///< random characters of a very long command
 
-    /// One command in about `commandsPerLong` is very long. One in about `commandsPerLz` is LZ.
+    /// On average, one of `commandsPerLong` commands is very long, and one of `commandsPerLz` commands is LZ.
     CommandMaker(std::size_t commandsPerLong, std::size_t commandsPerLz)
         : commandsPerLong_(commandsPerLong), commandsPerLz_(commandsPerLz) {}
 

@@ -1,5 +1,5 @@
-// The whole component below COM, with the kernel, files and settings in memory. Each test starts with fresh
-// process-wide state.
+// Fixtures that create the whole component without COM. The kernel, the files and the settings are in memory. Each test
+// starts with new process-wide state.
 #pragma once
 
 #include "host/Composition.h"
@@ -10,13 +10,13 @@
 
 namespace tests {
 
-/// Base is HeadlessTest or RuntimeTest.
+/// `Base` must be HeadlessTest or RuntimeTest.
 template <typename Base>
 class ComponentOver : public Base {
  protected:
     ~ComponentOver() override { kernel_.StopFailing(); }
 
-    /// The kernel's value of `key`, or "(none)" if it has none.
+    /// Returns the kernel's value of `key`, or "(none)" if `key` has no value.
     runtime::String Kept(runtime::StringView key) const { return kernel_.Kept(key).value_or(u"(none)"); }
 
     InMemoryKernel kernel_;
@@ -24,9 +24,9 @@ class ComponentOver : public Base {
     kernel_api::builtin::BuiltInReader& reader_ = composition_.Reader();
 };
 
-/// The window system is in memory, too.
+/// With this fixture, the window system is in memory, too.
 using HeadlessComponentTest = ComponentOver<HeadlessTest>;
-/// The window system is the build's own.
+/// With this fixture, the window system is the build's window system.
 using ComponentTest = ComponentOver<RuntimeTest>;
 
 }  // namespace tests

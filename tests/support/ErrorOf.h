@@ -1,4 +1,4 @@
-// Turns a thrown error into a number that a test can compare.
+// Turns a thrown error into a number that a test can compare with another number.
 #pragma once
 
 #include <cstdint>
@@ -8,7 +8,7 @@
 
 namespace tests {
 
-/// The number of the error that `action` throws; 0 if it throws none.
+/// Returns the number of the error that `action` throws, or 0.
 inline std::int32_t ErrorOf(const std::function<void()>& action) {
     try {
         action();

@@ -26,8 +26,8 @@ class HandledForm : public runtime::Form {
     std::function<void()> onLoad, onQueryUnload, onUnload, onResize, onActivate, onShown, onKey;
     bool refusesQuery = false;
     bool refusesUnload = false;
-    /// Entries: "load", "query 1" (the reason), "unload", "resize", "activate", "shown" (by another program), "down 65
-    /// 1" (key, modifiers), "press 97", "up 65 0".
+    /// Entries: "load", "query 1" (reason), "unload", "resize", "activate", "shown" (by another program), "down 65 1"
+    /// (key, modifiers), "press 97" (character), "up 65 0" (key, modifiers).
     std::vector<std::string> log;
 
  protected:

@@ -1,5 +1,6 @@
-// A kernel in memory for tests. It stores the strings, logs every call, fails where a test says so, and can change
-// values as the real kernel does. Texts are converted to Latin-1 and end at the first NUL; other characters become '?'.
+// A kernel in memory for tests. It stores the strings and logs every call. A test can make calls fail. The kernel can
+// change values as the real kernel does. It converts texts to Latin-1 and ends them at the first NUL. Characters
+// outside Latin-1 become '?'.
 #pragma once
 
 #include <functional>
@@ -16,7 +17,7 @@ namespace tests {
 
 class InMemoryKernel : public kernel_api::Kernel {
  public:
-    /// Changes the bytes of a value that is being stored under `key`.
+    /// Changes the bytes of a value while the kernel stores the value under `key`.
     using Rewrite = std::function<void(const std::string& key, std::string& value)>;
 
     void E_SetString(runtime::StringView key, runtime::String& value) override;
@@ -24,28 +25,29 @@ class InMemoryKernel : public kernel_api::Kernel {
     std::int32_t DB_DataBase() override;
     kernel_api::TextPointer O_GetName(std::int32_t handle) override;
 
-    /// All calls in order, including failed ones, in UTF-8: "E_SetString(INITBP, INIT)", "E_GetString(AllAps)",
+    /// All calls in order and in UTF-8, including failed calls: "E_SetString(INITBP, INIT)", "E_GetString(AllAps)",
     /// "DB_DataBase()", "O_GetName(1)".
     const std::vector<std::string>& Log() const { return log_; }
     void ClearLog() { log_.clear(); }
 
-    /// Stores a string as another module does: it is not logged and never fails.
+    /// Stores a string as another module does. This call is not logged and never fails.
     void Put(runtime::StringView key, runtime::StringView value);
-    /// The value of `key`. Reading it is not logged.
+    /// Returns the value of `key`. This call is not logged.
     std::optional<runtime::String> Kept(runtime::StringView key) const;
 
     /// Sets the handle of the open design, which is 1 by default.
     void UseDesignHandle(std::int32_t handle) { designHandle_ = handle; }
 
-    /// Makes one call fail: the next one if `call` is 1, the one after it if `call` is 2, and so on.
+    /// Makes one later call fail. If `call` is 1, the next call fails; if `call` is 2, the call after that fails, and
+    /// so on.
     void FailAt(int call, const runtime::Error& error);
-    /// Makes a call fail if its log line starts with `start`, such as "DB_DataBase" or "E_SetString(JobDir,".
+    /// Makes a call fail if its log line starts with `start`, for example "DB_DataBase" or "E_SetString(JobDir,".
     void FailOn(std::string start, const runtime::Error& error);
     void StopFailing();
     void RewriteValues(Rewrite rewrite) { rewrite_ = std::move(rewrite); }
 
  private:
-    /// Each returned text is a block of its own, so that a sanitizer detects the use of a stale address.
+    /// Each returned text has its own block of memory. So a sanitizer detects the use of a stale address.
     using HandedOut = std::unique_ptr<char[]>;
 
     void Enter(std::string line);

@@ -1,4 +1,5 @@
-// The kernel in memory: it stores strings as a real kernel does, logs its calls, and fails on demand.
+// Tests the kernel in memory. It stores strings as a real kernel does, logs its calls, and fails if a test requests
+// this.
 #include "tests/support/InMemoryKernel.h"
 
 #include <gmock/gmock.h>
@@ -78,7 +79,7 @@ TEST(InMemoryKernel, Address_StaysValidUntilTheSameKeyIsReadAgain) {
     EXPECT_STREQ(At(kernel.E_GetString(u"DESIGN_NAME")), "new");
 }
 
-TEST(InMemoryKernel, FailAt_MakesThatCallFailOnce) {
+TEST(InMemoryKernel, FailAt_CallWithThatNumberFailsOnce) {
     InMemoryKernel kernel;
     kernel.DB_DataBase();
     kernel.FailAt(2, runtime::Error(runtime::kFileNotFound));

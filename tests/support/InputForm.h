@@ -1,4 +1,4 @@
-// A form with one control of each input kind and two buttons. It logs the keys that it receives.
+// A form with two buttons and one control of each input kind. It logs the keys that it receives.
 #pragma once
 
 #include <functional>
@@ -11,7 +11,7 @@ namespace tests {
 
 class InputForm : public runtime::Form {
     using Kind = runtime::ControlKind;
-    int next_ = 0;  // declared before the controls, because they take their tab order from it
+    int next_ = 0;  // must precede the controls, which take their tab order from it
 
  public:
     InputForm()
@@ -31,9 +31,9 @@ class InputForm : public runtime::Form {
           label(AddControl({.kind = Kind::kLabel, .name = u"label", .bounds = {60, 3300, 1500, 195}})) {}
 
     runtime::Control &text, &combo, &dropDown, &block, &list, &button, &cancel, &label;
-    /// Entries: "form 13", "text 13" (name of the focused control), "click button".
+    /// Entries: "form 13" (character), "text 13" (focused control and character), "click button".
     std::vector<std::string> log;
-    /// Action of the control's own key handler.
+    /// The action of the control's own key handler.
     std::function<void(runtime::Control&, char16_t&)> onControlKeyPress;
     std::function<void(char16_t&)> onKeyPress;
 

@@ -1,4 +1,4 @@
-// The lines of a trace in memory.
+// Keeps the lines of a trace in memory.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// In-memory back ends of all ports, and sets of ports in which one port is replaced.
+// In-memory back ends of all ports. A test can replace one port in a set of ports.
 #pragma once
 
 #include <type_traits>
@@ -28,7 +28,7 @@ struct MemoryPorts {
     runtime::Ports All() { return {windows, settings, files, process, locale, fonts, messageBox, help}; }
 };
 
-/// Returns `ports` with `other` in place of the port that has its interface.
+/// Returns a copy of `ports` in which `other` replaces the port with the same interface.
 template <typename Other>
 runtime::Ports WithPort(const runtime::Ports& ports, Other& other) {
     const auto choose = [&other]<typename Port>(Port& own) -> Port& {

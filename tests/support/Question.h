@@ -1,4 +1,4 @@
-// A question that a test asks with the suite's query dialog, and the values that its caller receives.
+// A question that a test asks with the suite's query dialog. Its answer has the values that the caller receives.
 #pragma once
 
 #include <gtest/gtest.h>

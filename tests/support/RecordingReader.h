@@ -1,5 +1,5 @@
-// A reader that forwards every call to another one and records the texts that are requested. A test can set an action
-// for a request, which may fail.
+// A reader that records the requested texts and forwards every call to another reader. A test can set an action for a
+// request. The action may fail.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace tests {
 
 class RecordingReader : public kernel_api::Reader {
  public:
-    /// Default and identifier of a text, as the caller passed them.
+    /// The default text and the identifier that the caller passed.
     using AskedText = std::pair<runtime::String, runtime::String>;
 
     explicit RecordingReader(kernel_api::Reader& reader) : reader_(reader) {}

@@ -1,4 +1,4 @@
-// The number of repetitions for tests that look for leaks.
+// Chooses the number of repetitions for tests that look for leaks.
 #pragma once
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 
 namespace tests {
 
-/// Returns `full` if the environment variable K4T_FULL_ROUNDS is set. Otherwise returns a tenth of it, but at least
+/// Returns `full` if the environment variable K4T_FULL_ROUNDS is set. Otherwise returns a tenth of `full`, but at least
 /// `least`.
 inline int Rounds(int full, int least) {
     return std::getenv("K4T_FULL_ROUNDS") ? full : std::min(full, std::max(full / 10, least));

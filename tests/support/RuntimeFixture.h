@@ -1,5 +1,5 @@
-// Fixtures for tests that need the runtime's ports. Each test starts with fresh ports, and its end resets every
-// process-wide value.
+// Fixtures for tests that need the runtime's ports. Each test starts with new ports. The end of each test resets all
+// process-wide values.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -13,20 +13,20 @@
 
 namespace tests {
 
-/// All ports are in memory. For tests that read their logs or act as the window system.
+/// All ports are in memory. Tests use this fixture to read the ports' logs or to act in place of the window system.
 class HeadlessTest : public ::testing::Test {
  protected:
     HeadlessTest() { runtime::UsePorts(&ports_); }
     ~HeadlessTest() override { runtime::UsePorts(nullptr); }
 
-    /// `length` rounded to whole pixels, as a form on the screen has it.
+    /// Returns `length` rounded to whole pixels, as on the screen.
     runtime::Twips OnPixels(runtime::Twips length) const { return memory_.windows.Grid().Whole(length); }
 
     MemoryPorts memory_;
     runtime::Ports ports_ = memory_.All();
 };
 
-/// The window system is the build's own: under Windows, the windows are real. All other ports are in memory.
+/// The window system is the build's window system, so windows are real under Windows. All other ports are in memory.
 class RuntimeTest : public ::testing::Test {
  protected:
     RuntimeTest() { runtime::UsePorts(&ports_); }
@@ -40,7 +40,7 @@ class RuntimeTest : public ::testing::Test {
     runtime::headless::MemoryWindows& windows_ = memory_.windows;
     runtime::PixelGrid grid_ = memory_.windows.Grid();
 #endif
-    /// `length` rounded to whole pixels, as a form on the screen has it.
+    /// Returns `length` rounded to whole pixels, as on the screen.
     runtime::Twips OnPixels(runtime::Twips length) const {
         return grid_.Whole(length);
     }

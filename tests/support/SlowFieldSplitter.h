@@ -1,5 +1,5 @@
-// A slow but simple field splitter: it follows the rules one by one, with positions from 1 and a new search each time.
-// The splitter's tests and the fuzzer compare the real splitter with it.
+// A slow but simple field splitter. It follows the rules one by one. Positions start at 1, and each step searches the
+// text again. The tests and the fuzzer compare the real splitter with this splitter.
 #pragma once
 
 #include <cstddef>
@@ -15,8 +15,8 @@ namespace tests {
 struct SlowFields {
     std::vector<runtime::String> texts;
     std::vector<double> values;
-    std::int32_t error = 0;  ///< number of the error that ended the split; 0 if there was none
-    bool isEndless = false;  ///< splitting never ends; the arrays hold the results so far
+    std::int32_t error = 0;  ///< number of the error that ended the split, or 0
+    bool isEndless = false;  ///< if true, splitting never ends, and the arrays hold the results so far
 };
 
 class SlowFieldSplitter {
@@ -100,7 +100,7 @@ class SlowFieldSplitter {
 
     char16_t At(std::size_t position) const { return text_[position - 1]; }
 
-    /// The position of the first `character` at or after `position`; 0 if there is none.
+    /// Returns the position of the first `character` at or after `position`, or 0.
     std::size_t Find(char16_t character, std::size_t position) const {
         for (; position <= n_; ++position) {
             if (At(position) == character) return position;
@@ -129,8 +129,8 @@ class SlowFieldSplitter {
     SlowFields fields_;
 };
 
-/// True if splitting `text` never ends. It walks through the characters without searching. Splitting never ends if the
-/// text ends inside a quoted field and the opening quote is not the last character.
+/// True if splitting `text` never ends. This is so if the text ends inside a quoted field and the opening quote is not
+/// the last character. The function reads each character once and does not search.
 inline bool NeverReturns(runtime::StringView text) {
     enum class Place { kFieldStart, kPlain, kQuoted, kBehindQuotes };
     Place place = Place::kFieldStart;

@@ -1,4 +1,4 @@
-// A simple layout of the query dialog, step by step and with its own rounding. Tests compare the real layout with it.
+// Lays out the query dialog in simple steps and with its own rounding. Tests compare the real layout with this layout.
 #pragma once
 
 #include <cmath>
@@ -19,7 +19,7 @@ struct SlowPlaces {
 
 class SlowQueryLayout {
  public:
-    /// `frame` is the height of the form's title bar and frame. Returns none if a number needs more than 32 bits.
+    /// `frame` is the height of the form's title bar and frame. Returns no value if a number needs more than 32 bits.
     static std::optional<SlowPlaces> Run(const dialogs::QueryMeasures& measures, runtime::Twips frame) {
         SlowQueryLayout layout;
         const SlowPlaces places = layout.Steps(measures, frame);
@@ -53,7 +53,7 @@ class SlowQueryLayout {
         };
     }
 
-    /// Rounds to the nearest whole number; ties to even.
+    /// Rounds to the nearest whole number. A number in the middle is rounded to the even neighbour.
     double Whole(double number) {
         const double below = std::floor(number);
         const double rest = number - below;

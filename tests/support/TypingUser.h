@@ -1,5 +1,5 @@
-// Simulates a user at the keyboard in the build's own window system. The newest form receives the keys as it receives
-// keys from its window's message queue.
+// Simulates a user at the keyboard in the build's window system. The newest form receives the keys as its window's
+// message queue would deliver them.
 #pragma once
 
 #include "runtime/Form.h"
@@ -21,8 +21,8 @@ class TypingUser {
     /// `form` must be visible. Its focused control receives the keys.
     explicit TypingUser(runtime::Form& form) : form_(form) {}
 
-    /// Presses and releases a key with the modifiers `shift` (kShift, kCtrl, kAlt). Enter, Space, Escape and Tab become
-    /// characters unless the form consumes them.
+    /// Presses and releases a key with the modifiers `shift` (kShift, kCtrl, kAlt). Enter, Space, Escape and Tab also
+    /// produce a character if the form does not consume the key.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);
     void Type(runtime::StringView text);
 
@@ -32,7 +32,7 @@ class TypingUser {
 
 #ifdef _WIN32
 
-/// Holds modifier keys down for this thread until it is destroyed.
+/// Holds modifier keys down for this thread. The destructor releases the keys.
 class HeldKeys {
  public:
     explicit HeldKeys(std::int16_t shift) {
