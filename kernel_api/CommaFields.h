@@ -1,5 +1,6 @@
 // Splits a text into the suite's comma fields. A field is plain or in double quotes. The field splitter and the
-// built-in field parser both use this class; each handles a quote that never closes in its own way.
+// built-in field parser use this class. If a quote never closes, the field splitter never returns, and the parser takes
+// the rest of the text.
 #pragma once
 
 #include "runtime/Text.h"
@@ -8,22 +9,24 @@ namespace kernel_api {
 
 struct CommaField {
     runtime::StringView text;
-    /// The field opens with a quote that never closes. It is the last field; `text` is everything after that quote.
+    /// True if the field opens with a quote that never closes. The field is then the last field, and `text` is
+    /// everything after the quote.
     bool isUnclosed = false;
 };
 
-/// Returns the fields of a text one after another. The text must outlive the object. Each part is searched once.
+/// Returns the fields of a text one after another. The text must outlive the object. Each part of the text is searched
+/// once.
 /// - Every text has at least one field.
-/// - A quoted field extends to the first comma after its closing quote, or to the end of the text. A comma that is the
-///   text's last character does not end it.
-/// - The last character of a quoted field, normally its closing quote, is left out.
+/// - A quoted field extends to the first comma after its closing quote. Without such a comma, or if that comma is the
+///   text's last character, the field extends to the end of the text.
+/// - The result leaves out the last character of a quoted field, normally its closing quote.
 /// - A quote that is the text's last character is a plain field.
 class CommaFields {
  public:
     explicit CommaFields(runtime::StringView text) : text_(text) {}
 
     bool AtEnd() const { return atEnd_; }
-    /// The next field. Must not be called at the end.
+    /// Returns the next field. Must not be called at the end.
     CommaField Take() { return OpensQuoted() ? TakeQuoted() : TakePlain(); }
 
  private:

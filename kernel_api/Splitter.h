@@ -1,5 +1,5 @@
-// The suite's shared string splitter, as this component calls it. It parses the comma fields of commands and counts
-// the pieces of a text.
+// The interface of the suite's shared string splitter. The splitter parses the comma fields of commands and counts the
+// pieces of a text.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,8 @@ class FieldParser {
 
     /// Copies `text` and makes it the text to split.
     virtual void SetText(StringView text) = 0;
-    /// Field `number`, counted from 1; "" if there is no such field. The result is valid until the next SetText.
+    /// Returns field `number`, counted from 1; "" if the field does not exist. The result is valid until the next
+    /// SetText.
     virtual StringView Field(std::int32_t number) = 0;
 };
 
@@ -28,11 +29,11 @@ class Splitter {
     virtual ~Splitter() = default;
 
     virtual std::unique_ptr<FieldParser> MakeFieldParser() = 0;
-    /// The number of pieces into which `separator` divides `text`, at least 1. An empty last piece counts.
+    /// Returns the number of pieces into which `separator` divides `text`, at least 1. Also counts an empty last piece.
     virtual std::int32_t CountPieces(StringView text, StringView separator) = 0;
 };
 
-/// The splitter in use. Error 91 before a splitter was chosen.
+/// Returns the splitter in use. Error 91 if no splitter was chosen.
 Splitter& CurrentSplitter();
 
 }  // namespace kernel_api

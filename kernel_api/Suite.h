@@ -1,4 +1,4 @@
-// The suite's parts in use. The composition chooses them and owns them.
+// Stores pointers to the suite's kernel, reader and splitter in use. The composition sets the pointers.
 #pragma once
 
 #include "kernel_api/Kernel.h"
@@ -13,7 +13,7 @@ struct Suite {
     Splitter* splitter = nullptr;
 };
 
-/// The parts that CurrentKernel, CurrentReader and CurrentSplitter return. Callers may replace each part.
+/// Returns the parts that CurrentKernel, CurrentReader and CurrentSplitter return. The caller may replace each part.
 Suite& CurrentSuite();
 
 }  // namespace kernel_api

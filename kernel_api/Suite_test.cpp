@@ -1,4 +1,4 @@
-// Each of the suite's three parts can be missing. The error is the same for all of them.
+// The kernel, the reader or the splitter can be missing. A missing part is always error 91.
 #include "kernel_api/Kernel.h"
 
 #include <gtest/gtest.h>

@@ -81,7 +81,7 @@ void BuiltInReader::Refresh() {
         try {
             ini_ = IniText(locale_, DecodeIni(*bytes, locale_));
         } catch (const std::bad_alloc&) {
-            // If the file does not fit into memory, the settings in the registry are still found.
+            // If the file does not fit into memory, the reader still finds the settings in the registry.
         }
     });
 }

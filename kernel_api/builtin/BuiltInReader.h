@@ -1,5 +1,5 @@
-// The reader that replaces the suite's own. Settings come from MARLENTO.INI in the system folder, then from the user's
-// registry settings. Texts come from K4TBackProcess.txt in the language folder.
+// Replaces the suite's reader. Settings come from MARLENTO.INI in the system folder, then from the user's registry
+// settings. Texts come from K4TBackProcess.txt in the language folder.
 #pragma once
 
 #include <cstdint>
@@ -15,14 +15,14 @@
 
 namespace kernel_api::builtin {
 
-/// The largest size of a language file that is read, in bytes. It is enough for about 300,000 texts. A larger file
-/// would take hundreds of megabytes of a module's memory and several seconds.
+/// The maximum size of a language file in bytes. It is enough for about 300,000 texts. The reader ignores a larger
+/// file, because reading it would take hundreds of megabytes of a module's memory and several seconds.
 constexpr std::uint64_t kMaxTextsBytes = 16u << 20;
 
 /// The name of the language file in each language folder.
 inline constexpr StringView kTextsFileName = u"K4TBackProcess.txt";
 
-/// Path of the language file in `languageFolder`, which may end in a backslash.
+/// Returns the path of the language file in `languageFolder`. The folder may end in a backslash.
 String TextsPathIn(StringView languageFolder);
 
 enum class SettingSource { None, IniFile, Registry };
@@ -40,22 +40,22 @@ class BuiltInReader : public Reader {
     void NormaliseFolder(String& folder) override;
     String GetSetting(StringView application, StringView key, StringView defaultValue) override;
     String GetText(StringView defaultText, StringView textId) override;
-    /// Also returns "" for an address less than 64 KB above or below 0, because no text can be there.
+    /// Returns "" if the address is less than 64 KB above or below 0, because no text can be there.
     String TextAt(TextPointer pointer) override;
 
-    /// Sets the function that returns the language folder. If it is null or returns "", the kernel string
+    /// Sets the function that returns the language folder. If the function is null or returns "", the kernel string
     /// "LANGUAGEPATH" is the language folder.
     void UseLanguageFolder(std::function<String()> folder) { languageFolder_ = std::move(folder); }
 
-    /// The setting and its source. No INI file is read before the first NormaliseFolder.
+    /// Returns the setting and its source. Reads no INI file before the first NormaliseFolder.
     FoundSetting Find(StringView application, StringView key);
 
  private:
     /// Reads the INI file again if it has changed.
     void Refresh();
-    /// Reads the language file again if it or the language folder has changed.
+    /// Reads the language file again if the file or the language folder has changed.
     void RefreshTexts();
-    /// Empty if no language folder is known.
+    /// Returns the language folder; empty if no folder is known.
     String LanguageFolder();
 
     runtime::FilesPort& files_;

@@ -1,5 +1,5 @@
-// The reader of settings and texts, with files and settings in memory: the source of each value, and when a file is
-// read again.
+// Tests the reader of settings and texts with files and settings in memory: the source of each value, and when the
+// reader reads a file again.
 #include "kernel_api/builtin/BuiltInReader.h"
 #include "kernel_api/Suite.h"
 
@@ -73,7 +73,7 @@ TEST_F(BuiltInReaderTest, EmptyValue_IsReturnedInsteadOfTheDefault) {
     EXPECT_EQ(Ver(), u"");
 }
 
-TEST_F(BuiltInReaderTest, OnlyTheRegistrySectionSettingsCounts) {
+TEST_F(BuiltInReaderTest, OtherRegistrySection_IsIgnored) {
     settings_.Save(u"Marlento", u"Other", u"Ver", u"1");
     EXPECT_EQ(Ver(), u"?");
 }
@@ -94,7 +94,7 @@ TEST_F(BuiltInReaderTest, FileIsReadOnce) {
     EXPECT_EQ(Reads(), 1);
 }
 
-TEST_F(BuiltInReaderTest, FileIsReadAgainWhenItChanged) {
+TEST_F(BuiltInReaderTest, ChangedFile_IsReadAgain) {
     files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\nRev=2\r\n");
     UseFolder(u"C:\\sys");
     EXPECT_EQ(Ver(), u"1");
@@ -104,7 +104,7 @@ TEST_F(BuiltInReaderTest, FileIsReadAgainWhenItChanged) {
     EXPECT_EQ(Reads(), 2);
 }
 
-TEST_F(BuiltInReaderTest, FileMayAppearAndVanish) {
+TEST_F(BuiltInReaderTest, FileAppearsAndIsDeleted_ReaderFollows) {
     UseFolder(u"C:\\sys");
     EXPECT_EQ(Ver(), u"?");
     files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
@@ -113,7 +113,7 @@ TEST_F(BuiltInReaderTest, FileMayAppearAndVanish) {
     EXPECT_EQ(Ver(), u"?");
 }
 
-TEST_F(BuiltInReaderTest, AnotherFolderHasItsOwnFile) {
+TEST_F(BuiltInReaderTest, OtherFolder_FileInThatFolderIsRead) {
     files_.AddFile(u"C:\\a\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
     files_.AddFile(u"C:\\b\\MARLENTO.INI", "[Marlento]\r\nVer=2\r\n");
     UseFolder(u"C:\\a");
@@ -124,7 +124,7 @@ TEST_F(BuiltInReaderTest, AnotherFolderHasItsOwnFile) {
     EXPECT_EQ(Ver(), u"?");
 }
 
-TEST_F(BuiltInReaderTest, UnreadableFile_EarlierSettingsStay) {
+TEST_F(BuiltInReaderTest, UnreadableFile_EarlierSettingsAreUsed) {
     files_.AddFile(u"C:\\sys\\MARLENTO.INI", "[Marlento]\r\nVer=1\r\n");
     UseFolder(u"C:\\sys");
     EXPECT_EQ(Ver(), u"1");
@@ -135,7 +135,7 @@ TEST_F(BuiltInReaderTest, UnreadableFile_EarlierSettingsStay) {
     EXPECT_EQ(Ver(), u"3");
 }
 
-/// Runs out of memory when it converts from the ANSI code page.
+/// A locale that runs out of memory when it converts from the ANSI code page.
 class ShortOfMemory : public runtime::headless::PlainLocale {
  public:
     String FromAnsi(std::string_view) override { throw std::bad_alloc(); }
@@ -222,7 +222,7 @@ TEST_F(LocalTexts, FolderMayEndInABackslash) {
     EXPECT_EQ(Reads(), 1);
 }
 
-TEST_F(LocalTexts, FileMayAppearChangeAndVanish) {
+TEST_F(LocalTexts, FileAppearsChangesAndIsDeleted_ReaderFollows) {
     folder_ = u"C:\\de";
     EXPECT_EQ(Text(u"1"), u"default");
     WriteTexts(u"C:\\de", "1 = eins\n2 = zwei\n");
@@ -235,7 +235,7 @@ TEST_F(LocalTexts, FileMayAppearChangeAndVanish) {
     EXPECT_EQ(Reads(), 2);
 }
 
-TEST_F(LocalTexts, FileBeingWritten_EarlierTextsStay) {
+TEST_F(LocalTexts, FileCannotBeRead_EarlierTextsAreUsed) {
     folder_ = u"C:\\de";
     WriteTexts(u"C:\\de", "1 = eins\n");
     EXPECT_EQ(Text(u"1"), u"eins");
@@ -268,7 +268,7 @@ TEST_F(LocalTexts, InvalidFolder_DefaultText) {
     }
 }
 
-TEST_F(LocalTexts, FileTooLargeIsNotRead) {
+TEST_F(LocalTexts, TooLargeFile_IsNotRead) {
     folder_ = u"C:\\de";
     std::string lines = "1 = eins\n# ";
     lines.resize(kMaxTextsBytes, 'x');

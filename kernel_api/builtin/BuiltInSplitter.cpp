@@ -7,7 +7,7 @@
 namespace kernel_api::builtin {
 namespace {
 
-/// Parses the text only up to the requested field, and each part of it once.
+/// Parses the text only up to the requested field. Parses each part of the text once.
 class BuiltInFieldParser : public FieldParser {
  public:
     void SetText(StringView text) override {
@@ -28,7 +28,8 @@ class BuiltInFieldParser : public FieldParser {
     }
 
  private:
-    /// In characters. SetText frees a larger buffer if the new text fits into this size.
+    /// The size of a buffer that is kept, in characters. SetText frees a larger buffer if the new text fits into this
+    /// size.
     static constexpr std::size_t kRoomKept = 65536;
 
     String text_;

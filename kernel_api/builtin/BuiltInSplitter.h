@@ -1,5 +1,5 @@
-// The splitter that replaces the suite's own. It splits a text like the component's field splitter, with one
-// difference: after a quote that never closes, the field is the rest of the text.
+// Replaces the suite's splitter. It splits a text like the component's field splitter, with one difference: after a
+// quote that never closes, the field is the rest of the text.
 #pragma once
 
 #include "kernel_api/Splitter.h"
@@ -9,7 +9,7 @@ namespace kernel_api::builtin {
 class BuiltInSplitter : public Splitter {
  public:
     std::unique_ptr<FieldParser> MakeFieldParser() override;
-    /// If `text` or `separator` is empty, the result is 1.
+    /// Returns 1 if `text` or `separator` is empty.
     std::int32_t CountPieces(StringView text, StringView separator) override;
 };
 

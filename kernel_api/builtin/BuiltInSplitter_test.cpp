@@ -18,7 +18,7 @@ using tests::ErrorOf;
 
 class FieldParserTest : public ::testing::Test {
  protected:
-    /// The first `count` fields of `text`.
+    /// Returns the first `count` fields of `text`.
     std::vector<String> Fields(StringView text, std::int32_t count) {
         parser_->SetText(text);
         std::vector<String> fields;
@@ -32,12 +32,12 @@ class FieldParserTest : public ::testing::Test {
 
 using Texts = std::vector<String>;
 
-TEST_F(FieldParserTest, FieldsLieBetweenCommas) {
+TEST_F(FieldParserTest, Fields_AreSeparatedByCommas) {
     EXPECT_EQ(Fields(u"All,SAVE,3", 3), (Texts{u"All", u"SAVE", u"3"}));
     EXPECT_EQ(Fields(u" All , SAVE", 2), (Texts{u" All ", u" SAVE"}));
 }
 
-TEST_F(FieldParserTest, QuotedFieldHoldsCommas) {
+TEST_F(FieldParserTest, QuotedField_MayContainCommas) {
     EXPECT_EQ(Fields(uR"("A,B",C)", 2), (Texts{u"A,B", u"C"}));
 }
 
@@ -53,7 +53,7 @@ TEST_F(FieldParserTest, NoText_NoFields) {
     EXPECT_EQ(parser_->Field(1), u"");
 }
 
-TEST_F(FieldParserTest, FieldsMayBeReadInAnyOrderAndTwice) {
+TEST_F(FieldParserTest, Fields_CanBeReadInAnyOrderAndTwice) {
     parser_->SetText(u"A,B,C");
     EXPECT_EQ(parser_->Field(3), u"C");
     EXPECT_EQ(parser_->Field(1), u"A");
@@ -61,7 +61,7 @@ TEST_F(FieldParserTest, FieldsMayBeReadInAnyOrderAndTwice) {
     EXPECT_EQ(parser_->Field(2), u"B");
 }
 
-TEST_F(FieldParserTest, NewTextReplacesTheOldOne) {
+TEST_F(FieldParserTest, NewText_ReplacesTheEarlierText) {
     Fields(u"A,B,C", 3);
     EXPECT_EQ(Fields(u"D", 3), (Texts{u"D", u"", u""}));
 }
@@ -73,7 +73,7 @@ TEST_F(FieldParserTest, KeepsACopyOfTheText) {
     EXPECT_EQ(parser_->Field(2), u"SAVE");
 }
 
-TEST_F(FieldParserTest, QuoteThatNeverClosesTakesTheRest) {
+TEST_F(FieldParserTest, QuoteThatNeverCloses_FieldIsTheRestOfTheText) {
     EXPECT_EQ(Fields(uR"("A,B)", 2), (Texts{u"A,B", u""}));
     EXPECT_EQ(Fields(uR"(All,"SAVE,x,)", 3), (Texts{u"All", u"SAVE,x,", u""}));
     EXPECT_EQ(Fields(uR"("A","B)", 3), (Texts{u"A", u"B", u""}));
@@ -89,8 +89,8 @@ TEST_F(FieldParserTest, FieldMayContainAnyCharacter) {
     EXPECT_EQ(Fields(text, 3), (Texts{String{u'A', u'\0'}, String{char16_t{0xD800}}, String{char16_t{0xDC00}}}));
 }
 
-// Tries every text of up to seven of these characters, except those for which the field splitter never returns.
-TEST_F(FieldParserTest, SplitsAsTheFieldSplitterDoes) {
+// Tries every text of up to seven of these characters. Skips texts for which the field splitter never returns.
+TEST_F(FieldParserTest, ShortTexts_SplitAsByTheFieldSplitter) {
     constexpr StringView kCharacters = u"\",Ab";
     for (std::size_t number = 1; number < (1U << 15); ++number) {
         String text;
@@ -123,7 +123,7 @@ TEST(BuiltInSplitter, PiecesAreOneMoreThanSeparators) {
     EXPECT_EQ(splitter.CountPieces(u"a\nb\rc", u"\r\n"), 1);
 }
 
-TEST(BuiltInSplitter, EmptyPiecesCount) {
+TEST(BuiltInSplitter, EmptyPieces_AreCounted) {
     BuiltInSplitter splitter;
     EXPECT_EQ(splitter.CountPieces(u"ends in one\r\n", u"\r\n"), 2);
     EXPECT_EQ(splitter.CountPieces(u"\r\n", u"\r\n"), 2);
@@ -135,7 +135,7 @@ TEST(BuiltInSplitter, SeparatorsDoNotOverlap) {
     EXPECT_EQ(BuiltInSplitter().CountPieces(u"aaaa", u"aa"), 3);
 }
 
-TEST(BuiltInSplitter, EmptySeparatorDividesNothing) {
+TEST(BuiltInSplitter, EmptySeparator_OnePiece) {
     EXPECT_EQ(BuiltInSplitter().CountPieces(u"abc", u""), 1);
 }
 

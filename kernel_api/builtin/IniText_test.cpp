@@ -32,12 +32,12 @@ TEST(IniProblem, Utf16WithoutByteOrderMark_IsReported) {
     EXPECT_THAT(IniProblem(std::string_view("k\0=\0", 4)), ::testing::HasSubstr("NUL characters"));
 }
 
-TEST(DecodeIni, PlainTextIsItself) {
+TEST(DecodeIni, AsciiText_IsUnchanged) {
     EXPECT_EQ(Decoded("[Marlento]\r\nVer=1"), u"[Marlento]\r\nVer=1");
     EXPECT_EQ(Decoded(""), u"");
 }
 
-TEST(DecodeIni, Utf8NeedsNoMark) {
+TEST(DecodeIni, Utf8WithoutMark_IsDecoded) {
     EXPECT_EQ(Decoded("Maker=\xC3\xA4\xE4\xB8\xAD"), u"Maker=\u00E4\u4E2D");
     EXPECT_EQ(Decoded("\xEF\xBB\xBFMaker=\xC3\xA4"), u"Maker=\u00E4");
 }
@@ -51,7 +51,7 @@ TEST(DecodeIni, ReplacementCharacterItselfIsUtf8) {
     EXPECT_EQ(Decoded("a\xEF\xBF\xBD\xC3\xA4"), u"a\uFFFD\u00E4");
 }
 
-TEST(DecodeIni, MarkedUtf8IsNeverAnsi) {
+TEST(DecodeIni, InvalidUtf8AfterAMark_IsNotReadAsAnsi) {
     EXPECT_EQ(Decoded("\xEF\xBB\xBF"
                       "a\xE4z"),
               u"a\uFFFDz");
@@ -65,7 +65,7 @@ TEST(DecodeIni, Utf16IsReadInBothByteOrders) {
     EXPECT_EQ(Decoded({"\xFE\xFF\0a\x4E\x2D", 6}), u"a\u4E2D");
 }
 
-TEST(DecodeIni, OddLastByteOfUtf16IsLeftOut) {
+TEST(DecodeIni, OddLastByteOfUtf16_IsIgnored) {
     EXPECT_EQ(Decoded({"\xFF\xFE"
                        "a\0b",
                        5}),
@@ -73,19 +73,19 @@ TEST(DecodeIni, OddLastByteOfUtf16IsLeftOut) {
     EXPECT_EQ(Decoded({"\xFE\xFF\0", 3}), u"");
 }
 
-TEST(DecodeIni, MarkAloneIsAnEmptyText) {
+TEST(DecodeIni, OnlyAMark_IsAnEmptyText) {
     EXPECT_EQ(Decoded("\xEF\xBB\xBF"), u"");
     EXPECT_EQ(Decoded("\xFF\xFE"), u"");
 }
 
-TEST(DecodeIni, HalfAMarkIsAnsi) {
+TEST(DecodeIni, HalfAByteOrderMark_IsAnsi) {
     EXPECT_EQ(Decoded("\xEF\xBB"), u"\u00EF\u00BB");
     EXPECT_EQ(Decoded("\xFF"), u"\u00FF");
 }
 
 class IniTextTest : public testing::Test {
  protected:
-    /// The value of `key` in the section [S] of `text`; "none" if there is no such key.
+    /// Returns the value of `key` in the section [S] of `text`; "none" if the key does not exist.
     String Value(StringView text, StringView key) { return ValueIn(text, u"S", key); }
     String ValueIn(StringView text, StringView section, StringView key) {
         const IniText ini(locale_, text);
@@ -125,13 +125,13 @@ TEST_F(IniTextTest, OnePairOfQuotesIsRemoved) {
     EXPECT_EQ(Value(u"[S]\nk=\"\"", u"k"), u"");
 }
 
-TEST_F(IniTextTest, UnpairedQuotesStay) {
+TEST_F(IniTextTest, UnpairedQuotes_AreKept) {
     EXPECT_EQ(Value(u"[S]\nk=\"a'", u"k"), u"\"a'");
     EXPECT_EQ(Value(u"[S]\nk=\"", u"k"), u"\"");
     EXPECT_EQ(Value(u"[S]\nk=\"a\" b", u"k"), u"\"a\" b");
 }
 
-TEST_F(IniTextTest, FirstOfSeveralEqualNamesCounts) {
+TEST_F(IniTextTest, EqualNames_FirstValueIsUsed) {
     EXPECT_EQ(Value(u"[S]\nk=1\nK=2\n[A]\n[s]\nk=3\nl=4", u"k"), u"1");
     EXPECT_EQ(Value(u"[S]\nk=1\n[A]\n[s]\nk=3\nl=4", u"l"), u"4");
 }
@@ -149,15 +149,15 @@ TEST_F(IniTextTest, CommentsAndUnreadableLinesAreSkipped) {
     EXPECT_EQ(Value(kText, u""), u"none");
 }
 
-TEST_F(IniTextTest, TextBehindASectionsBracketIsIgnored) {
+TEST_F(IniTextTest, TextAfterASectionsBracket_IsIgnored) {
     EXPECT_EQ(Value(u"[S] ; the suite [x]\nk=1", u"k"), u"1");
 }
 
-TEST_F(IniTextTest, KeysAboveTheFirstSectionBelongToNone) {
+TEST_F(IniTextTest, KeysAboveTheFirstSection_AreSkipped) {
     EXPECT_EQ(ValueIn(u"k=1\n[S]\n", u"", u"k"), u"none");
 }
 
-TEST_F(IniTextTest, NulsAreCharactersLikeOthers) {
+TEST_F(IniTextTest, Nul_IsAnOrdinaryCharacter) {
     EXPECT_EQ(Value(StringView(u"[S]\nk=a\0b\nl=2", 13), u"k"), String(u"a\0b", 3));
     EXPECT_EQ(Value(StringView(u"[S]\nk=a\0b\nl=2", 13), u"l"), u"2");
 }
@@ -166,7 +166,7 @@ TEST_F(IniTextTest, EmptyTextHasNoSettings) {
     EXPECT_EQ(Value(u"", u"k"), u"none");
 }
 
-TEST_F(IniTextTest, VeryLongLineIsReadLikeAnyOther) {
+TEST_F(IniTextTest, VeryLongLine_IsRead) {
     const String longValue(2'000'000, u'x');
     EXPECT_TRUE(Value(u"[S]\nk=" + longValue + u"\nl=2", u"k") == longValue);
     EXPECT_EQ(Value(longValue + u"\n[S]\nl=2", u"l"), u"2");

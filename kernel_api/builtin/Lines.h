@@ -17,7 +17,7 @@ View TakeLine(View& text) {
     return line;
 }
 
-/// `text` without blanks and tabs at both ends.
+/// Returns `text` without blanks and tabs at both ends.
 template <typename View>
 View Trimmed(View text) {
     static constexpr typename View::value_type kGaps[] = {' ', '\t', 0};

@@ -13,13 +13,13 @@ using runtime::String;
 using runtime::StringView;
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
-/// None if the bytes are not UTF-8 or contain a NUL.
+/// Decodes UTF-8. Returns no value if the bytes are not UTF-8 or contain a NUL.
 std::optional<String> Decode(std::string_view bytes) {
     if (bytes.find('\0') != std::string_view::npos) return std::nullopt;
     return runtime::FromStrictUtf8(bytes);
 }
 
-/// None for an unknown escape, and for a backslash at the end.
+/// Replaces the escapes. Returns no value for an unknown escape, and for a backslash at the end.
 std::optional<String> Unescape(StringView text) {
     String plain;
     plain.reserve(text.size());

@@ -15,11 +15,12 @@
 
 namespace kernel_api::builtin {
 
-/// Why a line cannot be read. A line without a text is a fault, because a button would have no caption; an untranslated
-/// text has no line and is shown by its default. A NUL is "not UTF-8", because the file then has another encoding.
+/// The reason why a line cannot be read. A line without a text is a fault, because a button would have no caption. The
+/// file has no line for an untranslated text, and the default is then shown. A NUL is reported as "not UTF-8", because
+/// the file then has another encoding.
 enum class LineFault { kNoEqualsSign, kNoIdentifier, kNoText, kTwice, kUnknownEscape, kNotUtf8 };
 
-/// Receives the number of each skipped line, counted from 1, and its fault.
+/// Receives the number of a skipped line, counted from 1, and the line's fault.
 using FaultSink = std::function<void(std::size_t line, LineFault fault)>;
 
 class TextFile {
@@ -31,10 +32,10 @@ class TextFile {
     using Texts = std::unordered_map<runtime::String, runtime::String, Hash, std::equal_to<>>;
 
     TextFile() = default;
-    /// `bytes` is the whole file, with or without a byte order mark.
+    /// Reads the texts from `bytes`, the whole file with or without a byte order mark.
     explicit TextFile(std::string_view bytes, const FaultSink& onFault = {});
 
-    /// The text under `identifier`, or null. Blanks and tabs around `identifier` are ignored.
+    /// Returns the text under `identifier`, or null. Ignores blanks and tabs around `identifier`.
     const runtime::String* Find(runtime::StringView identifier) const;
 
     const Texts& All() const { return texts_; }
@@ -42,15 +43,15 @@ class TextFile {
     std::size_t SkippedLines() const { return skippedLines_; }
 
  private:
-    /// Adds the line's text, if it has one. Returns the fault of a line that cannot be read.
+    /// Adds the line's text, if the line has a text. Returns the fault of a line that cannot be read.
     std::optional<LineFault> Take(std::string_view line);
 
     Texts texts_;
     std::size_t skippedLines_ = 0;
 };
 
-/// `text` in the form that a language file needs: a blank at either end becomes \s, a tab \t, a backslash \\, a line
-/// break (CR LF) \n. A single CR or LF has no form of its own and becomes \n, too.
+/// Converts `text` to the form that a language file needs. A blank at the start or end becomes \s, a tab \t, a
+/// backslash \\, and a line break (CR LF) \n. A single CR or LF also becomes \n.
 runtime::String EscapeText(runtime::StringView text);
 
 }  // namespace kernel_api::builtin

@@ -10,13 +10,13 @@ namespace {
 
 using runtime::String;
 
-/// "(none)" if there is no such text.
+/// Returns the text under `identifier`; "(none)" if there is no text.
 String TextIn(const TextFile& file, runtime::StringView identifier) {
     const String* text = file.Find(identifier);
     return text ? *text : u"(none)";
 }
 
-TEST(TextFile, HoldsOneTextALine) {
+TEST(TextFile, EachLine_IsOneText) {
     const TextFile file("39171 = &Ja\n39172=&Nein\r\nLOC = Hintergrund");
     EXPECT_EQ(TextIn(file, u"39171"), u"&Ja");
     EXPECT_EQ(TextIn(file, u"39172"), u"&Nein");
@@ -33,7 +33,7 @@ TEST(TextFile, BlanksAroundIdentifierAndTextAreRemoved) {
     EXPECT_EQ(TextIn(file, u"  99388"), u"Abbrechen");
 }
 
-TEST(TextFile, EscapesStandForBlanksBreaksAndBackslashes) {
+TEST(TextFile, Escapes_BecomeBlanksBreaksAndBackslashes) {
     const TextFile file("1 = Pfad:\\s\n2 = a\\nb\n3 = \\t\\\\n\n");
     EXPECT_EQ(TextIn(file, u"1"), u"Pfad: ");
     EXPECT_EQ(TextIn(file, u"2"), u"a\r\nb");
@@ -47,13 +47,13 @@ TEST(TextFile, CommentsAndEmptyLinesAreIgnored) {
     EXPECT_EQ(file.SkippedLines(), 0u);
 }
 
-TEST(TextFile, TextMayHoldEqualsSigns) {
+TEST(TextFile, TextWithEqualsSigns_IsReadWhole) {
     const TextFile file("1 = a=b\n2 ==\n");
     EXPECT_EQ(TextIn(file, u"1"), u"a=b");
     EXPECT_EQ(TextIn(file, u"2"), u"=");
 }
 
-TEST(TextFile, LineWithoutText_SkippedAndIdentifierStaysFree) {
+TEST(TextFile, LineWithoutText_IsSkippedAndLaterTextIsUsed) {
     const TextFile file("1 =\n2 = \t \n2 = b\n3 = \\s\n4=");
     EXPECT_EQ(TextIn(file, u"1"), u"(none)");
     EXPECT_EQ(TextIn(file, u"2"), u"b");
@@ -62,7 +62,7 @@ TEST(TextFile, LineWithoutText_SkippedAndIdentifierStaysFree) {
     EXPECT_EQ(file.SkippedLines(), 3u);
 }
 
-TEST(TextFile, FirstOfTwoTextsCounts) {
+TEST(TextFile, SameIdentifierTwice_FirstTextIsUsed) {
     const TextFile file("1 = first\n1 = second\n");
     EXPECT_EQ(TextIn(file, u"1"), u"first");
     EXPECT_EQ(file.SkippedLines(), 1u);
@@ -104,14 +104,15 @@ TEST(TextFile, TruncatedFile_KeepsTheTextsBeforeTheCut) {
     for (std::size_t length = 0; length <= whole.size(); ++length) {
         const TextFile file(std::string_view(whole).substr(0, length));
         const String first = TextIn(file, u"1");
-        // The text's character is complete at length 14. At length 15 the file ends within the escape after it.
+        // The text's character is complete at length 14. At length 15, the file ends within the escape after that
+        // character.
         const String expected = length == 14 ? u"\u306F" : length < 16 ? u"(none)" : u"\u306F ";
         EXPECT_EQ(first, expected) << length;
         EXPECT_EQ(TextIn(file, u"2"), u"(none)") << length;
     }
 }
 
-TEST(TextFile, Utf16HasNoTexts) {
+TEST(TextFile, Utf16File_HasNoTexts) {
     std::string little = "\xFF\xFE";
     std::string big = "\xFE\xFF";
     for (const char c : std::string("\r\n1 = a\r\n39171 = &Ja\r\n")) {
@@ -152,7 +153,7 @@ TEST(EscapeText, EscapedTextIsReadBackUnchanged) {
     EXPECT_EQ(EscapeText(u"Path: "), u"Path:\\s");
 }
 
-TEST(EscapeText, WritesEveryKindOfLineEndAlike) {
+TEST(EscapeText, EachKindOfLineEnd_BecomesTheSameEscape) {
     EXPECT_EQ(EscapeText(u"a\nb\rc\r\nd\n\re\r"), u"a\\nb\\nc\\nd\\n\\ne\\n");
 }
 

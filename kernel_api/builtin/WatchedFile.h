@@ -1,5 +1,5 @@
-// A file that is read once, and again when its path or its stamp (size and time) changes. Within an operation the stamp
-// is checked once.
+// Reads a file once. Reads the file again when its path or its stamp (size and time) changes. Checks the stamp once
+// within an operation.
 #pragma once
 
 #include <cstdint>
@@ -17,21 +17,22 @@ class WatchedFile {
  public:
     static constexpr std::uint64_t kAnySize = std::numeric_limits<std::uint64_t>::max();
 
-    /// `files` must outlive the object; the object must outlive every operation in which it is used. A file larger than
-    /// `maxBytes` is not read; it counts as missing.
+    /// `files` must outlive the object. The object must outlive every operation in which it is used. A file larger than
+    /// `maxBytes` is not read. It is treated as missing.
     explicit WatchedFile(runtime::FilesPort& files, std::uint64_t maxBytes = kAnySize)
         : files_(files), maxBytes_(maxBytes) {}
 
-    /// An empty path means no file.
+    /// An empty path means that there is no file.
     void SetPath(runtime::String path) {
         if (path == path_) return;
         path_ = std::move(path);
         changed_ = true;
     }
 
-    /// If the path or the file has changed, calls `take` with the file's bytes, or with none if there is no file. A
-    /// file that cannot be read, for example because another program is writing it, counts as unchanged until it can be
-    /// read. After a change of the path it counts as missing.
+    /// If the path or the file has changed, calls `take` with the file's bytes, or without a value if there is no file.
+    /// If a changed file cannot be read, does not call `take`, and the next call tries again. Another program may be
+    /// writing the file, for example. If the path has changed and the new file cannot be read, the file is treated as
+    /// missing.
     template <typename Take>
     void Refresh(Take&& take) {
         if (!changed_ && isChecked_) return;
@@ -44,7 +45,8 @@ class WatchedFile {
             bytes = files_.Read(path_);
             if (!bytes && !changed_) return;
         }
-        // Try again to read a file that could not be read. Do not try a file that is too large until it changes.
+        // The next call tries again to read a file that could not be read. A too large file is tried again only after a
+        // change.
         stamp_ = bytes || isTooLarge ? stamp : std::nullopt;
         changed_ = false;
         take(bytes);
@@ -54,9 +56,9 @@ class WatchedFile {
     runtime::FilesPort& files_;
     const std::uint64_t maxBytes_;
     runtime::String path_;
-    std::optional<runtime::FileStamp> stamp_;  ///< of the file that `take` received last
-    bool changed_ = false;                     ///< the path has changed since
-    bool isChecked_ = false;                   ///< in the current operation
+    std::optional<runtime::FileStamp> stamp_;  ///< stamp of the file that `take` received last
+    bool changed_ = false;                     ///< true if the path has changed since then
+    bool isChecked_ = false;                   ///< true if the current operation has checked the stamp
 };
 
 }  // namespace kernel_api::builtin

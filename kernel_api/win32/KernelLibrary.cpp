@@ -39,7 +39,7 @@ bool IsAskedForDevelopmentKernel() {
     return runtime::win32::IsSwitchedOn(kAskForDevelopmentKernel);
 }
 
-/// Why the file at `path` does not load.
+/// Returns the reason why the file at `path` does not load.
 String Reason(const String& path, DWORD systemError) {
     if (systemError != ERROR_BAD_EXE_FORMAT) {
         return u"system error " + runtime::FromAscii(std::to_string(systemError));
@@ -67,7 +67,8 @@ Error NotFound(const String& folder) {
             u"in the program's or the system's folder); put the suite's QmxKrn2K.dll beside the component");
 }
 
-/// If the file that was found does not load, no other copy is tried, because that would hide the damage.
+/// Loads the library that FindKernel finds. If that file does not load, tries no other copy, because that would hide
+/// the damage.
 Library Load(const String& folder) {
     const auto found = FindKernel(folder, FolderOf(ModulePath(nullptr)));
     if (!found) throw NotFound(folder);
@@ -81,7 +82,7 @@ std::string ToAnsi(StringView text) {
     return runtime::win32::Win32Locale().ToAnsi(text);
 }
 
-/// Up to the first NUL.
+/// Converts the bytes up to the first NUL.
 String FromAnsi(std::string_view bytes) {
     return runtime::win32::Win32Locale().FromAnsi(bytes.substr(0, bytes.find('\0')));
 }
@@ -131,7 +132,7 @@ FARPROC KernelLibrary::Find(const char* name) {
     const Error missing = runtime::ErrorAbout(
         runtime::kDllEntryPointNotFound,
         runtime::FromAscii(name) + u" in " + ModulePath(library_.Get()) + u"; put the suite's QmxKrn2K.dll there");
-    // Release a wrong library so that its file can be replaced by the right one.
+    // Release the wrong library, so that a user can replace its file.
     if (!isBound_) library_.Reset();
     throw missing;
 }
@@ -145,7 +146,7 @@ Function KernelLibrary::Bound(Function& entry, const char* name) {
 void KernelLibrary::E_SetString(StringView key, String& value) {
     const auto call = Bound(setString_, "E_SetString");
     std::string keyBytes = ToAnsi(key);
-    std::string buffer = ToAnsi(value) + '\0';  // the kernel may overwrite the terminator, too
+    std::string buffer = ToAnsi(value) + '\0';  // the kernel may also overwrite the terminator
     call(keyBytes.data(), buffer.data());
     value = FromAnsi(buffer);
 }

@@ -1,7 +1,8 @@
-// The suite's kernel in its own library, QmxKrn2K.dll. The first call loads the library. Each entry is looked up when
-// it is first needed. A failed step is repeated at the next call, because the library may be installed later.
+// Calls the suite's kernel in its library, QmxKrn2K.dll. The first call loads the library. An entry is looked up at its
+// first call. If a step fails, the next call repeats it, because the library may be installed later.
 //
-// One thread at a time may use an object. The library stays loaded until the object is destroyed.
+// One thread at a time may use an object. The library stays loaded until the object is destroyed. Exception: a library
+// that lacks the first requested entry is released.
 #pragma once
 
 #include <optional>
@@ -18,11 +19,11 @@ enum class KernelPlace {
     kBesideComponent,
     kProgramFolder,
     kSystemFolder,
-    kDevelopmentFolder,  ///< the development kernel, because there is no other
+    kDevelopmentFolder,  ///< the development kernel, because no other kernel exists
 };
 
 struct FoundKernel {
-    String path;  ///< full
+    String path;  ///< full path
     KernelPlace place;
 };
 
@@ -33,11 +34,11 @@ inline constexpr const char16_t* kDevelopmentFolder = u"dev";
 inline constexpr const wchar_t* kAskForDevelopmentKernel = L"K4TBACKPROCESS_DEVELOPMENT_KERNEL";
 
 /// Finds the library that a component in `componentFolder` loads in a program in `programFolder`. Searches the places
-/// in the order of KernelPlace and skips empty folders. Returns none if no place has the file. The current folder and
-/// PATH are not searched.
+/// in the order of KernelPlace and skips empty folders. Returns no value if no place has the file. Does not search the
+/// current folder and PATH.
 std::optional<FoundKernel> FindKernel(const String& componentFolder, const String& programFolder);
 
-/// Errors of all calls: 53 (no library), 48 (the library does not load), 453 (the library lacks the entry).
+/// Each call can raise error 53 (no library), 48 (the library does not load) or 453 (the library lacks the entry).
 class KernelLibrary : public Kernel {
  public:
     /// `folder` is the component's folder; see FindKernel.
@@ -48,9 +49,9 @@ class KernelLibrary : public Kernel {
     std::int32_t DB_DataBase() override;
     TextPointer O_GetName(std::int32_t handle) override;
 
-    /// Loads the library if necessary and returns its full path. Errors 53 and 48.
+    /// Loads the library if necessary and returns its full path. Raises error 53 or 48.
     String Path();
-    /// Loads the library if necessary and returns the names of its missing entries. Errors 53 and 48.
+    /// Loads the library if necessary and returns the names of its missing entries. Raises error 53 or 48.
     std::vector<std::string> MissingEntries();
 
  private:
@@ -61,7 +62,7 @@ class KernelLibrary : public Kernel {
 
     const String folder_;
     runtime::win32::Library library_;
-    bool isBound_ = false;  ///< an entry of the library was found
+    bool isBound_ = false;  ///< true if an entry of the library was found
     long(__stdcall* setString_)(char* key, char* value) = nullptr;
     long(__stdcall* getString_)(char* key) = nullptr;
     long(__stdcall* dataBase_)() = nullptr;
