@@ -1,13 +1,13 @@
 """Reads the code blocks of the documents: commands, expected output, and contents of files.
 
-The form of a block says what it is:
-    ```sh               commands, one per line; a plain block directly below is the output of the last one
+The form of a block determines its meaning:
+    ```sh               one command per line; a plain block directly below is the last command's output
     ```                 with lines that start with "$ " (or "> " for the Windows prompt, in the package's
                         folder): commands, each followed by its output
     any language        after a line that ends with `build/try/NAME`: or `C:\\Orvane\\…`: the contents of that file
     any language        after a line that ends with `FOLDER/NAME`: lines of that project file, quoted unchanged
     anything else       an illustration
-A line "..." in expected output stands for any number of lines.
+A line "..." in expected output matches any number of lines.
 """
 import re
 from dataclasses import dataclass
@@ -21,13 +21,13 @@ DRIVE = "build/wine/drive_c/"
 
 @dataclass
 class Command:
-    """`expected` is the list of output lines. None means that the document shows no output; then the command must
+    """`expected` is the list of output lines. If it is None, the document shows no output, and the command must
     succeed."""
 
     document: str
     line: str
     expected: list = None
-    is_for_windows: bool = False  # to be typed at the Windows prompt
+    is_for_windows: bool = False  # if true, the reader types the command at the Windows prompt
 
 
 @dataclass
@@ -55,12 +55,12 @@ class Illustration:
 
 
 def place(path):
-    """The path in the checkout of a file that a document names."""
+    """Returns the path in the checkout of a file that a document names."""
     return DRIVE + path[3:].replace("\\", "/") if path.startswith("C:\\") else path
 
 
 def transcript(document, body):
-    """The commands of a block that has prompts."""
+    """Returns the commands of a block that has prompts."""
     commands = []
     for line in body.splitlines():
         if line.startswith(PROMPTS):
@@ -71,9 +71,9 @@ def transcript(document, body):
 
 
 def read(document, text):
-    """The document's steps, in order."""
+    """Returns the document's steps in order."""
     steps = []
-    after_commands = False  # directly: only blank lines in between
+    after_commands = False  # if true, only blank lines follow the last command
     end = 0
     for fence in FENCE.finditer(text):
         between = text[end:fence.start()].strip()
@@ -98,6 +98,6 @@ def read(document, text):
 
 
 def is_as_expected(printed, expected):
-    """True if the lines are as expected; "..." stands for any number of lines."""
+    """True if the lines are as expected. A line "..." matches any number of lines."""
     pattern = "".join("(?:.*\n)*" if line == "..." else re.escape(line) + "\n" for line in expected)
     return re.fullmatch(pattern, "".join(line + "\n" for line in printed)) is not None

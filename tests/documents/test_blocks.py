@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests of reading the documents' code blocks."""
+"""Tests how blocks.py reads the documents' code blocks."""
 import unittest
 
 from blocks import Command, Illustration, MadeFile, Quotation, is_as_expected, read
@@ -14,7 +14,7 @@ class Blocks(unittest.TestCase):
         text = document("Run:", "", "```sh", "./one  # first", "./two", "```")
         self.assertEqual(read("D", text), [Command("D", "./one  # first"), Command("D", "./two")])
 
-    def test_plain_block_below_is_the_output_of_the_last_line(self):
+    def test_plain_block_directly_below_is_the_last_commands_output(self):
         text = document("```sh", "./one", "./two", "```", "", "```", "printed", "```")
         self.assertEqual(read("D", text), [Command("D", "./one"), Command("D", "./two", ["printed"])])
 
@@ -37,19 +37,19 @@ class Blocks(unittest.TestCase):
         text = document("As in `routing/A.cpp`:", "", "```cpp", "x", "```")
         self.assertEqual(read("D", text), [Quotation("D", "routing/A.cpp", "x\n")])
 
-    def test_anything_else_is_an_illustration(self):
+    def test_block_of_another_form_is_an_illustration(self):
         self.assertEqual(read("D", document("So:", "", "```cpp", "x", "```")), [Illustration("D", "x\n")])
 
 
 class Output(unittest.TestCase):
-    def test_is_compared_line_by_line(self):
+    def test_output_is_compared_line_by_line(self):
         self.assertTrue(is_as_expected(["a", "b"], ["a", "b"]))
         self.assertFalse(is_as_expected(["a", "b"], ["a"]))
         self.assertFalse(is_as_expected(["a"], ["a", "b"]))
         self.assertFalse(is_as_expected(["ab"], ["a."]))
         self.assertTrue(is_as_expected([], []))
 
-    def test_dots_stand_for_any_lines(self):
+    def test_three_dots_match_any_lines(self):
         self.assertTrue(is_as_expected(["x", "y", "b"], ["...", "b"]))
         self.assertTrue(is_as_expected(["b"], ["...", "b"]))
         self.assertFalse(is_as_expected(["x", "b", "c"], ["...", "b"]))

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Follows the documents literally: creates the files that they show, runs their commands in order and compares the
-output.
+"""Follows the documents literally. Creates the files that the documents show, runs their commands in order and compares
+the output.
 
     test_documents.py PROJECT BUILD
 
@@ -16,13 +16,14 @@ import unittest
 
 import blocks
 
-# In this order, because a document may use files from the documents before it.
+# The order matters, because a document may use files of earlier documents.
 DOCUMENTS = ["README.md", "docs/USING.md", "docs/REFERENCE.md", "docs/TROUBLESHOOTING.md", "docs/KERNEL.md", "docs/TRANSLATING.md", "docs/TESTING.md", "docs/PERFORMANCE.md", "docs/ARCHITECTURE.md",
              "CONTRIBUTING.md"]
-PACKAGE = "build/wine/drive_c/Orvane"  # the folder of the Windows prompt
+PACKAGE = "build/wine/drive_c/Orvane"  # the current folder of the Windows prompt
 TIMEOUT = 900  # seconds for all commands together; they take about 90
 
-# Commands that are not run here: how the command starts, and the reason. After a change, run them by hand.
+# This test does not run commands that start with a text below. Each text has a reason. After a change, run
+# the commands by hand.
 BUILDS = "builds for minutes"
 NEEDS_THE_BUILD = "needs what such a build made"
 CHANGES_SOURCES = "is about changed sources"
@@ -50,7 +51,7 @@ NOT_FOLLOWED = {
     "sed -i": CHANGES_SOURCES,
 }
 
-# Commands that show a window and wait for a key: the window's title and the key.
+# These commands show a window and wait for a key. Each entry has the window's title and the key.
 ANSWERED = {
     "backproc msgbox": ("Orvane", "Return"),
     "scripts/wine-run dist/backproc.exe query": ("Orvane", "Return"),
@@ -58,7 +59,7 @@ ANSWERED = {
 
 ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
 
-# Code that is neither a file nor a command: the first line of each.
+# The first lines of blocks that are neither a file nor commands.
 ILLUSTRATIONS = ["EDITOR.exe                                    LIBRARY.exe",
                  "EDITOR.exe                                          LIBRARY.exe",
                  "SuiteReader reader_;                    // was: kernel_api::builtin::BuiltInReader reader_;",
@@ -94,7 +95,7 @@ xdotool key {key}
 wait $!"""
 
 
-# "start" returns when the program has printed something.
+# "start" returns when the program has printed something or after 30 seconds.
 WINDOWS_PROMPT = f"package={PACKAGE}" + r"""
 in_package() {
     cd "$checkout/$package"
@@ -113,7 +114,7 @@ in_package() {
 
 
 def followed(number, command):
-    """The shell lines for one command. They write its output and exit code to files."""
+    """Returns the shell lines for one command. The lines write its output and exit code to files."""
     line = f"( in_package; {command.line}\n)" if command.is_for_windows else command.line
     run = f"{{ {{ {line}\n}} >$outputs/{number} 2>&1; echo $? >$outputs/{number}.code; }}"
     if ANOTHER_HAS_THE_FORM in line:
@@ -125,7 +126,7 @@ def followed(number, command):
 
 
 def script(steps, outputs):
-    """All commands are in one script, so that a command can use the settings of an earlier one."""
+    """Returns one script with all commands, because a command may use the settings of an earlier command."""
     lines = ["export LC_ALL=C", "unset WINEPREFIX", f"outputs={outputs}",
              ': "${DISPLAY:=$(scripts/start-display)}"', "export DISPLAY", "checkout=$PWD", WINDOWS_PROMPT]
     for number, step in enumerate(steps):
@@ -142,7 +143,7 @@ def make_checkout(root):
     root.mkdir()
     for name in ("host", "examples", "docs"):
         (root / name).symlink_to(project / name)
-    shutil.copytree(project / "scripts", root / "scripts")  # the scripts find the checkout by their own path
+    shutil.copytree(project / "scripts", root / "scripts")  # a script finds the checkout by the script's path
     (root / "build").mkdir()
     (root / "build" / "windows").symlink_to(build)
     (root / "build" / "native").symlink_to(project / "build" / "native")

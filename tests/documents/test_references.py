@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the references in the documents: links, headings, files and folders. Also checks that each command is run or
-listed.
+"""Checks the references in the documents: links, headings, files and folders. Also checks that test_documents.py
+runs each command or lists it with a reason.
 
     test_references.py PROJECT
 """
@@ -36,12 +36,12 @@ def script(name):
 
 
 def prose(text):
-    """The text without its code blocks."""
+    """Returns `text` without its code blocks."""
     return blocks.FENCE.sub("", text)
 
 
 def anchor(heading):
-    """The anchor of a heading in links."""
+    """Returns the anchor that links use for a heading."""
     return re.sub(r"[^\w\- ]", "", heading.strip().lower()).replace(" ", "-")
 
 
@@ -60,7 +60,7 @@ class References(unittest.TestCase):
                     if heading:
                         self.assertIn(heading, anchors(target))
 
-    def test_every_document_is_linked_from_the_first(self):
+    def test_every_document_is_linked_from_the_readme(self):
         linked = set(LINK.findall((project / "README.md").read_text(encoding="utf-8")))
         for document in documents():
             if document.name != "README.md":
@@ -92,10 +92,10 @@ class References(unittest.TestCase):
 
 
 class Tables(unittest.TestCase):
-    """The tables list exactly the names that the sources have."""
+    """The tables must list the names in the sources, and no other names."""
 
     def table(self, document, heading):
-        """The names in the first column of the table below `heading`."""
+        """Returns the names in the first column of the table below `heading`."""
         section = (project / document).read_text(encoding="utf-8").split(f"\n## {heading}\n")[1].split("\n## ")[0]
         rows = re.findall(r"^\| (`.*?) \|", section, re.MULTILINE)
         return {name for row in rows for name in re.findall(r"`(\w+)`", row)}
@@ -106,29 +106,29 @@ class Tables(unittest.TestCase):
         self.assertTrue(found)
         return found
 
-    def test_verbs_of_commands(self):
+    def test_table_of_verbs_matches_the_sources(self):
         verbs = self.literals(r'\{u"([A-Z]+)", \w+\}', "routing/CommandInterpreter.cpp")
         self.assertEqual(self.table("docs/REFERENCE.md", "Commands"), verbs)
 
-    def test_shared_strings(self):
+    def test_table_of_shared_strings_matches_the_sources(self):
         used = self.literals(r'(?:Publish|SetKernelString|E_GetString)\(u"(\w+)"|(?:kOwnModuleName|kLanguageFolderKey) = u"(\w+)"',
                              "services/modReg.cpp", "services/ProcessValues.h", "routing/ModuleList.cpp", "kernel_api/Kernel.h",
                              "host/clsQmxBackProcess.cpp")
         self.assertEqual(self.table("docs/REFERENCE.md", "Shared strings"), {name or own for name, own in used})
 
-    def test_settings(self):
+    def test_table_of_settings_matches_the_sources(self):
         keys = self.literals(r'\{u"(\w+)", u"[^"]*", &ProcessValues', "services/modReg.cpp")
         self.assertEqual(self.table("docs/REFERENCE.md", "Command line, settings, strings"), keys)
 
 
 class Commands(unittest.TestCase):
-    """Every code block is run, compared, or listed with a reason in test_documents.py."""
+    """test_documents.py runs or compares every code block, or lists it with a reason."""
 
     def steps(self, kind):
         return [step for document in test_documents.DOCUMENTS for step in test_documents.read(document)
                 if isinstance(step, kind)]
 
-    def test_code_is_in_fences(self):
+    def test_code_is_in_fenced_blocks(self):
         for document in documents():
             with self.subTest(document.name):
                 self.assertIsNone(INDENTED.search(prose(document.read_text(encoding="utf-8"))))
@@ -142,7 +142,7 @@ class Commands(unittest.TestCase):
         first_lines = {step.text.splitlines()[0].strip() for step in self.steps(blocks.Illustration)}
         self.assertEqual(first_lines, set(test_documents.ILLUSTRATIONS))
 
-    def test_documents_with_commands_are_followed(self):
+    def test_documents_with_commands_are_tested(self):
         for document in documents():
             name = str(document.relative_to(project))
             commands = [step for step in test_documents.read(name) if isinstance(step, blocks.Command)]

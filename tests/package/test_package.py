@@ -1,10 +1,11 @@
 #!/usr/bin/env python3
-"""Tests the packages under Wine: contents, installation, use and removal. Compares registry and folders before and
-after.
+"""Tests the packages under Wine: contents, installation, use and removal. Compares the registry and the folders before
+and afterwards.
 
     test_package.py WINE_RUN PACKAGES [CLASS…]
 
-WINEPREFIX names the prefix. No other program may run in it at the same time. CLASS selects classes of tests.
+The environment variable WINEPREFIX must contain the path of the Wine prefix. No other program may run in the prefix at
+the same time. CLASS selects classes of tests.
 """
 import binascii
 import contextlib
@@ -28,8 +29,8 @@ UNINSTALLER = "K4TBackProcess-uninstall.exe"
 RECORD = "K4TBackProcess.files"
 FAILED, IN_USE = 2, 3  # exit codes
 
-# Keys that Wine itself writes when a prefix starts and when a console ends. The first two are one key: Wine 10 has one
-# as a link to the other, as Windows does.
+# Wine itself writes these keys when a prefix starts and when a console ends. The first two names are one key, because
+# Wine 10 links one name to the other, as Windows does.
 WRITTEN_BY_WINE = (r"System\\CurrentControlSet", r"System\\ControlSet001", "Console")
 
 wine_run = ""
@@ -39,7 +40,7 @@ prefix = pathlib.Path()
 
 def run(program, *arguments):
     """Runs the program. Returns its exit code and standard output."""
-    # A file instead of a pipe: Wine's helper processes inherit a pipe and keep it open after the program has ended.
+    # The output is a file, because Wine's helper processes would keep a pipe open after the program's end.
     with tempfile.TemporaryFile() as output:
         code = subprocess.run([wine_run, str(program), *arguments], stdin=subprocess.DEVNULL, stdout=output,
                               stderr=subprocess.DEVNULL, timeout=TIMEOUT).returncode
@@ -52,13 +53,13 @@ def press(key):
 
 
 def give_keyboard_to(title):
-    """Focuses the window whose title matches the regular expression. Does nothing if there is none."""
+    """Focuses the window whose title matches the regular expression. Does nothing if no window matches."""
     subprocess.run(["xdotool", "search", "--onlyvisible", "--name", title, "windowfocus"], check=False, timeout=TIMEOUT,
                    stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
 
 
 def press_until(key, is_over, title=None):
-    """Presses the key repeatedly, in the window with this title. Buttons that are still disabled ignore it."""
+    """Presses the key repeatedly in the window with this title, because disabled buttons ignore keys."""
     end = time.monotonic() + TIMEOUT
     while not is_over():
         if time.monotonic() > end:
@@ -85,12 +86,12 @@ def windows_path(path):
 
 
 def settle():
-    """Waits until no process runs in the prefix and its registry is saved."""
+    """Waits until no process runs in the prefix and the prefix's registry is saved."""
     subprocess.run(["wineserver", "-w"], check=True, timeout=TIMEOUT)
 
 
 def registry():
-    """The values of each key in each hive, without modification times."""
+    """Returns the values of each key in each hive, without modification times."""
     keys = {}
     for hive in ("system.reg", "user.reg", "userdef.reg"):
         key = None
@@ -104,15 +105,15 @@ def registry():
 
 
 def files():
-    """All files, except two that set-up and removal leave in the folder for temporary files: the log, and the
-    uninstaller's copy of itself, which the next restart deletes."""
+    """Returns all files. Exceptions: set-up and removal leave two files in the folder for temporary files, the log and a
+    copy of the uninstaller. The next restart deletes the copy."""
     drive, log = prefix / "drive_c", log_file()
     return {str(path.relative_to(drive)) for path in drive.rglob("*") if "/Temp/~nsu" not in str(path) and path != log}
 
 
 @functools.cache
 def log_file():
-    """The path of the log. The folder for temporary files depends on the version of Wine."""
+    """Returns the path of the log. The folder for temporary files depends on the version of Wine."""
     folder = run("cmd.exe", "/c", "echo %TEMP%")[1].strip().replace("\\", "/")
     return prefix / "drive_c" / folder.removeprefix("C:/") / "K4TBackProcess-setup.log"
 
@@ -122,12 +123,12 @@ def log():
 
 
 def short(data):
-    """Replaces long contents by their checksum, so that a failure does not print them."""
+    """Replaces long contents by their checksum, because a failed test prints the contents."""
     return data if len(data) < 100 else hashlib.sha256(data).hexdigest()
 
 
 def contents(folder):
-    """The contents of each file in the folder."""
+    """Returns the contents of each file in the folder."""
     return {str(path.relative_to(folder)): short(path.read_bytes()) for path in folder.rglob("*") if path.is_file()}
 
 
@@ -138,7 +139,7 @@ def write(folder, texts):
 
 
 def package(ending):
-    """The package whose name has this text after the version."""
+    """Returns the package whose name has this text after the version."""
     return next(path for path in packages.iterdir() if re.fullmatch(r"K4TBackProcess-[\d.]+" + re.escape(ending), path.name))
 
 
@@ -178,7 +179,7 @@ class Installation(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.setup = package("-setup.exe")
-        # Every Windows user has these keys. The script host leaves some when it first runs.
+        # Every Windows user has these keys. The script host creates some of them when it first runs.
         run("reg.exe", "add", r"HKCU\Software\Classes", "/f")
         for hive in ("HKCU", "HKLM"):
             run("reg.exe", "add", hive + r"\Software\Microsoft\Windows\CurrentVersion\Uninstall", "/f")
@@ -198,7 +199,7 @@ class Installation(unittest.TestCase):
         self.assertEqual(sorted(self.files ^ files()), [])
 
     def remove(self, folder):
-        # The uninstaller continues in a copy of itself, which may delete the original.
+        # The uninstaller starts a copy of itself, because only the copy can delete the original.
         self.assertEqual(run(folder / UNINSTALLER, "/S")[0], 0)
         settle()
 
@@ -209,7 +210,7 @@ class Installation(unittest.TestCase):
 
 
 class RoundTrip(Installation):
-    def test_for_the_machine(self):
+    def test_installation_for_the_machine_is_removed_completely(self):
         folder = prefix / "drive_c" / "Program Files" / NAME
         self.assertEqual(run(self.setup, "/S", "/AllUsers", "/DevKernel")[0], 0)
         self.assertEqual(run(folder / "backproc.exe", "doctor")[0], 0)
@@ -218,7 +219,7 @@ class RoundTrip(Installation):
         self.remove(folder)
         self.assert_as_before()
 
-    def test_for_the_user_in_a_chosen_folder(self):
+    def test_user_installation_in_a_chosen_folder_is_removed(self):
         folder = prefix / "drive_c" / "own" / "backproc"
         self.assertEqual(run(self.setup, "/S", r"/D=C:\own\backproc")[0], 0)
         output = run(folder / "backproc.exe", "doctor")[1]
@@ -233,7 +234,7 @@ class RoundTrip(Installation):
         folder.parent.rmdir()
         self.assert_as_before()
 
-    def test_user_installation_beside_the_machine_s_is_refused(self):
+    def test_user_installation_after_a_machine_installation_is_refused(self):
         folder = prefix / "drive_c" / "Program Files" / NAME
         self.assertEqual(run(self.setup, "/S", "/AllUsers")[0], 0)
         installed = files()
@@ -242,7 +243,7 @@ class RoundTrip(Installation):
         self.remove(folder)
         self.assert_as_before()
 
-    def test_machine_installation_beside_the_user_s_is_refused(self):
+    def test_machine_installation_after_a_user_installation_is_refused(self):
         folder = prefix / "drive_c" / "own"
         self.assertEqual(run(self.setup, "/S", r"/D=C:\own")[0], 0)
         installed = files()
@@ -262,7 +263,7 @@ class RoundTrip(Installation):
             self.assertEqual(run(program, "unregister")[0], 0)
         self.assert_as_before()
 
-    def test_removal_keeps_a_later_installation_elsewhere(self):
+    def test_removal_keeps_a_later_installation_in_another_folder(self):
         first, second = prefix / "drive_c" / "first", prefix / "drive_c" / "second"
         for scope in (["/AllUsers"], []):
             with self.subTest(scope):
@@ -298,11 +299,11 @@ class RoundTrip(Installation):
 
 
 class FilesOfOthers(Installation):
-    """Set-up and removal in a folder that contains other files with the same names as the package's."""
+    """Tests set-up and removal in a folder with foreign files. Some have the names of files of the package."""
 
     FOREIGN = {"QmxKrn2K.dll": b"the kernel of the suite", "README.md": b"the suite's own", "README.html": b"another",
                "dev/QmxKrn2K.dll": b"a kernel", "uninstall.exe": b"the suite's own"}
-    TAKEN = ("README.html", r"dev\QmxKrn2K.dll")  # files of the package whose names are taken
+    TAKEN = ("README.html", r"dev\QmxKrn2K.dll")  # foreign files have these names of the package's files
 
     def setUp(self):
         super().setUp()
@@ -346,7 +347,7 @@ class FilesOfOthers(Installation):
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         self.assertLessEqual(changed.items(), contents(self.folder).items())
         self.assert_named("CHANGELOG.html", r"examples\client.vbs")
-        # This one is changed after the last set-up.
+        # This file is changed after the last set-up.
         late = {"docs/USING.html": b"with remarks"}
         write(self.folder, late)
         self.remove(self.folder)
@@ -356,7 +357,7 @@ class FilesOfOthers(Installation):
     def test_update_replaces_unchanged_files(self):
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         new = contents(self.folder)
-        # The state that an older set-up would have left: other contents, and a file that no longer ships.
+        # Make the state that an older set-up leaves: other contents, and a file that no longer ships.
         older = {"K4TBackProcess.manifest": b"older", "docs/OLD.html": b"gone since"}
         write(self.folder, older)
         record = (self.folder / RECORD).read_text()
@@ -401,7 +402,7 @@ class FilesOfOthers(Installation):
                 shutil.move(self.folder / name, elsewhere)
             self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
         self.assertLessEqual(others.items(), contents(self.folder).items())
-        # The file in place of the suite's kernel is not a library. That is the only problem.
+        # The only problem is that the file in place of the suite's kernel is not a library.
         lines = run(self.folder / "backproc.exe", "doctor")[1].splitlines()
         self.assertEqual([line.split(":")[0] for line in lines if line.startswith("BAD")], ["BAD  kernel"])
         self.remove(self.folder)
@@ -419,7 +420,7 @@ class FilesOfOthers(Installation):
 
 
 class InUse(Installation):
-    """Update and removal while a module uses the component."""
+    """Tests update and removal while a module uses the component."""
 
     def setUp(self):
         super().setUp()
@@ -447,8 +448,7 @@ class InUse(Installation):
         with host(self.folder):
             running = start(self.setup, "/AllUsers", r"/D=C:\used", stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
             press_until("Return", lambda: "In use" in log())
-            # Wine 10 leaves the keyboard focus on the window behind the box, because the installing thread opens the
-            # box.
+            # In Wine 10, the box does not get the keyboard focus, because the installing thread opens the box.
             press_until("Escape", lambda: running.poll() is not None, title="Setup$")
             self.assertEqual(running.returncode, IN_USE)
             self.assertEqual(contents(self.folder), self.installed)
@@ -456,7 +456,7 @@ class InUse(Installation):
 
     def test_removal_changes_nothing(self):
         with host(self.folder):
-            # Run from its own folder, the uninstaller returns an exit code.
+            # The uninstaller returns an exit code only if it runs from its own folder.
             self.assertEqual(run(self.folder / UNINSTALLER, "/S", r"_?=C:\used")[0], IN_USE)
             self.assert_refused()
             log_file().unlink()
@@ -470,7 +470,7 @@ class InUse(Installation):
 
 
 class Page(html.parser.HTMLParser):
-    """A document of the package: its links, the names of its headings, its commands."""
+    """Reads a document of the package: the links, the names of the headings, and the commands."""
 
     def __init__(self, path):
         super().__init__()
@@ -492,15 +492,15 @@ class Page(html.parser.HTMLParser):
 
 
 class Packages(Installation):
-    """The contents of the packages."""
+    """Tests the contents of the packages."""
 
-    def test_the_checksums_are_those_of_the_packages(self):
+    def test_checksums_match_the_packages(self):
         done = subprocess.run(["sha256sum", "--check", "--strict", "SHA256SUMS"], cwd=packages, capture_output=True, text=True)
         self.assertEqual(done.returncode, 0, done)
         self.assertEqual({line.split(":")[0] for line in done.stdout.splitlines()},
                          {path.name for path in packages.iterdir()} - {"SHA256SUMS"})
 
-    def test_the_zip_has_everything(self):
+    def test_zip_has_all_files(self):
         with unpacked() as folder:
             names = set(contents(folder))
         self.assertLessEqual({"K4TBackProcess.dll", "K4TBackProcess.manifest", "backproc.exe", "dev/QmxKrn2K.dll", "README.html",
@@ -559,7 +559,7 @@ class Packages(Installation):
         run("reg.exe", "delete", r"HKCU\Software\VB and VBA Program Settings", "/f")
         self.assert_as_before()
 
-    def test_the_symbols_are_those_of_the_programs(self):
+    def test_symbols_match_the_programs(self):
         with unpacked() as folder, tempfile.TemporaryDirectory() as symbols:
             with zipfile.ZipFile(package("-symbols.zip")) as archive:
                 archive.extractall(symbols)
@@ -569,8 +569,7 @@ class Packages(Installation):
             for program in programs:
                 with self.subTest(program.name):
                     debug = next(pathlib.Path(symbols).rglob(program.name + ".debug"))
-                    # The program contains the file's name, padded with zeros to a multiple of four, and the file's
-                    # checksum.
+                    # The program contains the file's name and checksum. Zeros pad the name to a multiple of four bytes.
                     name = debug.name.encode() + b"\0" * (4 - len(debug.name) % 4)
                     checksum = binascii.crc32(debug.read_bytes()).to_bytes(4, "little")
                     self.assertTrue(name + checksum in program.read_bytes())
@@ -581,5 +580,5 @@ class Packages(Installation):
 if __name__ == "__main__":
     wine_run, packages = os.path.abspath(sys.argv[1]), pathlib.Path(sys.argv[2]).resolve()
     prefix = pathlib.Path(os.environ["WINEPREFIX"])
-    log_file()  # starts Wine, which must not start during a comparison
+    log_file()  # starts Wine now, because Wine must not start during a comparison
     unittest.main(argv=sys.argv[:1] + sys.argv[3:], verbosity=2, warnings="ignore")

@@ -1,4 +1,4 @@
-// A test program that exits inside its first test with the exit code of success.
+// A test program that exits inside its first test. Its exit code is 0, as after a success.
 #include <gtest/gtest.h>
 
 #include "runtime/win32/WindowsHeaders.h"

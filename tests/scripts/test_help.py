@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests of every script's --help and of its error for wrong arguments. Neither does anything else."""
+"""Tests --help and the error for wrong arguments of every script. In both cases, a script only prints a text."""
 import pathlib
 import subprocess
 import unittest
@@ -15,10 +15,10 @@ def run(script, *arguments):
 
 
 class Help(unittest.TestCase):
-    def test_there_are_scripts(self):
+    def test_list_of_scripts_is_not_empty(self):
         self.assertIn("scripts/build", SCRIPTS)
 
-    def test_help_says_what_a_script_does_and_how_it_is_called(self):
+    def test_help_states_purpose_and_arguments(self):
         for script in SCRIPTS:
             with self.subTest(script):
                 done = run(script, "--help")
@@ -27,7 +27,7 @@ class Help(unittest.TestCase):
                 self.assertGreaterEqual(len(done.stdout.splitlines()), 2)
                 self.assertNotIn("set -", done.stdout)
 
-    def test_an_unknown_option_is_named_and_refused(self):
+    def test_unknown_option_is_named_and_refused(self):
         for script in SCRIPTS:
             # The arguments after wine-run belong to the program.
             if script == "scripts/wine-run":
@@ -38,7 +38,7 @@ class Help(unittest.TestCase):
                 self.assertIn("--sideways", done.stderr)
                 self.assertRegex(done.stderr, "--help|-h")
 
-    def test_surplus_and_missing_arguments_are_named(self):
+    def test_surplus_or_missing_argument_is_named(self):
         for script, arguments, named in (("test", ["a", "b"], "'b'"), ("scripts/build", ["--shipped", "x"], "'x'"),
                                          ("scripts/wine-run", [], "EXE"),
                                          ("scripts/setup", [], "PURPOSE"), ("scripts/setup", ["demo", "x"], "'x'"),

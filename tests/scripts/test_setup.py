@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests of scripts/setup with stand-ins for apt and dpkg: the packages it installs on each system, the messages before
-that, and the systems that it leaves unchanged."""
+"""Tests scripts/setup with replacements for apt and dpkg. The tests check which packages the script installs on each
+system, which messages it prints first, and which systems it does not change."""
 import os
 import pathlib
 import shutil
@@ -17,7 +17,7 @@ FEDORA = 'PRETTY_NAME="Fedora Linux 41"\nID=fedora\n'
 MINT = 'PRETTY_NAME="LMDE 6"\nID=linuxmint\nVERSION_CODENAME=faye\n'
 FORKY = 'PRETTY_NAME="Debian GNU/Linux forky/sid"\nID=debian\nVERSION_CODENAME=forky\n'
 
-# Each stand-in logs its call. A file has the plan that apt-get --simulate prints; without that file it fails.
+# Each replacement logs its call. apt-get --simulate prints a plan from a file and fails if the file does not exist.
 STAND_INS = {
     "id": "echo 0",
     "dpkg-query": 'sed "s/^/installed /" installed',
@@ -69,7 +69,7 @@ class Setup(unittest.TestCase):
     def installs(self):
         return [line for line in self.calls("install") if "--simulate" not in line]
 
-    def test_unsupported_system_is_unchanged_and_packages_are_named(self):
+    def test_unsupported_system_only_names_the_packages(self):
         for system, name in ((FEDORA, "Fedora Linux 41"), (MINT, "LMDE 6"), (FORKY, "Debian GNU/Linux forky/sid")):
             with self.subTest(name):
                 done = self.run_setup(system, "demo")
@@ -78,7 +78,7 @@ class Setup(unittest.TestCase):
                 self.assertIn(" xvfb ", done.stderr)
                 self.assertEqual((self.folder / "calls").read_text(), "")
 
-    def test_nothing_missing_calls_and_prints_nothing(self):
+    def test_no_missing_package_calls_and_prints_nothing(self):
         self.write("installed", "debootstrap\n")
         done = self.run_setup(BOOKWORM, "platforms")
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))
@@ -116,7 +116,7 @@ class Setup(unittest.TestCase):
         done = self.run_setup(BOOKWORM, "platforms")
         self.assertEqual(done.stdout.splitlines()[0], "setup: new packages: 1, 1 MB; upgraded packages: libold perl")
 
-    def test_failing_sources_fall_back_to_the_main_archive(self):
+    def test_failing_sources_are_replaced_by_the_main_archive(self):
         self.write("main-plan", "Inst debootstrap (1 Debian [all])\n")
         for system, release in ((BOOKWORM, "bookworm"), (TRIXIE, "trixie")):
             with self.subTest(release):
@@ -132,7 +132,7 @@ class Setup(unittest.TestCase):
             self.assertIn(" --no-remove ", line)
             self.assertNotIn("--allow-", line)
 
-    def test_no_possible_plan_installs_nothing(self):
+    def test_without_a_possible_plan_nothing_is_installed(self):
         done = self.run_setup(BOOKWORM, "platforms")
         self.assertNotEqual(done.returncode, 0)
         self.assertIn("without removing or downgrading packages: debootstrap", done.stderr)

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests of scripts/wine-test: its exit code is that of its command, except that an unfinished test program is a
-failure.
+"""Tests scripts/wine-test. The script returns the exit code of its command. Exception: a test program that ends inside a
+test is a failure.
 
     test_wine_test.py PREFIX PROGRAM    PROGRAM is a test program that ends too early
 """
@@ -10,7 +10,7 @@ import sys
 import unittest
 
 SCRIPTS = pathlib.Path(__file__).resolve().parent.parent.parent / "scripts"
-TIMEOUT = 200  # seconds; a prefix takes one or two, the template of all prefixes ten
+TIMEOUT = 200  # seconds; making a prefix takes one or two seconds, the template of all prefixes ten
 
 prefix = ""
 program = ""
@@ -23,7 +23,7 @@ def run(*command):
 
 
 class WineTest(unittest.TestCase):
-    def test_exit_code_is_that_of_the_command(self):
+    def test_exit_code_of_the_command_is_returned(self):
         self.assertEqual(run("true"), (0, ""))
         self.assertEqual(run("sh", "-c", "exit 7"), (7, ""))
 

@@ -1,4 +1,4 @@
-// A client whose event sink fails. It raises one event and prints what it gets back.
+// A client whose event sink fails. It raises one event and prints the result of the call.
 #include <cstdio>
 
 #include "host/com/Bstr.h"

@@ -1,4 +1,4 @@
-// Appends numbered lines to a trace, as one of several processes.
+// Appends numbered lines to a trace. Several such processes write to the same file.
 //     trace_writer FILE LINES
 #include <cstdlib>
 #include <string>
@@ -16,7 +16,7 @@ int main() {
     const auto file = trace::win32::TraceFile::Open(runtime::win32::ToString(arguments[1]));
     if (!file) return EXIT_FAILURE;
     const int lines = static_cast<int>(std::wcstol(arguments[2], nullptr, 10));
-    // Of different lengths, so that a mixed line is noticed.
+    // The lines have different lengths, because the test then detects mixed lines.
     for (int i = 1; i <= lines; ++i) {
         file->Write("line=[" + std::to_string(i) + "] text=[" + std::string(static_cast<std::size_t>(i) % 300, 'x') +
                     "]");

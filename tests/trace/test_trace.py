@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Traces of built programs under Wine: several processes in one file, a full disk, and the tool that shows them.
+"""Tests traces of built programs under Wine: several processes with one file, a full disk, and the tool for traces.
 
     test_trace.py WINE_RUN BIN_FOLDER
 
@@ -63,7 +63,7 @@ class Registered(ToolTestCase):
 class Component(Registered):
     @contextlib.contextmanager
     def small_disk(self):
-        """A file system of 64 KB."""
+        """Mounts a file system of 64 KB."""
         mounted = subprocess.run(["mount", "-t", "tmpfs", "-o", "size=64k", "tmpfs", self.folder], capture_output=True)
         if mounted.returncode != 0:
             self.skipTest("no small file system can be mounted here: " + mounted.stderr.decode().strip())
@@ -84,11 +84,11 @@ class Component(Registered):
         run(running.bin_folder / "backproc.exe", "host", text=COMMANDS, environment={"K4TBACKPROCESS_TRACE": ""})
         self.assertEqual(set(self.folder.iterdir()), before)
 
-    def test_a_file_that_cannot_be_opened_harms_nothing(self):
+    def test_file_that_cannot_be_opened_changes_no_result(self):
         for file in (self.folder, self.folder / "missing" / "trace.txt"):
             self.assertEqual(self.host(file), (0, RESULTS, b""))
 
-    def test_a_full_disk_harms_nothing(self):
+    def test_full_disk_changes_no_result(self):
         with self.small_disk():
             filler = self.folder / "filler"
             with mock.patch.dict("os.environ", traced(self.folder / "trace.txt")), LiveHost() as live:
@@ -106,11 +106,11 @@ class Component(Registered):
         self.assertEqual(lines[:len(lines_when_full)], lines_when_full)
         lost = re.fullmatch(r"trace lines lost=\[(\d+)\]", lines[len(lines_when_full)])
         self.assertTrue(lost, lines[len(lines_when_full)])
-        # 100 times two lines of the command, and some of the event, less those that still fitted.
+        # The lost lines are 100 times two lines of the command and some lines of the event, less the lines that fitted.
         self.assertGreater(int(lost.group(1)), 100)
         self.assertIn("Load instance=[1] mode=[0]", lines)
 
-    def test_a_disk_that_becomes_full_keeps_whole_lines(self):
+    def test_disk_becomes_full_file_has_only_whole_lines(self):
         with self.small_disk():
             commands = b"create\n" + b"notify 1 All,RD\n" * 1000
             code, output, errors = run(running.bin_folder / "backproc.exe", "host", text=commands,
@@ -121,7 +121,7 @@ class Component(Registered):
         self.assertGreater(len(lines), 300)
         self.assertLess(len(lines), 900)
 
-    def test_a_disk_that_is_read_only_harms_nothing(self):
+    def test_read_only_disk_changes_no_result(self):
         with self.small_disk():
             subprocess.run(["mount", "-o", "remount,ro", self.folder], check=True)
             self.assertEqual(self.host(self.folder / "trace.txt"), (0, RESULTS, b""))
@@ -145,7 +145,7 @@ class Tool(Registered):
         self.assertEqual((code, errors), (0, b""))
         self.assertTrue(any(re.search(r"/\d+ Load done instance=\[1\] result=\[True\]", line) for line in lines))
         self.assertEqual([line for line in lines if not PREFIX.match(line)], RESULTS.decode().splitlines())
-        # The host's own code for a line that is no command.
+        # The host returns this code for a line that is no command.
         code, output, errors = tool("trace", "--", windows_path(running.bin_folder / "backproc.exe"), "host", text=b"dance\n")
         self.assertEqual((code, output), (1, b""))
         self.assertIn(b"backproc host: line 1: ", errors)
@@ -155,7 +155,7 @@ class Tool(Registered):
         tool("trace", "--", windows_path(running.bin_folder / "backproc.exe"), "version")
         self.assertEqual([path for path in folder.rglob("k4t*.tmp")], [])
 
-    def test_trace_passes_the_command_line_on_as_it_is(self):
+    def test_trace_passes_the_command_line_unchanged(self):
         (self.folder / "my sys").mkdir()
         sys_folder = windows_path(self.folder / "my sys")
         code, output, _ = tool("trace", "--", windows_path(running.bin_folder / "backproc.exe"), "host", "/sys:" + sys_folder,
@@ -163,7 +163,7 @@ class Tool(Registered):
         self.assertEqual(code, 0)
         self.assertIn(f"system folder folder=[{sys_folder}\\]".encode(), output)
 
-    def test_trace_appends_to_a_file_and_shows_what_is_new(self):
+    def test_trace_appends_to_a_file_and_shows_the_new_lines(self):
         file = self.folder / "trace.txt"
         self.host(file)
         before = lines_of(file)
@@ -201,7 +201,7 @@ class Tool(Registered):
         self.assertIn("NotifyServer instance=[1] module=[K4TBACKPROCESS] command=[SHUTDOWN]", lines)
         self.assertEqual(lines[-1], "1 released")
 
-    def test_trace_refuses_what_it_cannot_do(self):
+    def test_trace_refuses_invalid_arguments(self):
         code, output, errors = tool("trace", "--", "C:\\no program.exe")
         self.assertEqual((code, output), (1, b""))
         self.assertRegex(errors, rb"^backproc trace: cannot start 'C:\\no program\.exe': .*; give its full path\n$")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Reproduces each symptom of docs/TROUBLESHOOTING.md that has a line in the trace, and finds that line.
+"""Reproduces each symptom of docs/TROUBLESHOOTING.md for which the page shows a line of the trace, and finds the line.
 
     test_troubleshooting.py WINE_RUN BIN_FOLDER
 """
@@ -17,12 +17,12 @@ ROW = re.compile(r"^\| ([^|]+) \| `([^`]+)`[^|]* \| [^|]+ \| [^|]+ \|$", re.MULT
 
 
 def rows():
-    """The lines of the trace by their symptoms."""
+    """Returns the page's lines of the trace for each symptom."""
     return dict(ROW.findall(PAGE.read_text(encoding="utf-8").split("## With a trace")[1]))
 
 
 def pattern(line):
-    """`line` of the page as a regular expression: "..." is any text."""
+    """Turns a line of the page into a regular expression. "..." matches any text."""
     return re.escape(line).replace(re.escape("..."), ".*")
 
 
@@ -40,7 +40,7 @@ class Symptoms(ToolTestCase):
         tool("unregister")
 
     def find(self, symptom, lines):
-        """The lines of the trace that the page names for `symptom`; at least one."""
+        """Returns the lines of the trace that the page shows for `symptom`. Fails if there is no line."""
         found = [line for line in lines if re.match(pattern(rows()[symptom]), line)]
         self.assertTrue(found, "\n".join([rows()[symptom], *lines]))
         self.reproduced.add(symptom)
@@ -88,7 +88,7 @@ class Symptoms(ToolTestCase):
         self.assertTrue(any(line.startswith("AP_SendCmdAll done instance=[1] error=[") for line in lines))
 
     def register_copy(self, *names):
-        """A tool in a folder of its own whose component is the registered one."""
+        """Copies a tool and its component to a new folder and registers this component."""
         folder = self.enterContext(tempfile.TemporaryDirectory())
         running.copy_built(folder, "backproc.exe", "K4TBackProcess.dll", *names)
         copy = pathlib.Path(folder) / "backproc.exe"
@@ -107,7 +107,7 @@ class Symptoms(ToolTestCase):
         line = self.find("an update has no effect", host("create"))[0]
         self.assertIn(f"component=[{windows_path(copy.parent)}\\K4TBackProcess.dll]", line)
 
-    def test_a_message_box_that_nobody_answers(self):
+    def test_a_message_box_without_a_user(self):
         with hanging_host("create", arguments=["/sys:C:\\no where"], until="message box=") as lines:
             self.assertEqual(self.find("a program hangs", lines), lines[-1:])
             self.assertFalse(any(line.startswith("message answered") for line in lines))

@@ -1,4 +1,4 @@
-"""What the tests of traces share: traced programs, and the lines that they leave."""
+"""Functions for the tests of traces. They run traced programs and read the lines of the traces."""
 import contextlib
 import pathlib
 import re
@@ -21,7 +21,7 @@ def traced(file):
 
 
 def lines_of(file):
-    """The lines without time, process and thread. Fails for a line that does not begin with them or is not complete."""
+    """Returns the lines without time, process and thread. Fails if a line lacks one of the three or is not complete."""
     text = pathlib.Path(file).read_bytes().decode("utf-8") if pathlib.Path(file).exists() else ""
     if text and not text.endswith("\n"):
         raise AssertionError("the last line is not complete: " + text[-200:])
@@ -33,7 +33,7 @@ def lines_of(file):
 
 
 def host(*commands, arguments=(), program=None, environment=None):
-    """The lines of the trace of `backproc host` with these commands, which must end."""
+    """Runs `backproc host` with these commands until its end. Returns the lines of its trace."""
     with tempfile.TemporaryDirectory() as folder:
         file = pathlib.Path(folder, "trace.txt")
         run(program or running.bin_folder / "backproc.exe", "host", *arguments,
@@ -43,7 +43,7 @@ def host(*commands, arguments=(), program=None, environment=None):
 
 @contextlib.contextmanager
 def hanging_host(*commands, arguments=(), until):
-    """`backproc host` that does not end by itself: the lines of its trace once one contains `until`. Then it is ended."""
+    """Runs a `backproc host` that does not end. Ends it when a line of its trace contains `until`; returns the lines."""
     with tempfile.TemporaryDirectory() as name:
         file = pathlib.Path(name, "trace.txt")
         given = pathlib.Path(name, "commands.txt")
@@ -58,7 +58,7 @@ def hanging_host(*commands, arguments=(), until):
                 if time.monotonic() > end:
                     raise AssertionError("no line with " + until)
                 time.sleep(0.1)
-            # Long enough for lines that must not follow.
+            # Lines that must not follow would appear in this time.
             time.sleep(1)
             yield lines_of(file)
         finally:

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Tests of the sample modules EDITOR and LIBRARY: two processes with windows that deliver commands to each other.
+"""Tests the sample modules EDITOR and LIBRARY. Each module is a process with a window. The modules deliver commands to
+each other.
 
     test_two_modules.py WINE_RUN BIN_FOLDER EXAMPLES
 
-WINEPREFIX names the prefix.
+The environment variable WINEPREFIX must contain the path of the Wine prefix.
 """
 import os
 import pathlib
@@ -16,7 +17,7 @@ import tempfile
 import time
 import unittest
 
-TIMEOUT = 120  # seconds; most steps take one or two, a burst takes longer on a busy machine
+TIMEOUT = 120  # seconds; most steps take one or two seconds, and a burst takes longer on a busy machine
 BURST = 1000
 
 wine_run = ""
@@ -29,7 +30,7 @@ def windows_path(path):
 
 
 def tool(*arguments):
-    # A file instead of a pipe: Wine's helper processes inherit a pipe and keep it open after the program has ended.
+    # The output is a file, because Wine's helper processes would keep a pipe open after the program's end.
     with tempfile.TemporaryFile() as output:
         subprocess.run([wine_run, str(bin_folder / "backproc.exe"), *arguments], check=True, stdout=output,
                        stderr=subprocess.DEVNULL, timeout=TIMEOUT)
@@ -51,16 +52,16 @@ class Program:
         self.process.stdin.flush()
 
     def lines(self):
-        """The lines that the module has printed, without its name at the beginning."""
+        """Returns the lines that the module has printed, without the module's name at the beginning."""
         said = pathlib.Path(self.output.name).read_text(encoding="utf-8").splitlines()
         return [line.partition(": ")[2] for line in said]
 
     def wait_for(self, line, count=1):
-        """Waits until the module has printed `line` that many times."""
+        """Waits until the module has printed `line` at least `count` times."""
         end = time.monotonic() + TIMEOUT
         while self.lines().count(line) < count:
             if time.monotonic() > end:
-                raise AssertionError(f"{self.name} does not say {line!r}; it said {self.lines()[-20:]}")
+                raise AssertionError(f"{self.name} did not print {line!r}; its last lines are {self.lines()[-20:]}")
             time.sleep(0.05)
 
     def from_module(self, module):
@@ -82,7 +83,7 @@ class Program:
 class TwoModules(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
-        subprocess.run(["wineserver", "-p"], check=True)  # keeps running between the tests; scripts/wine-test ends it
+        subprocess.run(["wineserver", "-p"], check=True)  # Wine's server runs until scripts/wine-test ends it
         tool("register")
 
     def start(self, path, *arguments):
@@ -100,13 +101,13 @@ class TwoModules(unittest.TestCase):
         self.library.wait_for("from EDITOR: OPEN,amp.sch")
         self.editor.wait_for("from LIBRARY: OPENED,amp.sch")
 
-    def test_any_text_arrives_unchanged(self):
+    def test_special_and_empty_texts_arrive_unchanged(self):
         text = 'a\\u0041 "b",\tc \u00fc\u6f22 \\'
         self.editor.type("LIBRARY " + text, "LIBRARY")
         self.library.wait_for("from EDITOR: ")
         self.assertEqual(self.library.from_module("EDITOR"), [text, ""])
 
-    def test_modules_enter_and_leave_the_list(self):
+    def test_modules_are_added_to_and_removed_from_the_module_list(self):
         self.assertEqual(tool("strings", "get", "AllAps"), "AllAps=[LIBRARY,K4TBACKPROCESS,EDITOR]")
         self.assertEqual(self.editor.quit(), 0)
         self.assertEqual(tool("strings", "get", "AllAps"), "AllAps=[LIBRARY,K4TBACKPROCESS]")
@@ -114,7 +115,7 @@ class TwoModules(unittest.TestCase):
         self.library.wait_for("EDITOR is not running, not delivered: OPEN,x")
         self.library.wait_for("from LIBRARY: still here")
 
-    def test_second_module_of_a_name_is_refused(self):
+    def test_second_module_with_the_same_name_does_not_start(self):
         second = Program(bin_folder / "examples" / "two-modules" / "library.exe")
         self.addCleanup(second.kill)
         second.wait_for("a module LIBRARY is already running")
@@ -136,7 +137,7 @@ class TwoModules(unittest.TestCase):
         self.assertEqual(self.library.from_module("EDITOR"), commands)
         self.assertEqual(self.editor.from_module("LIBRARY"), commands)
 
-    def test_killed_module_is_reported_as_gone(self):
+    def test_killed_module_is_reported_as_not_running(self):
         commands = [f"LIBRARY R{number}" for number in range(BURST)]
         self.editor.type(*commands[:BURST // 2])
         self.library.wait_for("from EDITOR: R0")
@@ -147,7 +148,7 @@ class TwoModules(unittest.TestCase):
         self.editor.wait_for("from EDITOR: still here")
         self.assertIn("LIBRARY is not running, not delivered: last", self.editor.lines())
         self.assertFalse([line for line in self.editor.lines() if "busy" in line])
-        # A new module receives commands for it, and none that were sent to the earlier one.
+        # A restarted module receives only the commands that were sent after its start.
         self.library = self.start(bin_folder / "examples" / "two-modules" / "library.exe")
         self.editor.type("LIBRARY welcome")
         self.library.wait_for("from EDITOR: welcome")
@@ -176,7 +177,7 @@ class TwoModules(unittest.TestCase):
                 program.wait_for("from EDITOR: RENAMED,r.lib")
             self.assertEqual(simulator.quit(), 0)
 
-    def test_programs_end_cleanly(self):
+    def test_modules_end_with_exit_code_0(self):
         for program in (self.editor, self.library):
             self.assertEqual(program.quit(), 0)
             self.assertEqual(program.lines()[-2:], ["the component's form was unloaded", "ended"])
