@@ -25,17 +25,9 @@ class FormObserver {
     virtual void ErrorIgnored(const std::exception& error) noexcept = 0;
 };
 
-namespace detail {
-inline FormObserver* formObserver = nullptr;
-}
-
-/// Null when nothing watches.
-inline FormObserver* CurrentFormObserver() noexcept {
-    return detail::formObserver;
-}
-/// Chooses it, before a form is made; null takes the choice back. The caller keeps ownership.
-inline void UseFormObserver(FormObserver* observer) noexcept {
-    detail::formObserver = observer;
-}
+/// Null if nothing observes.
+FormObserver* CurrentFormObserver() noexcept;
+/// Selects the observer before a form is created; null removes it. The caller keeps ownership.
+void UseFormObserver(FormObserver* observer) noexcept;
 
 }  // namespace runtime

@@ -4,8 +4,8 @@
 
 #include "runtime/Error.h"
 #include "runtime/Form.h"
-#include "runtime/NeverDestroyed.h"
 #include "runtime/Ports.h"
+#include "runtime/ProcessState.h"
 #include "runtime/Screen.h"
 
 namespace runtime {
@@ -91,8 +91,7 @@ void LoadedFormsCollection::Clear() {
 }
 
 LoadedFormsCollection& LoadedForms() {
-    static auto& forms = NeverDestroyed<LoadedFormsCollection>();
-    return forms;
+    return State().loadedForms;
 }
 
 }  // namespace runtime

@@ -1,46 +1,32 @@
 #include "runtime/Operation.h"
 
 #include <utility>
-#include <vector>
 
-#include "runtime/NeverDestroyed.h"
+#include "runtime/ProcessState.h"
 
 namespace runtime {
-namespace {
-
-struct RunningOperation {
-    int depth = 0;
-    std::vector<std::function<void()>> forget;
-};
-
-RunningOperation& Running() {
-    static auto& running = NeverDestroyed<RunningOperation>();
-    return running;
-}
-
-}  // namespace
 
 Operation::Operation() {
-    ++Running().depth;
+    ++State().operations;
 }
 
 Operation::~Operation() {
-    if (Running().depth > 1) {
-        --Running().depth;
+    if (State().operations > 1) {
+        --State().operations;
     } else {
         Abandon();
     }
 }
 
 bool Operation::KeepUntilEnd(std::function<void()> forget) {
-    if (Running().depth == 0) return false;
-    Running().forget.push_back(std::move(forget));
+    if (State().operations == 0) return false;
+    State().forget.push_back(std::move(forget));
     return true;
 }
 
 void Operation::Abandon() {
-    Running().depth = 0;
-    for (const auto& forget : std::exchange(Running().forget, {})) forget();
+    State().operations = 0;
+    for (const auto& forget : std::exchange(State().forget, {})) forget();
 }
 
 }  // namespace runtime

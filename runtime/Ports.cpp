@@ -1,19 +1,18 @@
 #include "runtime/Ports.h"
 
 #include "runtime/Error.h"
+#include "runtime/ProcessState.h"
 
 namespace runtime {
-namespace {
-const Ports* currentPorts = nullptr;
-}
 
 const Ports& CurrentPorts() {
-    if (!currentPorts) throw ErrorAbout(kObjectVariableNotSet, u"the system ports; call UsePorts first");
-    return *currentPorts;
+    const Ports* const ports = State().ports;
+    if (!ports) throw ErrorAbout(kObjectVariableNotSet, u"the system ports; call UsePorts first");
+    return *ports;
 }
 
 void UsePorts(const Ports* ports) {
-    currentPorts = ports;
+    State().ports = ports;
 }
 
 void DoEvents() {
