@@ -25,17 +25,25 @@ bool IsTooLarge(StringView field) {
 }
 
 std::string ProblemOf(const kernel_api::CommaField& field) {
-    if (field.isUnclosed) {
+    if (field.isUnclosed)
+        return Quoted(field.text) + " opens a quote that is never closed: the load of the main form never ends";
+    if (IsTooLarge(field.text)) {
         return Quoted(field.text) +
-               " opens a quote that is never closed: every program that loads the component waits for ever";
+               " is a number that is too large: 'Load' returns True, but no form is loaded and SHUTDOWN is raised";
     }
-    if (IsTooLarge(field.text))
-        return Quoted(field.text) + " is a number that is too large: every Load fails with error 6";
     return "";
 }
 
-/// Returns `list` without the characters from `begin` to `end` and without one of the commas around them.
-String Without(StringView list, std::size_t begin, std::size_t end) {
+/// Returns `list` without `field`, which is a part of `list`. Also removes the quotes of a quoted field and one comma:
+/// the comma after the field, or the comma before the last field.
+String Without(StringView list, const kernel_api::CommaField& field) {
+    auto begin = static_cast<std::size_t>(field.text.data() - list.data());
+    std::size_t end = begin + field.text.size();
+    const bool isQuoted = begin > 0 && list[begin - 1] == u'"';
+    if (isQuoted) {
+        --begin;
+        if (!field.isUnclosed) ++end;
+    }
     String rest(list.substr(0, begin));
     if (end < list.size()) return rest.append(list.substr(end + 1));
     if (rest.ends_with(u',')) rest.pop_back();
@@ -53,9 +61,8 @@ ModuleListCheck CheckModuleList(StringView list) {
         if (field.text == services::kOwnModuleName) check.ownPlace = check.count;
         const std::string problem = ProblemOf(field);
         if (problem.empty()) continue;
-        const auto begin = static_cast<std::size_t>(field.text.data() - list.data());
         check.problem = "field " + std::to_string(check.count) + ", " + problem;
-        check.listWithout = Without(list, begin - (field.isUnclosed ? 1 : 0), begin + field.text.size());
+        check.listWithout = Without(list, field);
         return check;
     }
     return check;

@@ -1,5 +1,5 @@
-// Checks whether the suite's module list, the shared string "AllAps", can be split into fields. It does not use the
-// component's splitter, because that never returns if a quote is not closed.
+// Checks whether the component can split the suite's module list into fields. The list is the shared string "AllAps".
+// The check does not use the component's splitter, because the splitter never returns if a quote is not closed.
 #pragma once
 
 #include <cstddef>
@@ -11,9 +11,9 @@ namespace tools {
 
 struct ModuleListCheck {
     std::size_t count = 0;
-    std::size_t ownPlace = 0;          ///< from 1, the last occurrence; 0 if it is missing
-    std::string problem;               ///< why the list cannot be split; empty if it can
-    runtime::String listWithout = {};  ///< if there is a problem: the list without the field that causes it
+    std::size_t ownPlace = 0;          ///< position of the component's last entry, from 1; 0 without an entry
+    std::string problem;               ///< why the list cannot be split; empty if there is no problem
+    runtime::String listWithout = {};  ///< if there is a problem: the list without the field that causes the problem
 };
 
 ModuleListCheck CheckModuleList(runtime::StringView list);

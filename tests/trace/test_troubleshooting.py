@@ -49,7 +49,7 @@ class Symptoms(ToolTestCase):
     def test_a_load_that_fails(self):
         lines = host("set AllAps EDITOR,1E999", "create", "load 1")
         self.find("`Load` returns `True`, but nothing works", lines)
-        self.assertIn("field 2", self.find("`Load` fails, an overflow", lines)[0])
+        self.assertIn("field 2", self.find("`Load` returns `True` after an overflow", lines)[0])
         self.assertNotIn("form loaded form=[frmBackProcessMain]", lines)
 
     def test_a_load_that_never_returns(self):
