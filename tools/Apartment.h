@@ -1,5 +1,5 @@
-// Initialises OLE on the current thread, as a module of the suite does. The thread is in a single-threaded apartment
-// until the object is destroyed.
+// Initialises OLE on the current thread. A module of the suite does the same. The thread is in a single-threaded
+// apartment until the object is destroyed.
 #pragma once
 
 #include "host/com/ComHeaders.h"

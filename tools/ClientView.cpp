@@ -24,7 +24,7 @@ using runtime::StringView;
 using runtime::win32::FolderOf;
 using runtime::win32::Wide;
 
-/// Stands in for a kernel that clients cannot find. Every call fails with the error that a client gets.
+/// Replaces a kernel that clients cannot find. Every call fails with the error that a client gets.
 class NoKernel : public kernel_api::Kernel {
  public:
     explicit NoKernel(runtime::Error reason) : reason_(std::move(reason)) {}
@@ -44,7 +44,7 @@ std::unique_ptr<kernel_api::Kernel> MakeKernelOrNone(const String& componentFold
     return std::make_unique<NoKernel>(error);
 }
 
-/// The library stays loaded until the process ends, because the ports take the component's folder from it.
+/// The library stays loaded until the process ends, because the ports get the component's folder from the library.
 HMODULE LoadForGood(const String& library) {
     return IsFullPath(library) ? runtime::win32::LoadTrusted(library).Release() : nullptr;
 }
@@ -72,7 +72,8 @@ std::string_view ScopeInWords(const ComponentInForce& component) {
 }
 
 std::optional<FoundKernel> KernelOfClients(const String& componentFolder) {
-    // The client's own folder is unknown. The component's folder, passed a second time, adds no place to the search.
+    // The client's folder is unknown. Pass the component's folder twice. The second argument then adds no place to the
+    // search.
     return FindKernel(componentFolder, componentFolder);
 }
 

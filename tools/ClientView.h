@@ -1,5 +1,5 @@
-// Finds the component and the kernel library that a client would load. The tool inspects these, not the files in its
-// own folder.
+// Finds the component and the kernel library that a client would load. The tool inspects these two files, not the files
+// in its own folder.
 #pragma once
 
 #include <iosfwd>
@@ -12,39 +12,40 @@
 
 namespace tools {
 
-/// Compares two paths, ignoring letter case.
+/// True if the two paths are equal. Ignores letter case.
 bool IsSamePath(const String& one, const String& other);
 
-/// The tool's folder, without a trailing backslash unless it is a drive's root.
+/// Returns the tool's folder. Only a drive's root has a trailing backslash.
 String ToolFolder();
 
 struct ComponentInForce {
-    String library;              ///< full path
-    std::optional<Scope> scope;  ///< none: the component is not registered, and `library` is the copy beside the tool
+    String library;  ///< full path
+    std::optional<Scope>
+        scope;  ///< no value: the component is not registered, and `library` is the copy in the tool's folder
 };
 
-/// The component that COM loads for a client. Without a registration, the copy beside the tool.
+/// Finds the component that COM loads for a client. Without a registration, returns the copy in the tool's folder.
 ComponentInForce FindComponent();
 
-/// "registered for the machine", "registered for the user", "not registered, the copy beside this tool".
+/// Returns "registered for the machine", "registered for the user" or "not registered, the copy beside this tool".
 std::string_view ScopeInWords(const ComponentInForce& component);
 
-/// The kernel library that the component in `componentFolder` loads. The client is assumed to be in another folder than
-/// the tool. None if the component finds no kernel.
+/// Finds the kernel library that the component in `componentFolder` loads. The function assumes that the client is not
+/// in the tool's folder. Returns no value if the component finds no kernel.
 std::optional<kernel_api::win32::FoundKernel> KernelOfClients(const String& componentFolder);
 
-/// The QmxKrn2K.dll beside the tool if `KernelOfClients` finds none; otherwise "".
+/// Returns the path of QmxKrn2K.dll in the tool's folder if `KernelOfClients` finds no kernel. Otherwise returns "".
 String KernelBesideToolAlone(const String& componentFolder);
 
-/// Makes the kernel that `KernelOfClients` finds; it is loaded at the first call. Without one, calls fail with error
-/// 53.
+/// Makes an object for the kernel that `KernelOfClients` finds. The first call loads the kernel. If there is no kernel,
+/// calls fail with error 53.
 std::unique_ptr<kernel_api::win32::KernelLibrary> MakeKernelOfClients(const String& componentFolder);
 
-/// Sets this process's ports, kernel and reader to those that the component has in a client. Returns the component. If
-/// its library cannot be loaded, prints a line to `err` and uses the tool's folder instead.
+/// Sets this process's ports, kernel and reader as the component sets them in a client. Returns the component. If the
+/// component's library cannot be loaded, prints a line to `err` and uses the tool's folder.
 ComponentInForce ComposeAsClient(std::string_view verb, std::ostream& err);
 
-/// Prints the component and kernel in use to `err`, unless the component is beside the tool.
+/// Prints the component and the kernel in use to `err`. Prints nothing if the component is in the tool's folder.
 void PrintWhichComponent(std::string_view verb, const ComponentInForce& component, std::ostream& err);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// Descriptions of failed COM calls.
+// Finds the descriptions of failed COM calls.
 #include "tools/ComFailure.h"
 
 #include <cstdio>
@@ -20,7 +20,7 @@ std::string Text(HRESULT result, const std::string& description) {
     return text;
 }
 
-/// Takes the thread's error object and returns its description. None if there is no error object.
+/// Takes the thread's error object and returns the object's description. Returns no value if there is no error object.
 std::optional<std::string> TakeDescription() {
     host::com::ComPtr<IErrorInfo> information;
     if (GetErrorInfo(0, information.Put()) != S_OK) return std::nullopt;

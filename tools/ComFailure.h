@@ -1,4 +1,4 @@
-// A failed COM call, with the description from the server's error object.
+// ComFailure reports a failed COM call. It has the description from the server's error object.
 #pragma once
 
 #include <exception>
@@ -21,16 +21,16 @@ class ComFailure : public std::exception {
     std::string text_;
 };
 
-/// Throws a ComFailure if `result` is a failure. Its description comes from the thread's error object, which is
-/// cleared. Without a description there, it is the system's text for `result`.
+/// Throws a ComFailure if `result` is a failure. The description comes from the thread's error object. The function
+/// clears that object. If the object has no description, the description is the system's text for `result`.
 void ThrowIfFailed(HRESULT result);
 
 void ClearErrorObject();
-/// Throws a ComFailure if the thread has an error object. For calls that return no HRESULT.
+/// Throws a ComFailure if the thread has an error object. Use this function after a call that returns no HRESULT.
 void ThrowIfErrorObject();
 
-/// The system's text for an HRESULT or Windows error: UTF-8, one line, without the final full stop. "" if the system
-/// has no text for it.
+/// Returns the system's text for an HRESULT or Windows error: UTF-8, one line, without the final full stop. Returns ""
+/// if the system has no text for the error.
 std::string SystemText(HRESULT result);
 
 }  // namespace tools

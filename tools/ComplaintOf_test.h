@@ -1,4 +1,4 @@
-// The error messages of argument parsers, for tests.
+// Tests use this function to get the error messages of argument parsers.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace tools {
 
-/// The text of the UsageError that `Read` throws for `arguments`, or "(none)" if it accepts them.
+/// Returns the text of the UsageError that `Read` throws for `arguments`. Returns "(none)" if `Read` throws no error.
 template <auto Read>
 std::string ComplaintOf(const Arguments& arguments) {
     try {

@@ -75,7 +75,7 @@ std::string ActivationFailure(const String& library) {
     const HRESULT result = CoGetClassObject(__uuidof(clsQmxBackProcess), CLSCTX_INPROC_SERVER, nullptr,
                                             IID_IClassFactory, factory.PutVoid());
     if (SUCCEEDED(result)) return "";
-    // Some systems have no text for this error.
+    // Some Windows versions have no text for this error.
     const std::string words = result == REGDB_E_CLASSNOTREG ? "COM does not find the class" : SystemText(result);
     return ComFailure(result, words).what();
 }

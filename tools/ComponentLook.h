@@ -8,8 +8,8 @@ namespace tools {
 
 ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path);
 
-/// Asks COM for the class's factory. Returns the failure, or "" on success. `library` is the file that is registered
-/// for the class. The thread must be in an apartment.
+/// Asks COM for the class's factory. Returns the failure, or "" on success. `library` is the file in the class's
+/// registration. The thread must be in an apartment.
 std::string ActivationFailure(const String& library);
 
 }  // namespace tools

@@ -27,7 +27,8 @@ std::string Text(const Version& version) {
     return std::to_string(version.major) + "." + std::to_string(version.minor);
 }
 
-/// Advice to register again. It keeps the scope in force, so that following it never creates a second registration.
+/// Returns the advice to register again. The advice keeps the scope that is in force, so that the user does not create
+/// a second registration.
 std::string RegisterAgain(const MachineState& machine) {
     if (machine.forUser && machine.forMachine) return "see 'registration' above";
     if (!machine.forUser && !machine.forMachine) {
@@ -89,7 +90,7 @@ Finding OfName(const MachineState& machine) {
     const std::string what = machine.name.classIdentifier.empty()
                                  ? name + " is not registered"
                                  : name + " names another class: " + Display(machine.name.classIdentifier);
-    // Registering for the machine cannot help if the user's entries hide the machine's.
+    // Registration for the machine cannot help if the user's entries hide the machine's entries.
     const bool isHidden = machine.forMachine && !machine.forUser && machine.name.scope == Scope::kUser;
     if (isHidden) return Bad(subject, what + ", in the user's entries", "run 'backproc unregister --user'");
     return Bad(subject, what, RegisterAgain(machine));
@@ -253,8 +254,8 @@ Finding OfModules(const ModuleListCheck& modules) {
     return Good(subject, count + ", K4TBACKPROCESS is number " + std::to_string(modules.ownPlace));
 }
 
-/// The caption is the only field of a state record that distinguishes main forms. It is not quoted and may contain
-/// commas, so it is what precedes the last four fields, which are numbers.
+/// Returns the caption in a state record. The caption is the only field that distinguishes main forms. The caption is
+/// not quoted and may contain commas. The last four fields are numbers. The caption is everything before these fields.
 String CaptionOf(const String& stateRecord) {
     constexpr int kNumbers = 4;
     std::size_t end = stateRecord.size();
@@ -266,7 +267,7 @@ String CaptionOf(const String& stateRecord) {
     return stateRecord.substr(0, end);
 }
 
-/// "process 12 (C:\EDITOR.EXE) and process 14".
+/// Returns a list such as "process 12 (C:\EDITOR.EXE) and process 14".
 std::string ProcessesOf(const std::vector<MainFormOfProcess>& forms) {
     std::string names;
     for (const MainFormOfProcess& form : forms) {
@@ -276,7 +277,8 @@ std::string ProcessesOf(const std::vector<MainFormOfProcess>& forms) {
     return names;
 }
 
-/// The record has no process number, so programs whose main forms have the same caption cannot be distinguished.
+/// The record contains no process number. Therefore the diagnosis cannot distinguish programs whose main forms have the
+/// same caption.
 Finding OfState(const SuiteStrings& strings) {
     const std::string subject = "state";
     const std::vector<MainFormOfProcess>& forms = strings.mainForms;

@@ -1,5 +1,6 @@
-// The findings of `backproc doctor`: one for each thing that a client needs, in the order in which a client needs them.
-// MachineLook.cpp inspects the machine. This code only judges the result, so that a test can cover each case.
+// Makes the findings of `backproc doctor`. There is one finding for each thing that a client needs, in the order of
+// use. MachineLook.cpp inspects the machine. This code only judges the state that MachineLook.cpp returns, so that a
+// test can cover each case.
 #pragma once
 
 #include <optional>
@@ -21,7 +22,7 @@ enum class Scope { kMachine, kUser };
 struct ClassEntry {
     String library;                           ///< full path
     String threadingModel;                    ///< empty if it is missing
-    String typeLibrary;                       ///< path registered for the type library; empty if it is missing
+    String typeLibrary;                       ///< the type library's registered path; empty if it is missing
     std::vector<std::string> noProxies = {};  ///< interfaces whose proxy entries are missing or wrong
 };
 
@@ -29,7 +30,7 @@ struct ClassEntry {
 struct NameEntry {
     Scope scope = Scope::kMachine;
     String classIdentifier;  ///< empty if it is missing
-    bool isOurs = false;     ///< the identifier is that of the component's class
+    bool isOurs = false;     ///< `classIdentifier` is the component's class
 };
 
 struct Version {
@@ -44,8 +45,8 @@ struct ComponentFile {
     bool exists = false;
     int bits = 0;  ///< 32 or 64; 0 if the file is not a Windows program
     std::optional<Version> version;
-    std::optional<Version> typeLibrary;  ///< none if the file has none, or one of another component
-    std::string loadFailure;             ///< why it cannot be loaded or lacks the class; empty on success
+    std::optional<Version> typeLibrary;  ///< no value if the file has no type library, or another component's library
+    std::string loadFailure;             ///< why the file cannot be loaded or lacks the class; empty on success
     std::string fullVersion = {};        ///< "1.0.0"; empty if the file has no version
 };
 
@@ -53,8 +54,8 @@ struct ComponentFile {
 struct ThisTool {
     String folder;
     std::string fullVersion;
-    bool hasComponent = false;       ///< a K4TBackProcess.dll is beside it
-    bool isBesideComponent = false;  ///< it is in the folder of the component in force
+    bool hasComponent = false;       ///< the tool's folder contains K4TBackProcess.dll
+    bool isBesideComponent = false;  ///< the tool is in the folder of the component that clients load
 };
 
 struct ThisSystem {
@@ -66,15 +67,15 @@ struct ThisSystem {
 /// Where the component finds its kernel library.
 enum class KernelOrigin { kBesideComponent, kSystemFolder, kDevelopmentFolder, kAskedFor };
 
-/// The kernel library that the component loads. The client is assumed to be in another folder than the tool.
+/// The kernel library that the component loads. The diagnosis assumes that the client is not in the tool's folder.
 struct KernelFile {
     String path;
-    std::string failure;               ///< why no kernel was found; empty if one was
-    std::vector<std::string> missing;  ///< exported functions that it lacks
+    std::string failure;               ///< why no kernel was found; empty if a kernel was found
+    std::vector<std::string> missing;  ///< exported functions that the library lacks
     KernelOrigin origin = KernelOrigin::kBesideComponent;
     bool isDevelopment = false;  ///< it is the development kernel
-    String besideTool = {};      ///< only without a kernel: the one beside the tool
-    String hidden = {};          ///< the kernel in the system folder that this one hides
+    String besideTool = {};      ///< if no kernel was found: the kernel in the tool's folder
+    String hidden = {};          ///< the kernel in the system folder that this kernel hides
 };
 
 struct IniFile {
@@ -82,30 +83,30 @@ struct IniFile {
     bool exists = false;
     bool isFolder = false;
     bool canBeRead = true;
-    std::string problem = {};   ///< why the file is read differently than meant; empty if it is not
+    std::string problem = {};   ///< why the settings reader misreads the file; empty if there is no problem
     std::string encoding = {};  ///< "UTF-8", "UTF-16", "ANSI"
     IniReport report = {};
 };
 
 struct LanguageFolder {
-    String folder;  ///< empty: none is chosen
+    String folder;  ///< empty if no folder is chosen
     bool hasFile = false;
-    std::size_t lacking = 0;  ///< texts of the component that the file does not have
-    std::size_t skipped = 0;  ///< lines that cannot be parsed
+    std::size_t lacking = 0;  ///< number of the component's texts that the file lacks
+    std::size_t skipped = 0;  ///< number of lines that cannot be parsed
     bool isUtf16 = false;
 };
 
 /// A loaded main form of the component in a process of this session.
 struct MainFormOfProcess {
-    String caption;  ///< as the kernel's ANSI code page holds it
+    String caption;  ///< converted to the kernel's ANSI code page
     unsigned long process = 0;
-    String program;  ///< full path; empty if it is unknown
+    String program;  ///< full path; empty if the path is unknown
 };
 
 /// The shared strings that the component's work depends on.
 struct SuiteStrings {
     ModuleListCheck modules;
-    String stateRecord;  ///< empty: the component is not running
+    String stateRecord;  ///< empty if the component is not running
     std::vector<MainFormOfProcess> mainForms = {};
 };
 
@@ -116,7 +117,7 @@ struct MachineState {
     std::optional<ClassEntry> forMachine;
     NameEntry name = {};
     bool hasManifest = false;       ///< beside the tool
-    std::string activationFailure;  ///< why COM does not return the class; empty if it does
+    std::string activationFailure;  ///< why COM does not return the class; empty if COM returns the class
     ComponentFile component;
     KernelFile kernel;
     IniFile ini;
@@ -124,7 +125,7 @@ struct MachineState {
     LanguageFolder language;
 };
 
-/// A note is worth knowing, but does not make a client fail.
+/// A note gives useful information. It does not report a cause of failure.
 enum class Grade { kOk, kNote, kBad };
 
 struct Finding {
@@ -136,11 +137,11 @@ struct Finding {
     bool operator==(const Finding&) const = default;
 };
 
-/// The entry that COM uses. The user's entry hides the machine's. None if there is neither.
+/// Returns the entry that COM uses. The user's entry hides the machine's entry. Returns null if there is no entry.
 const ClassEntry* EntryInForce(const MachineState& machine);
 
-/// True for "C:\…" and "\\server\…". Such a path does not depend on the current folder. The tool loads no other file,
-/// because an attacker could place one in the current folder.
+/// True for "C:\…" and "\\server\…". A full path does not depend on the current folder. The tool loads files only by
+/// full paths, because an attacker could place a file in the current folder.
 bool IsFullPath(runtime::StringView path);
 
 /// True if a kernel was found and lacks no function.

@@ -11,11 +11,11 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// How long a dialog may take to close.
+/// The longest time that a dialog may need to close.
 constexpr int kCloseAttempts = 20;
 constexpr auto kCloseInterval = 100ms;
 
-/// The dialogs have a title bar; the open list of a combo box, for example, has none.
+/// A dialog has a title bar. Other windows, such as the open list of a combo box, have no title bar.
 BOOL CALLBACK CloseIfDialog(HWND window, LPARAM) noexcept {
     const bool hasTitleBar = (GetWindowLongW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
     if (hasTitleBar && IsWindowVisible(window)) PostMessageW(window, WM_CLOSE, 0, 0);
@@ -48,7 +48,7 @@ bool DialogDeadline::IsStoppedWithin(Duration duration) {
 void DialogDeadline::Watch(std::int32_t seconds) {
     if (IsStoppedWithin(std::chrono::seconds(seconds))) return;
     isOver_ = true;
-    // More than once, because the dialog may not be shown yet.
+    // Post the message repeatedly, because the dialog may not be visible yet.
     for (int i = 0; i < kCloseAttempts; ++i) {
         EnumThreadWindows(dialogThread_, CloseIfDialog, 0);
         if (IsStoppedWithin(kCloseInterval)) return;

@@ -1,5 +1,5 @@
-// The time limit of a dialog. When the time is up, the dialog is closed as by its title bar. If it does not close,
-// because its thread is blocked, the process is ended.
+// Sets a time limit for a dialog. When the time is up, DialogDeadline closes the dialog in the same way as the close
+// button. A dialog whose thread is blocked does not close. DialogDeadline then ends the process.
 #pragma once
 
 #include <condition_variable>
@@ -13,22 +13,22 @@
 
 namespace tools {
 
-/// Created on the thread that shows the dialog, before anything that could wait for the display.
+/// Create the object on the thread that shows the dialog, before any call that could wait for the display.
 class DialogDeadline {
  public:
-    /// Without `seconds` there is no limit. `giveUp` prints the answer before the process is ended; it runs on another
-    /// thread while the thread of the dialog is blocked.
+    /// Without `seconds` there is no limit. `giveUp` prints the answer before the process is ended. `giveUp` runs on
+    /// another thread while the dialog's thread is blocked.
     DialogDeadline(std::optional<std::int32_t> seconds, std::function<void()> giveUp);
     DialogDeadline(const DialogDeadline&) = delete;
     DialogDeadline& operator=(const DialogDeadline&) = delete;
     ~DialogDeadline() { Stop(); }
 
-    /// Ends the limit. True if the time was up before.
+    /// Removes the limit. Returns true if the time was up already.
     bool Stop();
 
  private:
     void Watch(std::int32_t seconds);
-    /// Waits; true if the limit was ended.
+    /// Waits for `duration`. Returns true if the limit was removed.
     template <typename Duration>
     bool IsStoppedWithin(Duration duration);
 

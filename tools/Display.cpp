@@ -1,4 +1,4 @@
-// Replaces control characters by visible ones.
+// Replaces control characters by visible characters.
 #include "tools/Display.h"
 
 namespace tools {

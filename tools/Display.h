@@ -1,4 +1,4 @@
-// Texts as the tool prints them: each on one line, with paths unchanged.
+// Prepares texts for the tool's output. Each text is on one line, and paths stay unchanged.
 #pragma once
 
 #include <string>
@@ -11,7 +11,7 @@ namespace tools {
 /// "␊", a carriage return "␍". All other characters stay unchanged, including backslashes.
 std::string Display(runtime::StringView text);
 
-/// Display of a name or value inside a sentence: in single quotes, cut off after 200 characters.
+/// Returns a name or value for use in a sentence. The text is in single quotes and is cut off after 200 characters.
 std::string Quoted(runtime::StringView text);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// Writes everything that a support ticket about the component needs into one text.
+// Writes a report for a support ticket about the component.
 #pragma once
 
 #include <iosfwd>
@@ -8,8 +8,8 @@
 
 namespace tools {
 
-/// Writes one line for each finding: "ok", "note" or "BAD", the subject, what was found, and after a semicolon the
-/// advice.
+/// Writes one line for each finding. A line has "ok", "note" or "BAD", the subject and the finding. If there is advice,
+/// it follows a semicolon.
 void WriteFindings(std::ostream& out, const std::vector<Finding>& findings);
 
 /// Writes the findings, the registry entries for the user and for the machine, the suite's shared strings and the INI

@@ -1,4 +1,5 @@
-// `backproc doctor`: checks whether a client can create the component, and if not, why.
+// Implements `backproc doctor`. The verb checks whether a client can create the component. If a client cannot, the verb
+// prints the causes.
 #include <algorithm>
 #include <filesystem>
 #include <fstream>

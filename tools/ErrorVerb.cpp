@@ -1,4 +1,4 @@
-// `backproc error`: shows an error message as the component shows it.
+// Implements `backproc error`. The verb shows an error message in the same way as the component.
 #include "services/MessageTexts.h"
 #include "tools/MessageService.h"
 #include "tools/Usage.h"

@@ -1,4 +1,4 @@
-// The event interface of the component, as a client implements it.
+// Implements the component's event interface, as every client with events must do.
 #include "tools/EventSink.h"
 
 #include <new>
@@ -11,7 +11,7 @@ namespace {
 
 constexpr DISPID kNotifyServer = 1;
 
-/// A string argument, passed by value or by reference.
+/// Returns a string argument that was passed by value or by reference.
 class TextArgument {
  public:
     explicit TextArgument(VARIANT& argument) {

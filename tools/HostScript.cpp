@@ -51,7 +51,7 @@ class Words {
  public:
     explicit Words(StringView line) : rest_(line) {}
 
-    /// The next word, or "" at the end of the line.
+    /// Returns the next word, or "" at the end of the line.
     StringView Next() {
         rest_.remove_prefix(std::min(rest_.find_first_not_of(kBlanks), rest_.size()));
         const StringView word = rest_.substr(0, rest_.find_first_of(kBlanks));
@@ -59,7 +59,8 @@ class Words {
         return word;
     }
 
-    /// Everything after the single blank that ended the last word. None if the line ended there.
+    /// Returns everything after the single blank that ended the last word. Returns no value if the line ends directly
+    /// after the last word.
     std::optional<String> Rest() const {
         if (rest_.empty()) return std::nullopt;
         return String(rest_.substr(1));
@@ -76,7 +77,7 @@ const VerbForm& FindVerb(StringView name) {
     return *verb;
 }
 
-/// Accepts nine digits at most, because the value must fit into 32 bits.
+/// Accepts at most nine digits, because the value must fit into 32 bits.
 std::int32_t ToNumber(const std::string& command, StringView word) {
     constexpr std::size_t kMaxDigits = 9;
     const auto isDigit = [](char16_t unit) { return unit >= u'0' && unit <= u'9'; };

@@ -1,4 +1,5 @@
-// The script of `backproc host`: one command per line. Each line is parsed before it runs.
+// Parses the script of `backproc host`. The script has one command per line. The tool parses a line directly before it
+// runs the line's command.
 #pragma once
 
 #include <cstdint>
@@ -37,20 +38,20 @@ struct HostCommand {
     String key;
     /// The mode, for kShell only.
     std::int16_t mode = 0;
-    /// The rest of the line after one blank. None if the line ends before that blank.
+    /// The rest of the line after one blank. No value if the line ends before that blank.
     std::optional<String> text;
 
     bool operator==(const HostCommand&) const = default;
 };
 
-/// The line is not a valid command. The text (UTF-8) says why.
+/// Reports a line that is not a valid command. The text (UTF-8) contains the reason.
 class HostScriptError : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
 };
 
-/// Parses one line without its line end. Blank lines and lines that start with '#' become kNothing. Throws
-/// HostScriptError.
+/// Parses one line, given without a line end. Blank lines and lines that start with '#' become kNothing. Throws
+/// HostScriptError for an invalid line.
 HostCommand ParseHostCommand(StringView line);
 
 }  // namespace tools

@@ -1,4 +1,4 @@
-// `backproc host`: hosts the component as a module does, driven by lines of text.
+// Implements `backproc host`. The verb uses the component like a module. Lines of text control the verb.
 #include <filesystem>
 #include <fstream>
 #include <istream>
@@ -65,7 +65,7 @@ Example, in a command prompt:
 
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-/// Runs the lines of one script. Counts them and records whether all succeeded.
+/// Runs the lines of one script. Counts the lines and records whether all of them succeeded.
 class HostRun {
  public:
     HostRun(std::istream& in, ModuleHost::Printer print, std::ostream& err)
@@ -97,14 +97,14 @@ class HostRun {
     bool succeeded_ = true;
 };
 
-/// Ignores letter case, as the component does.
+/// Compares without letter case, like the component.
 bool IsSystemFolder(const String& argument) {
     constexpr std::wstring_view kOption = L"/sys:";
     return _wcsnicmp(runtime::win32::Wide(argument), kOption.data(), kOption.size()) == 0;
 }
 
 struct HostArguments {
-    /// None for standard input.
+    /// No value means standard input.
     std::optional<String> file;
     bool traces = false;
 };

@@ -39,7 +39,7 @@ bool IsInQuotes(StringView value) {
     return value.size() >= 2 && OpensQuote(value) && value.back() == value.front();
 }
 
-/// True if a ';' or '#' follows a blank, outside quotes.
+/// True if a ';' or '#' follows a blank outside quotes.
 bool LooksLikeComment(StringView value) {
     if (IsInQuotes(value)) return false;
     for (std::size_t i = 1; i < value.size(); ++i) {
@@ -49,7 +49,7 @@ bool LooksLikeComment(StringView value) {
     return false;
 }
 
-/// Walks through the lines in the same way as the reader of settings.
+/// Reads the lines by the same rules as the settings reader.
 class IniWalk {
  public:
     IniWalk(StringView text, runtime::LocalePort& locale) : locale_(locale), hasOwnSection_(HasOwnSection(text)) {

@@ -1,5 +1,5 @@
-// Reports on MARLENTO.INI for the engineer who wrote it: the settings that the component reads, and the lines that look
-// like settings but have no effect or an unintended one.
+// Reports on MARLENTO.INI for the file's author. The report lists the settings that the component reads. It also lists
+// lines that look like settings but have no effect or an unintended effect.
 #pragma once
 
 #include <cstddef>
@@ -19,11 +19,11 @@ struct IniRemark {
 
 struct IniReport {
     std::vector<std::string> taken;     ///< keys of the settings that the component reads, in the file's order
-    std::vector<std::string> notTaken;  ///< other keys of the component's section; the component does not read them
+    std::vector<std::string> notTaken;  ///< other keys in the component's section
     std::vector<IniRemark> remarks;
 };
 
-/// `text` is the decoded file. `locale` decides which letters differ only in case.
+/// Returns the report on `text`, the decoded file. `locale` decides which letters differ only in case.
 IniReport ReportOnIni(runtime::StringView text, runtime::LocalePort& locale);
 
 }  // namespace tools

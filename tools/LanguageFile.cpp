@@ -10,7 +10,7 @@ namespace tools {
 runtime::String LanguageFileIn(runtime::FilesPort& files, runtime::StringView folder) {
     using kernel_api::builtin::kMaxTextsBytes;
     using kernel_api::builtin::kTextsFileName;
-    // To the reader, an empty folder would mean the suite's current language folder.
+    // An empty folder name would make the reader use the suite's current language folder.
     if (folder.empty())
         throw std::runtime_error("the name of the language folder is empty; give a folder that has a " +
                                  Display(kTextsFileName));

@@ -11,7 +11,7 @@ namespace {
 
 class LanguageFile : public testing::Test {
  protected:
-    /// The error message for `folder`; empty if the file is accepted.
+    /// Returns the error message for `folder`, or "" if the file is accepted.
     std::string Complaint(runtime::StringView folder) {
         try {
             LanguageFileIn(files_, folder);

@@ -1,4 +1,4 @@
-// Reads lines while the caller's message loop runs.
+// Reads lines of text while the caller's message loop runs.
 #include "tools/LineReader.h"
 
 #include <system_error>

@@ -82,13 +82,14 @@ KernelOrigin OriginOf(KernelPlace place) {
     return KernelOrigin::kBesideComponent;
 }
 
-/// True if the kernel at `path`, which must be loaded, exports a function that lists its strings. Only the development
-/// kernel does.
+/// True if the kernel at `path` exports a function that lists the kernel's strings. Only the development kernel exports
+/// this function. The kernel must be loaded.
 bool IsDevelopmentKernel(const String& path) {
     return GetProcAddress(GetModuleHandleW(Wide(path)), "QmxDev_NextString") != nullptr;
 }
 
-/// The kernel in the system folder, if the kernel at `path` is another one and hides it; otherwise "".
+/// Returns the path of the kernel in the system folder. Returns "" if there is no kernel in the system folder, or if
+/// `path` is that kernel.
 String HiddenKernel(const String& path) {
     const auto inSystem = kernel_api::win32::FindKernel(u"", u"");
     if (!inSystem || inSystem->place != KernelPlace::kSystemFolder || IsSamePath(inSystem->path, path)) return {};
@@ -129,20 +130,22 @@ IniFile LookAtIni(Win32Files& files, const String& folder) {
     Win32Locale locale;
     const String text = kernel_api::builtin::DecodeIni(*bytes, locale);
     ini.problem = kernel_api::builtin::IniProblem(*bytes);
-    if (ini.problem.empty() && text.find(u'\0') != String::npos) ini.problem = "it has NUL characters: no plain text";
+    if (ini.problem.empty() && text.find(u'\0') != String::npos)
+        ini.problem = "it contains NUL characters, so it is not plain text";
     ini.encoding = EncodingOf(*bytes);
     ini.report = ReportOnIni(text, locale);
     return ini;
 }
 
 String StringOf(KernelLibrary& kernel, runtime::StringView key) {
-    // Some kernels return small numbers instead of an address. No text is below this address.
+    // Some kernels return small numbers instead of an address. No text has an address below kLowestAddress.
     constexpr kernel_api::TextPointer kLowestAddress = 0x10000;
     const kernel_api::TextPointer text = kernel.E_GetString(key);
     return text >= kLowestAddress ? Win32Locale().FromAnsi(reinterpret_cast<const char*>(text)) : String();
 }
 
-/// The folder in the shared string LANGUAGEPATH, as a client would read it.
+/// Inspects the language folder that the shared string LANGUAGEPATH names. Reads the folder's text file by a client's
+/// rules.
 LanguageFolder LookAtLanguage(Win32Files& files, KernelLibrary& kernel) {
     LanguageFolder language;
     language.folder = StringOf(kernel, kernel_api::kLanguageFolderKey);
@@ -216,7 +219,8 @@ void LookAtKernelAndStrings(MachineState& machine, Win32Files& files, const Stri
     machine.language = LookAtLanguage(files, *kernel);
 }
 
-/// A registered path may begin with a quote, which is reported as a finding. This returns the path without it.
+/// Returns the path without a quote at its beginning. A registered path may begin with a quote. The diagnosis reports
+/// such a quote.
 String WithoutQuote(const String& path) {
     return path.starts_with(u'"') ? path.substr(1) : path;
 }

@@ -6,7 +6,7 @@
 
 namespace tools {
 
-/// Call it on a thread that is in an apartment.
+/// Call the function on a thread that is in an apartment.
 MachineState LookAtMachine();
 
 }  // namespace tools

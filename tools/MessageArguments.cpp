@@ -10,7 +10,7 @@ namespace {
 constexpr StringView kWrittenBreak = u"\\n";
 constexpr StringView kLineBreak = u"\r\n";
 
-/// The code of one of the message box's buttons.
+/// Parses the code of a button of the message box.
 std::int32_t ReadAnswer(StringView text) {
     for (const StringView code : {u"6", u"7", u"8", u"2"}) {
         if (text == code) return code.front() - u'0';

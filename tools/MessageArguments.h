@@ -1,4 +1,4 @@
-// The message that the command line describes.
+// Parses a command line that describes a message.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ struct MessageArguments {
     std::optional<String> title;
     std::optional<String> languageFolder = {};
     std::optional<std::int32_t> timeout = {};        ///< in seconds
-    std::optional<std::int32_t> defaultAnswer = {};  ///< the answer's code after the timeout; none for Cancel
+    std::optional<std::int32_t> defaultAnswer = {};  ///< the answer's code after the timeout; no value for Cancel
     bool operator==(const MessageArguments&) const = default;
 };
 

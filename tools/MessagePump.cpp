@@ -1,4 +1,4 @@
-// Waits while window messages are dispatched.
+// Dispatches window messages while the caller waits.
 #include "tools/MessagePump.h"
 
 namespace tools {
@@ -7,7 +7,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// Returns true if `handle` was signalled, false if messages arrived or the time ran out.
+/// Returns true if `handle` was signalled. Returns false if messages arrived or the time ran out.
 bool WaitOnce(DWORD handles, const HANDLE* handle, DWORD milliseconds) {
     return MsgWaitForMultipleObjectsEx(handles, handle, milliseconds, QS_ALLINPUT, MWMO_INPUTAVAILABLE) ==
                WAIT_OBJECT_0 &&

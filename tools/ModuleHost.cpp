@@ -1,4 +1,4 @@
-// Creates instances, calls them and prints their results and events.
+// Creates instances, calls their members, and prints results and events.
 #include "tools/ModuleHost.h"
 
 #include <utility>
@@ -23,7 +23,8 @@ std::string Bracketed(StringView text) {
     return bracketed.append(Display(text)).append(1, ']');
 }
 
-/// Throws for every failure. If the class is not registered, it replaces the system's text with advice.
+/// Throws ComFailure for every failure. If the class is not registered, the error has advice in place of the system's
+/// text.
 void ThrowIfNotMade(HRESULT result) {
     if (result != CO_E_CLASSSTRING && result != REGDB_E_CLASSNOTREG) return ThrowIfFailed(result);
     throw ComFailure(result, "the component is not registered; 'backproc doctor' tells what to do");
@@ -218,7 +219,7 @@ _clsQmxBackProcess& ModuleHost::Find(std::int32_t number) const {
     return *instance->second.Get();
 }
 
-/// Runs `call` and prints its result, unless that is empty, or its failure. Returns false after a failure.
+/// Runs `call`. Prints the result if it is not empty. After a failure, prints the failure and returns false.
 template <typename Call>
 bool ModuleHost::Report(std::int32_t number, Call&& call) {
     try {

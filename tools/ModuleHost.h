@@ -1,5 +1,5 @@
-// A module of the suite as a client of the component: creates instances through COM, calls their members, and prints
-// results and events.
+// Acts as a module of the suite. ModuleHost creates instances of the component through COM, calls their members, and
+// prints results and events.
 #pragma once
 
 #include <functional>
@@ -13,17 +13,18 @@
 
 namespace tools {
 
-/// Use it on a thread in a single-threaded apartment. An event is printed at once, while the call that raises it is
-/// running.
+/// Use the object on a thread in a single-threaded apartment. An event is printed while the call that raises the event
+/// is still running.
 class ModuleHost {
  public:
-    /// Prints one line, given without a line end.
+    /// Prints one line. The argument has no line end.
     using Printer = std::function<void(const std::string& line)>;
 
     explicit ModuleHost(Printer print);
 
-    /// Runs `command` and prints its result. If the component returns a failure, prints that and returns false. Throws
-    /// HostScriptError if there is no such instance, and runtime::Error if the kernel library fails.
+    /// Runs `command` and prints the result. If the component returns a failure, prints the failure and returns false.
+    /// Throws ComFailure if the component returns a failure for kState. Throws HostScriptError if the command's
+    /// instance does not exist or has no diagnostics interface. Throws runtime::Error if the kernel library fails.
     bool Run(const HostCommand& command);
     /// Releases the remaining instances in the order of their creation. Returns false if a release failed.
     bool ReleaseAll();
@@ -35,7 +36,7 @@ class ModuleHost {
     bool Load(std::int32_t number);
     bool NotifyMe(std::int32_t number, const std::optional<String>& command);
     bool SeverPath(std::int32_t number, const std::optional<String>& value);
-    // The commands 'send', 'sendall' and 'shell', through the instance's diagnostics interface.
+    // Run the commands 'send', 'sendall' and 'shell' through the instance's diagnostics interface.
     bool AP_SendCmd(std::int32_t number, StringView module, StringView command);
     bool AP_SendCmdAll(std::int32_t number, StringView command);
     bool AP_Shell(std::int32_t number, StringView module, std::int16_t mode, StringView commandLine);

@@ -1,4 +1,4 @@
-// `backproc msgbox`: shows the suite's message box.
+// Implements `backproc msgbox`. The verb shows the suite's message box.
 #include <ostream>
 
 #include "dialogs/frmQMXMsgBox.h"

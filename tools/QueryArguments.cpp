@@ -36,7 +36,7 @@ void TakeOption(QueryArguments& query, bool& hasKind, const Arguments& arguments
     }
 }
 
-/// The index that the dialog would give for the default answer.
+/// Returns the index that the dialog would return for the default answer.
 std::int32_t IndexOfDefault(const QueryArguments& query) {
     if (query.kind != dialogs::kDropDown && query.kind != dialogs::kList) return dialogs::Qmxquery::kNothingChosen;
     const auto item = std::find(query.values.begin() + 1, query.values.end(), *query.defaultText);

@@ -1,4 +1,4 @@
-// The query dialog that the command line describes.
+// Parses a command line that describes a query dialog.
 #pragma once
 
 #include <cstdint>
@@ -13,11 +13,11 @@ struct QueryArguments {
     std::optional<String> title;
     String prompt;
     std::int32_t index = -1;
-    std::optional<String> buttonCaption;  ///< caption of the extra button; none for no button
+    std::optional<String> buttonCaption;  ///< caption of the extra button; no value for no button
     std::optional<String> languageFolder;
     std::optional<std::int32_t> timeout;  ///< in seconds
-    std::optional<String> defaultText;    ///< the answer after the timeout; none for Cancel
-    std::int32_t defaultIndex = -1;       ///< the index of that answer
+    std::optional<String> defaultText;    ///< the answer after the timeout; no value for Cancel
+    std::int32_t defaultIndex = -1;       ///< the index of `defaultText`
     std::vector<String> values;           ///< the initial text, followed by the items
     bool operator==(const QueryArguments&) const = default;
 };

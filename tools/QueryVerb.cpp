@@ -1,4 +1,4 @@
-// `backproc query`: shows the suite's query dialog.
+// Implements `backproc query`. The verb shows the suite's query dialog.
 #include <ostream>
 
 #include "dialogs/Qmxquery.h"

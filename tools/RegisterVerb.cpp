@@ -1,4 +1,4 @@
-// `backproc register` and `backproc unregister`: add and remove the component's registry entries.
+// Implements `backproc register` and `backproc unregister`. The verbs add and remove the component's registry entries.
 #include <ostream>
 
 #include "host/com/ComHeaders.h"
@@ -57,7 +57,7 @@ bool IsMissingRight(HRESULT result) {
     return false;
 }
 
-/// Runs `change`. If it fails because a right is missing, the error says what to do.
+/// Runs `change`. If `change` fails because a right is missing, the error contains advice.
 void Change(void (*change)(Scope), Scope scope) try { change(scope); } catch (const ComFailure& failure) {
     if (scope == Scope::kUser || !IsMissingRight(failure.Result())) throw;
     throw std::runtime_error(
@@ -71,7 +71,7 @@ void PrintClass(std::ostream& out) {
         << "identifier " << Display(ClassIdentifier()) << '\n';
 }
 
-/// Refuses a second registration, because the user's entry would hide later updates of the machine's.
+/// Refuses a second registration, because the user's entry would hide later updates of the machine's entry.
 void RequireNoOther(Scope scope) {
     const Scope other = scope == Scope::kUser ? Scope::kMachine : Scope::kUser;
     const std::optional<String> library = RegisteredLibrary(other);

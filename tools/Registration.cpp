@@ -63,7 +63,7 @@ HKEY Root(Scope scope) {
     return scope == Scope::kUser ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
 }
 
-/// A text under the scope's "Software\Classes" key. With a null `name`, the key's default value.
+/// Reads a text under the scope's "Software\Classes" key. If `name` is null, reads the key's default value.
 std::optional<String> ClassesText(Scope scope, const String& key, const wchar_t* name = nullptr) {
     const String path = u"Software\\Classes\\" + key;
     DWORD bytes = 0;
@@ -87,7 +87,7 @@ String ServerKey() {
     return u"CLSID\\" + ClassIdentifier() + u"\\InprocServer32";
 }
 
-/// The registry entry of an interface. COM needs it to create a proxy.
+/// The registry entry of an interface. COM needs this entry to create a proxy.
 struct ProxyEntry {
     const char* name;
     IID identifier;

@@ -7,29 +7,30 @@
 
 namespace tools {
 
-/// Calls the registration function of the component beside the tool. Throws ComFailure if that fails, and
-/// std::runtime_error if the component cannot be loaded.
+/// Calls the registration function of the component in the tool's folder. Throws ComFailure if the function fails.
+/// Throws std::runtime_error if the component cannot be loaded.
 void Register(Scope scope);
-/// Removes the registration. Throws as `Register` does.
+/// Removes the registration. Throws the same errors as `Register`.
 void Unregister(Scope scope);
 
-/// The component's file that is registered for `scope`. None if it is not registered there.
+/// Returns the path of the component's file in the registration for `scope`. Returns no value if the component is not
+/// registered for `scope`.
 std::optional<String> RegisteredLibrary(Scope scope);
-/// The whole class entry. None if the class is not registered there.
+/// Returns the whole class entry. Returns no value if the class is not registered for `scope`.
 std::optional<ClassEntry> RegisteredClass(Scope scope);
 /// One value of the registry, for display.
 struct RegistryValue {
-    String key;   ///< relative to the scope's classes
+    String key;   ///< relative to the scope's key of classes
     String name;  ///< empty for the key's default value
     String text;
 };
-/// All existing values that registering writes.
+/// Returns those values of the registration that exist.
 std::vector<RegistryValue> RegisteredValues(Scope scope);
-/// The class for which the name is registered. The user's entry hides the machine's.
+/// Returns the class for which the name is registered. The user's entry hides the machine's entry.
 NameEntry RegisteredName();
-/// The component's class identifier, in braces.
+/// Returns the component's class identifier in braces.
 String ClassIdentifier();
-/// The registry key of a scope's classes.
+/// Returns the name of the registry key of a scope's classes.
 const char* RegistryPlace(Scope scope);
 
 }  // namespace tools

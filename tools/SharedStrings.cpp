@@ -13,11 +13,11 @@ namespace {
 
 constexpr const char* kListEntry = "QmxDev_NextString";
 /// Writes the key after `afterKey` (the first key for null) into the buffer. Returns its length with the terminating
-/// NUL, or 0 after the last key. If the buffer is too small, it stays unchanged.
+/// NUL, or 0 after the last key. If the buffer is too small, the buffer stays unchanged.
 using NextString = long __stdcall(const char* afterKey, char* keyBuffer, long size);
 
-/// The function of the library at `path`, which must be loaded. The full path is needed because the process may have
-/// loaded another library of the same name.
+/// Returns the address of a function of the library at `path`. The library must be loaded. The function needs the full
+/// path, because the process may have loaded another library with the same name.
 NextString& ListEntry(const String& path) {
     const FARPROC entry = GetProcAddress(GetModuleHandleW(runtime::win32::Wide(path)), kListEntry);
     if (entry == nullptr) {
@@ -28,7 +28,7 @@ NextString& ListEntry(const String& path) {
     return *reinterpret_cast<NextString*>(reinterpret_cast<void*>(entry));
 }
 
-/// The key after `key`, or the first key for null. None after the last key.
+/// Returns the key after `key`, or the first key if `key` is null. Returns no value after the last key.
 std::optional<std::string> KeyAfter(NextString& nextString, const char* key) {
     std::string buffer(64, '\0');
     for (;;) {

@@ -1,4 +1,4 @@
-// The suite's shared strings, accessed by the tool through a kernel library.
+// Gives the tool access to the suite's shared strings. Uses a kernel library.
 #pragma once
 
 #include <map>
@@ -13,19 +13,19 @@ namespace tools {
 using runtime::String;
 using runtime::StringView;
 
-/// The library is loaded at the first call. All members throw runtime::Error 53 if the library is missing, 48 if it
-/// cannot be loaded, and 453 if it lacks a function.
+/// The first call loads the library. All members throw runtime::Error 53 if the library is missing, 48 if the library
+/// cannot be loaded, and 453 if the library lacks a function.
 class SharedStrings {
  public:
     explicit SharedStrings(std::unique_ptr<kernel_api::win32::KernelLibrary> kernel) : kernel_(std::move(kernel)) {}
 
-    /// The string's value. None if there is no such string.
+    /// Returns the string's value. Returns no value if the string does not exist.
     std::optional<String> Get(StringView key);
     void Set(StringView key, StringView value);
-    /// All strings, sorted by key. Throws error 453 unless the library is the development kernel: no other kernel can
-    /// list its strings.
+    /// Returns all strings, sorted by key. Only the development kernel can list strings. With any other kernel, the
+    /// function throws error 453.
     std::map<String, String> All();
-    /// Full path of the library.
+    /// Returns the full path of the library.
     String Library() { return kernel_->Path(); }
 
  private:

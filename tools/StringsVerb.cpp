@@ -1,4 +1,4 @@
-// `backproc strings`: shows and sets the suite's shared strings.
+// Implements `backproc strings`. The verb shows and sets the suite's shared strings.
 #include <ostream>
 
 #include "runtime/win32/ModulePath.h"
@@ -52,7 +52,7 @@ int ShowOne(SharedStrings& strings, const String& key, Console& console) {
     return kSuccess;
 }
 
-/// Prints a note if the kernel, which stores ANSI text, changed the value.
+/// Prints a note if the kernel changed the value. The kernel stores ANSI text.
 void SetOne(SharedStrings& strings, const String& key, const String& value, Console& console) {
     strings.Set(key, value);
     const String kept = strings.Get(key).value_or(u"");

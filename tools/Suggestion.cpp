@@ -16,7 +16,8 @@ std::string InLowerCase(std::string_view word) {
     return lower;
 }
 
-/// The number of letters to insert, delete, replace or swap with a neighbour to turn one word into the other.
+/// Returns the distance of two words. The distance is the number of letters to insert, delete, replace or swap with a
+/// neighbour.
 std::size_t EditDistance(const std::string& one, const std::string& other) {
     std::vector<std::vector<std::size_t>> cost(one.size() + 1, std::vector<std::size_t>(other.size() + 1));
     for (std::size_t i = 0; i <= one.size(); ++i) cost[i][0] = i;
@@ -32,7 +33,7 @@ std::size_t EditDistance(const std::string& one, const std::string& other) {
     return cost[one.size()][other.size()];
 }
 
-/// The distance of two similar words. None if they are too different.
+/// Returns the distance of two similar words. Returns no value if the words are not similar.
 std::optional<std::size_t> Distance(const std::string& one, const std::string& other) {
     constexpr std::size_t kMaxWordLength = 64;
     constexpr std::size_t kShortestBeginning = 4;

@@ -8,12 +8,12 @@
 
 namespace tools {
 
-/// The candidate most similar to `word`. Similar means that a few letters are inserted, deleted, replaced or swapped,
-/// or that one word is the beginning of the other. The case of ASCII letters is ignored. None if no candidate is
-/// similar.
+/// Returns the candidate that is most similar to `word`, or no value if no candidate is similar. Two words are similar
+/// if they differ in a few inserted, deleted, replaced or swapped letters. They are also similar if one word is the
+/// beginning of the other. The case of ASCII letters is ignored.
 std::optional<std::string> Nearest(std::string_view word, std::span<const std::string> candidates);
 
-/// "; did you mean 'CANDIDATE'?", or "" if no candidate is similar.
+/// Returns "; did you mean 'CANDIDATE'?", or "" if no candidate is similar.
 std::string DidYouMean(std::string_view word, std::span<const std::string> candidates);
 
 }  // namespace tools

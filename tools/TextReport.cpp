@@ -52,7 +52,7 @@ std::set<String> IdentifiersOf(Catalogue catalogue) {
     return identifiers;
 }
 
-/// For each identifier, the line with its text, counted from 1.
+/// Returns the line number of each identifier's text, counted from 1.
 std::map<String, std::size_t> LinesOf(std::string_view bytes) {
     std::map<String, std::size_t> lines;
     for (std::size_t number = 1; !bytes.empty(); ++number) {
@@ -65,7 +65,8 @@ std::map<String, std::size_t> LinesOf(std::string_view bytes) {
     return lines;
 }
 
-/// The text that modules read in the published state, if the kernel's ANSI code page changes it; otherwise "".
+/// Returns the text that modules read in the published state if the kernel's ANSI code page changes the text. Otherwise
+/// returns "".
 std::string ChangeInState(const CatalogueText& text, const String& translation, runtime::LocalePort& locale) {
     if (!text.isPublished) return "";
     const String published = locale.FromAnsi(locale.ToAnsi(translation));
@@ -81,7 +82,7 @@ void WriteTexts(std::ostream& out, Catalogue catalogue, const TextFile& file, ru
     }
 }
 
-/// Scripts that put no blanks between words do not need one here.
+/// True if a text needs a blank between this character and a joined text. Wide scripts put no blanks between words.
 bool WantsBlank(char16_t unit) {
     constexpr char16_t kFirstOfWideScripts = 0x2E80;
     return unit != u' ' && unit < kFirstOfWideScripts;
@@ -123,7 +124,7 @@ class Findings {
     }
 
  private:
-    /// Writes the beginning of a finding's line: its kind, file and line number.
+    /// Writes the beginning of a finding's line: the kind, the file and the line number.
     std::ostream& Start(std::string_view kind, std::size_t line) {
         ++count_;
         return out_ << kind << '\t' << name_ << ':' << line << '\t';
@@ -149,7 +150,7 @@ class Findings {
         }
     }
 
-    /// The line of the last identifier in `ids` that has a line.
+    /// Returns the line of the last identifier in `ids` that has a line.
     std::size_t LineOfAny(const std::vector<String>& ids) const {
         std::size_t line = 0;
         for (const String& id : ids) {
@@ -159,7 +160,7 @@ class Findings {
     }
 
     void WriteClashes(runtime::LocalePort& locale) {
-        // For each dialog and access key: the texts that use the key.
+        // Maps each dialog and access key to the texts that use the key.
         std::map<std::pair<String, String>, std::vector<String>> uses;
         for (const CatalogueText& text : catalogue_) {
             if (text.dialog.empty()) continue;
@@ -175,7 +176,7 @@ class Findings {
         }
     }
 
-    /// Calls `check` once for each translated text of the catalogue, with its English text.
+    /// Calls `check` once for each translated text of the catalogue. Passes the translation and the English text.
     template <typename Check>
     void ForEachTranslation(Check&& check) {
         std::set<std::pair<String, String>> seen;
@@ -195,7 +196,7 @@ class Findings {
     }
 
     void WriteTooWide(const CaptionMeasure& measure) {
-        // The width of the button's edges and focus rectangle, both sides together.
+        // The total width of the button's edges and focus rectangle on both sides.
         constexpr runtime::Twips kEdges = 90;
         ForEachTranslation([&](const CatalogueText& text, const String& id, const String& translation) {
             if (text.buttonWidth == 0) return;
@@ -227,7 +228,7 @@ class Findings {
         }
     }
 
-    /// Other modules split the state at commas and quotes. They never return if a quote is not closed.
+    /// Other modules split the state at commas and quotes. If a quote is not closed, their splitter never returns.
     void WriteBrokenStates() {
         constexpr std::pair<StringView, std::string_view> kBreaking[] = {
             {u",", "a comma"}, {u"\"", "a quote mark"}, {u"\r\n", "a line break"}};

@@ -29,18 +29,19 @@ struct TextReportCounts {
     bool operator==(const TextReportCounts&) const = default;
 };
 
-/// Writes one fact per line to `out`: first each text of the catalogue with its translation, then each problem of the
-/// file with name and line, then the counts. Without a `file`, the texts are English. `locale` decides which letters
-/// differ only in case.
+/// Writes one fact per line to `out`. The first lines show each text of the catalogue with its translation. The next
+/// lines show each problem with the file's name and the line number. The last lines show the counts. Without a `file`,
+/// the texts are English. `locale` decides which letters differ only in case.
 TextReportCounts WriteTextReport(std::ostream& out, std::span<const host::CatalogueText> catalogue,
                                  const std::optional<LanguageFileText>& file, runtime::LocalePort& locale,
                                  const CaptionMeasure& measure);
 
-/// True if the bytes are UTF-16: they begin with its byte order mark, or their first characters contain NULs. Language
-/// files are UTF-8.
+/// True if the bytes seem to be UTF-16. Such bytes begin with the byte order mark of UTF-16, or their first characters
+/// contain NULs. A language file must be UTF-8.
 bool IsUtf16(std::string_view bytes);
 
-/// Writes a language file with the English texts. A comment above each text says where it is shown.
+/// Writes a language file with the English texts. The comment above each text names the place where the component shows
+/// the text.
 void WriteTextTemplate(std::ostream& out, std::span<const host::CatalogueText> catalogue);
 
 }  // namespace tools

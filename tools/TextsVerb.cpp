@@ -1,4 +1,4 @@
-// `backproc texts`: lists all texts of the component with their translations, or shows one of them.
+// Implements `backproc texts`. The verb lists all texts of the component with their translations, or shows one text.
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -93,8 +93,8 @@ TextsRequest ReadRequest(const Arguments& arguments) {
     return request;
 }
 
-/// The language folder to use. If none is chosen, or no kernel can name one, prints a line to `err` and returns none:
-/// the English texts need no folder.
+/// Returns the language folder to use. If no folder is chosen or no kernel is found, prints a line to `err` and returns
+/// no value. The caller then uses the English texts.
 std::optional<String> LanguageFolder(const TextsRequest& request, std::ostream& err) {
     if (request.folder) return request.folder;
     try {
@@ -148,7 +148,7 @@ runtime::Twips WidthOf(StringView caption) {
     return runtime::CurrentPorts().windows.TextSize(runtime::WithoutMarks(caption), font, runtime::kEndlessWidth).width;
 }
 
-/// True if the text exists: then the default makes no difference.
+/// True if the text exists. An existing text is the same for every default.
 bool HasText(StringView id) {
     return services::GetLocalText(u"0", id) == services::GetLocalText(u"1", id);
 }

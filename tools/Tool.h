@@ -1,5 +1,5 @@
-// The tool's frame: finds the verb, handles help and version, and turns errors into messages and exit codes. It knows
-// no verb by name and is portable.
+// Finds the verb in the command line and runs the verb. Handles help and version. Converts errors to messages and exit
+// codes. This code contains no verb's name and is portable.
 #pragma once
 
 #include <span>
@@ -8,7 +8,7 @@
 
 namespace tools {
 
-/// Runs the verb at the front of `arguments`, which do not include the program's name. Returns the exit code.
+/// Runs the verb at the front of `arguments`. `arguments` does not include the program's name. Returns the exit code.
 int RunTool(std::span<const Verb> verbs, std::string_view version, const Arguments& arguments, Console& console);
 
 }  // namespace tools

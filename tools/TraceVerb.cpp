@@ -1,4 +1,4 @@
-// `backproc trace`: runs a program and shows what the component does in it.
+// Implements `backproc trace`. The verb runs a program and shows what the component does in the program.
 #include <algorithm>
 #include <optional>
 #include <stdexcept>
@@ -45,7 +45,7 @@ Example:
 
 struct TraceArguments {
     std::optional<String> file;
-    /// The number of arguments up to and including "--". None if there is no program.
+    /// Returns the number of arguments up to and including "--". Returns no value if there is no program.
     std::optional<std::size_t> programPlace;
 };
 
@@ -69,8 +69,9 @@ TraceArguments ParseTraceArguments(const Arguments& arguments) {
     return parsed;
 }
 
-/// The program and its arguments as they are on this process's command line: the component in the program divides its
-/// command line at the quotes. `place` arguments of the verb are before it.
+/// Returns the program and its arguments as they are on this process's command line. The text must keep its quotes,
+/// because the component in the program splits the command line at quotes. `place` is the number of the verb's
+/// arguments before the program.
 String ProgramPart(std::size_t place) {
     constexpr std::size_t kVerb = 1;
     StringView part = runtime::WithoutProgramName(runtime::win32::Utf16(GetCommandLineW()));
@@ -91,7 +92,7 @@ KernelHandle Start(String commandLine, StringView program) {
     return KernelHandle(started.hProcess);
 }
 
-/// Ctrl+C ends the program, and the rest of its trace is still shown.
+/// Ctrl+C ends the program. The verb still shows the rest of the trace.
 BOOL WINAPI LeaveInterruptToProgram(DWORD event) {
     return event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
 }

@@ -1,4 +1,4 @@
-// Reads the file of a trace while programs append to it.
+// Reads the file of a trace while programs append lines to the file.
 #include "tools/TraceView.h"
 
 #include <ostream>
@@ -25,7 +25,7 @@ String FullPath(const String& name) {
         [&name](wchar_t* buffer, DWORD capacity) { return GetFullPathNameW(Wide(name), capacity, buffer, nullptr); });
 }
 
-/// Of a new, empty file.
+/// Returns the path of a new, empty file.
 String TemporaryPath() {
     wchar_t folder[MAX_PATH + 1]{};
     wchar_t path[MAX_PATH + 1]{};
@@ -67,7 +67,7 @@ void TraceTarget::UseForThisProcess() const {
 }
 
 std::string TraceTarget::NewLines() {
-    // Someone has emptied the file.
+    // Another program has truncated the file.
     if (SizeOf(file_.Get()) < position_) position_ = 0;
     std::string bytes(kReadBytes, '\0');
     for (DWORD read = 1; read != 0;) {

@@ -1,4 +1,4 @@
-// Shows the lines of a trace as programs write them.
+// Shows the lines of a trace while programs write the trace.
 #pragma once
 
 #include <iosfwd>
@@ -11,18 +11,20 @@
 
 namespace tools {
 
-/// A file for a trace, for the time of the object. Without a name it is a temporary one, which is deleted at the end.
+/// Owns a file for a trace. If `name` is null, the file is temporary, and the destructor deletes the file.
 class TraceTarget {
  public:
-    /// Throws runtime_error if the file cannot be written.
+    /// Throws std::runtime_error if the file cannot be written.
     explicit TraceTarget(const runtime::String* name);
     TraceTarget(const TraceTarget&) = delete;
     TraceTarget& operator=(const TraceTarget&) = delete;
     ~TraceTarget();
 
-    /// The programs that this process starts, and a component that it composes, write their trace to the file.
+    /// Makes programs that this process starts write their trace to the file. A component that this process composes
+    /// does the same.
     void UseForThisProcess() const;
-    /// The complete lines that were written since the object was made, or since the last call.
+    /// Returns the complete lines that were written since the previous call. The first call returns the lines since the
+    /// object's creation.
     std::string NewLines();
 
  private:
@@ -30,20 +32,20 @@ class TraceTarget {
     bool isTemporary_;
     runtime::win32::FileHandle file_;
     LONGLONG position_ = 0;
-    std::string rest_;  ///< read, but not complete
+    std::string rest_;  ///< characters of an incomplete line
 };
 
-/// Prints the lines of a target from a thread of its own, and other lines in the right order between them.
+/// Prints the lines of a target on an extra thread. Prints other lines between the target's lines in the right order.
 class TraceView {
  public:
-    /// Both must outlive the object.
+    /// `target` and `out` must outlive the object.
     TraceView(TraceTarget& target, std::ostream& out);
     TraceView(const TraceView&) = delete;
     TraceView& operator=(const TraceView&) = delete;
-    /// Prints what was written until now.
+    /// Prints all remaining complete lines.
     ~TraceView();
 
-    /// Prints `line` behind the lines of the trace that were written before.
+    /// Prints the lines of the trace that were written before, and then `line`.
     void Print(const std::string& line);
 
  private:

@@ -1,4 +1,4 @@
-// The font of the user interface in this process, chosen by the main form's rule but without a window.
+// Chooses this process's user-interface font by the main form's rule. The function needs no window.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 namespace tools {
 
-/// Chooses the font for a system with the locale `systemLcid`; by default, for this system. The ports must have been
-/// set.
+/// Chooses the font for a system with the locale `systemLcid`. The default is this system's locale. The ports and the
+/// process's values must have been set.
 services::FontRule ChooseFont(std::optional<std::int32_t> systemLcid = std::nullopt);
 
 }  // namespace tools

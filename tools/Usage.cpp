@@ -1,4 +1,4 @@
-// Messages for wrong command lines, and parsing of numbers.
+// Makes the messages for wrong command lines. Parses numbers.
 #include "tools/Usage.h"
 
 #include <charconv>
@@ -10,7 +10,7 @@ namespace tools {
 
 namespace {
 
-/// The number in `digits`. None if any other character occurs.
+/// Returns the number in `digits`. Returns no value if `digits` contains another character.
 template <typename Number>
 std::optional<Number> Whole(std::string_view digits, int base) {
     Number number{};

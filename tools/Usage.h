@@ -1,4 +1,4 @@
-// The errors for a wrong command line. All verbs use the same words for the same mistake, and each error names the
+// Makes the errors for a wrong command line. All verbs use the same words for the same mistake. Each error names the
 // wrong argument.
 #pragma once
 
@@ -10,17 +10,17 @@
 
 namespace tools {
 
-/// Ends the options: the arguments after it are never options.
+/// Ends the options. Arguments after "--" are never options.
 inline constexpr StringView kEndOfOptions = u"--";
 
 UsageError Missing(std::string_view name);
 UsageError UnexpectedArgument(StringView argument);
 UnknownOptionError UnknownOption(StringView option);
 
-/// The argument after the option at `place`. Throws UsageError if the option is the last argument.
+/// Returns the argument after the option at `place`. Throws UsageError if the option is the last argument.
 const String& ValueOf(const Arguments& arguments, std::size_t place);
 
-/// Throws UnexpectedArgument for the first argument after the first `max`.
+/// Throws UnexpectedArgument if there are more than `max` arguments. The error names argument `max` + 1.
 void RequireAtMost(std::size_t max, const Arguments& arguments);
 
 /// Parses a decimal number. Throws a UsageError that contains `name` if `text` is not a number or is out of range.

@@ -1,5 +1,5 @@
-// A verb of the tool: its name, its help, and the function that runs it. Verbs.cpp has the table of all verbs. A new
-// verb needs one file and one row in that table.
+// Defines a verb of the tool: the name, the help, and the function that runs the verb. Verbs.cpp has the table of all
+// verbs. A new verb needs one file and one row in the table.
 #pragma once
 
 #include <iosfwd>
@@ -19,7 +19,7 @@ using runtime::StringView;
 /// The arguments after the verb.
 using Arguments = std::vector<String>;
 
-/// The standard streams. They carry UTF-8 without conversion; a line ends with a line feed only.
+/// The standard streams. The text is UTF-8 and is not converted. A line ends with a line feed only.
 struct Console {
     std::istream& in;
     std::ostream& out;
@@ -30,7 +30,7 @@ enum ExitCode : int {
     kSuccess = 0,
     kFailure = 1,
     kBadUsage = 2,
-    // For verbs whose exit code is the user's answer. No answer uses these codes.
+    // Verbs whose exit code is the user's answer use the following codes. No answer has one of these codes.
     kDialogBadUsage = 64,
     kDialogFailure = 65,
     kDialogTimedOut = 66,
@@ -40,27 +40,27 @@ struct Verb {
     std::string_view name;
     /// One line, without a full stop.
     std::string_view summary;
-    /// Usage, description, example. Ends with a line feed.
+    /// The usage, the description and an example. Ends with a line feed.
     std::string_view help;
-    /// Returns the exit code. If it throws, the tool prints the exception's text and exits with `badUsage` after a
-    /// UsageError, with `failure` after any other exception.
+    /// Returns the exit code. After an exception, the tool prints the exception's text. The exit code is then
+    /// `badUsage` for a UsageError and `failure` for any other exception.
     int (*run)(const Arguments& arguments, Console& console);
     int failure = kFailure;
     int badUsage = kBadUsage;
 };
 
-/// The arguments are wrong. The text (UTF-8) says why.
+/// Reports wrong arguments. The text (UTF-8) contains the reason.
 class UsageError : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
 };
 
-/// An option is unknown.
+/// Reports an unknown option.
 class UnknownOptionError : public UsageError {
  public:
     UnknownOptionError(const std::string& text, std::string option) : UsageError(text), option_(std::move(option)) {}
 
-    /// The option as given, in UTF-8.
+    /// Returns the option as the user gave it, in UTF-8.
     const std::string& Option() const { return option_; }
 
  private:

@@ -1,4 +1,4 @@
-// The table of all verbs.
+// Contains the table of all verbs.
 #include "tools/Verbs.h"
 
 namespace tools {

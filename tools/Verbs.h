@@ -1,4 +1,4 @@
-// All verbs of the tool.
+// Lists all verbs of the tool.
 #pragma once
 
 #include <vector>
@@ -7,7 +7,7 @@
 
 namespace tools {
 
-/// All verbs, in the order of the overview.
+/// Returns all verbs in the order of the overview.
 std::vector<Verb> AllVerbs();
 
 // Each verb is defined in the file with its name.

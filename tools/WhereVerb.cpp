@@ -1,4 +1,5 @@
-// `backproc where`: the folders and names that a client would get now, and the source of each one.
+// Implements `backproc where`. The verb shows the folders and names that a client would get now, and the source of each
+// value.
 #include <algorithm>
 #include <ostream>
 
@@ -61,13 +62,13 @@ std::string_view NameOf(SettingSource source) {
     return "default";
 }
 
-/// The default with the product's name that clients get, or with '?' if there is no kernel.
+/// Returns the default with the product's name that clients get. If there is no kernel, the name is '?'.
 String DefaultWithOrWithoutKernel(const services::SuiteSetting& setting, bool hasKernel) {
     if (hasKernel || !setting.isProductFolder) return services::DefaultOf(setting);
     return u"C:\\?" + String(setting.defaultText);
 }
 
-/// The values of these settings pass through shared strings, and so through the kernel's ANSI code page.
+/// The component stores the values of these settings in shared strings. The kernel converts them to the ANSI code page.
 bool IsPublished(const services::SuiteSetting& setting) {
     constexpr StringView kPublished[] = {u"JobDir", u"LibDir", u"SysName", u"Maker", u"Copyright"};
     return std::ranges::find(kPublished, setting.key) != std::end(kPublished);
@@ -87,7 +88,7 @@ void ShowSettings(Console& console, BuiltInReader& reader, std::span<const servi
     }
 }
 
-/// Why clients have no complete kernel; "" if they have one.
+/// Returns the reason why clients have no complete kernel. Returns "" if they have a complete kernel.
 std::string KernelFailure() try {
     services::GetProductName();
     return "";

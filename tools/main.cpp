@@ -1,4 +1,4 @@
-// The entry point of the command-line tool.
+// Contains the entry point of the command-line tool.
 #include "runtime/win32/WindowsHeaders.h"
 
 #include <fcntl.h>
@@ -41,6 +41,6 @@ int main() try {
     return tools::RunTool(tools::AllVerbs(), K4T_VERSION, ProcessArguments(), console);
 } catch (const std::bad_alloc&) {
     std::cerr << "backproc: out of memory; end other programs and try again\n";
-    // The verb may be unknown here. This code is no answer of any verb.
+    // The verb may be unknown at this point. No verb uses this code as an answer.
     return tools::kDialogFailure;
 }
