@@ -1,10 +1,10 @@
-# Sourced by scripts with several steps. Each step is a phase: one line on the screen, its output in a file in
-# build/logs/. The current folder must be the project's.
+# Scripts with several steps source this file. Each step is a phase. A phase prints one line on the screen and writes
+# the step's output to a file in build/logs/. The current folder must be the project's folder.
 
 phase_logs=build/logs
 
-# phase NAME COMMAND [ARG…]: runs COMMAND and prints how long it took. If COMMAND fails, prints the end of its output
-# and returns its exit code.
+# phase NAME COMMAND [ARG…]: runs COMMAND and prints the duration. If COMMAND fails, prints the end of COMMAND's output
+# and returns COMMAND's exit code.
 phase() {
     local name=$1 log code=0 start=$SECONDS
     shift

@@ -1,9 +1,9 @@
-# Sourced by each script first. --help prints the comment at the top of the script. An argument that the script does not
-# accept is an error that names it.
+# Every shell script that a user runs sources this file first. The option --help prints the comment at the top of the
+# script. If a script does not accept an argument, it prints an error that names the argument.
 
 script_name=$(basename "$0")
 
-# answer_help "$@": if the first argument asks for help, prints it and ends the script.
+# answer_help "$@": if the first argument is -h or --help, prints the help text and ends the script.
 answer_help() {
     case "${1:-}" in
     -h | --help)
@@ -13,12 +13,12 @@ answer_help() {
     esac
 }
 
-refuse() { # WORDS: the problem
+refuse() { # WORDS: prints the problem (WORDS) and ends the script with exit code 2
     echo "$script_name: $*; see --help" >&2
     exit 2
 }
 
-# takes_nothing "$@": for a script without arguments.
+# takes_nothing "$@": checks the command line of a script without arguments.
 takes_nothing() {
     answer_help "$@"
     [ $# -eq 0 ] || refuse "unexpected argument '$1'"

@@ -1,10 +1,10 @@
-# Sourced by scripts that run Windows programs: the environment for Wine, X displays and Wine prefixes. Expects `root`,
-# the project's folder.
+# Sets the environment for Wine, and has functions for X displays and Wine prefixes. Scripts that run Windows programs
+# source this file. The caller must set `root` to the project's folder.
 
 export WINEARCH=win32
 export WINEDEBUG=${WINEDEBUG:--all}
 export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
-# Without a locale, Windows programs cannot use file names outside ASCII.
+# Without a locale, Windows programs cannot use file names with characters outside ASCII.
 [ -n "${LC_ALL:-}${LC_CTYPE:-}${LANG:-}" ] || export LC_ALL=C.UTF-8
 
 # start_xvfb NUMBER_FILE: starts an X display without a window manager in the background. Writes the display's number to
@@ -28,20 +28,22 @@ make_prefix() {
     wineboot --init
     # Without a window manager, each managed window would wait two seconds for one.
     wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
-    # A program that crashes prints a backtrace and ends. Without this setting it shows a dialog and waits.
+    # With this setting, a program that crashes prints a backtrace and ends. Without this setting, the program would
+    # show a dialog and wait.
     wine reg add 'HKCU\Software\Wine\WineDbg' /v ShowCrashDialog /t REG_DWORD /d 0 /f
     wineserver -w
     install_fonts
 }
 
-# Gives the prefix two of Wine's own fonts, which the distribution keeps apart: Marlett, which draws the buttons of title bars,
-# and MS Sans Serif for the code pages whose characters it has, at 96 and at 120 dots an inch.
+# Copies two fonts of Wine into the prefix, because Debian installs them in a separate folder. Marlett draws the buttons
+# of title bars. MS Sans Serif is copied in its sizes for 96 and 120 dots per inch.
 install_fonts() {
     local fonts=/usr/share/wine/fonts
     cp "$fonts"/marlett.ttf "$fonts"/sserif*.fon "$fonts"/sse[ef]1257.fon "$WINEPREFIX/drive_c/windows/Fonts/"
 }
 
-# Creates the template of all prefixes if it does not exist. No other program ever runs in it. Needs a display.
+# Creates the template of all prefixes if the template does not exist. Later programs run in copies of the template
+# only. Needs a display.
 ensure_template() {
     template=$root/build/wine-template
     [ -e "$template/.ready" ] && return
@@ -58,12 +60,13 @@ ensure_template() {
     ) 7>"$template.lock"
 }
 
-# copy_template FOLDER: creates a Wine prefix from the template. The prefix gets its name when it is complete. All prefixes
-# share the files of Wine's system folder as hard links, because programs only read them. All other files are copied.
+# copy_template FOLDER: creates a Wine prefix from the template. The prefix gets its name when the copy is complete. All
+# prefixes share the files of Wine's system folder as hard links, because programs only read those files. All other
+# files are copied.
 copy_template() {
     local new=$1.$$ system=drive_c/windows/system32
     mkdir -p "$new/drive_c/windows"
     cp -al "$template/$system" "$new/$system" 2>/dev/null || cp -a "$template/$system" "$new/$system"
     tar -C "$template" -cf - --exclude="./$system" . | tar -C "$new" -xf -
-    mv -T "$new" "$1" 2>/dev/null || rm -rf "$new" # another run was faster
+    mv -T "$new" "$1" 2>/dev/null || rm -rf "$new" # another script has created the prefix first
 }

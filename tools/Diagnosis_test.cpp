@@ -16,7 +16,8 @@ using ::testing::HasSubstr;
 
 const String kPath = u"C:\\Orvane\\K4TBackProcess.dll";
 
-/// A machine on which a client works: the component is registered for the user and nothing is missing.
+/// Returns the state of a machine on which a client works. The component is registered for the user, and nothing is
+/// missing.
 MachineState Sound() {
     MachineState machine;
     machine.system = {.windows = "Windows 10.0.19045", .bits = 64, .isElevated = true};
@@ -60,7 +61,7 @@ TEST(Diagnosis, SoundMachine_HasOnlyGoodFindings) {
     EXPECT_EQ(findings.size(), 18U);
 }
 
-TEST(Diagnosis, TwoRegistrations_UsersEntryIsInForce) {
+TEST(Diagnosis, TwoRegistrations_UsersEntryHidesTheMachinesEntry) {
     MachineState machine = Sound();
     machine.forMachine = {.library = u"D:\\old.dll", .threadingModel = u"Apartment", .typeLibrary = u"D:\\old.dll"};
     EXPECT_EQ(EntryInForce(machine)->library, kPath);
@@ -92,7 +93,7 @@ TEST(Diagnosis, MissingFile_IsNotExamined) {
     ExpectBad(machine, "file", "does not exist", "or run 'backproc register', as an administrator, in the folder");
 }
 
-TEST(Diagnosis, FileIsNo32BitProgram_IsBad) {
+TEST(Diagnosis, FileThatIsNot32Bit_IsBad) {
     MachineState machine = Sound();
     machine.component.bits = 64;
     ExpectBad(machine, "bitness", "64-bit", "32-bit");
@@ -150,7 +151,7 @@ TEST(Diagnosis, NoKernel_HasNoFindingAboutTheLanguage) {
     EXPECT_EQ(FindingOf(machine, "language").subject, "no finding about language");
 }
 
-TEST(Diagnosis, IniFile_MayBeMissingButNotDamaged) {
+TEST(Diagnosis, MissingIniFile_IsGood_DamagedIniFile_IsBad) {
     MachineState machine = Sound();
     machine.ini.problem = "NUL characters";
     ExpectBad(machine, "INI file", "NUL characters", "UTF-8");
@@ -160,7 +161,7 @@ TEST(Diagnosis, IniFile_MayBeMissingButNotDamaged) {
     EXPECT_EQ(FindingOf(machine, "INI file").grade, Grade::kOk);
 }
 
-TEST(Diagnosis, Language_MayLackTextsButNotItsFile) {
+TEST(Diagnosis, LanguageFolderWithoutAFile_IsBad_MissingTexts_AreNoted) {
     MachineState machine = Sound();
     machine.language = {.folder = u"C:\\German", .hasFile = true, .lacking = 3, .skipped = 0};
     const Finding lacking = FindingOf(machine, "language");
@@ -282,14 +283,14 @@ TEST(Diagnosis, DevelopmentKernel_IsNoted) {
     ExpectNote(machine, "kernel", "K4TBACKPROCESS_DEVELOPMENT_KERNEL=1 asks for it", "");
 }
 
-TEST(Diagnosis, DevelopmentKernelHidesTheSuites_IsBad) {
+TEST(Diagnosis, DevelopmentKernelHidesTheSuitesKernel_IsBad) {
     MachineState machine = Sound();
     machine.kernel.isDevelopment = true;
     machine.kernel.hidden = u"C:\\Windows\\QmxKrn2K.dll";
     ExpectBad(machine, "kernel", "it hides the suite's C:\\Windows\\QmxKrn2K.dll", "delete C:\\Orvane\\QmxKrn2K.dll");
 }
 
-TEST(Diagnosis, IniFile_ListsItsSettings) {
+TEST(Diagnosis, IniFile_SettingsAreListed) {
     MachineState machine = Sound();
     machine.ini.report = {.taken = {"JobDir", "Ver"}, .notTaken = {"Plotter"}, .remarks = {}};
     EXPECT_THAT(FindingOf(machine, "INI file").what,
@@ -319,7 +320,7 @@ TEST(Diagnosis, FolderInPlaceOfTheIniFile_IsBad) {
     ExpectBad(machine, "INI file", "MARLENTO.INI is a folder", "rename");
 }
 
-TEST(Diagnosis, ModuleList_ShowsItsLengthAndTheOwnPlace) {
+TEST(Diagnosis, ModuleList_LengthAndComponentsPositionAreShown) {
     MachineState machine = Sound();
     EXPECT_EQ(FindingOf(machine, "modules").what, "AllAps is not set");
     machine.strings.modules = {.count = 3, .ownPlace = 2, .problem = {}};
@@ -342,7 +343,7 @@ TEST(Diagnosis, StateRecordWithoutAMainForm_IsNoted) {
     ExpectNote(machine, "state", "no process of this session has its form", "run 'backproc strings set K4TBACKPROCESS");
 }
 
-TEST(Diagnosis, StateRecordOfALoadedMainForm_NamesItsProcess) {
+TEST(Diagnosis, StateRecordOfALoadedMainForm_FindingNamesTheProcess) {
     MachineState machine = Sound();
     machine.strings.stateRecord = u"Back, process, 0, 0, 0, 0";
     machine.strings.mainForms = {{.caption = u"Another", .process = 7, .program = {}},
@@ -374,7 +375,7 @@ TEST(Diagnosis, Utf16LanguageFile_IsBad) {
     ExpectBad(machine, "language", "K4TBackProcess.txt is UTF-16", "save it as UTF-8");
 }
 
-TEST(Diagnosis, Rights_AreDescribed) {
+TEST(Diagnosis, AdministratorRights_AreDescribed) {
     MachineState machine = Sound();
     EXPECT_EQ(FindingOf(machine, "rights").what, "administrator");
     machine.system.isElevated = false;

@@ -86,7 +86,7 @@ TEST(HostScript, WrongNumber_IsNamed) {
     EXPECT_EQ(ErrorOf(u"pump 1000000000"), "'pump' takes a whole number from 0 to 999999999, not '1000000000'");
 }
 
-TEST(HostScript, MissingAndSurplusWords_AreNamed) {
+TEST(HostScript, MissingAndSurplusArguments_AreNamed) {
     EXPECT_EQ(ErrorOf(u"notify"), "'notify' requires a number");
     EXPECT_EQ(ErrorOf(u"get "), "'get' requires a key");
     EXPECT_EQ(ErrorOf(u"create 1"), "unexpected argument '1' for 'create'");

@@ -16,7 +16,7 @@ IniReport ReportOn(runtime::StringView text) {
     return ReportOnIni(text, locale);
 }
 
-/// The only remark about `text`: its line, problem and advice.
+/// Returns the only remark about `text`: the line, the problem and the advice.
 std::string RemarkOn(runtime::StringView text) {
     const IniReport report = ReportOn(text);
     if (report.remarks.size() != 1) return std::to_string(report.remarks.size()) + " remarks";
@@ -46,7 +46,7 @@ TEST(IniReport, KeySimilarToASetting_GetsARemark) {
     EXPECT_THAT(RemarkOn(u"[Marlento]\nLibDri=D:\\\n"), HasSubstr("rename it to LibDir"));
 }
 
-TEST(IniReport, SectionSimilarToTheOwn_GetsARemark) {
+TEST(IniReport, SectionWithASimilarName_GetsARemark) {
     EXPECT_EQ(RemarkOn(u"[Marlentine]\nJobDir=D:\\\n"),
               "1: section [Marlentine] is not read; the component reads [Marlento]; name the section [Marlento]");
     EXPECT_EQ(RemarkOn(u"[Marlentine]\nJobDir=D:\\\n[Marlento]\n"), "0 remarks");
@@ -57,12 +57,12 @@ TEST(IniReport, UnclosedSection_GetsARemark) {
     EXPECT_EQ(RemarkOn(u"[Marlento\n"), "1: '[Marlento' has no ']' and is ignored; add the ']'");
 }
 
-TEST(IniReport, LinesAboveAllSections_GetOneRemark) {
+TEST(IniReport, LinesBeforeTheFirstSection_GetOneRemark) {
     EXPECT_EQ(RemarkOn(u"JobDir=D:\\\nLibDir=E:\\\n[Marlento]\n"),
               "1: 'JobDir=D:\\' is above the first section and is ignored; put [Marlento] above it");
 }
 
-TEST(IniReport, LinesThatAreNoSettings_GetARemark) {
+TEST(IniReport, LinesThatAreNotSettings_GetARemark) {
     EXPECT_THAT(RemarkOn(u"[Marlento]\r\n\r\nJobDir D:\\JOB\r\n"), HasSubstr("3: 'JobDir D:\\JOB' has no '='"));
     EXPECT_THAT(RemarkOn(u"[Marlento]\n= D:\\JOB\n"), HasSubstr("2: '= D:\\JOB' has no name before the '='"));
 }

@@ -7,14 +7,14 @@ namespace {
 
 using ::testing::HasSubstr;
 
-TEST(ModuleListCheck, ModuleList_GivesItsLengthAndTheOwnPlace) {
+TEST(ModuleListCheck, ModuleList_LengthAndComponentsPositionAreFound) {
     const ModuleListCheck check = CheckModuleList(u"EDITOR,K4TBACKPROCESS,LIBRARY");
     EXPECT_EQ(check.count, 3U);
     EXPECT_EQ(check.ownPlace, 2U);
     EXPECT_EQ(check.problem, "");
 }
 
-TEST(ModuleListCheck, OwnNameMissing_IsNoProblem) {
+TEST(ModuleListCheck, ComponentsNameMissing_IsNoProblem) {
     EXPECT_EQ(CheckModuleList(u"EDITOR,k4tbackprocess").ownPlace, 0U);
     EXPECT_EQ(CheckModuleList(u"").count, 0U);
 }

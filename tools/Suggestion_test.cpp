@@ -25,7 +25,7 @@ TEST(Suggestion, CaseOfLetters_IsIgnored) {
     EXPECT_EQ(NearestOf("DOCTOR"), "doctor");
 }
 
-TEST(Suggestion, TwoSimilarWords_GivesTheNearest) {
+TEST(Suggestion, TwoSimilarCandidates_NearestCandidateIsChosen) {
     EXPECT_EQ(NearestOf("textss"), "texts");
     EXPECT_EQ(NearestOf("unregistre"), "unregister");
 }
@@ -36,7 +36,7 @@ TEST(Suggestion, BeginningOfAWord_IsFound) {
     EXPECT_EQ(NearestOf("doctorate"), "doctor");
 }
 
-TEST(Suggestion, UnlikeWord_GivesNone) {
+TEST(Suggestion, UnlikeWord_GivesNoSuggestion) {
     EXPECT_EQ(NearestOf("x"), "(none)");
     EXPECT_EQ(NearestOf(""), "(none)");
     EXPECT_EQ(NearestOf("somewhere"), "(none)");

@@ -39,7 +39,7 @@ class TextReport : public testing::Test {
     TextReportCounts counts_{99, 99};
 };
 
-TEST_F(TextReport, TranslatedText_IsShownWithItsTranslation) {
+TEST_F(TextReport, TranslatedText_IsShownWithTheTranslation) {
     EXPECT_EQ(Report("1 = &Ja\n2 = &Nein\n3 = Pfad:\\s\n"),
               "translated\t1\t[&Yes]\t[&Ja]\tfirst of box\n"
               "translated\t2\t[&No]\t[&Nein]\tsecond of box\n"
@@ -122,7 +122,7 @@ TEST_F(TextReport, PublishedCaptionOutsideTheCodePage_IsShownAsPublished) {
     EXPECT_THAT(Report("L = \xE2\x82\xAC\n", captions), Not(HasSubstr("published as")));
 }
 
-TEST_F(TextReport, CaptionWithoutItsAccessKey_IsReported) {
+TEST_F(TextReport, CaptionWithoutTheAccessKey_IsReported) {
     EXPECT_THAT(Report("\n1 = Ja\n2 = Nein && aber\n"),
                 HasSubstr("key\tF:2\t1\thas no access key; put '&' before a letter\n"
                           "key\tF:3\t2\thas no access key"));
@@ -177,7 +177,7 @@ TEST(TextTemplate, Template_IsALanguageFileWithTheEnglishTexts) {
     EXPECT_EQ(*file.Find(u"1"), u"Path: ");
 }
 
-TEST_F(TextReport, Direction_IsNoTextAndIsChecked) {
+TEST_F(TextReport, Direction_IsNotListedAsATextAndIsChecked) {
     const std::string texts = "1 = &Ja\n2 = &Nein\n3 = Pfad:\\s\n";
     Report(texts + "direction = rtl\n");
     EXPECT_EQ(counts_, (TextReportCounts{0, 0}));

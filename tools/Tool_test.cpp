@@ -51,7 +51,7 @@ struct ToolTest : testing::Test {
     Console console{in, out, err};
 };
 
-TEST_F(ToolTest, Verb_GetsTheArgumentsAfterItsName) {
+TEST_F(ToolTest, Verb_GetsTheArgumentsAfterTheVerbsName) {
     EXPECT_EQ(Run({u"echo", u"a b", u"", u"\u65E5"}), 0);
     EXPECT_EQ(out.str(), "<a b><><\xE6\x97\xA5>");
 }
@@ -62,12 +62,12 @@ TEST_F(ToolTest, NoVerb_PrintsTheOverviewAsAnError) {
     EXPECT_EQ(out.str(), "");
 }
 
-TEST_F(ToolTest, Help_ListsEveryVerbWithItsSummary) {
+TEST_F(ToolTest, Help_ListsEveryVerbWithASummary) {
     EXPECT_EQ(Run({u"help"}), 0);
     EXPECT_THAT(out.str(), HasSubstr("\n  echo     Prints its arguments\n  misused  Wants a key\n"));
 }
 
-TEST_F(ToolTest, HelpOfAVerb_IsTheSameInEachForm) {
+TEST_F(ToolTest, HelpOfAVerb_IsTheSameForEachHelpOption) {
     const Arguments forms[] = {{u"help", u"misused"},
                                {u"misused", u"--help"},
                                {u"misused", u"KEY", u"--help"},
@@ -79,7 +79,7 @@ TEST_F(ToolTest, HelpOfAVerb_IsTheSameInEachForm) {
     }
 }
 
-TEST_F(ToolTest, Failure_HasItsTextAndExitCode) {
+TEST_F(ToolTest, Failure_PrintsTheTextAndReturnsTheExitCode) {
     const struct {
         Arguments arguments;
         int code;
