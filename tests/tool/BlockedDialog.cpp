@@ -1,5 +1,5 @@
-// Stands for a dialog whose thread is blocked, as by a display that does not respond. Prints "given up" and ends with
-// the exit code of a timeout when the time limit works; otherwise it runs until it is killed.
+// Simulates a dialog whose thread is blocked, for example by a display that does not respond. If the time limit works,
+// the program prints "given up" and ends with the exit code of a timeout. Otherwise it runs until it is killed.
 #include <iostream>
 
 #include "tools/DialogDeadline.h"

@@ -1,5 +1,5 @@
-// Prints the font that the component gives its forms, and the rule that chose it. Without an argument it uses this
-// system's locale, otherwise the locale with the given number.
+// Prints the font that the component gives its forms, and the rule that chose the font. With an argument, it uses the
+// locale with that number. Without an argument, it uses the system's locale.
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>

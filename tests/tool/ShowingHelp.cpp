@@ -1,5 +1,6 @@
-// A help control for tests. It shows a plain window without taking the keyboard and closes it after a moment. It writes
-// each call to a file beside itself: whether there is an owner, the help file, the command.
+// A help control for tests. To show the contents, it shows a plain window that does not get the keyboard focus. It
+// closes the window after 500 ms. For each call, it writes a line to a file in its own folder: the owner ("owned" or
+// "ownerless"), the help file and the command.
 #include "runtime/win32/WindowsHeaders.h"
 
 #include <fstream>

@@ -1,6 +1,6 @@
-"""Shared by the tests of the tool: running built programs under Wine, and scenarios.
+"""Functions for the tests of the tool. They run built programs and scenarios under Wine.
 
-Each file in scenarios/ is one run of the tool (see Scenario). main() reads the paths from the command line.
+Each file in scenarios/ describes one run of the tool (see Scenario). main() reads the paths from the command line.
 """
 import os
 import pathlib
@@ -17,7 +17,7 @@ HERE = pathlib.Path(__file__).resolve().parent
 EXAMPLES = HERE.parent.parent / "examples"
 # The number of identifiers in a complete language file.
 TEXTS = len(re.findall(r"^[^#\s].*=", (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8"), re.M))
-TIMEOUT = 120  # seconds; a run takes one or two
+TIMEOUT = 120  # seconds; a run takes one or two seconds
 
 wine_run = ""
 bin_folder = pathlib.Path()
@@ -29,7 +29,7 @@ def windows_path(path):
 
 def run(program, *arguments, text=b"", environment=None):
     """Runs the program. Returns its exit code, standard output and standard error, as bytes."""
-    # Files instead of pipes: Wine's helper processes inherit pipes and keep them open after the program has ended.
+    # The output is in files, because Wine's helper processes would keep pipes open after the program's end.
     with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as output, tempfile.TemporaryFile() as errors:
         given.write(text)
         given.seek(0)
@@ -41,22 +41,22 @@ def run(program, *arguments, text=b"", environment=None):
 
 
 def copy_built(folder, *names):
-    """Copies built files into `folder`, keeping their subfolders."""
+    """Copies built files into `folder`. The files keep their subfolders."""
     for name in names:
         target = pathlib.Path(folder) / name
         target.parent.mkdir(exist_ok=True)
         shutil.copy(bin_folder / name, target)
 
 
-# Without this setting, Wine prefers its own control to the file in the system folder.
+# With this setting, Wine uses the file in the system folder instead of its own control.
 SHOWS_HELP = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
 
 
 def replace_help_control(double):
-    """Copies a built help control for tests into the system folder and deletes an earlier one's record. Returns its
-    path. Use it only in a prefix of this test."""
+    """Copies a built help control for tests into the system folder and deletes the earlier control's record.
+    Returns the copy's path. Use this function only in the calling test's own prefix."""
     control = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "system32", "hhctrl.ocx")
-    # All prefixes share this file as a hard link, so it must be replaced, not overwritten.
+    # Delete the file first, because all prefixes share it as a hard link. Overwriting it would change all prefixes.
     control.unlink()
     pathlib.Path(f"{control}.txt").unlink(missing_ok=True)
     return pathlib.Path(shutil.copy(bin_folder / double, control))
@@ -67,7 +67,7 @@ def tool(*arguments, text=b""):
 
 
 class LiveHost:
-    """`backproc host` with its standard input kept open."""
+    """Runs `backproc host` and keeps its standard input open."""
 
     def __init__(self, *arguments, program=None, environment=None):
         self.command = [wine_run, str(program or bin_folder / "backproc.exe"), "host", *arguments]
@@ -96,11 +96,11 @@ class LiveHost:
 
 
 class Scenario:
-    """One run of the tool: a file of sections, each with a heading "--- name".
+    """Describes one run of the tool. The file consists of sections, and each section has a heading "--- name".
 
-    arguments  one per line; {bin} stands for the tool's folder
+    arguments  one per line; {bin} is replaced by the tool's folder
     input      the standard input
-    output     the expected standard output; {*} stands for any text within a line, {bin} as above
+    output     the expected standard output; {*} matches any text within a line; {bin} is as above
     errors     the expected standard error; empty if the section is missing
     exit       the exit code; 0 if the section is missing
     """
@@ -154,5 +154,5 @@ def main():
     """Runs the tests of the calling script. Its arguments are WINE_RUN and BIN_FOLDER."""
     global wine_run, bin_folder
     wine_run, bin_folder = sys.argv[1], pathlib.Path(sys.argv[2]).resolve()
-    # Suppresses warnings about open pipes: Wine's helper processes keep the other end open for some time.
+    # Suppresses warnings about open pipes. Wine's helper processes keep the other end of a pipe open for some time.
     unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")

@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Breaks an installation in one way after the other, and repairs each by following the doctor's advice literally.
+"""Breaks an installation in one way after the other. Repairs each by following the doctor's advice literally.
 
     test_broken_installations.py WINE_RUN BIN_FOLDER
 
-BROKEN and BROKEN_INI_FILES are the tables of cases: a name, a function that breaks the installation, the expected line of
-the doctor (subject and words), and its advice. Most advice contains a command, which the test runs as written. Advice
-that asks for a file has its words and a function in the table.
+BROKEN and BROKEN_INI_FILES are the tables of cases. A case has a name, a function that breaks the installation, the
+doctor's expected line (subject and words), and the expected advice. If the advice contains a command, the test runs the
+command as written. If the advice asks for a file, the case has a function that follows the advice.
 """
 import dataclasses
 import os
@@ -26,14 +26,14 @@ MACHINE = "HKLM\\Software\\Classes\\"
 USER = "HKCU\\Software\\Classes\\"
 SERVER = MACHINE + "CLSID\\" + CLASS + "\\InprocServer32"
 PACKAGE = ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "dev/QmxKrn2K.dll")
-# A note that the doctor prints for most installations here, because they have the development kernel.
+# The doctor prints this note for most installations of this test, because they have the development kernel.
 ALWAYS_NOTED = "development kernel: shares no strings with the suite; for use with the suite"
-# Stands in for the suite's kernel.
+# This file replaces the suite's kernel.
 SUITE_KERNEL = "kernel/recording/QmxKrn2K.dll"
 
 
 def interface_key(name):
-    """The registry key of an interface, with the identifier from the IDL."""
+    """Returns the registry key of an interface. The interface's identifier is from the IDL."""
     idl = (pathlib.Path(__file__).resolve().parents[2] / "host" / "com" / "K4TBackProcess.idl").read_text()
     before = idl[:re.search(rf"(dispinterface|interface) {name}\b[^;]*\{{", idl).start()]
     return "Interface\\{" + re.findall(r"uuid\(([0-9A-Fa-f-]+)\)", before)[-1].upper() + "}"
@@ -44,7 +44,7 @@ def system_folder():
 
 
 def as_64_bit(library):
-    """The bytes of a library, changed so that its header says 64-bit Windows."""
+    """Returns the bytes of a library with a changed header. The header declares a library for 64-bit Windows."""
     data = bytearray(library.read_bytes())
     header = int.from_bytes(data[0x3C:0x40], "little")
     data[header + 4:header + 6] = b"\x64\x86"
@@ -52,7 +52,7 @@ def as_64_bit(library):
 
 
 class Installation:
-    """The package in its own folder, registered for the machine."""
+    """Copies the package to its own folder and registers the component for the machine."""
 
     def __init__(self, root):
         self.folder = root / "Orvane"
@@ -89,7 +89,7 @@ class Installation:
         self.ini.write_bytes(data if isinstance(data, bytes) else data.encode())
 
     def hold(self, key, value):
-        """Sets a shared string. A holding process keeps it until the end of the test."""
+        """Sets a shared string. Another process keeps the string until the end of the test."""
         self.holder.ask(f"set {key} {value}".encode(), b"get " + key.encode())
 
     def doctor(self):
@@ -115,12 +115,12 @@ class Broken:
     subject: str
     says: str
     advises: str = "run 'backproc "
-    mend: typing.Callable = None  # None: run the commands in the advice
-    needs_strings: bool = False  # another program must hold the shared strings
+    mend: typing.Callable = None  # if None, the test runs the commands in the advice
+    needs_strings: bool = False  # if true, another program must keep the shared strings
     stays: str = ""  # a note that the doctor still prints after the repair
 
 
-# Functions that break an installation, where a lambda is not enough.
+# Functions that break or repair an installation.
 
 def unregister(it):
     it.run("unregister")
@@ -319,10 +319,10 @@ BROKEN_INI_FILES = [
 class BrokenInstallations(ToolTestCase):
     @classmethod
     def setUpClass(cls):
-        # A program in another folder, without a kernel beside it.
+        # Make a program in another folder that contains no kernel.
         cls.client_folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         shutil.copy(running.bin_folder / "backproc.exe", cls.client_folder)
-        # Every Windows user has this key.
+        # Add this key, which every Windows user has.
         run("reg.exe", "add", "HKCU\\Software\\Classes", "/f")
 
     def setUp(self):
@@ -330,7 +330,7 @@ class BrokenInstallations(ToolTestCase):
 
     @staticmethod
     def tidy():
-        """Removes every registration, in one run."""
+        """Removes all registrations in one run."""
         keys = [NAME, "CLSID\\" + CLASS, "TypeLib\\" + LIBRARY, interface_key("_clsQmxBackProcess"),
                 interface_key("__clsQmxBackProcess")]
         with tempfile.NamedTemporaryFile("w", suffix=".reg") as script:
@@ -342,7 +342,7 @@ class BrokenInstallations(ToolTestCase):
         (system_folder() / "QmxKrn2K.dll").unlink(missing_ok=True)
 
     def follow(self, it, row, lines):
-        """Follows the advice in the line."""
+        """Follows the advice in the doctor's line."""
         meant = [line for line in lines if row.advises in line]
         self.assertTrue(meant, lines)
         if row.mend:

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the verbs that show dialogs and answers them with key strokes.
+"""Runs the verbs that show dialogs, and answers the dialogs with key strokes.
 
     test_dialogs.py WINE_RUN BIN_FOLDER
 """
@@ -16,8 +16,8 @@ from running import TIMEOUT, ToolTestCase, main, run, tool, windows_path
 
 class Dialogs(ToolTestCase):
     def answer(self, keys, verb, *arguments, folder=None, environment=None):
-        """Runs a verb and answers its dialog with `keys`. Returns exit code and output. `folder` has the tool to
-        run."""
+        """Runs a verb and answers its dialog with `keys`. Returns exit code and output. The tool is in
+        `folder`."""
         title = f"Frage {os.getpid()}"
         display = os.environ.get("DISPLAY") or subprocess.check_output(
             [pathlib.Path(running.wine_run).parent / "start-display"], text=True, timeout=TIMEOUT).strip()
@@ -36,8 +36,8 @@ class Dialogs(ToolTestCase):
             while dialog.poll() is None and time.monotonic() < end:
                 press("search", "--onlyvisible", "--name", title, "windowfocus", "key")
                 time.sleep(0.3)
-            # If the window closes between key down and key up, xdotool ends without the release. The next dialog would
-            # receive a held key.
+            # If the window closes before the key is released, xdotool does not release the key. The next dialog would
+            # then receive a held key.
             press("keyup")
             output.seek(0)
             return dialog.poll(), output.read().decode()
@@ -57,7 +57,7 @@ class Dialogs(ToolTestCase):
             folder = pathlib.Path(name)
             running.copy_built(folder, "backproc.exe", "dev/QmxKrn2K.dll")
             control = running.replace_help_control("test/hhctrl.ocx")
-            # The "a" shows that the keys have arrived. "ctrl+F1" would release Ctrl first, and then no help opens.
+            # The "a" proves that the dialog has received the keys. "ctrl+F1" would release Ctrl first and open no help.
             keys = ["a", "keydown", "ctrl", "key", "F1", "keyup", "ctrl", "key", "Return"]
             answer = self.answer(keys, "query", "--kind", "1", "", folder=folder, environment=running.SHOWS_HELP)
             calls = pathlib.Path(f"{control}.txt").read_text(encoding="ascii")
@@ -82,7 +82,7 @@ class Dialogs(ToolTestCase):
         self.assertEqual(tool("query", "--kind", "3", *limit, "--default", "B", "", "A", "B"),
                          (66, b"text=B\nindex=2\n", b""))
 
-    def test_an_answer_before_the_timeout_counts(self):
+    def test_an_answer_before_the_timeout_is_returned(self):
         self.assertEqual(self.answer(["Return"], "msgbox", "--timeout", "100", "--default", "7", "Overwrite?"), (6, "6\n"))
         self.assertEqual(self.answer(["Return"], "query", "--timeout", "100", "--default", "x", "--kind", "1", "abc"),
                          (0, "text=abc\nindex=0\n"))

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the doctor in each state of a machine that makes a client fail.
+"""Tests the doctor. Each test puts the machine into a state in which a client fails.
 
     test_doctor.py WINE_RUN BIN_FOLDER
 """
@@ -22,7 +22,7 @@ def copy_package(folder, *left_out):
 
 
 class Doctor(ToolTestCase):
-    """Each state of a machine that makes a client fail, and the doctor's findings."""
+    """Checks the doctor's findings in each state."""
 
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
@@ -41,7 +41,7 @@ class Doctor(ToolTestCase):
         for part in parts:
             self.assertIn(part, line)
 
-    def test_registered_for_the_machine_all_is_well(self):
+    def test_registered_for_the_machine_everything_is_ok(self):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)
         lines = self.diagnose(program)
@@ -54,7 +54,7 @@ class Doctor(ToolTestCase):
                          ", development kernel: shares no strings with the suite; for use with the suite, "
                          "put its QmxKrn2K.dll beside the component")
 
-    def test_not_registered(self):
+    def test_component_is_not_registered(self):
         lines = self.diagnose(copy_package(self.folder))
         self.assert_bad(lines["registration"], "manifest names K4TBackProcess", "backproc register --user")
         self.assertEqual(lines["loading"], "ok   loading: loads and provides the class")
@@ -67,7 +67,7 @@ class Doctor(ToolTestCase):
         lines = self.diagnose(program)
         self.assertEqual(lines["registration"], "ok   registration: for the user")
         self.assertEqual(lines["type library"], "ok   type library: registered for the same file")
-        # Wine's COM ignores the classes of a user, and the doctor reports that.
+        # Wine's COM ignores the classes of a user. The doctor reports this.
         self.assert_bad(lines["activation"], "0x80040154", "backproc register")
 
     def test_registered_for_user_and_machine(self):
@@ -89,7 +89,7 @@ class Doctor(ToolTestCase):
         self.assert_bad(lines["file"], "K4TBackProcess.dll does not exist", "put it back")
         self.assert_bad(lines["activation"], "0x")
 
-    def test_another_file_in_its_place(self):
+    def test_another_file_in_place_of_the_component(self):
         program = copy_package(self.folder)
         run(program, "register")
         (self.folder / "K4TBackProcess.dll").write_bytes(b"MZ no program")
@@ -110,7 +110,7 @@ class Doctor(ToolTestCase):
         shutil.copy(running.bin_folder / "test" / "refusing.dll", self.folder / "QmxKrn2K.dll")
         self.assert_bad(self.diagnose(program)["kernel"], "E_SetString E_GetString DB_DataBase O_GetName")
 
-    def test_ini_file(self):
+    def test_faults_of_the_ini_file_are_reported(self):
         program = copy_package(self.folder)
         ini = self.folder / "sys" / "MARLENTO.INI"
         self.assertIn("does not exist; registry settings", self.diagnose(program)["INI file"])
@@ -120,12 +120,12 @@ class Doctor(ToolTestCase):
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-16-le")
         self.assert_bad(self.diagnose(program)["INI file"], "NUL characters", "UTF-8")
 
-    def test_open_quote_in_the_module_list_hangs_no_verb(self):
+    def test_open_quote_in_the_module_list_every_verb_ends(self):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)
         with LiveHost() as holder:
             holder.ask(b'set AllAps EDITOR,"LIBRARY', b"get AllAps")
-            # run() fails if a run does not end in time.
+            # run() fails if the program does not end in time.
             self.assert_bad(self.diagnose(program)["modules"], "field 2, 'LIBRARY' opens a quote that is never closed",
                             "run 'backproc strings set AllAps \"EDITOR\"'")
             report = windows_path(self.folder / "ticket.txt")
@@ -162,7 +162,7 @@ class Doctor(ToolTestCase):
         self.assertNotIn("loading", lines)
         self.assertIn(b"cannot load the registered component 'K4TBackProcess.dll'", where[2])
 
-    def test_report_has_everything_for_a_ticket(self):
+    def test_report_has_all_facts_for_a_ticket(self):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)
         ini = self.folder / "sys" / "MARLENTO.INI"
@@ -185,7 +185,7 @@ class Doctor(ToolTestCase):
         self.assertEqual(code, 1)
         self.assertIn(b"cannot write the report 'C:\\no such folder\\ticket.txt'", errors)
 
-    def test_language_folder(self):
+    def test_faults_of_the_language_folder_are_reported(self):
         program = copy_package(self.folder)
         texts = self.folder / "K4TBackProcess.txt"
         with LiveHost() as holder:

@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""Runs the examples in the tool's help texts as written.
+"""Runs the examples in the tool's help texts exactly as written.
 
     test_help_texts.py WINE_RUN BIN_FOLDER
 
-They run in the order of the overview, in a folder with the package's files and with the component registered.
+The examples run in the order of the overview. The current folder has the package's files, and the component is
+registered.
 """
 import os
 import pathlib
@@ -16,12 +17,12 @@ import unittest
 
 import running
 
-# The exit codes of examples; the other examples must end with 0.
+# The exit codes of these examples. All other examples must end with 0.
 EXIT_CODES = {"msgbox": 7}
-# A verb to run before the example, because a second registration would be refused.
+# The test runs this verb before the example, because the tool would refuse a second registration.
 BEFORE = {"register": "unregister", "doctor": "register"}
 DIALOGS = {"error", "msgbox", "query"}
-# The expected output, by the beginning of the line.
+# The expected output of examples that begin with these words.
 PRINTED = {
     "host": "1 created\n1 released\n",
     "texts get": "&Yes\n",

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""The font of the forms, and texts, on systems with several languages. Wine takes the system's locale from its
+"""Tests the forms' font and the texts on systems with several languages. Wine reads the system's locale from its
 environment.
 
     test_locales.py WINE_RUN BIN_FOLDER LOCALE_FOLDER
@@ -17,7 +17,7 @@ import unittest
 TIMEOUT = 120  # seconds; a run takes one or two
 JAPANESE_FACE = "\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF"
 WINE_FONTS = pathlib.Path("/usr/share/wine/fonts")
-# MS Sans Serif, in a file for each code page. A system shows the one for its own code page.
+# MS Sans Serif has a file for each code page. A system shows the file for its own code page.
 MS_SANS_SERIF = sorted(font.name for font in WINE_FONTS.glob("ss*.fon"))
 
 wine_run = ""
@@ -26,11 +26,11 @@ locale_folder = pathlib.Path()
 
 
 def environment_of(locale):
-    """The environment of a program on a system with this locale, such as "ja_JP"."""
+    """Returns the environment of a program on a system with this locale, for example "ja_JP"."""
     path = locale_folder / (locale + ".UTF-8")
     if not path.exists():
         locale_folder.mkdir(parents=True, exist_ok=True)
-        # The locale is generated under another name first, so that an interrupted run leaves no incomplete one.
+        # Generate the locale under another name first, because an interrupted run must not leave an incomplete locale.
         new = locale_folder / f"{locale}.{os.getpid()}.UTF-8"
         subprocess.run(["localedef", "-i", locale, "-f", "UTF-8", str(new)], check=True, timeout=TIMEOUT)
         new.rename(path)
@@ -39,7 +39,7 @@ def environment_of(locale):
 
 def output_of(locale, program, *arguments, text=""):
     """Runs a program on a system with this locale. Returns its output. `text` is its input."""
-    # Files instead of pipes: Wine's helper processes inherit pipes and keep them open after the program has ended.
+    # The output is in files, because Wine's helper processes would keep pipes open after the program's end.
     with tempfile.TemporaryFile() as given, tempfile.TemporaryFile() as output:
         given.write(text.encode("utf-8"))
         given.seek(0)
@@ -50,7 +50,7 @@ def output_of(locale, program, *arguments, text=""):
 
 
 def lines_of(locale, *arguments):
-    """The output of tests/tool/ShowFont.cpp, as a dictionary."""
+    """Returns the output of tests/tool/ShowFont.cpp as a dictionary."""
     return dict(line.split("=", 1) for line in output_of(locale, "test/show_font.exe", *arguments).splitlines())
 
 
@@ -60,7 +60,7 @@ def end_wine():
 
 
 def installed_fonts():
-    """The paths of MS Sans Serif in the prefix. The files need not exist."""
+    """Returns the paths of MS Sans Serif in the prefix. The files need not exist."""
     folder = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "Fonts")
     return [folder / name for name in MS_SANS_SERIF]
 
@@ -74,7 +74,7 @@ def remove_fonts():
 
 def setUpModule():
     lines_of("de_DE")  # creates the prefix
-    # Fonts that an interrupted run left would make the tests of the last resort fail.
+    # If an interrupted run has left these fonts, the tests without MS Sans Serif would fail.
     if any(font.exists() for font in installed_fonts()):
         remove_fonts()
 
@@ -116,9 +116,9 @@ class SystemLocale(LocaleTestCase):
 
 
 class DoubleByteCodePage(unittest.TestCase):
-    """Code page 932: the second byte of some characters is the byte of a backslash. U+8868 is 95 5C."""
+    """In code page 932, some characters have the byte of a backslash as second byte. U+8868 is 95 5C."""
 
-    def test_unit_test_that_needs_it_runs(self):
+    def test_unit_test_for_the_code_page_runs(self):
         output = output_of("ja_JP", "unit_tests.exe", "--gtest_filter=Win32Locale.DoubleByteText_RoundTrips")
         self.assertIn("[  PASSED  ] 1 test.\n", output)
         self.assertNotIn("SKIPPED", output)
@@ -153,5 +153,5 @@ class SystemLocaleWithMsSansSerif(LocaleTestCase):
 if __name__ == "__main__":
     wine_run = sys.argv[1]
     bin_folder, locale_folder = (pathlib.Path(folder).resolve() for folder in sys.argv[2:4])
-    # Suppresses warnings about open pipes: Wine's helper processes keep the other end open for some time.
+    # Suppresses warnings about open pipes. Wine's helper processes keep the other end of a pipe open for some time.
     unittest.main(argv=sys.argv[:1], verbosity=2, warnings="ignore")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the tool's verbs for texts and language files, without a registered component.
+"""Tests the tool's verbs for texts and language files. The component is not registered.
 
     test_texts.py WINE_RUN BIN_FOLDER
 """
@@ -74,7 +74,7 @@ class Texts(ToolTestCase):
         lines = [line.split("\t") for line in output.decode().splitlines()]
         self.assertEqual((code, errors, lines[-1]), (0, b"", [f"{TEXTS} of {TEXTS} identifiers translated"]))
         for line in lines[:-1]:
-            # "LOC" has two English forms. A language file has only one of them.
+            # "LOC" has two English texts. A language file has only one text for each identifier.
             self.assertTrue(line[2] == line[3] or line[1] == "LOC", line)
 
     def test_texts_works_without_a_kernel(self):
@@ -98,14 +98,14 @@ class Texts(ToolTestCase):
                     "'backproc texts --template' writes one to start from\n")
         self.assertEqual((code, output, errors.decode()), (65, b"", expected))
 
-    def test_language_folder_without_a_name_is_refused(self):
+    def test_empty_name_of_a_language_folder_is_refused(self):
         for failure, arguments in ((1, ("texts", "--folder", "")), (65, ("msgbox", "--language", "", "Overwrite?"))):
             with self.subTest(arguments[0]):
                 expected = (f"backproc {arguments[0]}: the name of the language folder is empty; "
                             "give a folder that has a K4TBackProcess.txt\n")
                 self.assertEqual(tool(*arguments), (failure, b"", expected.encode()))
 
-    def test_exit_code_reports_missing_texts_only(self):
+    def test_exit_code_depends_only_on_missing_texts(self):
         german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
         with tempfile.TemporaryDirectory() as folder:
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"
@@ -120,7 +120,7 @@ class Texts(ToolTestCase):
             self.assertEqual((code, output.decode().splitlines()[-1]), (1, f"{TEXTS - 1} of {TEXTS} identifiers translated"))
         self.assertEqual(tool("texts", "--nothing")[0], 2)
 
-    def test_wide_captions_and_lost_keys_are_reported(self):
+    def test_wide_captions_and_missing_access_keys_are_reported(self):
         german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
         with tempfile.TemporaryDirectory() as folder:
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"

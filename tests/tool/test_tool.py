@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Runs the built tool and the example clients under Wine and compares their output.
+"""Runs the built tool and the example clients under Wine, and compares their output with the expected output.
 
     test_tool.py WINE_RUN BIN_FOLDER
 
-Each file in scenarios/ is one run of the tool. Tests with several processes are below. The component is registered only
-for the tests that need it.
+Each file in scenarios/ describes one run of the tool. This file has the tests with several processes. The component is
+registered only for the tests that need it.
 """
 import pathlib
 import shutil
@@ -26,7 +26,7 @@ class WithoutComponent(ToolTestCase):
     def test_scenarios(self):
         self.check_all("unregistered")
 
-    def test_very_long_lines_are_kept(self):
+    def test_very_long_lines_are_not_cut(self):
         text = "x" * 200_000
         code, output, errors = tool("host", text=f"set Long {text}\nget Long\n".encode())
         self.assertEqual((code, errors), (0, b""))
@@ -51,7 +51,7 @@ class WithoutComponent(ToolTestCase):
         self.assertRegex(errors, rb"^backproc strings: there are no strings in .*QmxKrn2K\.dll; they exist while a program")
 
     def test_where_shows_each_value_with_its_source(self):
-        # The folder's name has a blank, so that the argument is in quotes, as the component needs it.
+        # The folder's name contains a blank. So Wine puts the argument in quotes, which the component needs.
         with tempfile.TemporaryDirectory(suffix=" sys") as folder:
             ini = pathlib.Path(folder) / "MARLENTO.INI"
             ini.write_text("[Marlento]\nJobDir=D:\\job\n", encoding="ascii")
@@ -72,7 +72,7 @@ class WithoutComponent(ToolTestCase):
         self.assertEqual((code, output), (0, b""))
         self.assertRegex(errors, rb"^backproc strings: the kernel keeps it as \[\?\?\]; the ANSI code page")
 
-    def test_where_shows_values_as_the_code_page_changes_them(self):
+    def test_where_shows_values_after_their_change_by_the_code_page(self):
         with tempfile.TemporaryDirectory(suffix=" sys") as folder:
             (pathlib.Path(folder) / "MARLENTO.INI").write_text("[Marlento]\nJobDir=D:\\日\nSysDir=D:\\日\n",
                                                                encoding="utf-8")
@@ -94,7 +94,7 @@ class WithoutComponent(ToolTestCase):
         self.assertIn("job folder=[D:\\JOB] INI file", lines)
         self.assertIn("library folder=[C:\\?\\LIB] default", lines)
 
-    def test_where_works_with_a_kernel_hidden_from_clients(self):
+    def test_where_works_with_a_kernel_that_clients_do_not_find(self):
         with tempfile.TemporaryDirectory() as name:
             folder, tools = pathlib.Path(name), pathlib.Path(name) / "tools"
             tools.mkdir()
@@ -194,7 +194,7 @@ class WithComponent(ToolTestCase):
             self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 released\n")
             self.assertEqual(tool("strings", "get", "K4TBACKPROCESS"), (0, b"K4TBACKPROCESS=[]\n", b""))
 
-    def test_another_copy_of_the_tool_finds_what_clients_find(self):
+    def test_another_copy_of_the_tool_uses_the_registered_component(self):
         with tempfile.TemporaryDirectory() as folder:
             lone = pathlib.Path(folder) / "backproc.exe"
             shutil.copy(running.bin_folder / "backproc.exe", lone)
@@ -208,7 +208,7 @@ class WithComponent(ToolTestCase):
         self.assertEqual(errors.decode(), f"backproc strings: this is what {here}\\K4TBackProcess.dll gives, registered for "
                                           f"the machine, with the kernel {here}\\dev\\QmxKrn2K.dll\n")
 
-    def test_lz_switches_the_caption_and_back(self):
+    def test_lz_changes_the_caption_and_restores_it(self):
         with tempfile.TemporaryDirectory() as folder:
             lines = ["create", "load 1"]
             for language, text in (("de", "Hintergrund"), ("en", "Background"), ("de", "Hintergrund")):
@@ -224,7 +224,7 @@ class WithComponent(ToolTestCase):
                          ["Caption=[Hintergrund]", "Caption=[Background]", "Caption=[Hintergrund]"])
         folders = [line for line in shown if line.startswith("LanguagePath")]
         self.assertEqual([line[-3:] for line in folders], ["de]", "en]", "de]"])
-        # The strings that the load published are unchanged.
+        # Check that the strings that Load published have not changed.
         self.assertIn("K4TBACKPROCESS=[Pelorix Background Processing Application, 0, 0, 0, 0]", shown)
 
     def test_the_help_file_has_its_topics(self):

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Runs the tool and the example clients without a user: every dialog is answered at once and never shown.
+"""Runs the tool and the example clients without a user. The component must answer each dialog at once and never show it.
 
     test_unattended.py WINE_RUN BIN_FOLDER
 
-The component is registered with a kernel that lacks an entry. So a client's command fails, which is reported in a message
-box.
+The registered component has a kernel that lacks a function. Therefore a client's command fails, and the component reports
+the failure in a message box.
 """
 import os
 import pathlib
@@ -19,7 +19,7 @@ from running import EXAMPLES, TIMEOUT, LiveHost, ToolTestCase, main, run, window
 
 # Wine writes the text of OutputDebugString to standard error.
 UNATTENDED = {"K4TBACKPROCESS_UNATTENDED": "1", "WINEDEBUG": "warn+seh"}
-# The blank puts the argument in quotes, as the component needs it.
+# The argument contains a blank, because Wine then puts it in quotes. The component needs the quotes.
 BAD_FOLDER = "/sys:C:\\no where"
 BAD_FOLDER_NOTE = "message answered with OK: title=[Path not found] prompt=[Path: C:\\NO WHERE not available]"
 # The kernel stores no strings, so there is no product name.
@@ -27,7 +27,7 @@ FAILED_COMMAND = "message answered with OK: title=[] prompt=[Can't find DLL entr
 
 
 def notes(errors):
-    """The component's debug output, in order."""
+    """Returns the lines of the component's debug output in order."""
     written = re.findall(r'OutputDebugString[AW] L?"K4TBackProcess: unattended, (.*)\\n"', errors.decode(errors="replace"))
     return [note.replace('\\"', '"').replace("\\\\", "\\") for note in written]
 
@@ -65,7 +65,7 @@ class Unattended(ToolTestCase):
                    "prompt=[Can't save projectx]")
 
     def check_client(self, *command):
-        """Runs a client with a missing system folder. It also sends a command that fails."""
+        """Runs a client with a missing system folder. The client also sends a command that fails."""
         code, output, errors = run(*command, BAD_FOLDER, environment=UNATTENDED)
         self.assertEqual(code, 0, output.decode(errors="replace"))
         self.assertIn(b"released", output.splitlines())
@@ -99,7 +99,7 @@ class Unattended(ToolTestCase):
             self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 NotifyMe\n")
             self.assertEqual(colours_on_screen(), 1)
 
-    def test_another_value_shows_the_dialogs(self):
+    def test_other_values_of_the_variable_show_the_dialogs(self):
         trace = self.folder / "waiting.txt"
         environment = {**os.environ, "K4TBACKPROCESS_UNATTENDED": "0", "K4TBACKPROCESS_TRACE": windows_path(trace)}
         box = subprocess.Popen([running.wine_run, str(self.tool), "msgbox", "--title", "T", "Overwrite?"], env=environment,
@@ -110,7 +110,7 @@ class Unattended(ToolTestCase):
                 time.sleep(0.1)
             self.assertGreater(colours_on_screen(), 1)
             self.assertIsNone(box.poll())
-            # The trace shows the message that a program waits for.
+            # The trace shows that the program waits for the message.
             lines = trace.read_text(encoding="utf-8")
             self.assertIn(" message box=[suite] prompt=[Overwrite?]", lines)
             self.assertNotIn(" message answered ", lines)
