@@ -52,18 +52,18 @@ struct Verb {
     void (*carryOut)(const Receiver& receiver);
 };
 
-/// The verbs, in the order of comparison.
+/// The verbs, in the order in which they are compared.
 constexpr Verb kVerbs[] = {
     {u"SAVE", TakeDesignName},    {u"RD", DoNothing},      {u"OPEN", TakeDesignName}, {u"UP", DoNothing},
     {u"EX", UnloadUnlessStaying}, {u"LZ", SwitchLanguage}, {u"FMVHDLED", DoNothing},
 };
 
-/// A client may send failing commands while a message is open, for example from a timer. Each open message uses stack
-/// space until it is closed, so their number is limited.
+/// The maximum number of open messages. A client may send failing commands while a message is open, for example from a
+/// timer. An open message uses stack space until it is closed.
 constexpr int kMaxOpenMessages = 8;
 
-/// None for the silent error and for the error of a form that its own load handler has unloaded. Other C++ exceptions
-/// become the same errors as for COM clients.
+/// Returns the message for `failure`. Returns no value for the silent error, and for the error of a form whose own load
+/// handler has unloaded the form. Other C++ exceptions become the same errors as for COM clients.
 std::optional<String> MessageFor(const std::exception_ptr& failure) {
     try {
         std::rethrow_exception(failure);
@@ -106,7 +106,8 @@ kernel_api::FieldParser& CommandInterpreter::Parser() {
     return *parser_;
 }
 
-// `failure` is not copied, because a copy could fail when memory is short, and the forms must be unloaded in any case.
+// Reports `failure` and unloads all forms. Does not copy `failure`, because a copy could fail when memory is short, and
+// the forms must always be unloaded.
 void CommandInterpreter::Report(const std::exception_ptr& failure) {
     runtime::FirstError firstError;
     firstError.Run([&] { ShowFailure(failure); });

@@ -1,10 +1,10 @@
 // Interprets the commands that other modules send to this component. A command is a list of comma fields: the
-// addressee, the verb and the verb's arguments. A command is carried out if its addressee is this module or all
-// modules. Other commands and unknown verbs are ignored.
+// addressee, the verb and the verb's arguments. The component carries out a command if the addressee is this module or
+// all modules. It ignores other commands and unknown verbs.
 //
-// If a command fails, the error's description is shown and then all forms of the component are unloaded. This severe
-// reaction is intended. Two errors are not shown: the silent error, and the error of a form that its own load handler
-// has unloaded.
+// If a command fails, the component shows the error's description and then unloads all its forms. This severe reaction
+// is intended. Two errors are not shown: the silent error, and the error of a form whose own load handler has unloaded
+// the form.
 #pragma once
 
 #include <exception>
@@ -20,24 +20,26 @@ class Form;
 
 namespace routing {
 
-/// Name of the design that was open at the last SAVE or OPEN, without leading and trailing blanks.
+/// The name of the open design at the last SAVE or OPEN, without leading and trailing blanks.
 inline runtime::String& CurrentDesignName() {
     return services::Values().currentDesignName;
 }
-/// The language folder at the last LZ, exactly as the kernel returned it; empty before the first LZ.
+/// The language folder at the last LZ, as the kernel returned it; empty before the first LZ.
 inline runtime::String& LanguagePath() {
     return services::Values().languagePath;
 }
 
-/// The main form owns one. Home thread only.
+/// The main form owns one interpreter. Use it only on the home thread.
 class CommandInterpreter {
  public:
-    /// Carries out `command`; an empty command does nothing. LZ localises `mainForm`. EX unloads no form if
-    /// `staysLoaded`. A failed command is reported here, and its error returned; null after success. Throws only an
-    /// error of that report: the message's error, else the unload's error. The unload has been tried by then.
+    /// Carries out `command`. Does nothing if it is empty. LZ localises `mainForm`. If `staysLoaded` is true, EX
+    /// unloads no form. If the command fails, shows a message, unloads all forms and returns the error. Returns null on
+    /// success. If the message or the unload fails, throws that error after both were tried. If both fail, throws the
+    /// message's error.
     std::exception_ptr Execute(runtime::StringView command, runtime::Form& mainForm, bool staysLoaded);
 
-    /// Resets the count of open messages. To be called when their thread has ended or is no longer the home thread.
+    /// Resets the count of open messages. Call it when the thread of the messages has ended or is no longer the home
+    /// thread.
     void AbandonOpenMessages() { openMessages_ = 0; }
 
  private:
@@ -46,7 +48,7 @@ class CommandInterpreter {
     void Report(const std::exception_ptr& failure);
     void ShowFailure(const std::exception_ptr& failure);
 
-    std::unique_ptr<kernel_api::FieldParser> parser_;  ///< made for the first command
+    std::unique_ptr<kernel_api::FieldParser> parser_;  ///< created for the first command
     int openMessages_ = 0;
 };
 

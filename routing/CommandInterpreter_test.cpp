@@ -28,7 +28,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tests::ErrorOf;
 
-/// Records the calls of its parsers. A test can make them fail with `onField`.
+/// Records the calls of its parsers. A test can make the calls fail with `onField`.
 class RecordingSplitter : public kernel_api::Splitter {
  public:
     std::unique_ptr<kernel_api::FieldParser> MakeFieldParser() override {
@@ -79,7 +79,7 @@ class InterpreterTest : public tests::HeadlessComponentTest {
         };
     }
 
-    /// Executes `command` while `dialog_` is loaded. `unloads_` counts the unloads of that form.
+    /// Executes `command` while `dialog_` is loaded. `unloads_` counts the unloads of `dialog_`.
     void Execute(StringView command) {
         dialog_.EnsureLoaded();
         interpreter_.Execute(command, form_, false);
@@ -87,7 +87,7 @@ class InterpreterTest : public tests::HeadlessComponentTest {
     std::int32_t ErrorOfExecuting(StringView command) {
         return ErrorOf([&] { Execute(command); });
     }
-    /// Makes the first unload of all forms fail and leave `dialog_` loaded for the second one.
+    /// Makes the first unload of all forms fail. `dialog_` then stays loaded until the second unload.
     void MakeFirstUnloadFail() {
         failing_.onUnload = [] { throw Error(runtime::kOverflow); };
         dialog_.refusesUnload = true;
@@ -128,7 +128,7 @@ TEST_F(Addressee, ThisModuleOrAll_CommandIsCarriedOut) {
     }
 }
 
-TEST_F(Addressee, AnyOther_CommandIsIgnored) {
+TEST_F(Addressee, OtherName_CommandIsIgnored) {
     for (const StringView command :
          {u"Editor,SAVE", u"all,SAVE", u"ALL,SAVE", u"k4tbackprocess,SAVE", u" All,SAVE", u"All ,SAVE", u",SAVE", u"Al",
           u"SAVE", u",", u"\"", u"\"All,SAVE", u"K4TBACKPROCESS;SAVE"}) {
@@ -137,7 +137,7 @@ TEST_F(Addressee, AnyOther_CommandIsIgnored) {
     }
 }
 
-TEST_F(Addressee, IsReadTwiceAndTheVerbOnce) {
+TEST_F(Addressee, Command_AddresseeIsReadTwiceAndVerbOnce) {
     Execute(u"All,UP,3,4");
     EXPECT_THAT(splitter_.asked, ElementsAre("text All,UP,3,4", "field 1", "field 1", "field 2"));
     splitter_.asked.clear();
@@ -161,7 +161,7 @@ TEST_F(Addressee, FirstCommand_MakesTheOnlyParser) {
 
 using Verbs = InterpreterTest;
 
-TEST_F(Verbs, SaveAndOpenTakeTheTrimmedNameOfTheDesign) {
+TEST_F(Verbs, SaveAndOpen_StoreTheTrimmedNameOfTheDesign) {
     kernel_.Put(u"DESIGN_NAME", u"  big board ");
     Execute(u"All,SAVE");
     EXPECT_EQ(CurrentDesignName(), u"big board");
@@ -184,7 +184,7 @@ TEST_F(Verbs, SaveAndOpen_UseTheHandleFromTheKernel) {
     }
 }
 
-TEST_F(Verbs, DesignWithoutAName_EmptyName) {
+TEST_F(Verbs, DesignHasNoName_StoredNameIsEmpty) {
     CurrentDesignName() = u"before";
     tests::InMemoryKernel empty;
     kernel_api::CurrentSuite().kernel = &empty;
@@ -193,7 +193,7 @@ TEST_F(Verbs, DesignWithoutAName_EmptyName) {
     EXPECT_EQ(unloads_, 0);
 }
 
-TEST_F(Verbs, InertAndUnknown_DoNothing) {
+TEST_F(Verbs, VerbWithoutEffectOrUnknownVerb_DoesNothing) {
     for (const StringView command :
          {u"All", u"All,", u"All,RD", u"All,UP", u"All,FMVHDLED,WIRELIST", u"All,FMVHDLED,XILINX", u"All,FMVHDLED,CUPL",
           u"All,save", u"All,SAVE ", u"All, SAVE", u"All,SAVEAS", u"All,Ex", u"All,,SAVE", u"All,\"SAVE,x"}) {
@@ -202,7 +202,7 @@ TEST_F(Verbs, InertAndUnknown_DoNothing) {
     }
 }
 
-TEST_F(Verbs, UnclosedQuoteTakesTheRestAsTheVerb) {
+TEST_F(Verbs, UnclosedQuote_RestIsTheVerb) {
     Execute(u"All,\"SAVE");
     EXPECT_EQ(CurrentDesignName(), u"amplifier");
 }
@@ -228,7 +228,7 @@ TEST_F(Verbs, LzWithoutALanguageFolder_PathIsEmpty) {
 
 using Failure = InterpreterTest;
 
-TEST_F(Failure, IsShownThenAllFormsAreUnloaded) {
+TEST_F(Failure, Error_IsShownThenAllFormsAreUnloaded) {
     kernel_.FailOn("DB_DataBase", Error(runtime::kDllEntryPointNotFound, u"no database"));
     memory_.messageBox.answers = {1};
     onUnload_ = [this] { EXPECT_THAT(Messages(), ElementsAre(u"no database")); };
@@ -258,7 +258,7 @@ TEST_F(Failure, AnyKernelCallFails_FormsAreUnloaded) {
     }
 }
 
-TEST_F(Failure, ParserFails_ErrorIsShownAndFormsUnloaded) {
+TEST_F(Failure, ParserFails_ErrorIsShownAndFormsAreUnloaded) {
     memory_.messageBox.answers = {1};
     splitter_.onField = [] { throw Error(runtime::kTypeMismatch); };
     Execute(u"Editor,SAVE");
@@ -266,7 +266,7 @@ TEST_F(Failure, ParserFails_ErrorIsShownAndFormsUnloaded) {
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Failure, NoSplitter_ErrorIsShownAndFormsUnloaded) {
+TEST_F(Failure, NoSplitter_ErrorIsShownAndFormsAreUnloaded) {
     memory_.messageBox.answers = {1};
     kernel_api::CurrentSuite().splitter = nullptr;
     Execute(u"All,SAVE");
@@ -292,7 +292,7 @@ TEST_F(Failure, UnknownException_IsInternalError) {
     EXPECT_EQ(unloads_, 2);
 }
 
-TEST_F(Failure, UnloadByExFails_ErrorIsShownAndUnloadRepeated) {
+TEST_F(Failure, UnloadByExFails_ErrorIsShownAndUnloadIsRepeated) {
     memory_.messageBox.answers = {1};
     MakeFirstUnloadFail();
     onUnload_ = [this] { dialog_.refusesUnload = false; };
@@ -302,21 +302,21 @@ TEST_F(Failure, UnloadByExFails_ErrorIsShownAndUnloadRepeated) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0U);
 }
 
-TEST_F(Failure, MessageFails_UnloadThenErrorForCaller) {
+TEST_F(Failure, MessageFails_FormsAreUnloadedThenCallerGetsError) {
     kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
     EXPECT_EQ(ErrorOfExecuting(u"All,SAVE"), runtime::kInternalError);  // the test's message box has no answer
     EXPECT_EQ(Messages().size(), 1U);
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Failure, MessageTitleFails_UnloadThenErrorForCaller) {
+TEST_F(Failure, MessageTitleFails_FormsAreUnloadedThenCallerGetsError) {
     kernel_.FailOn("E_GetString", Error(runtime::kDllEntryPointNotFound));
     EXPECT_EQ(ErrorOfExecuting(u"All,LZ"), runtime::kDllEntryPointNotFound);
     EXPECT_THAT(Messages(), IsEmpty());
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Failure, SecondUnloadFails_ErrorForCaller) {
+TEST_F(Failure, SecondUnloadFails_CallerGetsError) {
     memory_.messageBox.answers = {1};
     MakeFirstUnloadFail();
     onUnload_ = [this] {
@@ -326,7 +326,7 @@ TEST_F(Failure, SecondUnloadFails_ErrorForCaller) {
     EXPECT_EQ(unloads_, 2);
 }
 
-TEST_F(Failure, MessageAndUnloadFail_MessagesErrorForCaller) {
+TEST_F(Failure, MessageAndUnloadFail_CallerGetsTheMessagesError) {
     MakeFirstUnloadFail();
     onUnload_ = [this] {
         if (unloads_ == 2) throw Error(runtime::kTypeMismatch);
@@ -335,7 +335,7 @@ TEST_F(Failure, MessageAndUnloadFail_MessagesErrorForCaller) {
     EXPECT_EQ(unloads_, 2);
 }
 
-TEST_F(Failure, NextCommandIsCarriedOut) {
+TEST_F(Failure, CommandAfterAFailure_IsCarriedOut) {
     memory_.messageBox.answers = {1};
     kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
     Execute(u"All,SAVE");
@@ -346,7 +346,7 @@ TEST_F(Failure, NextCommandIsCarriedOut) {
 
 using Reentered = InterpreterTest;
 
-TEST_F(Reentered, CommandInsideACommandHasItsOwnVerb) {
+TEST_F(Reentered, CommandInsideACommand_BothVerbsAreCarriedOut) {
     onUnload_ = [this] {
         if (unloads_ == 1) Execute(u"K4TBACKPROCESS,SAVE");
     };

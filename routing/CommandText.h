@@ -1,4 +1,4 @@
-// The texts of commands that this component makes for other modules.
+// Makes the texts of commands for other modules.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,8 @@
 
 namespace routing {
 
-/// "SHELL,<mode>,<command line>": the mode in decimal without blanks, the command line unchanged and unquoted.
+/// Returns "SHELL,<mode>,<command line>". The mode is in decimal without blanks. The command line is unchanged and
+/// unquoted.
 runtime::String ShellCommand(std::int16_t mode, runtime::StringView commandLine);
 
 }  // namespace routing

@@ -28,7 +28,7 @@ constexpr char16_t kComma = u',';
     }
 }
 
-/// The field's number and text for an error message. A long text is cut off.
+/// Returns the field's number and text for an error message. Truncates a long text.
 String InWords(std::size_t place, StringView field) {
     constexpr std::size_t kMaxShown = 80;
     const bool isCut = field.size() > kMaxShown;
@@ -36,7 +36,7 @@ String InWords(std::size_t place, StringView field) {
            (isCut ? u"…'" : u"'");
 }
 
-/// Extends both arrays before it reads the number, so that their lengths are equal after an error.
+/// Adds a field. Extends both arrays before it reads the number, so that their lengths are equal after an error.
 void Add(StringView field, std::vector<String>& texts, std::vector<double>& values) {
     texts.emplace_back(field);
     values.push_back(0);

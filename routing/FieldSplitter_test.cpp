@@ -27,7 +27,7 @@ struct Row {
     std::vector<String> fields;
 };
 
-// The expected fields were derived by hand from the rules.
+// The expected fields were derived from the rules by hand.
 const std::vector<Row>& Rows() {
     static const std::vector<Row> rows = {
         // plain fields
@@ -63,11 +63,11 @@ const std::vector<Row>& Rows() {
         {uR"("",)", {uR"(")"}},
         {uR"(A,"B",)", {u"A", uR"(B")"}},
         {uR"(,"",)", {u"", uR"(")"}},
-        // a comma at the end counts unless it directly follows a quoted field
+        // a comma at the end starts an empty field unless it directly follows a quoted field
         {uR"("A",,)", {u"A", u"", u""}},
         {uR"("",,)", {u"", u"", u""}},
         {uR"("A",B,)", {u"A", u"B", u""}},
-        // text after the closing quote: the last character of the field is left out
+        // text after the closing quote: the field loses its last character
         {uR"("A"x)", {uR"(A")"}},
         {uR"("A"xy)", {uR"(A"x)"}},
         {uR"("A"x,)", {uR"(A"x)"}},
@@ -120,7 +120,7 @@ TEST_F(FieldSplitter, SplitsEveryRowOfTheTable) {
     }
 }
 
-TEST_F(FieldSplitter, AgreesWithTheSlowSplitterThatTheFuzzerUses) {
+TEST_F(FieldSplitter, TableRows_AgreeWithTheSlowSplitter) {
     for (const Row& row : Rows()) {
         SplitFields(row.text);
         const tests::SlowFields slow = tests::SlowFieldSplitter::Split(row.text);
@@ -134,7 +134,7 @@ TEST_F(FieldSplitter, AgreesWithTheSlowSplitterThatTheFuzzerUses) {
     }
 }
 
-/// Makes texts of up to 12 parts that matter to the rules. The sequence of texts is always the same.
+/// Makes texts of up to 12 parts that are relevant to the rules. The sequence of texts is always the same.
 class FieldListMaker {
  public:
     String Next() {
@@ -165,7 +165,7 @@ TEST_F(FieldSplitter, GeneratedTexts_AgreeWithTheSlowSplitter) {
     EXPECT_GT(overflows, 100);
 }
 
-TEST_F(FieldSplitter, HasNoEntriesBeforeTheFirstSplit) {
+TEST_F(FieldSplitter, NoSplitYet_ArraysAreEmpty) {
     EXPECT_TRUE(FieldTexts().empty());
     EXPECT_TRUE(FieldValues().empty());
 }
@@ -182,7 +182,7 @@ TEST_F(FieldSplitter, ReadsEachFieldsNumber) {
     EXPECT_EQ(FieldValues(), (std::vector<double>{8, 1, 5, 0, -2.5, 3.5, 0, 0, 7}));
 }
 
-TEST_F(FieldSplitter, SplitsATextFromItsOwnResult) {
+TEST_F(FieldSplitter, TextFromItsOwnResult_IsSplit) {
     SplitFields(uR"(A,"a first name,a second one, long enough to lie elsewhere")");
     SplitFields(FieldTexts()[2]);
     EXPECT_EQ(FieldTexts(),
@@ -200,7 +200,7 @@ TEST_F(FieldSplitter, Overflow_ErrorAndArraysEndAtThatField) {
     EXPECT_EQ(FieldValues(), (std::vector<double>{0, 1, 2, 0}));
 }
 
-TEST_F(FieldSplitter, OverflowNamesTheFieldAndItsText) {
+TEST_F(FieldSplitter, Overflow_ErrorNamesTheFieldAndItsText) {
     const auto description = [](StringView text) {
         try {
             SplitFields(text);
@@ -213,7 +213,7 @@ TEST_F(FieldSplitter, OverflowNamesTheFieldAndItsText) {
     EXPECT_EQ(description(u"A," + String(400, u'9')), u"Overflow: field 2, '" + String(80, u'9') + u"…'");
 }
 
-TEST_F(FieldSplitter, OverflowInQuotedOrLastField_Error) {
+TEST_F(FieldSplitter, OverflowInQuotedOrLastField_IsError6) {
     EXPECT_EQ(ErrorOf([] { SplitFields(uR"(1,"1E999",4)"); }), runtime::kOverflow);
     EXPECT_EQ(FieldValues(), (std::vector<double>{0, 1, 0}));
     EXPECT_EQ(ErrorOf([] { SplitFields(u"1,&H123456789"); }), runtime::kOverflow);
@@ -261,7 +261,7 @@ constexpr int kStillRunning = 42;
 constexpr int kReturned = 43;
 constexpr std::chrono::milliseconds kLongEnough{500};
 
-/// For the child process of a death test. Ends the process when the split returns, or else after kLongEnough.
+/// Runs in the child process of a death test. Ends the process when the split returns, or after kLongEnough.
 [[noreturn]] void SplitUnderWatch(const String& text) {
     std::thread([] {
         std::this_thread::sleep_for(kLongEnough);
@@ -271,7 +271,7 @@ constexpr std::chrono::milliseconds kLongEnough{500};
     std::_Exit(kReturned);
 }
 
-TEST_F(FieldSplitterDeathTest, NeverReturnsWithoutTheClosingQuote) {
+TEST_F(FieldSplitterDeathTest, NoClosingQuote_SplitNeverReturns) {
     EXPECT_EXIT(SplitUnderWatch(uR"("A,B)"), testing::ExitedWithCode(kStillRunning), "");
     EXPECT_EXIT(SplitUnderWatch(uR"(A,"B",C,"D)"), testing::ExitedWithCode(kStillRunning), "");
 }

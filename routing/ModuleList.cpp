@@ -18,7 +18,7 @@ namespace {
 using runtime::Str;
 using runtime::String;
 
-// Two numbers of the published state that no module uses.
+// Two numbers of the published state. No module uses them.
 constexpr std::int32_t kSpareA = 0;
 constexpr std::int32_t kSpareB = 0;
 

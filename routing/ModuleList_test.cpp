@@ -34,7 +34,7 @@ TEST_F(ReadingTheModuleList, StartValuesAreEmptyOrZero) {
     EXPECT_EQ(OwnModuleIndex(), 0);
 }
 
-TEST_F(ReadingTheModuleList, FindsTheOwnEntry) {
+TEST_F(ReadingTheModuleList, ListContainsOwnName_IndexIsFound) {
     Read(u"EDITOR,K4TBACKPROCESS,LIBRARY");
     EXPECT_EQ(ModuleCount(), 3);
     EXPECT_THAT(ModuleNames(), ElementsAre(u"", u"EDITOR", u"K4TBACKPROCESS", u"LIBRARY"));
@@ -53,18 +53,18 @@ TEST_F(ReadingTheModuleList, OwnNameIsComparedExactly) {
     EXPECT_EQ(OwnModuleIndex(), 0);
 }
 
-TEST_F(ReadingTheModuleList, LastOwnEntryWins) {
+TEST_F(ReadingTheModuleList, OwnNameTwice_LastIndexIsUsed) {
     Read(u"K4TBACKPROCESS,A,K4TBACKPROCESS,B");
     EXPECT_EQ(OwnModuleIndex(), 3);
 }
 
-TEST_F(ReadingTheModuleList, QuotedNamesMayHoldCommas) {
+TEST_F(ReadingTheModuleList, QuotedNames_MayContainCommas) {
     Read(u"\"A,B\",K4TBACKPROCESS");
     EXPECT_THAT(ModuleNames(), ElementsAre(u"", u"A,B", u"K4TBACKPROCESS"));
     EXPECT_EQ(OwnModuleIndex(), 2);
 }
 
-TEST_F(ReadingTheModuleList, MissingListLeavesNoModules) {
+TEST_F(ReadingTheModuleList, MissingList_NoModules) {
     ReadModuleList();
     EXPECT_EQ(ModuleCount(), 0);
     EXPECT_EQ(OwnModuleIndex(), 0);
@@ -81,7 +81,7 @@ class KernelWithoutText : public tests::InMemoryKernel {
     kernel_api::TextPointer none_;
 };
 
-TEST_F(ReadingTheModuleList, AddressOfZeroOrBelowIsNotRead) {
+TEST_F(ReadingTheModuleList, AddressZeroOrNegative_IsNotRead) {
     tests::BrokenReader broken;
     const tests::ReaderInUse inUse(broken);
     for (const kernel_api::TextPointer none : {0, -5}) {
@@ -93,7 +93,7 @@ TEST_F(ReadingTheModuleList, AddressOfZeroOrBelowIsNotRead) {
     }
 }
 
-TEST_F(ReadingTheModuleList, EmptyList_ReplacesTheEarlierOne) {
+TEST_F(ReadingTheModuleList, EmptyList_ReplacesTheEarlierList) {
     Read(u"A,K4TBACKPROCESS");
     Read(u"");
     EXPECT_EQ(ModuleCount(), 0);
@@ -124,12 +124,12 @@ class PublishingTheState : public tests::HeadlessComponentTest {
     runtime::Form& form_ = *mainForm_;
 };
 
-TEST_F(PublishingTheState, RecordIsTheCaptionAndFourNumbersWithTheirBlanks) {
+TEST_F(PublishingTheState, Record_IsTheCaptionAndFourNumbersWithBlanks) {
     PublishModuleState(-1, 0);
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"My, \"caption\", 0, 0, 0, 0");
 }
 
-TEST_F(PublishingTheState, HoldsWindowStateAndExtraNumber) {
+TEST_F(PublishingTheState, Record_ContainsWindowStateAndExtraNumber) {
     form_.SetState(runtime::WindowState::kMinimised);
     PublishModuleState(1, -42);
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"My, \"caption\", 1, 0,-42, 0");
@@ -144,7 +144,7 @@ TEST_F(PublishingTheState, Inactive_StoresTheEmptyString) {
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
 }
 
-TEST_F(PublishingTheState, WithoutAMainFormIsError91) {
+TEST_F(PublishingTheState, NoMainForm_IsError91) {
     mainForm_.reset();
     EXPECT_EQ(tests::ErrorOf([] { PublishModuleState(-1, 0); }), runtime::kObjectVariableNotSet);
     PublishModuleState(0, 0);
@@ -169,7 +169,7 @@ TEST_F(FormShown, OtherFormVisible_FormStaysUnloaded) {
     other_.Unload();
 }
 
-TEST_F(FormShown, IsFalseWhileHiddenAndTrueWhileVisible) {
+TEST_F(FormShown, HiddenOrVisibleForm_FalseOrTrue) {
     other_.SetVisible(true);
     form_.EnsureLoaded();
     EXPECT_FALSE(IsFormShown(form_));
@@ -183,7 +183,7 @@ TEST_F(FormShown, IsFalseWhileHiddenAndTrueWhileVisible) {
 
 using FormShownInMemory = tests::HeadlessTest;
 
-TEST_F(FormShownInMemory, OtherProgramShowsOrHidesTheForm_IsFollowed) {
+TEST_F(FormShownInMemory, OtherProgramShowsOrHidesTheForm_ResultFollows) {
     runtime::Form form({.name = u"form", .caption = u"", .inner = {3000, 1500}});
     form.EnsureLoaded();
     memory_.windows.Last().ShowExternally();

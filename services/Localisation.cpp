@@ -31,7 +31,7 @@ enum Language : std::int32_t { kChinese = 0x04, kJapanese = 0x11, kKorean = 0x12
 constexpr std::int16_t kEastAsianSize = 9;
 constexpr std::int16_t kWesternSize = 8;
 
-/// The font for a language and sublanguage. A language's last row is for its other sublanguages.
+/// The font for a language and sublanguage. The row with kAnyOther is for the remaining sublanguages of the language.
 struct FixedFont {
     std::int32_t language;
     std::int32_t subLanguage;
@@ -57,7 +57,7 @@ constexpr FixedFont kFixedFonts[] = {
 
 constexpr StringView kWesternFaces[] = {u"MS Sans Serif", u"Arial", u"System"};
 
-/// Null if no row matches.
+/// Returns the row for `lcid`; null if no row matches.
 const FixedFont* FindFixed(std::int32_t lcid) {
     const std::int32_t language = PrimaryLanguage(lcid);
     const std::int32_t subLanguage = SubLanguage(lcid);
@@ -73,8 +73,8 @@ struct FoundFace {
     String name;
 };
 
-/// The face of the system's own font, in a context of `window`. The guard selects the former font again and releases
-/// the context.
+/// Returns the face of the system's own font, in a context of `window`. The guard selects the former font again and
+/// releases the context.
 FoundFace SystemFace(NativeHandle window, NativeHandle context) {
     runtime::FontsPort& fonts = runtime::CurrentPorts().fonts;
     const NativeHandle made = fonts.MakeIconTitleFont();
@@ -82,7 +82,7 @@ FoundFace SystemFace(NativeHandle window, NativeHandle context) {
     const runtime::ScopeGuard released([&] {
         fonts.Select(context, before);
         fonts.ReleaseContext(window, context);
-        // The stock font is not deleted.
+        // The stock font must not be deleted.
         if (made != 0) fonts.Delete(made);
     });
     return {made != 0 ? FontRule::kIconTitleFont : FontRule::kStockFont, fonts.FaceName(context)};
@@ -95,8 +95,8 @@ FoundFace WesternFace(NativeHandle window, NativeHandle context) {
     return SystemFace(window, context);
 }
 
-/// A new font with the values of the process's font. The font refuses an empty name and a size of 0 and keeps its own
-/// values. So it is usable even if no rule has named a face.
+/// Makes a font with the values of the process's font. A font object refuses an empty name and a size of 0 and then
+/// keeps its own values. Therefore the font is usable even if no rule has chosen a face.
 Font NewFont(const UiFont& uiFont) {
     Font font;
     runtime::PutFontProperty(font, u"Name", uiFont.name);

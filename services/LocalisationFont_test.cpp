@@ -1,4 +1,4 @@
-// The choice of the user-interface font, in all its branches.
+// Tests the choice of the user-interface font. Covers all branches of the choice.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -88,7 +88,7 @@ const FixedChoice kFixedChoices[] = {
 
 class FixedUiFont : public UiFontChoice, public testing::WithParamInterface<FixedChoice> {};
 
-TEST_P(FixedUiFont, DependsOnTheSystemLanguageOnly) {
+TEST_P(FixedUiFont, DependsOnlyOnTheSystemLanguage) {
     memory_.fonts.installed.clear();
     memory_.locale.charsets.clear();
     Values().uiFont = {u"Arial", 8, 77};
@@ -103,13 +103,13 @@ INSTANTIATE_TEST_SUITE_P(Languages, FixedUiFont, testing::ValuesIn(kFixedChoices
     return std::string(name);
 });
 
-TEST_F(UiFontChoice, JapaneseFaceHasEightCharactersAndABlankInTheThirdPlace) {
+TEST_F(UiFontChoice, JapaneseFace_HasEightCharactersAndTheThirdIsABlank) {
     ChooseFor(0x0411);
     EXPECT_EQ(Values().uiFont.name.size(), 8u);
     EXPECT_EQ(Values().uiFont.name[2], u' ');
 }
 
-TEST_F(UiFontChoice, WesternIsTheFirstInstalledFaceOfTheList) {
+TEST_F(UiFontChoice, WesternFace_IsTheFirstInstalledFaceOfTheList) {
     EXPECT_EQ(ChooseFor(0x0407), FontRule::kInstalledFace);
     EXPECT_EQ(Values().uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
     memory_.fonts.installed = {u"System", u"Arial"};
@@ -122,7 +122,7 @@ TEST_F(UiFontChoice, WesternIsTheFirstInstalledFaceOfTheList) {
     EXPECT_THAT(Log(), ElementsAre("installed MS Sans Serif", "installed Arial", "installed System"));
 }
 
-TEST_F(UiFontChoice, WesternCharacterSetIsThatOfTheUsersLocale) {
+TEST_F(UiFontChoice, WesternCharacterSet_FollowsTheUsersLocale) {
     memory_.locale.charsets = {{0x0407, 0}, {0x0419, 204}};
     memory_.locale.userLcid = 0x0419;
     ChooseFor(0x0407);
@@ -134,19 +134,19 @@ TEST_F(UiFontChoice, WesternCharacterSetIsThatOfTheUsersLocale) {
     EXPECT_EQ(UserCharset(), 0);
 }
 
-TEST_F(UiFontChoice, FixedCharacterSetDoesNotFollowTheUser) {
+TEST_F(UiFontChoice, FixedCharacterSet_DoesNotFollowTheUsersLocale) {
     memory_.locale.charsets = {{0x0419, 204}};
     memory_.locale.userLcid = 0x0419;
     ChooseFor(0x0411);
     EXPECT_EQ(Values().uiFont.characterSet, 128);
 }
 
-TEST_F(UiFontChoice, UnknownSystemLocaleIsWestern) {
+TEST_F(UiFontChoice, UnknownSystemLocale_WesternFaceIsChosen) {
     EXPECT_EQ(ChooseFor(0), FontRule::kInstalledFace);
     EXPECT_EQ(Values().uiFont, (UiFont{u"MS Sans Serif", 8, 0}));
 }
 
-// Font handles in the logs: 80 is the context's former font, 81 the stock font, 82 the font that was made.
+// Font handles in the logs: 80 is the context's former font, 81 is the stock font, and 82 is the created font.
 
 TEST_F(UiFontChoice, NoFaceInstalled_IconTitleFontIsReadAndReleased) {
     memory_.fonts.installed.clear();
@@ -168,7 +168,7 @@ TEST_F(UiFontChoice, NoIconTitleFont_StockFontIsReadAndNotDeleted) {
                            "select 81 in 4097", "face of 4097", "select 80 in 4097", "release 4097 of 4096"));
 }
 
-TEST_F(UiFontChoice, FaceNameFails_FontStaysAndHandlesAreReleased) {
+TEST_F(UiFontChoice, FaceNameFails_FontIsUnchangedAndHandlesAreReleased) {
     memory_.fonts.installed.clear();
     memory_.fonts.failsFaceName = true;
     Values().uiFont = {u"Arial", 9, 161};

@@ -1,4 +1,4 @@
-// The localisation of forms and controls, and the centring of forms.
+// Tests the localisation of forms and controls, and the centring of forms.
 #include "services/Localisation.h"
 
 #include <gmock/gmock.h>
@@ -29,7 +29,7 @@ using runtime::headless::MemoryWindow;
 using ::testing::ElementsAre;
 using ::testing::Pair;
 
-/// Records each access and returns the result that the test has set.
+/// An object that records each access and returns the result that the test has set.
 class NotingObject : public runtime::Properties {
  public:
     runtime::AccessError Put(StringView name, const PropertyValue& value) override {
@@ -102,14 +102,14 @@ TEST_F(ControlLocalisation, AccessThrows_TriesTheNextProperty) {
     EXPECT_EQ(Accesses(), expected);
 }
 
-TEST_F(ControlLocalisation, NoTag_CaptionStays) {
+TEST_F(ControlLocalisation, NoTag_CaptionIsUnchanged) {
     object_.tag = u"";
     std::vector<std::string> expected = fontAccesses_;
     expected.emplace_back("Tag?");
     EXPECT_EQ(Accesses(), expected);
 }
 
-/// A form with several kinds of control. All but the last button have a tag.
+/// A form with several kinds of control. All controls except the last button have a tag.
 class TaggedForm : public runtime::Form {
  public:
     explicit TaggedForm(runtime::Colour backColour = runtime::kLightGrey)
@@ -168,7 +168,7 @@ TEST_F(FormLocalisation, TextsAreLookedUpInTheOrderOfTheControls) {
     EXPECT_THAT(recording.Asked(), ElementsAre(Pair(u"Title", u"561"), Pair(u"Name", u"1"), Pair(u"&Sure", u"39171")));
 }
 
-TEST_F(FormLocalisation, NextLanguageLacksAText_EarlierCaptionStays) {
+TEST_F(FormLocalisation, NextLanguageLacksAText_EarlierCaptionIsKept) {
     Learn(u"C:\\de", "561 = Titel\n39171 = &Ja\n1 = Name:\n");
     LocaliseForm(form_);
     Learn(u"C:\\fr", "39171 = &Oui\n");
@@ -182,7 +182,7 @@ TEST_F(FormLocalisation, NextLanguageLacksAText_EarlierCaptionStays) {
     EXPECT_EQ(form_.yes->Text(), u"&Oui");
 }
 
-TEST_F(FormLocalisation, OnlyLightGreyBecomesTheButtonsColour) {
+TEST_F(FormLocalisation, OnlyLightGreyForm_GetsTheButtonColour) {
     LocaliseForm(form_);
     EXPECT_EQ(Window().backColour, 0x8000000Fu);
     TaggedForm nearly(0x00C0C0C1);
@@ -204,7 +204,7 @@ TEST_F(FormLocalisation, EveryControlGetsTheFontWithoutBoldAndNoTabStop) {
     EXPECT_NE(Window().Control(u"picture").font, expected);
 }
 
-TEST_F(FormLocalisation, NoFaceOrSize_ControlsHaveThoseOfANewFont) {
+TEST_F(FormLocalisation, NoFaceOrSize_ControlsGetTheDefaultsOfANewFont) {
     Values().uiFont = {};
     form_.yes->SetFont({u"Courier", 12, 2, true});
     LocaliseForm(form_);
@@ -247,7 +247,7 @@ class FormPlace : public FormLocalisation {
     }
 };
 
-TEST_F(FormPlace, IsTheMiddleOfTheScreen) {
+TEST_F(FormPlace, CentredForm_IsInTheMiddleOfTheScreen) {
     SetForm(form_);
     EXPECT_EQ(form_.Left(), (19200 - 6120) / 2);
     EXPECT_EQ(form_.Top(), (15361 - 3405) / 2);

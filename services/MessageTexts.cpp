@@ -23,7 +23,8 @@ std::optional<String> ErrorPrompt(std::int32_t number, const String& detail) {
     return before + detail + TextIfAny(error->after);
 }
 
-/// The module normally has the product's name, so the title contains that name twice.
+/// Returns the title of error reports. The module normally has the product's name, so the title contains the name
+/// twice.
 String ErrorTitle() {
     return GetProductName() + u" - " + Values().moduleName + u" (" + Values().moduleCaption + u")";
 }
@@ -39,7 +40,8 @@ bool IsRightToLeft() {
 }
 
 void ShowError(std::int32_t& errorNumber, StringView detail) {
-    // Copy `detail`, because the lookup of texts calls other objects, which may change the text that it refers to.
+    // Copy `detail`, because the lookup of texts calls other objects, which may change the text that `detail` refers
+    // to.
     const std::optional<String> prompt = ErrorPrompt(errorNumber, String(detail));
     const std::int32_t style = prompt ? kExclamation : 0;
     ShowMessage(prompt.value_or(String()), style | kSystemModal, ErrorTitle());
@@ -49,7 +51,7 @@ std::int32_t ShowMessage(StringView prompt, std::int32_t flags, const std::optio
                          const MessageHelp& help) {
     const String shownTitle = title ? *title : GetProductName();
     if ((flags & kSuiteBox) == 0) return runtime::CurrentPorts().messageBox.Show(prompt, flags, shownTitle, help);
-    // Copy the function, because it may be replaced while the box is open.
+    // Copy the function, because other code may replace it while the box is open.
     const SuiteMessageBox box = Values().suiteMessageBox;
     if (!box) throw runtime::ErrorAbout(runtime::kObjectVariableNotSet, u"the suite's message box");
     return box(prompt, flags, shownTitle);

@@ -33,14 +33,14 @@ class MessageTexts : public tests::HeadlessComponentTest {
     const std::vector<Message>& Shown() const { return memory_.messageBox.shown; }
 };
 
-TEST_F(MessageTexts, LocalTextIsTheTranslationOrTheDefault) {
+TEST_F(MessageTexts, LocalText_IsTheTranslationOrTheDefault) {
     EXPECT_EQ(GetLocalText(u"Path: ", u"991019 "), u"Path: ");
     WriteTexts("991019 = Pfad:\\s\n");
     EXPECT_EQ(GetLocalText(u"Path: ", u"991019 "), u"Pfad: ");
     EXPECT_EQ(GetLocalText(u" not available", u"99961 "), u" not available");
 }
 
-TEST_F(MessageTexts, LocalTextNeedsAReader) {
+TEST_F(MessageTexts, NoReader_LocalTextRaisesAnError) {
     kernel_api::CurrentSuite().reader = nullptr;
     EXPECT_EQ(tests::ErrorOf([] { GetLocalText(u"", u"1"); }), kObjectVariableNotSet);
 }
@@ -92,7 +92,7 @@ TEST_F(ErrorReports, EachTextOfTheDuplicatePartHasItsOwnDefault) {
     EXPECT_EQ(Report(101, u"R1").prompt, u"Part/Symbol: R1 gibt es schon");
 }
 
-TEST_F(ErrorReports, AreSystemModalWithAnExclamationIcon) {
+TEST_F(ErrorReports, Message_IsSystemModalWithAnExclamationIcon) {
     for (const std::int32_t number : {1, 2, 3, 4, 21, 22, 23, 24, 101}) {
         EXPECT_EQ(Report(number, u"x").flags, 48 + 4096) << number;
     }
@@ -114,14 +114,14 @@ TEST_F(ErrorReports, ProductNameChanges_TitleKeepsTheModuleName) {
     EXPECT_EQ(Report(2, u"x").title, u"Other - Orvane (Pelorix Background process )");
 }
 
-TEST_F(ErrorReports, NumberStaysUnchanged) {
+TEST_F(ErrorReports, ErrorNumber_IsUnchanged) {
     memory_.messageBox.answers = {1};
     std::int32_t number = 2;
     ShowError(number, u"x");
     EXPECT_EQ(number, 2);
 }
 
-TEST_F(ErrorReports, ShowAnyCharacterAsGiven) {
+TEST_F(ErrorReports, AnyCharacter_IsShownUnchanged) {
     const String detail = u"&\"%<\t\r\n\U0001F600\u05D0\xD800";
     EXPECT_EQ(Report(2, detail).prompt, u"Can't save project" + detail);
 }
@@ -146,19 +146,19 @@ TEST_F(ErrorReports, ReaderFails_NothingIsShown) {
 
 class Messages : public MessageTexts {};
 
-TEST_F(Messages, SystemBoxReceivesAllArguments) {
+TEST_F(Messages, SystemBox_ReceivesAllArguments) {
     memory_.messageBox.answers = {6};
     EXPECT_EQ(ShowMessage(u"Save?", 36, u"Title", {u"C:\\help.chm", 7}), 6);
     EXPECT_THAT(Shown(), ElementsAre(Message{u"Save?", 36, u"Title", {u"C:\\help.chm", 7}}));
 }
 
-TEST_F(Messages, WithoutATitleHaveTheProductsName) {
+TEST_F(Messages, NoTitle_TitleIsTheProductsName) {
     memory_.messageBox.answers = {1};
     ShowMessage(u"Done", 0);
     EXPECT_THAT(Shown(), ElementsAre(Message{u"Done", 0, u"Orvane"}));
 }
 
-TEST_F(Messages, EmptyTitleStaysEmpty) {
+TEST_F(Messages, EmptyTitle_IsShownEmpty) {
     memory_.messageBox.answers = {1};
     ShowMessage(u"Done", 0, u"");
     EXPECT_EQ(Shown().at(0).title, u"");
@@ -191,7 +191,7 @@ TEST_F(SuiteMessages, SuiteBitClear_SystemBoxIsShown) {
     EXPECT_TRUE(asked_.empty());
 }
 
-TEST_F(SuiteMessages, WithoutATitleHaveTheProductsName) {
+TEST_F(SuiteMessages, NoTitle_TitleIsTheProductsName) {
     ShowMessage(u"Overwrite?", 8);
     EXPECT_EQ(asked_.at(0).title, u"Orvane");
 }

@@ -1,5 +1,5 @@
-// The component's process-wide values. All instances and forms in the process share them. host::Composition owns them.
-// Home thread only.
+// The component's process-wide values. All instances and forms in the process share the values. host::Composition owns
+// them. Use them only on the home thread.
 #pragma once
 
 #include <cstdint>
@@ -15,20 +15,20 @@ namespace services {
 using runtime::String;
 using runtime::StringView;
 
-/// This component's name as a module of the suite: in the list of modules, as the kernel key of its state, as the
-/// addressee of commands and as the section of its settings.
+/// The name of this component as a module of the suite. It is used in the list of modules, as the kernel key of the
+/// module's state, as the addressee of commands and as the section of the component's settings.
 inline constexpr StringView kOwnModuleName = u"K4TBACKPROCESS";
 
-/// The font for every control. Empty until it is chosen.
+/// The font for every control. Empty until a font is chosen.
 struct UiFont {
     String name;
-    std::int16_t size = 0;  ///< in points
+    std::int16_t size = 0;  ///< size in points
     std::int16_t characterSet = 0;
     bool operator==(const UiFont&) const = default;
 };
 
-/// Format patterns of coordinates and values in the classic BASIC notation. They are stored for callers; the component
-/// itself does not use them.
+/// Format patterns of coordinates and values in the classic BASIC notation. The component stores the patterns for its
+/// callers and does not use them itself.
 struct NumberFormats {
     String coordinate;
     String value;
@@ -44,17 +44,17 @@ struct SharedForms {
     std::unique_ptr<runtime::Form> query;
 };
 
-/// The suite's message box. Returns the code of the pressed button.
+/// Shows the suite's message box and returns the code of the pressed button.
 using SuiteMessageBox = std::function<std::int32_t(StringView prompt, std::int32_t flags, StringView title)>;
 
-/// The suite's query dialog, with the parameters and the result of dialogs::AskQuery.
+/// Shows the suite's query dialog. Has the same parameters and result as dialogs::AskQuery.
 using SuiteQuery =
     std::function<String(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                          std::int32_t& index, bool showButton, const String& buttonCaption)>;
 
 struct ProcessValues {
     // Full paths of folders.
-    String installFolder;  ///< holds the component's own file
+    String installFolder;  ///< contains the component's own file
     String jobFolder;
     String libraryFolder;
     String systemFolder;  ///< the setting "SysDir", not the folder of the suite's INI file
@@ -71,9 +71,9 @@ struct ProcessValues {
     // Set when the main form loads.
     String moduleName;
     String moduleCaption;
-    String helpFilePath;  ///< with the extension "HLP"; the file that is opened has the extension "chm"
+    String helpFilePath;  ///< with the extension "HLP"; the opened file has the extension "chm"
 
-    /// -1 if help is open that the main form's unload must close, else 0.
+    /// -1 if the main form's unload must close help, otherwise 0.
     std::int16_t helpIsOpen = 0;
 
     UiFont uiFont;
@@ -93,18 +93,18 @@ struct ProcessValues {
     std::vector<String> fieldTexts;
     std::vector<double> fieldValues;
 
-    // The suite's dialogs, which belong to a layer above. The composition sets these functions.
+    // The suite's dialogs belong to a higher layer. The composition sets these functions.
 
-    /// Shows the messages for which ShowMessage uses the suite's box.
+    /// Shows the messages that ShowMessage passes to the suite's box.
     SuiteMessageBox suiteMessageBox;
     SuiteQuery suiteQuery;
 
     SharedForms forms;
 };
 
-/// The values of this process, initially empty. Error 91 before the process was composed.
+/// Returns the values of this process. They are initially empty. Error 91 if the process is not composed.
 ProcessValues& Values();
-/// Makes `values` the values of this process; null removes them. The caller keeps ownership.
+/// Makes `values` the values of this process. Null removes the values. The caller keeps ownership.
 void UseValues(ProcessValues* values);
 
 /// Stores the suite's format patterns in the process's values.

@@ -1,6 +1,6 @@
-// Help: opens the suite's compiled help from the component's windows, and closes it when the main form unloads. The
-// name of the help file (ProcessValues::helpFilePath) has the extension of the old help format. The name of the file
-// that is opened has "chm" in place of the last three characters. Home thread only.
+// Opens the suite's compiled help from the component's windows. Closes the help when the main form unloads. The name of
+// the help file (ProcessValues::helpFilePath) has the extension of the old help format. In the name of the opened file,
+// "chm" replaces the last three characters. Call the functions only on the home thread.
 #pragma once
 
 #include <cstdint>
@@ -10,23 +10,25 @@
 
 namespace services {
 
-/// The path of the suite's help file in ProcessValues::installFolder, with the extension of the old help format.
+/// Returns the path of the suite's help file in ProcessValues::installFolder. The path has the extension of the old
+/// help format.
 runtime::String HelpFileOfInstallation();
 
-/// The name of the file that is opened. Error 5 if ProcessValues::helpFilePath has fewer than three characters.
+/// Returns the name of the file to open. Error 5 if ProcessValues::helpFilePath has fewer than three characters.
 runtime::String CompiledHelpName();
 
-// Both functions open the table of contents, owned by the main form's window. They load the main form if it is
-// unloaded. Error 5 as above, and therefore before the first load of the main form, because that load sets the name.
+// Both functions open the table of contents. The main form's window owns the help window. The functions load the main
+// form if it is unloaded. They raise error 5 if the name is too short. The name is empty before the first load of the
+// main form, because that load sets the name.
 
 /// Opens help that stays open when the main form unloads.
 void ShowHelpContents();
-/// Opens help that the unload of the main form closes. Does nothing if `wanted` is 0. `file` and `topic` are not used,
+/// Opens help that the unload of the main form closes. Does nothing if `wanted` is 0. Does not use `file` and `topic`,
 /// because there is only one help file and it opens at its contents.
 void ShowHelpTopic(runtime::StringView file, std::int32_t topic, std::int16_t& wanted);
 
-/// Closes all help windows if ShowHelpTopic has opened help since the last call. An error of the viewer reaches the
-/// caller; the close is not repeated at the next call.
+/// Closes all help windows if ShowHelpTopic has opened help since the last call. If the viewer fails, throws the error.
+/// The next call does not try to close the help again.
 void CloseHelp(runtime::NativeHandle window);
 
 }  // namespace services

@@ -57,7 +57,7 @@ class InterruptedHelpTest : public HelpTest {
 
 const Call kOpened{0, u"D:\\Pelorix\\Marlentine.chm"};
 
-TEST_F(HelpTest, ContentsOpenTheCompiledFile) {
+TEST_F(HelpTest, Contents_OpenTheCompiledFile) {
     ShowHelpContents();
     EXPECT_THAT(Calls(), ElementsAre(kOpened));
     EXPECT_EQ(Values().helpIsOpen, 0);
@@ -69,12 +69,12 @@ TEST_F(HelpTest, WantedTopic_OpensTheContentsAndSetsTheFlag) {
     EXPECT_EQ(Values().helpIsOpen, -1);
 }
 
-TEST_F(HelpTest, WantedIsAnyNonZeroValue) {
+TEST_F(HelpTest, AnyNonZeroWanted_OpensHelp) {
     ShowTopic(1);
     EXPECT_THAT(Calls(), ElementsAre(kOpened));
 }
 
-TEST_F(HelpTest, TopicThatIsNotWantedDoesNothing) {
+TEST_F(HelpTest, WantedIsZero_DoesNothing) {
     ShowTopic(0);
     EXPECT_THAT(Calls(), IsEmpty());
     EXPECT_EQ(Values().helpIsOpen, 0);
@@ -87,7 +87,7 @@ TEST_F(HelpTest, FileAndTopic_AreIgnored) {
     EXPECT_EQ(wanted, -1);
 }
 
-TEST_F(HelpTest, UnloadedMainFormIsLoadedForItsWindow) {
+TEST_F(HelpTest, MainFormUnloaded_IsLoadedForItsWindow) {
     tests::HandledForm& form = MakeMainForm();
     ShowHelpContents();
     EXPECT_TRUE(form.IsLoaded());
@@ -102,7 +102,7 @@ TEST_F(HelpTest, LastThreeCharactersAreReplaced) {
     EXPECT_THAT(Calls(), ElementsAre(Call{0, u"chm"}, Call{0, u"C:\\hchm"}));
 }
 
-TEST_F(HelpTest, NameOfLessThanThreeCharactersIsError5) {
+TEST_F(HelpTest, NameShorterThanThreeCharacters_IsError5) {
     Values().helpFilePath = u"ab";
     EXPECT_EQ(tests::ErrorOf([] { ShowHelpContents(); }), runtime::kInvalidProcedureCall);
     EXPECT_EQ(tests::ErrorOf([this] { ShowTopic(); }), runtime::kInvalidProcedureCall);
@@ -153,7 +153,7 @@ TEST_F(InterruptedHelpTest, CloseWhileOpening_NextCloseClosesTheHelp) {
     EXPECT_THAT(help_.calls, ElementsAre(kOpened, Call{42, std::nullopt}, Call{43, std::nullopt}));
 }
 
-TEST_F(InterruptedHelpTest, CloseFails_IsNotRepeated) {
+TEST_F(InterruptedHelpTest, CloseFails_NextCloseDoesNothing) {
     ShowTopic();
     help_.onCall = [] { throw runtime::Error(runtime::kInternalError); };
     EXPECT_EQ(tests::ErrorOf([] { CloseHelp(42); }), runtime::kInternalError);

@@ -1,4 +1,4 @@
-// Keeps a form's window above the others, for the suite's common dialogs.
+// Keeps a form's window above all other windows. The suite's common dialogs use this.
 #pragma once
 
 namespace runtime {
@@ -7,8 +7,8 @@ class Form;
 
 namespace services {
 
-/// Makes the form's window topmost, or an ordinary window again. Place and size stay. Loads the form if necessary. Home
-/// thread only.
+/// Makes the form's window topmost, or makes it an ordinary window again. Position and size stay unchanged. Loads the
+/// form if necessary. Call only on the home thread.
 void SetWindowTopMost(runtime::Form& form, bool onTop);
 
 }  // namespace services

@@ -11,7 +11,7 @@ namespace {
 
 class WindowOrder : public tests::HeadlessTest {};
 
-TEST_F(WindowOrder, PutsAFormOnTopAndTakesItBack) {
+TEST_F(WindowOrder, SetAndCleared_WindowIsTopMostThenOrdinary) {
     runtime::Form form({.name = u"form", .caption = u"", .inner = {3000, 1500}});
     SetWindowTopMost(form, true);
     SetWindowTopMost(form, false);

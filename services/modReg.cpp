@@ -53,11 +53,11 @@ void Publish(StringView key, String& value) {
 
 bool IsBareDrive(StringView path) {
     const bool hasForm = path.size() == 2 || (path.size() == 3 && path[2] == u'\\');
-    // Z is left out on purpose: it is checked like a folder.
+    // Drive Z is not accepted here on purpose. It is checked like a folder.
     return hasForm && path[1] == u':' && path[0] >= u'A' && path[0] <= u'Y';
 }
 
-/// Makes `path` the current folder and then `before` again. Returns the description of the first error.
+/// Makes `path` the current folder, then restores `before`. Returns the description of the first error.
 std::optional<String> FailureOfVisit(const String& path, const String& before) {
     runtime::FilesPort& files = CurrentPorts().files;
     try {
@@ -100,7 +100,8 @@ void LoadDirectories() {
     ReadSettings(kFolderSettings);
     Publish(u"JobDir", values.jobFolder);
     Publish(u"LibDir", values.libraryFolder);
-    // Publish the job folder here, too, so that modules that use this key work in the same folder as all others.
+    // Also publish the job folder under this key, so that modules that read the key work in the same folder as all
+    // others.
     Publish(u"EED3JobDir", values.jobFolder);
 }
 
@@ -145,7 +146,7 @@ void SaveWindowPlacement(runtime::Form& form) {
     const std::int16_t scaleMode = form.ScaleMode();
     form.SetScaleMode(kScaleTwips);
     const auto save = [&form](StringView suffix, runtime::Twips value) {
-        // Write a whole number, because its text has no decimal mark, which depends on the language.
+        // Write a whole number. A fraction would contain a decimal mark, which depends on the language.
         SaveAppSetting(kPlacementApplication, kOwnModuleName, form.Name() + String(suffix),
                        runtime::Trim(runtime::Str(runtime::ToInt32(value))));
     };

@@ -1,5 +1,6 @@
-// The settings store: working folders, product identity, install folder and window placement. Settings are read through
-// the suite's reader and published as kernel strings, so that all modules use the same values. Home thread only.
+// Manages the settings: working folders, product identity, install folder and window placement. Reads settings through
+// the suite's reader. Publishes some settings as kernel strings, so that all modules use the same values. Call the
+// functions only on the home thread.
 #pragma once
 
 #include <cstdint>
@@ -32,28 +33,30 @@ struct SuiteSetting {
 // The settings, in the order in which they are read.
 std::span<const SuiteSetting> FolderSettings();
 std::span<const SuiteSetting> IdentitySettings();
-/// The value of an absent setting. A product folder contains the name that GetProductName returns now.
+/// Returns the value of an absent setting. A product folder contains the name that GetProductName returns now.
 String DefaultOf(const SuiteSetting& setting);
 
-/// Reads the folders for job, library, system and secondary job, then publishes the first two; the job folder is also
-/// published as "EED3JobDir". If the kernel rewrites a value, the new value is kept. Errors of the kernel and the
-/// reader reach the caller.
+/// Reads the folders for job, library, system and secondary job. Then publishes the first two folders as kernel
+/// strings, and the job folder also as "EED3JobDir". If the kernel rewrites a value, keeps the new value. Errors of the
+/// kernel and the reader reach the caller.
 void LoadDirectories();
-/// Reads product name, maker, copyright holder, version, revision and range, then publishes the first three, as above.
+/// Reads product name, maker, copyright holder, version, revision and range. Then publishes the first three values. If
+/// the kernel rewrites a value, keeps the new value. Errors of the kernel and the reader reach the caller.
 void LoadProductIdentity();
 
-/// The product's name that the kernel has now; "" if it has none. Errors of the kernel and the reader reach the caller.
+/// Returns the product's name that the kernel has now; "" if the kernel has no name. Errors of the kernel and the
+/// reader reach the caller.
 String GetProductName();
-/// The folder of the component's file. Only a drive's root ends in a backslash.
+/// Returns the folder of the component's file. The result ends in a backslash only if it is a drive's root.
 String GetInstallFolder();
 
-/// A per-user setting, or `defaultValue` if there is none.
+/// Returns a per-user setting, or `defaultValue` if the setting does not exist.
 String GetAppSetting(StringView appName, StringView section, StringView key, StringView defaultValue);
 void SaveAppSetting(StringView appName, StringView section, StringView key, StringView value);
 
 /// Converts `path` to upper case, makes it the current folder and then restores the former current folder. Sets
-/// `result` to 0 if both succeed, else to 1. In the second case a message is shown, whose errors reach the caller. The
-/// bare drives A to Y are accepted without a check.
+/// `result` to 0 on success, otherwise to 1. If a step fails, shows a message. Errors of the message reach the caller.
+/// Accepts the bare drives A to Y without a check.
 void CheckFolder(String& path, std::int32_t& result);
 
 /// Writes the form's top, left, height and width to the per-user settings, as whole numbers of twips. Error 5 if a

@@ -29,7 +29,7 @@ class ModReg : public tests::HeadlessComponentTest {
         reader_.NormaliseFolder(folder);
         memory_.files.AddFile(u"C:\\sys\\MARLENTO.INI", text);
     }
-    /// What `load` reads and publishes, in order; for example "read JobDir", "publish JobDir".
+    /// Returns the reads and publications of `load`, in order; for example "read JobDir", "publish JobDir".
     std::vector<std::string> StepsOf(void (*load)()) {
         std::vector<std::string> steps;
         tests::RecordingReader recording(reader_);
@@ -44,7 +44,7 @@ class ModReg : public tests::HeadlessComponentTest {
 
 class LoadingDirectories : public ModReg {};
 
-TEST_F(LoadingDirectories, DefaultsHoldTheKernelsProductName) {
+TEST_F(LoadingDirectories, Defaults_ContainTheKernelsProductName) {
     kernel_.Put(u"PRODUCT_NAME", u"Orvane");
     LoadDirectories();
     EXPECT_EQ(Values().jobFolder, u"C:\\Orvane\\JOB");
@@ -53,7 +53,7 @@ TEST_F(LoadingDirectories, DefaultsHoldTheKernelsProductName) {
     EXPECT_EQ(Values().secondaryJobFolder, u"C:\\CADJOB");
 }
 
-TEST_F(LoadingDirectories, NoProductName_DefaultsLackIt) {
+TEST_F(LoadingDirectories, NoProductName_DefaultsDoNotContainAName) {
     LoadDirectories();
     EXPECT_EQ(Values().jobFolder, u"C:\\\\JOB");
 }
@@ -112,7 +112,7 @@ TEST_F(LoadingProductIdentity, SixSettings_AreReadBeforeThreeArePublished) {
                             "publish PRODUCT_NAME", "publish MAKER_NAME", "publish COPYRIGHT_NAME"));
 }
 
-TEST_F(LoadingProductIdentity, HasDefaults) {
+TEST_F(LoadingProductIdentity, NoSettings_DefaultsAreUsed) {
     LoadProductIdentity();
     EXPECT_EQ(Values().productName, u"Orvane");
     EXPECT_EQ(Values().makerName, u"Harnwell");
@@ -149,7 +149,7 @@ TEST_F(ModReg, ProductNameIsReadFromTheKernelEachTime) {
     EXPECT_EQ(GetProductName(), u"Other");
 }
 
-TEST_F(ModReg, AppSettingsAreTheRuntimesPerUserSettings) {
+TEST_F(ModReg, AppSettings_AreThePerUserSettings) {
     EXPECT_EQ(GetAppSetting(u"App", u"Section", u"Key", u"default"), u"default");
     SaveAppSetting(u"App", u"Section", u"Key", u"value");
     EXPECT_EQ(GetAppSetting(u"App", u"Section", u"Key", u"default"), u"value");
@@ -157,7 +157,7 @@ TEST_F(ModReg, AppSettingsAreTheRuntimesPerUserSettings) {
 
 class CheckingFolders : public ModReg {
  protected:
-    /// The result of CheckFolder, which may change `path`.
+    /// Returns the result of CheckFolder. CheckFolder may change `path`.
     std::int32_t Check(String& path) {
         std::int32_t result = -1;
         CheckFolder(path, result);
@@ -189,7 +189,7 @@ TEST_F(CheckingFolders, ArgumentIsUpperCasedInPlace) {
     EXPECT_EQ(path, u"C:\\CAD\\SYS");
 }
 
-TEST_F(CheckingFolders, LettersOutsideAscii_AreUpperCasedToo) {
+TEST_F(CheckingFolders, LettersOutsideAscii_AreUpperCased) {
     memory_.files.AddFolder(u"C:\\gr\u00F6\u00DFe");
     String path = u"c:\\gr\u00F6\u00DFe";
     EXPECT_EQ(Check(path), 0);
@@ -204,7 +204,7 @@ TEST_F(CheckingFolders, DriveZ_IsCheckedOnTheDisk) {
     EXPECT_EQ(CheckOf(u"z:\\"), 0);
 }
 
-TEST_F(CheckingFolders, SimilarToABareDrive_IsCheckedOnTheDisk) {
+TEST_F(CheckingFolders, NotExactlyABareDrive_IsCheckedOnTheDisk) {
     for (const auto* path : {u"@:", u"[:", u"C:/", u"CC:", u"1:"}) {
         memory_.messageBox.answers = {1};
         memory_.files.ClearLog();
@@ -213,7 +213,7 @@ TEST_F(CheckingFolders, SimilarToABareDrive_IsCheckedOnTheDisk) {
     }
 }
 
-TEST_F(CheckingFolders, CurrentFolderStaysWhatItWas) {
+TEST_F(CheckingFolders, CurrentFolder_IsRestored) {
     memory_.files.AddFolder(u"C:\\here");
     memory_.files.AddFolder(u"D:\\there");
     memory_.files.ChangeFolder(u"C:\\here");
@@ -258,7 +258,7 @@ TEST_F(CheckingFolders, TextsOfTheReportAreLookedUpByIdentifier) {
     const tests::ReaderInUse inUse(recording);
     memory_.messageBox.answers = {1};
     CheckOf(u"C:\\no");
-    // The blank at the end of each identifier is part of it.
+    // Each identifier ends in a blank. The blank is part of the identifier.
     EXPECT_THAT(recording.Asked(),
                 UnorderedElementsAre(Pair(u"Path: ", u"991019 "), Pair(u" not available", u"99961 ")));
 }
@@ -266,7 +266,7 @@ TEST_F(CheckingFolders, TextsOfTheReportAreLookedUpByIdentifier) {
 TEST_F(CheckingFolders, ReportFails_ResultIsNotUsable) {
     String path = u"C:\\no";
     std::int32_t result = 0;
-    // The message has no prepared answer, which is error 51 here.
+    // The message has no prepared answer. That raises error 51 in the test.
     EXPECT_EQ(tests::ErrorOf([&] { CheckFolder(path, result); }), runtime::kInternalError);
     EXPECT_EQ(result, 1);
 }
