@@ -36,7 +36,7 @@ TEST_F(Diagnostics, Raise_PassesTheArguments) {
     EXPECT_THAT(sink->received, ElementsAre("M|X,1", "|", "all|OPEN", "M|-3 a,b"));
 }
 
-TEST_F(Diagnostics, Raise_HandlerFails_ReturnsItsError) {
+TEST_F(Diagnostics, Raise_HandlerFails_ReturnsTheHandlersError) {
     const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& exception) {
         exception.scode = static_cast<HRESULT>(0x800A0007);
         exception.bstrDescription = Bstr(u"no room").Detach();

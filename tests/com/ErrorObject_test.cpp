@@ -19,7 +19,7 @@ class ErrorObjectAfter : public ComTest {
     ComPtr<IConnectionPoint> point = EventsOf(instance.Get());
 };
 
-TEST_F(ErrorObjectAfter, Success_IsNone) {
+TEST_F(ErrorObjectAfter, Success_ThreadHasNoErrorObject) {
     EXPECT_EQ("(none)", TextAfter([&] {
                   short mode = 0;
                   VARIANT_BOOL result = VARIANT_FALSE;
@@ -39,7 +39,7 @@ TEST_F(ErrorObjectAfter, Success_IsNone) {
               }));
 }
 
-TEST_F(ErrorObjectAfter, FailureWithoutDescription_IsNone) {
+TEST_F(ErrorObjectAfter, FailureWithoutDescription_ThreadHasNoErrorObject) {
     EXPECT_EQ("(none)",
               TextAfter([&] { EXPECT_EQ("0x80020003", Hex(Invoke(instance.Get(), 99, DISPATCH_METHOD, {}).result)); }));
     EXPECT_EQ("(none)", TextAfter([&] {
@@ -53,7 +53,7 @@ TEST_F(ErrorObjectAfter, FailureWithoutDescription_IsNone) {
     EXPECT_EQ("(none)", TextAfter([&] { EXPECT_EQ("0x80004003", Hex(point->GetConnectionInterface(nullptr))); }));
 }
 
-TEST_F(ErrorObjectAfter, EventWhoseSinkSetADescription_IsNone) {
+TEST_F(ErrorObjectAfter, EventWhoseSinkSetADescription_ThreadHasNoErrorObject) {
     const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO&) {
         LeaveErrorObject(u"of the sink");
         return S_OK;

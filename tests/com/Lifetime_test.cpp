@@ -94,7 +94,7 @@ TEST_F(Lifetime, ShutdownWithoutError_KeepsTheEarlierErrorObject) {
     EXPECT_EQ("kept", TakeErrorObject().description);
 }
 
-TEST_F(Lifetime, SinkHoldsTheInstance_DisconnectingEndsIt) {
+TEST_F(Lifetime, SinkHoldsTheInstance_DisconnectionEndsTheInstance) {
     auto sink = Sink::Make();
     ComPtr<_clsQmxBackProcess> held(instance.Get());
     sink->whenReleased = [&] { held.Reset(); };

@@ -131,7 +131,7 @@ TEST_F(WrongThreadWindow, Load_CreatesNoWindowOnTheOtherThread) {
     EXPECT_EQ(0, FormWindows(here));
 }
 
-TEST_F(WrongThreadWindow, LastRelease_DestroysTheWindowOnItsThread) {
+TEST_F(WrongThreadWindow, LastRelease_DestroysTheWindowOnTheHomeThread) {
     const auto sink = Sink::Make();
     Advise(instance_.Get(), sink.Get());
     Load(instance_.Get());

@@ -227,7 +227,7 @@ TEST_F(PreparedLibraryTest, InCurrentFolderAndPath_HelpControlIsNotLoaded) {
     EXPECT_TRUE(MoveFileW(Wide(hidden), Wide(control)));
 }
 
-TEST_F(KernelLibraryTest, MissingEntry_IsError453WithItsName) {
+TEST_F(KernelLibraryTest, MissingFunction_IsError453WithTheFunctionsName) {
     KernelLibrary kernel(partial_);
     EXPECT_EQ(ErrorOf([&] { kernel.O_GetName(1); }), "453: Can't find DLL entry point: O_GetName in " +
                                                          runtime::ToUtf8(partial_ + kFile) +

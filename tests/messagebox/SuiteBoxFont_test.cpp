@@ -1,4 +1,4 @@
-// The user-interface font in the windows of the suite's message box.
+// Tests the user-interface font in the windows of the suite's message box.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -65,7 +65,7 @@ std::string ExampleLanguage(const std::string& name) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The width of a button's caption in its font. An '&' marks an access key and takes no space.
+/// Returns the width of a button's caption in the button's font. An '&' marks an access key and takes no space.
 int CaptionWidth(HWND button) {
     const HDC context = GetDC(button);
     const HGDIOBJ former = SelectObject(context, FontOf(button));
@@ -78,7 +78,8 @@ int CaptionWidth(HWND button) {
     return static_cast<int>(drawn.right);
 }
 
-/// Fails the test unless each button has a caption that fits inside its frame and shows its access key.
+/// Fails the test if a button has no caption, if the caption does not fit inside the button's frame, or if the caption
+/// shows no access key.
 void ExpectWholeCaptions(HWND box) {
     int buttons = 0;
     for (HWND button = nullptr; (button = FindWindowExW(box, button, L"BUTTON", nullptr)) != nullptr; ++buttons) {
@@ -93,7 +94,7 @@ void ExpectWholeCaptions(HWND box) {
     EXPECT_EQ(buttons, 4);
 }
 
-TEST_F(SuiteBoxFont, EachLanguage_CaptionsFitTheirButtons) {
+TEST_F(SuiteBoxFont, EachLanguage_CaptionsFitTheButtons) {
     struct {
         const char* name;
         services::UiFont font;

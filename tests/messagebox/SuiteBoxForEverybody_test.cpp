@@ -1,5 +1,5 @@
-// The suite's message box for users who do not see it, type with an input method, use another theme, or have monitors
-// of several resolutions.
+// Tests the suite's message box for special users: users with a screen reader, an input method, another theme, or
+// monitors of several resolutions.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -25,7 +25,7 @@ TEST_F(SuiteBoxForEverybody, ScreenReader_GetsRoleNameAndPrompt) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxForEverybody, Buttons_TakeNoComposition) {
+TEST_F(SuiteBoxForEverybody, Buttons_HaveNoInputMethodContext) {
     Ask(8, {Do([](HWND box) {
                 EXPECT_EQ(ImmGetContext(ButtonOf(box, L"&Yes")), nullptr);
                 EXPECT_EQ(ImmGetContext(ButtonOf(box, L"Cancel")), nullptr);
@@ -37,7 +37,7 @@ TEST_F(SuiteBoxForEverybody, Buttons_TakeNoComposition) {
     ExpectNothingIsLeft();
 }
 
-/// Puts a system colour back in its destructor.
+/// Changes a system colour. The destructor restores the earlier colour.
 class ChangedColour {
  public:
     ChangedColour(int index, COLORREF colour) : index_(index), before_(GetSysColor(index)) { Set(colour); }
@@ -62,7 +62,7 @@ COLORREF ColourAt(HWND window, int x, int y) {
     return colour;
 }
 
-TEST_F(SuiteBoxForEverybody, OpenBox_FollowsTheSystemsColours) {
+TEST_F(SuiteBoxForEverybody, SystemColourChanges_OpenBoxUsesTheNewColour) {
     std::optional<ChangedColour> changed;
     const auto isPainted = [](HWND box) {
         const HWND label = LabelOf(box);
@@ -76,7 +76,7 @@ TEST_F(SuiteBoxForEverybody, OpenBox_FollowsTheSystemsColours) {
     ExpectNothingIsLeft();
 }
 
-/// The system's functions for resolutions, which the headers declare for newer systems only.
+/// Returns a function of the system for resolutions. The headers declare these functions only for newer systems.
 template <typename Function>
 Function* SystemEntry(const char* name) {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32"), name)));
@@ -98,7 +98,7 @@ HANDLE UseContext(LONG_PTR context) {
     return SystemEntry<HANDLE WINAPI(HANDLE)>("SetThreadDpiAwarenessContext")(reinterpret_cast<HANDLE>(context));
 }
 
-TEST_F(SuiteBoxForEverybody, HostAwareOfEachMonitor_GetsABoxThatTheSystemScales) {
+TEST_F(SuiteBoxForEverybody, HostIsAwareOfEachMonitor_SystemScalesTheBox) {
     constexpr LONG_PTR kEachMonitorV2 = -4;
     constexpr int kUnaware = 0;
     constexpr int kSystem = 1;
@@ -110,7 +110,7 @@ TEST_F(SuiteBoxForEverybody, HostAwareOfEachMonitor_GetsABoxThatTheSystemScales)
     Ask(8, {look, Keys({VK_RETURN})});
     EXPECT_EQ(ofBox, kSystem);
     EXPECT_EQ(AwarenessOf(CurrentContext()), kEachMonitor);
-    // A host that knows nothing of resolutions keeps windows of its own kind.
+    // If a host ignores resolutions, the box ignores resolutions, too.
     UseContext(-1);
     Ask(8, {look, Keys({VK_RETURN})});
     EXPECT_EQ(ofBox, kUnaware);

@@ -1,4 +1,4 @@
-// The suite's message box while its owner, the client or another window interferes.
+// Tests the suite's message box while its owner, the client or another window interferes with it.
 #include <gtest/gtest.h>
 
 #include "runtime/LoadedForms.h"
@@ -16,19 +16,19 @@ class SuiteBoxInterference : public SuiteBoxTest {
 };
 
 const Steps kNobody = {};
-TEST_F(SuiteBoxInterference, OwnerUnloadsItWhenDisabled_Cancels) {
+TEST_F(SuiteBoxInterference, OwnerUnloadsTheBoxWhenDisabled_Cancels) {
     onDisabled_ = UnloadTheBox;
     EXPECT_EQ(Ask(8, kNobody), 2);
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, OwnerUnloadsItWhenEnabled_AnswerStays) {
+TEST_F(SuiteBoxInterference, OwnerUnloadsTheBoxWhenEnabled_AnswerStays) {
     onEnabled_ = UnloadTheBox;
     EXPECT_EQ(Ask(8, kEnter), 6);
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, OwnerUnloadsItWhenActivated_AnswerStays) {
+TEST_F(SuiteBoxInterference, OwnerUnloadsTheBoxWhenActivated_AnswerStays) {
     onActivated_ = UnloadTheBox;
     EXPECT_EQ(Ask(8, kEnter), 6);
     ExpectNothingIsLeft();
@@ -68,12 +68,12 @@ TEST_F(SuiteBoxInterference, OwnerDestroyedWhileOpen_Cancels) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(SuiteBoxInterference, HiddenByAnotherProgram_Cancels) {
+TEST_F(SuiteBoxInterference, BoxHiddenByAnotherProgram_Cancels) {
     EXPECT_EQ(Ask(8, {Do([](HWND box) { ShowWindow(box, SW_HIDE); })}), 2);
     ExpectNothingIsLeft();
 }
 
-// The system hides and shows owned windows when their owner is minimised and restored.
+// The system hides owned windows when their owner is minimised, and shows them when the owner is restored.
 TEST_F(SuiteBoxInterference, OwnerMinimisedAndRestored_BoxStaysOpen) {
     const auto minimiseAndRestore = Do([this](HWND box) {
         ShowOwnedPopups(owner_, FALSE);

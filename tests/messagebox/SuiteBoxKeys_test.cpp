@@ -1,5 +1,5 @@
-// Unusual keys in the suite's message box: held keys, translated captions, input methods, and combinations without a
-// meaning.
+// Tests unusual keys in the suite's message box: held keys, keys for translated captions, characters of input methods,
+// and combinations without a meaning.
 #include <gtest/gtest.h>
 
 #include "tests/messagebox/SuiteBoxTest.h"
@@ -9,7 +9,7 @@ namespace {
 
 class SuiteBoxKeys : public SuiteBoxTest {};
 
-TEST_F(SuiteBoxKeys, KeyHeldSinceBeforeOpening_IsIgnored) {
+TEST_F(SuiteBoxKeys, KeyHeldBeforeTheBoxOpens_IsIgnored) {
     for (const WORD key : {VK_RETURN, VK_SPACE, VK_ESCAPE}) {
         EXPECT_EQ(Ask(8 + 0x100, {FocusIsOn(L"&No"), Repeated(key), Repeated(key), Keys({VK_TAB}),
                                   FocusIsOn(L"Yes &To All"), Keys({VK_RETURN})}),
@@ -26,7 +26,7 @@ TEST_F(SuiteBoxKeys, CharacterWithoutAKey_CanBeAnAccessKey) {
 }
 
 TEST_F(SuiteBoxKeys, CombinationWithoutAMeaning_IsIgnored) {
-    // Control+I produces the character of Tab, Control+M that of Enter. Control+Alt is AltGr.
+    // Control+I produces the character of Tab, and Control+M produces the character of Enter. Control+Alt is AltGr.
     EXPECT_EQ(Ask(8 + 0x100, {FocusIsOn(L"&No"), Keys({VK_CONTROL, 'Y'}), Keys({VK_CONTROL, 'I'}),
                               Keys({VK_CONTROL, 'M'}), Keys({VK_CONTROL, VK_MENU, 'Y'}),
                               Keys({VK_CONTROL, VK_MENU, 'E'}), Character(0x20AC), Keys({VK_CONTROL, VK_RETURN}),

@@ -1,5 +1,5 @@
-// The layout of the suite's message box in pixels, and its use of system objects. All numbers are for 96 DPI: 15 twips
-// per pixel.
+// Tests the layout of the suite's message box in pixels, and the box's use of system objects. All numbers are for 96
+// DPI. One pixel has 15 twips.
 #include <gtest/gtest.h>
 
 #include "tests/messagebox/SuiteBoxTest.h"
@@ -12,7 +12,7 @@ namespace {
 
 using runtime::String;
 
-/// The size of `text` in the font of the box's buttons and label.
+/// Returns the size of `text` in the font of the box's buttons and label.
 SIZE SizeIn(HWND box, runtime::StringView text) {
     const HDC context = GetDC(box);
     const HGDIOBJ former = SelectObject(context, FontOf(ButtonOf(box, L"&Yes")));
@@ -100,7 +100,7 @@ TEST_F(SuiteBoxLayout, PromptOfAMegabyte_IsShownAndAnswered) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxLayout, ManyQuestions_LeakNothing) {
+TEST_F(SuiteBoxLayout, ManyQuestions_LeakNoSystemObjects) {
     ExpectNothingStays(2000, [this](int) { ASSERT_EQ(AskQuickly(), 6); });
     ExpectNothingIsLeft();
 }

@@ -1,4 +1,4 @@
-// The painted prompt of the suite's message box, compared pixel by pixel with the system's drawing of the text.
+// Tests the painted prompt of the suite's message box. Compares each pixel with the system's drawing of the text.
 #include <gtest/gtest.h>
 
 #include "tests/messagebox/SuiteBoxTest.h"
@@ -25,7 +25,7 @@ SIZE SizeOf(HWND window) {
     return {client.right, client.bottom};
 }
 
-/// A bitmap in memory with the format of the screen.
+/// A bitmap in memory. It has the format of the screen.
 class Canvas {
  public:
     Canvas(HDC like, SIZE size)
@@ -92,14 +92,14 @@ TEST_F(SuiteBoxPainting, PromptWithAmpersands_IsDrawnUnchanged) {
     });
 }
 
-TEST_F(SuiteBoxPainting, PromptWithNuls_DrawsThemAsBlanks) {
+TEST_F(SuiteBoxPainting, PromptWithNuls_NulsAreDrawnAsBlanks) {
     Look(StringView(u"first\0second\0", 13), [](HWND box) {
         EXPECT_EQ(TextOf(LabelOf(box)), u"first second ");
         EXPECT_TRUE(Shown(LabelOf(box)) == Drawn(box, u"first second ", DT_NOPREFIX));
     });
 }
 
-TEST_F(SuiteBoxPainting, BoxIsOpen_IconIsABlueMarkInAWhiteBubble) {
+TEST_F(SuiteBoxPainting, OpenBox_IconIsABlueMarkInAWhiteBubble) {
     Look(u"Overwrite?", [](HWND box) {
         const HWND icon = FindWindowExW(box, nullptr, L"Static", nullptr);
         constexpr int kSide = 32;
@@ -113,7 +113,7 @@ TEST_F(SuiteBoxPainting, BoxIsOpen_IconIsABlueMarkInAWhiteBubble) {
     });
 }
 
-TEST_F(SuiteBoxPainting, TitleWithANul_IsShownWhole) {
+TEST_F(SuiteBoxPainting, TitleWithANul_NulIsShownAsABlank) {
     const DialogDriver driver({Do([](HWND box) { EXPECT_EQ(TextOf(box), u"first second"); }), Keys({VK_ESCAPE})});
     EXPECT_EQ(dialogs::AskWithSuiteBox(u"prompt", 8, StringView(u"first\0second", 12)), 2);
 }

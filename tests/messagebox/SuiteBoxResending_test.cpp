@@ -1,5 +1,5 @@
-// The suite's message box resends a character together with Alt. It sends key strokes if the character has its own key
-// and the box is in the foreground; otherwise it posts the character.
+// The suite's message box sends a character again together with Alt. If the character has its own key and the box is in
+// the foreground, the box sends key strokes. Otherwise it posts the character.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -20,7 +20,7 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// Records the key strokes and characters with Alt that the thread receives: "key 59", "character 79".
+/// Records the keys and characters that the thread receives together with Alt: "key 59", "character 79".
 class AltLog {
  public:
     AltLog() : hook_(SetWindowsHookExW(WH_GETMESSAGE, Note, nullptr, GetCurrentThreadId())) { lines.clear(); }
@@ -48,7 +48,7 @@ class AltLog {
 
 class SuiteBoxResending : public SuiteBoxTest {
  protected:
-    /// Posts the character to the focused window. It works even if another window is in the foreground.
+    /// Posts the character to the focused window. This works even if another window is in the foreground.
     static DialogDriver::Step Posted(wchar_t character) {
         return Do([character](HWND) { PostMessageW(GetFocus(), WM_CHAR, character, 1); });
     }
@@ -62,7 +62,7 @@ TEST_F(SuiteBoxResending, Letter_IsResentAsAKey) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxResending, DigitOrSign_PressesTheButtonThatMarksIt) {
+TEST_F(SuiteBoxResending, DigitOrSign_PressesTheButtonThatMarksTheCharacter) {
     ChangedBox box([](ChangedBox& changed) {
         changed.Caption(0, u"&5");
         changed.Caption(1, u"&-");
@@ -85,7 +85,7 @@ TEST_F(SuiteBoxResending, BlankOrControlCharacter_IsNotResent) {
     ExpectNothingIsLeft();
 }
 
-/// On this keyboard, the at-sign is on Q with AltGr. AltGr is Control and Alt.
+/// On this keyboard, the at-sign is on Q with AltGr. The system sees AltGr as Control and Alt.
 SHORT WINAPI GermanKeyFor(wchar_t character) noexcept {
     return character == L'@' ? MAKEWORD('Q', 2 | 4) : static_cast<SHORT>(-1);
 }
@@ -101,8 +101,7 @@ TEST_F(SuiteBoxResending, CharacterNeedsAltGr_IsPostedAsACharacter) {
     ExpectNothingIsLeft();
 }
 
-/// A box whose buttons are marked with signs. On many keyboards, '+' shares a key with '=', and '~' shares one with
-/// '`'.
+/// A box whose captions mark signs. On many keyboards, '+' shares a key with '=', and '~' shares a key with '`'.
 class SignedBox : public ChangedBox {
  public:
     SignedBox()
@@ -120,9 +119,8 @@ class SignedBox : public ChangedBox {
     }
 
  private:
-    /// Some time after a window gets the focus, Wine receives the state of the keyboard from the display. That state
-    /// does not include keys that a program holds down. Once the display has returned a pixel, Wine has received the
-    /// state.
+    /// After a window gets the focus, Wine receives the state of the keyboard from the display. That state does not
+    /// include keys that a program holds down. When the display has returned a pixel, Wine has received the state.
     static void WaitForDisplay(HWND) {
         const HDC screen = GetDC(nullptr);
         GetPixel(screen, 0, 0);
@@ -179,14 +177,14 @@ TEST_F(SuiteBoxResending, ShiftOrControlIsHeld_SignIsTheSame) {
     }
 }
 
-/// Presses Caps Lock. Returns false if its state is not `isOn` afterwards.
+/// Presses Caps Lock. Returns false if Caps Lock is not in the state `isOn` afterwards.
 bool SwitchCapsLock(bool isOn) {
     SendKeys({VK_CAPITAL});
     runtime::DoEvents();
     return (GetKeyState(VK_CAPITAL) & 1) == (isOn ? 1 : 0);
 }
 
-// With Caps Lock on, the keys of some keyboards write other signs.
+// With Caps Lock on, the keys of some keyboards produce other signs.
 TEST_F(SuiteBoxResending, CapsLockIsOn_SignIsPostedAsACharacter) {
     SignedBox box;
     ASSERT_TRUE(SwitchCapsLock(true));
@@ -200,7 +198,7 @@ HWND WINAPI AnotherProgramsWindow() noexcept {
     return GetDesktopWindow();
 }
 
-TEST_F(SuiteBoxResending, AnotherProgramIsInFront_CharacterIsPosted) {
+TEST_F(SuiteBoxResending, AnotherProgramIsInTheForeground_CharacterIsPosted) {
     const auto askBehindIt = [this] {
         const ReplacedImport other("GetForegroundWindow", AnotherProgramsWindow);
         return Ask(8 + 0x300, {Posted(L'y')});

@@ -1,5 +1,5 @@
-// The suite's message box in a real window above a real owner, which records its messages. The test's steps use the
-// keyboard and the mouse through the system's input queue, as a user does.
+// Fixture for the suite's message box. The box is a real window above a real owner, and the fixture records the owner's
+// messages. The test's steps use the keyboard and the mouse through the system's input queue, as a user does.
 #pragma once
 
 #include <functional>
@@ -17,7 +17,7 @@ namespace tests {
 /// Presses Enter, which clicks the focused button.
 inline const Steps kEnter = {Keys({VK_RETURN})};
 
-/// A box that a test changes in its load handler, as the localisation does.
+/// A box that a test changes in the load handler, as the localisation does.
 class ChangedBox : public dialogs::frmQMXMsgBox {
  public:
     explicit ChangedBox(std::function<void(ChangedBox&)> change) : change_(std::move(change)) {}
@@ -48,7 +48,7 @@ class SuiteBoxTest : public AboveOwner<ComponentTest> {
     void OnOwnerMessage(UINT message, WPARAM wParam) override;
 
     std::vector<std::string> log_;  ///< the owner's messages
-    /// Actions of the owner when it is disabled, enabled or activated.
+    /// Actions when the owner is disabled, enabled or activated.
     std::function<void()> onDisabled_, onEnabled_, onActivated_;
 };
 

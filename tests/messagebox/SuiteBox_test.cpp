@@ -1,4 +1,4 @@
-// The suite's message box as a user operates it: keys, clicks, and all ways to close it.
+// Tests the suite's message box as a user operates it with keys and clicks. Also tests all ways to close the box.
 #include <gtest/gtest.h>
 
 #include "runtime/Error.h"
@@ -73,7 +73,7 @@ runtime::String TextInClipboard() {
     return copied;
 }
 
-TEST_F(SuiteBox, CtrlC_CopiesInTheFormatOfTheSystemsBox) {
+TEST_F(SuiteBox, CtrlC_CopiesTheTextAsTheSystemsBoxDoes) {
     const auto hasCopied = [](HWND) { return TextInClipboard().find(u"\u65E5?\r\n") != runtime::String::npos; };
     EXPECT_EQ(Ask(8, {FocusIsOn(L"&Yes"), Keys({VK_CONTROL, 'C'}), hasCopied, Keys({VK_RETURN})}, u"A\u65E5?"), 6);
     const runtime::String line = runtime::String(27, u'-') + u"\r\n";
@@ -124,13 +124,13 @@ TEST_F(SuiteBox, BusyPointer_IsRestored) {
     runtime::SetMousePointer(runtime::kDefaultPointer);
 }
 
-TEST_F(SuiteBox, DestroyedByAnotherProgram_Cancels) {
+TEST_F(SuiteBox, BoxDestroyedByAnotherProgram_Cancels) {
     EXPECT_EQ(Ask(8, {Do([](HWND box) { DestroyWindow(box); })}), 2);
     ExpectNothingIsLeft();
     EXPECT_EQ(Ask(8, kEnter), 6);
 }
 
-TEST_F(SuiteBox, QuitMessage_CancelsAndIsKeptForTheOuterLoop) {
+TEST_F(SuiteBox, QuitMessage_CancelsAndReachesTheOuterLoop) {
     EXPECT_EQ(Ask(8, {Do([](HWND) { PostQuitMessage(5); })}), 2);
     EXPECT_EQ(TakeQuit(), 5);
     ExpectNothingIsLeft();
@@ -171,7 +171,7 @@ TEST_F(SuiteBox, NestedBoxes_HaveTheirOwnAnswers) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, OuterBoxUnloaded_CancelsTheInnerOne) {
+TEST_F(SuiteBox, OuterBoxUnloaded_CancelsTheInnerBox) {
     std::int32_t inner = 0;
     const auto askInner = Do([&](HWND) { inner = dialogs::AskWithSuiteBox(u"Inner", 8, u""); });
     const auto unloadOuter = Do([](HWND) { runtime::LoadedForms().At(0).Unload(); });

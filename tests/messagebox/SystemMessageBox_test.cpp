@@ -1,4 +1,5 @@
-// The system's message box: a real one, shown by the runtime's port and operated from inside its modal loop.
+// Tests the system's message box. The runtime's port shows a real box, and the test operates the box from inside its
+// modal loop.
 #include <gmock/gmock.h>
 
 #include <algorithm>
@@ -30,7 +31,7 @@ using tests::Type;
 constexpr std::int32_t kHelpButton = 0x4000;
 const DialogDriver::Step kQuit = Do([](HWND) { PostQuitMessage(5); });
 
-/// What an open box shows.
+/// What an open box shows to the user.
 struct Seen {
     String title;
     String prompt;
@@ -155,7 +156,7 @@ TEST_F(SystemMessageBox, NoActiveWindow_DisablesTheThreadsWindows) {
     }
 }
 
-TEST_F(SystemMessageBox, NoActiveWindow_DisablesHiddenWindowsToo) {
+TEST_F(SystemMessageBox, NoActiveWindow_DisablesHiddenWindows) {
     LeaveNoWindowActive();
     ShowWindow(owner_, SW_HIDE);
     const auto look = [this](HWND box) {
@@ -186,7 +187,7 @@ TEST_F(SystemMessageBox, AnyCharacter_IsShownUnchanged) {
     EXPECT_TRUE(seen.promptStyle & SS_NOPREFIX);
 }
 
-TEST_F(SystemMessageBox, PromptWithANul_IsShownWhole) {
+TEST_F(SystemMessageBox, PromptWithANul_IsNotCut) {
     EXPECT_EQ(Look(MB_OK, StringView(u"first\0second", 12)).prompt, u"first second");
 }
 
@@ -217,7 +218,7 @@ TEST_F(SystemMessageBox, HandlerFails_CallerGetsTheError) {
     EXPECT_EQ(Show(MB_OK, {Type(VK_RETURN)}), 1);
 }
 
-TEST_F(SystemMessageBox, QuitMessage_CancelsAndIsKeptForTheOuterLoop) {
+TEST_F(SystemMessageBox, QuitMessage_CancelsAndReachesTheOuterLoop) {
     EXPECT_EQ(Show(MB_YESNO, {kQuit}), 2);
     EXPECT_EQ(TakeQuit(), 5);
     EXPECT_TRUE(IsWindowEnabled(owner_));
@@ -243,7 +244,7 @@ bool AskForHelp(HWND box) {
     return true;
 }
 
-/// Waits a few ticks, so that the box can handle its messages.
+/// Waits for five ticks of the driver, because the box must handle its messages first.
 DialogDriver::Step Pause() {
     return [ticks = 5](HWND) mutable { return --ticks == 0; };
 }
@@ -256,7 +257,7 @@ class MessageBoxHelp : public SystemMessageBox {
     DialogDriver::Step HelpIsAsked() {
         return [this](HWND) { return tests::RecordedHelp() != before_; };
     }
-    /// The calls since the test began.
+    /// Returns the calls of the help control since the test began.
     String NewCalls() const {
         const String now = tests::RecordedHelp();
         return now.starts_with(before_) ? now.substr(before_.size()) : now;
@@ -288,8 +289,8 @@ TEST_F(MessageBoxHelp, F1WithoutAHelpButton_OpensTheTopic) {
 
 TEST_F(MessageBoxHelp, HelpButton_OpensTheTopicAndTheBoxStays) {
     EXPECT_EQ(Show(MB_YESNO | kHelpButton, {Press(IDHELP), Pause(), Press(IDNO)}, u"", {u"C:\\a.chm", 7}), 7);
-    // Wine 8 and Wine 10 show the button but ignore it. Remove this exception and its entry in the list of deviations
-    // when Wine supports it.
+    // Wine 8 and Wine 10 show the button but ignore clicks on it. When a version of Wine supports the button, remove
+    // this exception and its entry in the list of deviations.
     EXPECT_EQ(NewCalls(), IsWine() ? u"" : Call(u"C:\\a.chm 15 7"));
 }
 
@@ -298,7 +299,7 @@ TEST_F(MessageBoxHelp, NoHelpFile_NothingIsOpened) {
     EXPECT_EQ(tests::RecordedHelp(), before_);
 }
 
-TEST_F(MessageBoxHelp, NestedBoxes_HaveTheirOwnHelp) {
+TEST_F(MessageBoxHelp, NestedBoxes_EachBoxOpensItsOwnHelp) {
     const auto showInner = [this](HWND) {
         EXPECT_EQ(box_.Show(u"Inner", MB_YESNO | kHelpButton, u"Title", {u"C:\\inner.chm", 2}), 7);
         return true;

@@ -1,4 +1,4 @@
-// What the query dialog gives to screen readers, in each of its kinds.
+// Tests what the query dialog reports to screen readers. Each kind of dialog is tested.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -25,15 +25,15 @@ class QueryForEverybody : public QueryTest {
                   kNoAnswer);
         return elements;
     }
-    /// All that is the same in each kind stands around `input`.
+    /// Returns the elements of a dialog. Only the element `input` depends on the kind.
     static auto With(const std::string& input) {
         return ElementsAre("dialog [Title] description [Which side?]", "static text [Which side?]", "Button [Accept]",
                            "Button [Cancel]", input, "Button [More...]");
     }
 };
 
-// Text boxes are called by the prompt. Wine does so for them only: for the others, Query_test looks at the hidden label
-// from which Windows takes the name.
+// A text box has the prompt as its name. On Wine, no other control has it. On Windows, the other controls get their
+// name from a hidden label. QueryWindow_test checks this label.
 TEST_F(QueryForEverybody, ScreenReader_GetsRoleNameStateAndValueOfEachKind) {
     EXPECT_THAT(ElementsOf(1), With("text [Which side?] focused value [abc]"));
     EXPECT_THAT(ElementsOf(2), With("ComboBox [abc]"));

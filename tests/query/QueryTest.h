@@ -1,5 +1,5 @@
-// The query dialog in a real window above a real owner. The test's steps use the keyboard and the mouse through the
-// system's input queue, as a user does.
+// Fixture for the query dialog. The dialog is a real window above a real owner. The test's steps use the keyboard and
+// the mouse through the system's input queue, as a user does.
 #pragma once
 
 #include "tests/support/ComponentFixture.h"
@@ -9,7 +9,7 @@
 
 namespace tests {
 
-/// The dialog's visible input control. Null if there is none.
+/// Returns the dialog's visible input control, or null.
 HWND InputOf(HWND dialog);
 
 /// Waits until the dialog is active and its input control has the focus.
@@ -19,7 +19,7 @@ class QueryTest : public AboveOwner<ComponentTest> {
  protected:
     /// Shows the dialog, runs `steps` and returns the answer.
     static Answer Ask(Question question, Steps steps);
-    /// Shows the dialog and accepts at once, without the driver's timer.
+    /// Shows the dialog and accepts directly, without the driver's timer.
     Answer AskQuickly(Question question);
 };
 

@@ -1,5 +1,5 @@
-// The layout of the query dialog in pixels, the content of its controls, and its use of system objects. All numbers are
-// for 96 DPI: 15 twips per pixel.
+// Tests the layout of the query dialog in pixels, the content of its controls, and its use of system objects. All
+// numbers are for 96 DPI. One pixel has 15 twips.
 #include <gtest/gtest.h>
 
 #include "runtime/win32/Handle.h"
@@ -42,7 +42,7 @@ TEST_F(QueryWindow, Controls_FollowTheInnerHeight) {
         const long inner = InnerHeightOf(dialog);
         EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"Accept")), (Place{288, 14, 75, 23}));
         EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"Cancel")), (Place{288, 46, 75, 23}));
-        // The button is 25 pixels high, the text box 21. The gaps are 4 and 8.
+        // The button is 25 pixels high, and the text box is 21 pixels high. The gaps are 4 and 8 pixels.
         EXPECT_EQ(PlaceIn(dialog, ButtonOf(dialog, L"More")), (Place{8, inner - 25, 361, 25}));
         EXPECT_EQ(PlaceIn(dialog, InputOf(dialog)), (Place{4, inner - 21 - 4 - 25, 365, 21}));
         EXPECT_EQ(PlaceIn(dialog, LabelOf(dialog)), (Place{4, 4, 277, inner - 21 - 8 - 25}));
@@ -63,7 +63,7 @@ TEST_F(QueryWindow, Controls_FollowTheInnerHeight) {
     });
 }
 
-/// The font of the form differs from that of its controls.
+/// Measures a digit in the form's font, which is not the font of the controls.
 long WidthOfADigitInTheFormsFont() {
     const runtime::win32::GdiFont font(
         CreateFontW(-11, 0, 0, 0, FW_NORMAL, FALSE, FALSE, FALSE, DEFAULT_CHARSET, 0, 0, 0, 0, L"MS Sans Serif"));
@@ -76,10 +76,10 @@ long WidthOfADigitInTheFormsFont() {
     return size.cx;
 }
 
-// The height is 8 + 3 + n lines of 195 twips each, and 315 twips for the text box. 8 is the number of lines in the
-// prompt. n is the width of the widest line divided by the label's width of 269 pixels, rounded. A digit of MS Sans
-// Serif is 6 pixels wide, but a substitute font may be wider. So the test measures a digit and makes the line as long
-// as needed.
+// The height is 8 + 3 + n lines of 195 twips each, and 315 twips for the text box. The prompt has 8 lines. n is the
+// width of the widest line divided by the label's width of 269 pixels, rounded. A digit of MS Sans Serif is 6 pixels
+// wide, but a digit of a substitute font may be wider. So the test measures a digit and makes the line as long as
+// needed.
 TEST_F(QueryWindow, WideLine_MakesTheDialogHigher) {
     const struct {
         long width;
@@ -100,7 +100,7 @@ TEST_F(QueryWindow, WideLine_MakesTheDialogHigher) {
     }
 }
 
-TEST_F(QueryWindow, LongPrompt_GrowsToTheScreenLessAMargin) {
+TEST_F(QueryWindow, LongPrompt_DialogIsAsHighAsTheScreenLessAMargin) {
     const long screen = GetSystemMetrics(SM_CYSCREEN);
     for (const int lines : {100, 2000}) {
         Look({.values = {u"abc"}, .prompt = Lines(lines, u"line"), .button = u"More"}, [screen](HWND dialog) {
@@ -132,7 +132,7 @@ TEST_F(QueryWindow, AnyCharacters_AreReturnedUnchanged) {
     }
 }
 
-TEST_F(QueryWindow, LineBreaksOfATextBlock_AreReturned) {
+TEST_F(QueryWindow, LineBreaksOfATextBlock_AreReturnedUnchanged) {
     for (const String& text : {String(u"a\r\nb\r\n\r\nc"), String(u"\r\n"), String(u"a\r\n")}) {
         EXPECT_EQ(AskQuickly({.kind = 4, .values = {text}}), (Answer{text, 0}));
     }
@@ -178,7 +178,7 @@ TEST_F(QueryWindow, Prompt_IsTheInputsAccessibleName) {
     }
 }
 
-TEST_F(QueryWindow, ManyQuestions_LeakNothing) {
+TEST_F(QueryWindow, ManyQuestions_LeakNoSystemObjects) {
     ExpectNothingStays(400, [this](int round) {
         for (const std::int32_t kind : kKinds) {
             Question question = Of(kind);

@@ -1,5 +1,5 @@
-// The query dialog in real windows: input controls, focus, keys, activation and other windows. The tests in dialogs/
-// cover the dialog's decisions. The message box tests cover modality and errors, which both dialogs share.
+// Tests the query dialog in real windows: input controls, focus, keys, activation and other windows. The tests in
+// dialogs/ cover the dialog's decisions. Both dialogs share modality and errors, which the message box tests cover.
 #include <gtest/gtest.h>
 
 #include "host/Composition.h"
@@ -29,7 +29,7 @@ DialogDriver::Step Shows(const String& text) {
     return [text](HWND dialog) { return TextOf(InputOf(dialog)) == text; };
 }
 
-/// Checks the selection of an edit control or of a combo box's edit control: its start and end.
+/// Waits until the selection of an edit control or a combo box is from `from` to `to`.
 DialogDriver::Step IsSelected(DWORD from, DWORD to) {
     return Do([from, to](HWND dialog) {
         const HWND edit = FindWindowExW(InputOf(dialog), nullptr, L"Edit", nullptr);
@@ -63,7 +63,7 @@ TEST_F(Query, Combo_ReturnsTheChosenItem) {
               (Answer{u"Z", 0}));
 }
 
-TEST_F(Query, DropDownList_StartsAtIndexReturnsSubscript) {
+TEST_F(Query, DropDownList_StartsAtTheIndexAndReturnsTheSubscript) {
     const Question question{.kind = 3, .values = {u"not shown", u"A", u"B", u"C"}, .index = 1};
     EXPECT_EQ(Ask(question, {FocusIsOnInput(), Shows(u"B"), kEnter}), (Answer{u"B", 2}));
     EXPECT_EQ(Ask(question, {FocusIsOnInput(), Keys({VK_DOWN}), Shows(u"C"), ClickOn(L"Accept")}), (Answer{u"C", 3}));
@@ -125,7 +125,7 @@ TEST_F(Query, ControlF1_OpensHelpAndF1DoesNot) {
     EXPECT_EQ(memory_.help.calls[0].opened, u"D:\\Pelorix\\Marlentine.chm");
 }
 
-TEST_F(Query, EveryActivation_MakesItTopmost) {
+TEST_F(Query, EveryActivation_MakesTheDialogTopmost) {
     const auto isTopmost = [](HWND dialog) { return (GetWindowLongW(dialog, GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
     HWND other = nullptr;
     const auto goAway = Do([&](HWND dialog) {
@@ -145,7 +145,7 @@ TEST_F(Query, EveryActivation_MakesItTopmost) {
     ExpectNothingIsLeft();
 }
 
-// The command unloads the main form and the dialog, and clients receive SHUTDOWN.
+// The command unloads the main form and the dialog. Clients receive SHUTDOWN.
 TEST_F(Query, ExCommand_Cancels) {
     host::MainForm().EnsureLoaded();
     const auto endAll = Do([](HWND) {
@@ -157,7 +157,7 @@ TEST_F(Query, ExCommand_Cancels) {
     ExpectNothingIsLeft();
 }
 
-/// A program may show a hidden window while the dialog is open, for example from a timer.
+/// A program may show a hidden window while the dialog is open, for example in a timer's handler.
 TEST_F(Query, WindowShownWhileOpen_IsDisabled) {
     ShowWindow(owner_, SW_HIDE);
     const auto showOwner = Do([this](HWND dialog) {

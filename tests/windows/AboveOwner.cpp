@@ -13,7 +13,7 @@ void ExpectNothingIsLeft(HWND owner) {
     EXPECT_EQ(ShownDialog(), nullptr);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
     runtime::DoEvents();
-    EXPECT_GE(GetAsyncKeyState(VK_MENU), 0) << "Alt is held";
+    EXPECT_GE(GetAsyncKeyState(VK_MENU), 0) << "Alt is still held down";
     GUITHREADINFO state{};
     state.cbSize = sizeof state;
     ASSERT_TRUE(GetGUIThreadInfo(GetCurrentThreadId(), &state));

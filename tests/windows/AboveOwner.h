@@ -1,5 +1,5 @@
-// A fixture with an active owner window for dialogs. It checks that the owner is in its initial state when they are
-// closed.
+// A fixture with an active owner window for dialogs. After the dialogs, a test checks that the owner is in its initial
+// state.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,10 +10,10 @@ namespace tests {
 
 /// Fails the test unless `owner` is enabled and active, all forms are unloaded, and no key or menu is active.
 void ExpectNothingIsLeft(HWND owner);
-/// Sends a click to a button of the innermost dialog, without the mouse.
+/// Sends a click to a button of the innermost dialog. This does not use the mouse.
 void PressInDialog(const wchar_t* caption);
 
-/// Base is a fixture of tests/support/, or testing::Test.
+/// `Base` is a fixture of tests/support/, or testing::Test.
 template <typename Base>
 class AboveOwner : public Base {
     static constexpr UINT kPress = WM_APP;
@@ -26,10 +26,10 @@ class AboveOwner : public Base {
     void SetUp() override { ASSERT_EQ(GetActiveWindow(), owner_); }
 
     void ExpectNothingIsLeft() const { tests::ExpectNothingIsLeft(owner_); }
-    /// Clicks the button as soon as the next dialog waits for input. It needs neither a driver nor its timer. The
-    /// caption is not copied and must stay valid.
+    /// Clicks the button as soon as the next dialog waits for input. No driver and no timer is necessary. The string
+    /// must outlive the dialog.
     void PressSoon(const wchar_t* caption) { PostMessageW(owner_, kPress, 0, reinterpret_cast<LPARAM>(caption)); }
-    /// Called for each message of the owner. Must not throw.
+    /// Called for each message of the owner. An override must not throw.
     virtual void OnOwnerMessage(UINT /*message*/, WPARAM /*wParam*/) {}
 
     const HWND owner_ = window_.Handle();

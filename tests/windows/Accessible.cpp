@@ -1,7 +1,7 @@
 #include "tests/windows/Accessible.h"
 
 #include <ole2.h>
-// After ole2.h, which it needs.
+// This header needs ole2.h.
 #include <oleacc.h>
 
 #include <functional>

@@ -1,4 +1,4 @@
-// What a screen reader is given for the windows of a dialog, one line for each element.
+// Describes what a screen reader receives for the windows of a dialog. Each element is one line.
 #pragma once
 
 #include <string>
@@ -8,12 +8,12 @@
 
 namespace tests {
 
-/// Of the dialog and its visible controls, in the order of the windows: "role [name] states", then "value [...]" and
-/// "description [...]" where there is one. Wine has no role for most of its own controls: there the line begins with
-/// the name of the window class. States are "focused", "unavailable" and "invisible".
+/// Describes the dialog and its visible controls in the order of the windows. A line has "role [name] states", then
+/// "value [...]" and "description [...]" if they exist. States are "focused", "unavailable" and "invisible". On Wine,
+/// most of Wine's own controls have no role. Then the line begins with the name of the window class.
 std::vector<std::string> AccessibleElementsOf(HWND dialog);
 
-/// The same of one window.
+/// Describes one window in the same form.
 std::string AccessibleElement(HWND window);
 
 }  // namespace tests

@@ -41,7 +41,7 @@ DialogDriver::~DialogDriver() {
     KillTimer(nullptr, timer_);
     current_ = nullptr;
     if (hasAskedToQuit_) TakeQuit();
-    EXPECT_EQ(next_, steps_.size()) << "steps done, and steps that there are";
+    EXPECT_EQ(next_, steps_.size()) << "some steps have not run";
 }
 
 void CALLBACK DialogDriver::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
@@ -55,7 +55,7 @@ void DialogDriver::Tick() {
         return;
     }
     if (!dialog || next_ == steps_.size()) return;
-    // The counter is advanced first, because the step may show another dialog, on which the next steps run.
+    // Advance the counter first, because the step may show another dialog. The next steps then run on that dialog.
     const std::size_t step = next_++;
     if (!steps_[step](dialog)) next_ = step;
 }
@@ -63,7 +63,7 @@ void DialogDriver::Tick() {
 void DialogDriver::GiveUp(HWND dialog) {
     if (!dialog) {
         if (hasAskedToQuit_) return;
-        ADD_FAILURE() << "something still waits, without a dialog, in step " << next_;
+        ADD_FAILURE() << "the test waits without an open dialog in step " << next_;
         hasAskedToQuit_ = true;
         PostQuitMessage(kTimedOut);
         return;

@@ -1,6 +1,6 @@
-// Operates the dialogs of the current thread, the system's and the suite's, from inside their modal loops. It runs a
-// list of steps, one after the other, on the innermost dialog. When the time is up, it closes the open dialogs and
-// fails the test. If no dialog is open then, it ends the waiting loop with a quit message.
+// Operates the system's and the suite's dialogs of the current thread from inside their modal loops. It runs a list of
+// steps on the innermost dialog. When the time is over, it closes the open dialogs and fails the test. If no dialog is
+// open, it ends the waiting loop with a quit message.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@ namespace tests {
 
 class DialogDriver {
  public:
-    /// Returns true when it is done. Otherwise it is called again a little later.
+    /// A step returns true when it is done. Otherwise the driver calls it again a little later.
     using Step = std::function<bool(HWND dialog)>;
 
     /// `longestWait` is in milliseconds.
@@ -36,7 +36,7 @@ class DialogDriver {
     UINT_PTR timer_;
 };
 
-/// The innermost visible and enabled dialog of this thread; null if there is none.
+/// Returns the innermost visible and enabled dialog of this thread, or null.
 HWND ShownDialog();
 
 }  // namespace tests

@@ -1,4 +1,4 @@
-// The driver itself: a test that would never end fails instead.
+// Tests the driver. If a dialog waits without end, the driver ends the wait and fails the test.
 #include "tests/windows/DialogDriver.h"
 
 #include <gtest/gtest-spi.h>
@@ -11,7 +11,7 @@ namespace {
 
 constexpr ULONGLONG kShortWait = 50;  // milliseconds
 
-/// Dispatches messages until a quit message arrives. Returns false if none arrives within ten seconds.
+/// Dispatches messages until a quit message arrives. Returns false if no quit message arrives within ten seconds.
 bool LoopUntilQuit() {
     const UINT_PTR limit = SetTimer(nullptr, 0, 10'000, nullptr);
     MSG message{};

@@ -7,8 +7,8 @@
 namespace tests {
 namespace {
 
-/// True if this process has the foreground and the focus is inside the dialog. If another program has taken the
-/// foreground, this takes it back.
+/// True if this process has the foreground and the focus is inside the dialog. If another program is in the foreground,
+/// the function brings this process back to the foreground.
 bool HasKeyboard(HWND dialog) {
     DWORD process = 0;
     GetWindowThreadProcessId(GetForegroundWindow(), &process);

@@ -1,4 +1,5 @@
-// Steps for a test's dialogs. They use the keyboard and the mouse through the system's input queue, as a user does.
+// Steps for dialogs in tests. The steps use the keyboard and the mouse through the system's input queue, as a user
+// does.
 #pragma once
 
 #include <functional>
@@ -10,20 +11,20 @@ namespace tests {
 
 using Steps = std::vector<DialogDriver::Step>;
 
-/// A button of the dialog, by its caption including the '&'. Null if there is none.
+/// Returns the dialog's button with this caption, or null. The caption includes the '&'.
 HWND ButtonOf(HWND dialog, const wchar_t* caption);
-/// The label in a dialog of the suite.
+/// Returns the label of a dialog of the suite.
 HWND LabelOf(HWND dialog);
 
-/// Presses the keys in order and releases them in reverse order: {VK_MENU, VK_F4} is Alt+F4.
+/// Presses the keys in order and releases the keys in reverse order. {VK_MENU, VK_F4} is Alt+F4.
 DialogDriver::Step Keys(std::vector<WORD> keys);
-/// Types a key through the dialog's message queue. It works even if another program has the keyboard.
+/// Types a key through the dialog's message queue. This works even if another program has the keyboard focus.
 DialogDriver::Step Type(WORD key);
-/// Posts a key press as the automatic repetition of a held key.
+/// Posts a key press that repeats a held key.
 DialogDriver::Step Repeated(WORD key);
-/// Sends a character to the focused window without a key, as an input method does.
+/// Sends a character without a key to the focused window, as an input method does.
 DialogDriver::Step Character(wchar_t character);
-/// Clicks the button with the identifier `id` by a message, without the mouse.
+/// Clicks the button with the identifier `id` by a message. This does not use the mouse.
 DialogDriver::Step Press(int id);
 /// Clicks a button of the dialog with the mouse.
 DialogDriver::Step ClickOn(const wchar_t* caption);

@@ -12,8 +12,9 @@
 namespace tests {
 namespace {
 
-/// The number of live objects of one kind. `told` is the system's count. If it is 0, the system cannot count them, and
-/// the number follows from the handle table: new objects first fill the free places and are then appended at the end.
+/// Returns the number of live objects of one kind. `told` is the system's count, or 0 if the system cannot count. In
+/// that case, the function creates objects until the system appends them at the end of the handle table. The number is
+/// then the last place less the number of created objects.
 template <typename Handle>
 long LiveObjects(DWORD told, Handle (*make)(), BOOL (*destroy)(Handle), int handlesPerPlace) {
     if (told != 0) return static_cast<long>(told);
@@ -66,7 +67,7 @@ long Windows() {
 }
 
 void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round) {
-    constexpr double kSlack = 20;  // the system's own objects vary
+    constexpr double kSlack = 20;  // the number of the system's own objects varies
     constexpr int kMinRounds = 40;
     constexpr int kFirstRounds = 10;
     const int rounds = Rounds(fullRounds, kMinRounds);

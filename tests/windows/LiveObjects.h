@@ -1,4 +1,4 @@
-// Counts the process's window system objects, so that a test can detect leaks.
+// Counts the process's window system objects. With the counts, a test detects leaks.
 #pragma once
 
 #include <functional>
@@ -7,12 +7,12 @@ namespace tests {
 
 long GdiObjects();
 long UserObjects();
-/// The windows of this thread, including child windows.
+/// Returns the number of this thread's windows, including child windows.
 long Windows();
 
-/// Runs `round` ten times as preparation, and then Rounds(fullRounds) times, which is at least 40. The later rounds
-/// must leave no object behind. The tolerance is 20 objects, for the system's own use, so a leak of one object per
-/// round is found. `round` gets its index.
+/// Runs `round` ten times as preparation, and then Rounds(fullRounds, 40) times. The later rounds must leave no object
+/// behind. The tolerance is 20 objects, because the system creates objects, too. A leak of one object per round is
+/// therefore found. `round` gets its index.
 void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round);
 
 }  // namespace tests

@@ -11,7 +11,7 @@
 namespace tests {
 namespace {
 
-/// Creates a child window of `parent`, or a top-level window without one.
+/// Creates a child window of `parent`. Creates a top-level window if `parent` is null.
 HWND MakeWindow(HWND parent = nullptr) {
     return CreateWindowExW(0, L"STATIC", L"", parent ? WS_CHILD : WS_POPUP, 0, 0, 1, 1, parent, nullptr, nullptr,
                            nullptr);

@@ -1,4 +1,5 @@
-// An active window that owns the dialogs of a test or benchmark and reports the messages that it receives.
+// An active window that owns the dialogs of a test or benchmark. After its creation and activation, it reports the
+// messages that it receives.
 #pragma once
 
 #include <functional>
@@ -9,7 +10,7 @@ namespace tests {
 
 class OwnerWindow {
  public:
-    /// Called before the default handling of a message. Must not throw.
+    /// The window calls the listener before the default handling of a message. The listener must not throw.
     using Listener = std::function<void(UINT message, WPARAM wParam, LPARAM lParam)>;
 
     /// Creates a visible and active window. `size` is in pixels.

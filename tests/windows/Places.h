@@ -1,4 +1,4 @@
-// The positions of windows, in pixels.
+// Reads the positions of windows in pixels.
 #pragma once
 
 #include <ostream>
@@ -17,12 +17,12 @@ struct Place {
 
 void PrintTo(const Place& place, std::ostream* out);
 
-/// The window's rectangle on the screen, including its frame.
+/// Returns the window's rectangle on the screen, including the frame.
 Place PlaceOf(HWND window);
-/// The rectangle relative to the client area of `parent`.
+/// Returns the rectangle relative to the client area of `parent`.
 Place PlaceIn(HWND parent, HWND child);
 
-/// Fails the test unless the window is centred. It tolerates half a pixel and allows positions off the screen.
+/// Fails the test unless the window is centred. Tolerates half a pixel, and allows positions off the screen.
 void ExpectCentred(HWND window);
 
 }  // namespace tests

@@ -1,4 +1,4 @@
-// Puts input into the system's queue, as the user's devices do, and takes messages out of the thread's queue.
+// Puts input into the system's queue, as the user's devices do. Also removes messages from the thread's queue.
 #pragma once
 
 #include <optional>
@@ -8,9 +8,9 @@
 
 namespace tests {
 
-/// Presses the keys in order and releases them in reverse order. Returns false if the system refuses them.
+/// Presses the keys in order and releases the keys in reverse order. Returns false if the system refuses the input.
 bool SendKeys(const std::vector<WORD>& keys);
-/// Holds a key down until it is destroyed.
+/// Holds a key down. The destructor releases the key.
 class HeldKey {
  public:
     explicit HeldKey(WORD key);
@@ -21,10 +21,11 @@ class HeldKey {
  private:
     WORD key_;
 };
-/// Clicks the left button at a position on the screen. Returns false if the system refuses it.
+/// Clicks the left button at a position on the screen. Returns false if the system refuses the click.
 bool SendClick(POINT place);
 
-/// Removes a waiting quit message from the queue. Returns its exit code, or none if there is no such message.
+/// Removes a waiting quit message from the queue. Returns the message's exit code, or no value if no quit message
+/// waits.
 std::optional<int> TakeQuit();
 
 }  // namespace tests

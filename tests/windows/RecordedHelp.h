@@ -1,14 +1,14 @@
-// Access to the help control for tests (RecordingHelp.cpp), which replaces the system's and records its calls.
+// Gives access to RecordingHelp.cpp, a help control for tests. It replaces the system's control and records its calls.
 #pragma once
 
 #include "runtime/Text.h"
 
 namespace tests {
 
-/// The full path of the help control for tests, for runtime::win32::HelpControl.
+/// Returns the full path of the help control for tests, for runtime::win32::HelpControl.
 runtime::String RecordingHelp();
 
-/// The calls in this process, one per line. Empty if the control is not loaded.
+/// Returns the calls in this process. Each call is one line. The text is empty if the control is not loaded.
 runtime::String RecordedHelp();
 
 }  // namespace tests

@@ -1,4 +1,4 @@
-// A help control that opens nothing and records its calls.
+// A help control that records its calls and opens nothing.
 #include <cstdint>
 #include <cstring>
 #include <string>
@@ -20,14 +20,15 @@ void* __stdcall HtmlHelpW(void* owner, const wchar_t* file, unsigned command, st
     return nullptr;
 }
 
-/// Its calls are recorded with the prefix "A ". Each byte of the name is recorded as the character with that number.
+/// The record of this function's calls begins with "A ". Each byte of the name is recorded as the character with that
+/// number.
 void* __stdcall HtmlHelpA(void* owner, const char* file, unsigned command, std::uintptr_t data) {
     Record() += L"A ";
     const auto* const bytes = reinterpret_cast<const unsigned char*>(file);
     return HtmlHelpW(owner, std::wstring(bytes, bytes + std::strlen(file)).c_str(), command, data);
 }
 
-/// The calls since the library was loaded, one per line: owner's window handle, file, command, data.
+/// Returns the calls since the library was loaded. Each call is one line: owner's window handle, file, command, data.
 const wchar_t* __stdcall Recorded() {
     return Record().c_str();
 }

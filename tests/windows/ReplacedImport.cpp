@@ -12,8 +12,8 @@ const Part* PartAt(const BYTE* program, std::size_t offset) {
     return reinterpret_cast<const Part*>(program + offset);
 }
 
-/// The place in the import table of `program` that holds the address of `entry` in `library`; null if it is not
-/// imported.
+/// Returns the place in the import table of `program` that holds the address of `entry` in `library`. Returns null if
+/// the program does not import `entry`.
 ULONG_PTR* ImportIn(BYTE* program, const IMAGE_IMPORT_DESCRIPTOR& library, std::string_view entry) {
     const auto* name = PartAt<IMAGE_THUNK_DATA>(program, library.OriginalFirstThunk);
     auto* place = reinterpret_cast<ULONG_PTR*>(program + library.FirstThunk);
@@ -37,7 +37,7 @@ ULONG_PTR* ImportOf(std::string_view entry) {
     return nullptr;
 }
 
-/// Writes to the import table. The loader may have made it read-only.
+/// Writes to the import table, which the loader may have made read-only.
 void WriteImport(ULONG_PTR* place, ULONG_PTR value) {
     DWORD before = 0;
     VirtualProtect(place, sizeof *place, PAGE_READWRITE, &before);

@@ -1,5 +1,5 @@
-// Replaces a function that this program imports from a system library, until the end of the block. A test records the
-// arguments of its calls or chooses their results. Only calls from the program's own code are replaced.
+// Replaces a function that this program imports from a system library until the end of the block. A test records the
+// arguments of the calls or chooses their results. Only calls from the program's own code are replaced.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"
@@ -8,8 +8,8 @@ namespace tests {
 
 class ReplacedImport {
  public:
-    /// `entry` is the exported name of the function, such as "SendInput". `replacement` has the same signature and
-    /// calling convention. Fails the test if the program does not import `entry`.
+    /// `entry` is the exported name of the function, for example "SendInput". `replacement` must have the same
+    /// signature and calling convention. Fails the test if the program does not import `entry`.
     template <typename Function>
     ReplacedImport(const char* entry, Function* replacement)
         : ReplacedImport(entry, reinterpret_cast<ULONG_PTR>(replacement)) {}

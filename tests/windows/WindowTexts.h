@@ -1,4 +1,4 @@
-// What windows report about themselves to programs and screen readers, and their fonts.
+// Reads the texts and fonts of windows. Also reads the names that windows report to screen readers.
 #pragma once
 
 #include <string_view>
@@ -11,15 +11,16 @@ namespace tests {
 
 bool IsClass(HWND window, std::wstring_view name);
 
-/// The caption, or the content of an input control, of any length.
+/// Returns the caption or the content of an input control. The text may have any length.
 using runtime::win32::TextOf;
 
-/// The window's font. The window owns it.
+/// Returns the window's font, which the window owns.
 HFONT FontOf(HWND window);
-/// The font's description. Fails the test if the window has no font.
+/// Returns the font's description. Fails the test if the window has no font.
 LOGFONTW FontDescriptionOf(HWND window);
 
-/// The name that a screen reader receives: "(no object)" without an accessible object, "(no name)" without a name.
+/// Returns the name that a screen reader receives. Returns "(no object)" if the window has no accessible object, and
+/// "(no name)" if the object has no name.
 runtime::String AccessibleNameOf(HWND window);
 
 }  // namespace tests
