@@ -1,7 +1,8 @@
-// The development kernel's entries. Any thread may call them. Texts are zero-terminated bytes in the system's ANSI code
-// page and are stored unchanged. A string with the value "" exists; its address is that of an empty text.
+// Implements the entries of the development kernel. Any thread may call them. Texts are zero-terminated bytes in the
+// system's ANSI code page. They are stored unchanged. A string with the value "" exists. Its address is the address of
+// an empty text.
 //
-// No exception leaves an entry. An entry that fails returns its failure value.
+// No exception leaves an entry. If an entry fails, it returns its failure value.
 #include <atomic>
 #include <cstring>
 
@@ -17,8 +18,8 @@ static_assert(sizeof(long) == sizeof(void*), "addresses are handed out as 32-bit
 
 constexpr long kOpenDesign = 1;
 constexpr const char* kDesignNameKey = "DESIGN_NAME";
-/// Prefixes of names in ThreadTexts. O_GetName and E_GetString use different ones, so that neither replaces the other's
-/// text of the same key.
+/// Prefixes of names in ThreadTexts. O_GetName and E_GetString use different prefixes, so that a text of one function
+/// does not replace a text of the other function with the same key.
 constexpr char kStringPrefix = 'E';
 constexpr char kNamePrefix = 'O';
 
@@ -31,8 +32,8 @@ struct Connection {
 /// Null before the first use. DllMain reads this pointer, because it must not connect while it holds the loader's lock.
 std::atomic<Connection*> connection = nullptr;
 
-/// Keeps the library in memory until the process ends. The compiler's static runtime frees neither its TLS slot nor its
-/// handles when a DLL is unloaded, and a program may load and free the library many times.
+/// Keeps the library in memory until the process ends, because the compiler's static runtime frees neither its TLS slot
+/// nor its handles when a DLL is unloaded. A program may load and free the library many times.
 void PinLibrary() {
     HMODULE library = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
@@ -45,8 +46,8 @@ Connection* Connect() {
     return connection;
 }
 
-/// The process's connection. The first call makes it; a failed attempt is repeated at the next call. It is never
-/// destroyed.
+/// Returns the process's connection. The first call makes the connection. If that fails, the next call tries again. The
+/// connection is never destroyed.
 Connection& Connected() {
     static Connection& connected = *Connect();
     return connected;
@@ -84,33 +85,35 @@ long Guarded(long failure, Body&& body) noexcept {
 
 extern "C" {
 
-/// Stores `value` under `key` and returns 1. On failure returns 0; the old value then stays.
+/// Stores `value` under `key` and returns 1. On failure, returns 0 and keeps the old value.
 long __stdcall E_SetString(const char* key, const char* value) {
     if (!key || !value) return 0;
     return Guarded(0, [&] { return Connected().strings.Set(key, value) ? 1L : 0L; });
 }
 
-/// Address of the text under `key`, or 0 if there is none. It is valid until this thread asks for the same key again or
-/// ends.
+/// Returns the address of the text under `key`, or 0 if there is no text. The address is valid until the same thread
+/// reads the same key again or ends.
 long __stdcall E_GetString(const char* key) {
     if (!key) return 0;
     return Guarded(0, [&] { return TextOf(key, kStringPrefix); });
 }
 
-/// Handle of the open design.
+/// Returns the handle of the open design.
 long __stdcall DB_DataBase() {
     return kOpenDesign;
 }
 
-/// Address of the object's name, or 0 if there is none. It is valid until this thread asks for it again or ends.
+/// Returns the address of the object's name, or 0 if there is no name. The address is valid until the same thread reads
+/// the same name again or ends.
 long __stdcall O_GetName(long handle) {
     if (handle != kOpenDesign) return 0;
     return Guarded(0, [] { return TextOf(kDesignNameKey, kNamePrefix); });
 }
 
-/// Lists the keys in byte order. Copies the first key after `afterKey`, or the first key of all if `afterKey` is null,
-/// to `keyBuffer`. A buffer that is null or has fewer than the needed `size` bytes stays unchanged. Returns the key's
-/// size in bytes including its NUL, 0 after the last key, or -1 if the strings cannot be reached.
+/// Lists the keys in byte order. Copies the first key after `afterKey` to `keyBuffer`. If `afterKey` is null, copies
+/// the first of all keys. `size` is the buffer's size in bytes. If the buffer is null or too small, it stays unchanged.
+/// Returns the key's size in bytes including its NUL. Returns 0 after the last key, and -1 if the strings cannot be
+/// reached.
 long __stdcall QmxDev_NextString(const char* afterKey, char* keyBuffer, long size) {
     return Guarded(-1, [&] {
         StringStore& strings = Connected().strings;

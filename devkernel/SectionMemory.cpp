@@ -14,7 +14,7 @@ using runtime::String;
 using runtime::win32::KernelHandle;
 using runtime::win32::Wide;
 
-/// In bytes. Views start at multiples of this size, which is a multiple of the page size.
+/// In bytes. A view starts at a multiple of this size. This size is a multiple of the page size.
 constexpr std::uint32_t kGranularity = 64 * 1024;
 
 struct LocalMemoryPolicy {
@@ -33,7 +33,7 @@ std::uint32_t RoundedUp(std::uint32_t size) {
     return (size + kGranularity - 1) / kGranularity * kGranularity;
 }
 
-/// The user's security identifier as text.
+/// Returns the user's security identifier as text.
 String UserSid() {
     HANDLE opened = nullptr;
     if (!OpenProcessToken(GetCurrentProcess(), TOKEN_QUERY, &opened)) Fail("cannot read the user of this process");
@@ -51,7 +51,8 @@ String UserSid() {
     return runtime::win32::ToString(text);
 }
 
-/// Grants access to all processes of the user, elevated or not, and to the system account. Denies it to all others.
+/// Grants access to all processes of the user, elevated or not, and to the system account. Denies access to all other
+/// accounts.
 LocalMemory UserOnly() {
     const String description = u"D:P(A;;GA;;;SY)(A;;GA;;;" + UserSid() + u")";
     PSECURITY_DESCRIPTOR descriptor = nullptr;

@@ -1,6 +1,6 @@
-// The string store's memory on Windows: one section backed by the paging file, and one mutex. Both have names in the
-// session's name space. Windows deletes them when the last process closes them. Pages are committed when they are
-// needed. A view grows with the stored strings, because the address space of a 32-bit process is scarce.
+// Implements the string store's memory on Windows with one mutex and one section backed by the paging file. Both have
+// names in the session's name space. Windows deletes them when the last process closes them. Pages are committed when
+// they are needed. A view grows with the stored strings, because the address space of a 32-bit process is small.
 #pragma once
 
 #include <array>
@@ -18,20 +18,20 @@ struct MappedViewPolicy {
 };
 using MappedView = runtime::win32::UniqueHandle<MappedViewPolicy>;
 
-/// Name of the development kernel's memory. The value of the environment variable QMXKRN2K_STORE becomes part of the
-/// name. Processes with different values share no strings.
+/// Returns the name of the development kernel's memory. The value of the environment variable QMXKRN2K_STORE becomes
+/// part of the name. Processes with different values share no strings.
 runtime::String DevelopmentStoreName();
-/// The largest size of the development kernel's strings in bytes, including keys and record heads.
+/// The maximum size of the development kernel's strings in bytes, including keys and record heads.
 inline constexpr std::uint32_t kDevelopmentStoreCapacity = 256u << 20;
 
-/// In milliseconds, longer than any use of the lock takes. If a process is stopped while it holds the lock, the next
-/// write of each other process waits this long. Later writes fail at once until the lock is free again.
+/// In milliseconds. This is longer than any operation holds the lock. If a process is stopped while it holds the lock,
+/// the next write of each other process waits this long. Later writes fail at once until the lock is free again.
 inline constexpr std::uint32_t kLockTimeout = 10'000;
 
 class SectionMemory : public SharedMemory {
  public:
-    /// Opens the memory `name`, or creates it. `capacity` is the size of each space in bytes. It is a multiple of 64
-    /// KiB and the same in all processes. A wait for the lock ends after `lockTimeout` milliseconds. Throws StoreError.
+    /// Opens or creates the memory `name`. `capacity` is the size of each space in bytes. It is a multiple of 64 KiB
+    /// and the same in all processes. A wait for the lock ends after `lockTimeout` milliseconds. Throws StoreError.
     SectionMemory(const runtime::String& name, std::uint32_t capacity, std::uint32_t lockTimeout = kLockTimeout);
 
     void Lock() override;
@@ -47,8 +47,8 @@ class SectionMemory : public SharedMemory {
  private:
     struct Space {
         MappedView view;
-        std::uint32_t mapped = 0;     ///< bytes
-        std::uint32_t committed = 0;  ///< bytes at the start of the view that are known to be committed
+        std::uint32_t mapped = 0;     ///< mapped bytes
+        std::uint32_t committed = 0;  ///< committed bytes at the start of the view
     };
 
     MappedView Map(std::uint64_t offset, std::uint32_t size) const;
@@ -61,7 +61,7 @@ class SectionMemory : public SharedMemory {
     runtime::win32::KernelHandle section_;
     MappedView header_;
     std::array<Space, 2> spaces_;
-    std::atomic<bool> isLockStuck_ = false;  ///< the last wait for the lock timed out
+    std::atomic<bool> isLockStuck_ = false;  ///< true if the last wait for the lock timed out
 };
 
 }  // namespace devkernel

@@ -1,6 +1,6 @@
-// Memory that several processes share, as the string store needs it: a few header words, two spaces of bytes that
-// grow on demand, and one lock. The interface hides the operating system, so that tests can run the store in ordinary
-// memory and stop it at any step.
+// The interface of the memory that several processes share and that the string store uses. It has a few header words,
+// two spaces of bytes that grow on demand, and one lock. The interface hides the operating system. Therefore tests can
+// run the store in ordinary memory and stop it at any step.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,8 @@
 
 namespace devkernel {
 
-/// The strings cannot be reached: the memory is missing, foreign or damaged, or its lock cannot be acquired.
+/// The strings cannot be reached, because the memory is missing, foreign or damaged, or because its lock cannot be
+/// acquired.
 class StoreError : public std::runtime_error {
  public:
     using std::runtime_error::runtime_error;
@@ -19,32 +20,33 @@ class StoreError : public std::runtime_error {
 enum class Word : std::uint32_t { kMagic, kVersion, kGeneration, kUsed0, kUsed1 };
 inline constexpr std::uint32_t kWordCount = static_cast<std::uint32_t>(Word::kUsed1) + 1;
 
-/// Any thread may call Lock and Unlock. Within a process, one thread at a time may call the other functions. Writing
-/// requires the lock, reading does not.
+/// Any thread may call Lock and Unlock. Within a process, one thread at a time may call the other functions. A writer
+/// must hold the lock. A reader does not need the lock.
 class SharedMemory {
  public:
     virtual ~SharedMemory() = default;
 
-    /// Waits for the lock. The lock is free if its owner has died. Throws StoreError if the wait takes too long.
+    /// Waits for the lock. If the lock's owner has died, the lock is free. Throws StoreError if the wait takes too
+    /// long.
     virtual void Lock() = 0;
     virtual void Unlock() noexcept = 0;
 
     virtual std::uint32_t Load(Word word) const = 0;
-    /// The value is visible to other processes at once and as a whole. It becomes visible after everything that was
-    /// written before it, and before everything that is written after it.
+    /// Stores `value`. Other processes see it at once and as a whole. They see it after all earlier writes and before
+    /// all later writes.
     virtual void Store(Word word, std::uint32_t value) = 0;
 
-    /// The largest size of each space, in bytes.
+    /// Returns the maximum size of each space, in bytes.
     virtual std::uint32_t Capacity() const = 0;
-    /// Makes the first `size` bytes of `space` (0 or 1) accessible to this process. False if there is no memory for
-    /// them.
+    /// Makes the first `size` bytes of `space` (0 or 1) accessible to this process. False if there is not enough
+    /// memory.
     virtual bool View(std::uint32_t space, std::uint32_t size) = 0;
-    /// Reads bytes that View made accessible. A writer may change the bytes during the call. A later Load is never
+    /// Reads bytes that View made accessible. A writer may change the bytes during the call. A later Load is not
     /// reordered before the read.
     virtual void Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const = 0;
     /// Writes bytes that View made accessible.
     virtual void Write(std::uint32_t space, std::uint32_t offset, const void* bytes, std::size_t size) = 0;
-    /// Ends this process's access to `space` until the next View.
+    /// Ends this process's access to `space`. View makes the space accessible again.
     virtual void Release(std::uint32_t space) noexcept = 0;
 };
 

@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::uint32_t kMagic = 0x4B584D51;  // "QMXK"
 constexpr std::uint32_t kVersion = 1;
-/// Bytes of outdated records that do not justify a rewrite.
+/// The store is not rewritten for fewer bytes of outdated records than this.
 constexpr std::uint64_t kSlack = 0x10000;
 
 /// The start of a record. The key's bytes follow, then the value's bytes, then padding.
@@ -24,10 +24,11 @@ std::uint64_t RecordSize(std::uint64_t keySize, std::uint64_t valueSize) {
 
 struct Record {
     RecordHead head;
-    std::uint32_t size;  ///< of the whole record, in bytes
+    std::uint32_t size;  ///< size of the whole record in bytes
 };
 
-/// The record at `offset` in the first `used` bytes of `space`. Throws StoreError if it does not fit into these bytes.
+/// Returns the record at `offset` in the first `used` bytes of `space`. Throws StoreError if the record does not fit
+/// into these bytes.
 Record ReadRecord(const SharedMemory& memory, std::uint32_t space, std::uint32_t offset, std::uint32_t used) {
     const std::uint32_t left = used - offset;
     RecordHead head{};
@@ -74,8 +75,8 @@ class Lockable {
 
 }  // namespace
 
-/// Updates the index and returns the result of `look`. Repeats this if the generation has changed, because a writer may
-/// have overwritten the bytes that were read. Errors of such an attempt are ignored.
+/// Updates the index and returns the result of `look`. If the generation has changed, ignores errors and repeats both
+/// steps, because a writer may have overwritten the bytes that were read.
 template <typename Look>
 auto StringStore::Read(const Look& look) {
     const std::scoped_lock lock(mutex_);
@@ -136,8 +137,8 @@ bool StringStore::IsCurrent() const {
     return memory_.Load(Word::kGeneration) == generation_;
 }
 
-/// Marks new memory as a string store. The magic number is written last, so that the memory stays new if the process
-/// dies before that.
+/// Marks new memory as a string store. Writes the magic number last. If the process dies before that step, the memory
+/// is still new.
 void StringStore::Attach() {
     if (memory_.Load(Word::kMagic) == 0) {
         memory_.Store(Word::kVersion, kVersion);
@@ -146,7 +147,7 @@ void StringStore::Attach() {
     RefuseForeignMemory();
 }
 
-/// Throws StoreError for foreign memory. New memory is accepted and has no strings.
+/// Throws StoreError for foreign memory. Accepts new memory, which has no strings.
 void StringStore::RefuseForeignMemory() const {
     const std::uint32_t magic = memory_.Load(Word::kMagic);
     if (magic == 0 || (magic == kMagic && memory_.Load(Word::kVersion) == kVersion)) return;
@@ -210,7 +211,8 @@ bool StringStore::Rewrite(std::string_view key, std::string_view value, std::uin
     return true;
 }
 
-/// Copies to the other space in the log's order. `size` is the total in bytes according to the index.
+/// Copies the records to the other space in the order of the log. `size` is the total size in bytes according to the
+/// index.
 void StringStore::CopyLiveRecordsExcept(std::string_view key, std::uint32_t size) {
     std::uint32_t copied = 0;
     for (std::uint32_t offset = 0; size > 0 && offset < seen_;) {

@@ -1,14 +1,15 @@
-// Named strings in shared memory. Keys and values are bytes of any length and content. Keys are compared exactly.
+// Stores named strings in shared memory. Keys and values are bytes of any length and content. Keys are compared
+// exactly.
 //
 // The memory has two spaces. The active space is a log. A change appends a record, which becomes visible when the
-// space's used size is written. When the outdated records need more bytes than the valid ones, the valid records are
-// copied to the other space, which becomes the active one when the generation is written. A process that dies between
-// any two steps leaves either the old or the new value. The memory in use stays in proportion to the strings.
+// space's used size is written. When the outdated records need more bytes than the valid records, the valid records are
+// copied to the other space. The other space becomes active when the generation is written. If a process dies between
+// any two steps, the string has either the old or the new value. The used memory stays in proportion to the strings.
 //
-// Each process has its own StringStore over the same memory, with its own index. Each call first updates the index from
-// the log. Any thread may call. Only a call that changes a string takes the memory's lock. The other calls copy what
-// they need and then compare the generation. If it has changed, they start again, because a writer may have overwritten
-// the bytes that they copied.
+// Each process has its own StringStore for the same memory, with its own index. Each call first updates the index from
+// the log. Any thread may call. Only a call that changes a string takes the memory's lock. The other calls copy the
+// data that they need and then compare the generation. If the generation has changed, the calls start again, because a
+// writer may have overwritten the copied bytes.
 #pragma once
 
 #include <cstddef>
@@ -32,19 +33,19 @@ class StringStore {
     StringStore(const StringStore&) = delete;
     StringStore& operator=(const StringStore&) = delete;
 
-    /// False if the memory is full; the old value then stays.
+    /// Stores `value` under `key`. If the memory is full, returns false and keeps the old value.
     bool Set(std::string_view key, std::string_view value);
     std::optional<std::string> Get(std::string_view key);
 
-    /// The first key in byte order.
+    /// Returns the first key in byte order.
     std::optional<std::string> FirstKey();
-    /// The first key after `key` in byte order. `key` itself need not exist.
+    /// Returns the first key after `key` in byte order. `key` itself may be missing.
     std::optional<std::string> KeyAfter(std::string_view key);
 
  private:
     struct Entry {
-        std::uint32_t offset = 0;  ///< of the record in the active space
-        std::uint32_t size = 0;    ///< of the record, bytes
+        std::uint32_t offset = 0;  ///< offset of the record in the active space
+        std::uint32_t size = 0;    ///< size of the record in bytes
     };
     using Index = std::map<std::string, Entry, std::less<>>;
 
@@ -65,10 +66,10 @@ class StringStore {
     std::uint32_t OtherSpace() const { return 1 - ActiveSpace(); }
 
     SharedMemory& memory_;
-    std::mutex mutex_;                         ///< guards the members below; taken after the memory's lock
+    std::mutex mutex_;                         ///< guards the members below; locked after the memory's lock
     std::optional<std::uint32_t> generation_;  ///< the generation that the index describes
     std::uint32_t seen_ = 0;                   ///< bytes of the active space that the index covers
-    std::uint32_t live_ = 0;                   ///< bytes of the valid records among them
+    std::uint32_t live_ = 0;                   ///< bytes of the valid records that the index covers
     Index index_;
 };
 

@@ -1,5 +1,5 @@
-// A model of one reader and one writer. The tests try every order in which the writer's steps can fall between the
-// reader's steps. The reader must find a complete value that was stored at some moment of its call.
+// Models one reader and one writer. The tests try every interleaving of the writer's steps and the reader's steps that
+// can change the result. The reader must return a complete value that the key had at some moment during the read.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -21,7 +21,7 @@ struct ModelState {
     std::array<std::array<std::byte, kModelCapacity>, 2> spaces{};
 };
 
-/// Runs the writer once and records the state after each of its steps. A step writes one byte or stores one word.
+/// Records the state after each of the writer's steps. A step writes one byte or stores one word.
 class WritersMemory : public SharedMemory {
  public:
     void Lock() override {}
@@ -53,20 +53,20 @@ class WritersMemory : public SharedMemory {
     std::vector<ModelState> states_{now_};
 };
 
-/// Replays the writer's states to a reader. The current order says how many of the writer's steps happen before each
-/// step of the reader. Only states that change what the reader's next step reads are tried, because the reader cannot
-/// tell the others apart. NextOrder selects the next order and returns false after the last one.
+/// Replays the writer's states to a reader. The current order determines how far the writer has advanced before each
+/// reader step. The class skips writer states that give the next reader step the same result, because the reader cannot
+/// distinguish them. NextOrder selects the next order and returns false after the last order.
 class ReadersMemory : public SharedMemory {
  public:
     explicit ReadersMemory(const std::vector<ModelState>& states) : states_(states) {}
 
-    void Lock() override { FAIL() << "reading takes no lock"; }
+    void Lock() override { FAIL() << "a read took the lock"; }
     void Unlock() noexcept override {}
     std::uint32_t Load(Word word) const override {
         const auto look = [word](const ModelState& state) { return state.words.at(static_cast<std::size_t>(word)); };
         return Step(look);
     }
-    void Store(Word, std::uint32_t) override { FAIL() << "reading changes nothing"; }
+    void Store(Word, std::uint32_t) override { FAIL() << "a read stored a word"; }
     std::uint32_t Capacity() const override { return kModelCapacity; }
     bool View(std::uint32_t, std::uint32_t size) override { return size <= kModelCapacity; }
     void Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const override {
@@ -75,10 +75,10 @@ class ReadersMemory : public SharedMemory {
         };
         std::memcpy(bytes, Step(look).data(), size);
     }
-    void Write(std::uint32_t, std::uint32_t, const void*, std::size_t) override { FAIL() << "reading changes nothing"; }
+    void Write(std::uint32_t, std::uint32_t, const void*, std::size_t) override { FAIL() << "a read wrote bytes"; }
     void Release(std::uint32_t) noexcept override {}
 
-    /// Starts the tested call of the reader. The writer makes no steps before it.
+    /// The next call of the reader is the tested call. The writer has not advanced before that call.
     void StartCall() { inCall_ = true; }
     std::size_t WritersSteps() const { return writersSteps_; }
     bool NextOrder() {
@@ -96,7 +96,7 @@ class ReadersMemory : public SharedMemory {
  private:
     struct Choice {
         std::size_t changes = 0;   ///< number of relevant changes before the reader's step
-        std::size_t possible = 0;  ///< the largest such number
+        std::size_t possible = 0;  ///< maximum of `changes`
     };
 
     template <typename Look>
@@ -110,7 +110,7 @@ class ReadersMemory : public SharedMemory {
         const std::size_t changes = order_[readersSteps_++].changes;
         if (changes > 0) writersSteps_ = Changes(look).at(changes - 1);
     }
-    /// The later states in which the result of `look` differs from that in the state before.
+    /// Returns the indexes of the later states that change the result of `look`.
     template <typename Look>
     std::vector<std::size_t> Changes(const Look& look) const {
         std::vector<std::size_t> changes;
@@ -127,7 +127,7 @@ class ReadersMemory : public SharedMemory {
     mutable std::size_t writersSteps_ = 0;
 };
 
-/// The value that a reader finds after the writer's step `step`.
+/// Returns the value that a reader finds after the writer's step `step`.
 std::optional<std::string> ValueAfter(const std::vector<ModelState>& states, std::size_t step) {
     const std::vector<ModelState> still{states.at(step)};
     ReadersMemory memory(still);
@@ -142,8 +142,8 @@ bool IsOneOfThese(const std::optional<std::string>& value, const std::vector<std
     return false;
 }
 
-/// Reads "k" in every order of the reader's steps and those in `writer`. The reader's store is new or, if `isWarm`, has
-/// read before the writer's steps. Returns the number of orders.
+/// Reads "k" once for each interleaving of the reader's steps with the recorded writer's steps. If `isWarm` is true,
+/// the reader reads once before the writer's steps. Otherwise its store is new. Returns the number of interleavings.
 std::size_t ReadInEveryOrder(const WritersMemory& writer, bool isWarm) {
     const std::vector<ModelState>& states = writer.States();
     std::vector<std::optional<std::string>> values;
@@ -160,14 +160,15 @@ std::size_t ReadInEveryOrder(const WritersMemory& writer, bool isWarm) {
         memory.StartCall();
         const std::optional<std::string> value = reader.Get("k");
         if (!IsOneOfThese(value, values, memory.WritersSteps() + 1)) {
-            ADD_FAILURE() << "found " << value.value_or("nothing");
+            ADD_FAILURE() << "the read returned " << (value ? "'" + *value + "'" : "no value")
+                          << ", which the key did not have during the read";
             return orders;
         }
     } while (memory.NextOrder());
     return orders;
 }
 
-/// Stores the writer's first string, then records the steps of `write`.
+/// Stores the writer's first string. Then runs `write` and records its steps.
 template <typename Write>
 WritersMemory StepsOf(const Write& write) {
     WritersMemory memory;
@@ -178,19 +179,19 @@ WritersMemory StepsOf(const Write& write) {
     return memory;
 }
 
-TEST(StringStoreModel, ReaderBesideTheFirstWrite_FindsNothingOrTheValue) {
+TEST(StringStoreModel, ReadDuringTheFirstWrite_FindsNothingOrTheValue) {
     WritersMemory memory;
     StringStore(memory).Set("k", "one");
     EXPECT_GT(ReadInEveryOrder(memory, false), 1u);
 }
 
-TEST(StringStoreModel, ReaderBesideAnAppend_FindsTheOldOrTheNewValue) {
+TEST(StringStoreModel, ReadDuringAnAppend_FindsTheOldOrTheNewValue) {
     const WritersMemory memory = StepsOf([](StringStore& writer) { EXPECT_TRUE(writer.Set("k", "two")); });
     EXPECT_GT(ReadInEveryOrder(memory, false), 1u);
     EXPECT_GT(ReadInEveryOrder(memory, true), 1u);
 }
 
-TEST(StringStoreModel, ReaderBesideTwoRewrites_FindsAValueThatWasThere) {
+TEST(StringStoreModel, ReadDuringTwoRewrites_FindsAValueOfThatTime) {
     const WritersMemory memory = StepsOf([](StringStore& writer) {
         EXPECT_TRUE(writer.Set("k", std::string(60, '2')));  // does not fit into the active space
         EXPECT_TRUE(writer.Set("k", std::string(52, '3')));
@@ -200,7 +201,7 @@ TEST(StringStoreModel, ReaderBesideTwoRewrites_FindsAValueThatWasThere) {
     EXPECT_GT(ReadInEveryOrder(memory, true), 20u);
 }
 
-TEST(StringStoreModel, ReaderBesideRewritesOfAnotherKey_FindsItsValue) {
+TEST(StringStoreModel, ReadDuringRewritesOfAnotherKey_FindsTheReadKeysValue) {
     const WritersMemory memory = StepsOf([](StringStore& writer) {
         EXPECT_TRUE(writer.Set("x", std::string(40, '2')));
         EXPECT_TRUE(writer.Set("x", std::string(44, '3')));

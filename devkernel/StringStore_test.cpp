@@ -1,4 +1,4 @@
-// The strings that processes share. The tests use ordinary memory and let a writer die after any of its steps.
+// Tests the strings that processes share. The tests use ordinary memory and let a writer die after any of its steps.
 #include "devkernel/StringStore.h"
 
 #include <gmock/gmock.h>
@@ -17,8 +17,8 @@ using testing::Optional;
 
 struct WriterDied {};
 
-/// Shared memory in ordinary memory. Several stores over one object act as several processes. Each written byte and
-/// each stored word is one step. The writer dies when `stepsLeft` is used up.
+/// Implements shared memory in ordinary memory. If several stores use one object, each store acts as a process. Each
+/// written byte and each stored word is one step. The writer dies when `stepsLeft` steps are done.
 class HeapMemory : public SharedMemory {
  public:
     explicit HeapMemory(std::uint32_t capacity) : capacity_(capacity) {}
@@ -60,10 +60,10 @@ class HeapMemory : public SharedMemory {
         std::memcpy(&spaces_.at(space).at(offset), &value, sizeof value);
     }
 
-    std::uint32_t available = UINT32_MAX;  ///< bytes of a space that the system grants
-    std::uint32_t peak = 0;                ///< the largest number of bytes used in a space
+    std::uint32_t available = UINT32_MAX;  ///< maximum number of bytes of a space that the system grants
+    std::uint32_t peak = 0;                ///< maximum number of bytes used in a space
     std::size_t stepsLeft = SIZE_MAX;
-    std::vector<std::uint32_t> released;  ///< spaces
+    std::vector<std::uint32_t> released;  ///< numbers of the released spaces
 
  private:
     using Bytes = std::vector<std::byte>;
@@ -82,7 +82,7 @@ class HeapMemory : public SharedMemory {
 
 constexpr std::uint32_t kRoom = 1 << 20;
 
-TEST(StringStore, HasNothingAtFirst) {
+TEST(StringStore, NewStore_HasNoStrings) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     EXPECT_EQ(store.Get("AllAps"), std::nullopt);
@@ -106,7 +106,7 @@ TEST(StringStore, ComparesKeysExactly) {
     EXPECT_THAT(store.Get(""), Optional(std::string("2")));
 }
 
-TEST(StringStore, KeepsEveryByte) {
+TEST(StringStore, AnyBytes_AreStoredUnchanged) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     const std::string value("\0\xFF,\n\0", 5);
@@ -114,7 +114,7 @@ TEST(StringStore, KeepsEveryByte) {
     EXPECT_THAT(store.Get(value), Optional(value));
 }
 
-TEST(StringStore, ListsItsKeysInByteOrder) {
+TEST(StringStore, Keys_AreListedInByteOrder) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     for (const char* key : {"b", "\xE9", "B", "a"}) store.Set(key, "x");
@@ -125,7 +125,7 @@ TEST(StringStore, ListsItsKeysInByteOrder) {
     EXPECT_EQ(store.KeyAfter("\xE9"), std::nullopt);
 }
 
-TEST(StringStore, WritesNothingWhenTheValueIsTheSame) {
+TEST(StringStore, SetToTheSameValue_WritesNothing) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     store.Set("key", "value");
@@ -144,7 +144,7 @@ TEST(StringStore, ReadingAndUnchangedSet_TakeNoLock) {
     EXPECT_TRUE(store.Set("key", "value"));
 }
 
-TEST(StringStore, ManyChanges_MemoryStaysInProportion) {
+TEST(StringStore, ManyChanges_UsedMemoryStaysInProportion) {
     HeapMemory memory(kRoom);
     StringStore writer(memory);
     StringStore reader(memory);
@@ -160,7 +160,7 @@ TEST(StringStore, ManyChanges_MemoryStaysInProportion) {
     EXPECT_THAT(reader.Get("often"), Optional(std::string(1000, 'b')));
 }
 
-TEST(StringStore, LeavesTheOldValueWhenMemoryIsFull) {
+TEST(StringStore, MemoryIsFull_OldValueIsKept) {
     HeapMemory memory(1000);
     StringStore store(memory);
     EXPECT_TRUE(store.Set("a", std::string(400, 'a')));
@@ -178,7 +178,7 @@ TEST(StringStore, ReplacesAValueThatFillsTheMemory) {
     EXPECT_THAT(store.Get("a"), Optional(std::string(980, 'b')));
 }
 
-TEST(StringStore, TakesValuesUpToTheLastByte) {
+TEST(StringStore, ValueUpToTheCapacity_IsStored) {
     HeapMemory memory(1000);
     StringStore store(memory);
     // A record has 8 bytes before its key and ends at a multiple of 4: 8 + 1 + 991 = 1000.
@@ -197,7 +197,7 @@ TEST(StringStore, Rewrite_ReleasesTheOldSpace) {
     EXPECT_EQ(memory.released, std::vector<std::uint32_t>{0});
 }
 
-TEST(StringStore, LeavesTheOldValueWhenTheSystemGrantsNoMemory) {
+TEST(StringStore, SystemGrantsNoMemory_OldValueIsKept) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     EXPECT_TRUE(store.Set("a", "old"));
@@ -218,7 +218,7 @@ TEST(StringStore, ViewFails_StoreError) {
     EXPECT_THAT(late.Get("a"), Optional(std::string(200, 'x')));
 }
 
-TEST(StringStore, RefusesForeignMemory) {
+TEST(StringStore, ForeignMemory_StoreError) {
     HeapMemory memory(kRoom);
     StringStore(memory).Set("a", "1");
     const std::uint32_t version = memory.Load(Word::kVersion);
@@ -242,7 +242,7 @@ TEST(StringStore, InvalidUsedSize_StoreError) {
     EXPECT_THAT(store.Get("a"), Optional(std::string("1")));
 }
 
-TEST(StringStore, RefusesRecordsThatRunOverTheEnd) {
+TEST(StringStore, RecordBeyondTheEnd_StoreError) {
     for (const std::uint32_t offset : {0u, 4u}) {  // the key's size, the value's size
         for (const std::uint32_t size : {100u, 0x7FFFFFFFu, 0xFFFFFFF0u, 0xFFFFFFFFu}) {
             HeapMemory memory(kRoom);
@@ -265,8 +265,8 @@ TEST(StringStore, OverwrittenRecord_StoreError) {
     EXPECT_THAT(store.Get("two"), Optional(std::string("b")));
 }
 
-/// Sets `key` with a writer that dies after 0, 1, 2 … steps, until one writer completes. After each death another
-/// process must find the complete old value and must be able to set the string.
+/// Sets `key` with a writer that dies after 0, 1, 2 … steps, until a writer completes. After each death, another
+/// process must read the complete old value and must be able to set the string.
 void CheckEveryDeath(std::uint32_t capacity, const std::string& newValue) {
     const std::string oldValue(300, 'o');
     std::size_t deaths = 0;
@@ -294,15 +294,15 @@ void CheckEveryDeath(std::uint32_t capacity, const std::string& newValue) {
     EXPECT_GT(deaths, newValue.size());
 }
 
-TEST(StringStore, SurvivesAWriterThatDiesAtAnyStepOfAppending) {
+TEST(StringStore, WriterDiesWhileAppending_OldValueIsComplete) {
     CheckEveryDeath(kRoom, std::string(280, 'n'));
 }
 
-TEST(StringStore, SurvivesAWriterThatDiesAtAnyStepOfRewriting) {
+TEST(StringStore, WriterDiesWhileRewriting_OldValueIsComplete) {
     CheckEveryDeath(700, std::string(280, 'n'));
 }
 
-TEST(StringStore, SurvivesAFirstUserThatDiesAtAnyStep) {
+TEST(StringStore, FirstUserDiesAtAnyStep_NextUserCanSetStrings) {
     std::size_t deaths = 0;
     for (bool died = true; died; ++deaths) {
         HeapMemory memory(kRoom);

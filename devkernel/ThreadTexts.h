@@ -1,5 +1,6 @@
-// The texts whose addresses the kernel has returned. Each thread has its own text under each name, so that an address
-// is valid until the same thread asks for the same name again. Calls of other threads do not affect it.
+// Stores the texts whose addresses the kernel has returned. Each thread has its own text under each name. An address is
+// valid until the same thread stores a text under the same name again. Calls of other threads do not affect the
+// address.
 #pragma once
 
 #include <cstdint>
@@ -12,10 +13,10 @@ namespace devkernel {
 /// Any thread may call. `thread` is the caller's identifier.
 class ThreadTexts {
  public:
-    /// Replaces the text of `thread` under `name` by `text`. Returns the address of its zero-terminated bytes.
+    /// Replaces the text of `thread` under `name` with `text`. Returns the address of the zero-terminated bytes.
     const char* Store(std::uint32_t thread, const std::string& name, std::string text);
     void Drop(std::uint32_t thread, const std::string& name);
-    /// Must be called when the thread ends.
+    /// Removes all texts of `thread`. Must be called when the thread ends.
     void DropAll(std::uint32_t thread);
 
  private:

@@ -1,4 +1,4 @@
-// How long the address of a text is valid while the same and other threads ask for more texts.
+// Tests how long the address of a text is valid while the same thread and other threads store more texts.
 #include "devkernel/ThreadTexts.h"
 
 #include <gtest/gtest.h>
@@ -18,14 +18,14 @@ TEST(ThreadTexts, OtherNamesAndThreads_AddressStaysValid) {
     EXPECT_STREQ(address, "short");
 }
 
-TEST(ThreadTexts, SameThreadAndName_NewText) {
+TEST(ThreadTexts, SameThreadAndName_NewTextReplacesTheText) {
     ThreadTexts texts;
     texts.Store(1, "key", "old");
     EXPECT_STREQ(texts.Store(1, "key", "new and a good deal longer than before"),
                  "new and a good deal longer than before");
 }
 
-TEST(ThreadTexts, Dropped_NameCanBeUsedAgain) {
+TEST(ThreadTexts, TextsDropped_NameCanBeUsedAgain) {
     ThreadTexts texts;
     texts.Drop(1, "never asked for");
     texts.DropAll(1);

@@ -1,7 +1,7 @@
-// The functions of QmxKrn2K.h for modules. Each one calls the kernel library that the component has loaded in this
-// process. They load no library themselves, so they never load a foreign library of that name.
+// Implements the functions of QmxKrn2K.h for modules. Each function calls the kernel library that the component has
+// loaded in this process. The functions do not load a library, so they never load a foreign library with that name.
 //
-// They use no exceptions and no standard library, so that programs in any language can link them.
+// The functions use no exceptions and no standard library, so that programs in any language can link them.
 #include "QmxKrn2K.h"
 
 #include <windows.h>
@@ -16,7 +16,7 @@ void Fail(DWORD code) {
     RaiseException(code, EXCEPTION_NONCONTINUABLE, 0, nullptr);
 }
 
-/// The entry `name` of the kernel. `found` caches its address; it is null before the first call.
+/// Returns the entry `name` of the kernel. `found` caches the address. It is null before the first call.
 template <typename Function>
 Function Entry(Function& found, const char* name) {
     if (found) return found;

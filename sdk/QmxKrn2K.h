@@ -1,11 +1,12 @@
-// The suite's kernel library, QmxKrn2K.dll, as a module calls it: named strings that all modules share ("kernel
-// strings"), and the name of the open design. The development kernel has the same four functions.
+// Declares the functions of the suite's kernel library, QmxKrn2K.dll, for modules. The library stores named strings
+// that all modules share ("kernel strings"), and the name of the open design. The development kernel has the same four
+// functions.
 //
-// Link with lib/libQmxKrn2K.a. It uses the library that is in memory at the first call; it does not load the library.
-// Create an instance of the component first, because the component finds and loads the kernel. The folder of your
-// program does not matter.
+// Link with lib/libQmxKrn2K.a. That library calls the kernel that is in memory at the first call. It does not load the
+// kernel. Create an instance of the component first, because the component finds and loads the kernel. Your program may
+// be in any folder.
 //
-// A call raises a structured exception, which ends a program that does not handle it:
+// A call raises a structured exception in two cases. The exception ends a program that does not handle it:
 //   0xC06D007E  no kernel is loaded in the process
 //   0xC06D007F  the kernel lacks the function
 //
@@ -26,21 +27,22 @@
 extern "C" {
 #endif
 
-/// Stores `value` under `key` for all modules. A new value replaces the old one as a whole. The kernel may rewrite the
-/// buffer of `value` in place, within its length, so pass a copy. Do not rely on the result. The development kernel
-/// returns 0 if it cannot store the value (null pointer, no memory, 10 seconds without the lock), else 1. No function
-/// removes a key; store "" instead.
+/// Stores `value` under `key` for all modules. A new value replaces the old value as a whole. The kernel may rewrite
+/// the buffer of `value` in place, within its length, so pass a copy. Do not rely on the result. The development kernel
+/// returns 1 on success. It returns 0 for a null pointer, if memory is short, or after 10 seconds without the lock. No
+/// function removes a key; store "" instead.
 long __stdcall E_SetString(const char* key, char* value);
 
-/// The address of the text under `key`, or a number <= 0 if there is none. Copy the text at once, because the address
-/// is valid only until the same thread asks for the same key again or ends. Never write to the text.
+/// Returns the address of the text under `key`, or a number <= 0 if there is no text. Copy the text at once, because
+/// the address is valid only until the same thread asks for the same key again or ends. Never write to the text.
 long __stdcall E_GetString(const char* key);
 
-/// The handle of the open design database, for O_GetName.
+/// Returns the handle of the open design database. Pass the handle to O_GetName.
 long __stdcall DB_DataBase(void);
 
-/// The address of the name of the object `handle`, or 0 if there is none. Copy the text at once, as with E_GetString.
-/// The development kernel knows only the handle that DB_DataBase returns. Its name is the text under "DESIGN_NAME".
+/// Returns the address of the name of the object `handle`, or 0 if there is no name. Copy the text at once, as with
+/// E_GetString. The development kernel knows only the handle that DB_DataBase returns. The object's name is the text
+/// under "DESIGN_NAME".
 long __stdcall O_GetName(long handle);
 
 #ifdef __cplusplus
