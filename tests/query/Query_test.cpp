@@ -29,7 +29,7 @@ DialogDriver::Step Shows(const String& text) {
     return [text](HWND dialog) { return TextOf(InputOf(dialog)) == text; };
 }
 
-/// Waits until the selection of an edit control or a combo box is from `from` to `to`.
+/// Checks that the selection of an edit control or a combo box is from `from` to `to`.
 DialogDriver::Step IsSelected(DWORD from, DWORD to) {
     return Do([from, to](HWND dialog) {
         const HWND edit = FindWindowExW(InputOf(dialog), nullptr, L"Edit", nullptr);

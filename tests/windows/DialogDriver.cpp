@@ -63,7 +63,7 @@ void DialogDriver::Tick() {
 void DialogDriver::GiveUp(HWND dialog) {
     if (!dialog) {
         if (hasAskedToQuit_) return;
-        ADD_FAILURE() << "the test waits without an open dialog in step " << next_;
+        ADD_FAILURE() << "the test waits without a dialog in step " << next_;
         hasAskedToQuit_ = true;
         PostQuitMessage(kTimedOut);
         return;
