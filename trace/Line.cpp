@@ -20,7 +20,7 @@ bool IsLowSurrogate(char16_t unit) {
     return unit >= 0xDC00 && unit <= 0xDFFF;
 }
 
-/// Controls, marks of line ends and of the direction of writing, and the bracket that ends a value.
+/// True for controls, line and direction marks, and the bracket that ends a value.
 bool NeedsEscape(char16_t unit) {
     const bool isControl = unit < 0x20 || (unit >= 0x7F && unit <= 0x9F);
     const bool isMark = (unit >= 0x200E && unit <= 0x200F) || (unit >= 0x2028 && unit <= 0x202E) ||
@@ -28,7 +28,7 @@ bool NeedsEscape(char16_t unit) {
     return isControl || isMark || unit == u']';
 }
 
-/// How many units from `text`'s first on are one character that a line can hold; 0 when the first must be escaped.
+/// Returns the number of units of the first character of `text`; 0 if the first unit must be escaped.
 std::size_t PlainLength(StringView text) {
     if (IsHighSurrogate(text[0])) return text.size() > 1 && IsLowSurrogate(text[1]) ? 2 : 0;
     if (IsLowSurrogate(text[0]) || NeedsEscape(text[0])) return 0;
@@ -61,7 +61,7 @@ void AppendName(std::string& line, std::string_view name) {
     line.append(" ").append(name).append("=[");
 }
 
-/// At most kMaxCharacters of `text`, without half a surrogate pair at the end.
+/// Returns at most kMaxCharacters of `text`, without half a surrogate pair at the end.
 StringView Cut(StringView text) {
     if (text.size() <= kMaxCharacters) return text;
     const bool splitsPair = IsHighSurrogate(text[kMaxCharacters - 1]) && IsLowSurrogate(text[kMaxCharacters]);

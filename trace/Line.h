@@ -1,8 +1,8 @@
-// One line of a trace: what happened, then NAME=[VALUE] for each value.
+// Builds one line of a trace. The line starts with the name of the event. NAME=[VALUE] follows for each value.
 //
-// A value never ends its line or its brackets: a control character, a line or direction mark, a lone surrogate and "]"
-// are written as \u{HEX}. A backslash stays as it is, so that paths can be read and searched for; only one that would
-// look like such an escape is written as \u{5C}. So every value can be read back.
+// A value cannot end its line or its brackets. A control character, a line or direction mark, a lone surrogate and "]"
+// are written as \u{HEX}. A backslash is normally unchanged, so that paths can be read and searched. If the backslash
+// would look like the start of an escape, it is written as \u{5C}. Therefore every value can be read back.
 #pragma once
 
 #include <chrono>
@@ -20,10 +20,10 @@ namespace trace {
 using runtime::String;
 using runtime::StringView;
 
-/// A longer value is cut to this many characters, and its length follows its brackets.
+/// A longer value is cut to this number of characters. Its length follows the brackets.
 constexpr std::size_t kMaxCharacters = 256;
 
-/// None of its functions throws: a line for which there is no memory is lost, and counted by the output.
+/// The functions do not throw. If memory is short, the line is lost, and the output counts the lost line.
 class Line {
  public:
     explicit Line(std::string_view event) noexcept {
@@ -31,16 +31,16 @@ class Line {
     }
 
     Line& Text(std::string_view name, StringView value) noexcept;
-    /// The beginning of a value that is `length` units long: at least kMaxCharacters of it, or all.
+    /// Adds a value of `length` units. `beginning` has at least kMaxCharacters of the value, or the whole value.
     Line& Beginning(std::string_view name, StringView beginning, std::size_t length, std::string_view units) noexcept;
-    /// A value that is not there: NAME= alone.
+    /// Adds a missing value: NAME= without brackets.
     Line& None(std::string_view name) noexcept;
     Line& Number(std::string_view name, std::int64_t value) noexcept;
-    /// As 0x and eight digits.
+    /// Adds a value as 0x and eight digits.
     Line& Hex(std::string_view name, std::uint32_t value) noexcept;
-    /// In milliseconds, as ms=[12.345].
+    /// Adds a time in milliseconds, as ms=[12.345].
     Line& Time(std::chrono::steady_clock::duration time) noexcept;
-    /// The number of a runtime error, and the description.
+    /// Adds the number of a runtime error and the error's description.
     Line& Error(const std::exception& error) noexcept;
     Line& Error(const std::exception_ptr& error) noexcept;
 
@@ -61,7 +61,8 @@ class Line {
     bool isLost_ = false;
 };
 
-/// Runs `call` and writes `line`: with what `describe(line, result)` adds to it, or the error; then the time.
+/// Runs `call` and writes `line`. On success, `describe(line, result)` adds values to the line. On failure, the line
+/// contains the error. The time of the call is the last value.
 template <typename Call, typename Describe>
 auto WriteCall(Output& output, Line line, Call&& call, Describe&& describe) {
     using Clock = std::chrono::steady_clock;

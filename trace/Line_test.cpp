@@ -21,7 +21,7 @@ std::string Whole(const Line& line) {
     return output.lines.at(0);
 }
 
-/// The value between brackets, as a reader of traces takes it.
+/// Returns the original value of an escaped value.
 String Unescaped(std::string_view value) {
     const String text = runtime::FromStrictUtf8(value).value();
     String read;
@@ -88,7 +88,7 @@ TEST(TraceLine, TextThatLooksLikeAnEscape_IsEscaped) {
     EXPECT_EQ(Unescaped(Value(u"\\u{41}")), u"\\u{41}");
 }
 
-TEST(TraceLine, LongValue_IsCutAndItsLengthNamed) {
+TEST(TraceLine, LongValue_IsCutAndLengthIsWritten) {
     EXPECT_EQ(Value(String(256, u'x')), std::string(256, 'x'));
     EXPECT_EQ(Whole(Line("e").Text("v", String(257, u'x')).Text("w", u"y")),
               "e v=[" + std::string(256, 'x') + "] cut from 257 characters w=[y]");
@@ -99,7 +99,7 @@ TEST(TraceLine, Cut_SplitsNoSurrogatePair) {
     EXPECT_EQ(Whole(Line("e").Text("v", text)), "e v=[" + std::string(255, 'x') + "] cut from 258 characters");
 }
 
-TEST(TraceLine, Beginning_NamesTheWholeLength) {
+TEST(TraceLine, Beginning_WholeLengthIsWritten) {
     EXPECT_EQ(Whole(Line("e").Beginning("v", u"abc", 3, "bytes")), "e v=[abc]");
     EXPECT_EQ(Whole(Line("e").Beginning("v", String(300, u'x'), 5000, "bytes")),
               "e v=[" + std::string(256, 'x') + "] cut from 5000 bytes");
@@ -110,7 +110,7 @@ TEST(TraceLine, TenMillionCharacters_AreOneShortLine) {
 }
 
 TEST(TraceLine, AnyValue_CanBeReadBack) {
-    // Mostly characters that the escape treats in some way.
+    // Most of these characters are relevant to the escape rules.
     constexpr StringView kTricky = u"\\u{}]5CD[\r\n\x7F\x85 Az\xD800\xDC00\xD83D\xDE00\u2028";
     std::mt19937 random(18);
     for (int i = 0; i < 2000; ++i) {
@@ -126,9 +126,9 @@ TEST(TraceLine, AnyValue_CanBeReadBack) {
     }
 }
 
-TEST(TraceLine, NoMemory_OnlyThatLineIsLost) {
+TEST(TraceLine, NoMemory_OnlyTheFailedLineIsLost) {
     tests::MemoryOutput output;
-    // Stands for want of memory: no string can be so long.
+    // No string can have this size, so the line fails as if memory were short.
     Line(std::string_view("", std::string().max_size() + 1)).Number("n", 1).WriteTo(output);
     Line("next").WriteTo(output);
     EXPECT_EQ(output.lost, 1);

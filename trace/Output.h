@@ -1,18 +1,19 @@
-// Where the lines of a trace go: a file under Windows, memory in tests.
+// The interface that receives the lines of a trace. Under Windows, a file receives them. In tests, memory receives
+// them.
 #pragma once
 
 #include <string_view>
 
 namespace trace {
 
-/// Used on any thread. Neither function throws, waits long, or lets events run.
+/// Any thread may call. The functions do not throw, do not wait long, and do not let events run.
 class Output {
  public:
     virtual ~Output() = default;
 
-    /// Takes one line without a line end. A line that cannot be written is lost and counted.
+    /// Writes one line without a line end. If the line cannot be written, it is lost and counted.
     virtual void Write(std::string_view line) noexcept = 0;
-    /// Counts a line that could not even be put together.
+    /// Counts a line that was lost before it was complete.
     virtual void CountLost() noexcept = 0;
 };
 

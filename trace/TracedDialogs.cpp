@@ -5,7 +5,7 @@
 namespace trace {
 namespace {
 
-/// Writes that a message is shown, then how it is answered.
+/// Writes a line when the message is shown and a line with its answer.
 template <typename Show>
 std::int32_t WriteMessage(Output& output, StringView box, StringView prompt, std::int32_t flags, StringView title,
                           Show&& show) {
@@ -14,7 +14,7 @@ std::int32_t WriteMessage(Output& output, StringView box, StringView prompt, std
                      [](Line& line, std::int32_t answer) { line.Number("answer", answer); });
 }
 
-/// For calls without a result.
+/// Does the same as WriteCall for a call without a result.
 template <typename Call>
 void WriteDone(Output& output, const Line& line, Call&& call) {
     WriteCall(

@@ -1,5 +1,5 @@
-// Messages, questions and help with a line when each is shown and one when it is answered: a box that nobody sees is
-// the last line of its thread.
+// Traces messages, questions and help. Writes a line when a message or question is shown and a line when it is
+// answered. If a message is open but not visible, its line is the last line of its thread.
 #pragma once
 
 #include "runtime/HelpPort.h"
@@ -11,7 +11,7 @@ namespace trace {
 
 class TracedMessageBox final : public runtime::MessageBoxPort {
  public:
-    /// Both must outlive it.
+    /// `output` and `box` must outlive the object.
     TracedMessageBox(Output& output, runtime::MessageBoxPort& box) : output_(output), box_(box) {}
 
     std::int32_t Show(StringView prompt, std::int32_t flags, StringView title,
@@ -24,7 +24,7 @@ class TracedMessageBox final : public runtime::MessageBoxPort {
 
 class TracedHelp final : public runtime::HelpPort {
  public:
-    /// Both must outlive it.
+    /// `output` and `help` must outlive the object.
     TracedHelp(Output& output, runtime::HelpPort& help) : output_(output), help_(help) {}
 
     void OpenContents(runtime::NativeHandle owner, StringView file) override;
@@ -35,7 +35,7 @@ class TracedHelp final : public runtime::HelpPort {
     runtime::HelpPort& help_;
 };
 
-/// The suite's dialogs, traced. `output` must outlive them.
+/// Returns a dialog function that also writes to the trace. `output` must outlive the function.
 services::SuiteMessageBox Traced(Output& output, services::SuiteMessageBox box);
 services::SuiteQuery Traced(Output& output, services::SuiteQuery query);
 

@@ -7,7 +7,7 @@
 namespace trace {
 namespace {
 
-/// The first two fields of a command: its addressee and its verb.
+/// Returns the first two fields of a command: the addressee and the verb.
 std::array<StringView, 2> BeginningOf(StringView command) {
     std::array<StringView, 2> begin;
     kernel_api::CommaFields fields(command);
@@ -36,7 +36,7 @@ Line TracedInstance::About(std::string_view event) const {
     return line;
 }
 
-/// Writes `begin`, then a line with the event `end` and the outcome of `call`: the error, if it fails, and the time.
+/// Writes `begin` and runs `call`. Then writes a line with the event `end`, the error if the call failed, and the time.
 template <typename Call>
 void TracedInstance::Write(const Line& begin, std::string_view end, Call&& call) {
     begin.WriteTo(output_);

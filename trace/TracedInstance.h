@@ -1,4 +1,4 @@
-// An instance with lines for its creation, each call of its client, each event and its release.
+// Traces an instance. Writes lines for its creation, its client's calls, its events and its release.
 #pragma once
 
 #include <functional>
@@ -14,7 +14,8 @@ class TracedInstance final : public host::ServiceObject {
  public:
     using Make = std::function<std::unique_ptr<host::ServiceObject>(host::NotifyServerEvent notifyServer)>;
 
-    /// Makes the instance, called `number` in the lines. Throws what that throws. `output` must outlive it.
+    /// Makes the instance. `number` identifies the instance in the lines. Throws the errors of `make`. `output` must
+    /// outlive the object.
     TracedInstance(Output& output, int number, host::NotifyServerEvent notifyServer, const Make& make);
 
     void Terminate() override;
@@ -25,13 +26,13 @@ class TracedInstance final : public host::ServiceObject {
     void AP_SendCmd(String module, String command) override;
     void AP_SendCmdAll(String command) override;
     void AP_Shell(String module, std::int16_t mode, StringView commandLine) override;
-    // Looking at what commands have set is no event.
+    // The diagnostics properties write no line, because reading them changes nothing.
     String CurrentDesignName() override { return instance_->CurrentDesignName(); }
     String LanguagePath() override { return instance_->LanguagePath(); }
     std::optional<String> Caption() override { return instance_->Caption(); }
 
  private:
-    /// The beginning of a line about this instance.
+    /// Starts a line about this instance.
     Line About(std::string_view event) const;
     template <typename Call>
     void Write(const Line& begin, std::string_view end, Call&& call);

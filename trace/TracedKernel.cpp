@@ -8,9 +8,9 @@ namespace {
 
 using kernel_api::TextPointer;
 
-/// No text is so near to 0: such an answer is a mistake of the kernel's, or a number.
+/// No text has an address below this value. A lower value is a mistake of the kernel, or a number.
 constexpr TextPointer kFirstAddress = 0x10000;
-/// Has kMaxCharacters in every code page.
+/// In every code page, this number of bytes contains at least kMaxCharacters characters.
 constexpr std::size_t kMaxBytes = 4 * kMaxCharacters;
 
 }  // namespace

@@ -1,5 +1,5 @@
-// The suite's kernel with a line for each call: the key, the value given and the value taken back, or the error, and
-// the time that the call took.
+// Traces the suite's kernel. Writes a line for each call: the key, the given value and the returned value, or the
+// error, and the time of the call.
 #pragma once
 
 #include "kernel_api/Kernel.h"
@@ -10,7 +10,7 @@ namespace trace {
 
 class TracedKernel final : public kernel_api::Kernel {
  public:
-    /// All must outlive it.
+    /// `output`, `kernel` and `locale` must outlive the object.
     TracedKernel(Output& output, kernel_api::Kernel& kernel, runtime::LocalePort& locale)
         : output_(output), kernel_(kernel), locale_(locale) {}
 

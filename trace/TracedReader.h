@@ -1,4 +1,5 @@
-// The built-in reader with a line for each setting and text that is asked for; of a setting it names the source.
+// Traces the built-in reader. Writes a line for each requested setting or text. The line of a setting contains its
+// source.
 #pragma once
 
 #include "kernel_api/builtin/BuiltInReader.h"
@@ -8,7 +9,7 @@ namespace trace {
 
 class TracedReader final : public kernel_api::Reader {
  public:
-    /// Both must outlive it.
+    /// `output` and `reader` must outlive the object.
     TracedReader(Output& output, kernel_api::builtin::BuiltInReader& reader) : output_(output), reader_(reader) {}
 
     void NormaliseFolder(String& folder) override;

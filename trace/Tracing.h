@@ -1,5 +1,5 @@
-// The trace of one process: what is put between the component and what it runs on, so that every event is written. Only
-// the composition knows of it, and only when a trace is asked for.
+// The trace of one process. It wraps the component's ports, kernel, reader, dialogs and instances, so that their calls
+// are written. Only the composition uses this class, and only if the environment requests a trace.
 #pragma once
 
 #include <functional>
@@ -18,20 +18,21 @@ namespace trace {
 
 class Tracing {
  public:
-    /// `ports` and `kernel` must outlive it.
+    /// `ports` and `kernel` must outlive the object.
     Tracing(std::unique_ptr<Output> output, const runtime::Ports& ports, kernel_api::Kernel& kernel);
     Tracing(const Tracing&) = delete;
     Tracing& operator=(const Tracing&) = delete;
     ~Tracing();
 
-    /// What the process is made with in the place of its own.
+    /// The composition must use these ports and this kernel in place of the original ones.
     const runtime::Ports& Ports() const { return ports_; }
     kernel_api::Kernel& Kernel() { return kernel_; }
-    /// Traces reader, dialogs, forms and events of the composition that was made with both.
+    /// Traces the reader, dialogs, forms and events of `composition`. The composition must have been made with Ports()
+    /// and Kernel().
     void Watch(host::Composition& composition);
 
     using Make = std::function<std::unique_ptr<host::ServiceObject>(host::NotifyServerEvent notifyServer)>;
-    /// The instance that `make` makes, traced.
+    /// Makes an instance with `make` and traces it.
     std::unique_ptr<host::ServiceObject> NewInstance(host::NotifyServerEvent notifyServer, const Make& make);
 
  private:

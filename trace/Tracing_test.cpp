@@ -1,4 +1,5 @@
-// A traced component in memory: what its trace says beside what kernel, message box and help were asked for.
+// Tests a traced component in memory. Compares the trace with the calls that the kernel, the message box and the help
+// received.
 #include "trace/Tracing.h"
 
 #include <gmock/gmock.h>
@@ -32,7 +33,7 @@ using ::testing::ElementsAre;
 using ::testing::IsSubsetOf;
 using Texts = std::vector<std::string>;
 
-/// The value of `name` in `line`; "(none)" without one.
+/// Returns the value of `name` in `line`; "(none)" if the line has no such value.
 std::string ValueOf(const std::string& line, const std::string& name) {
     const std::size_t at = line.find(" " + name + "=[");
     if (at == std::string::npos) return "(none)";
@@ -40,13 +41,13 @@ std::string ValueOf(const std::string& line, const std::string& name) {
     return line.substr(begin, line.find(']', begin) - begin);
 }
 
-/// A traced call of the kernel as the kernel in memory notes it; "" for another line.
+/// Returns the kernel call in a traced line, in the form of the log of InMemoryKernel. Returns "" for any other line.
 std::string KernelCallIn(const std::string& line) {
     const std::string name = line.substr(0, line.find(' '));
     if (name == "E_SetString") return name + "(" + ValueOf(line, "key") + ", " + ValueOf(line, "given") + ")";
     if (name == "E_GetString") return name + "(" + ValueOf(line, "key") + ")";
     if (name == "DB_DataBase") return name + "()";
-    // The answer of O_GetName has a value, its question a handle.
+    // The line of O_GetName also has a value. The log contains only the handle.
     return name == "O_GetName" ? name + "(" + ValueOf(line, "handle") + ")" : "";
 }
 
@@ -67,7 +68,7 @@ class TracedComponent : public tests::HeadlessTest {
             [](host::NotifyServerEvent event) { return std::make_unique<host::clsQmxBackProcess>(std::move(event)); });
     }
 
-    /// The lines since the last call, without times.
+    /// Returns the lines since the last call, without times.
     Texts Lines() {
         static const std::regex time(R"( ms=\[\d+\.\d{3}\])");
         Texts lines;
@@ -76,7 +77,7 @@ class TracedComponent : public tests::HeadlessTest {
         }
         return lines;
     }
-    /// Those that begin with one of `starts`.
+    /// Returns the lines since the last call that begin with one of `starts`.
     Texts LinesOf(const Texts& starts) {
         Texts lines = Lines();
         std::erase_if(lines, [&starts](const std::string& line) {
@@ -85,7 +86,7 @@ class TracedComponent : public tests::HeadlessTest {
         return lines;
     }
 
-    /// A handle on the output that the trace owns.
+    /// Passes lines to `output_`, because the trace owns its output.
     class Passing : public Output {
      public:
         explicit Passing(tests::MemoryOutput& output) : output_(output) {}
@@ -103,7 +104,7 @@ class TracedComponent : public tests::HeadlessTest {
     std::function<void(String& Aname, String& sCommand)> onEvent_;
 };
 
-TEST_F(TracedComponent, WholeLife_KernelCallsAreThoseThatTheKernelNotes) {
+TEST_F(TracedComponent, WholeLife_TracedKernelCallsEqualTheKernelsLog) {
     memory_.messageBox.answers = {1};
     auto instance = NewInstance();
     instance->Load(0);
@@ -132,7 +133,7 @@ TEST_F(TracedComponent, WholeLife_KernelCallsAreThoseThatTheKernelNotes) {
     EXPECT_EQ(output_.lost, 0);
 }
 
-TEST_F(TracedComponent, WholeLife_EachStepHasItsLine) {
+TEST_F(TracedComponent, WholeLife_EachStepIsWritten) {
     const auto instance = NewInstance();
     EXPECT_EQ(LinesOf({"create", "system folder"}),
               (Texts{"create instance=[1]", "system folder folder=[C:\\Pelorix\\sys\\]", "created instance=[1]"}));
@@ -152,7 +153,7 @@ TEST_F(TracedComponent, WholeLife_EachStepHasItsLine) {
                      "released instance=[1]"}));
 }
 
-TEST_F(TracedComponent, CreationFails_TheErrorIsWritten) {
+TEST_F(TracedComponent, CreationFails_ErrorIsWritten) {
     kernel_.FailOn("E_SetString(INITBP", Error(runtime::kFileNotFound));
     EXPECT_EQ(tests::ErrorOf([this] { NewInstance(); }), runtime::kFileNotFound);
     EXPECT_EQ(Lines(),
@@ -160,7 +161,7 @@ TEST_F(TracedComponent, CreationFails_TheErrorIsWritten) {
                      "created instance=[1] error=[53] text=[File not found]"}));
 }
 
-TEST_F(TracedComponent, LoadShutsItselfDown_TheReasonIsWritten) {
+TEST_F(TracedComponent, LoadUnloadsAllForms_ReasonIsWritten) {
     const auto instance = NewInstance();
     kernel_.FailOn("E_GetString(AllAps", Error(runtime::kOverflow, u"Overflow: field 2"));
     Lines();
@@ -197,7 +198,7 @@ TEST_F(TracedComponent, Commands_VerbAndErrorAreWritten) {
                             "NotifyMe done instance=[1]"}));
 }
 
-TEST_F(TracedComponent, OtherCalls_EachHasItsLine) {
+TEST_F(TracedComponent, OtherCalls_EachIsWritten) {
     const auto instance = NewInstance();
     Lines();
     instance->SetSeverPath(u"C:\\x");
@@ -213,7 +214,7 @@ TEST_F(TracedComponent, OtherCalls_EachHasItsLine) {
                "NotifyServer instance=[1] module=[EDITOR] command=[SHELL,-3,a.exe]", "AP_Shell done instance=[1]"}));
 }
 
-TEST_F(TracedComponent, SinkFails_TheErrorIsWritten) {
+TEST_F(TracedComponent, SinkFails_ErrorIsWritten) {
     const auto instance = NewInstance();
     onEvent_ = [](String&, String&) { throw Error(438); };
     Lines();
@@ -223,7 +224,7 @@ TEST_F(TracedComponent, SinkFails_TheErrorIsWritten) {
     onEvent_ = {};
 }
 
-TEST_F(TracedComponent, SinksWithinEachOther_ResultsAreWritten) {
+TEST_F(TracedComponent, SinkCalledInsideASink_BothResultsAreWritten) {
     host::Observer& observer = *host::CurrentObserver();
     observer.SinkCalled(1, u"EDITOR", u"OPEN");
     observer.SinkCalled(2, u"EDITOR", u"SAVE");
@@ -236,7 +237,7 @@ TEST_F(TracedComponent, SinksWithinEachOther_ResultsAreWritten) {
                               "sink answered connection=[1] result=[0x80020009]"}));
 }
 
-TEST_F(TracedComponent, Settings_TheSourceIsWritten) {
+TEST_F(TracedComponent, Settings_SourceIsWritten) {
     memory_.files.AddFile(u"C:\\Pelorix\\sys\\MARLENTO.INI", "[Marlento]\nJobDir=D:\\job\n");
     memory_.settings.Save(u"Marlento", u"Settings", u"LibDir", u"E:\\lib");
     const auto instance = NewInstance();
@@ -302,7 +303,7 @@ TEST_F(TracedComponent, Help_EachCallIsWritten) {
     EXPECT_EQ(memory_.help.calls.size(), 2u);
 }
 
-TEST_F(TracedComponent, FormRefusesOrFails_BothAreWritten) {
+TEST_F(TracedComponent, FormRefusesToUnloadOrFailsToLoad_BothAreWritten) {
     tests::HandledForm form{u"dialog"};
     form.EnsureLoaded();
     form.refusesUnload = true;
@@ -317,7 +318,7 @@ TEST_F(TracedComponent, FormRefusesOrFails_BothAreWritten) {
     EXPECT_EQ(Lines().back(), "form not loaded form=[dialog] error=[5] text=[Invalid procedure call or argument]");
 }
 
-TEST_F(TracedComponent, HostileValues_EachIsOneShortLine) {
+TEST_F(TracedComponent, HostileValues_EachGivesOneShortLine) {
     const auto instance = NewInstance();
     const char16_t lone[] = {u'A', u',', 0xD800, u'\r', u'\n', 0};
     const String hostile[] = {u"All,\r\nRD",
@@ -340,7 +341,7 @@ TEST_F(TracedComponent, HostileValues_EachIsOneShortLine) {
     }
 }
 
-TEST_F(TracedComponent, KernelAnswersNoAddress_NothingIsRead) {
+TEST_F(TracedComponent, KernelReturnsNoAddress_NothingIsRead) {
     class Strange : public tests::InMemoryKernel {
      public:
         kernel_api::TextPointer E_GetString(StringView) override { return answer; }
@@ -363,7 +364,7 @@ TEST_F(TracedComponent, KernelRewritesAValue_BothAreWritten) {
     EXPECT_EQ(Lines(), Texts{"E_SetString key=[JobDir] given=[given] back=[changed]"});
 }
 
-TEST_F(TracedComponent, LongTextOfTheKernel_BytesAreNamed) {
+TEST_F(TracedComponent, LongTextOfTheKernel_LengthInBytesIsWritten) {
     kernel_.Put(u"AllAps", String(5000, u'x'));
     tracing_.Kernel().E_GetString(u"AllAps");
     EXPECT_EQ(Lines(), Texts{"E_GetString key=[AllAps] value=[" + std::string(256, 'x') + "] cut from 5000 bytes"});
@@ -371,7 +372,7 @@ TEST_F(TracedComponent, LongTextOfTheKernel_BytesAreNamed) {
 
 class WithoutTrace : public tests::HeadlessComponentTest {};
 
-TEST_F(WithoutTrace, NothingIsInstalled) {
+TEST_F(WithoutTrace, NoObserverAndNoWrapperIsInstalled) {
     EXPECT_EQ(host::CurrentObserver(), nullptr);
     EXPECT_EQ(runtime::CurrentFormObserver(), nullptr);
     EXPECT_EQ(&kernel_api::CurrentKernel(), &kernel_);
@@ -379,7 +380,7 @@ TEST_F(WithoutTrace, NothingIsInstalled) {
     EXPECT_EQ(&runtime::CurrentPorts(), &ports_);
 }
 
-TEST(TraceEnd, TheObserverIsTakenBack) {
+TEST(TraceEnd, Observer_IsRemoved) {
     tests::MemoryPorts memory;
     const runtime::Ports ports = memory.All();
     tests::InMemoryKernel kernel;

@@ -56,7 +56,7 @@ void Watcher::SinkCalled(std::uint32_t connection, StringView Aname, StringView 
     try {
         callTimes_.push_back(Clock::now());
     } catch (const std::bad_alloc&) {
-        // The time of this call is then that of the one around it.
+        // The time of the enclosing sink call is then used for this call.
     }
 }
 

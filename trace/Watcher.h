@@ -1,4 +1,4 @@
-// Writes what the component's forms do, the errors that never reach a client, and how each client takes an event.
+// Writes what the component's forms do, the errors that never reach a client, and the result of each event sink.
 #pragma once
 
 #include <chrono>
@@ -11,7 +11,7 @@ namespace trace {
 
 class Watcher final : public host::Observer {
  public:
-    /// `output` must outlive it.
+    /// `output` must outlive the object.
     explicit Watcher(Output& output) : output_(output) {}
 
     void Loading(const runtime::Form& form) noexcept override;
@@ -30,7 +30,8 @@ class Watcher final : public host::Observer {
     using Clock = std::chrono::steady_clock;
 
     Output& output_;
-    /// When the sinks were called that have not answered yet: one may raise the event again from its handler.
+    /// The start times of the sink calls that have not returned. There may be several, because a sink's handler may
+    /// raise the event again.
     std::vector<Clock::time_point> callTimes_;
 };
 

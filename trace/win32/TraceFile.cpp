@@ -13,10 +13,11 @@ namespace {
 using runtime::win32::FileHandle;
 using runtime::win32::Wide;
 
-/// Files do not get so large.
+/// The lock is beyond the end of every real file.
 constexpr DWORD kLockOffsetHigh = 0x40000000;
 constexpr DWORD kLockedBytes = 1;
-/// Lines take a fraction of a millisecond, so the first attempts only let other threads run.
+/// Other writers need only a fraction of a millisecond for a line. Therefore the first attempts only let other threads
+/// run.
 constexpr int kAttemptsWithoutSleep = 50;
 
 OVERLAPPED At(std::uint64_t offset) {
@@ -47,13 +48,13 @@ runtime::String EnvironmentValue(const wchar_t* name) {
 }  // namespace
 
 std::unique_ptr<TraceFile> TraceFile::Open(const runtime::String& path) {
-    // A drive without a disk is no reason for a message of the system's.
+    // Suppress the system's message about a drive without a disk.
     const auto quiet = runtime::win32::QuietErrors(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
     FileHandle file(CreateFileW(Wide(path), GENERIC_READ | GENERIC_WRITE,
                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
     if (!file) return nullptr;
-    // Not a pipe or a console, which could keep the writer waiting.
+    // Refuse pipes and consoles, because they could block the writer.
     if (GetFileType(file.Get()) != FILE_TYPE_DISK) {
         SetLastError(ERROR_BAD_FILE_TYPE);
         return nullptr;
@@ -67,7 +68,7 @@ void TraceFile::Write(std::string_view line) noexcept {
     try {
         isWritten = WriteLocked(line);
     } catch (...) {
-        // Not enough memory for the line.
+        // There was not enough memory for the line.
     }
     if (!isWritten) CountLost();
 }
@@ -114,7 +115,7 @@ bool TraceFile::Append(std::string_view bytes) const {
     DWORD written = 0;
     const bool succeeded = WriteFile(file_.Get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, &place);
     if (succeeded && written == bytes.size()) return true;
-    // What has been written of a line must not stay.
+    // Remove the written part of an incomplete line.
     if (SetFilePointerEx(file_.Get(), end, nullptr, FILE_BEGIN)) SetEndOfFile(file_.Get());
     return false;
 }

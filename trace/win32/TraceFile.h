@@ -1,11 +1,13 @@
-// The file that a trace is written to. Each line begins with the local time, the process and the thread:
+// Writes a trace to a file. Each line begins with the local time, the process and the thread:
 //     2026-11-20 14:03:07.125 1234/5678 E_GetString key=[AllAps] value=[EDITOR,LIBRARY] ms=[0.021]
 //
-// Any number of processes and threads append to one file: a line is written under a lock, at the end that the file has
-// then. The lock is a byte range far behind that end, and the system releases it when its process ends. A process that
-// is stopped with the lock delays each of the others once, for kMaxWait; after that their lines are lost without a wait
-// until the lock can be had again. A line that cannot be written completely, on a full disk for example, is taken back.
-// The next line that is written then follows a line that names how many were lost.
+// Any number of processes and threads append to one file. A writer takes a lock and then writes the line at the end of
+// the file. The lock is a byte range far beyond that end. The system releases the lock when the process of its owner
+// ends.
+//
+// If a process is stopped while it holds the lock, each other process waits once for kMaxWait. Until the lock is free,
+// the other processes then lose their lines without waiting. If a line cannot be written completely, for example on a
+// full disk, its written part is removed. Before the next written line, a line reports the number of lost lines.
 #pragma once
 
 #include <atomic>
@@ -18,18 +20,19 @@
 
 namespace trace::win32 {
 
-/// Names the file. Without it, or when it is empty, nothing is traced.
+/// The environment variable that contains the path of the file. If the variable is missing or empty, nothing is traced.
 inline constexpr const wchar_t* kFileVariable = L"K4TBACKPROCESS_TRACE";
 
-/// How long a line waits for the lines of other threads and processes.
+/// The maximum time for which a line waits for other threads and processes.
 constexpr std::chrono::milliseconds kMaxWait{2000};
 
 class TraceFile final : public Output {
  public:
-    /// Opens the file at `path`, or creates it. None when it is no file or cannot be written; GetLastError says why.
+    /// Opens or creates the file at `path`. Returns null if the path is not a disk file or cannot be written.
+    /// GetLastError then returns the reason.
     static std::unique_ptr<TraceFile> Open(const runtime::String& path);
 
-    /// Leaves the thread's last error as it is, like CountLost.
+    /// Does not change the thread's last error. CountLost does not change it either.
     void Write(std::string_view line) noexcept override;
     void CountLost() noexcept override { ++lost_; }
 
@@ -42,12 +45,12 @@ class TraceFile final : public Output {
 
     const runtime::win32::FileHandle file_;
     std::timed_mutex threads_;
-    bool isBlocked_ = false;  ///< the last wait for another process was in vain
+    bool isBlocked_ = false;  ///< true if the last wait for another process timed out
     std::atomic<unsigned> lost_ = 0;
 };
 
-/// The file that the environment names. None when it names none, or one that cannot be opened: then the debugger gets a
-/// line that says so.
+/// Opens the file that the environment names. Returns null if the variable is missing or empty, or if the file cannot
+/// be opened. If it cannot be opened, sends a line to the debugger.
 std::unique_ptr<Output> OpenFromEnvironment();
 
 }  // namespace trace::win32

@@ -34,7 +34,7 @@ class TraceFileTest : public ::testing::Test {
 
     String Path(const char16_t* name = u"trace.txt") const { return (folder_ / name).u16string(); }
 
-    /// The lines without time, process and thread; one that does not begin with them is "bad: " and the line.
+    /// Returns the lines without time, process and thread. A line without this prefix becomes "bad: " and the line.
     std::vector<std::string> Lines() const {
         const std::regex prefix(kPrefix);
         std::ifstream file(std::filesystem::path(Path()), std::ios::binary);
@@ -47,7 +47,7 @@ class TraceFileTest : public ::testing::Test {
         return lines;
     }
 
-    /// Holds the lock as another process does in the middle of a line, with a handle of its own.
+    /// Takes the lock with a separate handle, as another process does while it writes a line.
     runtime::win32::FileHandle HoldLock() const {
         runtime::win32::FileHandle file(CreateFileW(runtime::win32::Wide(Path()), GENERIC_READ | GENERIC_WRITE,
                                                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -93,7 +93,7 @@ TEST_F(TraceFileTest, OpenFile_OthersMayReadAndDeleteIt) {
     file->Write("into the deleted file");
 }
 
-TEST_F(TraceFileTest, EmptiedFile_NextLineIsTheFirst) {
+TEST_F(TraceFileTest, EmptiedFile_NextLineIsTheFirstLine) {
     const auto file = TraceFile::Open(Path());
     file->Write("before");
     std::ofstream(std::filesystem::path(Path()), std::ios::binary | std::ios::trunc).close();
@@ -112,7 +112,7 @@ TEST_F(TraceFileTest, FolderPipeOrLockedFile_IsNotOpened) {
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_SHARING_VIOLATION));
 }
 
-TEST_F(TraceFileTest, VariableMissingOrUseless_NothingIsOpened) {
+TEST_F(TraceFileTest, VariableMissingOrInvalid_NothingIsOpened) {
     SetEnvironmentVariableW(kFileVariable, nullptr);
     EXPECT_EQ(OpenFromEnvironment(), nullptr);
     SetEnvironmentVariableW(kFileVariable, L"");
@@ -124,7 +124,7 @@ TEST_F(TraceFileTest, VariableMissingOrUseless_NothingIsOpened) {
     SetEnvironmentVariableW(kFileVariable, nullptr);
 }
 
-TEST_F(TraceFileTest, LockStaysHeld_OneWaitAndLostLinesAreCounted) {
+TEST_F(TraceFileTest, LockIsNotReleased_OneWaitAndLostLinesAreCounted) {
     const auto file = TraceFile::Open(Path());
     auto held = HoldLock();
     const auto start = Clock::now();
@@ -134,14 +134,14 @@ TEST_F(TraceFileTest, LockStaysHeld_OneWaitAndLostLinesAreCounted) {
     file->CountLost();
     EXPECT_GE(firstWait, kMaxWait);
     EXPECT_LT(Clock::now() - start, kMaxWait + std::chrono::seconds(2));
-    // As the system does when the process ends.
+    // The system does the same when the process ends.
     held.Reset();
     file->Write("again");
     file->Write("and again");
     EXPECT_EQ(Lines(), (Texts{"trace lines lost=[102]", "again", "and again"}));
 }
 
-TEST_F(TraceFileTest, LockIsHeldShortly_NothingIsLost) {
+TEST_F(TraceFileTest, LockIsHeldForAShortTime_NothingIsLost) {
     const auto file = TraceFile::Open(Path());
     auto held = HoldLock();
     std::thread writer([&] { file->Write("line"); });
