@@ -1,6 +1,7 @@
-# Functions for every folder's CMakeLists.txt: one library per folder, unit tests beside their source.
+# Defines functions for the CMakeLists.txt of every folder. Most folders have one library. Unit tests are in the folder
+# of the tested source.
 
-# Options for the project's own code. Third-party code is built without them.
+# These options apply to the project's code. Third-party code is built without these options.
 add_library(project_options INTERFACE)
 target_compile_features(project_options INTERFACE cxx_std_20)
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
@@ -12,11 +13,11 @@ else()
         $<$<COMPILE_LANGUAGE:CXX>:-Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual>)
 endif()
 if(WIN32)
-    # Windows 7 is the oldest supported system. Only wide functions are called without a suffix.
+    # Windows 7 is the oldest supported system. A Windows function without a suffix is the wide function.
     target_compile_definitions(project_options INTERFACE
         UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX _WIN32_WINNT=0x0601 WINVER=0x0601)
-    # The programs must not need a DLL of the compiler. Definition files contain undecorated export names, for which the
-    # linker finds the decorated functions.
+    # The programs must not need a DLL of the compiler. Definition files contain undecorated export names. For each
+    # name, the linker finds the decorated function.
     if(MSVC)
         set(CMAKE_MSVC_RUNTIME_LIBRARY "MultiThreaded$<$<CONFIG:Debug>:Debug>")
     else()
@@ -25,20 +26,20 @@ if(WIN32)
     endif()
 endif()
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # GCC 12 merges functions with equal code even if their calling conventions differ: it replaced an empty lambda in a
-    # std::function by a method that ends with "ret 4". The caller's stack was then wrong.
+    # GCC 12 merges functions with equal code even if their calling conventions differ. For example, GCC replaced an
+    # empty lambda in a std::function by a method that ends with "ret 4". The caller's stack pointer was then wrong.
     add_compile_options(-fno-ipa-icf)
     # -O3 would make the DLL a tenth larger and nothing faster that a client notices. Only host/com/ keeps it.
     string(REPLACE "-O3" "-O2" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
 endif()
-# Additional compiler options for the libraries. The tests are compiled without them.
+# These compiler options apply to the libraries. The tests are compiled without these options.
 set(instrumentation)
 if(K4T_SANITIZE)
     list(APPEND instrumentation -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()
 if(K4T_FUZZ)
-    # With this option, the libraries report to the fuzzer which branches an input takes.
+    # With this option, the libraries report the executed branches to the fuzzer.
     list(APPEND instrumentation -fsanitize=fuzzer-no-link)
 endif()
 if(K4T_COVERAGE)
@@ -46,13 +47,14 @@ if(K4T_COVERAGE)
     add_link_options(--coverage)
 endif()
 
-# Shipped programs have symbols (split_symbols): function names and lines. Paths are relative to the project.
+# Shipped programs have symbols with function names and line numbers (see split_symbols). Paths are relative to the
+# project's folder.
 set(symbols)
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_BUILD_TYPE STREQUAL "Release")
     set(symbols $<$<COMPILE_LANGUAGE:C,CXX>:-g1> $<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 endif()
 
-# compile_together(TARGET): compiles all sources of TARGET as one file, so that headers are read only once.
+# compile_together(TARGET): compiles all sources of TARGET as one file. The compiler then reads each header only once.
 function(compile_together target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ${K4T_UNITY} UNITY_BUILD_BATCH_SIZE 0)
 endfunction()
@@ -82,8 +84,8 @@ function(split_symbols target)
         VERBATIM)
 endfunction()
 
-# test_sources(TARGET): compiles the sources of TARGET as tests: as one file, and without optimisation, because
-# compiling takes longer than running.
+# test_sources(TARGET): sets the compiler options for tests. The sources of TARGET are compiled as one file and without
+# optimisation, because compiling the tests takes longer than running the tests.
 function(test_sources target)
     target_link_libraries(${target} PRIVATE project_options)
     if(WIN32 AND NOT MSVC)
@@ -114,8 +116,8 @@ function(unit_tests)
     set_property(GLOBAL APPEND PROPERTY unit_tests ${name})
 endfunction()
 
-# project_test(NAME name COMMAND … [NEEDS targets…] [WINE]): adds a test, and a target needs_NAME that builds what the
-# test needs. With WINE, the test runs in a new Wine prefix on its own display.
+# project_test(NAME name COMMAND … [NEEDS targets…] [WINE]): adds a test and a target needs_NAME. The target builds
+# everything that the test needs. With WINE, the test runs in a new Wine prefix on a new display.
 function(project_test)
     cmake_parse_arguments(ARG "WINE" "NAME" "COMMAND;NEEDS" ${ARGN})
     set(command ${ARG_COMMAND})
@@ -127,7 +129,7 @@ function(project_test)
     add_custom_target(needs_${ARG_NAME} DEPENDS ${ARG_NEEDS})
 endfunction()
 
-# wine_test(PROGRAM [NEEDS targets…]): adds a test that runs PROGRAM under Wine and has its name.
+# wine_test(PROGRAM [NEEDS targets…]): adds a test with the name PROGRAM that runs PROGRAM under Wine.
 function(wine_test program)
     cmake_parse_arguments(ARG "" "" "NEEDS" ${ARGN})
     project_test(NAME ${program} WINE NEEDS ${program} ${ARG_NEEDS}

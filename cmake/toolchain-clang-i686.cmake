@@ -1,5 +1,5 @@
-# Clang for the same target as toolchain-mingw-i686.cmake: it finds other warnings and other code that is not standard
-# C++. Headers and libraries are those of MinGW-w64's g++.
+# Selects clang for the target of toolchain-mingw-i686.cmake. Clang has other warnings than GCC and refuses some code
+# that GCC accepts. The headers and libraries are from MinGW-w64's g++.
 include(${CMAKE_CURRENT_LIST_DIR}/toolchain-mingw-i686.cmake)
 set(CMAKE_C_COMPILER clang)
 set(CMAKE_CXX_COMPILER clang++)

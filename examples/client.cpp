@@ -1,5 +1,5 @@
-// A client of the component in C++: early bound, with an event sink. It uses every member once and prints each step.
-// The exit code is 0 if every step succeeds.
+// This program is an early-bound client of the component in C++ with an event sink. It uses every member once and
+// prints each step. The exit code is 0 if every step succeeds.
 //
 // Compile it in this folder, with MinGW-w64 for 32-bit Windows:
 //     i686-w64-mingw32-g++ -static -I../include client.cpp -o client.exe -lole32 -loleaut32
@@ -12,7 +12,7 @@
 
 namespace {
 
-/// A COM call failed.
+/// Reports a failed COM call.
 struct ComError : std::exception {
     explicit ComError(HRESULT failed) : result(failed) {}
     HRESULT result;
@@ -40,8 +40,8 @@ struct FreeString {
 };
 using ComString = std::unique_ptr<OLECHAR, FreeString>;
 
-/// The event interface. The component calls Invoke with member 1, NotifyServer. Both arguments are strings by
-/// reference.
+/// Implements the event interface. The component calls Invoke with member 1, NotifyServer. Both arguments are strings
+/// by reference.
 class Events final : public IDispatch {
  public:
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
@@ -116,8 +116,8 @@ void Load(_clsQmxBackProcess& backProcess) {
 }
 
 void NotifyMe(_clsQmxBackProcess& backProcess, const wchar_t* name, const wchar_t* command) {
-    // Both strings are by reference: the component may replace them. The caller frees the strings that the call leaves
-    // there.
+    // Both strings are passed by reference. The component may replace the strings. The caller frees the strings after
+    // the call.
     BSTR nameText = SysAllocString(name);
     BSTR commandText = SysAllocString(command);
     const HRESULT result = backProcess.NotifyMe(&nameText, &commandText);

@@ -1,7 +1,7 @@
-// A client of the component in JScript: late bound. Run it with the 32-bit script host:
+// This script is a late-bound client of the component in JScript. Run the script with the 32-bit script host:
 //     cscript //nologo client.js
-// It uses every member and prints each step. The exit code is 0 if every step succeeds. The script host cannot connect
-// events to a late-bound object; client.cpp does.
+// The script uses every member and prints each step. The exit code is 0 if every step succeeds. The script host cannot
+// connect events to a late-bound object. client.cpp connects an event sink.
 
 var failures = 0;
 
@@ -18,7 +18,7 @@ function useEveryMember() {
     var backProcess = new ActiveXObject("K4TBackProcess.clsQmxBackProcess");
     WScript.Echo("created");
 
-    // Load takes its integer by reference. A plain variable can be passed; it keeps its value.
+    // Load takes its integer by reference. A plain variable can be passed. The variable keeps its value.
     var mode = 3;
     step("Load brings the main form up", backProcess.Load(mode), true);
     step("its argument afterwards", mode, 3);
@@ -37,7 +37,7 @@ function useEveryMember() {
     backProcess.NotifyMe(12, "All,UP");
     WScript.Echo("NotifyMe with a number as name: done");
 
-    // SeverPath accepts a string, but reading it always returns an empty one.
+    // SeverPath accepts a string, but reading SeverPath always returns an empty string.
     backProcess.SeverPath = "C:\\JOB";
     step("SeverPath after C:\\JOB was put", backProcess.SeverPath, "");
 

@@ -1,7 +1,7 @@
-' A client of the component in VBScript: late bound. Run it with the 32-bit script host:
+' This script is a late-bound client of the component in VBScript. Run the script with the 32-bit script host:
 '     cscript //nologo client.vbs
-' It uses every member and prints each step. The exit code is 0 if every step succeeds. The script host cannot connect
-' events to a late-bound object; client.cpp does.
+' The script uses every member and prints each step. The exit code is 0 if every step succeeds. The script host cannot
+' connect events to a late-bound object. client.cpp connects an event sink.
 Option Explicit
 
 Dim failures : failures = 0
@@ -15,7 +15,7 @@ Sub Step(what, got, expected)
     End If
 End Sub
 
-' Passes Null in place of a string. Prints the error and returns its number, or 0 if there is none.
+' Passes Null in place of a string. Prints the error and returns the error's number. Returns 0 if there is no error.
 Function ErrorOfNull(backProcess)
     On Error Resume Next
     backProcess.NotifyMe "EDITOR", Null
@@ -51,7 +51,7 @@ Sub UseEveryMember()
     backProcess.NotifyMe name, command
     Step "NotifyMe with a number as name, the command afterwards", command, "All,UP"
 
-    ' SeverPath accepts a string, but reading it always returns an empty one.
+    ' SeverPath accepts a string, but reading SeverPath always returns an empty string.
     backProcess.SeverPath = "C:\JOB"
     Step "SeverPath after C:\JOB was put", "[" & backProcess.SeverPath & "]", "[]"
 
@@ -62,7 +62,7 @@ Sub UseEveryMember()
     WScript.Echo "released"
 End Sub
 
-' An unexpected error ends UseEveryMember and is printed here.
+' An unexpected error ends UseEveryMember. The following lines print the error.
 On Error Resume Next
 UseEveryMember
 If Err.Number <> 0 Then

@@ -1,12 +1,13 @@
-; The installer of the component. scripts/package builds it with these definitions:
+; Installs the component. scripts/package builds the installer with these definitions:
 ;     VERSION   "1.0.0"
 ;     CLASS_ID  the identifier of the component's class, without braces
 ;     FILES     a generated script with the macros InstallFiles and InstallDevelopmentKernel
 ;     OUTPUT    the installer's file name
 ;
-; It installs for the current user, without administrator rights, or with /AllUsers for the machine. Options: /DevKernel
-; also installs the development kernel; /S asks nothing; /D=FOLDER (last, without quotes) chooses the folder.
-; Exit codes: 0 done, 1 cancelled by the user, 2 failed, 3 a file is in use and nothing was changed.
+; By default, installs for the current user without administrator rights. /AllUsers installs for the machine. /DevKernel
+; also installs the development kernel. /S asks no questions. /D=FOLDER chooses the folder. It must be the last option,
+; and FOLDER has no quotes. Exit codes: 0: the set-up is complete; 1: the user has cancelled; 2: the set-up has failed;
+; 3: a file is in use and nothing was changed.
 Unicode true
 SetCompressor /SOLID lzma
 !include FileFunc.nsh
@@ -18,7 +19,7 @@ SetCompressor /SOLID lzma
 !define REMOVAL_KEY "Software\Microsoft\Windows\CurrentVersion\Uninstall\K4TBackProcess"
 !define CLASS_KEY "Software\Classes\K4TBackProcess.clsQmxBackProcess"
 !define SERVER_KEY "Software\Classes\CLSID\{${CLASS_ID}}\InprocServer32"
-; The component saves the position of its window here, in the user's settings.
+; The component saves the position of its window in this key of the user's settings.
 !define SETTINGS_KEY "Software\VB and VBA Program Settings"
 
 Name "${PRODUCT} ${VERSION}"
@@ -32,7 +33,7 @@ VIAddVersionKey FileDescription "Installs the ${PRODUCT}"
 VIAddVersionKey FileVersion "${VERSION}.0"
 VIAddVersionKey LegalCopyright "Daventa"
 
-Var hasEntries ; "yes" if the uninstall entry in the registry belongs to this folder
+Var hasEntries ; "yes" if the registry's uninstall entry belongs to this folder
 Var scopeOption ; the tool's option for the scope: "--user", or empty for the machine
 Var record ; the list of installed files, open for writing
 
@@ -45,8 +46,8 @@ UninstPage instfiles
 !insertmacro RecordFunctions ""
 !insertmacro RecordFunctions "un."
 
-; Visitor for EachRecorded. If $wanted is in the list, sets $found to "ours" if the file is unchanged, else to
-; "recorded".
+; Visitor for EachRecorded. If $wanted is in the list, sets $found. The value is "ours" if the file is unchanged,
+; otherwise "recorded".
 Function FindWanted
   ${If} $path == $wanted
     StrCpy $found "recorded"
@@ -57,8 +58,8 @@ Function FindWanted
   ${EndIf}
 FunctionEnd
 
-; Ends the program if an earlier set-up installed without a list. It is unknown which files belong to that set-up, and
-; its uninstaller also deletes files of the suite.
+; Ends the program if an earlier set-up has installed files without a list. This set-up cannot know these files. The
+; earlier uninstaller also deletes files of the suite.
 Function RequireNoOldInstallation
   ReadRegStr $0 SHCTX "${REMOVAL_KEY}" UninstallString
   ${If} $0 == '"$INSTDIR\uninstall.exe"'
@@ -70,7 +71,7 @@ Function RequireNoOldInstallation
   ${EndIf}
 FunctionEnd
 
-; Ends the program if a file with this name exists that the set-up did not install.
+; Ends the program if a file with this name exists and the set-up has not installed this file.
 !macro RequirePlace file
   StrCpy $wanted "${file}"
   StrCpy $found ""
@@ -106,7 +107,8 @@ Function GiveUpWriting
     folder. The installation is incomplete: run this set-up again."
 FunctionEnd
 
-; One registration would hide the other. So each scope refuses to install if the other one is registered.
+; A registration in one scope would hide the registration in the other scope. Therefore the set-up refuses to install if
+; the other scope is registered.
 Function ChooseUser
   SetShellVarContext current
   StrCpy $scopeOption "--user"
@@ -136,8 +138,8 @@ Function ChooseMachine
   ${EndIf}
 FunctionEnd
 
-; All checks run before the first change. Then the unchanged files of an earlier set-up are deleted. A file that is
-; still there belongs to the user.
+; All checks run before the first change. The installer then deletes the unchanged files of an earlier set-up. A file
+; that still exists belongs to the user.
 Section "-Make room"
   ${Note} "Folder $INSTDIR"
   Call RequireRecord
@@ -196,7 +198,8 @@ Section "-Register"
   FileWrite $record "$0 $path$\r$\n"
   FileClose $record
 
-  ; A program that is started here searches the current folder for libraries, so that folder must be a safe one.
+  ; A program that the installer starts searches the current folder for libraries. Therefore the current folder must be
+  ; safe.
   SetOutPath $SYSDIR
   DetailPrint "Registering the component"
   nsExec::ExecToLog '"$INSTDIR\backproc.exe" register $scopeOption'
@@ -246,8 +249,8 @@ Function KeepDevelopmentKernel
 FunctionEnd
 
 ; Removes only what this folder's installation entered in the registry. If a later installation is in another folder,
-; the entries belong to the later one, and only the files here are removed. A registration from another folder stays while
-; its file exists.
+; the entries belong to the later installation. The uninstaller then removes only the files in this folder. A
+; registration from another folder stays while its file exists.
 Function un.onInit
   Push "Removal of ${PRODUCT} ${VERSION} from $INSTDIR"
   Call un.BeginLog
@@ -289,7 +292,7 @@ Function un.IsRegisteredElsewhere
   ${EndIf}
 FunctionEnd
 
-; The registration is removed first. After that, no program can load the component's file.
+; Remove the registration first. After that, no program can load the component's file through COM.
 Section Uninstall
   Call un.RefuseWhileInUse
   SetOutPath $SYSDIR
@@ -306,7 +309,7 @@ Section Uninstall
   ${EndIf}
   ${EachRecorded} un.RemoveIfOurs
   ; The uninstaller cannot delete itself if it runs in its own folder. The list then stays, because a later set-up needs
-  ; it to recognise the uninstaller.
+  ; the list to recognise the uninstaller.
   ${IfNot} ${FileExists} "$INSTDIR\${UNINSTALLER}"
     Delete "$INSTDIR\${RECORD}"
   ${EndIf}

@@ -1,6 +1,6 @@
 ; Records which files in the folder belong to the set-up. The list K4TBackProcess.files names each installed file and
 ; the SHA-256 of its contents. A file belongs to the set-up while its contents match the list. Every other file belongs
-; to the user: it is never replaced and never deleted.
+; to the user. The set-up never replaces or deletes a user's file.
 !define RECORD "K4TBackProcess.files"
 !define RECORD_HEAD "; What the set-up of K4TBackProcess put into this folder: SHA-256, file"
 !define HASH_LENGTH 64
@@ -10,7 +10,7 @@
 !define EXIT_IN_USE 3
 
 Var path ; the current file of the list, relative to $INSTDIR
-Var hash ; its SHA-256 in the list
+Var hash ; the SHA-256 of the current file in the list
 Var wanted ; the file that a visitor searches for
 Var found ; the visitor's result
 
@@ -44,10 +44,10 @@ Var found ; the visitor's result
 !macroend
 !define EachRecorded "!insertmacro EachRecorded"
 
-; An installer and an uninstaller cannot share functions, so each gets its own copy. UN is "" or "un.".
+; An installer and an uninstaller cannot share functions. Therefore each of them has a copy. UN is "" or "un.".
 !macro RecordFunctions UN
 
-; Pops a text. Appends it to the log file and shows it on the screen.
+; Pops a text. Appends the text to the log file and shows the text on the screen.
 Function ${UN}Note
   System::Store S
   Pop $0
@@ -69,7 +69,7 @@ Function ${UN}BeginLog
   ${Note} "$2-$1-$0 $4:$5:$6 $7"
 FunctionEnd
 
-; Pops a file name. Pushes the SHA-256 of the file's contents, or "" if it is empty or cannot be read.
+; Pops a file name. Pushes the SHA-256 of the file's contents, or "" if the file is empty or cannot be read.
 Function ${UN}HashFile
   System::Store S
   Pop $0
@@ -143,8 +143,8 @@ Function ${UN}IsOurs
   ${EndIf}
 FunctionEnd
 
-; Visitor: sets $found to an installed file that cannot be written, for example because its program is running. Ignores
-; the uninstaller, because it may be running now.
+; Visitor: sets $found to the name of an installed file that cannot be written, for example because the file's program
+; is running. Ignores the uninstaller, because the uninstaller may be running now.
 Function ${UN}FindInUse
   ${If} $path == "${UNINSTALLER}"
     Return
@@ -163,7 +163,7 @@ Function ${UN}FindInUse
   ${EndIf}
 FunctionEnd
 
-; While an installed file is in use, ends the program before anything is changed.
+; Ends the program before the first change if an installed file is in use.
 Function ${UN}RefuseWhileInUse
   ${Do}
     StrCpy $found ""
@@ -180,7 +180,8 @@ Function ${UN}RefuseWhileInUse
   ${Loop}
 FunctionEnd
 
-; Visitor: deletes an unchanged installed file and the folders that become empty. On failure, sets $found to the file.
+; Visitor: deletes an unchanged installed file and the folders that become empty. After a failure, sets $found to the
+; file's name.
 Function ${UN}RemoveIfOurs
   Call ${UN}IsOurs
   ${If} $0 == "yes"

@@ -1,4 +1,4 @@
-/* The smallest kernel library that the component can work with. Its strings belong to one process.
+/* Implements the smallest kernel library that the component can use. The library's strings belong to one process.
    Build it with a 32-bit compiler: i686-w64-mingw32-gcc -shared -static kernel.c kernel.def -o QmxKrn2K.dll */
 #include <stdlib.h>
 #include <string.h>

@@ -14,9 +14,9 @@ constexpr std::size_t kMaxBytes = 1'000'000;
 constexpr char kModuleList[] = "AllAps";
 constexpr char kComponent[] = "K4TBACKPROCESS";
 
-/// One lock for all queues and the module list. It is needed because an addition to a string takes two calls to the
-/// kernel: one to read it and one to replace it. If the owner is killed, the next waiter gets the lock; every string is
-/// still whole, because each call replaces a string at once.
+/// Locks all queues and the module list. The lock is needed because an addition to a string takes two calls to the
+/// kernel. One call reads the string, and one call replaces the string. If the owner is killed, the next waiting
+/// process gets the lock. Every string is still complete, because one call replaces the whole string.
 class Lock {
  public:
     Lock() : mutex_(CreateMutexW(nullptr, FALSE, kMutex)) {
@@ -43,7 +43,7 @@ std::string Get(const std::string& key) {
 
 /// Returns false if the kernel does not hold the value afterwards.
 bool Put(const std::string& key, const std::string& value) {
-    std::string buffer = value;  // the kernel may write into it
+    std::string buffer = value;  // the kernel may write into the buffer
     E_SetString(key.c_str(), buffer.data());
     return Get(key) == value;
 }
@@ -67,8 +67,8 @@ HWND MailboxOf(const std::wstring& module) {
     return IsName(module) ? FindWindowW(kWindowClass, module.c_str()) : nullptr;
 }
 
-/// Encodes a text in ASCII without control characters. The ANSI code page cannot change such a text, and tabs and line
-/// ends are free to be used as separators.
+/// Encodes a text in ASCII without control characters. The ANSI code page cannot change an ASCII text. The queues use
+/// tabs and line ends as separators.
 std::string Escaped(const std::wstring& text) {
     constexpr char kDigits[] = "0123456789ABCDEF";
     std::string escaped;
@@ -112,7 +112,7 @@ std::string Joined(const std::vector<std::string>& names) {
     return list;
 }
 
-/// Adds the module and the component. The component checks the list for its own name.
+/// Adds the module and the component to the list. The component checks the list for its own name.
 void AddToModuleList(const std::string& module) {
     std::vector<std::string> names = Split(Get(kModuleList));
     for (const std::string& name : {module, std::string(kComponent)}) {
@@ -133,14 +133,14 @@ Mailbox::Mailbox(std::wstring name, Handler handler)
     : name_(std::move(name)), handler_(std::move(handler)), message_(RegisterWindowMessageW(L"PELORIX")) {
     const Lock lock;
     if (!lock || !IsName(name_) || MailboxOf(name_) != nullptr) return;
-    // Drop what was sent to an earlier run of the module that was killed.
+    // Delete the commands for an earlier process of the module that was killed.
     Put(QueueOf(name_), "");
     WNDCLASSW windowClass{};
     windowClass.lpfnWndProc = WindowProcedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.lpszClassName = kWindowClass;
     RegisterClassW(&windowClass);
-    // The window is never shown. It is a top-level window because broadcast messages must reach it.
+    // The window is never shown. The window is a top-level window, because it must receive broadcast messages.
     window_ = CreateWindowW(kWindowClass, name_.c_str(), WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, windowClass.hInstance,
                             nullptr);
     if (window_ == nullptr) return;
@@ -163,8 +163,8 @@ Delivery Mailbox::Send(const std::wstring& module, const std::wstring& command) 
     if (!IsOpen() || addressee == nullptr) return Delivery::kGone;
     const std::string queue = Get(QueueOf(module)) + Ascii(name_) + '\t' + Escaped(command) + '\n';
     if (queue.size() > kMaxBytes || !Put(QueueOf(module), queue)) return Delivery::kBusy;
-    // This fails only if 10,000 messages are waiting for the addressee's thread. One of them is then an earlier
-    // notification, which is enough.
+    // This call fails only if 10,000 messages are waiting for the addressee's thread. An earlier notification is then
+    // among the messages, and one notification is enough.
     PostMessageW(addressee, message_, 0, 0);
     return Delivery::kStored;
 }
@@ -184,15 +184,16 @@ LRESULT CALLBACK Mailbox::WindowProcedure(HWND window, UINT message, WPARAM wPar
     return 0;
 }
 
-/// A handler may run a message loop, for example when it calls the component or shows a dialog. Commands that arrive
-/// during that time stay in the queue; otherwise they would overtake the commands that this call has taken.
+/// A handler may run a message loop, for example when it calls the component or shows a dialog. Commands that arrive in
+/// this loop stay in the queue. Otherwise the new commands would be handled before the commands that this call has
+/// taken.
 void Mailbox::Receive() {
     if (isReceiving_) return;
     isReceiving_ = true;
     const auto taken = TakeAll();
     for (const auto& [from, command] : taken) handler_(from, command);
     isReceiving_ = false;
-    if (!taken.empty()) PostMessageW(window_, message_, 0, 0);  // for commands that have arrived since
+    if (!taken.empty()) PostMessageW(window_, message_, 0, 0);  // for commands that have arrived during the handlers
 }
 
 std::vector<std::pair<std::wstring, std::wstring>> Mailbox::TakeAll() {

@@ -1,4 +1,5 @@
-// EDITOR, a module that works with LIBRARY. It prints the commands that arrive. build.cmd compiles it.
+// Implements EDITOR, a module that works with LIBRARY. EDITOR prints the commands that arrive. build.cmd compiles this
+// file.
 #include "module.h"
 
 namespace {

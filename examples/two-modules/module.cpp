@@ -26,7 +26,7 @@ std::string Utf8(const std::wstring& wide) {
     return utf8;
 }
 
-/// A BSTR that the module owns. The component may replace a BSTR that is passed by reference.
+/// Owns a BSTR. The component may replace a BSTR that is passed by reference.
 class Text {
  public:
     Text() = default;
@@ -81,8 +81,8 @@ class Sink final : public IDispatch {
     ULONG references_ = 1;
 };
 
-/// Reads standard input and posts each line to the window. The thread ends with the input or with the program. It does
-/// not use std::cin, because a program that exits would wait for a thread that is reading from std::cin.
+/// Reads standard input and posts each line to the window. The thread ends at the end of the input or of the program.
+/// The thread does not use std::cin, because the program's exit would wait for a thread that reads from std::cin.
 DWORD WINAPI ReadLines(void* window) noexcept {
     std::string pending;
     char read[4096];
@@ -109,8 +109,8 @@ int Module::Run() {
     if (FAILED(OleInitialize(nullptr))) return 1;
     bool started = MakeWindow() && CreateComponent() && ConnectEvents();
     if (started) {
-        // The mailbox is opened after the instance, which loads the kernel, and before Load, which reads the module
-        // list.
+        // Open the mailbox after the creation of the instance, because the instance loads the kernel. Open the mailbox
+        // before Load, because Load reads the module list.
         mailbox_ = std::make_unique<Mailbox>(
             name_, [this](const std::wstring& from, const std::wstring& command) { Arrived(from, command); });
         started = mailbox_->IsOpen() && LoadForm();
@@ -189,7 +189,7 @@ bool Module::CreateComponent() {
     return true;
 }
 
-/// Connects the sink. It stays connected until the last release of the instance has returned.
+/// Connects the sink. The sink stays connected until the last release of the instance has returned.
 bool Module::ConnectEvents() {
     void* asked = nullptr;
     if (FAILED(component_->QueryInterface(__uuidof(IConnectionPointContainer), &asked))) return false;
@@ -216,7 +216,7 @@ void Module::NotifyServer(const std::wstring& addressee, const std::wstring& com
     } else if (command == L"SHUTDOWN") {
         Say(L"the component's form was unloaded");
     } else {
-        // The component raised it in its own name: deliver it to every module, including this one.
+        // The component raised the command in its own name. Deliver the command to every module, including this module.
         for (const std::wstring& other : mailbox_->Others()) Deliver(other, command);
         Deliver(name_, command);
     }
@@ -233,8 +233,8 @@ void Module::Deliver(const std::wstring& module, const std::wstring& command) {
     }
 }
 
-/// Passes every command to the component. The component runs commands that are for it or for "All" and ignores the
-/// others.
+/// Passes every command to the component. The component carries out commands for itself and for "All" and ignores all
+/// other commands.
 void Module::Arrived(const std::wstring& from, const std::wstring& command) {
     Say(L"from " + from + L": " + command.substr(0, 40));
     Text name(from);
@@ -274,5 +274,5 @@ void Module::Say(const std::wstring& text) {
     std::printf("%s: %s\n", Utf8(name_).c_str(), Utf8(text).c_str());
     std::fflush(stdout);
     if (list_ == nullptr) return;
-    SendMessageW(list_, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));  // newest first
+    SendMessageW(list_, LB_INSERTSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));  // the newest line is the first
 }

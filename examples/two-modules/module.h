@@ -1,4 +1,5 @@
-// A module of the suite: a program with a window, a message loop, an instance of the component and a mailbox.
+// Implements a module of the suite. A module is a program with a window, a message loop, an instance of the component
+// and a mailbox.
 #pragma once
 
 #include <windows.h>
@@ -15,11 +16,11 @@ struct ReleaseInterface {
 template <typename Interface>
 using Com = std::unique_ptr<Interface, ReleaseInterface>;
 
-/// Prints events in its window and on standard output. Reads these lines from standard input:
+/// Prints events in the module's window and on standard output. Reads these lines from standard input:
 ///     MODULE COMMAND   raises COMMAND for MODULE
 ///     all COMMAND      raises COMMAND in the component's name, for all modules
-///     language FOLDER  sets the suite's language folder and tells all modules to switch to it
-///     quit             ends the program, as closing its window does
+///     language FOLDER  sets the suite's language folder and sends All,LZ to all modules
+///     quit             closes the window and ends the program
 class Module {
  public:
     explicit Module(std::wstring name);
@@ -29,11 +30,12 @@ class Module {
 
     /// Runs until the window is closed. Returns the program's exit code.
     int Run();
-    /// For the event sink: the component has raised `command` for `addressee`. The module delivers it.
+    /// Delivers `command` to `addressee`. The event sink calls this function when the component has raised the command.
     void NotifyServer(const std::wstring& addressee, const std::wstring& command);
 
  protected:
-    /// Called after a command for this module has arrived and was passed to the component.
+    /// Handles a command for this module. The module calls this function after it has passed the command to the
+    /// component.
     virtual void OnCommand(const std::wstring& from, const std::wstring& command) = 0;
     void Deliver(const std::wstring& module, const std::wstring& command);
     void Say(const std::wstring& text);
