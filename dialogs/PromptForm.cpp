@@ -11,7 +11,7 @@ void PromptForm::SetForm(runtime::Form& form) {
     services::SetForm(form);
 }
 
-// Like a caption, a direction that cannot be looked up is that of English.
+// If the direction cannot be looked up, use the direction of English.
 bool PromptForm::IsRightToLeft() const {
     bool isRightToLeft = false;
     runtime::IgnoreErrors([&] { isRightToLeft = services::IsRightToLeft(); });
@@ -27,7 +27,7 @@ PromptForm::PromptSession::PromptSession(PromptForm& form)
     form_.hasOpenPrompt_ = true;
 }
 
-// Clears the flag after the unload, so that a handler of the unload cannot ask with this dialog again.
+// Clears the flag after the unload, so that an unload handler cannot ask a question with this dialog.
 PromptForm::PromptSession::~PromptSession() {
     runtime::IgnoreErrors([this] { form_.Unload(); });
     form_.hasOpenPrompt_ = false;

@@ -1,5 +1,5 @@
-// The base of the dialogs that ask one question and wait for the answer: the start and end of a question, and the
-// shared dialog of each kind. Home thread only.
+// PromptForm is the base of dialogs that ask one question and wait for the answer. This file starts and ends a question
+// and has the shared dialog of each kind. Home thread only.
 #pragma once
 
 #include <memory>
@@ -20,10 +20,10 @@ class PromptForm : public runtime::Form {
 
     bool IsRightToLeft() const override;
 
-    /// One question. The destructor unloads the form and ignores errors of the unload.
+    /// Represents one open question. The destructor unloads the form and ignores errors of the unload.
     class PromptSession {
      public:
-        /// Error 400 if `form` has an open question.
+        /// Throws error 400 if `form` has an open question.
         explicit PromptSession(PromptForm& form);
         ~PromptSession();
         PromptSession(const PromptSession&) = delete;
@@ -45,7 +45,8 @@ Dialog* SharedDialog() {
 }
 
 /// Calls `ask` with the shared dialog of the kind. If that dialog has an open question, `ask` gets a new dialog
-/// instead. So a handler can ask a second question during the first one. The second question is answered first.
+/// instead. A handler can therefore ask a second question while the first question is open. The second question is
+/// answered first.
 template <typename Dialog, typename Ask>
 auto AskWithShared(Ask&& ask) {
     if (!SharedDialog<Dialog>()) Dialog::Shared() = std::make_unique<Dialog>();

@@ -23,7 +23,7 @@ constexpr std::int16_t kKeyF1 = 112;
 constexpr StringView kLineBreak = u"\r\n";
 constexpr StringView kExtraButtonText = u"\x01";
 
-/// All input controls have the same place. One of them is shown.
+/// All input controls have the same place. Only one input control is visible.
 constexpr Rect InputSpot(Twips height) {
     return {60, 1170, 5475, height};
 }
@@ -45,7 +45,7 @@ ControlDesign PromptDesign() {
     };
 }
 
-/// One of the two buttons beside the prompt.
+/// Describes one of the two buttons beside the prompt.
 ControlDesign AnswerDesign(StringView name, Twips top, StringView caption, StringView tag, int tabIndex) {
     return {
         .kind = ControlKind::kButton,

@@ -1,5 +1,5 @@
-// The suite's query dialog. It asks for one value in a text box, a combo box, a drop-down list, a block of text or a
-// list box. The caller may add an extra button. Home thread only.
+// Declares the suite's query dialog. The dialog asks for one value in a text box, a combo box, a drop-down list, a
+// block of text or a list box. The caller may add an extra button. Home thread only.
 #pragma once
 
 #include <cstdint>
@@ -17,7 +17,7 @@ using runtime::StringView;
 
 class Qmxquery : public PromptForm {
  public:
-    /// Values of `index` after a question for which no item was chosen.
+    /// Values of `index` if the user has chosen no item.
     enum Result : std::int32_t { kNothingChosen = 0, kCancelled = -1, kExtraButton = -100 };
 
     static std::unique_ptr<runtime::Form>& Shared() { return services::Values().forms.query; }
@@ -27,18 +27,18 @@ class Qmxquery : public PromptForm {
     /// Asks one question and waits for the answer.
     /// - `kind` is a QueryKind; any other number is kText.
     /// - `values[0]` is the initial text, without its trailing blanks. The other values are the items of a list.
-    /// - On entry, `index` is the selected item, counted from 0, or -1 for none. On return, it is the subscript of the
-    ///   chosen value in `values`, or a Result.
-    /// - The result, which is also stored in `values[0]`, is the answer: empty if the user cancelled, the character 1
-    ///   for the extra button. Closing the dialog other than by a button or Enter cancels.
+    /// - On entry, `index` is the selected item, counted from 0, or -1 for none. On return, `index` is the subscript of
+    ///   the chosen value in `values`, or a Result.
+    /// - The result is the answer: empty if the user cancelled, the character 1 for the extra button. If the dialog is
+    ///   closed without a button or Enter, the question is cancelled. The answer is also stored in `values[0]`.
     ///
-    /// Error 400 if this dialog has an open question, which is not affected. Other errors close the dialog and leave
-    /// `index` unchanged: 6 (the prompt needs a height of more than 32 bits), 9 (no `values[0]`), 380 (`index` is
-    /// outside the list), and the errors of the controls.
+    /// Throws error 400 if this dialog has an open question. The open question is not affected. Other errors close the
+    /// dialog and leave `index` unchanged: 6 (the prompt needs a height of more than 32 bits), 9 (no `values[0]`), 380
+    /// (`index` is outside the list), and the errors of the controls.
     String QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                  std::int32_t& index, bool showButton, const String& buttonCaption);
 
-    // Values of the last question. They stay after the form was unloaded.
+    // Values of the last question. The values stay after the form was unloaded.
 
     /// The form's outer height in twips.
     std::int32_t LayoutHeight() const { return layoutHeight_; }
@@ -55,9 +55,9 @@ class Qmxquery : public PromptForm {
     void OnKeyUp(std::int16_t& keyCode, std::int16_t shift) override;
 
  private:
-    /// The input control of a kind.
+    /// Returns the input control of a kind.
     runtime::Control& InputFor(std::int32_t kind) const;
-    /// The control whose height the layout of a kind uses.
+    /// Returns the control whose height the layout of a kind uses.
     runtime::Control& MeasuredInputFor(std::int32_t kind) const;
     std::int32_t LayOut(std::int32_t kind, StringView prompt, bool showButton);
     void Fill(const std::vector<String>& values, std::int32_t index);
@@ -82,11 +82,11 @@ class Qmxquery : public PromptForm {
     bool isAnswered_ = false;
 };
 
-/// Asks with the process's query dialog (ProcessValues::suiteQuery). Features call this function.
+/// Asks a question with ProcessValues::suiteQuery. Other code of the component calls this function.
 String AskQuery(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                 std::int32_t& index, bool showButton, const String& buttonCaption);
 
-/// Asks with the process's shared dialog, or with a new one if the shared dialog has an open question.
+/// Asks a question with the process's shared dialog. If the shared dialog has an open question, uses a new dialog.
 String AskWithQueryDialog(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                           std::int32_t& index, bool showButton, const String& buttonCaption);
 

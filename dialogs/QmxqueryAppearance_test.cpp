@@ -1,4 +1,5 @@
-// The appearance of the query dialog: its design, the controls of each kind of input, its layout and place.
+// Tests the appearance of the query dialog: the design, the controls of each kind of input, the layout and the
+// position.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -17,7 +18,7 @@ using ::testing::IsEmpty;
 
 using Query = QueryTest;
 
-TEST_F(Query, HasItsDesign) {
+TEST_F(Query, Loaded_HasTheDesignValues) {
     Qmxquery dialog;
     EXPECT_EQ(dialog.InnerSize(), (runtime::Size{5595, 2415}));
     const MemoryWindow& window = memory_.windows.Last();
@@ -45,7 +46,7 @@ TEST_F(Query, ControlsHaveTheTagsOfTheirCaptions) {
     EXPECT_THAT(tags, ElementsAre(u"", u"99177", u"99388 ", u"", u"", u"", u"", u"", u""));
 }
 
-TEST_F(Query, EachKindShowsItsOwnControl) {
+TEST_F(Query, EachKind_ShowsTheControlOfTheKind) {
     const auto shown = [this](std::int32_t kind) {
         std::vector<StringView> names;
         Look({.kind = kind}, [&names](MemoryWindow& dialog) { names = ShownInputs(dialog); });
@@ -76,7 +77,7 @@ TEST_F(Query, ListsShowTheItemsAndNotTheInitialText) {
     }
 }
 
-TEST_F(Query, TabWalksInTheDesignsOrder) {
+TEST_F(Query, Tab_MovesTheFocusInTheDesignsOrder) {
     const auto walk = [this](std::int32_t kind) {
         return WalkOf({.kind = kind, .values = {u"abc", u"A"}, .button = u"More"});
     };
@@ -87,7 +88,7 @@ TEST_F(Query, TabWalksInTheDesignsOrder) {
     EXPECT_THAT(walk(5), ElementsAre(u"cmdAccept", u"cmdCancel", u"cboList", u"F_Button", u"cmdAccept"));
 }
 
-TEST_F(Query, EachActivationMakesItTopmost) {
+TEST_F(Query, EachActivation_MakesTheDialogTopmost) {
     Look({}, [](MemoryWindow& dialog) {
         EXPECT_THAT(dialog.topMost, ElementsAre(true));
         dialog.Events().Activated();
@@ -160,7 +161,7 @@ TEST_F(Query, LargeFont_CombosArePlacedByTheTextBoxsHeight) {
     }
 }
 
-TEST_F(Query, HigherThanTheScreenIsLimited) {
+TEST_F(Query, DialogHigherThanTheScreen_HeightIsLimited) {
     String prompt;
     for (int i = 0; i < 100; ++i) prompt += u"line\r\n";
     Look({.kind = 3, .prompt = prompt}, [](MemoryWindow& dialog) {
@@ -174,7 +175,7 @@ TEST_F(Query, PromptIsMeasuredInTheFormsFont) {
     Look({.prompt = String(60, u'm')}, [](MemoryWindow& dialog) { EXPECT_EQ(dialog.outer.height, 2000); });
 }
 
-TEST_F(Query, IsCentred) {
+TEST_F(Query, Shown_IsCentred) {
     memory_.windows.screen = {19201, 15360};
     // Outer size 5595 + 90 by 2000.
     Look({}, [](MemoryWindow& dialog) {

@@ -1,5 +1,5 @@
-// Interruptions of the query dialog: errors, questions inside questions, other windows, an unload by other code, and
-// the end of the program.
+// Tests interruptions of the query dialog: errors, questions inside questions, other windows, an unload by other code,
+// and the end of the program.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -36,7 +36,7 @@ TEST_F(Query, NoFirstElement_FailsBeforeTheDialogShows) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-/// A dialog that has answered one question. A next question that fails in its layout must change nothing.
+/// Asks one question before each test. The next question fails in the layout and must change nothing.
 class QueryAfterAnAnswer : public QueryTest {
  protected:
     QueryAfterAnAnswer() {

@@ -1,4 +1,4 @@
-// The query dialog's answers to its buttons and to keys, for each kind of input.
+// Tests the query dialog's answers to buttons and keys for each kind of input.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -28,7 +28,7 @@ using Query = QueryTest;
 
 constexpr std::int16_t kF1 = 112;
 
-TEST_F(Query, InitialTextLosesTrailingBlanksAndIsSelected) {
+TEST_F(Query, InitialText_LosesTrailingBlanksAndIsSelected) {
     for (const auto& [kind, name] : {std::pair{1, u"txtText"}, {2, u"cboCombo"}, {4, u"txtTextBlock"}}) {
         Question question{.kind = kind, .values = {u" abc   ", u"Y"}};
         Queue([&question, name](MemoryWindow& dialog) {
@@ -70,7 +70,7 @@ TEST_F(Query, KindsWithText_IndexIsIgnored) {
     }
 }
 
-/// Records at its unload which inputs are visible or have items.
+/// Records during the unload which inputs are visible or have items.
 class LeavingDialog : public Qmxquery {
  public:
     struct Input {
@@ -157,7 +157,7 @@ TEST_F(Query, ClosedAfterAnEarlierAnswer_IsCancel) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, Close), kNoAnswer);
 }
 
-TEST_F(Query, EnterInTheComboAccepts) {
+TEST_F(Query, EnterInTheCombo_Accepts) {
     EXPECT_EQ(Ask({.kind = 2, .values = {u"X", u"Y"}}, PressEnter), (Answer{u"X", 0}));
     EXPECT_THAT(memory_.windows.Windows(), IsEmpty());
 }
@@ -251,7 +251,7 @@ TEST_F(Query, Unloaded_ResultsAreKept) {
     EXPECT_EQ(dialog.ResultText(), u"");
 }
 
-TEST_F(Query, PromptMayBeTheValueItself) {
+TEST_F(Query, PromptRefersToTheValue_DialogShowsThePrompt) {
     std::vector<String> values = {u"Name?" + String(40, u' ')};
     std::int32_t index = 0;
     Queue([](MemoryWindow& dialog) {

@@ -1,5 +1,5 @@
-// Runs the query dialog in memory. There, a character is 90 twips wide and a line is 195 twips high. Frame and title
-// bar take 375 twips of a form's height. A pixel is one twip, so that bounds are not rounded.
+// Runs the query dialog in memory. A character is 90 twips wide and a line is 195 twips high. The frame and the title
+// bar use 375 twips of a form's height. A pixel is one twip, so that bounds are not rounded.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -57,14 +57,14 @@ class QueryTest : public tests::HeadlessComponentTest {
             user(memory_.windows.Last());
         });
     }
-    /// Asks, and runs `user` while the dialog is open.
+    /// Asks a question and runs `user` while the dialog is open.
     tests::Answer Ask(tests::Question question, const User& user) {
         Queue(user);
         const tests::Answer answer = tests::AskFor(question);
         EXPECT_TRUE(wasOpen_);
         return answer;
     }
-    /// Asks, runs `look` while the dialog is open, and closes the dialog.
+    /// Asks a question, runs `look` while the dialog is open, and closes the dialog.
     void Look(const tests::Question& question, const User& look) {
         EXPECT_EQ(Ask(question,
                       [&look](runtime::headless::MemoryWindow& dialog) {
@@ -73,7 +73,8 @@ class QueryTest : public tests::HeadlessComponentTest {
                       }),
                   tests::kNoAnswer);
     }
-    /// The names of the controls that Tab reaches, starting with the control that has the focus first.
+    /// Returns the names of the controls that Tab reaches. The first name belongs to the control with the initial
+    /// focus.
     std::vector<String> WalkOf(const tests::Question& question) {
         std::vector<String> walk;
         Look(question, [&walk](runtime::headless::MemoryWindow& dialog) {

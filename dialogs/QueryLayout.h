@@ -1,5 +1,5 @@
-// The arithmetic that fits the query dialog to its prompt: the height of the form, and the places of the controls in
-// the resulting client area. It uses no window. All lengths are in twips.
+// Fits the query dialog to the prompt. Calculates the height of the form and the places of the controls in the client
+// area. The code uses no window. All lengths are in twips.
 #pragma once
 
 #include <cstdint>
@@ -15,18 +15,18 @@ enum QueryKind : std::int32_t { kText = 1, kCombo = 2, kDropDown = 3, kTextBlock
 struct QueryMeasures {
     std::int32_t kind = kText;
     runtime::Twips labelWidth = 0;   ///< more than 120
-    runtime::Twips promptWidth = 0;  ///< width of the widest line, not wrapped
+    runtime::Twips promptWidth = 0;  ///< width of the widest line without wrapping
     std::int32_t promptPieces = 0;   ///< number of pieces between line breaks
     runtime::Twips lineHeight = 0;
-    /// Height of the text block or the list box. For all other kinds, the height of the single-line text box, which is
-    /// also used to place the combo boxes.
+    /// Height of the text block or the list box. For all other kinds, the height of the single-line text box. The
+    /// places of the combo boxes also depend on this height.
     runtime::Twips inputHeight = 0;
-    runtime::Twips buttonHeight = 0;  ///< height of the extra button; used only if it is shown
+    runtime::Twips buttonHeight = 0;  ///< height of the extra button; used only if the button is shown
     bool showsButton = false;
     runtime::Twips screenHeight = 0;
 };
 
-/// The outer height of the form. Error 6 if it exceeds 32 bits.
+/// Returns the outer height of the form. Throws error 6 if the height exceeds 32 bits.
 std::int32_t QueryFormHeight(const QueryMeasures& measures);
 
 /// The places of the controls in the client area, from top to bottom.

@@ -1,4 +1,5 @@
-// Compares the query dialog's arithmetic with numbers calculated by hand. Lines are 195 twips high.
+// Compares the query dialog's layout with numbers calculated by hand. The last test compares it with a slow layout.
+// Lines are 195 twips high if a test sets no other height.
 #include "dialogs/QueryLayout.h"
 
 #include <gtest/gtest.h>
@@ -33,34 +34,35 @@ QueryMeasures WithButton(QueryMeasures measures) {
     return measures;
 }
 
-TEST(QueryLayout, ShortPrompt_MinimumHeightOfItsKind) {
-    // One piece and three spare lines are 4 x 195 = 780 twips. The control adds 315, 765 or 840.
+TEST(QueryLayout, ShortPrompt_FormHasTheMinimumHeightOfTheKind) {
+    // One piece and three spare lines are 4 x 195 = 780 twips. The input control adds 315, 765 or 840 twips.
     for (const std::int32_t kind : {0, 1, 2, 3, 6, 9, -1}) EXPECT_EQ(QueryFormHeight(Measures(kind, 450, 1)), 2000);
     EXPECT_EQ(QueryFormHeight(Measures(kTextBlock, 450, 1)), 2400);
     EXPECT_EQ(QueryFormHeight(Measures(kList, 450, 1)), 2400);
 }
 
-TEST(QueryLayout, TenLines_HeightOfLinesAndControl) {
-    // 5400 / 4035 is 1.34, rounded to 1. The 1 + 10 + 3 lines are 14 x 195 = 2730 twips high.
+TEST(QueryLayout, TenPieces_HeightIsLinesPlusControl) {
+    // The prompt is 5400 wide, and a line holds 4155 - 120 = 4035. 5400 / 4035 is 1.34, which is rounded to 1. The 1 +
+    // 10 + 3 lines are 14 x 195 = 2730 twips high.
     EXPECT_EQ(QueryFormHeight(Measures(kText, 5400, 10)), 2730 + 315);
     EXPECT_EQ(QueryFormHeight(Measures(kDropDown, 5400, 10)), 2730 + 315);
     EXPECT_EQ(QueryFormHeight(Measures(kTextBlock, 5400, 10)), 2730 + 765);
     EXPECT_EQ(QueryFormHeight(Measures(kList, 5400, 10)), 2730 + 840);
 }
 
-TEST(QueryLayout, WidthOverTheLabelsRoundsHalvesToEven) {
+TEST(QueryLayout, PromptWidthInLines_RoundsHalvesToEven) {
     const auto linesFor = [](runtime::Twips width) {
         return (QueryFormHeight(Measures(kText, width, 20)) - 315) / 195;
     };
     EXPECT_EQ(linesFor(0), 23);
-    EXPECT_EQ(linesFor(2017.5F), 23);   // a half
-    EXPECT_EQ(linesFor(2018), 24);      // a little more
-    EXPECT_EQ(linesFor(6052.5F), 25);   // one and a half
-    EXPECT_EQ(linesFor(10087.5F), 25);  // two and a half
+    EXPECT_EQ(linesFor(2017.5F), 23);   // 0.5 lines
+    EXPECT_EQ(linesFor(2018), 24);      // a little more than 0.5 lines
+    EXPECT_EQ(linesFor(6052.5F), 25);   // 1.5 lines
+    EXPECT_EQ(linesFor(10087.5F), 25);  // 2.5 lines
     EXPECT_EQ(linesFor(40350), 33);
 }
 
-TEST(QueryLayout, HeightItselfRoundsHalvesToEven) {
+TEST(QueryLayout, FormHeight_RoundsHalvesToEven) {
     QueryMeasures measures = Measures(kText, 0, 17);  // 20 lines
     measures.lineHeight = 195.125F;                   // 3902.5 + 315 = 4217.5
     EXPECT_EQ(QueryFormHeight(measures), 4218);
@@ -96,7 +98,7 @@ TEST(QueryLayout, HeightBeyond32Bits_IsOverflow) {
 }
 
 TEST(QueryLayout, InputIsAtTheBottomAndTheLabelFillsTheRest) {
-    // Frame and title bar take 375 twips, so an outer height of 2000 leaves 1625.
+    // The frame and the title bar use 375 twips. Therefore the inner height for the outer height 2000 is 1625.
     EXPECT_EQ(PlacesInQuery(1625, Measures(kText, 0, 1)), (QueryPlaces{1190, 1250, 1625}));
     EXPECT_EQ(PlacesInQuery(2025, Measures(kTextBlock, 0, 1)), (QueryPlaces{1140, 1200, 2025}));
     EXPECT_EQ(PlacesInQuery(2025, Measures(kList, 0, 1)), (QueryPlaces{1065, 1125, 2025}));
@@ -107,7 +109,7 @@ TEST(QueryLayout, ExtraButtonIsBelowTheInput) {
     EXPECT_EQ(PlacesInQuery(2520, WithButton(Measures(kList, 0, 1))), (QueryPlaces{1185, 1245, 2145}));
 }
 
-/// Makes measures of all kinds. The sequence is always the same. Many prompts are exactly between two numbers of lines.
+/// Makes measures of all kinds. The sequence is always the same. Many prompt widths need exactly n + 0.5 lines.
 class MeasuresMaker {
  public:
     QueryMeasures Next() {

@@ -32,7 +32,7 @@ ControlDesign ImageDesign() {
         .kind = ControlKind::kPicture,
         .name = u"Image1",
         .bounds = {180, 180, 480, 480},
-        .text = u"?",  // what screen readers call it, in any language
+        .text = u"?",  // the name for screen readers, in every language
         .picture = u"QUESTION",
     };
 }
@@ -89,7 +89,7 @@ std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringV
     return result_;
 }
 
-// Sets the places in ascending order, because a button that gets a place moves the following buttons.
+// Set the tab positions in ascending order, because each call moves the following buttons.
 void frmQMXMsgBox::ChooseFirstButton(std::int32_t flags) {
     const int first = (flags & kDefaultButtonBits) >> 8;
     if (first == 0) return;

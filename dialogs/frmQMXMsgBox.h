@@ -1,5 +1,6 @@
-// The suite's own message box: a modal question with the answers Yes, No, Yes To All and Cancel. It is for work that
-// would otherwise ask the same question many times. Services reach it through ShowMessage. Home thread only.
+// Declares the suite's message box. The box asks a modal question with the answers Yes, No, Yes To All and Cancel. Use
+// the box for work that would otherwise ask the same question many times. Services show the box through ShowMessage.
+// Home thread only.
 #pragma once
 
 #include <array>
@@ -17,16 +18,16 @@ using runtime::StringView;
 
 class frmQMXMsgBox : public PromptForm {
  public:
-    /// The answers. All but kYesToAll are the system's own codes.
+    /// The answers. All codes except kYesToAll are codes of the system's message box.
     enum Result : std::int32_t { kCancel = 2, kYes = 6, kNo = 7, kYesToAll = 8 };
 
     static std::unique_ptr<runtime::Form>& Shared() { return services::Values().forms.messageBox; }
 
     frmQMXMsgBox();
 
-    /// Asks, waits for the answer and unloads the form. Only the default-button bits (0x300) of `flags` are used.
-    /// Closing the box other than by a button is kCancel. Error 400 if this box has an open question, which is
-    /// not affected. Errors of controls close the box and reach the caller.
+    /// Asks the question, waits for the answer and unloads the form. Only the default-button bits (0x300) of `flags`
+    /// are used. If the box is closed without a button, the answer is kCancel. Throws error 400 if this box has an open
+    /// question. The open question is not affected. Errors of controls close the box and are thrown.
     std::int32_t ShowMe(StringView prompt, std::int32_t flags, StringView title);
 
  protected:
@@ -41,7 +42,7 @@ class frmQMXMsgBox : public PromptForm {
     runtime::Control& AddButton(int index, runtime::Twips left, StringView caption, StringView tag);
     void ChooseFirstButton(std::int32_t flags);
     void LayOut(std::int32_t origW, std::int32_t origH);
-    /// Title, prompt and buttons, as the system's message box copies its own.
+    /// Returns the title, the prompt and the buttons in the format in which the system's message box copies its texts.
     String TextToCopy();
 
     runtime::Control* lblPrompt_ = nullptr;
@@ -49,7 +50,7 @@ class frmQMXMsgBox : public PromptForm {
     std::int32_t result_ = kCancel;
 };
 
-/// Asks with the process's shared box, or with a new one if the shared box has an open question.
+/// Asks a question with the process's shared box. If the shared box has an open question, uses a new box.
 std::int32_t AskWithSuiteBox(StringView prompt, std::int32_t flags, StringView title);
 
 }  // namespace dialogs

@@ -22,7 +22,7 @@ using ::testing::ElementsAre;
 class LocalisedBox : public tests::HeadlessComponentTest {
  protected:
     LocalisedBox() { memory_.windows.MakePixelsTwips(); }
-    /// Asks, runs `look` while the box is open, and closes the box.
+    /// Asks a question, runs `look` while the box is open, and closes the box.
     void Look(StringView prompt, const std::function<void(MemoryWindow&)>& look) {
         bool wasOpen = false;
         memory_.windows.Post([this, look, &wasOpen] {
@@ -63,13 +63,13 @@ TEST_F(LocalisedBox, EachQuestionStartsAgainFromTheDesignCaptions) {
     EXPECT_THAT(Captions(), ElementsAre(u"&Yes", u"&No", u"Yes &To All", u"Cancel"));
 }
 
-TEST_F(LocalisedBox, TranslatedAccessKeyPressesItsButton) {
+TEST_F(LocalisedBox, TranslatedAccessKey_PressesTheButton) {
     Learn(u"C:\\de", "39171 = &Ja\n");
     memory_.windows.Post([&] { memory_.windows.Last().Events().AccessKey(u'j'); });
     EXPECT_EQ(AskWithSuiteBox(u"Overwrite?", 0, u"Title"), 6);
 }
 
-TEST_F(LocalisedBox, LoadLeavesTheLabelAtItsDesignSize) {
+TEST_F(LocalisedBox, Load_KeepsTheLabelsDesignSize) {
     Values().uiFont = {u"Arial", 16, 161};
     // A short prompt is measured against the design, not against the placeholder in the new font.
     Look(u"A?", [](MemoryWindow& box) {
@@ -81,7 +81,7 @@ TEST_F(LocalisedBox, LoadLeavesTheLabelAtItsDesignSize) {
 
 TEST_F(LocalisedBox, PromptIsMeasuredInTheLanguagesFont) {
     Values().uiFont = {u"Arial", 16, 0};
-    // At 16 points a character is 175 wide (90 * 16 / 8.25 = 174.5) and a line 378 high (195 * 16 / 8.25 = 378.2).
+    // At 16 points, a character is 175 wide (90 * 16 / 8.25 = 174.5). A line is 378 high (195 * 16 / 8.25 = 378.2).
     Look(String(30, u'x'), [](MemoryWindow& box) {
         EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 5250, 390}));
         EXPECT_EQ(box.InnerSize(), (runtime::Size{5085 + 1550, 1425}));

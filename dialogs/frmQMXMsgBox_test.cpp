@@ -1,5 +1,5 @@
-// Runs the suite's message box in memory. There, a character is 90 twips wide and a line is 195 twips high. A pixel is
-// one twip, so that bounds are not rounded.
+// Runs the suite's message box in memory. A character is 90 twips wide and a line is 195 twips high. A pixel is one
+// twip, so that bounds are not rounded.
 #include "dialogs/frmQMXMsgBox.h"
 
 #include <gmock/gmock.h>
@@ -25,7 +25,7 @@ class MessageBox : public tests::HeadlessComponentTest {
  protected:
     MessageBox() { memory_.windows.MakePixelsTwips(); }
 
-    /// Asks, and runs `user` while the box is open.
+    /// Asks a question and runs `user` while the box is open.
     std::int32_t Ask(std::int32_t flags, const std::function<void(MemoryWindow&)>& user,
                      runtime::StringView prompt = u"Overwrite?") {
         wasOpen_ = false;
@@ -42,7 +42,7 @@ class MessageBox : public tests::HeadlessComponentTest {
     }
     static MemoryControl& Button(MemoryWindow& box, std::size_t index) { return *box.controls.at(index + 2); }
 
-    /// The buttons that Tab reaches, starting with the button that has the focus first.
+    /// Returns the buttons that Tab reaches. The first button has the initial focus.
     std::vector<int> WalkOf(std::int32_t flags) {
         std::vector<int> walk;
         Ask(flags, [&](MemoryWindow& box) {
@@ -61,7 +61,7 @@ class MessageBox : public tests::HeadlessComponentTest {
     bool wasOpen_ = false;
 };
 
-TEST_F(MessageBox, CentresAnyFormWithoutLoadingItself) {
+TEST_F(MessageBox, CentresAnotherFormWithoutLoadingTheBox) {
     tests::HandledForm other;
     frmQMXMsgBox box;
     box.SetForm(other);
@@ -71,7 +71,7 @@ TEST_F(MessageBox, CentresAnyFormWithoutLoadingItself) {
     EXPECT_FALSE(box.IsLoaded());
 }
 
-TEST_F(MessageBox, HasItsDesign) {
+TEST_F(MessageBox, Loaded_HasTheDesignValues) {
     Ask(8, [](MemoryWindow& box) {
         EXPECT_EQ(box.InnerSize(), (runtime::Size{5085, 1425}));
         EXPECT_EQ(box.border, runtime::BorderStyle::kFixedDialog);
@@ -135,7 +135,7 @@ TEST_F(MessageBox, PlainLettersPressTheMarkedButton) {
     EXPECT_EQ(memory_.windows.altKeys, u"yntT");
 }
 
-// The format is that of the system's own box, down to the three blanks behind each button.
+// The system's message box uses the same format, including the three blanks behind each button.
 TEST_F(MessageBox, CtrlC_CopiesTitlePromptAndButtons) {
     const std::string line = "---------------------------\r\n";
     Ask(
@@ -166,7 +166,7 @@ TEST_F(MessageBox, CtrlCWithClipboardInUse_CopiesNothing) {
     EXPECT_EQ(memory_.windows.clipboard, u"");
 }
 
-TEST_F(MessageBox, Question_PlaysItsSoundOnce) {
+TEST_F(MessageBox, Question_PlaysTheSoundOnce) {
     Ask(8 + 0x100, [this](MemoryWindow& box) {
         EXPECT_EQ(memory_.windows.questionSounds, 1);
         box.Press(runtime::kKeyEnter);
@@ -253,7 +253,7 @@ TEST_F(MessageBox, OddGrowth_ButtonsMoveByHalfATwip) {
     box.ShowMe(runtime::String(343, u'm'), 0, u"");
 }
 
-/// Windows in which every text has the same size, which may have fractions of twips.
+/// Windows in which every text has the same size. The size may contain fractions of twips.
 class FixedTextSize : public runtime::headless::MemoryWindows {
  public:
     explicit FixedTextSize(runtime::Size size) : size_(size) { MakePixelsTwips(); }
@@ -264,7 +264,7 @@ class FixedTextSize : public runtime::headless::MemoryWindows {
 };
 
 TEST_F(MessageBox, PromptGrowsByHalfTwips_GrowthIsRoundedToEven) {
-    // The label is 3700 by 390. It grows by 1.5 twips in both directions, then by 2.5.
+    // The label is 3700 by 390. The label first grows by 1.5 twips in both directions, and then by 2.5 twips.
     for (const runtime::Size text : {runtime::Size{3701.5F, 391.5F}, {3702.5F, 392.5F}}) {
         FixedTextSize windows(text);
         const runtime::Ports ports = tests::WithPort(ports_, windows);
@@ -294,7 +294,7 @@ TEST_F(MessageBox, PromptOfManyLines_ButtonsMoveDown) {
         u"1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n9\r\n10");
 }
 
-TEST_F(MessageBox, IsCentredWithoutClamping) {
+TEST_F(MessageBox, Shown_IsCentredWithoutClamping) {
     memory_.windows.screen = {3001, 900};
     Ask(8, [](MemoryWindow& box) {
         // The outer size is 5085 + 90 by 1425 + 375.
@@ -355,7 +355,7 @@ TEST_F(MessageBox, HandlerFails_CallerReceivesErrorAndBoxCloses) {
     EXPECT_EQ(runtime::MousePointer(), runtime::kHourglassPointer);
 }
 
-TEST_F(MessageBox, QuestionInsideAQuestionHasItsOwnAnswer) {
+TEST_F(MessageBox, QuestionInsideAQuestion_HasASeparateAnswer) {
     std::int32_t inner = 0;
     const std::int32_t outer = Ask(8, [&](MemoryWindow& outerBox) {
         inner = AskAndPress(8 + 0x100, runtime::kKeyEnter);
@@ -376,7 +376,7 @@ TEST_F(MessageBox, OpenBox_RefusesAnotherQuestion) {
     EXPECT_EQ(box.ShowMe(u"first", 8, u"Title"), 6);
 }
 
-TEST_F(MessageBox, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
+TEST_F(MessageBox, QuestionAfterAnUnload_DoesNotAnswerTheOuterQuestion) {
     std::int32_t inner = 0;
     const std::int32_t outer = Ask(8, [&](MemoryWindow&) {
         runtime::LoadedForms().At(0).Unload();
@@ -387,7 +387,7 @@ TEST_F(MessageBox, QuestionAfterAnUnloadDoesNotAnswerTheOuterOne) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(MessageBox, TranslatedCaptionsHaveTheirOwnAccessKeys) {
+TEST_F(MessageBox, TranslatedCaptions_ReplaceTheAccessKeys) {
     class GermanBox : public frmQMXMsgBox {
         void OnLoad() override {
             Controls().at(2)->SetText(u"&Ja");
