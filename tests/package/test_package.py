@@ -417,6 +417,10 @@ class FilesOfOthers(Installation):
         before = contents(self.folder)
         self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], FAILED)
         self.assertEqual(contents(self.folder), before)
+        (self.folder / "backproc.exe").unlink()
+        self.assertEqual(run(self.setup, "/S", "/AllUsers", r"/D=C:\Suite")[0], 0)
+        self.remove(self.folder)
+        self.assert_as_before()
 
 
 class InUse(Installation):
