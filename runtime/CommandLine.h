@@ -5,12 +5,12 @@
 
 namespace runtime {
 
-/// `commandLine` without the program's name and without the blanks and tabs after the name. The name ends at the first
-/// blank or tab outside double quotes. If a quote is never closed, the name is the whole text.
+/// Returns `commandLine` without the program's name and without the blanks and tabs after the name. The name ends at
+/// the first blank or tab outside double quotes. If a quote is never closed, the name is the whole text.
 StringView WithoutProgramName(StringView commandLine);
 
-/// What follows the first argument of `arguments`, without the blanks and tabs before it, otherwise as it was given.
-/// The argument ends like a program's name, but a double quote behind a backslash belongs to it.
+/// Returns the text after the first argument of `arguments`, without the blanks and tabs before that text. The argument
+/// ends like a program's name. Exception: a double quote after a backslash is part of the argument.
 StringView WithoutFirstArgument(StringView arguments);
 
 }  // namespace runtime

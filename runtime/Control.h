@@ -1,9 +1,9 @@
-// A control is a part of a form. The form owns its controls; they are used on the form's thread. An access to a
+// A control is a part of a form. The form owns its controls. They are used on the form's thread. An access to a
 // property of a control loads the form. Each load resets the properties to the design values.
 //
 // An input control returns its text exactly as the program set it, even if the window system alters the text. After the
-// user has edited the text, the control returns the window's text. Items are always returned as the program added them.
-// Error 438 means that a control of this kind does not have the property.
+// user has edited the text, the control returns the window's text. The text of an item is always the text that the
+// program added. Error 438 means that a control of this kind does not have the property.
 #pragma once
 
 #include <vector>
@@ -38,9 +38,9 @@ struct ControlDesign {
     static constexpr int kNoIndex = -1;
 };
 
-/// The access key that `caption` marks with '&'; 0 for none.
+/// Returns the access key that `caption` marks with '&'; 0 if there is no mark.
 char16_t MarkedCharacter(StringView caption);
-/// A caption as its button shows it: "&&" becomes '&', and a single '&' is removed.
+/// Returns a caption as its button shows it. "&&" becomes '&', and a single '&' is removed.
 String WithoutMarks(StringView caption);
 
 class Control {
@@ -60,7 +60,7 @@ class Control {
     bool TakesFocus() const { return design_.kind == ControlKind::kButton || IsInput(design_.kind); }
 
     /// Position and size in twips within the form's client area. A control with a drop-down list always has the height
-    /// that its font needs while the list is closed; another height is ignored.
+    /// that its font needs while the list is closed. SetBounds ignores any other height for it.
     Rect Bounds();
     void SetBounds(const Rect& bounds);
     Twips Left() { return Bounds().left; }
@@ -76,29 +76,30 @@ class Control {
     /// The text of the control, depending on its kind:
     /// - label, button: the caption
     /// - status bar, text box, text block, editable combo: the text
-    /// - drop-down list, list box: the selected item, or "" for none
+    /// - drop-down list, list box: the selected item, or "" if no item is selected
     ///
     /// A label with `sizesItself` grows with its text until the form is as wide as the screen; then its lines wrap.
-    /// SetText on a list selects the first item with this text; error 383 if there is none. SetText on an editable
+    /// SetText on a list selects the first item with this text; error 383 if no item has it. SetText on an editable
     /// combo leaves no item selected. Error 438 for a picture, also from Font and SetFont.
     String Text();
     void SetText(StringView text);
     runtime::Font Font();
     void SetFont(const runtime::Font& font);
     /// Moves the control to position `index` of the form's tab order, counted from 0. An index beyond the last position
-    /// means the last position. Error 380 for a negative index, 438 for a control that is not in the tab order.
+    /// means the last position. Error 380 for a negative index. Error 438 for a control that is not in the tab order.
     void SetTabIndex(int index);
     /// True if Tab stops at the control. Error 438 for a kind that cannot have the focus.
     bool TabStop();
     void SetTabStop(bool stop);
-    /// The button's access key in lower case: Alt with this character presses the button. 0 if the caption marks none.
+    /// Returns the button's access key in lower case. Alt with this character presses the button. 0 if the caption
+    /// marks no key.
     char16_t AccessKey();
     /// Repaints the control at once.
     void Refresh();
     /// Sets the name that a screen reader announces for an input control. Error 438 for other kinds.
     void SetAccessibleName(StringView name);
 
-    // For controls with an edit part. Positions and lengths are in UTF-16 units and are limited to the text.
+    // For controls with an edit part. Positions and lengths are in UTF-16 units. They are limited to the text.
 
     std::size_t SelStart();
     /// Also clears the selection. Error 380 for a negative `start`.
@@ -106,7 +107,7 @@ class Control {
     std::size_t SelLength();
     /// Error 380 for a negative `length`.
     void SetSelLength(std::ptrdiff_t length);
-    /// Replaces the selected part in the user's place.
+    /// Replaces the selected part, as if the user had typed `text`.
     void Write(StringView text);
 
     // For controls with a list. Items are numbered from 0.
@@ -117,14 +118,15 @@ class Control {
     int ItemCount();
     /// Error 381 for an index outside the list.
     String Item(int index);
-    /// The index of the selected item; -1 for none.
+    /// The index of the selected item; -1 if no item is selected.
     int ListIndex();
-    /// -1 selects no item. An editable combo shows the item's text. Error 380 for an index outside the list.
+    /// Selects the item at `index`; -1 selects no item. An editable combo shows the item's text. Error 380 for an index
+    /// outside the list.
     void SetListIndex(int index);
     /// True while the drop-down list is open.
     bool HasOpenList() const;
-    /// Closes an open drop-down list. If `choose` is true, the highlighted item becomes the selected one. Otherwise the
-    /// item and the text from before the list was opened are restored.
+    /// Closes an open drop-down list. If `choose` is true, selects the highlighted item. Otherwise restores the item
+    /// and the text from before the list was opened.
     void CloseList(bool choose);
 
  private:
@@ -164,7 +166,7 @@ class Control {
     bool visible_ = true;
     std::vector<String> items_;
     int listIndex_ = kNoItem;
-    bool userHasText_ = false;  ///< the user edited the text, so the window's text is newer than text_
+    bool userHasText_ = false;  ///< true if the user edited the text; the window's text is then newer than text_
     NativeControl* native_ = nullptr;
 };
 

@@ -34,14 +34,14 @@ enum ErrorNumber : std::int32_t {
     kFormAlreadyDisplayed = 400,
     kPropertyNotSupported = 438,
     kDllEntryPointNotFound = 453,
-    /// Defined by the suite: ends an operation without a message to the user.
+    /// An error number of the suite. It ends an operation without a message to the user.
     kSilent = 9999,
 };
 
-/// Copies share the texts. Copying therefore allocates no memory, which matters when the error is a lack of memory.
+/// A run-time error. Copies share the texts, so copying allocates no memory. That matters if memory is short.
 class Error : public std::exception {
  public:
-    /// Has the standard description of `number`.
+    /// Makes an error with the standard description of `number`.
     explicit Error(std::int32_t number);
     Error(std::int32_t number, String description);
     Error(const Error&) noexcept = default;
@@ -50,7 +50,7 @@ class Error : public std::exception {
 
     std::int32_t Number() const noexcept { return number_; }
     const String& Description() const noexcept { return texts_->description; }
-    /// The description in UTF-8.
+    /// Returns the description in UTF-8.
     const char* what() const noexcept override { return texts_->utf8.c_str(); }
 
  private:
@@ -64,34 +64,36 @@ class Error : public std::exception {
 };
 static_assert(std::is_nothrow_copy_constructible_v<Error>);
 
-/// Error 364: an access needs the form to be loaded, but the form's load handler has unloaded the form. The load
-/// handler has already dealt with the cause.
+/// Error 364. An access needs the form to be loaded, but the form's own load handler has unloaded the form. The load
+/// handler has already handled the cause.
 class FormUnloadedInLoad : public Error {
  public:
     explicit FormUnloadedInLoad(StringView form);
 };
 
-/// The standard description of `number`, or "Application-defined or object-defined error" for a number without one.
+/// Returns the standard description of `number`. If the number has no description, returns "Application-defined or
+/// object-defined error".
 String StandardDescription(std::int32_t number);
 
-/// An error with the standard description, a colon and `about`. `about` names the object, and may contain advice.
+/// Returns an error with the standard description, a colon and `about`. `about` names the object and may contain
+/// advice.
 Error ErrorAbout(std::int32_t number, StringView about);
 
-/// Reports the error that is ignored to the observer of forms, if there is one.
+/// Reports an ignored error to the observer of forms, if there is an observer.
 void NoteIgnored(const std::exception& error) noexcept;
 
-/// Runs `statement` and ignores an exception, as a BASIC routine that continues with its next statement after an error.
+/// Runs `statement` and ignores its exception, so that the caller continues with its next statement.
 template <typename Statement>
 void IgnoreErrors(Statement&& statement) {
     try {
         statement();
     } catch (const std::exception& error) {
-        // Ignored on purpose: the caller continues with its next statement.
+        // Ignored on purpose, because the caller continues with its next statement.
         NoteIgnored(error);
     }
 }
 
-/// For steps that must all run even if one of them fails. Keeps the first exception.
+/// Runs steps that must all run even if a step fails. Keeps the first exception.
 class FirstError {
  public:
     template <typename Step>

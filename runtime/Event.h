@@ -1,6 +1,6 @@
-// An event with any number of listeners, which are called in the order in which they connected. During Raise, a
-// listener may connect other listeners, disconnect any listener, raise the event again, or throw. An event is used on
-// one thread.
+// An event with any number of listeners. The event calls the listeners in the order in which they connected. During
+// Raise, a listener may connect other listeners, disconnect any listener, raise the event again, or throw. An event is
+// used on one thread.
 #pragma once
 
 #include <functional>
@@ -12,7 +12,7 @@
 
 namespace runtime {
 
-/// A listener sees the changes that earlier listeners made to an argument passed by reference.
+/// If a listener changes an argument that is passed by reference, later listeners receive the changed argument.
 template <typename... Args>
 class Event {
     struct Slot {
@@ -23,7 +23,7 @@ class Event {
  public:
     using Listener = std::function<void(Args...)>;
 
-    /// Keeps a listener connected until it is destroyed. May outlive the event.
+    /// Keeps a listener connected until the connection is destroyed. A connection may outlive the event.
     class Connection {
      public:
         Connection() = default;
@@ -51,8 +51,8 @@ class Event {
         return Connection(slots_.back());
     }
 
-    /// Calls each listener that was connected before Raise and has not been disconnected since. The first exception of
-    /// a listener is thrown after the last listener was called.
+    /// Calls the listeners that are connected when Raise begins. Skips a listener that is disconnected before its call.
+    /// If listeners throw, the remaining listeners are still called. Then the first exception is thrown.
     void Raise(Args... args) {
         const auto slots = slots_;
         FirstError error;

@@ -1,4 +1,4 @@
-// The file system operations that the component needs.
+// The interface of the file system operations that the component needs.
 #pragma once
 
 #include <cstdint>
@@ -20,18 +20,18 @@ class FilesPort {
  public:
     virtual ~FilesPort() = default;
 
-    /// The current folder of the process, with its drive.
+    /// Returns the current folder of the process, with its drive.
     virtual String CurrentFolder() = 0;
-    /// Makes `path` the current folder. Error 76 (no such folder), 75 (no access) or 68 (no such drive).
+    /// Makes `path` the current folder. Raises error 76 (no such folder), 75 (no access) or 68 (no such drive).
     virtual void ChangeFolder(StringView path) = 0;
-    /// The name, without its folder, of the first ordinary file that matches `pattern`. An ordinary file is not a
-    /// folder, not hidden and not a system file. The last part of `pattern` may contain wildcards. "" if no file
-    /// matches or if `pattern` cannot be a path.
+    /// Returns the name, without its folder, of the first ordinary file that matches `pattern`. An ordinary file is not
+    /// a folder, not hidden and not a system file. The last part of `pattern` may contain wildcards. Returns "" if no
+    /// file matches or if `pattern` cannot be a path.
     virtual String FirstMatch(StringView pattern) = 0;
 
-    /// None if there is no such file.
+    /// Returns the file's stamp; no value if the file does not exist.
     virtual std::optional<FileStamp> Stamp(StringView path) = 0;
-    /// All bytes of the file; none if it cannot be read.
+    /// Returns all bytes of the file; no value if the file cannot be read.
     virtual std::optional<std::string> Read(StringView path) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Tests that every implementation of FilesPort must pass. Each implementation instantiates them.
+// Defines tests that every implementation of FilesPort must pass. Each implementation instantiates the tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,16 +10,16 @@
 
 namespace runtime {
 
-/// An empty test folder, and functions that fill it without using the port.
+/// Provides an empty test folder. Its functions fill the folder without the port.
 class FilesBed {
  public:
     enum class Kind { kOrdinary, kHidden, kSystem };
 
     virtual ~FilesBed() = default;
     virtual FilesPort& Port() = 0;
-    /// The folder, without a final backslash.
+    /// Returns the folder without a final backslash.
     virtual String Folder() = 0;
-    /// A drive that does not exist, for example "X:".
+    /// Returns a drive that does not exist, for example "X:".
     virtual String MissingDrive() = 0;
 
     // Names are relative to the folder.
@@ -41,7 +41,7 @@ class FilesPortTest : public testing::TestWithParam<std::unique_ptr<FilesBed> (*
     }
     void RemoveFile(StringView name) { bed_->RemoveFile(name); }
     String MissingDrive() { return bed_->MissingDrive(); }
-    /// The number of the error that ChangeFolder to `path` raises; 0 for none.
+    /// Returns the number of the error that ChangeFolder to `path` raises; 0 if there is no error.
     std::int32_t ChangeError(StringView path) {
         return tests::ErrorOf([&] { Files().ChangeFolder(path); });
     }

@@ -1,4 +1,4 @@
-// The font of a form or a control, as a plain value. A back end creates the system's font for it.
+// Describes the font of a form or a control as a plain value. A back end creates the system's font for the value.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// Tests that every implementation of FontsPort must pass. Each implementation instantiates them.
+// Defines tests that every implementation of FontsPort must pass. Each implementation instantiates the tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,13 +9,13 @@
 
 namespace runtime {
 
-/// An implementation with a device context for the tests. A test releases the context, or the system does at the end of
-/// the process.
+/// An implementation with a device context for the tests. A test may release the context. Otherwise the system releases
+/// it at the end of the process.
 struct TestedFonts {
     virtual ~TestedFonts() = default;
     virtual FontsPort& Port() = 0;
     virtual NativeHandle Context() = 0;
-    /// A face that is installed.
+    /// Returns the name of an installed face.
     virtual String KnownFace() = 0;
 };
 

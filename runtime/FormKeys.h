@@ -1,14 +1,15 @@
-// Keyboard rules: what a form does with a key before its focused control gets the key. The form's own handlers run
-// first and may consume the key. A key without a rule is passed to the control.
+// Defines the keyboard rules: what a form does with a key before its focused control gets the key. The form's own
+// handlers run first and may consume the key. A key without a rule is passed to the control.
 //
-// A key that moves the focus, presses a button or cancels a list is consumed: it produces no character. A held key
-// continues to move the focus, but it presses no button, because the user may have pressed it in another form.
+// If a key moves the focus, presses a button or cancels a list, the form consumes the key, and the key produces no
+// character. A held key continues to move the focus. A held key presses no button, because the user may have pressed
+// the key in another form.
 //
 // Three rules are not in the table:
 // - Alt with a letter presses the button whose caption marks the letter. If several captions mark it, the focus moves
 //   to the next of these buttons and no button is pressed.
 // - Ctrl+Tab inserts a tab into a text block. Other keys with Alt or Ctrl have no rule.
-// - A held Enter inserts lines only in a text block, and only if it was pressed in this form.
+// - A held Enter inserts lines only in a text block, and only if Enter was pressed in this form.
 #pragma once
 
 #include <array>

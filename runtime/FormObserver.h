@@ -1,5 +1,5 @@
-// Watches forms from outside: what they do, and errors that are not passed on. There is one at most, chosen by the
-// composition; the forms know nothing of what it does with what it sees.
+// The interface of an object that observes forms: their actions, and errors that are ignored. The composition chooses
+// at most one observer. The forms do not depend on the observer's implementation.
 #pragma once
 
 #include <exception>
@@ -8,15 +8,15 @@ namespace runtime {
 
 class Form;
 
-/// Called on the form's thread, Unloaded also on the one that gives the form up. None of the functions may throw, or
-/// use the form's properties.
+/// The functions are called on the form's thread. Unloaded may also be called on the thread that abandons the form. The
+/// functions must not throw and must not use the form's properties.
 class FormObserver {
  public:
     virtual ~FormObserver() = default;
 
     virtual void Loading(const Form& form) noexcept = 0;
     virtual void Loaded(const Form& form) noexcept = 0;
-    /// The load failed, or its handler has unloaded the form.
+    /// The load failed, or the form's load handler has unloaded the form.
     virtual void NotLoaded(const Form& form, const std::exception_ptr& error) noexcept = 0;
     virtual void Unloading(const Form& form) noexcept = 0;
     virtual void UnloadRefused(const Form& form) noexcept = 0;
@@ -25,9 +25,10 @@ class FormObserver {
     virtual void ErrorIgnored(const std::exception& error) noexcept = 0;
 };
 
-/// Null if nothing observes.
+/// Returns the observer; null if there is no observer.
 FormObserver* CurrentFormObserver() noexcept;
-/// Selects the observer before a form is created; null removes it. The caller keeps ownership.
+/// Makes `observer` the observer. Call it before a form is created. Null removes the observer. The caller keeps
+/// ownership.
 void UseFormObserver(FormObserver* observer) noexcept;
 
 }  // namespace runtime

@@ -1,4 +1,5 @@
-// Lengths, positions and colours of forms. Every length is in twips (1/1440 inch). Only the back ends use pixels.
+// Defines lengths, positions and colours of forms. Every length is in twips (1/1440 inch). Only the back ends use
+// pixels.
 #pragma once
 
 #include <cstdint>

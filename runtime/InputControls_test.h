@@ -1,4 +1,4 @@
-// A form with input controls on the window system of the build, and a user who types into it.
+// A test fixture: a form with input controls on the window system of the build, and a simulated user who types text.
 #pragma once
 
 #include "tests/support/InputForm.h"

@@ -1,5 +1,6 @@
-// Access to properties of controls and fonts by name, as in late-bound code. Such code tries a property to find out
-// whether a control has it. Failures are therefore common, and are returned as error numbers instead of being thrown.
+// Accesses properties of controls and fonts by name, as late-bound code does. Late-bound code tries a property to find
+// out whether a control has it. Failures are therefore common. The functions return them as error numbers and do not
+// throw.
 #pragma once
 
 #include <cstdint>
@@ -22,17 +23,17 @@ inline constexpr AccessError kNoError = 0;
 // - labels and buttons: "Caption"
 // - controls that can have the focus: "TabStop"
 //
-// Errors: 438 for a property that the control or font does not have, 13 for a value of the wrong type, and the errors
-// of the property's setter.
+// Errors: 438 for a property that the control or font does not have, 13 for a value of the wrong type. The errors of
+// the property's setter are also possible.
 
 AccessError PutProperty(Control& control, StringView name, const PropertyValue& value);
-/// On failure, `value` is unchanged.
+/// Reads the property `name`. On failure, `value` is unchanged.
 AccessError GetProperty(Control& control, StringView name, PropertyValue& value);
-/// Sets the property `name` of the font object in the control's property `fontProperty`, which must be "Font".
+/// Sets the property `name` of the font object in the control's property `fontProperty`. `fontProperty` must be "Font".
 AccessError PutFontProperty(Control& control, StringView fontProperty, StringView name, const PropertyValue& value);
 
-/// Properties of fonts: "Name", "Size" (whole points), "Charset" and "Bold". Error 380 for an empty name and for a size
-/// outside 1..2160. On failure, the font is unchanged.
+/// Sets a property of a font: "Name", "Size" (whole points), "Charset" or "Bold". Error 380 for an empty name and for a
+/// size outside 1..2160. On failure, the font is unchanged.
 AccessError PutFontProperty(Font& font, StringView name, const PropertyValue& value);
 
 /// The properties of an object of any kind.

@@ -1,4 +1,4 @@
-// The loaded forms, in the order in which they were loaded.
+// The collection of the loaded forms, in the order in which they were loaded.
 #pragma once
 
 #include <atomic>
@@ -11,25 +11,25 @@ class Form;
 
 class LoadedFormsCollection {
  public:
-    /// May be called on any thread. All other functions are for the thread that owns the forms, or for the thread that
-    /// cleans up after that thread has ended.
+    /// Returns the number of loaded forms. Any thread may call. Only the thread that owns the forms may call the other
+    /// functions. Exception: the thread that cleans up after that thread has ended.
     std::size_t Count() const { return count_; }
-    /// Error 9 for an index outside 0..Count-1.
+    /// Returns the form at `index`. Error 9 for an index outside 0..Count-1.
     Form& At(std::size_t index) const;
-    /// The last form that is not already unloading, or null. A form that is unloading stays in the collection until its
-    /// handlers return. A loop that unloads all forms must therefore skip it.
+    /// Returns the last form that is not unloading; null if there is no such form. An unloading form stays in the
+    /// collection until its handlers return. A loop that unloads all forms must therefore skip that form.
     Form* LastToUnload() const;
 
-    /// Unloads the last form until none is left. Processes pending events after each unload, and at least once. Ends
-    /// when the last form refuses to unload. After an error the loop continues; the first error is thrown at the end.
+    /// Unloads the last form until no form is left. Processes pending events after each unload, and at least once. Ends
+    /// when the last form refuses to unload. After an error, the loop continues. The first error is thrown at the end.
     void UnloadAll();
-    /// For a call from a form's unload handler: like UnloadAll for the other forms. Processes pending events before
-    /// each unload. Does nothing if no other form is loaded.
+    /// Unloads all other forms in the same way. A form's unload handler calls this function. Processes pending events
+    /// before each unload. Does nothing if no other form is loaded.
     void UnloadOthers();
 
     void Add(Form& form);
     void Remove(const Form& form);
-    /// Removes all forms without accessing them. Used for forms that belong to another thread or were on its stack.
+    /// Removes all forms without accessing them. Used for forms that belonged to another thread.
     void Clear();
 
  private:
@@ -37,7 +37,7 @@ class LoadedFormsCollection {
     std::atomic<std::size_t> count_ = 0;
 };
 
-/// The process's collection.
+/// Returns the process's collection.
 LoadedFormsCollection& LoadedForms();
 
 }  // namespace runtime

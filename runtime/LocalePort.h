@@ -1,4 +1,4 @@
-// The language settings of the system and the user: locales, character set, code page and letter case.
+// The interface of the language settings of the system and the user: locales, character set, code page and letter case.
 #pragma once
 
 #include <cstdint>
@@ -13,16 +13,17 @@ class LocalePort {
  public:
     virtual ~LocalePort() = default;
 
-    /// Converts to the system's ANSI code page. A character that the code page lacks becomes the code page's default
-    /// character ('?'). Error 7 for a text that is too long to convert.
+    /// Converts to the system's ANSI code page. If the code page lacks a character, the code page's default character
+    /// ('?') replaces it. Error 7 for a text that is too long to convert.
     virtual std::string ToAnsi(StringView text) = 0;
     virtual String FromAnsi(std::string_view bytes) = 0;
 
-    /// The locale for programs without Unicode support, as a Windows locale identifier.
+    /// Returns the locale for programs without Unicode support, as a Windows locale identifier.
     virtual std::int32_t SystemDefaultLcid() = 0;
-    /// The locale that the user chose for formats such as dates and numbers.
+    /// Returns the locale that the user chose for formats such as dates and numbers.
     virtual std::int32_t UserDefaultLcid() = 0;
-    /// The Windows character set for texts of the locale `lcid`; none if the system does not know the locale.
+    /// Returns the Windows character set for texts of the locale `lcid`; no value if the system does not know the
+    /// locale.
     virtual std::optional<std::int16_t> CharsetOf(std::int32_t lcid) = 0;
 
     virtual String UpperCase(StringView text) = 0;

@@ -1,4 +1,5 @@
-// Tests that every implementation of LocalePort must pass on a western system. Each implementation instantiates them.
+// Defines tests that every implementation of LocalePort must pass on a western system. Each implementation instantiates
+// the tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -9,7 +10,7 @@
 
 namespace runtime {
 
-/// A null port means that the system has another code page, for which the tests do not apply.
+/// If the port is null, the system has another code page, and the tests are skipped.
 class LocalePortTest : public testing::TestWithParam<std::unique_ptr<LocalePort> (*)()> {
  protected:
     void SetUp() override {

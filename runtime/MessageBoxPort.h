@@ -1,4 +1,4 @@
-// The system's own message box.
+// The interface of the system's message box.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +19,7 @@ class MessageBoxPort {
     virtual ~MessageBoxPort() = default;
 
     /// Shows the box modally. `flags` are the Windows style bits. Returns the Windows code of the pressed button. F1
-    /// and the Help button open `help`; the box stays open. The box has a Help button if `flags` asks for one.
+    /// and the Help button open `help`, and the box stays open. The box has a Help button if `flags` select it.
     virtual std::int32_t Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) = 0;
 };
 

@@ -1,5 +1,5 @@
-// The window of a control, which each back end implements. The model (Control) stores every property's value and sets
-// it on the window. It reads back only what the user has changed.
+// The interface of a control's window. Each back end implements the interface. The model (Control) stores the value of
+// every property and sets it on the window. The model reads only values that the user has changed.
 #pragma once
 
 #include <cstddef>
@@ -22,14 +22,14 @@ enum class ControlKind {
     kListBox,
 };
 
-/// The user can edit the text.
+/// True if the user can edit the text.
 constexpr bool HasEdit(ControlKind kind) {
     return kind == ControlKind::kTextBox || kind == ControlKind::kTextBlock || kind == ControlKind::kCombo;
 }
 constexpr bool DropsDown(ControlKind kind) {
     return kind == ControlKind::kCombo || kind == ControlKind::kDropDownList;
 }
-/// Has items. At most one item is selected.
+/// True if the control has items. At most one item is selected.
 constexpr bool HasList(ControlKind kind) {
     return DropsDown(kind) || kind == ControlKind::kListBox;
 }
@@ -49,11 +49,11 @@ class NativeEdit {
  public:
     virtual ~NativeEdit() = default;
 
-    /// The current text, with the user's changes.
+    /// Returns the current text, with the user's changes.
     virtual String Text() = 0;
     virtual TextRange Selection() = 0;
     virtual void SetSelection(TextRange range) = 0;
-    /// Replaces the selected part, as the user's typing does: it is reported, and the user can undo it.
+    /// Replaces the selected part, as if the user had typed `text`. The change is reported, and the user can undo it.
     virtual void Write(const String& text) = 0;
 };
 
@@ -66,14 +66,15 @@ class NativeList {
     virtual void Add(const String& item) = 0;
     /// Also clears the text of an editable combo.
     virtual void Clear() = 0;
-    /// Selects the item at `index`, counted from 0; -1 for none. An editable combo shows the item's text.
+    /// Selects the item at `index`, counted from 0; -1 selects no item. An editable combo shows the item's text.
     virtual void Choose(int index) = 0;
     /// True while the drop-down list is open.
     virtual bool IsOpen() { return false; }
-    /// Closes an open drop-down list. If `choose` is true, the highlighted item becomes the selected one. Otherwise the
-    /// item and the text from before the list was opened are restored.
+    /// Closes an open drop-down list. If `choose` is true, selects the highlighted item. Otherwise restores the item
+    /// and the text from before the list was opened.
     virtual void Close(bool /*choose*/) {}
-    /// The height in twips of a control with a drop-down list while the list is closed. It depends only on the font.
+    /// Returns the height in twips of a control with a drop-down list while the list is closed. The height depends only
+    /// on the font.
     virtual Twips ClosedHeight() { return 0; }
 };
 
@@ -84,12 +85,12 @@ struct ControlLook {
     String picture = {};  ///< name of an icon resource in the module that creates the windows
 };
 
-/// A control's window. It is created visible. Its NativeWindow owns it.
+/// A control's window. It is visible after its creation. The NativeWindow of the form owns it.
 class NativeControl {
  public:
     virtual ~NativeControl() = default;
 
-    /// In twips within the form's client area.
+    /// Sets position and size in twips within the form's client area.
     virtual void SetBounds(const Rect& bounds) = 0;
     virtual void SetText(const String& text) = 0;
     virtual void SetFont(const Font& font) = 0;
@@ -98,13 +99,13 @@ class NativeControl {
     virtual void SetFocus() = 0;
     /// True if the form is active and the control, or a part of it, has the keyboard focus.
     virtual bool HasKeyboard() const = 0;
-    /// Repaints at once.
+    /// Repaints the window at once.
     virtual void Refresh() = 0;
     /// Sets the name that a screen reader announces.
     virtual void SetAccessibleName(const String& name) = 0;
-    /// Null exactly for the kinds without HasEdit.
+    /// Returns the edit part; null for the kinds without HasEdit.
     virtual NativeEdit* Edit() { return nullptr; }
-    /// Null exactly for the kinds without HasList.
+    /// Returns the list part; null for the kinds without HasList.
     virtual NativeList* List() { return nullptr; }
 };
 

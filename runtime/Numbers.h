@@ -1,4 +1,4 @@
-// Conversion between numbers and text, and rounding to integers, by the rules of the classic BASIC runtime.
+// Converts between numbers and text, and rounds to integers, by the rules of the classic BASIC runtime.
 #pragma once
 
 #include <cstdint>
@@ -7,18 +7,18 @@
 
 namespace runtime {
 
-/// `number` as decimal text. A non-negative number has a leading blank in place of the sign: " 0", "-3".
+/// Returns `number` as decimal text. A non-negative number has a leading blank in place of the sign: " 0", "-3".
 String Str(std::int32_t number);
 
-/// The number at the start of `text`; 0 if there is none. Error 6 on overflow.
+/// Returns the number at the start of `text`; 0 if there is no number. Error 6 on overflow.
 /// - Blanks, tabs and line feeds are ignored everywhere.
-/// - "&H" starts a hexadecimal number, "&O" or "&" alone an octal one.
+/// - "&H" starts a hexadecimal number. "&O" or a single "&" starts an octal number.
 /// - An exponent starts with E or D.
 /// - The period is the only decimal mark.
 /// - Conversion ends at the first character that cannot continue the number.
 double Val(StringView text);
 
-/// `number` rounded to the nearest integer; halves round to the even one. Error 6 outside the 32-bit range and for NaN.
+/// Returns `number` rounded to the nearest integer, halves to even. Error 6 outside the 32-bit range and for NaN.
 std::int32_t ToInt32(double number);
 
 }  // namespace runtime

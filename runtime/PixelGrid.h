@@ -7,14 +7,14 @@ namespace runtime {
 
 class PixelGrid {
  public:
-    /// `dpi`: the screen's dots per inch.
+    /// `dpi` is the screen's dots per inch.
     explicit PixelGrid(int dpi) : dpi_(static_cast<Twips>(dpi)) {}
 
-    /// Rounds to the nearest pixel, and halves away from zero. The result is limited to -32767..32767, the range of
-    /// window coordinates.
+    /// Rounds to the nearest pixel, halves away from zero. The result is limited to -32767..32767, the range of window
+    /// coordinates.
     int ToPixels(Twips twips) const;
     Twips ToTwips(int pixels) const { return static_cast<Twips>(pixels) * kTwipsPerInch / dpi_; }
-    /// `twips` rounded to whole pixels.
+    /// Returns `twips` rounded to whole pixels.
     Twips Whole(Twips twips) const { return ToTwips(ToPixels(twips)); }
     /// Rounds position and size separately, so that equal sizes stay equal.
     Rect Whole(const Rect& rect) const;

@@ -24,12 +24,12 @@ struct Ports {
     HelpPort& help;
 };
 
-/// The ports in use. Error 91 if none are chosen.
+/// Returns the ports in use. Error 91 if no ports are chosen.
 const Ports& CurrentPorts();
-/// Sets the ports in use; null for none. The caller keeps ownership.
+/// Sets the ports in use. Null means that no ports are chosen. The caller keeps ownership.
 void UsePorts(const Ports* ports);
 
-/// Processes pending window events: the classic runtime's DoEvents.
+/// Processes pending window events, like DoEvents of the classic runtime.
 void DoEvents();
 
 }  // namespace runtime

@@ -1,4 +1,4 @@
-// The process that the component runs in.
+// The interface of the process that the component runs in.
 #pragma once
 
 #include <memory>
@@ -17,12 +17,12 @@ class ProcessPort {
  public:
     virtual ~ProcessPort() = default;
 
-    /// The arguments of the process's command line, unchanged, without the program's own path.
+    /// Returns the arguments of the process's command line, unchanged, without the program's own path.
     virtual String CommandLine() = 0;
-    /// The folder of the component's own file. It ends with a backslash only if it is a drive's root.
+    /// Returns the folder of the component's own file. The result ends with a backslash only if it is a drive's root.
     virtual String ComponentFolder() = 0;
-    /// Claims to be the first instance of the application. None if the claim is held by another process that runs the
-    /// same executable file in the same session.
+    /// Claims to be the first instance of the application. Returns null if another process that runs the same
+    /// executable file in the same session holds the claim.
     virtual std::unique_ptr<InstanceClaim> ClaimFirstInstance() = 0;
 };
 

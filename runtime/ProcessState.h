@@ -1,5 +1,5 @@
-// What the runtime stores for the whole process. Only sources of this folder include it; all others call CurrentPorts,
-// LoadedForms, CurrentFormObserver and Operation.
+// Stores the runtime's state of the process. Only sources of this folder include this file. Other code calls
+// CurrentPorts, LoadedForms, CurrentFormObserver and Operation.
 #pragma once
 
 #include <functional>
@@ -11,7 +11,7 @@
 
 namespace runtime {
 
-/// Home thread only, apart from the number of loaded forms.
+/// Use it only on the home thread. Exception: the number of loaded forms.
 struct ProcessState {
     const Ports* ports = nullptr;  ///< null before UsePorts
     LoadedFormsCollection loadedForms;
@@ -20,7 +20,7 @@ struct ProcessState {
     std::vector<std::function<void()>> forget;  ///< called when the current operation ends
 };
 
-/// The state exists until the process ends.
+/// Returns the state. It exists until the process ends.
 ProcessState& State();
 
 }  // namespace runtime

@@ -1,4 +1,4 @@
-// Runs an action at the end of a block, however the block is left.
+// Runs an action at the end of a block, even if the block ends by an exception.
 #pragma once
 
 #include <utility>
@@ -18,7 +18,7 @@ class ScopeGuard {
     Action action_;
 };
 
-/// Gives `variable` a value for the time of a scope; then it has its former one again.
+/// Gives `variable` a value until the end of a scope. Then restores the former value.
 template <typename Value>
 [[nodiscard]] auto SetForScope(Value& variable, Value value) {
     return ScopeGuard([&variable, former = std::exchange(variable, std::move(value))] { variable = former; });

@@ -1,4 +1,4 @@
-// The size of the screen and the shape of the mouse pointer.
+// Functions for the size of the screen and the shape of the mouse pointer.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,12 @@
 
 namespace runtime {
 
-/// Pointer shapes in use, in the classic runtime's numbers.
+/// The pointer shapes that the component uses. The values are those of the classic runtime.
 enum MousePointerShape : std::int16_t { kDefaultPointer = 0, kHourglassPointer = 11 };
 
 Size ScreenSize();
 std::int16_t MousePointer();
-/// Error 380 for a shape other than 0..15 and 99.
+/// Raises error 380 if `shape` is neither in 0..15 nor 99.
 void SetMousePointer(std::int16_t shape);
 
 /// Shows the default pointer while a dialog is open, because a caller's busy pointer would hide the dialog's own

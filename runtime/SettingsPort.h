@@ -1,4 +1,4 @@
-// The classic runtime's per-user settings, stored by application, section and key.
+// The interface of the classic runtime's per-user settings. A setting has an application, a section and a key.
 #pragma once
 
 #include <optional>
@@ -11,9 +11,9 @@ class SettingsPort {
  public:
     virtual ~SettingsPort() = default;
 
-    /// None if the setting does not exist.
+    /// Returns the setting; no value if the setting does not exist.
     virtual std::optional<String> Get(StringView application, StringView section, StringView key) = 0;
-    /// Error 5 if the setting cannot be stored.
+    /// Stores the setting. Error 5 if the setting cannot be stored.
     virtual void Save(StringView application, StringView section, StringView key, StringView value) = 0;
 };
 

@@ -1,4 +1,4 @@
-// Tests that every implementation of SettingsPort must pass. Each implementation instantiates them.
+// Defines tests that every implementation of SettingsPort must pass. Each implementation instantiates the tests.
 #pragma once
 
 #include <gtest/gtest.h>

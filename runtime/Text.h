@@ -1,5 +1,5 @@
-// The runtime's strings: UTF-16 units, as in COM and in the Windows functions. A string may contain any unit, including
-// NUL and lone surrogates. Lengths and positions count units. "Character" means a unit.
+// The runtime's strings. They consist of UTF-16 units, as in COM and in the Windows functions. A string may contain any
+// unit, including NUL and lone surrogates. Lengths and positions count units. "Character" means a unit.
 #pragma once
 
 #include <optional>
@@ -16,18 +16,18 @@ String Trim(StringView text);
 /// Removes trailing blanks (U+0020 only).
 String RTrim(StringView text);
 
-/// `text` with each NUL replaced by a blank. Windows would otherwise cut the shown text off at the first NUL.
+/// Returns `text` with each NUL replaced by a blank. Without this, Windows would cut the shown text at the first NUL.
 String NulsAsBlanks(StringView text);
 
-/// `text` in UTF-8. A lone surrogate becomes U+FFFD.
+/// Returns `text` in UTF-8. A lone surrogate becomes U+FFFD.
 std::string ToUtf8(StringView text);
-/// `bytes` in UTF-16. Each byte that is not valid UTF-8 becomes U+FFFD.
+/// Returns `bytes` in UTF-16. Each byte that is not valid UTF-8 becomes U+FFFD.
 String FromUtf8(std::string_view bytes);
 
-/// `bytes` in UTF-16; none if `bytes` is not valid UTF-8.
+/// Returns `bytes` in UTF-16; no value if `bytes` is not valid UTF-8.
 std::optional<String> FromStrictUtf8(std::string_view bytes);
 
-/// Converts ASCII text, for literals that exist only as char.
+/// Converts ASCII text. Use it for literals that exist only as char.
 String FromAscii(std::string_view ascii);
 
 }  // namespace runtime

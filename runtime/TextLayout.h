@@ -26,16 +26,16 @@ class TextMeasure {
     static constexpr std::size_t kMaxRun = 1024;
 
     virtual ~TextMeasure() = default;
-    /// Width of `run`, which contains no line ends or tabs.
+    /// Returns the width of `run`. The run contains no line ends or tabs.
     virtual int Width(StringView run) = 0;
-    /// The number of characters at the start of `run` that fit into `width`, which is at least 0. The result may split
-    /// a surrogate pair.
+    /// Returns the number of characters at the start of `run` that fit into `width`. `width` is at least 0. The result
+    /// may split a surrogate pair.
     virtual std::size_t Fit(StringView run, int width) = 0;
-    /// Distance from one line to the next.
+    /// Returns the distance from one line to the next line.
     virtual int LineHeight() = 0;
 };
 
-/// The wrap width for breaking lines at line ends only.
+/// With this wrap width, lines are broken only at line ends.
 inline constexpr int kNoWrap = std::numeric_limits<int>::max();
 
 struct TextLine {
@@ -48,9 +48,9 @@ struct TextLine {
 struct TextLayout {
     /// The text as shown, without line ends.
     String text;
-    /// Never empty: an empty text has one empty line.
+    /// Never empty, because an empty text has one empty line.
     std::vector<TextLine> lines;
-    /// Width of the widest line: at most the wrap width, unless a single character is wider.
+    /// Width of the widest line. It is at most the wrap width. Exception: a single character is wider.
     int width = 0;
     int height = 0;
 
