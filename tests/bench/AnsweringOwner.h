@@ -1,5 +1,5 @@
-// The owner window of a benchmark's dialogs. It paints each dialog directly after the dialog is shown, records the
-// time, and clicks a button.
+// The owner window of a benchmark's dialogs. The owner paints each dialog directly after the dialog is shown, records
+// the time, and clicks a button.
 #pragma once
 
 #include "tests/bench/Row.h"

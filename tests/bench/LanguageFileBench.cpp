@@ -44,7 +44,7 @@ const fs::path& Root() {
     return root.path;
 }
 
-/// Serves the machine's files. For each path that the reader opens, it opens the file with the same name in Root().
+/// Serves the machine's files. For each path, this class opens the file with the same name in Root().
 class DiskFiles : public runtime::FilesPort {
  public:
     String CurrentFolder() override { return {}; }

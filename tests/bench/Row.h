@@ -1,6 +1,6 @@
-// A row of the table that scripts/bench prints. It compares the time of our code with the time of another
-// implementation, the peer. Both alternate in the same program. A benchmark prints its rows with tabs between the
-// fields.
+// A row of the table that scripts/bench prints. A row compares the time of our code with the time of another
+// implementation, the peer. Our code and the peer alternate in the same program. A benchmark prints its rows with tabs
+// between the fields.
 #pragma once
 
 #include <algorithm>

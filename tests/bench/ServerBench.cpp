@@ -1,7 +1,7 @@
 // Compares the times of clients' calls with the times of similar calls of the system. The program calls the component
-// only through COM and the kernel only through its exports. Therefore it can measure every DLL that was ever built. It
-// registers the DLL in a prefix that scripts/bench deletes afterwards. The input is in environment variables, because
-// the component parses the command line of its client:
+// only through COM and the kernel only through its exports. Therefore the program can measure every DLL that was ever
+// built. It registers the DLL in a prefix that scripts/bench deletes afterwards. The input is in environment variables,
+// because the component parses the command line of its client:
 //     BENCH_DLL, BENCH_KERNEL    the component and the kernel
 //     BENCH_STEPS=1              runs each step of a client once; before each step, a mark appears in the
 //                                trace of server calls
@@ -16,8 +16,8 @@
 
 #include <commctrl.h>  // needs the headers above
 
-/// Declares the methods of the dictionary's own interface that the program calls. It is outside the unnamed namespace.
-/// Inside, the compiler would assume that no class implements the interface.
+/// Declares the methods of the dictionary's own interface that the program calls. This type is outside the unnamed
+/// namespace. Inside, the compiler would assume that no class implements the interface, and could remove the calls.
 struct IDictionary : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE putref_Item(VARIANT* key, VARIANT* item) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Item(VARIANT* key, VARIANT* item) = 0;

@@ -1,4 +1,4 @@
-// Starts a client of the component in another process. Its program is com_client.exe in the folder of the tests.
+// Starts com_client.exe, a client of the component in another process. The program is in the folder of the tests.
 #pragma once
 
 #include <optional>
@@ -10,7 +10,7 @@ namespace tests::com {
 
 class ClientProcess {
  public:
-    /// Starts com_client with `arguments`. Fails the test if it does not start.
+    /// Starts com_client with `arguments`. Fails the test if the program does not start.
     explicit ClientProcess(const std::wstring& arguments);
     ClientProcess(const ClientProcess&) = delete;
     ClientProcess& operator=(const ClientProcess&) = delete;

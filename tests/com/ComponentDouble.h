@@ -27,7 +27,7 @@ struct ComponentDouble {
     std::optional<int> terminateError;
 };
 
-/// Returns the process's double. The fixture resets it for each test.
+/// Returns the process's test double. The fixture resets the double for each test.
 ComponentDouble& TheDouble();
 
 }  // namespace tests::com

@@ -1,4 +1,4 @@
-// Tests the thread's error object after each call. The error object belongs to that call or does not exist.
+// Tests the thread's error object after each call. Either this call has set the error object, or there is none.
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
 

@@ -99,8 +99,8 @@ std::string Described(ITypeInfo* type) {
     return text;
 }
 
-/// The type library must never change, because clients are compiled against it. It does not contain the diagnostics
-/// interface.
+/// The type library must never change, because clients are compiled against it. The diagnostics interface is not part
+/// of the library.
 TEST_F(Information, TypeLibrary_HasThreeFixedTypes) {
     const auto library = OwnTypeLibrary();
     std::vector<std::string> types;

@@ -1,4 +1,4 @@
-// Tests the end of an instance: the events that are raised, and the calls and references during the end and after it.
+// Tests the end of an instance: the events that are raised, and the calls and references that are still possible.
 #include "host/com/HomeApartment.h"
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"

@@ -1,5 +1,6 @@
 // Loads, uses and frees the component repeatedly. Some hosts do this: they create an instance for each command and free
-// unused libraries in between. The first cycle sets the limit. Later cycles must use about the same resources.
+// unused libraries in between. The first cycle sets the limit. Later cycles may exceed this limit only by a small
+// tolerance.
 #include <algorithm>
 #include <cstdio>
 #include <optional>

@@ -109,8 +109,8 @@ TEST_F(ShippedComponent, ManyCommands_MemoryDoesNotGrow) {
     const int commands = tests::Rounds(1'000'000, 100'000);
     std::size_t before = 0;
     for (int i = 0; i < commands; ++i) {
-        // From here on, memory that is allocated only once is no longer counted. The longest text needs most of that
-        // memory.
+        // The test measures from here. By now, the component has allocated all memory that it allocates only once. Most
+        // of this memory is for the longest text.
         if (i == commands / 5) before = PrivateBytes();
         const String given = maker.Next();
         Bstr command(given);

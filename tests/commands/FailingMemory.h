@@ -3,7 +3,7 @@
 
 namespace tests {
 
-/// Makes all later allocations fail, or succeed again.
+/// If `isShort` is true, all later allocations fail. Otherwise later allocations succeed again.
 void MakeMemoryShort(bool isShort);
 
 }  // namespace tests

@@ -1,4 +1,4 @@
-// Fuzzes INI files with any bytes. Reading must end, and it must find every setting in plain form.
+// Fuzzes INI files with any bytes. Reading must end, and the reader must find every setting in plain form.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>

@@ -103,7 +103,7 @@ String TakeText(FuzzedDataProvider& data) {
     return text;
 }
 
-/// Splits `text` into paragraphs as the layout shows them. Uses a simple method with several passes.
+/// Splits `text` into paragraphs as the layout shows the paragraphs. Uses a simple method with several passes.
 std::vector<String> Paragraphs(String text) {
     for (std::size_t at = 0; (at = text.find(u"\r\n", at)) != String::npos;) text.erase(at, 1);
     std::replace(text.begin(), text.end(), u'\r', u'\n');
@@ -126,7 +126,7 @@ StringView Word(StringView text) {
     return text.substr(0, std::min(text.find(u' '), text.size()));
 }
 
-/// Builds the lines of one paragraph word by word. It is slow but follows the rules exactly.
+/// Builds the lines of one paragraph word by word. This method is slow but follows the rules exactly.
 std::vector<String> SlowLines(StringView rest, int wrapWidth) {
     std::vector<String> lines;
     while (true) {

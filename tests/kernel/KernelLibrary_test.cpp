@@ -50,7 +50,7 @@ class PlacedLibrary {
     String path_;
 };
 
-/// Creates a folder for libraries and removes it after the test.
+/// Creates a folder for libraries. Removes the folder after the test.
 class KernelLibraryTest : public testing::Test {
  protected:
     void SetUp() override {

@@ -1,5 +1,5 @@
-// The tests run this program as a second process that uses the development kernel. It reads one command per line. Tabs
-// separate a command's fields. It replies to each command with one line.
+// The tests run this program as a second process that uses the development kernel. The program reads one command per
+// line and replies to each command with one line. Tabs separate a command's fields.
 //     kernel_peer FOLDER    FOLDER holds QmxKrn2K.dll
 #include <algorithm>
 #include <cstdlib>
@@ -69,7 +69,7 @@ class PeerProcess {
         return text ? "=" + *text : "none";
     }
 
-    // fill KEY LENGTH LETTER
+    // fill KEY LENGTH LETTER: stores a text of LENGTH times LETTER
     std::string Fill(const Fields& fields) {
         return Store(fields[1], std::string(std::stoul(fields[2]), fields[3].at(0))) ? "stored" : "refused";
     }
@@ -118,7 +118,7 @@ class PeerProcess {
     }
     static char LetterOf(std::size_t length) { return static_cast<char>('a' + length % 26); }
 
-    // many PREFIX COUNT
+    // many PREFIX COUNT: stores COUNT strings whose keys begin with PREFIX
     std::string SetMany(const Fields& fields) {
         for (int i = 0; i < std::stoi(fields[2]); ++i) {
             if (!Store(fields[1] + std::to_string(i), "value of " + std::to_string(i))) return "refused";
@@ -133,7 +133,7 @@ class PeerProcess {
         return std::to_string(right);
     }
 
-    // list: returns the number of keys and whether they are sorted
+    // list: returns the number of keys and "sorted" or "unsorted"
     std::string List(const Fields&) {
         std::vector<std::string> keys;
         std::string key(100, '\0');

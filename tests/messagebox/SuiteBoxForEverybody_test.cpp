@@ -1,5 +1,5 @@
-// Tests the suite's message box for special users: users with a screen reader, an input method, another theme, or
-// monitors of several resolutions.
+// Tests the suite's message box for users with a screen reader, an input method, another theme, or monitors of several
+// resolutions.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
-// The suite's message box sends a character again together with Alt. If the character has its own key and the box is in
-// the foreground, the box sends key strokes. Otherwise it posts the character.
+// Tests how the suite's message box sends a character again together with Alt. If the character has its own key and the
+// box is in the foreground, the box sends key strokes. Otherwise the box posts the character.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

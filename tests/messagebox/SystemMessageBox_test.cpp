@@ -1,5 +1,5 @@
-// Tests the system's message box. The runtime's port shows a real box, and the test operates the box from inside its
-// modal loop.
+// Tests the system's message box. The runtime's port shows a real box. The test operates the box from inside its modal
+// loop.
 #include <gmock/gmock.h>
 
 #include <algorithm>

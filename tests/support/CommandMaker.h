@@ -14,7 +14,7 @@ class CommandMaker {
  public:
     static constexpr std::size_t kMaxLength = 1024 * 1024;  ///< random characters of a very long command
 
-    /// On average, one of `commandsPerLong` commands is very long, and one of `commandsPerLz` commands is LZ.
+    /// On average, one of `commandsPerLong` commands is very long. On average, one of `commandsPerLz` commands is LZ.
     CommandMaker(std::size_t commandsPerLong, std::size_t commandsPerLz)
         : commandsPerLong_(commandsPerLong), commandsPerLz_(commandsPerLz) {}
 

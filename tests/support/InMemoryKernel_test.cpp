@@ -1,5 +1,4 @@
-// Tests the kernel in memory. It stores strings as a real kernel does, logs its calls, and fails if a test requests
-// this.
+// Tests the kernel in memory. The kernel stores strings as a real kernel does, logs its calls, and fails on request.
 #include "tests/support/InMemoryKernel.h"
 
 #include <gmock/gmock.h>

@@ -51,7 +51,7 @@ class WithoutComponent(ToolTestCase):
         self.assertRegex(errors, rb"^backproc strings: there are no strings in .*QmxKrn2K\.dll; they exist while a program")
 
     def test_where_shows_each_value_with_its_source(self):
-        # The folder's name contains a blank. So Wine puts the argument in quotes, which the component needs.
+        # The folder's name contains a blank, because the component needs quotes. Wine quotes arguments with blanks.
         with tempfile.TemporaryDirectory(suffix=" sys") as folder:
             ini = pathlib.Path(folder) / "MARLENTO.INI"
             ini.write_text("[Marlento]\nJobDir=D:\\job\n", encoding="ascii")

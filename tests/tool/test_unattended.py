@@ -19,7 +19,7 @@ from running import EXAMPLES, TIMEOUT, LiveHost, ToolTestCase, main, run, window
 
 # Wine writes the text of OutputDebugString to standard error.
 UNATTENDED = {"K4TBACKPROCESS_UNATTENDED": "1", "WINEDEBUG": "warn+seh"}
-# The argument contains a blank, because Wine then puts it in quotes. The component needs the quotes.
+# The argument contains a blank, because the component needs quotes. Wine quotes arguments with blanks.
 BAD_FOLDER = "/sys:C:\\no where"
 BAD_FOLDER_NOTE = "message answered with OK: title=[Path not found] prompt=[Path: C:\\NO WHERE not available]"
 # The kernel stores no strings, so there is no product name.

@@ -1,5 +1,5 @@
-// A fixture with an active owner window for dialogs. After the dialogs, a test checks that the owner is in its initial
-// state.
+// A fixture with an active owner window for dialogs. ExpectNothingIsLeft checks that the owner is in its initial state
+// after the dialogs.
 #pragma once
 
 #include <gtest/gtest.h>

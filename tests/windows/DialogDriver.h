@@ -1,6 +1,6 @@
-// Operates the system's and the suite's dialogs of the current thread from inside their modal loops. It runs a list of
-// steps on the innermost dialog. When the time is over, it closes the open dialogs and fails the test. If no dialog is
-// open, it ends the waiting loop with a quit message.
+// Operates the system's and the suite's dialogs of the current thread from inside their modal loops. The driver runs a
+// list of steps on the innermost dialog. When the time is over, the driver closes the open dialogs and fails the test.
+// If no dialog is open then, the driver ends the waiting loop with a quit message.
 #pragma once
 
 #include <functional>

@@ -12,9 +12,9 @@
 namespace tests {
 namespace {
 
-/// Returns the number of live objects of one kind. `told` is the system's count, or 0 if the system cannot count. In
-/// that case, the function creates objects until the system appends them at the end of the handle table. The number is
-/// then the last place less the number of created objects.
+/// Returns the number of live objects of one kind. `told` is the system's count, or 0 if the system cannot count. If
+/// `told` is 0, the function creates objects until the system appends new objects at the end of the handle table. The
+/// result is the last place less the number of created objects.
 template <typename Handle>
 long LiveObjects(DWORD told, Handle (*make)(), BOOL (*destroy)(Handle), int handlesPerPlace) {
     if (told != 0) return static_cast<long>(told);

@@ -1,5 +1,5 @@
-// An active window that owns the dialogs of a test or benchmark. After its creation and activation, it reports the
-// messages that it receives.
+// An active window that owns the dialogs of a test or benchmark. Once the window is active, it reports the messages
+// that it receives.
 #pragma once
 
 #include <functional>

@@ -1,4 +1,5 @@
-// Gives access to RecordingHelp.cpp, a help control for tests. It replaces the system's control and records its calls.
+// Gives access to RecordingHelp.cpp, a help control for tests. This control replaces the system's control and records
+// its calls.
 #pragma once
 
 #include "runtime/Text.h"
