@@ -1,20 +1,20 @@
-// A form: a window with controls. The form object also exists while it has no window.
+// A form is a window with controls. The form object also exists while it has no window.
 // - Load: the first access to a built-in property or to a control creates the window with the design values and runs
 //   the load handler.
 // - Unload: runs the query-unload and unload handlers, destroys the window and removes the form from LoadedForms(). A
 //   later access loads the form again.
 //
 // Special cases:
-// - A load handler may unload its own form. The access that loaded the form then fails with error 364, and so does
-//   every later access from inside the handler.
+// - A load handler may unload its own form. The access that loaded the form then fails with error 364. Every later
+//   access from inside the handler also fails with error 364.
 // - Unloading a form whose unload handlers are running does nothing.
-// - If an unload handler throws, the form is still unloaded; then the error is thrown.
-// - If the load handler throws, the form is unloaded without running its unload handlers; then the error is thrown.
+// - If an unload handler throws, the form is still unloaded. Then the error is thrown.
+// - If the load handler throws, the form is unloaded without running its unload handlers. Then the error is thrown.
 //
-// The form gets each key before its focused control does. FormKeys.h has the rules.
+// The form gets each key before its focused control gets the key. FormKeys.h contains the rules.
 //
-// A form is used on the thread that loaded it, unless a function's comment allows other threads. The form owns its
-// controls. References to them stay valid when the form is unloaded.
+// A form is used on the thread that loaded it. Exceptions: functions whose comments allow other threads. The form owns
+// its controls. References to the controls stay valid when the form is unloaded.
 #pragma once
 
 #include <memory>
@@ -54,13 +54,13 @@ class Form : private WindowEvents {
     /// True while the unload handlers run.
     bool IsUnloading() const { return stage_ == Stage::kUnloading; }
 
-    /// Loads the form if it is not loaded. Throws FormUnloadedInLoad if the load handler unloads it.
+    /// Loads the form if it is not loaded. Throws FormUnloadedInLoad if the form's load handler unloads the form.
     void EnsureLoaded();
-    /// Unloads the form and returns true. Returns false if a handler refuses; the form then stays loaded. Does nothing
-    /// and returns true if the form is not loaded.
+    /// Unloads the form and returns true. If a handler refuses, returns false, and the form stays loaded. If the form
+    /// is not loaded, does nothing and returns true.
     bool Unload(UnloadReason reason = UnloadReason::kCode);
-    /// Unloads the form without running its handlers, for a window that belongs to another thread or was destroyed with
-    /// its thread. May be called on any thread once the form's own thread no longer uses the form.
+    /// Unloads the form without running its handlers. Use it if the window belongs to another thread or was destroyed
+    /// with its thread. Any thread may call after the form's own thread has stopped using the form.
     void AbandonWindow();
 
     String Caption();
@@ -73,8 +73,8 @@ class Form : private WindowEvents {
     /// handler ends the loop and is thrown. Error 400 if the form is already visible.
     void ShowModal();
 
-    /// Outer bounds of the window on the screen, in twips, rounded to whole pixels. While the window is minimised: the
-    /// bounds that it had before.
+    /// Outer bounds of the window on the screen, in twips, rounded to whole pixels. While the window is minimised, the
+    /// bounds are the bounds from before.
     Twips Left();
     Twips Top();
     Twips Width();
@@ -89,54 +89,56 @@ class Form : private WindowEvents {
 
     WindowState State();
     void SetState(WindowState state);
-    /// True while the window is visible, also if other code shows or hides it. Stays true while Windows hides the
-    /// window because its owner is minimised.
+    /// True while the window is visible, even if other code has shown it. Stays true while Windows hides the window
+    /// because its owner is minimised.
     bool Visible();
-    /// `false` always hides the window, even if Visible returns false already.
+    /// `false` always hides the window, even if Visible already returns false.
     void SetVisible(bool visible);
     void Hide();
     Colour BackColour();
     void SetBackColour(Colour colour);
-    /// The unit of the form's inner coordinates as a number of the classic runtime, from 0 to 7; 1 is twips. Only
-    /// stored: this runtime always uses twips. Error 380 for another number.
+    /// The unit of the form's inner coordinates as a number of the classic runtime, from 0 to 7; 1 is twips. The value
+    /// is only stored, because this runtime always uses twips. Error 380 for another number.
     std::int16_t ScaleMode();
     void SetScaleMode(std::int16_t mode);
     /// The font for TextSize. The controls have their own fonts.
     runtime::Font Font();
     void SetFont(const runtime::Font& font);
-    /// Width of the widest line and height of all lines of `text` in the form's font, in twips. An empty text has the
-    /// height of one line.
+    /// Returns the size of `text` in the form's font, in twips: the width of the widest line and the height of all
+    /// lines. An empty text has the height of one line.
     Size TextSize(StringView text);
-    /// Makes the window topmost (above all windows that are not topmost), or removes that state.
+    /// If `onTop` is true, makes the window topmost (above all windows that are not topmost). Otherwise makes it an
+    /// ordinary window.
     void SetTopMost(bool onTop);
-    /// What a screen reader says about the form after its caption.
+    /// Sets the description that a screen reader announces after the form's caption.
     void SetAccessibleDescription(StringView description);
     NativeHandle Handle();
     NativeHandle DeviceContext();
 
-    /// The controls in the order in which they were added.
+    /// Returns the controls in the order in which they were added.
     const std::vector<std::unique_ptr<Control>>& Controls();
-    /// The control that has the focus, or will have it when the form becomes active. Null if there is none.
+    /// Returns the control that has the focus, or that gets the focus when the form becomes active. Null if there is no
+    /// such control.
     Control* FocusedControl();
-    /// Error 438 for a control of a kind that cannot have the focus, 5 for a hidden control.
+    /// Error 438 for a control of a kind that cannot have the focus. Error 5 for a hidden control.
     void SetFocus(Control& control);
 
  protected:
-    /// Error 5 while the form is loaded.
+    /// Adds a control. Error 5 while the form is loaded.
     Control& AddControl(ControlDesign design);
 
-    /// True if the form, when it is loaded, is mirrored: its left is on the right, and its texts are read from right to
-    /// left. Lengths and places stay the same.
+    /// True if the form is mirrored when it is loaded. The left of a mirrored form is on the right side, and its texts
+    /// are read from right to left. Lengths and positions stay unchanged.
     virtual bool IsRightToLeft() const { return false; }
     virtual void OnLoad() {}
     virtual void OnQueryUnload(bool& /*cancel*/, UnloadReason /*reason*/) {}
     virtual void OnUnload(bool& /*cancel*/) {}
     virtual void OnActivate() {}
     /// Called when the client or another program has shown the form's window. On the first show, OnResize is called
-    /// before it.
+    /// earlier.
     virtual void OnShownByOthers() {}
     virtual void OnResize() {}
-    /// A handler consumes the key or the character by setting it to 0.
+    /// To consume the key or the character, a handler sets it to 0.
     virtual void OnKeyDown(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
     virtual void OnKeyUp(std::int16_t& /*keyCode*/, std::int16_t /*shift*/) {}
     virtual void OnKeyPress(char16_t& /*character*/) {}
@@ -190,8 +192,8 @@ class Form : private WindowEvents {
     WindowState state_ = WindowState::kNormal;
     bool visible_ = false;
     bool wasShown_ = false;
-    bool enterPressedHere_ = false;     ///< Enter was pressed, not only repeated, since the form was loaded
-    bool isDestroyedByOthers_ = false;  ///< other code destroys the window, so handlers cannot refuse the unload
+    bool enterPressedHere_ = false;     ///< true if Enter was pressed, not only repeated, since the form was loaded
+    bool isDestroyedByOthers_ = false;  ///< true if other code destroys the window; no handler can refuse the unload
     Colour backColour_ = kButtonFace;
     runtime::Font font_;
     std::int16_t scaleMode_ = 1;

@@ -1,5 +1,5 @@
-// The window system as forms use it: windows with controls, the screen, keys and pending events. Each back end
-// implements it. The model (Form, Control) stores every property's value and sets it on the window.
+// The interface of the window system for forms: windows with controls, the screen, keys and pending events. Each back
+// end implements the interface. The model (Form, Control) stores the value of every property and sets it on the window.
 #pragma once
 
 #include <cstddef>
@@ -19,7 +19,7 @@ namespace runtime {
 enum class WindowState : std::int32_t { kNormal = 0, kMinimised = 1, kMaximised = 2 };
 enum class BorderStyle : std::int32_t { kSizable = 2, kFixedDialog = 3 };
 
-/// The reason for an unload, in the classic runtime's numbers.
+/// The reason for an unload. The values are those of the classic runtime.
 enum class UnloadReason : std::int32_t { kUser = 0, kCode = 1, kSystemEnd = 2 };
 
 /// The modifier keys that are held during a key event.
@@ -41,19 +41,19 @@ enum KeyCode : std::int16_t {
     kKeyF4 = 115,
 };
 
-/// The events that a window reports to its form. They are called on the window's thread while the window exists.
+/// The events that a window reports to its form. The window calls the functions on its thread while the window exists.
 class WindowEvents {
  public:
     virtual ~WindowEvents() = default;
 
-    /// The user or the system wants to close the window.
+    /// The user or the system requests to close the window.
     virtual void Closing(UnloadReason reason) = 0;
-    /// The window was created, moved or resized, by the form or by other code, or its state may have changed. May be
+    /// The form or other code created, moved or resized the window, or the window's state may have changed. May be
     /// called without a change.
     /// - `outer`: the bounds in twips, rounded to whole pixels; meaningless while the window is minimised.
-    /// - `state`: none while the window is hidden.
+    /// - `state`: no value while the window is hidden.
     virtual void BoundsChanged(const Rect& outer, std::optional<WindowState> state) = 0;
-    /// The window was shown or hidden, by the form or by other code. May be called without a change.
+    /// The form or other code showed or hid the window. May be called without a change.
     virtual void VisibilityChanged(bool visible) = 0;
     virtual void Activated() = 0;
     /// The window itself got the keyboard focus. The form passes it to a control.
@@ -63,7 +63,7 @@ class WindowEvents {
     /// Other code destroys the window, or the window's thread ends.
     virtual void Lost() = 0;
 
-    // Key events, before the focused control gets them. They return true if the form consumed the key.
+    // Key events before the focused control gets them. The functions return true if the form consumed the key.
 
     /// `keyCode` is a Windows virtual-key code. `isRepeated` is true for the automatic repetitions of a held key.
     virtual bool KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated = false) = 0;
@@ -72,13 +72,13 @@ class WindowEvents {
     /// Alt was pressed together with `character`.
     virtual bool AccessKey(char16_t character) = 0;
 
-    // Events of controls. `control` is the index of the control in the order of AddControl, from 0.
+    // Events of controls. `control` is the index of the control in the order of AddControl, counted from 0.
 
     virtual void Clicked(std::size_t control) = 0;
     /// The user changed the text of a control with an edit part.
     virtual void Edited(std::size_t control) = 0;
-    /// The user selected the item with the index `item`, counted from 0; -1 for none. An editable combo already shows
-    /// the item's text.
+    /// The user selected the item with the index `item`, counted from 0; -1 means that no item is selected. An editable
+    /// combo already shows the item's text.
     virtual void Chosen(std::size_t control, int item) = 0;
 };
 
@@ -96,26 +96,26 @@ class NativeWindow {
     /// Changes the state at once and calls BoundsChanged. Does nothing for a hidden window.
     virtual void SetState(WindowState state) = 0;
     virtual void SetBackColour(Colour colour) = 0;
-    /// Makes the window topmost, or removes that state. Changes nothing else.
+    /// If `onTop` is true, makes the window topmost. Otherwise makes it an ordinary window. Changes nothing else.
     virtual void SetTopMost(bool onTop) = 0;
-    /// Size of the client area.
+    /// Returns the size of the client area.
     virtual Size InnerSize() const = 0;
     virtual NativeHandle Handle() const = 0;
-    /// A device context that is valid as long as the window exists.
+    /// Returns a device context that is valid as long as the window exists.
     virtual NativeHandle DeviceContext() = 0;
-    /// What a screen reader says about the window after its caption.
+    /// Sets the description that a screen reader announces after the window's caption.
     virtual void SetAccessibleDescription(const String& description) = 0;
-    /// The window owns the control.
+    /// Adds a control. The window owns the control.
     virtual NativeControl& AddControl(const ControlLook& look) = 0;
 };
 
-/// The values that a window is created with. It is created hidden.
+/// The initial values of a window. A new window is hidden.
 struct WindowDesign {
     String caption;
     BorderStyle border = BorderStyle::kSizable;
     Rect outer;
     Colour backColour = kButtonFace;
-    bool isRightToLeft = false;  ///< the window and its controls are mirrored
+    bool isRightToLeft = false;  ///< true if the window and its controls are mirrored
 };
 
 /// The modal loop of a window. The thread's other windows are disabled until End is called or this object is destroyed.
@@ -124,7 +124,7 @@ class ModalLoop {
     virtual ~ModalLoop() = default;
 
     /// Processes events until End is called or the program is asked to quit. The request to quit stays pending for the
-    /// outer loop. An exception of a handler ends the loop and is thrown.
+    /// outer loop. If a handler throws, the loop ends and the exception is thrown.
     virtual void Run() = 0;
     /// Enables the other windows again and makes Run return. May be called more than once.
     virtual void End() = 0;
@@ -136,48 +136,50 @@ class ResolutionScope {
     virtual ~ResolutionScope() = default;
 };
 
-/// The wrap width for breaking lines at line ends only.
+/// With this wrap width, lines are broken only at line ends.
 inline constexpr Twips kEndlessWidth = std::numeric_limits<Twips>::infinity();
 
 class WindowsPort {
  public:
     virtual ~WindowsPort() = default;
 
-    /// `events` must outlive the window. Error 7 if the window system cannot create it.
+    /// Makes a window. `events` must outlive the window. Error 7 if the window system cannot create the window.
     virtual std::unique_ptr<NativeWindow> MakeWindow(const WindowDesign& design, WindowEvents& events) = 0;
-    /// Outer size of a window with the client area `inner`, rounded to whole pixels.
+    /// Returns the outer size of a window with the client area `inner`, rounded to whole pixels.
     virtual Size OuterSize(Size inner, BorderStyle border) = 0;
     virtual Size ScreenSize() = 0;
-    /// The pointer's shape while it is over the component's windows, in the classic runtime's numbers.
+    /// The pointer's shape over the component's windows. The values are those of the classic runtime.
     virtual std::int16_t MousePointer() = 0;
     virtual void SetMousePointer(std::int16_t shape) = 0;
-    /// Size of `text` in a label whose lines wrap at `wrapWidth`, in twips. kEndlessWidth: lines do not wrap.
+    /// Returns the size of `text` in a label whose lines wrap at `wrapWidth`, in twips. With kEndlessWidth, lines do
+    /// not wrap.
     virtual Size TextSize(StringView text, const Font& font, Twips wrapWidth) = 0;
-    /// Registers the window message `name` and returns its number, which is the same for all modules of the session; 0
-    /// on failure. The name is converted to the system's ANSI code page.
+    /// Registers the window message `name` and returns its number. The number is the same for all modules of the
+    /// session. Returns 0 on failure. The name is converted to the system's ANSI code page.
     virtual std::uint32_t RegisterMessage(StringView name) = 0;
-    /// Processes all pending events. An exception of a handler ends the call and is thrown. A request to quit stays
-    /// pending.
+    /// Processes all pending events. If a handler throws, the call ends and the exception is thrown. A request to quit
+    /// stays pending.
     virtual void DoEvents() = 0;
-    /// While the returned object exists, windows are created and measured in the system's resolution, also in a program
-    /// that is aware of each monitor's resolution. The window system scales them for the other monitors.
+    /// While the returned object exists, windows are created and measured in the system's resolution. That is also the
+    /// case in a program that is aware of each monitor's resolution. The window system then scales the windows for the
+    /// other monitors.
     virtual std::unique_ptr<ResolutionScope> UseSystemResolution() = 0;
-    /// Plays the user's sound for questions and does not wait for its end.
+    /// Plays the user's sound for questions. Does not wait for the end of the sound.
     virtual void PlayQuestionSound() = 0;
-    /// Replaces what is in the clipboard; false if another program holds the clipboard.
+    /// Replaces the contents of the clipboard. False if another program holds the clipboard.
     virtual bool CopyToClipboard(StringView text) = 0;
-    /// Begins the modal loop of `window`, which is about to be shown.
+    /// Begins the modal loop of `window`. Call it just before the window is shown.
     virtual std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) = 0;
-    /// Presses Alt together with `character` for the active window, without waiting for the effect. Does nothing for a
-    /// blank or a control character, because Windows itself uses these keys with Alt: Alt+Space opens the system menu,
-    /// and Alt+Tab switches to another program.
+    /// Presses Alt together with `character` in the active window. Does not wait for the effect. Does nothing for a
+    /// blank or a control character, because Windows itself uses these keys with Alt. For example, Alt+Space opens the
+    /// system menu, and Alt+Tab switches to another program.
     void SendAltKey(char16_t character) {
         const bool isBlankOrControl = character <= u' ' || character == kDeleteCharacter;
         if (!isBlankOrControl) PressWithAlt(character);
     }
 
  protected:
-    /// `character` is neither a blank nor a control character.
+    /// `character` must not be a blank or a control character.
     virtual void PressWithAlt(char16_t character) = 0;
 
  private:

@@ -1,6 +1,6 @@
-// Text measurement without a screen. All characters (UTF-16 units) of a font have the same width, so that a test can
-// compute sizes by hand. At 8.25 points, a character is 90 twips wide and a line is 195 twips high. Other font sizes
-// are in proportion (11 points: 120 and 260), rounded, and at least 1.
+// Measures text without a screen. All characters (UTF-16 units) of a font have the same width, so that a test can
+// compute sizes by hand. At 8.25 points, a character is 90 twips wide and a line is 195 twips high. At other sizes,
+// both values are scaled in proportion and rounded (11 points: 120 and 260). Both values are at least 1.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// A process with the command line, folder and earlier instance that a test sets.
+// A process whose command line, folder and earlier instance are set by a test.
 #pragma once
 
 #include "runtime/ProcessPort.h"

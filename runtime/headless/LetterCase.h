@@ -1,4 +1,5 @@
-// Letter case without Windows, for the ASCII, Latin-1, Greek and Cyrillic letters that have exactly one counterpart.
+// Converts letter case without Windows. Covers the ASCII, Latin-1, Greek and Cyrillic letters that have exactly one
+// counterpart.
 #pragma once
 
 #include "runtime/Text.h"

@@ -1,5 +1,5 @@
-// A control's window in memory. It stores what the form sets on it, and handles keys like a Windows control of its
-// kind. A test acts as the user through MemoryWindow::Press and MemoryWindow::Type.
+// A control's window in memory. It stores the values that the form sets, and handles keys like a Windows control of its
+// kind. A test simulates the user through MemoryWindow::Press and MemoryWindow::Type.
 #pragma once
 
 #include <utility>
@@ -55,7 +55,7 @@ struct MemoryControl : NativeControl, NativeEdit, NativeList {
     TextRange selection;
     std::vector<String> items;
     int listIndex = -1;
-    bool isOpen = false;  ///< the drop-down list is open
+    bool isOpen = false;  ///< true if the drop-down list is open
 
  private:
     std::size_t Number() const;

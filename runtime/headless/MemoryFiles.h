@@ -1,5 +1,5 @@
-// A file system in memory with the path rules of Windows. A test creates folders and files, chooses the calls that
-// fail, and reads from the log which calls were made.
+// A file system in memory with the path rules of Windows. A test creates folders and files, and selects the calls that
+// fail. A log contains the calls.
 #pragma once
 
 #include <cstdint>
@@ -28,9 +28,9 @@ class MemoryFiles : public FilesPort {
     /// Creates or replaces the file, with a newer stamp each time. Creates its folder if it does not exist.
     void AddFile(StringView path, std::string_view contents = {}, FileKind kind = FileKind::kOrdinary);
     void RemoveFile(StringView path);
-    /// ChangeFolder to `path` raises error `number` from now on. 0 removes this failure.
+    /// After this call, ChangeFolder to `path` raises error `number`. If `number` is 0, ChangeFolder works again.
     void FailChange(StringView path, std::int32_t number);
-    /// Reading the file fails from now on, as if another program had locked it. The file still has a stamp.
+    /// After this call, reading the file fails, as if another program had locked it. The file still has a stamp.
     void FailRead(StringView path);
 
     /// The calls, in order: "CurrentFolder", "ChangeFolder C:\x", "FirstMatch *.sch", "Stamp …", "Read …".
@@ -48,7 +48,7 @@ class MemoryFiles : public FilesPort {
     };
 
     void Note(StringView operation, StringView path);
-    /// The key of an entry: its full path in upper case. None if `path` cannot be a path.
+    /// Returns the key of an entry: its full path in upper case. No value if `path` cannot be a path.
     std::optional<String> Key(StringView path) const;
     Entry* Find(StringView path);
     Entry* FindFile(StringView path);

@@ -24,7 +24,7 @@ class MemorySettings : public SettingsPort {
 
     /// The saved settings, in order, with the names as they were passed.
     const std::vector<Setting>& Saved() const { return saved_; }
-    /// Every later Save fails with error 5, as for a user who may not write.
+    /// After this call, Save fails with error 5, as for a user without write access.
     void Refuse() { refuses_ = true; }
 
  private:

@@ -1,5 +1,5 @@
-// The window system in memory: windows without a screen, for fast tests and for machines without a display. A test acts
-// as the user and the window system, and reads what the forms have set.
+// The window system in memory: windows without a screen, for fast tests and for machines without a display. A test
+// simulates the user's and the system's actions, and reads the values that the forms have set.
 #pragma once
 
 #include <deque>
@@ -30,13 +30,13 @@ class MemoryWindows : public WindowsPort {
 
     /// Queues an action of the user or the window system. The next DoEvents or modal loop runs it.
     void Post(std::function<void()> happening) { pending_.push_back(std::move(happening)); }
-    /// Runs the next queued action; false if there is none.
+    /// Runs the next queued action. False if there is no queued action.
     bool RunOne();
-    /// Requests to quit. Modal loops end, and the request stays pending.
+    /// Asks the program to quit, as the system's quit message does. Modal loops end, and the request stays pending.
     void Quit() { quitting = true; }
     /// The windows that exist, in the order in which they were created.
     const std::vector<MemoryWindow*>& Windows() const { return windows_; }
-    /// The newest window. At least one must exist.
+    /// Returns the newest window. At least one window must exist.
     MemoryWindow& Last() const { return *windows_.back(); }
 
     /// The pixel grid to which the bounds of windows are rounded.
@@ -48,16 +48,16 @@ class MemoryWindows : public WindowsPort {
     int dpi = 96;  ///< 15 twips per pixel
     /// Every pointer shape that was set, in order.
     std::vector<std::int16_t> pointers;
-    /// Called when a visible window is destroyed, or hidden by its form.
+    /// Called when a visible window is destroyed, or when its form hides it.
     std::function<void()> onWindowHidden;
-    /// The number of calls of MakeWindow that will fail.
+    /// The next `refuseWindows` calls of MakeWindow fail.
     int refuseWindows = 0;
     bool quitting = false;
     /// The characters that were sent with Alt, in order.
     String altKeys;
-    /// Sending a character with Alt raises error 5.
+    /// If true, sending a character with Alt raises error 5.
     bool failsAltKeys = false;
-    /// How many objects of UseSystemResolution exist.
+    /// The number of existing objects of UseSystemResolution.
     int systemResolutions = 0;
     int questionSounds = 0;
     String clipboard;
@@ -96,16 +96,16 @@ class MemoryWindow : public NativeWindow {
     void SetAccessibleDescription(const String& newDescription) override { accessibleDescription = newDescription; }
     NativeControl& AddControl(const ControlLook& look) override;
 
-    /// The first control with this name; error 438 if there is none.
+    /// Returns the first control with this name. Error 438 if there is no such control.
     MemoryControl& Control(StringView name) const;
-    /// The form's event functions. A test calls them as the window system.
+    /// Returns the form's event functions. A test calls them in place of the window system.
     WindowEvents& Events() const { return events_; }
-    /// Another program shows or hides the window. A window that appears becomes active, unless it appears minimised or
-    /// `activates` is false.
+    /// Shows or hides the window as another program would. A window that was hidden becomes active. Exceptions: it is
+    /// minimised, or `activates` is false.
     void ShowExternally(WindowState newState = WindowState::kNormal, bool activates = true);
     void HideExternally();
-    /// The user presses and releases a key. Enter, Space, Escape and Tab also produce a character, unless the form
-    /// consumes the key.
+    /// Presses and releases a key as the user would. Enter, Space, Escape and Tab also produce a character. Exceptions:
+    /// the form consumes the key, or Alt or Ctrl is held.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);
     void Type(StringView text);
 
@@ -118,7 +118,7 @@ class MemoryWindow : public NativeWindow {
     std::vector<std::pair<Twips, Twips>> places;
     WindowState state = WindowState::kNormal;
     bool visible = false;
-    bool enabled = true;  ///< takes input
+    bool enabled = true;  ///< true if the window accepts input
     Colour backColour;
     std::vector<std::unique_ptr<MemoryControl>> controls;
     MemoryControl* focused = nullptr;

@@ -1,5 +1,5 @@
-// The system's fonts in memory. A test sets the installed faces and the calls that fail, and reads the calls from a
-// log.
+// The system's fonts in memory. A test sets the installed faces and selects the calls that fail. A log contains the
+// calls.
 #pragma once
 
 #include <map>
@@ -29,7 +29,7 @@ class ScriptedFonts : public FontsPort {
     bool describesIconTitles = true;
     String iconTitleFace = u"Tahoma";
     String stockFace = u"MS Shell Dlg";
-    /// FaceName raises error 7.
+    /// If true, FaceName raises error 7.
     bool failsFaceName = false;
     /// The calls, in order: "installed Arial", "make icon title", "stock", "select 81 in 4097", "face of 4097",
     /// "release 4097 of 4096", "delete 82".
