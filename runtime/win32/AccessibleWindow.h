@@ -1,5 +1,5 @@
-// What a screen reader gets for a window of the runtime: the system's object for that window, with its text as name,
-// another role and a description.
+// Answers a screen reader's request for a window of the runtime. The answer is the system's object for the window, with
+// another role and a description. The window's text is the name of the object.
 #pragma once
 
 #include "runtime/Text.h"
@@ -7,11 +7,11 @@
 
 namespace runtime::win32 {
 
-/// The answer to WM_GETOBJECT for the client object of `window`. `role` is one of ROLE_SYSTEM_*. 0, which makes the
-/// system use its own object, if the system's library is missing.
+/// Returns the answer to WM_GETOBJECT for the client object of `window`. `role` is one of ROLE_SYSTEM_*. If the
+/// system's library is missing, returns 0, and the system then uses its own object.
 LRESULT AnswerGetObject(HWND window, WPARAM wParam, LONG role, const String& description);
 
-/// True if a WM_GETOBJECT with this parameter asks for a window's client object.
+/// True if a WM_GETOBJECT with this parameter requests a window's client object.
 bool AsksForClientObject(LPARAM lParam);
 
 }  // namespace runtime::win32

@@ -1,7 +1,7 @@
 // The guard between the window system and our handlers. An exception must not leave a window procedure, because with
-// this tool chain that ends the process. Guard stores the exception, and the enclosing CallSystem on the same thread
-// throws it again. If the client's own message loop called the window procedure, there is no enclosing CallSystem;
-// Guard then sends the text of the error to the debugger. May be used on any thread.
+// this tool chain it would end the process. Guard stores the exception. The enclosing CallSystem on the same thread
+// throws the exception again. If the client's own message loop called the window procedure, there is no enclosing
+// CallSystem. Guard then sends the error's text to the debugger. Any thread may call.
 #pragma once
 
 #include <exception>
@@ -12,7 +12,7 @@ namespace runtime::win32 {
 
 class Callback {
  public:
-    /// Runs a handler that the window system calls. Never throws; returns `failed` if the handler throws.
+    /// Runs a handler inside a call of the window system. Never throws. Returns `failed` if the handler throws.
     template <typename Result, typename Handler>
     static Result Guard(Result failed, Handler&& handler) noexcept {
         try {
@@ -23,8 +23,8 @@ class Callback {
         }
     }
 
-    /// Runs a system call that may call our handlers. Then throws the first exception that Guard has stored. An
-    /// exception of `call` itself takes precedence.
+    /// Runs a system call that may call our handlers. Then throws the first exception that Guard has stored. If `call`
+    /// itself throws, that exception is thrown instead.
     template <typename Call>
     static auto CallSystem(Call&& call) {
         Scope scope;
@@ -39,7 +39,7 @@ class Callback {
     }
 
  private:
-    /// One call of CallSystem. Calls may nest; each keeps the exceptions of its own handlers.
+    /// One call of CallSystem. Calls may nest. Each call keeps the exceptions of its own handlers.
     class Scope {
      public:
         Scope() : outer_(std::exchange(innermost_, this)) {}

@@ -1,4 +1,4 @@
-// Disables the windows of a thread while a dialog is open, so that the user cannot start another action in them.
+// Disables the windows of a thread while a dialog is open, so that the user cannot start another action in the windows.
 #pragma once
 
 #include <vector>
@@ -7,21 +7,21 @@
 
 namespace runtime::win32 {
 
-/// The calling thread's top-level windows that are enabled when this object is created. The destructor enables each of
-/// them that is disabled, no matter which code disabled it. Used on that thread only.
+/// Stores the calling thread's top-level windows that are enabled when this object is created. The destructor enables
+/// the stored windows that are disabled, even if other code disabled them. Use the object only on the calling thread.
 class DisabledWindows {
  public:
-    /// `question` is the dialog, which stays enabled; may be null.
+    /// `question` is the dialog. It stays enabled. It may be null.
     explicit DisabledWindows(HWND question);
     DisabledWindows(const DisabledWindows&) = delete;
     DisabledWindows& operator=(const DisabledWindows&) = delete;
     ~DisabledWindows() { Enable(); }
 
-    /// Disables the windows. Each window gets a message about it, whose handler may run any code.
+    /// Disables the windows. Each window gets a message about the change. A handler of the message may run any code.
     void Disable();
     /// Re-enables the windows. A second call does nothing.
     void Enable();
-    /// The first visible window; null if there is none.
+    /// Returns the first visible window; null if there is no visible window.
     HWND FirstVisible() const;
 
  private:

@@ -1,4 +1,4 @@
-// The fonts and device contexts of the running Windows.
+// Implements the fonts and device contexts with the functions of Windows.
 #pragma once
 
 #include "runtime/FontsPort.h"

@@ -8,7 +8,7 @@ namespace runtime::win32 {
 
 class GdiMeasure : public TextMeasure {
  public:
-    /// Measures for the screen. `font` must outlive the object.
+    /// Measures text for the screen. `font` must outlive the object.
     explicit GdiMeasure(HFONT font);
     GdiMeasure(const GdiMeasure&) = delete;
     GdiMeasure& operator=(const GdiMeasure&) = delete;

@@ -5,8 +5,9 @@
 
 namespace runtime::win32 {
 
-/// Calls `fill(buffer, capacity)` with larger buffers until the text fits. `fill` returns the text's length if it fits,
-/// and the capacity or more if it does not. It returns 0 on failure; then the result is empty.
+/// Calls `fill(buffer, capacity)` with larger buffers until the text fits. If the text fits, `fill` returns its length.
+/// If the text does not fit, `fill` returns the capacity or more. On failure, `fill` returns 0, and the result is
+/// empty.
 template <typename Fill>
 String FillGrowing(Fill&& fill) {
     String text(MAX_PATH, u'\0');

@@ -1,4 +1,4 @@
-// Owners of platform handles. A handle is closed exactly once. An owner can be moved, but not copied.
+// Owns platform handles. A handle is closed exactly once. An owner can be moved, but not copied.
 #pragma once
 
 #include <utility>
@@ -39,7 +39,7 @@ struct KernelHandlePolicy {
     static Type Invalid() noexcept { return nullptr; }
     static void Close(Type handle) noexcept { CloseHandle(handle); }
 };
-/// Mutexes, sections, events, processes, threads.
+/// A handle of a mutex, section, event, process or thread.
 using KernelHandle = UniqueHandle<KernelHandlePolicy>;
 
 struct FileHandlePolicy {

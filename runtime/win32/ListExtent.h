@@ -1,4 +1,5 @@
-// How far a list scrolls sideways: as far as its widest item, if that is wider than the list.
+// Sets how far a list scrolls sideways. If the widest item is wider than the list, the list scrolls to the end of that
+// item.
 #pragma once
 
 #include <optional>
@@ -9,12 +10,13 @@ namespace runtime::win32 {
 
 class ListExtent {
  public:
-    /// `message` sets the extent of `list`.
+    /// `message` is the window message that sets the extent of `list`.
     ListExtent(HWND list, UINT message) : list_(list), message_(message) {}
 
-    /// The list has one item more.
+    /// Call it after an item was added to the list.
     void Take(StringView item);
-    /// The list has no items, or its font has changed and its items are taken anew.
+    /// Call it when the list has no items. Also call it when the list's font has changed, and then call Take for each
+    /// item.
     void Reset();
 
  private:
@@ -22,9 +24,9 @@ class ListExtent {
 
     HWND list_;
     UINT message_;
-    int widest_ = 0;                     ///< of the items
-    int extent_ = 0;                     ///< what the list was told
-    std::optional<GdiMeasure> measure_;  ///< in the list's font; made for the first item
+    int widest_ = 0;                     ///< width of the widest item
+    int extent_ = 0;                     ///< the extent that was sent to the list
+    std::optional<GdiMeasure> measure_;  ///< measures in the list's font; created for the first item
 };
 
 }  // namespace runtime::win32

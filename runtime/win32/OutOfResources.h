@@ -1,4 +1,4 @@
-// The error for a window, a font or another object that the system cannot create.
+// Makes the error for a window, a font or another object that the system cannot create.
 #pragma once
 
 #include <cstdint>
@@ -7,9 +7,10 @@
 
 namespace runtime::win32 {
 
-/// Error 7 with `what`, which names the missing object, and the calling thread's last Windows error code.
+/// Returns error 7. The description contains `what`, the missing object, and the calling thread's last Windows error
+/// code.
 Error OutOfResources(StringView what);
-/// The same with the Windows error code `systemError`.
+/// Does the same with the Windows error code `systemError`.
 Error OutOfResources(StringView what, std::uint32_t systemError);
 
 }  // namespace runtime::win32

@@ -1,4 +1,4 @@
-// Conversion between twips and the pixels of the screen.
+// Converts between twips and the pixels of the screen.
 #pragma once
 
 #include "runtime/Geometry.h"
@@ -6,7 +6,7 @@
 
 namespace runtime::win32 {
 
-/// Dots per inch of the screen.
+/// Returns the dots per inch of the screen.
 int ScreenDpi();
 
 /// Rounds to the nearest pixel.

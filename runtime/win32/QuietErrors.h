@@ -1,4 +1,4 @@
-// Suppresses message boxes of the system, for example about a missing disk. The caller handles the error instead.
+// Suppresses message boxes of the system, for example about a missing disk. The caller handles the error.
 #pragma once
 
 #include "runtime/ScopeGuard.h"
@@ -6,8 +6,8 @@
 
 namespace runtime::win32 {
 
-/// Applies to the current thread until the guard is destroyed. Message boxes that the thread suppresses already stay
-/// suppressed.
+/// Applies to the current thread until the guard is destroyed. If the thread already suppresses message boxes, they
+/// stay suppressed.
 /// `kinds`: SEM_FAILCRITICALERRORS, SEM_NOOPENFILEERRORBOX.
 [[nodiscard]] inline auto QuietErrors(DWORD kinds) {
     DWORD before = 0;

@@ -1,6 +1,6 @@
-// The per-user settings in the registry. Each setting is a text value in the key "HKEY_CURRENT_USER\Software\VB and VBA
-// Program Settings\<application>\<section>". Names are not case-sensitive. Within an operation a section is opened
-// once.
+// Stores the per-user settings in the registry. Each setting is a text value in the key "HKEY_CURRENT_USER\Software\VB
+// and VBA Program Settings\<application>\<section>". Names are not case-sensitive. Within an operation, a section is
+// opened once.
 #pragma once
 
 #include "runtime/SettingsPort.h"
@@ -10,17 +10,17 @@ namespace runtime::win32 {
 
 class RegistrySettings : public SettingsPort {
  public:
-    /// None also for a value that is not text. Names of environment variables in a value are not expanded.
+    /// Also returns no value for a value that is not text. Names of environment variables in a value are not expanded.
     std::optional<String> Get(StringView application, StringView section, StringView key) override;
-    /// Error 5 also if the application, section or key is empty or contains a NUL.
+    /// Also raises error 5 if the application, section or key is empty or contains a NUL.
     void Save(StringView application, StringView section, StringView key, StringView value) override;
 
  private:
-    /// The registry key at `path`; null if there is none.
+    /// Returns the registry key at `path`; null if the key does not exist.
     HKEY SectionToRead(const String& path);
     void Forget();
 
-    String openedPath_;   ///< of the section opened in the current operation; empty if none was
+    String openedPath_;   ///< path of the section opened in the current operation; empty if no section was
     RegistryKey opened_;  ///< null if that section does not exist
 };
 

@@ -5,7 +5,7 @@
 
 namespace runtime::win32 {
 
-/// True when the environment variable is exactly "1"; with any other value it is off.
+/// True if the value of the environment variable is exactly "1". Any other value is off.
 inline bool IsSwitchedOn(const wchar_t* variable) {
     wchar_t value[2]{};
     return GetEnvironmentVariableW(variable, value, 2) == 1 && value[0] == L'1';

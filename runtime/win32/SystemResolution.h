@@ -1,6 +1,6 @@
-// The resolution that windows are created in. In a program that is aware of each monitor's resolution, a dialog in
-// twips would have the wrong size on a monitor that differs from the first one. The system scales windows that know one
-// resolution only.
+// Sets the resolution in which windows are created. In a program that is aware of each monitor's resolution, a dialog
+// in twips would have the wrong size on a monitor whose resolution differs from the first monitor's. Therefore dialogs
+// use one resolution, and the system scales them.
 #pragma once
 
 #include "runtime/WindowsPort.h"
@@ -8,8 +8,8 @@
 
 namespace runtime::win32 {
 
-/// While it exists, windows that this thread creates know the system's resolution only. Changes nothing in programs
-/// that are not aware of each monitor's resolution, and on systems without such a choice (before Windows 10, 1607).
+/// While the object exists, the thread creates windows in the system's resolution. Changes nothing in programs that are
+/// not aware of each monitor's resolution. Changes nothing on systems before Windows 10, version 1607.
 class SystemResolution final : public ResolutionScope {
  public:
     SystemResolution();
@@ -18,7 +18,7 @@ class SystemResolution final : public ResolutionScope {
     ~SystemResolution() override;
 
  private:
-    HANDLE before_ = nullptr;  ///< the thread's former choice; null if it was left alone
+    HANDLE before_ = nullptr;  ///< the thread's former setting; null if it was not changed
 };
 
 }  // namespace runtime::win32

@@ -31,11 +31,11 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     void Close(bool choose) override;
     Twips ClosedHeight() override;
 
-    /// The change that the user made while the list was open. Windows itself may have completed the text.
+    /// Returns the change that the user made while the list was open. Windows itself may have completed the text.
     Notice NoticeOfClosing();
     void PutBackOpening();
     bool HasChangedSinceOpening();
-    /// True if the control shows the text of the selected item. Always true for a control without an edit window.
+    /// True if the control shows the text of the selected item. Always true if the control has no edit window.
     bool ShowsItem();
     String TextOfItem(int item) const;
 

@@ -16,7 +16,8 @@ enum class Notice { kNone, kClicked, kEdited, kChosen };
 
 class Win32Control : public NativeControl {
  public:
-    /// Creates the window as a child of the window of `parent`. `id` identifies it in WM_COMMAND. Error 7 on failure.
+    /// Creates the window as a child of the window of `parent`. `id` identifies the new window in WM_COMMAND. Error 7
+    /// on failure.
     static std::unique_ptr<Win32Control> Make(Win32Window& parent, Win32Windows& system, const ControlLook& look,
                                               int id);
 
@@ -30,9 +31,9 @@ class Win32Control : public NativeControl {
     void SetAccessibleName(const String& name) override;
 
     HWND Window() const { return window_; }
-    /// `code` is the notification code of a WM_COMMAND from the window.
+    /// Returns the meaning of a notification. `code` is the notification code of a WM_COMMAND from the window.
     virtual Notice NoticeOf(WORD code);
-    /// The index of the item that the user selected. Called after NoticeOf has returned kChosen.
+    /// Returns the index of the item that the user selected. Call it after NoticeOf has returned kChosen.
     virtual int ChosenItem() { return -1; }
 
  protected:
@@ -55,9 +56,9 @@ class Win32Control : public NativeControl {
     HWND name_ = nullptr;  ///< a hidden label; a screen reader announces the label before a control as its name
 };
 
-/// The text of a window, of any length.
+/// Returns the text of a window, of any length.
 String TextOf(HWND window);
-/// The selected part of an edit window.
+/// Returns the selected part of an edit window.
 TextRange SelectionOf(HWND edit);
 void SelectIn(HWND edit, TextRange range);
 /// Replaces the selected part of an edit window.

@@ -1,12 +1,12 @@
-// The file system of Windows.
+// Implements the file system with the functions of Windows.
 #pragma once
 
 #include "runtime/FilesPort.h"
 
 namespace runtime::win32 {
 
-/// Paths may have up to 32766 characters; the system has a lower limit for the current folder. No function makes the
-/// system show a message box about a missing disk.
+/// Paths may have up to 32766 characters. The system has a lower limit for the current folder. The functions suppress
+/// the system's message box about a missing disk.
 class Win32Files : public FilesPort {
  public:
     String CurrentFolder() override;
@@ -15,7 +15,7 @@ class Win32Files : public FilesPort {
     /// A pattern that ends with a separator matches every file in that folder.
     String FirstMatch(StringView pattern) override;
     std::optional<FileStamp> Stamp(StringView path) override;
-    /// None also for a device or a pipe, because reading it might never end.
+    /// Also returns no value for a device or a pipe, because reading it might never end.
     std::optional<std::string> Read(StringView path) override;
 };
 

@@ -1,4 +1,4 @@
-// The fonts of controls. Each font is created once and kept, so that loading a form again creates no font.
+// Creates the fonts of controls. Each font is created once and kept, so that loading a form again creates no font.
 #pragma once
 
 #include <map>
@@ -11,8 +11,8 @@ namespace runtime::win32 {
 
 class Win32Fonts {
  public:
-    /// The stock font for user interfaces if the system cannot create `font`. The handle is valid as long as this
-    /// object.
+    /// Returns the system's font for `font`. If the system cannot create the font, returns the stock font for user
+    /// interfaces. The handle is valid as long as this object exists.
     HFONT Get(const Font& font);
 
  private:

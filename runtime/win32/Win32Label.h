@@ -1,5 +1,5 @@
-// A label's window. It shows its text unchanged, including '&', and wraps it at its width. It paints only the visible
-// lines, so that a long text takes no longer to paint than a short one.
+// A label's window. It shows its text unchanged, including '&', and wraps the text at the label's width. It paints only
+// the visible lines, so that a long text is painted as fast as a short text.
 #pragma once
 
 #include "runtime/TextLayout.h"

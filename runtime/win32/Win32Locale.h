@@ -1,4 +1,4 @@
-// The language of the running Windows.
+// Implements the language settings with the functions of Windows.
 #pragma once
 
 #include "runtime/LocalePort.h"
@@ -7,8 +7,8 @@ namespace runtime::win32 {
 
 class Win32Locale : public LocalePort {
  public:
-    /// Converts as the system does: a character that the code page lacks becomes a similar character, or else the code
-    /// page's default character.
+    /// If the code page lacks a character, a similar character replaces it. If there is no similar character, the code
+    /// page's default character replaces it.
     std::string ToAnsi(StringView text) override;
     String FromAnsi(std::string_view bytes) override;
 
@@ -16,8 +16,8 @@ class Win32Locale : public LocalePort {
     std::int32_t UserDefaultLcid() override;
     std::optional<std::int16_t> CharsetOf(std::int32_t lcid) override;
 
-    // Letter case does not depend on the language, as in the file system. A Turkish system would otherwise change "sis"
-    // into a folder name that does not exist. A text keeps its length.
+    // Upper and lower case follow the rule of the file system, which ignores the language. With Turkish rules, "sis" in
+    // upper case has a dotted capital I, and a folder of that name does not exist. A text keeps its length.
     String UpperCase(StringView text) override;
     String LowerCase(StringView text) override;
 };

@@ -1,4 +1,4 @@
-// The system message box of Windows.
+// Shows the system message box of Windows.
 #pragma once
 
 #include "runtime/MessageBoxPort.h"
@@ -11,8 +11,8 @@ class Win32MessageBox : public MessageBoxPort {
     explicit Win32MessageBox(HelpControl& helpControl) : helpControl_(helpControl) {}
 
     /// The thread's active window owns the box. Returns IDCANCEL if the program is asked to quit or the owner is
-    /// destroyed. Help is opened with the HTML Help control; without the control, no help is opened. Error 5 for an
-    /// unknown set of buttons, error 7 if the system cannot show the box.
+    /// destroyed. The HTML Help control opens the help. Without the control, no help is opened. Error 5 for an unknown
+    /// set of buttons. Error 7 if the system cannot show the box.
     std::int32_t Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) override;
 
  private:

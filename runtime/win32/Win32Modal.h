@@ -1,5 +1,5 @@
-// The modal loop of a dialog. The window that was active owns the dialog. All other windows of the thread are disabled.
-// An arrow replaces the client's mouse pointer, which may be an hourglass, until the dialog closes.
+// Runs the modal loop of a dialog. The window that was active owns the dialog. All other windows of the thread are
+// disabled. The client's mouse pointer may be an hourglass. Until the dialog closes, an arrow replaces it.
 #pragma once
 
 #include <optional>
@@ -14,7 +14,7 @@ class Win32Windows;
 
 class Win32Modal final : public ModalLoop {
  public:
-    /// `window` is the dialog, which is still hidden.
+    /// `window` is the dialog. It must still be hidden.
     Win32Modal(Win32Windows& system, HWND window);
     Win32Modal(const Win32Modal&) = delete;
     Win32Modal& operator=(const Win32Modal&) = delete;
@@ -28,7 +28,7 @@ class Win32Modal final : public ModalLoop {
     HWND window_;
     HWND owner_;
     DisabledWindows others_;
-    std::optional<HCURSOR> pointerBefore_;  ///< the client's pointer; none if the component shows its own
+    std::optional<HCURSOR> pointerBefore_;  ///< the client's pointer; no value if the component shows a pointer
     bool ended_ = false;
 };
 

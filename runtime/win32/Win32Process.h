@@ -13,9 +13,9 @@ class Win32Process : public ProcessPort {
 
     String CommandLine() override;
     String ComponentFolder() override;
-    /// A process may have several claims, on any threads and from several copies of this code. It stays the first
-    /// instance until its last claim is destroyed. The system releases the claims of a process that ends, also after a
-    /// crash. Error 7 if the system cannot create the claim.
+    /// A process may have several claims, on any threads and from several copies of this code. The process stays the
+    /// first instance until its last claim is destroyed. When a process ends or crashes, the system releases its
+    /// claims. Error 7 if the system cannot create the claim.
     std::unique_ptr<InstanceClaim> ClaimFirstInstance() override;
 
  private:

@@ -1,5 +1,5 @@
-// A form's window and the windows of its controls. The window reports each change of its bounds, state and visibility
-// to its form, whether the form or other code caused the change. It reports its destruction only if other code caused
+// A form's window and the windows of its controls. The form or other code may change the window. The window reports
+// each change of its bounds, state and visibility to its form. It reports its destruction only if other code destroyed
 // it.
 #pragma once
 
@@ -43,12 +43,12 @@ class Win32Window : public NativeWindow {
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
  private:
-    /// Connects a new window to its object. False if this class did not create the window.
+    /// Connects a new window to its object. False if another class created the window.
     static bool Adopt(HWND window, LPARAM createMessage);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
-    /// True if `self` still exists and owns `window`. Used after a call that may run other code, which may destroy the
-    /// window.
+    /// True if `self` still exists and owns `window`. Call it after a call that may run other code, because that code
+    /// may destroy the window.
     static bool Lives(const Win32Window* self, HWND window);
     void OnDestroy();
     /// Destroys `window` on its own thread. `window` must no longer be connected to this object.
@@ -73,10 +73,10 @@ class Win32Window : public NativeWindow {
     Win32Windows& system_;
     WindowEvents& events_;
     HWND window_ = nullptr;
-    bool isHiddenWithOwner_ = false;  ///< Windows hid it because its owner was minimised
+    bool isHiddenWithOwner_ = false;  ///< true if Windows hid the window because its owner was minimised
     const BorderStyle border_;
     Colour backColour_ = kButtonFace;
-    GdiBrush ownBackground_;  ///< none for a system colour
+    GdiBrush ownBackground_;  ///< empty for a system colour
     String accessibleDescription_;
     std::vector<std::unique_ptr<Win32Control>> controls_;
 };

@@ -1,4 +1,5 @@
-// The window system of Windows. The process has one object. It is used on the thread that creates the windows.
+// Implements the window system with the functions of Windows. The process has one object. Use it on the thread that
+// creates the windows.
 #pragma once
 
 #include "runtime/WindowsPort.h"
@@ -10,7 +11,7 @@ namespace runtime::win32 {
 
 class Win32Windows : public WindowsPort {
  public:
-    /// `instance` is the module that the windows belong to. The window classes are registered with the first window.
+    /// `instance` is the module that owns the windows. The window classes are registered with the first window.
     explicit Win32Windows(HINSTANCE instance) : instance_(instance) {}
     Win32Windows(const Win32Windows&) = delete;
     Win32Windows& operator=(const Win32Windows&) = delete;
@@ -33,10 +34,10 @@ class Win32Windows : public WindowsPort {
     HINSTANCE Instance() const { return instance_; }
     const wchar_t* ClassName() const;
     Win32Fonts& Fonts() { return fonts_; }
-    /// Sends a message from the queue to its window. A key is passed to the form first; if the form consumes it, the
+    /// Sends a message from the queue to its window. The form gets a key first. If the form consumes the key, the
     /// window does not get it. Throws the exception of a handler.
     void Dispatch(const MSG& message);
-    /// True while Dispatch sends a key to its window. The form has already got this key.
+    /// True while Dispatch sends a key to its window. The form has already received this key.
     bool IsDispatchingKey() const { return dispatchingThread_ == GetCurrentThreadId(); }
     /// Shows the chosen pointer. If it is the default pointer, does nothing and returns false.
     bool ShowPointer() const;

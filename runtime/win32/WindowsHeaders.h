@@ -1,5 +1,5 @@
-// Includes the Windows headers. Other files include them through this file, because they need the build's definitions
-// (UNICODE, NOMINMAX, …). Also converts between wchar_t and char16_t.
+// Includes the Windows headers. Other files include the headers through this file, because the headers need the build's
+// definitions (UNICODE, NOMINMAX, …). The file also converts between wchar_t and char16_t.
 #pragma once
 
 #include <windows.h>
@@ -12,7 +12,8 @@ namespace runtime::win32 {
 
 static_assert(sizeof(wchar_t) == sizeof(char16_t), "the platform's wide characters are UTF-16 units");
 
-/// `text` for the Windows functions. It must end with a NUL if the function requires one.
+/// Returns `text` in the type that the Windows functions require. `text` must end with a NUL if the function requires a
+/// NUL.
 inline const wchar_t* Wide(const char16_t* text) {
     return reinterpret_cast<const wchar_t*>(text);
 }
