@@ -1,4 +1,4 @@
-// The interface of the memory that several processes share and that the string store uses. It has a few header words,
+// This interface describes the memory in which several processes share the strings. The memory has a few header words,
 // two spaces of bytes that grow on demand, and one lock. The interface hides the operating system. Therefore tests can
 // run the store in ordinary memory and stop it at any step.
 #pragma once

@@ -1,5 +1,5 @@
-// The interface of an object that observes the component: its forms, errors that never reach a client, and the result
-// of each event sink. The composition chooses at most one observer.
+// An observer receives reports about the component: its forms, errors that never reach a client, and the result of each
+// event sink. The composition chooses at most one observer.
 #pragma once
 
 #include <cstdint>
@@ -29,7 +29,7 @@ namespace detail {
 inline Observer* observer = nullptr;
 }
 
-/// Returns the observer; null if there is none.
+/// Returns the observer; null if there is no observer.
 inline Observer* CurrentObserver() noexcept {
     return detail::observer;
 }

@@ -1,5 +1,5 @@
-// The service object's interface for the COM layer. The class clsQmxBackProcess implements the interface for the
-// component. The tests of the COM layer use another implementation.
+// This interface connects the COM layer to the service object. The class clsQmxBackProcess implements the interface for
+// the component. The tests of the COM layer use another implementation.
 #pragma once
 
 #include <cstdint>

@@ -1,6 +1,6 @@
-// The service object. A module creates an instance to use the component. Each new instance reads and publishes the
-// suite's settings. The instance passes its client's commands to the main form, and the main form's commands to its
-// client. The COM layer calls the class, but the class itself does not use COM.
+// This class is the service object. A module creates an instance to use the component. Each new instance reads and
+// publishes the suite's settings. The instance passes its client's commands to the main form, and the main form's
+// commands to its client. The COM layer calls the class, but the class itself does not use COM.
 //
 // Use it only on the home thread. Terminate an instance before its destruction.
 #pragma once
@@ -45,7 +45,7 @@ class clsQmxBackProcess final : public ServiceObject {
 
     /// The folder of the suite's INI file, ending in a backslash.
     const String& SystemFolder() const { return systemFolder_; }
-    /// The file on the host's command line; empty if there is none.
+    /// The file on the host's command line; empty if the line names no file.
     const String& StartFile() const { return startFile_; }
 
  private:

@@ -1,4 +1,4 @@
-// The main form, a hidden window. It owns the process's window handle, its status line and its outgoing event. The
+// The main form is a hidden window. It owns the process's window handle, its status line and its outgoing event. The
 // event passes commands for other modules to all service objects. The form's load publishes this module's state to the
 // suite. The form's unload sends "SHUTDOWN" to the clients. Use it only on the home thread. Exception: Abandon.
 #pragma once

@@ -1,5 +1,5 @@
-// The interface of the suite's kernel. The kernel stores named strings that all modules share ("kernel strings"), and
-// the name of the open design. The functions have the names of the kernel library's functions.
+// This is the interface of the suite's kernel. The kernel stores named strings that all modules share ("kernel
+// strings"), and the name of the open design. The functions have the names of the kernel library's functions.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// The interface of the suite's shared reader of settings and localised texts.
+// This is the interface of the suite's shared reader, which reads settings and localised texts.
 #pragma once
 
 #include "kernel_api/Kernel.h"

@@ -1,5 +1,5 @@
-// The interface of the suite's shared string splitter. The splitter parses the comma fields of commands and counts the
-// pieces of a text.
+// This is the interface of the suite's shared string splitter. The splitter parses the comma fields of commands and
+// counts the pieces of a text.
 #pragma once
 
 #include <cstdint>

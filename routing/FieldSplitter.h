@@ -1,5 +1,5 @@
-// The suite's comma-field splitter. Modules write lists of comma fields into kernel strings and commands. A field may
-// be in double quotes. The splitter stores its result in two process-wide arrays.
+// Splits lists of comma fields by the suite's rules. Modules write lists of comma fields into kernel strings and
+// commands. A field may be in double quotes. The splitter stores its result in two process-wide arrays.
 #pragma once
 
 #include <cstdint>

@@ -1,6 +1,6 @@
-// Functions for texts that the user reads. They return localised texts, report the suite's common errors, and show
-// messages. A message appears in the system's message box or in the suite's message box. The suite's box also has "Yes
-// To All". Call the functions only on the home thread.
+// These functions return localised texts, report the suite's common errors, and show messages. A message appears in the
+// system's message box or in the suite's message box. The suite's box also has "Yes To All". Call the functions only on
+// the home thread.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// The component's process-wide values. All instances and forms in the process share the values. host::Composition owns
-// them. Use them only on the home thread.
+// All instances and forms in the process share these values. host::Composition owns the values. Use them only on the
+// home thread.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// The interface that receives the lines of a trace. Under Windows, a file receives them. In tests, memory receives
-// them.
+// An output receives the lines of a trace. Under Windows, the output is a file. In tests, the output stores the lines
+// in memory.
 #pragma once
 
 #include <string_view>

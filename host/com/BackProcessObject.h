@@ -1,5 +1,5 @@
-// The COM object that a client uses. It owns a service object. It has a dual interface, class information and one
-// connection point. It belongs to the home apartment until a client releases its last reference.
+// A client uses this COM object. The object owns a service object. The object has a dual interface, class information
+// and one connection point. It belongs to the home apartment until a client releases its last reference.
 //
 // The last release terminates the service object while the sinks are still connected. Then it disconnects the sinks. A
 // reference taken during that time stays valid, but every call on it fails with error 91. Each call and each event

@@ -10,8 +10,8 @@ VARIANT* AsWritable(const VARIANT& value) {
     return const_cast<VARIANT*>(&value);
 }
 
-/// The maximum number of default properties or references that a conversion follows. A limit is necessary, because such
-/// a chain may be endless.
+/// The maximum number of default properties or references that a conversion follows. A limit is necessary, because a
+/// chain of properties or references may be endless.
 constexpr int kMaxDefaultProperties = 8;
 
 constexpr VARTYPE kVariantReference = VT_VARIANT | VT_BYREF;

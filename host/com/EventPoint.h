@@ -1,5 +1,5 @@
-// The instance's connection point for its event interface. It has its own COM identity, but a reference to it is a
-// reference to the instance. Use it only on the home thread.
+// Implements the instance's connection point for its event interface. The connection point has its own COM identity,
+// but a reference to the connection point is a reference to the instance. Use it only on the home thread.
 #pragma once
 
 #include "host/com/HomeApartment.h"

@@ -44,7 +44,7 @@ class HomeState {
     /// True if there is no instance, no window and no stale link.
     bool IsEmpty() noexcept;
 
-    /// Removes and returns one stale link; empty if there is none.
+    /// Removes and returns one stale link; empty if there is no stale link.
     HomeLinks TakeStaleLink() noexcept;
     /// Stores stale links that the caller could not revoke.
     void KeepStaleLinks(HomeLinks link) noexcept;

@@ -1,4 +1,4 @@
-// Base classes of the component's COM objects. They implement QueryInterface for a list of interfaces, and the
+// These base classes of the component's COM objects implement QueryInterface for a list of interfaces, and the
 // reference count.
 #pragma once
 

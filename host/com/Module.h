@@ -1,4 +1,4 @@
-// Functions for the module that contains this code: the component's DLL or a test program.
+// Finds and pins the module that contains this code: the component's DLL or a test program.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"

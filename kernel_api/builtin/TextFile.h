@@ -1,4 +1,4 @@
-// A language file: localised texts in UTF-8, each on a line "identifier = text".
+// Reads a language file. The file contains localised texts in UTF-8. Each text is on a line "identifier = text".
 //
 // Blanks and tabs around identifier and text are removed. In a text, \n is a line break, \t a tab, \s a blank, and \\ a
 // backslash. Empty lines and lines that start with '#' are ignored. A line ends with CR, LF or CR LF. A line that
