@@ -85,7 +85,7 @@ TEST_F(Diagnostics, InstanceHasEnded_IsError91) {
 
 using Creation = ServiceObjectOver<tests::HeadlessComponentTest>;
 
-TEST_F(Creation, MakesOneSharedMainFormAndDoesNotLoadIt) {
+TEST_F(Creation, MakesOneSharedMainFormWithoutLoadingTheForm) {
     EXPECT_FALSE(MainFormExists());
     const auto first = Make();
     EXPECT_TRUE(MainFormExists());

@@ -329,7 +329,7 @@ TEST_F(MainFormEventsInMemory, ShownByOtherProgram_IsHiddenAtOnce) {
     }
 }
 
-TEST_F(MainFormEventsInMemory, LimitsAreExactWherePixelsAllowIt) {
+TEST_F(MainFormEventsInMemory, LimitsInWholePixels_AreExact) {
     memory_.windows.dpi = 144;  // 10 twips a pixel
     form_.SetWidth(5000);
     form_.SetHeight(2000);
@@ -355,7 +355,7 @@ TEST_F(MainFormEventsInMemory, MinimisedFormIgnoresTheLimits) {
 
 using MainFormCommands = MainFormOver<tests::HeadlessComponentTest>;
 
-TEST_F(MainFormCommands, ListenerChangesTheTexts_TheCallersChangeToo) {
+TEST_F(MainFormCommands, ListenerChangesTheTexts_CallersTextsChange) {
     const auto changing = form_.NotifyClass().Connect([](String& module, String& command) {
         module += u"1";
         command += u"2";

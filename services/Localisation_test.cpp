@@ -88,14 +88,14 @@ TEST_F(ControlLocalisation, SetsThePropertiesInAFixedOrder) {
     EXPECT_EQ(Accesses(), expected);
 }
 
-TEST_F(ControlLocalisation, PropertyRefused_TriesTheNextOne) {
+TEST_F(ControlLocalisation, PropertyRefused_NextPropertyIsTried) {
     object_.answer = runtime::kPropertyNotSupported;
     std::vector<std::string> expected = fontAccesses_;
     expected.emplace_back("Tag?");
     EXPECT_EQ(Accesses(), expected);
 }
 
-TEST_F(ControlLocalisation, AccessThrows_TriesTheNextProperty) {
+TEST_F(ControlLocalisation, AccessThrows_NextPropertyIsTried) {
     object_.throwsAtEach = true;
     std::vector<std::string> expected = fontAccesses_;
     expected.emplace_back("Tag?");

@@ -47,7 +47,7 @@ TEST(DecodeIni, InvalidUtf8IsAnsi) {
     EXPECT_EQ(Decoded("\xC3\xA4 \xE4"), u"\u00C3\u00A4 \u00E4");
 }
 
-TEST(DecodeIni, ReplacementCharacterItselfIsUtf8) {
+TEST(DecodeIni, EncodedReplacementCharacter_IsUtf8) {
     EXPECT_EQ(Decoded("a\xEF\xBF\xBD\xC3\xA4"), u"a\uFFFD\u00E4");
 }
 

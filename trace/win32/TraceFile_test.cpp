@@ -85,7 +85,7 @@ TEST_F(TraceFileTest, Write_KeepsTheLastError) {
     EXPECT_EQ(GetLastError(), 12346u);
 }
 
-TEST_F(TraceFileTest, OpenFile_OthersMayReadAndDeleteIt) {
+TEST_F(TraceFileTest, OpenFile_OtherProgramsCanReadAndDeleteTheFile) {
     const auto file = TraceFile::Open(Path());
     file->Write("line");
     EXPECT_EQ(Lines(), Texts{"line"});
