@@ -89,7 +89,7 @@ std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringV
     return result_;
 }
 
-// Set the tab positions in ascending order, because each call moves the following buttons.
+// Sets the tab positions in ascending order, because each call moves the following buttons.
 void frmQMXMsgBox::ChooseFirstButton(std::int32_t flags) {
     const int first = (flags & kDefaultButtonBits) >> 8;
     if (first == 0) return;

@@ -7,14 +7,15 @@ bool IsGap(char16_t c) {
     return c == u' ' || c == u'\t';
 }
 
-/// Whether the quote at `place` follows an odd number of backslashes.
+/// True if the quote at `place` follows an odd number of backslashes.
 bool IsEscaped(StringView text, std::size_t place) {
     const std::size_t last = text.substr(0, place).find_last_not_of(u'\\');
     const std::size_t backslashes = last == StringView::npos ? place : place - last - 1;
     return backslashes % 2 == 1;
 }
 
-/// What follows the first word and the gap behind it. A quote for which `counts` is false is a character of the word.
+/// Returns the text after the first word and the blanks that follow the word. A quote for which `counts` is false is a
+/// character of the word.
 template <typename Counts>
 StringView WithoutFirstWord(StringView text, Counts&& counts) {
     std::size_t i = 0;

@@ -48,7 +48,7 @@ TEST(CommandLine, FirstArgument_EndsAtTheFirstBlankOutsideQuotes) {
 TEST(CommandLine, FirstArgument_QuoteBehindABackslashOpensNothing) {
     EXPECT_EQ(WithoutFirstArgument(u"a\\\"b c d"), u"c d");
     EXPECT_EQ(WithoutFirstArgument(u"\"a\\\" b\" c"), u"c");
-    // Two backslashes are one of the argument, and the quote behind them closes.
+    // Two backslashes mean one backslash of the argument. The quote after them closes the quoted part.
     EXPECT_EQ(WithoutFirstArgument(u"\"C:\\x\\\\\" c"), u"c");
     EXPECT_EQ(WithoutFirstArgument(u"\\\" c"), u"c");
 }

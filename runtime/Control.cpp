@@ -44,8 +44,8 @@ void Control::SetVisible(bool visible) {
     if (visible == visible_) return;
     const bool loseFocus = !visible && tabs_.TakeFocusFrom(*this);
     visible_ = visible;
-    // Move the focus before the window is hidden; otherwise no control would have it. A form that is not visible
-    // chooses a control when it is shown.
+    // Move the focus before the window is hidden. Otherwise no control would have the focus. A hidden form chooses a
+    // control when the form is shown.
     if (loseFocus && form_.Visible()) tabs_.Walk(1);
     // A handler of the focus change may have unloaded the form.
     if (native_) native_->SetVisible(visible);
@@ -126,7 +126,7 @@ char16_t Control::AccessKey() {
 char16_t MarkedCharacter(StringView caption) {
     for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
         if (caption[i] != u'&') continue;
-        // "&&" shows one '&', and '&' before a blank marks nothing.
+        // "&&" shows one '&'. An '&' before a blank marks no access key.
         if (caption[++i] != u'&' && caption[i] != u' ') return caption[i];
     }
     return 0;

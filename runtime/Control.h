@@ -88,7 +88,7 @@ class Control {
     /// Moves the control to position `index` of the form's tab order, counted from 0. An index beyond the last position
     /// means the last position. Error 380 for a negative index. Error 438 for a control that is not in the tab order.
     void SetTabIndex(int index);
-    /// True if Tab stops at the control. Error 438 for a kind that cannot have the focus.
+    /// True if Tab stops at the control. Throws error 438 for a kind that cannot have the focus.
     bool TabStop();
     void SetTabStop(bool stop);
     /// Returns the button's access key in lower case. Alt with this character presses the button. 0 if the caption
@@ -96,32 +96,32 @@ class Control {
     char16_t AccessKey();
     /// Repaints the control at once.
     void Refresh();
-    /// Sets the name that a screen reader announces for an input control. Error 438 for other kinds.
+    /// Sets the name that a screen reader announces for an input control. Throws error 438 for other kinds.
     void SetAccessibleName(StringView name);
 
     // For controls with an edit part. Positions and lengths are in UTF-16 units. They are limited to the text.
 
     std::size_t SelStart();
-    /// Also clears the selection. Error 380 for a negative `start`.
+    /// Also clears the selection. Throws error 380 for a negative `start`.
     void SetSelStart(std::ptrdiff_t start);
     std::size_t SelLength();
-    /// Error 380 for a negative `length`.
+    /// Throws error 380 for a negative `length`.
     void SetSelLength(std::ptrdiff_t length);
     /// Replaces the selected part, as if the user had typed `text`.
     void Write(StringView text);
 
-    // For controls with a list. Items are numbered from 0.
+    // The following functions are for controls with a list. Items are numbered from 0.
 
     void AddItem(StringView item);
     /// Also clears the text of an editable combo.
     void ClearItems();
     int ItemCount();
-    /// Error 381 for an index outside the list.
+    /// Throws error 381 for an index outside the list.
     String Item(int index);
     /// The index of the selected item; -1 if no item is selected.
     int ListIndex();
-    /// Selects the item at `index`; -1 selects no item. An editable combo shows the item's text. Error 380 for an index
-    /// outside the list.
+    /// Selects the item at `index`; -1 selects no item. An editable combo shows the item's text. Throws error 380 for
+    /// an index outside the list.
     void SetListIndex(int index);
     /// True while the drop-down list is open.
     bool HasOpenList() const;

@@ -1,5 +1,5 @@
-// Run-time errors with the numbers and descriptions of the classic BASIC forms runtime. An error is thrown where the
-// caller cannot reasonably continue. A COM client receives it as HRESULT 0x800A0000 + number.
+// Defines run-time errors with the numbers and descriptions of the classic BASIC forms runtime. Code throws an error if
+// its caller cannot reasonably continue. A COM client receives a runtime error as HRESULT 0x800A0000 + number.
 #pragma once
 
 #include <cstdint>
@@ -107,7 +107,7 @@ class FirstError {
 
     bool IsKept() const noexcept { return kept_ != nullptr; }
     const std::exception_ptr& Kept() const noexcept { return kept_; }
-    /// Throws the kept exception, if there is one.
+    /// Throws the stored exception if there is one.
     void Rethrow() const {
         if (kept_) std::rethrow_exception(kept_);
     }

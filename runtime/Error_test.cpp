@@ -1,4 +1,4 @@
-// The texts of errors, and FirstError.
+// Tests the texts of errors, and FirstError.
 #include "runtime/Error.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ TEST(FirstErrorTest, AllStepsSucceed_NothingIsThrown) {
     EXPECT_NO_THROW(error.Rethrow());
 }
 
-TEST(FirstErrorTest, StepFails_OthersRunAndFirstErrorIsThrown) {
+TEST(FirstErrorTest, StepFails_OtherStepsRunAndFirstErrorIsThrown) {
     FirstError error;
     int ran = 0;
     error.Run([] { throw Error(kOverflow); });
@@ -33,7 +33,7 @@ TEST(FirstErrorTest, StepFails_OthersRunAndFirstErrorIsThrown) {
     EXPECT_EQ(tests::ErrorOf([&error] { error.Rethrow(); }), kOverflow);
 }
 
-TEST(FirstErrorTest, KeepsOtherExceptionsToo) {
+TEST(FirstErrorTest, ExceptionOfAnotherType_IsThrown) {
     FirstError error;
     error.Run([] { throw 7; });
 

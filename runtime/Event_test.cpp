@@ -1,4 +1,5 @@
-// Events: the order of calls, and listeners that connect, disconnect, throw or raise the event again during a call.
+// Tests the order in which events call listeners. Also tests listeners that connect, disconnect, throw or raise the
+// event again during a call.
 #include "runtime/Event.h"
 
 #include <gmock/gmock.h>
@@ -36,7 +37,7 @@ TEST_F(EventTest, WithoutListenersDoesNothing) {
     EXPECT_TRUE(notified_.empty());
 }
 
-TEST_F(EventTest, ListenerChangesArgument_NextOneAndCallerSeeIt) {
+TEST_F(EventTest, ListenerChangesArgument_NextListenerAndCallerGetTheChange) {
     const auto a = event_.Connect([](std::string& text) { text += "a"; });
     const auto b = event_.Connect([](std::string& text) { text += "b"; });
     std::string text = "x";
@@ -73,7 +74,7 @@ TEST_F(EventTest, ListenerDisconnectedDuringRaise_IsNotCalled) {
     EXPECT_THAT(notified_, ElementsAre("c"));
 }
 
-TEST_F(EventTest, ListenerConnectedDuringRaise_IsCalledNextTime) {
+TEST_F(EventTest, ListenerConnectedDuringRaise_IsCalledByTheNextRaise) {
     StringEvent::Connection late;
     const auto a = event_.Connect([&](std::string&) {
         notified_.push_back("a");

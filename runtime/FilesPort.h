@@ -9,7 +9,7 @@
 
 namespace runtime {
 
-/// Identifies one version of a file's contents. A changed file has another stamp.
+/// Identifies one version of a file's contents. A changed file has a different stamp.
 struct FileStamp {
     std::uint64_t modified = 0;  ///< time of the last write, in the file system's own units
     std::uint64_t size = 0;      ///< bytes

@@ -1,16 +1,16 @@
-// Tests for every FilesPort: the files in memory on every platform, and the real file system on Windows.
+// Tests every FilesPort. Runs with the files in memory on every platform, and with the real file system on Windows.
 #include "runtime/FilesPort_test.h"
 
 namespace runtime {
 namespace {
 
-TEST_P(FilesPortTest, ChangedFolderIsTheCurrentOne) {
+TEST_P(FilesPortTest, ChangeFolder_FolderIsTheCurrentFolder) {
     AddFolder(u"job");
     Files().ChangeFolder(Path(u"job"));
     EXPECT_EQ(Files().CurrentFolder(), Path(u"job"));
 }
 
-TEST_P(FilesPortTest, RelativeFolder_IsRelativeToTheCurrentOne) {
+TEST_P(FilesPortTest, RelativeFolder_IsRelativeToTheCurrentFolder) {
     AddFolder(u"job\\deep");
     Files().ChangeFolder(Path(u"job"));
     Files().ChangeFolder(u"deep");
@@ -149,7 +149,7 @@ TEST_P(FilesPortTest, UnchangedFile_HasTheSameStampWithItsSize) {
     EXPECT_EQ(Files().Stamp(Path(u"A.INI")), stamp);
 }
 
-TEST_P(FilesPortTest, ChangedFile_HasAnotherStampAndRemovedFileNone) {
+TEST_P(FilesPortTest, ChangedFile_HasAnotherStamp_RemovedFileHasNoStamp) {
     AddFile(u"a.ini", "12345");
     const auto before = Files().Stamp(Path(u"a.ini"));
     AddFile(u"a.ini", "123456");

@@ -1,5 +1,5 @@
-// The font and device-context functions that the choice of the user-interface font needs. Each function makes one call
-// of the system. Therefore a test double can log in which order objects are selected, released and deleted.
+// Declares the font and device-context functions for choosing the user-interface font. Each function makes one call of
+// the system. Therefore a test double can log in which order objects are selected, released and deleted.
 #pragma once
 
 #include "runtime/NativeHandle.h"

@@ -1,4 +1,4 @@
-// Tests for every FontsPort: ScriptedFonts on every platform, and GDI on Windows.
+// Tests every FontsPort. Runs with ScriptedFonts on every platform, and with GDI on Windows.
 #include "runtime/FontsPort_test.h"
 
 namespace runtime {

@@ -1,4 +1,4 @@
-// Key handling of forms, by the rules in FormKeys.h.
+// Handles a form's keys by the rules in FormKeys.h.
 #include "runtime/FormKeys.h"
 
 #include <algorithm>
@@ -54,7 +54,7 @@ bool Form::ActOnKey(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
             focused->CloseList(false);
             return true;
         case KeyAction::kChooseItem:
-            // Close the list now, before the character arrives, because its handlers must see the new selection.
+            // Close the list before the character arrives, because the character's handlers must get the new selection.
             focused->CloseList(true);
             [[fallthrough]];
         case KeyAction::kWrite:

@@ -20,7 +20,7 @@ namespace runtime {
 
 enum class KeyAction {
     kNone,         ///< passes the key to the control
-    kWalk,         ///< moves the focus to the next control, or with Shift to the previous one
+    kWalk,         ///< moves the focus to the next control, or with Shift to the previous control
     kWalkOn,       ///< moves the focus to the next control
     kWalkBack,     ///< moves the focus to the previous control
     kPress,        ///< presses the focused button

@@ -14,7 +14,7 @@ class LoadedFormsCollection {
     /// Returns the number of loaded forms. Any thread may call. Only the thread that owns the forms may call the other
     /// functions. Exception: the thread that cleans up after that thread has ended.
     std::size_t Count() const { return count_; }
-    /// Returns the form at `index`. Error 9 for an index outside 0..Count-1.
+    /// Returns the form at `index`. Throws error 9 for an index outside 0..Count-1.
     Form& At(std::size_t index) const;
     /// Returns the last form that is not unloading; null if there is no such form. An unloading form stays in the
     /// collection until its handlers return. A loop that unloads all forms must therefore skip that form.

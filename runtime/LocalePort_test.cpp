@@ -1,4 +1,4 @@
-// Tests for every LocalePort: PlainLocale on every platform, and the system's locale on Windows.
+// Tests every LocalePort. Runs with PlainLocale on every platform, and with the system's locale on Windows.
 #include "runtime/LocalePort_test.h"
 
 namespace runtime {

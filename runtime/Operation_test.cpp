@@ -13,12 +13,12 @@ class OperationTest : public testing::Test {
     int forgotten_ = 0;
 };
 
-TEST_F(OperationTest, NoneRuns_NothingMayBeKept) {
+TEST_F(OperationTest, NoOperation_ResultsMustNotBeStored) {
     EXPECT_FALSE(Keep());
     EXPECT_EQ(forgotten_, 0);
 }
 
-TEST_F(OperationTest, Ends_WhatWasKeptIsForgottenOnce) {
+TEST_F(OperationTest, OperationEnds_ForgetIsCalledOnce) {
     {
         const Operation operation;
         EXPECT_TRUE(Keep());
@@ -30,7 +30,7 @@ TEST_F(OperationTest, Ends_WhatWasKeptIsForgottenOnce) {
     EXPECT_EQ(forgotten_, 1);
 }
 
-TEST_F(OperationTest, EndsWithinAnother_NothingIsForgottenYet) {
+TEST_F(OperationTest, InnerOperationEnds_ForgetIsNotCalled) {
     {
         const Operation outer;
         {
@@ -43,7 +43,7 @@ TEST_F(OperationTest, EndsWithinAnother_NothingIsForgottenYet) {
     EXPECT_EQ(forgotten_, 2);
 }
 
-TEST_F(OperationTest, IsAbandoned_ForgetsAtOnce) {
+TEST_F(OperationTest, OperationIsAbandoned_ForgetIsCalledAtOnce) {
     const Operation lost;
     EXPECT_TRUE(Keep());
     Operation::Abandon();

@@ -1,5 +1,5 @@
-// Tests for every ProcessPort: FixedProcess on every platform, and the real process on Windows. Win32Process_test.cpp
-// tests claims of several processes.
+// Tests every ProcessPort. Runs with FixedProcess on every platform, and with the real process on Windows.
+// Win32Process_test.cpp tests claims of several processes.
 #include "runtime/ProcessPort_test.h"
 
 namespace runtime {

@@ -1,4 +1,4 @@
-// Tests for every SettingsPort: the settings in memory on every platform, and the registry on Windows.
+// Tests every SettingsPort. Runs with the settings in memory on every platform, and with the registry on Windows.
 #include "runtime/SettingsPort_test.h"
 
 #include "tests/support/ErrorOf.h"
@@ -11,14 +11,14 @@ TEST_P(SettingsPortTest, SavedValueIsFound) {
     EXPECT_EQ(Get(u"frmBackProcessMain_TOP"), u"1200");
 }
 
-TEST_P(SettingsPortTest, AbsentSettingIsNone) {
+TEST_P(SettingsPortTest, AbsentSetting_HasNoValue) {
     EXPECT_EQ(Get(u"Key"), std::nullopt);
     Save(u"Key", u"x");
     EXPECT_EQ(Get(u"Other"), std::nullopt);
     EXPECT_EQ(settings_->Get(kTestApplication, u"Other", u"Key"), std::nullopt);
 }
 
-TEST_P(SettingsPortTest, LaterValueReplacesTheEarlier) {
+TEST_P(SettingsPortTest, LaterValue_ReplacesTheEarlierValue) {
     Save(u"Key", u"a longer value");
     Save(u"Key", u"x");
     EXPECT_EQ(Get(u"Key"), u"x");

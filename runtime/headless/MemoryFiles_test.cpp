@@ -1,4 +1,4 @@
-// The file system in memory as a FilesPort, and its own functions: chosen failures and a log.
+// Tests the file system in memory as a FilesPort. Also tests the chosen failures and the log.
 #include "runtime/headless/MemoryFiles.h"
 
 #include <gmock/gmock.h>

@@ -1,4 +1,4 @@
-// The settings in memory as a SettingsPort, and their own functions: refusal and a log of the saved settings.
+// Tests the settings in memory as a SettingsPort. Also tests the refusal to save and the log of saved settings.
 #include "runtime/headless/MemorySettings.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
-// Actions of the user and of other programs on a window in memory. A key is passed to the form first. If the form does
-// not consume it, the control with the focus gets it.
+// Simulates actions of the user and of other programs on a window in memory. A key is passed to the form first. If the
+// form does not consume the key, the control with the focus gets the key.
 #include <algorithm>
 #include <utility>
 

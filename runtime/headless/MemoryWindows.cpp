@@ -100,7 +100,7 @@ class MemoryModal final : public ModalLoop {
  public:
     MemoryModal(MemoryWindows& system, NativeWindow& dialog) : system_(system) {
         for (MemoryWindow* window : system_.Windows()) {
-            // Disable hidden windows, too, because they may be shown while the dialog is open.
+            // Also disable hidden windows, because a hidden window may be shown while the dialog is open.
             if (window == &dialog || !window->enabled) continue;
             window->enabled = false;
             disabled_.push_back(window);
@@ -163,9 +163,9 @@ void MemoryWindow::SetBounds(const Rect& newOuter) {
 void MemoryWindow::Show(WindowState newState) {
     state = newState;
     const bool appears = !std::exchange(visible, true);
-    // Report a change by the form, too, as Windows does.
+    // Also report a change by the form, because Windows reports such a change.
     events_.VisibilityChanged(true);
-    // A window that appears becomes active, unless it is minimised.
+    // A window that was hidden becomes active. Exception: a minimised window stays inactive.
     if (appears && state != WindowState::kMinimised) events_.Activated();
 }
 

@@ -1,5 +1,5 @@
-// The language settings of a western system, without Windows: code page 1252, and the letter case of LetterCase.h. A
-// test may set other locales and character sets.
+// Implements the language settings of a western system without Windows. Uses code page 1252 and the letter case of
+// LetterCase.h. A test may set other locales and character sets.
 #pragma once
 
 #include <map>

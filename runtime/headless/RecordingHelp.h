@@ -1,4 +1,4 @@
-// A help viewer that opens nothing and records the calls.
+// Implements a help viewer that opens nothing and records the calls.
 #pragma once
 
 #include <optional>
@@ -12,7 +12,7 @@ class RecordingHelp : public HelpPort {
  public:
     struct Call {
         NativeHandle owner;
-        std::optional<String> opened;  ///< none for a call of CloseAll
+        std::optional<String> opened;  ///< no value for a call of CloseAll
         bool operator==(const Call&) const = default;
     };
 

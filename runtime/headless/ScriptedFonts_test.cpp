@@ -1,4 +1,4 @@
-// The fonts in memory as a FontsPort, and their log of calls.
+// Tests the fonts in memory as a FontsPort. Also tests the log of calls.
 #include "runtime/headless/ScriptedFonts.h"
 
 #include <gmock/gmock.h>

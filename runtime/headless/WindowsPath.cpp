@@ -15,7 +15,7 @@ bool HasDrive(StringView path) {
     return path.size() >= 2 && path[1] == u':' && letter >= u'A' && letter <= u'Z';
 }
 
-/// The length of the root in a share's path; the root ends after the second name.
+/// Returns the length of the root in a share's path. The root ends after the second name.
 std::size_t ShareRootLength(StringView path) {
     const auto server = path.find(u'\\', 2);
     if (server == StringView::npos) return path.size();
@@ -23,7 +23,7 @@ std::size_t ShareRootLength(StringView path) {
     return share == StringView::npos ? path.size() : share + 1;
 }
 
-/// `name` without the blanks and periods at its end.
+/// Returns `name` without the blanks and periods at the end.
 StringView WithoutTail(StringView name) {
     return name.substr(0, name.find_last_not_of(u". ") + 1);
 }

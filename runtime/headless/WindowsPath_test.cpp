@@ -1,4 +1,4 @@
-// The path and wildcard rules of Windows in the file system in memory.
+// Tests the path and wildcard rules of the file system in memory.
 #include "runtime/headless/WindowsPath.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "runtime/win32/AccessibleWindow.h"
 
 #include <ole2.h>
-// After ole2.h, which it needs.
+// Include this header after ole2.h, because the header needs ole2.h.
 #include <oleacc.h>
 
 #include "runtime/win32/TrustedLibrary.h"
@@ -9,8 +9,8 @@
 namespace runtime::win32 {
 namespace {
 
-/// Every method goes to the system's object, except for name, role and description of the window itself. The name is
-/// the window's text as it is; the system would remove a '&' from it.
+/// Passes every call to the system's object. Exceptions: the name, the role and the description of the window itself.
+/// The name is the unchanged text of the window. The system's object would remove a '&' from the text.
 class AccessibleWindow final : public IAccessible {
  public:
     /// Takes over the reference `system`.
@@ -19,7 +19,7 @@ class AccessibleWindow final : public IAccessible {
     AccessibleWindow(const AccessibleWindow&) = delete;
     AccessibleWindow& operator=(const AccessibleWindow&) = delete;
 
-    // The other interfaces, those of the enumeration of children and of the window's handle, are the system's.
+    // The system's object has the other interfaces: the enumeration of children and the window's handle.
     STDMETHODIMP QueryInterface(REFIID id, void** object) override {
         if (id != IID_IUnknown && id != IID_IDispatch && id != IID_IAccessible)
             return system_->QueryInterface(id, object);
@@ -109,7 +109,8 @@ class AccessibleWindow final : public IAccessible {
     const String description_;
 };
 
-/// The system's library, which stays loaded: objects of it outlive every window. Null if it is missing.
+/// Returns the system's library, or null if the library is missing. The library stays loaded, because its objects may
+/// outlive every window.
 HMODULE AccessibilityLibrary() {
     static const HMODULE library = LoadTrusted(InSystemFolder(u"oleacc.dll")).Release();
     return library;

@@ -1,4 +1,4 @@
-// Errors of handlers that the window system calls, and the calls that throw these errors again.
+// Tests Callback. A handler throws inside the window system, and the enclosing CallSystem throws the error again.
 #include "runtime/win32/Callback.h"
 
 #include <gtest/gtest.h>
@@ -11,7 +11,7 @@ namespace {
 
 using tests::ErrorOf;
 
-/// Runs a failing handler as the window system does.
+/// Runs a failing handler inside Guard, like a window procedure.
 int RunFailingHandler(std::int32_t number) {
     return Callback::Guard(-1, [number]() -> int { throw Error(number); });
 }
@@ -75,7 +75,7 @@ TEST(Callback, CallAndHandlerFail_ErrorOfTheCallIsThrown) {
     EXPECT_EQ(ErrorOf([] { Callback::CallSystem([] {}); }), 0);
 }
 
-TEST(Callback, NoEnclosingCall_ErrorIsDropped) {
+TEST(Callback, NoEnclosingCall_ErrorIsNotThrown) {
     EXPECT_EQ(RunFailingHandler(kOverflow), -1);
     EXPECT_EQ(Callback::Guard(-1, []() -> int { throw 5; }), -1);
     EXPECT_EQ(ErrorOf([] { Callback::CallSystem([] {}); }), 0);

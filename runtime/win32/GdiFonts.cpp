@@ -12,7 +12,7 @@ namespace {
 constexpr UINT kIconTitleSize = 61;
 constexpr std::size_t kFaceBuffer = 80;
 
-/// A LOGFONTA with room for kIconTitleSize bytes, the size that the system is given.
+/// A LOGFONTA with space for kIconTitleSize bytes. The code passes this size to the system.
 struct IconTitleDescription {
     LOGFONTA font;
     char spare[4];
@@ -41,7 +41,8 @@ int CALLBACK NoteFound(const LOGFONTW* /*font*/, const TEXTMETRICW* /*metric*/, 
 bool GdiFonts::IsInstalled(StringView face) {
     if (face.empty() || face.size() >= LF_FACESIZE) return false;
     LOGFONTW description{};
-    // Accept any character set. For a fixed character set, the system may prefer another face that has it.
+    // Accept any character set. For a fixed character set, the system may prefer another face that has this character
+    // set.
     description.lfCharSet = DEFAULT_CHARSET;
     std::copy(face.begin(), face.end(), description.lfFaceName);
     bool found = false;

@@ -1,4 +1,4 @@
-// The system's fonts as a FontsPort, with the faces that this system has.
+// Tests the system's fonts as a FontsPort. Uses the faces that are installed on the test machine.
 #include "runtime/win32/GdiFonts.h"
 
 #include "runtime/FontsPort_test.h"
@@ -12,7 +12,7 @@ namespace {
 struct TestedGdiFonts : TestedFonts {
     FontsPort& Port() override { return fonts; }
     NativeHandle Context() override { return reinterpret_cast<NativeHandle>(GetDC(nullptr)); }
-    /// The actual face of the stock font.
+    /// Returns the actual face of the stock font.
     String KnownFace() override {
         const NativeHandle context = Context();
         fonts.Select(context, fonts.StockGuiFont());

@@ -3,7 +3,7 @@
 namespace runtime::win32 {
 namespace {
 
-/// A window's coordinates end here.
+/// The largest coordinate in a window.
 constexpr int kWidestItem = 32767;
 
 int WidthOfItem(StringView item, GdiMeasure& measure) {
@@ -23,8 +23,8 @@ void ListExtent::Take(StringView item) {
     const int width = WidthOfItem(item, *measure_);
     if (width <= widest_) return;
     widest_ = width;
-    // The list leaves some pixels before the text. The same number behind it separates the last character from the
-    // edge.
+    // The list leaves some pixels before the text. Add the same number after the text, so that the last character does
+    // not touch the edge.
     const int needed = width + 2 * GetSystemMetrics(SM_CXEDGE);
     RECT client{};
     GetClientRect(list_, &client);

@@ -18,7 +18,7 @@ String SectionPath(StringView application, StringView section) {
     return String(kRoot).append(application).append(u"\\").append(section);
 }
 
-/// The value as text, including terminators; none if the value does not exist or is not text.
+/// Returns the value as text, including terminators. Returns no value if the value does not exist or is not text.
 std::optional<String> QueryText(HKEY key, const String& name) {
     String text;
     DWORD bytes = 0;

@@ -1,5 +1,5 @@
-// The registry as a SettingsPort, and values that other programs have written. All values are stored for a test
-// application, whose key is deleted before and after each test.
+// Tests the registry as a SettingsPort. Also tests values that other programs have written. All values are stored for a
+// test application. The test application's key is deleted before and after each test.
 #include "runtime/win32/RegistrySettings.h"
 
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ INSTANTIATE_TEST_SUITE_P(Registry, SettingsPortTest, testing::Values(&MakeRegist
 
 class RegistrySettingsTest : public testing::Test {
  protected:
-    /// Writes without using the port, as another program does.
+    /// Writes a value without the port, like another program.
     void Write(DWORD type, const void* data, DWORD bytes) {
         HKEY key = nullptr;
         ASSERT_EQ(RegCreateKeyExW(HKEY_CURRENT_USER, Wide(kApplicationPath + u"\\Section"), 0, nullptr, 0,
@@ -53,12 +53,12 @@ TEST_F(RegistrySettingsTest, Save_UsesTheKeyOfTheClassicRuntime) {
     EXPECT_EQ(bytes, 14u);
 }
 
-TEST_F(RegistrySettingsTest, ValueWithoutTerminatorIsRead) {
+TEST_F(RegistrySettingsTest, ValueWithoutTerminator_IsRead) {
     Write(REG_SZ, L"abcd", 6);
     EXPECT_EQ(Get(), u"abc");
 }
 
-TEST_F(RegistrySettingsTest, ValueWithoutAnyBytesIsEmpty) {
+TEST_F(RegistrySettingsTest, ValueWithoutAnyBytes_IsEmpty) {
     Write(REG_SZ, L"", 0);
     EXPECT_EQ(Get(), u"");
 }
@@ -68,7 +68,7 @@ TEST_F(RegistrySettingsTest, Variables_AreNotExpanded) {
     EXPECT_EQ(Get(), u"%TEMP%");
 }
 
-TEST_F(RegistrySettingsTest, OtherTypesCountAsAbsent) {
+TEST_F(RegistrySettingsTest, ValueOfAnotherType_IsIgnored) {
     const DWORD number = 0x00410041;
     Write(REG_DWORD, &number, sizeof(number));
     EXPECT_EQ(Get(), std::nullopt);
@@ -76,7 +76,7 @@ TEST_F(RegistrySettingsTest, OtherTypesCountAsAbsent) {
     EXPECT_EQ(Get(), std::nullopt);
 }
 
-TEST_F(RegistrySettingsTest, SectionAppearsInAnOperation_NextOneSeesIt) {
+TEST_F(RegistrySettingsTest, SectionIsCreatedInAnOperation_NextOperationFindsTheSection) {
     {
         const Operation operation;
         EXPECT_EQ(Get(), std::nullopt);
@@ -86,14 +86,14 @@ TEST_F(RegistrySettingsTest, SectionAppearsInAnOperation_NextOneSeesIt) {
     EXPECT_EQ(Get(), u"abc");
 }
 
-TEST_F(RegistrySettingsTest, SavedInAnOperation_IsReadInIt) {
+TEST_F(RegistrySettingsTest, SavedInAnOperation_SameOperationReadsTheValue) {
     const Operation operation;
     EXPECT_EQ(Get(), std::nullopt);
     settings_->Save(kTestApplication, u"Section", u"Key", u"abc");
     EXPECT_EQ(Get(), u"abc");
 }
 
-TEST_F(RegistrySettingsTest, TwoSectionsInAnOperation_EachGivesItsOwn) {
+TEST_F(RegistrySettingsTest, TwoSectionsInAnOperation_EachSectionHasItsOwnValue) {
     const Operation operation;
     settings_->Save(kTestApplication, u"Other", u"Key", u"other");
     Write(REG_SZ, L"abc", 8);
@@ -102,7 +102,7 @@ TEST_F(RegistrySettingsTest, TwoSectionsInAnOperation_EachGivesItsOwn) {
     EXPECT_EQ(Get(), u"abc");
 }
 
-TEST_F(RegistrySettingsTest, SectionGoesAfterAnOperation_NextOneSeesNone) {
+TEST_F(RegistrySettingsTest, SectionIsDeletedAfterAnOperation_NextOperationFindsNothing) {
     Write(REG_SZ, L"abc", 8);
     {
         const Operation operation;

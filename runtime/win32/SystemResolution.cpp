@@ -3,7 +3,7 @@
 namespace runtime::win32 {
 namespace {
 
-// The headers declare these for newer systems only.
+// The Windows headers declare these names for newer systems only.
 using GetContext = HANDLE WINAPI();
 using SetContext = HANDLE WINAPI(HANDLE);
 using AwarenessOf = int WINAPI(HANDLE);

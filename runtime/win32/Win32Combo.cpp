@@ -35,7 +35,7 @@ Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlL
 void Win32Combo::SetBounds(const Rect& bounds) {
     const RECT closed = ToPixels(bounds);
     const auto itemHeight = static_cast<int>(SendMessageW(Window(), CB_GETITEMHEIGHT, 0, 0));
-    // Windows expects the height with the list open. It sets the height of the closed control itself.
+    // Windows expects the height with an open list. Windows itself sets the height of the closed control.
     const int open = ToPixels(ClosedHeight()) + kItemsInList * itemHeight + 2 * GetSystemMetrics(SM_CYBORDER);
     Callback::CallSystem([&] {
         SetWindowPos(Window(), nullptr, static_cast<int>(closed.left), static_cast<int>(closed.top),
@@ -84,7 +84,7 @@ void Win32Combo::Close(bool choose) {
     const auto press = [this](WPARAM key) {
         Callback::CallSystem([&] { SendMessageW(Window(), WM_KEYDOWN, key, 1); });
     };
-    // The window distinguishes between selecting and cancelling only by these keys.
+    // The window selects or cancels by these keys only.
     if (choose) {
         press(VK_RETURN);
         return;

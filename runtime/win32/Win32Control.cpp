@@ -26,7 +26,7 @@ HWND CreateChild(HWND parent, HINSTANCE instance, const wchar_t* className, cons
 Win32Control::WindowKind Win32Control::KindOfWindow(ControlKind kind) {
     switch (kind) {
         case ControlKind::kStatusBar:
-            // The form sets the position of the bar; the control must not set it itself.
+            // The form sets the position of the bar. The control must not set the position itself.
             return {STATUSCLASSNAMEW, CCS_NORESIZE | CCS_NOPARENTALIGN, 0};
         case ControlKind::kLabel:
             return {Win32Label::ClassName(), 0, 0};
@@ -56,7 +56,7 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKin
                           WS_VISIBLE | windowKind.style, windowKind.extendedStyle, id);
     if (!window_) throw OutOfResources(u"cannot create the window of a control");
     if (kind == ControlKind::kLabel || kind == ControlKind::kPicture) KeepContentUnmirrored();
-    // A letter typed on a button is an access key, also for an input method that would compose with it.
+    // A letter typed on a button is an access key. An input method must not use the letter to compose text.
     if (kind == ControlKind::kButton) ImmAssociateContext(window_, nullptr);
 }
 
@@ -65,15 +65,15 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, const Cont
     // Use one text area for the whole bar.
     if (kind_ == ControlKind::kStatusBar) SendMessageW(window_, SB_SIMPLE, TRUE, 0);
     if (!look.picture.empty()) {
-        // Load the icon in its own size, not in the system's icon size.
+        // Load the icon in its original size, not in the system's icon size.
         icon_.Reset(
             static_cast<HICON>(LoadImageW(system.Instance(), Wide(look.picture), IMAGE_ICON, 0, 0, LR_DEFAULTCOLOR)));
         SendMessageW(window_, STM_SETICON, reinterpret_cast<WPARAM>(icon_.Get()), 0);
     }
 }
 
-// On a mirrored form the control has its mirrored place. A picture would be mirrored as well; a label aligns its text
-// by itself.
+// On a mirrored form, the system mirrors the control's place. The content of a picture must not be mirrored. A label
+// aligns its text itself.
 void Win32Control::KeepContentUnmirrored() {
     const LONG_PTR style = GetWindowLongPtrW(window_, GWL_EXSTYLE);
     if ((style & WS_EX_LAYOUTRTL) == 0) return;
@@ -94,7 +94,7 @@ void Win32Control::SetText(const String& text) {
     if (kind_ == ControlKind::kStatusBar) {
         SendMessageW(window_, SB_SETTEXTW, SB_SIMPLEID, reinterpret_cast<LPARAM>(Wide(shown)));
     } else if (kind_ == ControlKind::kPicture) {
-        // Screen readers say this text. The window class itself would take it for the name of a picture.
+        // Screen readers announce this text. The window class would use the text as the name of a picture.
         DefWindowProcW(window_, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(Wide(shown)));
     } else {
         Callback::CallSystem([&] { SetWindowTextW(window_, Wide(shown)); });

@@ -11,21 +11,21 @@
 namespace runtime::win32 {
 namespace {
 
-/// The system's limit, including the terminator. Some system functions do not check it.
+/// The system's limit for a path, including the terminator. Some system functions do not check this limit.
 constexpr std::size_t kMaxPathLength = 32767;
 
 bool CanBePath(StringView path) {
     return !path.empty() && path.size() < kMaxPathLength && path.find(u'\0') == StringView::npos;
 }
 
-/// The full path for `path`; empty on failure.
+/// Returns the full path for `path`, or "" on failure.
 String FullPath(StringView path) {
     const String given(path);
     return FillGrowing(
         [&given](wchar_t* buffer, DWORD capacity) { return GetFullPathNameW(Wide(given), capacity, buffer, nullptr); });
 }
 
-/// `path`, or its full path in the extended-length form if it is too long for the plain form.
+/// Returns `path`, or the full path in the extended-length form if `path` is too long for the plain form.
 String ToExtendedLengthPath(StringView path) {
     constexpr std::size_t kMaxPlainPathLength = 247;
     const String full = FullPath(path);
@@ -70,7 +70,7 @@ std::uint64_t Joined(DWORD high, DWORD low) {
     return (std::uint64_t{high} << 32) | low;
 }
 
-/// Reads up to the end of the file, which may grow during the call. False if reading fails.
+/// Reads up to the end of the file. The file may grow during the call. Returns false if reading fails.
 bool ReadAll(HANDLE file, std::string& contents) {
     constexpr DWORD kStep = 1u << 20;
     std::size_t length = 0;
@@ -102,7 +102,7 @@ void Win32Files::ChangeFolder(StringView path) {
 }
 
 String Win32Files::FirstMatch(StringView pattern) {
-    // File names cannot contain these characters, but the system accepts them as wildcards.
+    // File names cannot contain these characters, but the system accepts the characters as wildcards.
     if (!CanBePath(pattern) || pattern.find_first_of(u"<>\"") != StringView::npos) return {};
     String sought(pattern);
     if (StringView(u"\\/:").find(sought.back()) != StringView::npos) sought += u'*';

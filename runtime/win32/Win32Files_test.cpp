@@ -1,4 +1,4 @@
-// The real file system as a FilesPort, in a temporary folder. Also tests pipes, locked files and long paths.
+// Tests the real file system as a FilesPort in a temporary folder. Also tests pipes, locked files and long paths.
 #include "runtime/win32/Win32Files.h"
 
 #include <gtest/gtest.h>
@@ -89,7 +89,7 @@ std::unique_ptr<FilesBed> MakeRealBed() {
 }
 INSTANTIATE_TEST_SUITE_P(Windows, FilesPortTest, testing::Values(&MakeRealBed));
 
-TEST(Win32Files, CurrentFolder_IsThatOfTheProcess) {
+TEST(Win32Files, CurrentFolder_IsTheFolderOfTheProcess) {
     wchar_t current[MAX_PATH];
     ASSERT_NE(GetCurrentDirectoryW(MAX_PATH, current), 0u);
     EXPECT_EQ(Win32Files().CurrentFolder(), ToString(current));

@@ -12,7 +12,7 @@ constexpr float kPointsPerInch = 72.0F;
 
 GdiFont MakeFont(const Font& font) {
     LOGFONTW description{};
-    // A negative value is the height of the characters, not of the cell.
+    // A negative value is the height of the characters, not the height of the cell.
     description.lfHeight = -std::lround(font.size * static_cast<float>(ScreenDpi()) / kPointsPerInch);
     description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
     description.lfCharSet = static_cast<BYTE>(font.charset);

@@ -1,5 +1,5 @@
-// Input controls as real windows: their accessible names, focus and fonts, and keys from the system's input queue. No
-// window is left over.
+// Tests input controls as real windows: the accessible names, the focus, the fonts, and keys from the system's input
+// queue. Also checks that no window remains.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -24,7 +24,8 @@ using tests::PlaceOf;
 class RealInputs : public tests::RuntimeTest {
  protected:
     HWND Window() { return reinterpret_cast<HWND>(form_.Handle()); }
-    /// The window of the control with this number, counted from 0 in the order in which the controls were added.
+    /// Returns the window of the control with this number. Numbers start at 0, in the order of the calls that added the
+    /// controls.
     HWND WindowOf(int number) {
         constexpr int kFirstId = 100;
         return GetDlgItem(Window(), kFirstId + number);
@@ -52,7 +53,8 @@ TEST_F(RealInputs, ScreenReader_GetsTheAccessibleName) {
     EXPECT_EQ(AccessibleNameOf(BlockWindow()), u"Value of block");
 }
 
-/// How far a list box scrolls sideways: its width, and that of its part that shows; both 0 without a bar.
+/// The horizontal scroll range of a list box: the total width and the width of the visible part. Both are 0 without a
+/// scroll bar.
 std::pair<int, int> SidewaysRangeOf(HWND list) {
     const bool hasBar = (GetWindowLongW(list, GWL_STYLE) & WS_HSCROLL) != 0;
     SCROLLINFO info{sizeof(SCROLLINFO), SIF_RANGE | SIF_PAGE, 0, 0, 0, 0, 0};
@@ -66,7 +68,7 @@ TEST_F(RealInputs, ListBox_ScrollsSidewaysToTheEndOfItsWidestItem) {
     form_.list.AddItem(u"narrow");
     ShowOn(form_.list);
     EXPECT_EQ(SidewaysRangeOf(ListWindow()), (std::pair{0, 0}));
-    // Its bounds are 56 pixels high. It may be lower by a part of an item.
+    // The bounds are 56 pixels high. The list box may be lower by a part of an item.
     const auto itemHeight = static_cast<long>(SendMessageW(ListWindow(), LB_GETITEMHEIGHT, 0, 0));
     EXPECT_GT(PlaceOf(ListWindow()).height, 56 - itemHeight);
     form_.list.AddItem(wide);
@@ -80,7 +82,7 @@ TEST_F(RealInputs, ListBox_ScrollsSidewaysToTheEndOfItsWidestItem) {
     EXPECT_EQ(SidewaysRangeOf(ListWindow()), (std::pair{0, 0}));
 }
 
-// Wine gives the list of a combo box no scroll bar, but keeps how far it would scroll.
+// Wine shows no scroll bar in the list of a combo box, but stores the list's scroll range.
 TEST_F(RealInputs, DropDownList_KeepsTheWidthOfItsWidestItem) {
     for (const int number : {1, 2}) {
         Control& control = *form_.Controls()[static_cast<std::size_t>(number)];
@@ -101,7 +103,7 @@ TEST_F(RealInputs, DropDownList_KeepsTheWidthOfItsWidestItem) {
     }
 }
 
-// Wine finds the accessible name of edit windows only. For the other kinds, this test checks the label window itself.
+// Wine finds the accessible names of edit windows only. For other kinds, this test checks the label window.
 TEST_F(RealInputs, AccessibleName_IsAHiddenLabelBeforeItsControl) {
     for (const int number : {0, 1, 2, 3, 4}) {
         Control& control = *form_.Controls()[static_cast<std::size_t>(number)];
@@ -204,7 +206,7 @@ TEST_F(RealInputs, HiddenControl_HasNoVisibleWindow) {
     EXPECT_TRUE(IsWindowVisible(TextWindow()));
 }
 
-TEST_F(RealInputs, OpenListShowsEightItems) {
+TEST_F(RealInputs, OpenList_ShowsEightItems) {
     for (int i = 0; i < 50; ++i) form_.combo.AddItem(u"item");
     ShowOn(form_.combo);
     user_.Press(kKeyF4);
@@ -219,7 +221,7 @@ TEST_F(RealInputs, OpenListShowsEightItems) {
     EXPECT_FALSE(IsWindowVisible(parts.hwndList));
 }
 
-TEST_F(RealInputs, Nul_IsShownAsABlankAndIsOneAfterTyping) {
+TEST_F(RealInputs, Nul_IsShownAsABlankAndBecomesABlankAfterTyping) {
     form_.text.SetText(StringView(u"a\0b", 3));
     EXPECT_EQ(TextOf(TextWindow()), u"a b");
     ShowOn(form_.text);
@@ -239,7 +241,7 @@ TEST_F(RealInputs, UserMovesTheFocus_FormReportsIt) {
 }
 
 // Windows removes the focus from a disabled window and from a window that is no longer active.
-TEST_F(RealInputs, UserMovedTheFocus_ItReturnsThereAfterADialog) {
+TEST_F(RealInputs, UserMovedTheFocus_FocusReturnsAfterADialog) {
     ShowOn(form_.text);
     SetFocus(ListWindow());
     tests::InputForm dialog;
@@ -275,7 +277,7 @@ TEST_F(RealInputs, FontOfAListChanges_WindowFitsTheNewItems) {
     EXPECT_EQ(openPlace().bottom, open.bottom);
 }
 
-TEST_F(RealInputs, FontsReachTheWindows) {
+TEST_F(RealInputs, SetFont_ChangesTheWindowsFont) {
     form_.text.SetFont({.name = u"Arial", .size = 20});
     EXPECT_STREQ(tests::FontDescriptionOf(TextWindow()).lfFaceName, L"Arial");
 }
@@ -328,7 +330,7 @@ TEST_F(KeyboardInputs, AltAndDownOpensTheList) {
     EXPECT_EQ(form_.dropDown.Text(), u"Alpha");
 }
 
-TEST_F(RealInputs, LeaveNothingBehind) {
+TEST_F(RealInputs, Unloaded_NoWindowRemains) {
     tests::ExpectNothingStays(200, [this](int) {
         form_.list.AddItem(u"item");
         form_.text.SetAccessibleName(u"name");

@@ -1,7 +1,7 @@
 #include "runtime/win32/Win32Label.h"
 
 #include <ole2.h>
-// After ole2.h, which it needs.
+// Include this header after ole2.h, because the header needs ole2.h.
 #include <oleacc.h>
 
 #include <algorithm>
@@ -32,7 +32,7 @@ LRESULT CALLBACK Win32Label::Procedure(HWND window, UINT message, WPARAM wParam,
     return Callback::Guard(LRESULT{0}, [&]() -> LRESULT {
         auto* self = reinterpret_cast<Win32Label*>(GetWindowLongPtrW(window, GWLP_USERDATA));
         if (message == WM_NCCREATE && !self) {
-            self = new Win32Label(window);  // deleted in WM_NCDESTROY
+            self = new Win32Label(window);  // WM_NCDESTROY deletes this object
             SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
         }
         if (message == WM_NCDESTROY) {
@@ -49,7 +49,7 @@ LRESULT Win32Label::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SETTEXT:
             text_ = lParam ? ToString(reinterpret_cast<const wchar_t*>(lParam)) : String();
             LayOutAgain();
-            // The system must store the text, too, because screen readers read it from there.
+            // Pass the text to the system as well. Screen readers read the system's copy.
             return DefWindowProcW(window_, message, wParam, lParam);
         case WM_SETFONT:
             font_ = reinterpret_cast<HFONT>(wParam);

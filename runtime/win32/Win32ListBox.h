@@ -1,4 +1,4 @@
-// A list box.
+// Implements a list box.
 #pragma once
 
 #include "runtime/win32/ListExtent.h"

@@ -14,7 +14,7 @@ int Length(std::size_t length) {
     return static_cast<int>(length);
 }
 
-/// The length that a conversion returned. 0 means failure, because empty texts are not converted.
+/// Checks the length that a conversion returned. 0 means failure, because empty texts are not converted.
 std::size_t Checked(int length) {
     if (length <= 0) throw Error(kOutOfMemory);
     return static_cast<std::size_t>(length);
@@ -51,7 +51,7 @@ std::int32_t Win32Locale::UserDefaultLcid() {
 }
 
 std::optional<std::int16_t> Win32Locale::CharsetOf(std::int32_t lcid) {
-    // The signature is binary data. The system writes as many bytes as the buffer has characters.
+    // The signature is binary data. The system interprets the buffer's length in characters as a number of bytes.
     char bytes[kSignatureCharacters] = {};
     if (GetLocaleInfoA(static_cast<LCID>(lcid), LOCALE_FONTSIGNATURE, bytes, kSignatureCharacters) == 0) return {};
     LOCALESIGNATURE signature{};

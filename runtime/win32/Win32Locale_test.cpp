@@ -1,4 +1,5 @@
-// The system's locale as a LocalePort if its code page is 1252, and the results that depend on the system.
+// Tests the system's locale as a LocalePort if the system's code page is 1252. Also tests results that depend on the
+// system.
 #include "runtime/win32/Win32Locale.h"
 
 #include "runtime/LocalePort_test.h"
@@ -13,7 +14,7 @@ std::unique_ptr<LocalePort> MakeWin32Locale() {
 }
 INSTANTIATE_TEST_SUITE_P(Windows, LocalePortTest, testing::Values(&MakeWin32Locale));
 
-TEST(Win32Locale, CharacterNotInCodePage_BecomesASimilarOne) {
+TEST(Win32Locale, CharacterNotInCodePage_BecomesASimilarCharacter) {
     if (GetACP() != 1252) GTEST_SKIP() << "the system's code page is not 1252";
     EXPECT_EQ(Win32Locale().ToAnsi(u"\u0101"), "a");
 }

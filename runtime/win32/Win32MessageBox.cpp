@@ -10,8 +10,9 @@
 namespace runtime::win32 {
 namespace {
 
-/// The help of the message box that this thread shows. The help callback does not get the box as a parameter. Boxes can
-/// be nested, but only the innermost box takes input. The callback therefore opens the help of the innermost box.
+/// Stores the help of the message box that this thread shows. The help callback does not get the box as a parameter.
+/// Boxes can be nested, but only the innermost box accepts input. Therefore the callback opens the help of the
+/// innermost box.
 struct ShownHelp {
     HelpControl& control;
     HWND owner;
@@ -31,8 +32,8 @@ bool HasKnownButtons(UINT style) {
     return (style & MB_TYPEMASK) <= MB_CANCELTRYCONTINUE;
 }
 
-/// The system closes its box on WM_QUIT and posts the message again. The message stays in the queue, because the outer
-/// loop must also end.
+/// True if WM_QUIT is in the queue. The system closes its box on WM_QUIT and posts the message again. The message stays
+/// in the queue, because the outer loop must also end.
 bool IsQuitting() {
     MSG message;
     return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != FALSE;
@@ -59,7 +60,7 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     box.lpfnMsgBoxCallback = OpenInnermostHelp;
     const ShownHelp shownHelp{helpControl_, owner, help};
     const auto innermost = SetForScope(innermostHelp, &shownHelp);
-    // The destructor enables the windows, because some systems leave them disabled if the thread is asked to end.
+    // The destructor enables the windows, because some systems leave the windows disabled after a request to quit.
     DisabledWindows inputWindows(nullptr);
     // The system disables no window for a box without an owner.
     if (!owner && !isForService) inputWindows.Disable();
@@ -69,9 +70,9 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
         systemError = GetLastError();
         return given;
     });
-    // The thread was asked to end, so the result is not an answer of the user.
+    // The thread got a request to quit. Therefore the result is not the user's answer.
     if (IsQuitting()) return IDCANCEL;
-    // The box closes with its owner, which may be destroyed while the box is open.
+    // The box closes with its owner. The owner may be destroyed while the box is open.
     if (answer == 0 && owner && !IsWindow(owner)) return IDCANCEL;
     if (answer == 0) throw OutOfResources(u"cannot show a message box", systemError);
     return answer;

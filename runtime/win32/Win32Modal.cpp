@@ -6,7 +6,7 @@
 namespace runtime::win32 {
 namespace {
 
-/// The thread's active window, or null if it cannot own `dialog`.
+/// Returns the thread's active window, or null if that window cannot own `dialog`.
 HWND OwnerFor(HWND dialog) {
     const HWND active = GetActiveWindow();
     return active != dialog && IsWindowVisible(active) ? active : nullptr;

@@ -14,7 +14,7 @@
 namespace runtime::win32 {
 namespace {
 
-/// The path of the program's file in a uniform spelling: long names in lower case.
+/// Returns the path of the program's file in a uniform spelling with long names in lower case.
 String ProgramPath() {
     const String path = ModulePath(nullptr);
     const String longPath = FillGrowing(
@@ -40,7 +40,7 @@ String Hexadecimal(std::uint64_t number) {
     return text;
 }
 
-/// Computed once: the name must stay the same if the program's file is renamed.
+/// Computes the name only once, because the name must not change if the program's file is renamed.
 const String& NameOfProgram() {
     static const String& name =
         NeverDestroyed<String>(u"Local\\K4TBackProcess.FirstInstance." + Hexadecimal(StableHash(ProgramPath())));
@@ -49,9 +49,9 @@ const String& NameOfProgram() {
 
 /// The names of the mutexes of a claim.
 struct ClaimNames {
-    /// Exists while any process of the program has a claim.
+    /// The name of a mutex that exists while any process of the program has a claim.
     String program = NameOfProgram();
-    /// Exists while this process has a claim.
+    /// The name of a mutex that exists while this process has a claim.
     String process = program + u'.' + Hexadecimal(GetCurrentProcessId());
     String lock = process + u".lock";
 };
@@ -68,8 +68,8 @@ Error NoClaim(DWORD systemError) {
     return OutOfResources(u"cannot create the single-instance mutex", systemError);
 }
 
-/// Allows one thread of this process at a time to create or release a claim, across all copies of this code. The caller
-/// releases the mutex. Empty when the system refuses it.
+/// Locks a mutex. Only one thread of this process at a time can create or release a claim. All copies of this code in
+/// the process share the mutex. The caller releases the mutex. Returns an empty handle if the system refuses the mutex.
 KernelHandle Acquire(const String& lockName) {
     KernelHandle mutex = MakeMutex(lockName);
     if (mutex) WaitForSingleObject(mutex.Get(), INFINITE);
@@ -77,7 +77,7 @@ KernelHandle Acquire(const String& lockName) {
 }
 
 /// The claim is the existence of two mutexes. No thread owns them, because ownership would tie the claim to a thread.
-/// The system removes a mutex when its last handle is closed, also if the process crashes.
+/// The system removes a mutex when the mutex's last handle is closed. A crash of the process also closes the handles.
 class ProcessClaim : public InstanceClaim {
  public:
     ProcessClaim(ClaimNames names, KernelHandle program, KernelHandle process)

@@ -1,5 +1,5 @@
-// The real process as a ProcessPort. To test claims between processes, the tests start claim_holder.exe, which the
-// build puts beside them. It claims, and reports the result through named events.
+// Tests the real process as a ProcessPort. To test claims between processes, the tests start claim_holder.exe from
+// their folder. This program makes a claim and reports the result through named events.
 #include "runtime/win32/Win32Process.h"
 
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ String SystemFolder() {
         [](wchar_t* buffer, DWORD capacity) { return static_cast<DWORD>(GetSystemDirectoryW(buffer, capacity)); });
 }
 
-/// Another process that claims to be the first instance of its program.
+/// Runs another process that claims to be the first instance of its program.
 class Holder {
  public:
     explicit Holder(StringView program = HolderPath()) {
@@ -57,7 +57,7 @@ class Holder {
     Holder(const Holder&) = delete;
     Holder& operator=(const Holder&) = delete;
 
-    /// "claimed" or "refused", otherwise the reason for a failure.
+    /// Returns "claimed", "refused", or the reason for a failure.
     std::string Answer() {
         if (!process_) return "not started";
         const HANDLE events[] = {claimed_.Get(), refused_.Get(), process_.Get()};
@@ -72,7 +72,7 @@ class Holder {
                 return "no answer";
         }
     }
-    /// Makes the process release its claim and continue. True if it confirms the release.
+    /// Makes the process release the claim and continue. Returns true if the process confirms the release.
     bool GiveUp() {
         SetEvent(giveUp_.Get());
         return WaitForSingleObject(givenUp_.Get(), kMaxWait) == WAIT_OBJECT_0;
@@ -108,7 +108,7 @@ TEST(FirstInstanceClaim, SecondProcessOfTheSameProgramIsRefused) {
     EXPECT_EQ(third.Answer(), "refused");
 }
 
-TEST(FirstInstanceClaim, IsFreeWhenItsProcessReleasedIt) {
+TEST(FirstInstanceClaim, ProcessReleasedTheClaim_ClaimIsFree) {
     Holder first;
     ASSERT_EQ(first.Answer(), "claimed");
     ASSERT_TRUE(first.GiveUp());
@@ -116,7 +116,7 @@ TEST(FirstInstanceClaim, IsFreeWhenItsProcessReleasedIt) {
     EXPECT_EQ(second.Answer(), "claimed");
 }
 
-TEST(FirstInstanceClaim, IsFreeWhenItsProcessEnded) {
+TEST(FirstInstanceClaim, ProcessEnded_ClaimIsFree) {
     Holder first;
     ASSERT_EQ(first.Answer(), "claimed");
     first.End();
@@ -124,7 +124,7 @@ TEST(FirstInstanceClaim, IsFreeWhenItsProcessEnded) {
     EXPECT_EQ(second.Answer(), "claimed");
 }
 
-TEST(FirstInstanceClaim, IsFreeWhenItsProcessWasKilled) {
+TEST(FirstInstanceClaim, ProcessWasKilled_ClaimIsFree) {
     Holder first;
     ASSERT_EQ(first.Answer(), "claimed");
     first.Kill();
@@ -141,7 +141,7 @@ TEST(FirstInstanceClaim, SameFileSpeltDifferently_IsTheSameProgram) {
     EXPECT_EQ(second.Answer(), "refused");
 }
 
-TEST(FirstInstanceClaim, AnotherProgram_HasItsOwnClaim) {
+TEST(FirstInstanceClaim, AnotherProgram_HasASeparateClaim) {
     const auto ownClaim = Win32Process(nullptr).ClaimFirstInstance();
     ASSERT_NE(ownClaim, nullptr);
     const String copy = Win32Process(nullptr).ComponentFolder() + u"\\claim_holder_copy.exe";
@@ -155,7 +155,7 @@ TEST(FirstInstanceClaim, AnotherProgram_HasItsOwnClaim) {
     EXPECT_TRUE(DeleteFileW(Wide(copy))) << GetLastError();
 }
 
-TEST(FirstInstanceClaim, IsSharedByTheThreadsOfAProcess) {
+TEST(FirstInstanceClaim, ThreadsOfAProcess_ShareTheClaim) {
     auto here = Win32Process(nullptr).ClaimFirstInstance();
     std::unique_ptr<InstanceClaim> there;
     std::thread([&there] { there = Win32Process(nullptr).ClaimFirstInstance(); }).join();
@@ -171,7 +171,7 @@ TEST(Win32Process, CommandLine_HasOnlyTheArguments) {
     EXPECT_EQ(arguments.find(u"unit_tests.exe"), String::npos);
 }
 
-TEST(Win32Process, ComponentFolder_IsThatOfTheGivenModule) {
+TEST(Win32Process, ComponentFolder_IsTheFolderOfTheGivenModule) {
     const String system = SystemFolder();
     const String folder = Win32Process(GetModuleHandleW(L"kernel32.dll")).ComponentFolder();
     EXPECT_EQ(CompareStringOrdinal(Wide(folder), -1, Wide(system), -1, TRUE), CSTR_EQUAL)

@@ -1,4 +1,4 @@
-// A text box with one line or many lines.
+// Implements a text box with one line or many lines.
 #pragma once
 
 #include "runtime/win32/Win32Control.h"

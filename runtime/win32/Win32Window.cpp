@@ -41,7 +41,7 @@ BOOL CALLBACK PassOn(HWND child, LPARAM message) noexcept {
 
 constexpr int kFirstControlId = 100;
 
-/// A form may have any size, also one larger than the screen.
+/// A form may have any size. The size may exceed the screen.
 void LiftSizeLimits(MINMAXINFO* limits) {
     constexpr LONG kAnySize = 32767;
     if (!limits) return;
@@ -88,8 +88,8 @@ Win32Window::~Win32Window() {
     Destroy(window);
 }
 
-// DestroyWindow fails for a window of another thread. WM_CLOSE then destroys it, because it is not connected to an
-// object.
+// DestroyWindow fails for a window of another thread. WM_CLOSE then destroys the window, because the window is not
+// connected to an object.
 void Win32Window::Destroy(HWND window) noexcept {
     if (!DestroyWindow(window)) PostMessageW(window, WM_CLOSE, 0, 0);
 }
@@ -100,7 +100,7 @@ DWORD Win32Window::StyleOf(BorderStyle border) {
 }
 
 DWORD Win32Window::ExtendedStyleOf(BorderStyle border) {
-    // A dialog frame, without an icon in the title bar.
+    // Use a dialog frame without an icon in the title bar.
     return border == BorderStyle::kFixedDialog ? WS_EX_DLGMODALFRAME : 0;
 }
 
@@ -151,7 +151,7 @@ Size Win32Window::InnerSize() const {
 }
 
 NativeHandle Win32Window::DeviceContext() {
-    // The window class has CS_OWNDC: each window has one context, which is not released.
+    // The window class has CS_OWNDC. Each window has one context, and the context must not be released.
     return reinterpret_cast<NativeHandle>(GetDC(window_));
 }
 
@@ -219,7 +219,8 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_STYLECHANGED:  // other code can show a window by changing its style
             return OnChanged(message, wParam, lParam);
         case WM_WINDOWPOSCHANGING:
-            // A form has no size limits. The default would ask for them, and query the displays each time.
+            // A form has no size limits. The default handling would ask for the limits and query the displays each
+            // time.
             return 0;
         case WM_KEYDOWN:
         case WM_KEYUP:
@@ -283,8 +284,8 @@ LRESULT Win32Window::OnActivate(WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-// The default handling hides the window when its owner is minimised, and shows it again later. For the form, the window
-// stays visible.
+// The default handling hides the window when the window's owner is minimised, and shows the window again later. The
+// form still counts the window as visible.
 LRESULT Win32Window::OnShowWindow(WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     if (lParam == SW_PARENTCLOSING) isHiddenWithOwner_ = true;
@@ -302,7 +303,7 @@ LRESULT Win32Window::OnChanged(UINT message, WPARAM wParam, LPARAM lParam) {
     return result;
 }
 
-// Keys from the client's own message loop arrive here and have not been passed to the form yet.
+// A key from the client's own message loop has not been passed to the form yet.
 LRESULT Win32Window::OnKeyMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     const bool isNew = !system_.IsDispatchingKey();
@@ -328,7 +329,7 @@ bool Win32Window::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-// The window's own key, whichever control has the focus: a drop-down list would use it up.
+// Handle this key in the window for every focused control. A drop-down list would otherwise consume the key.
 bool Win32Window::ClosesWindow(UINT message, WPARAM wParam, LPARAM lParam) {
     const bool isWithAlt = (HIWORD(lParam) & KF_ALTDOWN) != 0;
     if (message != WM_SYSKEYDOWN || wParam != VK_F4 || !isWithAlt) return false;
@@ -369,7 +370,7 @@ HBRUSH Win32Window::Background() const {
 }
 
 LRESULT Win32Window::OnLookChanged(UINT message, WPARAM wParam, LPARAM lParam) {
-    // The system sends this one to top-level windows only.
+    // The system sends this message to top-level windows only.
     if (message == WM_SYSCOLORCHANGE) EnumChildWindows(window_, PassOn, WM_SYSCOLORCHANGE);
     RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
     return Default(message, wParam, lParam);
@@ -396,7 +397,8 @@ void Win32Window::ReportChanges() {
 
 void Win32Window::ReportBounds() {
     const bool isShown = IsWindowVisible(window_) != FALSE;
-    // A hidden minimised window has neither the bounds nor the state in which the form will be shown.
+    // Do not report a hidden minimised window. Its bounds and state differ from those that the form will have when it
+    // is shown.
     if (!isShown && IsIconic(window_)) return;
     RECT outer{};
     GetWindowRect(window_, &outer);

@@ -1,5 +1,5 @@
-// Forms with real windows. Messages to the windows simulate what the user, other programs and the system do to them. No
-// window, message or window class is left over.
+// Tests forms with real windows. Messages simulate actions of the user, of other programs and of the system. Also
+// checks that no window, message or window class remains.
 #include "runtime/win32/Win32Window.h"
 
 #include <gmock/gmock.h>
@@ -30,7 +30,7 @@ class RealWindow : public tests::RuntimeTest {
     static HWND WindowOf(Form& form) { return reinterpret_cast<HWND>(form.Handle()); }
     HWND Window() { return WindowOf(form_); }
     void Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) { SendMessageW(Window(), message, wParam, lParam); }
-    /// The window's outer bounds as the system reports them, in twips.
+    /// Returns the window's outer bounds as the system reports them, in twips.
     static Rect BoundsOf(HWND window) {
         RECT outer{};
         GetWindowRect(window, &outer);
@@ -72,7 +72,7 @@ TEST_F(RealWindow, CloseFailsInDoEvents_DoEventsThrowsTheError) {
     EXPECT_EQ(ErrorOf([] { CurrentPorts().windows.DoEvents(); }), 0);
 }
 
-TEST_F(RealWindow, HandlerFailsInTheClientsLoop_ErrorIsDropped) {
+TEST_F(RealWindow, HandlerFailsInTheClientsLoop_ErrorIsNotThrown) {
     form_.onUnload = [] { throw Error(kOverflow); };
     Send(WM_CLOSE);
     EXPECT_FALSE(form_.IsLoaded());
@@ -283,7 +283,7 @@ class CountedMessage {
     HHOOK hook_;
 };
 
-TEST_F(RealWindow, Created_HasItsPlaceAtOnce) {
+TEST_F(RealWindow, Created_HasTheFinalPlaceAtOnce) {
     const CountedMessage changes(WM_WINDOWPOSCHANGING);
     form_.EnsureLoaded();
     EXPECT_EQ(changes.Count(), 0);
@@ -326,7 +326,7 @@ TEST_F(RealWindow, WindowBounds_EqualTheFormsBounds) {
     EXPECT_EQ(BoundsOf(odd), BoundsOf(WindowOf(odd)));
 }
 
-/// Other code shows the window of a hidden form.
+/// Shows the window of a hidden form by other code.
 class ShownByOtherCode : public RealWindow {
  protected:
     /// Shows the window with `command` and hides it again. Checks that the form follows.
@@ -358,8 +358,9 @@ TEST_F(ShownByOtherCode, ByPositionOrStyle_FormIsVisible) {
     EXPECT_TRUE(form_.Visible());
 }
 
-// While the default procedure replaces the window's own, the form does not notice that its window is shown.
-TEST_F(ShownByOtherCode, Unnoticed_HideStillHidesIt) {
+// The test replaces the form's window procedure for a moment. The form therefore misses the message that the window was
+// shown.
+TEST_F(ShownByOtherCode, FormMissedTheMessage_HideHidesTheWindow) {
     const LONG_PTR own = SetWindowLongPtrW(Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcW));
     ShowWindow(Window(), SW_SHOWNA);
     SetWindowLongPtrW(Window(), GWLP_WNDPROC, own);
@@ -384,7 +385,7 @@ TEST(RegisteredMessage, NameIsConvertedToAnsi) {
     EXPECT_EQ(windows.RegisterMessage(u"PELORIX \u3042"), RegisterWindowMessageA("PELORIX ?"));
 }
 
-TEST(WindowClass, IsUnregisteredWithTheWindowSystem) {
+TEST(WindowClass, WindowSystemIsDestroyed_ClassIsUnregistered) {
     tests::MemoryPorts memory;
     const HINSTANCE instance = GetModuleHandleW(nullptr);
     const auto isRegistered = [instance](const wchar_t* name) {
