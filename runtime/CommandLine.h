@@ -5,8 +5,8 @@
 
 namespace runtime {
 
-/// Returns Returns `commandLine` without the program's name and without the blanks and tabs after the name. The name
-/// ends at the first blank or tab outside double quotes. If a quote is never closed, the name is the whole text.
+/// Returns `commandLine` without the program's name and without the blanks and tabs after the name. The name ends at
+/// the first blank or tab outside double quotes. If a quote is never closed, the name is the whole text.
 StringView WithoutProgramName(StringView commandLine);
 
 /// Returns the text after the first argument of `arguments`, without the blanks and tabs before that text. The argument

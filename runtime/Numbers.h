@@ -7,8 +7,7 @@
 
 namespace runtime {
 
-/// Returns Returns `number` as decimal text. A non-negative number has a leading blank in place of the sign: " 0",
-/// "-3".
+/// Returns `number` as decimal text. A non-negative number has a leading blank in place of the sign: " 0", "-3".
 String Str(std::int32_t number);
 
 /// Returns the number at the start of `text`; 0 if there is no number. Error 6 on overflow.
