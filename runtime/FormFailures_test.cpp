@@ -1,5 +1,5 @@
-// Failures around forms: the window system refuses or corrects a request, a handler fails or unloads the form, or other
-// code destroys the window.
+// Tests forms after failures. The window system refuses or corrects a request, a handler fails or unloads the form, or
+// other code destroys the window.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -37,8 +37,8 @@ struct FullControl : headless::MemoryControl {
     const bool& isFull;
 };
 
-/// A window system that refuses controls or items, or makes no window wider than kMaxWidthHere, as the test chooses. It
-/// calls `onModalEnd` when a modal loop ends.
+/// A window system that refuses controls or items, or limits the width of windows to kMaxWidthHere. The test chooses
+/// the failure. The window system calls `onModalEnd` when a modal loop ends.
 class FaultyWindows : public headless::MemoryWindows {
  public:
     std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) override {
@@ -114,7 +114,7 @@ TEST_F(WindowFailures, ControlIsRefused_FormLoadsAtTheNextAccess) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(WindowFailures, SizeIsCorrected_FormHasItAndRaisesOneResize) {
+TEST_F(WindowFailures, SizeIsCorrected_FormHasTheSizeAndRaisesOneResize) {
     form_.EnsureLoaded();
     windows_.limitsWidth = true;
     form_.SetWidth(9000);
@@ -158,7 +158,7 @@ class ListFailures : public WindowFailures {
     tests::InputForm inputs_;
 };
 
-TEST_F(ListFailures, ItemIsRefused_ItIsNotStored) {
+TEST_F(ListFailures, ItemIsRefused_ItemIsNotStored) {
     inputs_.list.AddItem(u"A");
     windows_.refusesItems = true;
     EXPECT_EQ(ErrorOf([&] { inputs_.list.AddItem(u"B"); }), kOutOfMemory);
@@ -239,7 +239,7 @@ TEST_F(FirstShow, ResizeHandlerUnloads_IsError364) {
     EXPECT_FALSE(form_.IsLoaded());
 }
 
-TEST_F(FirstShow, LoadHandlerUnloads_ItsNextAccessIsError364) {
+TEST_F(FirstShow, LoadHandlerUnloads_NextAccessInTheHandlerIsError364) {
     std::int32_t error = 0;
     form_.onLoad = [&] {
         form_.Unload();
@@ -283,7 +283,7 @@ TEST_F(LostWindow, LostDuringUnload_RefusalIsIgnored) {
     EXPECT_EQ(LoadedForms().Count(), 0u);
     form_.onUnload = {};
     form_.EnsureLoaded();
-    EXPECT_FALSE(form_.Unload());  // this window is a new one, so the refusal counts
+    EXPECT_FALSE(form_.Unload());  // the refusal counts, because this window is new
     form_.refusesUnload = false;
 }
 

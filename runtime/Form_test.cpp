@@ -1,5 +1,5 @@
-// The life cycle and the properties of forms. Tests with RuntimeTest run on the window system of the build. Tests with
-// HeadlessTest run in memory.
+// Tests the life cycle and the properties of forms. Tests with RuntimeTest run on the window system of the build. Tests
+// with HeadlessTest run in memory.
 #include "runtime/Form.h"
 
 #include <gmock/gmock.h>
@@ -104,7 +104,7 @@ TEST_F(FormLife, LoadHandlerFails_FormIsNotLoaded) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(FormLife, UnloadHandlerFails_FormIsUnloadedAndErrorThrown) {
+TEST_F(FormLife, UnloadHandlerFails_FormIsUnloadedAndErrorIsThrown) {
     form_.EnsureLoaded();
     form_.onUnload = [] { throw Error(kPathNotFound); };
     EXPECT_EQ(ErrorOf([&] { form_.Unload(); }), kPathNotFound);
@@ -153,7 +153,7 @@ TEST_F(FormLife, WindowIsRefused_IsOutOfMemoryAndNothingIsLoaded) {
 
 class FormProperties : public FormLife {};
 
-TEST_F(FormProperties, ClientAreaHasItsDesignSizeInsideTheFrame) {
+TEST_F(FormProperties, ClientArea_HasTheDesignSize) {
     EXPECT_EQ(form_.InnerSize(), (Size{3000, 1500}));
     EXPECT_GT(form_.Width(), 3000);
     EXPECT_GT(form_.Height(), 1500);
@@ -207,7 +207,7 @@ TEST_F(FormProperties, MinimisedOrMaximisedFormRefusesToBeMoved) {
     EXPECT_EQ(ErrorOf([&] { form_.SetWidth(6000); }), 0);
 }
 
-TEST_F(FormProperties, HiddenMinimisedFormKeepsItsNormalBounds) {
+TEST_F(FormProperties, HiddenMinimisedForm_KeepsTheNormalBounds) {
     form_.SetState(WindowState::kMinimised);
     form_.SetVisible(false);
     EXPECT_EQ(form_.State(), WindowState::kMinimised);
@@ -334,7 +334,7 @@ TEST_F(FormInMemory, OtherProgramShows_HandlerMayUnload) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
 }
 
-TEST_F(FormInMemory, Hide_HidesAWindowThatWasShownUnnoticed) {
+TEST_F(FormInMemory, FormMissedTheMessage_HideHidesTheWindow) {
     form_.EnsureLoaded();
     memory_.windows.Last().visible = true;
     form_.SetVisible(false);

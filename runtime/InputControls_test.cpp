@@ -1,4 +1,4 @@
-// Text boxes, combos and lists: their properties, texts and items, on the window system of the build.
+// Tests the properties, texts and items of text boxes, combos and lists on the window system of the build.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -39,7 +39,7 @@ TEST_F(InputControls, Items_AreReturnedUnchanged) {
     }
 }
 
-TEST_F(InputControls, StartWithTheirDesignValues) {
+TEST_F(InputControls, Loaded_HaveTheDesignValues) {
     EXPECT_EQ(form_.combo.Text(), u"Combo1");
     EXPECT_EQ(form_.text.Text(), u"");
     EXPECT_EQ(form_.list.ListIndex(), -1);
@@ -76,7 +76,7 @@ TEST_F(InputControls, SelectionStaysWithinTheText) {
     }
 }
 
-TEST_F(InputControls, NewText_HasTheCaretAtItsStart) {
+TEST_F(InputControls, NewText_CaretIsAtTheStart) {
     form_.text.SetText(u"abcdef");
     form_.text.SetSelStart(4);
     form_.text.SetText(u"xyz");
@@ -235,7 +235,7 @@ class InputControlsInMemory : public tests::HeadlessTest {
     tests::InputForm form_;
 };
 
-TEST_F(InputControlsInMemory, UserMovesFocus_LabelDoesNotGetIt) {
+TEST_F(InputControlsInMemory, UserMovesFocus_LabelDoesNotGetTheFocus) {
     form_.SetVisible(true);
     headless::MemoryWindow& window = memory_.windows.Last();
     window.focused = &window.Control(u"list");
@@ -244,7 +244,7 @@ TEST_F(InputControlsInMemory, UserMovesFocus_LabelDoesNotGetIt) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list) << "a label takes none";
 }
 
-TEST_F(InputControlsInMemory, HideFocusedControl_NextOneHasTheFocus) {
+TEST_F(InputControlsInMemory, HideFocusedControl_NextControlHasTheFocus) {
     form_.SetVisible(true);
     headless::MemoryWindow& window = memory_.windows.Last();
     window.focused = &window.Control(u"list");

@@ -1,5 +1,5 @@
-// How a form and its input controls handle keys, on the window system of the build. In the tests in memory, the test
-// acts as the window system.
+// Tests the handling of keys by a form and its input controls on the window system of the build. In the tests in
+// memory, the test simulates the window system.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -177,7 +177,7 @@ TEST_F(InputKeys, Backspace_RemovesTheSelectionOrOneCharacter) {
     }
 }
 
-TEST_F(InputKeys, TypingInACombo_DeselectsItsItem) {
+TEST_F(InputKeys, TypingInACombo_DeselectsTheItem) {
     Fill(form_.combo);
     form_.combo.SetListIndex(1);
     ShowOn(form_.combo);
@@ -187,7 +187,7 @@ TEST_F(InputKeys, TypingInACombo_DeselectsItsItem) {
     EXPECT_EQ(form_.combo.ListIndex(), -1);
 }
 
-TEST_F(InputKeys, EscapeOnAnOpenList_ClosesItAndPressesNothing) {
+TEST_F(InputKeys, EscapeOnAnOpenList_ClosesTheListAndPressesNothing) {
     for (Control* control : {&form_.combo, &form_.dropDown}) {
         Fill(*control);
         control->SetListIndex(1);
@@ -242,7 +242,7 @@ TEST_F(InputKeys, EscapeOnAnOpenList_RestoresTheTextOfACombo) {
     EXPECT_EQ(form_.combo.Text(), u"x") << "all of it was selected";
 }
 
-TEST_F(InputKeys, EnterOnAnOpenList_SelectsBeforeItsCharacter) {
+TEST_F(InputKeys, EnterOnAnOpenList_SelectsBeforeTheCharacterArrives) {
     for (Control* control : {&form_.combo, &form_.dropDown}) {
         Fill(*control);
         control->SetListIndex(1);
@@ -260,7 +260,7 @@ TEST_F(InputKeys, EnterOnAnOpenList_SelectsBeforeItsCharacter) {
     }
 }
 
-TEST_F(InputKeys, F4OnAnOpenList_ClosesItAndKeepsTheItem) {
+TEST_F(InputKeys, F4OnAnOpenList_ClosesTheListAndKeepsTheItem) {
     for (Control* control : {&form_.combo, &form_.dropDown}) {
         Fill(*control);
         control->SetListIndex(0);
@@ -331,7 +331,7 @@ TEST_F(InputKeysInMemory, Arrow_MovesTheFocusFromButtonsOnly) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
 }
 
-TEST_F(InputKeysInMemory, KeyWithCtrlOrAlt_IsLeftToTheSystem) {
+TEST_F(InputKeysInMemory, KeyWithCtrlOrAlt_IsPassedToTheSystem) {
     form_.SetVisible(true);
     WindowEvents& events = memory_.windows.Last().Events();
     for (const std::int16_t shift : {kCtrl, kAlt}) {
@@ -352,7 +352,7 @@ TEST_F(InputKeysInMemory, ShiftTabWithoutFocus_FocusesTheLastControl) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
 }
 
-TEST(WithoutMarks, Caption_IsAsItsButtonShowsIt) {
+TEST(WithoutMarks, Caption_EqualsTheTextOfTheButton) {
     EXPECT_EQ(WithoutMarks(u"Yes &To All"), u"Yes To All");
     EXPECT_EQ(WithoutMarks(u"R&&D &&& x"), u"R&D & x");
     EXPECT_EQ(WithoutMarks(u"\u306F\u3044(&Y)"), u"\u306F\u3044(Y)");

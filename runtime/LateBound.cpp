@@ -8,7 +8,7 @@ namespace {
 constexpr std::int16_t kMinSize = 1;
 constexpr std::int16_t kMaxSize = 2160;
 
-/// Stores `value` in `part`. Error 13 if it has another type; no conversion takes place.
+/// Stores `value` in `part`. Throws error 13 if `value` has another type. Does not convert `value`.
 template <typename Part>
 AccessError PutPart(Part& part, const PropertyValue& value) {
     const Part* const given = std::get_if<Part>(&value);
@@ -84,7 +84,7 @@ constexpr Property kProperties[] = {
      [](Control&, const PropertyValue&) { return AccessError{kPropertyNotSupported}; }},
 };
 
-/// Null if the control has no such property.
+/// Returns null if the control does not have the property.
 const Property* Find(const Control& control, StringView name) {
     for (const Property& property : kProperties) {
         if (property.name == name) return property.has(control) ? &property : nullptr;
@@ -92,7 +92,7 @@ const Property* Find(const Control& control, StringView name) {
     return nullptr;
 }
 
-/// The result of `access`, or the number of the error that `access` throws.
+/// Returns the result of `access`, or the number of the error that `access` throws.
 template <typename Access>
 AccessError ResultOf(Access&& access) {
     try {

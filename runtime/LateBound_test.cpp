@@ -1,4 +1,4 @@
-// The properties that each kind of control has by name, and the values that a font refuses.
+// Tests which properties each kind of control has by name, and which values a font refuses.
 #include "runtime/LateBound.h"
 
 #include <gmock/gmock.h>
@@ -34,7 +34,7 @@ class LateBound : public tests::RuntimeTest {
  protected:
     static PropertyValue Text(StringView text) { return String(text); }
 
-    /// The properties that the control accepts.
+    /// Returns the properties that the control accepts.
     static std::vector<std::string> Takes(Control& control) {
         const std::pair<std::string, PropertyValue> properties[] = {
             {"Bold", false},    {"Caption", Text(u"x")}, {"Charset", std::int16_t{0}}, {"ControlFont", Font{}},
@@ -166,7 +166,7 @@ TEST_F(LateBound, EmptyNameOrInvalidSize_FontIsUnchanged) {
 
 class LateBoundWithoutWindow : public tests::HeadlessTest {};
 
-TEST_F(LateBoundWithoutWindow, FormFailsToLoad_ReturnsItsError) {
+TEST_F(LateBoundWithoutWindow, FormFailsToLoad_ReturnsTheError) {
     AllKinds form;
     memory_.windows.refuseWindows = 1;
     EXPECT_EQ(PutProperty(*form.label, u"Caption", String(u"x")), kOutOfMemory);

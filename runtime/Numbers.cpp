@@ -32,7 +32,7 @@ class Cursor {
         return true;
     }
 
-    /// Skips an optional sign. True for a minus sign.
+    /// Skips an optional sign. Returns true for a minus sign.
     bool AcceptSign() {
         if (Accept(u'-')) return true;
         Accept(u'+');
@@ -61,8 +61,8 @@ unsigned DigitValue(char16_t c) {
     return 16;
 }
 
-/// A decimal number: its digits without leading zeros, as an integer times a power of ten. Keeps only the digits that
-/// can affect the nearest double, so that a long text needs no more memory.
+/// Stores a decimal number as an integer times a power of ten, without leading zeros. Keeps only the digits that can
+/// affect the nearest double. Therefore a long text needs no more memory.
 class Decimal {
  public:
     void AddDigit(char16_t digit, bool isFraction) {
@@ -76,7 +76,8 @@ class Decimal {
         if (!isFraction) ++exponent_;
     }
 
-    /// The number times 10 to the power `powerOfTen`. Error 6 if it is too large for a double; 0 if it is too small.
+    /// Returns the number times 10 to the power `powerOfTen`. Throws error 6 if the result is too large for a double.
+    /// Returns 0 if the result is too small.
     double Scaled(std::int64_t powerOfTen) {
         exponent_ += powerOfTen;
         if (exponent_ == 0 && size_ <= kExactDigits) return Integer();
@@ -94,7 +95,7 @@ class Decimal {
  private:
     // The nearest double depends only on the first 767 significant digits and on whether a digit other than 0 follows.
     static constexpr std::size_t kKeptDigits = 768;
-    /// Every integer of so many digits is a double.
+    /// A double can represent every integer with this number of digits.
     static constexpr std::size_t kExactDigits = 15;
     static constexpr std::int64_t kMaxMagnitude = 309;
     static constexpr std::int64_t kMinMagnitude = -324;
@@ -130,7 +131,7 @@ class Decimal {
 };
 
 std::int64_t ReadExponent(Cursor& cursor) {
-    // No text in memory has enough digits to make up for a larger exponent.
+    // A text in memory cannot have enough digits to compensate for a larger exponent.
     constexpr std::int64_t kEnough = 100'000'000'000'000'000;
     const bool isNegative = cursor.AcceptSign();
     std::int64_t exponent = 0;

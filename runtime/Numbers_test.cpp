@@ -1,4 +1,5 @@
-// Conversion between numbers and text as in the classic runtime, exact to the last bit on every floating-point unit.
+// Tests the conversion between numbers and text by the rules of the classic runtime. The results must be exact to the
+// last bit on every floating-point unit.
 #include "runtime/Numbers.h"
 
 #include <gtest/gtest.h>

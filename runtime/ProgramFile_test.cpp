@@ -7,7 +7,7 @@
 namespace runtime {
 namespace {
 
-/// The headers of a program file with the given machine type.
+/// Returns the headers of a program file with the given machine type.
 std::string Program(std::string_view machineNumber) {
     std::string bytes(0x80, '\0');
     bytes.replace(0, 2, "MZ");

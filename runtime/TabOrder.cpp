@@ -66,8 +66,8 @@ void TabOrder::Walk(int step) {
     Focus(*reachable[static_cast<std::size_t>(next)]);
 }
 
-/// The visible controls whose tab stop is on. If there are none: all visible controls that can have the focus, because
-/// localising a form turns every tab stop off and the form must stay usable by keyboard.
+/// Returns the visible controls whose tab stop is on. If all tab stops are off, returns all visible controls that can
+/// have the focus. Localising a form turns every tab stop off, and the form must stay usable by keyboard.
 std::vector<Control*> TabOrder::Reachable() const {
     std::vector<Control*> all;
     std::vector<Control*> stops;

@@ -8,8 +8,8 @@ namespace runtime {
 namespace {
 
 constexpr std::size_t kTabStop = 8;
-/// The number of characters that Fill measures first. It is doubled while the characters fit, so that a short line
-/// takes little time.
+/// The number of characters that Fill measures first. Fill doubles the number while the characters fit. Therefore a
+/// short line takes little time.
 constexpr std::size_t kFirstOffer = 8;
 
 bool IsControl(char16_t character) {
@@ -28,7 +28,7 @@ int Add(int a, int b) {
     return Clamp(std::int64_t{a} + b);
 }
 
-/// The first characters of `text`, at most `limit` (2 or more), without splitting a surrogate pair.
+/// Returns the first characters of `text`, at most `limit` (2 or more). Does not split a surrogate pair.
 StringView Start(StringView text, std::size_t limit) {
     if (text.size() <= limit) return text;
     return text.substr(0, IsPair(text[limit - 1], text[limit]) ? limit - 1 : limit);
@@ -94,7 +94,7 @@ class LineBreaker {
         } while (!rest.empty());
     }
 
-    /// The part at the start of `rest` that fits on a line.
+    /// Returns the part at the start of `rest` that fits on a line.
     Part Fill(StringView rest) {
         Part filled;
         for (std::size_t limit = kFirstOffer; filled.length < rest.size();
@@ -129,7 +129,7 @@ class LineBreaker {
         const std::size_t next = std::min(rest.find_first_not_of(u' ', blank), rest.size());
         const std::size_t last = rest.find_last_not_of(u' ', blank);
         const std::size_t length = last == StringView::npos ? 0 : last + 1;
-        // Indentation before a word does not make a line of its own.
+        // Indentation before a word does not become a separate line.
         if (length > 0 || next == rest.size()) AddLine(rest, length, WidthOf(rest.substr(0, length)));
         return next;
     }

@@ -1,4 +1,4 @@
-// Line breaks and wrapping, with a measure that counts its calls.
+// Tests line breaks and wrapping with a measure that counts its calls.
 #include "runtime/TextLayout.h"
 
 #include <gmock/gmock.h>
@@ -11,8 +11,8 @@ namespace {
 
 using testing::ElementsAre;
 
-/// A character has the width 1, but a 'W' has `wideWidth`. A line has the height 2. Counts the calls and the units in
-/// them.
+/// A 'W' has the width `wideWidth`. All other characters have the width 1. A line has the height 2. Counts the calls
+/// and the measured units.
 class UnitMeasure : public TextMeasure {
  public:
     int Width(StringView run) override {
@@ -31,7 +31,7 @@ class UnitMeasure : public TextMeasure {
     int LineHeight() override { return lineHeight; }
 
     int wideWidth = 5;
-    /// How much wider a run is than Fit assumes, as with slanted fonts.
+    /// The difference between a run's width and the width that Fit assumes, as for slanted fonts.
     int overhang = 0;
     int lineHeight = 2;
     std::size_t calls = 0;

@@ -10,7 +10,7 @@ Win32ListBox::Win32ListBox(Win32Window& parent, Win32Windows& system, const Cont
     : Win32Control(parent, system, look.kind, id,
                    {WC_LISTBOXW, LBS_NOTIFY | LBS_HASSTRINGS | WS_VSCROLL | WS_HSCROLL, WS_EX_CLIENTEDGE}),
       extent_(Window(), LB_SETHORIZONTALEXTENT) {
-    // The list shows the scroll bar when an item needs the bar. A permanent bar would cover the place of an item.
+    // The list shows the scroll bar when an item needs the bar. A permanent bar would use the place of an item.
     ShowScrollBar(Window(), SB_HORZ, FALSE);
 }
 
