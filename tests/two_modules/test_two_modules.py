@@ -101,6 +101,11 @@ class TwoModules(unittest.TestCase):
         self.library.wait_for("from EDITOR: OPEN,amp.sch")
         self.editor.wait_for("from LIBRARY: OPENED,amp.sch")
 
+    def test_lines_of_a_console_end_with_a_carriage_return(self):
+        self.editor.type("LIBRARY\r", "quit\r")
+        self.library.wait_for("from EDITOR: ")
+        self.assertEqual(self.editor.process.wait(TIMEOUT), 0)
+
     def test_special_and_empty_texts_arrive_unchanged(self):
         text = 'a\\u0041 "b",\tc \u00fc\u6f22 \\'
         self.editor.type("LIBRARY " + text, "LIBRARY")
