@@ -114,7 +114,11 @@ class SignedBox : public ChangedBox {
     std::int32_t AnswerTo(wchar_t sign) { return Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Character(sign)}); }
     std::int32_t AnswerToWhile(WORD key, wchar_t sign) {
         std::optional<HeldKey> held;
-        const auto hold = Do([&](HWND) { held.emplace(key); });
+        // Wine keeps a process's view of the keyboard for up to 50 ms. The step waits until this process sees the key.
+        const DialogDriver::Step hold = [&](HWND) {
+            if (!held) held.emplace(key);
+            return GetAsyncKeyState(key) < 0;
+        };
         return Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Do(WaitForDisplay), hold, Character(sign)});
     }
 
