@@ -42,9 +42,9 @@ String Hexadecimal(std::uint64_t number) {
 
 /// Computes the name only once, because the name must not change if the program's file is renamed.
 const String& NameOfProgram() {
-    static const String& name =
-        NeverDestroyed<String>(u"Local\\K4TBackProcess.FirstInstance." + Hexadecimal(StableHash(ProgramPath())));
-    return name;
+    static const String* const name =
+        &NeverDestroyed<String>(u"Local\\K4TBackProcess.FirstInstance." + Hexadecimal(StableHash(ProgramPath())));
+    return *name;
 }
 
 /// The names of the mutexes of a claim.
