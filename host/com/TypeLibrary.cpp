@@ -15,8 +15,8 @@ ComPtr<ITypeLib> Open() {
 
 /// Returns the type library. If reading it fails, the next call tries again.
 ITypeLib& Library() {
-    static const auto& library = runtime::NeverDestroyed<ComPtr<ITypeLib>>(Open());
-    return *library.Get();
+    static const auto* const library = &runtime::NeverDestroyed<ComPtr<ITypeLib>>(Open());
+    return *library->Get();
 }
 
 }  // namespace
