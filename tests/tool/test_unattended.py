@@ -28,8 +28,11 @@ FAILED_COMMAND = "message answered with OK: title=[] prompt=[Can't find DLL entr
 
 def notes(errors):
     """Returns the lines of the component's debug output in order."""
-    written = re.findall(r'OutputDebugString[AW] L?"K4TBackProcess: unattended, (.*)\\n"', errors.decode(errors="replace"))
-    return [note.replace('\\"', '"').replace("\\\\", "\\") for note in written]
+    pattern = r'OutputDebugString([AW]) L?"K4TBackProcess: unattended, (.*)\\n"'
+    written = re.findall(pattern, errors.decode(errors="replace"))
+    # Wine 10 reports each line twice, as Windows does: a wide text, then the same text in the ANSI code page.
+    wide = [note for kind, note in written if kind == "W"]
+    return [note.replace('\\"', '"').replace("\\\\", "\\") for note in wide or [note for _, note in written]]
 
 
 def colours_on_screen():
