@@ -22,8 +22,8 @@ struct Answer {
 
 constexpr Answer kCancel{2, u"Cancel"};
 
-/// The answers for the sets of buttons. Escape does not close a box without Cancel, so its answer is the button that
-/// changes the least.
+/// The answer for each set of buttons. Boxes with Cancel return Cancel. Escape does not close the other boxes. They
+/// return the button that changes least.
 constexpr std::array kSystemBoxAnswers = {
     Answer{1, u"OK"},     // OK
     kCancel,              // OK, Cancel

@@ -32,7 +32,7 @@ class Command:
 
 @dataclass
 class MadeFile:
-    """A file that the document tells the reader to create."""
+    """A file that the reader creates from the text in the document."""
 
     document: str
     path: str

@@ -26,7 +26,7 @@ class Peer {
     std::string Answer();
     /// Makes the process terminate itself.
     void Die();
-    /// Kills the process, whatever it is doing.
+    /// Ends the process immediately, even in the middle of a call.
     void Kill();
 
  private:

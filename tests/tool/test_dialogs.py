@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the verbs that show dialogs, and answers the dialogs with key strokes.
+"""Runs the verbs that show dialogs. Answers each dialog by keyboard.
 
     test_dialogs.py WINE_RUN BIN_FOLDER
 """
