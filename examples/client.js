@@ -20,7 +20,7 @@ function useEveryMember() {
 
     // Load takes its integer by reference. A plain variable can be passed. The variable keeps its value.
     var mode = 3;
-    step("Load brings the main form up", backProcess.Load(mode), true);
+    step("Load of the main form", backProcess.Load(mode), true);
     step("its argument afterwards", mode, 3);
 
     // Both arguments of NotifyMe are optional.

@@ -31,7 +31,7 @@ Sub UseEveryMember()
 
     ' Load takes its integer by reference. A plain variable can be passed.
     Dim mode : mode = 3
-    Step "Load brings the main form up", backProcess.Load(mode), True
+    Step "Load of the main form", backProcess.Load(mode), True
     Step "its argument afterwards", mode, 3
 
     ' Both arguments of NotifyMe are optional.

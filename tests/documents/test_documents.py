@@ -57,8 +57,6 @@ ANSWERED = {
     "scripts/wine-run dist/backproc.exe query": ("Orvane", "Return"),
 }
 
-ANOTHER_HAS_THE_FORM = "# while another backproc host has the form"
-
 # The first lines of blocks that are neither a file nor commands.
 ILLUSTRATIONS = ["EDITOR.exe                                    LIBRARY.exe",
                  "EDITOR.exe                                          LIBRARY.exe",
@@ -78,14 +76,6 @@ def read(document):
 
 def runs(step):
     return isinstance(step, blocks.Command) and not step.line.startswith(tuple(NOT_FOLLOWED))
-
-
-def beside_another_host(run):
-    return f"""mkfifo $outputs/other; backproc host <$outputs/other >$outputs/other.txt &
-exec 5>$outputs/other; printf 'create\\nload 1\\n' >&5
-for _ in $(seq 100); do grep -q Load $outputs/other.txt && break; sleep 0.1; done
-{run}
-exec 5>&-; wait"""
 
 
 def answered(run, title, key):
@@ -117,8 +107,6 @@ def followed(number, command):
     """Returns the shell lines for one command. The lines write its output and exit code to files."""
     line = f"( in_package; {command.line}\n)" if command.is_for_windows else command.line
     run = f"{{ {{ {line}\n}} >$outputs/{number} 2>&1; echo $? >$outputs/{number}.code; }}"
-    if ANOTHER_HAS_THE_FORM in line:
-        return beside_another_host(run)
     for start, (title, key) in ANSWERED.items():
         if command.line.startswith(start):
             return answered(run, title, key)
