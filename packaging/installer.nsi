@@ -114,7 +114,7 @@ Function ChooseUser
   StrCpy $scopeOption "--user"
   ReadRegStr $0 HKLM "${CLASS_KEY}" ""
   ${If} $0 != ""
-    ${GiveUp} ${EXIT_FAILED} "The component is registered for all users of this machine already. Remove that installation first, or run 'backproc unregister' as an administrator."
+    ${GiveUp} ${EXIT_FAILED} "The component is already registered for all users of this machine. Remove that installation first, or run 'backproc unregister' as an administrator."
   ${EndIf}
   ${If} $INSTDIR == ""
     StrCpy $INSTDIR "$LOCALAPPDATA\Programs\${PRODUCT}"
@@ -131,7 +131,7 @@ Function ChooseMachine
   ${EndIf}
   ReadRegStr $0 HKCU "${CLASS_KEY}" ""
   ${If} $0 != ""
-    ${GiveUp} ${EXIT_FAILED} "The component is registered for the current user already. Remove that installation first, or run 'backproc unregister --user'."
+    ${GiveUp} ${EXIT_FAILED} "The component is already registered for the current user. Remove that installation first, or run 'backproc unregister --user'."
   ${EndIf}
   ${If} $INSTDIR == ""
     StrCpy $INSTDIR "$PROGRAMFILES32\${PRODUCT}"

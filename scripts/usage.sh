@@ -14,7 +14,7 @@ answer_help() {
 }
 
 refuse() { # WORDS: prints the problem (WORDS) and ends the script with exit code 2
-    echo "$script_name: $*; see --help" >&2
+    echo "$script_name: $*; see '$script_name --help'" >&2
     exit 2
 }
 

@@ -89,8 +89,8 @@ std::unique_ptr<KernelLibrary> MakeKernelOfClients(const String& componentFolder
     const String besideTool = KernelBesideToolAlone(componentFolder);
     if (besideTool.empty()) return std::make_unique<KernelLibrary>(componentFolder);
     throw runtime::ErrorAbout(runtime::kFileNotFound,
-                              u"QmxKrn2K.dll is only beside this tool, where programs in other "
-                              u"folders do not find it; put the suite's one into " +
+                              u"QmxKrn2K.dll was found only in this tool's folder, where programs in other folders "
+                              u"do not find it; put the suite's QmxKrn2K.dll into " +
                                   componentFolder);
 }
 

@@ -179,7 +179,8 @@ Finding OfNoKernel(const MachineState& machine) {
     // The kernel's own error message contains the advice.
     if (kernel.besideTool.empty()) return Bad("kernel", kernel.failure, "");
     return Bad("kernel",
-               "only beside this tool, " + Display(kernel.besideTool) + "; programs in other folders do not find it",
+               "found only in this tool's folder, " + Display(kernel.besideTool) +
+                   "; programs in other folders do not find it",
                "put the suite's QmxKrn2K.dll beside the component, " + Display(machine.component.path));
 }
 

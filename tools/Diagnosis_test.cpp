@@ -267,9 +267,9 @@ TEST(Diagnosis, ActivationFails_AdviceNamesTheFindingWithTheCause) {
 
 TEST(Diagnosis, KernelOnlyBesideTheTool_IsBad) {
     MachineState machine = Sound();
-    machine.kernel = {.path = {}, .failure = "only beside this tool", .missing = {}};
+    machine.kernel = {.path = {}, .failure = "found only in this tool's folder", .missing = {}};
     machine.kernel.besideTool = u"D:\\tool\\QmxKrn2K.dll";
-    ExpectBad(machine, "kernel", "only beside this tool, D:\\tool\\QmxKrn2K.dll",
+    ExpectBad(machine, "kernel", "found only in this tool's folder, D:\\tool\\QmxKrn2K.dll",
               "put the suite's QmxKrn2K.dll beside the component, C:\\Orvane\\");
 }
 

@@ -25,13 +25,13 @@ needs: registration, name, file, version, proxies, kernel library, INI file, mod
 
   ok    nothing to do
   note  worth knowing, but clients work
-  BAD   a client fails, or gets something that was not meant
+  BAD   a client fails or gets a wrong result
 
 and ends with advice. Without a registration, the component beside the tool is checked. Nothing is changed, and no
 instance is created.
 
 The component loads the first QmxKrn2K.dll that exists: beside itself, in the program's folder, in the system folder,
-in 'dev' below its own folder. The program's folder is unknown here, so a kernel that is only beside this tool is
+in 'dev' below its own folder. The program's folder is unknown here, so a kernel that is only in this tool's folder is
 ignored.
 
   --report FILE  also writes a report for a support ticket: these lines, registry entries, shared strings, INI file

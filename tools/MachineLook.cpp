@@ -209,7 +209,7 @@ void LookAtKernelAndStrings(MachineState& machine, Win32Files& files, const Stri
         if (machine.kernel.besideTool.empty())
             machine.kernel = LookForKernel(folder);
         else
-            machine.kernel.failure = "only beside this tool";
+            machine.kernel.failure = "found only in this tool's folder";
         return;
     }
     const auto kernel = MakeKernelOfClients(folder);

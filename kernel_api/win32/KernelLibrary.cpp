@@ -60,11 +60,11 @@ Error NotFound(const String& folder) {
             PathIn(PathIn(folder, kDevelopmentFolder)) +
                 u"; put the development kernel there, or unset K4TBACKPROCESS_DEVELOPMENT_KERNEL");
     }
-    const String places = folder.empty() ? u"" : u"in " + folder + u", ";
+    const String places = folder.empty() ? u"" : folder + u", ";
     return runtime::ErrorAbout(
         runtime::kFileNotFound,
-        kFileName + (u" (not " + places) +
-            u"in the program's or the system's folder); put the suite's QmxKrn2K.dll beside the component");
+        kFileName + (u" (searched: " + places) +
+            u"the program's folder, the system folder); put the suite's QmxKrn2K.dll beside the component");
 }
 
 /// Loads the library that FindKernel finds. If that file does not load, tries no other copy, because that would hide

@@ -24,20 +24,20 @@ TIMEOUT = 900  # seconds for all commands together; they take about 90
 
 # This test does not run commands that start with a text below. Each text has a reason. After a change, run
 # the commands by hand.
-BUILDS = "builds for minutes"
-NEEDS_THE_BUILD = "needs what such a build made"
-CHANGES_SOURCES = "is about changed sources"
+BUILDS = "a build takes minutes"
+NEEDS_THE_BUILD = "needs the files of such a build"
+CHANGES_SOURCES = "needs or changes edited sources"
 NOT_FOLLOWED = {
-    "./demo": "installs and builds; the folder of this test is what it leaves",
+    "./demo": "installs and builds; the test's folder contains its results",
     "./test": "runs this test",
     ".ci/run": "runs this test",
     "cmake --preset": BUILDS,
     "cmake --build": BUILDS,
     "scripts/build": BUILDS,
     "scripts/coverage": BUILDS,
-    "scripts/pictures": "shows what ships, and changes files of the project",
+    "scripts/pictures": "takes the pictures again and changes files of the project",
     "scripts/setup": "installs packages",
-    "scripts/check-platforms": "makes whole systems, and runs this test in them",
+    "scripts/check-platforms": "installs two systems and runs this test there",
     "build/fuzz/": NEEDS_THE_BUILD,
     "scripts/bench": BUILDS,
     "for file in backproc.exe": NEEDS_THE_BUILD,
@@ -45,7 +45,7 @@ NOT_FOLLOWED = {
     "printf 'break": NEEDS_THE_BUILD,
     "scripts/wine-run winedbg": NEEDS_THE_BUILD,
     "grep -o '0x": NEEDS_THE_BUILD,
-    "scripts/check-includes": "is part of .ci/run, and looks at files that git knows",
+    "scripts/check-includes": "needs a Git work tree; .ci/run runs it",
     "git diff": CHANGES_SOURCES,
     "git checkout": CHANGES_SOURCES,
     "sed -i": CHANGES_SOURCES,

@@ -266,7 +266,7 @@ BROKEN = [
     Broken("kernel lacks entries",
            lambda it: shutil.copy(running.bin_folder / "kernel" / "partial" / "QmxKrn2K.dll", it.kernel), "kernel",
            "lacks E_SetString O_GetName", **TAKE_KERNEL),
-    Broken("kernel only beside the tool", have_kernel_beside_tool_only, "kernel", "only beside this tool",
+    Broken("kernel only beside the tool", have_kernel_beside_tool_only, "kernel", "found only in this tool's folder",
            stays="the component in force is another copy", **TAKE_KERNEL),
     Broken("development kernel hides the suite's", hide_the_suites_kernel, "kernel",
            "development kernel: shares no strings with the suite; it hides the suite's", "delete ",

@@ -107,10 +107,10 @@ class WithoutComponent(ToolTestCase):
             strings = run(tools / "backproc.exe", "strings")
         lines = output.decode().splitlines()
         self.assertEqual((code, errors), (0, b""))
-        self.assertIn("is only beside this tool", lines[1])
+        self.assertIn("was found only in this tool's folder", lines[1])
         self.assertIn("product name=[Orvane] default", lines)
         self.assertEqual(strings[:2], (1, b""))
-        self.assertIn(b"is only beside this tool", strings[2])
+        self.assertIn(b"was found only in this tool's folder", strings[2])
 
     def test_missing_component_is_reported(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -126,7 +126,7 @@ class WithoutComponent(ToolTestCase):
             shutil.copy(running.bin_folder / "backproc.exe", lone)
             code, output, errors = run(lone, "strings")
         self.assertEqual((code, output), (1, b""))
-        self.assertRegex(errors, rb"^backproc strings: File not found: QmxKrn2K\.dll \(not in Z:.*\); put .* beside ")
+        self.assertRegex(errors, rb"^backproc strings: File not found: QmxKrn2K\.dll \(searched: Z:.*\); put .* beside ")
 
     def test_refused_registration_suggests_the_user_option(self):
         with tempfile.TemporaryDirectory() as folder:
