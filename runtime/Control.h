@@ -1,5 +1,6 @@
-// A control is a part of a form. The form owns its controls. They are used on the form's thread. An access to a
-// property of a control loads the form. Each load resets the properties to the design values.
+// A control is a part of a form. The form owns its controls. Use them only on the form's thread. The functions load the
+// form if it is not loaded. Exceptions: HasOpenList, CloseList, and the functions declared before Bounds. Each load
+// resets the properties to the design values.
 //
 // An input control returns its text exactly as the program set it, even if the window system alters the text. After the
 // user has edited the text, the control returns the window's text. The text of an item is always the text that the
@@ -33,7 +34,7 @@ struct ControlDesign {
     bool sizesItself = false;  ///< a label that resizes itself to its text
     bool isCancel = false;     ///< Escape presses this button
     bool visible = true;
-    String picture = {};  ///< name of an icon resource in the module that creates the windows
+    String picture = {};  ///< name of an icon resource in the DLL or program that creates the windows
 
     static constexpr int kNoIndex = -1;
 };
@@ -59,8 +60,8 @@ class Control {
     /// True for the kinds that can have the focus: buttons and input controls.
     bool TakesFocus() const { return design_.kind == ControlKind::kButton || IsInput(design_.kind); }
 
-    /// Position and size in twips within the form's client area. A control with a drop-down list always has the height
-    /// that its font needs while the list is closed. SetBounds ignores any other height for it.
+    /// Position and size in twips within the form's client area. The height of a control with a drop-down list is the
+    /// height of the closed control and depends only on its font. SetBounds ignores the height for such a control.
     Rect Bounds();
     void SetBounds(const Rect& bounds);
     Twips Left() { return Bounds().left; }
@@ -69,7 +70,7 @@ class Control {
     Twips Height() { return Bounds().height; }
     void SetTop(Twips top);
     void SetHeight(Twips height);
-    /// No key reaches a hidden control.
+    /// A hidden control cannot have the focus and gets no keys.
     bool Visible();
     void SetVisible(bool visible);
     String Tag();
@@ -78,9 +79,10 @@ class Control {
     /// - status bar, text box, text block, editable combo: the text
     /// - drop-down list, list box: the selected item, or "" if no item is selected
     ///
-    /// A label with `sizesItself` grows with its text until the form is as wide as the screen; then its lines wrap.
+    /// SetText and SetFont give a label with `sizesItself` the size of its text. Its lines wrap where the form, widened
+    /// with the label, would be wider than the screen, but not before the design width of the label.
     /// SetText on a list selects the first item with this text; error 383 if no item has it. SetText on an editable
-    /// combo leaves no item selected. Error 438 for a picture, also from Font and SetFont.
+    /// combo leaves no item selected. Text, SetText, Font and SetFont throw error 438 for a picture.
     String Text();
     void SetText(StringView text);
     runtime::Font Font();
@@ -91,15 +93,16 @@ class Control {
     /// True if Tab stops at the control. Throws error 438 for a kind that cannot have the focus.
     bool TabStop();
     void SetTabStop(bool stop);
-    /// Returns the button's access key in lower case. Alt with this character presses the button. 0 if the caption
-    /// marks no key.
+    /// Returns the button's access key in lower case; 0 for other kinds and if the caption marks no key. FormKeys.h
+    /// contains the effect of the key.
     char16_t AccessKey();
     /// Repaints the control at once.
     void Refresh();
     /// Sets the name that a screen reader announces for an input control. Throws error 438 for other kinds.
     void SetAccessibleName(StringView name);
 
-    // For controls with an edit part. Positions and lengths are in UTF-16 units. They are limited to the text.
+    // The following functions are for controls with an edit part. Positions and lengths are in UTF-16 units. A value
+    // beyond the end of the text means the end.
 
     std::size_t SelStart();
     /// Also clears the selection. Throws error 380 for a negative `start`.
@@ -123,10 +126,10 @@ class Control {
     /// Selects the item at `index`; -1 selects no item. An editable combo shows the item's text. Throws error 380 for
     /// an index outside the list.
     void SetListIndex(int index);
-    /// True while the drop-down list is open.
+    /// True while the drop-down list is open. The form must be loaded.
     bool HasOpenList() const;
-    /// Closes an open drop-down list. If `choose` is true, selects the highlighted item. Otherwise restores the item
-    /// and the text from before the list was opened.
+    /// Closes an open drop-down list of a loaded form. If `choose` is true, selects the highlighted item. Otherwise
+    /// restores the item and the text from before the list was opened.
     void CloseList(bool choose);
 
  private:

@@ -1,4 +1,4 @@
-// Implements the part of Control for input controls: edited text, selection and list items.
+// Implements the part of Control for input controls: accessible name, edited text, selection and list items.
 #include <algorithm>
 #include <cstddef>
 #include <string>

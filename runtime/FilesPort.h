@@ -9,7 +9,7 @@
 
 namespace runtime {
 
-/// Identifies one version of a file's contents. A changed file has a different stamp.
+/// Identifies one version of a file's contents by its size and the time of its last write.
 struct FileStamp {
     std::uint64_t modified = 0;  ///< time of the last write, in the file system's own units
     std::uint64_t size = 0;      ///< bytes
@@ -29,7 +29,7 @@ class FilesPort {
     /// file matches or if `pattern` cannot be a path.
     virtual String FirstMatch(StringView pattern) = 0;
 
-    /// Returns the file's stamp; no value if the file does not exist.
+    /// Returns the file's stamp; no value if the file does not exist or cannot be accessed.
     virtual std::optional<FileStamp> Stamp(StringView path) = 0;
     /// Returns all bytes of the file; no value if the file cannot be read.
     virtual std::optional<std::string> Read(StringView path) = 0;

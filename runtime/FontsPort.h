@@ -1,5 +1,5 @@
-// Declares the font and device-context functions for choosing the user-interface font. Each function makes one call of
-// the system. Therefore a test double can log in which order objects are selected, released and deleted.
+// Declares the font and device-context functions for choosing the user-interface font. Each selection, release and
+// deletion is a separate call. Therefore a test double can log the order of the calls.
 #pragma once
 
 #include "runtime/NativeHandle.h"

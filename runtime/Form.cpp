@@ -21,7 +21,7 @@ void Report(ObserverCall call, const Form& form) noexcept {
     if (FormObserver* const observer = CurrentFormObserver()) (observer->*call)(form);
 }
 
-/// Because of the exception in flight.
+/// Reports that the load failed with the exception that is being handled.
 void ReportNotLoaded(const Form& form) noexcept {
     if (FormObserver* const observer = CurrentFormObserver()) observer->NotLoaded(form, std::current_exception());
 }
@@ -116,7 +116,7 @@ bool Form::Unload(UnloadReason reason) {
 }
 
 void Form::AbandonWindow() {
-    // The modal loop is on the stack of the other thread, which may no longer exist.
+    // The modal loop is on the stack of the form's thread, which may no longer exist.
     modal_ = nullptr;
     if (window_) DestroyWindow();
     stage_ = Stage::kUnloaded;
@@ -361,7 +361,8 @@ void Form::Lost() {
 }
 
 void Form::Clicked(std::size_t control) {
-    // A handler may open a dialog. After the dialog, this control gets the keyboard focus back.
+    // Note the focus now, because the handler may open a dialog. After the dialog, the same control gets the focus
+    // again.
     tabs_.NoteFocus();
     OnClick(*controls_.at(control));
 }

@@ -1,7 +1,7 @@
 // A form is a window with controls. The form object also exists while it has no window.
-// - Load: the first access to a built-in property or to a control creates the window with the design values and runs
+// - Load: the first access to a property of the form or of a control creates the window with the design values and runs
 //   the load handler.
-// - Unload: runs the query-unload and unload handlers, destroys the window and removes the form from LoadedForms(). A
+// - Unload: runs the query-unload and unload handlers, removes the form from LoadedForms() and destroys the window. A
 //   later access loads the form again.
 //
 // Special cases:
@@ -13,8 +13,8 @@
 //
 // The form gets each key before its focused control gets the key. FormKeys.h contains the rules.
 //
-// A form is used on the thread that loaded it. Exceptions: functions whose comments allow other threads. The form owns
-// its controls. References to the controls stay valid when the form is unloaded.
+// Use a form only on the thread that loaded it. Exception: AbandonWindow. The form owns its controls. References to the
+// controls stay valid when the form is unloaded.
 #pragma once
 
 #include <memory>
@@ -57,7 +57,7 @@ class Form : private WindowEvents {
     /// Loads the form if it is not loaded. Throws FormUnloadedInLoad if the form's load handler unloads the form.
     void EnsureLoaded();
     /// Unloads the form and returns true. If a handler refuses, returns false, and the form stays loaded. If the form
-    /// is not loaded, does nothing and returns true.
+    /// is not loaded or its unload handlers are running, does nothing and returns true.
     bool Unload(UnloadReason reason = UnloadReason::kCode);
     /// Unloads the form without running its handlers. Use it if the window belongs to another thread or was destroyed
     /// with its thread. Any thread may call after the form's own thread has stopped using the form.
@@ -74,7 +74,7 @@ class Form : private WindowEvents {
     void ShowModal();
 
     /// Outer bounds of the window on the screen, in twips, rounded to whole pixels. While the window is minimised, the
-    /// bounds are the bounds from before.
+    /// functions return its previous bounds.
     Twips Left();
     Twips Top();
     Twips Width();
@@ -127,15 +127,15 @@ class Form : private WindowEvents {
     /// Adds a control. Error 5 while the form is loaded.
     Control& AddControl(ControlDesign design);
 
-    /// True if the form is mirrored when it is loaded. The left of a mirrored form is on the right side, and its texts
-    /// are read from right to left. Lengths and positions stay unchanged.
+    /// True if the form is mirrored when it is loaded. A mirrored form counts horizontal positions from its right edge
+    /// and shows its texts from right to left. The values of the positions stay the same.
     virtual bool IsRightToLeft() const { return false; }
     virtual void OnLoad() {}
     virtual void OnQueryUnload(bool& /*cancel*/, UnloadReason /*reason*/) {}
     virtual void OnUnload(bool& /*cancel*/) {}
     virtual void OnActivate() {}
     /// Called when the client or another program has shown the form's window. On the first show, OnResize is called
-    /// earlier.
+    /// before.
     virtual void OnShownByOthers() {}
     virtual void OnResize() {}
     /// To consume the key or the character, a handler sets it to 0.
@@ -192,7 +192,7 @@ class Form : private WindowEvents {
     WindowState state_ = WindowState::kNormal;
     bool visible_ = false;
     bool wasShown_ = false;
-    bool enterPressedHere_ = false;     ///< true if Enter was pressed, not only repeated, since the form was loaded
+    bool enterPressedHere_ = false;  ///< true if Enter was pressed, not only repeated, outside a button since the load
     bool isDestroyedByOthers_ = false;  ///< true if other code destroys the window; no handler can refuse the unload
     Colour backColour_ = kButtonFace;
     runtime::Font font_;

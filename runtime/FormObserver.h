@@ -8,8 +8,9 @@ namespace runtime {
 
 class Form;
 
-/// The functions are called on the form's thread. Unloaded may also be called on the thread that abandons the form. The
-/// functions must not throw and must not use the form's properties.
+/// The functions are called on the form's thread. Exceptions: Unloaded may be called on the thread that abandons the
+/// form, and ErrorIgnored is called on the thread that ignores the error. The functions must not throw and must not use
+/// the form's properties.
 class FormObserver {
  public:
     virtual ~FormObserver() = default;
@@ -21,7 +22,7 @@ class FormObserver {
     virtual void Unloading(const Form& form) noexcept = 0;
     virtual void UnloadRefused(const Form& form) noexcept = 0;
     virtual void Unloaded(const Form& form) noexcept = 0;
-    /// IgnoreErrors has skipped a statement.
+    /// IgnoreErrors has ignored `error`.
     virtual void ErrorIgnored(const std::exception& error) noexcept = 0;
 };
 

@@ -1,6 +1,6 @@
 // Accesses properties of controls and fonts by name, as late-bound code does. Late-bound code tries a property to find
-// out whether a control has it. Failures are therefore common. The functions return them as error numbers and do not
-// throw.
+// out whether a control has it. Failures are therefore common. The functions return runtime errors as numbers and do
+// not throw them.
 #pragma once
 
 #include <cstdint>
@@ -23,13 +23,14 @@ inline constexpr AccessError kNoError = 0;
 // - labels and buttons: "Caption"
 // - controls that can have the focus: "TabStop"
 //
-// Errors: 438 for a property that the control or font does not have, 13 for a value of the wrong type. The errors of
-// the property's setter are also possible.
+// Errors: 438 for a property that the control or font does not have, and for setting "Tag". 13 for a value of the wrong
+// type. The errors of the property's setter are also possible.
 
 AccessError PutProperty(Control& control, StringView name, const PropertyValue& value);
 /// Reads the property `name`. On failure, `value` is unchanged.
 AccessError GetProperty(Control& control, StringView name, PropertyValue& value);
-/// Sets the property `name` of the font object in the control's property `fontProperty`. `fontProperty` must be "Font".
+/// Sets the property `name` of the font object in the control's property `fontProperty`. Error 438 if `fontProperty` is
+/// not "Font".
 AccessError PutFontProperty(Control& control, StringView fontProperty, StringView name, const PropertyValue& value);
 
 /// Sets a property of a font: "Name", "Size" (whole points), "Charset" or "Bold". Error 380 for an empty name and for a

@@ -14,8 +14,8 @@ namespace {
 /// Far more than the number of forms. Only a client that loads a form after every unload reaches this number.
 constexpr int kMaxRoundsWithEvents = 100;
 
-/// Unloads forms, the last loaded one first.
-/// - A form that refuses to unload is not tried again, because it would refuse again.
+/// Unloads forms, the newest form first.
+/// - The loop ends if the newest form refuses to unload, because the form would refuse again.
 /// - A form that an event handler loads again is unloaded again.
 /// - After kMaxRoundsWithEvents rounds no more events are processed. The loop therefore ends even if a client loads a
 ///   form in each event.

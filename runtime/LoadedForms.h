@@ -12,19 +12,20 @@ class Form;
 class LoadedFormsCollection {
  public:
     /// Returns the number of loaded forms. Any thread may call. Only the thread that owns the forms may call the other
-    /// functions. Exception: the thread that cleans up after that thread has ended.
+    /// functions. Exception: after the owning thread has ended, the thread that cleans up may call them.
     std::size_t Count() const { return count_; }
     /// Returns the form at `index`. Throws error 9 for an index outside 0..Count-1.
     Form& At(std::size_t index) const;
-    /// Returns the last form that is not unloading; null if there is no such form. An unloading form stays in the
+    /// Returns the newest form that is not unloading; null if there is no such form. An unloading form stays in the
     /// collection until its handlers return. A loop that unloads all forms must therefore skip that form.
     Form* LastToUnload() const;
 
-    /// Unloads the last form until no form is left. Processes pending events after each unload, and at least once. Ends
-    /// when the last form refuses to unload. After an error, the loop continues. The first error is thrown at the end.
+    /// Unloads the newest form until no form is left. Processes pending events after each of the first 100 unloads, and
+    /// at least once. Ends when the newest form refuses to unload. After an error, the loop continues. The first error
+    /// is thrown at the end.
     void UnloadAll();
     /// Unloads all other forms in the same way. A form's unload handler calls this function. Processes pending events
-    /// before each unload. Does nothing if no other form is loaded.
+    /// before each of the first 100 unloads. Does nothing if no other form is loaded.
     void UnloadOthers();
 
     void Add(Form& form);

@@ -13,8 +13,8 @@ class LocalePort {
  public:
     virtual ~LocalePort() = default;
 
-    /// Converts to the system's ANSI code page. If the code page lacks a character, the code page's default character
-    /// ('?') replaces it. Error 7 for a text that is too long to convert.
+    /// Converts to the system's ANSI code page. If the code page lacks a character, a similar character or the code
+    /// page's default character ('?') replaces it. Error 7 for a text that is too long to convert.
     virtual std::string ToAnsi(StringView text) = 0;
     virtual String FromAnsi(std::string_view bytes) = 0;
 

@@ -1,5 +1,6 @@
-// The interface of a control's window. Each back end implements the interface. The model (Control) stores the value of
-// every property and sets it on the window. The model reads only values that the user has changed.
+// The interface of a control's window. Each back end implements the interface. The model (Control) stores the
+// properties and passes to the window what the window needs. It reads from the window only the edited text, the
+// selection, the focus, the open list and the closed height.
 #pragma once
 
 #include <cstddef>
@@ -73,8 +74,7 @@ class NativeList {
     /// Closes an open drop-down list. If `choose` is true, selects the highlighted item. Otherwise restores the item
     /// and the text from before the list was opened.
     virtual void Close(bool /*choose*/) {}
-    /// Returns the height in twips of a control with a drop-down list while the list is closed. The height depends only
-    /// on the font.
+    /// Returns the height of the closed control in twips; 0 without a drop-down list. It depends only on the font.
     virtual Twips ClosedHeight() { return 0; }
 };
 
@@ -82,7 +82,7 @@ class NativeList {
 struct ControlLook {
     ControlKind kind;
     String name;
-    String picture = {};  ///< name of an icon resource in the module that creates the windows
+    String picture = {};  ///< name of an icon resource in the DLL or program that creates the windows
 };
 
 /// A control's window. It is visible after its creation. The NativeWindow of the form owns it.

@@ -1,5 +1,5 @@
-// Makes process-wide objects that are never destroyed. When static destructors run, other modules may already be
-// unloaded and a window may still refer to the object. The system frees the memory when the process ends.
+// Makes process-wide objects that are never destroyed. When static destructors run, other DLLs may already be unloaded
+// and a window may still refer to the object. The system frees the memory when the process ends.
 #pragma once
 
 #include <utility>

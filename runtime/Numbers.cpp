@@ -10,8 +10,8 @@
 namespace runtime {
 namespace {
 
-/// Reads the characters of a number and skips blanks, tabs and line feeds. U+0000, which no number contains, means the
-/// end of the text.
+/// Reads the characters of a number and skips blanks, tabs and line feeds. Peek returns U+0000 at the end of the text.
+/// No number contains U+0000.
 class Cursor {
  public:
     explicit Cursor(StringView text) : rest_(text) { Skip(); }
@@ -53,7 +53,7 @@ bool IsDecimalDigit(char16_t c) {
     return c >= u'0' && c <= u'9';
 }
 
-/// 16 for a character that is not a digit.
+/// Returns the value of a hexadecimal digit; 16 for another character.
 unsigned DigitValue(char16_t c) {
     if (IsDecimalDigit(c)) return static_cast<unsigned>(c - u'0');
     if (c >= u'A' && c <= u'F') return static_cast<unsigned>(c - u'A') + 10;
@@ -95,7 +95,7 @@ class Decimal {
  private:
     // The nearest double depends only on the first 767 significant digits and on whether a digit other than 0 follows.
     static constexpr std::size_t kKeptDigits = 768;
-    /// A double can represent every integer with this number of digits.
+    /// A double can represent every integer with at most this number of digits.
     static constexpr std::size_t kExactDigits = 15;
     static constexpr std::int64_t kMaxMagnitude = 309;
     static constexpr std::int64_t kMinMagnitude = -324;
@@ -187,7 +187,8 @@ double Val(StringView text) {
 }
 
 std::int32_t ToInt32(double number) {
-    // Round without library functions, because they use the thread's rounding mode, which the client may have changed.
+    // Do not use functions such as std::nearbyint. They follow the thread's rounding mode, which the client may have
+    // changed.
     const double below = std::floor(number);
     const double fraction = number - below;
     const bool isUp = fraction > 0.5 || (fraction == 0.5 && std::fmod(below, 2) != 0);

@@ -1,6 +1,6 @@
-// An operation is a part of the component's work. During an operation, each file and registry section is checked only
-// once. The result of the first check is used until the operation ends. The next operation checks again. During an
-// operation, no events are processed and no client is called.
+// An operation is a part of the component's work. Within an operation, code may use the result of a check again, for
+// example whether a file has changed. The next operation checks again. Code in an operation must not process events or
+// call a client.
 #pragma once
 
 #include <functional>
@@ -15,8 +15,8 @@ class Operation {
     Operation& operator=(const Operation&) = delete;
     ~Operation();
 
-    /// Calls `forget` when the current operation ends. Returns false if there is no operation. The caller must then not
-    /// keep the result of its check.
+    /// Calls `forget` when the outermost operation ends. Returns false if there is no operation. The caller must then
+    /// not keep the result of its check.
     static bool KeepUntilEnd(std::function<void()> forget);
     /// Ends all operations. Call it when the thread that started the operations has ended.
     static void Abandon();

@@ -1,4 +1,4 @@
-// Stores the runtime's state of the process. Only sources of this folder include this file. Other code calls
+// Stores the runtime's process-wide state. Only sources of this folder include this file. Other code calls
 // CurrentPorts, LoadedForms, CurrentFormObserver and Operation.
 #pragma once
 
@@ -17,7 +17,7 @@ struct ProcessState {
     LoadedFormsCollection loadedForms;
     FormObserver* formObserver = nullptr;
     int operations = 0;                         ///< the depth of nested operations
-    std::vector<std::function<void()>> forget;  ///< called when the current operation ends
+    std::vector<std::function<void()>> forget;  ///< called when the outermost operation ends
 };
 
 /// Returns the state. It exists until the process ends.

@@ -1,4 +1,4 @@
-// Functions for the size of the screen and the shape of the mouse pointer.
+// Returns the size of the screen. Reads and sets the shape of the mouse pointer.
 #pragma once
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 // Stores the tab order of a form's controls, and the control that has the focus. Each form owns one TabOrder. The
 // TabOrder refers to the form's controls. It is used only on the form's thread.
 //
-// The window system reports which control has the focus, because the mouse and screen readers also move the focus. The
-// last report is kept while the form is not active.
+// The object asks the windows which control has the focus, because the mouse and screen readers also move the focus.
+// While the form is not active, the object keeps the last answer.
 #pragma once
 
 #include <memory>

@@ -49,8 +49,8 @@ struct Decoded {
     std::size_t length;  ///< number of bytes read
 };
 
-/// A decoded lead byte: the length of its sequence (0 if the byte is not a lead byte), its bits of the character, and
-/// the smallest character that needs a sequence of this length.
+/// A decoded lead byte: the length of its sequence in bytes (0 if the byte is not a lead byte), its bits of the code
+/// point, and the smallest code point that needs a sequence of this length.
 struct Lead {
     std::size_t length;
     char32_t bits;

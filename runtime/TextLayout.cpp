@@ -121,7 +121,7 @@ class LineBreaker {
             filled.width = measure_.Width(rest.substr(0, filled.length));
         }
         AddLine(rest, filled.length, filled.width);
-        // Blanks may follow a character that was too wide. The next line must not start with them.
+        // Blanks may follow a character that was too wide. The next line must not start with these blanks.
         return std::min(rest.find_first_not_of(u' ', filled.length), rest.size());
     }
 

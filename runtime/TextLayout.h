@@ -4,7 +4,7 @@
 // - CR LF, LF and CR end a line. A line end at the end of the text adds an empty last line.
 // - A tab becomes blanks up to the next multiple of 8 characters. NUL and other control characters become a blank each.
 //   All other characters, including "&", are shown unchanged.
-// - A line that is too wide is broken at its last run of blanks within the width. The blanks of this run are not shown.
+// - A line that is too wide is broken after its last word that fits. The blanks after this word are not shown.
 // - Indentation is dropped if the word after it does not fit on the same line.
 // - A word that is wider than the wrap width is broken between any two characters. Each line gets at least one
 //   character. Surrogate pairs are not split.
@@ -35,7 +35,7 @@ class TextMeasure {
     virtual int LineHeight() = 0;
 };
 
-/// With this wrap width, lines are broken only at line ends.
+/// With this wrap width, lines do not wrap. Only CR LF, LF and CR end a line.
 inline constexpr int kNoWrap = std::numeric_limits<int>::max();
 
 struct TextLine {
@@ -46,11 +46,12 @@ struct TextLine {
 };
 
 struct TextLayout {
-    /// The text as shown, without line ends.
+    /// The text without line ends. Tabs and control characters are replaced by blanks.
     String text;
     /// Never empty, because an empty text has one empty line.
     std::vector<TextLine> lines;
-    /// Width of the widest line. It is at most the wrap width. Exception: a single character is wider.
+    /// Width of the widest line. It is larger than the wrap width if a single character is wider, or if Width returns
+    /// more than Fit assumed, as for slanted fonts.
     int width = 0;
     int height = 0;
 

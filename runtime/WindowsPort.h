@@ -1,5 +1,6 @@
 // The interface of the window system for forms: windows with controls, the screen, keys and pending events. Each back
-// end implements the interface. The model (Form, Control) stores the value of every property and sets it on the window.
+// end implements the interface. The model (Form, Control) stores the properties and passes to the window what the
+// window needs.
 #pragma once
 
 #include <cstddef>
@@ -41,12 +42,13 @@ enum KeyCode : std::int16_t {
     kKeyF4 = 115,
 };
 
-/// The events that a window reports to its form. The window calls the functions on its thread while the window exists.
+/// The events that a window reports to its form. The window calls the functions only on its own thread and only while
+/// it exists.
 class WindowEvents {
  public:
     virtual ~WindowEvents() = default;
 
-    /// The user or the system requests to close the window.
+    /// The user or the system asks to close the window.
     virtual void Closing(UnloadReason reason) = 0;
     /// The form or other code created, moved or resized the window, or the window's state may have changed. May be
     /// called without a change.
@@ -56,14 +58,15 @@ class WindowEvents {
     /// The form or other code showed or hid the window. May be called without a change.
     virtual void VisibilityChanged(bool visible) = 0;
     virtual void Activated() = 0;
-    /// The window itself got the keyboard focus. The form passes it to a control.
+    /// The window itself got the keyboard focus. The form passes the focus to a control.
     virtual void KeyboardArrived() = 0;
-    /// The window is about to lose the keyboard focus.
+    /// The window may be about to lose the keyboard focus.
     virtual void KeyboardLeaves() = 0;
-    /// Other code destroys the window, or the window's thread ends.
+    /// Other code destroys the window.
     virtual void Lost() = 0;
 
-    // Key events before the focused control gets them. The functions return true if the form consumed the key.
+    // The form gets these key events before the focused control. The functions return true if the form consumed the
+    // key.
 
     /// `keyCode` is a Windows virtual-key code. `isRepeated` is true for the automatic repetitions of a held key.
     virtual bool KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated = false) = 0;
@@ -96,7 +99,7 @@ class NativeWindow {
     /// Changes the state at once and calls BoundsChanged. Does nothing for a hidden window.
     virtual void SetState(WindowState state) = 0;
     virtual void SetBackColour(Colour colour) = 0;
-    /// If `onTop` is true, makes the window topmost. Otherwise makes it an ordinary window. Changes nothing else.
+    /// If `onTop` is true, makes the window topmost. Otherwise makes it an ordinary window. Keeps position and size.
     virtual void SetTopMost(bool onTop) = 0;
     /// Returns the size of the client area.
     virtual Size InnerSize() const = 0;
@@ -136,7 +139,7 @@ class ResolutionScope {
     virtual ~ResolutionScope() = default;
 };
 
-/// With this wrap width, lines are broken only at line ends.
+/// With this wrap width, lines do not wrap. A line ends only where the text has a line break.
 inline constexpr Twips kEndlessWidth = std::numeric_limits<Twips>::infinity();
 
 class WindowsPort {
@@ -154,32 +157,33 @@ class WindowsPort {
     /// Returns the size of `text` in a label whose lines wrap at `wrapWidth`, in twips. With kEndlessWidth, lines do
     /// not wrap.
     virtual Size TextSize(StringView text, const Font& font, Twips wrapWidth) = 0;
-    /// Registers the window message `name` and returns its number. The number is the same for all modules of the
+    /// Registers the window message `name` and returns its number. The number is the same for all programs of the
     /// session. Returns 0 on failure. The name is converted to the system's ANSI code page.
     virtual std::uint32_t RegisterMessage(StringView name) = 0;
     /// Processes all pending events. If a handler throws, the call ends and the exception is thrown. A request to quit
     /// stays pending.
     virtual void DoEvents() = 0;
-    /// While the returned object exists, windows are created and measured in the system's resolution. That is also the
-    /// case in a program that is aware of each monitor's resolution. The window system then scales the windows for the
-    /// other monitors.
+    /// While the returned object exists, the thread creates and measures windows at the system's DPI. In a program that
+    /// is aware of each monitor's DPI, the window system scales these windows on the other monitors.
     virtual std::unique_ptr<ResolutionScope> UseSystemResolution() = 0;
     /// Plays the user's sound for questions. Does not wait for the end of the sound.
     virtual void PlayQuestionSound() = 0;
-    /// Replaces the contents of the clipboard. False if another program holds the clipboard.
+    /// Replaces the contents of the clipboard. Returns false on failure, for example if another program holds the
+    /// clipboard.
     virtual bool CopyToClipboard(StringView text) = 0;
-    /// Begins the modal loop of `window`. Call it just before the window is shown.
+    /// Prepares the modal loop of `window`: disables the thread's other windows. Call it just before the window is
+    /// shown, then call Run.
     virtual std::unique_ptr<ModalLoop> BeginModal(NativeWindow& window) = 0;
     /// Presses Alt together with `character` in the active window. Does not wait for the effect. Does nothing for a
-    /// blank or a control character, because Windows itself uses these keys with Alt. For example, Alt+Space opens the
-    /// system menu, and Alt+Tab switches to another program.
+    /// blank or an ASCII control character, because Windows itself uses some of these keys with Alt. For example,
+    /// Alt+Space opens the system menu, and Alt+Tab switches to another program.
     void SendAltKey(char16_t character) {
         const bool isBlankOrControl = character <= u' ' || character == kDeleteCharacter;
         if (!isBlankOrControl) PressWithAlt(character);
     }
 
  protected:
-    /// `character` must not be a blank or a control character.
+    /// `character` must not be a blank or an ASCII control character.
     virtual void PressWithAlt(char16_t character) = 0;
 
  private:
