@@ -1,4 +1,4 @@
-// A process whose command line, folder and earlier instance are set by a test.
+// Simulates a process. A test sets its command line, its folder and whether an earlier instance exists.
 #pragma once
 
 #include "runtime/ProcessPort.h"

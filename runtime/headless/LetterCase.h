@@ -1,5 +1,5 @@
-// Converts letter case without Windows. Covers the ASCII, Latin-1, Greek and Cyrillic letters that have exactly one
-// counterpart.
+// Converts letter case without Windows. Covers the ASCII and Latin-1 letters and the basic Greek and Cyrillic letters,
+// if they have exactly one counterpart.
 #pragma once
 
 #include "runtime/Text.h"

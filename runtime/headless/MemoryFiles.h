@@ -1,4 +1,4 @@
-// A file system in memory with the path rules of Windows. A test creates folders and files, and selects the calls that
+// A file system in memory with the path rules of Windows. A test creates folders and files, and decides which calls
 // fail. A log contains the calls.
 #pragma once
 
@@ -33,7 +33,8 @@ class MemoryFiles : public FilesPort {
     /// After this call, reading the file fails, as if another program had locked it. The file still has a stamp.
     void FailRead(StringView path);
 
-    /// The calls, in order: "CurrentFolder", "ChangeFolder C:\x", "FirstMatch *.sch", "Stamp …", "Read …".
+    /// The calls, in order. The entries have these forms: "CurrentFolder", "ChangeFolder C:\x", "FirstMatch *.sch",
+    /// "Stamp C:\a.ini", "Read C:\a.ini".
     const std::vector<String>& Log() const { return log_; }
     void ClearLog() { log_.clear(); }
 

@@ -41,7 +41,7 @@ class MemoryWindows : public WindowsPort {
 
     /// The pixel grid to which the bounds of windows are rounded.
     PixelGrid Grid() const { return PixelGrid(dpi); }
-    /// Makes a pixel as large as a twip, so that tests of arithmetic get no rounded values.
+    /// Makes a pixel as large as a twip, so that whole numbers of twips are not rounded.
     void MakePixelsTwips() { dpi = 1440; }
 
     Size screen{19200, 15360};

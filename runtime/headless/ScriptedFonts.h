@@ -1,5 +1,5 @@
-// The system's fonts in memory. A test sets the installed faces and selects the calls that fail. A log contains the
-// calls.
+// Replaces the system's fonts in tests. A test sets the installed faces and decides which calls fail. A log contains
+// the calls.
 #pragma once
 
 #include <map>
@@ -31,8 +31,8 @@ class ScriptedFonts : public FontsPort {
     String stockFace = u"MS Shell Dlg";
     /// If true, FaceName raises error 7.
     bool failsFaceName = false;
-    /// The calls, in order: "installed Arial", "make icon title", "stock", "select 81 in 4097", "face of 4097",
-    /// "release 4097 of 4096", "delete 82".
+    /// The calls, in order. The entries have these forms: "installed Arial", "make icon title", "stock", "select 81 in
+    /// 4097", "face of 4097", "release 4097 of 4096", "delete 82".
     std::vector<std::string> log;
 
  private:

@@ -9,7 +9,7 @@ namespace runtime::win32 {
 namespace {
 
 /// True for a visible window. Also true for a hidden window with a title bar, because it may be shown while the dialog
-/// is open. Other hidden windows belong to the system, for example to input methods.
+/// is open. Other hidden windows are not meant for the user, for example windows of input methods.
 bool IsForTheUser(HWND window) {
     return IsWindowVisible(window) || (GetWindowLongW(window, GWL_STYLE) & WS_CAPTION) == WS_CAPTION;
 }

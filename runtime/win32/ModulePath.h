@@ -1,11 +1,12 @@
-// Returns the path of a module (a program or a library) and the folder of a path.
+// Returns the path of the file of a DLL or program, and the folder of a path.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
 
-/// Returns the full path of the module's file. Null means the program. Returns "" on failure.
+/// Returns the full path of the file of the DLL or program `module`. Null means the program of this process. Returns ""
+/// on failure.
 String ModulePath(HMODULE module);
 /// Returns the folder of `path`. The result ends with a backslash only if it is a drive's root. Returns "" if `path`
 /// has no folder.

@@ -7,8 +7,8 @@
 
 namespace runtime::win32 {
 
-/// Returns error 7. The description contains `what`, the missing object, and the calling thread's last Windows error
-/// code.
+/// Returns error 7. The description contains `what`, which says what failed, and the calling thread's last Windows
+/// error code.
 Error OutOfResources(StringView what);
 /// Does the same with the Windows error code `systemError`.
 Error OutOfResources(StringView what, std::uint32_t systemError);

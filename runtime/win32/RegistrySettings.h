@@ -1,6 +1,6 @@
 // Stores the per-user settings in the registry. Each setting is a text value in the key "HKEY_CURRENT_USER\Software\VB
-// and VBA Program Settings\<application>\<section>". Names are not case-sensitive. Within an operation, a section is
-// opened once.
+// and VBA Program Settings\<application>\<section>". Names are not case-sensitive. Within an operation, the section
+// that was read last stays open.
 #pragma once
 
 #include "runtime/SettingsPort.h"
@@ -20,7 +20,7 @@ class RegistrySettings : public SettingsPort {
     HKEY SectionToRead(const String& path);
     void Forget();
 
-    String openedPath_;   ///< path of the section opened in the current operation; empty if no section was
+    String openedPath_;   ///< path of the section that stays open in the current operation; empty if none does
     RegistryKey opened_;  ///< null if that section does not exist
 };
 

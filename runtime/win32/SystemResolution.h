@@ -1,6 +1,6 @@
-// Sets the resolution in which windows are created. In a program that is aware of each monitor's resolution, a dialog
-// in twips would have the wrong size on a monitor whose resolution differs from the first monitor's. Therefore dialogs
-// use one resolution, and the system scales them.
+// Sets the DPI with which the thread creates windows. In a program that is aware of each monitor's DPI, a dialog whose
+// design is in twips would have the wrong size on a monitor whose DPI differs from the first monitor's. Therefore
+// dialogs use one DPI, and the system scales them.
 #pragma once
 
 #include "runtime/WindowsPort.h"
@@ -8,8 +8,8 @@
 
 namespace runtime::win32 {
 
-/// While the object exists, the thread creates windows in the system's resolution. Changes nothing in programs that are
-/// not aware of each monitor's resolution. Changes nothing on systems before Windows 10, version 1607.
+/// While the object exists, the thread creates windows with the system's DPI. Changes nothing in programs that are not
+/// aware of each monitor's DPI. Changes nothing on systems before Windows 10, version 1607.
 class SystemResolution final : public ResolutionScope {
  public:
     SystemResolution();

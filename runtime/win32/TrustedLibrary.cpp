@@ -8,8 +8,7 @@ Library LoadTrusted(const String& path) {
     constexpr DWORD kTrustedFolders =
         LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR | LOAD_LIBRARY_SEARCH_APPLICATION_DIR | LOAD_LIBRARY_SEARCH_SYSTEM32;
     Library library(LoadLibraryExW(Wide(path), nullptr, kTrustedFolders));
-    // Windows 7 without the update of 2011 does not support these flags. On such a system, the needed libraries may
-    // also come from the current folder or PATH.
+    // Windows 7 without the update of 2011 does not support these flags.
     if (!library && GetLastError() == ERROR_INVALID_PARAMETER) {
         library = Library(LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     }

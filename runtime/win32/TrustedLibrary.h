@@ -1,5 +1,5 @@
-// Loads libraries only from known folders, not from the current folder or PATH. Otherwise a malicious file in the
-// folder of a design could run in the program that opens the design.
+// Loads libraries by their full paths, and their imports only from known folders, not from the current folder or PATH.
+// Otherwise a malicious file in the folder of a design could run in the program that opens the design.
 #pragma once
 
 #include "runtime/Text.h"
@@ -8,8 +8,8 @@
 namespace runtime::win32 {
 
 /// Loads the library with the full path `path`. The system searches for the library's own imports in the library's
-/// folder, the program's folder and the system folder. Returns an empty owner on failure. GetLastError then returns the
-/// reason.
+/// folder, the program's folder and the system folder. Windows 7 without the update of 2011 also searches the current
+/// folder and PATH. Returns an empty owner on failure. GetLastError then returns the reason.
 Library LoadTrusted(const String& path);
 
 /// Returns the full path of `file` in the system folder.

@@ -1,4 +1,4 @@
-// A control with a drop-down list: an editable combo, or a drop-down list that shows the selected item.
+// Implements an editable combo, and a drop-down list that shows the selected item.
 #pragma once
 
 #include "runtime/win32/ListExtent.h"
@@ -31,7 +31,8 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     void Close(bool choose) override;
     Twips ClosedHeight() override;
 
-    /// Returns the change that the user made while the list was open. Windows itself may have completed the text.
+    /// Returns how the item or the text changed while the list was open. The change may come from Windows, which
+    /// completes a typed text to an item.
     Notice NoticeOfClosing();
     void PutBackOpening();
     bool HasChangedSinceOpening();

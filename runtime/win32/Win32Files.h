@@ -12,7 +12,7 @@ class Win32Files : public FilesPort {
     String CurrentFolder() override;
     /// If `path` names another drive, this drive becomes the current drive.
     void ChangeFolder(StringView path) override;
-    /// A pattern that ends with a separator matches every file in that folder.
+    /// A pattern that ends with a separator matches every ordinary file in that folder.
     String FirstMatch(StringView pattern) override;
     std::optional<FileStamp> Stamp(StringView path) override;
     /// Also returns no value for a device or a pipe, because reading it might never end.

@@ -1,5 +1,5 @@
-// A label's window. It shows its text unchanged, including '&', and wraps the text at the label's width. It paints only
-// the visible lines, so that a long text is painted as fast as a short text.
+// A label's window. It breaks its text at the label's width by the rules in TextLayout.h. It paints only the visible
+// lines, so that a long text is painted as fast as a short text.
 #pragma once
 
 #include "runtime/TextLayout.h"
@@ -9,7 +9,7 @@ namespace runtime::win32 {
 
 class Win32Label {
  public:
-    /// Registers the window class for the module `instance`; false on failure.
+    /// Registers the window class for the DLL or program `instance`; false on failure.
     static bool RegisterWindowClass(HINSTANCE instance);
     static void UnregisterWindowClass(HINSTANCE instance);
     static const wchar_t* ClassName() { return L"K4TBackProcess.Label"; }

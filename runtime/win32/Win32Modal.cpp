@@ -27,7 +27,7 @@ Win32Modal::Win32Modal(Win32Windows& system, HWND window)
 
 Win32Modal::~Win32Modal() {
     End();
-    // Restore the pointer last. When the dialog was hidden, the windows below it may have set another pointer.
+    // Restore the pointer last, because the windows below the dialog may have set another pointer when it was hidden.
     if (pointerBefore_ && system_.MousePointer() == kDefaultPointer) SetCursor(*pointerBefore_);
 }
 

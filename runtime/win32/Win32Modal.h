@@ -1,5 +1,6 @@
-// Runs the modal loop of a dialog. The window that was active owns the dialog. All other windows of the thread are
-// disabled. The client's mouse pointer may be an hourglass. Until the dialog closes, an arrow replaces it.
+// Runs the modal loop of a dialog. The thread's active window owns the dialog; without an active window, the first
+// visible window of the thread. All other windows of the thread are disabled. Until the dialog closes, an arrow
+// replaces the client's mouse pointer, which may be an hourglass.
 #pragma once
 
 #include <optional>

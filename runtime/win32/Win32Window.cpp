@@ -1,7 +1,7 @@
 #include "runtime/win32/Win32Window.h"
 
 #include <ole2.h>
-// After ole2.h, which it needs.
+// Include this header after ole2.h, because the header needs ole2.h.
 #include <oleacc.h>
 
 #include "runtime/win32/AccessibleWindow.h"
@@ -41,7 +41,7 @@ BOOL CALLBACK PassOn(HWND child, LPARAM message) noexcept {
 
 constexpr int kFirstControlId = 100;
 
-/// A form may have any size. The size may exceed the screen.
+/// A form may have any size, even larger than the screen.
 void LiftSizeLimits(MINMAXINFO* limits) {
     constexpr LONG kAnySize = 32767;
     if (!limits) return;
@@ -74,7 +74,8 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
                     nullptr, system.Instance(), this);
     if (!window_) throw OutOfResources(u"cannot create the window of a form");
     ReportBounds();
-    // Show the underlines of access keys from the start, also on systems that hide them until Alt is pressed.
+    // Show the underlines of access keys and the focus rectangle from the start, also on systems that hide them until a
+    // key is pressed.
     SendMessageW(window_, WM_UPDATEUISTATE, MAKEWPARAM(UIS_CLEAR, UISF_HIDEACCEL | UISF_HIDEFOCUS), 0);
 }
 
@@ -151,7 +152,7 @@ Size Win32Window::InnerSize() const {
 }
 
 NativeHandle Win32Window::DeviceContext() {
-    // The window class has CS_OWNDC. Each window has one context, and the context must not be released.
+    // The window class has CS_OWNDC. Each window has one context, and the context need not be released.
     return reinterpret_cast<NativeHandle>(GetDC(window_));
 }
 
@@ -199,7 +200,8 @@ LRESULT Win32Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcW(window_, message, wParam, lParam);
 }
 
-// An event handler may destroy this window. After an event, a branch returns at once or uses only local variables.
+// A form's handler may destroy this window. After an event that runs handlers, a branch returns at once or uses only
+// local variables. KeyboardLeaves runs no handlers.
 LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CLOSE:
@@ -329,7 +331,7 @@ bool Win32Window::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-// Handle this key in the window for every focused control. A drop-down list would otherwise consume the key.
+// Handle Alt+F4 here for every focused control, because a drop-down list would consume the key.
 bool Win32Window::ClosesWindow(UINT message, WPARAM wParam, LPARAM lParam) {
     const bool isWithAlt = (HIWORD(lParam) & KF_ALTDOWN) != 0;
     if (message != WM_SYSKEYDOWN || wParam != VK_F4 || !isWithAlt) return false;

@@ -1,6 +1,5 @@
 // A form's window and the windows of its controls. The form or other code may change the window. The window reports
-// each change of its bounds, state and visibility to its form. It reports its destruction only if other code destroyed
-// it.
+// changes of its bounds, state and visibility to its form. It reports its destruction only if other code destroys it.
 #pragma once
 
 #include <memory>
@@ -43,7 +42,7 @@ class Win32Window : public NativeWindow {
     static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
  private:
-    /// Connects a new window to its object. False if another class created the window.
+    /// Connects a new window to its object. False if other code created the window or sent the message.
     static bool Adopt(HWND window, LPARAM createMessage);
     LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);

@@ -20,8 +20,8 @@
 namespace runtime::win32 {
 namespace {
 
-/// Returns the system's cursor for the classic runtime's pointer number `shape` in 0..15. The cursors exist until the
-/// process ends. Therefore each cursor is loaded only once.
+/// Returns the system's cursor for the classic runtime's pointer number `shape` in 0..15, and the arrow for other
+/// numbers. The cursors exist until the process ends. Therefore each cursor is loaded only once.
 HCURSOR SystemPointer(std::int16_t shape) {
     static const LPCWSTR kShapes[] = {IDC_ARROW,    IDC_ARROW,       IDC_CROSS,    IDC_IBEAM,  IDC_ICON,    IDC_SIZEALL,
                                       IDC_SIZENESW, IDC_SIZENS,      IDC_SIZENWSE, IDC_SIZEWE, IDC_UPARROW, IDC_WAIT,
@@ -43,8 +43,8 @@ struct Keystroke {
     bool pressesShift = false;  ///< the character needs Shift, and the user does not hold it
 };
 
-/// Returns the key that types `character`. Returns no value if no key types `character`, or if a held key or Caps Lock
-/// would change the character.
+/// Returns the key that types `character`. Returns no value for a character outside ASCII, if no key types the
+/// character with at most Shift, or if a held key or Caps Lock would change the character.
 std::optional<Keystroke> KeystrokeFor(char16_t character) {
     constexpr char16_t kLastAscii = 0x7F;
     constexpr SHORT kNoKey = -1;
@@ -176,7 +176,7 @@ bool Win32Windows::CopyToClipboard(StringView text) {
     GlobalUnlock(memory.Get());
     if (!OpenClipboard(GetActiveWindow())) return false;
     EmptyClipboard();
-    // The clipboard now owns the memory.
+    // On success, the clipboard owns the memory.
     const bool isTaken = SetClipboardData(CF_UNICODETEXT, memory.Get()) != nullptr;
     if (isTaken) memory.Release();
     CloseClipboard();

@@ -11,7 +11,8 @@ namespace runtime::win32 {
 
 class Win32Windows : public WindowsPort {
  public:
-    /// `instance` is the module that owns the windows. The window classes are registered with the first window.
+    /// `instance` is the DLL or program that owns the windows. The window classes are registered when the first window
+    /// is created.
     explicit Win32Windows(HINSTANCE instance) : instance_(instance) {}
     Win32Windows(const Win32Windows&) = delete;
     Win32Windows& operator=(const Win32Windows&) = delete;
@@ -50,7 +51,7 @@ class Win32Windows : public WindowsPort {
 
     HINSTANCE instance_;
     bool classesRegistered_ = false;
-    DWORD dispatchingThread_ = 0;  ///< the thread may have ended
+    DWORD dispatchingThread_ = 0;  ///< the thread that is dispatching a key, or 0; it may have ended
     Win32Fonts fonts_;
     std::int16_t pointer_ = 0;
     HCURSOR pointerBefore_ = nullptr;  ///< the client's pointer, which the component's pointer replaced

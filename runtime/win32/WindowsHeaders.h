@@ -1,5 +1,5 @@
-// Includes the Windows headers. Other files include the headers through this file, because the headers need the build's
-// definitions (UNICODE, NOMINMAX, …). The file also converts between wchar_t and char16_t.
+// Includes windows.h, and converts between wchar_t and char16_t. The runtime's other files include windows.h through
+// this file.
 #pragma once
 
 #include <windows.h>
