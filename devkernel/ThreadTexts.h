@@ -1,6 +1,6 @@
 // Stores the texts whose addresses the kernel has returned. Each thread has its own text under each name. An address is
-// valid until the same thread stores a text under the same name again. Calls of other threads do not affect the
-// address.
+// valid until the same thread stores or drops the text under the same name, or ends. Calls of other threads do not
+// affect the address.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace devkernel {
 
-/// Any thread may call. `thread` is the caller's identifier.
+/// Any thread may call the functions. `thread` is the identifier of the calling thread.
 class ThreadTexts {
  public:
     /// Replaces the text of `thread` under `name` with `text`. Returns the address of the zero-terminated bytes.

@@ -1,4 +1,4 @@
-// The kernel, the reader or the splitter can be missing. A missing part is always error 91.
+// Tests the functions that return the kernel, the reader and the splitter. Each throws error 91 if its part is not set.
 #include "kernel_api/Kernel.h"
 
 #include <gtest/gtest.h>

@@ -18,7 +18,7 @@ namespace {
 
 constexpr char16_t kComma = u',';
 
-/// Never returns. This is the splitter's defined behaviour for a quoted field that is not closed.
+/// Never returns. This is the defined behaviour of the splitter for a quoted field that is not closed.
 [[noreturn]] void RepeatForEver() {
     // The compiler may remove an endless loop without side effects. Reading a volatile is a side effect.
     const volatile bool isFoundAgain = true;
@@ -28,7 +28,7 @@ constexpr char16_t kComma = u',';
     }
 }
 
-/// Returns the field's number and text for an error message. Truncates a long text.
+/// Returns the field's number and text for an error message. Truncates the text after 80 characters.
 String InWords(std::size_t place, StringView field) {
     constexpr std::size_t kMaxShown = 80;
     const bool isCut = field.size() > kMaxShown;

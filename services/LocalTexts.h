@@ -1,5 +1,5 @@
-// Lists the texts that code looks up by name. A text has an identifier, an English default and a note on its use. The
-// designs of the forms contain the captions of forms and controls with their identifiers.
+// Lists the texts that the code uses. A text has an identifier, an English default and a note on its use. Captions of
+// forms and controls are not listed here, because the designs of the forms contain these captions.
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ inline constexpr LocalText kApplicationCaption = {u"LOC", u"Pelorix Background P
                                                   u"caption of the main form"};
 inline constexpr LocalText kModuleCaption = {u"LOC", u"Pelorix Background process ", u"title of error reports"};
 
-// Each of the next identifiers ends in a blank. The blank is part of the identifier.
+// The next two identifiers end in a blank. The blank is part of the identifier.
 inline constexpr LocalText kFolderLead = {u"991019 ", u"Path: ", u"folder check, before the folder"};
 inline constexpr LocalText kFolderNotAvailable = {u"99961 ", u" not available", u"folder check, after the folder"};
 
@@ -28,8 +28,8 @@ inline constexpr LocalText kFolderNotAvailable = {u"99961 ", u" not available", 
 inline constexpr LocalText kDirection = {u"direction", u"ltr", u"reading direction of the dialogs"};
 inline constexpr runtime::StringView kRightToLeft = u"rtl";
 
-/// An error of the suite's common table, with the texts before and after the detail. Most errors have no text after the
-/// detail.
+/// An error of the suite's common table, with the texts before and after the error's detail, for example a file name.
+/// Most errors have no text after the detail.
 struct ErrorText {
     std::int32_t number;
     LocalText before;
@@ -39,7 +39,7 @@ struct ErrorText {
 /// Returns the entry for `number`; null if the table has no entry.
 const ErrorText* FindErrorText(std::int32_t number);
 
-/// Returns the texts above that are translated, and the texts of the error reports.
+/// Returns the texts for translators: the texts above except kDirection, and the texts of the error table.
 std::vector<LocalText> CodeTexts();
 
 /// Returns the text in the current language; the default if there is no translation.

@@ -179,7 +179,7 @@ TEST_F(UiFontChoice, FaceNameFails_FontIsUnchangedAndHandlesAreReleased) {
                                    "delete 82"));
 }
 
-TEST_F(UiFontChoice, NoFaceName_NameIsTheBufferOfBlanks) {
+TEST_F(UiFontChoice, FaceNameIsUnknown_FontNameIsEightyBlanks) {
     memory_.fonts.installed.clear();
     memory_.locale.systemLcid = 0x0407;
     EXPECT_EQ(ChooseUiFont(kWindow, 0), FontRule::kIconTitleFont);

@@ -53,7 +53,7 @@ void Publish(StringView key, String& value) {
 
 bool IsBareDrive(StringView path) {
     const bool hasForm = path.size() == 2 || (path.size() == 3 && path[2] == u'\\');
-    // Drive Z is not accepted here on purpose. It is checked like a folder.
+    // Drive Z is deliberately left out. It is checked like a folder.
     return hasForm && path[1] == u':' && path[0] >= u'A' && path[0] <= u'Y';
 }
 
@@ -146,7 +146,8 @@ void SaveWindowPlacement(runtime::Form& form) {
     const std::int16_t scaleMode = form.ScaleMode();
     form.SetScaleMode(kScaleTwips);
     const auto save = [&form](StringView suffix, runtime::Twips value) {
-        // Write a whole number. A fraction would contain a decimal mark, which depends on the language.
+        // Write a whole number. A fraction would contain a decimal mark, which depends on the regional
+        // settings.
         SaveAppSetting(kPlacementApplication, kOwnModuleName, form.Name() + String(suffix),
                        runtime::Trim(runtime::Str(runtime::ToInt32(value))));
     };

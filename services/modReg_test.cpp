@@ -294,7 +294,7 @@ TEST_F(SavingPlacement, WritesThePlaceRoundedToPixels) {
     EXPECT_EQ(memory_.settings.Saved().at(1).value, u"8535");
 }
 
-TEST_F(SavingPlacement, WritesWholeTwipsWherePixelsHaveFractions) {
+TEST_F(SavingPlacement, PixelHasAFractionOfTwips_WritesWholeTwips) {
     memory_.windows.dpi = 192;  // 7.5 twips a pixel
     form_.Move(7.5F, 22.5F);
     SaveWindowPlacement(form_);

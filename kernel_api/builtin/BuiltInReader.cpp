@@ -9,7 +9,7 @@ namespace {
 
 constexpr StringView kRegistrySection = u"Settings";
 
-/// Windows never maps the first and the last 64 KB of the address space, so that accesses through wrong pointers fail.
+/// Windows never maps the first and the last 64 KB of a process's address space.
 constexpr TextPointer kUnusedAddresses = 0x10000;
 
 }  // namespace

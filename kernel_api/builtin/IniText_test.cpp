@@ -108,7 +108,7 @@ TEST_F(IniTextTest, LetterCase_IgnoredInNamesAndKeptInValues) {
     EXPECT_EQ(ValueIn(u"[MarLento\u00C4]\njobDIR=C:\\Cad", u"mARLENTO\u00E4", u"JOBdir"), u"C:\\Cad");
 }
 
-TEST_F(IniTextTest, LinesEndAtCrLfOrBoth) {
+TEST_F(IniTextTest, CrOrLfOrBoth_EndALine) {
     EXPECT_EQ(Value(u"[S]\rk=1\rl=2", u"k"), u"1");
     EXPECT_EQ(Value(u"[S]\nk=1\nl=2", u"l"), u"2");
     EXPECT_EQ(Value(u"[S]\r\nk=1\r\n\r\nl=2", u"l"), u"2");

@@ -80,7 +80,7 @@ TEST(TextFile, KeepsAnyCharacters) {
     EXPECT_EQ(TextIn(file, u"1"), u"\u306F\u3044(&Y) \U0001F600 \uFFFD");
 }
 
-TEST(TextFile, LinesEndAtCrLfOrBoth) {
+TEST(TextFile, CrOrLfOrBoth_EndALine) {
     const TextFile file("1 = a\r2 = b\n3 = c\r\n\r4 = d");
     EXPECT_EQ(TextIn(file, u"1"), u"a");
     EXPECT_EQ(TextIn(file, u"2"), u"b");
