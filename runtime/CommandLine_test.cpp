@@ -13,7 +13,7 @@ TEST(CommandLine, QuotedName_MayContainBlanks) {
     EXPECT_EQ(WithoutProgramName(u"\"C:\\Program Files\\sch.exe\" \"/sys:C:\\x\""), u"\"/sys:C:\\x\"");
 }
 
-TEST(CommandLine, QuotesInsideTheName_BlanksInThemDoNotEndIt) {
+TEST(CommandLine, QuotedPartOfTheName_MayContainBlanks) {
     EXPECT_EQ(WithoutProgramName(u"C:\\\"Program Files\"\\sch.exe a b"), u"a b");
     EXPECT_EQ(WithoutProgramName(u"\"C:\\x\"sch.exe a"), u"a");
 }
@@ -45,7 +45,7 @@ TEST(CommandLine, FirstArgument_EndsAtTheFirstBlankOutsideQuotes) {
     EXPECT_EQ(WithoutFirstArgument(u""), u"");
 }
 
-TEST(CommandLine, FirstArgument_QuoteBehindABackslashOpensNothing) {
+TEST(CommandLine, FirstArgument_EscapedQuoteIsAnOrdinaryCharacter) {
     EXPECT_EQ(WithoutFirstArgument(u"a\\\"b c d"), u"c d");
     EXPECT_EQ(WithoutFirstArgument(u"\"a\\\" b\" c"), u"c");
     // Two backslashes mean one backslash of the argument. The quote after them closes the quoted part.

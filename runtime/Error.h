@@ -34,7 +34,7 @@ enum ErrorNumber : std::int32_t {
     kFormAlreadyDisplayed = 400,
     kPropertyNotSupported = 438,
     kDllEntryPointNotFound = 453,
-    /// An error number of the suite. It ends an operation without a message to the user.
+    /// An error number of the suite. It ends an action without a message to the user.
     kSilent = 9999,
 };
 

@@ -1,6 +1,6 @@
 // An event with any number of listeners. The event calls the listeners in the order in which they connected. During
-// Raise, a listener may connect other listeners, disconnect any listener, raise the event again, or throw. An event is
-// used on one thread.
+// Raise, a listener may connect other listeners, disconnect any listener, raise the event again, or throw. Use an event
+// on one thread only.
 #pragma once
 
 #include <functional>

@@ -103,7 +103,7 @@ TEST_F(EventTest, ListenersFail_FirstErrorIsThrownAfterTheLastCall) {
     const auto c = Listen("c");
     try {
         Raise();
-        FAIL() << "no error";
+        FAIL() << "no error was thrown";
     } catch (const std::runtime_error& error) {
         EXPECT_STREQ(error.what(), "first");
     }

@@ -93,7 +93,7 @@ TEST_P(FilesPortTest, FolderWithSeparator_MatchesItsFiles) {
     EXPECT_EQ(Files().FirstMatch(Path(u"job")), u"");
 }
 
-TEST_P(FilesPortTest, FoldersHiddenAndSystemFiles_DoNotMatch) {
+TEST_P(FilesPortTest, FoldersAndHiddenOrSystemFiles_DoNotMatch) {
     AddFolder(u"a.sch");
     AddFile(u"b.sch", "x", FilesBed::Kind::kHidden);
     AddFile(u"c.sch", "x", FilesBed::Kind::kSystem);
@@ -132,7 +132,7 @@ TEST_P(FilesPortTest, EmptyAndLargeFilesAreRead) {
     EXPECT_TRUE(Files().Read(Path(u"large")) == large);
 }
 
-TEST_P(FilesPortTest, NoFile_HasNeitherStampNorContents) {
+TEST_P(FilesPortTest, PathWithoutFile_HasNeitherStampNorContents) {
     AddFolder(u"job");
     for (const String& path : {Path(u"missing"), Path(u"job"), Path(u"a*b"), Path(StringView(u"a\0b", 3)), String()}) {
         EXPECT_EQ(Files().Stamp(path), std::nullopt) << ToUtf8(path);

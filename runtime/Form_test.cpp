@@ -1,5 +1,5 @@
-// Tests the life cycle and the properties of forms. Tests with RuntimeTest run on the window system of the build. Tests
-// with HeadlessTest run in memory.
+// Tests the life cycle and the properties of forms. FormLife and FormProperties use real windows in the Windows build,
+// and windows in memory elsewhere. FormInMemory always uses windows in memory.
 #include "runtime/Form.h"
 
 #include <gmock/gmock.h>
@@ -56,7 +56,7 @@ TEST_F(FormLife, IsLoadedByTheFirstAccessToAControl) {
     EXPECT_EQ(form_.Bar().Text(), u"hello");
 }
 
-TEST_F(FormLife, Unload_RunsQueryThenUnloadThenLeavesTheCollection) {
+TEST_F(FormLife, Unload_RunsTheHandlersThenRemovesTheForm) {
     form_.EnsureLoaded();
     form_.onUnload = [] { EXPECT_EQ(LoadedForms().Count(), 1u); };
     form_.Unload();
@@ -65,7 +65,7 @@ TEST_F(FormLife, Unload_RunsQueryThenUnloadThenLeavesTheCollection) {
     EXPECT_EQ(LoadedForms().Count(), 0u);
 }
 
-TEST_F(FormLife, HandlersMayRefuseToUnload) {
+TEST_F(FormLife, HandlersMayRefuseTheUnload) {
     form_.EnsureLoaded();
     form_.refusesQuery = true;
     form_.Unload();
@@ -126,7 +126,7 @@ TEST_F(FormLife, PropertiesInsideTheUnloadHandlerStillWork) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(FormLife, CollectionIsInLoadOrderAndNamesTheLastFormToUnload) {
+TEST_F(FormLife, Collection_IsInLoadOrder_LastToUnloadIsTheNewestForm) {
     tests::HandledForm second(u"second");
     form_.EnsureLoaded();
     second.EnsureLoaded();
@@ -141,7 +141,7 @@ TEST_F(FormLife, CollectionIsInLoadOrderAndNamesTheLastFormToUnload) {
     EXPECT_THAT(form_.log, ElementsAre("load", "query 1", "unload"));
 }
 
-TEST_F(FormLife, WindowIsRefused_IsOutOfMemoryAndNothingIsLoaded) {
+TEST_F(FormLife, WindowCannotBeCreated_ErrorIsOutOfMemory) {
     runtime::headless::MemoryWindows refusing;
     refusing.refuseWindows = 1;
     const Ports ports = tests::WithPort(ports_, refusing);
@@ -177,7 +177,7 @@ TEST_F(FormProperties, DesignBounds_AreRoundedToWholePixels) {
     EXPECT_EQ(odd.InnerSize(), (Size{OnPixels(3001), OnPixels(1507)}));
 }
 
-TEST_F(FormProperties, SizeWithTheSamePixels_RaisesNoResize) {
+TEST_F(FormProperties, SameSizeInPixels_RaisesNoResize) {
     form_.SetWidth(8000);
     form_.SetWidth(8001);
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
@@ -267,7 +267,7 @@ TEST_F(FormProperties, TextIsMeasuredInTheFontOfTheForm) {
     EXPECT_EQ(form_.TextSize(u"").height, one.height);
     EXPECT_EQ(form_.TextSize(u"R\r\nRRR\r\nRR").height, one.height * 3);
     EXPECT_EQ(form_.TextSize(u"R\r\nRRR\r\nRR").width, form_.TextSize(u"RRR").width);
-    // Wider than any window can be.
+    // This text is wider than any window can be.
     EXPECT_EQ(form_.TextSize(String(10'000, u'R')).height, one.height);
     form_.SetFont({.size = 20});
     EXPECT_EQ(form_.Font().size, 20);
@@ -334,7 +334,7 @@ TEST_F(FormInMemory, OtherProgramShows_HandlerMayUnload) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
 }
 
-TEST_F(FormInMemory, FormMissedTheMessage_HideHidesTheWindow) {
+TEST_F(FormInMemory, WindowWasShownWithoutNotice_HideHidesTheWindow) {
     form_.EnsureLoaded();
     memory_.windows.Last().visible = true;
     form_.SetVisible(false);

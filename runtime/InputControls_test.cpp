@@ -1,4 +1,5 @@
-// Tests the properties, texts and items of text boxes, combos and lists on the window system of the build.
+// Tests the properties, texts and items of text boxes, combos and lists. InputControls uses real windows in the Windows
+// build, and windows in memory elsewhere. InputControlsInMemory always uses windows in memory.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -88,7 +89,7 @@ TEST_F(InputControls, InvalidListIndex_ErrorNamesControlAndRange) {
     form_.list.AddItem(u"A");
     try {
         form_.list.SetListIndex(4);
-        FAIL() << "taken";
+        FAIL() << "SetListIndex accepted an index outside the list";
     } catch (const Error& error) {
         EXPECT_EQ(error.Description(),
                   u"Invalid property value: ListIndex of " + form_.list.Name() + u" must be -1 to 0, not 4");
@@ -241,7 +242,7 @@ TEST_F(InputControlsInMemory, UserMovesFocus_LabelDoesNotGetTheFocus) {
     window.focused = &window.Control(u"list");
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
     window.focused = &window.Control(u"label");
-    EXPECT_EQ(form_.FocusedControl(), &form_.list) << "a label takes none";
+    EXPECT_EQ(form_.FocusedControl(), &form_.list) << "the label got the focus";
 }
 
 TEST_F(InputControlsInMemory, HideFocusedControl_NextControlHasTheFocus) {

@@ -1,4 +1,5 @@
-// A test fixture: a form with input controls on the window system of the build, and a simulated user who types text.
+// A test fixture with a form that has input controls, and a simulated user who types text. Its windows are real in the
+// Windows build, and in memory elsewhere.
 #pragma once
 
 #include "tests/support/InputForm.h"

@@ -1,5 +1,5 @@
-// Tests the handling of keys by a form and its input controls on the window system of the build. In the tests in
-// memory, the test simulates the window system.
+// Tests the handling of keys by a form and its input controls. InputKeys uses real windows in the Windows build, and
+// windows in memory elsewhere. InputKeysInMemory always uses windows in memory.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -128,7 +128,7 @@ TEST_F(InputKeys, AltF4_ClosesTheFormFromEveryControl) {
     }
 }
 
-TEST_F(InputKeys, Escape_PressesTheCancelButtonFromEveryControl) {
+TEST_F(InputKeys, Escape_PressesTheCancelButtonFromEveryInputControl) {
     for (Control* control : {&form_.text, &form_.combo, &form_.dropDown, &form_.block, &form_.list}) {
         ShowOn(*control);
         user_.Press(kKeyEscape);
@@ -239,7 +239,7 @@ TEST_F(InputKeys, EscapeOnAnOpenList_RestoresTheTextOfACombo) {
     EXPECT_EQ(form_.combo.Text(), u"own");
     EXPECT_EQ(form_.combo.ListIndex(), -1);
     user_.Type(u"x");
-    EXPECT_EQ(form_.combo.Text(), u"x") << "all of it was selected";
+    EXPECT_EQ(form_.combo.Text(), u"x") << "the restored text was not selected";
 }
 
 TEST_F(InputKeys, EnterOnAnOpenList_SelectsBeforeTheCharacterArrives) {
@@ -331,7 +331,7 @@ TEST_F(InputKeysInMemory, Arrow_MovesTheFocusFromButtonsOnly) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
 }
 
-TEST_F(InputKeysInMemory, KeyWithCtrlOrAlt_IsPassedToTheSystem) {
+TEST_F(InputKeysInMemory, TabOrEscapeWithCtrlOrAlt_IsNotConsumed) {
     form_.SetVisible(true);
     WindowEvents& events = memory_.windows.Last().Events();
     for (const std::int16_t shift : {kCtrl, kAlt}) {
@@ -352,7 +352,7 @@ TEST_F(InputKeysInMemory, ShiftTabWithoutFocus_FocusesTheLastControl) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
 }
 
-TEST(WithoutMarks, Caption_EqualsTheTextOfTheButton) {
+TEST(WithoutMarks, Caption_BecomesTheTextThatTheButtonShows) {
     EXPECT_EQ(WithoutMarks(u"Yes &To All"), u"Yes To All");
     EXPECT_EQ(WithoutMarks(u"R&&D &&& x"), u"R&D & x");
     EXPECT_EQ(WithoutMarks(u"\u306F\u3044(&Y)"), u"\u306F\u3044(Y)");

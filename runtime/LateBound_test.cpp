@@ -64,7 +64,7 @@ class LateBound : public tests::RuntimeTest {
     AllKinds form_;
 };
 
-TEST_F(LateBound, Picture_HasNoTextAndNoFontEarlyBound) {
+TEST_F(LateBound, Picture_TextAndFontAreNotSupported) {
     EXPECT_EQ(tests::ErrorOf([&] { form_.picture->Text(); }), kPropertyNotSupported);
     EXPECT_EQ(tests::ErrorOf([&] { form_.picture->SetText(u"x"); }), kPropertyNotSupported);
     EXPECT_EQ(tests::ErrorOf([&] { form_.picture->Font(); }), kPropertyNotSupported);

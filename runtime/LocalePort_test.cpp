@@ -16,7 +16,7 @@ TEST_P(LocalePortTest, WesternLetters_HaveTheirCodePageBytes) {
     EXPECT_EQ(locale_->FromAnsi("\xE4\xFF\x80\x99"), u"\u00E4\u00FF\u20AC\u2122");
 }
 
-TEST_P(LocalePortTest, CharacterNotInCodePage_BecomesAQuestionMark) {
+TEST_P(LocalePortTest, CharacterWithoutCounterpart_BecomesAQuestionMark) {
     EXPECT_EQ(locale_->ToAnsi(u"a\u4E2D\u0416z"), "a??z");
     EXPECT_EQ(locale_->ToAnsi(u"a\xD83D\xDE00z"), "a??z");
     EXPECT_EQ(locale_->ToAnsi(u"\xD800"), "?");

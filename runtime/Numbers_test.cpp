@@ -1,5 +1,5 @@
-// Tests the conversion between numbers and text by the rules of the classic runtime. The results must be exact to the
-// last bit on every floating-point unit.
+// Tests the conversion between numbers and text, and the rounding to integers, by the rules of the classic runtime. The
+// results must be exact to the last bit on every floating-point unit.
 #include "runtime/Numbers.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ namespace {
 
 using tests::ErrorOf;
 
-TEST(Str, PutsABlankInPlaceOfTheSign) {
+TEST(Str, PutsABlankInPlaceOfAPlusSign) {
     EXPECT_EQ(Str(0), u" 0");
     EXPECT_EQ(Str(7), u" 7");
     EXPECT_EQ(Str(-3), u"-3");
@@ -36,7 +36,7 @@ TEST(Val, ReadsDecimalNumbers) {
     EXPECT_EQ(Val(u"000120"), 120);
 }
 
-TEST(Val, WholeNumber_IsExactToItsLastDigit) {
+TEST(Val, WholeNumberThatADoubleCanHold_IsExact) {
     EXPECT_EQ(Val(u"999999999999999"), 999999999999999.0);
     EXPECT_EQ(Val(u"-9007199254740991"), -9007199254740991.0);
     EXPECT_EQ(Val(u"12.5E1"), 125);
@@ -51,7 +51,7 @@ TEST(Val, SkipsBlanksTabsAndLineFeedsAnywhere) {
     EXPECT_EQ(Val(u"1\u00A02"), 1);
 }
 
-TEST(Val, StopsAtTheFirstCharacterThatCannotContinue) {
+TEST(Val, StopsAtTheFirstCharacterThatCannotContinueTheNumber) {
     EXPECT_EQ(Val(u"24 and 57"), 24);
     EXPECT_EQ(Val(u"1,5"), 1);
     EXPECT_EQ(Val(u"1.2.3"), 1.2);
@@ -97,7 +97,7 @@ TEST(Val, ReadsHexadecimalAndOctal) {
     EXPECT_EQ(Val(u"&H-1"), 0);
 }
 
-TEST(Val, WrapsRadixNumbersAtSixteenAndThirtyTwoBits) {
+TEST(Val, HexAndOctal_AreSigned16BitOrSigned32Bit) {
     EXPECT_EQ(Val(u"&H7FFF"), 32767);
     EXPECT_EQ(Val(u"&H8000"), -32768);
     EXPECT_EQ(Val(u"&HFFFF"), -1);
@@ -110,14 +110,14 @@ TEST(Val, WrapsRadixNumbersAtSixteenAndThirtyTwoBits) {
     EXPECT_EQ(Val(u"&O37777777777"), -1);
 }
 
-TEST(Val, KeepsRadixNumbersPositiveWithTheLongSuffix) {
+TEST(Val, LongSuffix_KeepsSixteenBitNumbersPositive) {
     EXPECT_EQ(Val(u"&HFFFF&"), 65535);
     EXPECT_EQ(Val(u"&H8000&"), 32768);
     EXPECT_EQ(Val(u"&O177777&"), 65535);
     EXPECT_EQ(Val(u"&HFFFF%"), -1);
 }
 
-TEST(Val, RaisesOverflowBeyondThirtyTwoBits) {
+TEST(Val, HexOrOctalBeyond32Bits_IsOverflow) {
     EXPECT_EQ(ErrorOf([] { Val(u"&H100000000"); }), kOverflow);
     EXPECT_EQ(ErrorOf([] { Val(u"&O40000000000"); }), kOverflow);
     EXPECT_EQ(Val(u"&H0000000000000010"), 16);
@@ -150,14 +150,15 @@ TEST(Val, RoundsToTheNearestDouble) {
     EXPECT_EQ(Val(u"1E23"), 0x1.52d02c7e14af6p+76);
 }
 
-// An x87 unit rounds the product of these numbers to 64 bits and then to 53 bits. That result is wrong in the last bit.
+// An x87 unit would round the product of the digits and the power of ten twice: to 64 bits, then to 53 bits. The last
+// bit would be wrong.
 TEST(Val, RoundsOnlyOnceOnEveryFloatingPointUnit) {
     EXPECT_EQ(Val(u"1143506246534187E14"), 0x1.717c9ea7b72e7p+96);
     EXPECT_EQ(Val(u"6008520440604289E13"), 0x1.844aa1e320717p+95);
     EXPECT_EQ(Val(u"377224343200080E18"), 0x1.2993d97473537p+108);
 }
 
-TEST(Val, DigitsBeyondTheKeptOnes_AffectTheRounding) {
+TEST(Val, DigitsAfterThe768th_AffectTheRounding) {
     const String half = u"9007199254740993." + String(2000, u'0');
     EXPECT_EQ(Val(half), 9007199254740992.0);
     EXPECT_EQ(Val(half + u"1"), 9007199254740994.0);

@@ -5,7 +5,7 @@
 namespace runtime {
 namespace {
 
-TEST(PixelGrid, RoundsToTheNearestPixelAndHalvesAwayFromZero) {
+TEST(PixelGrid, RoundsToTheNearestPixel_HalfPixelsAwayFromZero) {
     const PixelGrid grid(96);  // 15 twips per pixel
     EXPECT_EQ(grid.ToPixels(0), 0);
     EXPECT_EQ(grid.ToPixels(7.25F), 0);
@@ -15,14 +15,14 @@ TEST(PixelGrid, RoundsToTheNearestPixelAndHalvesAwayFromZero) {
     EXPECT_EQ(grid.ToPixels(8000), 533);
 }
 
-TEST(PixelGrid, FollowsTheResolution) {
+TEST(PixelGrid, FollowsTheDpi) {
     EXPECT_EQ(PixelGrid(120).ToTwips(1), 12);
     EXPECT_EQ(PixelGrid(144).ToTwips(800), 8000);
     EXPECT_EQ(PixelGrid(192).ToTwips(1), 7.5F);
     EXPECT_EQ(PixelGrid(192).ToPixels(15), 2);
 }
 
-TEST(PixelGrid, KeepsWholePixelsAtEveryResolution) {
+TEST(PixelGrid, KeepsWholePixels_From72To480Dpi) {
     for (int dpi = 72; dpi <= 480; ++dpi) {
         const PixelGrid grid(dpi);
         for (int pixels = -4000; pixels <= 4000; pixels += 7) {
@@ -31,7 +31,7 @@ TEST(PixelGrid, KeepsWholePixelsAtEveryResolution) {
     }
 }
 
-TEST(PixelGrid, LargeLength_IsLimitedToWindowCoordinates) {
+TEST(PixelGrid, LargeLength_IsLimitedToTheRangeOfWindowCoordinates) {
     const PixelGrid grid(96);
     EXPECT_EQ(grid.ToPixels(1e9F), 32767);
     EXPECT_EQ(grid.ToPixels(-1e9F), -32767);

@@ -11,7 +11,8 @@
 
 namespace runtime {
 
-/// Use it only on the home thread. Exception: the number of loaded forms.
+/// Use it only on the home thread. Exceptions: the number of loaded forms, and the cleanup after the home thread has
+/// ended.
 struct ProcessState {
     const Ports* ports = nullptr;  ///< null before UsePorts
     LoadedFormsCollection loadedForms;

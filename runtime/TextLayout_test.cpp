@@ -209,7 +209,7 @@ TEST(TextLayout, HugeSizes_AreLimitedToTheLargestInt) {
 
 constexpr std::size_t kMillion = 1'000'000;
 
-TEST(TextLayoutCost, ManyCharacters_AFewTimesTheirNumberIsMeasured) {
+TEST(TextLayoutCost, ManyCharacters_MeasuringIsLinear) {
     String words;
     while (words.size() < kMillion) words += u"a bcdefghi ";
     for (const String& text : {String(kMillion, u'a'), words}) {
@@ -230,7 +230,7 @@ TEST(TextLayoutCost, OneLine_IsMeasuredOnceInLongRuns) {
     EXPECT_LE(measure.calls, kMillion / 1000);
 }
 
-TEST(TextLayoutCost, BlanksAtABreak_AreNotMeasured) {
+TEST(TextLayoutCost, ManyBlanksAtABreak_FewCharactersAreMeasured) {
     UnitMeasure measure;
     const TextLayout layout = LayOut(u"a" + String(kMillion, u' ') + u"b", 10, measure);
     EXPECT_THAT(Lines(layout), ElementsAre(u"a", u"b"));

@@ -19,7 +19,7 @@ TEST(FixedProcess, ReturnsTheSetValues) {
     EXPECT_EQ(process.ComponentFolder(), u"D:\\");
 }
 
-TEST(FixedProcess, EarlierInstanceRefusesTheClaim) {
+TEST(FixedProcess, EarlierInstance_ClaimIsRefused) {
     FixedProcess process;
     process.SetEarlierInstance(true);
     EXPECT_EQ(process.ClaimFirstInstance(), nullptr);

@@ -1,4 +1,4 @@
-// Tests the file system in memory as a FilesPort. Also tests the chosen failures and the log.
+// Runs the tests of FilesPort with MemoryFiles. Also tests the chosen failures and the log.
 #include "runtime/headless/MemoryFiles.h"
 
 #include <gmock/gmock.h>
@@ -58,7 +58,7 @@ TEST(MemoryFiles, ChangeToAnotherDrive_ChangesDriveAndFolder) {
     EXPECT_EQ(files.CurrentFolder(), u"D:\\");
 }
 
-TEST(MemoryFiles, FailChange_RaisesTheErrorUntilItIsRemoved) {
+TEST(MemoryFiles, FailChange_ChangeFailsUntilTheErrorIsRemoved) {
     MemoryFiles files;
     files.AddFolder(u"C:\\locked");
     files.FailChange(u"c:\\LOCKED", kPathFileAccessError);

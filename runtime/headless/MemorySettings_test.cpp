@@ -1,4 +1,4 @@
-// Tests the settings in memory as a SettingsPort. Also tests the refusal to save and the log of saved settings.
+// Runs the tests of SettingsPort with MemorySettings. Also tests the refusal to save and the log of saved settings.
 #include "runtime/headless/MemorySettings.h"
 
 #include <gmock/gmock.h>

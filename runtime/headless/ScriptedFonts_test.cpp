@@ -1,4 +1,4 @@
-// Tests the fonts in memory as a FontsPort. Also tests the log of calls.
+// Runs the tests of FontsPort with ScriptedFonts. Also tests the log of calls.
 #include "runtime/headless/ScriptedFonts.h"
 
 #include <gmock/gmock.h>

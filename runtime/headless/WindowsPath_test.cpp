@@ -6,7 +6,7 @@
 namespace runtime::headless {
 namespace {
 
-TEST(WindowsPath, FullPath_KeepsAFullPath) {
+TEST(WindowsPath, FullPath_IsReturnedInUniformSpelling) {
     EXPECT_EQ(FullPath(u"D:\\cad\\sys", u"C:\\x"), u"D:\\cad\\sys");
     EXPECT_EQ(FullPath(u"d:\\", u"C:\\x"), u"D:\\");
     EXPECT_EQ(FullPath(u"d:/cad//sys/", u"C:\\x"), u"D:\\cad\\sys");
@@ -28,7 +28,7 @@ TEST(WindowsPath, Periods_AreResolvedWithinTheRoot) {
     EXPECT_EQ(FullPath(u"C:\\a. \\b..", u"C:\\"), u"C:\\a\\b");
 }
 
-TEST(WindowsPath, SharesAreRootsToo) {
+TEST(WindowsPath, Share_IsARoot) {
     EXPECT_EQ(FullPath(u"\\\\host\\cad\\sys\\..\\..\\x", u"C:\\"), u"\\\\host\\cad\\x");
     EXPECT_EQ(FullPath(u"\\\\host\\cad", u"C:\\"), u"\\\\host\\cad\\");
     EXPECT_EQ(FullPath(u"x", u"\\\\host\\cad\\sys"), u"\\\\host\\cad\\sys\\x");

@@ -1,4 +1,4 @@
-// Tests the system's fonts as a FontsPort. Uses the faces that are installed on the test machine.
+// Runs the tests of FontsPort with GdiFonts. Uses the faces that are installed on the test machine.
 #include "runtime/win32/GdiFonts.h"
 
 #include "runtime/FontsPort_test.h"
@@ -46,7 +46,7 @@ BOOL WINAPI NoteParameters(UINT action, UINT size, void* /*into*/, UINT changes)
     return FALSE;
 }
 
-TEST(GdiFonts, IconTitleFont_IsDescribedByAction31InASizeOf61) {
+TEST(GdiFonts, IconTitleFont_IsRequestedByAction31With61Bytes) {
     const tests::ReplacedImport replaced("SystemParametersInfoA", NoteParameters);
     EXPECT_EQ(GdiFonts().MakeIconTitleFont(), 0);
     EXPECT_EQ(askedParameters.action, 31u);

@@ -1,5 +1,5 @@
-// Tests the registry as a SettingsPort. Also tests values that other programs have written. All values are stored for a
-// test application. The test application's key is deleted before and after each test.
+// Runs the tests of SettingsPort with the registry. Also tests values that other programs have written. All values are
+// stored for a test application. The test application's key is deleted before and after each test.
 #include "runtime/win32/RegistrySettings.h"
 
 #include <gtest/gtest.h>

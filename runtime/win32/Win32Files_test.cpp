@@ -1,4 +1,5 @@
-// Tests the real file system as a FilesPort in a temporary folder. Also tests pipes, locked files and long paths.
+// Runs the tests of FilesPort with the real file system in a temporary folder. Also tests pipes, locked files and long
+// paths.
 #include "runtime/win32/Win32Files.h"
 
 #include <gtest/gtest.h>

@@ -103,7 +103,7 @@ TEST_F(RealInputs, DropDownList_KeepsTheWidthOfItsWidestItem) {
     }
 }
 
-// Wine finds the accessible names of edit windows only. For other kinds, this test checks the label window.
+// Wine finds the accessible names of edit windows only. Therefore this test checks the label window.
 TEST_F(RealInputs, AccessibleName_IsAHiddenLabelBeforeItsControl) {
     for (const int number : {0, 1, 2, 3, 4}) {
         Control& control = *form_.Controls()[static_cast<std::size_t>(number)];
@@ -165,7 +165,7 @@ class OrderSpy {
 
 OrderSpy* OrderSpy::current_ = nullptr;
 
-TEST_F(RealInputs, SetTopMost_RequestsOnlyTheOrder) {
+TEST_F(RealInputs, SetTopMost_RequestsNoNewPositionOrSize) {
     form_.SetVisible(true);
     DoEvents();
     OrderSpy spy(Window());
@@ -187,7 +187,7 @@ TEST_F(RealInputs, ClientSubclassesTheWindow_FormStillGetsKeys) {
     EXPECT_EQ(form_.text.Text(), u"a");
 }
 
-TEST_F(RealInputs, SetTopMost_ChangesOnlyTheOrder) {
+TEST_F(RealInputs, SetTopMost_KeepsPositionAndSize) {
     form_.SetVisible(true);
     const auto isTopMost = [this] { return (GetWindowLongW(Window(), GWL_EXSTYLE) & WS_EX_TOPMOST) != 0; };
     const tests::Place before = PlaceOf(Window());
@@ -230,7 +230,7 @@ TEST_F(RealInputs, Nul_IsShownAsABlankAndBecomesABlankAfterTyping) {
     EXPECT_EQ(form_.text.Text(), u"a bc");
 }
 
-TEST_F(RealInputs, UserMovesTheFocus_FormReportsIt) {
+TEST_F(RealInputs, UserMovesTheFocus_FormReportsTheFocusedControl) {
     ShowOn(form_.text);
     for (const HWND window : {ComboWindow(), BlockWindow(), ListWindow()}) SetFocus(window);
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
@@ -282,7 +282,7 @@ TEST_F(RealInputs, SetFont_ChangesTheWindowsFont) {
     EXPECT_STREQ(tests::FontDescriptionOf(TextWindow()).lfFaceName, L"Arial");
 }
 
-/// Types through the system's input queue and waits until the form has logged `logged` events.
+/// Types through the system's input queue and waits until the form has logged `logged` events, at most 10 seconds.
 class KeyboardInputs : public RealInputs {
  protected:
     void Send(const std::vector<WORD>& keys, std::size_t logged) {
@@ -306,7 +306,7 @@ TEST_F(KeyboardInputs, KeyInTheEditOfACombo_ReachesTheFormFirst) {
     EXPECT_EQ(form_.combo.Text(), u"q");
 }
 
-TEST_F(KeyboardInputs, AltAndLetter_PressTheButtonFromEveryControl) {
+TEST_F(KeyboardInputs, AltAndLetter_PressTheButtonFromEveryInputControl) {
     for (Control* control : {&form_.text, &form_.combo, &form_.dropDown, &form_.block, &form_.list}) {
         ShowOn(*control);
         Send({VK_MENU, 'A'}, 1);

@@ -1,5 +1,5 @@
-// Tests the system's locale as a LocalePort if the system's code page is 1252. Also tests results that depend on the
-// system.
+// Runs the tests of LocalePort with the system's locale if the system's code page is 1252. Also tests results that
+// depend on the system.
 #include "runtime/win32/Win32Locale.h"
 
 #include "runtime/LocalePort_test.h"
@@ -19,7 +19,7 @@ TEST(Win32Locale, CharacterNotInCodePage_BecomesASimilarCharacter) {
     EXPECT_EQ(Win32Locale().ToAnsi(u"\u0101"), "a");
 }
 
-TEST(Win32Locale, CaseOfPlainLettersIsTheSameInEveryLanguage) {
+TEST(Win32Locale, PlainLetters_ChangeCaseByTheRuleOfTheFileSystem) {
     EXPECT_EQ(Win32Locale().UpperCase(u"c:\\sis"), u"C:\\SIS");
     EXPECT_EQ(Win32Locale().LowerCase(u"C:\\SIS"), u"c:\\sis");
 }

@@ -1,5 +1,5 @@
-// Tests the real process as a ProcessPort. To test claims between processes, the tests start claim_holder.exe from
-// their folder. This program makes a claim and reports the result through named events.
+// Runs the tests of ProcessPort with the real process. To test claims between processes, the tests start
+// claim_holder.exe from their folder. This program makes a claim and reports the result through named events.
 #include "runtime/win32/Win32Process.h"
 
 #include <gtest/gtest.h>
@@ -171,7 +171,7 @@ TEST(Win32Process, CommandLine_HasOnlyTheArguments) {
     EXPECT_EQ(arguments.find(u"unit_tests.exe"), String::npos);
 }
 
-TEST(Win32Process, ComponentFolder_IsTheFolderOfTheGivenModule) {
+TEST(Win32Process, ComponentFolder_IsTheFolderOfTheGivenDll) {
     const String system = SystemFolder();
     const String folder = Win32Process(GetModuleHandleW(L"kernel32.dll")).ComponentFolder();
     EXPECT_EQ(CompareStringOrdinal(Wide(folder), -1, Wide(system), -1, TRUE), CSTR_EQUAL)

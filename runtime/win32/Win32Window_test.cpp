@@ -326,7 +326,7 @@ TEST_F(RealWindow, WindowBounds_EqualTheFormsBounds) {
     EXPECT_EQ(BoundsOf(odd), BoundsOf(WindowOf(odd)));
 }
 
-/// Shows the window of a hidden form by other code.
+/// Shows the window of a hidden form without the form's functions.
 class ShownByOtherCode : public RealWindow {
  protected:
     /// Shows the window with `command` and hides it again. Checks that the form follows.
@@ -358,9 +358,9 @@ TEST_F(ShownByOtherCode, ByPositionOrStyle_FormIsVisible) {
     EXPECT_TRUE(form_.Visible());
 }
 
-// The test replaces the form's window procedure for a moment. The form therefore misses the message that the window was
+// The test replaces the form's window procedure for a moment. Therefore the form gets no message when the window is
 // shown.
-TEST_F(ShownByOtherCode, FormMissedTheMessage_HideHidesTheWindow) {
+TEST_F(ShownByOtherCode, WindowWasShownWithoutNotice_HideHidesTheWindow) {
     const LONG_PTR own = SetWindowLongPtrW(Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&DefWindowProcW));
     ShowWindow(Window(), SW_SHOWNA);
     SetWindowLongPtrW(Window(), GWLP_WNDPROC, own);
