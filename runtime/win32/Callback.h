@@ -1,7 +1,7 @@
-// The guard between the window system and our handlers. An exception must not leave a window procedure, because with
-// this tool chain it would end the process. Guard stores the exception. The enclosing CallSystem on the same thread
-// throws the exception again. If the client's own message loop called the window procedure, there is no enclosing
-// CallSystem. Guard then sends the error's text to the debugger. Any thread may call.
+// Keeps exceptions of the component's handlers out of the window system. An exception must not leave a window
+// procedure, because with this tool chain it would end the process. Guard stores the exception. The enclosing
+// CallSystem on the same thread throws the exception again. If the client's own message loop called the window
+// procedure, there is no enclosing CallSystem. Guard then sends the error's text to the debugger. Any thread may call.
 #pragma once
 
 #include <exception>
@@ -23,8 +23,8 @@ class Callback {
         }
     }
 
-    /// Runs a system call that may call our handlers. Then throws the first exception that Guard has stored. If `call`
-    /// itself throws, that exception is thrown instead.
+    /// Runs a system call that may call the component's handlers. Then throws the first exception that Guard has
+    /// stored. If `call` itself throws, that exception is thrown instead.
     template <typename Call>
     static auto CallSystem(Call&& call) {
         Scope scope;

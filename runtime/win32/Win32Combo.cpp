@@ -84,7 +84,7 @@ void Win32Combo::Close(bool choose) {
     const auto press = [this](WPARAM key) {
         Callback::CallSystem([&] { SendMessageW(Window(), WM_KEYDOWN, key, 1); });
     };
-    // The window selects or cancels by these keys only.
+    // Only these keys make the window select or cancel.
     if (choose) {
         press(VK_RETURN);
         return;

@@ -68,8 +68,9 @@ Error NoClaim(DWORD systemError) {
     return OutOfResources(u"cannot create the single-instance mutex", systemError);
 }
 
-/// Locks a mutex. Only one thread of this process at a time can create or release a claim. All copies of this code in
-/// the process share the mutex. The caller releases the mutex. Returns an empty handle if the system refuses the mutex.
+/// Locks a mutex, so that only one thread of this process at a time creates or releases a claim. All copies of this
+/// code in the process share the mutex. The caller releases the mutex. Returns an empty handle if the system refuses
+/// the mutex.
 KernelHandle Acquire(const String& lockName) {
     KernelHandle mutex = MakeMutex(lockName);
     if (mutex) WaitForSingleObject(mutex.Get(), INFINITE);
