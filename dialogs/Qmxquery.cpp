@@ -99,7 +99,7 @@ bool HasItems(std::int32_t kind) {
 String& InitialText(std::vector<String>& values) {
     if (values.empty()) {
         throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange,
-                                  u"the list of values is empty; its first value is the initial text");
+                                  u"the list of values is empty; it needs at least the initial text");
     }
     return values.front();
 }

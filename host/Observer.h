@@ -1,5 +1,5 @@
 // An observer receives reports about the component: its forms, errors that never reach a client, and the result of each
-// event sink. The composition chooses at most one observer.
+// call of an event sink. The composition chooses at most one observer.
 #pragma once
 
 #include <cstdint>
@@ -10,18 +10,18 @@
 
 namespace host {
 
-/// The component calls the functions on the home thread. The functions must not throw.
+/// The component calls the functions below on the home thread. The functions must not throw.
 class Observer : public runtime::FormObserver {
  public:
     /// The main form's load has failed. All forms will be unloaded. The error does not reach the caller of the load.
     virtual void LoadShutDown(const std::exception& error) noexcept = 0;
-    /// A command has failed, and all forms were unloaded. The error was reported to the user, unless it is a silent
-    /// error.
+    /// A command has failed, and all forms were unloaded. The error was shown to the user, unless it is a silent
+    /// error or too many messages were open.
     virtual void CommandFailed(const std::exception_ptr& error) noexcept = 0;
-    /// The component calls a client's sink with an event. `connection` is the sink's cookie at its instance.
+    /// The component is about to call a client's sink with an event. `connection` is the cookie that Advise returned.
     virtual void SinkCalled(std::uint32_t connection, runtime::StringView Aname,
                             runtime::StringView sCommand) noexcept = 0;
-    /// A sink has returned `result`. The sink is the last called sink that had not returned.
+    /// A sink has returned `result`. Calls may be nested. This is the result of the innermost open call.
     virtual void SinkAnswered(std::uint32_t connection, std::uint32_t result) noexcept = 0;
 };
 

@@ -22,8 +22,8 @@ struct Answer {
 
 constexpr Answer kCancel{2, u"Cancel"};
 
-/// The answer for each set of buttons. Boxes with Cancel return Cancel. Escape does not close the other boxes. They
-/// return the button that changes least.
+/// The answer for each set of buttons. The answer is Cancel if the box has a Cancel button. The answer of any other box
+/// is the button that changes least.
 constexpr std::array kSystemBoxAnswers = {
     Answer{1, u"OK"},     // OK
     kCancel,              // OK, Cancel
@@ -47,7 +47,7 @@ String OneLine(StringView text) {
 void CheckQuestion(const std::vector<String>& values, std::int32_t kind, std::int32_t index) {
     if (values.empty()) {
         throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange,
-                                  u"the list of values is empty; its first value is the initial text");
+                                  u"the list of values is empty; it needs at least the initial text");
     }
     const bool hasSelection = kind == dialogs::kDropDown || kind == dialogs::kList;
     const auto items = static_cast<std::int32_t>(values.size() - 1);
@@ -73,7 +73,8 @@ std::int32_t UnattendedDialogs::Show(StringView prompt, std::int32_t flags, Stri
                                      const runtime::MessageHelp& /*help*/) {
     const auto buttons = static_cast<std::size_t>(flags & kButtonBits);
     if (buttons >= kSystemBoxAnswers.size()) {
-        throw runtime::ErrorAbout(runtime::kInvalidProcedureCall, u"unknown buttons of a message box");
+        throw runtime::ErrorAbout(runtime::kInvalidProcedureCall,
+                                  u"the flags select a set of buttons that does not exist");
     }
     const Answer& answer = kSystemBoxAnswers[buttons];
     Note(u"message", answer.name, title, prompt);

@@ -35,7 +35,7 @@ class UnattendedRun : public tests::HeadlessTest {
         memory_.windows.refuseWindows = kRefused;
     }
     ~UnattendedRun() override {
-        EXPECT_EQ(memory_.windows.refuseWindows, kRefused) << "a window was asked for";
+        EXPECT_EQ(memory_.windows.refuseWindows, kRefused) << "the component tried to make a window";
         EXPECT_THAT(memory_.messageBox.shown, IsEmpty());
     }
 

@@ -1,6 +1,6 @@
-// Makes the findings of `backproc doctor`. There is one finding for each thing that a client needs, in the order of
-// use. MachineLook.cpp inspects the machine. This code only judges the state that MachineLook.cpp returns, so that a
-// test can cover each case.
+// Makes the findings of `backproc doctor`. There is at least one finding for each subject, in the order in which
+// a client uses the subjects. MachineLook.cpp inspects the machine. This code only judges the state that
+// MachineLook.cpp returns, so that a test can cover each case.
 #pragma once
 
 #include <optional>
@@ -39,14 +39,14 @@ struct Version {
     bool operator==(const Version&) const = default;
 };
 
-/// The component file that a client would load.
+/// The component file that a client would load; without a registration, the file in the tool's folder.
 struct ComponentFile {
     String path;
     bool exists = false;
     int bits = 0;  ///< 32 or 64; 0 if the file is not a Windows program
     std::optional<Version> version;
-    std::optional<Version> typeLibrary;  ///< no value if the file has no type library, or another component's library
-    std::string loadFailure;             ///< why the file cannot be loaded or lacks the class; empty on success
+    std::optional<Version> typeLibrary;  ///< no value if the component's type library is missing
+    std::string loadFailure;             ///< why loading the file or getting its class failed; empty on success
     std::string fullVersion = {};        ///< "1.0.0"; empty if the file has no version
 };
 
@@ -70,7 +70,7 @@ enum class KernelOrigin { kBesideComponent, kSystemFolder, kDevelopmentFolder, k
 /// The kernel library that the component loads. The diagnosis assumes that the client is not in the tool's folder.
 struct KernelFile {
     String path;
-    std::string failure;               ///< why no kernel was found; empty if a kernel was found
+    std::string failure;               ///< why no kernel could be loaded; empty on success
     std::vector<std::string> missing;  ///< exported functions that the library lacks
     KernelOrigin origin = KernelOrigin::kBesideComponent;
     bool isDevelopment = false;  ///< it is the development kernel
@@ -98,15 +98,15 @@ struct LanguageFolder {
 
 /// A loaded main form of the component in a process of this session.
 struct MainFormOfProcess {
-    String caption;  ///< converted to the kernel's ANSI code page
+    String caption;  ///< converted to the ANSI code page and back, as the kernel stores it
     unsigned long process = 0;
     String program;  ///< full path; empty if the path is unknown
 };
 
-/// The shared strings that the component's work depends on.
+/// The shared strings that the component uses, and the loaded main forms.
 struct SuiteStrings {
     ModuleListCheck modules;
-    String stateRecord;  ///< empty if the component is not running
+    String stateRecord;  ///< the string K4TBACKPROCESS; empty if no module has published its state
     std::vector<MainFormOfProcess> mainForms = {};
 };
 
@@ -117,7 +117,7 @@ struct MachineState {
     std::optional<ClassEntry> forMachine;
     NameEntry name = {};
     bool hasManifest = false;       ///< beside the tool
-    std::string activationFailure;  ///< why COM does not return the class; empty if COM returns the class
+    std::string activationFailure;  ///< why COM does not return the class; empty on success and without a registration
     ComponentFile component;
     KernelFile kernel;
     IniFile ini;

@@ -22,7 +22,7 @@ TEST(MessageArguments, Language_TakesAFolder) {
     EXPECT_EQ(ReadMessageArguments({u"--language", u"C:\\de", u"Overwrite?"}), german);
 }
 
-TEST(MessageArguments, EmptyTextsAndTextsLikeOptions_AreAccepted) {
+TEST(MessageArguments, EmptyTextsAndValuesLikeOptions_AreAccepted) {
     EXPECT_EQ(ReadMessageArguments({u"--title", u"", u""}), (MessageArguments{u"", 0, u"", {}}));
     EXPECT_EQ(ReadMessageArguments({u"--title", u"--flags", u"-x"}), (MessageArguments{u"-x", 0, u"--flags", {}}));
 }

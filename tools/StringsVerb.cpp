@@ -17,15 +17,16 @@ constexpr std::string_view kHelp =
        backproc strings get KEY
        backproc strings set KEY VALUE
 
-Shows all strings that the modules of the suite share, sorted by key, one KEY=[VALUE] per line. 'get' shows one string,
-and fails if it is not set. 'set' sets one. A control character inside a text is shown as a visible character.
+Shows all strings that the modules of the suite share, sorted by key, one KEY=[VALUE] per line. Only the development
+kernel can list its strings. 'get' shows one string and fails if it is not set. 'set' sets one string. A control
+character inside a text is shown as a visible character.
 
-The strings are those of the kernel library that clients of the registered component load. If the component is not in
-the tool's folder, a line on standard error names both files. If the ANSI code page cannot hold a text, the text is
-changed and 'set' reports it.
+The verb uses the kernel library that clients of the registered component load. If the component is not in the tool's
+folder, a line on standard error names the component's file and the kernel's file. The kernel stores texts in the ANSI
+code page. 'set' reports a text that the kernel changed.
 
 The strings exist while any process uses the kernel. A string that is set here is lost when this process ends, unless
-another process uses the kernel, such as a module or 'backproc host'.
+another process, such as a module or 'backproc host', uses the kernel.
 
 Exit code: 0 done, 1 failed, 2 bad usage.
 
@@ -37,8 +38,8 @@ int ShowAll(SharedStrings& strings, Console& console) {
     const std::map<String, String> all = strings.All();
     for (const auto& [key, value] : all) console.out << Display(key) << "=[" << Display(value) << "]\n";
     if (all.empty()) {
-        console.err << "backproc strings: there are no strings in " << Display(strings.Library())
-                    << "; they exist while a program uses it\n";
+        console.err << "backproc strings: " << Display(strings.Library())
+                    << " has no strings; strings exist only while a program uses this kernel\n";
     }
     return kSuccess;
 }
@@ -46,19 +47,18 @@ int ShowAll(SharedStrings& strings, Console& console) {
 int ShowOne(SharedStrings& strings, const String& key, Console& console) {
     const std::optional<String> value = strings.Get(key);
     if (!value)
-        throw std::runtime_error("there is no string " + Quoted(key) +
-                                 "; 'backproc strings' shows those that there are");
+        throw std::runtime_error("there is no string " + Quoted(key) + "; 'backproc strings' lists all strings");
     console.out << Display(key) << "=[" << Display(*value) << "]\n";
     return kSuccess;
 }
 
-/// Prints a note if the kernel changed the value. The kernel stores ANSI text.
+/// Sets the string. Prints a note if the kernel stored another value, because the kernel stores ANSI text.
 void SetOne(SharedStrings& strings, const String& key, const String& value, Console& console) {
     strings.Set(key, value);
     const String kept = strings.Get(key).value_or(u"");
     if (kept != value) {
-        console.err << "backproc strings: the kernel keeps it as [" << Display(kept)
-                    << "]; the ANSI code page, or the kernel, does not hold it unchanged\n";
+        console.err << "backproc strings: the kernel stored [" << Display(kept)
+                    << "]; the ANSI code page lacks a character, or the kernel changed the value\n";
     }
 }
 

@@ -68,8 +68,8 @@ HRESULT ConvertValue(const VARIANT& value, VARTYPE type, LCID lcid, Variant& con
         case VT_UNKNOWN:
             return ConvertObject(value, type, lcid, converted, chain);
         default:
-            // VARIANT_ALPHABOOL converts Booleans to words instead of -1 and 0. The language of the suite's modules
-            // does the same.
+            // VARIANT_ALPHABOOL converts Booleans to words instead of -1 and 0. The programming language of the
+            // suite's modules does the same.
             return AsDispatchResult(
                 VariantChangeTypeEx(converted.Address(), AsWritable(value), lcid, VARIANT_ALPHABOOL, type));
     }

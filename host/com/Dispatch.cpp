@@ -16,7 +16,7 @@ constexpr DISPID kSeverPath = 3;
 struct Member {
     DISPID id;
     const wchar_t* name;
-    std::array<const wchar_t*, Arguments::kMaxParameters> parameters;  ///< null after the last one
+    std::array<const wchar_t*, Arguments::kMaxParameters> parameters;  ///< null after the last name
 };
 
 constexpr Member kMembers[] = {

@@ -44,7 +44,8 @@ bool IsQuitting() {
 std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, StringView title, const MessageHelp& help) {
     const auto style = static_cast<UINT>(flags);
     // An unknown set of buttons has different effects on different versions of Windows.
-    if (!HasKnownButtons(style)) throw ErrorAbout(kInvalidProcedureCall, u"unknown buttons of a message box");
+    if (!HasKnownButtons(style))
+        throw ErrorAbout(kInvalidProcedureCall, u"the flags select a set of buttons that does not exist");
     const String promptText = NulsAsBlanks(prompt);
     const String titleText = NulsAsBlanks(title);
     // A service's box is shown on the active desktop and must not have an owner.

@@ -48,7 +48,7 @@ class WithoutComponent(ToolTestCase):
             self.assertEqual(tool("strings"), (0, b"Added=[by another]\nHeld=[here]\n", b""))
         code, output, errors = tool("strings")
         self.assertEqual((code, output), (0, b""))
-        self.assertRegex(errors, rb"^backproc strings: there are no strings in .*QmxKrn2K\.dll; they exist while a program")
+        self.assertRegex(errors, rb"^backproc strings: .*QmxKrn2K\.dll has no strings; strings exist only while a program")
 
     def test_where_shows_each_value_with_its_source(self):
         # The folder's name contains a blank, because the component needs quotes. Wine quotes arguments with blanks.
@@ -70,7 +70,7 @@ class WithoutComponent(ToolTestCase):
     def test_strings_reports_a_text_that_the_kernel_changed(self):
         code, output, errors = tool("strings", "set", "Maker", "日本")
         self.assertEqual((code, output), (0, b""))
-        self.assertRegex(errors, rb"^backproc strings: the kernel keeps it as \[\?\?\]; the ANSI code page")
+        self.assertRegex(errors, rb"^backproc strings: the kernel stored \[\?\?\]; the ANSI code page")
 
     def test_where_shows_values_after_their_change_by_the_code_page(self):
         with tempfile.TemporaryDirectory(suffix=" sys") as folder:
