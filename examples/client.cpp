@@ -1,5 +1,5 @@
-// This program is an early-bound client of the component in C++ with an event sink. It uses every member once and
-// prints each step. The exit code is 0 if every step succeeds.
+// This program is an early-bound client of the component in C++ with an event sink. It uses every member and prints
+// each step. The exit code is 0 if every step succeeds.
 //
 // Compile it in this folder, with MinGW-w64 for 32-bit Windows:
 //     i686-w64-mingw32-g++ -static -I../include client.cpp -o client.exe -lole32 -loleaut32
@@ -72,7 +72,7 @@ class Events final : public IDispatch {
                                      UINT*) override {
         if (member != 1) return DISP_E_MEMBERNOTFOUND;
         if (parameters->cArgs != 2) return DISP_E_BADPARAMCOUNT;
-        // COM passes arguments in reverse order: the last one is rgvarg[0].
+        // COM passes arguments in reverse order: the last argument is rgvarg[0].
         const VARIANT& command = parameters->rgvarg[0];
         const VARIANT& module = parameters->rgvarg[1];
         if (command.vt != (VT_BSTR | VT_BYREF) || module.vt != (VT_BSTR | VT_BYREF)) return DISP_E_TYPEMISMATCH;
@@ -116,7 +116,7 @@ void Load(_clsQmxBackProcess& backProcess) {
 }
 
 void NotifyMe(_clsQmxBackProcess& backProcess, const wchar_t* name, const wchar_t* command) {
-    // Both strings are passed by reference. The component may replace the strings. The caller frees the strings after
+    // Both strings are passed by reference, so by COM's rules the callee may replace them. The caller frees them after
     // the call.
     BSTR nameText = SysAllocString(name);
     BSTR commandText = SysAllocString(command);

@@ -1,7 +1,7 @@
 // This script is a late-bound client of the component in JScript. Run the script with the 32-bit script host:
 //     cscript //nologo client.js
-// The script uses every member and prints each step. The exit code is 0 if every step succeeds. The script host cannot
-// connect events to a late-bound object. client.cpp connects an event sink.
+// The script uses every member and prints each step. The exit code is 0 if every step succeeds. The script connects no
+// events; client.cpp connects an event sink.
 
 var failures = 0;
 
@@ -18,7 +18,7 @@ function useEveryMember() {
     var backProcess = new ActiveXObject("K4TBackProcess.clsQmxBackProcess");
     WScript.Echo("created");
 
-    // Load takes its integer by reference. A plain variable can be passed. The variable keeps its value.
+    // Load takes its integer by reference. Pass a plain variable. The variable keeps its value.
     var mode = 3;
     step("Load of the main form", backProcess.Load(mode), true);
     step("its argument afterwards", mode, 3);

@@ -1,7 +1,7 @@
 ' This script is a late-bound client of the component in VBScript. Run the script with the 32-bit script host:
 '     cscript //nologo client.vbs
-' The script uses every member and prints each step. The exit code is 0 if every step succeeds. The script host cannot
-' connect events to a late-bound object. client.cpp connects an event sink.
+' The script uses every member and prints each step. The exit code is 0 if every step succeeds. The script connects no
+' events; client.cpp connects an event sink.
 Option Explicit
 
 Dim failures : failures = 0
@@ -29,7 +29,7 @@ Sub UseEveryMember()
     Set backProcess = CreateObject("K4TBackProcess.clsQmxBackProcess")
     WScript.Echo "created"
 
-    ' Load takes its integer by reference. A plain variable can be passed.
+    ' Load takes its integer by reference. Pass a plain variable. The variable keeps its value.
     Dim mode : mode = 3
     Step "Load of the main form", backProcess.Load(mode), True
     Step "its argument afterwards", mode, 3

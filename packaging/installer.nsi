@@ -4,10 +4,12 @@
 ;     FILES     a generated script with the macros InstallFiles and InstallDevelopmentKernel
 ;     OUTPUT    the installer's file name
 ;
-; By default, installs for the current user without administrator rights. /AllUsers installs for the machine. /DevKernel
-; also installs the development kernel. /S asks no questions. /D=FOLDER chooses the folder. It must be the last option,
-; and FOLDER has no quotes. Exit codes: 0: the set-up is complete; 1: the user has cancelled; 2: the set-up has failed;
-; 3: a file is in use and nothing was changed.
+; By default, installs for the current user without administrator rights. Options:
+;     /AllUsers   installs for the machine
+;     /DevKernel  also installs the development kernel
+;     /S          shows nothing and asks no questions
+;     /D=FOLDER   chooses the folder. This must be the last option, and FOLDER has no quotes
+; Exit codes: 0: complete; 1: the user has cancelled; 2: failed or refused; 3: a file is in use and nothing was changed.
 Unicode true
 SetCompressor /SOLID lzma
 !include FileFunc.nsh
@@ -46,8 +48,8 @@ UninstPage instfiles
 !insertmacro RecordFunctions ""
 !insertmacro RecordFunctions "un."
 
-; Visitor for EachRecorded. If $wanted is in the list, sets $found. The value is "ours" if the file is unchanged,
-; otherwise "recorded".
+; Visitor for EachRecorded. If $wanted is in the list, sets $found to "ours" for an unchanged file, otherwise to
+; "recorded".
 Function FindWanted
   ${If} $path == $wanted
     StrCpy $found "recorded"
@@ -58,8 +60,8 @@ Function FindWanted
   ${EndIf}
 FunctionEnd
 
-; Ends the program if an earlier set-up has installed files without a list. This set-up cannot know these files. The
-; earlier uninstaller also deletes files of the suite.
+; Ends the program if the first version of the set-up has installed files. It kept no list, so this set-up cannot know
+; these files. The first version's uninstaller also deletes files of the suite.
 Function RequireNoOldInstallation
   ReadRegStr $0 SHCTX "${REMOVAL_KEY}" UninstallString
   ${If} $0 == '"$INSTDIR\uninstall.exe"'
@@ -71,7 +73,7 @@ Function RequireNoOldInstallation
   ${EndIf}
 FunctionEnd
 
-; Ends the program if a file with this name exists and the set-up has not installed this file.
+; Ends the program if a file with this name exists, unless it is an unchanged file of the set-up.
 !macro RequirePlace file
   StrCpy $wanted "${file}"
   StrCpy $found ""
@@ -107,8 +109,8 @@ Function GiveUpWriting
     folder. The installation is incomplete: run this set-up again."
 FunctionEnd
 
-; A registration in one scope would hide the registration in the other scope. Therefore the set-up refuses to install if
-; the other scope is registered.
+; Selects the scope and its default folder. Ends the program if the component is registered in the other scope, because
+; the user's registration would hide the machine's.
 Function ChooseUser
   SetShellVarContext current
   StrCpy $scopeOption "--user"
@@ -138,8 +140,8 @@ Function ChooseMachine
   ${EndIf}
 FunctionEnd
 
-; All checks run before the first change. The installer then deletes the unchanged files of an earlier set-up. A file
-; that still exists belongs to the user.
+; All checks run before the first change. The installer then deletes the unchanged files of an earlier set-up. Files
+; that still exist belong to the user.
 Section "-Make room"
   ${Note} "Folder $INSTDIR"
   Call RequireRecord
@@ -163,7 +165,7 @@ Section "-Make room"
   FileWrite $record "${RECORD_HEAD}$\r$\n"
 SectionEnd
 
-; If a file has the list's name but not its first line, it belongs to the user.
+; Ends the program if a file has the list's name, but not the list's first line. Such a file belongs to the user.
 Function RequireRecord
   ${If} ${FileExists} "$INSTDIR\${RECORD}"
     FileOpen $0 "$INSTDIR\${RECORD}" r
@@ -248,9 +250,9 @@ Function KeepDevelopmentKernel
   ${EndIf}
 FunctionEnd
 
-; Removes only what this folder's installation entered in the registry. If a later installation is in another folder,
-; the entries belong to the later installation. The uninstaller then removes only the files in this folder. A
-; registration from another folder stays while its file exists.
+; Finds the scope of the installation in this folder. If the uninstall entry belongs to a later installation in another
+; folder, the uninstaller removes only the files in this folder. A registration from another folder stays while its file
+; exists.
 Function un.onInit
   Push "Removal of ${PRODUCT} ${VERSION} from $INSTDIR"
   Call un.BeginLog
@@ -292,7 +294,7 @@ Function un.IsRegisteredElsewhere
   ${EndIf}
 FunctionEnd
 
-; Remove the registration first. After that, no program can load the component's file through COM.
+; Remove the registration first, so that no program can find the component's file through the registry.
 Section Uninstall
   Call un.RefuseWhileInUse
   SetOutPath $SYSDIR
@@ -309,7 +311,7 @@ Section Uninstall
   ${EndIf}
   ${EachRecorded} un.RemoveIfOurs
   ; The uninstaller cannot delete itself if it runs in its own folder. The list then stays, because a later set-up needs
-  ; the list to recognise the uninstaller.
+  ; the list to recognise the uninstaller as its own.
   ${IfNot} ${FileExists} "$INSTDIR\${UNINSTALLER}"
     Delete "$INSTDIR\${RECORD}"
   ${EndIf}

@@ -24,7 +24,7 @@ Var found ; the visitor's result
 !macroend
 !define Note "!insertmacro Note"
 
-; Ends the program. Shows the reason and writes it to the log.
+; Writes the reason to the log, shows it unless the set-up is silent, and ends the program.
 !macro GiveUp code reason
   ${Note} "${reason}"
   MessageBox MB_OK|MB_ICONSTOP "${reason}" /SD IDOK
@@ -143,8 +143,8 @@ Function ${UN}IsOurs
   ${EndIf}
 FunctionEnd
 
-; Visitor: sets $found to the name of an installed file that cannot be written, for example because the file's program
-; is running. Ignores the uninstaller, because the uninstaller may be running now.
+; Visitor: sets $found to the name of an unchanged installed file that cannot be written, for example because its
+; program is running. Ignores the uninstaller, which may be running now.
 Function ${UN}FindInUse
   ${If} $path == "${UNINSTALLER}"
     Return
@@ -163,7 +163,7 @@ Function ${UN}FindInUse
   ${EndIf}
 FunctionEnd
 
-; Ends the program before the first change if an installed file is in use.
+; Ends the program before the first change if an installed file is in use and the user does not free it.
 Function ${UN}RefuseWhileInUse
   ${Do}
     StrCpy $found ""
@@ -180,8 +180,8 @@ Function ${UN}RefuseWhileInUse
   ${Loop}
 FunctionEnd
 
-; Visitor: deletes an unchanged installed file and the folders that become empty. After a failure, sets $found to the
-; file's name.
+; Visitor: deletes an unchanged installed file and the folders that become empty. If the file cannot be deleted, sets
+; $found to its name.
 Function ${UN}RemoveIfOurs
   Call ${UN}IsOurs
   ${If} $0 == "yes"

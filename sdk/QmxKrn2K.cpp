@@ -8,7 +8,7 @@
 
 namespace {
 
-/// The exception codes that a compiler's delayed imports raise in the same cases.
+/// The codes of the structured exceptions that a compiler's delayed imports raise in the same cases.
 constexpr DWORD kLibraryNotFound = 0xC06D007E;
 constexpr DWORD kEntryNotFound = 0xC06D007F;
 
@@ -16,7 +16,7 @@ void Fail(DWORD code) {
     RaiseException(code, EXCEPTION_NONCONTINUABLE, 0, nullptr);
 }
 
-/// Returns the entry `name` of the kernel. `found` caches the address. It is null before the first call.
+/// Returns the entry `name` of the kernel. `found` stores the address for later calls; null before the first call.
 template <typename Function>
 Function Entry(Function& found, const char* name) {
     if (found) return found;

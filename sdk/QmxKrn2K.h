@@ -2,9 +2,9 @@
 // that all modules share ("kernel strings"), and the name of the open design. The development kernel has the same four
 // functions.
 //
-// Link with lib/libQmxKrn2K.a. That library calls the kernel that is in memory at the first call. It does not load the
-// kernel. Create an instance of the component first, because the component finds and loads the kernel. Your program may
-// be in any folder.
+// Link with lib/libQmxKrn2K.a. The functions in that file call the kernel that is loaded at their first call. They do
+// not load the kernel. Create an instance of the component first, because the component finds and loads the kernel.
+// Your program may be in any folder.
 //
 // A call raises a structured exception in two cases. The exception ends a program that does not handle it:
 //   0xC06D007E  no kernel is loaded in the process
@@ -14,9 +14,8 @@
 // 32-bit numbers; 0 and negative numbers mean "none". Do not link with /LARGEADDRESSAWARE, because valid addresses must
 // be below 2 GB.
 //
-// Each kernel has its own rules for threads. The component calls the kernel only from its home thread, the thread that
-// created the first instance. A module that calls from the same thread is safe with every kernel. The development
-// kernel accepts calls from any thread.
+// Call the kernel only from the component's home thread, the thread that created the first instance, because a kernel
+// need not accept calls from other threads. The development kernel accepts calls from any thread.
 #pragma once
 
 #ifdef _WIN64
@@ -29,12 +28,12 @@ extern "C" {
 
 /// Stores `value` under `key` for all modules. A new value replaces the old value as a whole. The kernel may rewrite
 /// the buffer of `value` in place, within its length, so pass a copy. Do not rely on the result. The development kernel
-/// returns 1 on success. It returns 0 for a null pointer, if memory is short, or after 10 seconds without the lock. No
-/// function removes a key; store "" instead.
+/// returns 1 on success. It returns 0 for a null pointer, if memory is short, or if it cannot get the lock. No function
+/// removes a key; store "" instead.
 long __stdcall E_SetString(const char* key, char* value);
 
-/// Returns the address of the text under `key`, or a number <= 0 if there is no text. Copy the text at once, because
-/// the address is valid only until the same thread asks for the same key again or ends. Never write to the text.
+/// Returns the address of the text under `key`, or a number <= 0 if there is no text. Copy the text at once, because a
+/// kernel may reuse the memory at the next call. Never write to the text.
 long __stdcall E_GetString(const char* key);
 
 /// Returns the handle of the open design database. Pass the handle to O_GetName.

@@ -1,4 +1,4 @@
-/* Implements the smallest kernel library that the component can use. The library's strings belong to one process.
+/* Implements a minimal kernel library that the component can use. Its strings are not shared between processes.
    Build it with a 32-bit compiler: i686-w64-mingw32-gcc -shared -static kernel.c kernel.def -o QmxKrn2K.dll */
 #include <stdlib.h>
 #include <string.h>

@@ -133,14 +133,14 @@ Mailbox::Mailbox(std::wstring name, Handler handler)
     : name_(std::move(name)), handler_(std::move(handler)), message_(RegisterWindowMessageW(L"PELORIX")) {
     const Lock lock;
     if (!lock || !IsName(name_) || MailboxOf(name_) != nullptr) return;
-    // Delete the commands for an earlier process of the module that was killed.
+    // Delete the commands that an earlier process of the module did not receive.
     Put(QueueOf(name_), "");
     WNDCLASSW windowClass{};
     windowClass.lpfnWndProc = WindowProcedure;
     windowClass.hInstance = GetModuleHandleW(nullptr);
     windowClass.lpszClassName = kWindowClass;
     RegisterClassW(&windowClass);
-    // The window is never shown. The window is a top-level window, because it must receive broadcast messages.
+    // The window is never shown. It is a top-level window, because FindWindow must find it.
     window_ = CreateWindowW(kWindowClass, name_.c_str(), WS_POPUP, 0, 0, 0, 0, nullptr, nullptr, windowClass.hInstance,
                             nullptr);
     if (window_ == nullptr) return;
@@ -163,8 +163,8 @@ Delivery Mailbox::Send(const std::wstring& module, const std::wstring& command) 
     if (!IsOpen() || addressee == nullptr) return Delivery::kGone;
     const std::string queue = Get(QueueOf(module)) + Ascii(name_) + '\t' + Escaped(command) + '\n';
     if (queue.size() > kMaxBytes || !Put(QueueOf(module), queue)) return Delivery::kBusy;
-    // This call fails only if 10,000 messages are waiting for the addressee's thread. An earlier notification is then
-    // among the messages, and one notification is enough.
+    // Ignore a failure, for example if 10,000 messages are waiting for the addressee's thread. The command stays in the
+    // queue and arrives with the next notification.
     PostMessageW(addressee, message_, 0, 0);
     return Delivery::kStored;
 }
@@ -185,8 +185,7 @@ LRESULT CALLBACK Mailbox::WindowProcedure(HWND window, UINT message, WPARAM wPar
 }
 
 /// A handler may run a message loop, for example when it calls the component or shows a dialog. Commands that arrive in
-/// this loop stay in the queue. Otherwise the new commands would be handled before the commands that this call has
-/// taken.
+/// this loop stay in the queue, because the commands that this call has taken must be handled first.
 void Mailbox::Receive() {
     if (isReceiving_) return;
     isReceiving_ = true;

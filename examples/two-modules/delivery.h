@@ -6,14 +6,13 @@
 //
 // Guarantees: each stored command arrives at most once. The commands of one sender arrive in the order of the calls.
 // Limits:
-//   - A mailbox reaches only modules that use this file, in the same session, with the same user and rights. Windows
-//   blocks
-//     messages from a normal program to one that runs as an administrator.
+//   - A mailbox reaches only modules that use this file, in the same session, with the same user and the same rights,
+//     because Windows blocks messages from a normal program to a program that runs as an administrator.
 //   - A stored command can still be lost, because a module that ends does not receive the rest of its queue.
-//   - A queue holds a million bytes. A character outside ASCII takes six.
+//   - A queue holds a million bytes. A backslash, a control character and each UTF-16 unit outside ASCII take six.
 //   - A module receives commands from its message loop, one after the other. A running handler delays the next command.
-//   - A killed module stays in "AllAps". This does no harm, because Send returns kGone for the module.
-//   - A module's name has only letters, digits and underscores, because "AllAps" is a list separated by commas.
+//   - A killed module stays in "AllAps". Send returns kGone for this module.
+//   - A module's name has only ASCII letters, digits and underscores, because "AllAps" is a list separated by commas.
 //
 // Use a mailbox only on the thread that created the component's first instance, and only while that instance exists.
 // The instance has loaded the kernel that the mailbox needs. Each mailbox must have a different name.
@@ -28,8 +27,8 @@
 
 enum class Delivery {
     kStored,  ///< the command is in the queue, and the module was notified
-    kBusy,    ///< try again, because the module's queue is full or another module held the lock for two seconds
-    kGone     ///< no module with this name is running; nothing is stored
+    kBusy,    ///< nothing is stored: the queue is full, the lock was not free for two seconds, or the kernel failed
+    kGone     ///< nothing is stored: no module with this name is running, or this mailbox is not open
 };
 
 class Mailbox {
@@ -37,17 +36,18 @@ class Mailbox {
     using Handler = std::function<void(const std::wstring& from, const std::wstring& command)>;
 
     /// Opens the mailbox of the module `name` with an empty queue, and adds the module to "AllAps". Call this before
-    /// `Load`, because `Load` reads the list. `handler` receives each command and must not throw.
+    /// `Load`, because `Load` reads the list. `handler` receives each command and must not throw. Then check IsOpen.
     Mailbox(std::wstring name, Handler handler);
     Mailbox(const Mailbox&) = delete;
     Mailbox& operator=(const Mailbox&) = delete;
     /// Removes the module from "AllAps". Do not destroy a mailbox inside its handler.
     ~Mailbox();
 
-    /// False if the name is not allowed, or if a module with this name is already running. A closed mailbox neither
-    /// sends nor receives.
+    /// False if the name is not allowed, if a module with this name is already running, if the lock was not free for
+    /// two seconds, or if the window could not be created. The mailbox then neither sends nor receives.
     bool IsOpen() const { return window_ != nullptr; }
 
+    /// Stores `command` in the queue of `module` and notifies the module. Call it again later after kBusy.
     Delivery Send(const std::wstring& module, const std::wstring& command);
     /// Returns the other modules in "AllAps", without the component.
     std::vector<std::wstring> Others() const;

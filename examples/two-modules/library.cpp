@@ -1,6 +1,6 @@
-// Implements LIBRARY, a module that opens parts for other modules. LIBRARY replies to OPEN,PART with OPENED,PART.
-// build.cmd compiles this file. An argument gives the module another name. To run a second LIBRARY, copy the program
-// file first, because only one process of a program file can load the component's form.
+// Implements LIBRARY, a module that replies to OPEN,PART with OPENED,PART. build.cmd compiles this file. An argument
+// gives the module another name. To run the program twice, copy its file first, because only one process of a program
+// file can load the component's form.
 #include "module.h"
 
 namespace {

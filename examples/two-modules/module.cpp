@@ -26,7 +26,7 @@ std::string Utf8(const std::wstring& wide) {
     return utf8;
 }
 
-/// Owns a BSTR. The component may replace a BSTR that is passed by reference.
+/// Owns a BSTR. A COM call may replace a BSTR that is passed by reference.
 class Text {
  public:
     Text() = default;
@@ -43,7 +43,7 @@ class Text {
     BSTR bstr_ = nullptr;
 };
 
-/// Receives NotifyServer for the module. The module outlives the connection.
+/// Receives NotifyServer for the module. The module must outlive the connection.
 class Sink final : public IDispatch {
  public:
     explicit Sink(Module& module) : module_(module) {}
@@ -81,7 +81,7 @@ class Sink final : public IDispatch {
     ULONG references_ = 1;
 };
 
-/// Reads standard input and posts each line to the window. The thread ends at the end of the input or of the program.
+/// Reads standard input and posts each line to the window. The thread ends when the input ends or the program exits.
 /// The thread does not use std::cin, because the program's exit would wait for a thread that reads from std::cin.
 DWORD WINAPI ReadLines(void* window) noexcept {
     std::string pending;
@@ -114,7 +114,7 @@ int Module::Run() {
         mailbox_ = std::make_unique<Mailbox>(
             name_, [this](const std::wstring& from, const std::wstring& command) { Arrived(from, command); });
         started = mailbox_->IsOpen() && LoadForm();
-        if (!mailbox_->IsOpen()) Say(L"a module " + name_ + L" is already running");
+        if (!mailbox_->IsOpen()) Say(L"cannot open the mailbox; check that the name is allowed and not in use");
     }
     if (started) {
         Say(L"ready");

@@ -16,10 +16,10 @@ struct ReleaseInterface {
 template <typename Interface>
 using Com = std::unique_ptr<Interface, ReleaseInterface>;
 
-/// Prints events in the module's window and on standard output. Reads these lines from standard input:
+/// Prints arriving commands in the module's window and on standard output. Reads these lines from standard input:
 ///     MODULE COMMAND   raises COMMAND for MODULE
 ///     all COMMAND      raises COMMAND in the component's name, for all modules
-///     language FOLDER  sets the suite's language folder and sends All,LZ to all modules
+///     language FOLDER  sets the suite's language folder and raises All,LZ for all modules
 ///     quit             closes the window and ends the program
 class Module {
  public:
@@ -28,14 +28,14 @@ class Module {
     Module& operator=(const Module&) = delete;
     virtual ~Module() = default;
 
-    /// Runs until the window is closed. Returns the program's exit code.
+    /// Runs until the window is closed. Returns the program's exit code, which is 1 if the module cannot start.
     int Run();
-    /// Delivers `command` to `addressee`. The event sink calls this function when the component has raised the command.
+    /// Handles the component's event. Prints SHUTDOWN. Delivers any other command to `addressee`, or to all modules if
+    /// `addressee` is the component. The event sink calls this function.
     void NotifyServer(const std::wstring& addressee, const std::wstring& command);
 
  protected:
-    /// Handles a command for this module. The module calls this function after it has passed the command to the
-    /// component.
+    /// Handles a command that has arrived. Called after the component has received the command.
     virtual void OnCommand(const std::wstring& from, const std::wstring& command) = 0;
     void Deliver(const std::wstring& module, const std::wstring& command);
     void Say(const std::wstring& text);

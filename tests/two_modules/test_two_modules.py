@@ -123,7 +123,7 @@ class TwoModules(unittest.TestCase):
     def test_second_module_with_the_same_name_does_not_start(self):
         second = Program(bin_folder / "examples" / "two-modules" / "library.exe")
         self.addCleanup(second.kill)
-        second.wait_for("a module LIBRARY is already running")
+        second.wait_for("cannot open the mailbox; check that the name is allowed and not in use")
         self.assertEqual(second.process.wait(TIMEOUT), 1)
 
     def test_all_modules_switch_the_language(self):
