@@ -12,7 +12,8 @@ namespace tests {
 /// Never generates EX, because EX unloads the forms.
 class CommandMaker {
  public:
-    static constexpr std::size_t kMaxLength = 1024 * 1024;  ///< random characters of a very long command
+    static constexpr std::size_t kMaxLength =
+        1024 * 1024;  ///< number of random UTF-16 units that a very long command has in addition
 
     /// On average, one of `commandsPerLong` commands is very long. On average, one of `commandsPerLz` commands is LZ.
     CommandMaker(std::size_t commandsPerLong, std::size_t commandsPerLz)

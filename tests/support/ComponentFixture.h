@@ -24,9 +24,9 @@ class ComponentOver : public Base {
     kernel_api::builtin::BuiltInReader& reader_ = composition_.Reader();
 };
 
-/// With this fixture, the window system is in memory, too.
+/// With this fixture, windows are in memory, too.
 using HeadlessComponentTest = ComponentOver<HeadlessTest>;
-/// With this fixture, the window system is the build's window system.
+/// With this fixture, windows are real in the Windows build, and in memory elsewhere.
 using ComponentTest = ComponentOver<RuntimeTest>;
 
 }  // namespace tests

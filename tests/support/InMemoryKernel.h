@@ -1,6 +1,6 @@
-// A kernel in memory for tests. It stores the strings and logs every call. A test can make calls fail. The kernel can
-// change values as the real kernel does. It converts texts to Latin-1 and ends them at the first NUL. Characters
-// outside Latin-1 become '?'.
+// A kernel in memory for tests. It stores the strings and logs every call. A test can make calls fail. A test can also
+// make this kernel change values, as a real kernel may. Texts are converted to Latin-1 and end at the first NUL.
+// Characters outside Latin-1 become '?'.
 #pragma once
 
 #include <functional>

@@ -1,5 +1,5 @@
-// A reader that records the requested texts and forwards every call to another reader. A test can set an action for a
-// request. The action may fail.
+// A reader that records the requested texts and forwards every call to another reader. A test can set actions that run
+// before the next text, each text or each setting is read. An action may throw.
 #pragma once
 
 #include <functional>
@@ -31,7 +31,7 @@ class RecordingReader : public kernel_api::Reader {
     }
     runtime::String TextAt(kernel_api::TextPointer pointer) override { return reader_.TextAt(pointer); }
 
-    /// All requests, in order.
+    /// The requested texts, in order.
     const std::vector<AskedText>& Asked() const { return asked_; }
 
     std::function<void()> onNextText;

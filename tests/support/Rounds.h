@@ -1,4 +1,4 @@
-// Chooses the number of repetitions for tests that look for leaks.
+// Chooses the number of repetitions for tests that look for leaks or races.
 #pragma once
 
 #include <algorithm>

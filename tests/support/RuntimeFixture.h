@@ -1,5 +1,5 @@
-// Fixtures for tests that need the runtime's ports. Each test starts with new ports. The end of each test resets all
-// process-wide values.
+// Fixtures for tests that need the runtime's ports. Each test starts with new ports. At the end of each test, no ports
+// are chosen.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -26,7 +26,8 @@ class HeadlessTest : public ::testing::Test {
     runtime::Ports ports_ = memory_.All();
 };
 
-/// The window system is the build's window system, so windows are real under Windows. All other ports are in memory.
+/// Windows use the back end of the build. They are real in the Windows build, and in memory elsewhere. All other ports
+/// are in memory.
 class RuntimeTest : public ::testing::Test {
  protected:
     RuntimeTest() { runtime::UsePorts(&ports_); }

@@ -1,5 +1,5 @@
-// Simulates a user at the keyboard in the build's window system. The newest form receives the keys as its window's
-// message queue would deliver them.
+// Simulates a user at the keyboard. In the Windows build, the keys are posted to the window with the keyboard focus.
+// Elsewhere, the form's window in memory receives them.
 #pragma once
 
 #include "runtime/Form.h"
@@ -18,7 +18,7 @@ namespace tests {
 
 class TypingUser {
  public:
-    /// `form` must be visible. Its focused control receives the keys.
+    /// `form` must be visible and have the keyboard focus. Its focused control receives the keys.
     explicit TypingUser(runtime::Form& form) : form_(form) {}
 
     /// Presses and releases a key with the modifiers `shift` (kShift, kCtrl, kAlt). Enter, Space, Escape and Tab also
@@ -32,7 +32,7 @@ class TypingUser {
 
 #ifdef _WIN32
 
-/// Holds modifier keys down for this thread. The destructor releases the keys.
+/// Holds exactly the given modifier keys down for this thread. The destructor restores the earlier state of the keys.
 class HeldKeys {
  public:
     explicit HeldKeys(std::int16_t shift) {

@@ -8,9 +8,10 @@
 
 namespace tests {
 
-/// Fails the test unless `owner` is enabled and active, all forms are unloaded, and no key or menu is active.
+/// Fails the test unless `owner` is enabled and active, no dialog is shown, no form is loaded, Alt is released, and no
+/// menu is open.
 void ExpectNothingIsLeft(HWND owner);
-/// Sends a click to a button of the innermost dialog. This does not use the mouse.
+/// Posts a click to a button of the innermost dialog, without the mouse.
 void PressInDialog(const wchar_t* caption);
 
 /// `Base` is a fixture of tests/support/, or testing::Test.

@@ -8,9 +8,10 @@
 
 namespace tests {
 
-/// Describes the dialog and its visible controls in the order of the windows. A line has "role [name] states", then
-/// "value [...]" and "description [...]" if they exist. States are "focused", "unavailable" and "invisible". On Wine,
-/// most of Wine's own controls have no role. Then the line begins with the name of the window class.
+/// Describes the dialog and its visible controls, in the order of the windows. A line has "role [name] states", then
+/// "value [...]" and "description [...]" if they exist. The role is "dialog", "static text" or "text". For another
+/// role, the line begins with the name of the window class. The role's number follows, except for the role "client",
+/// which most of Wine's own controls have. States are "focused", "unavailable" and "invisible".
 std::vector<std::string> AccessibleElementsOf(HWND dialog);
 
 /// Describes one window in the same form.

@@ -41,7 +41,7 @@ DialogDriver::~DialogDriver() {
     KillTimer(nullptr, timer_);
     current_ = nullptr;
     if (hasAskedToQuit_) TakeQuit();
-    EXPECT_EQ(next_, steps_.size()) << "some steps have not run";
+    EXPECT_EQ(next_, steps_.size()) << "some steps are not done";
 }
 
 void CALLBACK DialogDriver::OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {

@@ -1,6 +1,6 @@
 // Operates the system's and the suite's dialogs of the current thread from inside their modal loops. The driver runs a
-// list of steps on the innermost dialog. When the time is over, the driver closes the open dialogs and fails the test.
-// If no dialog is open then, the driver ends the waiting loop with a quit message.
+// list of steps on the innermost dialog. When the time limit has passed, the driver closes the open dialogs and fails
+// the test. If no dialog is open then, the driver ends the waiting loop with a quit message.
 #pragma once
 
 #include <functional>
@@ -15,11 +15,11 @@ class DialogDriver {
     /// A step returns true when it is done. Otherwise the driver calls it again a little later.
     using Step = std::function<bool(HWND dialog)>;
 
-    /// `longestWait` is in milliseconds.
+    /// `longestWait` is the time limit for all steps together, in milliseconds.
     explicit DialogDriver(std::vector<Step> steps, ULONGLONG longestWait = 30'000);
     DialogDriver(const DialogDriver&) = delete;
     DialogDriver& operator=(const DialogDriver&) = delete;
-    /// Fails the test if a step has not run.
+    /// Fails the test if a step is not done.
     ~DialogDriver();
 
  private:

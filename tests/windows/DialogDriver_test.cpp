@@ -1,4 +1,4 @@
-// Tests the driver. If a dialog waits without end, the driver ends the wait and fails the test.
+// Tests the driver. When the time limit has passed, the driver ends the wait and fails the test.
 #include "tests/windows/DialogDriver.h"
 
 #include <gtest/gtest-spi.h>
@@ -34,7 +34,7 @@ TEST(DialogDriver, TimeUpWithoutADialog_EndsTheLoop) {
     EXPECT_EQ(TakeQuit(), std::nullopt);
 }
 
-TEST(DialogDriver, TimeUpWithADialog_ClosesIt) {
+TEST(DialogDriver, TimeUpWithADialog_ClosesTheDialog) {
     int answer = 0;
     const auto wait = [&answer] {
         const DialogDriver driver({}, kShortWait);

@@ -1,5 +1,5 @@
-// Steps for dialogs in tests. The steps use the keyboard and the mouse through the system's input queue, as a user
-// does.
+// Steps for dialogs in tests. Keys and ClickOn put input into the system's queue, as a user's devices do. Type,
+// Repeated, Character and Press post messages.
 #pragma once
 
 #include <functional>
@@ -22,7 +22,7 @@ DialogDriver::Step Keys(std::vector<WORD> keys);
 DialogDriver::Step Type(WORD key);
 /// Posts a key press that repeats a held key.
 DialogDriver::Step Repeated(WORD key);
-/// Sends a character without a key to the focused window, as an input method does.
+/// Sends a character without a key press to the focused window, as an input method does.
 DialogDriver::Step Character(wchar_t character);
 /// Clicks the button with the identifier `id` by a message. This does not use the mouse.
 DialogDriver::Step Press(int id);

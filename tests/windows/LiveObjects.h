@@ -1,4 +1,4 @@
-// Counts the process's window system objects. With the counts, a test detects leaks.
+// Counts the process's GDI and USER objects and the thread's windows. Tests use the counts to find leaks.
 #pragma once
 
 #include <functional>
@@ -10,9 +10,9 @@ long UserObjects();
 /// Returns the number of this thread's windows, including child windows.
 long Windows();
 
-/// Runs `round` ten times as preparation, and then Rounds(fullRounds, 40) times. The later rounds must leave no object
-/// behind. The tolerance is 20 objects, because the system creates objects, too. A leak of one object per round is
-/// therefore found. `round` gets its index.
+/// Runs `round` ten times as preparation, and then Rounds(fullRounds, 40) times. The later rounds must leave no window
+/// and at most 20 GDI and 20 USER objects behind, because the system creates such objects, too. So a leak of one object
+/// per round is found in 40 rounds. `round` gets its index.
 void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round);
 
 }  // namespace tests

@@ -1,4 +1,4 @@
-// Reads the positions of windows in pixels.
+// Reads the positions and sizes of windows, in pixels.
 #pragma once
 
 #include <ostream>
@@ -19,10 +19,11 @@ void PrintTo(const Place& place, std::ostream* out);
 
 /// Returns the window's rectangle on the screen, including the frame.
 Place PlaceOf(HWND window);
-/// Returns the rectangle relative to the client area of `parent`.
+/// Returns the rectangle of `child` relative to the client area of `parent`.
 Place PlaceIn(HWND parent, HWND child);
 
-/// Fails the test unless the window is centred. Tolerates half a pixel, and allows positions off the screen.
+/// Fails the test unless the window is centred on the primary screen. Tolerates one pixel. The window may extend beyond
+/// the screen.
 void ExpectCentred(HWND window);
 
 }  // namespace tests

@@ -1,4 +1,4 @@
-// Puts input into the system's queue, as the user's devices do. Also removes messages from the thread's queue.
+// Puts input into the system's queue, as the user's devices do. Also removes a quit message from the thread's queue.
 #pragma once
 
 #include <optional>

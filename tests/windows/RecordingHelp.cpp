@@ -20,7 +20,7 @@ void* __stdcall HtmlHelpW(void* owner, const wchar_t* file, unsigned command, st
     return nullptr;
 }
 
-/// The record of this function's calls begins with "A ". Each byte of the name is recorded as the character with that
+/// The line of a call of this function begins with "A ". Each byte of the name is recorded as the character with that
 /// number.
 void* __stdcall HtmlHelpA(void* owner, const char* file, unsigned command, std::uintptr_t data) {
     Record() += L"A ";

@@ -1,5 +1,6 @@
-// Replaces a function that this program imports from a system library until the end of the block. A test records the
-// arguments of the calls or chooses their results. Only calls from the program's own code are replaced.
+// Replaces a function that this program imports from a system library. The end of the block restores the function. A
+// test records the arguments of the calls or chooses their results. Only calls from the program's own code are
+// replaced.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"

@@ -11,7 +11,7 @@ namespace tests {
 
 bool IsClass(HWND window, std::wstring_view name);
 
-/// Returns the caption or the content of an input control. The text may have any length.
+/// Returns the window's caption, or the content of an input control. The text may have any length.
 using runtime::win32::TextOf;
 
 /// Returns the window's font, which the window owns.
