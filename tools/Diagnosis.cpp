@@ -126,7 +126,7 @@ Finding OfVersions(const ComponentFile& component) {
     if (!component.version) return Bad(subject, "the file has no version", kTakePackage);
     const std::string file = Text(*component.version);
     if (!component.typeLibrary) return Bad(subject, file + ", without the component's type library", kTakePackage);
-    if (component.typeLibrary == component.version) return Good(subject, file + ", the same as its type library");
+    if (component.typeLibrary == component.version) return Good(subject, file + ", the same as in its type library");
     return Bad(subject, file + ", but its type library is " + Text(*component.typeLibrary), kTakePackage);
 }
 

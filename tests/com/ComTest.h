@@ -71,8 +71,8 @@ HRESULT Notify(_clsQmxBackProcess* instance, StringView command);
 
 /// Dispatches the messages that wait for this thread.
 void ServeMessages();
-/// Runs `work` on a new thread in its own apartment. While `work` runs, the calling thread dispatches
-/// messages. The test fails if `work` takes longer than ten seconds.
+/// Runs `work` on a new thread in its own apartment. While `work` runs, the calling thread dispatches messages. If
+/// `work` takes longer than ten seconds, the test program ends with a failure.
 void InOtherApartment(const std::function<void()>& work, DWORD apartment = COINIT_APARTMENTTHREADED);
 
 class ComTest : public testing::Test {

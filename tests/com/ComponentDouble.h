@@ -16,7 +16,7 @@ namespace tests::com {
 
 struct ComponentDouble {
     std::vector<std::string> log;
-    std::vector<unsigned long> threads;  ///< the threads that created, called and terminated service objects
+    std::vector<unsigned long> threads;  ///< the thread of each entry in `log`
     host::String lastCommand;            ///< the unchanged command of the last NotifyMe
     std::string raised;                  ///< the values "name|text" after the last RAISE
     std::size_t liveWindows = 0;

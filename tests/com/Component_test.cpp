@@ -23,7 +23,7 @@ class Component : public testing::Test {
     const ComponentLibrary library_;
 };
 
-TEST_F(Component, LastRelease_RaisesShutdownForItsOwnSink) {
+TEST_F(Component, LastRelease_RaisesShutdownForTheInstancesSink) {
     auto instance = Create();
     const auto sink = Sink::Make();
     Advise(instance.Get(), sink.Get());
@@ -101,7 +101,7 @@ TEST_F(Component, HomeThreadEnded_NewInstanceLoadsItsForm) {
         EXPECT_EQ(VARIANT_TRUE, Load(instance.Get()));
         EXPECT_EQ(S_OK, Notify(instance.Get(), u"All,UP"));
     }
-    EXPECT_EQ(S_FALSE, CanUnload()) << "an instance of the ended thread still exists";
+    EXPECT_EQ(S_FALSE, CanUnload()) << "the DLL can be unloaded, but an instance of the ended thread exists";
     orphan.Reset();
 }
 

@@ -16,7 +16,7 @@ class EarlyBound : public ComTest {
     ComPtr<_clsQmxBackProcess> instance = MakeInstance();
 };
 
-TEST_F(EarlyBound, Load_PassesItsNumber) {
+TEST_F(EarlyBound, Load_ReturnsTrueAndDoesNotChangeItsNumber) {
     short mode = 99;
     VARIANT_BOOL result = VARIANT_FALSE;
     EXPECT_EQ(S_OK, instance->Load(&mode, &result));

@@ -57,7 +57,7 @@ TEST_F(Events, SinkConnectedTwice_ReceivesTwice) {
     EXPECT_THAT(sink->received, ElementsAre("a|b", "a|b", "c|d"));
 }
 
-TEST_F(Events, SinkChangesTheStrings_NextSinkAndCallerGetTheChange) {
+TEST_F(Events, SinkChangesTheStrings_NextSinkAndComponentGetTheChange) {
     const auto changing = Sink::Make([](BSTR& name, BSTR& command, EXCEPINFO&) {
         Replace(name, u"N2");
         SysFreeString(std::exchange(command, nullptr));
@@ -222,7 +222,7 @@ TEST_F(Events, SinkFailsWithDeferredDetails_ErrorHasTheDetails) {
     EXPECT_EQ("late", TakeErrorObject().description);
 }
 
-TEST_F(Events, SinkReturnsAFailure_OnlyAnUnknownMemberIsNoError) {
+TEST_F(Events, SinkReturnsAFailure_NotImplementedIsNoError) {
     HRESULT answer = S_OK;
     const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) { return answer; });
     Advise(instance.Get(), sink.Get());

@@ -87,10 +87,10 @@ TEST_F(FactoryTest, UnlockedTooOften_FactoriesAndLocksStillCount) {
     factory->LockServer(TRUE);
     factory->LockServer(FALSE);
     factory->LockServer(FALSE);
-    EXPECT_FALSE(CanUnload()) << "a factory still exists";
+    EXPECT_FALSE(CanUnload()) << "the DLL can be unloaded, but a factory exists";
     factory->LockServer(TRUE);
     factory.Reset();
-    EXPECT_FALSE(CanUnload()) << "the server is still locked";
+    EXPECT_FALSE(CanUnload()) << "the DLL can be unloaded, but the server is locked";
     Factory()->LockServer(FALSE);
     EXPECT_TRUE(CanUnload());
 }

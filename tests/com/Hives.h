@@ -1,4 +1,4 @@
-// Takes snapshots of the registry, and makes a registry key for tests.
+// Takes snapshots of registry keys.
 #pragma once
 
 #include <map>

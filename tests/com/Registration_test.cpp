@@ -102,7 +102,8 @@ class Registration : public testing::Test {
     const Hive userBefore = ExistingUserClasses();
 };
 
-/// Returns the number of values that only `after` has. Returns -1 if there is any other difference.
+/// Returns the number of values that only `after` has. Returns -1 if a key or value of `before` is missing or changed
+/// in `after`.
 int Added(const Hive& before, const Hive& after) {
     Hive rest = after;
     for (const auto& [path, value] : before) {

@@ -39,7 +39,7 @@ class Server : public testing::Test {
     }
 };
 
-TEST_F(Server, Exports_AreThoseOfASelfRegisteringServer) {
+TEST_F(Server, Exports_IncludeTheFunctionsOfAComServer) {
     const Library library(LoadLibraryW(DoubleDll().c_str()));
     ASSERT_TRUE(library) << GetLastError();
     for (const char* name :
@@ -144,7 +144,8 @@ TEST_F(Server, Resources_HaveTheTypeLibraryAndTheVersion) {
     EXPECT_STREQ(L"K4TBackProcess.dll", text);
 }
 
-/// For marshalling, Wine converts a library's path to the system's code page. So these tests use an ASCII path.
+/// For marshalling, Wine converts a library's path to the system's code page. So tests with two apartments use the
+/// folder with the ASCII name.
 constexpr wchar_t kPlainFolder[] = L"plain & blank";
 constexpr wchar_t kForeignFolder[] = L"f\u00FCr \u6F22\u5B57 & more";
 
@@ -181,7 +182,7 @@ TEST_F(RegisteredServer, ActivationByName_Succeeds) {
     EXPECT_THAT(sink->received, testing::ElementsAre("name|text"));
 }
 
-TEST_F(RegisteredServer, TypeLibrary_IsFoundInEveryLanguage) {
+TEST_F(RegisteredServer, TypeLibrary_IsFoundForOtherLocales) {
     for (const LCID language : {0x409, 0x411, 0}) {
         ComPtr<ITypeLib> library;
         EXPECT_EQ("0x00000000", Hex(LoadRegTypeLib(LIBID_K4TBackProcess, 1, 0, language, library.Put()))) << language;

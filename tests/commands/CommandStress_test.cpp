@@ -97,7 +97,7 @@ class ShippedComponent : public ::testing::Test {
     Bstr name_;
 };
 
-TEST_F(ShippedComponent, LoadedComponent_HasAllItsResources) {
+TEST_F(ShippedComponent, LoadedComponent_HasIconTypeLibraryAndVersion) {
     const HMODULE module = component_.Get();
     EXPECT_NE(FindResourceW(module, L"QUESTION", RT_GROUP_ICON), nullptr);
     EXPECT_NE(FindResourceW(module, MAKEINTRESOURCEW(1), L"TYPELIB"), nullptr);

@@ -1,9 +1,9 @@
-// A program that links this file can make all C++ allocations of the process fail.
+// A program that links this file can make all its allocations with `new` fail.
 #pragma once
 
 namespace tests {
 
-/// If `isShort` is true, all later allocations fail. Otherwise later allocations succeed again.
+/// If `isShort` is true, all later allocations with `new` fail. Otherwise they succeed again.
 void MakeMemoryShort(bool isShort);
 
 }  // namespace tests

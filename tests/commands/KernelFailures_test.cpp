@@ -103,7 +103,7 @@ TEST_F(KernelWithout, E_SetString_LoadAndCreationFail) {
     EXPECT_EQ(tests::ErrorOf([] { clsQmxBackProcess([](String&, String&) {}); }), runtime::kDllEntryPointNotFound);
 }
 
-TEST_F(KernelWithout, AnyFunction_CommandsWithoutTheFunctionRun) {
+TEST_F(KernelWithout, AnyFunction_CommandsThatDoNotNeedTheFunctionRun) {
     for (const StringView missing : {u"E_SetString", u"E_GetString", u"DB_DataBase", u"O_GetName"}) {
         for (const StringView command : {u"All,RD", u"All,UP", u"All,FMVHDLED,CUPL", u"All,NONE", u"Editor,SAVE"}) {
             EXPECT_EQ(Execute(command, missing), 0) << runtime::ToUtf8(missing) << ": " << runtime::ToUtf8(command);

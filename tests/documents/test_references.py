@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks the references in the documents: links, headings, files and folders. Also checks that test_documents.py
-runs each command or lists it with a reason.
+"""Checks that links have targets, that named files and folders exist, and that tables list the names in the sources.
+Also checks that test_documents.py runs each command or lists it with a reason.
 
     test_references.py PROJECT
 """
@@ -122,7 +122,7 @@ class Tables(unittest.TestCase):
 
 
 class Commands(unittest.TestCase):
-    """test_documents.py runs or compares every code block, or lists it with a reason."""
+    """test_documents.py runs or compares every code block, or lists it."""
 
     def steps(self, kind):
         return [step for document in test_documents.DOCUMENTS for step in test_documents.read(document)
@@ -133,7 +133,7 @@ class Commands(unittest.TestCase):
             with self.subTest(document.name):
                 self.assertIsNone(INDENTED.search(prose(document.read_text(encoding="utf-8"))))
 
-    def test_each_exception_is_needed(self):
+    def test_each_special_command_is_in_a_document(self):
         lines = [command.line for command in self.steps(blocks.Command)]
         for start in [*test_documents.NOT_FOLLOWED, *test_documents.ANSWERED]:
             self.assertTrue(any(line.startswith(start) for line in lines), start)

@@ -1,4 +1,4 @@
-// Fuzzes INI files with any bytes. Reading must end, and the reader must find every setting in plain form.
+// Fuzzes INI files with any bytes. Reading must end, and the reader must find a setting in an appended section.
 #include <cstdint>
 #include <cstdlib>
 #include <string_view>
@@ -15,7 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     settings.Find(u"Marlento", u"Ver");
     settings.Find(text, text);
 
-    // A new section after any text is read as if the file contained only that section.
+    // A setting in a new section is found after any text. Exception: if the section already has the setting, the
+    // earlier value is found.
     const bool nameIsTaken = settings.Find(u"own section", u"k") != nullptr;
     text += u"\n[own section]\nk=v";
     const IniText extended(locale, text);

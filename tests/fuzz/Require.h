@@ -6,7 +6,7 @@
 
 namespace tests {
 
-/// If `isTrue` is false, prints the law and aborts. The fuzzer then keeps the input.
+/// If `isTrue` is false, prints the rule `law` and aborts. The fuzzer then keeps the input.
 inline void Require(bool isTrue, const char* law) {
     if (isTrue) return;
     std::fprintf(stderr, "broken: %s\n", law);

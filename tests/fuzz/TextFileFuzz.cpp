@@ -1,5 +1,5 @@
-// Fuzzes language files with any bytes. Reading must end. The reader must not count a line twice. It must find every
-// text in plain form, and no text may be empty. A text must not change if it is written and read again.
+// Fuzzes language files with any bytes. Reading must end. The reader must not count a line twice. It must find an
+// appended text, and no text may be empty. A text must not change if it is written and read again.
 #include <algorithm>
 #include <cstdint>
 #include <string>

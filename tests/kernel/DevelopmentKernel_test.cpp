@@ -92,7 +92,7 @@ TEST_F(DevelopmentKernel, LockOwnerKilled_OtherProcessesContinue) {
     }
 }
 
-TEST_F(DevelopmentKernel, LockIsHeld_OthersReadAndSetUnchangedStrings) {
+TEST_F(DevelopmentKernel, LockIsHeld_ReadingAndStoringTheSameValueSucceed) {
     const LoadedKernel kernel = Load();
     EXPECT_NE(kernel.E_SetString("key", "value"), 0);
     Peer owner;

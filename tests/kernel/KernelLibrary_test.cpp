@@ -187,7 +187,8 @@ TEST_F(KernelLibraryTest, EnvironmentVariableOtherThan1_IsIgnored) {
     }
 }
 
-/// Puts into the current folder and into a folder of PATH a library that must not be loaded.
+/// Makes a folder with a kernel library the current folder and the first folder of PATH. The library must not be
+/// loaded.
 class PreparedLibraryTest : public KernelLibraryTest {
  protected:
     PreparedLibraryTest() {

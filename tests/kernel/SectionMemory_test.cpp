@@ -98,7 +98,7 @@ TEST(SectionMemory, NameOfAnObjectOfAnotherKind_IsRefused) {
     EXPECT_THROW(SectionMemory(name, kCapacity), StoreError);
 }
 
-TEST(SectionMemory, SmallerSection_LargeViewFails) {
+TEST(SectionMemory, SectionSmallerThanExpected_ViewBeyondItsEndFails) {
     const String name = OwnName(u"SectionMemorySmall");
     const SectionMemory small(name, kCapacity);
     SectionMemory large(name, 4 * kCapacity);

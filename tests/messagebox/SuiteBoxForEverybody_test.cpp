@@ -1,5 +1,5 @@
-// Tests the suite's message box for users with a screen reader, an input method, another theme, or monitors of several
-// resolutions.
+// Tests the suite's message box for users with a screen reader, an input method, other system colours, or monitors with
+// different DPI.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -76,7 +76,7 @@ TEST_F(SuiteBoxForEverybody, SystemColourChanges_OpenBoxUsesTheNewColour) {
     ExpectNothingIsLeft();
 }
 
-/// Returns a function of the system for resolutions. The headers declare these functions only for newer systems.
+/// Returns a system function for the awareness of DPI. The headers declare these functions only for newer systems.
 template <typename Function>
 Function* SystemEntry(const char* name) {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32"), name)));
@@ -110,7 +110,7 @@ TEST_F(SuiteBoxForEverybody, HostIsAwareOfEachMonitor_SystemScalesTheBox) {
     Ask(8, {look, Keys({VK_RETURN})});
     EXPECT_EQ(ofBox, kSystem);
     EXPECT_EQ(AwarenessOf(CurrentContext()), kEachMonitor);
-    // If a host ignores resolutions, the box ignores resolutions, too.
+    // If a host is not aware of the DPI, the box is not aware of the DPI, either.
     UseContext(-1);
     Ask(8, {look, Keys({VK_RETURN})});
     EXPECT_EQ(ofBox, kUnaware);

@@ -34,7 +34,7 @@ TEST_F(SuiteBoxInterference, OwnerUnloadsTheBoxWhenActivated_AnswerStays) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, OwnerDisablesItselfAfterwards_StaysDisabled) {
+TEST_F(SuiteBoxInterference, OwnerDisablesItselfWhenEnabled_StaysDisabled) {
     int enablings = 0;
     onEnabled_ = [&] {
         if (++enablings == 1) EnableWindow(owner_, FALSE);
@@ -63,7 +63,7 @@ TEST_F(SuiteBoxInterference, OwnerDestroyedWhenActivated_AnswerStays) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-TEST_F(SuiteBoxInterference, OwnerDestroyedWhileOpen_Cancels) {
+TEST_F(SuiteBoxInterference, OwnerDestroyedWhileTheBoxIsOpen_Cancels) {
     EXPECT_EQ(Ask(8, {Do([this](HWND) { DestroyTheOwner(); })}), 2);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }

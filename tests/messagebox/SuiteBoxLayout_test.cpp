@@ -67,7 +67,7 @@ TEST_F(SuiteBoxLayout, WidePrompt_WidensTheBoxAndCentresTheButtons) {
     });
 }
 
-TEST_F(SuiteBoxLayout, AnyPrompt_IsShownUnchanged) {
+TEST_F(SuiteBoxLayout, UnusualCharacters_AreShownUnchanged) {
     const String prompts[] = {
         u"",
         u"Save & quit && \"%d%s\" <b> '{ENTER}'",
@@ -84,7 +84,7 @@ TEST_F(SuiteBoxLayout, AnyPrompt_IsShownUnchanged) {
     }
 }
 
-TEST_F(SuiteBoxLayout, PromptOfAMegabyte_IsShownAndAnswered) {
+TEST_F(SuiteBoxLayout, PromptOfAMillionCharacters_IsShownAndAnswered) {
     constexpr std::size_t kMegabyte = 1 << 20;
     String words;
     String lines;

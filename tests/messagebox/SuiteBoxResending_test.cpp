@@ -20,7 +20,8 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-/// Records the keys and characters that the thread receives together with Alt: "key 59", "character 79".
+/// Records the keys and characters that the thread receives together with Alt: "key 59", "character 79". The codes are
+/// hexadecimal.
 class AltLog {
  public:
     AltLog() : hook_(SetWindowsHookExW(WH_GETMESSAGE, Note, nullptr, GetCurrentThreadId())) { lines.clear(); }
@@ -142,7 +143,7 @@ TEST_F(SuiteBoxResending, SignNeedsShift_IsSentWithShift) {
     ExpectNothingIsLeft();
 }
 
-/// Records the key strokes that the program sends: "down 10", "up 10".
+/// Records the key strokes that the program sends: "down 10", "up 10". The codes are hexadecimal.
 class SentKeys {
  public:
     SentKeys() { lines.clear(); }

@@ -1,5 +1,5 @@
 // Fixture for the suite's message box. The box is a real window above a real owner, and the fixture records the owner's
-// messages. The test's steps use the keyboard and the mouse through the system's input queue, as a user does.
+// messages. Most steps use the keyboard and the mouse through the system's input queue, as a user does.
 #pragma once
 
 #include <functional>

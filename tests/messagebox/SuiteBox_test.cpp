@@ -1,4 +1,5 @@
-// Tests the suite's message box as a user operates it with keys and clicks. Also tests all ways to close the box.
+// Tests the suite's message box as a user operates it with keys and clicks. Also tests ways to close the box, and
+// nested boxes.
 #include <gtest/gtest.h>
 
 #include "runtime/Error.h"
@@ -180,7 +181,7 @@ TEST_F(SuiteBox, OuterBoxUnloaded_CancelsTheInnerBox) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBox, NoActiveWindow_IsShown) {
+TEST_F(SuiteBox, NoActiveWindow_BoxIsShown) {
     ShowWindow(owner_, SW_HIDE);
     EXPECT_EQ(Ask(8, kClose), 2);
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);

@@ -137,7 +137,7 @@ TEST_F(SystemMessageBox, ActiveWindow_IsTheOwner) {
     EXPECT_EQ(GetActiveWindow(), owner_);
 }
 
-TEST_F(SystemMessageBox, NoActiveWindow_IsShown) {
+TEST_F(SystemMessageBox, NoActiveWindow_BoxIsShown) {
     ShowWindow(owner_, SW_HIDE);
     EXPECT_EQ(Show(MB_OK | MB_TASKMODAL, {Type(VK_RETURN)}), 1);
 }
@@ -180,7 +180,7 @@ TEST_F(SystemMessageBox, SystemModal_IsTopmost) {
     EXPECT_TRUE(Look(MB_ICONEXCLAMATION | MB_SYSTEMMODAL).extendedStyle & WS_EX_TOPMOST);
 }
 
-TEST_F(SystemMessageBox, AnyCharacter_IsShownUnchanged) {
+TEST_F(SystemMessageBox, UnusualCharacters_AreShownUnchanged) {
     const String prompt = u"a & b && \"%<\t\u65E5\u672C \U0001F600 \u05D0\u05D1 \xD800";
     const Seen seen = Look(MB_OK, prompt);
     EXPECT_EQ(seen.prompt, prompt);
@@ -191,11 +191,11 @@ TEST_F(SystemMessageBox, PromptWithANul_IsNotCut) {
     EXPECT_EQ(Look(MB_OK, StringView(u"first\0second", 12)).prompt, u"first second");
 }
 
-TEST_F(SystemMessageBox, EmptyPrompt_IsShown) {
+TEST_F(SystemMessageBox, EmptyPrompt_BoxIsShown) {
     EXPECT_EQ(Look(MB_OK, u"").title, u"Title");
 }
 
-TEST_F(SystemMessageBox, PromptOfAMegabyte_CanBeAnswered) {
+TEST_F(SystemMessageBox, PromptOfAMillionCharacters_CanBeAnswered) {
     String lines;
     while (lines.size() < 1 << 20) lines += String(78, u'x') + u"\r\n";
     EXPECT_EQ(Show(MB_YESNO | MB_DEFBUTTON2, {Type(VK_RETURN)}, lines), 7);
@@ -290,7 +290,7 @@ TEST_F(MessageBoxHelp, F1WithoutAHelpButton_OpensTheTopic) {
 TEST_F(MessageBoxHelp, HelpButton_OpensTheTopicAndTheBoxStays) {
     EXPECT_EQ(Show(MB_YESNO | kHelpButton, {Press(IDHELP), Pause(), Press(IDNO)}, u"", {u"C:\\a.chm", 7}), 7);
     // Wine 8 and Wine 10 show the button but ignore clicks on it. When a version of Wine supports the button, remove
-    // this exception and its entry in the list of deviations.
+    // this special case and its entry in the list of deviations.
     EXPECT_EQ(NewCalls(), IsWine() ? u"" : Call(u"C:\\a.chm 15 7"));
 }
 

@@ -63,7 +63,7 @@ def press_until(key, is_over, title=None):
     end = time.monotonic() + TIMEOUT
     while not is_over():
         if time.monotonic() > end:
-            raise TimeoutError(f"{key} does not end it")
+            raise TimeoutError(f"pressing {key} did not have the expected effect")
         if title:
             give_keyboard_to(title)
         press(key)
@@ -105,8 +105,8 @@ def registry():
 
 
 def files():
-    """Returns all files. Exceptions: set-up and removal leave two files in the folder for temporary files, the log and a
-    copy of the uninstaller. The next restart deletes the copy."""
+    """Returns all files except two that set-up and removal leave in the folder for temporary files: the log, and a copy of
+    the uninstaller. The next restart deletes the copy."""
     drive, log = prefix / "drive_c", log_file()
     return {str(path.relative_to(drive)) for path in drive.rglob("*") if "/Temp/~nsu" not in str(path) and path != log}
 

@@ -25,15 +25,15 @@ class QueryForEverybody : public QueryTest {
                   kNoAnswer);
         return elements;
     }
-    /// Returns the elements of a dialog. Only the element `input` depends on the kind.
+    /// Matches the elements of a dialog. Only the element `input` depends on the kind.
     static auto With(const std::string& input) {
         return ElementsAre("dialog [Title] description [Which side?]", "static text [Which side?]", "Button [Accept]",
                            "Button [Cancel]", input, "Button [More...]");
     }
 };
 
-// A text box has the prompt as its name. On Wine, no other control has it. On Windows, the other controls get their
-// name from a hidden label. QueryWindow_test checks this label.
+// A text box has the prompt as its name. On Wine, the other input controls do not have this name. On Windows, they get
+// it from a hidden label. QueryWindow_test checks this label.
 TEST_F(QueryForEverybody, ScreenReader_GetsRoleNameStateAndValueOfEachKind) {
     EXPECT_THAT(ElementsOf(1), With("text [Which side?] focused value [abc]"));
     EXPECT_THAT(ElementsOf(2), With("ComboBox [abc]"));

@@ -1,5 +1,5 @@
-// Fixture for the query dialog. The dialog is a real window above a real owner. The test's steps use the keyboard and
-// the mouse through the system's input queue, as a user does.
+// Fixture for the query dialog. The dialog is a real window above a real owner. Most steps use the keyboard and the
+// mouse through the system's input queue, as a user does.
 #pragma once
 
 #include "tests/support/ComponentFixture.h"

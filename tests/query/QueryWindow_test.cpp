@@ -114,7 +114,7 @@ TEST_F(QueryWindow, Dialog_IsCentred) {
     Look({}, ExpectCentred);
 }
 
-TEST_F(QueryWindow, AnyCharacters_AreReturnedUnchanged) {
+TEST_F(QueryWindow, UnusualCharacters_AreReturnedUnchanged) {
     const String texts[] = {
         u"\"quoted\" 'text' && a & b %d {ENTER}",
         u"a\tb\t\tc",
@@ -138,7 +138,7 @@ TEST_F(QueryWindow, LineBreaksOfATextBlock_AreReturnedUnchanged) {
     }
 }
 
-TEST_F(QueryWindow, TextOfAMegabyte_IsReturned) {
+TEST_F(QueryWindow, TextOfAMillionCharacters_IsReturned) {
     constexpr std::size_t kMegabyte = 1 << 20;
     String lines;
     while (lines.size() < kMegabyte) lines += String(78, u'x') + u"\r\n";

@@ -1,5 +1,6 @@
 // Tests the query dialog in real windows: input controls, focus, keys, activation and other windows. The tests in
-// dialogs/ cover the dialog's decisions. Both dialogs share modality and errors, which the message box tests cover.
+// dialogs/ cover the dialog's decisions. The query dialog and the message box share the code for modality and errors.
+// The tests of the message box cover this code.
 #include <gtest/gtest.h>
 
 #include "host/Composition.h"
@@ -29,7 +30,7 @@ DialogDriver::Step Shows(const String& text) {
     return [text](HWND dialog) { return TextOf(InputOf(dialog)) == text; };
 }
 
-/// Checks that the selection of an edit control or a combo box is from `from` to `to`.
+/// Checks that the input control's selection begins at `from` and ends before `to`.
 DialogDriver::Step IsSelected(DWORD from, DWORD to) {
     return Do([from, to](HWND dialog) {
         const HWND edit = FindWindowExW(InputOf(dialog), nullptr, L"Edit", nullptr);

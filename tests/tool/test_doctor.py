@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests the doctor. Each test puts the machine into a state in which a client fails.
+"""Tests the doctor. Most tests first cause a fault that makes a client fail.
 
     test_doctor.py WINE_RUN BIN_FOLDER
 """
@@ -15,7 +15,7 @@ CLASS = "{ECD8F3EF-620B-4D2C-8D9B-9F3E96273634}"
 
 
 def copy_package(folder, *left_out):
-    """Copies the component, its kernel and the tool into `folder`. Returns the path of the tool there."""
+    """Copies the component, its kernel and the tool into `folder`, without the files `left_out`. Returns the tool's path."""
     names = ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "dev/QmxKrn2K.dll")
     running.copy_built(folder, *(name for name in names if name not in left_out))
     return pathlib.Path(folder) / "backproc.exe"
@@ -41,7 +41,7 @@ class Doctor(ToolTestCase):
         for part in parts:
             self.assertIn(part, line)
 
-    def test_registered_for_the_machine_everything_is_ok(self):
+    def test_registered_for_the_machine_nothing_is_bad(self):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)
         lines = self.diagnose(program)
@@ -49,7 +49,7 @@ class Doctor(ToolTestCase):
         self.assertEqual(noted, [lines["kernel"]])
         self.assertEqual(lines["registration"], "ok   registration: for the machine")
         self.assertEqual(lines["file"], "ok   file: " + windows_path(self.folder / "K4TBackProcess.dll"))
-        self.assertEqual(lines["version"], "ok   version: 1.0, the same as its type library")
+        self.assertEqual(lines["version"], "ok   version: 1.0, the same as in its type library")
         self.assertEqual(lines["kernel"], "note kernel: " + windows_path(self.folder / "dev" / "QmxKrn2K.dll") +
                          ", development kernel: shares no strings with the suite; for use with the suite, "
                          "put its QmxKrn2K.dll beside the component")
@@ -67,7 +67,7 @@ class Doctor(ToolTestCase):
         lines = self.diagnose(program)
         self.assertEqual(lines["registration"], "ok   registration: for the user")
         self.assertEqual(lines["type library"], "ok   type library: registered for the same file")
-        # Wine's COM ignores the classes of a user. The doctor reports this.
+        # Wine's COM ignores classes that are registered for a user only. The doctor reports this.
         self.assert_bad(lines["activation"], "0x80040154", "backproc register")
 
     def test_registered_for_user_and_machine(self):
@@ -120,7 +120,7 @@ class Doctor(ToolTestCase):
         ini.write_text("[Marlento]\nVer=1\n", encoding="utf-16-le")
         self.assert_bad(self.diagnose(program)["INI file"], "NUL characters", "UTF-8")
 
-    def test_open_quote_in_the_module_list_every_verb_ends(self):
+    def test_open_quote_in_the_module_list_does_not_hang_the_tool(self):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)
         with LiveHost() as holder:
@@ -133,7 +133,7 @@ class Doctor(ToolTestCase):
                      for arguments in (("doctor", "--report", report), ("where",), ("strings",), ("texts",))}
         self.assertEqual(list(codes.values()), [1, 0, 0, 1], codes)
 
-    def test_state_record_belongs_to_the_main_form_with_its_caption(self):
+    def test_doctor_finds_the_main_form_that_the_state_record_names(self):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)
         with LiveHost() as holder:
@@ -162,7 +162,7 @@ class Doctor(ToolTestCase):
         self.assertNotIn("loading", lines)
         self.assertIn(b"cannot load the registered component 'K4TBackProcess.dll'", where[2])
 
-    def test_report_has_all_facts_for_a_ticket(self):
+    def test_report_has_findings_registry_strings_and_ini_file(self):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)
         ini = self.folder / "sys" / "MARLENTO.INI"

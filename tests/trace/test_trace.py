@@ -79,7 +79,7 @@ class Component(Registered):
         self.assertRegex(lines[0], r"^trace started program=\[.*backproc\.exe\] arguments=\[host\] component=\[.*\.dll\]")
         self.assertRegex(lines[-1], r"^released instance=\[1\] ms=\[")
 
-    def test_nothing_is_written_without_the_variable(self):
+    def test_nothing_is_written_if_the_variable_is_empty(self):
         before = set(self.folder.iterdir())
         run(running.bin_folder / "backproc.exe", "host", text=COMMANDS, environment={"K4TBACKPROCESS_TRACE": ""})
         self.assertEqual(set(self.folder.iterdir()), before)
