@@ -44,7 +44,7 @@ const fs::path& Root() {
     return root.path;
 }
 
-/// Serves the machine's files. For each path, this class opens the file with the same name in Root().
+/// Reads real files. For each path, this class opens the file with the same name in Root().
 class DiskFiles : public runtime::FilesPort {
  public:
     String CurrentFolder() override { return {}; }
@@ -102,7 +102,7 @@ std::string MakeCatalogue(int texts) {
     return domain;
 }
 
-/// Returns the identifiers in an order that makes caches useless.
+/// Returns 10,000 identifiers of the `texts` identifiers in a scattered order.
 template <typename Text>
 std::vector<Text> Shuffled(Text (*make)(int), int texts) {
     constexpr int kIdentifiers = 10'000;

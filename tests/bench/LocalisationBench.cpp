@@ -1,5 +1,5 @@
-// Compares two times: the time to localise a form, and the time to set a caption and a font directly on each of its
-// controls. Both use the same texts in memory and start with a newly loaded form.
+// Compares two times: the time to localise a form, and the time to set captions and a font directly on its controls.
+// Both use the same texts in memory and start with a newly loaded form.
 #include <functional>
 #include <string>
 

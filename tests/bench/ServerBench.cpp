@@ -1,10 +1,9 @@
 // Compares the times of clients' calls with the times of similar calls of the system. The program calls the component
-// only through COM and the kernel only through its exports. Therefore the program can measure every DLL that was ever
-// built. It registers the DLL in a prefix that scripts/bench deletes afterwards. The input is in environment variables,
-// because the component parses the command line of its client:
-//     BENCH_DLL, BENCH_KERNEL    the component and the kernel
-//     BENCH_STEPS=1              runs each step of a client once; before each step, a mark appears in the
-//                                trace of server calls
+// only through COM and the kernel only through its exports. Therefore the program can also measure the DLLs of earlier
+// commits. It registers the DLL in a Wine prefix of its own. The input is in environment variables, because the
+// component parses the command line of its client: BENCH_DLL, BENCH_KERNEL    the component and the kernel
+// BENCH_STEPS=1              runs each step of a client once; before each step, a mark appears in the trace of server
+// calls
 #include <cstring>
 #include <vector>
 
@@ -16,8 +15,9 @@
 
 #include <commctrl.h>  // needs the headers above
 
-/// Declares the methods of the dictionary's own interface that the program calls. This type is outside the unnamed
-/// namespace. Inside, the compiler would assume that no class implements the interface, and could remove the calls.
+/// Declares the dictionary's own interface up to the last method that the program calls. This type is outside the
+/// unnamed namespace. Inside, the compiler would assume that no class implements the interface, and could remove the
+/// calls.
 struct IDictionary : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE putref_Item(VARIANT* key, VARIANT* item) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Item(VARIANT* key, VARIANT* item) = 0;
@@ -118,7 +118,7 @@ void MakeBareWindow() {
     DestroyWindow(window);
 }
 
-/// Measures similar calls of the system: reading a value of an open registry key, and locking a mutex.
+/// Makes similar calls of the system: reading and writing a value of an open registry key, and locking a mutex.
 class SystemPeers {
  public:
     SystemPeers() {

@@ -22,8 +22,8 @@ DOCUMENTS = ["README.md", "docs/USING.md", "docs/REFERENCE.md", "docs/TROUBLESHO
 PACKAGE = "build/wine/drive_c/Orvane"  # the current folder of the Windows prompt
 TIMEOUT = 900  # seconds for all commands together; they take about 90
 
-# This test does not run commands that start with a text below. Each text has a reason. After a change, run
-# the commands by hand.
+# This test does not run commands that start with a text below. Each text has a reason. After a change of such a
+# command, run it by hand.
 BUILDS = "a build takes minutes"
 NEEDS_THE_BUILD = "needs the files of such a build"
 CHANGES_SOURCES = "needs or changes edited sources"
@@ -143,7 +143,7 @@ class Documents(unittest.TestCase):
 
     def check(self, command, outputs, number):
         with self.subTest(f"{command.document}: {command.line}"):
-            self.assertTrue((outputs / f"{number}.code").exists(), "it was not reached")
+            self.assertTrue((outputs / f"{number}.code").exists(), "the script did not reach the command")
             printed = (outputs / str(number)).read_text(encoding="utf-8", errors="replace").replace("\r", "")
             if command.expected is None:
                 self.assertEqual((outputs / f"{number}.code").read_text(), "0\n", printed)

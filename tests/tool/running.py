@@ -96,7 +96,8 @@ class LiveHost:
 
 
 class Scenario:
-    """Describes one run of the tool. The file consists of sections, and each section has a heading "--- name".
+    """Describes one run of the tool. The file consists of sections, and each section has a heading "--- name". Text before
+    the first section says what the scenario shows.
 
     arguments  one per line; {bin} is replaced by the tool's folder
     input      the standard input

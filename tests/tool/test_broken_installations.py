@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Breaks an installation in one way after the other. Repairs each by following the doctor's advice literally.
+"""Breaks an installation in many ways. Repairs each damage by following the doctor's advice literally.
 
     test_broken_installations.py WINE_RUN BIN_FOLDER
 
@@ -52,7 +52,7 @@ def as_64_bit(library):
 
 
 class Installation:
-    """Copies the package to its own folder and registers the component for the machine."""
+    """A copy of the package in its own folder."""
 
     def __init__(self, root):
         self.folder = root / "Orvane"

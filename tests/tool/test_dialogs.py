@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Runs the verbs that show dialogs. Answers each dialog by keyboard.
+"""Runs the verbs that show dialogs. Answers the dialogs by keyboard, or lets a time limit close them.
 
     test_dialogs.py WINE_RUN BIN_FOLDER
 """
@@ -52,7 +52,7 @@ class Dialogs(ToolTestCase):
     def ask(self, key, *arguments):
         return self.answer([key], "query", *arguments)
 
-    def test_query_opens_the_help_of_its_own_folder(self):
+    def test_query_opens_the_help_file_in_the_tools_folder(self):
         with tempfile.TemporaryDirectory() as name:
             folder = pathlib.Path(name)
             running.copy_built(folder, "backproc.exe", "dev/QmxKrn2K.dll")

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests the forms' font and the texts on systems with several languages. Wine reads the system's locale from its
+"""Tests the forms' font and the texts on systems with different locales. Wine reads the system's locale from its
 environment.
 
     test_locales.py WINE_RUN BIN_FOLDER LOCALE_FOLDER
@@ -17,7 +17,7 @@ import unittest
 TIMEOUT = 120  # seconds; a run takes one or two
 JAPANESE_FACE = "\uFF2D\uFF33 \uFF30\u30B4\u30B7\u30C3\u30AF"
 WINE_FONTS = pathlib.Path("/usr/share/wine/fonts")
-# MS Sans Serif has a file for each code page. A system shows the file for its own code page.
+# MS Sans Serif has a file for each code page. A system uses the file for its own code page.
 MS_SANS_SERIF = sorted(font.name for font in WINE_FONTS.glob("ss*.fon"))
 
 wine_run = ""
@@ -142,7 +142,7 @@ class SystemLocaleWithMsSansSerif(LocaleTestCase):
     def test_japanese_ignores_ms_sans_serif(self):
         self.check("ja_JP", "0x0411", JAPANESE_FACE, "9", "128", "Japanese")
 
-    def test_character_set_is_the_user_s(self):
+    def test_character_set_follows_the_users_locale(self):
         for locale, character_set in (("el_GR", "161"), ("ru_RU", "204"), ("ja_JP", "128")):
             with self.subTest(locale):
                 lines = lines_of(locale, "0x0407")

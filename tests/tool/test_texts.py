@@ -105,7 +105,7 @@ class Texts(ToolTestCase):
                             "give a folder that has a K4TBackProcess.txt\n")
                 self.assertEqual(tool(*arguments), (failure, b"", expected.encode()))
 
-    def test_exit_code_depends_only_on_missing_texts(self):
+    def test_without_check_only_missing_texts_are_a_failure(self):
         german = (EXAMPLES / "languages" / "German" / "K4TBackProcess.txt").read_text(encoding="utf-8")
         with tempfile.TemporaryDirectory() as folder:
             texts = pathlib.Path(folder) / "K4TBackProcess.txt"

@@ -3,8 +3,8 @@
 
     test_tool.py WINE_RUN BIN_FOLDER
 
-Each file in scenarios/ describes one run of the tool. This file has the tests with several processes. The component is
-registered only for the tests that need it.
+Each file in scenarios/ describes one run of the tool. This file has the tests that need several processes,
+prepared files or another folder. The component is registered only for the tests that need it.
 """
 import pathlib
 import shutil
@@ -140,7 +140,8 @@ class WithoutComponent(ToolTestCase):
 class WithComponent(ToolTestCase):
     @classmethod
     def setUpClass(cls):
-        # The component is registered for the machine, because Wine's COM ignores the classes of a user.
+        # The component is registered for the machine, because Wine's COM ignores classes that are registered for a user
+        # only.
         code, _, errors = tool("register")
         if code != 0:
             raise RuntimeError("cannot register: " + errors.decode())
