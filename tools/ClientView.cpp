@@ -67,7 +67,7 @@ ComponentInForce FindComponent() {
 }
 
 std::string_view ScopeInWords(const ComponentInForce& component) {
-    if (!component.scope) return "not registered, the copy beside this tool";
+    if (!component.scope) return "not registered; the copy beside this tool";
     return *component.scope == Scope::kUser ? "registered for the user" : "registered for the machine";
 }
 
@@ -102,7 +102,7 @@ ComponentInForce ComposeAsClient(std::string_view verb, std::ostream& err) {
             module = loaded;
         } else {
             err << "backproc " << verb << ": cannot load the registered component " << Quoted(component.library)
-                << "; looking beside this tool; run 'backproc doctor' to see why\n";
+                << " (run 'backproc doctor' to see why); using this tool's folder instead\n";
             component = {ToolFolder() + u"\\K4TBackProcess.dll", std::nullopt};
         }
     }
@@ -116,8 +116,8 @@ void PrintWhichComponent(std::string_view verb, const ComponentInForce& componen
     const String folder = FolderOf(component.library);
     if (IsSamePath(folder, ToolFolder())) return;
     const auto kernel = KernelOfClients(folder);
-    err << "backproc " << verb << ": this is what " << Display(component.library) << " gives, "
-        << ScopeInWords(component) << ", with the kernel " << (kernel ? Display(kernel->path) : "(none)") << '\n';
+    err << "backproc " << verb << ": using the component " << Display(component.library) << " ("
+        << ScopeInWords(component) << ") and the kernel " << (kernel ? Display(kernel->path) : "(none)") << '\n';
 }
 
 }  // namespace tools

@@ -27,7 +27,7 @@ struct ComponentInForce {
 /// Finds the component that COM loads for a client. Without a registration, returns the copy in the tool's folder.
 ComponentInForce FindComponent();
 
-/// Returns "registered for the machine", "registered for the user" or "not registered, the copy beside this tool".
+/// Returns "registered for the machine", "registered for the user" or "not registered; the copy beside this tool".
 std::string_view ScopeInWords(const ComponentInForce& component);
 
 /// Finds the kernel library that the component in `componentFolder` loads. The function assumes that the client is not

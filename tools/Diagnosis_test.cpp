@@ -161,7 +161,7 @@ TEST(Diagnosis, MissingIniFile_IsGood_DamagedIniFile_IsBad) {
     EXPECT_EQ(FindingOf(machine, "INI file").grade, Grade::kOk);
 }
 
-TEST(Diagnosis, LanguageFolderWithoutAFile_IsBad_MissingTexts_AreNoted) {
+TEST(Diagnosis, LanguageFolder_NoFileOrUnreadableLines_IsBad) {
     MachineState machine = Sound();
     machine.language = {.folder = u"C:\\German", .hasFile = true, .lacking = 3, .skipped = 0};
     const Finding lacking = FindingOf(machine, "language");

@@ -11,7 +11,7 @@ namespace tools {
 /// "␊", a carriage return "␍". All other characters stay unchanged, including backslashes.
 std::string Display(runtime::StringView text);
 
-/// Returns a name or value for use in a sentence. The text is in single quotes and is cut off after 200 characters.
+/// Returns a name or value for use in a sentence. The text is in single quotes and is cut off after 200 UTF-16 units.
 std::string Quoted(runtime::StringView text);
 
 }  // namespace tools

@@ -12,8 +12,9 @@ namespace tools {
 namespace {
 
 constexpr const char* kListEntry = "QmxDev_NextString";
-/// Writes the key after `afterKey` (the first key for null) into the buffer. Returns its length with the terminating
-/// NUL, or 0 after the last key. If the buffer is too small, the buffer stays unchanged.
+/// Writes the key after `afterKey` (the first key for null) into the buffer. Returns the key's length with the
+/// terminating NUL, 0 after the last key, or a negative number if the kernel cannot reach its strings. If the buffer is
+/// too small, the buffer stays unchanged.
 using NextString = long __stdcall(const char* afterKey, char* keyBuffer, long size);
 
 /// Returns the address of a function of the library at `path`. The library must be loaded. The function needs the full

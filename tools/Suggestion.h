@@ -10,7 +10,7 @@ namespace tools {
 
 /// Returns the candidate that is most similar to `word`, or no value if no candidate is similar. Two words are similar
 /// if they differ in a few inserted, deleted, replaced or swapped letters. They are also similar if one word is the
-/// beginning of the other. The case of ASCII letters is ignored.
+/// beginning of the other and has at least four letters. The case of ASCII letters is ignored.
 std::optional<std::string> Nearest(std::string_view word, std::span<const std::string> candidates);
 
 /// Returns "; did you mean 'CANDIDATE'?", or "" if no candidate is similar.

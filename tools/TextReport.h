@@ -30,14 +30,15 @@ struct TextReportCounts {
 };
 
 /// Writes one fact per line to `out`. The first lines show each text of the catalogue with its translation. The next
-/// lines show each problem with the file's name and the line number. The last lines show the counts. Without a `file`,
-/// the texts are English. `locale` decides which letters differ only in case.
+/// lines show each problem with the file's name and, except for a wrong encoding, the line number. The last line shows
+/// how many identifiers are translated. Without a `file`, the texts are English. `locale` decides which letters differ
+/// only in case.
 TextReportCounts WriteTextReport(std::ostream& out, std::span<const host::CatalogueText> catalogue,
                                  const std::optional<LanguageFileText>& file, runtime::LocalePort& locale,
                                  const CaptionMeasure& measure);
 
-/// True if the bytes seem to be UTF-16. Such bytes begin with the byte order mark of UTF-16, or their first characters
-/// contain NULs. A language file must be UTF-8.
+/// True if the bytes seem to be UTF-16. Such bytes begin with the byte order mark of UTF-16, or exactly one of their
+/// first two bytes is NUL. A language file must be UTF-8.
 bool IsUtf16(std::string_view bytes);
 
 /// Writes a language file with the English texts. The comment above each text names the place where the component shows

@@ -20,7 +20,8 @@ bool AsksForHelp(const String& argument) {
     return argument == u"--help" || argument == u"-h" || argument == u"/?";
 }
 
-/// True if a help option is anywhere before "--". Arguments after "--" are never options.
+/// True if the first argument is a help option, or if --help is anywhere before "--". Arguments after "--" are never
+/// options.
 bool AsksForHelpAnywhere(const Arguments& arguments) {
     if (!arguments.empty() && AsksForHelp(arguments.front())) return true;
     const auto end = std::find(arguments.begin(), arguments.end(), kEndOfOptions);

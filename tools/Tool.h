@@ -1,5 +1,5 @@
 // Finds the verb in the command line and runs the verb. Handles help and version. Converts errors to messages and exit
-// codes. This code contains no verb's name and is portable.
+// codes. This code is portable and gets the verbs as a table.
 #pragma once
 
 #include <span>

@@ -10,7 +10,8 @@ namespace tools {
 
 namespace {
 
-/// Returns the number in `digits`. Returns no value if `digits` contains another character.
+/// Returns the number in `digits`. Returns no value if `digits` is not a number of this base, or if the number does not
+/// fit.
 template <typename Number>
 std::optional<Number> Whole(std::string_view digits, int base) {
     Number number{};

@@ -1,5 +1,5 @@
 // Makes the errors for a wrong command line. All verbs use the same words for the same mistake. Each error names the
-// wrong argument.
+// wrong or missing argument.
 #pragma once
 
 #include <cstdint>
@@ -26,8 +26,8 @@ void RequireAtMost(std::size_t max, const Arguments& arguments);
 /// Parses a decimal number. Throws a UsageError that contains `name` if `text` is not a number or is out of range.
 std::int64_t ReadWhole(StringView text, std::string_view name, std::int64_t least, std::int64_t greatest);
 
-/// Parses a 32-bit number: decimal with or without a sign, or "0x" and hexadecimal digits up to 0xFFFFFFFF. Throws a
-/// UsageError that contains `name` if `text` is not such a number.
+/// Parses a 32-bit number: decimal digits, with '-' for a negative number, or "0x" and hexadecimal digits up to
+/// 0xFFFFFFFF. Throws a UsageError that contains `name` if `text` is not such a number.
 std::int32_t ReadNumber(StringView text, std::string_view name);
 
 }  // namespace tools

@@ -68,7 +68,8 @@ String DefaultWithOrWithoutKernel(const services::SuiteSetting& setting, bool ha
     return u"C:\\?" + String(setting.defaultText);
 }
 
-/// The component stores the values of these settings in shared strings. The kernel converts them to the ANSI code page.
+/// True if the component stores the setting's value in a shared string. The kernel converts shared strings to the ANSI
+/// code page.
 bool IsPublished(const services::SuiteSetting& setting) {
     constexpr StringView kPublished[] = {u"JobDir", u"LibDir", u"SysName", u"Maker", u"Copyright"};
     return std::ranges::find(kPublished, setting.key) != std::end(kPublished);

@@ -61,7 +61,7 @@ class WithoutComponent(ToolTestCase):
         self.assertIn("job folder=[D:\\job] INI file", plain)
         self.assertEqual((code, errors), (0, b""))
         here = windows_path(running.bin_folder)
-        self.assertEqual(plain[0], f"component=[{here}\\K4TBackProcess.dll] not registered, the copy beside this tool")
+        self.assertEqual(plain[0], f"component=[{here}\\K4TBackProcess.dll] not registered; the copy beside this tool")
         self.assertEqual(plain[1], f"kernel=[{here}\\dev\\QmxKrn2K.dll] development kernel")
         self.assertEqual(plain[2], f"install folder=[{here}] component")
         self.assertIn("secondary job folder=[C:\\CADJOB] default", plain)
@@ -206,8 +206,8 @@ class WithComponent(ToolTestCase):
         self.assertEqual(where[0], f"component=[{here}\\K4TBackProcess.dll] registered for the machine")
         self.assertEqual(where[2], f"install folder=[{here}] component")
         self.assertEqual((code, output), (0, b""))
-        self.assertEqual(errors.decode(), f"backproc strings: this is what {here}\\K4TBackProcess.dll gives, registered for "
-                                          f"the machine, with the kernel {here}\\dev\\QmxKrn2K.dll\n")
+        self.assertEqual(errors.decode(), f"backproc strings: using the component {here}\\K4TBackProcess.dll (registered "
+                                          f"for the machine) and the kernel {here}\\dev\\QmxKrn2K.dll\n")
 
     def test_lz_changes_the_caption_and_restores_it(self):
         with tempfile.TemporaryDirectory() as folder:
