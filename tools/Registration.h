@@ -24,7 +24,7 @@ struct RegistryValue {
     String name;  ///< empty for the key's default value
     String text;
 };
-/// Returns those values of the registration that exist.
+/// Returns the existing values of the registration.
 std::vector<RegistryValue> RegisteredValues(Scope scope);
 /// Returns the class for which the name is registered. The user's entry hides the machine's entry.
 NameEntry RegisteredName();

@@ -123,7 +123,7 @@ TEST_F(ToolTest, HelpAfterTheEndOfOptions_IsAnArgument) {
     EXPECT_EQ(out.str(), "<--><--help>");
 }
 
-TEST_F(ToolTest, Overview_HasOneTableOfExitCodes) {
+TEST_F(ToolTest, Overview_ListsTheExitCodes) {
     EXPECT_EQ(Run({u"help"}), 0);
     EXPECT_THAT(out.str(), HasSubstr("\nExit codes:\n  0      done"));
     EXPECT_THAT(out.str(), HasSubstr("\n  64     msgbox, query: the command line cannot be understood\n"));

@@ -1,4 +1,4 @@
-// Declares what the tests of the COM interface share: a thread with COM, instances that are created as clients do it,
+// Declares what the tests of the COM interface share: a thread with COM, instances created as clients create them,
 // late-bound calls, and readable results.
 #pragma once
 

@@ -71,7 +71,7 @@ TEST_F(Diagnostics, OtherThread_IsRefused) {
 }
 
 TEST_F(Diagnostics, ProxyOfAnotherApartment_LacksTheDiagnostics) {
-    ASSERT_EQ(S_OK, host::com::RegisterServer()) << "the proxy needs the registered type library";
+    ASSERT_EQ(S_OK, host::com::RegisterServer()) << "cannot register the type library, which the proxy needs";
     InOtherApartment([&] {
         const auto proxy = MakeInstance();
         ASSERT_TRUE(proxy);

@@ -1,5 +1,5 @@
 // Tests the thread's error object after a call. Either the call has set the error object, or the thread has none. A
-// release keeps the earlier error object.
+// release without an error keeps the earlier error object.
 #include "tests/com/ComTest.h"
 #include "tests/com/Sink.h"
 

@@ -29,7 +29,8 @@ ULONG ReferencesTo(IUnknown* object) {
 }
 
 TEST_F(Information, AfterTheFirstInstance_TheTypeLibraryStaysOpen) {
-    EXPECT_EQ(2u, ReferencesTo(OwnTypeLibrary().Get())) << "the test and the component hold one reference each";
+    EXPECT_EQ(2u, ReferencesTo(OwnTypeLibrary().Get()))
+        << "expected one reference of the test and one of the component";
     {
         const auto second = MakeInstance();
         EXPECT_EQ(2u, ReferencesTo(OwnTypeLibrary().Get()));

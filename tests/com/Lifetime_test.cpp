@@ -55,7 +55,7 @@ TEST_F(Lifetime, CallDuringShutdown_Succeeds) {
     EXPECT_THAT(TheDouble().log, ElementsAre("made", "terminate", "notify [] [QUERY]", "destroyed"));
 }
 
-TEST_F(Lifetime, ReferenceTakenDuringShutdown_FailsWithError91) {
+TEST_F(Lifetime, ReferenceTakenDuringShutdown_CallsFailWithError91) {
     ComPtr<_clsQmxBackProcess> kept;
     _clsQmxBackProcess* const last = instance.Detach();
     const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {

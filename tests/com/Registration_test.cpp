@@ -169,7 +169,7 @@ TEST_F(Registration, TypeLibraryRegisteredByAProgram_IsRemoved) {
     EXPECT_EQ(machineBefore, MachineClasses());
 }
 
-TEST_F(Registration, UnknownInstallation_IsRefused) {
+TEST_F(Registration, InstallationWithAnUnknownText_IsRefused) {
     for (const wchar_t* line : {L"machine", L"user "}) {
         EXPECT_EQ("0x80070057", Hex(host::com::Install(true, line)));
         EXPECT_EQ("0x80070057", Hex(host::com::Install(false, line)));

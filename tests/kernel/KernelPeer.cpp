@@ -151,7 +151,7 @@ class PeerProcess {
         return "locked";
     }
 
-    // Leaves the memory as a process does that was killed while it added a record.
+    // Begins to add a record and does not finish it, as if the process were killed.
     std::string WriteHalf(const Fields& fields) {
         LockOnly(fields);
         const std::uint32_t space = memory_->Load(Word::kGeneration) % 2;

@@ -11,7 +11,8 @@ namespace tests::kernel {
 /// Returns the development kernel's folder.
 runtime::String KernelFolder();
 
-/// A second process. Every wait for the process has a time limit. When the time is over, the reply is "no answer".
+/// A second process. Every wait for the process has a time limit. If a reply does not arrive in time, Answer returns
+/// "no answer". If the process does not end in time, the test fails.
 class Peer {
  public:
     Peer();

@@ -1,5 +1,6 @@
-// Tests how the suite's message box sends a character again together with Alt. If the character has its own key and the
-// box is in the foreground, the box sends key strokes. Otherwise the box posts the character.
+// Tests how the suite's message box sends a character again together with Alt. If an ASCII character has a key, alone
+// or with Shift, the box sends key strokes. It posts the character instead if another program is in the foreground, or
+// if Caps Lock or a held key would change the character.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

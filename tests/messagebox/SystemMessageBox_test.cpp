@@ -205,7 +205,7 @@ TEST_F(SystemMessageBox, UnknownButtons_AreAnInvalidArgument) {
     for (const std::int32_t flags : {7, 15, 7 + 4096}) {
         try {
             Show(flags, {});
-            ADD_FAILURE() << "shown: " << flags;
+            ADD_FAILURE() << "no error for the flags " << flags;
         } catch (const Error& error) {
             EXPECT_EQ(error.Number(), kInvalidProcedureCall);
         }
