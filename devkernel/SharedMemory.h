@@ -39,7 +39,7 @@ class SharedMemory {
     /// Returns the maximum size of each space, in bytes.
     virtual std::uint32_t Capacity() const = 0;
     /// Makes the first `size` bytes of `space` (0 or 1) accessible to this process. False if there is not enough
-    /// memory.
+    /// memory. The process may then have no access to `space` until a later call succeeds.
     virtual bool View(std::uint32_t space, std::uint32_t size) = 0;
     /// Reads bytes that View made accessible. A writer may change the bytes during the call. A later Load is not
     /// reordered before the read.

@@ -160,7 +160,7 @@ void StringStore::CatchUp() {
 
     const std::uint32_t used = memory_.Load(UsedOf(ActiveSpace()));
     if (used < seen_ || used > memory_.Capacity()) throw StoreError("the used size of the shared strings is invalid");
-    if (used == seen_) return;
+    // Also without new records, because a failed View has ended the access.
     if (!memory_.View(ActiveSpace(), used)) throw StoreError("cannot map the shared strings into this process");
     while (seen_ < used) {
         const Record record = ReadRecord(memory_, ActiveSpace(), seen_, used);
@@ -202,7 +202,8 @@ bool StringStore::Append(std::string_view key, std::string_view value) {
 }
 
 bool StringStore::Rewrite(std::string_view key, std::string_view value, std::uint32_t liveAfter) {
-    if (!memory_.View(OtherSpace(), liveAfter)) return false;
+    // A failed append has ended the access to the active space.
+    if (!memory_.View(ActiveSpace(), seen_) || !memory_.View(OtherSpace(), liveAfter)) return false;
     const auto kept = static_cast<std::uint32_t>(liveAfter - RecordSize(key.size(), value.size()));
     CopyLiveRecordsExcept(key, kept);
     WriteRecord(memory_, OtherSpace(), kept, key, value);

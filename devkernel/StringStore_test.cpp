@@ -17,8 +17,9 @@ using testing::Optional;
 
 struct WriterDied {};
 
-/// Implements shared memory in ordinary memory. If several stores use one object, each store acts as a process. Each
-/// written byte and each stored word is one step. The writer dies when `stepsLeft` steps are done.
+/// Implements shared memory in ordinary memory. If several stores use one object, each store acts as a process. All
+/// stores share the views. Each written byte and each stored word is one step. The writer dies when `stepsLeft` steps
+/// are done.
 class HeapMemory : public SharedMemory {
  public:
     explicit HeapMemory(std::uint32_t capacity) : capacity_(capacity) {}
@@ -36,24 +37,28 @@ class HeapMemory : public SharedMemory {
     std::uint32_t Capacity() const override { return capacity_; }
     bool View(std::uint32_t space, std::uint32_t size) override {
         EXPECT_LE(size, capacity_);
-        if (size > available) return false;
+        std::uint32_t& viewed = viewed_.at(space);
+        viewed = size > available ? 0 : std::max(viewed, size);
         Bytes& bytes = spaces_.at(space);
-        if (bytes.size() < size) bytes.resize(size);
-        peak = std::max(peak, size);
-        return true;
+        if (bytes.size() < viewed) bytes.resize(viewed);
+        peak = std::max(peak, viewed);
+        return size <= viewed;
     }
     void Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const override {
-        const Bytes& read = spaces_.at(space);
-        ASSERT_LE(offset + size, read.size());
-        if (size > 0) std::memcpy(bytes, read.data() + offset, size);
+        ASSERT_LE(offset + size, viewed_.at(space));
+        if (size > 0) std::memcpy(bytes, spaces_.at(space).data() + offset, size);
     }
     void Write(std::uint32_t space, std::uint32_t offset, const void* bytes, std::size_t size) override {
+        ASSERT_LE(offset + size, viewed_.at(space));
         for (std::size_t i = 0; i < size; ++i) {
             Step();
             spaces_.at(space).at(offset + i) = static_cast<const std::byte*>(bytes)[i];
         }
     }
-    void Release(std::uint32_t space) noexcept override { released.push_back(space); }
+    void Release(std::uint32_t space) noexcept override {
+        viewed_[space] = 0;
+        released.push_back(space);
+    }
 
     void Overwrite(Word word, std::uint32_t value) { words_[static_cast<std::size_t>(word)] = value; }
     void OverwriteBytes(std::uint32_t space, std::uint32_t offset, std::uint32_t value) {
@@ -78,6 +83,7 @@ class HeapMemory : public SharedMemory {
     bool locked_ = false;
     std::array<std::uint32_t, kWordCount> words_{};
     std::array<Bytes, 2> spaces_;
+    std::array<std::uint32_t, 2> viewed_{};  ///< accessible bytes of each space
 };
 
 constexpr std::uint32_t kRoom = 1 << 20;
@@ -205,6 +211,30 @@ TEST(StringStore, SystemGrantsNoMemory_OldValueIsKept) {
     EXPECT_FALSE(store.Set("a", std::string(200, 'x')));
     EXPECT_THAT(store.Get("a"), Optional(std::string("old")));
     EXPECT_TRUE(store.Set("b", "small"));
+}
+
+TEST(StringStore, ViewIsLostAndDoesNotReturn_StoreErrorUntilItDoes) {
+    HeapMemory memory(kRoom);
+    StringStore store(memory);
+    EXPECT_TRUE(store.Set("a", "old"));
+    memory.available = 100;
+    EXPECT_FALSE(store.Set("a", std::string(200, 'x')));
+    memory.available = 0;
+    EXPECT_THROW(store.Get("a"), StoreError);
+    EXPECT_THROW(store.Set("a", "new"), StoreError);
+    memory.available = UINT32_MAX;
+    EXPECT_THAT(store.Get("a"), Optional(std::string("old")));
+}
+
+TEST(StringStore, OnlyARewriteFitsIntoAView_OtherStringsAreKept) {
+    HeapMemory memory(kRoom);
+    StringStore store(memory);
+    EXPECT_TRUE(store.Set("kept", "1"));
+    EXPECT_TRUE(store.Set("a", std::string(60, 'o')));
+    memory.available = 150;
+    EXPECT_TRUE(store.Set("a", std::string(100, 'n')));
+    EXPECT_THAT(store.Get("kept"), Optional(std::string("1")));
+    EXPECT_THAT(store.Get("a"), Optional(std::string(100, 'n')));
 }
 
 TEST(StringStore, ViewFails_StoreError) {

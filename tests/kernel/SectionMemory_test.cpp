@@ -4,6 +4,9 @@
 
 #include <cstring>
 #include <thread>
+#include <vector>
+
+#include "devkernel/StringStore.h"
 
 namespace devkernel {
 namespace {
@@ -90,6 +93,44 @@ TEST(SectionMemory, LockIsHeld_OnlyTheFirstWaitIsLong) {
         other.Lock();
         other.Unlock();
     }).join();
+}
+
+/// Reserves the whole free address space of the process.
+class FullAddressSpace {
+ public:
+    FullAddressSpace() {
+        constexpr std::size_t kSmallest = 64 * 1024;
+        constexpr std::size_t kLargest = 1 << 30;
+        blocks_.reserve(kLargest / kSmallest);
+        for (std::size_t size = kLargest; size >= kSmallest; size /= 2) {
+            while (void* const block = VirtualAlloc(nullptr, size, MEM_RESERVE, PAGE_NOACCESS)) {
+                blocks_.push_back(block);
+            }
+        }
+    }
+    FullAddressSpace(const FullAddressSpace&) = delete;
+    FullAddressSpace& operator=(const FullAddressSpace&) = delete;
+    ~FullAddressSpace() {
+        for (void* const block : blocks_) VirtualFree(block, 0, MEM_RELEASE);
+    }
+
+ private:
+    std::vector<void*> blocks_;
+};
+
+TEST(SectionMemory, AddressSpaceIsFull_StoreKeepsTheOldValue) {
+    SectionMemory memory(OwnName(u"SectionMemoryFull"), kCapacity);
+    StringStore store(memory);
+    const std::string large(200'000, 'x');
+    ASSERT_TRUE(store.Set("key", "old"));
+    {
+        const FullAddressSpace full;
+        EXPECT_FALSE(store.Set("key", large));
+        EXPECT_EQ(store.Get("key"), "old");
+    }
+    EXPECT_EQ(store.Get("key"), "old");
+    EXPECT_TRUE(store.Set("key", large));
+    EXPECT_EQ(store.Get("key"), large);
 }
 
 TEST(SectionMemory, NameOfAnObjectOfAnotherKind_IsRefused) {
