@@ -94,7 +94,7 @@ SectionMemory::SectionMemory(const String& name, std::uint32_t capacity, std::ui
 }
 
 void SectionMemory::Lock() {
-    const DWORD result = WaitForSingleObject(mutex_.Get(), isLockStuck_ ? 0 : lockTimeout_);
+    const DWORD result = WaitForSingleObject(mutex_.Get(), isLockStuck_ ? kStuckLockTimeout : lockTimeout_);
     isLockStuck_ = result == WAIT_TIMEOUT;
     if (result == WAIT_OBJECT_0 || result == WAIT_ABANDONED) return;
     if (result == WAIT_TIMEOUT) throw StoreError("another process holds the lock of the shared strings");
