@@ -1,6 +1,7 @@
 #include "dialogs/PromptForm.h"
 
 #include "runtime/Error.h"
+#include "runtime/Operation.h"
 #include "runtime/Ports.h"
 #include "services/Localisation.h"
 #include "services/MessageTexts.h"
@@ -16,6 +17,11 @@ bool PromptForm::IsRightToLeft() const {
     bool isRightToLeft = false;
     runtime::IgnoreErrors([&] { isRightToLeft = services::IsRightToLeft(); });
     return isRightToLeft;
+}
+
+void PromptForm::Load() {
+    const runtime::Operation operation;
+    EnsureLoaded();
 }
 
 PromptForm::PromptSession::PromptSession(PromptForm& form)

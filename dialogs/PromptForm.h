@@ -19,6 +19,8 @@ class PromptForm : public runtime::Form {
     using Form::Form;
 
     bool IsRightToLeft() const override;
+    /// Loads the form in one operation, so that its direction and its captions are of the same language.
+    void Load();
 
     /// Represents one open question. The destructor unloads the form and ignores errors of the unload.
     class PromptSession {

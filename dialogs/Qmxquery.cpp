@@ -121,6 +121,7 @@ Qmxquery::Qmxquery() : PromptForm(DialogDesign()) {
 String Qmxquery::QUERY(const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
                        std::int32_t& index, bool showButton, const String& buttonCaption) {
     const PromptSession session(*this);
+    Load();
     isAnswered_ = false;
     layoutHeight_ = LayOut(kind, prompt, showButton);
     SetCaption(title);

@@ -74,6 +74,7 @@ Control& frmQMXMsgBox::AddButton(int index, Twips left, StringView caption, Stri
 
 std::int32_t frmQMXMsgBox::ShowMe(StringView prompt, std::int32_t flags, StringView title) {
     const PromptSession session(*this);
+    Load();
     const runtime::Rect design = lblPrompt_->Bounds();
     const std::int32_t origW = runtime::ToInt32(design.width);
     const std::int32_t origH = runtime::ToInt32(design.height);

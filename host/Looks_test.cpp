@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <vector>
 
+#include "dialogs/Qmxquery.h"
+#include "dialogs/frmQMXMsgBox.h"
 #include "host/clsQmxBackProcess.h"
 #include "host/frmBackProcessMain.h"
 #include "services/MessageTexts.h"
@@ -75,6 +78,18 @@ TEST_F(Looks, MessageOfTwoTexts_ChecksOnce) {
     Translate("99561 = Teil\n99196 = \\sist da\n");
     services::ShowError(number, u"R1");
     EXPECT_EQ(memory_.messageBox.shown.at(1).prompt, u"TeilR1 ist da");
+}
+
+TEST_F(Looks, LoadOfADialog_ChecksTheTextsOnce) {
+    const auto closeNext = [this] {
+        memory_.windows.Post([this] { memory_.windows.Last().Events().Closing(runtime::UnloadReason::kUser); });
+    };
+    closeNext();
+    EXPECT_EQ(AtTexts([] { dialogs::AskWithSuiteBox(u"Overwrite?", 0, u"Title"); }), 1);
+    closeNext();
+    std::vector<String> values = {u"R1"};
+    std::int32_t index = 0;
+    EXPECT_EQ(AtTexts([&] { dialogs::AskWithQueryDialog(u"Title", u"Name", values, 0, index, false, u""); }), 1);
 }
 
 TEST_F(Looks, SingleTexts_CheckOnceForEachText) {
