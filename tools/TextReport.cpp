@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <map>
+#include <optional>
 #include <ostream>
 #include <set>
 #include <vector>
@@ -58,7 +59,7 @@ std::map<String, std::size_t> LinesOf(std::string_view bytes) {
     for (std::size_t number = 1; !bytes.empty(); ++number) {
         const std::size_t end = std::min(bytes.find_first_of("\r\n"), bytes.size());
         const TextFile line(bytes.substr(0, end));
-        for (const auto& [id, text] : line.All()) lines.try_emplace(id, number);
+        for (const auto& [id, text] : line.All()) lines.try_emplace(String(id), number);
         const std::size_t ending = bytes.substr(end).starts_with("\r\n") ? 2 : 1;
         bytes.remove_prefix(std::min(end + ending, bytes.size()));
     }
@@ -67,7 +68,7 @@ std::map<String, std::size_t> LinesOf(std::string_view bytes) {
 
 /// Returns the text that modules read in the published state if the kernel's ANSI code page changes the text. Otherwise
 /// returns "".
-std::string ChangeInState(const CatalogueText& text, const String& translation, runtime::LocalePort& locale) {
+std::string ChangeInState(const CatalogueText& text, StringView translation, runtime::LocalePort& locale) {
     if (!text.isPublished) return "";
     const String published = locale.FromAnsi(locale.ToAnsi(translation));
     return published == translation ? "" : "\tpublished as " + Bracketed(published);
@@ -75,7 +76,7 @@ std::string ChangeInState(const CatalogueText& text, const String& translation, 
 
 void WriteTexts(std::ostream& out, Catalogue catalogue, const TextFile& file, runtime::LocalePort& locale) {
     for (const CatalogueText& text : catalogue) {
-        const String* const translation = file.Find(text.id);
+        const std::optional<StringView> translation = file.Find(text.id);
         out << (translation ? "translated" : "missing") << '\t' << Display(runtime::Trim(text.id)) << '\t'
             << Bracketed(text.defaultText) << '\t' << (translation ? Bracketed(*translation) : "") << '\t'
             << Display(text.use) << (translation ? ChangeInState(text, *translation, locale) : "") << '\n';
@@ -132,7 +133,7 @@ class Findings {
     std::ostream& StartAt(std::string_view kind, const String& id) { return Start(kind, lines_.at(id)); }
 
     void WriteWrongDirection() {
-        const String* const direction = file_.Find(services::kDirection.id);
+        const std::optional<StringView> direction = file_.Find(services::kDirection.id);
         if (!direction || *direction == services::kDirection.defaultText || *direction == services::kRightToLeft)
             return;
         StartAt("direction", String(services::kDirection.id))
@@ -143,7 +144,8 @@ class Findings {
         const std::set<String> known = IdentifiersOf(catalogue_);
         std::map<String, String> unknown;
         for (const auto& [id, text] : file_.All()) {
-            if (!known.contains(id) && id != services::kDirection.id) unknown.emplace(id, text);
+            const String key(id);
+            if (!known.contains(key) && key != services::kDirection.id) unknown.emplace(key, text);
         }
         for (const auto& [id, text] : unknown) {
             StartAt("unknown", id) << Display(id) << '\t' << Bracketed(text) << '\n';
@@ -164,8 +166,8 @@ class Findings {
         std::map<std::pair<String, String>, std::vector<String>> uses;
         for (const CatalogueText& text : catalogue_) {
             if (text.dialog.empty()) continue;
-            const String* const translation = file_.Find(text.id);
-            const char16_t key = runtime::MarkedCharacter(translation ? *translation : text.defaultText);
+            const std::optional<StringView> translation = file_.Find(text.id);
+            const char16_t key = runtime::MarkedCharacter(translation.value_or(text.defaultText));
             if (key != 0) uses[{text.dialog, locale.LowerCase(String(1, key))}].push_back(runtime::Trim(text.id));
         }
         for (const auto& [place, ids] : uses) {
@@ -181,14 +183,14 @@ class Findings {
     void ForEachTranslation(Check&& check) {
         std::set<std::pair<String, String>> seen;
         for (const CatalogueText& text : catalogue_) {
-            const String* const translation = file_.Find(text.id);
+            const std::optional<StringView> translation = file_.Find(text.id);
             const String id = runtime::Trim(text.id);
             if (translation && seen.emplace(id, text.defaultText).second) check(text, id, *translation);
         }
     }
 
     void WriteLostKeys() {
-        ForEachTranslation([this](const CatalogueText& text, const String& id, const String& translation) {
+        ForEachTranslation([this](const CatalogueText& text, const String& id, StringView translation) {
             const bool isLost = !text.dialog.empty() && runtime::MarkedCharacter(text.defaultText) != 0 &&
                                 runtime::MarkedCharacter(translation) == 0;
             if (isLost) StartAt("key", id) << Display(id) << "\thas no access key; put '&' before a letter\n";
@@ -198,7 +200,7 @@ class Findings {
     void WriteTooWide(const CaptionMeasure& measure) {
         // The total width of the button's edges and focus rectangle on both sides.
         constexpr runtime::Twips kEdges = 90;
-        ForEachTranslation([&](const CatalogueText& text, const String& id, const String& translation) {
+        ForEachTranslation([&](const CatalogueText& text, const String& id, StringView translation) {
             if (text.buttonWidth == 0) return;
             const runtime::Twips width = measure(translation);
             if (width <= text.buttonWidth - kEdges) return;
@@ -210,7 +212,7 @@ class Findings {
 
     void WriteLostBlanks() {
         for (const String& id : IdentifiersOf(catalogue_)) {
-            const String* const translation = file_.Find(id);
+            const std::optional<StringView> translation = file_.Find(id);
             if (!translation || translation->empty()) continue;
             const auto all = [&](auto&& holds) {
                 return std::ranges::all_of(catalogue_, [&](const CatalogueText& text) {
@@ -237,7 +239,7 @@ class Findings {
             if (text.isPublished) published.insert(runtime::Trim(text.id));
         }
         for (const String& id : published) {
-            const String* const translation = file_.Find(id);
+            const std::optional<StringView> translation = file_.Find(id);
             if (!translation) continue;
             for (const auto& [units, words] : kBreaking) {
                 if (translation->find(units) == String::npos) continue;

@@ -35,11 +35,11 @@ String BuiltInReader::GetSetting(StringView application, StringView key, StringV
 
 String BuiltInReader::GetText(StringView defaultText, StringView textId) {
     RefreshTexts();
-    const String* text = texts_.Find(textId);
-    return text ? *text : String(defaultText);
+    return String(texts_.Find(textId).value_or(defaultText));
 }
 
 void BuiltInReader::RefreshTexts() {
+    if (textsFile_.IsChecked()) return;
     if (String folder = LanguageFolder(); folder != textsFolder_) {
         textsFile_.SetPath(folder.empty() ? String() : TextsPathIn(folder));
         textsFolder_ = std::move(folder);

@@ -53,7 +53,8 @@ class BuiltInReader : public Reader {
  private:
     /// Reads the INI file again if it has changed.
     void Refresh();
-    /// Reads the language file again if the file or the language folder has changed.
+    /// Reads the language file again if the file or the language folder has changed. Checks both once within an
+    /// operation.
     void RefreshTexts();
     /// Returns the language folder; empty if no folder is known.
     String LanguageFolder();

@@ -9,6 +9,7 @@
 #include <new>
 
 #include "runtime/Error.h"
+#include "runtime/Operation.h"
 #include "runtime/headless/MemoryFiles.h"
 #include "runtime/headless/MemorySettings.h"
 #include "runtime/headless/PlainLocale.h"
@@ -291,6 +292,19 @@ TEST_F(LocalTexts, FolderChangedBack_FileIsReadAgain) {
         const StringView expected = folder == u"C:\\de" ? u"eins" : folder == u"C:\\fr" ? u"un" : u"default";
         EXPECT_EQ(Text(u"1"), expected);
     }
+}
+
+TEST_F(LocalTexts, FolderChangesInAnOperation_NextOperationUsesIt) {
+    WriteTexts(u"C:\\de", "1 = eins\n2 = zwei\n");
+    WriteTexts(u"C:\\fr", "1 = un\n2 = deux\n");
+    folder_ = u"C:\\de";
+    {
+        const runtime::Operation operation;
+        EXPECT_EQ(Text(u"1"), u"eins");
+        folder_ = u"C:\\fr";
+        EXPECT_EQ(Text(u"2"), u"zwei");
+    }
+    EXPECT_EQ(Text(u"2"), u"deux");
 }
 
 TEST_F(LocalTexts, KernelFails_CallerReceivesTheError) {

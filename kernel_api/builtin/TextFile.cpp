@@ -1,6 +1,8 @@
 #include "kernel_api/builtin/TextFile.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -49,10 +51,16 @@ std::optional<String> Unescape(StringView text) {
     return plain;
 }
 
+std::uint32_t HashOf(StringView identifier) {
+    return static_cast<std::uint32_t>(std::hash<StringView>()(identifier));
+}
+
 }  // namespace
 
 TextFile::TextFile(std::string_view bytes, const FaultSink& onFault) {
     if (bytes.starts_with(kByteOrderMark)) bytes.remove_prefix(kByteOrderMark.size());
+    // No line has more characters than bytes.
+    characters_.reserve(bytes.size());
     for (std::size_t number = 1; !bytes.empty(); ++number) {
         const auto fault = Take(Trimmed(TakeLine(bytes)));
         if (!fault) continue;
@@ -71,15 +79,57 @@ std::optional<LineFault> TextFile::Take(std::string_view line) {
     if (identifier.empty()) return LineFault::kNoIdentifier;
     const StringView written = Trimmed(StringView(*decoded).substr(equals + 1));
     if (written.empty()) return LineFault::kNoText;
-    auto text = Unescape(written);
+    const auto text = Unescape(written);
     if (!text) return LineFault::kUnknownEscape;
-    if (!texts_.try_emplace(String(identifier), std::move(*text)).second) return LineFault::kTwice;
+    if (!Add(identifier, *text)) return LineFault::kTwice;
     return std::nullopt;
 }
 
-const String* TextFile::Find(StringView identifier) const {
-    const auto found = texts_.find(Trimmed(identifier));
-    return found == texts_.end() ? nullptr : &found->second;
+bool TextFile::Add(StringView identifier, StringView text) {
+    if (2 * (count_ + 1) > slots_.size()) Grow();
+    const std::uint32_t hash = HashOf(identifier);
+    Slot& slot = slots_[Place(identifier, hash)];
+    if (slot.end != 0) return false;
+    const auto position = [this] { return static_cast<std::uint32_t>(characters_.size()); };
+    slot = {.hash = hash, .identifier = position()};
+    characters_ += identifier;
+    slot.text = position();
+    characters_ += text;
+    slot.end = position();
+    ++count_;
+    return true;
+}
+
+void TextFile::Grow() {
+    constexpr std::size_t kFewest = 16;
+    // The number of slots is a power of two, because Place() uses it as a mask.
+    const auto former = std::exchange(slots_, std::vector<Slot>(std::max(kFewest, 2 * slots_.size())));
+    for (const Slot& slot : former) {
+        if (slot.end != 0) slots_[Place(EntryOf(slot).identifier, slot.hash)] = slot;
+    }
+}
+
+std::size_t TextFile::Place(StringView identifier, std::uint32_t hash) const {
+    const std::size_t mask = slots_.size() - 1;
+    const auto isPlace = [&](const Slot& slot) {
+        return slot.end == 0 || (slot.hash == hash && EntryOf(slot).identifier == identifier);
+    };
+    std::size_t place = hash & mask;
+    while (!isPlace(slots_[place])) place = (place + 1) & mask;
+    return place;
+}
+
+TextEntry TextFile::EntryOf(const Slot& slot) const {
+    const char16_t* const all = characters_.data();
+    return {{all + slot.identifier, all + slot.text}, {all + slot.text, all + slot.end}};
+}
+
+std::optional<StringView> TextFile::Find(StringView identifier) const {
+    if (slots_.empty()) return std::nullopt;
+    const StringView wanted = Trimmed(identifier);
+    const Slot& slot = slots_[Place(wanted, HashOf(wanted))];
+    if (slot.end == 0) return std::nullopt;
+    return EntryOf(slot).text;
 }
 
 String EscapeText(StringView text) {

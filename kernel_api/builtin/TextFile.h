@@ -6,10 +6,11 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
+#include <vector>
 
 #include "runtime/Text.h"
 
@@ -23,30 +24,58 @@ enum class LineFault { kNoEqualsSign, kNoIdentifier, kNoText, kTwice, kUnknownEs
 /// Receives the number of a skipped line, counted from 1, and the line's fault.
 using FaultSink = std::function<void(std::size_t line, LineFault fault)>;
 
+/// A text of a language file. The parts are valid as long as the file's object exists and is unchanged.
+struct TextEntry {
+    runtime::StringView identifier;
+    runtime::StringView text;
+};
+
+/// All texts are in one block of memory, and a hash table refers to their places. A look-up therefore touches little
+/// memory even among many texts.
 class TextFile {
  public:
-    struct Hash {
-        using is_transparent = void;
-        std::size_t operator()(runtime::StringView text) const { return std::hash<runtime::StringView>()(text); }
-    };
-    using Texts = std::unordered_map<runtime::String, runtime::String, Hash, std::equal_to<>>;
-
     TextFile() = default;
-    /// Reads the texts from `bytes`, the whole file with or without a byte order mark.
+    /// Reads the texts from `bytes`, the whole file with or without a byte order mark. `bytes` must have less than 4
+    /// GB.
     explicit TextFile(std::string_view bytes, const FaultSink& onFault = {});
 
-    /// Returns the text under `identifier`, or null. Ignores blanks and tabs around `identifier`.
-    const runtime::String* Find(runtime::StringView identifier) const;
+    /// Returns the text under `identifier`; no value if there is none. Ignores blanks and tabs around `identifier`. The
+    /// text is valid as long as this object exists and is unchanged.
+    std::optional<runtime::StringView> Find(runtime::StringView identifier) const;
 
-    const Texts& All() const { return texts_; }
-    std::size_t Count() const { return texts_.size(); }
+    /// Returns all texts, in any order.
+    std::vector<TextEntry> All() const {
+        std::vector<TextEntry> entries;
+        for (const Slot& slot : slots_) {
+            if (slot.end != 0) entries.push_back(EntryOf(slot));
+        }
+        return entries;
+    }
+    std::size_t Count() const { return count_; }
     std::size_t SkippedLines() const { return skippedLines_; }
 
  private:
+    /// A place in `characters_`: an identifier, directly followed by its text. An empty slot has the end 0.
+    struct Slot {
+        std::uint32_t hash = 0;  ///< of the identifier
+        std::uint32_t identifier = 0;
+        std::uint32_t text = 0;
+        std::uint32_t end = 0;
+    };
+
     /// Adds the line's text, if the line has a text. Returns the fault of a line that cannot be read.
     std::optional<LineFault> Take(std::string_view line);
+    /// Returns false, and adds nothing, if the identifier has a text already.
+    bool Add(runtime::StringView identifier, runtime::StringView text);
+    void Grow();
+    /// Returns the index of the identifier's slot. If the identifier has no text, the slot is empty. At least one slot
+    /// must be empty.
+    std::size_t Place(runtime::StringView identifier, std::uint32_t hash) const;
+    TextEntry EntryOf(const Slot& slot) const;
 
-    Texts texts_;
+    runtime::String characters_;  ///< identifiers and texts
+    std::vector<Slot> slots_;     ///< a hash table with linear probing; at most half of the slots are in use
+    std::size_t count_ = 0;
     std::size_t skippedLines_ = 0;
 };
 

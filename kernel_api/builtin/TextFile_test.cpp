@@ -2,6 +2,7 @@
 
 #include <gmock/gmock.h>
 
+#include <map>
 #include <utility>
 #include <vector>
 
@@ -12,8 +13,7 @@ using runtime::String;
 
 /// Returns the text under `identifier`; "(none)" if there is no text.
 String TextIn(const TextFile& file, runtime::StringView identifier) {
-    const String* text = file.Find(identifier);
-    return text ? *text : u"(none)";
+    return String(file.Find(identifier).value_or(u"(none)"));
 }
 
 TEST(TextFile, EachLine_IsOneText) {
@@ -139,9 +139,20 @@ TEST(TextFile, FindsEachOfManyTexts) {
     for (int i = 0; i < 100'000; ++i) lines += std::to_string(i) + " = text " + std::to_string(i) + "\n";
     const TextFile file(lines);
     EXPECT_EQ(file.Count(), 100'000u);
-    EXPECT_EQ(TextIn(file, u"0"), u"text 0");
-    EXPECT_EQ(TextIn(file, u" 99999 "), u"text 99999");
+    for (int i = 0; i < 100'000; ++i) {
+        const String number = runtime::FromAscii(std::to_string(i));
+        ASSERT_EQ(TextIn(file, number), u"text " + number);
+    }
     EXPECT_EQ(TextIn(file, u"100000"), u"(none)");
+}
+
+TEST(TextFile, All_HasEachTextOnce) {
+    const TextFile file("2 = b\n1 = a\n2 = c\nLOC = x y\n");
+    std::map<String, String> texts;
+    for (const auto& [identifier, text] : file.All()) {
+        EXPECT_TRUE(texts.emplace(identifier, text).second);
+    }
+    EXPECT_EQ(texts, (std::map<String, String>{{u"1", u"a"}, {u"2", u"b"}, {u"LOC", u"x y"}}));
 }
 
 TEST(EscapeText, EscapedTextIsReadBackUnchanged) {

@@ -29,6 +29,9 @@ class WatchedFile {
         changed_ = true;
     }
 
+    /// True if the current operation has checked the file.
+    bool IsChecked() const { return isChecked_; }
+
     /// If the path or the file has changed, calls `take` with the file's bytes, or without a value if there is no file.
     /// If a changed file cannot be read, does not call `take`, and the next call tries again. Another program may be
     /// writing the file, for example. If the path has changed and the new file cannot be read, the file is treated as

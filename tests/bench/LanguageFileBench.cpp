@@ -157,7 +157,7 @@ void Compare(int texts) {
     tests::Measure({"text by identifier, reader," + among, "gettext", 1.0, 5}, inOperations, peer);
     tests::Measure(
         {"text by identifier, loaded texts," + among, "gettext", 0.6, 5},
-        [&] { return TimeOfEach(wide, [&](const auto& id) { return loaded.Find(id) != nullptr; }); }, peer);
+        [&] { return TimeOfEach(wide, [&](const auto& id) { return loaded.Find(id).has_value(); }); }, peer);
 }
 
 }  // namespace

@@ -23,9 +23,9 @@ void CheckWrittenForm(const TextFile& texts) {
         Require(identifier.find_first_of(u"\r\n=\0"sv) == String::npos,
                 "an identifier has no line break, equals sign or NUL");
         Require(!text.empty(), "no text is empty");
+        Require(texts.Find(identifier) == text, "each text is found");
         const TextFile again("1 = " + runtime::ToUtf8(kernel_api::builtin::EscapeText(text)));
-        const String* const found = again.Find(u"1");
-        Require(found && *found == text && again.SkippedLines() == 0, "a written text is read unchanged");
+        Require(again.Find(u"1") == text && again.SkippedLines() == 0, "a written text is read unchanged");
     }
 }
 
@@ -48,9 +48,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
     // A new line after any bytes is read as if the file contained only that line. Exception: the identifier already
     // exists.
-    const bool isTaken = texts.Find(u"own id") != nullptr;
+    const bool isTaken = texts.Find(u"own id").has_value();
     const TextFile extended(bytes + "\nown id = v");
-    const String* const text = extended.Find(u" own id ");
+    const auto text = extended.Find(u" own id ");
     Require(text && (isTaken || *text == u"v"), "an appended line is found");
     Require(extended.Count() == texts.Count() + (isTaken ? 0 : 1), "an appended line adds one text");
     Require(extended.SkippedLines() == texts.SkippedLines() + (isTaken ? 1 : 0),
