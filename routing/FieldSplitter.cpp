@@ -3,7 +3,6 @@
 #include <chrono>
 #include <cstddef>
 #include <thread>
-#include <utility>
 
 #include "kernel_api/CommaFields.h"
 #include "runtime/Error.h"
@@ -15,8 +14,6 @@ using runtime::String;
 using runtime::StringView;
 
 namespace {
-
-constexpr char16_t kComma = u',';
 
 /// Never returns. This is the defined behaviour of the splitter for a quoted field that is not closed.
 [[noreturn]] void RepeatForEver() {
@@ -60,10 +57,12 @@ const Entry& EntryOf(const std::vector<Entry>& entries, std::int32_t index) {
 void SplitFields(StringView text) {
     std::vector<String>& texts = FieldTexts();
     std::vector<double>& values = FieldValues();
-    // Keep the previous texts until the end, because `text` may refer to one of them.
-    const std::vector<String> previous = std::exchange(texts, std::vector<String>(1));
-    values.assign(1, 0);
-    for (kernel_api::CommaFields fields(text); !fields.AtEnd();) {
+    // Copy `text`, because it may refer to one of the previous texts.
+    const String list(text);
+    texts.clear();
+    values.clear();
+    Add({}, texts, values);  // entry 0
+    for (kernel_api::CommaFields fields(list); !fields.AtEnd();) {
         const kernel_api::CommaField field = fields.Take();
         if (field.isUnclosed) RepeatForEver();
         Add(field.text, texts, values);
@@ -72,11 +71,7 @@ void SplitFields(StringView text) {
 }
 
 double FieldToNumber(StringView text) {
-    const std::size_t comma = text.find(kComma);
-    if (comma == StringView::npos) return runtime::Val(text);
-    String withPeriod(text);
-    withPeriod[comma] = u'.';
-    return runtime::Val(withPeriod);
+    return runtime::Val(text, u".,");
 }
 
 const String& FieldText(std::int32_t index) {

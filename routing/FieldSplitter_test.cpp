@@ -245,6 +245,10 @@ TEST(FieldToNumber, ReadsTheFirstCommaAsAPeriod) {
     EXPECT_EQ(FieldToNumber(u"1,5,7"), 1.5);
     EXPECT_EQ(FieldToNumber(u"1.5,7"), 1.5);
     EXPECT_EQ(FieldToNumber(u",5"), 0.5);
+    EXPECT_EQ(FieldToNumber(u"1,5.7"), 1.5);
+    EXPECT_EQ(FieldToNumber(u"2E1,5"), 20);
+    EXPECT_EQ(FieldToNumber(u"&H1F,5"), 31);
+    EXPECT_EQ(FieldToNumber(u"-,"), 0);
 }
 
 TEST(FieldToNumber, IsZeroWithoutANumber) {

@@ -32,6 +32,12 @@ class Cursor {
         return true;
     }
 
+    bool AcceptAny(StringView wanted) {
+        if (wanted.find(Peek()) == StringView::npos) return false;
+        Next();
+        return true;
+    }
+
     /// Skips an optional sign. Returns true for a minus sign.
     bool AcceptSign() {
         if (Accept(u'-')) return true;
@@ -76,12 +82,13 @@ class Decimal {
         if (!isFraction) ++exponent_;
     }
 
+    bool IsZero() const { return size_ == 0; }
+
     /// Returns the number times 10 to the power `powerOfTen`. Throws error 6 if the result is too large for a double.
     /// Returns 0 if the result is too small.
     double Scaled(std::int64_t powerOfTen) {
         exponent_ += powerOfTen;
         if (exponent_ == 0 && size_ <= kExactDigits) return Integer();
-        if (size_ == 0) return 0;
         const std::int64_t magnitude = exponent_ + static_cast<std::int64_t>(size_);
         if (magnitude > kMaxMagnitude) throw Error(kOverflow);
         if (magnitude < kMinMagnitude) return 0;
@@ -142,14 +149,14 @@ std::int64_t ReadExponent(Cursor& cursor) {
     return isNegative ? -exponent : exponent;
 }
 
-double ReadDecimal(Cursor& cursor) {
+double ReadDecimal(Cursor& cursor, StringView decimalMarks) {
     Decimal decimal;
     while (IsDecimalDigit(cursor.Peek())) decimal.AddDigit(cursor.Next(), false);
-    if (cursor.Accept(u'.')) {
+    if (cursor.AcceptAny(decimalMarks)) {
         while (IsDecimalDigit(cursor.Peek())) decimal.AddDigit(cursor.Next(), true);
     }
-    const bool hasExponent = cursor.Accept(u'E') || cursor.Accept(u'e') || cursor.Accept(u'D') || cursor.Accept(u'd');
-    return decimal.Scaled(hasExponent ? ReadExponent(cursor) : 0);
+    if (decimal.IsZero()) return 0;
+    return decimal.Scaled(cursor.AcceptAny(u"EeDd") ? ReadExponent(cursor) : 0);
 }
 
 /// A number of up to 16 bits is a signed 16-bit number, unless the suffix "&" makes it a 32-bit number.
@@ -163,8 +170,8 @@ double ReadRadix(Cursor& cursor, unsigned base) {
     return isLong ? static_cast<std::int32_t>(bits) : static_cast<std::int16_t>(bits);
 }
 
-double ReadUnsigned(Cursor& cursor) {
-    if (!cursor.Accept(u'&')) return ReadDecimal(cursor);
+double ReadUnsigned(Cursor& cursor, StringView decimalMarks) {
+    if (!cursor.Accept(u'&')) return ReadDecimal(cursor, decimalMarks);
     if (cursor.Accept(u'H') || cursor.Accept(u'h')) return ReadRadix(cursor, 16);
     if (!cursor.Accept(u'O')) cursor.Accept(u'o');
     return ReadRadix(cursor, 8);
@@ -179,10 +186,10 @@ String Str(std::int32_t number) {
     return String(buffer.data(), result.ptr);
 }
 
-double Val(StringView text) {
+double Val(StringView text, StringView decimalMarks) {
     Cursor cursor(text);
     const bool isNegative = cursor.AcceptSign();
-    const double number = ReadUnsigned(cursor);
+    const double number = ReadUnsigned(cursor, decimalMarks);
     return isNegative && number != 0 ? -number : number;
 }
 

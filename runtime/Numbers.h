@@ -14,9 +14,9 @@ String Str(std::int32_t number);
 /// - Blanks, tabs and line feeds are ignored everywhere.
 /// - "&H" starts a hexadecimal number. "&O" or a single "&" starts an octal number.
 /// - An exponent starts with E or D.
-/// - The period is the only decimal mark.
-/// - Conversion ends at the first character that cannot continue the number.
-double Val(StringView text);
+/// - Each character of `decimalMarks` is a decimal mark.
+/// - Conversion ends at the first character that cannot continue the number, for example at a second decimal mark.
+double Val(StringView text, StringView decimalMarks = u".");
 
 /// Returns `number` rounded to the nearest integer, halves to even. Error 6 outside the 32-bit range and for NaN.
 std::int32_t ToInt32(double number);
