@@ -1,6 +1,6 @@
 #include "dialogs/Qmxquery.h"
 
-#include <cstddef>
+#include <span>
 
 #include "kernel_api/Splitter.h"
 #include "runtime/Error.h"
@@ -187,7 +187,7 @@ void Qmxquery::Fill(const std::vector<String>& values, std::int32_t index) {
     Control& input = InputFor(kind_);
     if (HasItems(kind_)) {
         input.ClearItems();
-        for (std::size_t i = 1; i < values.size(); ++i) input.AddItem(values[i]);
+        input.AddItems(std::span(values).subspan(1));
     }
     if (IsFixedList(kind_)) {
         input.SetListIndex(index);

@@ -7,6 +7,7 @@
 // program added. Error 438 means that a control of this kind does not have the property.
 #pragma once
 
+#include <span>
 #include <vector>
 
 #include "runtime/Font.h"
@@ -116,6 +117,8 @@ class Control {
     // The following functions are for controls with a list. Items are numbered from 0.
 
     void AddItem(StringView item);
+    /// Adds `items` in this order. If an item cannot be added, the items before it stay in the list.
+    void AddItems(std::span<const String> items);
     /// Also clears the text of an editable combo.
     void ClearItems();
     int ItemCount();

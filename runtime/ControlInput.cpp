@@ -6,6 +6,7 @@
 #include "runtime/Control.h"
 #include "runtime/Error.h"
 #include "runtime/Form.h"
+#include "runtime/ScopeGuard.h"
 
 namespace runtime {
 
@@ -88,6 +89,13 @@ void Control::AddItem(StringView item) {
         items_.pop_back();
         throw;
     }
+}
+
+void Control::AddItems(std::span<const String> items) {
+    NativeList& list = LoadedList();
+    list.SetRedraw(false);
+    const ScopeGuard redraw([&list] { list.SetRedraw(true); });
+    for (const String& item : items) AddItem(item);
 }
 
 void Control::ClearItems() {

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "runtime/InputControls_test.h"
@@ -37,6 +39,19 @@ TEST_F(InputControls, Items_AreReturnedUnchanged) {
         EXPECT_EQ(control->Item(1), u"");
         control->SetListIndex(2);
         EXPECT_TRUE(control->Text() == StringView(u"a\0b", 3));
+    }
+}
+
+TEST_F(InputControls, AddItems_AddsBehindTheItems) {
+    const std::vector<String> items = {u"B", u"", u"C"};
+    for (Control* control : {&form_.combo, &form_.dropDown, &form_.list}) {
+        control->AddItem(u"A");
+        control->AddItems(items);
+        control->AddItems({});
+        EXPECT_EQ(control->ItemCount(), 4);
+        control->SetListIndex(3);
+        EXPECT_EQ(control->Text(), u"C");
+        EXPECT_EQ(control->Item(1), u"B");
     }
 }
 

@@ -65,6 +65,9 @@ class NativeList {
 
     /// Appends `item`. Error 7 if the window system cannot add it.
     virtual void Add(const String& item) = 0;
+    /// If `redraws` is false, the list does not draw new items and does not adjust its scroll bars, until `redraws` is
+    /// true again.
+    virtual void SetRedraw(bool /*redraws*/) {}
     /// Also clears the text of an editable combo.
     virtual void Clear() = 0;
     /// Selects the item at `index`, counted from 0; -1 selects no item. An editable combo shows the item's text.

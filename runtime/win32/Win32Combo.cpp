@@ -64,6 +64,10 @@ void Win32Combo::Add(const String& item) {
     extent_.Take(item);
 }
 
+void Win32Combo::SetRedraw(bool redraws) {
+    SendMessageW(Window(), WM_SETREDRAW, redraws ? TRUE : FALSE, 0);
+}
+
 void Win32Combo::Clear() {
     const auto setting = SetForScope(isSetting_, true);
     SendMessageW(Window(), CB_RESETCONTENT, 0, 0);

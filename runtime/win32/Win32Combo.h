@@ -25,6 +25,7 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     void Write(const String& text) override { WriteInto(edit_, text); }
 
     void Add(const String& item) override;
+    void SetRedraw(bool redraws) override;
     void Clear() override;
     void Choose(int index) override;
     bool IsOpen() override;

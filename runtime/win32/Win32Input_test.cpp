@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "runtime/win32/DisabledWindows.h"
 #include "runtime/win32/GdiMeasure.h"
 #include "runtime/win32/Win32Control.h"
@@ -80,6 +82,29 @@ TEST_F(RealInputs, ListBox_ScrollsSidewaysToTheEndOfItsWidestItem) {
     form_.list.ClearItems();
     form_.list.AddItem(u"narrow");
     EXPECT_EQ(SidewaysRangeOf(ListWindow()), (std::pair{0, 0}));
+}
+
+TEST_F(RealInputs, AddItems_SetsTheScrollBars) {
+    ShowOn(form_.list);
+    std::vector<String> items(49, u"narrow");
+    items.emplace_back(200, u'm');
+    form_.list.AddItems(items);
+    SCROLLINFO info{sizeof(SCROLLINFO), SIF_RANGE, 0, 0, 0, 0, 0};
+    EXPECT_TRUE(GetScrollInfo(ListWindow(), SB_VERT, &info));
+    EXPECT_EQ(info.nMax, 49);
+    EXPECT_GT(SidewaysRangeOf(ListWindow()).second, 0);
+}
+
+TEST_F(RealInputs, AddItems_HiddenControlStaysHidden) {
+    ShowOn(form_.text);
+    for (const int number : {1, 2, 4}) {
+        Control& control = *form_.Controls()[static_cast<std::size_t>(number)];
+        control.SetVisible(false);
+        control.AddItems(std::vector<String>(50, u"item"));
+        EXPECT_FALSE(IsWindowVisible(WindowOf(number))) << number;
+        control.SetVisible(true);
+        EXPECT_TRUE(IsWindowVisible(WindowOf(number))) << number;
+    }
 }
 
 // Wine shows no scroll bar in the list of a combo box, but stores the list's scroll range.

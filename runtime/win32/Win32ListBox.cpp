@@ -35,6 +35,10 @@ String Win32ListBox::TextOfItem(int item) const {
     return text;
 }
 
+void Win32ListBox::SetRedraw(bool redraws) {
+    SendMessageW(Window(), WM_SETREDRAW, redraws ? TRUE : FALSE, 0);
+}
+
 void Win32ListBox::Clear() {
     SendMessageW(Window(), LB_RESETCONTENT, 0, 0);
     extent_.Reset();

@@ -18,6 +18,7 @@ class Win32ListBox final : public Win32Control, private NativeList {
 
  private:
     void Add(const String& item) override;
+    void SetRedraw(bool redraws) override;
     void Clear() override;
     void Choose(int index) override;
     String TextOfItem(int item) const;
