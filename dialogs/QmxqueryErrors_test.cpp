@@ -1,5 +1,5 @@
-// Tests interruptions of the query dialog: errors, questions inside questions, other windows, an unload by other code,
-// and the end of the program.
+// Tests interruptions of the query dialog: errors, questions inside questions, other windows, and an unload by other
+// code.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -101,7 +101,7 @@ TEST_F(Query, IndexOutsideTheList_ErrorAndDialogIsClosed) {
     EXPECT_EQ(Ask({.values = {u"abc"}}, PressEnter), (Answer{u"abc", 0}));
 }
 
-TEST_F(Query, ErrorDuringTheWait_CallersValuesStay) {
+TEST_F(Query, ErrorDuringTheWait_AnswerIsNotStored) {
     runtime::SetMousePointer(runtime::kHourglassPointer);
     Question question{.values = {u"abc "}, .index = 7};
     Queue([](MemoryWindow&) {

@@ -23,7 +23,7 @@ std::optional<String> ErrorPrompt(std::int32_t number, const String& detail) {
     return before + detail + TextIfAny(error->after);
 }
 
-/// Returns the title of error reports. The module normally has the product's name, so the title contains the name
+/// Returns the title of error reports. `moduleName` is normally the product's name, so the title contains that name
 /// twice.
 String ErrorTitle() {
     return GetProductName() + u" - " + Values().moduleName + u" (" + Values().moduleCaption + u")";

@@ -39,6 +39,7 @@ process as it reads a module's: "/sys:FOLDER", in double quotes, sets its system
   set KEY VALUE   sets a shared string of the suite
   get KEY         shows one string; 'KEY=' if it is not set   KEY=[VALUE]
   strings         shows all strings, sorted by key            KEY=[VALUE]
+                  (only with the development kernel)
   state           shows the values that commands have set, and the caption of the main form if it is loaded, one per
                   line: CurrentDesignName=[NAME]  LanguagePath=[FOLDER]  Caption=[TEXT]
   pump MS         dispatches window messages for MS milliseconds
@@ -57,7 +58,8 @@ event. No other call of a client raises these events.
 
 At the end of the input, all instances are released in the order of their creation.
 
-Exit code: 0 done, 1 a call failed or a line is not a valid command (the message has its number), 2 bad usage.
+Exit code: 0 done, 1 a call failed, FILE cannot be read, or a line is not a valid command (the message contains the
+line's number), 2 bad usage.
 
 Example, in a command prompt:
   echo create| backproc host

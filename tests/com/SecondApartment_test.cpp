@@ -96,8 +96,8 @@ TEST_F(SecondApartment, CreationFails_ErrorIsMarshalled) {
         LeaveErrorObject(u"foreign");
         EXPECT_EQ("0x800A0035", Hex(factory->CreateInstance(nullptr, IID_IUnknown, none.PutVoid())));
         EXPECT_FALSE(none);
-        // Windows passes the description to the other apartment, and Wine does not. The description of another
-        // component would be an error on both systems.
+        // Windows passes the description to the other apartment, and Wine 8 does not. On both systems, the old
+        // description "foreign" must be gone.
         EXPECT_THAT(TextOfErrorObject(), testing::AnyOf("File not found", "(none)"));
     });
 }
@@ -113,8 +113,8 @@ TEST_F(SecondApartment, LastInstanceEnds_NextThreadBecomesHome) {
     EXPECT_THAT(TheDouble().threads, Each(there));
 }
 
-/// Releases the home's only instance while another thread is inside CoCreateInstance. At that moment, the other thread
-/// has found the home but has not called it.
+/// Releases the home's only instance while another thread joins the home. At that moment, the other thread has found
+/// the home but has not called it.
 class LeavingHome {
  public:
     explicit LeavingHome(ComPtr<_clsQmxBackProcess>& instance) {

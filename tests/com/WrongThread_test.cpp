@@ -1,5 +1,5 @@
-// Tests a client that passes an unmarshalled pointer to another thread. COM forbids this. The calls must return an
-// error and never crash.
+// Tests a client that passes an unmarshalled pointer to another thread. COM forbids this. Calls must return an error.
+// A last release must end the instance on the home thread. Nothing may crash.
 #include <thread>
 
 #include "host/com/HomeApartment.h"

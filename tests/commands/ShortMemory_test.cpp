@@ -1,4 +1,5 @@
-// Tests a command that fails because memory runs out. The command must still end with the shutdown.
+// Tests a command that fails when there is too little memory to report the error. The command must still end with the
+// shutdown.
 #include <gtest/gtest.h>
 
 #include <memory>

@@ -4,8 +4,8 @@
     test_broken_installations.py WINE_RUN BIN_FOLDER
 
 BROKEN and BROKEN_INI_FILES are the tables of cases. A case has a name, a function that breaks the installation, the
-doctor's expected line (subject and words), and the expected advice. If the advice contains a command, the test runs the
-command as written. If the advice asks for a file, the case has a function that follows the advice.
+doctor's expected line (subject and words), and the expected advice. If the case has a function for the repair, this
+function follows the advice. Otherwise the test runs the commands in the advice as written.
 """
 import dataclasses
 import os
@@ -229,9 +229,9 @@ BROKEN = [
     Broken("for the user alone, where COM does not look", register_for_the_user_alone, "activation", "0x80040154"),
     Broken("both hives", register_for_both, "registration", "the user's hides the machine's"),
     Broken("name gone", lambda it: it.delete(MACHINE + NAME), "name", "is not registered"),
-    Broken("name of another class", lambda it: it.set(MACHINE + NAME + "\\CLSID", "{00000000-0000-0000-0000-000000000046}"),
+    Broken("name refers to another class", lambda it: it.set(MACHINE + NAME + "\\CLSID", "{00000000-0000-0000-0000-000000000046}"),
            "name", "names another class: {00000000-0000-0000-0000-000000000046}"),
-    Broken("user's name of another class", name_another_class_for_the_user, "name", "in the user's entries"),
+    Broken("name refers to another class in the user's entries", name_another_class_for_the_user, "name", "in the user's entries"),
     Broken("interface gone", lambda it: it.delete(MACHINE + interface_key("_clsQmxBackProcess")), "proxies",
            "the entries of _clsQmxBackProcess are missing or wrong"),
     Broken("event interface of another marshaller",
@@ -273,7 +273,7 @@ BROKEN = [
            lambda it: it.kernel.unlink()),
     Broken("module list with an open quote", lambda it: it.hold("AllAps", 'EDITOR,"LIBRARY'), "modules",
            "opens a quote that is never closed", needs_strings=True),
-    Broken("module list that overflows", lambda it: it.hold("AllAps", "EDITOR,1E999"), "modules",
+    Broken("module list with a number that is too large", lambda it: it.hold("AllAps", "EDITOR,1E999"), "modules",
            "'1E999' is a number that is too large", needs_strings=True),
     Broken("state record of a dead process", lambda it: it.hold("K4TBACKPROCESS", "Caption, 0, 0, 0, 0"), "state",
            "no process of this session has its form", needs_strings=True),
@@ -319,7 +319,7 @@ BROKEN_INI_FILES = [
 class BrokenInstallations(ToolTestCase):
     @classmethod
     def setUpClass(cls):
-        # Make a program in another folder that contains no kernel.
+        # Copy the tool into a folder without a kernel. The tests use the copy as a client in another folder.
         cls.client_folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         shutil.copy(running.bin_folder / "backproc.exe", cls.client_folder)
         # Add this key, which every Windows user has.
