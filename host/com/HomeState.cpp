@@ -115,6 +115,9 @@ void HomeState::Clear() noexcept {
 }
 
 bool HomeState::HasEnded() const noexcept {
+    // The handle keeps the identifier of an ended thread in use, so the calling thread is not a later thread with the
+    // same identifier.
+    if (threadId_ == GetCurrentThreadId()) return false;
     return WaitForSingleObject(thread_.Get(), 0) == WAIT_OBJECT_0;
 }
 

@@ -1,5 +1,7 @@
 // Tests clients in several apartments of one process. All instances are in the home apartment. Calls and events of
 // other apartments are marshalled.
+#include <thread>
+
 #include "host/com/HomeApartment.h"
 #include "host/com/Server.h"
 #include "tests/com/ComTest.h"
@@ -174,6 +176,19 @@ TEST_F(SecondApartment, HomeThreadEnded_NextThreadBecomesHome) {
     EXPECT_EQ(1, TheDouble().lostHomes);
     EXPECT_THAT(TheDouble().threads, Each(here));
     EXPECT_FALSE(host::com::CanUnload());
+}
+
+TEST_F(SecondApartment, HomeThreadEnded_NoThreadGetsItsIdentifier) {
+    ComPtr<_clsQmxBackProcess> orphan;
+    DWORD ended = 0;
+    InOtherApartment([&] {
+        ended = GetCurrentThreadId();
+        orphan = MakeInstance();
+    });
+    // The system may use the identifier of an ended thread again after some hundred threads.
+    for (int i = 0; i < 1000; ++i) {
+        std::thread([ended] { EXPECT_NE(ended, GetCurrentThreadId()); }).join();
+    }
 }
 
 DWORD WINAPI EndThreadInsideCom(void* orphan) {
