@@ -145,6 +145,7 @@ void CheckFolder(String& path, std::int32_t& result) {
 void SaveWindowPlacement(runtime::Form& form) {
     const std::int16_t scaleMode = form.ScaleMode();
     form.SetScaleMode(kScaleTwips);
+    const runtime::Operation operation;
     const auto save = [&form](StringView suffix, runtime::Twips value) {
         // Write a whole number. A fraction would contain a decimal mark, which depends on the regional
         // settings.

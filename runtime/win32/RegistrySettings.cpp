@@ -39,21 +39,38 @@ std::optional<String> QueryText(HKEY key, const String& name) {
 
 std::optional<String> RegistrySettings::Get(StringView application, StringView section, StringView key) {
     if (!IsName(application) || !IsName(section) || !IsName(key)) return std::nullopt;
-    const HKEY opened = SectionToRead(SectionPath(application, section));
-    std::optional<String> text = opened ? QueryText(opened, String(key)) : std::nullopt;
+    OpenToRead(SectionPath(application, section));
+    std::optional<String> text = opened_ ? QueryText(opened_.Get(), String(key)) : std::nullopt;
     if (openedPath_.empty()) Forget();
     if (text && text->ends_with(u'\0')) text->pop_back();
     return text;
 }
 
-HKEY RegistrySettings::SectionToRead(const String& path) {
-    if (path == openedPath_) return opened_.Get();
-    Forget();
+void RegistrySettings::OpenToRead(const String& path) {
+    if (IsOpened(path, KEY_QUERY_VALUE)) return;
     HKEY opened = nullptr;
     RegOpenKeyExW(HKEY_CURRENT_USER, Wide(path), 0, KEY_QUERY_VALUE, &opened);
+    Keep(opened, path, KEY_QUERY_VALUE);
+}
+
+LSTATUS RegistrySettings::Write(const String& path, const String& key, const String& value) {
+    if (!IsOpened(path, KEY_SET_VALUE)) {
+        HKEY opened = nullptr;
+        const LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, Wide(path), 0, nullptr, REG_OPTION_NON_VOLATILE,
+                                               KEY_SET_VALUE, nullptr, &opened, nullptr);
+        Keep(opened, path, KEY_SET_VALUE);
+        if (status != ERROR_SUCCESS) return status;
+    }
+    const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(char16_t));
+    return RegSetValueExW(opened_.Get(), Wide(key), 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()), bytes);
+}
+
+void RegistrySettings::Keep(HKEY opened, const String& path, REGSAM access) {
+    Forget();
     opened_.Reset(opened);
-    if (Operation::KeepUntilEnd([this] { Forget(); })) openedPath_ = path;
-    return opened;
+    if (!Operation::KeepUntilEnd([this] { Forget(); })) return;
+    openedPath_ = path;
+    openedAccess_ = access;
 }
 
 void RegistrySettings::Forget() {
@@ -70,20 +87,15 @@ void RegistrySettings::Save(StringView application, StringView section, StringVi
     if (value.size() > kMaxLength) {
         throw ErrorAbout(kInvalidProcedureCall, u"the value of '" + String(key) + u"' is too long");
     }
-    Forget();  // this call may create the section
-    HKEY opened = nullptr;
-    LSTATUS status = RegCreateKeyExW(HKEY_CURRENT_USER, Wide(SectionPath(application, section)), 0, nullptr,
-                                     REG_OPTION_NON_VOLATILE, KEY_SET_VALUE, nullptr, &opened, nullptr);
-    const RegistryKey owner(opened);
-    if (status == ERROR_SUCCESS) {
-        const String terminated(value);
-        const auto bytes = static_cast<DWORD>((terminated.size() + 1) * sizeof(char16_t));
-        status = RegSetValueExW(opened, Wide(String(key)), 0, REG_SZ, reinterpret_cast<const BYTE*>(terminated.c_str()),
-                                bytes);
+    const String path = SectionPath(application, section);
+    LSTATUS status = Write(path, String(key), String(value));
+    if (status == ERROR_KEY_DELETED) {  // by another program, after this operation had opened the section
+        Forget();
+        status = Write(path, String(key), String(value));
     }
+    if (openedPath_.empty() || status != ERROR_SUCCESS) Forget();
     if (status != ERROR_SUCCESS) {
-        throw ErrorAbout(kInvalidProcedureCall, u"HKEY_CURRENT_USER\\" + SectionPath(application, section) +
-                                                    u" cannot be written (system error " +
+        throw ErrorAbout(kInvalidProcedureCall, u"HKEY_CURRENT_USER\\" + path + u" cannot be written (system error " +
                                                     FromAscii(std::to_string(status)) + u")");
     }
 }

@@ -16,12 +16,18 @@ class RegistrySettings : public SettingsPort {
     void Save(StringView application, StringView section, StringView key, StringView value) override;
 
  private:
-    /// Returns the registry key at `path`; null if the key does not exist.
-    HKEY SectionToRead(const String& path);
+    /// Opens the section at `path` as opened_, which is then null if the section does not exist.
+    void OpenToRead(const String& path);
+    /// Writes a value into the section at `path`. Creates a missing section. Returns the system's error.
+    LSTATUS Write(const String& path, const String& key, const String& value);
+    bool IsOpened(const String& path, REGSAM access) const { return path == openedPath_ && access == openedAccess_; }
+    /// Replaces opened_. An operation keeps the new section until it ends.
+    void Keep(HKEY opened, const String& path, REGSAM access);
     void Forget();
 
-    String openedPath_;   ///< path of the section that stays open in the current operation; empty if none does
-    RegistryKey opened_;  ///< null if that section does not exist
+    String openedPath_;  ///< path of the section that stays open in the current operation; empty if none does
+    REGSAM openedAccess_ = 0;
+    RegistryKey opened_;
 };
 
 }  // namespace runtime::win32

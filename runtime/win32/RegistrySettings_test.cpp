@@ -102,6 +102,27 @@ TEST_F(RegistrySettingsTest, TwoSectionsInAnOperation_EachSectionHasItsOwnValue)
     EXPECT_EQ(Get(), u"abc");
 }
 
+TEST_F(RegistrySettingsTest, SeveralSavedInAnOperation_EachSectionHasItsValues) {
+    {
+        const Operation operation;
+        settings_->Save(kTestApplication, u"Section", u"Key", u"abc");
+        settings_->Save(kTestApplication, u"Section", u"Second", u"def");
+        settings_->Save(kTestApplication, u"Other", u"Key", u"other");
+        settings_->Save(kTestApplication, u"Section", u"Key", u"last");
+    }
+    EXPECT_EQ(Get(), u"last");
+    EXPECT_EQ(settings_->Get(kTestApplication, u"Section", u"Second"), u"def");
+    EXPECT_EQ(settings_->Get(kTestApplication, u"Other", u"Key"), u"other");
+}
+
+TEST_F(RegistrySettingsTest, SectionIsDeletedInAnOperation_NextSaveCreatesIt) {
+    const Operation operation;
+    settings_->Save(kTestApplication, u"Section", u"Key", u"abc");
+    ClearTestApplication();
+    settings_->Save(kTestApplication, u"Section", u"Key", u"def");
+    EXPECT_EQ(Get(), u"def");
+}
+
 TEST_F(RegistrySettingsTest, SectionIsDeletedAfterAnOperation_NextOperationFindsNothing) {
     Write(REG_SZ, L"abc", 8);
     {
