@@ -4,7 +4,6 @@
 
 #include "runtime/CommandLine.h"
 #include "runtime/NeverDestroyed.h"
-#include "runtime/ScopeGuard.h"
 #include "runtime/win32/GrowingBuffer.h"
 #include "runtime/win32/Handle.h"
 #include "runtime/win32/ModulePath.h"
@@ -47,14 +46,10 @@ const String& NameOfProgram() {
     return *name;
 }
 
-/// The names of the mutexes of a claim.
-struct ClaimNames {
-    /// The name of a mutex that exists while any process of the program has a claim.
-    String program = NameOfProgram();
-    /// The name of a mutex that exists while this process has a claim.
-    String process = program + u'.' + Hexadecimal(GetCurrentProcessId());
-    String lock = process + u".lock";
-};
+/// Returns the name of a mutex that exists while this process has a claim.
+String NameOfProcess() {
+    return NameOfProgram() + u'.' + Hexadecimal(GetCurrentProcessId());
+}
 
 KernelHandle MakeMutex(const String& name) {
     return KernelHandle(CreateMutexW(nullptr, FALSE, Wide(name)));
@@ -68,24 +63,37 @@ Error NoClaim(DWORD systemError) {
     return OutOfResources(u"cannot create the single-instance mutex", systemError);
 }
 
-/// Locks a mutex, so that only one thread of this process at a time creates or releases a claim. All copies of this
-/// code in the process share the mutex. The caller releases the mutex. Returns an empty handle if the system refuses
-/// the mutex.
-KernelHandle Acquire(const String& lockName) {
-    KernelHandle mutex = MakeMutex(lockName);
-    if (mutex) WaitForSingleObject(mutex.Get(), INFINITE);
-    return mutex;
+KernelHandle MakeLock() {
+    const String name = NameOfProcess() + u".lock";
+    KernelHandle lock = MakeMutex(name);
+    if (!lock) throw NoClaim(GetLastError());
+    return lock;
 }
+
+/// While the object exists, no other thread of this process creates or releases a claim. All copies of this code in the
+/// process share the lock. The first lock raises error 7 if the system refuses the mutex. Later locks never fail.
+class ClaimLock {
+ public:
+    ClaimLock() { WaitForSingleObject(Mutex(), INFINITE); }
+    ClaimLock(const ClaimLock&) = delete;
+    ClaimLock& operator=(const ClaimLock&) = delete;
+    ~ClaimLock() { ReleaseMutex(Mutex()); }
+
+ private:
+    static HANDLE Mutex() {
+        static const auto* const mutex = &NeverDestroyed<KernelHandle>(MakeLock());
+        return mutex->Get();
+    }
+};
 
 /// The claim is the existence of two mutexes. No thread owns them, because ownership would tie the claim to a thread.
 /// The system removes a mutex when the mutex's last handle is closed. A crash of the process also closes the handles.
 class ProcessClaim : public InstanceClaim {
  public:
-    ProcessClaim(ClaimNames names, KernelHandle program, KernelHandle process)
-        : names_(std::move(names)), program_(std::move(program)), process_(std::move(process)) {}
+    ProcessClaim(KernelHandle program, KernelHandle process)
+        : program_(std::move(program)), process_(std::move(process)) {}
     ~ProcessClaim() override {
-        const KernelHandle lock = Acquire(names_.lock);
-        const ScopeGuard released([&lock] { ReleaseMutex(lock.Get()); });
+        const ClaimLock lock;
         process_.Reset();
         program_.Reset();
     }
@@ -93,7 +101,6 @@ class ProcessClaim : public InstanceClaim {
     ProcessClaim& operator=(const ProcessClaim&) = delete;
 
  private:
-    const ClaimNames names_;
     KernelHandle program_;
     KernelHandle process_;
 };
@@ -109,20 +116,17 @@ String Win32Process::ComponentFolder() {
 }
 
 std::unique_ptr<InstanceClaim> Win32Process::ClaimFirstInstance() {
-    ClaimNames names;
-    const KernelHandle lock = Acquire(names.lock);
-    if (!lock) throw NoClaim(GetLastError());
-    const ScopeGuard released([&lock] { ReleaseMutex(lock.Get()); });
-    const bool isOurs = Exists(names.process);
-    KernelHandle program = MakeMutex(names.program);
+    const ClaimLock lock;
+    KernelHandle program = MakeMutex(NameOfProgram());
     const DWORD error = GetLastError();
     // Access is denied if a process with higher rights in the same session created the mutex.
     if (!program && error == ERROR_ACCESS_DENIED) return nullptr;
     if (!program) throw NoClaim(error);
-    if (error == ERROR_ALREADY_EXISTS && !isOurs) return nullptr;
-    KernelHandle process = MakeMutex(names.process);
+    const String nameOfProcess = NameOfProcess();
+    if (error == ERROR_ALREADY_EXISTS && !Exists(nameOfProcess)) return nullptr;
+    KernelHandle process = MakeMutex(nameOfProcess);
     if (!process) throw NoClaim(GetLastError());
-    return std::make_unique<ProcessClaim>(std::move(names), std::move(program), std::move(process));
+    return std::make_unique<ProcessClaim>(std::move(program), std::move(process));
 }
 
 }  // namespace runtime::win32
