@@ -75,11 +75,18 @@ class Lockable {
 
 }  // namespace
 
+// The first attempt does not read the clock.
+std::unique_lock<std::timed_mutex> StringStore::LockThreads() {
+    std::unique_lock lock(mutex_, std::try_to_lock);
+    if (!lock && !lock.try_lock_for(threadTimeout_)) throw StoreError("another thread does not leave the store");
+    return lock;
+}
+
 /// Updates the index and returns the result of `look`. If the generation has changed, ignores errors and repeats both
 /// steps, because a writer may have overwritten the bytes that were read.
 template <typename Look>
 auto StringStore::Read(const Look& look) {
-    const std::scoped_lock lock(mutex_);
+    const auto lock = LockThreads();
     RefuseForeignMemory();
     for (;;) {
         try {
@@ -96,7 +103,7 @@ bool StringStore::Set(std::string_view key, std::string_view value) {
     if (Read([&] { return HasValue(key, value); })) return true;
     Lockable lockable(memory_);
     const std::scoped_lock writing(lockable);
-    const std::scoped_lock lock(mutex_);
+    const auto lock = LockThreads();
     Attach();
     CatchUp();
     if (HasValue(key, value)) return true;

@@ -12,6 +12,7 @@
 // writer may have overwritten the copied bytes.
 #pragma once
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -25,11 +26,17 @@
 
 namespace devkernel {
 
-/// Every call throws StoreError if the memory cannot be reached or does not belong to a string store.
+/// This is longer than any call takes. A wait for another thread ends after this time, because a thread that was
+/// terminated inside the store never leaves it.
+inline constexpr std::chrono::milliseconds kThreadTimeout{10'000};
+
+/// Every call throws StoreError if the memory cannot be reached or does not belong to a string store, or if another
+/// thread does not leave the store in time.
 class StringStore {
  public:
-    /// `memory` must outlive the store.
-    explicit StringStore(SharedMemory& memory) : memory_(memory) {}
+    /// `memory` must outlive the store. A wait for another thread ends after `threadTimeout`.
+    explicit StringStore(SharedMemory& memory, std::chrono::milliseconds threadTimeout = kThreadTimeout)
+        : memory_(memory), threadTimeout_(threadTimeout) {}
     StringStore(const StringStore&) = delete;
     StringStore& operator=(const StringStore&) = delete;
 
@@ -49,6 +56,7 @@ class StringStore {
     };
     using Index = std::map<std::string, Entry, std::less<>>;
 
+    std::unique_lock<std::timed_mutex> LockThreads();
     template <typename Look>
     auto Read(const Look& look);
     bool IsCurrent() const;
@@ -66,7 +74,8 @@ class StringStore {
     std::uint32_t OtherSpace() const { return 1 - ActiveSpace(); }
 
     SharedMemory& memory_;
-    std::mutex mutex_;                         ///< guards the members below; locked after the memory's lock
+    const std::chrono::milliseconds threadTimeout_;
+    std::timed_mutex mutex_;                   ///< guards the members below; locked after the memory's lock
     std::optional<std::uint32_t> generation_;  ///< the generation that the index describes
     std::uint32_t seen_ = 0;                   ///< bytes of the active space that the index covers
     std::uint32_t live_ = 0;                   ///< bytes of the valid records that the index covers

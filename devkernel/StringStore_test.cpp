@@ -6,7 +6,10 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
+#include <chrono>
 #include <cstring>
+#include <future>
 #include <random>
 #include <vector>
 
@@ -246,6 +249,39 @@ TEST(StringStore, ViewFails_StoreError) {
     EXPECT_THROW(late.Get("a"), StoreError);
     memory.available = UINT32_MAX;
     EXPECT_THAT(late.Get("a"), Optional(std::string(200, 'x')));
+}
+
+/// Stops the thread that reads, until the test lets it continue.
+class StoppingMemory : public HeapMemory {
+ public:
+    using HeapMemory::HeapMemory;
+    void Read(std::uint32_t space, std::uint32_t offset, void* bytes, std::size_t size) const override {
+        if (!stops.exchange(false)) return HeapMemory::Read(space, offset, bytes, size);
+        stopped.set_value();
+        continued.get_future().wait();
+        HeapMemory::Read(space, offset, bytes, size);
+    }
+
+    mutable std::atomic<bool> stops = false;
+    mutable std::promise<void> stopped;
+    mutable std::promise<void> continued;
+};
+
+TEST(StringStore, ThreadStopsInsideTheStore_OtherThreadsGetStoreError) {
+    StoppingMemory memory(kRoom);
+    StringStore store(memory, std::chrono::milliseconds(20));
+    store.Set("a", "1");
+    memory.stops = true;
+    auto inside = std::async(std::launch::async, [&] { return store.Get("a"); });
+    memory.stopped.get_future().wait();
+    auto outside = std::async(std::launch::async, [&] {
+        EXPECT_THROW(store.Get("a"), StoreError);
+        EXPECT_THROW(store.Set("a", "2"), StoreError);
+    });
+    EXPECT_EQ(outside.wait_for(std::chrono::seconds(10)), std::future_status::ready);
+    memory.continued.set_value();
+    EXPECT_THAT(inside.get(), Optional(std::string("1")));
+    EXPECT_TRUE(store.Set("a", "2"));
 }
 
 TEST(StringStore, ForeignMemory_StoreError) {
