@@ -9,21 +9,47 @@
 namespace runtime::win32 {
 namespace {
 
-/// Passes every call to the system's object. Exceptions: the name, the role and the description of the window itself.
-/// The name is the unchanged text of the window. The system's object would remove a '&' from the text.
-class AccessibleWindow final : public IAccessible {
+/// Returns the system's library, or null if the library is missing. The library stays loaded, because its objects may
+/// outlive every window.
+HMODULE AccessibilityLibrary() {
+    static const HMODULE library = LoadTrusted(InSystemFolder(u"oleacc.dll")).Release();
+    return library;
+}
+
+template <typename Function>
+Function* AccessibilityEntry(const char* name) {
+    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(AccessibilityLibrary(), name)));
+}
+
+/// Finds the description of IAccessible in the system's library.
+HRESULT DescribeAccessible(ITypeInfo** info) {
+    *info = nullptr;
+    wchar_t path[MAX_PATH];
+    if (!GetModuleFileNameW(AccessibilityLibrary(), path, MAX_PATH)) return TYPE_E_CANTLOADLIBRARY;
+    ITypeLib* library = nullptr;
+    HRESULT result = LoadTypeLib(path, &library);
+    if (FAILED(result)) return result;
+    result = library->GetTypeInfoOfGuid(IID_IAccessible, info);
+    library->Release();
+    return result;
+}
+
+/// Passes calls to the system's object. Exceptions: the properties of the window itself that differ from those of the
+/// system's object. The name is the unchanged text of the window. The system's object would remove a '&' from the text
+/// and report it as a shortcut.
+///
+/// The other interfaces of the system's object would lead to that object. Therefore this object has its own.
+class AccessibleWindow final : public IAccessible, public IEnumVARIANT, public IOleWindow {
  public:
-    /// Takes over the reference `system`.
-    AccessibleWindow(HWND window, IAccessible* system, LONG role, const String& description)
-        : window_(window), system_(system), role_(role), description_(description) {}
+    /// Takes over the references `system` and `children`.
+    AccessibleWindow(HWND window, IAccessible* system, IEnumVARIANT* children, LONG role, const String& description)
+        : window_(window), system_(system), children_(children), role_(role), description_(description) {}
     AccessibleWindow(const AccessibleWindow&) = delete;
     AccessibleWindow& operator=(const AccessibleWindow&) = delete;
 
-    // The system's object has the other interfaces: the enumeration of children and the window's handle.
     STDMETHODIMP QueryInterface(REFIID id, void** object) override {
-        if (id != IID_IUnknown && id != IID_IDispatch && id != IID_IAccessible)
-            return system_->QueryInterface(id, object);
-        *object = static_cast<IAccessible*>(this);
+        *object = Interface(id);
+        if (!*object) return E_NOINTERFACE;
         AddRef();
         return S_OK;
     }
@@ -34,37 +60,81 @@ class AccessibleWindow final : public IAccessible {
         return static_cast<ULONG>(left);
     }
 
-    STDMETHODIMP GetTypeInfoCount(UINT* count) override { return system_->GetTypeInfoCount(count); }
-    STDMETHODIMP GetTypeInfo(UINT index, LCID locale, ITypeInfo** info) override {
-        return system_->GetTypeInfo(index, locale, info);
+    STDMETHODIMP GetTypeInfoCount(UINT* count) override {
+        *count = 1;
+        return S_OK;
     }
-    STDMETHODIMP GetIDsOfNames(REFIID id, LPOLESTR* names, UINT count, LCID locale, DISPID* ids) override {
-        return system_->GetIDsOfNames(id, names, count, locale, ids);
+    STDMETHODIMP GetTypeInfo(UINT index, LCID /*locale*/, ITypeInfo** info) override {
+        if (index == 0) return DescribeAccessible(info);
+        *info = nullptr;
+        return DISP_E_BADINDEX;
     }
-    STDMETHODIMP Invoke(DISPID member, REFIID id, LCID locale, WORD flags, DISPPARAMS* arguments, VARIANT* result,
-                        EXCEPINFO* exception, UINT* wrong) override {
-        return system_->Invoke(member, id, locale, flags, arguments, result, exception, wrong);
+    STDMETHODIMP GetIDsOfNames(REFIID /*id*/, LPOLESTR* names, UINT count, LCID /*locale*/, DISPID* ids) override {
+        ITypeInfo* info = nullptr;
+        HRESULT result = DescribeAccessible(&info);
+        if (FAILED(result)) return result;
+        result = DispGetIDsOfNames(info, names, count, ids);
+        info->Release();
+        return result;
+    }
+    STDMETHODIMP Invoke(DISPID member, REFIID /*id*/, LCID /*locale*/, WORD flags, DISPPARAMS* arguments,
+                        VARIANT* value, EXCEPINFO* exception, UINT* wrong) override {
+        ITypeInfo* info = nullptr;
+        HRESULT result = DescribeAccessible(&info);
+        if (FAILED(result)) return result;
+        result = DispInvoke(static_cast<IAccessible*>(this), info, member, flags, arguments, value, exception, wrong);
+        info->Release();
+        return result;
     }
 
     STDMETHODIMP get_accRole(VARIANT child, VARIANT* role) override {
         if (!IsSelf(child)) return system_->get_accRole(child, role);
+        role->vt = VT_EMPTY;
+        if (!IsWindow(window_)) return CO_E_OBJNOTCONNECTED;
         role->vt = VT_I4;
         role->lVal = role_;
         return S_OK;
     }
     STDMETHODIMP get_accName(VARIANT child, BSTR* name) override {
-        if (!IsSelf(child) || !IsWindow(window_)) return system_->get_accName(child, name);
-        const int length = GetWindowTextLengthW(window_);
-        *name = SysAllocStringLen(nullptr, static_cast<UINT>(length));
-        if (!*name) return E_OUTOFMEMORY;
-        GetWindowTextW(window_, *name, length + 1);
-        return S_OK;
+        if (!IsSelf(child)) return system_->get_accName(child, name);
+        *name = nullptr;
+        if (!IsWindow(window_)) return CO_E_OBJNOTCONNECTED;
+        // The text may be shorter than its reported length.
+        const int longest = GetWindowTextLengthW(window_);
+        const BSTR text = SysAllocStringLen(nullptr, static_cast<UINT>(longest));
+        if (!text) return E_OUTOFMEMORY;
+        const int length = GetWindowTextW(window_, text, longest + 1);
+        if (length > 0) *name = SysAllocStringLen(text, static_cast<UINT>(length));
+        SysFreeString(text);
+        if (length <= 0) return S_FALSE;
+        return *name ? S_OK : E_OUTOFMEMORY;
     }
     STDMETHODIMP get_accDescription(VARIANT child, BSTR* description) override {
-        if (!IsSelf(child) || description_.empty()) return system_->get_accDescription(child, description);
+        if (!IsSelf(child)) return system_->get_accDescription(child, description);
+        *description = nullptr;
+        if (!IsWindow(window_)) return CO_E_OBJNOTCONNECTED;
+        if (description_.empty()) return S_FALSE;
         *description = SysAllocString(Wide(description_));
         return *description ? S_OK : E_OUTOFMEMORY;
     }
+    STDMETHODIMP get_accKeyboardShortcut(VARIANT child, BSTR* keys) override {
+        if (!IsSelf(child)) return system_->get_accKeyboardShortcut(child, keys);
+        *keys = nullptr;
+        return IsWindow(window_) ? S_FALSE : CO_E_OBJNOTCONNECTED;
+    }
+
+    STDMETHODIMP Next(ULONG count, VARIANT* children, ULONG* taken) override {
+        return children_->Next(count, children, taken);
+    }
+    STDMETHODIMP Skip(ULONG count) override { return children_->Skip(count); }
+    STDMETHODIMP Reset() override { return children_->Reset(); }
+    STDMETHODIMP Clone(IEnumVARIANT** copy) override { return children_->Clone(copy); }
+
+    STDMETHODIMP GetWindow(HWND* window) override {
+        *window = window_;
+        return S_OK;
+    }
+    STDMETHODIMP ContextSensitiveHelp(BOOL /*enters*/) override { return E_NOTIMPL; }
 
     STDMETHODIMP get_accParent(IDispatch** parent) override { return system_->get_accParent(parent); }
     STDMETHODIMP get_accChildCount(LONG* count) override { return system_->get_accChildCount(count); }
@@ -74,9 +144,6 @@ class AccessibleWindow final : public IAccessible {
     STDMETHODIMP get_accHelp(VARIANT child, BSTR* help) override { return system_->get_accHelp(child, help); }
     STDMETHODIMP get_accHelpTopic(BSTR* file, VARIANT child, LONG* topic) override {
         return system_->get_accHelpTopic(file, child, topic);
-    }
-    STDMETHODIMP get_accKeyboardShortcut(VARIANT child, BSTR* keys) override {
-        return system_->get_accKeyboardShortcut(child, keys);
     }
     STDMETHODIMP get_accFocus(VARIANT* child) override { return system_->get_accFocus(child); }
     STDMETHODIMP get_accSelection(VARIANT* children) override { return system_->get_accSelection(children); }
@@ -98,28 +165,27 @@ class AccessibleWindow final : public IAccessible {
     STDMETHODIMP put_accValue(VARIANT child, BSTR value) override { return system_->put_accValue(child, value); }
 
  private:
-    ~AccessibleWindow() { system_->Release(); }
+    ~AccessibleWindow() {
+        if (children_) children_->Release();
+        system_->Release();
+    }
+
+    /// Returns the interface `id` of this object, or null.
+    void* Interface(REFIID id) {
+        if (id == IID_IUnknown || id == IID_IDispatch || id == IID_IAccessible) return static_cast<IAccessible*>(this);
+        if (id == IID_IEnumVARIANT && children_) return static_cast<IEnumVARIANT*>(this);
+        return id == IID_IOleWindow ? static_cast<IOleWindow*>(this) : nullptr;
+    }
 
     static bool IsSelf(const VARIANT& child) { return child.vt == VT_I4 && child.lVal == CHILDID_SELF; }
 
     LONG references_ = 1;
     const HWND window_;
     IAccessible* const system_;
+    IEnumVARIANT* const children_;  ///< the system's object; null if the object does not enumerate its children
     const LONG role_;
     const String description_;
 };
-
-/// Returns the system's library, or null if the library is missing. The library stays loaded, because its objects may
-/// outlive every window.
-HMODULE AccessibilityLibrary() {
-    static const HMODULE library = LoadTrusted(InSystemFolder(u"oleacc.dll")).Release();
-    return library;
-}
-
-template <typename Function>
-Function* AccessibilityEntry(const char* name) {
-    return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(AccessibilityLibrary(), name)));
-}
 
 }  // namespace
 
@@ -130,10 +196,13 @@ bool AsksForClientObject(LPARAM lParam) {
 LRESULT AnswerGetObject(HWND window, WPARAM wParam, LONG role, const String& description) {
     const auto create = AccessibilityEntry<decltype(CreateStdAccessibleObject)>("CreateStdAccessibleObject");
     const auto answerWith = AccessibilityEntry<decltype(LresultFromObject)>("LresultFromObject");
-    void* system = nullptr;
-    if (!create || !answerWith || FAILED(create(window, OBJID_CLIENT, IID_IAccessible, &system))) return 0;
-    auto* const object =
-        new AccessibleWindow(window, static_cast<IAccessible*>(system), role, NulsAsBlanks(description));
+    void* created = nullptr;
+    if (!create || !answerWith || FAILED(create(window, OBJID_CLIENT, IID_IAccessible, &created))) return 0;
+    auto* const system = static_cast<IAccessible*>(created);
+    void* children = nullptr;
+    system->QueryInterface(IID_IEnumVARIANT, &children);
+    IAccessible* const object =
+        new AccessibleWindow(window, system, static_cast<IEnumVARIANT*>(children), role, NulsAsBlanks(description));
     const LRESULT answer = answerWith(IID_IAccessible, wParam, object);
     object->Release();
     return answer;
