@@ -72,6 +72,7 @@ void Form::MakeWindow() {
     state_ = WindowState::kNormal;
     visible_ = false;
     wasShown_ = false;
+    isRightToLeft_ = IsRightToLeft();
     enterPressedHere_ = false;
     isDestroyedByOthers_ = false;
     backColour_ = design_.backColour;
@@ -80,7 +81,7 @@ void Form::MakeWindow() {
     WindowsPort& windows = CurrentPorts().windows;
     const Size outer = windows.OuterSize(design_.inner, design_.border);
     bounds_ = {design_.left, design_.top, outer.width, outer.height};
-    window_ = windows.MakeWindow({caption_, design_.border, bounds_, backColour_, IsRightToLeft()}, *this);
+    window_ = windows.MakeWindow({caption_, design_.border, bounds_, backColour_, isRightToLeft_}, *this);
     stage_ = Stage::kLoading;
     LoadedForms().Add(*this);
     for (const auto& control : controls_) control->Attach(*window_);

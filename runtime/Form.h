@@ -192,6 +192,7 @@ class Form : private WindowEvents {
     WindowState state_ = WindowState::kNormal;
     bool visible_ = false;
     bool wasShown_ = false;
+    bool isRightToLeft_ = false;
     bool enterPressedHere_ = false;  ///< true if Enter was pressed, not only repeated, outside a button since the load
     bool isDestroyedByOthers_ = false;  ///< true if other code destroys the window; no handler can refuse the unload
     Colour backColour_ = kButtonFace;

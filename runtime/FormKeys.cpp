@@ -43,6 +43,12 @@ bool Form::ActOnKey(std::int16_t keyCode, std::int16_t shift, bool isRepeated) {
         case KeyAction::kWalkBack:
             tabs_.Walk(-1);
             return true;
+        case KeyAction::kWalkLeft:
+            tabs_.Walk(isRightToLeft_ ? 1 : -1);
+            return true;
+        case KeyAction::kWalkRight:
+            tabs_.Walk(isRightToLeft_ ? -1 : 1);
+            return true;
         case KeyAction::kPress:
             return isRepeated || Press(*focused);
         case KeyAction::kPressCancel:

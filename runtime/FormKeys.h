@@ -23,6 +23,8 @@ enum class KeyAction {
     kWalk,         ///< moves the focus to the next control, or with Shift to the previous control
     kWalkOn,       ///< moves the focus to the next control
     kWalkBack,     ///< moves the focus to the previous control
+    kWalkLeft,     ///< like kWalkBack; in a mirrored form like kWalkOn
+    kWalkRight,    ///< like kWalkOn; in a mirrored form like kWalkBack
     kPress,        ///< presses the focused button
     kPressCancel,  ///< presses the cancel button; like kNone if the form shows no cancel button
     kWrite,        ///< produces its character
@@ -44,9 +46,9 @@ constexpr auto KeyRules() {
     return std::array{
         //      key         on a button   on an open list  elsewhere
         KeyRule{kKeyTab,    kWalk,        kWalk,           kWalk},
-        KeyRule{kKeyLeft,   kWalkBack,    kNone,           kNone},
+        KeyRule{kKeyLeft,   kWalkLeft,    kNone,           kNone},
         KeyRule{kKeyUp,     kWalkBack,    kNone,           kNone},
-        KeyRule{kKeyRight,  kWalkOn,      kNone,           kNone},
+        KeyRule{kKeyRight,  kWalkRight,   kNone,           kNone},
         KeyRule{kKeyDown,   kWalkOn,      kNone,           kNone},
         KeyRule{kKeyEnter,  kPress,       kChooseItem,     kWrite},
         KeyRule{kKeySpace,  kPress,       kNone,           kNone},

@@ -331,6 +331,26 @@ TEST_F(InputKeysInMemory, Arrow_MovesTheFocusFromButtonsOnly) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list);
 }
 
+class MirroredInputForm : public tests::InputForm {
+ protected:
+    bool IsRightToLeft() const override { return true; }
+};
+
+TEST_F(InputKeysInMemory, LeftAndRightInAMirroredForm_AreExchanged) {
+    MirroredInputForm form;
+    form.SetVisible(true);
+    form.SetFocus(form.button);
+    WindowEvents& events = memory_.windows.Last().Events();
+    EXPECT_TRUE(events.KeyDown(kKeyLeft, 0));
+    EXPECT_EQ(form.FocusedControl(), &form.cancel);
+    EXPECT_TRUE(events.KeyDown(kKeyRight, 0));
+    EXPECT_EQ(form.FocusedControl(), &form.button);
+    EXPECT_TRUE(events.KeyDown(kKeyDown, 0));
+    EXPECT_EQ(form.FocusedControl(), &form.cancel);
+    EXPECT_TRUE(events.KeyDown(kKeyUp, 0));
+    EXPECT_EQ(form.FocusedControl(), &form.button);
+}
+
 TEST_F(InputKeysInMemory, TabOrEscapeWithCtrlOrAlt_IsNotConsumed) {
     form_.SetVisible(true);
     WindowEvents& events = memory_.windows.Last().Events();

@@ -307,6 +307,71 @@ TEST_F(RealInputs, SetFont_ChangesTheWindowsFont) {
     EXPECT_STREQ(tests::FontDescriptionOf(TextWindow()).lfFaceName, L"Arial");
 }
 
+/// A form with a label, a picture and a button, in this order.
+class MirrorableForm : public Form {
+ public:
+    explicit MirrorableForm(bool isMirrored)
+        : Form({.name = u"mirrorable", .inner = kInner, .border = BorderStyle::kFixedDialog}), isMirrored_(isMirrored) {
+        for (const ControlKind kind : {ControlKind::kLabel, ControlKind::kPicture, ControlKind::kButton})
+            AddControl({.kind = kind, .name = u"control", .bounds = {150, 300, 1500, 600}, .text = u"R1"});
+    }
+
+    static constexpr Size kInner{4500, 3000};
+
+ protected:
+    bool IsRightToLeft() const override { return isMirrored_; }
+
+ private:
+    bool isMirrored_;
+};
+
+class MirroredWindow : public tests::RuntimeTest {
+ protected:
+    static HWND WindowOf(Form& form) { return reinterpret_cast<HWND>(form.Handle()); }
+    static std::vector<HWND> ControlsOf(Form& form) {
+        return {GetDlgItem(WindowOf(form), 100), GetDlgItem(WindowOf(form), 101), GetDlgItem(WindowOf(form), 102)};
+    }
+    static bool IsMirrored(HWND window) { return (GetWindowLongW(window, GWL_EXSTYLE) & WS_EX_LAYOUTRTL) != 0; }
+    /// Returns the distances of a child from the left and from the right edge of the client area, in pixels.
+    static std::pair<long, long> DistancesOf(HWND child) {
+        RECT client{};
+        GetClientRect(GetParent(child), &client);
+        MapWindowPoints(GetParent(child), nullptr, reinterpret_cast<POINT*>(&client), 2);
+        const tests::Place place = PlaceOf(child);
+        return {place.left - client.left, client.right - place.left - place.width};
+    }
+
+    MirrorableForm plain_{false};
+    MirrorableForm mirrored_{true};
+};
+
+TEST_F(MirroredWindow, ContentOfLabelsAndPictures_IsNotMirrored) {
+    EXPECT_TRUE(IsMirrored(WindowOf(mirrored_)));
+    const std::vector<HWND> controls = ControlsOf(mirrored_);
+    EXPECT_FALSE(IsMirrored(controls[0]));
+    EXPECT_FALSE(IsMirrored(controls[1]));
+    EXPECT_TRUE(IsMirrored(controls[2]));
+    EXPECT_TRUE(GetWindowLongW(controls[0], GWL_EXSTYLE) & WS_EX_RTLREADING);
+    for (const HWND control : ControlsOf(plain_)) {
+        EXPECT_FALSE(IsMirrored(control));
+        EXPECT_FALSE(GetWindowLongW(control, GWL_EXSTYLE) & WS_EX_RTLREADING);
+    }
+}
+
+TEST_F(MirroredWindow, Children_AreAtTheOtherSideAndTheFormKeepsItsSize) {
+    EXPECT_EQ(mirrored_.InnerSize(), MirrorableForm::kInner);
+    EXPECT_EQ(PlaceOf(WindowOf(mirrored_)).width, PlaceOf(WindowOf(plain_)).width);
+    const std::vector<HWND> before = ControlsOf(plain_);
+    const std::vector<HWND> controls = ControlsOf(mirrored_);
+    for (std::size_t i = 0; i < controls.size(); ++i) {
+        const auto [left, right] = DistancesOf(before[i]);
+        EXPECT_EQ(left, 10);
+        EXPECT_EQ(DistancesOf(controls[i]), (std::pair{right, left})) << i;
+        EXPECT_EQ(PlaceOf(controls[i]).width, PlaceOf(before[i]).width) << i;
+        EXPECT_EQ(PlaceOf(controls[i]).height, PlaceOf(before[i]).height) << i;
+    }
+}
+
 /// Types through the system's input queue and waits until the form has logged `logged` events, at most 10 seconds.
 class KeyboardInputs : public RealInputs {
  protected:
