@@ -31,10 +31,12 @@ void ListExtent::Take(StringView item) {
     if (needed > client.right - GetSystemMetrics(SM_CXVSCROLL)) Set(needed);
 }
 
-void ListExtent::Reset() {
+bool ListExtent::Reset() {
     measure_.reset();
     widest_ = 0;
-    if (extent_ > 0) Set(0);
+    if (extent_ == 0) return false;
+    Set(0);
+    return true;
 }
 
 void ListExtent::Set(int extent) {

@@ -16,8 +16,8 @@ class ListExtent {
     /// Call it after an item was added to the list.
     void Take(StringView item);
     /// Call it when the list has no items. Also call it when the list's font has changed, and then call Take for each
-    /// item.
-    void Reset();
+    /// item. Returns true if the list may have had a scroll bar.
+    bool Reset();
 
  private:
     void Set(int extent);

@@ -107,6 +107,16 @@ TEST_F(RealInputs, AddItems_HiddenControlStaysHidden) {
     }
 }
 
+// A list box reduces its height to a whole number of items when its scroll bar appears.
+TEST_F(RealInputs, WideItemIsRemoved_ListBoxHasItsFormerHeight) {
+    form_.list.AddItem(u"narrow");
+    ShowOn(form_.list);
+    const tests::Place before = PlaceOf(ListWindow());
+    form_.list.AddItem(String(200, u'm'));
+    form_.list.ClearItems();
+    EXPECT_EQ(PlaceOf(ListWindow()), before);
+}
+
 // Wine shows no scroll bar in the list of a combo box, but stores the list's scroll range.
 TEST_F(RealInputs, DropDownList_KeepsTheWidthOfItsWidestItem) {
     for (const int number : {1, 2}) {

@@ -14,6 +14,11 @@ Win32ListBox::Win32ListBox(Win32Window& parent, Win32Windows& system, const Cont
     ShowScrollBar(Window(), SB_HORZ, FALSE);
 }
 
+void Win32ListBox::SetBounds(const Rect& bounds) {
+    bounds_ = bounds;
+    Win32Control::SetBounds(bounds);
+}
+
 void Win32ListBox::SetFont(const Font& font) {
     Win32Control::SetFont(font);
     extent_.Reset();
@@ -41,7 +46,8 @@ void Win32ListBox::SetRedraw(bool redraws) {
 
 void Win32ListBox::Clear() {
     SendMessageW(Window(), LB_RESETCONTENT, 0, 0);
-    extent_.Reset();
+    // When the scroll bar appeared, the list box reduced its height to a whole number of items.
+    if (extent_.Reset()) SetBounds(bounds_);
 }
 
 void Win32ListBox::Choose(int index) {

@@ -10,6 +10,7 @@ class Win32ListBox final : public Win32Control, private NativeList {
  public:
     Win32ListBox(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id);
 
+    void SetBounds(const Rect& bounds) override;
     void SetText(const String& /*text*/) override {}
     void SetFont(const Font& font) override;
     NativeList* List() override { return this; }
@@ -23,6 +24,7 @@ class Win32ListBox final : public Win32Control, private NativeList {
     void Choose(int index) override;
     String TextOfItem(int item) const;
 
+    Rect bounds_;
     ListExtent extent_;
 };
 
