@@ -314,11 +314,12 @@ LRESULT Win32Window::OnKeyMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 bool Win32Window::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = window_;
     switch (message) {
         case WM_KEYDOWN:
         case WM_SYSKEYDOWN:
             return events_.KeyDown(static_cast<std::int16_t>(wParam), HeldModifiers(), IsRepeated(lParam)) ||
-                   ClosesWindow(message, wParam, lParam);
+                   ClosesWindow(window, message, wParam, lParam);
         case WM_KEYUP:
         case WM_SYSKEYUP:
             return events_.KeyUp(static_cast<std::int16_t>(wParam), HeldModifiers());
@@ -332,10 +333,10 @@ bool Win32Window::OnKey(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 // Handle Alt+F4 here for every focused control, because a drop-down list would consume the key.
-bool Win32Window::ClosesWindow(UINT message, WPARAM wParam, LPARAM lParam) {
+bool Win32Window::ClosesWindow(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     const bool isWithAlt = (HIWORD(lParam) & KF_ALTDOWN) != 0;
     if (message != WM_SYSKEYDOWN || wParam != VK_F4 || !isWithAlt) return false;
-    Default(message, wParam, lParam);
+    DefWindowProcW(window, message, wParam, lParam);
     return true;
 }
 
@@ -372,10 +373,11 @@ HBRUSH Win32Window::Background() const {
 }
 
 LRESULT Win32Window::OnLookChanged(UINT message, WPARAM wParam, LPARAM lParam) {
+    const HWND window = window_;
     // The system sends this message to top-level windows only.
-    if (message == WM_SYSCOLORCHANGE) EnumChildWindows(window_, PassOn, WM_SYSCOLORCHANGE);
-    RedrawWindow(window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
-    return Default(message, wParam, lParam);
+    if (message == WM_SYSCOLORCHANGE) EnumChildWindows(window, PassOn, WM_SYSCOLORCHANGE);
+    RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME | RDW_ALLCHILDREN);
+    return DefWindowProcW(window, message, wParam, lParam);
 }
 
 LRESULT Win32Window::OnGetObject(WPARAM wParam, LPARAM lParam) {

@@ -57,7 +57,7 @@ class Win32Window : public NativeWindow {
     LRESULT OnChanged(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT OnKeyMessage(UINT message, WPARAM wParam, LPARAM lParam);
     bool OnKey(UINT message, WPARAM wParam, LPARAM lParam);
-    bool ClosesWindow(UINT message, WPARAM wParam, LPARAM lParam);
+    static bool ClosesWindow(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     void OnCommand(WPARAM wParam, LPARAM lParam);
     LRESULT GiveColours(HDC context) const;
     LRESULT OnLookChanged(UINT message, WPARAM wParam, LPARAM lParam);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <thread>
+#include <vector>
 
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
@@ -184,6 +185,44 @@ TEST_F(RealWindow, KeyHandlerMayUnloadTheForm) {
         SendMessageW(window, message, 'A', 0);
         EXPECT_FALSE(IsWindow(window)) << message;
     }
+}
+
+// The test fills the memory of the destroyed window's object with the handle of another window.
+TEST_F(RealWindow, KeyHandlerLoadsTheFormAgain_AltF4ClosesNoWindow) {
+    tests::HandledForm other(u"other");
+    const std::vector<HWND> handles(sizeof(Win32Window) / sizeof(HWND), WindowOf(other));
+    std::vector<std::vector<HWND>> freed;
+    form_.onKey = [&] {
+        form_.Unload();
+        freed.assign(100, handles);
+        form_.EnsureLoaded();
+    };
+    Send(WM_SYSKEYDOWN, VK_F4, static_cast<LPARAM>(KF_ALTDOWN) << 16);
+    CurrentPorts().windows.DoEvents();
+    EXPECT_THAT(form_.log, ElementsAre("load", "down 115 0", "query 1", "unload", "load"));
+    EXPECT_THAT(other.log, ElementsAre("load"));
+}
+
+Form* formToUnload = nullptr;
+
+LRESULT CALLBACK UnloadForm(HWND window, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    if (message == WM_SYSCOLORCHANGE) formToUnload->Unload();
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+// Without its window, the form would paint the whole screen.
+TEST_F(RealWindow, ControlUnloadsTheFormOnNewColours_NoOtherWindowIsPainted) {
+    const MemoryFaults none;
+    tests::HandledForm other(u"other");
+    other.SetVisible(true);
+    CurrentPorts().windows.DoEvents();
+    UpdateWindow(WindowOf(other));
+    ASSERT_FALSE(GetUpdateRect(WindowOf(other), nullptr, FALSE));
+    formToUnload = &form_;
+    SetWindowLongPtrW(GetDlgItem(Window(), 100), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&UnloadForm));
+    Send(WM_SYSCOLORCHANGE);
+    EXPECT_FALSE(form_.IsLoaded());
+    EXPECT_FALSE(GetUpdateRect(WindowOf(other), nullptr, FALSE));
 }
 
 TEST_F(RealWindow, OtherCodeResizes_FormHasTheSizeAndRaisesResize) {
