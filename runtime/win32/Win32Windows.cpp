@@ -174,7 +174,9 @@ bool Win32Windows::CopyToClipboard(StringView text) {
     if (!place) return false;
     std::memcpy(place, shown.c_str(), bytes);
     GlobalUnlock(memory.Get());
-    if (!OpenClipboard(GetActiveWindow())) return false;
+    // Without an owner, the system would refuse the text after the clipboard has been emptied.
+    const HWND owner = GetActiveWindow();
+    if (!owner || !OpenClipboard(owner)) return false;
     EmptyClipboard();
     // On success, the clipboard owns the memory.
     const bool isTaken = SetClipboardData(CF_UNICODETEXT, memory.Get()) != nullptr;

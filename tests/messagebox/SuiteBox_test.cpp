@@ -2,8 +2,11 @@
 // nested boxes.
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "runtime/Error.h"
 #include "runtime/LoadedForms.h"
+#include "runtime/Ports.h"
 #include "runtime/Screen.h"
 #include "tests/messagebox/SuiteBoxTest.h"
 #include "tests/windows/Queues.h"
@@ -81,6 +84,16 @@ TEST_F(SuiteBox, CtrlC_CopiesTheTextAsTheSystemsBoxDoes) {
     EXPECT_EQ(TextInClipboard(),
               line + u"Title\r\n" + line + u"A\u65E5?\r\n" + line + u"Yes   No   Yes To All   Cancel   \r\n" + line);
     ExpectNothingIsLeft();
+}
+
+// Without an owner, the system would empty the clipboard and then refuse the text.
+TEST_F(SuiteBox, NoWindowIsActive_ClipboardKeepsItsText) {
+    runtime::WindowsPort& windows = runtime::CurrentPorts().windows;
+    ASSERT_TRUE(windows.CopyToClipboard(u"R1"));
+    bool isCopied = true;
+    std::thread([&] { isCopied = windows.CopyToClipboard(u"R2"); }).join();
+    EXPECT_FALSE(isCopied);
+    EXPECT_EQ(TextInClipboard(), u"R1");
 }
 
 std::vector<UINT> sounds;
