@@ -1,6 +1,7 @@
 #include "runtime/win32/Pixels.h"
 
 #include "runtime/PixelGrid.h"
+#include "runtime/win32/UserEntry.h"
 
 namespace runtime::win32 {
 namespace {
@@ -19,8 +20,11 @@ PixelGrid Screen() {
 }  // namespace
 
 int ScreenDpi() {
-    static const int dpi = ReadScreenDpi();
-    return dpi;
+    static const auto dpiOfThread = UserEntry<UINT WINAPI()>("GetDpiForSystem");
+    if (dpiOfThread) return static_cast<int>(dpiOfThread());
+    // On systems without the function, the whole process has one resolution.
+    static const int dpiOfProcess = ReadScreenDpi();
+    return dpiOfProcess;
 }
 
 int ToPixels(Twips twips) {

@@ -6,7 +6,8 @@
 
 namespace runtime::win32 {
 
-/// Returns the dots per inch of the screen.
+/// Returns the dots per inch of the screen, as the thread sees the screen now. A program may change this setting of a
+/// thread at any time.
 int ScreenDpi();
 
 /// Rounds to the nearest pixel.

@@ -10,10 +10,10 @@ namespace {
 
 constexpr float kPointsPerInch = 72.0F;
 
-GdiFont MakeFont(const Font& font) {
+GdiFont MakeFont(const Font& font, int dpi) {
     LOGFONTW description{};
     // A negative value is the height of the characters, not the height of the cell.
-    description.lfHeight = -std::lround(font.size * static_cast<float>(ScreenDpi()) / kPointsPerInch);
+    description.lfHeight = -std::lround(font.size * static_cast<float>(dpi) / kPointsPerInch);
     description.lfWeight = font.bold ? FW_BOLD : FW_NORMAL;
     description.lfCharSet = static_cast<BYTE>(font.charset);
     const StringView name = StringView(font.name).substr(0, LF_FACESIZE - 1);
@@ -24,8 +24,9 @@ GdiFont MakeFont(const Font& font) {
 }  // namespace
 
 HFONT Win32Fonts::Get(const Font& font) {
-    GdiFont& made = fonts_[{font.name, font.size, font.charset, font.bold}];
-    if (!made) made = MakeFont(font);
+    const int dpi = ScreenDpi();
+    GdiFont& made = fonts_[{font.name, font.size, font.charset, font.bold, dpi}];
+    if (!made) made = MakeFont(font, dpi);
     return made ? made.Get() : static_cast<HFONT>(GetStockObject(DEFAULT_GUI_FONT));
 }
 

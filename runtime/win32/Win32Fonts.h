@@ -11,12 +11,12 @@ namespace runtime::win32 {
 
 class Win32Fonts {
  public:
-    /// Returns the system's font for `font`. If the system cannot create the font, returns the stock font for user
-    /// interfaces. The handle is valid as long as this object exists.
+    /// Returns the system's font for `font` in the thread's resolution. If the system cannot create the font, returns
+    /// the stock font for user interfaces. The handle is valid as long as this object exists.
     HFONT Get(const Font& font);
 
  private:
-    using Key = std::tuple<String, float, std::int16_t, bool>;
+    using Key = std::tuple<String, float, std::int16_t, bool, int>;
     std::map<Key, GdiFont> fonts_;
 };
 

@@ -3,10 +3,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <optional>
 
 #include "tests/messagebox/SuiteBoxTest.h"
 #include "tests/windows/Accessible.h"
+#include "tests/windows/WindowTexts.h"
 
 namespace tests {
 namespace {
@@ -115,6 +117,37 @@ TEST_F(SuiteBoxForEverybody, HostIsAwareOfEachMonitor_SystemScalesTheBox) {
     Ask(8, {look, Keys({VK_RETURN})});
     EXPECT_EQ(ofBox, kUnaware);
     SystemEntry<HANDLE WINAPI(HANDLE)>("SetThreadDpiAwarenessContext")(before);
+    ExpectNothingIsLeft();
+}
+
+/// Returns the user's setting of the system's resolution.
+int ResolutionOfTheSystem() {
+    DWORD dpi = USER_DEFAULT_SCREEN_DPI;
+    DWORD size = sizeof dpi;
+    RegGetValueW(HKEY_CURRENT_USER, L"Control Panel\\Desktop", L"LogPixels", RRF_RT_REG_DWORD, nullptr, &dpi, &size);
+    return static_cast<int>(dpi);
+}
+
+// The test also runs in another resolution of the system; see tests/tool/test_locales.py.
+TEST_F(SuiteBoxForEverybody, HostChangesItsResolution_BoxHasTheResolution) {
+    constexpr LONG_PTR kUnawareContext = -1;
+    constexpr LONG_PTR kSystemContext = -2;
+    constexpr double kPointsPerInch = 72;
+    constexpr double kPoints = 8.25;
+    const auto ask = [&](LONG_PTR context, int dpi) {
+        const HANDLE before = UseContext(context);
+        Ask(8, {Do([&](HWND box) {
+                    RECT client{};
+                    GetClientRect(box, &client);
+                    EXPECT_EQ(client.right, std::lround(5085.0 * dpi / 1440)) << dpi;
+                    EXPECT_EQ(FontDescriptionOf(LabelOf(box)).lfHeight, -std::lround(kPoints * dpi / kPointsPerInch));
+                }),
+                Keys({VK_RETURN})});
+        SystemEntry<HANDLE WINAPI(HANDLE)>("SetThreadDpiAwarenessContext")(before);
+    };
+    ask(kUnawareContext, USER_DEFAULT_SCREEN_DPI);
+    ask(kSystemContext, ResolutionOfTheSystem());
+    ask(kUnawareContext, USER_DEFAULT_SCREEN_DPI);
     ExpectNothingIsLeft();
 }
 

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests the forms' font and the texts on systems with different locales. Wine reads the system's locale from its
-environment.
+"""Tests the forms' font and the texts on systems with different locales, and the forms' size in another resolution.
+Wine reads the system's locale from its environment.
 
     test_locales.py WINE_RUN BIN_FOLDER LOCALE_FOLDER
 
@@ -126,6 +126,19 @@ class DoubleByteCodePage(unittest.TestCase):
     def test_shared_string_is_returned_unchanged(self):
         output = output_of("ja_JP", "backproc.exe", "host", text="set JobDir C:\\\u8A2D\u8A08\\\u8868\nget JobDir\n")
         self.assertEqual(output, "JobDir=[C:\\\u8A2D\u8A08\\\u8868]\n")
+
+
+class SystemResolution(unittest.TestCase):
+    def reg(self, *arguments):
+        subprocess.run([wine_run, "reg", *arguments, "/f"], env=environment_of("de_DE"), stdout=subprocess.DEVNULL,
+                       check=True, timeout=TIMEOUT)
+
+    def test_box_follows_the_resolution_of_its_host(self):
+        setting = ("HKCU\\Control Panel\\Desktop", "/v", "LogPixels")
+        self.addCleanup(self.reg, "delete", *setting)
+        self.reg("add", *setting, "/t", "REG_DWORD", "/d", "144")
+        output = output_of("de_DE", "messagebox_tests.exe", "--gtest_filter=SuiteBoxForEverybody.HostChangesItsResolution*")
+        self.assertIn("[  PASSED  ] 1 test.\n", output)
 
 
 class SystemLocaleWithMsSansSerif(LocaleTestCase):
