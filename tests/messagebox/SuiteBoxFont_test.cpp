@@ -51,8 +51,7 @@ class OneLanguage : public kernel_api::Reader {
         return runtime::String(value);
     }
     runtime::String GetText(runtime::StringView defaultText, runtime::StringView id) override {
-        const runtime::String* const text = texts_.Find(id);
-        return text ? *text : runtime::String(defaultText);
+        return runtime::String(texts_.Find(id).value_or(defaultText));
     }
     runtime::String TextAt(kernel_api::TextPointer) override { return {}; }
 
