@@ -36,14 +36,17 @@ Twips ToTwips(int pixels) {
 }
 
 RECT ToPixels(const Rect& rect) {
-    const int left = ToPixels(rect.left);
-    const int top = ToPixels(rect.top);
-    return {left, top, left + ToPixels(rect.width), top + ToPixels(rect.height)};
+    const PixelGrid grid = Screen();
+    const int left = grid.ToPixels(rect.left);
+    const int top = grid.ToPixels(rect.top);
+    return {left, top, left + grid.ToPixels(rect.width), top + grid.ToPixels(rect.height)};
 }
 
 Rect ToTwips(const RECT& rect) {
-    return {ToTwips(static_cast<int>(rect.left)), ToTwips(static_cast<int>(rect.top)),
-            ToTwips(static_cast<int>(rect.right - rect.left)), ToTwips(static_cast<int>(rect.bottom - rect.top))};
+    const PixelGrid grid = Screen();
+    return {grid.ToTwips(static_cast<int>(rect.left)), grid.ToTwips(static_cast<int>(rect.top)),
+            grid.ToTwips(static_cast<int>(rect.right - rect.left)),
+            grid.ToTwips(static_cast<int>(rect.bottom - rect.top))};
 }
 
 }  // namespace runtime::win32
