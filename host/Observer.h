@@ -15,8 +15,8 @@ class Observer : public runtime::FormObserver {
  public:
     /// The main form's load has failed. All forms will be unloaded. The error does not reach the caller of the load.
     virtual void LoadShutDown(const std::exception& error) noexcept = 0;
-    /// A command has failed, and all forms were unloaded. The error was shown to the user, unless it is a silent
-    /// error or too many messages were open.
+    /// A command has failed. The error will be shown to the user, unless it is a silent error or too many messages are
+    /// open. Then all forms will be unloaded.
     virtual void CommandFailed(const std::exception_ptr& error) noexcept = 0;
     /// The component is about to call a client's sink with an event. `connection` is the cookie that Advise returned.
     virtual void SinkCalled(std::uint32_t connection, runtime::StringView Aname,

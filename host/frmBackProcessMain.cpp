@@ -68,8 +68,9 @@ void frmBackProcessMain::EditMsgLine(StringView text) {
 
 void frmBackProcessMain::AP_ExeCmd(StringView command) {
     const std::exception_ptr failure = interpreter_.Execute(command, *this, staysLoaded_);
-    Observer* const observer = CurrentObserver();
-    if (failure && observer) observer->CommandFailed(failure);
+    if (!failure) return;
+    if (Observer* const observer = CurrentObserver()) observer->CommandFailed(failure);
+    interpreter_.ReportFailure(failure);
 }
 
 void frmBackProcessMain::AP_SendCmd(String& module, String& command) {

@@ -84,7 +84,6 @@ std::exception_ptr CommandInterpreter::Execute(StringView command, runtime::Form
     if (command.empty()) return nullptr;
     runtime::FirstError failure;
     failure.Run([&] { Interpret(command, mainForm, staysLoaded); });
-    if (failure.IsKept()) Report(failure.Kept());
     return failure.Kept();
 }
 
@@ -106,9 +105,7 @@ kernel_api::FieldParser& CommandInterpreter::Parser() {
     return *parser_;
 }
 
-// Reports `failure` and unloads all forms. Does not copy `failure`, because a copy could fail when memory is short, and
-// the forms must always be unloaded.
-void CommandInterpreter::Report(const std::exception_ptr& failure) {
+void CommandInterpreter::ReportFailure(const std::exception_ptr& failure) {
     runtime::FirstError firstError;
     firstError.Run([&] { ShowFailure(failure); });
     firstError.Run([] { runtime::LoadedForms().UnloadAll(); });

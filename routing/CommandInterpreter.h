@@ -33,10 +33,13 @@ inline runtime::String& LanguagePath() {
 class CommandInterpreter {
  public:
     /// Carries out `command`. Does nothing if it is empty. LZ localises `mainForm`. If `staysLoaded` is true, EX
-    /// unloads no form. If the command fails, shows a message, unloads all forms and returns the error. Returns null on
-    /// success. If the message or the unload fails, throws that error after both were tried. If both fail, throws the
-    /// message's error.
+    /// unloads no form. If the command fails, returns the error. The caller must pass it to ReportFailure. Returns null
+    /// on success.
     std::exception_ptr Execute(runtime::StringView command, runtime::Form& mainForm, bool staysLoaded);
+
+    /// Shows a message about the failure of a command and unloads all forms. If one of the two fails, throws its error
+    /// after both were tried. If both fail, throws the message's error.
+    void ReportFailure(const std::exception_ptr& failure);
 
     /// Resets the count of open messages. Call it when the thread of the messages has ended or is no longer the home
     /// thread.
@@ -45,7 +48,6 @@ class CommandInterpreter {
  private:
     void Interpret(runtime::StringView command, runtime::Form& mainForm, bool staysLoaded);
     kernel_api::FieldParser& Parser();
-    void Report(const std::exception_ptr& failure);
     void ShowFailure(const std::exception_ptr& failure);
 
     std::unique_ptr<kernel_api::FieldParser> parser_;  ///< created for the first command

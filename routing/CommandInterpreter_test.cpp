@@ -82,7 +82,7 @@ class InterpreterTest : public tests::HeadlessComponentTest {
     /// Executes `command` while `dialog_` is loaded. `unloads_` counts the unloads of `dialog_`.
     void Execute(StringView command) {
         dialog_.EnsureLoaded();
-        interpreter_.Execute(command, form_, false);
+        if (const auto failure = interpreter_.Execute(command, form_, false)) interpreter_.ReportFailure(failure);
     }
     std::int32_t ErrorOfExecuting(StringView command) {
         return ErrorOf([&] { Execute(command); });

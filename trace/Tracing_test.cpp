@@ -193,9 +193,24 @@ TEST_F(TracedComponent, Commands_VerbAndErrorAreWritten) {
     const Texts lines = LinesOf({"NotifyMe", "DB_DataBase", "command", "form"});
     EXPECT_EQ(lines, (Texts{"NotifyMe instance=[1] name=[] command=[All,SAVE] addressee=[All] verb=[SAVE]",
                             "DB_DataBase error=[9999] text=[Application-defined or object-defined error]",
-                            "form unloading form=[frmBackProcessMain]", "form unloaded form=[frmBackProcessMain]",
                             "command failed error=[9999] text=[Application-defined or object-defined error]",
+                            "form unloading form=[frmBackProcessMain]", "form unloaded form=[frmBackProcessMain]",
                             "NotifyMe done instance=[1]"}));
+}
+
+TEST_F(TracedComponent, MessageAndShutdownFail_CommandsErrorIsWritten) {
+    const auto instance = NewInstance();
+    instance->Load(0);
+    kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
+    onEvent_ = [](String&, String&) { throw Error(438); };
+    Lines();
+    // The message box has no answer, so it fails, too.
+    EXPECT_EQ(tests::ErrorOf([&] { instance->NotifyMe(u"", u"All,SAVE"); }), runtime::kInternalError);
+    onEvent_ = {};
+    const Texts lines = LinesOf({"command failed", "message box", "form"});
+    EXPECT_EQ(lines.at(0), "command failed error=[53] text=[File not found]");
+    EXPECT_THAT(lines.at(1), testing::StartsWith("message box=[system] prompt=[File not found]"));
+    EXPECT_EQ(lines.back(), "form unloaded form=[frmBackProcessMain]");
 }
 
 TEST_F(TracedComponent, OtherCalls_EachIsWritten) {

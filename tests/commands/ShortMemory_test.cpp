@@ -48,7 +48,7 @@ TEST_F(ShortMemory, FailedCommand_StillUnloadsAllForms) {
     form_.EnsureLoaded();
     bool isReported = false;
     try {
-        interpreter_.Execute(u"All,SAVE", form_, false);
+        interpreter_.ReportFailure(interpreter_.Execute(u"All,SAVE", form_, false));
     } catch (const std::bad_alloc&) {
         isReported = true;
     }
