@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <chrono>
 #include <memory>
 #include <regex>
 #include <string>
@@ -241,15 +242,24 @@ TEST_F(TracedComponent, SinkFails_ErrorIsWritten) {
 
 TEST_F(TracedComponent, SinkCalledInsideASink_BothResultsAreWritten) {
     host::Observer& observer = *host::CurrentObserver();
-    observer.SinkCalled(1, u"EDITOR", u"OPEN");
-    observer.SinkCalled(2, u"EDITOR", u"SAVE");
-    observer.SinkAnswered(2, 0);
-    observer.SinkAnswered(1, 0x80020009);
+    const auto first = observer.SinkCalled(1, u"EDITOR", u"OPEN");
+    const auto second = observer.SinkCalled(2, u"EDITOR", u"SAVE");
+    observer.SinkAnswered(2, 0, second);
+    observer.SinkAnswered(1, 0x80020009, first);
     for (const std::string& line : {output_.lines[2], output_.lines[3]}) EXPECT_THAT(line, testing::HasSubstr(" ms=["));
     EXPECT_EQ(Lines(), (Texts{"sink called connection=[1] module=[EDITOR] command=[OPEN]",
                               "sink called connection=[2] module=[EDITOR] command=[SAVE]",
                               "sink answered connection=[2] result=[0x00000000]",
                               "sink answered connection=[1] result=[0x80020009]"}));
+}
+
+TEST_F(TracedComponent, SinksOverlapOnTwoThreads_EachHasItsOwnTime) {
+    host::Observer& observer = *host::CurrentObserver();
+    const auto second = observer.SinkCalled(2, u"EDITOR", u"SAVE");
+    observer.SinkAnswered(1, 0, second - std::chrono::hours(1));
+    observer.SinkAnswered(2, 0, second);
+    const auto hasAnHour = testing::HasSubstr(" ms=[3600");
+    EXPECT_THAT(output_.lines, ElementsAre(testing::_, hasAnHour, testing::Not(hasAnHour)));
 }
 
 TEST_F(TracedComponent, Settings_SourceIsWritten) {

@@ -47,27 +47,18 @@ void Watcher::CommandFailed(const std::exception_ptr& error) noexcept {
     Line("command failed").Error(error).WriteTo(output_);
 }
 
-void Watcher::SinkCalled(std::uint32_t connection, StringView Aname, StringView sCommand) noexcept {
+Watcher::TimePoint Watcher::SinkCalled(std::uint32_t connection, StringView Aname, StringView sCommand) noexcept {
     Line("sink called")
         .Number("connection", connection)
         .Text("module", Aname)
         .Text("command", sCommand)
         .WriteTo(output_);
-    try {
-        callTimes_.push_back(Clock::now());
-    } catch (const std::bad_alloc&) {
-        // The time of the enclosing sink call is then used for this call.
-    }
+    return TimePoint::clock::now();
 }
 
-void Watcher::SinkAnswered(std::uint32_t connection, std::uint32_t result) noexcept {
-    Line line("sink answered");
-    line.Number("connection", connection).Hex("result", result);
-    if (!callTimes_.empty()) {
-        line.Time(Clock::now() - callTimes_.back());
-        callTimes_.pop_back();
-    }
-    line.WriteTo(output_);
+void Watcher::SinkAnswered(std::uint32_t connection, std::uint32_t result, TimePoint start) noexcept {
+    const auto time = TimePoint::clock::now() - start;
+    Line("sink answered").Number("connection", connection).Hex("result", result).Time(time).WriteTo(output_);
 }
 
 }  // namespace trace

@@ -1,9 +1,6 @@
 // Writes what the component's forms do, the errors that never reach a client, and the result of each event sink.
 #pragma once
 
-#include <chrono>
-#include <vector>
-
 #include "host/Observer.h"
 #include "trace/Line.h"
 
@@ -23,16 +20,11 @@ class Watcher final : public host::Observer {
     void ErrorIgnored(const std::exception& error) noexcept override;
     void LoadShutDown(const std::exception& error) noexcept override;
     void CommandFailed(const std::exception_ptr& error) noexcept override;
-    void SinkCalled(std::uint32_t connection, StringView Aname, StringView sCommand) noexcept override;
-    void SinkAnswered(std::uint32_t connection, std::uint32_t result) noexcept override;
+    TimePoint SinkCalled(std::uint32_t connection, StringView Aname, StringView sCommand) noexcept override;
+    void SinkAnswered(std::uint32_t connection, std::uint32_t result, TimePoint start) noexcept override;
 
  private:
-    using Clock = std::chrono::steady_clock;
-
     Output& output_;
-    /// The start times of the sink calls that have not returned. There may be several, because a sink's handler may
-    /// raise the event again.
-    std::vector<Clock::time_point> callTimes_;
 };
 
 }  // namespace trace

@@ -70,10 +70,11 @@ std::optional<runtime::Error> Tell(Sinks& sinks, const Connection& connection, B
     SinkException exception;
     UINT badArgument = 0;
     Observer* const observer = CurrentObserver();
-    if (observer) observer->SinkCalled(connection.cookie, ViewOf(Aname.Get()), ViewOf(sCommand.Get()));
+    Observer::TimePoint start;
+    if (observer) start = observer->SinkCalled(connection.cookie, ViewOf(Aname.Get()), ViewOf(sCommand.Get()));
     const HRESULT result = connection.sink->Invoke(kNotifyServer, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
                                                    &parameters, nullptr, exception.Address(), &badArgument);
-    if (observer) observer->SinkAnswered(connection.cookie, static_cast<std::uint32_t>(result));
+    if (observer) observer->SinkAnswered(connection.cookie, static_cast<std::uint32_t>(result), start);
     if (IsPeerGone(result)) {
         // No handler has run, so the client has not failed.
         sinks.Drop(connection.cookie);
