@@ -1,8 +1,11 @@
 #include "trace/TracedReader.h"
 
+#include <utility>
+
 namespace trace {
 namespace {
 
+using kernel_api::builtin::FoundSetting;
 using kernel_api::builtin::SettingSource;
 
 StringView NameOf(SettingSource source) {
@@ -27,23 +30,23 @@ void TracedReader::NormaliseFolder(String& folder) {
 String TracedReader::GetSetting(StringView application, StringView key, StringView defaultValue) {
     Line line("setting");
     line.Text("application", application).Text("key", key);
-    return WriteCall(
-        output_, line, [&] { return reader_.GetSetting(application, key, defaultValue); },
-        [&](Line& answered, const String& value) {
-            answered.Text("value", value);
-            try {
-                answered.Text("source", NameOf(reader_.Find(application, key).source));
-            } catch (const std::exception& error) {
-                answered.Error(error);
-            }
-        });
+    const auto read = [&] {
+        FoundSetting found = reader_.Find(application, key);
+        if (found.source == SettingSource::None) found.value = defaultValue;
+        return found;
+    };
+    return WriteCall(output_, std::move(line), read,
+                     [](Line& answered, const FoundSetting& found) {
+                         answered.Text("value", found.value).Text("source", NameOf(found.source));
+                     })
+        .value;
 }
 
 String TracedReader::GetText(StringView defaultText, StringView textId) {
     Line line("text");
     line.Text("id", textId).Text("default", defaultText);
     return WriteCall(
-        output_, line, [&] { return reader_.GetText(defaultText, textId); },
+        output_, std::move(line), [&] { return reader_.GetText(defaultText, textId); },
         [](Line& answered, const String& text) { answered.Text("shown", text); });
 }
 

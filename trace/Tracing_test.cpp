@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <chrono>
 #include <memory>
+#include <optional>
 #include <regex>
 #include <string>
 #include <vector>
@@ -270,6 +271,24 @@ TEST_F(TracedComponent, Settings_SourceIsWritten) {
                        "setting application=[Marlento] key=[LibDir] value=[E:\\lib] source=[registry]",
                        "setting application=[Marlento] key=[Ver] value=[?] source=[default]"}),
                 IsSubsetOf(LinesOf({"setting"})));
+}
+
+TEST_F(TracedComponent, SettingChangesAtEachRead_ReturnedValueIsWritten) {
+    class Changing : public runtime::SettingsPort {
+     public:
+        std::optional<String> Get(StringView, StringView, StringView) override {
+            return reads++ == 0 ? std::optional<String>(u"first") : std::nullopt;
+        }
+        void Save(StringView, StringView, StringView, StringView) override {}
+        int reads = 0;
+    } settings;
+    kernel_api::builtin::BuiltInReader reader(memory_.files, settings, memory_.locale);
+    TracedReader traced(output_, reader);
+    EXPECT_EQ(traced.GetSetting(u"App", u"Key", u"default"), u"first");
+    EXPECT_EQ(settings.reads, 1);
+    EXPECT_EQ(traced.GetSetting(u"App", u"Key", u"default"), u"default");
+    EXPECT_EQ(Lines(), (Texts{"setting application=[App] key=[Key] value=[first] source=[registry]",
+                              "setting application=[App] key=[Key] value=[default] source=[default]"}));
 }
 
 TEST_F(TracedComponent, Texts_IdentifierAndTextAreWritten) {
