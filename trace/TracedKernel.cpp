@@ -8,8 +8,6 @@ namespace {
 
 using kernel_api::TextPointer;
 
-/// No text has an address below this value. A lower value is a mistake of the kernel, or a number.
-constexpr TextPointer kFirstAddress = 0x10000;
 /// In every code page, this number of bytes contains at least kMaxCharacters characters.
 constexpr std::size_t kMaxBytes = 4 * kMaxCharacters;
 
@@ -54,7 +52,8 @@ void TracedKernel::AddText(Line& line, TextPointer pointer) const noexcept {
         line.None("value");
         return;
     }
-    if (pointer < kFirstAddress) {
+    if (!kernel_api::IsTextAddress(pointer)) {
+        // The kernel has made a mistake, or returned a number.
         line.Number("pointer", pointer);
         return;
     }

@@ -9,9 +9,6 @@ namespace {
 
 constexpr StringView kRegistrySection = u"Settings";
 
-/// Windows never maps the first and the last 64 KB of a process's address space.
-constexpr TextPointer kUnusedAddresses = 0x10000;
-
 }  // namespace
 
 String TextsPathIn(StringView languageFolder) {
@@ -61,7 +58,7 @@ String BuiltInReader::LanguageFolder() {
 }
 
 String BuiltInReader::TextAt(TextPointer pointer) {
-    if (pointer > -kUnusedAddresses && pointer < kUnusedAddresses) return {};
+    if (!IsTextAddress(pointer)) return {};
     return locale_.FromAnsi(reinterpret_cast<const char*>(pointer));
 }
 
