@@ -23,12 +23,14 @@ using runtime::StringView;
 /// A longer value is cut to this number of characters. Its length follows the brackets.
 constexpr std::size_t kMaxCharacters = 256;
 
-/// The functions do not throw. If memory is short, the line is lost, and the output counts the lost line.
+/// The functions do not throw. If memory is short, the line is lost, and the output counts the lost line. A line cannot
+/// be copied, because a copy could throw.
 class Line {
  public:
     explicit Line(std::string_view event) noexcept {
         Append([&] { text_ = event; });
     }
+    Line(Line&&) noexcept = default;
 
     Line& Text(std::string_view name, StringView value) noexcept;
     /// Adds a value of `length` units. `beginning` has at least kMaxCharacters of the value, or the whole value.

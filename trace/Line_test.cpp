@@ -6,6 +6,7 @@
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <type_traits>
 
 #include "runtime/Error.h"
 #include "tests/support/MemoryOutput.h"
@@ -14,6 +15,9 @@ namespace trace {
 namespace {
 
 using namespace std::chrono_literals;
+
+// A copy could throw before the traced call is made.
+static_assert(!std::is_copy_constructible_v<Line> && std::is_nothrow_move_constructible_v<Line>);
 
 std::string Whole(const Line& line) {
     tests::MemoryOutput output;

@@ -16,9 +16,9 @@ std::int32_t WriteMessage(Output& output, StringView box, StringView prompt, std
 
 /// Does the same as WriteCall for a call without a result.
 template <typename Call>
-void WriteDone(Output& output, const Line& line, Call&& call) {
+void WriteDone(Output& output, Line line, Call&& call) {
     WriteCall(
-        output, line,
+        output, std::move(line),
         [&call] {
             call();
             return true;
@@ -37,23 +37,22 @@ std::int32_t TracedMessageBox::Show(StringView prompt, std::int32_t flags, Strin
 void TracedHelp::OpenContents(runtime::NativeHandle owner, StringView file) {
     Line line("help opened");
     line.Text("file", file);
-    WriteDone(output_, line, [&] { help_.OpenContents(owner, file); });
+    WriteDone(output_, std::move(line), [&] { help_.OpenContents(owner, file); });
 }
 
 void TracedHelp::CloseAll(runtime::NativeHandle owner) {
     WriteDone(output_, Line("help closed"), [&] { help_.CloseAll(owner); });
 }
 
-services::SuiteMessageBox Traced(Output& output, services::SuiteMessageBox box) {
-    return [&output, box = std::move(box)](StringView prompt, std::int32_t flags, StringView title) {
+services::SuiteMessageBox Traced(Output& output, const services::SuiteMessageBox& box) {
+    return [&output, &box](StringView prompt, std::int32_t flags, StringView title) {
         return WriteMessage(output, u"suite", prompt, flags, title, [&] { return box(prompt, flags, title); });
     };
 }
 
-services::SuiteQuery Traced(Output& output, services::SuiteQuery query) {
-    return [&output, query = std::move(query)](const String& title, const String& prompt, std::vector<String>& values,
-                                               std::int32_t kind, std::int32_t& index, bool showButton,
-                                               const String& buttonCaption) {
+services::SuiteQuery Traced(Output& output, const services::SuiteQuery& query) {
+    return [&output, &query](const String& title, const String& prompt, std::vector<String>& values, std::int32_t kind,
+                             std::int32_t& index, bool showButton, const String& buttonCaption) {
         Line("question").Text("prompt", prompt).Number("kind", kind).Text("title", title).WriteTo(output);
         return WriteCall(
             output, Line("question answered"),

@@ -35,8 +35,9 @@ class TracedHelp final : public runtime::HelpPort {
     runtime::HelpPort& help_;
 };
 
-/// Returns a dialog function that also writes to the trace. `output` must outlive the function.
-services::SuiteMessageBox Traced(Output& output, services::SuiteMessageBox box);
-services::SuiteQuery Traced(Output& output, services::SuiteQuery query);
+/// Returns a dialog function that also writes to the trace. The arguments must outlive the function. Copying the
+/// function allocates no memory.
+services::SuiteMessageBox Traced(Output& output, const services::SuiteMessageBox& box);
+services::SuiteQuery Traced(Output& output, const services::SuiteQuery& query);
 
 }  // namespace trace

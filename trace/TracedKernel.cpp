@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace trace {
 namespace {
@@ -17,7 +18,7 @@ void TracedKernel::E_SetString(StringView key, String& value) {
     Line line("E_SetString");
     line.Text("key", key).Text("given", value);
     WriteCall(
-        output_, line,
+        output_, std::move(line),
         [&] {
             kernel_.E_SetString(key, value);
             return StringView(value);
@@ -29,7 +30,7 @@ TextPointer TracedKernel::E_GetString(StringView key) {
     Line line("E_GetString");
     line.Text("key", key);
     return WriteCall(
-        output_, line, [&] { return kernel_.E_GetString(key); },
+        output_, std::move(line), [&] { return kernel_.E_GetString(key); },
         [this](Line& answered, TextPointer pointer) { AddText(answered, pointer); });
 }
 
@@ -43,7 +44,7 @@ TextPointer TracedKernel::O_GetName(std::int32_t handle) {
     Line line("O_GetName");
     line.Number("handle", handle);
     return WriteCall(
-        output_, line, [&] { return kernel_.O_GetName(handle); },
+        output_, std::move(line), [&] { return kernel_.O_GetName(handle); },
         [this](Line& answered, TextPointer pointer) { AddText(answered, pointer); });
 }
 

@@ -25,8 +25,8 @@ void Tracing::Watch(host::Composition& composition) {
     reader_ = std::make_unique<TracedReader>(*output_, composition.Reader());
     kernel_api::CurrentSuite().reader = reader_.get();
     services::ProcessValues& values = services::Values();
-    values.suiteMessageBox = Traced(*output_, std::move(values.suiteMessageBox));
-    values.suiteQuery = Traced(*output_, std::move(values.suiteQuery));
+    suiteMessageBox_ = std::exchange(values.suiteMessageBox, Traced(*output_, suiteMessageBox_));
+    suiteQuery_ = std::exchange(values.suiteQuery, Traced(*output_, suiteQuery_));
     host::UseObserver(&watcher_);
 }
 

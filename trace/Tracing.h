@@ -8,6 +8,7 @@
 #include "host/Composition.h"
 #include "host/ServiceObject.h"
 #include "runtime/Ports.h"
+#include "services/ProcessValues.h"
 #include "trace/Output.h"
 #include "trace/TracedDialogs.h"
 #include "trace/TracedKernel.h"
@@ -42,6 +43,8 @@ class Tracing {
     const runtime::Ports ports_;
     TracedKernel kernel_;
     std::unique_ptr<TracedReader> reader_;
+    services::SuiteMessageBox suiteMessageBox_;
+    services::SuiteQuery suiteQuery_;
     Watcher watcher_;
     int instances_ = 0;
 };

@@ -309,12 +309,14 @@ TEST_F(TracedComponent, Messages_QuestionAndAnswerAreWritten) {
 }
 
 TEST_F(TracedComponent, SuiteDialogs_QuestionAndAnswerAreWritten) {
-    services::Values().suiteMessageBox = Traced(output_, [](StringView, std::int32_t, StringView) { return 8; });
-    services::Values().suiteQuery = Traced(output_, [](const String&, const String&, std::vector<String>&, std::int32_t,
-                                                       std::int32_t& index, bool, const String&) {
+    const services::SuiteMessageBox box = [](StringView, std::int32_t, StringView) { return 8; };
+    const services::SuiteQuery query = [](const String&, const String&, std::vector<String>&, std::int32_t,
+                                          std::int32_t& index, bool, const String&) {
         index = 2;
         return String(u"R1");
-    });
+    };
+    services::Values().suiteMessageBox = Traced(output_, box);
+    services::Values().suiteQuery = Traced(output_, query);
     EXPECT_EQ(services::ShowMessage(u"All?", 8, u"Editor"), 8);
     std::vector<String> values = {u""};
     std::int32_t index = 0;

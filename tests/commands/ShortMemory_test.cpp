@@ -1,9 +1,11 @@
-// Tests a command that fails when there is too little memory to report the error. The command must still end with the
-// shutdown.
+// Tests a command that fails when there is too little memory to report the error, and a traced message without memory.
+// The command must still end with the shutdown, and the message must be shown.
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <new>
+#include <optional>
+#include <string_view>
 
 #include "kernel_api/Splitter.h"
 #include "kernel_api/Suite.h"
@@ -11,8 +13,12 @@
 #include "runtime/Error.h"
 #include "runtime/Form.h"
 #include "runtime/ScopeGuard.h"
+#include "services/MessageTexts.h"
+#include "services/ProcessValues.h"
 #include "tests/commands/FailingMemory.h"
 #include "tests/support/ComponentFixture.h"
+#include "trace/Output.h"
+#include "trace/TracedDialogs.h"
 
 namespace routing {
 namespace {
@@ -55,6 +61,30 @@ TEST_F(ShortMemory, FailedCommand_StillUnloadsAllForms) {
     tests::MakeMemoryShort(false);
     EXPECT_TRUE(isReported);
     EXPECT_FALSE(form_.IsLoaded());
+}
+
+class CountingOutput : public trace::Output {
+ public:
+    void Write(std::string_view) noexcept override {}
+    void CountLost() noexcept override { ++lost; }
+    int lost = 0;
+};
+
+TEST_F(ShortMemory, TracedMessage_IsShownAndItsLinesAreLost) {
+    CountingOutput output;
+    const services::SuiteMessageBox box = [](runtime::StringView, std::int32_t, runtime::StringView) { return 8; };
+    services::Values().suiteMessageBox = trace::Traced(output, box);
+    const std::optional<runtime::String> title = u"T";
+    tests::MakeMemoryShort(true);
+    std::int32_t answer = 0;
+    try {
+        answer = services::ShowMessage(u"Overwrite?", services::kSuiteBox, title);
+    } catch (const std::bad_alloc&) {
+        answer = -1;
+    }
+    tests::MakeMemoryShort(false);
+    EXPECT_EQ(answer, 8);
+    EXPECT_EQ(output.lost, 2);
 }
 
 }  // namespace
