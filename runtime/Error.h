@@ -79,7 +79,7 @@ String StandardDescription(std::int32_t number);
 /// advice.
 Error ErrorAbout(std::int32_t number, StringView about);
 
-/// Reports an ignored error to the observer of forms, if there is an observer.
+/// Reports an ignored error to the observer of forms, if there is an observer. Any thread may call.
 void NoteIgnored(const std::exception& error) noexcept;
 
 /// Runs `statement` and ignores its exception, so that the caller continues with its next statement.

@@ -22,7 +22,8 @@ class FormObserver {
     virtual void Unloading(const Form& form) noexcept = 0;
     virtual void UnloadRefused(const Form& form) noexcept = 0;
     virtual void Unloaded(const Form& form) noexcept = 0;
-    /// IgnoreErrors has ignored `error`.
+    /// `error` reaches no caller: IgnoreErrors has ignored it, or a handler has failed in the client's own message
+    /// loop. Any thread may call.
     virtual void ErrorIgnored(const std::exception& error) noexcept = 0;
 };
 

@@ -1,5 +1,6 @@
 #include "runtime/win32/Callback.h"
 
+#include "runtime/Error.h"
 #include "runtime/win32/WindowsHeaders.h"
 
 namespace runtime::win32 {
@@ -15,6 +16,7 @@ void Callback::Scope::Store(std::exception_ptr error) noexcept {
         std::rethrow_exception(error);
     } catch (const std::exception& e) {
         OutputDebugStringA(e.what());
+        NoteIgnored(e);
     } catch (...) {
         OutputDebugStringA("unknown exception in a window procedure");
     }

@@ -1,7 +1,8 @@
 // Keeps exceptions of the component's handlers out of the window system. An exception must not leave a window
 // procedure, because with this tool chain it would end the process. Guard stores the exception. The enclosing
 // CallSystem on the same thread throws the exception again. If the client's own message loop called the window
-// procedure, there is no enclosing CallSystem. Guard then sends the error's text to the debugger. Any thread may call.
+// procedure, there is no enclosing CallSystem. Guard then reports the error to the observer of forms and sends its text
+// to the debugger. Any thread may call.
 #pragma once
 
 #include <exception>

@@ -3,7 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <vector>
+
 #include "runtime/Error.h"
+#include "runtime/FormObserver.h"
 #include "tests/support/ErrorOf.h"
 
 namespace runtime::win32 {
@@ -79,6 +83,25 @@ TEST(Callback, NoEnclosingCall_ErrorIsNotThrown) {
     EXPECT_EQ(RunFailingHandler(kOverflow), -1);
     EXPECT_EQ(Callback::Guard(-1, []() -> int { throw 5; }), -1);
     EXPECT_EQ(ErrorOf([] { Callback::CallSystem([] {}); }), 0);
+}
+
+TEST(Callback, NoEnclosingCall_ObserverGetsTheError) {
+    class Recording : public FormObserver {
+     public:
+        void Loading(const Form&) noexcept override {}
+        void Loaded(const Form&) noexcept override {}
+        void NotLoaded(const Form&, const std::exception_ptr&) noexcept override {}
+        void Unloading(const Form&) noexcept override {}
+        void UnloadRefused(const Form&) noexcept override {}
+        void Unloaded(const Form&) noexcept override {}
+        void ErrorIgnored(const std::exception& error) noexcept override { errors.emplace_back(error.what()); }
+        std::vector<std::string> errors;
+    } observer;
+    UseFormObserver(&observer);
+    RunFailingHandler(kOverflow);
+    ErrorOf([] { Callback::CallSystem([] { RunFailingHandler(kTypeMismatch); }); });
+    UseFormObserver(nullptr);
+    EXPECT_EQ(observer.errors, std::vector<std::string>{"Overflow"});
 }
 
 }  // namespace
