@@ -76,7 +76,8 @@ void TraceFile::Write(std::string_view line) noexcept {
 bool TraceFile::WriteLocked(std::string_view line) {
     SYSTEMTIME now;
     GetLocalTime(&now);
-    const std::unique_lock thread(threads_, kMaxWait);
+    std::unique_lock thread(threads_, std::defer_lock);
+    isThreadStopped_ = isThreadStopped_ ? !thread.try_lock() : !thread.try_lock_for(kMaxWait);
     if (!thread.owns_lock() || !Lock()) return false;
     const runtime::ScopeGuard unlock([this] {
         OVERLAPPED place = LockPlace();

@@ -6,7 +6,8 @@
 // ends.
 //
 // If a process is stopped while it holds the lock, each other process waits once for kMaxWait. Until the lock is free,
-// the other processes then lose their lines without waiting. If a line cannot be written completely, for example on a
+// the other processes then lose their lines without waiting. The threads of a process wait for each other in the same
+// way. If a line cannot be written completely, for example on a
 // full disk, its written part is removed. Before the next written line, a line reports the number of lost lines.
 #pragma once
 
@@ -45,7 +46,8 @@ class TraceFile final : public Output {
 
     const runtime::win32::FileHandle file_;
     std::timed_mutex threads_;
-    bool isBlocked_ = false;  ///< true if the last wait for another process timed out
+    std::atomic<bool> isThreadStopped_ = false;  ///< true if the last wait for another thread timed out
+    bool isBlocked_ = false;                     ///< true if the last wait for another process timed out
     std::atomic<unsigned> lost_ = 0;
 };
 

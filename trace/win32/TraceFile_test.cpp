@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
+#include <future>
 #include <memory>
 #include <regex>
 #include <sstream>
@@ -139,6 +140,28 @@ TEST_F(TraceFileTest, LockIsNotReleased_OneWaitAndLostLinesAreCounted) {
     file->Write("again");
     file->Write("and again");
     EXPECT_EQ(Lines(), (Texts{"trace lines lost=[102]", "again", "and again"}));
+}
+
+TEST_F(TraceFileTest, WritingThreadIsStopped_OneWaitAndLostLinesAreCounted) {
+    const auto file = TraceFile::Open(Path());
+    auto held = HoldLock();
+    std::promise<DWORD> writing;
+    std::thread writer([&] {
+        writing.set_value(GetCurrentThreadId());
+        file->Write("lost");
+    });
+    const runtime::win32::KernelHandle thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, writing.get_future().get()));
+    // The writer now waits for the lock of the file.
+    Sleep(300);
+    ASSERT_NE(SuspendThread(thread.Get()), static_cast<DWORD>(-1));
+    const auto start = Clock::now();
+    for (int i = 0; i < 5; ++i) file->Write("lost");
+    EXPECT_LT(Clock::now() - start, kMaxWait + std::chrono::seconds(2));
+    held.Reset();
+    ResumeThread(thread.Get());
+    writer.join();
+    file->Write("again");
+    EXPECT_EQ(Lines(), Texts({"trace lines lost=[5]", "lost", "again"}));
 }
 
 TEST_F(TraceFileTest, LockIsHeldForAShortTime_NothingIsLost) {
