@@ -1,9 +1,15 @@
 // Implements `backproc trace`. The verb runs a program and shows what the component does in the program.
-#include <algorithm>
+#include "runtime/win32/WindowsHeaders.h"
+
+#include <shellapi.h>
+
+#include <atomic>
 #include <optional>
 #include <stdexcept>
+#include <system_error>
 
 #include "runtime/CommandLine.h"
+#include "runtime/win32/Handle.h"
 #include "tools/ComFailure.h"
 #include "tools/Display.h"
 #include "tools/TraceView.h"
@@ -15,6 +21,7 @@ namespace tools {
 namespace {
 
 using runtime::win32::KernelHandle;
+using runtime::win32::Wide;
 
 constexpr std::string_view kHelp =
     R"(Usage: backproc trace [--file FILE] -- PROGRAM [ARGUMENT...]
@@ -22,10 +29,12 @@ constexpr std::string_view kHelp =
 
 Runs PROGRAM and shows what the component does in it and in the programs that it starts, one line per event, at once:
 calls of clients with their results, calls of the kernel, settings with their source, texts, messages and their answers,
-events and how each client takes them, forms, and the errors that no client sees. Ends with PROGRAM.
+events and how each client takes them, forms, and the errors that no client sees. Ends with PROGRAM; if PROGRAM has a
+window and no console, also at Ctrl+C. Programs that run longer write on only if there is a FILE.
 Without PROGRAM, shows the lines that programs append to FILE, until Ctrl+C.
 
-  --file FILE  the trace is appended to FILE and stays there; without it, it is only shown
+  --file FILE  the trace is appended to FILE and stays there; without it, FILE is the value of
+               K4TBACKPROCESS_TRACE; without both, the trace is only shown
 
 PROGRAM receives its arguments exactly as they are written here, quotes included. Its own output is shown, too.
 
@@ -37,10 +46,11 @@ a lone surrogate and ']' are written as \u{HEX}; a backslash is written as it is
 Programs that are started elsewhere write a trace when K4TBACKPROCESS_TRACE=FILE is in their environment. They may share
 one file. A file that cannot be written disables the trace and does no other harm.
 
-Exit code: PROGRAM's own; 1 if it cannot be started or FILE cannot be written, 2 bad usage.
+Exit code: PROGRAM's own, 0 if the verb ends before PROGRAM; 1 if PROGRAM cannot be started or FILE or the output cannot
+be written, 2 bad usage.
 
-Example:
-  backproc trace -- backproc.exe doctor
+Example, in a command prompt:
+  echo create| backproc trace -- backproc.exe host
 )";
 
 struct TraceArguments {
@@ -83,8 +93,8 @@ KernelHandle Start(String commandLine, StringView program) {
     STARTUPINFOW startup{};
     startup.cb = sizeof startup;
     PROCESS_INFORMATION started{};
-    if (!CreateProcessW(nullptr, runtime::win32::Wide(commandLine.data()), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
-                        &startup, &started)) {
+    if (!CreateProcessW(nullptr, Wide(commandLine.data()), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &startup,
+                        &started)) {
         throw std::runtime_error("cannot start " + Quoted(program) + ": " +
                                  SystemText(HRESULT_FROM_WIN32(GetLastError())) + "; give its full path");
     }
@@ -92,23 +102,51 @@ KernelHandle Start(String commandLine, StringView program) {
     return KernelHandle(started.hProcess);
 }
 
-/// Ctrl+C ends the program. The verb still shows the rest of the trace.
-BOOL WINAPI LeaveInterruptToProgram(DWORD event) {
-    return event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
+/// True if the program has windows and no console. It then receives no Ctrl+C.
+bool IsWindowed(HANDLE process) {
+    wchar_t path[MAX_PATH]{};
+    DWORD length = MAX_PATH;
+    QueryFullProcessImageNameW(process, 0, path, &length);
+    SHFILEINFOW unused{};
+    // The high word is the version of Windows for a program with windows, and 0 for a console program.
+    return HIWORD(SHGetFileInfoW(path, 0, &unused, sizeof unused, SHGFI_EXETYPE)) != 0;
+}
+
+/// Set when the verb must end before the program.
+KernelHandle endNow;
+std::atomic<bool> leavesInterruptToProgram = true;
+
+/// Ctrl+C ends a console program, and the verb still shows the rest of the trace. If the program receives no Ctrl+C,
+/// and if the console is closed, the verb itself ends.
+BOOL WINAPI OnConsoleEvent(DWORD event) {
+    const bool isInterrupt = event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
+    if (isInterrupt && leavesInterruptToProgram) return TRUE;
+    SetEvent(endNow.Get());
+    // When this function returns, the system may end the process. The main thread must delete the temporary file first.
+    Sleep(INFINITE);
+    return TRUE;
+}
+
+void HandleConsoleEvents() {
+    endNow.Reset(CreateEventW(nullptr, TRUE, FALSE, nullptr));
+    if (!endNow) throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), "CreateEvent");
+    SetConsoleCtrlHandler(OnConsoleEvent, TRUE);
 }
 
 int RunTrace(const Arguments& arguments, Console& console) {
     const TraceArguments parsed = ParseTraceArguments(arguments);
     TraceTarget target(parsed.file ? &*parsed.file : nullptr);
     if (!parsed.programPlace) {
-        const TraceView view(target, console.out);
-        Sleep(INFINITE);
+        TraceView(target, console.out).WaitForFailure();
+        return kFailure;
     }
     target.UseForThisProcess();
-    SetConsoleCtrlHandler(LeaveInterruptToProgram, TRUE);
+    HandleConsoleEvents();
     const TraceView view(target, console.out);
     const KernelHandle program = Start(ProgramPart(*parsed.programPlace), arguments[*parsed.programPlace]);
-    WaitForSingleObject(program.Get(), INFINITE);
+    leavesInterruptToProgram = !IsWindowed(program.Get());
+    const HANDLE ends[] = {program.Get(), endNow.Get()};
+    if (WaitForMultipleObjects(2, ends, FALSE, INFINITE) != WAIT_OBJECT_0) return kSuccess;
     DWORD code = kFailure;
     GetExitCodeProcess(program.Get(), &code);
     return static_cast<int>(code);

@@ -1,6 +1,7 @@
 // Reads the file of a trace while programs append lines to the file.
 #include "tools/TraceView.h"
 
+#include <optional>
 #include <ostream>
 #include <stdexcept>
 #include <system_error>
@@ -25,14 +26,29 @@ String FullPath(const String& name) {
         [&name](wchar_t* buffer, DWORD capacity) { return GetFullPathNameW(Wide(name), capacity, buffer, nullptr); });
 }
 
-/// Returns the path of a new, empty file.
-String TemporaryPath() {
-    wchar_t folder[MAX_PATH + 1]{};
+/// Returns the path of the file that `name` or the environment names. Returns no value if there is no such file.
+std::optional<String> NamedPath(const String* name) {
+    if (name) return FullPath(*name);
+    const String path = trace::win32::PathFromEnvironment();
+    return path.empty() ? std::nullopt : std::optional(FullPath(path));
+}
+
+/// Returns the path of a new, empty folder.
+String MakeTemporaryFolder() {
+    wchar_t parent[MAX_PATH + 1]{};
     wchar_t path[MAX_PATH + 1]{};
-    if (GetTempPathW(MAX_PATH, folder) == 0 || GetTempFileNameW(folder, L"k4t", 0, path) == 0) {
-        throw std::runtime_error("cannot make a temporary file; name a file with '--file'");
+    // The system makes a file to reserve the name.
+    if (GetTempPathW(MAX_PATH, parent) == 0 || GetTempFileNameW(parent, L"k4t", 0, path) == 0 || !DeleteFileW(path) ||
+        !CreateDirectoryW(path, nullptr)) {
+        throw std::runtime_error("cannot make a temporary file; set TMP to a folder where you may write");
     }
     return runtime::win32::ToString(path);
+}
+
+runtime::win32::FileHandle OpenForTrace(const String& path) {
+    return runtime::win32::FileHandle(CreateFileW(Wide(path), GENERIC_READ | GENERIC_WRITE,
+                                                  FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                                  OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
 LONGLONG SizeOf(HANDLE file) {
@@ -43,12 +59,11 @@ LONGLONG SizeOf(HANDLE file) {
 
 }  // namespace
 
-TraceTarget::TraceTarget(const String* name)
-    : path_(name ? FullPath(*name) : TemporaryPath()),
-      isTemporary_(name == nullptr),
-      file_(CreateFileW(Wide(path_), GENERIC_READ | GENERIC_WRITE,
-                        FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, OPEN_ALWAYS,
-                        FILE_ATTRIBUTE_NORMAL, nullptr)) {
+TraceTarget::TraceTarget(const String* name) {
+    const std::optional<String> named = NamedPath(name);
+    if (!named) folder_ = MakeTemporaryFolder();
+    path_ = named.value_or(folder_ + u"\\trace.txt");
+    file_ = OpenForTrace(path_);
     if (!file_ || GetFileType(file_.Get()) != FILE_TYPE_DISK) {
         const std::string why = file_ ? "it is no file" : SystemText(HRESULT_FROM_WIN32(GetLastError()));
         throw std::runtime_error("cannot write the trace " + Quoted(path_) + ": " + why +
@@ -58,8 +73,14 @@ TraceTarget::TraceTarget(const String* name)
 }
 
 TraceTarget::~TraceTarget() {
+    if (folder_.empty()) return;
     file_.Reset();
-    if (isTemporary_) DeleteFileW(Wide(path_));
+    // A program may still have the file open. The system then deletes the file later, but it can be moved out of the
+    // folder at once.
+    const String moved = folder_ + u".txt";
+    MoveFileW(Wide(path_), Wide(moved));
+    DeleteFileW(Wide(moved));
+    RemoveDirectoryW(Wide(folder_));
 }
 
 void TraceTarget::UseForThisProcess() const {
@@ -69,19 +90,20 @@ void TraceTarget::UseForThisProcess() const {
 std::string TraceTarget::NewLines() {
     // Another program has truncated the file.
     if (SizeOf(file_.Get()) < position_) position_ = 0;
+    std::string lines;
     std::string bytes(kReadBytes, '\0');
     for (DWORD read = 1; read != 0;) {
+        const LONGLONG offset = position_ + static_cast<LONGLONG>(lines.size());
         OVERLAPPED place{};
-        place.Offset = static_cast<DWORD>(position_);
-        place.OffsetHigh = static_cast<DWORD>(position_ >> 32);
+        place.Offset = static_cast<DWORD>(offset);
+        place.OffsetHigh = static_cast<DWORD>(offset >> 32);
         read = 0;
         if (!ReadFile(file_.Get(), bytes.data(), kReadBytes, &read, &place)) break;
-        rest_.append(bytes, 0, read);
-        position_ += read;
+        lines.append(bytes, 0, read);
     }
-    const std::size_t end = rest_.rfind('\n') + 1;
-    std::string lines = rest_.substr(0, end);
-    rest_.erase(0, end);
+    // Read an incomplete line again later, because its writer may remove it.
+    lines.erase(lines.rfind('\n') + 1);
+    position_ += static_cast<LONGLONG>(lines.size());
     return lines;
 }
 
@@ -92,13 +114,14 @@ TraceView::TraceView(TraceTarget& target, std::ostream& out)
         while (WaitForSingleObject(stop_.Get(), kPauseBetweenLooks) == WAIT_TIMEOUT) {
             const std::lock_guard lock(printing_);
             PrintNewLines();
+            if (!out_) return;
         }
     });
 }
 
 TraceView::~TraceView() {
     SetEvent(stop_.Get());
-    thread_.join();
+    if (thread_.joinable()) thread_.join();
     PrintNewLines();
 }
 

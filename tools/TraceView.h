@@ -11,10 +11,12 @@
 
 namespace tools {
 
-/// Owns a file for a trace. If `name` is null, the file is temporary, and the destructor deletes the file.
+/// Owns a file for a trace. A temporary file has a folder of its own. The destructor deletes both, so that a program
+/// that is still running cannot make the file again.
 class TraceTarget {
  public:
-    /// Throws std::runtime_error if the file cannot be written.
+    /// If `name` is null, uses the file that the environment names, or else a temporary file. Throws std::runtime_error
+    /// if the file cannot be written.
     explicit TraceTarget(const runtime::String* name);
     TraceTarget(const TraceTarget&) = delete;
     TraceTarget& operator=(const TraceTarget&) = delete;
@@ -28,11 +30,10 @@ class TraceTarget {
     std::string NewLines();
 
  private:
+    runtime::String folder_;  ///< the temporary file's folder; empty if the file is not temporary
     runtime::String path_;
-    bool isTemporary_;
     runtime::win32::FileHandle file_;
-    LONGLONG position_ = 0;
-    std::string rest_;  ///< characters of an incomplete line
+    LONGLONG position_ = 0;  ///< the end of the last line that was returned
 };
 
 /// Prints the lines of a target on an extra thread. Prints other lines between the target's lines in the right order.
@@ -47,6 +48,8 @@ class TraceView {
 
     /// Prints the lines of the trace that were written before, and then `line`.
     void Print(const std::string& line);
+    /// Returns when a line cannot be printed, for example because the reader of a pipe has ended. Call it only once.
+    void WaitForFailure() { thread_.join(); }
 
  private:
     void PrintNewLines();

@@ -108,6 +108,8 @@ class HelpTexts(unittest.TestCase):
                     code, output, errors = self.run_example(verb, line)
                     self.assertEqual((code, errors), (EXIT_CODES.get(verb, 0), ""), output)
                     self.assertIn("backproc " + verb, line)
+                    if verb == "trace":
+                        self.assertIn(" created instance=[1]", output)
                     for begin, printed in PRINTED.items():
                         if "backproc " + begin in line:
                             self.assertEqual(output, printed)

@@ -150,10 +150,62 @@ class Tool(Registered):
         self.assertEqual((code, output), (1, b""))
         self.assertIn(b"backproc host: line 1: ", errors)
 
+    def temporary_files(self):
+        return list(pathlib.Path(os.environ["WINEPREFIX"], "drive_c").rglob("k4t*.tmp*"))
+
     def test_trace_leaves_no_temporary_file(self):
-        folder = pathlib.Path(os.environ["WINEPREFIX"], "drive_c")
         tool("trace", "--", windows_path(running.bin_folder / "backproc.exe"), "version")
-        self.assertEqual([path for path in folder.rglob("k4t*.tmp")], [])
+        self.assertEqual(self.temporary_files(), [])
+
+    def test_program_that_runs_longer_makes_no_temporary_file(self):
+        starter = windows_path(running.bin_folder / "trace" / "starter.exe")
+        program = windows_path(running.bin_folder / "backproc.exe")
+        shown = self.folder / "shown.txt"
+        with open(shown, "wb") as output:
+            viewer = subprocess.Popen([running.wine_run, program, "trace", "--", starter, "leave", program, "host"],
+                                      stdin=subprocess.PIPE, stdout=output)
+            self.assertEqual(viewer.wait(timeout=TIMEOUT), 0)
+            self.assertEqual(self.temporary_files(), [])
+            # The host still waits for its commands.
+            viewer.stdin.write(b"create\n")
+            viewer.stdin.close()
+            self.wait_for(lambda: b"1 released" in shown.read_bytes())
+        self.assertEqual(shown.read_bytes(), b"1 created\n1 released\n")
+        self.assertEqual(self.temporary_files(), [])
+
+    def test_ctrl_c_ends_the_trace_of_a_windowed_program(self):
+        # A program has a console if its standard input is a terminal.
+        terminal, given = os.openpty()
+        try:
+            ended = subprocess.run([running.wine_run, str(running.bin_folder / "trace" / "starter.exe"), "interrupt",
+                                    windows_path(running.bin_folder / "backproc.exe"), "trace", "--",
+                                    windows_path(running.bin_folder / "trace" / "windowed.exe")],
+                                   stdin=given, stdout=subprocess.DEVNULL, timeout=TIMEOUT)
+        finally:
+            os.close(terminal)
+            os.close(given)
+        # The windowed program itself would end with 1.
+        self.assertEqual(ended.returncode, 0)
+        self.assertEqual(self.temporary_files(), [])
+
+    def test_trace_uses_the_file_of_the_environment(self):
+        program = windows_path(running.bin_folder / "backproc.exe")
+        for name, arguments in (("host.txt", ("host", "--trace")), ("trace.txt", ("trace", "--", program, "host"))):
+            file = self.folder / name
+            code, output, errors = run(running.bin_folder / "backproc.exe", *arguments, text=b"create\n",
+                                       environment=traced(file))
+            self.assertEqual((code, errors), (0, b""))
+            self.assertIn("released instance=[1]", lines_of(file)[-1])
+            self.assertIn(b"released instance=[1]", output)
+
+    def test_folder_for_temporary_files_is_missing(self):
+        for arguments in (("host", "--trace"), ("trace", "--", "x.exe")):
+            # Wine replaces the variable for the first program, but not for a program that this one starts.
+            code, output, errors = run("cmd.exe", "/c", "set", "TMP=C:\\missing&&",
+                                       windows_path(running.bin_folder / "backproc.exe"), *arguments)
+            self.assertEqual((code, output), (1, b""))
+            self.assertEqual(errors.decode(), f"backproc {arguments[0]}: cannot make a temporary file; "
+                             "set TMP to a folder where you may write\n")
 
     def test_trace_passes_the_command_line_unchanged(self):
         (self.folder / "my sys").mkdir()
@@ -178,17 +230,77 @@ class Tool(Registered):
         file = self.folder / "trace.txt"
         self.host(file)
         shown = self.folder / "shown.txt"
-        with open(shown, "wb") as output:
-            viewer = subprocess.Popen([running.wine_run, str(running.bin_folder / "backproc.exe"), "trace", "--file",
-                                       windows_path(file)], stdout=output, stdin=subprocess.DEVNULL)
-        try:
+        with open(shown, "wb") as output, self.viewer(file, output):
             end = time.monotonic() + TIMEOUT
             while b"released instance=[1]" not in shown.read_bytes():
                 self.assertLess(time.monotonic(), end, "no line was shown")
                 self.host(file)
+
+    @contextlib.contextmanager
+    def viewer(self, file, output, errors=None):
+        """Runs `backproc trace --file`. Ends it if it is still running."""
+        viewer = subprocess.Popen([running.wine_run, str(running.bin_folder / "backproc.exe"), "trace", "--file",
+                                   windows_path(file)], stdout=output, stdin=subprocess.DEVNULL, stderr=errors)
+        try:
+            yield viewer
         finally:
             viewer.kill()
             viewer.wait(timeout=TIMEOUT)
+
+    def wait_for(self, condition):
+        end = time.monotonic() + TIMEOUT
+        while not condition():
+            self.assertLess(time.monotonic(), end)
+            time.sleep(0.1)
+
+    def test_incomplete_line_is_removed_only_new_lines_are_shown(self):
+        file = self.folder / "trace.txt"
+        file.write_bytes(b"old\n")
+        shown = self.folder / "shown.txt"
+        with open(shown, "wb") as output, self.viewer(file, output):
+
+            def append(text):
+                with open(file, "ab") as appended:
+                    appended.write(text)
+
+            def append_until_shown():
+                append(b"new\n")
+                return shown.read_bytes()
+
+            self.wait_for(append_until_shown)
+            length = file.stat().st_size
+            append(b"incomplete")
+            # The viewer looks several times in this time.
+            time.sleep(1)
+            os.truncate(file, length)
+            time.sleep(1)
+            append(b"last\n")
+            self.wait_for(lambda: b"last" in shown.read_bytes())
+            self.assertRegex(shown.read_bytes(), rb"^(new\n)+last\n$")
+            # Another program empties the file.
+            append(b"incomplete")
+            time.sleep(1)
+            os.truncate(file, 0)
+            append(b"first\n")
+            self.wait_for(lambda: b"first" in shown.read_bytes())
+            self.assertRegex(shown.read_bytes(), rb"^(new\n)+last\nfirst\n$")
+
+    def test_reader_of_the_output_ends_trace_ends_with_an_error(self):
+        file = self.folder / "trace.txt"
+        errors = self.folder / "errors.txt"
+        reading, writing = os.pipe()
+        with open(errors, "wb") as stream, self.viewer(file, writing, stream) as viewer:
+            os.close(writing)
+            os.close(reading)
+
+            def ends():
+                with open(file, "ab") as appended:
+                    appended.write(b"line\n")
+                return viewer.poll() is not None
+
+            self.wait_for(ends)
+            self.assertEqual(viewer.returncode, 1)
+        self.assertEqual(errors.read_bytes(), b"backproc trace: cannot write all output (disk full or pipe closed)\n")
 
     def test_host_shows_its_own_trace_in_order(self):
         code, output, errors = tool("host", "--trace", text=b"create\nload 1\n")

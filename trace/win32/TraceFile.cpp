@@ -40,11 +40,6 @@ std::string Prefix(const SYSTEMTIME& time) {
     return std::string(text, static_cast<std::size_t>(length));
 }
 
-runtime::String EnvironmentValue(const wchar_t* name) {
-    return runtime::win32::FillGrowing(
-        [name](wchar_t* buffer, DWORD capacity) { return GetEnvironmentVariableW(name, buffer, capacity); });
-}
-
 }  // namespace
 
 std::unique_ptr<TraceFile> TraceFile::Open(const runtime::String& path) {
@@ -121,8 +116,13 @@ bool TraceFile::Append(std::string_view bytes) const {
     return false;
 }
 
+runtime::String PathFromEnvironment() {
+    return runtime::win32::FillGrowing(
+        [](wchar_t* buffer, DWORD capacity) { return GetEnvironmentVariableW(kFileVariable, buffer, capacity); });
+}
+
 std::unique_ptr<Output> OpenFromEnvironment() {
-    const runtime::String path = EnvironmentValue(kFileVariable);
+    const runtime::String path = PathFromEnvironment();
     if (path.empty()) return nullptr;
     std::unique_ptr<TraceFile> file = TraceFile::Open(path);
     if (!file) {

@@ -51,6 +51,9 @@ class TraceFile final : public Output {
     std::atomic<unsigned> lost_ = 0;
 };
 
+/// Returns the path that the environment names, as it is there; "" if it names no file.
+runtime::String PathFromEnvironment();
+
 /// Opens the file that the environment names. Returns null if the variable is missing or empty, or if the file cannot
 /// be opened. If it cannot be opened, sends a line to the debugger.
 std::unique_ptr<Output> OpenFromEnvironment();
