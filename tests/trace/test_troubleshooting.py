@@ -53,8 +53,9 @@ class Symptoms(ToolTestCase):
         self.assertNotIn("form loaded form=[frmBackProcessMain]", lines)
 
     def test_a_load_that_never_returns(self):
-        with hanging_host('set AllAps "EDITOR', "create", "load 1", until="key=[AllAps]") as lines:
-            self.assertEqual(self.find("`Load` never returns", lines), lines[-1:])
+        for modules in ('"EDITOR', 'EDITOR,"LIBRARY', "X" * 300 + ',"LIBRARY'):
+            with hanging_host("set AllAps " + modules, "create", "load 1", until="key=[AllAps]") as lines:
+                self.assertEqual(self.find("`Load` never returns", lines), lines[-1:])
 
     def test_an_earlier_instance(self):
         with LiveHost() as other:
