@@ -99,9 +99,11 @@ class Component(Registered):
                 for _ in range(100):
                     self.assertEqual(live.ask(b"notify 1 All,RD"), b"1 NotifyMe\n")
                 self.assertEqual(live.ask(b"send 1 EDITOR OPEN"), b"1 NotifyServer [EDITOR] [OPEN]\n")
+                # The host writes nothing between this line and the next command.
+                self.assertEqual(live.ask(), b"1 AP_SendCmd\n")
                 lines_when_full = lines_of(self.folder / "trace.txt")
                 filler.unlink()
-                self.assertEqual(live.ask(b"load 1"), b"1 AP_SendCmd\n")
+                self.assertEqual(live.ask(b"load 1"), b"1 Load True\n")
             lines = lines_of(self.folder / "trace.txt")
         self.assertEqual(lines[:len(lines_when_full)], lines_when_full)
         lost = re.fullmatch(r"trace lines lost=\[(\d+)\]", lines[len(lines_when_full)])
