@@ -151,6 +151,23 @@ class ToolTestCase(unittest.TestCase):
                 self.check(Scenario(path))
 
 
+class RegisteredTestCase(ToolTestCase):
+    """Registers the component before the first test of the class, and unregisters it after the last test.
+
+    `tool` is the program that registers the component beside it. A subclass may set it; the default is the built program.
+    """
+    tool = None
+
+    @classmethod
+    def setUpClass(cls):
+        cls.tool = cls.tool or bin_folder / "backproc.exe"
+        # Register for the machine, because Wine's COM ignores classes that are registered for a user only.
+        code, _, errors = run(cls.tool, "register")
+        if code != 0:
+            raise RuntimeError("cannot register: " + errors.decode())
+        cls.addClassCleanup(run, cls.tool, "unregister")
+
+
 def main():
     """Runs the tests of the calling script. Its arguments are WINE_RUN and BIN_FOLDER."""
     global wine_run, bin_folder

@@ -13,7 +13,6 @@ import shutil
 import subprocess
 import tempfile
 import time
-import unittest
 
 import running
 
@@ -46,18 +45,14 @@ def examples(text):
     return re.findall(r"^  (.*)$", text[text.index("\nExample"):], re.M)
 
 
-class HelpTexts(unittest.TestCase):
+class HelpTexts(running.RegisteredTestCase):
     @classmethod
     def setUpClass(cls):
         cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         running.copy_built(cls.folder, "backproc.exe", "K4TBackProcess.dll", "dev/QmxKrn2K.dll")
         shutil.copytree(running.EXAMPLES / "languages", cls.folder / "examples" / "languages")
         cls.tool = cls.folder / "backproc.exe"
-        assert running.run(cls.tool, "register")[0] == 0
-
-    @classmethod
-    def tearDownClass(cls):
-        running.run(cls.tool, "unregister")
+        super().setUpClass()
 
     def test_help_of_every_verb_has_the_same_form(self):
         self.assertIn("host", verbs())

@@ -12,7 +12,7 @@ import subprocess
 import tempfile
 
 import running
-from running import EXAMPLES, LiveHost, TIMEOUT, ToolTestCase, main, run, tool, windows_path
+from running import EXAMPLES, LiveHost, RegisteredTestCase, TIMEOUT, ToolTestCase, main, run, tool, windows_path
 
 CLASS = "{ECD8F3EF-620B-4D2C-8D9B-9F3E96273634}"
 LIBRARY = "{525D7D67-10F8-4B05-99EF-A6A69CD0A145}"
@@ -137,19 +137,7 @@ class WithoutComponent(ToolTestCase):
         self.assertRegex(errors, rb"^backproc register: 0x80070005 .*\n.*--user, which needs none\.\n$")
 
 
-class WithComponent(ToolTestCase):
-    @classmethod
-    def setUpClass(cls):
-        # The component is registered for the machine, because Wine's COM ignores classes that are registered for a user
-        # only.
-        code, _, errors = tool("register")
-        if code != 0:
-            raise RuntimeError("cannot register: " + errors.decode())
-
-    @classmethod
-    def tearDownClass(cls):
-        tool("unregister")
-
+class WithComponent(RegisteredTestCase):
     def test_scenarios(self):
         self.check_all("registered")
 

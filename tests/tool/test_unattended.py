@@ -15,7 +15,7 @@ import tempfile
 import time
 
 import running
-from running import EXAMPLES, TIMEOUT, LiveHost, ToolTestCase, main, run, windows_path
+from running import EXAMPLES, TIMEOUT, LiveHost, RegisteredTestCase, main, run, windows_path
 
 # Wine writes the text of OutputDebugString to standard error.
 UNATTENDED = {"K4TBACKPROCESS_UNATTENDED": "1", "WINEDEBUG": "warn+seh"}
@@ -41,18 +41,14 @@ def colours_on_screen():
     return int(shown.stdout)
 
 
-class Unattended(ToolTestCase):
+class Unattended(RegisteredTestCase):
     @classmethod
     def setUpClass(cls):
         cls.folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         running.copy_built(cls.folder, "backproc.exe", "K4TBackProcess.dll")
         shutil.copy(running.bin_folder / "commands" / "DB_DataBase" / "QmxKrn2K.dll", cls.folder)
         cls.tool = cls.folder / "backproc.exe"
-        assert run(cls.tool, "register")[0] == 0
-
-    @classmethod
-    def tearDownClass(cls):
-        run(cls.tool, "unregister")
+        super().setUpClass()
 
     def check(self, arguments, code, output, note):
         got = run(self.tool, *arguments, environment=UNATTENDED)

@@ -16,7 +16,7 @@ from unittest import mock
 
 import tracing
 from tracing import PREFIX, lines_of, running, traced
-from running import TIMEOUT, LiveHost, ToolTestCase, main, run, tool, windows_path
+from running import TIMEOUT, LiveHost, RegisteredTestCase, ToolTestCase, main, run, tool, windows_path
 
 COMMANDS = b"create\nload 1\nnotify 1 All,RD\nsend 1 EDITOR OPEN\nsever 1 x\nrelease 1\n"
 RESULTS = (b"1 created\n1 Load True\n1 NotifyMe\n1 NotifyServer [EDITOR] [OPEN]\n1 AP_SendCmd\n1 SeverPath [x]\n"
@@ -42,17 +42,7 @@ class Processes(ToolTestCase):
             self.assertTrue(lines == expected, f"process {process}: {len(lines)} lines")
 
 
-class Registered(ToolTestCase):
-    @classmethod
-    def setUpClass(cls):
-        code, _, errors = tool("register")
-        if code != 0:
-            raise RuntimeError("cannot register: " + errors.decode())
-
-    @classmethod
-    def tearDownClass(cls):
-        tool("unregister")
-
+class Registered(RegisteredTestCase):
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
 

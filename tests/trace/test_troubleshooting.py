@@ -10,7 +10,7 @@ import tempfile
 
 import tracing
 from tracing import hanging_host, host, lines_of, running, traced
-from running import LiveHost, ToolTestCase, main, run, tool, windows_path
+from running import LiveHost, RegisteredTestCase, main, run, tool, windows_path
 
 PAGE = pathlib.Path(__file__).resolve().parent.parent.parent / "docs" / "TROUBLESHOOTING.md"
 ROW = re.compile(r"^\| ([^|]+) \| `([^`]+)`[^|]* \| [^|]+ \| [^|]+ \|$", re.MULTILINE)
@@ -26,18 +26,8 @@ def pattern(line):
     return re.escape(line).replace(re.escape("..."), ".*")
 
 
-class Symptoms(ToolTestCase):
+class Symptoms(RegisteredTestCase):
     reproduced = set()
-
-    @classmethod
-    def setUpClass(cls):
-        code, _, errors = tool("register")
-        if code != 0:
-            raise RuntimeError("cannot register: " + errors.decode())
-
-    @classmethod
-    def tearDownClass(cls):
-        tool("unregister")
 
     def find(self, symptom, lines):
         """Returns the lines of the trace that the page shows for `symptom`. Fails if there is no line."""
