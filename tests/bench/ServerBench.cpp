@@ -9,9 +9,9 @@
 
 #include "host/com/Bstr.h"
 #include "host/com/ComPtr.h"
-#include "host/com/References.h"
 #include "runtime/win32/Handle.h"
 #include "tests/bench/Row.h"
+#include "tests/com/StaticSink.h"
 
 #include <commctrl.h>  // needs the headers above
 
@@ -159,25 +159,8 @@ struct KernelEntries {
     long(__stdcall* get)(const char*) = EntryOf<decltype(get)>(library, "E_GetString");
 };
 
-/// Receives every event and does nothing.
-class Sink final : public IDispatch {
- public:
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID, void** object) override {
-        *object = this;
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-        return S_OK;
-    }
-};
-
 void Advise(const Component& component, int sinks) {
-    static Sink sink;
+    static tests::com::StaticSink sink(S_OK);
     ComPtr<IConnectionPointContainer> container;
     ComPtr<IConnectionPoint> point;
     Check(component->QueryInterface(IID_IConnectionPointContainer, container.PutVoid()), "container");

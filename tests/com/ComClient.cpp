@@ -19,7 +19,7 @@
 
 #include "host/com/Bstr.h"
 #include "host/com/ComPtr.h"
-#include "host/com/References.h"
+#include "tests/com/StaticSink.h"
 
 #include <shellapi.h>
 
@@ -28,6 +28,7 @@ namespace {
 using host::com::Bstr;
 using host::com::ComPtr;
 using host::com::Query;
+using tests::com::StaticSink;
 
 [[noreturn]] void Fail(int code) {
     TerminateProcess(GetCurrentProcess(), static_cast<UINT>(code));
@@ -78,29 +79,6 @@ int EndWithoutRelease(const wchar_t* component) {
     return 0;
 }
 
-/// A sink that is never destroyed. It returns `answer` for every event.
-class EndlessSink final : public IDispatch {
- public:
-    explicit EndlessSink(HRESULT answer) : answer_(answer) {}
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-        const bool isKnown = iid == IID_IUnknown || iid == IID_IDispatch || iid == DIID___clsQmxBackProcess;
-        *object = isKnown ? this : nullptr;
-        return isKnown ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override {
-        return answer_;
-    }
-
- private:
-    const HRESULT answer_;
-};
-
 void Connect(IUnknown* instance, IDispatch& sink) {
     const auto container = Query<IConnectionPointContainer>(instance, IID_IConnectionPointContainer);
     Require(static_cast<bool>(container), 6);
@@ -133,7 +111,7 @@ void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
 
 /// Sends EX with a sink that fails at the shutdown. The component reports the failure in a message box.
 void SendFailingCommand(const wchar_t* component) {
-    static EndlessSink failing(E_FAIL);
+    static StaticSink failing(E_FAIL);
     _clsQmxBackProcess* const instance = MakeLoadedInstance(component);
     Connect(instance, failing);
     SetTimer(nullptr, 0, 20, OnTimer);
@@ -199,7 +177,7 @@ void ServeUntilEndOf(HANDLE thread) {
 int AnswerUnattended(wchar_t* component) {
     AddVectoredExceptionHandler(1, CountAnswers);
     SetTimer(nullptr, 0, 20, OnTimer);
-    static EndlessSink failing(E_FAIL);
+    static StaticSink failing(E_FAIL);
     _clsQmxBackProcess* const instance = MakeLoadedInstance(component);
     Connect(instance, failing);
     const HANDLE thread = CreateThread(nullptr, 0, SendFromOtherApartment, component, 0, nullptr);
@@ -223,7 +201,7 @@ ComPtr<IUnknown> Unmarshal(const wchar_t* path) {
 }
 
 int Listen(const wchar_t* path, const wchar_t* eventName) {
-    static EndlessSink sink(S_OK);
+    static StaticSink sink(S_OK);
     Connect(Unmarshal(path).Get(), sink);
     SetEvent(OpenEventW(EVENT_MODIFY_STATE, FALSE, eventName));
     MSG message;
