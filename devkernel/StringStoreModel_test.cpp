@@ -101,11 +101,11 @@ class ReadersMemory : public SharedMemory {
 
     template <typename Look>
     std::invoke_result_t<Look, const ModelState&> Step(const Look& look) const {
-        if (inCall_) GoOn(look);
+        if (inCall_) AdvanceWriter(look);
         return look(states_.at(writersSteps_));
     }
     template <typename Look>
-    void GoOn(const Look& look) const {
+    void AdvanceWriter(const Look& look) const {
         if (readersSteps_ == order_.size()) order_.push_back({0, Changes(look).size()});
         const std::size_t changes = order_[readersSteps_++].changes;
         if (changes > 0) writersSteps_ = Changes(look).at(changes - 1);

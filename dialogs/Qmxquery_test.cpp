@@ -71,7 +71,7 @@ TEST_F(Query, KindsWithText_IndexIsIgnored) {
 }
 
 /// Records during the unload which inputs are visible or have items.
-class LeavingDialog : public Qmxquery {
+class UnloadRecorder : public Qmxquery {
  public:
     struct Input {
         String name;
@@ -91,20 +91,20 @@ class LeavingDialog : public Qmxquery {
     }
 };
 
-void PrintTo(const LeavingDialog::Input& input, std::ostream* out) {
+void PrintTo(const UnloadRecorder::Input& input, std::ostream* out) {
     *out << runtime::ToUtf8(input.name) << (input.isVisible ? " visible, " : " hidden, ") << input.items;
 }
 
 TEST_F(Query, OnlyAcceptHidesTheInputAndClearsItsItems) {
     const auto leftBy = [this](std::int32_t kind, const User& user) {
-        LeavingDialog dialog;
+        UnloadRecorder dialog;
         std::vector<String> values = {u"x", u"A", u"B"};
         std::int32_t index = 0;
         Queue(user);
         dialog.QUERY(u"Title", u"Name?", values, kind, index, true, u"More");
         return dialog.left;
     };
-    using Input = LeavingDialog::Input;
+    using Input = UnloadRecorder::Input;
     const Input inputs[] = {{u"txtText", true, 0},
                             {u"cboCombo", true, 2},
                             {u"cboDropdown", true, 2},
@@ -163,7 +163,7 @@ TEST_F(Query, EnterInTheCombo_Accepts) {
 }
 
 TEST_F(Query, BothHandlersReceiveEnter_AcceptsOnce) {
-    class OpenEars : public Qmxquery {
+    class BothHandlersDialog : public Qmxquery {
         void OnKeyPress(char16_t& character) override {
             runtime::Control& combo = *Controls().at(5);
             Qmxquery::OnKeyPress(character);
@@ -178,7 +178,7 @@ TEST_F(Query, BothHandlersReceiveEnter_AcceptsOnce) {
 }
 
 TEST_F(Query, FormIgnoresEnter_ComboAccepts) {
-    class DeafForm : public Qmxquery {
+    class IgnoringDialog : public Qmxquery {
         void OnKeyPress(char16_t&) override {}
     } dialog;
     std::vector<String> values = {u"X", u"Y"};

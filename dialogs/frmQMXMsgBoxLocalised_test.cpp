@@ -43,28 +43,28 @@ class LocalisedBox : public tests::HeadlessComponentTest {
         });
         return captions;
     }
-    void Learn(StringView folder, std::string_view texts) {
+    void UseLanguage(StringView folder, std::string_view texts) {
         memory_.files.AddFile(String(folder) + u"\\K4TBackProcess.txt", texts);
         kernel_.Put(u"LANGUAGEPATH", folder);
     }
 };
 
 TEST_F(LocalisedBox, ButtonCaptionsAreTranslated) {
-    Learn(u"C:\\de", "39171 = &Ja\n39172 = &Nein\n39173 = Ja zu &allem\n99388 = Abbrechen\n");
+    UseLanguage(u"C:\\de", "39171 = &Ja\n39172 = &Nein\n39173 = Ja zu &allem\n99388 = Abbrechen\n");
     EXPECT_THAT(Captions(), ElementsAre(u"&Ja", u"&Nein", u"Ja zu &allem", u"Abbrechen"));
 }
 
 TEST_F(LocalisedBox, EachQuestionStartsAgainFromTheDesignCaptions) {
-    Learn(u"C:\\de", "39171 = &Ja\n39172 = &Nein\n39173 = Ja zu &allem\n99388 = Abbrechen\n");
+    UseLanguage(u"C:\\de", "39171 = &Ja\n39172 = &Nein\n39173 = Ja zu &allem\n99388 = Abbrechen\n");
     Captions();
-    Learn(u"C:\\fr", "39171 = &Oui\n");
+    UseLanguage(u"C:\\fr", "39171 = &Oui\n");
     EXPECT_THAT(Captions(), ElementsAre(u"&Oui", u"&No", u"Yes &To All", u"Cancel"));
     kernel_.Put(u"LANGUAGEPATH", u"");
     EXPECT_THAT(Captions(), ElementsAre(u"&Yes", u"&No", u"Yes &To All", u"Cancel"));
 }
 
 TEST_F(LocalisedBox, TranslatedAccessKey_PressesTheButton) {
-    Learn(u"C:\\de", "39171 = &Ja\n");
+    UseLanguage(u"C:\\de", "39171 = &Ja\n");
     memory_.windows.Post([&] { memory_.windows.Last().Events().AccessKey(u'j'); });
     EXPECT_EQ(AskWithSuiteBox(u"Overwrite?", 0, u"Title"), 6);
 }
@@ -106,11 +106,11 @@ TEST_F(LocalisedBox, LanguageReadFromRightToLeft_MirrorsTheBox) {
         return found;
     };
     EXPECT_FALSE(isMirrored());
-    Learn(u"C:\\de", "39171 = &Ja\n");
+    UseLanguage(u"C:\\de", "39171 = &Ja\n");
     EXPECT_FALSE(isMirrored());
-    Learn(u"C:\\he", "direction = rtl\n");
+    UseLanguage(u"C:\\he", "direction = rtl\n");
     EXPECT_TRUE(isMirrored());
-    Learn(u"C:\\wrong", "direction = RTL\n");
+    UseLanguage(u"C:\\wrong", "direction = RTL\n");
     EXPECT_FALSE(isMirrored());
 }
 

@@ -238,7 +238,7 @@ TEST_F(MessageBox, WidePromptWidensTheFormAndShiftsTheButtonsByHalf) {
 
 TEST_F(MessageBox, OddGrowth_ButtonsMoveByHalfATwip) {
     // At 1 point a character is 11 twips wide. 343 characters are 3773 wide, 73 more than the label's 3700.
-    class SmallPrint : public frmQMXMsgBox {
+    class OnePointFontBox : public frmQMXMsgBox {
         void OnLoad() override {
             runtime::Control& prompt = *Controls().at(1);
             const runtime::Rect design = prompt.Bounds();

@@ -77,25 +77,25 @@ std::int32_t UnattendedDialogs::Show(StringView prompt, std::int32_t flags, Stri
                                   u"the flags select a set of buttons that does not exist");
     }
     const Answer& answer = kSystemBoxAnswers[buttons];
-    Note(u"message", answer.name, title, prompt);
+    ReportAnswer(u"message", answer.name, title, prompt);
     return answer.code;
 }
 
 std::int32_t UnattendedDialogs::AnswerSuiteBox(StringView prompt, StringView title) const {
-    Note(u"message", kCancel.name, title, prompt);
+    ReportAnswer(u"message", kCancel.name, title, prompt);
     return dialogs::frmQMXMsgBox::kCancel;
 }
 
 String UnattendedDialogs::AnswerQuery(const String& title, const String& prompt, std::vector<String>& values,
                                       std::int32_t kind, std::int32_t& index) const {
     CheckQuestion(values, kind, index);
-    Note(u"question", kCancel.name, title, prompt);
+    ReportAnswer(u"question", kCancel.name, title, prompt);
     values.front().clear();
     index = Qmxquery::kCancelled;
     return {};
 }
 
-void UnattendedDialogs::Note(StringView dialog, StringView answer, StringView title, StringView prompt) const {
+void UnattendedDialogs::ReportAnswer(StringView dialog, StringView answer, StringView title, StringView prompt) const {
     report_(u"K4TBackProcess: unattended, " + String(dialog) + u" answered with " + String(answer) + u": title=[" +
             OneLine(title) + u"] prompt=[" + OneLine(prompt) + u"]");
 }

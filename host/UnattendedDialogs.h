@@ -33,8 +33,8 @@ class UnattendedDialogs : public runtime::MessageBoxPort {
     std::int32_t AnswerSuiteBox(runtime::StringView prompt, runtime::StringView title) const;
     runtime::String AnswerQuery(const runtime::String& title, const runtime::String& prompt,
                                 std::vector<runtime::String>& values, std::int32_t kind, std::int32_t& index) const;
-    void Note(runtime::StringView dialog, runtime::StringView answer, runtime::StringView title,
-              runtime::StringView prompt) const;
+    void ReportAnswer(runtime::StringView dialog, runtime::StringView answer, runtime::StringView title,
+                      runtime::StringView prompt) const;
 
     Report report_;
 };

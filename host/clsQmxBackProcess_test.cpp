@@ -539,7 +539,7 @@ TEST_F(Destruction, SettingsRefused_CallerGetsErrorAfterTermIsPublished) {
 class DuringShutdown : public Destruction {
  protected:
     /// Makes an instance whose client runs `then` at each event.
-    static Instance MakeThat(std::function<void()> then) {
+    static Instance MakeThatRuns(std::function<void()> then) {
         return MakeWith([then](String&, String&) { then(); });
     }
 };
@@ -547,7 +547,7 @@ class DuringShutdown : public Destruction {
 TEST_F(DuringShutdown, LoadDuringShutdown_FormIsUnloaded) {
     Instance busy;
     int received = 0;
-    busy = MakeThat([&] {
+    busy = MakeThatRuns([&] {
         ++received;
         EXPECT_TRUE(Load(*busy));
     });
@@ -561,7 +561,7 @@ TEST_F(DuringShutdown, LoadDuringShutdown_FormIsUnloaded) {
 
 TEST_F(DuringShutdown, NewInstance_NoEventAndCanLoadAfterwards) {
     Instance made;
-    const Instance maker = MakeThat([&] {
+    const Instance maker = MakeThatRuns([&] {
         if (!made) made = Make();
     });
     Load(*maker);
@@ -575,7 +575,7 @@ TEST_F(DuringShutdown, NewInstance_NoEventAndCanLoadAfterwards) {
 
 TEST_F(DuringShutdown, ReleasedInstance_NoEvent) {
     Instance released;
-    const Instance releaser = MakeThat([&] { released.reset(); });
+    const Instance releaser = MakeThatRuns([&] { released.reset(); });
     released = Make();
     const Instance last = Make();
     Load(*releaser);

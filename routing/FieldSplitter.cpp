@@ -16,7 +16,7 @@ using runtime::StringView;
 namespace {
 
 /// Never returns. This is the defined behaviour of the splitter for a quoted field that is not closed.
-[[noreturn]] void RepeatForEver() {
+[[noreturn]] void LoopForever() {
     // The compiler may remove an endless loop without side effects. Reading a volatile is a side effect.
     const volatile bool isFoundAgain = true;
     for (;;) {
@@ -64,7 +64,7 @@ void SplitFields(StringView text) {
     Add({}, texts, values);  // entry 0
     for (kernel_api::CommaFields fields(list); !fields.AtEnd();) {
         const kernel_api::CommaField field = fields.Take();
-        if (field.isUnclosed) RepeatForEver();
+        if (field.isUnclosed) LoopForever();
         Add(field.text, texts, values);
     }
     values.front() = static_cast<double>(texts.size() - 1);

@@ -266,7 +266,7 @@ constexpr int kReturned = 43;
 constexpr std::chrono::milliseconds kLongEnough{500};
 
 /// Runs in the child process of a death test. Ends the process when the split returns, or after kLongEnough.
-[[noreturn]] void SplitUnderWatch(const String& text) {
+[[noreturn]] void SplitWithTimeout(const String& text) {
     std::thread([] {
         std::this_thread::sleep_for(kLongEnough);
         std::_Exit(kStillRunning);
@@ -276,8 +276,8 @@ constexpr std::chrono::milliseconds kLongEnough{500};
 }
 
 TEST_F(FieldSplitterDeathTest, NoClosingQuote_SplitNeverReturns) {
-    EXPECT_EXIT(SplitUnderWatch(uR"("A,B)"), testing::ExitedWithCode(kStillRunning), "");
-    EXPECT_EXIT(SplitUnderWatch(uR"(A,"B",C,"D)"), testing::ExitedWithCode(kStillRunning), "");
+    EXPECT_EXIT(SplitWithTimeout(uR"("A,B)"), testing::ExitedWithCode(kStillRunning), "");
+    EXPECT_EXIT(SplitWithTimeout(uR"(A,"B",C,"D)"), testing::ExitedWithCode(kStillRunning), "");
 }
 
 }  // namespace

@@ -149,7 +149,7 @@ class Control {
     void OnChosen(int item);
 
     /// True if the form is active and the control has the focus.
-    bool HasKeyboard() const { return visible_ && TakesFocus() && native_ && native_->HasKeyboard(); }
+    bool HasFocus() const { return visible_ && TakesFocus() && native_ && native_->HasFocus(); }
     void CheckHasText();
     void SizeToText();
     void TakeNativeHeight();

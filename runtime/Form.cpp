@@ -362,9 +362,9 @@ void Form::Lost() {
 }
 
 void Form::Clicked(std::size_t control) {
-    // Note the focus now, because the handler may open a dialog. After the dialog, the same control gets the focus
+    // Store the focus now, because the handler may open a dialog. After the dialog, the same control gets the focus
     // again.
-    tabs_.NoteFocus();
+    tabs_.StoreFocus();
     OnClick(*controls_.at(control));
 }
 

@@ -151,8 +151,8 @@ class Form : private WindowEvents {
     void BoundsChanged(const Rect& outer, std::optional<WindowState> state) override;
     void VisibilityChanged(bool visible) override;
     void Activated() override;
-    void KeyboardArrived() override { tabs_.FocusAgain(); }
-    void KeyboardLeaves() override { tabs_.NoteFocus(); }
+    void GotFocus() override { tabs_.RestoreFocus(); }
+    void LosingFocus() override { tabs_.StoreFocus(); }
     void Lost() override;
     bool KeyDown(std::int16_t keyCode, std::int16_t shift, bool isRepeated) override;
     bool KeyUp(std::int16_t keyCode, std::int16_t shift) override;

@@ -35,7 +35,7 @@ class LateBound : public tests::RuntimeTest {
     static PropertyValue Text(StringView text) { return String(text); }
 
     /// Returns the properties that the control accepts.
-    static std::vector<std::string> Takes(Control& control) {
+    static std::vector<std::string> Writable(Control& control) {
         const std::pair<std::string, PropertyValue> properties[] = {
             {"Bold", false},    {"Caption", Text(u"x")}, {"Charset", std::int16_t{0}}, {"ControlFont", Font{}},
             {"Font", Font{}},   {"FontBold", false},     {"FontName", Text(u"Arial")}, {"HeadFont", Font{}},
@@ -52,7 +52,7 @@ class LateBound : public tests::RuntimeTest {
         }
         return taken;
     }
-    static std::vector<std::string> Gives(Control& control) {
+    static std::vector<std::string> Readable(Control& control) {
         std::vector<std::string> given;
         for (const char* name : {"Bold", "Caption", "Charset", "Font", "FontBold", "FontName", "TabStop", "Tag"}) {
             PropertyValue value;
@@ -72,18 +72,18 @@ TEST_F(LateBound, Picture_TextAndFontAreNotSupported) {
 }
 
 TEST_F(LateBound, Put_EachKindAcceptsOnlyItsProperties) {
-    EXPECT_THAT(Takes(*form_.label), ElementsAre("Caption", "Font", "FontBold", "FontName"));
-    EXPECT_THAT(Takes(*form_.button), ElementsAre("Caption", "Font", "FontBold", "FontName", "TabStop"));
-    EXPECT_THAT(Takes(*form_.picture), IsEmpty());
-    EXPECT_THAT(Takes(*form_.bar), ElementsAre("Font"));
+    EXPECT_THAT(Writable(*form_.label), ElementsAre("Caption", "Font", "FontBold", "FontName"));
+    EXPECT_THAT(Writable(*form_.button), ElementsAre("Caption", "Font", "FontBold", "FontName", "TabStop"));
+    EXPECT_THAT(Writable(*form_.picture), IsEmpty());
+    EXPECT_THAT(Writable(*form_.bar), ElementsAre("Font"));
 }
 
 TEST_F(LateBound, InputControl_HasFontAndTabStopButNoCaption) {
     tests::InputForm inputs;
     for (Control* control : {&inputs.text, &inputs.block, &inputs.combo, &inputs.dropDown, &inputs.list}) {
         SCOPED_TRACE(ToUtf8(control->Name()));
-        EXPECT_THAT(Takes(*control), ElementsAre("Font", "FontBold", "FontName", "TabStop"));
-        EXPECT_THAT(Gives(*control), ElementsAre("Font", "FontBold", "FontName", "TabStop", "Tag"));
+        EXPECT_THAT(Writable(*control), ElementsAre("Font", "FontBold", "FontName", "TabStop"));
+        EXPECT_THAT(Readable(*control), ElementsAre("Font", "FontBold", "FontName", "TabStop", "Tag"));
     }
 }
 
@@ -99,10 +99,10 @@ TEST_F(LateBound, ControlProperties_AccessTheControl) {
 }
 
 TEST_F(LateBound, Get_EachKindHasOnlyItsProperties) {
-    EXPECT_THAT(Gives(*form_.label), ElementsAre("Caption", "Font", "FontBold", "FontName", "Tag"));
-    EXPECT_THAT(Gives(*form_.button), ElementsAre("Caption", "Font", "FontBold", "FontName", "TabStop", "Tag"));
-    EXPECT_THAT(Gives(*form_.picture), ElementsAre("Tag"));
-    EXPECT_THAT(Gives(*form_.bar), ElementsAre("Font", "Tag"));
+    EXPECT_THAT(Readable(*form_.label), ElementsAre("Caption", "Font", "FontBold", "FontName", "Tag"));
+    EXPECT_THAT(Readable(*form_.button), ElementsAre("Caption", "Font", "FontBold", "FontName", "TabStop", "Tag"));
+    EXPECT_THAT(Readable(*form_.picture), ElementsAre("Tag"));
+    EXPECT_THAT(Readable(*form_.bar), ElementsAre("Font", "Tag"));
 }
 
 TEST_F(LateBound, PutThenGet_ReturnsTheValue) {

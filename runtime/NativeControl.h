@@ -101,7 +101,7 @@ class NativeControl {
     /// Gives the control the keyboard focus if the form is active.
     virtual void SetFocus() = 0;
     /// True if the form is active and the control, or a part of it, has the keyboard focus.
-    virtual bool HasKeyboard() const = 0;
+    virtual bool HasFocus() const = 0;
     /// Repaints the window at once.
     virtual void Refresh() = 0;
     /// Sets the name that a screen reader announces.

@@ -32,7 +32,7 @@ void TabOrder::Move(Control& control, int place) {
 
 Control* TabOrder::Focused() {
     const auto now =
-        std::find_if(controls_.begin(), controls_.end(), [](const auto& control) { return control->HasKeyboard(); });
+        std::find_if(controls_.begin(), controls_.end(), [](const auto& control) { return control->HasFocus(); });
     if (now != controls_.end()) focused_ = now->get();
     return focused_;
 }
@@ -46,7 +46,7 @@ void TabOrder::Focus(Control& control) {
     control.native_->SetFocus();
 }
 
-void TabOrder::FocusAgain() {
+void TabOrder::RestoreFocus() {
     if (focused_) focused_->native_->SetFocus();
 }
 

@@ -30,13 +30,13 @@ class TabOrder {
     /// Returns the control that has the focus, or that gets the focus when the form becomes active. Null if there is no
     /// such control.
     Control* Focused();
-    /// Stores which control has the focus. The form calls this before it loses the focus, so that FocusAgain can
+    /// Stores which control has the focus. The form calls this before it loses the focus, so that RestoreFocus can
     /// restore the focus.
-    void NoteFocus() { Focused(); }
+    void StoreFocus() { Focused(); }
     /// Gives `control` the focus. Error 438 for a kind that cannot have the focus. Error 5 for a hidden control.
     void Focus(Control& control);
     /// Passes the focus to the control that last had it. The form calls this when its window gets the keyboard focus.
-    void FocusAgain();
+    void RestoreFocus();
     /// If `control` has the focus, removes the focus from it and returns true. Afterwards no control has the focus.
     bool TakeFocusFrom(const Control& control);
     /// Moves the focus by `step` controls (1 or -1) among the controls that Tab reaches. After the last control comes

@@ -59,9 +59,9 @@ class WindowEvents {
     virtual void VisibilityChanged(bool visible) = 0;
     virtual void Activated() = 0;
     /// The window itself got the keyboard focus. The form passes the focus to a control.
-    virtual void KeyboardArrived() = 0;
+    virtual void GotFocus() = 0;
     /// The window may be about to lose the keyboard focus.
-    virtual void KeyboardLeaves() = 0;
+    virtual void LosingFocus() = 0;
     /// Other code destroys the window.
     virtual void Lost() = 0;
 

@@ -30,17 +30,17 @@ using ::testing::ElementsAre;
 using ::testing::Pair;
 
 /// An object that records each access and returns the result that the test has set.
-class NotingObject : public runtime::Properties {
+class RecordingObject : public runtime::Properties {
  public:
     runtime::AccessError Put(StringView name, const PropertyValue& value) override {
-        return Note(runtime::ToUtf8(name) + " = " + Words(value));
+        return Record(runtime::ToUtf8(name) + " = " + Words(value));
     }
     runtime::AccessError Get(StringView name, PropertyValue& value) override {
         value = name == u"Tag" ? tag : u"&Yes";
-        return Note(runtime::ToUtf8(name) + "?");
+        return Record(runtime::ToUtf8(name) + "?");
     }
     runtime::AccessError PutOfFont(StringView fontProperty, StringView name, const PropertyValue& value) override {
-        return Note(runtime::ToUtf8(fontProperty) + "." + runtime::ToUtf8(name) + " = " + Words(value));
+        return Record(runtime::ToUtf8(fontProperty) + "." + runtime::ToUtf8(name) + " = " + Words(value));
     }
 
     String tag = u"39171";
@@ -55,7 +55,7 @@ class NotingObject : public runtime::Properties {
         if (const auto* const font = std::get_if<Font>(&value)) return "a font " + runtime::ToUtf8(font->name);
         return std::get<bool>(value) ? "on" : "off";
     }
-    runtime::AccessError Note(std::string access) {
+    runtime::AccessError Record(std::string access) {
         log.push_back(std::move(access));
         if (throwsAtEach) throw std::bad_alloc();
         return answer;
@@ -74,7 +74,7 @@ class ControlLocalisation : public tests::HeadlessComponentTest {
         return object_.log;
     }
 
-    NotingObject object_;
+    RecordingObject object_;
     const std::vector<std::string> fontAccesses_ = {
         "FontName = Arial",          "Font.Name = Arial",    "HeadFont.Name = Arial",
         "ControlFont.Name = Arial",  "Font = a font Tahoma", "TabStop = off",
@@ -138,10 +138,10 @@ class FormLocalisation : public tests::HeadlessComponentTest {
  protected:
     FormLocalisation() { Values().uiFont = {u"Arial", 9, 161}; }
 
-    void Speak(StringView folder) { kernel_.Put(u"LANGUAGEPATH", folder); }
-    void Learn(StringView folder, std::string_view texts) {
+    void SetLanguageFolder(StringView folder) { kernel_.Put(u"LANGUAGEPATH", folder); }
+    void UseLanguage(StringView folder, std::string_view texts) {
         memory_.files.AddFile(String(folder) + u"\\K4TBackProcess.txt", texts);
-        Speak(folder);
+        SetLanguageFolder(folder);
     }
     MemoryWindow& Window() const { return memory_.windows.Last(); }
 
@@ -149,7 +149,7 @@ class FormLocalisation : public tests::HeadlessComponentTest {
 };
 
 TEST_F(FormLocalisation, CaptionsAreTranslated) {
-    Learn(u"C:\\de", "561 = Titel\n1 = Name:\n39171 = &Ja\n2 = Bild\n3 = Bereit\n");
+    UseLanguage(u"C:\\de", "561 = Titel\n1 = Name:\n39171 = &Ja\n2 = Bild\n3 = Bereit\n");
     LocaliseForm(form_);
     EXPECT_EQ(form_.Caption(), u"Titel");
     EXPECT_EQ(Window().Control(u"label").text, u"Name:");
@@ -169,14 +169,14 @@ TEST_F(FormLocalisation, TextsAreLookedUpInTheOrderOfTheControls) {
 }
 
 TEST_F(FormLocalisation, NextLanguageLacksAText_EarlierCaptionIsKept) {
-    Learn(u"C:\\de", "561 = Titel\n39171 = &Ja\n1 = Name:\n");
+    UseLanguage(u"C:\\de", "561 = Titel\n39171 = &Ja\n1 = Name:\n");
     LocaliseForm(form_);
-    Learn(u"C:\\fr", "39171 = &Oui\n");
+    UseLanguage(u"C:\\fr", "39171 = &Oui\n");
     LocaliseForm(form_);
     EXPECT_EQ(form_.Caption(), u"Titel");
     EXPECT_EQ(form_.label->Text(), u"Name:");
     EXPECT_EQ(form_.yes->Text(), u"&Oui");
-    Speak(u"");
+    SetLanguageFolder(u"");
     LocaliseForm(form_);
     EXPECT_EQ(form_.Caption(), u"Titel");
     EXPECT_EQ(form_.yes->Text(), u"&Oui");

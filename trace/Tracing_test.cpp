@@ -89,9 +89,9 @@ class TracedComponent : public tests::HeadlessTest {
     }
 
     /// Passes lines to `output_`, because the trace owns its output.
-    class Passing : public Output {
+    class ForwardingOutput : public Output {
      public:
-        explicit Passing(tests::MemoryOutput& output) : output_(output) {}
+        explicit ForwardingOutput(tests::MemoryOutput& output) : output_(output) {}
         void Write(std::string_view line) noexcept override { output_.Write(line); }
         void CountLost() noexcept override { output_.CountLost(); }
 
@@ -101,7 +101,7 @@ class TracedComponent : public tests::HeadlessTest {
 
     tests::MemoryOutput output_;
     tests::InMemoryKernel kernel_;
-    Tracing tracing_{std::make_unique<Passing>(output_), ports_, kernel_};
+    Tracing tracing_{std::make_unique<ForwardingOutput>(output_), ports_, kernel_};
     host::Composition composition_{tracing_.Ports(), tracing_.Kernel()};
     std::function<void(String& Aname, String& sCommand)> onEvent_;
 };
@@ -388,7 +388,7 @@ TEST_F(TracedComponent, HostileValues_EachGivesOneShortLine) {
 }
 
 TEST_F(TracedComponent, KernelReturnsNoAddress_NothingIsRead) {
-    class Strange : public tests::InMemoryKernel {
+    class FixedAddressKernel : public tests::InMemoryKernel {
      public:
         kernel_api::TextPointer E_GetString(StringView) override { return answer; }
         kernel_api::TextPointer answer = 0;

@@ -25,7 +25,7 @@ void MemoryControl::SetFocus() {
     window.focused = this;
 }
 
-bool MemoryControl::HasKeyboard() const {
+bool MemoryControl::HasFocus() const {
     return window.visible && window.focused == this;
 }
 

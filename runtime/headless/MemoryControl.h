@@ -20,7 +20,7 @@ struct MemoryControl : NativeControl, NativeEdit, NativeList {
     void SetFont(const Font& newFont) override { font = newFont; }
     void SetVisible(bool newVisible) override { visible = newVisible; }
     void SetFocus() override;
-    bool HasKeyboard() const override;
+    bool HasFocus() const override;
     void Refresh() override { ++refreshes; }
     void SetAccessibleName(const String& name) override { accessibleName = name; }
     NativeEdit* Edit() override { return HasEdit(look.kind) ? this : nullptr; }

@@ -27,7 +27,7 @@ String MemoryFiles::CurrentFolder() {
 }
 
 void MemoryFiles::ChangeFolder(StringView path) {
-    Note(u"ChangeFolder", path);
+    Record(u"ChangeFolder", path);
     const std::optional<String> key = Key(path);
     if (!key) throw Error(kPathNotFound);
     if (const auto error = changeErrors_.find(*key); error != changeErrors_.end()) throw Error(error->second);
@@ -42,7 +42,7 @@ void MemoryFiles::ChangeFolder(StringView path) {
 }
 
 String MemoryFiles::FirstMatch(StringView pattern) {
-    Note(u"FirstMatch", pattern);
+    Record(u"FirstMatch", pattern);
     if (pattern.empty()) return {};
     const auto nameAt = pattern.find_last_of(u"\\/:") + 1;
     const StringView folder = nameAt == 0 ? u"." : pattern.substr(0, nameAt);
@@ -59,14 +59,14 @@ String MemoryFiles::FirstMatch(StringView pattern) {
 }
 
 std::optional<FileStamp> MemoryFiles::Stamp(StringView path) {
-    Note(u"Stamp", path);
+    Record(u"Stamp", path);
     const Entry* const file = FindFile(path);
     if (!file) return std::nullopt;
     return file->stamp;
 }
 
 std::optional<std::string> MemoryFiles::Read(StringView path) {
-    Note(u"Read", path);
+    Record(u"Read", path);
     const Entry* const file = FindFile(path);
     if (!file || file->readFails) return std::nullopt;
     return file->contents;
@@ -114,7 +114,7 @@ void MemoryFiles::FailRead(StringView path) {
     file->readFails = true;
 }
 
-void MemoryFiles::Note(StringView operation, StringView path) {
+void MemoryFiles::Record(StringView operation, StringView path) {
     log_.push_back(String(operation).append(u" ").append(path));
 }
 

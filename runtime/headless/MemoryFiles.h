@@ -48,7 +48,7 @@ class MemoryFiles : public FilesPort {
         bool readFails = false;
     };
 
-    void Note(StringView operation, StringView path);
+    void Record(StringView operation, StringView path);
     /// Returns the key of an entry: its full path in upper case. No value if `path` cannot be a path.
     std::optional<String> Key(StringView path) const;
     Entry* Find(StringView path);

@@ -16,7 +16,7 @@ bool BecomesCharacter(std::int16_t keyCode, std::int16_t shift) {
 
 }  // namespace
 
-bool MemoryWindow::Lives(const MemoryWindows& system, const MemoryWindow* window) {
+bool MemoryWindow::Exists(const MemoryWindows& system, const MemoryWindow* window) {
     const auto& windows = system.Windows();
     return std::find(windows.begin(), windows.end(), window) != windows.end();
 }
@@ -31,15 +31,15 @@ void MemoryWindow::Press(std::int16_t keyCode, std::int16_t shift) {
         if (focused) focused->OnKey(keyCode, shift);
         if (BecomesCharacter(keyCode, shift)) TypeOne(static_cast<char16_t>(keyCode));
     }
-    if (Lives(system, this)) events_.KeyUp(keyCode, shift);
+    if (Exists(system, this)) events_.KeyUp(keyCode, shift);
 }
 
 void MemoryWindow::ShowExternally(WindowState newState, bool activates) {
     const MemoryWindows& system = system_;
     const bool appears = !std::exchange(visible, true);
     if (std::exchange(state, newState) != newState) events_.BoundsChanged(outer, newState);
-    if (appears && Lives(system, this)) events_.VisibilityChanged(true);
-    if (!appears || !activates || newState == WindowState::kMinimised || !Lives(system, this)) return;
+    if (appears && Exists(system, this)) events_.VisibilityChanged(true);
+    if (!appears || !activates || newState == WindowState::kMinimised || !Exists(system, this)) return;
     events_.Activated();
 }
 
@@ -50,7 +50,7 @@ void MemoryWindow::HideExternally() {
 void MemoryWindow::Type(StringView text) {
     const MemoryWindows& system = system_;
     for (const char16_t character : text) {
-        if (!Lives(system, this)) return;
+        if (!Exists(system, this)) return;
         TypeOne(character);
     }
 }

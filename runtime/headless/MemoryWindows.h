@@ -126,7 +126,7 @@ class MemoryWindow : public NativeWindow {
     std::vector<bool> topMost;
 
  private:
-    static bool Lives(const MemoryWindows& system, const MemoryWindow* window);
+    static bool Exists(const MemoryWindows& system, const MemoryWindow* window);
     void TypeOne(char16_t character);
 
     MemoryWindows& system_;

@@ -115,7 +115,7 @@ void Win32Control::SetFocus() {
     if (GetActiveWindow() == GetParent(window_)) Callback::CallSystem([this] { ::SetFocus(window_); });
 }
 
-bool Win32Control::HasKeyboard() const {
+bool Win32Control::HasFocus() const {
     const HWND focused = GetFocus();
     return focused && (focused == window_ || IsChild(window_, focused));
 }

@@ -26,7 +26,7 @@ class Win32Control : public NativeControl {
     void SetFont(const Font& font) override;
     void SetVisible(bool visible) override;
     void SetFocus() override;
-    bool HasKeyboard() const override;
+    bool HasFocus() const override;
     void Refresh() override;
     void SetAccessibleName(const String& name) override;
 

@@ -81,7 +81,7 @@ Win32Window::Win32Window(Win32Windows& system, const WindowDesign& design, Windo
 
 Win32Window::~Win32Window() {
     // The window may have been destroyed with its thread, and the handle may now belong to another window.
-    if (!window_ || !Lives(this, window_)) return;
+    if (!window_ || !Exists(this, window_)) return;
     const HWND window = window_;
     // Disconnect this object from the window, so that the destruction is not reported to the form.
     SetWindowLongPtrW(window, GWLP_USERDATA, 0);
@@ -192,7 +192,7 @@ bool Win32Window::Adopt(HWND window, LPARAM createMessage) {
     return true;
 }
 
-bool Win32Window::Lives(const Win32Window* self, HWND window) {
+bool Win32Window::Exists(const Win32Window* self, HWND window) {
     return reinterpret_cast<const Win32Window*>(GetWindowLongPtrW(window, GWLP_USERDATA)) == self;
 }
 
@@ -201,7 +201,7 @@ LRESULT Win32Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 // A form's handler may destroy this window. After an event that runs handlers, a branch returns at once or uses only
-// local variables. KeyboardLeaves runs no handlers.
+// local variables. LosingFocus runs no handlers.
 LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CLOSE:
@@ -232,10 +232,10 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         case WM_SYSCHAR:
             return OnKeyMessage(message, wParam, lParam);
         case WM_SETFOCUS:
-            events_.KeyboardArrived();
+            events_.GotFocus();
             return 0;
         case WM_CANCELMODE:  // also sent before the window is disabled
-            events_.KeyboardLeaves();
+            events_.LosingFocus();
             return Default(message, wParam, lParam);
         case WM_HELP:
             // The default handling would send WM_HELP to the owner. The form's handlers have already got F1.
@@ -277,12 +277,12 @@ void Win32Window::OnDestroy() {
 LRESULT Win32Window::OnActivate(WPARAM wParam, LPARAM lParam) {
     const bool activated = LOWORD(wParam) != WA_INACTIVE && HIWORD(wParam) == 0;
     const HWND window = window_;
-    if (!activated) events_.KeyboardLeaves();
+    if (!activated) events_.LosingFocus();
     const LRESULT result = Default(WM_ACTIVATE, wParam, lParam);
     if (!activated) return result;
     // If other code shows the window, WM_ACTIVATE arrives before the message about the change.
-    if (Lives(this, window)) ReportChanges();
-    if (Lives(this, window)) events_.Activated();
+    if (Exists(this, window)) ReportChanges();
+    if (Exists(this, window)) events_.Activated();
     return result;
 }
 
@@ -292,7 +292,7 @@ LRESULT Win32Window::OnShowWindow(WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     if (lParam == SW_PARENTCLOSING) isHiddenWithOwner_ = true;
     const LRESULT result = Default(WM_SHOWWINDOW, wParam, lParam);
-    if (lParam != SW_PARENTOPENING || !Lives(this, window)) return result;
+    if (lParam != SW_PARENTOPENING || !Exists(this, window)) return result;
     isHiddenWithOwner_ = false;
     ReportVisibility();
     return result;
@@ -301,7 +301,7 @@ LRESULT Win32Window::OnShowWindow(WPARAM wParam, LPARAM lParam) {
 LRESULT Win32Window::OnChanged(UINT message, WPARAM wParam, LPARAM lParam) {
     const HWND window = window_;
     const LRESULT result = Default(message, wParam, lParam);
-    if (Lives(this, window)) ReportChanges();
+    if (Exists(this, window)) ReportChanges();
     return result;
 }
 
@@ -396,7 +396,7 @@ WindowState Win32Window::CurrentState() const {
 void Win32Window::ReportChanges() {
     const HWND window = window_;
     ReportBounds();
-    if (Lives(this, window)) ReportVisibility();
+    if (Exists(this, window)) ReportVisibility();
 }
 
 void Win32Window::ReportBounds() {

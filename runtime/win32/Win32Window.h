@@ -48,7 +48,7 @@ class Win32Window : public NativeWindow {
     LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
     /// True if `self` still exists and owns `window`. Call it after a call that may run other code, because that code
     /// may destroy the window.
-    static bool Lives(const Win32Window* self, HWND window);
+    static bool Exists(const Win32Window* self, HWND window);
     void OnDestroy();
     /// Destroys `window` on its own thread. `window` must no longer be connected to this object.
     static void Destroy(HWND window) noexcept;

@@ -49,16 +49,16 @@ class HomeRace : public testing::Test {
  private:
     void MakeUseAndRelease() {
         ComPtr<_clsQmxBackProcess> instance;
-        Note(CoCreateInstance(CLSID_clsQmxBackProcess, nullptr, CLSCTX_INPROC_SERVER, IID__clsQmxBackProcess,
-                              instance.PutVoid()),
-             "create ");
+        RecordFailure(CoCreateInstance(CLSID_clsQmxBackProcess, nullptr, CLSCTX_INPROC_SERVER, IID__clsQmxBackProcess,
+                                       instance.PutVoid()),
+                      "create ");
         if (!instance) return;
         ++created_;
         short mode = 0;
         VARIANT_BOOL result = VARIANT_FALSE;
-        Note(instance->Load(&mode, &result), "load ");
+        RecordFailure(instance->Load(&mode, &result), "load ");
     }
-    void Note(HRESULT result, const char* step) {
+    void RecordFailure(HRESULT result, const char* step) {
         if (SUCCEEDED(result)) return;
         const std::scoped_lock lock(guard_);
         failures_.insert(step + Hex(result));

@@ -50,45 +50,45 @@ class DevelopmentKernel : public testing::Test {
 TEST_F(DevelopmentKernel, TwoProcesses_ShareTheStrings) {
     const LoadedKernel kernel = Load();
     Peer peer;
-    EXPECT_EQ(peer.Ask("get\tINITBP"), "none");
+    EXPECT_EQ(peer.Request("get\tINITBP"), "none");
     EXPECT_NE(kernel.E_SetString("INITBP", "INIT"), 0);
-    EXPECT_EQ(peer.Ask("get\tINITBP"), "=INIT");
-    EXPECT_EQ(peer.Ask("set\tINITBP\tTERM"), "stored");
+    EXPECT_EQ(peer.Request("get\tINITBP"), "=INIT");
+    EXPECT_EQ(peer.Request("set\tINITBP\tTERM"), "stored");
     EXPECT_STREQ(At(kernel.E_GetString("INITBP")), "TERM");
 }
 
 TEST_F(DevelopmentKernel, Strings_ExistUntilTheLastProcessEnds) {
     auto first = std::make_unique<Peer>();
-    EXPECT_EQ(first->Ask("set\tkey\tvalue"), "stored");
+    EXPECT_EQ(first->Request("set\tkey\tvalue"), "stored");
     auto second = std::make_unique<Peer>();
-    EXPECT_EQ(second->Ask("get\tkey"), "=value");
+    EXPECT_EQ(second->Request("get\tkey"), "=value");
     first.reset();
-    EXPECT_EQ(second->Ask("get\tkey"), "=value");
+    EXPECT_EQ(second->Request("get\tkey"), "=value");
     second.reset();
-    EXPECT_EQ(Peer().Ask("get\tkey"), "none");
+    EXPECT_EQ(Peer().Request("get\tkey"), "none");
 }
 
 TEST_F(DevelopmentKernel, LibraryFreedBeforeUse_IsUnloaded) {
-    EXPECT_EQ(Peer().Ask("unload"), "unloaded");
+    EXPECT_EQ(Peer().Request("unload"), "unloaded");
 }
 
 TEST_F(DevelopmentKernel, LibraryFreedAfterUse_StaysInMemoryWithItsStrings) {
     Peer peer;
-    EXPECT_EQ(peer.Ask("set\tkey\tvalue"), "stored");
-    EXPECT_EQ(peer.Ask("unload"), "still loaded");
+    EXPECT_EQ(peer.Request("set\tkey\tvalue"), "stored");
+    EXPECT_EQ(peer.Request("unload"), "still loaded");
     EXPECT_STREQ(At(Load().E_GetString("key")), "value");
 }
 
 TEST_F(DevelopmentKernel, LockOwnerKilled_OtherProcessesContinue) {
     Peer peer;
-    EXPECT_EQ(peer.Ask("set\tkey\tvalue"), "stored");
+    EXPECT_EQ(peer.Request("set\tkey\tvalue"), "stored");
     for (int i = 0; i < 3; ++i) {
         Peer owner;
-        EXPECT_EQ(owner.Ask("lock"), "locked");
+        EXPECT_EQ(owner.Request("lock"), "locked");
         owner.Die();
-        EXPECT_EQ(peer.Ask("get\tkey"), i == 0 ? "=value" : "=new");
-        EXPECT_EQ(peer.Ask("set\tkey\tother"), "stored");
-        EXPECT_EQ(peer.Ask("set\tkey\tnew"), "stored");
+        EXPECT_EQ(peer.Request("get\tkey"), i == 0 ? "=value" : "=new");
+        EXPECT_EQ(peer.Request("set\tkey\tother"), "stored");
+        EXPECT_EQ(peer.Request("set\tkey\tnew"), "stored");
     }
 }
 
@@ -96,7 +96,7 @@ TEST_F(DevelopmentKernel, LockIsHeld_ReadingAndStoringTheSameValueSucceed) {
     const LoadedKernel kernel = Load();
     EXPECT_NE(kernel.E_SetString("key", "value"), 0);
     Peer owner;
-    EXPECT_EQ(owner.Ask("lock"), "locked");
+    EXPECT_EQ(owner.Request("lock"), "locked");
     EXPECT_STREQ(At(kernel.E_GetString("key")), "value");
     EXPECT_NE(kernel.E_SetString("key", "value"), 0);
     EXPECT_EQ(kernel.E_GetString("none"), 0);
@@ -105,73 +105,73 @@ TEST_F(DevelopmentKernel, LockIsHeld_ReadingAndStoringTheSameValueSucceed) {
 
 TEST_F(DevelopmentKernel, WriterKilledWhileAddingARecord_RecordIsNotVisible) {
     Peer peer;
-    EXPECT_EQ(peer.Ask("set\tkey\told"), "stored");
+    EXPECT_EQ(peer.Request("set\tkey\told"), "stored");
     {
         Peer writer;
-        EXPECT_EQ(writer.Ask("half"), "written");
+        EXPECT_EQ(writer.Request("half"), "written");
         writer.Die();
     }
-    EXPECT_EQ(peer.Ask("get\tkey"), "=old");
-    EXPECT_EQ(peer.Ask("set\tkey\tnew"), "stored");
-    EXPECT_EQ(Peer().Ask("get\tkey"), "=new");
+    EXPECT_EQ(peer.Request("get\tkey"), "=old");
+    EXPECT_EQ(peer.Request("set\tkey\tnew"), "stored");
+    EXPECT_EQ(Peer().Request("get\tkey"), "=new");
 }
 
 TEST_F(DevelopmentKernel, EightProcessesAndKilledWriters_NoTextIsTorn) {
     constexpr std::size_t kKeys = 2;
     const auto writeOver = [](Peer& writer, std::size_t i) {
-        writer.Tell("write\tkey" + std::to_string(i % kKeys) + "\t1000000\t" + std::to_string(17 * i + 1));
+        writer.Send("write\tkey" + std::to_string(i % kKeys) + "\t1000000\t" + std::to_string(17 * i + 1));
     };
     std::array<std::optional<Peer>, 4> writers;
     std::array<Peer, 4> readers;
-    for (std::size_t i = 0; i < kKeys; ++i) readers[0].Ask("set\tkey" + std::to_string(i) + "\t");
+    for (std::size_t i = 0; i < kKeys; ++i) readers[0].Request("set\tkey" + std::to_string(i) + "\t");
     for (std::size_t i = 0; i < writers.size(); ++i) writeOver(writers[i].emplace(), i);
     for (std::size_t round = 0; round < static_cast<std::size_t>(Rounds(40, 4)); ++round) {
         for (std::size_t i = 0; i < readers.size(); ++i) {
-            readers[i].Tell("follow\tkey" + std::to_string(i % kKeys) + "\t200");
+            readers[i].Send("follow\tkey" + std::to_string(i % kKeys) + "\t200");
         }
         std::optional<Peer>& killed = writers[round % writers.size()];
         killed->Kill();
         writeOver(killed.emplace(), round);
-        for (Peer& reader : readers) EXPECT_EQ(reader.Answer(), "0") << round;
+        for (Peer& reader : readers) EXPECT_EQ(reader.ReadReply(), "0") << round;
     }
     for (auto& writer : writers) writer->Kill();
-    EXPECT_EQ(readers[0].Ask("watch\tkey0\t2"), "0");
+    EXPECT_EQ(readers[0].Request("watch\tkey0\t2"), "0");
 }
 
 TEST_F(DevelopmentKernel, TenThousandStrings_AreStored) {
     Peer one;
     Peer two;
-    one.Tell("many\tone\t5000");
-    two.Tell("many\ttwo\t5000");
-    EXPECT_EQ(one.Answer(), "stored");
-    EXPECT_EQ(two.Answer(), "stored");
-    EXPECT_EQ(one.Ask("check\ttwo\t5000"), "5000");
-    EXPECT_EQ(two.Ask("check\tone\t5000"), "5000");
-    EXPECT_EQ(one.Ask("list"), "10000 sorted");
+    one.Send("many\tone\t5000");
+    two.Send("many\ttwo\t5000");
+    EXPECT_EQ(one.ReadReply(), "stored");
+    EXPECT_EQ(two.ReadReply(), "stored");
+    EXPECT_EQ(one.Request("check\ttwo\t5000"), "5000");
+    EXPECT_EQ(two.Request("check\tone\t5000"), "5000");
+    EXPECT_EQ(one.Request("list"), "10000 sorted");
 }
 
 TEST_F(DevelopmentKernel, StringOf40Megabytes_IsStored) {
     Peer one;
     Peer two;
-    EXPECT_EQ(one.Ask("fill\tbig\t1000000\tm"), "stored");
-    EXPECT_EQ(two.Ask("summary\tbig"), "1000000 m");
+    EXPECT_EQ(one.Request("fill\tbig\t1000000\tm"), "stored");
+    EXPECT_EQ(two.Request("summary\tbig"), "1000000 m");
     for (const char* letter : {"a", "b", "c", "d"}) {
-        EXPECT_EQ(one.Ask(std::string("fill\tbig\t40000000\t") + letter), "stored");
-        EXPECT_EQ(two.Ask("summary\tbig"), std::string("40000000 ") + letter);
+        EXPECT_EQ(one.Request(std::string("fill\tbig\t40000000\t") + letter), "stored");
+        EXPECT_EQ(two.Request("summary\tbig"), std::string("40000000 ") + letter);
     }
 }
 
 TEST_F(DevelopmentKernel, StringThatDoesNotFit_KeepsTheOldValue) {
     Peer one;
     Peer two;
-    EXPECT_EQ(one.Ask("set\tkey\told"), "stored");
-    EXPECT_EQ(one.Ask("fill\tkey\t300000000\tx"), "refused");
-    EXPECT_EQ(one.Ask("fill\tbig\t150000000\tb"), "stored");
-    EXPECT_EQ(two.Ask("fill\tkey\t150000000\tx"), "refused");
-    EXPECT_EQ(two.Ask("get\tkey"), "=old");
-    EXPECT_EQ(two.Ask("summary\tbig"), "150000000 b");
-    EXPECT_EQ(one.Ask("fill\tbig\t10\tc"), "stored");
-    EXPECT_EQ(two.Ask("fill\tkey\t1000000\tx"), "stored");
+    EXPECT_EQ(one.Request("set\tkey\told"), "stored");
+    EXPECT_EQ(one.Request("fill\tkey\t300000000\tx"), "refused");
+    EXPECT_EQ(one.Request("fill\tbig\t150000000\tb"), "stored");
+    EXPECT_EQ(two.Request("fill\tkey\t150000000\tx"), "refused");
+    EXPECT_EQ(two.Request("get\tkey"), "=old");
+    EXPECT_EQ(two.Request("summary\tbig"), "150000000 b");
+    EXPECT_EQ(one.Request("fill\tbig\t10\tc"), "stored");
+    EXPECT_EQ(two.Request("fill\tkey\t1000000\tx"), "stored");
 }
 
 TEST_F(DevelopmentKernel, EmptyString_DiffersFromMissingString) {

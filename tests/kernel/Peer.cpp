@@ -70,19 +70,19 @@ void Peer::WaitForEnd() {
     TerminateProcess(process_.Get(), 1);
 }
 
-std::string Peer::Ask(const std::string& command) {
-    Tell(command);
-    return Answer();
+std::string Peer::Request(const std::string& command) {
+    Send(command);
+    return ReadReply();
 }
 
-void Peer::Tell(const std::string& command) {
+void Peer::Send(const std::string& command) {
     const std::string line = command + '\n';
     DWORD written = 0;
     const BOOL done = WriteFile(toPeer_.Get(), line.data(), static_cast<DWORD>(line.size()), &written, nullptr);
-    if (!done || written != line.size()) throw std::runtime_error("the peer does not listen");
+    if (!done || written != line.size()) throw std::runtime_error("cannot send a command to the peer");
 }
 
-std::string Peer::Answer() {
+std::string Peer::ReadReply() {
     std::string line;
     const ULONGLONG end = GetTickCount64() + kMaxWait;
     while (GetTickCount64() < end) {
@@ -102,7 +102,7 @@ std::string Peer::Answer() {
 }
 
 void Peer::Die() {
-    Tell("die");
+    Send("die");
     WaitForEnd();
 }
 

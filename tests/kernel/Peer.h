@@ -11,8 +11,8 @@ namespace tests::kernel {
 /// Returns the development kernel's folder.
 runtime::String KernelFolder();
 
-/// A second process. Every wait for the process has a time limit. If a reply does not arrive in time, Answer returns
-/// "no answer". If the process does not end in time, the test fails.
+/// A second process. Every wait for the process has a time limit. If a reply does not arrive in time, ReadReply
+/// returns "no answer". If the process does not end in time, the test fails.
 class Peer {
  public:
     Peer();
@@ -22,9 +22,9 @@ class Peer {
     ~Peer();
 
     /// Sends `command`, whose fields are separated by tabs, and returns the reply.
-    std::string Ask(const std::string& command);
-    void Tell(const std::string& command);
-    std::string Answer();
+    std::string Request(const std::string& command);
+    void Send(const std::string& command);
+    std::string ReadReply();
     /// Makes the process terminate itself.
     void Die();
     /// Ends the process immediately, even in the middle of a call.

@@ -15,10 +15,10 @@ class SuiteBoxInterference : public SuiteBoxTest {
     void DestroyTheOwner() { DestroyWindow(owner_); }
 };
 
-const Steps kNobody = {};
+const Steps kNoSteps = {};
 TEST_F(SuiteBoxInterference, OwnerUnloadsTheBoxWhenDisabled_Cancels) {
     onDisabled_ = UnloadTheBox;
-    EXPECT_EQ(Ask(8, kNobody), 2);
+    EXPECT_EQ(Ask(8, kNoSteps), 2);
     ExpectNothingIsLeft();
 }
 

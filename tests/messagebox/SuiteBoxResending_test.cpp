@@ -25,7 +25,7 @@ using ::testing::IsEmpty;
 /// hexadecimal.
 class AltLog {
  public:
-    AltLog() : hook_(SetWindowsHookExW(WH_GETMESSAGE, Note, nullptr, GetCurrentThreadId())) { lines.clear(); }
+    AltLog() : hook_(SetWindowsHookExW(WH_GETMESSAGE, Record, nullptr, GetCurrentThreadId())) { lines.clear(); }
     AltLog(const AltLog&) = delete;
     AltLog& operator=(const AltLog&) = delete;
     ~AltLog() { UnhookWindowsHookEx(hook_); }
@@ -33,7 +33,7 @@ class AltLog {
     static inline std::vector<std::string> lines;
 
  private:
-    static LRESULT CALLBACK Note(int code, WPARAM wParam, LPARAM lParam) noexcept {
+    static LRESULT CALLBACK Record(int code, WPARAM wParam, LPARAM lParam) noexcept {
         const MSG& message = *reinterpret_cast<const MSG*>(lParam);
         const bool isKey = message.message == WM_SYSKEYDOWN && message.wParam != VK_MENU;
         const bool isCharacter = message.message == WM_SYSCHAR;
@@ -152,7 +152,7 @@ class SentKeys {
     static inline std::vector<std::string> lines;
 
  private:
-    static UINT WINAPI Note(UINT count, LPINPUT inputs, int size) noexcept {
+    static UINT WINAPI Record(UINT count, LPINPUT inputs, int size) noexcept {
         for (UINT i = 0; i < count; ++i) {
             std::ostringstream line;
             line << ((inputs[i].ki.dwFlags & KEYEVENTF_KEYUP) != 0 ? "up " : "down ") << std::hex << inputs[i].ki.wVk;
@@ -163,7 +163,7 @@ class SentKeys {
         return send(count, inputs, size);
     }
 
-    const ReplacedImport replaced_{"SendInput", Note};
+    const ReplacedImport replaced_{"SendInput", Record};
 };
 
 TEST_F(SuiteBoxResending, SignNeedsShift_EachKeyIsReleased) {

@@ -31,30 +31,30 @@ class HandledForm : public runtime::Form {
     std::vector<std::string> log;
 
  protected:
-    void OnLoad() override { Note("load", onLoad); }
+    void OnLoad() override { Record("load", onLoad); }
     void OnQueryUnload(bool& cancel, runtime::UnloadReason reason) override {
         cancel = refusesQuery;
-        Note("query " + std::to_string(static_cast<int>(reason)), onQueryUnload);
+        Record("query " + std::to_string(static_cast<int>(reason)), onQueryUnload);
     }
     void OnUnload(bool& cancel) override {
         cancel = refusesUnload;
-        Note("unload", onUnload);
+        Record("unload", onUnload);
     }
-    void OnResize() override { Note("resize", onResize); }
-    void OnActivate() override { Note("activate", onActivate); }
-    void OnShownByOthers() override { Note("shown", onShown); }
+    void OnResize() override { Record("resize", onResize); }
+    void OnActivate() override { Record("activate", onActivate); }
+    void OnShownByOthers() override { Record("shown", onShown); }
     void OnKeyDown(std::int16_t& keyCode, std::int16_t shift) override {
-        Note("down " + std::to_string(keyCode) + " " + std::to_string(shift), onKey);
+        Record("down " + std::to_string(keyCode) + " " + std::to_string(shift), onKey);
     }
     void OnKeyUp(std::int16_t& keyCode, std::int16_t shift) override {
-        Note("up " + std::to_string(keyCode) + " " + std::to_string(shift), onKey);
+        Record("up " + std::to_string(keyCode) + " " + std::to_string(shift), onKey);
     }
     void OnKeyPress(char16_t& character) override {
-        Note("press " + std::to_string(static_cast<int>(character)), onKey);
+        Record("press " + std::to_string(static_cast<int>(character)), onKey);
     }
 
  private:
-    void Note(const std::string& what, const std::function<void()>& then) {
+    void Record(const std::string& what, const std::function<void()>& then) {
         log.push_back(what);
         if (then) then();
     }

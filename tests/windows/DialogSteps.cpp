@@ -9,7 +9,7 @@ namespace {
 
 /// True if this process has the foreground and the focus is inside the dialog. If another program is in the foreground,
 /// the function brings this process back to the foreground.
-bool HasKeyboard(HWND dialog) {
+bool HasFocus(HWND dialog) {
     DWORD process = 0;
     GetWindowThreadProcessId(GetForegroundWindow(), &process);
     if (process != GetCurrentProcessId()) {
@@ -30,7 +30,7 @@ HWND LabelOf(HWND dialog) {
 }
 
 DialogDriver::Step Keys(std::vector<WORD> keys) {
-    return [keys = std::move(keys)](HWND dialog) { return HasKeyboard(dialog) && SendKeys(keys); };
+    return [keys = std::move(keys)](HWND dialog) { return HasFocus(dialog) && SendKeys(keys); };
 }
 
 DialogDriver::Step Type(WORD key) {
@@ -44,13 +44,13 @@ DialogDriver::Step Type(WORD key) {
 DialogDriver::Step Repeated(WORD key) {
     return [key](HWND dialog) {
         constexpr LPARAM kOnce = 1;
-        return HasKeyboard(dialog) && PostMessageW(GetFocus(), WM_KEYDOWN, key, KF_REPEAT << 16 | kOnce) != FALSE;
+        return HasFocus(dialog) && PostMessageW(GetFocus(), WM_KEYDOWN, key, KF_REPEAT << 16 | kOnce) != FALSE;
     };
 }
 
 DialogDriver::Step Character(wchar_t character) {
     return [character](HWND dialog) {
-        return HasKeyboard(dialog) && PostMessageW(GetFocus(), WM_CHAR, character, 1) != FALSE;
+        return HasFocus(dialog) && PostMessageW(GetFocus(), WM_CHAR, character, 1) != FALSE;
     };
 }
 
@@ -61,13 +61,13 @@ DialogDriver::Step Press(int id) {
 DialogDriver::Step ClickOn(const wchar_t* caption) {
     return [caption](HWND dialog) {
         RECT button{};
-        if (!HasKeyboard(dialog) || !GetWindowRect(ButtonOf(dialog, caption), &button)) return false;
+        if (!HasFocus(dialog) || !GetWindowRect(ButtonOf(dialog, caption), &button)) return false;
         return SendClick({button.left + 5, button.top + 5});
     };
 }
 
 DialogDriver::Step FocusIsOn(const wchar_t* caption) {
-    return [caption](HWND dialog) { return HasKeyboard(dialog) && GetFocus() == ButtonOf(dialog, caption); };
+    return [caption](HWND dialog) { return HasFocus(dialog) && GetFocus() == ButtonOf(dialog, caption); };
 }
 
 DialogDriver::Step Do(std::function<void(HWND dialog)> action) {

@@ -15,9 +15,9 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class SuiteBoxForEverybody : public SuiteBoxTest {};
+class SuiteBoxEnvironment : public SuiteBoxTest {};
 
-TEST_F(SuiteBoxForEverybody, ScreenReader_GetsRoleNameAndPrompt) {
+TEST_F(SuiteBoxEnvironment, ScreenReader_GetsRoleNameAndPrompt) {
     std::vector<std::string> elements;
     const auto read = Do([&](HWND box) { elements = AccessibleElementsOf(box); });
     Ask(8 + 0x100, {FocusIsOn(L"&No"), read, Keys({VK_RETURN})}, u"Overwrite R&D?\r\nR1 is there.");
@@ -27,7 +27,7 @@ TEST_F(SuiteBoxForEverybody, ScreenReader_GetsRoleNameAndPrompt) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxForEverybody, Buttons_HaveNoInputMethodContext) {
+TEST_F(SuiteBoxEnvironment, Buttons_HaveNoInputMethodContext) {
     Ask(8, {Do([](HWND box) {
                 EXPECT_EQ(ImmGetContext(ButtonOf(box, L"&Yes")), nullptr);
                 EXPECT_EQ(ImmGetContext(ButtonOf(box, L"Cancel")), nullptr);
@@ -64,7 +64,7 @@ COLORREF ColourAt(HWND window, int x, int y) {
     return colour;
 }
 
-TEST_F(SuiteBoxForEverybody, SystemColourChanges_OpenBoxUsesTheNewColour) {
+TEST_F(SuiteBoxEnvironment, SystemColourChanges_OpenBoxUsesTheNewColour) {
     std::optional<ChangedColour> changed;
     const auto isPainted = [](HWND box) {
         const HWND label = LabelOf(box);
@@ -100,7 +100,7 @@ HANDLE UseContext(LONG_PTR context) {
     return SystemEntry<HANDLE WINAPI(HANDLE)>("SetThreadDpiAwarenessContext")(reinterpret_cast<HANDLE>(context));
 }
 
-TEST_F(SuiteBoxForEverybody, HostIsAwareOfEachMonitor_SystemScalesTheBox) {
+TEST_F(SuiteBoxEnvironment, HostIsAwareOfEachMonitor_SystemScalesTheBox) {
     constexpr LONG_PTR kEachMonitorV2 = -4;
     constexpr int kUnaware = 0;
     constexpr int kSystem = 1;

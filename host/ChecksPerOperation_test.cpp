@@ -17,9 +17,9 @@
 namespace host {
 namespace {
 
-class Looks : public tests::HeadlessComponentTest {
+class ChecksPerOperation : public tests::HeadlessComponentTest {
  protected:
-    Looks() {
+    ChecksPerOperation() {
         kernel_.Put(u"LANGUAGEPATH", u"C:\\de");
         Translate("561 = eins\nLOC = eins\n");
     }
@@ -42,11 +42,11 @@ class Looks : public tests::HeadlessComponentTest {
     }
 };
 
-TEST_F(Looks, Creation_ChecksTheSettingsOnce) {
+TEST_F(ChecksPerOperation, Creation_ChecksTheSettingsOnce) {
     EXPECT_EQ(At(u"MARLENTO.INI", [] { Make(); }), 1);
 }
 
-TEST_F(Looks, SettingsChangeBetweenCreations_NextCreationReadsThem) {
+TEST_F(ChecksPerOperation, SettingsChangeBetweenCreations_NextCreationReadsThem) {
     Make();
     EXPECT_EQ(services::Values().version, u"?");
     memory_.settings.Save(u"Marlento", u"Settings", u"Ver", u"7");
@@ -57,11 +57,11 @@ TEST_F(Looks, SettingsChangeBetweenCreations_NextCreationReadsThem) {
     EXPECT_EQ(services::Values().version, u"8");
 }
 
-TEST_F(Looks, LoadOfTheForm_ChecksTheTextsOnce) {
+TEST_F(ChecksPerOperation, LoadOfTheForm_ChecksTheTextsOnce) {
     EXPECT_EQ(AtTexts([] { MainForm().EnsureLoaded(); }), 1);
 }
 
-TEST_F(Looks, TextsChangeBetweenCommands_NextCommandReadsThem) {
+TEST_F(ChecksPerOperation, TextsChangeBetweenCommands_NextCommandReadsThem) {
     frmBackProcessMain& form = MainForm();
     EXPECT_EQ(AtTexts([&] { form.AP_ExeCmd(u"All,LZ"); }), 2);  // the form's load, then the command
     EXPECT_EQ(AtTexts([&] { form.AP_ExeCmd(u"All,LZ"); }), 1);
@@ -71,7 +71,7 @@ TEST_F(Looks, TextsChangeBetweenCommands_NextCommandReadsThem) {
     EXPECT_EQ(form.Caption(), u"zwei");
 }
 
-TEST_F(Looks, MessageOfTwoTexts_ChecksOnce) {
+TEST_F(ChecksPerOperation, MessageOfTwoTexts_ChecksOnce) {
     memory_.messageBox.answers = {1, 1};
     std::int32_t number = 101;
     EXPECT_EQ(AtTexts([&] { services::ShowError(number, u"R1"); }), 1);
@@ -80,7 +80,7 @@ TEST_F(Looks, MessageOfTwoTexts_ChecksOnce) {
     EXPECT_EQ(memory_.messageBox.shown.at(1).prompt, u"TeilR1 ist da");
 }
 
-TEST_F(Looks, LoadOfADialog_ChecksTheTextsOnce) {
+TEST_F(ChecksPerOperation, LoadOfADialog_ChecksTheTextsOnce) {
     const auto closeNext = [this] {
         memory_.windows.Post([this] { memory_.windows.Last().Events().Closing(runtime::UnloadReason::kUser); });
     };
@@ -92,7 +92,7 @@ TEST_F(Looks, LoadOfADialog_ChecksTheTextsOnce) {
     EXPECT_EQ(AtTexts([&] { dialogs::AskWithQueryDialog(u"Title", u"Name", values, 0, index, false, u""); }), 1);
 }
 
-TEST_F(Looks, SingleTexts_CheckOnceForEachText) {
+TEST_F(ChecksPerOperation, SingleTexts_CheckOnceForEachText) {
     const auto twice = [] {
         services::GetLocalText(u"", u"561");
         services::GetLocalText(u"", u"561");

@@ -11,7 +11,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class QueryForEverybody : public QueryTest {
+class QueryAccessibility : public QueryTest {
  protected:
     static std::vector<std::string> ElementsOf(std::int32_t kind) {
         std::vector<std::string> elements;
@@ -34,7 +34,7 @@ class QueryForEverybody : public QueryTest {
 
 // A text box has the prompt as its name. On Wine, the other input controls do not have this name. On Windows, they get
 // it from a hidden label. QueryWindow_test checks this label.
-TEST_F(QueryForEverybody, ScreenReader_GetsRoleNameStateAndValueOfEachKind) {
+TEST_F(QueryAccessibility, ScreenReader_GetsRoleNameStateAndValueOfEachKind) {
     EXPECT_THAT(ElementsOf(1), With("text [Which side?] focused value [abc]"));
     EXPECT_THAT(ElementsOf(2), With("ComboBox [abc]"));
     EXPECT_THAT(ElementsOf(3), With("ComboBox [B] focused"));
