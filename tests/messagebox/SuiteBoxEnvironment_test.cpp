@@ -129,7 +129,7 @@ int ResolutionOfTheSystem() {
 }
 
 // The test also runs in another resolution of the system; see tests/tool/test_locales.py.
-TEST_F(SuiteBoxForEverybody, HostChangesItsResolution_BoxHasTheResolution) {
+TEST_F(SuiteBoxEnvironment, HostChangesItsResolution_BoxHasTheResolution) {
     constexpr LONG_PTR kUnawareContext = -1;
     constexpr LONG_PTR kSystemContext = -2;
     constexpr double kPointsPerInch = 72;
