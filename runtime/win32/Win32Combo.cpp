@@ -20,8 +20,9 @@ DWORD ComboStyleOf(ControlKind kind) {
 }  // namespace
 
 Win32Combo::Win32Combo(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id)
-    : Win32Control(parent, system, look.kind, id, {WC_COMBOBOXW, ComboStyleOf(look.kind), 0}),
-      extent_(Window(), CB_SETHORIZONTALEXTENT) {
+    : Win32List(parent, system, look.kind, id, {WC_COMBOBOXW, ComboStyleOf(look.kind), 0},
+                {CB_ADDSTRING, CB_RESETCONTENT, CB_GETCOUNT, CB_GETLBTEXTLEN, CB_GETLBTEXT, CB_SETCURSEL, CB_GETCURSEL,
+                 CB_SETHORIZONTALEXTENT}) {
     if (look.kind != ControlKind::kCombo) return;
     COMBOBOXINFO parts{};
     parts.cbSize = sizeof parts;
@@ -51,33 +52,15 @@ void Win32Combo::SetText(const String& text) {
     SetSelection({});
 }
 
-void Win32Combo::SetFont(const Font& font) {
-    Win32Control::SetFont(font);
-    extent_.Reset();
-    const auto items = static_cast<int>(SendMessageW(Window(), CB_GETCOUNT, 0, 0));
-    for (int item = 0; item < items; ++item) extent_.Take(TextOfItem(item));
-}
-
-void Win32Combo::Add(const String& item) {
-    const LRESULT place = SendMessageW(Window(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(NulsAsBlanks(item))));
-    if (place < 0) throw ErrorAbout(kOutOfMemory, u"cannot add an item to a list");
-    extent_.Take(item);
-}
-
-void Win32Combo::SetRedraw(bool redraws) {
-    SendMessageW(Window(), WM_SETREDRAW, redraws ? TRUE : FALSE, 0);
-}
-
 void Win32Combo::Clear() {
     const auto setting = SetForScope(isSetting_, true);
-    SendMessageW(Window(), CB_RESETCONTENT, 0, 0);
-    extent_.Reset();
+    Win32List::Clear();
     if (edit_) SetWindowTextW(edit_, L"");
 }
 
 void Win32Combo::Choose(int index) {
     const auto setting = SetForScope(isSetting_, true);
-    SendMessageW(Window(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    Win32List::Choose(index);
 }
 
 bool Win32Combo::IsOpen() {
@@ -127,10 +110,6 @@ Twips Win32Combo::ClosedHeight() {
     return ToTwips(outer).height;
 }
 
-int Win32Combo::ChosenItem() {
-    return static_cast<int>(SendMessageW(Window(), CB_GETCURSEL, 0, 0));
-}
-
 Notice Win32Combo::NoticeOf(WORD code) {
     if (isSetting_) return Notice::kNone;
     switch (code) {
@@ -147,14 +126,6 @@ Notice Win32Combo::NoticeOf(WORD code) {
         default:
             return Notice::kNone;
     }
-}
-
-String Win32Combo::TextOfItem(int item) const {
-    const LRESULT length = SendMessageW(Window(), CB_GETLBTEXTLEN, static_cast<WPARAM>(item), 0);
-    if (length < 0) return {};
-    String text(static_cast<std::size_t>(length), u'\0');
-    SendMessageW(Window(), CB_GETLBTEXT, static_cast<WPARAM>(item), reinterpret_cast<LPARAM>(Wide(text.data())));
-    return text;
 }
 
 Notice Win32Combo::NoticeOfClosing() {

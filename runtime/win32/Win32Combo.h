@@ -1,22 +1,18 @@
 // Implements an editable combo, and a drop-down list that shows the selected item.
 #pragma once
 
-#include "runtime/win32/ListExtent.h"
-#include "runtime/win32/Win32Control.h"
+#include "runtime/win32/Win32List.h"
 
 namespace runtime::win32 {
 
-class Win32Combo final : public Win32Control, private NativeEdit, private NativeList {
+class Win32Combo final : public Win32List, private NativeEdit {
  public:
     Win32Combo(Win32Window& parent, Win32Windows& system, const ControlLook& look, int id);
 
     void SetBounds(const Rect& bounds) override;
     void SetText(const String& text) override;
-    void SetFont(const Font& font) override;
     NativeEdit* Edit() override { return edit_ ? this : nullptr; }
-    NativeList* List() override { return this; }
     Notice NoticeOf(WORD code) override;
-    int ChosenItem() override;
 
  private:
     String Text() override { return TextOf(Window()); }
@@ -24,8 +20,6 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     void SetSelection(TextRange range) override { SelectIn(edit_, range); }
     void Write(const String& text) override { WriteInto(edit_, text); }
 
-    void Add(const String& item) override;
-    void SetRedraw(bool redraws) override;
     void Clear() override;
     void Choose(int index) override;
     bool IsOpen() override;
@@ -39,9 +33,7 @@ class Win32Combo final : public Win32Control, private NativeEdit, private Native
     bool HasChangedSinceOpening();
     /// True if the control shows the text of the selected item. Always true if the control has no edit window.
     bool ShowsItem();
-    String TextOfItem(int item) const;
 
-    ListExtent extent_;
     HWND edit_ = nullptr;  ///< the edit window of an editable combo, otherwise null
     String textAtOpening_;
     int itemAtOpening_ = -1;
