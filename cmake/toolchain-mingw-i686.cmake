@@ -1,4 +1,4 @@
-# Selects Debian's cross compilers for 32-bit Windows, from the packages g++-mingw-w64-i686-posix and mingw-w64-tools.
+# Selects Debian's cross compilers for 32-bit Windows, from the package g++-mingw-w64-i686-posix.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER i686-w64-mingw32-gcc-posix)

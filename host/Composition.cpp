@@ -14,7 +14,7 @@
 namespace host {
 namespace {
 
-/// Unloads all forms. Runs no events, because an event could load a form again.
+/// Unloads all forms. Does not process pending window events, because such an event could load a form again.
 void UnloadForms() {
     while (runtime::Form* const last = runtime::LoadedForms().LastToUnload()) {
         runtime::IgnoreErrors([last] { last->Unload(); });

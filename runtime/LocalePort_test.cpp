@@ -16,7 +16,7 @@ TEST_P(LocalePortTest, WesternLetters_HaveTheirCodePageBytes) {
     EXPECT_EQ(locale_->FromAnsi("\xE4\xFF\x80\x99"), u"\u00E4\u00FF\u20AC\u2122");
 }
 
-TEST_P(LocalePortTest, CharacterWithoutCounterpart_BecomesAQuestionMark) {
+TEST_P(LocalePortTest, CodeUnitWithoutCounterpart_BecomesAQuestionMark) {
     EXPECT_EQ(locale_->ToAnsi(u"a\u4E2D\u0416z"), "a??z");
     EXPECT_EQ(locale_->ToAnsi(u"a\xD83D\xDE00z"), "a??z");
     EXPECT_EQ(locale_->ToAnsi(u"\xD800"), "?");
@@ -65,7 +65,7 @@ TEST_P(LocalePortTest, LettersOfOtherAlphabets_ChangeCase) {
     EXPECT_EQ(locale_->LowerCase(upper), lower);
 }
 
-TEST_P(LocalePortTest, CaseChange_KeepsLengthNulsAndLoneSurrogates) {
+TEST_P(LocalePortTest, CaseChange_KeepsNulsLoneSurrogatesAndTheLength) {
     EXPECT_EQ(locale_->UpperCase(u"stra\u00DFe"), u"STRA\u00DFE");
     EXPECT_EQ(locale_->UpperCase(StringView(u"a\0b", 3)), String(u"A\0B", 3));
     EXPECT_EQ(locale_->LowerCase(u"A\xD800\u00D7\u00F7"), u"a\xD800\u00D7\u00F7");

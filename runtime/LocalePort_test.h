@@ -10,7 +10,7 @@
 
 namespace runtime {
 
-/// If the port is null, the system has another code page, and the tests are skipped.
+/// The parameter makes a port. It returns null if the system's code page is not 1252. The tests are then skipped.
 class LocalePortTest : public testing::TestWithParam<std::unique_ptr<LocalePort> (*)()> {
  protected:
     void SetUp() override {

@@ -1,6 +1,6 @@
-// An operation is a part of the component's work. Within an operation, code may use the result of a check again, for
-// example whether a file has changed. The next operation checks again. Code in an operation must not process events or
-// call a client.
+// An operation is a part of the component's work. Within an operation, code may reuse the result of a check, such as
+// the check whether a file has changed. The next operation checks again. Code in an operation must not process events
+// or call a client.
 #pragma once
 
 #include <functional>

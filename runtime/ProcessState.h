@@ -1,4 +1,4 @@
-// Stores the runtime's process-wide state. Only sources of this folder include this file. Other code calls
+// Stores the runtime's process-wide state. Only sources of this folder include this file. Other code uses
 // CurrentPorts, LoadedForms, CurrentFormObserver and Operation.
 #pragma once
 
@@ -11,8 +11,8 @@
 
 namespace runtime {
 
-/// Use it only on the home thread. Exceptions: the number of loaded forms, and the cleanup after the home thread has
-/// ended.
+/// Use it only on the home thread. Any thread may read the number of loaded forms, and may clean up after the home
+/// thread has ended.
 struct ProcessState {
     const Ports* ports = nullptr;  ///< null before UsePorts
     LoadedFormsCollection loadedForms;

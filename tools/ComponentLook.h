@@ -9,7 +9,8 @@ namespace tools {
 ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path);
 
 /// Asks COM for the class's factory. Returns the failure, or "" on success. `library` is the file in the class's
-/// registration. The thread must be in an apartment.
+/// registration. If it is not a full path, does not ask and returns this as the failure. The thread must be in an
+/// apartment.
 std::string ActivationFailure(const String& library);
 
 }  // namespace tools

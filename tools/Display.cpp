@@ -1,4 +1,4 @@
-// Replaces control characters by visible characters.
+// Replaces ASCII control characters with visible characters, and quotes texts.
 #include "tools/Display.h"
 
 namespace tools {

@@ -39,7 +39,7 @@ bool IsInQuotes(StringView value) {
     return value.size() >= 2 && OpensQuote(value) && value.back() == value.front();
 }
 
-/// True if a ';' or '#' follows a blank outside quotes.
+/// True if a ';' or '#' follows a blank, unless the whole value is in quotes.
 bool LooksLikeComment(StringView value) {
     if (IsInQuotes(value)) return false;
     for (std::size_t i = 1; i < value.size(); ++i) {
@@ -141,17 +141,17 @@ class IniWalk {
         const auto known = std::ranges::find_if(knownKeys_, isKey);
         if (known == knownKeys_.end()) return TakeUnknown(key);
         if (!seen_.insert(*known).second) {
-            Remark("'" + *known + "' is set a second time, which is ignored", "remove one of the two lines");
+            Remark("'" + *known + "' is set a second time; this value is ignored", "remove one of the two lines");
             return;
         }
         report_.taken.push_back(*known);
-        if (OpensQuote(value) && !IsInQuotes(value)) {
-            Remark(
-                "the value of '" + *known + "' opens a quote that is never closed; the quote becomes part of the value",
-                "close the quote, or remove it");
-        } else if (LooksLikeComment(value)) {
-            Remark("the value of '" + *known + "' ends in what looks like a comment; it becomes part of the value",
+        if (LooksLikeComment(value)) {
+            Remark("the value of '" + *known + "' seems to end with a comment; the comment becomes part of the value",
                    "put the comment on a line of its own");
+        } else if (OpensQuote(value) && !IsInQuotes(value)) {
+            Remark("the value of '" + *known +
+                       "' starts with a quote but does not end with it; the quote becomes part of the value",
+                   "end the value with the quote, or remove the quote");
         }
     }
 

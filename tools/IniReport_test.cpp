@@ -72,8 +72,11 @@ TEST(IniReport, RepeatedSetting_GetsARemark) {
 }
 
 TEST(IniReport, UnclosedQuote_GetsARemark) {
-    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=\"D:\\JOB\n"), HasSubstr("'JobDir' opens a quote that is never closed"));
-    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir='\n"), HasSubstr("'JobDir' opens a quote that is never closed"));
+    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=\"D:\\JOB\n"),
+                HasSubstr("'JobDir' starts with a quote but does not end"));
+    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir='\n"), HasSubstr("'JobDir' starts with a quote but does not end"));
+    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=\"D:\\JOB\" \"x\n"), HasSubstr("'JobDir' starts with a quote but"));
+    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=\"D:\\JOB\" ; jobs\n"), HasSubstr("seems to end with a comment"));
     EXPECT_EQ(RemarkOn(u"[Marlento]\nJobDir=\"D:\\JOB\"\n"), "0 remarks");
 }
 

@@ -14,7 +14,7 @@ struct MessageArguments {
     std::optional<String> title;
     std::optional<String> languageFolder = {};
     std::optional<std::int32_t> timeout = {};        ///< in seconds
-    std::optional<std::int32_t> defaultAnswer = {};  ///< the answer's code after the timeout; no value for Cancel
+    std::optional<std::int32_t> defaultAnswer = {};  ///< code of the answer after the timeout; not set: Cancel
     bool operator==(const MessageArguments&) const = default;
 };
 

@@ -34,7 +34,7 @@ std::string_view WordsFor(LineFault fault) {
         case LineFault::kNoText:
             return "has no text behind its '='";
         case LineFault::kTwice:
-            return "has an identifier that has a text above already";
+            return "repeats an identifier of an earlier line";
         case LineFault::kUnknownEscape:
             return R"(has a backslash that is not one of \n \t \s \\)";
         case LineFault::kNotUtf8:

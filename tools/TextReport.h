@@ -31,8 +31,8 @@ struct TextReportCounts {
 
 /// Writes one fact per line to `out`. The first lines show each text of the catalogue with its translation. The next
 /// lines show each problem with the file's name and, except for a wrong encoding, the line number. The last line shows
-/// how many identifiers are translated. Without a `file`, the texts are English. `locale` decides which letters differ
-/// only in case.
+/// how many identifiers are translated. Without a `file`, each text is shown as missing. `locale` decides which letters
+/// differ only in case.
 TextReportCounts WriteTextReport(std::ostream& out, std::span<const host::CatalogueText> catalogue,
                                  const std::optional<LanguageFileText>& file, runtime::LocalePort& locale,
                                  const CaptionMeasure& measure);

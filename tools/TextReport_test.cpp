@@ -72,7 +72,7 @@ TEST_F(TextReport, UnreadableLine_IsReportedWithTheReason) {
     const std::string report = Report("1 = &Ja\n= x\nwords\n1 = b\n2 = \\x\n2 = \xE4\n3 =\n");
     EXPECT_THAT(report, HasSubstr("unreadable\tF:2\thas no identifier before its '='\n"
                                   "unreadable\tF:3\thas no '='\n"
-                                  "unreadable\tF:4\thas an identifier that has a text above already\n"
+                                  "unreadable\tF:4\trepeats an identifier of an earlier line\n"
                                   "unreadable\tF:5\thas a backslash that is not one of \\n \\t \\s \\\\\n"
                                   "unreadable\tF:6\tis not UTF-8\n"
                                   "unreadable\tF:7\thas no text behind its '='\n"));
@@ -99,7 +99,7 @@ TEST_F(TextReport, LostBlankBetweenJoinedTexts_IsReported) {
     EXPECT_THAT(Report("1 = \xEF\xBC\x9A\n2 = \xE3\x81\xAF\n", joined), Not(HasSubstr("blank")));
 }
 
-TEST_F(TextReport, CaptionThatBreaksTheState_IsReported) {
+TEST_F(TextReport, CaptionThatBreaksTheStateRecord_IsReported) {
     const std::vector<CatalogueText> captions = {{u"L", u"Process", u"", u"", 0, true},
                                                  {u"L", u"Process ", u"", u"", 0, true},
                                                  {u"1", u"Path", u"", u"", 0, false}};
@@ -110,7 +110,7 @@ TEST_F(TextReport, CaptionThatBreaksTheState_IsReported) {
     EXPECT_THAT(Report("1 = a,b\n", captions), Not(HasSubstr("state")));
 }
 
-TEST_F(TextReport, PublishedCaptionOutsideTheCodePage_IsShownAsPublished) {
+TEST_F(TextReport, PublishedCaptionOutsideTheCodePage_IsShownAsModulesReadIt) {
     const std::vector<CatalogueText> captions = {{u"L", u"Process", u"form", u"", 0, true},
                                                  {u"1", u"Path", u"check", u"", 0, false}};
     // A Western code page has U+20AC but not U+65E5.
@@ -159,7 +159,7 @@ TEST_F(TextReport, Problems_AreCounted) {
     EXPECT_EQ(counts_, (TextReportCounts{0, 3}));
 }
 
-TEST_F(TextReport, BlankNotNeededByOneUse_MayBeMissing) {
+TEST_F(TextReport, BlankThatOneUseDoesNotNeed_MayBeMissing) {
     const std::vector<CatalogueText> uses = {{u"L", u"Process", u"", u""}, {u"L", u"Process ", u"", u""}};
     EXPECT_THAT(Report("L = Prozess\n", uses), Not(HasSubstr("blank")));
 }
@@ -177,7 +177,7 @@ TEST(TextTemplate, Template_IsALanguageFileWithTheEnglishTexts) {
     EXPECT_EQ(*file.Find(u"1"), u"Path: ");
 }
 
-TEST_F(TextReport, Direction_IsNotListedAsATextAndIsChecked) {
+TEST_F(TextReport, Direction_IsCheckedButNotListed) {
     const std::string texts = "1 = &Ja\n2 = &Nein\n3 = Pfad:\\s\n";
     Report(texts + "direction = rtl\n");
     EXPECT_EQ(counts_, (TextReportCounts{0, 0}));

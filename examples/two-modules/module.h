@@ -18,7 +18,7 @@ using Com = std::unique_ptr<Interface, ReleaseInterface>;
 
 /// Prints arriving commands in the module's window and on standard output. Reads these lines from standard input:
 ///     MODULE COMMAND   raises COMMAND for MODULE
-///     all COMMAND      raises COMMAND in the component's name, for all modules
+///     all COMMAND      raises COMMAND for all modules; the event's addressee is the component
 ///     language FOLDER  sets the suite's language folder and raises All,LZ for all modules
 ///     quit             closes the window and ends the program
 class Module {
@@ -30,8 +30,9 @@ class Module {
 
     /// Runs until the window is closed. Returns the program's exit code, which is 1 if the module cannot start.
     int Run();
-    /// Handles the component's event. Prints SHUTDOWN. Delivers any other command to `addressee`, or to all modules if
-    /// `addressee` is the component. The event sink calls this function.
+    /// Handles the component's event. If the component reports SHUTDOWN, prints that the form was unloaded. Delivers
+    /// any other command to `addressee`, or to all modules if `addressee` is the component. The event sink calls this
+    /// function.
     void NotifyServer(const std::wstring& addressee, const std::wstring& command);
 
  protected:

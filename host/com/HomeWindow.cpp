@@ -9,7 +9,8 @@ namespace {
 
 constexpr wchar_t kHomeWindowClass[] = L"K4TBackProcess.Home";
 
-/// Returns the message number. The message is registered, so that no other code in the process uses the number.
+/// Returns the number of the message that ends an instance. The message is registered, so that no other code in the
+/// process uses the number.
 UINT EndMessage() {
     static const UINT message = RegisterWindowMessageW(L"K4TBackProcess.EndInstance");
     return message;

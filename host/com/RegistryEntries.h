@@ -1,5 +1,6 @@
-// Writes and removes a list of registry values. If writing a value fails, the values that were written before are
-// undone. Removing deletes the values of the list, and then each key that is empty. It does not delete anything else.
+// Writes and removes a list of registry values. If writing a value fails, the registry's earlier values are
+// restored. Removing deletes the values of the list, and then each of their keys and parent keys that is empty. It does
+// not delete anything else.
 #pragma once
 
 #include <optional>

@@ -8,7 +8,7 @@
 namespace runtime::win32 {
 
 /// Returns the answer to WM_GETOBJECT for the client object of `window`. `role` is one of ROLE_SYSTEM_*. Returns 0 if
-/// the system's accessibility library is missing or fails. The caller then uses the default handling.
+/// the system's accessibility library is missing or creates no object. The caller then uses the default handling.
 LRESULT AnswerGetObject(HWND window, WPARAM wParam, LONG role, const String& description);
 
 /// True if a WM_GETOBJECT with this parameter requests a window's client object.

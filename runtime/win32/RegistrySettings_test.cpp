@@ -76,7 +76,7 @@ TEST_F(RegistrySettingsTest, ValueOfAnotherType_IsIgnored) {
     EXPECT_EQ(Get(), std::nullopt);
 }
 
-TEST_F(RegistrySettingsTest, SectionIsCreatedInAnOperation_NextOperationFindsTheSection) {
+TEST_F(RegistrySettingsTest, SectionIsCreatedInAnOperation_FoundOnlyAfterTheOperation) {
     {
         const Operation operation;
         EXPECT_EQ(Get(), std::nullopt);
@@ -102,7 +102,7 @@ TEST_F(RegistrySettingsTest, TwoSectionsInAnOperation_EachSectionHasItsOwnValue)
     EXPECT_EQ(Get(), u"abc");
 }
 
-TEST_F(RegistrySettingsTest, SeveralSavedInAnOperation_EachSectionHasItsValues) {
+TEST_F(RegistrySettingsTest, SeveralSavesInAnOperation_EachSectionHasItsValues) {
     {
         const Operation operation;
         settings_->Save(kTestApplication, u"Section", u"Key", u"abc");

@@ -5,7 +5,7 @@
 namespace runtime::win32 {
 namespace {
 
-/// The largest coordinate in a window.
+/// Wider items are cut. This is the largest coordinate in a window.
 constexpr int kWidestItem = 32767;
 
 int WidthOfItem(StringView item, GdiMeasure& measure) {

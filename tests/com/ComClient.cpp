@@ -3,7 +3,8 @@
 //                                    release. Exit code 0; 1 if the form's window is destroyed at the end; 2 or more
 //                                    after an earlier failure
 //     com_client lose COMPONENT      ends eight threads, each while it shows the message of a failed command. Exit code
-//                                    0 if the message of the next failed command appears, else 1
+//                                    0 if the message of the next failed command appears, 1 if it does not, 2 or more
+//                                    after an earlier failure
 //     com_client unattended COMPONENT
 //                                    sends failing commands from two apartments. Exit code 0 if no message appears and
 //                                    the debugger gets a report of each failure; 1 if a message appears; 11 if a
@@ -138,7 +139,7 @@ int LoseHomes(wchar_t* component) {
 
 int answeredMessages = 0;
 
-/// Counts the texts of OutputDebugString, which arrive as exceptions.
+/// Counts the reports of answered messages. Each text of OutputDebugString arrives as an exception.
 LONG CALLBACK CountAnswers(EXCEPTION_POINTERS* exception) noexcept {
     const EXCEPTION_RECORD& record = *exception->ExceptionRecord;
     if (record.ExceptionCode != DBG_PRINTEXCEPTION_C || record.NumberParameters < 2) return EXCEPTION_CONTINUE_SEARCH;

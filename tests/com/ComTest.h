@@ -1,5 +1,5 @@
-// Declares what the tests of the COM interface share: a thread with COM, instances created as clients create them,
-// late-bound calls, and readable results.
+// Declares what the tests of the COM interface share: a thread with COM, instances from the class factory, late-bound
+// calls, and readable results.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -71,7 +71,7 @@ HRESULT Notify(_clsQmxBackProcess* instance, StringView command);
 
 /// Dispatches the messages that wait for this thread.
 void ServeMessages();
-/// Runs `work` on a new thread in its own apartment. While `work` runs, the calling thread dispatches messages. If
+/// Runs `work` on a new thread in another apartment. While `work` runs, the calling thread dispatches messages. If
 /// `work` takes longer than ten seconds, the test program ends with a failure.
 void InOtherApartment(const std::function<void()>& work, DWORD apartment = COINIT_APARTMENTTHREADED);
 

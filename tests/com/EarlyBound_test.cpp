@@ -16,7 +16,7 @@ class EarlyBound : public ComTest {
     ComPtr<_clsQmxBackProcess> instance = MakeInstance();
 };
 
-TEST_F(EarlyBound, Load_ReturnsTrueAndDoesNotChangeItsNumber) {
+TEST_F(EarlyBound, Load_ReturnsTrueAndDoesNotChangeTheMode) {
     short mode = 99;
     VARIANT_BOOL result = VARIANT_FALSE;
     EXPECT_EQ(S_OK, instance->Load(&mode, &result));

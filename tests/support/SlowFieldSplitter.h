@@ -129,8 +129,8 @@ class SlowFieldSplitter {
     SlowFields fields_;
 };
 
-/// True if splitting `text` never ends. This is so if the text ends inside a quoted field and the opening quote is not
-/// the last character. The function reads each character once and does not search.
+/// True if splitting `text` never ends, unless an error ends it earlier. This is so if the text ends inside a quoted
+/// field and the opening quote is not the last character. The function reads each character once and does not search.
 inline bool NeverReturns(runtime::StringView text) {
     enum class Place { kFieldStart, kPlain, kQuoted, kBehindQuotes };
     Place place = Place::kFieldStart;
