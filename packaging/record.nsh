@@ -143,8 +143,8 @@ Function ${UN}IsOurs
   ${EndIf}
 FunctionEnd
 
-; Visitor: sets $found to the name of an unchanged installed file that cannot be written, for example because its
-; program is running. Ignores the uninstaller, which may be running now.
+; Visitor: sets $found to the name of an installed file that is unchanged or cannot be read, and that cannot be written,
+; for example because the program is running. Ignores the uninstaller, which may be running now.
 Function ${UN}FindInUse
   ${If} $path == "${UNINSTALLER}"
     Return

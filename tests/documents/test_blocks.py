@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests how blocks.py reads the documents' code blocks."""
+"""Tests how blocks.py reads the documents' code blocks and compares output."""
 import unittest
 
 from blocks import Command, Illustration, MadeFile, Quotation, is_as_expected, read
@@ -33,7 +33,7 @@ class Blocks(unittest.TestCase):
         self.assertEqual(read("D", text), [MadeFile("D", "build/try/a.vbs", "x\n"),
                                            MadeFile("D", "build/wine/drive_c/Orvane/LANG/a.txt", "y\n")])
 
-    def test_block_after_a_project_file_is_a_quotation(self):
+    def test_block_after_the_name_of_a_project_file_is_a_quotation(self):
         text = document("As in `routing/A.cpp`:", "", "```cpp", "x", "```")
         self.assertEqual(read("D", text), [Quotation("D", "routing/A.cpp", "x\n")])
 

@@ -25,7 +25,7 @@ TIMEOUT = 900  # seconds for all commands together; they take about 90
 # This test does not run commands that start with a text below. Each text has a reason. After a change of such a
 # command, run it by hand.
 BUILDS = "a build takes minutes"
-NEEDS_THE_BUILD = "needs the files of such a build"
+NEEDS_THE_BUILD = "needs the files of a build that this test does not make"
 CHANGES_SOURCES = "needs or changes edited sources"
 NOT_FOLLOWED = {
     "./demo": "installs and builds; the test's folder contains its results",

@@ -59,7 +59,8 @@ def give_keyboard_to(title):
 
 
 def press_until(key, is_over, title=None):
-    """Presses the key repeatedly in the window with this title, because disabled buttons ignore keys."""
+    """Presses the key until `is_over` returns true, because disabled buttons ignore keys. If a title is given, focuses the
+    window with this title before each press."""
     end = time.monotonic() + TIMEOUT
     while not is_over():
         if time.monotonic() > end:
@@ -303,7 +304,7 @@ class FilesOfOthers(Installation):
 
     FOREIGN = {"QmxKrn2K.dll": b"the kernel of the suite", "README.md": b"the suite's own", "README.html": b"another",
                "dev/QmxKrn2K.dll": b"a kernel", "uninstall.exe": b"the suite's own"}
-    TAKEN = ("README.html", r"dev\QmxKrn2K.dll")  # foreign files have these names of the package's files
+    TAKEN = ("README.html", r"dev\QmxKrn2K.dll")  # the foreign files that have the name of a file of the package
 
     def setUp(self):
         super().setUp()

@@ -69,7 +69,7 @@ class Setup(unittest.TestCase):
     def installs(self):
         return [line for line in self.calls("install") if "--simulate" not in line]
 
-    def test_unsupported_system_only_names_the_packages(self):
+    def test_on_an_unsupported_system_packages_are_only_named(self):
         for system, name in ((FEDORA, "Fedora Linux 41"), (MINT, "LMDE 6"), (FORKY, "Debian GNU/Linux forky/sid")):
             with self.subTest(name):
                 done = self.run_setup(system, "demo")
@@ -78,7 +78,7 @@ class Setup(unittest.TestCase):
                 self.assertIn(" xvfb ", done.stderr)
                 self.assertEqual((self.folder / "calls").read_text(), "")
 
-    def test_no_missing_package_calls_and_prints_nothing(self):
+    def test_if_no_package_is_missing_nothing_is_called_or_printed(self):
         self.write("installed", "debootstrap\n")
         done = self.run_setup(BOOKWORM, "platforms")
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests scripts/wine-test. The script returns the exit code of its command. Exception: a test program that ends inside a
-test is a failure.
+"""Tests scripts/wine-test. The script returns the exit code of its command. But it fails if a test program
+ends inside a test.
 
     test_wine_test.py PREFIX PROGRAM    PROGRAM is a test program that ends too early
 """

@@ -1,4 +1,4 @@
-// A component whose registration for the machine fails, as without administrator rights.
+// A component whose registration for the machine fails, as it would without administrator rights.
 #include "runtime/win32/WindowsHeaders.h"
 
 extern "C" HRESULT __stdcall DllRegisterServer() {

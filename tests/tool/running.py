@@ -48,13 +48,13 @@ def copy_built(folder, *names):
         shutil.copy(bin_folder / name, target)
 
 
-# With this setting, Wine uses the file in the system folder instead of its own control.
+# With this setting, Wine loads the help control in the system folder instead of Wine's own.
 SHOWS_HELP = {"WINEDLLOVERRIDES": "mscoree,mshtml=;hhctrl.ocx=n"}
 
 
 def replace_help_control(double):
-    """Copies a built help control for tests into the system folder and deletes the earlier control's record.
-    Returns the copy's path. Use this function only in the calling test's own prefix."""
+    """Copies a built help control for tests into the system folder and deletes the record of earlier calls.
+    Returns the copy's path. Only a test that has its own prefix may call this function."""
     control = pathlib.Path(os.environ["WINEPREFIX"], "drive_c", "windows", "system32", "hhctrl.ocx")
     # Delete the file first, because all prefixes share it as a hard link. Overwriting it would change all prefixes.
     control.unlink()
@@ -103,7 +103,7 @@ class Scenario:
     input      the standard input
     output     the expected standard output; {*} matches any text within a line; {bin} is as above
     errors     the expected standard error; empty if the section is missing
-    exit       the exit code; 0 if the section is missing
+    exit       the expected exit code; 0 if the section is missing
     """
 
     def __init__(self, path):

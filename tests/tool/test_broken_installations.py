@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Breaks an installation in many ways. Repairs each damage by following the doctor's advice literally.
+"""Breaks an installation in many ways. Repairs each fault by following the advice of `backproc doctor`.
 
     test_broken_installations.py WINE_RUN BIN_FOLDER
 
@@ -28,7 +28,7 @@ SERVER = MACHINE + "CLSID\\" + CLASS + "\\InprocServer32"
 PACKAGE = ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "dev/QmxKrn2K.dll")
 # The doctor prints this note for most installations of this test, because they have the development kernel.
 ALWAYS_NOTED = "development kernel: shares no strings with the suite; for use with the suite"
-# This file replaces the suite's kernel.
+# In these tests, this file is the suite's kernel.
 SUITE_KERNEL = "kernel/recording/QmxKrn2K.dll"
 
 
@@ -44,7 +44,7 @@ def system_folder():
 
 
 def as_64_bit(library):
-    """Returns the bytes of a library with a changed header. The header declares a library for 64-bit Windows."""
+    """Returns the library's bytes with a changed header, which says that the library is for 64-bit Windows."""
     data = bytearray(library.read_bytes())
     header = int.from_bytes(data[0x3C:0x40], "little")
     data[header + 4:header + 6] = b"\x64\x86"
@@ -116,7 +116,7 @@ class Broken:
     says: str
     advises: str = "run 'backproc "
     mend: typing.Callable = None  # if None, the test runs the commands in the advice
-    needs_strings: bool = False  # if true, another program must keep the shared strings
+    needs_strings: bool = False  # if true, another program must keep the shared strings in memory
     stays: str = ""  # a note that the doctor still prints after the repair
 
 
@@ -226,7 +226,7 @@ def broken_ini(name, data, says, advises, mended=SETTINGS):
 
 BROKEN = [
     Broken("not registered", unregister, "registration", "none; only a program whose own manifest"),
-    Broken("for the user alone, where COM does not look", register_for_the_user_alone, "activation", "0x80040154"),
+    Broken("registered for the user only, which Wine's COM ignores", register_for_the_user_alone, "activation", "0x80040154"),
     Broken("both hives", register_for_both, "registration", "the user's hides the machine's"),
     Broken("name gone", lambda it: it.delete(MACHINE + NAME), "name", "is not registered"),
     Broken("name refers to another class", lambda it: it.set(MACHINE + NAME + "\\CLSID", "{00000000-0000-0000-0000-000000000046}"),
@@ -234,7 +234,7 @@ BROKEN = [
     Broken("name refers to another class in the user's entries", name_another_class_for_the_user, "name", "in the user's entries"),
     Broken("interface gone", lambda it: it.delete(MACHINE + interface_key("_clsQmxBackProcess")), "proxies",
            "the entries of _clsQmxBackProcess are missing or wrong"),
-    Broken("event interface of another marshaller",
+    Broken("event interface with the wrong marshaller",
            lambda it: it.set(MACHINE + interface_key("__clsQmxBackProcess") + "\\ProxyStubClsid32", CLASS), "proxies",
            "the entries of __clsQmxBackProcess are missing or wrong"),
     Broken("threading model wrong", lambda it: it.set(SERVER, "Both", "ThreadingModel"), "threading", "not Apartment"),
@@ -287,14 +287,16 @@ BROKEN = [
 ]
 
 BROKEN_INI_FILES = [
-    broken_ini("INI file is UTF-16 without a mark", SETTINGS.encode("utf-16-le"), "NUL characters", "save it as UTF-8"),
-    broken_ini("INI file is UTF-16 of the other order", SETTINGS.encode("utf-16-be"), "NUL characters", "save it as UTF-8"),
+    broken_ini("INI file is UTF-16 without a byte order mark", SETTINGS.encode("utf-16-le"), "NUL characters",
+               "save it as UTF-8"),
+    broken_ini("INI file is big-endian UTF-16 without a byte order mark", SETTINGS.encode("utf-16-be"), "NUL characters",
+               "save it as UTF-8"),
     broken_ini("INI file is UTF-16 and cut", b"\xff\xfe" + SETTINGS.encode("utf-16-le") + b"x", "ends within a character",
                "save it as UTF-8"),
     broken_ini("INI file is UTF-32", SETTINGS.encode("utf-32"), "NUL characters", "save it as UTF-8"),
     broken_ini("INI file is broken UTF-8", b"\xef\xbb\xbf" + SETTINGS.encode() + b"Ver=\xfc\r\n", "not valid UTF-8",
                "save it as UTF-8"),
-    broken_ini("INI file is of an old code page", SETTINGS.encode() + b"Maker=M\x81ller\r\n", "depend on the code page",
+    broken_ini("INI file is in an old code page", SETTINGS.encode() + b"Maker=M\x81ller\r\n", "depend on the code page",
                "save it as UTF-8"),
     broken_ini("INI section misspelt", "[Marlentine]\r\nJobDir=D:\\JOB\r\n", "section [Marlentine] is not read",
                "name the section [Marlento]"),
@@ -305,7 +307,7 @@ BROKEN_INI_FILES = [
     broken_ini("INI key misspelt", "[Marlento]\r\nJobdirectory=D:\\JOB\r\n", "did you mean 'JobDir'?", "rename it to JobDir"),
     broken_ini("INI line without '='", SETTINGS + "LibDir D:\\LIB\r\n", "has no '=' and is ignored", "write NAME = VALUE",
                SETTINGS + "LibDir = D:\\LIB\r\n"),
-    broken_ini("INI setting made twice", SETTINGS + "JobDir=E:\\JOB\r\n", "is set a second time",
+    broken_ini("INI setting set twice", SETTINGS + "JobDir=E:\\JOB\r\n", "is set a second time",
                "remove one of the two lines"),
     broken_ini("INI comment in a value", "[Marlento]\r\nJobDir=D:\\JOB ; ours\r\n", "looks like a comment",
                "put the comment on a line of its own", "[Marlento]\r\n; ours\r\nJobDir=D:\\JOB\r\n"),
@@ -322,7 +324,7 @@ class BrokenInstallations(ToolTestCase):
         # Copy the tool into a folder without a kernel. The tests use the copy as a client in another folder.
         cls.client_folder = pathlib.Path(cls.enterClassContext(tempfile.TemporaryDirectory()))
         shutil.copy(running.bin_folder / "backproc.exe", cls.client_folder)
-        # Add this key, which every Windows user has.
+        # Every Windows user has this key, but a new Wine prefix lacks it.
         run("reg.exe", "add", "HKCU\\Software\\Classes", "/f")
 
     def setUp(self):
@@ -330,7 +332,7 @@ class BrokenInstallations(ToolTestCase):
 
     @staticmethod
     def tidy():
-        """Removes all registrations in one run."""
+        """Removes all registrations, and the kernel in the system folder."""
         keys = [NAME, "CLSID\\" + CLASS, "TypeLib\\" + LIBRARY, interface_key("_clsQmxBackProcess"),
                 interface_key("__clsQmxBackProcess")]
         with tempfile.NamedTemporaryFile("w", suffix=".reg") as script:

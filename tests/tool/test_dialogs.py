@@ -16,8 +16,8 @@ from running import TIMEOUT, ToolTestCase, main, run, tool, windows_path
 
 class Dialogs(ToolTestCase):
     def answer(self, keys, verb, *arguments, folder=None, environment=None):
-        """Runs a verb and answers its dialog with `keys`. Returns exit code and output. The tool is in
-        `folder`."""
+        """Runs a verb of the tool in `folder`, or of the built tool, and answers its dialog with `keys`. Returns exit code
+        and output."""
         title = f"Frage {os.getpid()}"
         display = os.environ.get("DISPLAY") or subprocess.check_output(
             [pathlib.Path(running.wine_run).parent / "start-display"], text=True, timeout=TIMEOUT).strip()

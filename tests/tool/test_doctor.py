@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests the doctor. Most tests first cause a fault that makes a client fail.
+"""Tests `backproc doctor`. Most tests first cause a fault.
 
     test_doctor.py WINE_RUN BIN_FOLDER
 """
@@ -22,7 +22,7 @@ def copy_package(folder, *left_out):
 
 
 class Doctor(ToolTestCase):
-    """Checks the doctor's findings in each state."""
+    """Checks the doctor's findings in different states of an installation."""
 
     def setUp(self):
         self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
@@ -133,7 +133,7 @@ class Doctor(ToolTestCase):
                      for arguments in (("doctor", "--report", report), ("where",), ("strings",), ("texts",))}
         self.assertEqual(list(codes.values()), [1, 0, 0, 1], codes)
 
-    def test_doctor_finds_the_main_form_that_the_state_record_names(self):
+    def test_state_record_is_compared_with_the_loaded_main_forms(self):
         program = copy_package(self.folder)
         self.assertEqual(run(program, "register")[0], 0)
         with LiveHost() as holder:

@@ -16,9 +16,9 @@ import time
 
 import running
 
-# The exit codes of these examples. All other examples must end with 0.
+# The exit code of a verb's examples, if it is not 0.
 EXIT_CODES = {"msgbox": 7}
-# The test runs this verb before the example, because the tool would refuse a second registration.
+# The verb that the test runs before the examples: `register` would refuse a second registration, and `doctor` needs one.
 BEFORE = {"register": "unregister", "doctor": "register"}
 DIALOGS = {"error", "msgbox", "query"}
 # The expected output of examples that begin with these words.

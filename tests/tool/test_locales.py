@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests the forms' font and the texts on systems with different locales, and the forms' size in another resolution.
-Wine reads the system's locale from its environment.
+"""Tests the forms' font and the conversion of texts on systems with different locales, and the message box in a program
+that changes its display resolution (DPI). Wine reads the system's locale from its environment.
 
     test_locales.py WINE_RUN BIN_FOLDER LOCALE_FOLDER
 

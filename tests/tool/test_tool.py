@@ -4,7 +4,7 @@
     test_tool.py WINE_RUN BIN_FOLDER
 
 Each file in scenarios/ describes one run of the tool. This file has the tests that need several processes,
-prepared files or another folder. The component is registered only for the tests that need it.
+prepared files, or a copy of the tool in another folder. The component is registered only for the tests that need it.
 """
 import pathlib
 import shutil
@@ -51,7 +51,7 @@ class WithoutComponent(ToolTestCase):
         self.assertRegex(errors, rb"^backproc strings: .*QmxKrn2K\.dll has no strings; strings exist only while a program")
 
     def test_where_shows_each_value_with_its_source(self):
-        # The folder's name contains a blank, because the component needs quotes. Wine quotes arguments with blanks.
+        # The folder's name contains a blank, so that Wine quotes the argument. The component needs the quotes.
         with tempfile.TemporaryDirectory(suffix=" sys") as folder:
             ini = pathlib.Path(folder) / "MARLENTO.INI"
             ini.write_text("[Marlento]\nJobDir=D:\\job\n", encoding="ascii")
@@ -213,7 +213,7 @@ class WithComponent(RegisteredTestCase):
                          ["Caption=[Hintergrund]", "Caption=[Background]", "Caption=[Hintergrund]"])
         folders = [line for line in shown if line.startswith("LanguagePath")]
         self.assertEqual([line[-3:] for line in folders], ["de]", "en]", "de]"])
-        # Check that the strings that Load published have not changed.
+        # LZ does not change the state record that Load published.
         self.assertIn("K4TBACKPROCESS=[Pelorix Background Processing Application, 0, 0, 0, 0]", shown)
 
     def test_the_help_file_has_its_topics(self):

@@ -19,7 +19,7 @@ from running import EXAMPLES, TIMEOUT, LiveHost, RegisteredTestCase, main, run, 
 
 # Wine writes the text of OutputDebugString to standard error.
 UNATTENDED = {"K4TBACKPROCESS_UNATTENDED": "1", "WINEDEBUG": "warn+seh"}
-# The argument contains a blank, because the component needs quotes. Wine quotes arguments with blanks.
+# The argument contains a blank, so that Wine quotes the argument. The component needs the quotes.
 BAD_FOLDER = "/sys:C:\\no where"
 BAD_FOLDER_NOTE = "message answered with OK: title=[Path not found] prompt=[Path: C:\\NO WHERE not available]"
 # The kernel stores no strings, so there is no product name.
@@ -98,7 +98,7 @@ class Unattended(RegisteredTestCase):
             self.assertEqual(host.lines.get(timeout=TIMEOUT), b"1 NotifyMe\n")
             self.assertEqual(colours_on_screen(), 1)
 
-    def test_other_values_of_the_variable_show_the_dialogs(self):
+    def test_value_0_of_the_variable_shows_the_dialog(self):
         trace = self.folder / "waiting.txt"
         environment = {**os.environ, "K4TBACKPROCESS_UNATTENDED": "0", "K4TBACKPROCESS_TRACE": windows_path(trace)}
         box = subprocess.Popen([running.wine_run, str(self.tool), "msgbox", "--title", "T", "Overwrite?"], env=environment,

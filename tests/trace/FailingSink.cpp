@@ -1,4 +1,4 @@
-// A client whose event sink fails. It raises one event and prints the result of the call.
+// A client whose event sink fails. It raises one event and prints the result of each call that fails.
 #include <cstdio>
 
 #include "host/com/Bstr.h"

@@ -35,7 +35,7 @@ BOOL WINAPI IgnoreInterrupt(DWORD) {
     return TRUE;
 }
 
-/// Sends Ctrl+C repeatedly, because the verb may not be ready for the first one. Needs a console.
+/// Sends Ctrl+C repeatedly, because `backproc trace` may not be ready for the first one. Needs a console.
 int Interrupt(const runtime::String& commandLine) {
     SetConsoleCtrlHandler(IgnoreInterrupt, TRUE);
     const PROCESS_INFORMATION started = Start(commandLine);

@@ -102,7 +102,7 @@ class Component(Registered):
         self.assertGreater(int(lost.group(1)), 100)
         self.assertIn("Load instance=[1] mode=[0]", lines)
 
-    def test_disk_becomes_full_file_has_only_whole_lines(self):
+    def test_when_the_disk_becomes_full_the_file_has_only_whole_lines(self):
         with self.small_disk():
             commands = b"create\n" + b"notify 1 All,RD\n" * 1000
             code, output, errors = run(running.bin_folder / "backproc.exe", "host", text=commands,
@@ -149,7 +149,7 @@ class Tool(Registered):
         tool("trace", "--", windows_path(running.bin_folder / "backproc.exe"), "version")
         self.assertEqual(self.temporary_files(), [])
 
-    def test_program_that_runs_longer_makes_no_temporary_file(self):
+    def test_program_that_outlives_the_tool_makes_no_temporary_file(self):
         starter = windows_path(running.bin_folder / "trace" / "starter.exe")
         program = windows_path(running.bin_folder / "backproc.exe")
         shown = self.folder / "shown.txt"
@@ -180,7 +180,7 @@ class Tool(Registered):
         self.assertEqual(ended.returncode, 0)
         self.assertEqual(self.temporary_files(), [])
 
-    def test_trace_uses_the_file_of_the_environment(self):
+    def test_trace_is_written_to_the_file_that_the_environment_names(self):
         program = windows_path(running.bin_folder / "backproc.exe")
         for name, arguments in (("host.txt", ("host", "--trace")), ("trace.txt", ("trace", "--", program, "host"))):
             file = self.folder / name
@@ -190,9 +190,9 @@ class Tool(Registered):
             self.assertIn("released instance=[1]", lines_of(file)[-1])
             self.assertIn(b"released instance=[1]", output)
 
-    def test_folder_for_temporary_files_is_missing(self):
+    def test_missing_folder_for_temporary_files_is_reported(self):
         for arguments in (("host", "--trace"), ("trace", "--", "x.exe")):
-            # Wine replaces the variable for the first program, but not for a program that this one starts.
+            # Wine itself sets TMP for the first program. Therefore cmd.exe is the first program and starts the tool.
             code, output, errors = run("cmd.exe", "/c", "set", "TMP=C:\\missing&&",
                                        windows_path(running.bin_folder / "backproc.exe"), *arguments)
             self.assertEqual((code, output), (1, b""))
@@ -245,7 +245,7 @@ class Tool(Registered):
             self.assertLess(time.monotonic(), end)
             time.sleep(0.1)
 
-    def test_incomplete_line_is_removed_only_new_lines_are_shown(self):
+    def test_incomplete_line_that_is_removed_again_is_not_shown(self):
         file = self.folder / "trace.txt"
         file.write_bytes(b"old\n")
         shown = self.folder / "shown.txt"
@@ -277,7 +277,7 @@ class Tool(Registered):
             self.wait_for(lambda: b"first" in shown.read_bytes())
             self.assertRegex(shown.read_bytes(), rb"^(new\n)+last\nfirst\n$")
 
-    def test_reader_of_the_output_ends_trace_ends_with_an_error(self):
+    def test_closed_output_ends_trace_with_an_error(self):
         file = self.folder / "trace.txt"
         errors = self.folder / "errors.txt"
         reading, writing = os.pipe()

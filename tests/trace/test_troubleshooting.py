@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Reproduces each symptom of docs/TROUBLESHOOTING.md for which the page shows a line of the trace, and finds the line.
+"""Reproduces each symptom of docs/TROUBLESHOOTING.md for which the page shows a line of the trace, and finds
+this line in the trace.
 
     test_troubleshooting.py WINE_RUN BIN_FOLDER
 """
@@ -17,7 +18,7 @@ ROW = re.compile(r"^\| ([^|]+) \| `([^`]+)`[^|]* \| [^|]+ \| [^|]+ \|$", re.MULT
 
 
 def rows():
-    """Returns the page's lines of the trace for each symptom."""
+    """Returns the line of the trace that the page shows for each symptom."""
     return dict(ROW.findall(PAGE.read_text(encoding="utf-8").split("## With a trace")[1]))
 
 
@@ -30,7 +31,7 @@ class Symptoms(RegisteredTestCase):
     reproduced = set()
 
     def find(self, symptom, lines):
-        """Returns the lines of the trace that the page shows for `symptom`. Fails if there is no line."""
+        """Returns those of `lines` that match the page's line for `symptom`. Fails if there is none."""
         found = [line for line in lines if re.match(pattern(rows()[symptom]), line)]
         self.assertTrue(found, "\n".join([rows()[symptom], *lines]))
         self.reproduced.add(symptom)
@@ -79,7 +80,7 @@ class Symptoms(RegisteredTestCase):
         self.assertTrue(any(line.startswith("AP_SendCmdAll done instance=[1] error=[") for line in lines))
 
     def register_copy(self, *names):
-        """Copies a tool and its component to a new folder and registers this component."""
+        """Copies the tool and the component to a new folder and registers the copy of the component."""
         folder = self.enterContext(tempfile.TemporaryDirectory())
         running.copy_built(folder, "backproc.exe", "K4TBackProcess.dll", *names)
         copy = pathlib.Path(folder) / "backproc.exe"

@@ -43,7 +43,8 @@ def host(*commands, arguments=(), program=None, environment=None):
 
 @contextlib.contextmanager
 def hanging_host(*commands, arguments=(), until):
-    """Runs a `backproc host` that does not end. Ends it when a line of its trace contains `until`; returns the lines."""
+    """Runs a `backproc host` that does not end by itself. Yields the lines of its trace when one of them contains `until`.
+    Then ends the host."""
     with tempfile.TemporaryDirectory() as name:
         file = pathlib.Path(name, "trace.txt")
         given = pathlib.Path(name, "commands.txt")

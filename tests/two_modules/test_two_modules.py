@@ -101,7 +101,7 @@ class TwoModules(unittest.TestCase):
         self.library.wait_for("from EDITOR: OPEN,amp.sch")
         self.editor.wait_for("from LIBRARY: OPENED,amp.sch")
 
-    def test_lines_of_a_console_end_with_a_carriage_return(self):
+    def test_carriage_return_at_the_end_of_a_line_is_ignored(self):
         self.editor.type("LIBRARY\r", "quit\r")
         self.library.wait_for("from EDITOR: ")
         self.assertEqual(self.editor.process.wait(TIMEOUT), 0)
