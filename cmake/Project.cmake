@@ -29,7 +29,7 @@ if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # GCC 12 merges functions with equal code even if their calling conventions differ. For example, GCC replaced an
     # empty lambda in a std::function by a method that ends with "ret 4". The caller's stack pointer was then wrong.
     add_compile_options(-fno-ipa-icf)
-    # -O3 would make the DLL a tenth larger and nothing faster that a client notices. Only host/com/ keeps it.
+    # -O3 would make the DLL a tenth larger, but clients would notice no gain in speed. Only host/com/ keeps -O3.
     string(REPLACE "-O3" "-O2" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
 endif()
 # These compiler options apply to the libraries. The tests are compiled without these options.

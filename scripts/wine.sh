@@ -26,7 +26,7 @@ start_xvfb() {
 make_prefix() {
     mkdir -p "$(dirname "$WINEPREFIX")"
     wineboot --init
-    # Without a window manager, each managed window would wait two seconds for one.
+    # Without a window manager, each managed window would wait two seconds for a window manager.
     wine reg add 'HKCU\Software\Wine\X11 Driver' /v Managed /d N /f
     # With this setting, a program that crashes prints a backtrace and ends. Without this setting, the program would
     # show a dialog and wait.

@@ -24,7 +24,7 @@ using runtime::StringView;
 using runtime::win32::FolderOf;
 using runtime::win32::Wide;
 
-/// Replaces a kernel that clients cannot find. Every call fails with the error that a client gets.
+/// Replaces a kernel that clients cannot find. Every call fails with error 53, as it does in a client.
 class NoKernel : public kernel_api::Kernel {
  public:
     explicit NoKernel(runtime::Error reason) : reason_(std::move(reason)) {}

@@ -1,4 +1,4 @@
-// Inspects the component's file and asks COM for its class, without creating an instance.
+// Inspects the component's file, and asks COM for the component's class without creating an instance.
 #pragma once
 
 #include "runtime/FilesPort.h"
@@ -9,8 +9,8 @@ namespace tools {
 ComponentFile LookAtComponent(runtime::FilesPort& files, const String& path);
 
 /// Asks COM for the class's factory. Returns the failure, or "" on success. `library` is the file in the class's
-/// registration. If it is not a full path, does not ask and returns this as the failure. The thread must be in an
-/// apartment.
+/// registration. If `library` is not a full path, the function returns a failure and does not ask COM. The thread must
+/// be in an apartment.
 std::string ActivationFailure(const String& library);
 
 }  // namespace tools

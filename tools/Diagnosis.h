@@ -1,6 +1,6 @@
-// Makes the findings of `backproc doctor`. There is at least one finding for each subject, in the order in which
-// a client uses the subjects. MachineLook.cpp inspects the machine. This code only judges the state that
-// MachineLook.cpp returns, so that a test can cover each case.
+// Makes the findings of `backproc doctor`. The findings are in the order in which a client uses their subjects. A
+// subject that cannot be examined has no finding. MachineLook.cpp inspects the machine. This code only judges the state
+// that MachineLook.cpp returns, so that a test can cover each case.
 #pragma once
 
 #include <optional>
@@ -106,7 +106,7 @@ struct MainFormOfProcess {
 /// The shared strings that the component uses, and the loaded main forms.
 struct SuiteStrings {
     ModuleListCheck modules;
-    String stateRecord;  ///< the string K4TBACKPROCESS; empty if no module has published its state
+    String stateRecord;  ///< the string K4TBACKPROCESS; empty if the component's state is not published
     std::vector<MainFormOfProcess> mainForms = {};
 };
 
@@ -116,7 +116,7 @@ struct MachineState {
     std::optional<ClassEntry> forUser;
     std::optional<ClassEntry> forMachine;
     NameEntry name = {};
-    bool hasManifest = false;       ///< beside the tool
+    bool hasManifest = false;       ///< the tool's folder contains K4TBackProcess.manifest
     std::string activationFailure;  ///< why COM does not return the class; empty on success and without a registration
     ComponentFile component;
     KernelFile kernel;

@@ -223,7 +223,7 @@ TEST(Diagnosis, ToolOfAnotherVersion_IsNoted) {
     ExpectNote(machine, "tool", "but the component beside it is 1.2.0", "same package");
 }
 
-TEST(Diagnosis, NameOfAnotherClass_IsBad) {
+TEST(Diagnosis, NameMissingOrForAnotherClass_IsBad) {
     MachineState machine = SoundForTheMachine();
     machine.name = {};
     ExpectBad(machine, "name", "clsQmxBackProcess is not registered", "run 'backproc register' as an administrator");

@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// The longest time that a dialog may need to close.
+/// A dialog that is still open after these attempts is considered blocked.
 constexpr int kCloseAttempts = 20;
 constexpr auto kCloseInterval = 100ms;
 

@@ -27,8 +27,8 @@ needs: registration, name, file, version, proxies, kernel library, INI file, mod
   note  worth knowing, but clients work
   BAD   a client fails or gets a wrong result
 
-and ends with advice. Without a registration, the component beside the tool is checked. Nothing is changed, and no
-instance is created.
+and ends with advice if there is something to do. Without a registration, the component beside the tool is checked.
+Nothing is changed, and no instance is created.
 
 The component loads the first QmxKrn2K.dll that exists: beside itself, in the program's folder, in the system folder,
 in 'dev' below its own folder. The program's folder is unknown here, so a kernel that is only in this tool's folder is

@@ -11,7 +11,7 @@ namespace {
 
 constexpr DISPID kNotifyServer = 1;
 
-/// Returns a string argument that was passed by value or by reference.
+/// Reads a string argument that was passed by value or by reference.
 class TextArgument {
  public:
     explicit TextArgument(VARIANT& argument) {

@@ -1,4 +1,4 @@
-// The sink that a module connects to an instance to receive its events.
+// The sink that a module connects to an instance to receive the instance's events.
 #pragma once
 
 #include <functional>

@@ -23,25 +23,25 @@ constexpr std::string_view kHelp =
 
 Runs the component as a module of the suite does: in this process, through COM, with an event sink for each instance.
 Commands come from FILE or from standard input, one per line, in UTF-8. The component reads the command line of this
-process as it reads a module's: "/sys:FOLDER", in double quotes, sets its system folder.
+process as it reads a module's command line. "/sys:FOLDER", in double quotes, sets the component's system folder.
 
   --trace         also shows what the component does, as 'backproc help trace' describes
 
   create          creates an instance                         1 created
   load N          calls Load                                  1 Load True
   notify N TEXT   passes TEXT to NotifyMe                     1 NotifyMe
-  sever N VALUE   sets SeverPath; shows the value set         1 SeverPath [VALUE]
+  sever N VALUE   sets SeverPath; shows the new value         1 SeverPath [VALUE]
   sever N         reads SeverPath                             1 SeverPath []
   send N MODULE COMMAND       raises COMMAND for MODULE       1 AP_SendCmd
-  sendall N COMMAND           raises COMMAND in the component's own name, K4TBACKPROCESS
+  sendall N COMMAND           raises COMMAND for all modules, with K4TBACKPROCESS as the event's module
   shell N MODULE MODE LINE    asks MODULE to start a program with the command line LINE
   release N       releases the instance                       1 released
   set KEY VALUE   sets a shared string of the suite
   get KEY         shows one string; 'KEY=' if it is not set   KEY=[VALUE]
   strings         shows all strings, sorted by key            KEY=[VALUE]
                   (only with the development kernel)
-  state           shows the values that commands have set, and the caption of the main form if it is loaded, one per
-                  line: CurrentDesignName=[NAME]  LanguagePath=[FOLDER]  Caption=[TEXT]
+  state           shows the design name and the language folder that commands have set, and the main form's caption
+                  if the form is loaded, one per line: CurrentDesignName=[NAME]  LanguagePath=[FOLDER]  Caption=[TEXT]
   pump MS         dispatches window messages for MS milliseconds
 
 N is the number of an instance. The first 'create' makes instance 1; numbers are never reused. MS is at most 999999999.
@@ -51,7 +51,7 @@ are skipped. Window messages are dispatched between the lines and while the host
 
 An event is shown at once:                                    1 NotifyServer [MODULE] [COMMAND]
 A failed call is shown, and the host continues:               1 error 0x800A0035 File not found
-A control character inside a text is shown as one visible character, so that each fact stays on one line.
+A control character inside a text is shown as one visible character, so that each result stays on one line.
 
 'send', 'sendall' and 'shell' use the diagnostics interface of the instance. Every instance of the process receives the
 event. No other call of a client raises these events.
@@ -99,7 +99,7 @@ class HostRun {
     bool succeeded_ = true;
 };
 
-/// Compares without letter case, like the component.
+/// Ignores letter case, as the component does.
 bool IsSystemFolder(const String& argument) {
     constexpr std::wstring_view kOption = L"/sys:";
     return _wcsnicmp(runtime::win32::Wide(argument), kOption.data(), kOption.size()) == 0;

@@ -81,9 +81,8 @@ TEST(IniReport, UnclosedQuote_GetsARemark) {
 }
 
 TEST(IniReport, CommentAfterAValue_GetsARemark) {
-    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=D:\\JOB ; mine\n"),
-                HasSubstr("'JobDir' ends in what looks like a comment"));
-    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=D:\\JOB\t# mine\n"), HasSubstr("looks like a comment"));
+    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=D:\\JOB ; mine\n"), HasSubstr("'JobDir' seems to end with a comment"));
+    EXPECT_THAT(RemarkOn(u"[Marlento]\nJobDir=D:\\JOB\t# mine\n"), HasSubstr("seems to end with a comment"));
     EXPECT_EQ(RemarkOn(u"[Marlento]\nJobDir=D:\\A;B#C\n"), "0 remarks");
     EXPECT_EQ(RemarkOn(u"[Marlento]\nJobDir=\"D:\\A ;B\"\n"), "0 remarks");
 }

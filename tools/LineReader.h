@@ -1,4 +1,4 @@
-// Reads lines of a stream on its own thread, so that the calling thread can dispatch messages while it waits.
+// Reads the lines of a stream on an extra thread, so that the calling thread can dispatch messages while it waits.
 #pragma once
 
 #include <atomic>
@@ -19,8 +19,8 @@ class LineReader {
     LineReader& operator=(const LineReader&) = delete;
     ~LineReader();
 
-    /// Returns the next line without its line end (LF or CR LF), or none at the end of the stream. Dispatches window
-    /// messages while it waits.
+    /// Returns the next line without its line end (LF or CR LF), or no value at the end of the stream. Dispatches
+    /// window messages while it waits.
     std::optional<std::string> Next();
 
  private:

@@ -14,7 +14,7 @@ namespace tools {
 
 namespace {
 
-/// Sets the folder of this process's texts. The shared string LANGUAGEPATH does not change.
+/// Sets the folder from which this process reads its texts. The shared string LANGUAGEPATH does not change.
 void UseLanguageOf(host::Composition& composition, const runtime::String& folder) {
     LanguageFileIn(runtime::CurrentPorts().files, folder);
     composition.Reader().UseLanguageFolder([folder] { return folder; });

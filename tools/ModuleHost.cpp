@@ -36,7 +36,7 @@ void Connect(_clsQmxBackProcess& instance, EventSink::NotifyServer notifyServer)
     ComPtr<IConnectionPoint> point;
     ThrowIfFailed(container->FindConnectionPoint(__uuidof(__clsQmxBackProcess), point.Put()));
     const auto sink = ComPtr<EventSink>::Attach(new EventSink(std::move(notifyServer)));
-    // The connection stays until the end, because the last release of the instance still raises an event.
+    // Do not disconnect the sink, because the last release of the instance still raises an event.
     DWORD cookie = 0;
     ThrowIfFailed(point->Advise(sink.Get(), &cookie));
 }

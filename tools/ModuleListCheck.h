@@ -11,9 +11,9 @@ namespace tools {
 
 struct ModuleListCheck {
     std::size_t count = 0;
-    std::size_t ownPlace = 0;          ///< position of the component's last entry, from 1; 0 without an entry
-    std::string problem;               ///< why the list cannot be split; empty if there is no problem
-    runtime::String listWithout = {};  ///< if there is a problem: the list without the field that causes the problem
+    std::size_t ownPlace = 0;  ///< 1-based position of the last entry that names the component; 0 if there is none
+    std::string problem;       ///< why the list cannot be split; empty if there is no problem
+    runtime::String listWithout = {};  ///< the list without the field that causes the problem; empty without a problem
 };
 
 ModuleListCheck CheckModuleList(runtime::StringView list);

@@ -16,7 +16,7 @@ constexpr std::string_view kHelp =
     R"(Usage: backproc msgbox [--flags N] [--title T] [--language FOLDER]
                        [--timeout SECONDS [--default CODE]] [--] PROMPT
 
-Shows the suite's message box, waits for its answer and prints the answer's code.
+Shows the suite's message box, waits for the answer and prints the answer's code.
 
   --flags N          the button with the focus: 0 Yes, 0x100 No, 0x200 Yes To All, 0x300 Cancel; other bits of the
                      32-bit number are ignored. Decimal, or hexadecimal after 0x

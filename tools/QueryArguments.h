@@ -13,10 +13,10 @@ struct QueryArguments {
     std::optional<String> title;
     String prompt;
     std::int32_t index = -1;
-    std::optional<String> buttonCaption;  ///< caption of the extra button; no value for no button
+    std::optional<String> buttonCaption;  ///< caption of the extra button; not set: no extra button
     std::optional<String> languageFolder;
     std::optional<std::int32_t> timeout;  ///< in seconds
-    std::optional<String> defaultText;    ///< the answer after the timeout; no value for Cancel
+    std::optional<String> defaultText;    ///< the answer after the timeout; not set: Cancel
     std::int32_t defaultIndex = -1;       ///< the index of `defaultText`
     std::vector<String> values;           ///< the initial text, followed by the items
     bool operator==(const QueryArguments&) const = default;

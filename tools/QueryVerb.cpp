@@ -33,7 +33,7 @@ for the extra button. In all texts except FOLDER, '\n' is a line break.
   --button CAPTION   adds an extra button
   --language FOLDER  reads the captions from K4TBackProcess.txt in FOLDER; the language of the modules does not change
   --timeout SECONDS  closes the dialog if it is not answered within 1 to 86400 seconds
-  --default TEXT     the answer after the timeout, for 3 and 5 one of the items; by default, that of Cancel
+  --default TEXT     the answer after the timeout (for 3 and 5, one of the items); by default, Cancel's answer
   --                 ends the options, for a VALUE0 that begins with '--'
   VALUE0             the initial text of 1, 2 and 4; may be empty: ""
   ITEM...            the items of 2, 3 and 5

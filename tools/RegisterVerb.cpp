@@ -16,8 +16,8 @@ constexpr std::string_view kRegisterHelp =
     R"(Usage: backproc register [--user]
 
 Registers the K4TBackProcess.dll beside the tool for all users of the machine. This needs administrator rights. Shows
-what was registered, and where. Fails if the component is already registered in the other way, for the user or for the
-machine, because the user's registration would hide the machine's.
+what was registered, and where. Fails if the component is already registered for the current user (with --user: for
+the machine), because the user's registration would hide the machine's.
 
   --user  registers it for the current user only; this needs no special rights
 
@@ -30,7 +30,8 @@ Example:
 constexpr std::string_view kUnregisterHelp =
     R"(Usage: backproc unregister [--user]
 
-Removes the registration for all users of the machine. This needs administrator rights. Does nothing if there is none.
+Removes the registration for all users of the machine. This needs administrator rights. Does nothing if there
+is no registration.
 
   --user  removes the registration of the current user; this needs no special rights
 

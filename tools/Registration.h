@@ -20,7 +20,7 @@ std::optional<String> RegisteredLibrary(Scope scope);
 std::optional<ClassEntry> RegisteredClass(Scope scope);
 /// One value of the registry, for display.
 struct RegistryValue {
-    String key;   ///< relative to the scope's key of classes
+    String key;   ///< relative to the scope's "Software\Classes" key
     String name;  ///< empty for the key's default value
     String text;
 };
@@ -30,7 +30,7 @@ std::vector<RegistryValue> RegisteredValues(Scope scope);
 NameEntry RegisteredName();
 /// Returns the component's class identifier in braces.
 String ClassIdentifier();
-/// Returns the name of the registry key of a scope's classes.
+/// Returns the full name of the scope's "Software\Classes" key.
 const char* RegistryPlace(Scope scope);
 
 }  // namespace tools

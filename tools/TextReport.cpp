@@ -66,8 +66,8 @@ std::map<String, std::size_t> LinesOf(std::string_view bytes) {
     return lines;
 }
 
-/// Returns the text that modules read in the published state if the kernel's ANSI code page changes the text. Otherwise
-/// returns "".
+/// If the kernel's ANSI code page changes the text in the published state, returns a tab and a remark with the changed
+/// text. Otherwise returns "".
 std::string ChangeInState(const CatalogueText& text, StringView translation, runtime::LocalePort& locale) {
     if (!text.isPublished) return "";
     const String published = locale.FromAnsi(locale.ToAnsi(translation));

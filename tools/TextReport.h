@@ -16,7 +16,7 @@ namespace tools {
 
 /// The content of a language file.
 struct LanguageFileText {
-    std::string name;  ///< the name in findings, in UTF-8
+    std::string name;  ///< the file's name as findings show it, in UTF-8
     std::string bytes;
 };
 
@@ -31,8 +31,8 @@ struct TextReportCounts {
 
 /// Writes one fact per line to `out`. The first lines show each text of the catalogue with its translation. The next
 /// lines show each problem with the file's name and, except for a wrong encoding, the line number. The last line shows
-/// how many identifiers are translated. Without a `file`, each text is shown as missing. `locale` decides which letters
-/// differ only in case.
+/// how many identifiers are translated. Without a `file`, each text is shown as missing. `locale` decides which access
+/// keys differ only in case, and converts published texts to the ANSI code page.
 TextReportCounts WriteTextReport(std::ostream& out, std::span<const host::CatalogueText> catalogue,
                                  const std::optional<LanguageFileText>& file, runtime::LocalePort& locale,
                                  const CaptionMeasure& measure);

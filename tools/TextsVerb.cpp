@@ -32,7 +32,7 @@ constexpr std::string_view kHelp =
 Shows every text of the component, one per line, with fields separated by tabs: 'translated' or 'missing', identifier,
 [English], [translation], where it is shown. If this system's ANSI code page changes a caption in the state that modules
 read, 'published as [TEXT]' follows. The language file is K4TBackProcess.txt in folder F or, without F, in the folder of
-the shared string LANGUAGEPATH. Without both, every text is missing. Then come the problems of the file, with lines:
+the shared string LANGUAGEPATH. Without both, every text is missing. The problems of the file follow:
 
   encoding    the file is UTF-16, which cannot be read
   unreadable  a line that is skipped, with the reason
@@ -40,11 +40,11 @@ the shared string LANGUAGEPATH. Without both, every text is missing. Then come t
   clash       two captions of a dialog with the same access key
   key         a caption without its access key
   wide        a caption that is too wide for its button, in the font that the component uses on this system
-  blank       a text that lacks the blank between it and the text that it is joined with
+  blank       a text without the blank that separates it from a joined text
   state       a caption that breaks the state that modules read: it has a comma, a quote mark or a line break
 
 The last line has the number of translated identifiers. 'get' shows the text ID in the current language.
-If there is none, it shows DEFAULT, or fails without a DEFAULT.
+If this text does not exist, 'get' shows DEFAULT, or fails without a DEFAULT.
 
   ID             identifier of a text
   DEFAULT        any text; may be empty: ""
@@ -54,7 +54,7 @@ If there is none, it shows DEFAULT, or fails without a DEFAULT.
   --output FILE  writes the template to the new file FILE, in UTF-8
 
 Exit code: 0 no text is missing, 1 a text is missing or the file cannot be read, 2 bad usage. With --check, 1 for every
-problem. For 'get', 0 the text was shown, 1 there is none.
+problem. For 'get', 0 a text was shown, 1 the text does not exist.
 
 Examples:
   backproc texts --folder examples\languages\German --check

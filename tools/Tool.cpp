@@ -32,7 +32,7 @@ bool IsPartOfOption(char letter) {
     return letter == '-' || (letter >= 'a' && letter <= 'z');
 }
 
-/// The options that the verb's help mentions.
+/// Returns --help and the options that the verb's help mentions.
 std::vector<std::string> OptionsOf(const Verb& verb) {
     std::vector<std::string> options = {"--help"};
     const std::string_view help = verb.help;

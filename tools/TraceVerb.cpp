@@ -27,16 +27,17 @@ constexpr std::string_view kHelp =
     R"(Usage: backproc trace [--file FILE] -- PROGRAM [ARGUMENT...]
        backproc trace --file FILE
 
-Runs PROGRAM and shows what the component does in it and in the programs that it starts, one line per event, at once:
-calls of clients with their results, calls of the kernel, settings with their source, texts, messages and their answers,
-events and how each client takes them, forms, and the errors that no client sees. Ends with PROGRAM; if PROGRAM has a
-window and no console, also at Ctrl+C. Programs that run longer write on only if there is a FILE.
+Runs PROGRAM and shows what the component does in PROGRAM and in the programs that PROGRAM starts. Each event is shown
+on one line, at once: calls of clients with their results, calls of the kernel, settings with their source, texts,
+messages and their answers, events and the result of each client's sink, forms, and the errors that no client sees. Ends
+with PROGRAM; if PROGRAM has a window and no console, also at Ctrl+C. The other programs are traced after the end of
+PROGRAM only if there is a FILE.
 Without PROGRAM, shows the lines that programs append to FILE, until Ctrl+C.
 
   --file FILE  the trace is appended to FILE and stays there; without it, FILE is the value of
                K4TBACKPROCESS_TRACE; without both, the trace is only shown
 
-PROGRAM receives its arguments exactly as they are written here, quotes included. Its own output is shown, too.
+PROGRAM receives its arguments exactly as they are written here, quotes included. PROGRAM's own output is shown, too.
 
 A line has local time, process/thread, the event, and values as NAME=[VALUE], or NAME= for a value that is missing:
   2026-11-20 14:03:07.125 1234/5678 E_GetString key=[AllAps] value=[EDITOR,LIBRARY] ms=[0.021]
@@ -55,7 +56,7 @@ Example, in a command prompt:
 
 struct TraceArguments {
     std::optional<String> file;
-    /// Returns the number of arguments up to and including "--". Returns no value if there is no program.
+    /// The number of arguments up to and including "--". No value if there is no program.
     std::optional<std::size_t> programPlace;
 };
 
@@ -117,7 +118,7 @@ KernelHandle endNow;
 std::atomic<bool> leavesInterruptToProgram = true;
 
 /// Ctrl+C ends a console program, and the verb still shows the rest of the trace. If the program receives no Ctrl+C,
-/// and if the console is closed, the verb itself ends.
+/// or if the console is closed, the verb itself ends.
 BOOL WINAPI OnConsoleEvent(DWORD event) {
     const bool isInterrupt = event == CTRL_C_EVENT || event == CTRL_BREAK_EVENT;
     if (isInterrupt && leavesInterruptToProgram) return TRUE;

@@ -26,7 +26,7 @@ String FullPath(const String& name) {
         [&name](wchar_t* buffer, DWORD capacity) { return GetFullPathNameW(Wide(name), capacity, buffer, nullptr); });
 }
 
-/// Returns the path of the file that `name` or the environment names. Returns no value if there is no such file.
+/// Returns the path of the file that `name` or else the environment names. Returns no value if neither names a file.
 std::optional<String> NamedPath(const String* name) {
     if (name) return FullPath(*name);
     const String path = trace::win32::PathFromEnvironment();
@@ -88,7 +88,7 @@ void TraceTarget::UseForThisProcess() const {
 }
 
 std::string TraceTarget::NewLines() {
-    // Another program has truncated the file.
+    // A file that is shorter than before was truncated by another program.
     if (SizeOf(file_.Get()) < position_) position_ = 0;
     std::string lines;
     std::string bytes(kReadBytes, '\0');

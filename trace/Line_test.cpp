@@ -51,7 +51,7 @@ std::string Value(StringView value) {
     return ValueIn(Whole(Line("event").Text("v", value)));
 }
 
-TEST(TraceLine, Values_FollowTheEventInBrackets) {
+TEST(TraceLine, Values_AreInBracketsAfterTheEvent) {
     EXPECT_EQ(Whole(Line("E_SetString").Text("key", u"INITBP").Text("given", u"").Number("n", -3)),
               "E_SetString key=[INITBP] given=[] n=[-3]");
 }

@@ -1,5 +1,5 @@
-// Traces one process. Wraps the component's ports, kernel, reader, dialogs and instances, so that their calls are
-// written. Only the composition uses this class, and only if the environment requests a trace.
+// Traces one process. Wraps the component's message box, help, kernel, reader, dialogs and instances, and writes the
+// calls to the output. Only WindowsComposition.cpp uses this class, and only if the environment requests a trace.
 #pragma once
 
 #include <functional>

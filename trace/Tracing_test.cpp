@@ -70,7 +70,7 @@ class TracedComponent : public tests::HeadlessTest {
             [](host::NotifyServerEvent event) { return std::make_unique<host::clsQmxBackProcess>(std::move(event)); });
     }
 
-    /// Returns the lines since the last call, without times.
+    /// Returns the lines that were written since the previous call of this function, without times.
     Texts Lines() {
         static const std::regex time(R"( ms=\[\d+\.\d{3}\])");
         Texts lines;
@@ -79,7 +79,7 @@ class TracedComponent : public tests::HeadlessTest {
         }
         return lines;
     }
-    /// Returns the lines since the last call that begin with one of `starts`.
+    /// Like Lines, but returns only the lines that begin with one of `starts`.
     Texts LinesOf(const Texts& starts) {
         Texts lines = Lines();
         std::erase_if(lines, [&starts](const std::string& line) {
@@ -88,7 +88,7 @@ class TracedComponent : public tests::HeadlessTest {
         return lines;
     }
 
-    /// Passes lines to `output_`, because the trace owns its output.
+    /// The trace owns its output. This output passes the lines to `output_`, which the tests read.
     class ForwardingOutput : public Output {
      public:
         explicit ForwardingOutput(tests::MemoryOutput& output) : output_(output) {}
@@ -215,7 +215,7 @@ TEST_F(TracedComponent, MessageAndShutdownFail_CommandsErrorIsWritten) {
     EXPECT_EQ(lines.back(), "form unloaded form=[frmBackProcessMain]");
 }
 
-TEST_F(TracedComponent, OtherCalls_EachIsWritten) {
+TEST_F(TracedComponent, SeverPathAndDiagnosticsCalls_AreWritten) {
     const auto instance = NewInstance();
     Lines();
     instance->SetSeverPath(u"C:\\x");
@@ -364,7 +364,7 @@ TEST_F(TracedComponent, FormRefusesToUnloadOrFailsToLoad_BothAreWritten) {
     EXPECT_EQ(Lines().back(), "form not loaded form=[dialog] error=[5] text=[Invalid procedure call or argument]");
 }
 
-TEST_F(TracedComponent, HostileValues_EachGivesOneShortLine) {
+TEST_F(TracedComponent, HostileValues_LinesStayShortAndUnbroken) {
     const auto instance = NewInstance();
     const char16_t lone[] = {u'A', u',', 0xD800, u'\r', u'\n', 0};
     const String hostile[] = {u"All,\r\nRD",
@@ -402,7 +402,7 @@ TEST_F(TracedComponent, KernelReturnsNoAddress_NothingIsRead) {
                               "E_GetString key=[k] pointer=[4660]"}));
 }
 
-TEST_F(TracedComponent, KernelRewritesAValue_BothAreWritten) {
+TEST_F(TracedComponent, KernelRewritesAValue_BothValuesAreWritten) {
     kernel_.RewriteValues([](const std::string&, std::string& value) { value = "changed"; });
     String value = u"given";
     tracing_.Kernel().E_SetString(u"JobDir", value);

@@ -309,10 +309,10 @@ BROKEN_INI_FILES = [
                SETTINGS + "LibDir = D:\\LIB\r\n"),
     broken_ini("INI setting set twice", SETTINGS + "JobDir=E:\\JOB\r\n", "is set a second time",
                "remove one of the two lines"),
-    broken_ini("INI comment in a value", "[Marlento]\r\nJobDir=D:\\JOB ; ours\r\n", "looks like a comment",
+    broken_ini("INI comment in a value", "[Marlento]\r\nJobDir=D:\\JOB ; ours\r\n", "seems to end with a comment",
                "put the comment on a line of its own", "[Marlento]\r\n; ours\r\nJobDir=D:\\JOB\r\n"),
     broken_ini("INI quote not closed", "[Marlento]\r\nJobDir=\"D:\\JOB\r\n", "starts with a quote but does not end with it",
-               "close the quote", "[Marlento]\r\nJobDir=\"D:\\JOB\"\r\n"),
+               "end the value with the quote", "[Marlento]\r\nJobDir=\"D:\\JOB\"\r\n"),
     Broken("INI file is a folder", make_ini_a_folder, "INI file", "is a folder", "rename the folder",
            lambda it: it.ini.rename(it.ini.with_name("old"))),
 ]

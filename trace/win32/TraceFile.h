@@ -2,13 +2,13 @@
 //     2026-11-20 14:03:07.125 1234/5678 E_GetString key=[AllAps] value=[EDITOR,LIBRARY] ms=[0.021]
 //
 // Any number of processes and threads append to one file. A writer takes a lock and then writes the line at the end of
-// the file. The lock is a byte range far beyond that end. The system releases the lock when the process of its owner
-// ends.
+// the file. The lock is a byte range far beyond that end. The system releases the lock when the process that
+// holds the lock ends.
 //
 // If a process is stopped while it holds the lock, each other process waits once for kMaxWait. Until the lock is free,
 // the other processes then lose their lines without waiting. The threads of a process wait for each other in the same
-// way. If a line cannot be written completely, for example on a
-// full disk, its written part is removed. Before the next written line, a line reports the number of lost lines.
+// way. If a line cannot be written completely, for example on a full disk, its written part is removed. Before the next
+// written line, a line reports the number of lost lines.
 #pragma once
 
 #include <atomic>
@@ -24,7 +24,7 @@ namespace trace::win32 {
 /// The environment variable that contains the path of the file. If the variable is missing or empty, nothing is traced.
 inline constexpr const wchar_t* kFileVariable = L"K4TBACKPROCESS_TRACE";
 
-/// The maximum time for which a line waits for other threads and processes.
+/// The maximum time for which a line waits for other threads, and then again for other processes.
 constexpr std::chrono::milliseconds kMaxWait{2000};
 
 class TraceFile final : public Output {
@@ -51,7 +51,7 @@ class TraceFile final : public Output {
     std::atomic<unsigned> lost_ = 0;
 };
 
-/// Returns the path that the environment names, as it is there; "" if it names no file.
+/// Returns the unchanged value of the variable kFileVariable; "" if the variable is missing or empty.
 runtime::String PathFromEnvironment();
 
 /// Opens the file that the environment names. Returns null if the variable is missing or empty, or if the file cannot

@@ -102,7 +102,7 @@ TEST_F(TraceFileTest, EmptiedFile_NextLineIsTheFirstLine) {
     EXPECT_EQ(Lines(), Texts{"after"});
 }
 
-TEST_F(TraceFileTest, FolderPipeOrLockedFile_IsNotOpened) {
+TEST_F(TraceFileTest, FolderDeviceOrLockedFile_IsNotOpened) {
     EXPECT_EQ(TraceFile::Open(folder_.u16string()), nullptr);
     EXPECT_EQ(TraceFile::Open(Path(u"missing\\trace.txt")), nullptr);
     EXPECT_EQ(GetLastError(), static_cast<DWORD>(ERROR_PATH_NOT_FOUND));
@@ -125,7 +125,7 @@ TEST_F(TraceFileTest, VariableMissingOrInvalid_NothingIsOpened) {
     SetEnvironmentVariableW(kFileVariable, nullptr);
 }
 
-TEST_F(TraceFileTest, LockIsNotReleased_OneWaitAndLostLinesAreCounted) {
+TEST_F(TraceFileTest, LockIsNotReleased_WaitsOnceAndCountsLostLines) {
     const auto file = TraceFile::Open(Path());
     auto held = HoldLock();
     const auto start = Clock::now();
@@ -142,7 +142,7 @@ TEST_F(TraceFileTest, LockIsNotReleased_OneWaitAndLostLinesAreCounted) {
     EXPECT_EQ(Lines(), (Texts{"trace lines lost=[102]", "again", "and again"}));
 }
 
-TEST_F(TraceFileTest, WritingThreadIsStopped_OneWaitAndLostLinesAreCounted) {
+TEST_F(TraceFileTest, WritingThreadIsStopped_WaitsOnceAndCountsLostLines) {
     const auto file = TraceFile::Open(Path());
     auto held = HoldLock();
     std::promise<DWORD> writing;
