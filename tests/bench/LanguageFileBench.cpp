@@ -102,7 +102,7 @@ std::string MakeCatalogue(int texts) {
     return domain;
 }
 
-/// Returns 10,000 identifiers of the `texts` identifiers in a scattered order.
+/// Returns 10,000 identifiers in a scattered order. They are chosen from `texts` different identifiers.
 template <typename Text>
 std::vector<Text> Shuffled(Text (*make)(int), int texts) {
     constexpr int kIdentifiers = 10'000;

@@ -39,7 +39,8 @@ double TimeOfListBox(HWND owner, const std::vector<String>& values) {
     return time;
 }
 
-/// Only the row of a long list has a goal. With a short list, the dialog needs most of the time for its other controls.
+/// Only the rows of long lists have a goal. With a short list, the dialog needs most of the time for its other
+/// controls.
 void Compare(const tests::AnsweringOwner& owner, int items) {
     constexpr int kLong = 1'250;
     const std::vector<String> values = Values(items);

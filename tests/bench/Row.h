@@ -80,7 +80,7 @@ inline int Turns() {
 }
 
 /// `ours` and `theirs` return the microseconds of one round. Prints the median, the smallest and the largest ratio of
-/// all turns.
+/// all turns, and the median times.
 template <typename Ours, typename Theirs>
 void Measure(const Row& row, Ours&& ours, Theirs&& theirs) {
     std::vector<double> ratios;

@@ -1,9 +1,12 @@
-// Compares the times of clients' calls with the times of similar calls of the system. The program calls the component
+// Compares the times of clients' calls with the times of similar calls to the system. The program calls the component
 // only through COM and the kernel only through its exports. Therefore the program can also measure the DLLs of earlier
 // commits. It registers the DLL in a Wine prefix of its own. The input is in environment variables, because the
-// component parses the command line of its client: BENCH_DLL, BENCH_KERNEL    the component and the kernel
-// BENCH_STEPS=1              runs each step of a client once; before each step, a mark appears in the trace of server
-// calls
+// component parses the command line of its client:
+//
+//     BENCH_DLL       the path of the component
+//     BENCH_KERNEL    the path of the kernel
+//     BENCH_STEPS     if set, the program measures nothing and runs each step of a client once. Before each step,
+//                     a mark appears in the trace of the Wine server
 #include <cstring>
 #include <vector>
 
@@ -15,9 +18,9 @@
 
 #include <commctrl.h>  // needs the headers above
 
-/// Declares the dictionary's own interface up to the last method that the program calls. This type is outside the
-/// unnamed namespace. Inside, the compiler would assume that no class implements the interface, and could remove the
-/// calls.
+/// Declares the interface of Scripting.Dictionary up to the last method that the program calls. This type is outside
+/// the unnamed namespace. Inside, the compiler would assume that no class implements the interface, and could remove
+/// the calls.
 struct IDictionary : IDispatch {
     virtual HRESULT STDMETHODCALLTYPE putref_Item(VARIANT* key, VARIANT* item) = 0;
     virtual HRESULT STDMETHODCALLTYPE put_Item(VARIANT* key, VARIANT* item) = 0;
@@ -312,7 +315,7 @@ void MeasureSinks(IClassFactory& factory, int sinks) {
         [&] { return TimeOfEnd(few); });
 }
 
-/// Makes a call that has no effect and shows the step's name in the trace.
+/// Makes a call that has no effect and shows the step's name in the trace of the Wine server.
 void Mark(const char* step) {
     const runtime::win32::KernelHandle none(OpenEventA(SYNCHRONIZE, FALSE, (std::string("K4T.step.") + step).c_str()));
 }

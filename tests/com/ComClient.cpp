@@ -7,8 +7,8 @@
 //                                    after an earlier failure
 //     com_client unattended COMPONENT
 //                                    sends failing commands from two apartments. Exit code 0 if no message appears and
-//                                    the debugger gets a report of each failure; 1 if a message appears; 11 if a
-//                                    report is missing
+//                                    OutputDebugString gets a report of each failure; 1 if a message appears; 11 if a
+//                                    report is missing; 2 to 10 after an earlier failure
 //     com_client listen FILE EVENT   reads a marshalled instance from FILE, connects a sink to it, sets EVENT, and
 //                                    dispatches messages until it is killed
 #include <cstdlib>
@@ -99,8 +99,8 @@ BOOL CALLBACK FindMessage(HWND window, LPARAM found) noexcept {
 bool isMessageShown = false;
 const DWORD mainThreadId = GetCurrentThreadId();
 
-/// The message loop of a message box calls this function. The function ends its thread. In the main thread, the
-/// function records and closes the box instead.
+/// The message loop of a message box calls this function. On the main thread, the function sets isMessageShown and
+/// closes the box. On any other thread, it ends the thread.
 void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     HWND message = nullptr;
     EnumThreadWindows(GetCurrentThreadId(), FindMessage, reinterpret_cast<LPARAM>(&message));
@@ -110,7 +110,7 @@ void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) noexcept {
     PostMessageW(message, WM_CLOSE, 0, 0);
 }
 
-/// Sends EX with a sink that fails at the shutdown. The component reports the failure in a message box.
+/// Connects a sink that fails at the shutdown, then sends EX. The component reports the failure in a message box.
 void SendFailingCommand(const wchar_t* component) {
     static StaticSink failing(E_FAIL);
     _clsQmxBackProcess* const instance = MakeLoadedInstance(component);

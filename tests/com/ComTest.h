@@ -59,7 +59,7 @@ struct ErrorObject {
 ErrorObject TakeErrorObject();
 /// Returns the description of the thread's error object, or "(none)" if the thread has no error object.
 std::string TextOfErrorObject();
-/// Stores an error object with this description on the thread, as an earlier call of another component could do.
+/// Stores an error object with this description on the thread, as an earlier call to another component could.
 void LeaveErrorObject(StringView description);
 
 ComPtr<IClassFactory> Factory();

@@ -1,4 +1,4 @@
-// Tests calls through the dual interface: missing and null strings, results, and errors with error objects.
+// Tests calls through the dual interface: null pointers, null strings, results, and errors with error objects.
 #include <limits>
 
 #include "tests/com/ComTest.h"
@@ -24,7 +24,7 @@ TEST_F(EarlyBound, Load_ReturnsTrueAndDoesNotChangeTheMode) {
     EXPECT_EQ(VARIANT_TRUE, result);
 }
 
-TEST_F(EarlyBound, NullResultPointer_IsRefused) {
+TEST_F(EarlyBound, NullPointerToModeOrResult_IsRefused) {
     short mode = 1;
     VARIANT_BOOL result = VARIANT_TRUE;
     EXPECT_EQ("0x80004003", Hex(instance->Load(&mode, nullptr)));
@@ -78,7 +78,7 @@ TEST_F(EarlyBound, RuntimeError_HasAnErrorObject) {
     EXPECT_EQ("K4TBackProcess", error.source);
 }
 
-TEST_F(EarlyBound, NumberAbove65535_IsAnInternalError) {
+TEST_F(EarlyBound, ErrorNumberAbove65535_IsAnInternalError) {
     EXPECT_EQ("0x800AFFFF", Hex(Notify(instance.Get(), u"FAIL 65535|last")));
     EXPECT_EQ("0x800A0033", Hex(Notify(instance.Get(), u"FAIL 65536|beyond")));
     EXPECT_EQ("beyond", TakeErrorObject().description);

@@ -255,7 +255,7 @@ TEST_F(Events, SinkOfAnEndedProcess_IsDisconnectedWithoutAnError) {
     }
 }
 
-TEST_F(Events, SinkOfAnEndedProcess_DisconnectedBefore_IsNoError) {
+TEST_F(Events, SinkOfAnEndedProcess_DisconnectedDuringItsCall_IsNoError) {
     DWORD cookie = 0;
     const auto gone = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) {
         Unadvise(cookie);

@@ -8,7 +8,8 @@
 
 namespace tests::com {
 
-/// Maps "path\name" to a value's type and bytes. A key has the entry "path\".
+/// Maps "path\name" to a value's type and bytes. Each key has the entry "path\", which holds the key's
+/// default value or is empty.
 using Hive = std::map<std::u16string, std::string>;
 
 Hive Snapshot(HKEY root, const wchar_t* path);

@@ -1,6 +1,5 @@
 // Loads, uses and frees the component repeatedly. Some hosts do this: they create an instance for each command and free
-// unused libraries in between. The first cycle sets the limit. Later cycles may exceed this limit only by a small
-// tolerance.
+// unused libraries in between. Later cycles may use only slightly more resources than the first cycle.
 #include <algorithm>
 #include <cstdio>
 #include <optional>

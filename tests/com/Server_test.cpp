@@ -108,7 +108,7 @@ DWORD RunRegsvr32(const std::wstring& options) {
     return code;
 }
 
-TEST_F(Server, Regsvr32WithEmptyI_RegistersAndUnregisters) {
+TEST_F(Server, Regsvr32WithOptionI_RegistersAndUnregisters) {
     CLSID classId{};
     EXPECT_EQ(0u, RunRegsvr32(L"/i"));
     EXPECT_EQ(S_OK, CLSIDFromProgID(L"K4TBackProcess.clsQmxBackProcess", &classId));
@@ -182,7 +182,7 @@ TEST_F(RegisteredServer, ActivationByName_Succeeds) {
     EXPECT_THAT(sink->received, testing::ElementsAre("name|text"));
 }
 
-TEST_F(RegisteredServer, TypeLibrary_IsFoundForOtherLocales) {
+TEST_F(RegisteredServer, TypeLibrary_IsFoundForSeveralLocales) {
     for (const LCID language : {0x409, 0x411, 0}) {
         ComPtr<ITypeLib> library;
         EXPECT_EQ("0x00000000", Hex(LoadRegTypeLib(LIBID_K4TBackProcess, 1, 0, language, library.Put()))) << language;

@@ -1,5 +1,5 @@
 // Tests kernel libraries that lack one function each. A command that needs the function ends with a message and the
-// shutdown. Exception: LZ shows no message.
+// shutdown. Only LZ shows no message.
 #include <gmock/gmock.h>
 
 #include "host/clsQmxBackProcess.h"

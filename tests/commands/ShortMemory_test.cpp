@@ -1,5 +1,5 @@
-// Tests a command that fails when there is too little memory to report the error, and a traced message without memory.
-// The command must still end with the shutdown, and the message must be shown.
+// Tests a command that fails when there is too little memory to report the error. The command must still unload all
+// forms. Also tests a message that is traced when there is too little memory. The message must still be shown.
 #include <gtest/gtest.h>
 
 #include <memory>

@@ -46,7 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     texts.Find(runtime::FromUtf8(bytes));
     CheckWrittenForm(texts);
 
-    // A new line after any bytes is read as if the file contained only that line. Exception: the identifier already
+    // A new line after any bytes is read as if the file contained only that line, unless the identifier already
     // exists.
     const bool isTaken = texts.Find(u"own id").has_value();
     const TextFile extended(bytes + "\nown id = v");

@@ -122,8 +122,8 @@ void CheckRoundTrip(FuzzedDataProvider& data) {
     Require(AreSame(number, Read(runtime::FromAscii(digits.data()))), "a written double is read unchanged");
 }
 
-/// Checks numbers that are exactly in the middle of two doubles. Also checks numbers that are greater only by a late
-/// digit.
+/// Checks numbers that are exactly in the middle between two doubles. Also checks numbers that differ from such a
+/// middle only in a late digit.
 void CheckMiddle(FuzzedDataProvider& data) {
     constexpr std::uint64_t kFirst = std::uint64_t{1} << 53;
     const std::uint64_t middle = kFirst + 2 * data.ConsumeIntegralInRange<std::uint64_t>(0, kFirst / 2 - 1) + 1;

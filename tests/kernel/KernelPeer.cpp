@@ -29,7 +29,7 @@ Fields Split(const std::string& line) {
     return fields;
 }
 
-/// Returns "3 a" for "aaa", and "mixed" for a text with more than one letter.
+/// Returns "3 a" for "aaa", and "mixed" for a text with different letters.
 std::string Summary(const std::string& text) {
     if (text.find_first_not_of(text.substr(0, 1)) != std::string::npos) return "mixed";
     return std::to_string(text.size()) + " " + text.substr(0, 1);
@@ -69,7 +69,7 @@ class PeerProcess {
         return text ? "=" + *text : "none";
     }
 
-    // fill KEY LENGTH LETTER: stores a text of LENGTH times LETTER
+    // fill KEY LENGTH LETTER: stores a text that consists of LENGTH times LETTER
     std::string Fill(const Fields& fields) {
         return Store(fields[1], std::string(std::stoul(fields[2]), fields[3].at(0))) ? "stored" : "refused";
     }

@@ -144,7 +144,7 @@ bool CanLock(SectionMemory& memory) {
     return true;
 }
 
-TEST(SectionMemory, StuckLockIsHeldShortly_NoWriteIsLost) {
+TEST(SectionMemory, StuckLockIsReleased_WriterGetsTheLock) {
     constexpr unsigned kTimeout = 100;  // milliseconds
     const String name = OwnName(u"SectionMemoryShortly");
     SectionMemory owner(name, kCapacity);
@@ -164,7 +164,7 @@ TEST(SectionMemory, StuckLockIsHeldShortly_NoWriteIsLost) {
     writer.join();
 }
 
-TEST(SectionMemory, NameOfAnObjectOfAnotherKind_IsRefused) {
+TEST(SectionMemory, NameIsUsedByAnEvent_IsRefused) {
     const String name = OwnName(u"SectionMemoryTaken");
     const KernelHandle event(CreateEventW(nullptr, TRUE, FALSE, Wide(name)));
     EXPECT_THROW(SectionMemory(name, kCapacity), StoreError);

@@ -1,5 +1,5 @@
-// Tests the suite's message box for users with a screen reader, an input method, other system colours, or monitors with
-// different DPI.
+// Tests the suite's message box for users with a screen reader, an input method, changed system colours, or monitors
+// with different DPI.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -78,7 +78,8 @@ TEST_F(SuiteBoxEnvironment, SystemColourChanges_OpenBoxUsesTheNewColour) {
     ExpectNothingIsLeft();
 }
 
-/// Returns a system function for the awareness of DPI. The headers declare these functions only for newer systems.
+/// Returns a function of the system that reads or sets the DPI awareness. The headers declare these functions only for
+/// newer systems.
 template <typename Function>
 Function* SystemEntry(const char* name) {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"user32"), name)));
@@ -120,7 +121,7 @@ TEST_F(SuiteBoxEnvironment, HostIsAwareOfEachMonitor_SystemScalesTheBox) {
     ExpectNothingIsLeft();
 }
 
-/// Returns the user's setting of the system's resolution.
+/// Returns the system's resolution in DPI, which the user can set.
 int ResolutionOfTheSystem() {
     DWORD dpi = USER_DEFAULT_SCREEN_DPI;
     DWORD size = sizeof dpi;
@@ -128,8 +129,8 @@ int ResolutionOfTheSystem() {
     return static_cast<int>(dpi);
 }
 
-// The test also runs in another resolution of the system; see tests/tool/test_locales.py.
-TEST_F(SuiteBoxEnvironment, HostChangesItsResolution_BoxHasTheResolution) {
+// The test also runs while the system has a resolution other than 96 DPI; see tests/tool/test_locales.py.
+TEST_F(SuiteBoxEnvironment, HostChangesItsResolution_BoxUsesTheNewResolution) {
     constexpr LONG_PTR kUnawareContext = -1;
     constexpr LONG_PTR kSystemContext = -2;
     constexpr double kPointsPerInch = 72;

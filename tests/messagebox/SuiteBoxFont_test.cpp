@@ -93,7 +93,7 @@ void ExpectWholeCaptions(HWND box) {
     EXPECT_EQ(buttons, 4);
 }
 
-TEST_F(SuiteBoxFont, EachLanguage_CaptionsFitTheButtons) {
+TEST_F(SuiteBoxFont, TranslatedCaptions_FitTheButtons) {
     struct {
         const char* name;
         services::UiFont font;

@@ -1,4 +1,5 @@
-// Tests the painted prompt of the suite's message box. Compares each pixel with the system's drawing of the text.
+// Tests the prompt, the icon and the title that the suite's message box shows. Compares each pixel of the prompt with
+// the system's drawing of the text.
 #include <gtest/gtest.h>
 
 #include "tests/messagebox/SuiteBoxTest.h"

@@ -174,7 +174,7 @@ TEST_F(SuiteBoxResending, SignNeedsShift_EachKeyIsReleased) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxResending, ShiftOrControlIsHeld_SignIsTheSame) {
+TEST_F(SuiteBoxResending, ShiftOrControlIsHeld_SignPressesItsButton) {
     SignedBox box;
     for (const WORD key : {VK_SHIFT, VK_CONTROL}) {
         EXPECT_EQ(box.AnswerToWhile(key, L'='), 6) << key;
@@ -190,7 +190,7 @@ bool SwitchCapsLock(bool isOn) {
     return (GetKeyState(VK_CAPITAL) & 1) == (isOn ? 1 : 0);
 }
 
-// With Caps Lock on, the keys of some keyboards produce other signs.
+// On some keyboards, Caps Lock changes the signs that the keys produce.
 TEST_F(SuiteBoxResending, CapsLockIsOn_SignIsPostedAsACharacter) {
     SignedBox box;
     ASSERT_TRUE(SwitchCapsLock(true));

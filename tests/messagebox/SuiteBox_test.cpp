@@ -110,7 +110,7 @@ TEST_F(SuiteBox, Question_PlaysTheSystemsSound) {
     EXPECT_EQ(sounds, std::vector<UINT>{MB_ICONQUESTION});
 }
 
-TEST_F(SuiteBox, OtherCharacter_IsIgnored) {
+TEST_F(SuiteBox, UnmarkedCharacter_IsIgnored) {
     EXPECT_EQ(Ask(8 + 0x100, {Keys({'X'}), FocusIsOn(L"&No"), Keys({'5'}), Keys({VK_ADD}), Keys({VK_BACK}),
                               FocusIsOn(L"&No"), Keys({VK_TAB}), FocusIsOn(L"Yes &To All"), Keys({VK_RETURN})}),
               8);

@@ -290,7 +290,7 @@ TEST_F(MessageBoxHelp, F1WithoutAHelpButton_OpensTheTopic) {
 TEST_F(MessageBoxHelp, HelpButton_OpensTheTopicAndTheBoxStays) {
     EXPECT_EQ(Show(MB_YESNO | kHelpButton, {Press(IDHELP), Pause(), Press(IDNO)}, u"", {u"C:\\a.chm", 7}), 7);
     // Wine 8 and Wine 10 show the button but ignore clicks on it. When a version of Wine supports the button, remove
-    // this special case and its entry in the list of deviations.
+    // this special case and the line about the button under "Deviations of Wine" in docs/TESTING.md.
     EXPECT_EQ(NewCalls(), IsWine() ? u"" : Call(u"C:\\a.chm 15 7"));
 }
 

@@ -77,9 +77,9 @@ long WidthOfADigitInTheFormsFont() {
 }
 
 // The height is 8 + 3 + n lines of 195 twips each, and 315 twips for the text box. The prompt has 8 lines. n is the
-// width of the widest line divided by the label's width of 269 pixels, rounded. A digit of MS Sans Serif is 6 pixels
-// wide, but a digit of a substitute font may be wider. So the test measures a digit and makes the line as long as
-// needed.
+// width of the widest line divided by 269 pixels, rounded. 269 pixels are the label's width less 120 twips. A digit of
+// MS Sans Serif is 6 pixels wide, but a digit of a substitute font may be wider. So the test measures a digit and makes
+// the line as long as needed.
 TEST_F(QueryWindow, WideLine_MakesTheDialogHigher) {
     const struct {
         long width;

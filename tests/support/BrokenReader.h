@@ -1,5 +1,5 @@
 // A reader whose calls all fail. The suite's reader object may lack a method. A call of a missing method fails with the
-// same error.
+// error that this reader throws.
 #pragma once
 
 #include "kernel_api/Reader.h"

@@ -13,7 +13,7 @@ namespace tests {
 class CommandMaker {
  public:
     static constexpr std::size_t kMaxLength =
-        1024 * 1024;  ///< number of random UTF-16 units that a very long command has in addition
+        1024 * 1024;  ///< number of random UTF-16 units at the end of a very long command
 
     /// On average, one of `commandsPerLong` commands is very long. On average, one of `commandsPerLz` commands is LZ.
     CommandMaker(std::size_t commandsPerLong, std::size_t commandsPerLz)

@@ -1,4 +1,4 @@
-// A question that a test asks with the suite's query dialog. Its answer has the values that the caller receives.
+// A question that a test asks with the suite's query dialog, and the answer that the dialog's caller receives.
 #pragma once
 
 #include <gtest/gtest.h>

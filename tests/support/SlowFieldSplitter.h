@@ -1,5 +1,5 @@
-// A slow but simple field splitter. It follows the rules one by one. Positions start at 1, and each step searches the
-// text again. The tests and the fuzzer compare the real splitter with this splitter.
+// A slow but simple field splitter. It follows the rules of kernel_api::CommaFields one by one. Positions start at 1,
+// and each step searches the text again. The tests and the fuzzer compare the real splitter with this splitter.
 #pragma once
 
 #include <cstddef>
@@ -16,7 +16,7 @@ struct SlowFields {
     std::vector<runtime::String> texts;
     std::vector<double> values;
     std::int32_t error = 0;  ///< number of the error that ended the split, or 0
-    bool isEndless = false;  ///< if true, splitting never ends, and the arrays hold the results so far
+    bool isEndless = false;  ///< if true, the real splitter never returns; the arrays hold the closed fields
 };
 
 class SlowFieldSplitter {

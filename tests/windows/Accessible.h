@@ -9,9 +9,9 @@
 namespace tests {
 
 /// Describes the dialog and its visible controls, in the order of the windows. A line has "role [name] states", then
-/// "value [...]" and "description [...]" if they exist. The role is "dialog", "static text" or "text". For another
-/// role, the line begins with the name of the window class. The role's number follows, except for the role "client",
-/// which most of Wine's own controls have. States are "focused", "unavailable" and "invisible".
+/// "value [...]" and "description [...]" if they exist. The role is "dialog", "static text" or "text". For any
+/// other role, the line begins with the name of the window class. The role's number follows, unless the role is
+/// "client", which most of Wine's own controls have. States are "focused", "unavailable" and "invisible".
 std::vector<std::string> AccessibleElementsOf(HWND dialog);
 
 /// Describes one window in the same form.

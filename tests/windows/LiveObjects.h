@@ -11,8 +11,8 @@ long UserObjects();
 long Windows();
 
 /// Runs `round` ten times as preparation, and then Rounds(fullRounds, 40) times. The later rounds must leave no window
-/// and at most 20 GDI and 20 USER objects behind, because the system creates such objects, too. So a leak of one object
-/// per round is found in 40 rounds. `round` gets its index.
+/// behind, and at most 20 GDI and 20 USER objects. This tolerance is for the system's own objects. 40 rounds are enough
+/// to find a leak of one object per round. `round` gets its index.
 void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round);
 
 }  // namespace tests

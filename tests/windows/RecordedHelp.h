@@ -9,7 +9,8 @@ namespace tests {
 /// Returns the full path of the help control for tests, for runtime::win32::HelpControl.
 runtime::String RecordingHelp();
 
-/// Returns the calls in this process. Each call is one line. The text is empty if the control is not loaded.
+/// Returns the calls that the control has received in this process. Each call is one line. The text is empty if the
+/// control is not loaded.
 runtime::String RecordedHelp();
 
 }  // namespace tests
