@@ -27,8 +27,8 @@ inline constexpr std::uint32_t kDevelopmentStoreCapacity = 256u << 20;
 /// In milliseconds. This is longer than any operation holds the lock. If a process is stopped while it holds the lock,
 /// the next write of each other process waits this long.
 inline constexpr std::uint32_t kLockTimeout = 10'000;
-/// In milliseconds. Later writes wait only this long until one gets the lock. This is longer than most operations hold
-/// the lock, so that a write beside running processes succeeds.
+/// In milliseconds. Later writes wait only this long, until one of them gets the lock. Most operations hold the lock
+/// for a shorter time. Therefore a write normally succeeds unless the lock's owner is stopped.
 inline constexpr std::uint32_t kStuckLockTimeout = 30;
 
 class SectionMemory : public SharedMemory {

@@ -167,7 +167,7 @@ void StringStore::CatchUp() {
 
     const std::uint32_t used = memory_.Load(UsedOf(ActiveSpace()));
     if (used < seen_ || used > memory_.Capacity()) throw StoreError("the used size of the shared strings is invalid");
-    // Also without new records, because a failed View has ended the access.
+    // Call View even if there are no new records, because an earlier View that failed has ended the access.
     if (!memory_.View(ActiveSpace(), used)) throw StoreError("cannot map the shared strings into this process");
     while (seen_ < used) {
         const Record record = ReadRecord(memory_, ActiveSpace(), seen_, used);

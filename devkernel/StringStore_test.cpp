@@ -69,7 +69,7 @@ class HeapMemory : public SharedMemory {
     }
 
     std::uint32_t available = UINT32_MAX;  ///< maximum number of bytes of a space that the system grants
-    std::uint32_t peak = 0;                ///< maximum number of bytes used in a space
+    std::uint32_t peak = 0;                ///< maximum number of accessible bytes of a space so far
     std::size_t stepsLeft = SIZE_MAX;
     std::vector<std::uint32_t> released;  ///< numbers of the released spaces
 
@@ -216,7 +216,7 @@ TEST(StringStore, SystemGrantsNoMemory_OldValueIsKept) {
     EXPECT_TRUE(store.Set("b", "small"));
 }
 
-TEST(StringStore, ViewIsLostAndDoesNotReturn_StoreErrorUntilItDoes) {
+TEST(StringStore, ViewIsLost_StoreErrorUntilMemoryIsGranted) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     EXPECT_TRUE(store.Set("a", "old"));

@@ -1,5 +1,5 @@
-// PromptForm is the base of dialogs that ask one question and wait for the answer. This file starts and ends a question
-// and has the shared dialog of each kind. Home thread only.
+// PromptForm is the base of dialogs that ask one question and wait for the answer. The process has one shared dialog of
+// each kind. AskWithShared asks a question with it. Home thread only.
 #pragma once
 
 #include <memory>

@@ -36,7 +36,7 @@ TEST_F(Query, NoFirstElement_FailsBeforeTheDialogShows) {
     EXPECT_EQ(runtime::LoadedForms().Count(), 0u);
 }
 
-/// Asks one question before each test. The next question fails in the layout and must change nothing.
+/// Asks one question before each test. The next question fails before its dialog is shown, and must change nothing.
 class QueryAfterAnAnswer : public QueryTest {
  protected:
     QueryAfterAnAnswer() {

@@ -120,7 +120,7 @@ TEST_F(Query, OnlyAcceptHidesTheInputAndClearsItsItems) {
     }
 }
 
-TEST_F(Query, CancelExtraButtonAndEmptyTextHaveDifferentResults) {
+TEST_F(Query, ExtraButtonCancelAndEmptyText_HaveDifferentResults) {
     const Question question{.values = {u"abc"}, .button = u"More"};
     EXPECT_EQ(Ask(question, Clicks(u"cmdCancel")), kNoAnswer);
     EXPECT_EQ(Ask(question, [](MemoryWindow& dialog) { dialog.Events().KeyDown(runtime::kKeyEscape, 0); }), kNoAnswer);

@@ -1,5 +1,5 @@
-// This program is an early-bound client of the component in C++ with an event sink. It uses every member and prints
-// each step. The exit code is 0 if every step succeeds.
+// This C++ program is an early-bound client of the component, with an event sink. It uses every member and prints each
+// step. The exit code is 0 if every step succeeds.
 //
 // Compile it in this folder, with MinGW-w64 for 32-bit Windows:
 //     i686-w64-mingw32-g++ -static -I../include client.cpp -o client.exe -lole32 -loleaut32

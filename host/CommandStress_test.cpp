@@ -1,5 +1,5 @@
-// Runs thousands of commands of all kinds. No command may hang or fail. Some builds run the test with the compiler's
-// sanitizers.
+// Runs thousands of random commands of all kinds except EX. No command may hang or fail. Some builds run the test with
+// the compiler's sanitizers.
 #include <gtest/gtest.h>
 
 #include "host/clsQmxBackProcess.h"

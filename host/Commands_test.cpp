@@ -1,5 +1,5 @@
-// Tests commands that clients pass through the service object to the main form. Checks the effect of each command in
-// many states of the component. Also tests the help that the main form's unload closes.
+// Tests commands that clients pass through the service object to the main form: EX, LZ and commands that fail, in many
+// states of the component. Also tests the help that the main form's unload closes.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -82,7 +82,7 @@ class CommandsOver : public Base {
 
 using Commands = CommandsOver<tests::ComponentTest>;
 
-TEST_F(Commands, Ex_RaisesShutdownOnceAndClearsTheRecord) {
+TEST_F(Commands, Ex_RaisesShutdownOnceAndClearsThePublishedState) {
     form_.EnsureLoaded();
     EXPECT_NE(Kept(u"K4TBACKPROCESS"), u"");
     Notify(u"All,EX");
@@ -209,7 +209,7 @@ TEST_F(Commands, ClientFailsInTheShutdown_ErrorIsShown) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, ShutdownFailsAfterAnError_ClientGetsItsError) {
+TEST_F(Commands, ShutdownFailsAfterAnError_ClientGetsTheShutdownsError) {
     form_.EnsureLoaded();
     FailSave(runtime::kSilent);
     kernel_.FailOn("E_SetString(K4TBACKPROCESS,", Error(runtime::kDllEntryPointNotFound));
@@ -217,7 +217,7 @@ TEST_F(Commands, ShutdownFailsAfterAnError_ClientGetsItsError) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(Commands, RecordCannotBeCleared_OtherStepsOfShutdownRun) {
+TEST_F(Commands, PublishedStateCannotBeCleared_OtherStepsOfShutdownRun) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     std::int16_t wanted = -1;
@@ -275,7 +275,7 @@ TEST_F(LanguageCommands, LzChoosesTheFontAgain) {
     EXPECT_EQ(Values().uiFont.characterSet, 128);
 }
 
-TEST_F(LanguageCommands, LzDoesNotChangeThePublishedRecord) {
+TEST_F(LanguageCommands, LzDoesNotChangeThePublishedState) {
     form_.EnsureLoaded();
     const String record = Kept(u"K4TBACKPROCESS");
     CaptionAfterLz(u"C:\\de");

@@ -59,7 +59,7 @@ std::size_t LoadedWindowCount() {
 void AbandonForms() {
     runtime::Operation::Abandon();
     runtime::LoadedForms().Clear();
-    // Do not destroy the dialogs, because their thread may have a question open in them.
+    // Do not destroy the dialogs, because a question may still be open in them on their thread.
     static_cast<void>(services::Values().forms.messageBox.release());
     static_cast<void>(services::Values().forms.query.release());
     if (MainFormExists()) MainForm().Abandon();

@@ -1,6 +1,6 @@
 // Composes the component and owns its process-wide parts. The DLL, the tool and the fixtures of the tests each make one
-// Composition with their own ports and kernel. Use it only on the home thread. Exceptions: LoadedWindowCount and
-// AbandonForms.
+// Composition with their own ports and kernel. Use it only on the home thread. Any thread may call LoadedWindowCount
+// and AbandonForms.
 #pragma once
 
 #include <cstddef>

@@ -45,7 +45,7 @@ class MainFormBesideOver : public Base {
 
 using Shutdown = MainFormBesideOver<tests::ComponentTest>;
 
-TEST_F(Shutdown, ClearsTheRecordThenUnloadsDialogsThenRaisesTheEvent) {
+TEST_F(Shutdown, ClearsThePublishedStateThenUnloadsDialogsThenRaisesTheEvent) {
     form_.EnsureLoaded();
     dialog_.EnsureLoaded();
     second_.EnsureLoaded();

@@ -15,7 +15,7 @@ struct CatalogueText {
     runtime::String use;             ///< where the text is shown, for translators
     runtime::String dialog;          ///< for a control's caption, the form that contains the control; else empty
     runtime::Twips buttonWidth = 0;  ///< width of the button that shows the text; 0 for other texts
-    bool isPublished = false;        ///< true if the published state of this module contains the text, unquoted
+    bool isPublished = false;        ///< true if the published state of this module can contain the text, unquoted
 };
 
 /// Returns all texts. If an identifier has several defaults, the list contains an entry for each default. Loads no

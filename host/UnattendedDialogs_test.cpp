@@ -46,7 +46,7 @@ class UnattendedRun : public tests::HeadlessTest {
     Composition composition_{unattendedPorts_, kernel_};
 };
 
-TEST_F(UnattendedRun, SystemBox_IsAnsweredAsEscape) {
+TEST_F(UnattendedRun, SystemBox_IsAnsweredAsIfByEscape) {
     // Sets of buttons: OK; OK/Cancel; Abort/Retry/Ignore; Yes/No/Cancel; Yes/No; Retry/Cancel; Cancel/Try
     // Again/Continue.
     const std::vector<std::int32_t> answers = {1, 2, 3, 2, 7, 2, 2};
@@ -73,7 +73,7 @@ TEST_F(UnattendedRun, SuiteBox_IsAnsweredCancel) {
     EXPECT_EQ(lines_[0], "K4TBackProcess: unattended, message answered with Cancel: title=[T] prompt=[Overwrite?]");
 }
 
-TEST_F(UnattendedRun, EachKindOfQuestion_GetsTheCancelAnswers) {
+TEST_F(UnattendedRun, EachKindOfQuestion_IsAnsweredCancel) {
     for (std::int32_t kind = 0; kind <= 9; ++kind) {
         tests::Question question{.kind = kind, .values = {u"R1  ", u"A", u"B"}, .index = 1, .button = u"More"};
         EXPECT_EQ(tests::AskFor(question), tests::kNoAnswer) << kind;

@@ -13,7 +13,7 @@ namespace host {
 inline constexpr const wchar_t* kUnattendedVariable = L"K4TBACKPROCESS_UNATTENDED";
 
 /// Returns the component of this process. The first call composes the component, which exists until the process ends.
-/// `module` is the component's own module handle (HINSTANCE).
+/// `module` is the HINSTANCE of the DLL or program that contains the component's code.
 Composition& EnsureComposed(void* module);
 
 /// Makes a service object. The first call composes the component.

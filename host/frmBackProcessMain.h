@@ -1,6 +1,7 @@
 // The main form is a hidden window. It owns the process's window handle, its status line and its outgoing event. The
 // event passes commands for other modules to all service objects. The form's load publishes this module's state to the
-// suite. The form's unload sends "SHUTDOWN" to the clients. Use it only on the home thread. Exception: Abandon.
+// suite. The form's unload sends "SHUTDOWN" to the clients. Use it only on the home thread. Any thread may call
+// Abandon.
 #pragma once
 
 #include <memory>
@@ -38,7 +39,7 @@ class frmBackProcessMain : public runtime::Form {
     // These functions send commands for other modules. Each function raises NotifyClass once before it returns. Errors
     // of clients reach the caller.
 
-    /// Sends `command` to `module`. Both texts stay unchanged.
+    /// Sends `command` to `module`. Sends both texts as they are. Clients may change them.
     void AP_SendCmd(String& module, String& command);
     /// Sends `command` with this module's name.
     void AP_SendCmdAll(String& command);

@@ -76,7 +76,8 @@ TEST_F(MainFormLoad, ReadsTheListThenPublishesTheState) {
     kernel_.Put(u"AllAps", u"EDITOR,K4TBACKPROCESS");
     form_.EnsureLoaded();
     EXPECT_EQ(routing::OwnModuleIndex(), 2);
-    // The reader asks for the language folder once: two captions and the text of the form's tag are one operation.
+    // The reader asks for the language folder once, because it looks up both captions and the text of the form's tag in
+    // one operation.
     EXPECT_THAT(kernel_.Log(),
                 ElementsAre("E_GetString(LANGUAGEPATH)", "E_GetString(PRODUCT_NAME)", "E_GetString(AllAps)",
                             "E_SetString(K4TBACKPROCESS, Pelorix Background Processing Application, 0, 0, 0, 0)"));
@@ -226,7 +227,7 @@ TEST_F(MainFormUnloadInMemory, UnloadBegins_PlacementIsAlreadySaved) {
     EXPECT_EQ(form.savedBefore, 4u);
 }
 
-TEST_F(MainFormUnloadInMemory, RecordIsWithdrawn_HelpIsStillOpen) {
+TEST_F(MainFormUnloadInMemory, PublishedStateIsCleared_HelpIsStillOpen) {
     form_.EnsureLoaded();
     std::int16_t wanted = -1;
     services::ShowHelpTopic(u"", 0, wanted);

@@ -21,9 +21,9 @@ inline std::vector<double>& FieldValues() {
 }
 
 /// Splits `text` by the rules of kernel_api::CommaFields and replaces the contents of FieldTexts and FieldValues. For
-/// example, `"A",` is the single field `A"`. Never returns if a quoted field is not closed. Raises error 6 if the
-/// number of a field is too large. The error names the field. The number of fields is then 0, and the arrays end with
-/// that field.
+/// example, `"A",` is the single field `A"`. Never returns if a quoted field is not closed. Raises error 6 if a
+/// field's number is too large. The error names the field. The arrays then end with that field, and entry 0 of
+/// FieldValues is 0.
 void SplitFields(runtime::StringView text);
 
 /// Returns the number at the start of `text`; 0 if there is no number. Reads the first comma as a period. Error 6 if

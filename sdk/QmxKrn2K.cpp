@@ -1,7 +1,8 @@
 // Implements the functions of QmxKrn2K.h for modules. Each function calls the kernel library that the component has
 // loaded in this process. The functions do not load a library, so they never load a foreign library with that name.
 //
-// The functions use no exceptions and no standard library, so that programs in any language can link them.
+// The functions use no exceptions and no standard library, so that programs in every programming language can link
+// them.
 #include "QmxKrn2K.h"
 
 #include <windows.h>

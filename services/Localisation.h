@@ -53,7 +53,7 @@ FontRule ChooseUiFontFor(std::int32_t systemLcid, runtime::NativeHandle window, 
 /// - If a form or control has a tag, its caption becomes the text of the tag. The default text is the current caption.
 /// - If a form is light grey, it gets the system's button colour.
 /// - Each control gets the user-interface font without bold, and no tab stop.
-/// Ignores errors. Exception: an error of the form's load reaches the caller.
+/// Errors of the form's load reach the caller. All other errors are ignored.
 void LocaliseForm(runtime::Form& form);
 /// Does the same for one control. `font` has the name, size and character set of the user-interface font. Skips
 /// properties that the control refuses.

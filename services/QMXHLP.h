@@ -17,9 +17,9 @@ runtime::String HelpFileOfInstallation();
 /// Returns the name of the file to open. Error 5 if ProcessValues::helpFilePath has fewer than three characters.
 runtime::String CompiledHelpName();
 
-// Both functions open the table of contents. The main form's window owns the help window. The functions load the main
-// form if it is unloaded. They raise error 5 if the name is too short. The name is empty before the first load of the
-// main form, because that load sets the name.
+// ShowHelpContents and ShowHelpTopic open the table of contents. The main form's window owns the help window. The
+// functions load the main form if it is unloaded. They raise error 5 if the name is too short. The name is empty before
+// the first load of the main form, because that load sets the name.
 
 /// Opens help that stays open when the main form unloads.
 void ShowHelpContents();

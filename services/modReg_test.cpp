@@ -58,7 +58,7 @@ TEST_F(LoadingDirectories, NoProductName_DefaultsDoNotContainAName) {
     EXPECT_EQ(Values().jobFolder, u"C:\\\\JOB");
 }
 
-TEST_F(LoadingDirectories, FourFolders_AreReadBeforeTheyArePublished) {
+TEST_F(LoadingDirectories, FourFolders_AreReadBeforeTwoArePublished) {
     EXPECT_THAT(StepsOf(LoadDirectories), ElementsAre("read JobDir", "read LibDir", "read SysDir", "read EED3JobDir",
                                                       "publish JobDir", "publish LibDir", "publish EED3JobDir"));
 }
@@ -72,7 +72,7 @@ TEST_F(LoadingDirectories, SettingsOverrideTheDefaults) {
     EXPECT_EQ(Values().secondaryJobFolder, u"D:\\third");
 }
 
-TEST_F(LoadingDirectories, SecondaryJobFolderIsPublishedAsTheJobFolder) {
+TEST_F(LoadingDirectories, SecondaryJobFoldersKey_GetsTheJobFolder) {
     WriteIni("[Marlento]\nJobDir=D:\\job\nEED3JobDir=D:\\third\n");
     LoadDirectories();
     EXPECT_EQ(Kept(u"JobDir"), u"D:\\job");
@@ -263,7 +263,7 @@ TEST_F(CheckingFolders, TextsOfTheReportAreLookedUpByIdentifier) {
                 UnorderedElementsAre(Pair(u"Path: ", u"991019 "), Pair(u" not available", u"99961 ")));
 }
 
-TEST_F(CheckingFolders, ReportFails_ResultIsNotUsable) {
+TEST_F(CheckingFolders, ReportFails_ResultIsOne) {
     String path = u"C:\\no";
     std::int32_t result = 0;
     // The message has no prepared answer. That raises error 51 in the test.

@@ -192,7 +192,7 @@ void Mailbox::Receive() {
     const auto taken = TakeAll();
     for (const auto& [from, command] : taken) handler_(from, command);
     isReceiving_ = false;
-    if (!taken.empty()) PostMessageW(window_, message_, 0, 0);  // for commands that have arrived during the handlers
+    if (!taken.empty()) PostMessageW(window_, message_, 0, 0);  // for commands that arrived while the handlers ran
 }
 
 std::vector<std::pair<std::wstring, std::wstring>> Mailbox::TakeAll() {

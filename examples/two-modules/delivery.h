@@ -6,8 +6,8 @@
 //
 // Guarantees: each stored command arrives at most once. The commands of one sender arrive in the order of the calls.
 // Limits:
-//   - A mailbox reaches only modules that use this file, in the same session, with the same user and the same rights,
-//     because Windows blocks messages from a normal program to a program that runs as an administrator.
+//   - A mailbox reaches only modules that use this file, in the same session, with the same user and the same rights.
+//     Windows blocks messages from a normal program to a program that runs as an administrator.
 //   - A stored command can still be lost, because a module that ends does not receive the rest of its queue.
 //   - A queue holds a million bytes. A backslash, a control character and each UTF-16 unit outside ASCII take six.
 //   - A module receives commands from its message loop, one after the other. A running handler delays the next command.

@@ -46,8 +46,8 @@ void BackProcessObject::MakeService() {
 
 HRESULT BackProcessObject::Create(HomeMembership membership, REFIID iid, void** object) {
     auto made = ComPtr<BackProcessObject>::Attach(new BackProcessObject(std::move(membership)));
-    // Get the interface before making the service. If the interface does not exist, no service object needs to be
-    // terminated, and the termination would unload the form of all clients.
+    // Get the interface before making the service object. If the interface does not exist, the instance must end
+    // without a service object, because the termination of a service object would unload the form of all clients.
     ComPtr<IUnknown> wanted;
     Check(made->QueryInterface(iid, wanted.PutVoid()));
     made->MakeService();

@@ -62,7 +62,7 @@ class BackProcessObject final : public Implements<_clsQmxBackProcess, IProvideCl
  private:
     explicit BackProcessObject(HomeMembership membership) noexcept;
 
-    /// Terminates the instance. The next last release deletes the object.
+    /// Terminates the instance. If the instance was terminated before, deletes the object.
     ULONG OnLastRelease() override;
     void MakeService();
     IUnknown& Identity() { return static_cast<_clsQmxBackProcess&>(*this); }

@@ -1,4 +1,4 @@
-// Makes class factories. A factory of a client keeps the DLL in memory until the client releases the factory. The home
+// Makes class factories. A client's factory keeps the DLL in memory until the client releases the factory. The home
 // apartment's own factory creates instances for other apartments. It does not keep the DLL in memory.
 #pragma once
 

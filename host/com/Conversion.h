@@ -5,7 +5,8 @@
 
 namespace host::com {
 
-/// True if the client left the argument out. Also true for a variable that contains the value for a missing argument.
+/// True if the client left the argument out. The argument then contains the error code DISP_E_PARAMNOTFOUND. Also true
+/// for a variable that contains this code.
 bool IsMissing(const VARIANT& argument);
 
 /// Returns the string in an argument that is a string or a reference to a string; null for any other argument.

@@ -1,5 +1,5 @@
-// Implements late binding to the service object. It does not use the type library's Invoke. If a by-reference string is
-// missing, that function does not pass a valid pointer to the method.
+// Implements late binding to the service object. It does not use the type library's Invoke, because that function
+// passes an invalid pointer to the method if a by-reference string is missing.
 #pragma once
 
 #include "host/ServiceObject.h"

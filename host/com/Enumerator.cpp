@@ -62,7 +62,7 @@ class Enumerator final : public Implements<typename Policy::Interface> {
  private:
     ULONG Left() const { return static_cast<ULONG>(items_.size() - next_); }
 
-    // This member is declared first and destroyed last, because releasing the items may still run this module's code.
+    // This member is declared first and destroyed last, because releasing the items may still run this DLL's code.
     ServerReference server_;
     Items items_;
     std::size_t next_;

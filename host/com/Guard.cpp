@@ -13,7 +13,7 @@ constexpr std::uint32_t kRuntimeErrors = 0x800A0000;
 constexpr std::int32_t kMaxNumber = 0xFFFF;
 constexpr StringView kSource = u"K4TBackProcess";
 
-/// An error as the client receives it. An error that its code explains has no description.
+/// An error as the client receives it. If the code explains the error, there is no description.
 struct Failure {
     HRESULT code;
     std::optional<String> description;

@@ -6,7 +6,7 @@
 // object.
 //
 // A call clears the error object if it succeeds or if its error has no description. A client would otherwise read an
-// earlier error's description. Exception: after a successful last Release, the earlier error object is restored.
+// earlier error's description. Only the last Release, if it succeeds, restores the earlier error object.
 #pragma once
 
 #include <exception>
@@ -52,8 +52,8 @@ void Clear(Result* result) noexcept {
 HRESULT HresultOf(const runtime::Error& error) noexcept;
 /// True if `code` is the HRESULT of a runtime error: 0x800A0000 + number.
 bool IsRuntimeError(HRESULT code) noexcept;
-/// Converts an HRESULT that a client's sink returned to an error number. The number of any other HRESULT than a runtime
-/// error's is the HRESULT itself.
+/// Converts an HRESULT that a client's sink returned to an error number. If the HRESULT is not the HRESULT of a runtime
+/// error, the number is the HRESULT itself.
 std::int32_t NumberOf(HRESULT code) noexcept;
 
 /// Returns the HRESULT for the exception that is being handled. Stores the exception's description in the thread's

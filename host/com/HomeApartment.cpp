@@ -15,7 +15,7 @@
 namespace host::com {
 namespace {
 
-/// Limits the number of attempts, because the home may end between the two steps of each attempt.
+/// The maximum number of attempts. An attempt fails if the home ends between the attempt's two steps.
 constexpr int kMaxAttempts = 20;
 
 /// The home of the process, and the counts of the objects that keep the DLL in memory.

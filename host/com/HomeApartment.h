@@ -19,10 +19,10 @@ namespace host::com {
 
 class BackProcessObject;
 
-/// Counts one instance as a member of a home.
+/// The membership of one instance in a home. The destructor removes the instance from the home's count.
 class HomeMembership {
  public:
-    /// Belongs to the home `generation` on the calling thread. The caller has counted the instance already.
+    /// The calling thread is the thread of the home `generation`. The home has counted the instance already.
     explicit HomeMembership(unsigned generation) noexcept : generation_(generation) {}
     HomeMembership(HomeMembership&& other) noexcept
         : generation_(std::exchange(other.generation_, 0)), threadId_(other.threadId_) {}

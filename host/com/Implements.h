@@ -25,7 +25,7 @@ inline bool Serves<IProvideClassInfo2>(REFIID iid) {
     return iid == IID_IProvideClassInfo2 || iid == IID_IProvideClassInfo;
 }
 
-/// An object that implements these interfaces. The first interface is its COM identity.
+/// An object that implements `First` and `Others`. Its COM identity is its `First` interface.
 template <typename First, typename... Others>
 class Interfaces : public First, public Others... {
  public:

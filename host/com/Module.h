@@ -1,4 +1,4 @@
-// Finds and pins the module that contains this code: the component's DLL or a test program.
+// Finds the file that contains this code, and keeps it in memory. The file is the component's DLL or a program.
 #pragma once
 
 #include "runtime/win32/WindowsHeaders.h"
@@ -6,7 +6,7 @@
 namespace host::com {
 
 HMODULE OwnModule();
-/// Keeps the module in memory until the process ends, even if a client frees it.
+/// Keeps the DLL in memory until the process ends, even if a client frees it.
 void PinModule();
 runtime::String ModulePath();
 

@@ -82,7 +82,8 @@ void AddInterfaceOfTypeLibrary(EntryList& list, REFIID iid, StringView marshalle
     list.AddDefault(String(u"Interface") / Text(iid) / u"ProxyStubClsid", marshaller);
 }
 
-/// Throws if COM cannot load the module. COM reads the path, with its NUL, into a buffer of MAX_PATH characters.
+/// Throws if COM cannot load the component from this path. COM reads the path, with its NUL, into a buffer of MAX_PATH
+/// characters.
 void RequireLoadable(const String& modulePath) {
     if (modulePath.size() < MAX_PATH) return;
     throw ComError(HRESULT_FROM_WIN32(ERROR_FILENAME_EXCED_RANGE),

@@ -8,14 +8,14 @@ namespace host::com {
 
 enum class RegistrationScope { kMachine, kUser };
 
-/// Returns all entries for a module at `modulePath`. Their keys are relative to Software\Classes of a hive.
+/// Returns all entries for a component file at `modulePath`. Their keys are relative to Software\Classes of a hive.
 std::vector<RegistryEntry> RegistrationEntries(const String& modulePath);
 
-/// Registers this module. May be repeated. On failure, leaves the registry unchanged and throws the HRESULT. Also fails
-/// if the module's path is too long for COM.
+/// Registers the file that contains this code. May be repeated. On failure, leaves the registry unchanged and throws
+/// the HRESULT. Also fails if the file's path is too long for COM.
 void Register(RegistrationScope scope);
-/// Removes the entries that Register writes. Also removes the entries that the system adds when a program registers the
-/// type library itself. May be repeated. Does not remove other entries.
+/// Removes the entries that Register writes. Also removes the entries that the system adds when a program calls
+/// RegisterTypeLib or LoadTypeLibEx for the type library. May be repeated. Does not remove any other entries.
 void Unregister(RegistrationScope scope);
 
 }  // namespace host::com

@@ -5,7 +5,7 @@
 
 namespace host::com {
 
-/// Returns a class factory. Keeps the module in memory until the process ends, because the compiler's static runtime
+/// Returns a class factory. Keeps the DLL in memory until the process ends, because the compiler's static runtime
 /// frees neither its TLS slot nor its handles when a DLL is unloaded. Without this, each load and unload of the DLL
 /// would leak.
 HRESULT GetClassObject(REFCLSID classId, REFIID iid, void** object) noexcept;

@@ -1,4 +1,5 @@
-// Reads the type library from the module's resources. The library does not need to be registered.
+// Reads the type library from the resources of the DLL or program that contains this code. The library does not need to
+// be registered.
 #pragma once
 
 #include "host/com/ComPtr.h"

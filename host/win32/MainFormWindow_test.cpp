@@ -1,4 +1,4 @@
-// Tests the main form's Win32 window. Other code shows it, and the form must hide it again.
+// Tests the main form's Win32 window. When other code shows the window, the form must hide it again.
 #include <gtest/gtest.h>
 
 #include <functional>

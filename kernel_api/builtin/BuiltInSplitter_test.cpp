@@ -1,4 +1,5 @@
-// Splits texts into fields. One test compares every short text with the simple, slow splitter of the tests.
+// Splits texts into fields. For every short text, one test compares the fields with the fields of the tests' simple,
+// slow splitter.
 #include "kernel_api/builtin/BuiltInSplitter.h"
 #include "kernel_api/Suite.h"
 

@@ -18,7 +18,7 @@ namespace kernel_api::builtin {
 
 /// The reason why a line cannot be read. A line without a text is a fault, because a button would have no caption. The
 /// file has no line for an untranslated text, and the default is then shown. A NUL is reported as "not UTF-8", because
-/// the file then has another encoding.
+/// a file with NULs is normally UTF-16.
 enum class LineFault { kNoEqualsSign, kNoIdentifier, kNoText, kTwice, kUnknownEscape, kNotUtf8 };
 
 /// Receives the number of a skipped line, counted from 1, and the line's fault.

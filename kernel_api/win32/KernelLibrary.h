@@ -1,8 +1,8 @@
 // Calls the suite's kernel in its library, QmxKrn2K.dll. The first call loads the library. An entry is looked up at its
 // first call. If a step fails, the next call repeats it, because the library may be installed later.
 //
-// One thread at a time may use an object. The library stays loaded until the object is destroyed. Exception: a library
-// that lacks the first requested entry is released.
+// One thread at a time may use an object. A library that lacks the first requested entry is released at once. Any other
+// library stays loaded until the object is destroyed.
 #pragma once
 
 #include <optional>
