@@ -10,8 +10,8 @@ namespace runtime {
 StringView WithoutProgramName(StringView commandLine);
 
 /// Returns the text after the first argument of `arguments`, without the blanks and tabs before that text. The argument
-/// ends like a program's name. Exception: a double quote after an odd number of backslashes neither opens nor closes a
-/// quoted part.
+/// ends like a program's name, but a double quote after an odd number of backslashes neither opens nor closes a quoted
+/// part.
 StringView WithoutFirstArgument(StringView arguments);
 
 }  // namespace runtime

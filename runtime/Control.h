@@ -1,6 +1,6 @@
-// A control is a part of a form. The form owns its controls. Use them only on the form's thread. The functions load the
-// form if it is not loaded. Exceptions: HasOpenList, CloseList, and the functions declared before Bounds. Each load
-// resets the properties to the design values.
+// A control is a part of a form. The form owns its controls. Use them only on the form's thread. HasOpenList, CloseList
+// and the functions declared before Bounds do not load the form. All other functions load it if it is not loaded. Each
+// load resets the properties to the design values.
 //
 // An input control returns its text exactly as the program set it, even if the window system alters the text. After the
 // user has edited the text, the control returns the window's text. The text of an item is always the text that the
@@ -47,7 +47,7 @@ String WithoutMarks(StringView caption);
 
 class Control {
  public:
-    /// `tabs` is the tab order of `form`. Both must outlive the control.
+    /// `form` owns the control, and `tabs` is the tab order of `form`.
     Control(Form& form, TabOrder& tabs, ControlDesign design);
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
@@ -80,8 +80,9 @@ class Control {
     /// - status bar, text box, text block, editable combo: the text
     /// - drop-down list, list box: the selected item, or "" if no item is selected
     ///
-    /// SetText and SetFont give a label with `sizesItself` the size of its text. Its lines wrap where the form, widened
-    /// with the label, would be wider than the screen, but not before the design width of the label.
+    /// SetText and SetFont give a label with `sizesItself` the size of its text. The lines wrap at the width at which
+    /// the form, if it grows as much as the label, is as wide as the screen. If the design width of the label is
+    /// larger, the lines wrap there.
     /// SetText on a list selects the first item with this text; error 383 if no item has it. SetText on an editable
     /// combo leaves no item selected. Text, SetText, Font and SetFont throw error 438 for a picture.
     String Text();
@@ -95,7 +96,7 @@ class Control {
     bool TabStop();
     void SetTabStop(bool stop);
     /// Returns the button's access key in lower case; 0 for other kinds and if the caption marks no key. FormKeys.h
-    /// contains the effect of the key.
+    /// describes the effect of the key.
     char16_t AccessKey();
     /// Repaints the control at once.
     void Refresh();

@@ -33,7 +33,7 @@ TEST(FirstErrorTest, StepFails_OtherStepsRunAndFirstErrorIsThrown) {
     EXPECT_EQ(tests::ErrorOf([&error] { error.Rethrow(); }), kOverflow);
 }
 
-TEST(FirstErrorTest, ExceptionOfAnotherType_IsThrown) {
+TEST(FirstErrorTest, ExceptionThatIsNoError_IsThrown) {
     FirstError error;
     error.Run([] { throw 7; });
 

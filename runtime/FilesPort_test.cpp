@@ -140,7 +140,7 @@ TEST_P(FilesPortTest, PathWithoutFile_HasNeitherStampNorContents) {
     }
 }
 
-TEST_P(FilesPortTest, UnchangedFile_HasTheSameStampWithItsSize) {
+TEST_P(FilesPortTest, UnchangedFile_KeepsItsStamp_StampHasTheSize) {
     AddFile(u"a.ini", "12345");
     const auto stamp = Files().Stamp(Path(u"a.ini"));
     ASSERT_TRUE(stamp);

@@ -1,4 +1,5 @@
-// Defines tests that every implementation of FilesPort must pass. Each implementation instantiates the tests.
+// Declares the fixture of the tests that every implementation of FilesPort must pass. Each implementation instantiates
+// the tests.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -236,7 +236,7 @@ void Form::ShowModal() {
     if (!window_) return;
     modal_ = loop.get();
     const ScopeGuard ended([this] {
-        // Hide the form, also after an exception.
+        // Hide the form, even after an exception.
         if (window_) IgnoreErrors([this] { Hide(); });
         modal_ = nullptr;
     });

@@ -13,8 +13,8 @@
 //
 // The form gets each key before its focused control gets the key. FormKeys.h contains the rules.
 //
-// Use a form only on the thread that loaded it. Exception: AbandonWindow. The form owns its controls. References to the
-// controls stay valid when the form is unloaded.
+// Use a form only on the thread that loaded it. Only AbandonWindow may be called on other threads. The form owns its
+// controls. References to the controls stay valid when the form is unloaded.
 #pragma once
 
 #include <memory>
@@ -69,8 +69,8 @@ class Form : private WindowEvents {
     String Tag();
 
     /// Shows the form and processes events until the form is hidden or unloaded, or until the program is asked to quit.
-    /// The thread's other windows are disabled during this time. On return the form is not visible. An exception of a
-    /// handler ends the loop and is thrown. Error 400 if the form is already visible.
+    /// The thread's other windows are disabled during this time. On return the form is not visible. If a handler
+    /// throws, the loop ends and the exception is thrown. Error 400 if the form is already visible.
     void ShowModal();
 
     /// Outer bounds of the window on the screen, in twips, rounded to whole pixels. While the window is minimised, the
@@ -135,7 +135,7 @@ class Form : private WindowEvents {
     virtual void OnUnload(bool& /*cancel*/) {}
     virtual void OnActivate() {}
     /// Called when the client or another program has shown the form's window. On the first show, OnResize is called
-    /// before.
+    /// before this function.
     virtual void OnShownByOthers() {}
     virtual void OnResize() {}
     /// To consume the key or the character, a handler sets it to 0.

@@ -114,7 +114,7 @@ TEST_F(WindowFailures, ControlIsRefused_FormLoadsAtTheNextAccess) {
     EXPECT_THAT(form_.log, ElementsAre("load"));
 }
 
-TEST_F(WindowFailures, SizeIsCorrected_FormHasTheSizeAndRaisesOneResize) {
+TEST_F(WindowFailures, SizeIsCorrected_FormHasTheCorrectedSizeAndRaisesOneResize) {
     form_.EnsureLoaded();
     windows_.limitsWidth = true;
     form_.SetWidth(9000);
@@ -131,7 +131,7 @@ TEST_F(WindowFailures, SizeIsCorrected_ResizeHandlerMayUnload) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
 }
 
-TEST_F(WindowFailures, WindowsEnabledInUnload_FormIsAlreadyUnloaded) {
+TEST_F(WindowFailures, OtherWindowsAreEnabledDuringUnload_FormIsAlreadyUnloaded) {
     bool wasLoaded = true;
     windows_.onModalEnd = [&] {
         wasLoaded = form_.IsLoaded();

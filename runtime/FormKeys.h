@@ -27,8 +27,8 @@ enum class KeyAction {
     kWalkRight,    ///< like kWalkOn; in a mirrored form like kWalkBack
     kPress,        ///< presses the focused button
     kPressCancel,  ///< presses the cancel button; like kNone if the form shows no cancel button
-    kWrite,        ///< produces its character
-    kChooseItem,   ///< closes the list, selects the highlighted item, and produces its character
+    kWrite,        ///< produces the key's character
+    kChooseItem,   ///< closes the list, selects the highlighted item, and produces the key's character
     kWriteTab,     ///< produces the tab character
     kCloseList,    ///< closes the list and restores the previous item and text
 };

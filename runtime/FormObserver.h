@@ -8,9 +8,9 @@ namespace runtime {
 
 class Form;
 
-/// The functions are called on the form's thread. Exceptions: Unloaded may be called on the thread that abandons the
-/// form, and ErrorIgnored is called on the thread that ignores the error. The functions must not throw and must not use
-/// the form's properties.
+/// Unloaded is called on the form's thread or on the thread that abandons the form. ErrorIgnored is called on the
+/// thread that ignores the error. All other functions are called on the form's thread. The functions must not throw and
+/// must not use the form's properties.
 class FormObserver {
  public:
     virtual ~FormObserver() = default;

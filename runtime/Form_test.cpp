@@ -299,7 +299,7 @@ TEST_F(FormInMemory, UserCloses_FormUnloadsWithReasonUser) {
     EXPECT_TRUE(memory_.windows.Windows().empty());
 }
 
-TEST_F(FormInMemory, UserResizes_FormHasTheSizeAndRaisesResize) {
+TEST_F(FormInMemory, UserResizes_FormHasTheNewSizeAndRaisesResize) {
     form_.EnsureLoaded();
     memory_.windows.Last().Events().BoundsChanged({15, 30, 4500, 6000}, WindowState::kNormal);
     EXPECT_EQ(form_.Left(), 15);

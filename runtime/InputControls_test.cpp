@@ -42,7 +42,7 @@ TEST_F(InputControls, Items_AreReturnedUnchanged) {
     }
 }
 
-TEST_F(InputControls, AddItems_AddsBehindTheItems) {
+TEST_F(InputControls, AddItems_AddsAfterTheExistingItems) {
     const std::vector<String> items = {u"B", u"", u"C"};
     for (Control* control : {&form_.combo, &form_.dropDown, &form_.list}) {
         control->AddItem(u"A");
@@ -269,7 +269,7 @@ TEST_F(InputControlsInMemory, HideFocusedControl_NextControlHasTheFocus) {
     EXPECT_EQ(window.focused, &window.Control(u"text"));
 }
 
-TEST_F(InputControlsInMemory, SetTheSameFont_DoesNotReachTheWindow) {
+TEST_F(InputControlsInMemory, SameFontIsSetAgain_WindowDoesNotGetIt) {
     form_.text.SetFont({.size = 20});
     headless::MemoryControl& window = memory_.windows.Last().Control(u"text");
     window.font.size = 5;

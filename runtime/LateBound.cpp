@@ -8,7 +8,7 @@ namespace {
 constexpr std::int16_t kMinSize = 1;
 constexpr std::int16_t kMaxSize = 2160;
 
-/// Stores `value` in `part`. Returns error 13 if `value` has another type. Does not convert `value`.
+/// Stores `value` in `part`. Returns error 13 if `value` does not have the type of `part`. Does not convert `value`.
 template <typename Part>
 AccessError PutPart(Part& part, const PropertyValue& value) {
     const Part* const given = std::get_if<Part>(&value);

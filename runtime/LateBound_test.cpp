@@ -129,7 +129,7 @@ TEST_F(LateBound, GetFails_ValueIsUnchanged) {
     EXPECT_EQ(value, Text(u"before"));
 }
 
-TEST_F(LateBound, ValueOfAnotherType_IsTypeMismatch) {
+TEST_F(LateBound, ValueOfTheWrongType_IsTypeMismatch) {
     EXPECT_EQ(PutProperty(*form_.button, u"Caption", false), kTypeMismatch);
     EXPECT_EQ(PutProperty(*form_.button, u"Font", Text(u"Arial")), kTypeMismatch);
     EXPECT_EQ(PutProperty(*form_.button, u"TabStop", std::int16_t{0}), kTypeMismatch);

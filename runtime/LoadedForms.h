@@ -12,7 +12,7 @@ class Form;
 class LoadedFormsCollection {
  public:
     /// Returns the number of loaded forms. Any thread may call. Only the thread that owns the forms may call the other
-    /// functions. Exception: after the owning thread has ended, the thread that cleans up may call them.
+    /// functions. After that thread has ended, the thread that cleans up may call them.
     std::size_t Count() const { return count_; }
     /// Returns the form at `index`. Throws error 9 for an index outside 0..Count-1.
     Form& At(std::size_t index) const;
@@ -24,8 +24,9 @@ class LoadedFormsCollection {
     /// at least once. Ends when the newest form refuses to unload. After an error, the loop continues. The first error
     /// is thrown at the end.
     void UnloadAll();
-    /// Unloads all other forms in the same way. A form's unload handler calls this function. Processes pending events
-    /// before each of the first 100 unloads. Does nothing if no other form is loaded.
+    /// A form's unload handler calls this function. Unloads all forms that are not unloading, in the same way as
+    /// UnloadAll. Processes pending events before each of the first 100 unloads. Does nothing if all loaded forms are
+    /// unloading.
     void UnloadOthers();
 
     void Add(Form& form);

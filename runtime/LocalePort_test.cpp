@@ -11,7 +11,7 @@ TEST_P(LocalePortTest, AsciiText_IsConvertedUnchanged) {
     EXPECT_EQ(locale_->FromAnsi(""), u"");
 }
 
-TEST_P(LocalePortTest, WesternLetters_HaveTheirCodePageBytes) {
+TEST_P(LocalePortTest, WesternCharacters_HaveTheirCodePageBytes) {
     EXPECT_EQ(locale_->ToAnsi(u"\u00E4\u00FF\u20AC\u2122"), "\xE4\xFF\x80\x99");
     EXPECT_EQ(locale_->FromAnsi("\xE4\xFF\x80\x99"), u"\u00E4\u00FF\u20AC\u2122");
 }

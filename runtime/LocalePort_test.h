@@ -1,5 +1,5 @@
-// Defines tests that every implementation of LocalePort must pass on a western system. Each implementation instantiates
-// the tests.
+// Declares the fixture of the tests that every implementation of LocalePort must pass on a western system. Each
+// implementation instantiates the tests.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,7 +10,8 @@
 
 namespace runtime {
 
-/// The parameter makes a port. It returns null if the system's code page is not 1252. The tests are then skipped.
+/// The parameter is a function that makes a port. The function returns null if the system's code page is not 1252. The
+/// tests are then skipped.
 class LocalePortTest : public testing::TestWithParam<std::unique_ptr<LocalePort> (*)()> {
  protected:
     void SetUp() override {

@@ -15,8 +15,8 @@ class Operation {
     Operation& operator=(const Operation&) = delete;
     ~Operation();
 
-    /// Calls `forget` when the outermost operation ends. Returns false if there is no operation. The caller must then
-    /// not keep the result of its check.
+    /// Calls `forget` when the outermost operation ends. Returns false if there is no operation. In that case, the
+    /// caller must not keep the result of its check.
     static bool KeepUntilEnd(std::function<void()> forget);
     /// Ends all operations. Call it when the thread that started the operations has ended.
     static void Abandon();

@@ -40,7 +40,8 @@ class TabOrder {
     /// If `control` has the focus, removes the focus from it and returns true. Afterwards no control has the focus.
     bool TakeFocusFrom(const Control& control);
     /// Moves the focus by `step` controls (1 or -1) among the controls that Tab reaches. After the last control comes
-    /// the first control. If no control has the focus, the first control gets it for 1, and the last control for -1.
+    /// the first control. If none of these controls has the focus, the first one gets it for 1, and the last one for
+    /// -1.
     void Walk(int step);
 
     /// Returns the visible controls whose access key is `character` (lower case), in tab order.

@@ -165,7 +165,7 @@ void MemoryWindow::Show(WindowState newState) {
     const bool appears = !std::exchange(visible, true);
     // Also report a change by the form, because Windows reports such a change.
     events_.VisibilityChanged(true);
-    // A window that was hidden becomes active. Exception: a minimised window stays inactive.
+    // A window that was hidden becomes active, unless it is minimised.
     if (appears && state != WindowState::kMinimised) events_.Activated();
 }
 

@@ -100,12 +100,12 @@ class MemoryWindow : public NativeWindow {
     MemoryControl& Control(StringView name) const;
     /// Returns the form's event functions. A test calls them in place of the window system.
     WindowEvents& Events() const { return events_; }
-    /// Shows or hides the window as another program would. A window that was hidden becomes active. Exceptions: it is
-    /// minimised, or `activates` is false.
+    /// Shows or hides the window as another program would. A window that was hidden becomes active, unless it is
+    /// minimised or `activates` is false.
     void ShowExternally(WindowState newState = WindowState::kNormal, bool activates = true);
     void HideExternally();
-    /// Presses and releases a key as the user would. Enter, Space, Escape and Tab also produce a character. Exceptions:
-    /// the form consumes the key, or Alt or Ctrl is held.
+    /// Presses and releases a key as the user would. Enter, Space, Escape and Tab also produce a character, unless the
+    /// form consumes the key or Alt or Ctrl is held.
     void Press(std::int16_t keyCode, std::int16_t shift = 0);
     void Type(StringView text);
 

@@ -34,11 +34,12 @@ HRESULT DescribeAccessible(ITypeInfo** info) {
     return result;
 }
 
-/// Passes calls to the system's object. Exceptions: the properties of the window itself that differ from those of the
-/// system's object. The name is the unchanged text of the window. The system's object would remove a '&' from the text
-/// and report it as a shortcut.
+/// Passes calls to the system's object, except for the properties of the window itself that must differ from those of
+/// the system's object. The name is the unchanged text of the window. The system's object would remove a '&' from the
+/// text and report it as a shortcut.
 ///
-/// The other interfaces of the system's object would lead to that object. Therefore this object has its own.
+/// Through another interface of the system's object, a client would get the system's object itself. Therefore this
+/// object itself implements IEnumVARIANT and IOleWindow.
 class AccessibleWindow final : public IAccessible, public IEnumVARIANT, public IOleWindow {
  public:
     /// Takes over the references `system` and `children`.

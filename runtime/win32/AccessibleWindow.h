@@ -1,5 +1,5 @@
-// Answers a screen reader's request for a window of the runtime. The answer is the system's object for the window, with
-// another role and a description. The window's text is the name of the object.
+// Answers a screen reader's request about a window of the runtime. The answer is the system's object for the window,
+// with a role and a description that the caller chooses. The window's text is the name of the object.
 #pragma once
 
 #include "runtime/Text.h"

@@ -125,7 +125,7 @@ class AccessibleWindows : public tests::RuntimeTest {
     AccessibleDialog form_;
 };
 
-TEST_F(AccessibleWindows, AmpersandInATextThatIsNoCaption_IsNoShortcut) {
+TEST_F(AccessibleWindows, AmpersandInATitleOrLabel_IsNoShortcut) {
     for (const HWND window : {Window(), Label()}) {
         EXPECT_EQ(AnswerOf(&IAccessible::get_accKeyboardShortcut, AccessibleOf(window)), kNoText);
     }
@@ -145,8 +145,8 @@ LRESULT CALLBACK SayLonger(HWND window, UINT message, WPARAM wParam, LPARAM lPar
     return message == WM_GETTEXTLENGTH ? result + 3 : result;
 }
 
-// The length of a window's text is only an upper bound.
-TEST_F(AccessibleWindows, TextIsShorterThanItsLength_NameHasOnlyTheText) {
+// The length that the system reports for a window's text is only an upper bound.
+TEST_F(AccessibleWindows, TextIsShorterThanItsReportedLength_NameHasOnlyTheText) {
     labelProcedure = SetWindowLongPtrW(Label(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(&SayLonger));
     EXPECT_EQ(NameOf(AccessibleOf(Label())), (TextResult{S_OK, u"R&D?"}));
 }

@@ -1,4 +1,4 @@
-// Disables the windows of a thread while a dialog is open, so that the user cannot start another action in the windows.
+// Disables the windows of a thread while a dialog is open, so that the user cannot start an action in them.
 #pragma once
 
 #include <vector>
@@ -22,7 +22,7 @@ class DisabledWindows {
     void Disable();
     /// Re-enables the windows. A second call does nothing.
     void Enable();
-    /// Returns the first visible window; null if there is no visible window.
+    /// Returns the first stored window that is visible; null if there is none.
     HWND FirstVisible() const;
 
  private:

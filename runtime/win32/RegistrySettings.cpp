@@ -18,7 +18,7 @@ String SectionPath(StringView application, StringView section) {
     return String(kRoot).append(application).append(u"\\").append(section);
 }
 
-/// Returns the value as text, including terminators. Returns no value if the value does not exist or is not text.
+/// Returns the value as text, including terminators. Returns nullopt if the value does not exist or is not text.
 std::optional<String> QueryText(HKEY key, const String& name) {
     String text;
     DWORD bytes = 0;
@@ -89,7 +89,7 @@ void RegistrySettings::Save(StringView application, StringView section, StringVi
     }
     const String path = SectionPath(application, section);
     LSTATUS status = Write(path, String(key), String(value));
-    if (status == ERROR_KEY_DELETED) {  // by another program, after this operation had opened the section
+    if (status == ERROR_KEY_DELETED) {  // another program deleted the section after this operation had opened it
         Forget();
         status = Write(path, String(key), String(value));
     }

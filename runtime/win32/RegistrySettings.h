@@ -10,7 +10,7 @@ namespace runtime::win32 {
 
 class RegistrySettings : public SettingsPort {
  public:
-    /// Also returns no value for a value that is not text. Names of environment variables in a value are not expanded.
+    /// Also returns no value if the registry value is not text. Does not expand environment variables in the text.
     std::optional<String> Get(StringView application, StringView section, StringView key) override;
     /// Also raises error 5 if the application, section or key is empty or contains a NUL.
     void Save(StringView application, StringView section, StringView key, StringView value) override;

@@ -68,7 +68,7 @@ TEST_F(RegistrySettingsTest, Variables_AreNotExpanded) {
     EXPECT_EQ(Get(), u"%TEMP%");
 }
 
-TEST_F(RegistrySettingsTest, ValueOfAnotherType_IsIgnored) {
+TEST_F(RegistrySettingsTest, ValueThatIsNotText_IsIgnored) {
     const DWORD number = 0x00410041;
     Write(REG_DWORD, &number, sizeof(number));
     EXPECT_EQ(Get(), std::nullopt);

@@ -53,7 +53,7 @@ class Win32Control : public NativeControl {
     const ControlKind kind_;
     Icon icon_;
     HWND window_ = nullptr;
-    HWND name_ = nullptr;  ///< a hidden label; a screen reader announces the label before a control as its name
+    HWND name_ = nullptr;  ///< a hidden label before the control; screen readers announce it as the control's name
 };
 
 /// Returns the text of a window, of any length.

@@ -225,7 +225,7 @@ TEST_F(RealWindow, ControlUnloadsTheFormOnNewColours_NoOtherWindowIsPainted) {
     EXPECT_FALSE(GetUpdateRect(WindowOf(other), nullptr, FALSE));
 }
 
-TEST_F(RealWindow, OtherCodeResizes_FormHasTheSizeAndRaisesResize) {
+TEST_F(RealWindow, OtherCodeResizes_FormHasTheNewSizeAndRaisesResize) {
     SetWindowPos(Window(), nullptr, 10, 20, 400, 300, kPlaceOnly);
     EXPECT_EQ(BoundsOf(form_), (Rect{ToTwips(10), ToTwips(20), ToTwips(400), ToTwips(300)}));
     EXPECT_THAT(form_.log, ElementsAre("load", "resize"));
