@@ -1,6 +1,6 @@
 // Implements the entries of the development kernel. Any thread may call them. Texts are zero-terminated bytes in the
-// system's ANSI code page. They are stored unchanged. A string with the value "" exists. Its address is the address of
-// an empty text.
+// system's ANSI code page. They are stored unchanged. A string that was set to "" exists: E_GetString returns the
+// address of an empty text, not 0.
 //
 // No exception leaves an entry. If an entry fails, it returns its failure value.
 #include <atomic>

@@ -124,7 +124,8 @@ MappedView SectionMemory::Map(std::uint64_t offset, std::uint32_t size) const {
                                               static_cast<DWORD>(offset >> 32), static_cast<DWORD>(offset), size)));
 }
 
-/// Maps `space` again with at least `size` bytes. Doubles the mapped size if the address space allows it.
+/// Maps `space` again with at least `size` bytes. If the address space allows it, maps at least twice the former size,
+/// but not more than the capacity.
 bool SectionMemory::Grow(std::uint32_t space, std::uint32_t size) {
     Space& grown = spaces_.at(space);
     const std::uint32_t least = RoundedUp(size);

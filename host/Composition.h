@@ -40,9 +40,9 @@ bool MainFormExists();
 /// Returns the number of loaded forms. The component must stay in memory until the number is 0. Any thread may call.
 std::size_t LoadedWindowCount();
 
-/// Abandons all forms. The caller is the thread that notices that the forms' thread has ended or is no longer the home.
-/// Afterwards no form is loaded and no question is open. Another thread may load the main form. The next question makes
-/// a new dialog.
+/// Abandons all forms. Call the function when the forms' thread has ended or is no longer the home thread. The
+/// caller may be another thread. Afterwards no form is loaded. A question that is still open on the old thread no
+/// longer counts. Another thread may load the main form. The next question makes a new dialog.
 void AbandonForms();
 
 }  // namespace host

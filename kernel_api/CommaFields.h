@@ -14,13 +14,13 @@ struct CommaField {
     bool isUnclosed = false;
 };
 
-/// Returns the fields of a text one after another. The text must outlive the object. Each part of the text is searched
-/// once.
+/// Returns the fields of a text one after another. The text must outlive the object. The search never goes back, so
+/// its time is proportional to the text's length.
 /// - Every text has at least one field.
 /// - A quoted field extends to the first comma after its closing quote. Without such a comma, or if that comma is the
 ///   text's last character, the field extends to the end of the text.
 /// - The result leaves out the last character of a quoted field, normally its closing quote.
-/// - A quote that is the text's last character is a plain field.
+/// - A field that is only a quote at the end of the text is plain. Its text is the quote.
 class CommaFields {
  public:
     explicit CommaFields(runtime::StringView text) : text_(text) {}

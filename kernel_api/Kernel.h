@@ -15,8 +15,8 @@ using runtime::StringView;
 /// the component. The type is signed, because callers test for values <= 0.
 using TextPointer = std::intptr_t;
 
-/// False if no text can have this address. Windows never maps the first and the last 64 KB of the address space, so
-/// that accesses through wrong pointers fail. Addresses above 2 GB are negative.
+/// False only for an address that no text can have. Windows never maps the first and the last 64 KB of the address
+/// space, so that accesses through wrong pointers fail. Addresses above 2 GB are negative.
 constexpr bool IsTextAddress(TextPointer pointer) {
     constexpr TextPointer kUnusedAddresses = 0x10000;
     return pointer <= -kUnusedAddresses || pointer >= kUnusedAddresses;

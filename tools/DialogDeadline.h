@@ -13,11 +13,12 @@
 
 namespace tools {
 
-/// Create the object on the thread that shows the dialog, before any call that could wait for the display.
+/// Create the object on the thread that shows the dialog, before any call that uses windows. Such a call blocks if the
+/// display does not respond.
 class DialogDeadline {
  public:
-    /// Without `seconds` there is no limit. `giveUp` prints the answer before the process is ended. `giveUp` runs on
-    /// another thread while the dialog's thread is blocked.
+    /// Without `seconds` there is no limit. `giveUp` is called before the process is ended. The caller prints the
+    /// default answer in `giveUp`. `giveUp` runs on another thread while the dialog's thread is blocked.
     DialogDeadline(std::optional<std::int32_t> seconds, std::function<void()> giveUp);
     DialogDeadline(const DialogDeadline&) = delete;
     DialogDeadline& operator=(const DialogDeadline&) = delete;

@@ -27,7 +27,7 @@ class LineReader {
     void Read();
 
     std::istream& in_;
-    // Only one line is in progress at a time: the events pass `line_` from one thread to the other.
+    // The events `wanted_` and `ready_` ensure that only one thread uses `line_` at a time.
     std::optional<std::string> line_;
     std::atomic<bool> stopped_ = false;
     runtime::win32::KernelHandle wanted_;

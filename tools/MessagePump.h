@@ -1,4 +1,5 @@
-// The message loop of a module without its own window. The component's windows belong to the calling thread.
+// The message loop of a module that has no window of its own. The component's windows belong to the thread that runs
+// the loop.
 #pragma once
 
 #include <chrono>

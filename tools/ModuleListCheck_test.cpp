@@ -14,7 +14,7 @@ TEST(ModuleListCheck, ModuleList_LengthAndComponentsPositionAreFound) {
     EXPECT_EQ(check.problem, "");
 }
 
-TEST(ModuleListCheck, ComponentsNameMissing_IsNoProblem) {
+TEST(ModuleListCheck, MissingNameOrEmptyList_GivesZero) {
     EXPECT_EQ(CheckModuleList(u"EDITOR,k4tbackprocess").ownPlace, 0U);
     EXPECT_EQ(CheckModuleList(u"").count, 0U);
 }

@@ -17,7 +17,7 @@ struct QueryArguments {
     std::optional<String> languageFolder;
     std::optional<std::int32_t> timeout;  ///< in seconds
     std::optional<String> defaultText;    ///< the answer after the timeout; not set: Cancel
-    std::int32_t defaultIndex = -1;       ///< the index of `defaultText`
+    std::int32_t defaultIndex = -1;       ///< printed with the default answer; -1 for Cancel
     std::vector<String> values;           ///< the initial text, followed by the items
     bool operator==(const QueryArguments&) const = default;
 };

@@ -58,7 +58,7 @@ bool IsMissingRight(HRESULT result) {
     return false;
 }
 
-/// Runs `change`. If `change` fails because a right is missing, the error contains advice.
+/// Runs `change`. If `change` fails for the machine because a right is missing, the error contains advice.
 void Change(void (*change)(Scope), Scope scope) try { change(scope); } catch (const ComFailure& failure) {
     if (scope == Scope::kUser || !IsMissingRight(failure.Result())) throw;
     throw std::runtime_error(

@@ -33,7 +33,8 @@ std::size_t EditDistance(const std::string& one, const std::string& other) {
     return cost[one.size()][other.size()];
 }
 
-/// Returns the distance of two similar words. Returns no value if the words are not similar.
+/// Returns the distance of two similar words; at most 3 if one word begins with the other. Returns no value if the
+/// words are not similar.
 std::optional<std::size_t> Distance(const std::string& one, const std::string& other) {
     constexpr std::size_t kMaxWordLength = 64;
     constexpr std::size_t kShortestBeginning = 4;

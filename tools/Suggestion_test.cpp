@@ -13,7 +13,7 @@ std::string NearestOf(std::string_view word) {
     return Nearest(word, kWords).value_or("(none)");
 }
 
-TEST(Suggestion, WordWithOneWrongLetter_IsFound) {
+TEST(Suggestion, WordWithOneTypingMistake_IsFound) {
     EXPECT_EQ(NearestOf("hosst"), "host");
     EXPECT_EQ(NearestOf("hos"), "host");
     EXPECT_EQ(NearestOf("hast"), "host");
@@ -30,7 +30,7 @@ TEST(Suggestion, TwoSimilarCandidates_NearestCandidateIsChosen) {
     EXPECT_EQ(NearestOf("unregistre"), "unregister");
 }
 
-TEST(Suggestion, BeginningOfAWord_IsFound) {
+TEST(Suggestion, OneWordBeginsWithTheOther_IsFound) {
     EXPECT_EQ(NearestOf("registration"), "(none)");
     EXPECT_EQ(NearestOf("regi"), "register");
     EXPECT_EQ(NearestOf("doctorate"), "doctor");

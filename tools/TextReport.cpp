@@ -83,7 +83,8 @@ void WriteTexts(std::ostream& out, Catalogue catalogue, const TextFile& file, ru
     }
 }
 
-/// True if a text needs a blank between this character and a joined text. Wide scripts put no blanks between words.
+/// True if a text needs a blank between this character and a joined text. Most wide scripts put no blanks between
+/// words.
 bool WantsBlank(char16_t unit) {
     constexpr char16_t kFirstOfWideScripts = 0x2E80;
     return unit != u' ' && unit < kFirstOfWideScripts;

@@ -75,8 +75,8 @@ TraceTarget::TraceTarget(const String* name) {
 TraceTarget::~TraceTarget() {
     if (folder_.empty()) return;
     file_.Reset();
-    // A program may still have the file open. The system then deletes the file later, but it can be moved out of the
-    // folder at once.
+    // A program may still have the file open. The system then deletes the file later, but this function can move
+    // the file out of the folder at once.
     const String moved = folder_ + u".txt";
     MoveFileW(Wide(path_), Wide(moved));
     DeleteFileW(Wide(moved));

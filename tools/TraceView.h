@@ -23,7 +23,7 @@ class TraceTarget {
     ~TraceTarget();
 
     /// Makes programs that this process starts write their trace to the file. A component that this process composes
-    /// does the same.
+    /// later writes its trace to the file, too.
     void UseForThisProcess() const;
     /// Returns the complete lines that were written since the previous call. The first call returns the lines since the
     /// object's creation.

@@ -1,5 +1,5 @@
 // Defines a verb of the tool: the name, the help, and the function that runs the verb. Verbs.cpp has the table of all
-// verbs. A new verb needs one file and one row in the table.
+// verbs. A new verb needs a file, a declaration in Verbs.h and a row in the table.
 #pragma once
 
 #include <iosfwd>
@@ -19,7 +19,7 @@ using runtime::StringView;
 /// The arguments after the verb.
 using Arguments = std::vector<String>;
 
-/// The standard streams. The text is UTF-8 and is not converted. A line ends with a line feed only.
+/// The standard streams. The text is UTF-8 and is not converted. A line of output ends with a line feed only.
 struct Console {
     std::istream& in;
     std::ostream& out;

@@ -10,7 +10,7 @@ namespace tools {
 /// Returns all verbs in the order of the overview.
 std::vector<Verb> AllVerbs();
 
-// Each verb is defined in the file with its name.
+// Each verb is defined in the file with its name, but kUnregisterVerb is defined in RegisterVerb.cpp.
 extern const Verb kHostVerb;
 extern const Verb kTraceVerb;
 extern const Verb kStringsVerb;

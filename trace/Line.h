@@ -42,7 +42,7 @@ class Line {
     Line& Hex(std::string_view name, std::uint32_t value) noexcept;
     /// Adds a time in milliseconds, as ms=[12.345].
     Line& Time(std::chrono::steady_clock::duration time) noexcept;
-    /// Adds the number of a runtime error and the error's description.
+    /// Adds the number and the description of a runtime::Error, or the text of another exception.
     Line& Error(const std::exception& error) noexcept;
     Line& Error(const std::exception_ptr& error) noexcept;
 

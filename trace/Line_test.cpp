@@ -65,7 +65,7 @@ TEST(TraceLine, Hex_HasEightDigits) {
     EXPECT_EQ(Whole(Line("e").Hex("result", 0).Hex("result", 0x80020009)), "e result=[0x00000000] result=[0x80020009]");
 }
 
-TEST(TraceLine, Error_HasNumberAndDescription) {
+TEST(TraceLine, Error_HasNumberAndDescriptionOrOnlyText) {
     EXPECT_EQ(Whole(Line("e").Error(runtime::Error(53))), "e error=[53] text=[File not found]");
     EXPECT_EQ(Whole(Line("e").Error(std::make_exception_ptr(runtime::Error(6)))), "e error=[6] text=[Overflow]");
     EXPECT_EQ(Whole(Line("e").Error(std::make_exception_ptr(7))), "e error=[unknown]");

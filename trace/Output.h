@@ -6,7 +6,7 @@
 
 namespace trace {
 
-/// Any thread may call the functions. They do not throw, do not wait long, and do not let events run.
+/// Any thread may call the functions. They do not throw, do not wait long, and do not dispatch window messages.
 class Output {
  public:
     virtual ~Output() = default;

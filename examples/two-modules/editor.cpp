@@ -1,5 +1,5 @@
-// Implements EDITOR, a module that works with LIBRARY. EDITOR only prints the commands that arrive. build.cmd compiles
-// this file.
+// Implements EDITOR, a module that works with LIBRARY. EDITOR does not reply to commands. Module prints the commands
+// and passes them to the component. build.cmd compiles this file.
 #include "module.h"
 
 namespace {

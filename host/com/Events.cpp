@@ -76,7 +76,7 @@ std::optional<runtime::Error> Tell(Sinks& sinks, const Connection& connection, B
                                                    &parameters, nullptr, exception.Address(), &badArgument);
     if (observer) observer->SinkAnswered(connection.cookie, static_cast<std::uint32_t>(result), start);
     if (IsPeerGone(result)) {
-        // No handler has run, so the client has not failed.
+        // The client has gone, so this is no failure of its handler.
         sinks.Drop(connection.cookie);
         return {};
     }

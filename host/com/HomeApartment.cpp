@@ -15,7 +15,8 @@
 namespace host::com {
 namespace {
 
-/// The maximum number of attempts. An attempt fails if the home ends between the attempt's two steps.
+/// The maximum number of times that CreateAtHome tries to join the home and to create the instance there. A try fails
+/// if the home ends between these two steps.
 constexpr int kMaxAttempts = 20;
 
 /// The home of the process, and the counts of the objects that keep the DLL in memory.

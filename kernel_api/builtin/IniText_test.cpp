@@ -37,7 +37,7 @@ TEST(DecodeIni, AsciiText_IsUnchanged) {
     EXPECT_EQ(Decoded(""), u"");
 }
 
-TEST(DecodeIni, Utf8WithoutMark_IsDecoded) {
+TEST(DecodeIni, Utf8WithOrWithoutMark_IsDecoded) {
     EXPECT_EQ(Decoded("Maker=\xC3\xA4\xE4\xB8\xAD"), u"Maker=\u00E4\u4E2D");
     EXPECT_EQ(Decoded("\xEF\xBB\xBFMaker=\xC3\xA4"), u"Maker=\u00E4");
 }
@@ -47,7 +47,7 @@ TEST(DecodeIni, InvalidUtf8IsAnsi) {
     EXPECT_EQ(Decoded("\xC3\xA4 \xE4"), u"\u00C3\u00A4 \u00E4");
 }
 
-TEST(DecodeIni, EncodedReplacementCharacter_IsUtf8) {
+TEST(DecodeIni, ReplacementCharacterInTheFile_IsNoDecodingError) {
     EXPECT_EQ(Decoded("a\xEF\xBF\xBD\xC3\xA4"), u"a\uFFFD\u00E4");
 }
 

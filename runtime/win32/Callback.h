@@ -40,7 +40,7 @@ class Callback {
     }
 
  private:
-    /// One call of CallSystem. Calls may nest. Each call keeps the exceptions of its own handlers.
+    /// One call of CallSystem. Calls may nest. Each call keeps the first exception of its own handlers.
     class Scope {
      public:
         Scope() : outer_(std::exchange(innermost_, this)) {}

@@ -6,8 +6,8 @@
 
 namespace runtime::win32 {
 
-/// Returns the dots per inch of the screen, as the thread sees the screen now. A program may change this setting of a
-/// thread at any time.
+/// Returns the dots per inch of the screen, as the thread sees the screen now. A program may change a thread's DPI
+/// awareness at any time, so do not keep the result.
 int ScreenDpi();
 
 /// Rounds to the nearest pixel.

@@ -1,5 +1,6 @@
-// Loads libraries by their full paths, and their imports only from known folders, not from the current folder or PATH.
-// Otherwise a malicious file in the folder of a design could run in the program that opens the design.
+// Loads libraries by their full paths, and their imports only from known folders, not from the current folder or PATH
+// (except on an old Windows 7, see LoadTrusted). Otherwise a malicious file in the folder of a design could run in the
+// program that opens the design.
 #pragma once
 
 #include "runtime/Text.h"

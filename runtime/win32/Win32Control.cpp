@@ -56,8 +56,8 @@ Win32Control::Win32Control(Win32Window& parent, Win32Windows& system, ControlKin
                           WS_VISIBLE | windowKind.style, windowKind.extendedStyle, id);
     if (!window_) throw OutOfResources(u"cannot create the window of a control");
     if (kind == ControlKind::kLabel || kind == ControlKind::kPicture) KeepContentUnmirrored();
-    // A form may use a letter typed on a button as an access key. An input method must not use the letter to compose
-    // text.
+    // While a button has the focus, a form may use a typed letter as an access key. An input method must not use the
+    // letter to compose text.
     if (kind == ControlKind::kButton) ImmAssociateContext(window_, nullptr);
 }
 

@@ -11,8 +11,9 @@ namespace runtime::win32 {
 
 class Win32Fonts {
  public:
-    /// Returns the system's font for `font` in the thread's resolution. If the system cannot create the font, returns
-    /// the stock font for user interfaces. The handle is valid as long as this object exists.
+    /// Returns the system's font for `font`, at the dots per inch that ScreenDpi returns on the calling thread. If the
+    /// system cannot create the font, returns the stock font for user interfaces. The handle is valid as long as this
+    /// object exists.
     HFONT Get(const Font& font);
 
  private:

@@ -1,5 +1,5 @@
-// The tests of the first-instance claim start this program. It tries to claim the first instance and reports the result
-// by an event. It keeps the claim until an event requests the release or the end.
+// The tests of the first-instance claim start this program. It claims to be the first process of the application, and
+// reports by an event whether the claim succeeded. It keeps the claim until an event requests the release or the end.
 //     claim_holder NAME
 // The program sets the event NAME-claimed or NAME-refused. After NAME-give-up, it releases the claim and sets
 // NAME-given-up. It ends after NAME-end, or after 30 seconds without an event.

@@ -3,8 +3,8 @@
 
     test_help_texts.py WINE_RUN BIN_FOLDER
 
-The examples run in the order of the overview. The current folder has the package's files, and the component is
-registered.
+The examples run in the order of the overview. The current folder has the package's files that the examples
+need. The component is registered when an example runs, except for the example of `register`.
 """
 import os
 import pathlib
@@ -21,7 +21,7 @@ EXIT_CODES = {"msgbox": 7}
 # The verb that the test runs before the examples: `register` would refuse a second registration, and `doctor` needs one.
 BEFORE = {"register": "unregister", "doctor": "register"}
 DIALOGS = {"error", "msgbox", "query"}
-# The expected output of examples that begin with these words.
+# The expected output of examples that contain "backproc " and these words.
 PRINTED = {
     "host": "1 created\n1 released\n",
     "texts get": "&Yes\n",

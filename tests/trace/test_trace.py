@@ -89,7 +89,7 @@ class Component(Registered):
                 for _ in range(100):
                     self.assertEqual(live.ask(b"notify 1 All,RD"), b"1 NotifyMe\n")
                 self.assertEqual(live.ask(b"send 1 EDITOR OPEN"), b"1 NotifyServer [EDITOR] [OPEN]\n")
-                # The host writes nothing between this line and the next command.
+                # After the line "1 AP_SendCmd", the host adds nothing to the trace until it gets the next command.
                 self.assertEqual(live.ask(), b"1 AP_SendCmd\n")
                 lines_when_full = lines_of(self.folder / "trace.txt")
                 filler.unlink()
@@ -98,7 +98,8 @@ class Component(Registered):
         self.assertEqual(lines[:len(lines_when_full)], lines_when_full)
         lost = re.fullmatch(r"trace lines lost=\[(\d+)\]", lines[len(lines_when_full)])
         self.assertTrue(lost, lines[len(lines_when_full)])
-        # The lost lines are 100 times two lines of the command and some lines of the event, less the lines that fitted.
+        # Each of the 100 commands writes two lines, and the event writes some more. A few of these lines still fitted
+        # on the disk. The others are lost.
         self.assertGreater(int(lost.group(1)), 100)
         self.assertIn("Load instance=[1] mode=[0]", lines)
 

@@ -14,7 +14,7 @@ bool IsClass(HWND window, std::wstring_view name);
 /// Returns the window's caption, or the content of an input control. The text may have any length.
 using runtime::win32::TextOf;
 
-/// Returns the window's font, which the window owns.
+/// Returns the window's font. The caller must not delete the font.
 HFONT FontOf(HWND window);
 /// Returns the font's description. Fails the test if the window has no font.
 LOGFONTW FontDescriptionOf(HWND window);
