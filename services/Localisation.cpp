@@ -73,8 +73,8 @@ struct FoundFace {
     String name;
 };
 
-/// Returns the face of the system's own font, in a context of `window`. The guard selects the former font again and
-/// releases the context.
+/// Returns the face of the system's own font. `context` is a context of `window`. Afterwards the context has its former
+/// font again and is released.
 FoundFace SystemFace(NativeHandle window, NativeHandle context) {
     runtime::FontsPort& fonts = runtime::CurrentPorts().fonts;
     const NativeHandle made = fonts.MakeIconTitleFont();

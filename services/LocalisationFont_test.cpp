@@ -25,7 +25,7 @@ TEST(Language, PrimaryIsTheLowTenBits) {
     EXPECT_EQ(PrimaryLanguage(0x30404), 0x04);
 }
 
-TEST(Language, SubLanguageIsTheQuotientRounded) {
+TEST(Language, SubLanguageIsTheRoundedQuotient) {
     EXPECT_EQ(SubLanguage(0x0404), 1);  // 1028 / 1024 = 1.004
     EXPECT_EQ(SubLanguage(0x0804), 2);  // 2052 / 1024 = 2.004
     EXPECT_EQ(SubLanguage(0x0C04), 3);  // 3076 / 1024 = 3.004
@@ -88,7 +88,7 @@ const FixedChoice kFixedChoices[] = {
 
 class FixedUiFont : public UiFontChoice, public testing::WithParamInterface<FixedChoice> {};
 
-TEST_P(FixedUiFont, DependsOnlyOnTheSystemLanguage) {
+TEST_P(FixedUiFont, DependsOnlyOnTheSystemLocale) {
     memory_.fonts.installed.clear();
     memory_.locale.charsets.clear();
     Values().uiFont = {u"Arial", 8, 77};

@@ -190,7 +190,7 @@ TEST_F(FormLocalisation, OnlyLightGreyForm_GetsTheButtonColour) {
     EXPECT_EQ(nearly.BackColour(), 0x00C0C0C1u);
 }
 
-TEST_F(FormLocalisation, EveryControlGetsTheFontWithoutBoldAndNoTabStop) {
+TEST_F(FormLocalisation, ControlHasAFont_GetsTheFontWithoutBoldAndLosesItsTabStop) {
     for (Control* control : {form_.label, form_.bar, form_.yes, form_.plain}) {
         control->SetFont({u"Courier", 12, 2, true});
     }

@@ -18,13 +18,14 @@ runtime::String HelpFileOfInstallation();
 runtime::String CompiledHelpName();
 
 // ShowHelpContents and ShowHelpTopic open the table of contents. The main form's window owns the help window. The
-// functions load the main form if it is unloaded. They raise error 5 if the name is too short. The name is empty before
-// the first load of the main form, because that load sets the name.
+// functions first check the name of the help file and raise error 5 if the name is too short. The name is empty before
+// the first load of the main form, because that load sets the name. Then the functions load the main form if it is
+// unloaded.
 
-/// Opens help that stays open when the main form unloads.
+/// Opens help. The unload of the main form does not close this help, unless ShowHelpTopic has also opened help.
 void ShowHelpContents();
-/// Opens help that the unload of the main form closes. Does nothing if `wanted` is 0. Does not use `file` and `topic`,
-/// because there is only one help file and it opens at its contents.
+/// Opens help. The unload of the main form closes all help. Does nothing if `wanted` is 0. Does not use `file` and
+/// `topic`, because there is only one help file and it opens at its contents.
 void ShowHelpTopic(runtime::StringView file, std::int32_t topic, std::int16_t& wanted);
 
 /// Closes all help windows if ShowHelpTopic has opened help since the last call. If the viewer fails, throws the error.

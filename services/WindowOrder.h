@@ -1,4 +1,4 @@
-// Keeps a form's window above all other windows. The suite's common dialogs use this.
+// Keeps a form's window above all other windows. The query dialog uses this.
 #pragma once
 
 namespace runtime {

@@ -33,7 +33,8 @@ struct SuiteSetting {
 // The settings, in the order in which they are read.
 std::span<const SuiteSetting> FolderSettings();
 std::span<const SuiteSetting> IdentitySettings();
-/// Returns the value of an absent setting. A product folder contains the name that GetProductName returns now.
+/// Returns the value to use if the setting does not exist. A product folder contains the current result of
+/// GetProductName.
 String DefaultOf(const SuiteSetting& setting);
 
 /// Reads the folders for job, library, system and secondary job. Then publishes the first two folders as kernel

@@ -1,5 +1,5 @@
-// Compares the field splitter with Boost.Tokenizer's escaped-list separator. Both produce the text and the number of
-// each field.
+// Compares the field splitter with Boost.Tokenizer's escaped-list separator. Both produce each field's text, and the
+// text's value as a number.
 #include <boost/tokenizer.hpp>
 
 #include "routing/FieldSplitter.h"

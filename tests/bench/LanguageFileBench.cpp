@@ -30,7 +30,7 @@ using runtime::StringView;
 constexpr int kTextsOfAForm = 50;
 constexpr const char* kLocale = "C.UTF-8";
 
-/// Returns the folder that contains all folders of this program. The folder is deleted at the program's end.
+/// Returns the folder that contains all files of this program. The folder is deleted at the program's end.
 const fs::path& Root() {
     static const struct Made {
         Made() {
@@ -82,7 +82,8 @@ std::string LanguageFile(int texts) {
     return lines;
 }
 
-/// Each size has its own gettext domain, because gettext reads the catalogue of a domain only once.
+/// Makes a gettext catalogue with `texts` texts and returns its domain. Each number of texts has its own domain,
+/// because gettext reads the catalogue of a domain only once.
 std::string MakeCatalogue(int texts) {
     const std::string domain = "bench" + std::to_string(texts);
     const fs::path folder = Root() / kLocale / "LC_MESSAGES";

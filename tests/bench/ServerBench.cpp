@@ -103,7 +103,7 @@ void Notify(const Component& component, Bstr& command) {
     Check(component->NotifyMe(name.Address(), command.Address()), "NotifyMe");
 }
 
-/// Creates and destroys an overlapped, hidden window with a status bar, as the main form has.
+/// Creates and destroys a window like the main form's window: overlapped, hidden, and with a status bar.
 void MakeBareWindow() {
     static const ATOM windowClass = [] {
         WNDCLASSW plain{};

@@ -9,14 +9,14 @@ using testing::ElementsAre;
 
 class Conversion : public ComTest {
  protected:
-    /// Returns the test double's log entry for NotifyMe with `command`, or the error code.
+    /// Returns the test double's log entry for NotifyMe with `command`, or the error code and the argument's index.
     std::string Notified(VARIANT command) {
         TheDouble().log.clear();
         const Outcome outcome = Invoke(instance.Get(), kNotifyMe, DISPATCH_METHOD, {command, Missing()});
         if (outcome.result != S_OK) return Hex(outcome.result) + " at " + std::to_string(outcome.badArgument);
         return TheDouble().log.at(0);
     }
-    /// Returns the test double's log entry for Load with `mode`, or the error code.
+    /// Returns the test double's log entry for Load with `mode`, or the error code and the argument's index.
     std::string Loaded(VARIANT mode) {
         TheDouble().log.clear();
         const Outcome outcome = Invoke(instance.Get(), kLoad, DISPATCH_METHOD, {mode});

@@ -8,7 +8,7 @@ namespace tests::com {
 
 class DefaultProperty final : public IDispatch {
  public:
-    /// `value` must outlive the object.
+    /// The new object does not own the text or object in `value`, which must outlive the new object.
     static host::com::ComPtr<DefaultProperty> Make(const VARIANT& value) {
         return host::com::ComPtr<DefaultProperty>::Attach(new DefaultProperty(value));
     }

@@ -26,7 +26,7 @@ TEST_F(Diagnostics, QueryInterface_ReturnsTheSameInstance) {
                         ->InterfaceSupportsErrorInfo(IID_IK4TDiagnostics));
 }
 
-TEST_F(Diagnostics, Raise_PassesTheArguments) {
+TEST_F(Diagnostics, EventMethods_PassTheArguments) {
     const auto sink = Sink::Make();
     Advise(instance.Get(), sink.Get());
     EXPECT_EQ(S_OK, diagnostics->AP_SendCmd(Bstr(u"M").Get(), Bstr(u"X,1").Get()));
@@ -36,7 +36,7 @@ TEST_F(Diagnostics, Raise_PassesTheArguments) {
     EXPECT_THAT(sink->received, ElementsAre("M|X,1", "|", "all|OPEN", "M|-3 a,b"));
 }
 
-TEST_F(Diagnostics, Raise_HandlerFails_ReturnsTheHandlersError) {
+TEST_F(Diagnostics, HandlerFails_EventMethodReturnsTheError) {
     const auto sink = Sink::Make([](BSTR&, BSTR&, EXCEPINFO& exception) {
         exception.scode = static_cast<HRESULT>(0x800A0007);
         exception.bstrDescription = Bstr(u"no room").Detach();

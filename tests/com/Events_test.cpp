@@ -222,7 +222,7 @@ TEST_F(Events, SinkFailsWithDeferredDetails_ErrorHasTheDetails) {
     EXPECT_EQ("late", TakeErrorObject().description);
 }
 
-TEST_F(Events, SinkReturnsAFailure_NotImplementedIsNoError) {
+TEST_F(Events, SinkReturnsAFailure_IsAnErrorUnlessNotImplemented) {
     HRESULT answer = S_OK;
     const auto sink = Sink::Make([&](BSTR&, BSTR&, EXCEPINFO&) { return answer; });
     Advise(instance.Get(), sink.Get());

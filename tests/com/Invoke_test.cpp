@@ -110,7 +110,7 @@ TEST_F(Invoking, SeverPath_IsPutAndRead) {
     EXPECT_THAT(TheDouble().log, ElementsAre("put [X]", "put [5]", "get"));
 }
 
-TEST_F(Invoking, PutWithoutANamedArgument_IsRefused) {
+TEST_F(Invoking, InvalidPut_IsRefused) {
     const Bstr path(u"X");
     constexpr WORD kPut = DISPATCH_PROPERTYPUT;
     EXPECT_EQ("0x80020004", HexOf(Invoke(Object(), kSeverPath, kPut, {Text(path)})));
@@ -189,7 +189,7 @@ TEST_F(Invoking, Names_IgnoreLetterCase) {
     EXPECT_THAT(ids, ElementsAre(kNotifyMe, 1, 0));
 }
 
-TEST_F(Invoking, UnknownNames_AreMarked) {
+TEST_F(Invoking, UnknownNames_GetTheUnknownIdentifier) {
     wchar_t member[] = L"Load";
     wchar_t known[] = L"iMode";
     wchar_t unknown[] = L"sCommand";
