@@ -23,7 +23,7 @@ TEST(LeavingClient, ProcessEndsWithALoadedForm_WindowIsNotDestroyed) {
     EXPECT_EQ(0u, client.ExitCode());
 }
 
-TEST(LeavingClient, ThreadsEndInsideMessages_LaterErrorsAreShown) {
+TEST(LeavingClient, ThreadsEndWhileTheyShowMessages_LaterErrorsAreShown) {
     const ClientProcess client(L"lose \"" + ComponentDll().wstring() + L'"');
     EXPECT_EQ(0u, client.ExitCode());
 }

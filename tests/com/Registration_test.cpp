@@ -1,4 +1,4 @@
-// Tests the registration in the real registry. A registration changes one hive, and it can be removed completely.
+// Tests the registration in the real registry. A registration changes only one hive. Its removal is complete.
 #include <algorithm>
 #include <cwchar>
 
@@ -49,7 +49,7 @@ TEST_F(Entries, EntriesWrittenAndRemoved_NoKeyRemains) {
     EXPECT_EQ(before, Content());
 }
 
-TEST_F(Entries, EntriesWrittenTwice_EqualEntriesWrittenOnce) {
+TEST_F(Entries, EntriesWrittenTwice_SecondWriteChangesNothing) {
     const Hive before = Content();
     host::com::WriteEntries(root.Get(), entries);
     const Hive once = Content();
@@ -86,7 +86,8 @@ TEST_F(Entries, RemoveFails_TheRestIsRemoved) {
     EXPECT_EQ(1u, Content().size()) << "more than the root key remains";
 }
 
-/// On Windows, this key exists for every user. In a new Wine prefix, the first registration for the user creates it.
+/// Creates the user's key Software\Classes if the key is missing, and returns its content. On Windows, every user has
+/// the key. In a new Wine prefix, the first registration for the user would create the key.
 Hive ExistingUserClasses() {
     HKEY key = nullptr;
     if (RegCreateKeyExW(HKEY_CURRENT_USER, L"Software\\Classes", 0, nullptr, 0, KEY_READ, nullptr, &key, nullptr) ==

@@ -53,8 +53,8 @@ bool IsInMemory(const fs::path& dll) {
     return GetModuleHandleW(dll.c_str()) != nullptr;
 }
 
-/// Copies the DLL to a new folder and returns the copy's path. No other test has used the copy in this process. A test
-/// needs this because a DLL stays in memory after its use.
+/// Copies the DLL to a new folder and returns the copy's path. No other test has used the copy in this process. Tests
+/// need a new copy, because a DLL stays in memory once DllGetClassObject was called.
 fs::path FreshCopy(const std::wstring& folderName = L"copy") {
     static int count = 0;
     const fs::path folder = DoubleFolder() / (folderName + L' ' + std::to_wstring(++count));

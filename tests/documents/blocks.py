@@ -5,7 +5,7 @@ The form of a block determines its meaning:
     ```                 with lines that start with "$ " (or "> " for the Windows prompt, in the package's
                         folder): commands, each followed by its output
     any language        after a line that ends with `build/try/NAME`: or `C:\\Orvane\\…`: the contents of that file
-    any language        after a line that ends with `FOLDER/NAME`: lines of that project file, quoted unchanged
+    any language        after a line that ends with `[FOLDER/]NAME`: lines of that project file, quoted unchanged
     anything else       an illustration
 A line "..." in expected output matches any number of lines.
 """
@@ -55,7 +55,7 @@ class Illustration:
 
 
 def place(path):
-    """Returns the path in the checkout of a file that a document names."""
+    """Returns where a file is in the checkout. `path` is the path of the file in a document."""
     return DRIVE + path[3:].replace("\\", "/") if path.startswith("C:\\") else path
 
 
@@ -73,7 +73,7 @@ def transcript(document, body):
 def read(document, text):
     """Returns the document's steps in order."""
     steps = []
-    after_commands = False  # if true, only blank lines follow the last command
+    after_commands = False  # if true, the previous block is an sh block
     end = 0
     for fence in FENCE.finditer(text):
         between = text[end:fence.start()].strip()

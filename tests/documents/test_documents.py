@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Follows the documents literally. Creates the files that the documents show, runs their commands in order and compares
-the output.
+"""Follows the documents literally. Creates the files that the documents show, runs the documents' commands in order
+and compares the output.
 
     test_documents.py PROJECT BUILD
 
@@ -26,7 +26,7 @@ TIMEOUT = 900  # seconds for all commands together; they take about 90
 # command, run it by hand.
 BUILDS = "a build takes minutes"
 NEEDS_THE_BUILD = "needs the files of a build that this test does not make"
-CHANGES_SOURCES = "needs or changes edited sources"
+CHANGES_SOURCES = "changes the sources, or needs changed sources"
 NOT_FOLLOWED = {
     "./demo": "installs and builds; the test's folder contains its results",
     "./test": "runs this test",

@@ -62,7 +62,7 @@ void CheckAnyText(const String& text) {
     if (slow.error != 0) return;
     const auto count = FieldTexts().size() - 1;
     const auto commas = static_cast<std::size_t>(std::count(text.begin(), text.end(), u','));
-    Require(count >= 1 && count <= commas + 1, "there are 1 to commas + 1 fields");
+    Require(count >= 1 && count <= commas + 1, "there is a field, and at most one field more than commas");
     Require(FieldValues().front() == static_cast<double>(count), "entry 0 of the values is the count");
     std::size_t length = 0;
     for (const String& field : FieldTexts()) length += field.size();

@@ -15,8 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     settings.Find(u"Marlento", u"Ver");
     settings.Find(text, text);
 
-    // A setting in a new section is found after any text. If the section already has the setting, the earlier value
-    // is found instead.
+    // A setting in an appended section is found, whatever the text contains. If the text already has this setting in
+    // this section, the earlier value is found instead.
     const bool nameIsTaken = settings.Find(u"own section", u"k") != nullptr;
     text += u"\n[own section]\nk=v";
     const IniText extended(locale, text);

@@ -54,6 +54,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Require(text && (isTaken || *text == u"v"), "an appended line is found");
     Require(extended.Count() == texts.Count() + (isTaken ? 0 : 1), "an appended line adds one text");
     Require(extended.SkippedLines() == texts.SkippedLines() + (isTaken ? 1 : 0),
-            "a taken identifier is one skipped line more");
+            "an appended line is skipped if its identifier is taken");
     return 0;
 }

@@ -1,5 +1,6 @@
-// Fuzzes the text layout with any text, wrap width and character widths. The lines must contain the text in order, and
-// each line must be as full as possible. Surrogate pairs must stay whole, and the work must be bounded.
+// Fuzzes the text layout with any text, many wrap widths, and characters of different widths. The lines must contain
+// the text in order, and each line must be as full as possible. Surrogate pairs must stay whole, and the work must be
+// bounded.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>
@@ -103,7 +104,7 @@ String TakeText(FuzzedDataProvider& data) {
     return text;
 }
 
-/// Splits `text` into paragraphs as the layout shows the paragraphs. Uses a simple method with several passes.
+/// Returns the paragraphs of `text` as the layout shows them. Uses a simple method with several passes.
 std::vector<String> Paragraphs(String text) {
     for (std::size_t at = 0; (at = text.find(u"\r\n", at)) != String::npos;) text.erase(at, 1);
     std::replace(text.begin(), text.end(), u'\r', u'\n');

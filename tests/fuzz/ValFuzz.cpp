@@ -110,8 +110,9 @@ void CheckRadix(FuzzedDataProvider& data) {
     const String text = (base == 16 ? u"&H" : u"&O") + runtime::FromAscii(digits.data());
     const double asShort = static_cast<std::int16_t>(bits);
     const double asLong = static_cast<std::int32_t>(bits);
-    Require(Read(text + u"&") == asLong, "a number with the suffix has 32 bits");
-    Require(Read(text) == (bits <= 0xFFFF ? asShort : asLong), "a number of up to 16 bits is a signed 16-bit number");
+    Require(Read(text + u"&") == asLong, "a hexadecimal or octal number with the suffix & has 32 bits");
+    Require(Read(text) == (bits <= 0xFFFF ? asShort : asLong),
+            "without the suffix, a number of up to 16 bits is a signed 16-bit number");
 }
 
 void CheckRoundTrip(FuzzedDataProvider& data) {

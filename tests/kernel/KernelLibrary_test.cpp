@@ -187,8 +187,8 @@ TEST_F(KernelLibraryTest, EnvironmentVariableOtherThan1_IsIgnored) {
     }
 }
 
-/// Makes a folder with a kernel library the current folder and the first folder of PATH. The library must not be
-/// loaded.
+/// Sets the current folder and the first folder of PATH to a folder with a kernel library. No library in this folder
+/// may be loaded.
 class PreparedLibraryTest : public KernelLibraryTest {
  protected:
     PreparedLibraryTest() {

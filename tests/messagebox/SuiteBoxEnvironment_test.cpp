@@ -130,7 +130,7 @@ int ResolutionOfTheSystem() {
 }
 
 // The test also runs while the system has a resolution other than 96 DPI; see tests/tool/test_locales.py.
-TEST_F(SuiteBoxEnvironment, HostChangesItsResolution_BoxUsesTheNewResolution) {
+TEST_F(SuiteBoxEnvironment, HostChangesItsDpiAwareness_BoxUsesTheDpiThatTheHostSees) {
     constexpr LONG_PTR kUnawareContext = -1;
     constexpr LONG_PTR kSystemContext = -2;
     constexpr double kPointsPerInch = 72;

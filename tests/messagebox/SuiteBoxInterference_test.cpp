@@ -101,7 +101,7 @@ TEST_F(SuiteBoxInterference, ClickMessageToADisabledOuterBox_IsIgnored) {
     ExpectNothingIsLeft();
 }
 
-TEST_F(SuiteBoxInterference, ClientsBusyPointer_IsAnArrowWhileOpen) {
+TEST_F(SuiteBoxInterference, ClientShowsABusyPointer_PointerIsAnArrowWhileTheBoxIsOpen) {
     const HCURSOR busy = LoadCursorW(nullptr, IDC_WAIT);
     const HCURSOR before = SetCursor(busy);
     const auto seeArrow = Do([](HWND) { EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW)); });

@@ -103,7 +103,8 @@ TEST_F(SuiteBoxResending, CharacterNeedsAltGr_IsPostedAsACharacter) {
     ExpectNothingIsLeft();
 }
 
-/// A box whose captions mark signs. On many keyboards, '+' shares a key with '=', and '~' shares a key with '`'.
+/// A box whose captions mark signs as access keys. On many keyboards, '+' shares a key with '=', and '~' shares a key
+/// with '`'.
 class SignedBox : public ChangedBox {
  public:
     SignedBox()
@@ -116,7 +117,8 @@ class SignedBox : public ChangedBox {
     std::int32_t AnswerTo(wchar_t sign) { return Ask(8 + 0x300, {FocusIsOn(L"Cancel"), Character(sign)}); }
     std::int32_t AnswerToWhile(WORD key, wchar_t sign) {
         std::optional<HeldKey> held;
-        // Wine keeps a process's view of the keyboard for up to 50 ms. The step waits until this process sees the key.
+        // A process may see the state of the keyboard up to 50 ms late under Wine. The step waits until this process
+        // sees the key.
         const DialogDriver::Step hold = [&](HWND) {
             if (!held) held.emplace(key);
             return GetAsyncKeyState(key) < 0;

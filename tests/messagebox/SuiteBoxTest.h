@@ -1,5 +1,6 @@
-// Fixture for the suite's message box. The box is a real window above a real owner, and the fixture records the owner's
-// messages. Most steps use the keyboard and the mouse through the system's input queue, as a user does.
+// Fixture for the suite's message box. The box is a real window above a real owner, and the fixture records when
+// the owner is enabled, disabled or activated. Most steps use the keyboard and the mouse through the system's input
+// queue, as a user does.
 #pragma once
 
 #include <functional>
@@ -47,7 +48,7 @@ class SuiteBoxTest : public AboveOwner<ComponentTest> {
     std::int32_t AskQuickly();
     void OnOwnerMessage(UINT message, WPARAM wParam) override;
 
-    std::vector<std::string> log_;  ///< the owner's messages
+    std::vector<std::string> log_;  ///< such as "disabled without a box", "activated"
     /// Actions when the owner is disabled, enabled or activated.
     std::function<void()> onDisabled_, onEnabled_, onActivated_;
 };

@@ -86,7 +86,7 @@ TEST_F(SuiteBox, CtrlC_CopiesTheTextAsTheSystemsBoxDoes) {
     ExpectNothingIsLeft();
 }
 
-// Without an owner, the system would empty the clipboard and then refuse the text.
+// If the clipboard were opened without a window, the system would empty the clipboard and then refuse the text.
 TEST_F(SuiteBox, NoWindowIsActive_ClipboardKeepsItsText) {
     runtime::WindowsPort& windows = runtime::CurrentPorts().windows;
     ASSERT_TRUE(windows.CopyToClipboard(u"R1"));

@@ -59,8 +59,8 @@ def give_keyboard_to(title):
 
 
 def press_until(key, is_over, title=None):
-    """Presses the key until `is_over` returns true, because disabled buttons ignore keys. If a title is given, focuses the
-    window with this title before each press."""
+    """Presses the key repeatedly until `is_over` returns true. One press is not enough, because disabled buttons ignore
+    keys. If a title is given, focuses the window with this title before each press."""
     end = time.monotonic() + TIMEOUT
     while not is_over():
         if time.monotonic() > end:
@@ -180,7 +180,7 @@ class Installation(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.setup = package("-setup.exe")
-        # Every Windows user has these keys. The script host creates some of them when it first runs.
+        # These keys exist on every Windows system. The first run of the script host creates more keys.
         run("reg.exe", "add", r"HKCU\Software\Classes", "/f")
         for hive in ("HKCU", "HKLM"):
             run("reg.exe", "add", hive + r"\Software\Microsoft\Windows\CurrentVersion\Uninstall", "/f")
@@ -385,7 +385,7 @@ class FilesOfOthers(Installation):
                 self.assertEqual(changes(self.registry, registry()), [])
                 (self.folder / name).unlink()
 
-    def test_following_the_message_replaces_the_first_set_up(self):
+    def test_set_up_succeeds_after_the_files_that_its_message_names_are_moved(self):
         with unpacked() as package_folder:
             shutil.copytree(package_folder, self.folder, dirs_exist_ok=True)
         shutil.rmtree(self.folder / "dev")
@@ -461,7 +461,8 @@ class InUse(Installation):
 
     def test_removal_changes_nothing(self):
         with host(self.folder):
-            # The uninstaller returns an exit code only if it runs from its own folder.
+            # With `_?=`, the uninstaller runs in its own folder and returns the result. Without `_?=`, a copy does the
+            # work, and the exit code says nothing about the result.
             self.assertEqual(run(self.folder / UNINSTALLER, "/S", r"_?=C:\used")[0], IN_USE)
             self.assert_refused()
             log_file().unlink()

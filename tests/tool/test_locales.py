@@ -137,7 +137,7 @@ class SystemResolution(unittest.TestCase):
         setting = ("HKCU\\Control Panel\\Desktop", "/v", "LogPixels")
         self.addCleanup(self.reg, "delete", *setting)
         self.reg("add", *setting, "/t", "REG_DWORD", "/d", "144")
-        output = output_of("de_DE", "messagebox_tests.exe", "--gtest_filter=SuiteBoxEnvironment.HostChangesItsResolution*")
+        output = output_of("de_DE", "messagebox_tests.exe", "--gtest_filter=SuiteBoxEnvironment.HostChangesItsDpiAwareness*")
         self.assertIn("[  PASSED  ] 1 test.\n", output)
 
 
