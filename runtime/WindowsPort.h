@@ -50,12 +50,12 @@ class WindowEvents {
 
     /// The user or the system asks to close the window.
     virtual void Closing(UnloadReason reason) = 0;
-    /// The form or other code created, moved or resized the window, or the window's state may have changed. May be
-    /// called without a change.
+    /// The window was created, moved or resized, or its state changed. The cause may be the form, the user or other
+    /// code. May be called without a change.
     /// - `outer`: the bounds in twips, rounded to whole pixels; meaningless while the window is minimised.
     /// - `state`: no value while the window is hidden.
     virtual void BoundsChanged(const Rect& outer, std::optional<WindowState> state) = 0;
-    /// The form or other code showed or hid the window. May be called without a change.
+    /// The window was shown or hidden, by the form or by other code. May be called without a change.
     virtual void VisibilityChanged(bool visible) = 0;
     virtual void Activated() = 0;
     /// The window itself got the keyboard focus. The form passes the focus to a control.

@@ -1,4 +1,4 @@
-// Runs the tests of FilesPort with MemoryFiles. Also tests the chosen failures and the log.
+// Runs the tests of FilesPort with MemoryFiles. Also tests FailChange, FailRead and the log.
 #include "runtime/headless/MemoryFiles.h"
 
 #include <gmock/gmock.h>

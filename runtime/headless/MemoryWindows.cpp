@@ -163,7 +163,7 @@ void MemoryWindow::SetBounds(const Rect& newOuter) {
 void MemoryWindow::Show(WindowState newState) {
     state = newState;
     const bool appears = !std::exchange(visible, true);
-    // Also report a change by the form, because Windows reports such a change.
+    // Report the change although the form itself makes it, because Windows reports it too.
     events_.VisibilityChanged(true);
     // A window that was hidden becomes active, unless it is minimised.
     if (appears && state != WindowState::kMinimised) events_.Activated();

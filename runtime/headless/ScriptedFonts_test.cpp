@@ -33,7 +33,7 @@ TEST(ScriptedFonts, LogsEachCall) {
                                        "make icon title", "delete 82"));
 }
 
-TEST(ScriptedFonts, DescribesNoIconTitles_CreatesNoFont) {
+TEST(ScriptedFonts, IconTitlesAreNotDescribed_NoFontIsCreated) {
     ScriptedFonts fonts;
     fonts.describesIconTitles = false;
     EXPECT_EQ(fonts.MakeIconTitleFont(), 0);

@@ -9,8 +9,9 @@ namespace runtime::headless {
 
 /// Returns the full path of `path`. The result starts with a drive or a share, has backslashes as separators, and
 /// contains no "." or "..". It ends with a backslash only if it is a root. `current` is the current folder as a full
-/// path. A path without a drive is relative to `current`. "C:name" is also relative to `current` if `current` is on
-/// drive C:. Returns no value if `path` is empty or contains a wildcard or another character that names cannot contain.
+/// path. A path without a drive or share is relative to `current`. "C:name" is also relative to `current` if `current`
+/// is on drive C:. Returns no value if `path` is empty or contains a wildcard or another character that names cannot
+/// contain.
 std::optional<String> FullPath(StringView path, StringView current);
 
 /// Returns the root of a full path: "C:\" or "\\server\share\".

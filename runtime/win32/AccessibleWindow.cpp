@@ -21,7 +21,7 @@ Function* AccessibilityEntry(const char* name) {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(GetProcAddress(AccessibilityLibrary(), name)));
 }
 
-/// Finds the description of IAccessible in the system's library.
+/// Loads the type information of IAccessible from the system's library.
 HRESULT DescribeAccessible(ITypeInfo** info) {
     *info = nullptr;
     wchar_t path[MAX_PATH];
@@ -34,12 +34,12 @@ HRESULT DescribeAccessible(ITypeInfo** info) {
     return result;
 }
 
-/// Passes calls to the system's object, except for the properties of the window itself that must differ from those of
-/// the system's object. The name is the unchanged text of the window. The system's object would remove a '&' from the
-/// text and report it as a shortcut.
+/// Passes most calls to the system's accessible object. This object itself returns the role, the name, the description
+/// and the keyboard shortcut of the window. The name is the unchanged text of the window. The system's object would
+/// remove a '&' from the text and report it as a shortcut.
 ///
-/// Through another interface of the system's object, a client would get the system's object itself. Therefore this
-/// object itself implements IEnumVARIANT and IOleWindow.
+/// If QueryInterface returned an interface of the system's object, the client would call the system's object directly.
+/// Therefore this object also implements IEnumVARIANT and IOleWindow.
 class AccessibleWindow final : public IAccessible, public IEnumVARIANT, public IOleWindow {
  public:
     /// Takes over the references `system` and `children`.

@@ -1,6 +1,6 @@
 // Stores the per-user settings in the registry. Each setting is a text value in the key "HKEY_CURRENT_USER\Software\VB
 // and VBA Program Settings\<application>\<section>". Names are not case-sensitive. Within an operation, the section
-// that was read last stays open.
+// that was read or written last stays open.
 #pragma once
 
 #include "runtime/SettingsPort.h"
@@ -16,7 +16,7 @@ class RegistrySettings : public SettingsPort {
     void Save(StringView application, StringView section, StringView key, StringView value) override;
 
  private:
-    /// Opens the section at `path` as opened_, which is then null if the section does not exist.
+    /// Opens the section at `path` and stores its key in opened_. Sets opened_ to null if the section does not exist.
     void OpenToRead(const String& path);
     /// Writes a value into the section at `path`. Creates a missing section. Returns the system's error.
     LSTATUS Write(const String& path, const String& key, const String& value);

@@ -382,9 +382,10 @@ TEST_F(MirroredWindow, Children_AreAtTheOtherSideAndTheFormKeepsItsSize) {
     }
 }
 
-/// Types through the system's input queue and waits until the form has logged `logged` events, at most 10 seconds.
 class KeyboardInputs : public RealInputs {
  protected:
+    /// Types `keys` through the system's input queue. Waits until the log of the form has `logged` entries, at most 10
+    /// seconds.
     void Send(const std::vector<WORD>& keys, std::size_t logged) {
         tests::SendKeys(keys);
         const ULONGLONG end = GetTickCount64() + 10'000;

@@ -1,5 +1,5 @@
-// A control with a list of items. If the widest item is wider than the list, the list scrolls sideways to the end of
-// that item.
+// A control with a list of items. If the widest item is wider than the list, the user can scroll the list sideways to
+// the end of that item.
 #pragma once
 
 #include <optional>
@@ -42,7 +42,7 @@ class Win32List : public Win32Control, protected NativeList {
 
     const Messages messages_;
     int widest_ = 0;                     ///< width of the widest item
-    int extent_ = 0;                     ///< how far the list scrolls; 0 if it does not scroll
+    int extent_ = 0;                     ///< horizontal extent of the list; 0 if the list does not scroll sideways
     std::optional<GdiMeasure> measure_;  ///< measures in the list's font; created for the first item
 };
 

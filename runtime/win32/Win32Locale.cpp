@@ -51,7 +51,7 @@ std::int32_t Win32Locale::UserDefaultLcid() {
 }
 
 std::optional<std::int16_t> Win32Locale::CharsetOf(std::int32_t lcid) {
-    // The signature is binary data. The system interprets the buffer's length in characters as a number of bytes.
+    // The signature is binary data. The system counts the length of its buffer in bytes.
     char bytes[kSignatureCharacters] = {};
     if (GetLocaleInfoA(static_cast<LCID>(lcid), LOCALE_FONTSIGNATURE, bytes, kSignatureCharacters) == 0) return {};
     LOCALESIGNATURE signature{};

@@ -71,7 +71,7 @@ KernelHandle MakeLock() {
 }
 
 /// While the object exists, no other thread of this process creates or releases a claim. All copies of this code in the
-/// process share the lock. The first lock raises error 7 if the system refuses the mutex. Later locks never fail.
+/// process share the lock. Error 7 if the system refuses the mutex. After the first success, a copy's locks never fail.
 class ClaimLock {
  public:
     ClaimLock() { WaitForSingleObject(Mutex(), INFINITE); }

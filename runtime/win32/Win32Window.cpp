@@ -200,8 +200,8 @@ LRESULT Win32Window::Default(UINT message, WPARAM wParam, LPARAM lParam) {
     return DefWindowProcW(window_, message, wParam, lParam);
 }
 
-// A form's handler may destroy this window. After an event that runs handlers, a branch returns at once or uses only
-// local variables. LosingFocus runs no handlers.
+// A form's handler may destroy this window. After an event that runs handlers, each function returns at once, uses
+// only local variables, or first calls Exists. LosingFocus runs no handlers.
 LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_CLOSE:

@@ -210,7 +210,7 @@ LRESULT CALLBACK UnloadForm(HWND window, UINT message, WPARAM wParam, LPARAM lPa
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-// Without its window, the form would paint the whole screen.
+// A redraw with a null handle, instead of the handle of the destroyed window, would repaint the whole screen.
 TEST_F(RealWindow, ControlUnloadsTheFormOnNewColours_NoOtherWindowIsPainted) {
     const MemoryFaults none;
     tests::HandledForm other(u"other");
@@ -368,7 +368,7 @@ TEST_F(RealWindow, WindowBounds_EqualTheFormsBounds) {
 /// Shows the window of a hidden form without the form's functions.
 class ShownByOtherCode : public RealWindow {
  protected:
-    /// Shows the window with `command` and hides it again. Checks that the form follows.
+    /// Shows the window with `command` and hides it again. Checks that the form has the same visibility and state.
     void ShowAndHide(int command) {
         form_.log.clear();
         ShowWindow(Window(), command);

@@ -43,8 +43,8 @@ struct Keystroke {
     bool pressesShift = false;  ///< the character needs Shift, and the user does not hold it
 };
 
-/// Returns the key that types `character`. Returns no value for a character outside ASCII, if no key types the
-/// character with at most Shift, or if a held key or Caps Lock would change the character.
+/// Returns the key that types `character`. Returns no value in three cases: the character is not ASCII, no key types it
+/// alone or with Shift, or a held key or Caps Lock might change it.
 std::optional<Keystroke> KeystrokeFor(char16_t character) {
     constexpr char16_t kLastAscii = 0x7F;
     constexpr SHORT kNoKey = -1;
