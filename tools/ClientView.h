@@ -19,9 +19,9 @@ bool IsSamePath(const String& one, const String& other);
 String ToolFolder();
 
 struct ComponentInForce {
-    String library;  ///< full path
+    String library;  ///< the registered path, which may not be a full path; or the full path of the tool's copy
     std::optional<Scope>
-        scope;  ///< no value: the component is not registered, and `library` is the copy in the tool's folder
+        scope;  ///< no value: no registered component can be used, and `library` is the copy in the tool's folder
 };
 
 /// Finds the component that COM loads for a client. Without a registration, returns the copy in the tool's folder.
@@ -37,8 +37,9 @@ std::optional<kernel_api::win32::FoundKernel> KernelOfClients(const String& comp
 /// Returns the path of QmxKrn2K.dll in the tool's folder if `KernelOfClients` finds no kernel. Otherwise returns "".
 String KernelBesideToolAlone(const String& componentFolder);
 
-/// Makes an object for the kernel that `KernelOfClients` finds. The first call loads the kernel. If there is no kernel,
-/// calls fail with error 53.
+/// Makes an object for the kernel that `KernelOfClients` finds. The object's first call loads the kernel. If there is
+/// no kernel, the object's calls fail with error 53. If the only kernel is in the tool's folder, this function throws
+/// error 53.
 std::unique_ptr<kernel_api::win32::KernelLibrary> MakeKernelOfClients(const String& componentFolder);
 
 /// Sets this process's ports, kernel and reader as the component sets them in a client. Returns the component. If the

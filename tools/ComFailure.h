@@ -1,4 +1,5 @@
-// ComFailure reports a failed COM call. It has the description from the server's error object.
+// ComFailure reports a failed COM call. It has the description from the server's error object, or the system's
+// text.
 #pragma once
 
 #include <exception>

@@ -1,6 +1,7 @@
-// Makes the findings of `backproc doctor`. The findings are in the order in which a client uses their subjects. A
-// subject that cannot be examined has no finding. MachineLook.cpp inspects the machine. This code only judges the state
-// that MachineLook.cpp returns, so that a test can cover each case.
+// Makes the findings of `backproc doctor`. The findings about the system and the tool come first. The other findings
+// are in the order in which a client uses their subjects. A subject that cannot be examined has no finding.
+// MachineLook.cpp inspects the machine. This code only judges the state that MachineLook.cpp returns, so that a test
+// can cover each case.
 #pragma once
 
 #include <optional>
@@ -20,7 +21,7 @@ enum class Scope { kMachine, kUser };
 
 /// The component's class entry in the registry.
 struct ClassEntry {
-    String library;                           ///< full path
+    String library;                           ///< the registered path, which may not be a full path
     String threadingModel;                    ///< empty if it is missing
     String typeLibrary;                       ///< the type library's registered path; empty if it is missing
     std::vector<std::string> noProxies = {};  ///< interfaces whose proxy entries are missing or wrong

@@ -111,7 +111,7 @@ TEST(Diagnosis, TypeLibraryOfAnotherVersion_IsBad) {
     ExpectBad(machine, "version", "the file has no version", "package");
 }
 
-TEST(Diagnosis, LoadFails_ShowsTheSystemsMessage) {
+TEST(Diagnosis, LoadingOrActivationFails_ShowsTheSystemsMessage) {
     MachineState machine = Sound();
     machine.component.loadFailure = "0x8007007E The module was not found";
     ExpectBad(machine, "loading", "0x8007007E", "package");
@@ -142,7 +142,7 @@ TEST(Diagnosis, MissingOrIncompleteKernel_IsBad) {
     ExpectBad(machine, "kernel", "File not found", "");
 }
 
-TEST(Diagnosis, NoKernel_HasNoFindingAboutTheLanguage) {
+TEST(Diagnosis, MissingOrIncompleteKernel_HasNoFindingAboutTheLanguage) {
     MachineState machine = Sound();
     machine.kernel.failure = "File not found: QmxKrn2K.dll";
     EXPECT_EQ(FindingOf(machine, "language").subject, "no finding about language");

@@ -1,4 +1,4 @@
-// Writes a report for a support ticket about the component.
+// Writes the findings of `backproc doctor`, and its report for a support ticket.
 #pragma once
 
 #include <iosfwd>

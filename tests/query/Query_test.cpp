@@ -159,7 +159,7 @@ TEST_F(Query, ExCommand_Cancels) {
 }
 
 /// A program may show a hidden window while the dialog is open, for example in a timer's handler.
-TEST_F(Query, WindowShownWhileOpen_IsDisabled) {
+TEST_F(Query, WindowShownWhileTheDialogIsOpen_IsDisabled) {
     ShowWindow(owner_, SW_HIDE);
     const auto showOwner = Do([this](HWND dialog) {
         ShowWindow(owner_, SW_SHOWNA);
@@ -170,14 +170,14 @@ TEST_F(Query, WindowShownWhileOpen_IsDisabled) {
     EXPECT_TRUE(IsWindowEnabled(owner_));
 }
 
-TEST_F(Query, WindowDisabledBefore_StaysDisabledAfterwards) {
+TEST_F(Query, WindowDisabledBeforeTheDialog_StaysDisabled) {
     ShowWindow(owner_, SW_HIDE);
     EnableWindow(owner_, FALSE);
     EXPECT_EQ(Ask({.values = {u"abc"}}, {ClickOn(L"Accept")}), (Answer{u"abc", 0}));
     EXPECT_FALSE(IsWindowEnabled(owner_));
 }
 
-TEST_F(Query, OwnerHiddenWhileOpen_DialogStaysOpen) {
+TEST_F(Query, OwnerHiddenWhileTheDialogIsOpen_DialogStaysOpen) {
     const auto hideOwner = Do([this](HWND dialog) {
         ShowWindow(owner_, SW_HIDE);
         EXPECT_TRUE(IsWindowVisible(dialog));

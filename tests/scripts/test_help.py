@@ -29,7 +29,7 @@ class Help(unittest.TestCase):
 
     def test_unknown_option_is_named_and_refused(self):
         for script in SCRIPTS:
-            # The arguments after wine-run belong to the program.
+            # wine-run passes unknown options to Wine.
             if script == "scripts/wine-run":
                 continue
             with self.subTest(script):

@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Tests scripts/setup with replacements for apt and dpkg. The tests check which packages the script installs on each
-system, which messages it prints first, and which systems it does not change."""
+system, what it prints before the installation, and which systems it does not change."""
 import os
 import pathlib
 import shutil
@@ -17,7 +17,8 @@ FEDORA = 'PRETTY_NAME="Fedora Linux 41"\nID=fedora\n'
 MINT = 'PRETTY_NAME="LMDE 6"\nID=linuxmint\nVERSION_CODENAME=faye\n'
 FORKY = 'PRETTY_NAME="Debian GNU/Linux forky/sid"\nID=debian\nVERSION_CODENAME=forky\n'
 
-# Each replacement logs its call. apt-get --simulate prints a plan from a file and fails if the file does not exist.
+# The replacements of dpkg and apt-get log their calls. apt-get --simulate prints a plan from a file and fails if the file
+# does not exist.
 STAND_INS = {
     "id": "echo 0",
     "dpkg-query": 'sed "s/^/installed /" installed',
@@ -78,7 +79,7 @@ class Setup(unittest.TestCase):
                 self.assertIn(" xvfb ", done.stderr)
                 self.assertEqual((self.folder / "calls").read_text(), "")
 
-    def test_if_no_package_is_missing_nothing_is_called_or_printed(self):
+    def test_if_no_package_is_missing_nothing_is_changed_or_printed(self):
         self.write("installed", "debootstrap\n")
         done = self.run_setup(BOOKWORM, "platforms")
         self.assertEqual((done.returncode, done.stdout, done.stderr), (0, "", ""))

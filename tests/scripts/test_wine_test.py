@@ -10,7 +10,7 @@ import sys
 import unittest
 
 SCRIPTS = pathlib.Path(__file__).resolve().parent.parent.parent / "scripts"
-TIMEOUT = 200  # seconds; making a prefix takes one or two seconds, the template of all prefixes ten
+TIMEOUT = 200  # seconds; a prefix is made in one or two seconds, and the template of all prefixes in ten
 
 prefix = ""
 program = ""

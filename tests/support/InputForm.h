@@ -1,4 +1,5 @@
-// A form with two buttons and one control of each input kind. It logs the keys that it receives.
+// A form with two buttons, a label and one control of each input kind. It logs the characters and the clicks that it
+// receives.
 #pragma once
 
 #include <functional>
@@ -33,7 +34,7 @@ class InputForm : public runtime::Form {
     runtime::Control &text, &combo, &dropDown, &block, &list, &button, &cancel, &label;
     /// Entries: "form 13" (character), "text 13" (focused control and character), "click button".
     std::vector<std::string> log;
-    /// The action of the control's own key handler.
+    /// Runs in the handler of the focused control, after `onKeyPress`.
     std::function<void(runtime::Control&, char16_t&)> onControlKeyPress;
     std::function<void(char16_t&)> onKeyPress;
 

@@ -36,7 +36,8 @@ inline void PrintTo(const Answer& answer, std::ostream* out) {
 inline const Answer kNoAnswer = {u"", -1};
 inline const Answer kButtonAnswer = {u"\x01", -100};
 
-/// Shows the process's shared dialog. The dialog uses `values` and `index` of `question` as the caller's variables.
+/// Shows the process's shared dialog. The dialog reads `values` and `index` of `question`, and writes the answer to
+/// them.
 inline Answer AskFor(Question& question) {
     const std::vector<runtime::String> asked = question.values;
     const runtime::String text =

@@ -1,4 +1,4 @@
-// Replaces the current reader. The end of the block restores the earlier reader.
+// Replaces the current reader. The destructor restores the earlier reader.
 #pragma once
 
 #include "kernel_api/Reader.h"

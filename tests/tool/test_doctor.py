@@ -15,7 +15,8 @@ CLASS = "{ECD8F3EF-620B-4D2C-8D9B-9F3E96273634}"
 
 
 def copy_package(folder, *left_out):
-    """Copies the component, its kernel and the tool into `folder`, without the files `left_out`. Returns the tool's path."""
+    """Copies the tool, the component, its manifest and the kernel into `folder`, except the files in `left_out`. Returns the
+    tool's path."""
     names = ("backproc.exe", "K4TBackProcess.dll", "K4TBackProcess.manifest", "dev/QmxKrn2K.dll")
     running.copy_built(folder, *(name for name in names if name not in left_out))
     return pathlib.Path(folder) / "backproc.exe"

@@ -3,8 +3,9 @@
 
     test_tool.py WINE_RUN BIN_FOLDER
 
-Each file in scenarios/ describes one run of the tool. This file has the tests that need several processes,
-prepared files, or a copy of the tool in another folder. The component is registered only for the tests that need it.
+Each file in scenarios/ describes one run of the tool. This file has the tests that a scenario cannot describe,
+for example tests with several processes, prepared files, or a copy of the tool in another folder. The component is
+registered only for the tests that need it.
 """
 import pathlib
 import shutil

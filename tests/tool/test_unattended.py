@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
 """Runs the tool and the example clients without a user. The component must answer each dialog at once and never show it.
+One test sets K4TBACKPROCESS_UNATTENDED to 0 and expects the dialog.
 
     test_unattended.py WINE_RUN BIN_FOLDER
 
@@ -109,7 +110,7 @@ class Unattended(RegisteredTestCase):
                 time.sleep(0.1)
             self.assertGreater(colours_on_screen(), 1)
             self.assertIsNone(box.poll())
-            # The trace shows that the program waits for the message.
+            # The trace shows that the message box was opened and has no answer yet.
             lines = trace.read_text(encoding="utf-8")
             self.assertIn(" message box=[suite] prompt=[Overwrite?]", lines)
             self.assertNotIn(" message answered ", lines)

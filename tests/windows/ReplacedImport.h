@@ -1,4 +1,4 @@
-// Replaces a function that this program imports from a system library. The end of the block restores the function. The
+// Replaces a function that this program imports from a system library. The destructor restores the function. The
 // replacement can record the arguments of the calls or choose their results. Only calls from the program's own code are
 // replaced.
 #pragma once
