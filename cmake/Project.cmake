@@ -32,7 +32,7 @@ if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
     # -O3 would make the DLL a tenth larger, but clients would notice no gain in speed. Only host/com/ keeps -O3.
     string(REPLACE "-O3" "-O2" CMAKE_CXX_FLAGS_RELEASE "${CMAKE_CXX_FLAGS_RELEASE}")
 endif()
-# These compiler options apply to the libraries. The tests are compiled without these options.
+# These compiler options apply to the libraries and the fuzz targets. The tests are compiled without these options.
 set(instrumentation)
 if(K4T_SANITIZE)
     list(APPEND instrumentation -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -47,14 +47,15 @@ if(K4T_COVERAGE)
     add_link_options(--coverage)
 endif()
 
-# Shipped programs have symbols with function names and line numbers (see split_symbols). Paths are relative to the
+# The symbols of shipped programs contain function names and line numbers (see split_symbols). Paths are relative to the
 # project's folder.
 set(symbols)
 if(WIN32 AND CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_BUILD_TYPE STREQUAL "Release")
     set(symbols $<$<COMPILE_LANGUAGE:C,CXX>:-g1> $<$<COMPILE_LANGUAGE:C,CXX>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=>)
 endif()
 
-# compile_together(TARGET): compiles all sources of TARGET as one file. The compiler then reads each header only once.
+# compile_together(TARGET): if K4T_UNITY is on, compiles all sources of TARGET as one file. The compiler then reads each
+# header only once.
 function(compile_together target)
     set_target_properties(${target} PROPERTIES UNITY_BUILD ${K4T_UNITY} UNITY_BUILD_BATCH_SIZE 0)
 endfunction()
@@ -88,8 +89,8 @@ function(split_symbols target)
         VERBATIM)
 endfunction()
 
-# test_sources(TARGET): sets the compiler options for tests. The sources of TARGET are compiled as one file and without
-# optimisation, because compiling the tests takes longer than running the tests.
+# test_sources(TARGET): calls compile_together and sets the compiler options for tests. GCC and clang compile the
+# tests for Windows without optimisation, because compiling the tests takes longer than running the tests.
 function(test_sources target)
     target_link_libraries(${target} PRIVATE project_options)
     if(WIN32 AND NOT MSVC)
@@ -102,7 +103,7 @@ endfunction()
 # into one program.
 #     PLATFORM  run natively with the in-memory back end, and under Wine with the Win32 back end
 #     SMOKE     use no platform; run natively, and under Wine as 32-bit code
-#     PORTABLE  use no platform; run natively only
+#     PORTABLE  use no platform or only the in-memory back end; run natively only
 function(unit_tests)
     cmake_parse_arguments(ARG "" "" "PLATFORM;SMOKE;PORTABLE" ${ARGN})
     set(files ${ARG_PLATFORM} ${ARG_SMOKE})

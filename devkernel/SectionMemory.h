@@ -21,14 +21,15 @@ using MappedView = runtime::win32::UniqueHandle<MappedViewPolicy>;
 /// Returns the name of the development kernel's memory. The value of the environment variable QMXKRN2K_STORE becomes
 /// part of the name. Processes with different values share no strings.
 runtime::String DevelopmentStoreName();
-/// The maximum size of the development kernel's strings in bytes, including keys and record heads.
+/// The maximum total size of the development kernel's strings in bytes, including keys and record heads.
 inline constexpr std::uint32_t kDevelopmentStoreCapacity = 256u << 20;
 
 /// In milliseconds. This is longer than any operation holds the lock. If a process is stopped while it holds the lock,
 /// the next write of each other process waits this long.
 inline constexpr std::uint32_t kLockTimeout = 10'000;
-/// In milliseconds. Later writes wait only this long, until one of them gets the lock. Most operations hold the lock
-/// for a shorter time. Therefore a write normally succeeds unless the lock's owner is stopped.
+/// In milliseconds. After a wait for the lock has timed out, the next writes of the same process wait only this long,
+/// until one of them gets the lock. Most operations hold the lock for a shorter time. Therefore a write normally
+/// succeeds unless the lock's owner is stopped.
 inline constexpr std::uint32_t kStuckLockTimeout = 30;
 
 class SectionMemory : public SharedMemory {

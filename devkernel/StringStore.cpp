@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::uint32_t kMagic = 0x4B584D51;  // "QMXK"
 constexpr std::uint32_t kVersion = 1;
-/// The store is not rewritten for fewer bytes of outdated records than this.
+/// In bytes. While the active space has room, outdated records up to this total size cause no rewrite.
 constexpr std::uint64_t kSlack = 0x10000;
 
 /// The start of a record. The key's bytes follow, then the value's bytes, then padding.
@@ -167,7 +167,7 @@ void StringStore::CatchUp() {
 
     const std::uint32_t used = memory_.Load(UsedOf(ActiveSpace()));
     if (used < seen_ || used > memory_.Capacity()) throw StoreError("the used size of the shared strings is invalid");
-    // Call View even if there are no new records, because an earlier View that failed has ended the access.
+    // Call View even if there are no new records, because an earlier View may have failed and ended the access.
     if (!memory_.View(ActiveSpace(), used)) throw StoreError("cannot map the shared strings into this process");
     while (seen_ < used) {
         const Record record = ReadRecord(memory_, ActiveSpace(), seen_, used);
@@ -209,7 +209,7 @@ bool StringStore::Append(std::string_view key, std::string_view value) {
 }
 
 bool StringStore::Rewrite(std::string_view key, std::string_view value, std::uint32_t liveAfter) {
-    // A failed append has ended the access to the active space.
+    // If Append has failed, this process may have no access to the active space.
     if (!memory_.View(ActiveSpace(), seen_) || !memory_.View(OtherSpace(), liveAfter)) return false;
     const auto kept = static_cast<std::uint32_t>(liveAfter - RecordSize(key.size(), value.size()));
     CopyLiveRecordsExcept(key, kept);
@@ -219,8 +219,8 @@ bool StringStore::Rewrite(std::string_view key, std::string_view value, std::uin
     return true;
 }
 
-/// Copies the records to the other space in the order of the log. `size` is the total size in bytes according to the
-/// index.
+/// Copies the valid records to the other space in the order of the log, except the record of `key`. `size` is the total
+/// size of the copied records in bytes according to the index.
 void StringStore::CopyLiveRecordsExcept(std::string_view key, std::uint32_t size) {
     std::uint32_t copied = 0;
     for (std::uint32_t offset = 0; size > 0 && offset < seen_;) {

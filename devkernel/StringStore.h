@@ -2,9 +2,10 @@
 // exactly.
 //
 // The memory has two spaces. The active space is a log. A change appends a record, which becomes visible when the
-// space's used size is written. When the outdated records need more bytes than the valid records, the valid records are
-// copied to the other space. The other space becomes active when the generation is written. If a process dies between
-// any two steps, the string has either the old or the new value. The used memory stays in proportion to the strings.
+// space's used size is written. If the outdated records need over 64 KiB more than the valid records, or if the active
+// space has no room for the record, the valid records are copied to the other space. The other space becomes active
+// when the generation is written. If a process dies between any two steps, the string has either the old or the new
+// value. The used memory stays in proportion to the strings.
 //
 // Each process has its own StringStore for the same memory, with its own index. Each call first updates the index from
 // the log. Any thread may call. Only a call that changes a string takes the memory's lock. The other calls copy the

@@ -40,7 +40,7 @@ class PromptForm : public runtime::Form {
     bool hasOpenPrompt_ = false;
 };
 
-/// The process's shared dialog of a kind; null before its first question.
+/// The process's shared dialog of a kind; null before its first question and after the forms were abandoned.
 template <typename Dialog>
 Dialog* SharedDialog() {
     return static_cast<Dialog*>(Dialog::Shared().get());

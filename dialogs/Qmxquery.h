@@ -26,11 +26,13 @@ class Qmxquery : public PromptForm {
 
     /// Asks one question and waits for the answer.
     /// - `kind` is a QueryKind; any other number is kText.
-    /// - `values[0]` is the initial text, without its trailing blanks. The other values are the items of a list.
+    /// - `values[0]` is the initial text. The dialog removes its trailing blanks. The other values are the items of a
+    ///   list.
     /// - On entry, `index` is the selected item, counted from 0, or -1 for none. On return, `index` is the subscript of
     ///   the chosen value in `values`, or a Result.
-    /// - The result is the answer: empty if the user cancelled, the character 1 for the extra button. If the dialog is
-    ///   closed without a button or Enter, the question is cancelled. The answer is also stored in `values[0]`.
+    /// - The result is the answer: empty if the user cancelled, the character U+0001 for the extra button. If the
+    ///   dialog is closed without a button or Enter, the question is cancelled. The answer is also stored in
+    ///   `values[0]`.
     ///
     /// Throws error 400 if this dialog has an open question. The open question is not affected. Other errors close the
     /// dialog and leave `index` unchanged: 6 (the prompt needs a height of more than 32 bits), 9 (no `values[0]`), 380

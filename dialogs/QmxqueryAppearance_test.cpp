@@ -124,8 +124,8 @@ TEST_F(Query, ShortPrompt_FormHasTheMinimumHeight) {
 }
 
 TEST_F(Query, PromptOfManyLines_FormIsHigher) {
-    // Ten lines of 60 characters are 5400 wide. 1 + 10 + 3 lines of 195 and 765 of the text block are 3495; the inner
-    // height is 3120.
+    // The prompt is 5400 wide, which counts as one more line. 1 + 10 + 3 lines are 14 x 195 = 2730 high. With the 765
+    // of the text block, the outer height is 3495. The inner height is 3120.
     String prompt(60, u'm');
     for (int i = 1; i < 10; ++i) prompt += u"\r\n" + String(60, u'm');
     Look({.kind = 4, .prompt = prompt}, [](MemoryWindow& dialog) {

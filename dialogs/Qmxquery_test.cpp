@@ -218,7 +218,7 @@ TEST_F(Query, OtherCharactersReachTheControls) {
     });
 }
 
-TEST_F(Query, OnlyControlF1OpensHelp) {
+TEST_F(Query, OnlyCtrlF1OpensHelp) {
     services::Values().helpFilePath = u"D:\\Pelorix\\Marlentine.HLP";
     Look({}, [this](MemoryWindow& dialog) {
         for (const std::int16_t shift : {0, 1, 3, 4, 6}) dialog.Events().KeyUp(kF1, shift);

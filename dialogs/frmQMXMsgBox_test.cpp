@@ -151,7 +151,7 @@ TEST_F(MessageBox, CtrlC_CopiesTitlePromptAndButtons) {
     EXPECT_EQ(memory_.windows.altKeys, u"");
 }
 
-TEST_F(MessageBox, CtrlCWithClipboardInUse_CopiesNothing) {
+TEST_F(MessageBox, ClipboardInUseOrOtherKeys_NothingIsCopied) {
     memory_.windows.isClipboardInUse = true;
     EXPECT_EQ(Ask(8,
                   [this](MemoryWindow& box) {
@@ -236,7 +236,7 @@ TEST_F(MessageBox, WidePromptWidensTheFormAndShiftsTheButtonsByHalf) {
         prompt);
 }
 
-TEST_F(MessageBox, OddGrowth_ButtonsMoveByHalfATwip) {
+TEST_F(MessageBox, OddGrowth_ButtonsMoveByTheUnroundedHalf) {
     // At 1 point a character is 11 twips wide. 343 characters are 3773 wide, 73 more than the label's 3700.
     class OnePointFontBox : public frmQMXMsgBox {
         void OnLoad() override {
@@ -253,7 +253,7 @@ TEST_F(MessageBox, OddGrowth_ButtonsMoveByHalfATwip) {
     box.ShowMe(runtime::String(343, u'm'), 0, u"");
 }
 
-/// Windows in which every text has the same size. The size may contain fractions of twips.
+/// Implements windows in memory. Every text has the same size, which may contain fractions of twips.
 class FixedTextSize : public runtime::headless::MemoryWindows {
  public:
     explicit FixedTextSize(runtime::Size size) : size_(size) { MakePixelsTwips(); }
@@ -264,7 +264,8 @@ class FixedTextSize : public runtime::headless::MemoryWindows {
 };
 
 TEST_F(MessageBox, PromptGrowsByHalfTwips_GrowthIsRoundedToEven) {
-    // The label is 3700 by 390. The label first grows by 1.5 twips in both directions, and then by 2.5 twips.
+    // The label is 3700 by 390. The first text needs 1.5 twips more in both directions, and the second text 2.5 twips
+    // more. The form grows by 2 twips in both cases.
     for (const runtime::Size text : {runtime::Size{3701.5F, 391.5F}, {3702.5F, 392.5F}}) {
         FixedTextSize windows(text);
         const runtime::Ports ports = tests::WithPort(ports_, windows);

@@ -191,7 +191,7 @@ TEST_F(Commands, HomeIsLostInsideMessages_LaterErrorsAreShown) {
     };
     Notify(u"All,SAVE");
     EXPECT_EQ(box_.prompts.size(), 9U);
-    // The abandoned messages have closed by now. They must not make the count negative.
+    // The abandoned messages have closed by now. They must not make the count of open messages negative.
     box_.prompts.clear();
     box_.onEachMessage = [&] {
         if (++commands <= 100) Notify(u"All,SAVE");
@@ -311,7 +311,7 @@ TEST_F(LanguageCommands, LzLoadFails_AllFormsAreUnloadedWithoutAMessage) {
     EXPECT_TRUE(NoneLoaded());
 }
 
-TEST_F(LanguageCommands, LzInALoadThatEndedInEx_ShowsNoMessage) {
+TEST_F(LanguageCommands, ExAndLzDuringTheLoad_NoMessageIsShown) {
     interruptedReader_.onNextText = [this] {
         Notify(u"All,EX");
         Notify(u"All,LZ");
@@ -331,8 +331,8 @@ TEST_F(LanguageCommands, LzCannotMakeTheWindow_ErrorIsShown) {
     EXPECT_THAT(box_.prompts, ElementsAre(u"Out of memory"));
 }
 
-// The client's error has the number of an undone load, but no load was undone.
-TEST_F(LanguageCommands, ClientsErrorOfAnUnloadedObject_IsShown) {
+// A load that EX ends fails with the same error number, and no message is shown. Here, the client throws the error.
+TEST_F(LanguageCommands, ClientThrowsObjectWasUnloaded_ErrorIsShown) {
     form_.EnsureLoaded();
     onEvent_ = [] { throw Error(runtime::kObjectWasUnloaded); };
     Notify(u"All,EX");
@@ -428,7 +428,7 @@ class StayingMainForm : public frmBackProcessMain {
     StayingMainForm() { staysLoaded_ = true; }
 };
 
-TEST_F(CommandsInMemory, FormStaysLoaded_ExUnloadsNothingButAnErrorUnloads) {
+TEST_F(CommandsInMemory, FormStaysLoaded_OnlyAnErrorUnloadsIt) {
     StayingMainForm staying;
     staying.EnsureLoaded();
     staying.AP_ExeCmd(u"All,EX");

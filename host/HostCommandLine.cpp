@@ -18,7 +18,7 @@ constexpr StringView kSystemFolderPrefix = u"/sys:";
 constexpr std::size_t kMaxPieces = 2;
 constexpr char16_t kQuote = u'"';
 
-/// Returns the parts of `commandLine` between double quotes. Trims the parts and omits empty parts.
+/// Splits `commandLine` at double quotes. Trims the parts and omits empty parts.
 std::vector<String> SplitAtQuotes(StringView commandLine) {
     std::vector<String> pieces;
     for (std::size_t start = 0; start <= commandLine.size();) {

@@ -67,8 +67,8 @@ HWND MailboxOf(const std::wstring& module) {
     return IsName(module) ? FindWindowW(kWindowClass, module.c_str()) : nullptr;
 }
 
-/// Encodes a text in ASCII without control characters. The ANSI code page cannot change an ASCII text. The queues use
-/// tabs and line ends as separators.
+/// Encodes a text in ASCII, because the ANSI code page cannot change an ASCII text. Also encodes control characters,
+/// because the queues use tabs and line ends as separators.
 std::string Escaped(const std::wstring& text) {
     constexpr char kDigits[] = "0123456789ABCDEF";
     std::string escaped;

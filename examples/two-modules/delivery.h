@@ -26,7 +26,7 @@
 #include <vector>
 
 enum class Delivery {
-    kStored,  ///< the command is in the queue, and the module was notified
+    kStored,  ///< the command is in the queue; it arrives with this notification or with the next one
     kBusy,    ///< nothing is stored: the queue is full, the lock was not free for two seconds, or the kernel failed
     kGone     ///< nothing is stored: no module with this name is running, or this mailbox is not open
 };

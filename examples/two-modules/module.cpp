@@ -216,7 +216,7 @@ void Module::NotifyServer(const std::wstring& addressee, const std::wstring& com
     } else if (command == L"SHUTDOWN") {
         Say(L"the component's form was unloaded");
     } else {
-        // The component raised the command in its own name. Deliver the command to every module, including this module.
+        // A command whose addressee is the component is for every module, including this module.
         for (const std::wstring& other : mailbox_->Others()) Deliver(other, command);
         Deliver(name_, command);
     }
