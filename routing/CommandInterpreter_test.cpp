@@ -87,7 +87,8 @@ class InterpreterTest : public tests::HeadlessComponentTest {
     std::int32_t ErrorOfExecuting(StringView command) {
         return ErrorOf([&] { Execute(command); });
     }
-    /// Makes the first unload of all forms fail. `dialog_` then stays loaded until the second unload.
+    /// Makes the first UnloadAll fail, because `failing_` throws. `dialog_` refuses to unload. It therefore stays
+    /// loaded until the second UnloadAll.
     void MakeFirstUnloadFail() {
         failing_.onUnload = [] { throw Error(runtime::kOverflow); };
         dialog_.refusesUnload = true;
@@ -355,7 +356,7 @@ TEST_F(Reentered, CommandInsideACommand_BothVerbsAreCarriedOut) {
     EXPECT_EQ(unloads_, 1);
 }
 
-TEST_F(Reentered, CommandDuringAFailuresUnload_IsCarriedOut) {
+TEST_F(Reentered, CommandDuringTheUnloadAfterAFailure_IsCarriedOut) {
     memory_.messageBox.answers = {1};
     kernel_.FailOn("DB_DataBase", Error(runtime::kFileNotFound));
     onUnload_ = [this] {

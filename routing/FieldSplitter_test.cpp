@@ -194,7 +194,7 @@ TEST_F(FieldSplitter, KeepsNulCharacters) {
     EXPECT_EQ(FieldTexts(), (std::vector<String>{u"", String(u"A\0", 2), String(u"\0B", 2)}));
 }
 
-TEST_F(FieldSplitter, Overflow_ErrorAndArraysEndAtThatField) {
+TEST_F(FieldSplitter, Overflow_IsErrorAndArraysEndWithThatField) {
     EXPECT_EQ(ErrorOf([] { SplitFields(u"1,2,1E999,4"); }), runtime::kOverflow);
     EXPECT_EQ(FieldTexts(), (std::vector<String>{u"", u"1", u"2", u"1E999"}));
     EXPECT_EQ(FieldValues(), (std::vector<double>{0, 1, 2, 0}));
@@ -257,7 +257,7 @@ TEST(FieldToNumber, IsZeroWithoutANumber) {
     EXPECT_EQ(FieldToNumber(u" "), 0);
 }
 
-TEST(FieldToNumber, IgnoresTheLeadingBlankOfWrittenNumbers) {
+TEST(FieldToNumber, LeadingBlank_IsIgnored) {
     EXPECT_EQ(FieldToNumber(u" 12"), 12);
 }
 

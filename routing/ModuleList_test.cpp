@@ -169,7 +169,7 @@ TEST_F(FormShown, OtherFormVisible_FormStaysUnloaded) {
     other_.Unload();
 }
 
-TEST_F(FormShown, HiddenOrVisibleForm_FalseOrTrue) {
+TEST_F(FormShown, LoadedForm_TrueOnlyWhileVisible) {
     other_.SetVisible(true);
     form_.EnsureLoaded();
     EXPECT_FALSE(IsFormShown(form_));

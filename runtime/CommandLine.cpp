@@ -14,8 +14,8 @@ bool IsEscaped(StringView text, std::size_t place) {
     return backslashes % 2 == 1;
 }
 
-/// Returns the text after the first word and the blanks that follow the word. A quote for which `counts` is false is a
-/// character of the word.
+/// Returns the text after the first word and the blanks and tabs that follow the word. A quote opens or closes a quoted
+/// part only if `counts` returns true for its position.
 template <typename Counts>
 StringView WithoutFirstWord(StringView text, Counts&& counts) {
     std::size_t i = 0;

@@ -80,9 +80,9 @@ class Control {
     /// - status bar, text box, text block, editable combo: the text
     /// - drop-down list, list box: the selected item, or "" if no item is selected
     ///
-    /// SetText and SetFont give a label with `sizesItself` the size of its text. The lines wrap at the width at which
-    /// the form, if it grows as much as the label, is as wide as the screen. If the design width of the label is
-    /// larger, the lines wrap there.
+    /// SetText and SetFont give a label with `sizesItself` the size of its text. The lines wrap at the screen's width
+    /// minus the width that the form has beside the label. If the design width of the label is larger, the lines wrap
+    /// at the design width.
     /// SetText on a list selects the first item with this text; error 383 if no item has it. SetText on an editable
     /// combo leaves no item selected. Text, SetText, Font and SetFont throw error 438 for a picture.
     String Text();

@@ -59,7 +59,7 @@ TEST_P(FilesPortTest, FailedChange_KeepsTheCurrentFolder) {
     EXPECT_EQ(Files().CurrentFolder(), before);
 }
 
-TEST_P(FilesPortTest, Match_IsTheNameAsStoredWithoutItsFolder) {
+TEST_P(FilesPortTest, Match_IsTheStoredNameWithoutTheFolder) {
     AddFile(u"Board.sch", "x");
     EXPECT_EQ(Files().FirstMatch(Path(u"Board.sch")), u"Board.sch");
     EXPECT_EQ(Files().FirstMatch(Path(u"bOARD.SCH")), u"Board.sch");

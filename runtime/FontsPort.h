@@ -19,8 +19,7 @@ class FontsPort {
     virtual NativeHandle StockGuiFont() = 0;
     /// Selects `font` into `context` and returns the previously selected font; 0 on failure.
     virtual NativeHandle Select(NativeHandle context, NativeHandle font) = 0;
-    /// Returns the face of the font that is selected into `context`. If the system call fails, returns the buffer's
-    /// initial content, 80 blanks.
+    /// Returns the face of the font that is selected into `context`. If the system call fails, returns 80 blanks.
     virtual String FaceName(NativeHandle context) = 0;
     /// Releases a device context of `window`.
     virtual void ReleaseContext(NativeHandle window, NativeHandle context) = 0;

@@ -181,21 +181,21 @@ class SilentForm : public Form {
     void OnKeyUp(std::int16_t& keyCode, std::int16_t) override { keyCode = keyCode == kKeyA ? 0 : keyCode; }
 };
 
-class FormWithoutHandlers : public tests::HeadlessTest {
+class FormWithKeyHandlersOnly : public tests::HeadlessTest {
  protected:
     WindowEvents& Events() { return memory_.windows.Last().Events(); }
 
     SilentForm form_;
 };
 
-TEST_F(FormWithoutHandlers, CharactersAndClicks_HaveNoEffect) {
+TEST_F(FormWithKeyHandlersOnly, CharactersAndClicks_HaveNoEffect) {
     form_.SetVisible(true);
     EXPECT_FALSE(Events().KeyPress(u'a'));
     Events().Clicked(0);
     EXPECT_TRUE(form_.IsLoaded());
 }
 
-TEST_F(FormWithoutHandlers, HandlersConsumeAKey_DownAndUpAreConsumed) {
+TEST_F(FormWithKeyHandlersOnly, HandlersConsumeAKey_DownAndUpAreConsumed) {
     form_.SetVisible(true);
     EXPECT_TRUE(Events().KeyDown(65, 0));
     EXPECT_FALSE(Events().KeyDown(66, 0));
@@ -203,7 +203,7 @@ TEST_F(FormWithoutHandlers, HandlersConsumeAKey_DownAndUpAreConsumed) {
     EXPECT_FALSE(Events().KeyUp(66, 0));
 }
 
-TEST_F(FormWithoutHandlers, ShowModalWhileVisible_IsError400) {
+TEST_F(FormWithKeyHandlersOnly, ShowModalWhileVisible_IsError400) {
     form_.SetVisible(true);
     EXPECT_EQ(ErrorOf([&] { form_.ShowModal(); }), kFormAlreadyDisplayed);
     EXPECT_TRUE(form_.Visible());

@@ -2,8 +2,8 @@
 // handlers run first and may consume the key. A key without a rule is passed to the control.
 //
 // If a key moves the focus, presses a button or cancels a list, the form consumes the key, and the key produces no
-// character. A held key continues to move the focus. A held key presses no button, because the user may have pressed
-// the key in another form.
+// character. A held key continues to move the focus. A held Enter, Space or Escape presses no button, because the user
+// may have pressed the key in another form.
 //
 // Three rules are not in the table:
 // - Alt with a letter presses the button whose caption marks the letter. If several captions mark it, the focus moves

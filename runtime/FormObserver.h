@@ -23,7 +23,7 @@ class FormObserver {
     virtual void UnloadRefused(const Form& form) noexcept = 0;
     virtual void Unloaded(const Form& form) noexcept = 0;
     /// `error` reaches no caller: IgnoreErrors has ignored it, or a handler has failed in the client's own message
-    /// loop. Any thread may call.
+    /// loop. May be called on any thread.
     virtual void ErrorIgnored(const std::exception& error) noexcept = 0;
 };
 

@@ -334,7 +334,7 @@ TEST_F(FormInMemory, OtherProgramShows_HandlerMayUnload) {
     EXPECT_THAT(form_.log, ElementsAre("load", "resize", "query 1", "unload"));
 }
 
-TEST_F(FormInMemory, WindowWasShownWithoutNotice_HideHidesTheWindow) {
+TEST_F(FormInMemory, WindowWasShownWithoutAnEvent_SetVisibleFalseHidesTheWindow) {
     form_.EnsureLoaded();
     memory_.windows.Last().visible = true;
     form_.SetVisible(false);

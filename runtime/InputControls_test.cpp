@@ -55,7 +55,7 @@ TEST_F(InputControls, AddItems_AddsAfterTheExistingItems) {
     }
 }
 
-TEST_F(InputControls, Loaded_HaveTheDesignValues) {
+TEST_F(InputControls, FirstLoad_SetsTheDesignValues) {
     EXPECT_EQ(form_.combo.Text(), u"Combo1");
     EXPECT_EQ(form_.text.Text(), u"");
     EXPECT_EQ(form_.list.ListIndex(), -1);
@@ -260,7 +260,7 @@ TEST_F(InputControlsInMemory, UserMovesFocus_LabelDoesNotGetTheFocus) {
     EXPECT_EQ(form_.FocusedControl(), &form_.list) << "the label got the focus";
 }
 
-TEST_F(InputControlsInMemory, HideFocusedControl_NextControlHasTheFocus) {
+TEST_F(InputControlsInMemory, HideFocusedControl_FirstControlInTabOrderHasTheFocus) {
     form_.SetVisible(true);
     headless::MemoryWindow& window = memory_.windows.Last();
     window.focused = &window.Control(u"list");

@@ -151,7 +151,7 @@ TEST_F(InputKeys, ArrowInAList_MovesTheSelectionAndNotTheFocus) {
     }
 }
 
-TEST_F(InputKeys, List_SelectsByFirstLetterHomeAndEnd) {
+TEST_F(InputKeys, FirstLetterHomeOrEndInAList_SelectsAnItem) {
     for (Control* control : {&form_.dropDown, &form_.list}) {
         Fill(*control);
         ShowOn(*control);
@@ -218,7 +218,7 @@ TEST_F(InputKeys, EscapeOnAnOpenList_RestoresTheSelectedItem) {
     }
 }
 
-TEST_F(InputKeys, EscapeOnAnOpenList_RestoresNoSelection) {
+TEST_F(InputKeys, EscapeOnAnOpenListWithoutSelection_SelectsNoItem) {
     Fill(form_.dropDown);
     ShowOn(form_.dropDown);
     user_.Press(kKeyF4);
@@ -296,7 +296,7 @@ TEST_F(InputKeysInMemory, HeldEnter_IsACharacterOnlyInTheTextBlock) {
     EXPECT_FALSE(events.KeyDown(kKeyEnter, 0, true));
 }
 
-TEST_F(InputKeysInMemory, EnterHeldSinceBeforeTheShow_InsertsNoLine) {
+TEST_F(InputKeysInMemory, EnterPressedBeforeTheShowAndHeld_InsertsNoLine) {
     for (int loads = 0; loads < 2; ++loads) {
         form_.SetVisible(true);
         form_.SetFocus(form_.block);

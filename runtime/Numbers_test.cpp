@@ -110,7 +110,7 @@ TEST(Val, HexAndOctal_AreSigned16BitOrSigned32Bit) {
     EXPECT_EQ(Val(u"&O37777777777"), -1);
 }
 
-TEST(Val, LongSuffix_KeepsSixteenBitNumbersPositive) {
+TEST(Val, AmpersandSuffix_KeepsSixteenBitNumbersPositive) {
     EXPECT_EQ(Val(u"&HFFFF&"), 65535);
     EXPECT_EQ(Val(u"&H8000&"), 32768);
     EXPECT_EQ(Val(u"&O177777&"), 65535);

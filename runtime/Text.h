@@ -27,7 +27,7 @@ String FromUtf8(std::string_view bytes);
 /// Returns `bytes` in UTF-16; no value if `bytes` is not valid UTF-8.
 std::optional<String> FromStrictUtf8(std::string_view bytes);
 
-/// Converts ASCII text. Use it for literals that exist only as char.
+/// Converts ASCII text. Use it for text that exists only as char.
 String FromAscii(std::string_view ascii);
 
 }  // namespace runtime

@@ -60,8 +60,8 @@ struct TextLayout {
     }
 };
 
-/// Breaks `text` into lines of at most `wrapWidth`. A `wrapWidth` of 0 or less puts one character on each line. Widths
-/// and heights are limited to the largest int.
+/// Breaks `text` into lines of at most `wrapWidth`. A `wrapWidth` below 0 means 0. Widths and heights are limited
+/// to the largest int.
 TextLayout LayOut(StringView text, int wrapWidth, TextMeasure& measure);
 
 }  // namespace runtime
