@@ -1,6 +1,6 @@
-// Replaces the dialogs in a run without a user. Answers each message and question at once, as if the user pressed
-// Escape, and shows no dialog. The composition uses this class if an environment variable requests a run without a
-// user. Use it only on the home thread.
+// Replaces the dialogs in a run without a user. Shows no dialog and answers each message and question at once: Cancel
+// if the dialog has this button (see Show for the other boxes). The composition uses this class if an environment
+// variable requests a run without a user. Use it only on the home thread.
 #pragma once
 
 #include <cstdint>

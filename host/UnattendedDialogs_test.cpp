@@ -46,7 +46,7 @@ class UnattendedRun : public tests::HeadlessTest {
     Composition composition_{unattendedPorts_, kernel_};
 };
 
-TEST_F(UnattendedRun, SystemBox_IsAnsweredAsIfByEscape) {
+TEST_F(UnattendedRun, SystemBox_IsAnsweredCancelOrElseOkNoOrAbort) {
     // Sets of buttons: OK; OK/Cancel; Abort/Retry/Ignore; Yes/No/Cancel; Yes/No; Retry/Cancel; Cancel/Try
     // Again/Continue.
     const std::vector<std::int32_t> answers = {1, 2, 3, 2, 7, 2, 2};

@@ -20,8 +20,8 @@ class clsQmxBackProcess final : public ServiceObject {
     explicit clsQmxBackProcess(NotifyServerEvent notifyServer);
     ~clsQmxBackProcess() override;
 
-    /// Unloads the shared main form while the event still reaches the client. Then removes the link. A second call does
-    /// nothing. If steps fail, runs the remaining steps and then throws the error.
+    /// Unloads the shared main form while the client can still receive SHUTDOWN. Then removes the link to the form. A
+    /// second call does nothing. If steps fail, runs the remaining steps and then throws the error.
     void Terminate() override;
 
     /// Loads the main form hidden. Returns false if the form was visible or the instance was terminated, otherwise
@@ -45,7 +45,8 @@ class clsQmxBackProcess final : public ServiceObject {
 
     /// The folder of the suite's INI file, ending in a backslash.
     const String& SystemFolder() const { return systemFolder_; }
-    /// The file on the host's command line; empty if the line names no file.
+    /// The existing file that the host's command line names. Empty if the line names no such file or has more than two
+    /// pieces.
     const String& StartFile() const { return startFile_; }
 
  private:

@@ -222,7 +222,7 @@ TEST_F(HostCommandLine, PieceThatMatchesNoFileSetsNothing) {
     EXPECT_EQ(MakeOn(u"C:\\missing.sch")->StartFile(), u"");
 }
 
-TEST_F(HostCommandLine, PatternDoesNotEndWithItsFirstMatch_SetsNothing) {
+TEST_F(HostCommandLine, PatternDoesNotEndWithTheMatchingFilesName_SetsNothing) {
     memory_.files.AddFile(u"C:\\a.sch");
     EXPECT_EQ(MakeOn(u"C:\\*.sch")->StartFile(), u"");
 }
@@ -379,7 +379,7 @@ TEST_F(LoadingInMemory, EarlierInstance_NoFormAndNoMessage) {
     EXPECT_EQ(LoadedWindowCount(), 0u);
     EXPECT_THAT(memory_.messageBox.shown, IsEmpty());
     EXPECT_EQ(Kept(u"K4TBACKPROCESS"), u"");
-    // Each of the three statements loads the form and receives SHUTDOWN.
+    // Each of the three statements tries to load the form. The client receives SHUTDOWN each time.
     EXPECT_THAT(received_,
                 ElementsAre("1 K4TBACKPROCESS|SHUTDOWN", "1 K4TBACKPROCESS|SHUTDOWN", "1 K4TBACKPROCESS|SHUTDOWN"));
 }

@@ -55,7 +55,7 @@ void frmBackProcessMain::SetForm(runtime::Form& form) {
 }
 
 void frmBackProcessMain::Abandon() {
-    // The form may have no window, because it is loading or unloading.
+    // While the form loads or unloads, it may have no window. AbandonWindow then only resets the form's state.
     AbandonWindow();
     interpreter_.AbandonOpenMessages();
     firstInstance_.reset();

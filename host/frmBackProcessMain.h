@@ -1,7 +1,6 @@
-// The main form is a hidden window. It owns the process's window handle, its status line and its outgoing event. The
-// event passes commands for other modules to all service objects. The form's load publishes this module's state to the
-// suite. The form's unload sends "SHUTDOWN" to the clients. Use it only on the home thread. Any thread may call
-// Abandon.
+// The main form is a hidden window with a status line and an outgoing event. The event passes commands for other
+// modules to all service objects. The form's load publishes this module's state to the suite. The form's unload sends
+// "SHUTDOWN" to the clients. Use it only on the home thread. Any thread may call Abandon.
 #pragma once
 
 #include <memory>

@@ -199,7 +199,7 @@ TEST_F(MainFormInMemory, LoadHidesTheFormAgain_HelpPathIsNotSetYet) {
 
 using MainFormUnload = MainFormOver<tests::ComponentTest>;
 
-TEST_F(MainFormUnload, UnloadsDialogsLoadedBeforeIt) {
+TEST_F(MainFormUnload, UnloadsDialogsLoadedBeforeAndAfterIt) {
     runtime::Form before({.name = u"before", .caption = u"", .inner = {3000, 1500}});
     runtime::Form after({.name = u"after", .caption = u"", .inner = {3000, 1500}});
     before.EnsureLoaded();
@@ -311,7 +311,7 @@ TEST_F(MainFormEventsInMemory, KeysHideTheForm) {
         key(window.Events());
         EXPECT_FALSE(form_.Visible());
     };
-    // The key that hides the form does not reach its controls.
+    // The controls do not get a KeyDown that hides the form. They get a KeyPress or a KeyUp that hides the form.
     hidesAfter([](auto& events) { EXPECT_TRUE(events.KeyDown(65, 0)); });
     hidesAfter([](auto& events) { EXPECT_FALSE(events.KeyPress(u'a')); });
     hidesAfter([](auto& events) { EXPECT_FALSE(events.KeyUp(65, 0)); });

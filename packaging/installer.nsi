@@ -60,8 +60,8 @@ Function FindWanted
   ${EndIf}
 FunctionEnd
 
-; Ends the program if the first version of the set-up has installed files. It kept no list, so this set-up cannot know
-; these files. The first version's uninstaller also deletes files of the suite.
+; Ends the program if the folder contains an installation by the first version of the set-up. That version kept no list,
+; so this set-up cannot know which files it installed. The first version's uninstaller also deletes files of the suite.
 Function RequireNoOldInstallation
   ReadRegStr $0 SHCTX "${REMOVAL_KEY}" UninstallString
   ${If} $0 == '"$INSTDIR\uninstall.exe"'

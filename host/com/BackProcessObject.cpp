@@ -120,7 +120,7 @@ HRESULT BackProcessObject::GetIDsOfNames(REFIID iid, LPOLESTR* names, UINT count
 
 HRESULT BackProcessObject::Invoke(DISPID member, REFIID iid, LCID lcid, WORD flags, DISPPARAMS* parameters,
                                   VARIANT* result, EXCEPINFO* exception, UINT* badArgument) {
-    // Return the code itself instead of DISP_E_EXCEPTION, because no member was called.
+    // Return RPC_E_WRONG_THREAD instead of DISP_E_EXCEPTION, because no member was called.
     if (!membership_.IsOnHomeThread()) return Member([] { return S_OK; });
     return GuardedInvoke(exception, [&] {
         const ScopedReference held(Identity());

@@ -2,8 +2,8 @@
 // and one connection point. It belongs to the home apartment until a client releases its last reference.
 //
 // The last release terminates the service object while the sinks are still connected. Then it disconnects the sinks. A
-// reference taken during that time stays valid, but every call on it fails with error 91. Each call and each event
-// holds a reference, so that the object is not destroyed during the call or event.
+// reference taken during that time stays valid, but later calls that need the service object fail with error 91. Each
+// call and each event holds a reference, so that the object is not destroyed during the call or event.
 //
 // Clients may call the object only on the home thread. On another thread, calls through an unmarshalled pointer fail
 // with RPC_E_WRONG_THREAD. If another thread releases the last reference, the home thread ends the instance.

@@ -14,8 +14,8 @@ std::unique_ptr<ServiceObject> MakeServiceObject(NotifyServerEvent notifyServer)
 /// Returns the number of the component's windows. Any thread may call.
 std::size_t LiveWindows() noexcept;
 /// Abandons all forms and runs no handler. The COM layer calls this function when the home apartment or its thread has
-/// ended and instances still exist. Any thread may call. The caller holds a lock, so the function must not wait for
-/// other threads.
+/// ended and instances or windows may still exist. Any thread may call. The caller holds a lock, so the function must
+/// not wait for other threads.
 void GiveUpForms() noexcept;
 
 }  // namespace host::com

@@ -16,7 +16,8 @@ struct Call {
     UINT* badArgument;  ///< may be null
 };
 
-/// Carries out `call`. Throws ComError for an invalid call. Errors of the service object reach the caller.
+/// Carries out `call`. Returns DISP_E_MEMBERNOTFOUND for an unknown member. Throws ComError for any other invalid call.
+/// Errors of the service object reach the caller.
 HRESULT InvokeMember(ServiceObject& service, const Call& call);
 
 /// Returns the identifiers of a member (the first name) and of its parameters (the other names). Ignores letter case.

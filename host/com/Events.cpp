@@ -15,7 +15,7 @@ namespace {
 
 constexpr DISPID kNotifyServer = 1;
 
-/// Owns a sink's description of its failure. The destructor frees the strings for every result of the sink.
+/// Owns a sink's description of its failure. The destructor frees the strings, whatever result the sink returned.
 class SinkException {
  public:
     SinkException() = default;

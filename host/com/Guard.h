@@ -52,8 +52,8 @@ void Clear(Result* result) noexcept {
 HRESULT HresultOf(const runtime::Error& error) noexcept;
 /// True if `code` is the HRESULT of a runtime error: 0x800A0000 + number.
 bool IsRuntimeError(HRESULT code) noexcept;
-/// Converts an HRESULT that a client's sink returned to an error number. If the HRESULT is not the HRESULT of a runtime
-/// error, the number is the HRESULT itself.
+/// Returns the error number for the result `code` of a client's sink. If `code` is not the HRESULT of a runtime error,
+/// the number is `code` itself.
 std::int32_t NumberOf(HRESULT code) noexcept;
 
 /// Returns the HRESULT for the exception that is being handled. Stores the exception's description in the thread's

@@ -3,9 +3,9 @@
 // get proxies, and COM marshals calls and events between the threads. The home ends when there are no instances and no
 // windows. Then the next client's apartment becomes the home.
 //
-// A home ends early if its thread ends or leaves COM while instances exist. A later call notices this and abandons the
-// forms of the old home. The next home loads its own forms. The remaining instances of the old home reach no form and
-// receive no event. Calls on these instances return RPC_E_WRONG_THREAD.
+// A home ends early if its thread ends or leaves COM while instances or windows exist. A later call notices this and
+// abandons the forms of the old home. The next home loads its own forms. The remaining instances of the old home reach
+// no form and receive no event. Calls on these instances return RPC_E_WRONG_THREAD.
 //
 // This file also counts every object that needs the DLL, because two questions depend on each other: may the DLL be
 // unloaded, and is the home still needed? Any thread may call all functions.
@@ -22,7 +22,7 @@ class BackProcessObject;
 /// The membership of one instance in a home. The destructor removes the instance from the home's count.
 class HomeMembership {
  public:
-    /// The calling thread is the thread of the home `generation`. The home has counted the instance already.
+    /// Call it on the thread of the home `generation`, after the home has counted the instance.
     explicit HomeMembership(unsigned generation) noexcept : generation_(generation) {}
     HomeMembership(HomeMembership&& other) noexcept
         : generation_(std::exchange(other.generation_, 0)), threadId_(other.threadId_) {}
@@ -39,7 +39,7 @@ class HomeMembership {
     DWORD threadId_ = GetCurrentThreadId();
 };
 
-/// A member of each factory and enumerator. It keeps the DLL in memory, but not the home.
+/// A member of each client's factory and of each enumerator. It keeps the DLL in memory, but not the home.
 class ServerReference {
  public:
     ServerReference() noexcept;
@@ -50,7 +50,7 @@ class ServerReference {
 
 /// Adds or removes a client's lock, which keeps the DLL in memory. Removing a lock that was not added does nothing.
 void LockServer(bool lock) noexcept;
-/// True if no object needs the DLL's code.
+/// True if nothing needs the DLL's code: no object, no window and no client's lock.
 bool CanUnload() noexcept;
 
 /// Creates an instance in the home apartment. If there is no home, the calling thread's apartment becomes the home.

@@ -76,8 +76,8 @@ void AddInterface(EntryList& list, REFIID iid, StringView name, StringView marsh
     list.Add(key / u"TypeLib", u"Version", kVersion);
 }
 
-/// Adds the marshaller for 16-bit programs. LoadTypeLibEx and RegisterTypeLib write this entry; Register does not need
-/// it.
+/// Adds the entry of the marshaller for 16-bit programs. Register does not write this entry. LoadTypeLibEx and
+/// RegisterTypeLib write it, so Unregister removes it.
 void AddInterfaceOfTypeLibrary(EntryList& list, REFIID iid, StringView marshaller) {
     list.AddDefault(String(u"Interface") / Text(iid) / u"ProxyStubClsid", marshaller);
 }

@@ -7,7 +7,7 @@
 namespace kernel_api::builtin {
 namespace {
 
-/// Parses the text only up to the requested field. Parses each part of the text once.
+/// Parses the text only up to the requested field. Stores the parsed fields, so that no field is parsed twice.
 class BuiltInFieldParser : public FieldParser {
  public:
     void SetText(StringView text) override {
@@ -28,8 +28,8 @@ class BuiltInFieldParser : public FieldParser {
     }
 
  private:
-    /// The size of a buffer that is kept, in characters. SetText frees a larger buffer if the new text fits into this
-    /// size.
+    /// A buffer of up to this number of characters is kept for the next text. SetText frees a larger buffer if the new
+    /// text fits into this size.
     static constexpr std::size_t kRoomKept = 65536;
 
     String text_;

@@ -1,5 +1,5 @@
-// Splits texts into fields. For every short text, one test compares the fields with the fields of the tests' simple,
-// slow splitter.
+// Splits texts into fields. For every short text for which the field splitter returns, one test compares the fields
+// with the fields of the tests' simple, slow splitter.
 #include "kernel_api/builtin/BuiltInSplitter.h"
 #include "kernel_api/Suite.h"
 
@@ -80,7 +80,7 @@ TEST_F(FieldParserTest, QuoteThatNeverCloses_FieldIsTheRestOfTheText) {
     EXPECT_EQ(Fields(uR"("A","B)", 3), (Texts{u"A", u"B", u""}));
 }
 
-TEST_F(FieldParserTest, QuoteAtTheEndIsAPlainField) {
+TEST_F(FieldParserTest, LastFieldIsOnlyAQuote_FieldIsTheQuote) {
     EXPECT_EQ(Fields(uR"(")", 1), (Texts{uR"(")"}));
     EXPECT_EQ(Fields(uR"(A,")", 2), (Texts{u"A", uR"(")"}));
 }
@@ -91,7 +91,7 @@ TEST_F(FieldParserTest, FieldMayContainAnyCharacter) {
 }
 
 // Tries every text of up to seven of these characters. Skips texts for which the field splitter never returns.
-TEST_F(FieldParserTest, ShortTexts_SplitAsByTheFieldSplitter) {
+TEST_F(FieldParserTest, ShortText_HasTheFieldsOfTheFieldSplitter) {
     constexpr StringView kCharacters = u"\",Ab";
     for (std::size_t number = 1; number < (1U << 15); ++number) {
         String text;

@@ -102,7 +102,7 @@ bool TextFile::Add(StringView identifier, StringView text) {
 
 void TextFile::Grow() {
     constexpr std::size_t kFewest = 16;
-    // The number of slots is a power of two, because Place() uses it as a mask.
+    // The number of slots is a power of two, because Place() uses the number minus 1 as a bit mask.
     const auto former = std::exchange(slots_, std::vector<Slot>(std::max(kFewest, 2 * slots_.size())));
     for (const Slot& slot : former) {
         if (slot.end != 0) slots_[Place(EntryOf(slot).identifier, slot.hash)] = slot;

@@ -33,9 +33,9 @@ class WatchedFile {
     bool IsChecked() const { return isChecked_; }
 
     /// If the path or the file has changed, calls `take` with the file's bytes, or without a value if there is no file.
-    /// If a changed file cannot be read, does not call `take`, and the next call tries again. Another program may be
-    /// writing the file, for example. If the path has changed and the new file cannot be read, the file is treated as
-    /// missing.
+    /// If a changed file cannot be read, does not call `take`, and the next check of the stamp tries again. Another
+    /// program may be writing the file, for example. If the path has changed and the new file cannot be read, the file
+    /// is treated as missing.
     template <typename Take>
     void Refresh(Take&& take) {
         if (!changed_ && isChecked_) return;
@@ -48,8 +48,8 @@ class WatchedFile {
             bytes = files_.Read(path_);
             if (!bytes && !changed_) return;
         }
-        // The next call tries again to read a file that could not be read. A too large file is tried again only after a
-        // change.
+        // The next check tries again to read a file that could not be read. A too large file is tried again only after
+        // a change.
         stamp_ = bytes || isTooLarge ? stamp : std::nullopt;
         changed_ = false;
         take(bytes);

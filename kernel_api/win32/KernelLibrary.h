@@ -33,9 +33,10 @@ inline constexpr const char16_t* kDevelopmentFolder = u"dev";
 /// The environment variable that requests the development kernel. With the value 1, no other kernel is tried.
 inline constexpr const wchar_t* kAskForDevelopmentKernel = L"K4TBACKPROCESS_DEVELOPMENT_KERNEL";
 
-/// Finds the library that a component in `componentFolder` loads in a program in `programFolder`. Searches the places
-/// in the order of KernelPlace and skips empty folders. Returns no value if no place has the file. Does not search the
-/// current folder and PATH.
+/// Finds the kernel library for a component in `componentFolder` and a program in `programFolder`. If the environment
+/// variable requests the development kernel, looks only for that kernel. Otherwise searches the other places in the
+/// order of KernelPlace and skips empty folders. Returns no value if no place has the file. Does not search the current
+/// folder and PATH.
 std::optional<FoundKernel> FindKernel(const String& componentFolder, const String& programFolder);
 
 /// Each call can raise error 53 (no library), 48 (the library does not load) or 453 (the library lacks the entry).
