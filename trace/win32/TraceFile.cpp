@@ -91,11 +91,12 @@ bool TraceFile::WriteLocked(std::string_view line) {
 bool TraceFile::Lock() {
     const ULONGLONG start = GetTickCount64();
     for (int attempt = 0;; ++attempt) {
+        // Look at the time before the attempt, so that a thread that was stopped makes a last attempt.
+        const bool isLate = isBlocked_ || GetTickCount64() - start > static_cast<ULONGLONG>(kMaxWait.count());
         OVERLAPPED place = LockPlace();
         const DWORD flags = LOCKFILE_EXCLUSIVE_LOCK | LOCKFILE_FAIL_IMMEDIATELY;
         const bool isLocked = LockFileEx(file_.Get(), flags, 0, kLockedBytes, 0, &place) != FALSE;
         const bool isHeldElsewhere = !isLocked && GetLastError() == ERROR_LOCK_VIOLATION;
-        const bool isLate = isBlocked_ || GetTickCount64() - start > static_cast<ULONGLONG>(kMaxWait.count());
         if (!isHeldElsewhere || isLate) {
             isBlocked_ = isHeldElsewhere;
             return isLocked;
