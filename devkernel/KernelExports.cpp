@@ -29,7 +29,8 @@ struct Connection {
     ThreadTexts texts;
 };
 
-/// Null before the first use. DllMain reads this pointer, because it must not connect while it holds the loader's lock.
+/// Null before the first use. DllMain reads this pointer and does not call Connected(), because it must not
+/// connect while it holds the loader's lock.
 std::atomic<Connection*> connection = nullptr;
 
 /// Keeps the library in memory until the process ends, because the compiler's static runtime frees neither its TLS slot

@@ -19,7 +19,7 @@ class Observer : public runtime::FormObserver {
     /// The main form's load has failed. All forms will be unloaded. The error does not reach the caller of the load.
     virtual void LoadShutDown(const std::exception& error) noexcept = 0;
     /// A command has failed. The error will be shown to the user, unless it is a silent error or too many messages are
-    /// open. Then all forms will be unloaded.
+    /// open. In each case, all forms will then be unloaded.
     virtual void CommandFailed(const std::exception_ptr& error) noexcept = 0;
     /// The component is about to call a client's sink with an event. `connection` is the cookie that Advise returned.
     /// Returns the start time of the call.

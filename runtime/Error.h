@@ -1,5 +1,6 @@
 // Defines run-time errors with the numbers and descriptions of the classic BASIC forms runtime. Code throws an error if
-// its caller cannot reasonably continue. A COM client receives a runtime error as HRESULT 0x800A0000 + number.
+// its caller cannot reasonably continue. A COM client receives a runtime error with a number up to 65535 as HRESULT
+// 0x800A0000 + number.
 #pragma once
 
 #include <cstdint>
@@ -82,7 +83,7 @@ Error ErrorAbout(std::int32_t number, StringView about);
 /// Reports an ignored error to the observer of forms, if there is an observer. Any thread may call.
 void NoteIgnored(const std::exception& error) noexcept;
 
-/// Runs `statement` and ignores its exception, so that the caller continues with its next statement.
+/// Runs `statement`. Reports a std::exception with NoteIgnored, and the caller continues.
 template <typename Statement>
 void IgnoreErrors(Statement&& statement) {
     try {

@@ -14,7 +14,7 @@ TEST(ModuleListCheck, ModuleList_LengthAndComponentsPositionAreFound) {
     EXPECT_EQ(check.problem, "");
 }
 
-TEST(ModuleListCheck, MissingNameOrEmptyList_GivesZero) {
+TEST(ModuleListCheck, ListLacksTheExactOwnNameOrIsEmpty_OwnIndexIsZero) {
     EXPECT_EQ(CheckModuleList(u"EDITOR,k4tbackprocess").ownPlace, 0U);
     EXPECT_EQ(CheckModuleList(u"").count, 0U);
 }

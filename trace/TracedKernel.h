@@ -1,5 +1,5 @@
-// Traces the suite's kernel. Writes a line for each call: the key, the given value and the returned value, or the
-// error, and the time of the call.
+// Traces the suite's kernel. Writes a line for each call, with the arguments, the result or the error, and the
+// duration of the call.
 #pragma once
 
 #include "kernel_api/Kernel.h"

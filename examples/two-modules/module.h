@@ -18,7 +18,7 @@ using Com = std::unique_ptr<Interface, ReleaseInterface>;
 
 /// Prints arriving commands in the module's window and on standard output. Reads these lines from standard input:
 ///     MODULE COMMAND   raises COMMAND for MODULE
-///     all COMMAND      raises COMMAND for all modules; the event's addressee is the component
+///     all COMMAND      raises COMMAND for all modules, with the component as addressee
 ///     language FOLDER  sets the suite's language folder and raises All,LZ for all modules
 ///     quit             closes the window and ends the program
 class Module {

@@ -9,7 +9,8 @@ Win32ListBox::Win32ListBox(Win32Window& parent, Win32Windows& system, const Cont
                 {WC_LISTBOXW, LBS_NOTIFY | LBS_HASSTRINGS | WS_VSCROLL | WS_HSCROLL, WS_EX_CLIENTEDGE},
                 {LB_ADDSTRING, LB_RESETCONTENT, LB_GETCOUNT, LB_GETTEXTLEN, LB_GETTEXT, LB_SETCURSEL, LB_GETCURSEL,
                  LB_SETHORIZONTALEXTENT}) {
-    // The list shows the scroll bar when an item needs the bar. A permanent bar would use the place of an item.
+    // Hide the horizontal scroll bar. The list shows it when an item is wider than the list. A permanent bar would use
+    // the place of an item.
     ShowScrollBar(Window(), SB_HORZ, FALSE);
 }
 
@@ -19,7 +20,8 @@ void Win32ListBox::SetBounds(const Rect& bounds) {
 }
 
 void Win32ListBox::Clear() {
-    // When the scroll bar appeared, the list box reduced its height to a whole number of items.
+    // Restore the height. The list box reduced its height to a whole number of items when the horizontal scroll bar
+    // appeared.
     if (RemoveItems()) SetBounds(bounds_);
 }
 

@@ -34,7 +34,7 @@ class WineTest(unittest.TestCase):
     def test_program_that_ends_inside_a_test_fails(self):
         code, errors = run(SCRIPTS / "wine-run", program)
         self.assertEqual(code, 1)
-        self.assertIn("the test program ended before its last test", errors)
+        self.assertIn("the test program ended before it had finished all tests", errors)
 
 
 if __name__ == "__main__":

@@ -64,7 +64,7 @@ class TraceFileTest : public ::testing::Test {
 
 using Texts = std::vector<std::string>;
 
-TEST_F(TraceFileTest, Lines_FollowTimeProcessAndThread) {
+TEST_F(TraceFileTest, Lines_BeginWithTimeProcessAndThread) {
     TraceFile::Open(Path())->Write("first");
     TraceFile::Open(Path())->Write("second");
     EXPECT_EQ(Lines(), (Texts{"first", "second"}));
@@ -135,7 +135,7 @@ TEST_F(TraceFileTest, LockIsNotReleased_WaitsOnceAndCountsLostLines) {
     file->CountLost();
     EXPECT_GE(firstWait, kMaxWait);
     EXPECT_LT(Clock::now() - start, kMaxWait + std::chrono::seconds(2));
-    // The system does the same when the process ends.
+    // Release the lock, as the system does when the process that holds the lock ends.
     held.Reset();
     file->Write("again");
     file->Write("and again");
