@@ -153,7 +153,7 @@ TEST(StringStore, ReadingAndUnchangedSet_TakeNoLock) {
     EXPECT_TRUE(store.Set("key", "value"));
 }
 
-TEST(StringStore, ManyChanges_UsedMemoryStaysInProportion) {
+TEST(StringStore, ManyChanges_UsedMemoryStaysLimited) {
     HeapMemory memory(kRoom);
     StringStore writer(memory);
     StringStore reader(memory);
@@ -187,7 +187,7 @@ TEST(StringStore, ReplacesAValueThatFillsTheMemory) {
     EXPECT_THAT(store.Get("a"), Optional(std::string(980, 'b')));
 }
 
-TEST(StringStore, ValueUpToTheCapacity_IsStored) {
+TEST(StringStore, RecordUpToTheCapacity_IsStored) {
     HeapMemory memory(1000);
     StringStore store(memory);
     // A record has 8 bytes before its key and ends at a multiple of 4: 8 + 1 + 991 = 1000.
@@ -206,7 +206,7 @@ TEST(StringStore, Rewrite_ReleasesTheOldSpace) {
     EXPECT_EQ(memory.released, std::vector<std::uint32_t>{0});
 }
 
-TEST(StringStore, SystemGrantsNoMemory_OldValueIsKept) {
+TEST(StringStore, SystemGrantsTooLittleMemory_OldValueIsKept) {
     HeapMemory memory(kRoom);
     StringStore store(memory);
     EXPECT_TRUE(store.Set("a", "old"));

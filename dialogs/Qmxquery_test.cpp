@@ -49,7 +49,7 @@ TEST_F(Query, OnlyBlanksAreStripped) {
     EXPECT_EQ(Ask({.values = {u"    "}}, PressEnter), (Answer{u"", 0}));
 }
 
-TEST_F(Query, Index_IsAnItemOnEntryAndASubscriptOnReturn) {
+TEST_F(Query, Index_CountsItemsOnEntryAndValuesOnReturn) {
     for (const std::int32_t kind : {3, 5}) {
         const Question question{.kind = kind, .values = {u"x", u"A", u"B", u"C"}, .index = 1};
         EXPECT_EQ(Ask(question, Clicks(u"cmdAccept")), (Answer{u"B", 2}));
@@ -210,7 +210,7 @@ TEST_F(Query, EnterInTheTextBlock_StartsALine) {
     EXPECT_EQ(Ask({.kind = 4, .values = {u"abc"}}, type), (Answer{u"a\r\nb", 0}));
 }
 
-TEST_F(Query, OtherCharactersReachTheControls) {
+TEST_F(Query, CharactersOtherThanEnter_ReachTheControls) {
     Look({}, [](MemoryWindow& dialog) {
         for (const char16_t character : {u'a', u'\n', u' ', u'\u3042'}) {
             EXPECT_FALSE(dialog.Events().KeyPress(character));

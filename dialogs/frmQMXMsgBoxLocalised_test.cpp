@@ -71,7 +71,8 @@ TEST_F(LocalisedBox, TranslatedAccessKey_PressesTheButton) {
 
 TEST_F(LocalisedBox, Load_KeepsTheLabelsDesignSize) {
     Values().uiFont = {u"Arial", 16, 161};
-    // A short prompt is measured against the design, not against the placeholder in the new font.
+    // The box compares the size of a short prompt with the label's size in the design. The new font does not change
+    // that size.
     Look(u"A?", [](MemoryWindow& box) {
         EXPECT_EQ(box.Control(u"lblPrompt").bounds, (runtime::Rect{945, 240, 3700, 390}));
         EXPECT_EQ(box.Control(u"lblPrompt").font, (Font{u"Arial", 16, 161, false}));

@@ -43,7 +43,7 @@ String OneLine(StringView text) {
     return line;
 }
 
-/// Throws the error that the query dialog throws for the same arguments.
+/// Throws the same errors as the query dialog for an empty list of values and for an invalid index.
 void CheckQuestion(const std::vector<String>& values, std::int32_t kind, std::int32_t index) {
     if (values.empty()) {
         throw runtime::ErrorAbout(runtime::kSubscriptOutOfRange,

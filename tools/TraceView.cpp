@@ -26,7 +26,8 @@ String FullPath(const String& name) {
         [&name](wchar_t* buffer, DWORD capacity) { return GetFullPathNameW(Wide(name), capacity, buffer, nullptr); });
 }
 
-/// Returns the path of the file that `name` or else the environment names. Returns no value if neither names a file.
+/// Returns the full path of the file `name`. If `name` is null, returns the full path of the file that the environment
+/// names; no value if the environment names no file.
 std::optional<String> NamedPath(const String* name) {
     if (name) return FullPath(*name);
     const String path = trace::win32::PathFromEnvironment();

@@ -1,5 +1,5 @@
 // Traces messages, questions and help. Writes a line when a message or question is shown and a line when it is
-// answered. If a message is open but not visible, the last line of the message's thread shows the message.
+// answered. If the user cannot see an open message, the last trace line of the message's thread contains the message.
 #pragma once
 
 #include "runtime/HelpPort.h"

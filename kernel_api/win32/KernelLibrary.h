@@ -36,7 +36,7 @@ inline constexpr const wchar_t* kAskForDevelopmentKernel = L"K4TBACKPROCESS_DEVE
 /// Finds the kernel library for a component in `componentFolder` and a program in `programFolder`. If the environment
 /// variable requests the development kernel, looks only for that kernel. Otherwise searches the other places in the
 /// order of KernelPlace and skips empty folders. Returns no value if no place has the file. Does not search the current
-/// folder and PATH.
+/// folder or PATH.
 std::optional<FoundKernel> FindKernel(const String& componentFolder, const String& programFolder);
 
 /// Each call can raise error 53 (no library), 48 (the library does not load) or 453 (the library lacks the entry).

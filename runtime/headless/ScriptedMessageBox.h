@@ -1,5 +1,5 @@
 // Implements the system's message box in memory. It records each message and returns the button codes that the test has
-// set. A message without a button code raises error 51.
+// set. A message for which no button code is left raises error 51.
 #pragma once
 
 #include <deque>

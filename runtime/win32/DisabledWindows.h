@@ -9,7 +9,7 @@ namespace runtime::win32 {
 
 /// Stores the calling thread's top-level windows that are enabled when this object is created. Leaves out hidden
 /// windows without a title bar. The destructor enables the stored windows that are disabled, even if other code
-/// disabled them. Use the object only on the calling thread.
+/// disabled them. Use the object only on the thread that created it.
 class DisabledWindows {
  public:
     /// `question` is the dialog. It stays enabled. It may be null.

@@ -121,7 +121,8 @@ void MakeBareWindow() {
     DestroyWindow(window);
 }
 
-/// Makes similar calls of the system: reading and writing a value of an open registry key, and locking a mutex.
+/// Makes the system calls with which the kernel's functions are compared. The calls read and write a value of an open
+/// registry key, and lock a mutex.
 class SystemPeers {
  public:
     SystemPeers() {

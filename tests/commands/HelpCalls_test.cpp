@@ -70,7 +70,7 @@ TEST_F(HelpCalls, NonAsciiName_IsPassedInTheCodePage) {
     EXPECT_EQ(NewCalls(), u"A " + window_ + u" C:\\Gr\u00F6\u00DFe \u0080\\?.chm 1 0\n");
 }
 
-TEST(HelpControlInTheComponent, MissingControl_DoesNothing) {
+TEST(HelpControlInTheComponent, MissingOrWrongControl_DoesNothing) {
     for (const String& library : {String(u"C:\\none.ocx"), runtime::win32::InSystemFolder(u"version.dll")}) {
         runtime::win32::HelpControl control(library);
         EXPECT_NO_THROW(control.OpenContents(0, u"C:\\a.chm"));

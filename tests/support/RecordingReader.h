@@ -1,5 +1,6 @@
-// A reader that records the requested texts and forwards every call to another reader. A test can set actions that run
-// before the next text, each text or each setting is read. An action may throw.
+// A reader that records the requested texts and forwards every call to another reader. A test can set three actions.
+// One action runs once, before the next text is read. The others run before each text or before each setting is read.
+// An action may throw.
 #pragma once
 
 #include <functional>
