@@ -20,8 +20,8 @@ class UnattendedDialogs : public runtime::MessageBoxPort {
 
     explicit UnattendedDialogs(Report report) : report_(std::move(report)) {}
 
-    /// Replaces the suite's dialogs of the process. The process must be composed before. This object must outlive the
-    /// composition.
+    /// Replaces the suite's dialogs of the process. Call this after the process was composed. This object must outlive
+    /// the composition.
     void ReplaceSuiteDialogs();
 
     /// Replaces the system's message box. Answers Cancel if the box has a Cancel button, otherwise OK, No or Abort.

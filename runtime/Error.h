@@ -1,6 +1,6 @@
 // Defines run-time errors with the numbers and descriptions of the classic BASIC forms runtime. Code throws an error if
-// its caller cannot reasonably continue. A COM client receives a runtime error with a number up to 65535 as HRESULT
-// 0x800A0000 + number.
+// its caller cannot reasonably continue. A COM client receives a run-time error with a number from 0 to 65535 as
+// HRESULT 0x800A0000 + number.
 #pragma once
 
 #include <cstdint>

@@ -151,7 +151,7 @@ TEST_F(InputKeys, ArrowInAList_MovesTheSelectionAndNotTheFocus) {
     }
 }
 
-TEST_F(InputKeys, FirstLetterHomeOrEndInAList_SelectsAnItem) {
+TEST_F(InputKeys, FirstLetterOrHomeOrEndInAList_SelectsAnItem) {
     for (Control* control : {&form_.dropDown, &form_.list}) {
         Fill(*control);
         ShowOn(*control);

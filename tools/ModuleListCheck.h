@@ -1,5 +1,6 @@
 // Checks whether the component can split the suite's module list into fields. The list is the shared string "AllAps".
-// The check does not use the component's splitter, because the splitter never returns if a quote is not closed.
+// The check does not use the component's field splitter (routing/FieldSplitter.h), because the field splitter never
+// returns if a quote is not closed.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,6 @@
 // Traces one process. Wraps the component's message box, help, kernel, reader, dialogs and instances, and writes the
-// calls to the output. Only WindowsComposition.cpp uses this class, and only if the environment requests a trace.
+// calls to the output. In the product, only WindowsComposition.cpp uses this class, and only if the environment
+// requests a trace.
 #pragma once
 
 #include <functional>

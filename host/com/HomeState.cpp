@@ -115,8 +115,8 @@ void HomeState::Clear() noexcept {
 }
 
 bool HomeState::HasEnded() const noexcept {
-    // The handle keeps the identifier of an ended thread in use, so the calling thread is not a later thread with the
-    // same identifier.
+    // While the handle is open, no later thread gets the identifier. Therefore the calling thread is the home thread
+    // itself, which still runs.
     if (threadId_ == GetCurrentThreadId()) return false;
     return WaitForSingleObject(thread_.Get(), 0) == WAIT_OBJECT_0;
 }

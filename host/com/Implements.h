@@ -7,7 +7,7 @@
 namespace host::com {
 
 /// True if QueryInterface may return a pointer to `Interface` for `iid`: if `iid` identifies the interface or one of
-/// its base interfaces.
+/// its base interfaces, except IUnknown.
 template <typename Interface>
 inline bool Serves(REFIID iid) {
     return iid == __uuidof(Interface);

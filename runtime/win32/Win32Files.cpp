@@ -25,7 +25,7 @@ String FullPath(StringView path) {
         [&given](wchar_t* buffer, DWORD capacity) { return GetFullPathNameW(Wide(given), capacity, buffer, nullptr); });
 }
 
-/// Returns `path`, or the full path in the extended-length form if `path` is too long for the plain form.
+/// Returns `path`, or the full path in the extended-length form if the full path is too long for the plain form.
 String ToExtendedLengthPath(StringView path) {
     constexpr std::size_t kMaxPlainPathLength = 247;
     const String full = FullPath(path);

@@ -61,7 +61,8 @@ std::int32_t Win32MessageBox::Show(StringView prompt, std::int32_t flags, String
     box.lpfnMsgBoxCallback = OpenInnermostHelp;
     const ShownHelp shownHelp{helpControl_, owner, help};
     const auto innermost = SetForScope(innermostHelp, &shownHelp);
-    // The destructor enables the windows, because some systems leave the windows disabled after a request to quit.
+    // The destructor of `inputWindows` enables the thread's windows, because some systems leave the windows disabled
+    // after a request to quit.
     DisabledWindows inputWindows(nullptr);
     // The system disables no window for a box without an owner.
     if (!owner && !isForService) inputWindows.Disable();

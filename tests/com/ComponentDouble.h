@@ -1,5 +1,5 @@
 // A test double replaces the component behind the COM interface. Its service objects record calls, except reads of the
-// diagnostics' properties. They carry out the text of a command:
+// diagnostics' properties. They execute a command with one of these texts:
 //
 //     RAISE name|text   raises the event with these strings, and records their values afterwards
 //     FAIL number|text  throws this runtime error; MEMORY, ODD and STRANGE throw other exceptions

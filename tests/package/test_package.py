@@ -575,7 +575,8 @@ class Packages(Installation):
             for program in programs:
                 with self.subTest(program.name):
                     debug = next(pathlib.Path(symbols).rglob(program.name + ".debug"))
-                    # The program contains the file's name and checksum. Zeros pad the name to a multiple of four bytes.
+                    # The program contains the debug file's name and checksum. Zeros pad the name to a multiple of
+                    # four bytes.
                     name = debug.name.encode() + b"\0" * (4 - len(debug.name) % 4)
                     checksum = binascii.crc32(debug.read_bytes()).to_bytes(4, "little")
                     self.assertTrue(name + checksum in program.read_bytes())

@@ -1,6 +1,7 @@
 // Starts programs for the tests of `backproc trace`.
 //     starter leave COMMAND LINE      starts the command line and ends at once
-//     starter interrupt COMMAND LINE  sends Ctrl+C while windowed.exe runs, and returns the command line's exit code
+//     starter interrupt COMMAND LINE  starts the command line, sends Ctrl+C while windowed.exe runs, and returns the
+//                                     command line's exit code
 #include <cstdio>
 #include <cstdlib>
 

@@ -16,8 +16,8 @@ using runtime::win32::Wide;
 /// The lock is beyond the end of every real file.
 constexpr DWORD kLockOffsetHigh = 0x40000000;
 constexpr DWORD kLockedBytes = 1;
-/// Other writers need only a fraction of a millisecond for a line. Therefore the first attempts only let other threads
-/// run.
+/// Other writers need only a fraction of a millisecond for a line. Therefore the thread does not sleep between the
+/// first attempts, but only lets other threads run.
 constexpr int kAttemptsWithoutSleep = 50;
 
 OVERLAPPED At(std::uint64_t offset) {
