@@ -65,7 +65,7 @@ class QueryAfterAnAnswer : public QueryTest {
 };
 
 TEST_F(QueryAfterAnAnswer, LayoutOverflows_NothingIsStored) {
-    /// Counts so many pieces in any text that their height exceeds 32 bits. Records the form's title at the call.
+    /// Returns a number of pieces whose height exceeds 32 bits. Records the form's title at the time of the call.
     struct ManyPieces : kernel_api::builtin::BuiltInSplitter {
         std::int32_t CountPieces(StringView, StringView) override {
             title = window->Last().caption;

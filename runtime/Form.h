@@ -193,7 +193,8 @@ class Form : private WindowEvents {
     bool visible_ = false;
     bool wasShown_ = false;
     bool isRightToLeft_ = false;
-    bool enterPressedHere_ = false;  ///< true if Enter was pressed, not only repeated, outside a button since the load
+    /// True if Enter was pressed since the load while no button had the focus. A repeat of a held Enter does not count.
+    bool enterPressedHere_ = false;
     bool isDestroyedByOthers_ = false;  ///< true if other code destroys the window; no handler can refuse the unload
     Colour backColour_ = kButtonFace;
     runtime::Font font_;

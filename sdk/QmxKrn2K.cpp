@@ -9,7 +9,8 @@
 
 namespace {
 
-/// The codes of the structured exceptions that a compiler's delayed imports raise in the same cases.
+/// The codes of the structured exceptions that a compiler's delayed imports raise if the library or the entry is
+/// missing.
 constexpr DWORD kLibraryNotFound = 0xC06D007E;
 constexpr DWORD kEntryNotFound = 0xC06D007F;
 

@@ -36,7 +36,8 @@ Line TracedInstance::About(std::string_view event) const {
     return line;
 }
 
-/// Writes `begin` and runs `call`. Then writes a line with the event `end`, the error if the call failed, and the time.
+/// Writes `begin` and runs `call`. Then writes a line with the event `end`, the error if the call failed, and the
+/// duration of the call.
 template <typename Call>
 void TracedInstance::Write(const Line& begin, std::string_view end, Call&& call) {
     begin.WriteTo(output_);

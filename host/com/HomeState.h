@@ -29,7 +29,7 @@ class HomeState {
 
     /// Returns the present home. If the calling thread is the home thread, counts an instance.
     Entry Join() noexcept;
-    /// Does the same. If there is no home, the calling thread becomes the home thread, with `link` and `thread`. If
+    /// Like Join, but if there is no home, the calling thread becomes the home thread, with `link` and `thread`. If
     /// there is a home, `link` becomes stale.
     Entry JoinOrBecomeHome(HomeLinks link, runtime::win32::KernelHandle thread) noexcept;
     void RemoveInstance(unsigned generation) noexcept;

@@ -8,7 +8,8 @@
 namespace runtime::headless {
 namespace {
 
-/// True for a key whose code equals the character that it produces.
+/// True for Enter, Space, Escape and Tab without Alt or Ctrl. The code of such a key equals the character that it
+/// produces.
 bool BecomesCharacter(std::int16_t keyCode, std::int16_t shift) {
     if ((shift & (kAlt | kCtrl)) != 0) return false;
     return keyCode == kKeyEnter || keyCode == kKeySpace || keyCode == kKeyEscape || keyCode == kKeyTab;

@@ -174,7 +174,7 @@ bool Win32Windows::CopyToClipboard(StringView text) {
     if (!place) return false;
     std::memcpy(place, shown.c_str(), bytes);
     GlobalUnlock(memory.Get());
-    // Without an owner, the system would refuse the text after the clipboard has been emptied.
+    // Without an owner window, EmptyClipboard would empty the clipboard, and then SetClipboardData would fail.
     const HWND owner = GetActiveWindow();
     if (!owner || !OpenClipboard(owner)) return false;
     EmptyClipboard();

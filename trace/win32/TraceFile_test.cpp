@@ -151,7 +151,7 @@ TEST_F(TraceFileTest, WritingThreadIsStopped_WaitsOnceAndCountsLostLines) {
         file->Write("lost");
     });
     const runtime::win32::KernelHandle thread(OpenThread(THREAD_SUSPEND_RESUME, FALSE, writing.get_future().get()));
-    // The writer now waits for the lock of the file.
+    // Give the writer time to begin its wait for the lock of the file.
     Sleep(300);
     ASSERT_NE(SuspendThread(thread.Get()), static_cast<DWORD>(-1));
     const auto start = Clock::now();
