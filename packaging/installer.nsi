@@ -285,7 +285,7 @@ Function un.IsRegisteredElsewhere
   ReadRegStr $0 SHCTX "${SERVER_KEY}" ""
   ${If} $0 != ""
   ${AndIf} ${FileExists} "$0"
-    ; Compare short names, because a folder can have several long ones.
+    ; Compare short paths, because a path may contain long or short names.
     GetFullPathName /SHORT $0 "$0"
     GetFullPathName /SHORT $2 "$INSTDIR\K4TBackProcess.dll"
     ${If} $0 != $2

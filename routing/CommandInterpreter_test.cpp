@@ -28,7 +28,7 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using tests::ErrorOf;
 
-/// Records the calls of its parsers. A test can make the calls fail with `onField`.
+/// Records the calls of its parsers. A test can make the calls of Field fail with `onField`.
 class RecordingSplitter : public kernel_api::Splitter {
  public:
     std::unique_ptr<kernel_api::FieldParser> MakeFieldParser() override {
@@ -87,7 +87,7 @@ class InterpreterTest : public tests::HeadlessComponentTest {
     std::int32_t ErrorOfExecuting(StringView command) {
         return ErrorOf([&] { Execute(command); });
     }
-    /// Makes the first UnloadAll fail, because `failing_` throws. `dialog_` refuses to unload. It therefore stays
+    /// Lets `failing_` throw, so that the first UnloadAll fails. `dialog_` refuses to unload. It therefore stays
     /// loaded until the second UnloadAll.
     void MakeFirstUnloadFail() {
         failing_.onUnload = [] { throw Error(runtime::kOverflow); };

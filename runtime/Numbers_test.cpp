@@ -150,8 +150,8 @@ TEST(Val, RoundsToTheNearestDouble) {
     EXPECT_EQ(Val(u"1E23"), 0x1.52d02c7e14af6p+76);
 }
 
-// An x87 unit would round the product of the digits and the power of ten twice: to 64 bits, then to 53 bits. The last
-// bit would be wrong.
+// An x87 unit that multiplied the digits by the power of ten would round the product twice: to 64 bits, then to 53
+// bits. The last bit would be wrong.
 TEST(Val, RoundsOnlyOnceOnEveryFloatingPointUnit) {
     EXPECT_EQ(Val(u"1143506246534187E14"), 0x1.717c9ea7b72e7p+96);
     EXPECT_EQ(Val(u"6008520440604289E13"), 0x1.844aa1e320717p+95);

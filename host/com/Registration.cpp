@@ -15,8 +15,8 @@ using runtime::StringView;
 constexpr StringView kProgId = u"K4TBackProcess.clsQmxBackProcess";
 constexpr StringView kVersion = u"1.0";
 constexpr StringView kLibraryName = u"Pelorix Back process Manager";
-// The system's two marshallers. The first marshaller reads dual interfaces from the type library. The second marshaller
-// passes late-bound calls.
+// The system's two marshallers. The first marshaller passes calls of dual interfaces, whose descriptions it reads
+// from the type library. The second marshaller passes late-bound calls.
 constexpr StringView kTypeLibraryMarshaller = u"{00020424-0000-0000-C000-000000000046}";
 constexpr StringView kDispatchMarshaller = u"{00020420-0000-0000-C000-000000000046}";
 

@@ -16,9 +16,9 @@
 
 namespace kernel_api::builtin {
 
-/// The reason why a line cannot be read. A line without a text is a fault, because a button would have no caption. If
-/// a text is not translated, the file has no line for the text, and the component shows the default text. A NUL is
-/// reported as "not UTF-8", because a file with NULs is normally UTF-16.
+/// The reason why a line cannot be read. A line without a text is a fault, because a button would have no caption. To
+/// leave a text untranslated, omit its line. The component then shows the default text. A NUL is reported as "not
+/// UTF-8", because a file with NULs is normally UTF-16.
 enum class LineFault { kNoEqualsSign, kNoIdentifier, kNoText, kTwice, kUnknownEscape, kNotUtf8 };
 
 /// Receives the number of a skipped line, counted from 1, and the line's fault.

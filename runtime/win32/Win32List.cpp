@@ -5,7 +5,7 @@
 namespace runtime::win32 {
 namespace {
 
-/// Wider items are cut. This is the largest coordinate in a window.
+/// The largest coordinate in a window. Items that are wider are cut.
 constexpr int kWidestItem = 32767;
 
 int WidthOfItem(StringView item, GdiMeasure& measure) {

@@ -8,7 +8,7 @@ namespace runtime::win32 {
 
 class Win32Process : public ProcessPort {
  public:
-    /// `component` is the DLL for ComponentFolder; null means the program itself.
+    /// `component` is the DLL whose folder ComponentFolder returns; null means the program itself.
     explicit Win32Process(HMODULE component) : component_(component) {}
 
     String CommandLine() override;

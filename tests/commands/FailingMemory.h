@@ -1,4 +1,4 @@
-// A program that links this file can make all its allocations with `new` fail.
+// In a program that links FailingMemory.cpp, a test can make every allocation with `new` fail.
 #pragma once
 
 namespace tests {

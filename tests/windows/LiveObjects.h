@@ -12,7 +12,8 @@ long Windows();
 
 /// Runs `round` ten times as preparation, and then Rounds(fullRounds, 40) times. The later rounds must leave no window
 /// behind, and at most 20 GDI and 20 USER objects. This tolerance is for the system's own objects. 40 rounds are enough
-/// to find a leak of one object per round. `round` gets its index. The later rounds count from 0 again.
+/// to find a leak of one object per round. `round` gets the index of the round. The index of the later rounds begins at
+/// 0 again.
 void ExpectNothingStays(int fullRounds, const std::function<void(int)>& round);
 
 }  // namespace tests

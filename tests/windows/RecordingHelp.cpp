@@ -20,8 +20,8 @@ void* __stdcall HtmlHelpW(void* owner, const wchar_t* file, unsigned command, st
     return nullptr;
 }
 
-/// A call of this function is recorded as a line that begins with "A ". Each byte of the name is recorded as the
-/// character with that number.
+/// A call of this function is recorded as a line that begins with "A ". Each byte of `file` is recorded as the
+/// character whose code is the byte's value.
 void* __stdcall HtmlHelpA(void* owner, const char* file, unsigned command, std::uintptr_t data) {
     Record() += L"A ";
     const auto* const bytes = reinterpret_cast<const unsigned char*>(file);
