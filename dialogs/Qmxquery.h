@@ -59,7 +59,8 @@ class Qmxquery : public PromptForm {
  private:
     /// Returns the input control of a kind.
     runtime::Control& InputFor(std::int32_t kind) const;
-    /// Returns the control whose height the layout of a kind uses.
+    /// Returns the control whose height is used for the layout of a kind: the text box for a combo box or a drop-down
+    /// list, otherwise the input control.
     runtime::Control& MeasuredInputFor(std::int32_t kind) const;
     std::int32_t LayOut(std::int32_t kind, StringView prompt, bool showButton);
     void Fill(const std::vector<String>& values, std::int32_t index);

@@ -11,8 +11,8 @@ class Form;
 
 class LoadedFormsCollection {
  public:
-    /// Returns the number of loaded forms. Any thread may call. Only the thread that owns the forms may call the other
-    /// functions. After that thread has ended, the thread that cleans up may call them.
+    /// Returns the number of loaded forms. Any thread may call this function. Only the thread that owns the forms may
+    /// call the other functions. After that thread has ended, the thread that cleans up may call them.
     std::size_t Count() const { return count_; }
     /// Returns the form at `index`. Throws error 9 for an index outside 0..Count-1.
     Form& At(std::size_t index) const;

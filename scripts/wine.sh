@@ -8,7 +8,7 @@ export WINEDLLOVERRIDES=${WINEDLLOVERRIDES:-mscoree,mshtml=}
 [ -n "${LC_ALL:-}${LC_CTYPE:-}${LANG:-}" ] || export LC_ALL=C.UTF-8
 
 # start_xvfb NUMBER_FILE: starts an X display without a window manager in the background. Writes the display's number to
-# NUMBER_FILE and sets $xvfb to the process. Fails if the display is not ready within ten seconds.
+# NUMBER_FILE and sets $xvfb to the process ID. Fails if the display is not ready within ten seconds.
 start_xvfb() {
     : >"$1"
     setsid Xvfb -displayfd 9 -screen 0 1280x1024x24 -nolisten tcp 9>"$1" >/dev/null 2>&1 7>&- 8>&- &
@@ -42,8 +42,8 @@ install_fonts() {
     cp "$fonts"/marlett.ttf "$fonts"/sserif*.fon "$fonts"/sse[ef]1257.fon "$WINEPREFIX/drive_c/windows/Fonts/"
 }
 
-# Creates the template of all prefixes if the template does not exist. Later programs run in copies of the template
-# only. Needs a display.
+# Creates the template of all prefixes if the template does not exist. Programs run only in copies of the template.
+# Needs a display.
 ensure_template() {
     template=$root/build/wine-template
     [ -e "$template/.ready" ] && return

@@ -18,9 +18,9 @@ runtime::String HelpFileOfInstallation();
 runtime::String CompiledHelpName();
 
 // ShowHelpContents and ShowHelpTopic open the table of contents. The main form's window owns the help window. The
-// functions first check the name of the help file and raise error 5 if the name is too short. The name is empty before
-// the first load of the main form, because that load sets the name. Then the functions load the main form if it is
-// unloaded.
+// functions first check the name of the help file and raise error 5 if the name is too short. After this check, they
+// load the main form if it is unloaded. In a client, the name is empty until the first load of the main form sets the
+// name.
 
 /// Opens help. The unload of the main form does not close this help, unless ShowHelpTopic has also opened help.
 void ShowHelpContents();

@@ -1,4 +1,4 @@
-// Implements `backproc host`. The verb uses the component like a module. Lines of text control the verb.
+// Implements `backproc host`. The verb uses the component as a module does. Lines of text control the verb.
 #include <filesystem>
 #include <fstream>
 #include <istream>

@@ -52,8 +52,8 @@ int ShowOne(SharedStrings& strings, const String& key, Console& console) {
     return kSuccess;
 }
 
-/// Sets the string. The kernel stores ANSI text and may change the value. In this case the function prints the stored
-/// value.
+/// Sets the string. The kernel stores ANSI text and may change the value. If the stored value differs from `value`,
+/// prints the stored value.
 void SetOne(SharedStrings& strings, const String& key, const String& value, Console& console) {
     strings.Set(key, value);
     const String kept = strings.Get(key).value_or(u"");

@@ -263,7 +263,7 @@ LRESULT Win32Window::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
-// Other code destroys the window. The form's handlers run while the child windows still exist.
+// Called when other code destroys the window. The form's handlers run while the child windows still exist.
 //
 // Other code can also send WM_DESTROY to a window that is not being destroyed. WM_CLOSE then destroys this window,
 // because it is no longer connected to an object.

@@ -210,7 +210,7 @@ LRESULT CALLBACK UnloadForm(HWND window, UINT message, WPARAM wParam, LPARAM lPa
     return DefWindowProcW(window, message, wParam, lParam);
 }
 
-// A redraw with a null handle, instead of the handle of the destroyed window, would repaint the whole screen.
+// After the unload, the form has no window handle. A redraw with a null handle would repaint the whole screen.
 TEST_F(RealWindow, ControlUnloadsTheFormOnNewColours_NoOtherWindowIsPainted) {
     const MemoryFaults none;
     tests::HandledForm other(u"other");

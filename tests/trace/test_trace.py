@@ -167,7 +167,7 @@ class Tool(Registered):
         self.assertEqual(self.temporary_files(), [])
 
     def test_ctrl_c_ends_the_trace_of_a_windowed_program(self):
-        # A program has a console if its standard input is a terminal.
+        # Under Wine, a program has a console if its standard input is a terminal.
         terminal, given = os.openpty()
         try:
             ended = subprocess.run([running.wine_run, str(running.bin_folder / "trace" / "starter.exe"), "interrupt",
@@ -263,7 +263,7 @@ class Tool(Registered):
             self.wait_for(append_until_shown)
             length = file.stat().st_size
             append(b"incomplete")
-            # The viewer looks several times in this time.
+            # During this second, the viewer reads the file several times.
             time.sleep(1)
             os.truncate(file, length)
             time.sleep(1)
