@@ -75,7 +75,7 @@ class Lockable {
 
 }  // namespace
 
-// The first attempt does not read the clock.
+// Tries first without a time limit, because try_lock_for reads the clock.
 std::unique_lock<std::timed_mutex> StringStore::LockThreads() {
     std::unique_lock lock(mutex_, std::try_to_lock);
     if (!lock && !lock.try_lock_for(threadTimeout_)) throw StoreError("another thread does not leave the store");

@@ -1,5 +1,6 @@
-# Scripts with several steps source this file. Each step is a phase. A phase prints one line on the screen and writes
-# the step's output to a file in build/logs/. The current folder must be the project's folder.
+# Scripts with several steps source this file. Each step is a phase. A phase writes the step's output to a file in
+# build/logs/. On the screen, it prints one line; after a failure, also the end of the output. The current folder must
+# be the project's folder.
 
 phase_logs=build/logs
 
@@ -10,7 +11,7 @@ phase() {
     shift
     log=$phase_logs/${name// /-}.log
     mkdir -p "$phase_logs"
-    # COMMAND runs in the background, because "set -e" has no effect in a function in front of "||".
+    # COMMAND runs in the background and "||" follows "wait", because "set -e" has no effect before "||".
     (set -e; "$@") >"$log" 2>&1 </dev/null &
     wait $! || code=$?
     if [ "$code" -eq 0 ]; then

@@ -1,5 +1,6 @@
-// Lists the texts that the code uses. A text has an identifier, an English default and a note on its use. Captions of
-// forms and controls are not listed here, because the designs of the forms contain these captions.
+// Lists the texts that the code uses. A text has an identifier, an English default and a note on its use. Except for
+// the main form's caption, captions of forms and controls are not listed here, because the designs of the forms contain
+// these captions.
 #pragma once
 
 #include <cstdint>

@@ -7,14 +7,14 @@ namespace {
 
 using ::testing::HasSubstr;
 
-TEST(ModuleListCheck, ModuleList_LengthAndComponentsPositionAreFound) {
+TEST(ModuleListCheck, ModuleList_CountAndOwnPlaceAreFound) {
     const ModuleListCheck check = CheckModuleList(u"EDITOR,K4TBACKPROCESS,LIBRARY");
     EXPECT_EQ(check.count, 3U);
     EXPECT_EQ(check.ownPlace, 2U);
     EXPECT_EQ(check.problem, "");
 }
 
-TEST(ModuleListCheck, ListLacksTheExactOwnNameOrIsEmpty_OwnIndexIsZero) {
+TEST(ModuleListCheck, OwnNameInOtherCase_IsNotFoundAndEmptyListHasNoField) {
     EXPECT_EQ(CheckModuleList(u"EDITOR,k4tbackprocess").ownPlace, 0U);
     EXPECT_EQ(CheckModuleList(u"").count, 0U);
 }

@@ -26,7 +26,7 @@ struct RegistryValue {
 };
 /// Returns the existing values of the registration.
 std::vector<RegistryValue> RegisteredValues(Scope scope);
-/// Returns the class for which the name is registered. The user's entry hides the machine's entry.
+/// Returns the class that is registered for the component's name. The user's entry hides the machine's entry.
 NameEntry RegisteredName();
 /// Returns the component's class identifier in braces.
 String ClassIdentifier();

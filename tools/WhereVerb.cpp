@@ -62,7 +62,7 @@ std::string_view NameOf(SettingSource source) {
     return "default";
 }
 
-/// Returns the default with the product's name that clients get. If there is no kernel, the name is '?'.
+/// Returns the setting's default. If the default contains the product's name and there is no kernel, the name is '?'.
 String DefaultWithOrWithoutKernel(const services::SuiteSetting& setting, bool hasKernel) {
     if (hasKernel || !setting.isProductFolder) return services::DefaultOf(setting);
     return u"C:\\?" + String(setting.defaultText);

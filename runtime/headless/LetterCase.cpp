@@ -5,7 +5,8 @@
 namespace runtime::headless {
 namespace {
 
-/// The lower-case letters from `first` to `last`. The capital of a letter is the character `distance` before it.
+/// The lower-case letters from `first` to `last`. The code of a capital is the code of the small letter minus
+/// `distance`.
 struct Range {
     char16_t first;
     char16_t last;

@@ -57,7 +57,7 @@ class MemoryWindows : public WindowsPort {
     String altKeys;
     /// If true, sending a character with Alt raises error 5.
     bool failsAltKeys = false;
-    /// The number of existing objects of UseSystemResolution.
+    /// The number of existing objects that UseSystemResolution has made.
     int systemResolutions = 0;
     int questionSounds = 0;
     String clipboard;

@@ -1,6 +1,6 @@
 // Runs the modal loop of a dialog. The thread's active window owns the dialog; without an active window, the first
-// visible window of the thread. All other windows of the thread are disabled. Until the dialog closes, an arrow
-// replaces the client's mouse pointer, which may be an hourglass.
+// visible window of the thread. Other windows of the thread are disabled; see DisabledWindows. Until the dialog
+// closes, an arrow replaces the client's mouse pointer, which may be an hourglass.
 #pragma once
 
 #include <optional>

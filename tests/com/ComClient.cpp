@@ -1,4 +1,5 @@
-// The tests start this client of the component in its own process, because the process ends without a clean-up.
+// A client of the component. The tests start it in its own process, because most of its jobs end the process or threads
+// without a clean-up.
 //     com_client exit COMPONENT      creates an instance from the library COMPONENT, loads its form, and ends without a
 //                                    release. Exit code 0; 1 if the form's window is destroyed at the end; 2 or more
 //                                    after an earlier failure

@@ -12,8 +12,8 @@ const Part* PartAt(const BYTE* program, std::size_t offset) {
     return reinterpret_cast<const Part*>(program + offset);
 }
 
-/// Returns the place in the import table of `program` that holds the address of `entry` in `library`. Returns null if
-/// the program does not import `entry`.
+/// Returns the place in the import table of `program` that holds the address of `entry` from `library`. Returns null
+/// if the program does not import `entry` from `library`.
 ULONG_PTR* ImportIn(BYTE* program, const IMAGE_IMPORT_DESCRIPTOR& library, std::string_view entry) {
     const auto* name = PartAt<IMAGE_THUNK_DATA>(program, library.OriginalFirstThunk);
     auto* place = reinterpret_cast<ULONG_PTR*>(program + library.FirstThunk);
