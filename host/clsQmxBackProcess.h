@@ -21,7 +21,7 @@ class clsQmxBackProcess final : public ServiceObject {
     ~clsQmxBackProcess() override;
 
     /// Unloads the shared main form while the client can still receive SHUTDOWN. Then removes the link to the form. A
-    /// second call does nothing. If steps fail, runs the remaining steps and then throws the error.
+    /// second call does nothing. If steps fail, runs the remaining steps and then throws the first error.
     void Terminate() override;
 
     /// Loads the main form hidden. Returns false if the form was visible or the instance was terminated, otherwise

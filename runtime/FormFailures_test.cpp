@@ -260,7 +260,7 @@ class LostWindow : public tests::HeadlessTest {
     tests::HandledForm form_;
 };
 
-TEST_F(LostWindow, HandlersRefuse_FormIsStillUnloaded) {
+TEST_F(LostWindow, HandlersRefuse_FormIsUnloadedAnyway) {
     form_.EnsureLoaded();
     form_.refusesQuery = true;
     Lose();

@@ -164,7 +164,7 @@ class WindowsPort {
     /// stays pending.
     virtual void DoEvents() = 0;
     /// While the returned object exists, the thread creates and measures windows at the system's DPI. In a program that
-    /// is aware of each monitor's DPI, the window system scales these windows on the other monitors.
+    /// is aware of each monitor's DPI, the window system scales these windows on monitors with another DPI.
     virtual std::unique_ptr<ResolutionScope> UseSystemResolution() = 0;
     /// Plays the user's sound for questions. Does not wait for the end of the sound.
     virtual void PlayQuestionSound() = 0;

@@ -19,7 +19,7 @@ bool IsSamePath(const String& one, const String& other);
 String ToolFolder();
 
 struct ComponentInForce {
-    String library;  ///< the registered path, which may not be a full path; or the full path of the tool's copy
+    String library;  ///< the registered path, even if it is not a full path; else the full path of the tool's copy
     std::optional<Scope>
         scope;  ///< no value: no registered component can be used, and `library` is the copy in the tool's folder
 };

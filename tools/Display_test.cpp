@@ -5,7 +5,7 @@
 namespace tools {
 namespace {
 
-TEST(Display, PathsAndOtherScripts_StayUnchanged) {
+TEST(Display, PathsAndLettersBeyondAscii_StayUnchanged) {
     EXPECT_EQ(Display(u"C:\\new\\tab [x] \u00E9\u65E5"), "C:\\new\\tab [x] \xC3\xA9\xE6\x97\xA5");
 }
 

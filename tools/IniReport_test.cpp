@@ -16,7 +16,8 @@ IniReport ReportOn(runtime::StringView text) {
     return ReportOnIni(text, locale);
 }
 
-/// Returns the only remark about `text`: the line, the problem and the advice.
+/// Returns the only remark about `text`: the line, the problem and the advice. If there is not exactly one remark,
+/// returns the number of remarks, for example "0 remarks".
 std::string RemarkOn(runtime::StringView text) {
     const IniReport report = ReportOn(text);
     if (report.remarks.size() != 1) return std::to_string(report.remarks.size()) + " remarks";

@@ -22,7 +22,7 @@ TEST(IniProblem, ReadableFile_HasNoProblem) {
     EXPECT_EQ(IniProblem(std::string_view("\xFF\xFE\x61\x00", 4)), "");
 }
 
-TEST(IniProblem, WrongByteOrderMark_IsReported) {
+TEST(IniProblem, TextThatDoesNotFitItsByteOrderMark_IsReported) {
     EXPECT_THAT(IniProblem("\xEF\xBB\xBFk=\xFC"), ::testing::HasSubstr("not valid UTF-8"));
     EXPECT_THAT(IniProblem(std::string_view("\xFF\xFE\x61", 3)), ::testing::HasSubstr("within a character"));
     EXPECT_THAT(IniProblem(std::string_view("\xFE\xFF\x61", 3)), ::testing::HasSubstr("within a character"));

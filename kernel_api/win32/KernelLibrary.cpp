@@ -67,8 +67,8 @@ Error NotFound(const String& folder) {
             u"the program's folder, the system folder); put the suite's QmxKrn2K.dll beside the component");
 }
 
-/// Loads the library that FindKernel finds. If that file does not load, tries no other copy, because that would hide
-/// the damage.
+/// Loads the library that FindKernel finds. If the file does not load, tries no other copy, because another copy would
+/// hide that this file cannot be loaded.
 Library Load(const String& folder) {
     const auto found = FindKernel(folder, FolderOf(ModulePath(nullptr)));
     if (!found) throw NotFound(folder);

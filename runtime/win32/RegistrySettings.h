@@ -25,7 +25,7 @@ class RegistrySettings : public SettingsPort {
     void Keep(HKEY opened, const String& path, REGSAM access);
     void Forget();
 
-    String openedPath_;  ///< path of the section that stays open in the current operation; empty if none does
+    String openedPath_;  ///< path of the section that the current operation used last; else empty
     REGSAM openedAccess_ = 0;
     RegistryKey opened_;
 };

@@ -90,7 +90,7 @@ std::unique_ptr<FilesBed> MakeRealBed() {
 }
 INSTANTIATE_TEST_SUITE_P(Windows, FilesPortTest, testing::Values(&MakeRealBed));
 
-TEST(Win32Files, CurrentFolder_IsTheFolderOfTheProcess) {
+TEST(Win32Files, CurrentFolder_IsTheCurrentFolderOfTheProcess) {
     wchar_t current[MAX_PATH];
     ASSERT_NE(GetCurrentDirectoryW(MAX_PATH, current), 0u);
     EXPECT_EQ(Win32Files().CurrentFolder(), ToString(current));

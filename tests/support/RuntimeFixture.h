@@ -26,8 +26,8 @@ class HeadlessTest : public ::testing::Test {
     runtime::Ports ports_ = memory_.All();
 };
 
-/// Windows use the back end of the build. They are real in the Windows build, and in memory elsewhere. All other ports
-/// are in memory.
+/// The port for windows depends on the build. It makes real windows in the Windows build, and windows in memory in
+/// other builds. All other ports are in memory.
 class RuntimeTest : public ::testing::Test {
  protected:
     RuntimeTest() { runtime::UsePorts(&ports_); }
