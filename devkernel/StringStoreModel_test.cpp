@@ -142,8 +142,8 @@ bool IsOneOfThese(const std::optional<std::string>& value, const std::vector<std
     return false;
 }
 
-/// Reads "k" once for each interleaving of the reader's steps with the recorded writer's steps. If `isWarm` is true,
-/// the reader reads once before the writer's steps. Otherwise its store is new. Returns the number of interleavings.
+/// Reads "k" once for each interleaving of the reader's steps with the writer's recorded steps. If `isWarm` is true,
+/// the reader also reads "k" before the writer's steps. Returns the number of interleavings.
 std::size_t ReadInEveryOrder(const WritersMemory& writer, bool isWarm) {
     const std::vector<ModelState>& states = writer.States();
     std::vector<std::optional<std::string>> values;
@@ -201,7 +201,7 @@ TEST(StringStoreModel, ReadDuringTwoRewrites_FindsAValueOfThatTime) {
     EXPECT_GT(ReadInEveryOrder(memory, true), 20u);
 }
 
-TEST(StringStoreModel, ReadDuringRewritesOfAnotherKey_FindsTheReadKeysValue) {
+TEST(StringStoreModel, ReadDuringRewritesOfAnotherKey_FindsTheUnchangedValue) {
     const WritersMemory memory = StepsOf([](StringStore& writer) {
         EXPECT_TRUE(writer.Set("x", std::string(40, '2')));
         EXPECT_TRUE(writer.Set("x", std::string(44, '3')));

@@ -37,8 +37,9 @@ class CommandInterpreter {
     /// on success.
     std::exception_ptr Execute(runtime::StringView command, runtime::Form& mainForm, bool staysLoaded);
 
-    /// Shows a message about the failure of a command and unloads all forms. If one of the two fails, throws its error
-    /// after both were tried. If both fail, throws the message's error.
+    /// Shows a message about the failure of a command, unless the error is one that is not shown or too many messages
+    /// are open. Then unloads all forms, even if the message fails. If the message fails, throws its error afterwards.
+    /// Otherwise throws the error of the unload if there is one.
     void ReportFailure(const std::exception_ptr& failure);
 
     /// Resets the count of open messages. Call it when the thread of the messages has ended or is no longer the home

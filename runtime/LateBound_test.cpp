@@ -138,7 +138,7 @@ TEST_F(LateBound, ValueOfTheWrongType_IsTypeMismatch) {
     EXPECT_EQ(form_.button->Text(), u"&B");
 }
 
-TEST_F(LateBound, FontObject_IsOnlyInThePropertyFont) {
+TEST_F(LateBound, PutFontProperty_AcceptsOnlyThePropertyNamedFont) {
     const PropertyValue name = Text(u"Arial");
     EXPECT_EQ(PutFontProperty(*form_.label, u"Font", u"Name", name), kNoError);
     EXPECT_EQ(PutFontProperty(*form_.bar, u"Font", u"Charset", std::int16_t{128}), kNoError);

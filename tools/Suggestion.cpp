@@ -16,8 +16,8 @@ std::string InLowerCase(std::string_view word) {
     return lower;
 }
 
-/// Returns the distance of two words. The distance is the number of letters to insert, delete, replace or swap with a
-/// neighbour.
+/// Returns the distance between two words. The distance is the number of changes that turn one word into the other. A
+/// change inserts, deletes or replaces a letter, or swaps two neighbouring letters.
 std::size_t EditDistance(const std::string& one, const std::string& other) {
     std::vector<std::vector<std::size_t>> cost(one.size() + 1, std::vector<std::size_t>(other.size() + 1));
     for (std::size_t i = 0; i <= one.size(); ++i) cost[i][0] = i;

@@ -40,7 +40,7 @@ class Line {
     Line& Number(std::string_view name, std::int64_t value) noexcept;
     /// Adds a value as 0x and eight digits.
     Line& Hex(std::string_view name, std::uint32_t value) noexcept;
-    /// Adds a time in milliseconds, as ms=[12.345].
+    /// Adds a duration in milliseconds, as ms=[12.345].
     Line& Time(std::chrono::steady_clock::duration time) noexcept;
     /// Adds the number and the description of a runtime::Error, or the text of another exception.
     Line& Error(const std::exception& error) noexcept;
@@ -64,7 +64,7 @@ class Line {
 };
 
 /// Runs `call` and writes `line`. On success, `describe(line, result)` adds values to the line. On failure, the line
-/// contains the error. The time of the call is the last value.
+/// contains the error. The last value is the duration of the call.
 template <typename Call, typename Describe>
 auto WriteCall(Output& output, Line line, Call&& call, Describe&& describe) {
     using Clock = std::chrono::steady_clock;

@@ -1,5 +1,5 @@
-// Reads a file once. Reads the file again when its path or its stamp (size and time) changes. Checks the stamp once
-// within an operation.
+// Reads a file once. Reads the file again when its path or its stamp (size and time) changes. Checks the stamp only
+// once within an operation, unless the path changes.
 #pragma once
 
 #include <cstdint>

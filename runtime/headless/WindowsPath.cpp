@@ -15,7 +15,8 @@ bool HasDrive(StringView path) {
     return path.size() >= 2 && path[1] == u':' && letter >= u'A' && letter <= u'Z';
 }
 
-/// Returns the length of the root in a share's path. The root ends after the second name.
+/// Returns the length of the root in a share's path. The root is \\server\share, with the backslash after it if there
+/// is one.
 std::size_t ShareRootLength(StringView path) {
     const auto server = path.find(u'\\', 2);
     if (server == StringView::npos) return path.size();

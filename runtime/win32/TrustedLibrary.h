@@ -1,6 +1,6 @@
-// Loads libraries by their full paths, and their imports only from known folders, not from the current folder or PATH
-// (except on an old Windows 7, see LoadTrusted). Otherwise a malicious file in the folder of a design could run in the
-// program that opens the design.
+// Loads libraries by their full paths. The system loads the imports of these libraries from known folders. It does not
+// search the current folder or PATH for them, because a malicious file in the folder of a design could then run in the
+// program that opens the design. The exception is an old Windows 7 (see LoadTrusted).
 #pragma once
 
 #include "runtime/Text.h"

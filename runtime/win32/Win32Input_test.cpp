@@ -70,7 +70,7 @@ TEST_F(RealInputs, ListBox_ScrollsSidewaysToTheEndOfItsWidestItem) {
     form_.list.AddItem(u"narrow");
     ShowOn(form_.list);
     EXPECT_EQ(SidewaysRangeOf(ListWindow()), (std::pair{0, 0}));
-    // The bounds are 56 pixels high. The list box may be lower by a part of an item.
+    // The bounds are 56 pixels high. The list box may be smaller by a part of an item.
     const auto itemHeight = static_cast<long>(SendMessageW(ListWindow(), LB_GETITEMHEIGHT, 0, 0));
     EXPECT_GT(PlaceOf(ListWindow()).height, 56 - itemHeight);
     form_.list.AddItem(wide);

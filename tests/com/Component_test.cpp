@@ -1,4 +1,4 @@
-// Tests the real DLL with the development kernel in its folder `dev`. The tests load the DLL as clients load it.
+// Tests the real DLL with the development kernel in its folder `dev`. The tests load the DLL as COM does.
 #include <filesystem>
 
 #include "tests/com/ComponentLibrary.h"

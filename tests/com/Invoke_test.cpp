@@ -66,7 +66,7 @@ TEST_F(Invoking, NotifyMe_AcceptsNamedArguments) {
                 ElementsAre("notify [name] [command]", "notify [] [command]", "notify [name] [command]"));
 }
 
-TEST_F(Invoking, UnknownParameterName_IsRefused) {
+TEST_F(Invoking, UnknownOrRepeatedParameterName_IsRefused) {
     const Bstr text(u"text");
     const Outcome unknown = Invoke(Object(), kNotifyMe, kMethod, {Text(text), Text(text)}, {1, 2});
     EXPECT_EQ("0x80020004", HexOf(unknown));

@@ -1,5 +1,5 @@
 // Fuzzes Val. Val must read the same number as the C library from the same digits. Blanks inside a number must change
-// nothing. A double must keep its bits if it is written and read again.
+// nothing. A finite double other than 0 must keep its bits if it is written and read again.
 #include <fuzzer/FuzzedDataProvider.h>
 
 #include <algorithm>

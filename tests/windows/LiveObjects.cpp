@@ -14,7 +14,8 @@ namespace {
 
 /// Returns the number of live objects of one kind. `told` is the system's count, or 0 if the system cannot count. If
 /// `told` is 0, the function creates objects, which first fill the gaps in the handle table. The function stops when
-/// 256 objects in a row have extended the table, and then subtracts the number of created objects from the last place.
+/// 256 objects in a row have extended the table, or at 10,000 objects. Then it subtracts the number of created objects
+/// from the last place.
 template <typename Handle>
 long LiveObjects(DWORD told, Handle (*make)(), BOOL (*destroy)(Handle), int handlesPerPlace) {
     if (told != 0) return static_cast<long>(told);
