@@ -33,7 +33,7 @@ class Kernel {
     /// rewrite the value in place. On return, `value` is the rewritten text up to the first NUL. Errors: 53 (no kernel
     /// library), 48 (the library does not load), 453 (the library lacks the entry).
     virtual void E_SetString(StringView key, String& value) = 0;
-    /// Returns the text under `key`, or a value <= 0 if there is no text. Raises the same errors.
+    /// Returns the address of the text under `key`, or a value <= 0 if there is no text. Raises the same errors.
     virtual TextPointer E_GetString(StringView key) = 0;
     /// Returns the handle of the design database that the kernel has open. Raises the same errors.
     virtual std::int32_t DB_DataBase() = 0;

@@ -11,8 +11,8 @@ namespace {
 
 using testing::ElementsAre;
 
-/// A 'W' has the width `wideWidth`. All other characters have the width 1. A line has the height 2. Counts the calls
-/// and the measured units.
+/// A 'W' has the width `wideWidth`. All other characters have the width 1. A line has the height `lineHeight`. Counts
+/// the calls and the measured units.
 class UnitMeasure : public TextMeasure {
  public:
     int Width(StringView run) override {
@@ -150,7 +150,7 @@ TEST(TextLayout, BreaksAWordThatIsTooWide) {
     EXPECT_THAT(Lines(u"a bcdef g", 3), ElementsAre(u"a", u"bcd", u"ef", u"g"));
 }
 
-TEST(TextLayout, EachLine_HasAtLeastOneCharacter) {
+TEST(TextLayout, NoCharacterFits_LineHasOneCharacter) {
     for (const int width : {0, -1, std::numeric_limits<int>::min()}) {
         EXPECT_THAT(Lines(u"ab c ", width), ElementsAre(u"a", u"b", u"c")) << width;
     }
@@ -174,7 +174,8 @@ TEST(TextLayout, LoneSurrogates_AreCharacters) {
 }
 
 TEST(TextLayout, MeasuredRuns_DoNotSplitSurrogatePairs) {
-    // After the one plain character, a run of an even number of units would split a pair.
+    // The text starts with one plain character. Therefore, a run from its start with an even number of units would
+    // split a pair.
     String text = u"a";
     for (int i = 0; i < 2000; ++i) text += u"\U0001F600";
     class WholePairs : public UnitMeasure {
@@ -188,7 +189,7 @@ TEST(TextLayout, MeasuredRuns_DoNotSplitSurrogatePairs) {
     EXPECT_EQ(LayOut(text, 3000, measure).width, 2999);
 }
 
-TEST(TextLayout, RunIsWiderThanFitAssumes_TextIsStillBroken) {
+TEST(TextLayout, RunIsWiderThanFitAssumes_TextIsStillWrapped) {
     UnitMeasure measure;
     measure.overhang = 1;
     EXPECT_THAT(Lines(LayOut(u"abcdefghij", 8, measure)), ElementsAre(u"abcdefgh", u"ij"));

@@ -42,8 +42,8 @@ install_fonts() {
     cp "$fonts"/marlett.ttf "$fonts"/sserif*.fon "$fonts"/sse[ef]1257.fon "$WINEPREFIX/drive_c/windows/Fonts/"
 }
 
-# Creates the template of all prefixes if the template does not exist. Programs run only in copies of the template.
-# Needs a display.
+# Creates the template of all prefixes if the template does not exist. Later programs run in copies of the template
+# only. Needs a display.
 ensure_template() {
     template=$root/build/wine-template
     [ -e "$template/.ready" ] && return
@@ -62,7 +62,7 @@ ensure_template() {
 
 # copy_template FOLDER: creates a Wine prefix from the template. The prefix gets its name when the copy is complete. All
 # prefixes share the files of Wine's system folder as hard links, because programs only read those files. All other
-# files are copied.
+# files are copied. If hard links are not possible, all files are copied.
 copy_template() {
     local new=$1.$$ system=drive_c/windows/system32
     mkdir -p "$new/drive_c/windows"

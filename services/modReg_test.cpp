@@ -58,7 +58,7 @@ TEST_F(LoadingDirectories, NoProductName_DefaultsDoNotContainAName) {
     EXPECT_EQ(Values().jobFolder, u"C:\\\\JOB");
 }
 
-TEST_F(LoadingDirectories, FourFolders_AreReadBeforeTwoArePublished) {
+TEST_F(LoadingDirectories, AllFolders_AreReadBeforeAnyIsPublished) {
     EXPECT_THAT(StepsOf(LoadDirectories), ElementsAre("read JobDir", "read LibDir", "read SysDir", "read EED3JobDir",
                                                       "publish JobDir", "publish LibDir", "publish EED3JobDir"));
 }
@@ -294,7 +294,7 @@ TEST_F(SavingPlacement, WritesThePlaceRoundedToPixels) {
     EXPECT_EQ(memory_.settings.Saved().at(1).value, u"8535");
 }
 
-TEST_F(SavingPlacement, PixelHasAFractionOfTwips_WritesWholeTwips) {
+TEST_F(SavingPlacement, PixelIsNotAWholeNumberOfTwips_WritesWholeTwips) {
     memory_.windows.dpi = 192;  // 7.5 twips a pixel
     form_.Move(7.5F, 22.5F);
     SaveWindowPlacement(form_);

@@ -64,7 +64,7 @@ Exit codes:
 With K4TBACKPROCESS_DEVELOPMENT_KERNEL=1 in the environment, the component uses the development kernel, dev\QmxKrn2K.dll
 in its own folder. Otherwise it uses that kernel only if it finds no other one.
 
-With K4TBACKPROCESS_UNATTENDED=1 in the environment, the component answers each dialog at once, as by Escape.
+With K4TBACKPROCESS_UNATTENDED=1 in the environment, the component shows no dialog and answers at once.
 )";
 
 class Tool {

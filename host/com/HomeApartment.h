@@ -8,7 +8,7 @@
 // no form and receive no event. Calls on these instances return RPC_E_WRONG_THREAD.
 //
 // This file also counts every object that needs the DLL, because two questions depend on each other: may the DLL be
-// unloaded, and is the home still needed? Any thread may call all functions.
+// unloaded, and is the home still needed? Any thread may call the functions, unless a comment says otherwise.
 #pragma once
 
 #include <utility>
@@ -22,7 +22,7 @@ class BackProcessObject;
 /// The membership of one instance in a home. The destructor removes the instance from the home's count.
 class HomeMembership {
  public:
-    /// Call it on the thread of the home `generation`, after the home has counted the instance.
+    /// `generation` is the number of the home. Call it on that home's thread, after the home has counted the instance.
     explicit HomeMembership(unsigned generation) noexcept : generation_(generation) {}
     HomeMembership(HomeMembership&& other) noexcept
         : generation_(std::exchange(other.generation_, 0)), threadId_(other.threadId_) {}

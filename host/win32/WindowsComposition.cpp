@@ -53,7 +53,7 @@ struct WindowsComposition {
     explicit WindowsComposition(HINSTANCE module)
         : windows(module), process(module), tracing(TracingIfAsked(module, unattended != nullptr, ports, kernel)) {
         if (unattended) unattended->ReplaceSuiteDialogs();
-        // Start the trace after the other parts, so that the trace records the results of those parts.
+        // Call Watch after ReplaceSuiteDialogs, so that the trace records the answers of the replaced dialogs.
         if (tracing) tracing->Watch(composition);
     }
     WindowsComposition(const WindowsComposition&) = delete;

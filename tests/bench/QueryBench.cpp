@@ -39,7 +39,7 @@ double TimeOfListBox(HWND owner, const std::vector<String>& values) {
     return time;
 }
 
-/// Only the rows of long lists have a goal. With a short list, the dialog needs most of the time for its other
+/// Only the measurements of long lists have a goal. With a short list, the dialog needs most of the time for its other
 /// controls.
 void Compare(const tests::AnsweringOwner& owner, int items) {
     constexpr int kLong = 1'250;
