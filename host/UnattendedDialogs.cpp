@@ -22,8 +22,8 @@ struct Answer {
 
 constexpr Answer kCancel{2, u"Cancel"};
 
-/// The answer for each set of buttons. The answer is Cancel if the box has a Cancel button. The answer of any other box
-/// is the button that changes least.
+/// The answer for each set of buttons. If the box has a Cancel button, the answer is Cancel. Otherwise, the answer is
+/// OK, No or Abort.
 constexpr std::array kSystemBoxAnswers = {
     Answer{1, u"OK"},     // OK
     kCancel,              // OK, Cancel

@@ -15,7 +15,7 @@ namespace {
 
 constexpr DISPID kNotifyServer = 1;
 
-/// Owns a sink's description of its failure. The destructor frees the strings, whatever result the sink returned.
+/// Receives the texts in which a sink describes its failure, and frees them. A sink may also set texts if it succeeds.
 class SinkException {
  public:
     SinkException() = default;

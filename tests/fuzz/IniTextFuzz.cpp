@@ -15,8 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     settings.Find(u"Marlento", u"Ver");
     settings.Find(text, text);
 
-    // A setting in an appended section is found, whatever the text contains. If the text already has this setting in
-    // this section, the earlier value is found instead.
+    // Append a section with one setting. Find must return this setting, or an earlier setting with the same section and
+    // key.
     const bool nameIsTaken = settings.Find(u"own section", u"k") != nullptr;
     text += u"\n[own section]\nk=v";
     const IniText extended(locale, text);

@@ -1,4 +1,4 @@
-// A question that a test asks with the suite's query dialog, and the answer that the dialog's caller receives.
+// Tests use these types to ask a question with the suite's query dialog and to compare the answer.
 #pragma once
 
 #include <gtest/gtest.h>
